@@ -1,0 +1,32 @@
+#include "platform/erro.h"
+
+namespace kodra::platform {
+namespace {
+
+std::wstring_view Text(RuntimeError error) {
+  switch (error) {
+    case RuntimeError::kOverflow:
+      return L"Estouro";
+    case RuntimeError::kOutOfMemory:
+      return L"Memória insuficiente";
+    case RuntimeError::kTypeMismatch:
+      return L"Tipos incompatíveis";
+    case RuntimeError::kObjectNotSet:
+      return L"A variável do objeto ou a variável do bloco 'With' não foi definida";
+    case RuntimeError::kInvalidUseOfNull:
+      return L"Uso de 'Null' inválido";
+    case RuntimeError::kCannotCreateObject:
+      return L"O componente ActiveX não pode criar o objeto";
+    case RuntimeError::kMemberNotFound:
+      return L"O objeto não aceita esta propriedade ou método";
+  }
+  return L"Erro definido pelo aplicativo ou pelo objeto";
+}
+
+}  // namespace
+
+Erro MakeRuntimeError(RuntimeError error) {
+  return {static_cast<std::int32_t>(error), std::wstring(kApplicationTitle), std::wstring(Text(error))};
+}
+
+}  // namespace kodra::platform

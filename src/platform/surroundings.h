@@ -1,0 +1,34 @@
+// Everything that the component asks of the machine it runs on.
+//
+// Three answers exist: COM and ADO on Windows (platform/windows), ODBC (platform/odbc), and recorders in the tests.
+// One object may serve several threads; what it makes belongs to the thread that asked.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/ado.h"
+#include "platform/automation.h"
+
+namespace kodra::platform {
+
+class Surroundings {
+ public:
+  virtual ~Surroundings() = default;
+
+  virtual std::unique_ptr<Connection> NewConnection() = 0;
+  virtual std::unique_ptr<Command> NewCommand() = 0;
+  virtual std::unique_ptr<Recordset> NewRecordset() = 0;
+  // Makes an object by ProgID. A class that is not registered or cannot be made raises
+  // RuntimeError::kCannotCreateObject; any other failure raises what the class raised.
+  virtual ObjectRef CreateObject(const std::wstring& progId) = 0;
+
+  // Sets a variable of the process environment.
+  virtual void SetEnvironmentVariable(const std::wstring& name, const std::wstring& value) = 0;
+  // The length in bytes of the file at a path, 0 for a folder, nothing when neither answers.
+  virtual std::optional<std::uint64_t> FileLength(const std::wstring& path) = 0;
+};
+
+}  // namespace kodra::platform

@@ -1,0 +1,67 @@
+// A value as automation passes it: what a field, a property or an argument holds.
+//
+// A Value owns its text and a share of its object; it may be copied freely on the thread that made it.
+//
+//   Value v = object.Get(L"TipoBanco");
+//   if (v.Is<std::int32_t>()) Use(v.As<std::int32_t>());
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace kodra::platform {
+
+class AutomationObject;
+// A shared reference to an automation object; null stands for "Nothing".
+using ObjectRef = std::shared_ptr<AutomationObject>;
+
+struct Empty {  // a variant never assigned
+  bool operator==(const Empty&) const = default;
+};
+struct Null {  // a database null
+  bool operator==(const Null&) const = default;
+};
+// An automation date: days since 30 December 1899, the time of day as the fraction.
+struct Date {
+  double days = 0;
+  bool operator==(const Date&) const = default;
+};
+
+class Value {
+ public:
+  using Storage = std::variant<Empty, Null, bool, std::int32_t, std::int64_t, double, Date, std::wstring, ObjectRef>;
+
+  Value() = default;
+  Value(Empty v) : storage_(v) {}
+  Value(Null v) : storage_(v) {}
+  Value(bool v) : storage_(v) {}
+  Value(std::int32_t v) : storage_(v) {}
+  Value(std::int64_t v) : storage_(v) {}
+  Value(double v) : storage_(v) {}
+  Value(Date v) : storage_(v) {}
+  Value(std::wstring v) : storage_(std::move(v)) {}
+  Value(std::wstring_view v) : storage_(std::wstring(v)) {}
+  Value(const wchar_t* v) : storage_(std::wstring(v)) {}
+  Value(ObjectRef v) : storage_(std::move(v)) {}
+
+  template <class T>
+  bool Is() const {
+    return std::holds_alternative<T>(storage_);
+  }
+  // REQUIRES: Is<T>().
+  template <class T>
+  const T& As() const {
+    return std::get<T>(storage_);
+  }
+  const Storage& Held() const { return storage_; }
+
+  bool operator==(const Value&) const = default;
+
+ private:
+  Storage storage_;
+};
+
+}  // namespace kodra::platform
