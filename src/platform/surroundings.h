@@ -26,7 +26,7 @@ class Surroundings {
   virtual ObjectRef CreateObject(const std::wstring& progId) = 0;
 
   // Sets a variable of the process environment.
-  virtual void SetEnvironmentVariable(const std::wstring& name, const std::wstring& value) = 0;
+  virtual void SetEnvironment(const std::wstring& name, const std::wstring& value) = 0;
   // The length in bytes of the file at a path, 0 for a folder, nothing when neither answers.
   virtual std::optional<std::uint64_t> FileLength(const std::wstring& path) = 0;
 };

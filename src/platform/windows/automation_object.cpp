@@ -1,0 +1,64 @@
+#include "platform/windows/automation_object.h"
+
+#include <oleauto.h>
+
+#include <vector>
+
+#include "platform/windows/variant.h"
+
+namespace kodra::platform::windows {
+
+Value DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count) {
+  std::wstring name(member);
+  wchar_t* names[] = {name.data()};
+  DISPID id = DISPID_UNKNOWN;
+  EXCEPINFO info = {};
+  HRESULT hr = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+  if (FAILED(hr)) throw ErrorOf(hr, info);
+
+  DISPID put = DISPID_PROPERTYPUT;
+  const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+  DISPPARAMS parameters = {arguments, isPut ? &put : nullptr, count, isPut ? 1U : 0U};
+  ScopedVariant result;
+  hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, isPut ? nullptr : result.get(), &info,
+                       nullptr);
+  if (FAILED(hr)) throw ErrorOf(hr, info);
+  return ToValue(*result);
+}
+
+Value DispatchObject::Get(std::wstring_view member) {
+  return Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0);
+}
+
+void DispatchObject::Let(std::wstring_view member, const Value& value) {
+  ScopedVariant argument(value);
+  Invoke(member, DISPATCH_PROPERTYPUT, argument.get(), 1);
+}
+
+void DispatchObject::Set(std::wstring_view member, const ObjectRef& object) {
+  ScopedVariant argument{Value(object)};
+  Invoke(member, DISPATCH_PROPERTYPUTREF, argument.get(), 1);
+}
+
+Value DispatchObject::Call(std::wstring_view member, std::span<const Value> arguments) {
+  // Automation takes positional arguments from the last to the first, as one array of VARIANTs.
+  static_assert(sizeof(ScopedVariant) == sizeof(VARIANT));
+  std::vector<ScopedVariant> reversed;
+  reversed.reserve(arguments.size());
+  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) reversed.emplace_back(*argument);
+  VARIANT* first = reversed.empty() ? nullptr : reversed.front().get();
+  return Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size()));
+}
+
+ObjectRef WrapDispatch(IDispatch* object) {
+  return object == nullptr ? ObjectRef() : std::make_shared<DispatchObject>(object);
+}
+
+com_ptr<IDispatch> DispatchOf(const ObjectRef& object) {
+  if (!object) return {};
+  const auto* wrapped = dynamic_cast<const DispatchObject*>(object.get());
+  if (wrapped == nullptr) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  return com_ptr<IDispatch>(wrapped->Dispatch());
+}
+
+}  // namespace kodra::platform::windows

@@ -1,0 +1,38 @@
+// Late-bound access to any IDispatch, and the way back from an ObjectRef to its IDispatch.
+#pragma once
+
+#include <windows.h>
+// Needs the types above.
+#include <oaidl.h>
+
+#include "platform/automation.h"
+#include "platform/windows/com_ptr.h"
+
+namespace kodra::platform::windows {
+
+class DispatchObject final : public AutomationObject {
+ public:
+  // Shares the object. REQUIRES: not null.
+  explicit DispatchObject(IDispatch* object) : object_(object) {}
+
+  Value Get(std::wstring_view member) override;
+  void Let(std::wstring_view member, const Value& value) override;
+  void Set(std::wstring_view member, const ObjectRef& object) override;
+  Value Call(std::wstring_view member, std::span<const Value> arguments) override;
+
+  IDispatch* Dispatch() const noexcept { return object_.get(); }
+
+ private:
+  Value Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count);
+
+  com_ptr<IDispatch> object_;
+};
+
+// A late-bound object over an IDispatch; null gives null.
+ObjectRef WrapDispatch(IDispatch* object);
+
+// The IDispatch that an ObjectRef stands for; null gives null. An object that did not come from WrapDispatch raises
+// RuntimeError::kTypeMismatch.
+com_ptr<IDispatch> DispatchOf(const ObjectRef& object);
+
+}  // namespace kodra::platform::windows

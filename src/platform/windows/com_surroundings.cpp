@@ -1,0 +1,75 @@
+#include "platform/windows/com_surroundings.h"
+
+#include <windows.h>
+
+#include "platform/windows/ado_objects.h"
+#include "platform/windows/automation_object.h"
+#include "platform/windows/variant.h"
+
+namespace kodra::platform::windows {
+namespace {
+
+// Makes an in-process or local object from the class id that the registry gives for its ProgID.
+HRESULT Create(const wchar_t* progId, REFIID iid, void** object) {
+  CLSID classId;
+  const HRESULT hr = CLSIDFromProgID(progId, &classId);
+  return FAILED(hr) ? hr : CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, iid, object);
+}
+
+// What a creation failure means to a client: the classes that are absent or cannot be made share one error.
+Erro CreationError(HRESULT hr) {
+  switch (hr) {
+    case CO_E_CLASSSTRING:
+    case REGDB_E_CLASSNOTREG:
+    case REGDB_E_READREGDB:
+    case CLASS_E_CLASSNOTAVAILABLE:
+    case CO_E_DLLNOTFOUND:
+    case CO_E_ERRORINDLL:
+    case CO_E_APPNOTFOUND:
+    case E_NOINTERFACE:
+    case HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND):
+    case HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND):
+      return MakeRuntimeError(RuntimeError::kCannotCreateObject);
+    default:
+      return ErrorOf(hr, nullptr, IID_NULL);
+  }
+}
+
+template <class T>
+com_ptr<T> CreateAs(const wchar_t* progId) {
+  com_ptr<T> object;
+  const HRESULT hr = Create(progId, __uuidof(T), object.put_void());
+  if (FAILED(hr)) throw CreationError(hr);
+  return object;
+}
+
+}  // namespace
+
+std::unique_ptr<Connection> ComSurroundings::NewConnection() {
+  return std::make_unique<AdoConnection>(CreateAs<_Connection>(L"ADODB.Connection"));
+}
+
+std::unique_ptr<Command> ComSurroundings::NewCommand() {
+  return std::make_unique<AdoCommand>(CreateAs<_Command>(L"ADODB.Command"));
+}
+
+std::unique_ptr<Recordset> ComSurroundings::NewRecordset() {
+  return std::make_unique<AdoRecordset>(CreateAs<_Recordset>(L"ADODB.Recordset"));
+}
+
+ObjectRef ComSurroundings::CreateObject(const std::wstring& progId) {
+  return WrapDispatch(CreateAs<IDispatch>(progId.c_str()).get());
+}
+
+void ComSurroundings::SetEnvironment(const std::wstring& name, const std::wstring& value) {
+  SetEnvironmentVariableW(name.c_str(), value.c_str());
+}
+
+std::optional<std::uint64_t> ComSurroundings::FileLength(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (path.empty() || !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return 0;
+  return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+}
+
+}  // namespace kodra::platform::windows

@@ -1,0 +1,221 @@
+#include "platform/windows/variant.h"
+
+#include <oleauto.h>
+
+#include <utility>
+
+#include "platform/windows/automation_object.h"
+
+namespace kodra::platform::windows {
+namespace {
+
+constexpr HRESULT kControlErrors = static_cast<HRESULT>(0x800A0000U);
+
+BSTR NewBstr(std::wstring_view text) {
+  BSTR result = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  if (result == nullptr) throw MakeRuntimeError(RuntimeError::kOutOfMemory);
+  return result;
+}
+
+// Fills a VARIANT from each kind of value.
+struct VariantWriter {
+  VARIANT& out;
+
+  void operator()(Empty) const { V_VT(&out) = VT_EMPTY; }
+  void operator()(Null) const { V_VT(&out) = VT_NULL; }
+  void operator()(bool v) const {
+    V_VT(&out) = VT_BOOL;
+    V_BOOL(&out) = v ? VARIANT_TRUE : VARIANT_FALSE;
+  }
+  void operator()(std::int32_t v) const {
+    V_VT(&out) = VT_I4;
+    V_I4(&out) = v;
+  }
+  void operator()(std::int64_t v) const {
+    V_VT(&out) = VT_I8;
+    V_I8(&out) = v;
+  }
+  void operator()(double v) const {
+    V_VT(&out) = VT_R8;
+    V_R8(&out) = v;
+  }
+  void operator()(Date v) const {
+    V_VT(&out) = VT_DATE;
+    V_DATE(&out) = v.days;
+  }
+  void operator()(const std::wstring& v) const {
+    V_BSTR(&out) = NewBstr(v);
+    V_VT(&out) = VT_BSTR;
+  }
+  void operator()(const ObjectRef& v) const {
+    V_DISPATCH(&out) = DispatchOf(v).detach();
+    V_VT(&out) = VT_DISPATCH;
+  }
+};
+
+Value FromInteger(std::int64_t v) {
+  if (std::in_range<std::int32_t>(v)) return static_cast<std::int32_t>(v);
+  return v;
+}
+
+Value FromUnknown(IUnknown* unknown) {
+  if (unknown == nullptr) return ObjectRef();
+  auto dispatch = com_ptr<IUnknown>(unknown).as<IDispatch>();
+  if (!dispatch) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  return WrapDispatch(dispatch.get());
+}
+
+// Automation's functions only read their source, but take it without const.
+VARIANT* Readable(const VARIANT& variant) { return const_cast<VARIANT*>(&variant); }
+
+// Types that have no kind of their own in Value, by way of one that has.
+Value FromConverted(const VARIANT& variant, VARTYPE type) {
+  ScopedVariant converted;
+  if (FAILED(VariantChangeTypeEx(converted.get(), Readable(variant), LOCALE_INVARIANT, 0, type)))
+    throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  return ToValue(*converted);
+}
+
+std::wstring SystemText(HRESULT hr) {
+  wchar_t text[512];
+  const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                      static_cast<DWORD>(hr), 0, text, 512, nullptr);
+  std::wstring result(text, length);
+  while (!result.empty() && (result.back() == L'\n' || result.back() == L'\r' || result.back() == L' '))
+    result.pop_back();
+  if (!result.empty()) return result;
+  wchar_t number[40];
+  wsprintfW(number, L"Erro de automação (%08X)", static_cast<unsigned>(hr));
+  return number;
+}
+
+Erro WithoutInfo(HRESULT hr) {
+  switch (hr) {
+    case DISP_E_UNKNOWNNAME:
+    case DISP_E_MEMBERNOTFOUND:
+      return MakeRuntimeError(RuntimeError::kMemberNotFound);
+    case DISP_E_TYPEMISMATCH:
+      return MakeRuntimeError(RuntimeError::kTypeMismatch);
+    case DISP_E_OVERFLOW:
+      return MakeRuntimeError(RuntimeError::kOverflow);
+    case E_OUTOFMEMORY:
+      return MakeRuntimeError(RuntimeError::kOutOfMemory);
+    default:
+      return {NumberOf(hr), std::wstring(kApplicationTitle), SystemText(hr)};
+  }
+}
+
+}  // namespace
+
+ScopedVariant::ScopedVariant(const Value& value) {
+  VariantInit(&variant_);
+  std::visit(VariantWriter{variant_}, value.Held());
+}
+
+ScopedVariant ScopedVariant::Missing() noexcept {
+  ScopedVariant result;
+  V_VT(&result.variant_) = VT_ERROR;
+  V_ERROR(&result.variant_) = DISP_E_PARAMNOTFOUND;
+  return result;
+}
+
+ScopedVariant ScopedVariant::Object(IDispatch* object) noexcept {
+  ScopedVariant result;
+  V_VT(&result.variant_) = VT_DISPATCH;
+  V_DISPATCH(&result.variant_) = com_ptr<IDispatch>(object).detach();
+  return result;
+}
+
+VARIANT ScopedVariant::detach() noexcept {
+  VARIANT result = variant_;
+  VariantInit(&variant_);
+  return result;
+}
+
+ScopedBstr::ScopedBstr(std::wstring_view text) : text_(NewBstr(text)) {}
+
+std::wstring ToWide(BSTR text) { return text == nullptr ? std::wstring() : std::wstring(text, SysStringLen(text)); }
+
+Value ToValue(const VARIANT& variant) {
+  if (V_VT(&variant) == (VT_BYREF | VT_VARIANT)) return ToValue(*V_VARIANTREF(&variant));
+  if ((V_VT(&variant) & VT_BYREF) != 0) {
+    ScopedVariant direct;
+    if (FAILED(VariantCopyInd(direct.get(), Readable(variant)))) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+    return ToValue(*direct);
+  }
+  switch (V_VT(&variant)) {
+    case VT_EMPTY:
+      return Empty{};
+    case VT_NULL:
+      return Null{};
+    case VT_BOOL:
+      return V_BOOL(&variant) != VARIANT_FALSE;
+    case VT_I4:
+      return static_cast<std::int32_t>(V_I4(&variant));
+    case VT_I8:
+      return FromInteger(V_I8(&variant));
+    case VT_R8:
+      return V_R8(&variant);
+    case VT_DATE:
+      return Date{V_DATE(&variant)};
+    case VT_BSTR:
+      return ToWide(V_BSTR(&variant));
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      return FromUnknown(V_UNKNOWN(&variant));
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_UI8:
+      return FromConverted(variant, VT_I8);
+    case VT_R4:
+    case VT_CY:
+    case VT_DECIMAL:
+      return FromConverted(variant, VT_R8);
+    default:
+      throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  }
+}
+
+std::int32_t NumberOf(HRESULT hr) noexcept {
+  const auto bits = static_cast<std::uint32_t>(hr);
+  return (bits & 0xFFFF0000U) == static_cast<std::uint32_t>(kControlErrors) ? static_cast<std::int32_t>(bits & 0xFFFFU)
+                                                                            : hr;
+}
+
+HRESULT HresultOf(std::int32_t number) noexcept {
+  if (number < 0) return number;
+  return number > 0 && number <= 0xFFFF ? static_cast<HRESULT>(kControlErrors | number) : E_FAIL;
+}
+
+Erro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
+  const auto support = com_ptr<IUnknown>(object).as<ISupportErrorInfo>();
+  com_ptr<IErrorInfo> info;
+  if (!support || support->InterfaceSupportsErrorInfo(iid) != S_OK || GetErrorInfo(0, info.put()) != S_OK)
+    return WithoutInfo(hr);
+  ScopedBstr source;
+  ScopedBstr description;
+  info->GetSource(source.put());
+  info->GetDescription(description.put());
+  return {NumberOf(hr), ToWide(source.get()), ToWide(description.get())};
+}
+
+Erro ErrorOf(HRESULT hr, EXCEPINFO& info) {
+  if (hr != DISP_E_EXCEPTION) return WithoutInfo(hr);
+  if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
+  ScopedBstr source;
+  ScopedBstr description;
+  ScopedBstr help;
+  *source.put() = info.bstrSource;
+  *description.put() = info.bstrDescription;
+  *help.put() = info.bstrHelpFile;
+  const std::int32_t number = info.scode != 0 ? NumberOf(info.scode) : info.wCode;
+  info = {};
+  return {number, ToWide(source.get()), ToWide(description.get())};
+}
+
+}  // namespace kodra::platform::windows
