@@ -40,11 +40,16 @@ enum class RuntimeError : std::int32_t {
   kTypeMismatch = 13,
   kObjectNotSet = 91,
   kInvalidUseOfNull = 94,
+  kObjectRequired = 424,
   kCannotCreateObject = 429,
   kMemberNotFound = 438,
 };
 
 // Gives the error as the runtime raises it: its number, source kApplicationTitle, the Portuguese text of the number.
 Erro MakeRuntimeError(RuntimeError error);
+
+// The exception being handled, as an Erro: an Erro as it is, exhausted memory as RuntimeError::kOutOfMemory, anything
+// else as number 51 (internal error). REQUIRES: called inside a catch clause.
+Erro CurrentErro();
 
 }  // namespace kodra::platform

@@ -1,0 +1,53 @@
+#include "data/abre_cn.h"
+
+#include <algorithm>
+
+#include "data/connection_string.h"
+#include "data/error_layer.h"
+
+namespace kodra::data {
+namespace {
+
+namespace ad = platform::ad;
+
+// The session of an Oracle client speaks Brazilian Portuguese; a server that refuses is used as it is.
+void LocaliseOracleSession(platform::Connection& connection) {
+  try {
+    if (connection.State() != ad::kStateOpen) return;
+    connection.Execute(
+        L"alter session set "
+        L"nls_language='brazilian portuguese' "
+        L"nls_territory='brazil'",
+        ad::kUnspecified);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): see above
+  }
+}
+
+std::unique_ptr<platform::Connection> Open(std::wstring connectionString, std::int32_t cursorLocation,
+                                           std::int32_t isolationLevel, platform::Surroundings& surroundings) {
+  PreAbreCn(connectionString, surroundings);
+  connectionString = Replace(connectionString, L";;", L";");
+  connectionString = Replace(connectionString, L"; ;", L";");
+
+  auto connection = surroundings.NewConnection();
+  connection->SetConnectionString(connectionString);
+  connection->SetCursorLocation(std::max(cursorLocation, ad::kUseServer));
+  connection->SetIsolationLevel(isolationLevel == 0 ? ad::kXactReadCommitted : isolationLevel);
+  connection->Open(L"", L"", ad::kUnspecified);
+  if (NamesOracle(connectionString)) LocaliseOracleSession(*connection);
+  return connection;
+}
+
+}  // namespace
+
+std::unique_ptr<platform::Connection> AbreCn(const std::wstring& connectionString, std::int32_t cursorLocation,
+                                             std::int32_t isolationLevel, platform::Surroundings& surroundings) {
+  if (connectionString.empty()) return nullptr;
+  try {
+    return Open(connectionString, cursorLocation, isolationLevel, surroundings);
+  } catch (...) {
+    throw Layered(platform::CurrentErro(), L"modADO.AbreCn");
+  }
+}
+
+}  // namespace kodra::data

@@ -1,0 +1,64 @@
+#include "data/abre_firehose_rs.h"
+
+#include "data/abre_cn.h"
+#include "data/error_layer.h"
+
+namespace kodra::data {
+namespace {
+
+namespace ad = platform::ad;
+
+constexpr std::int32_t kCacheRows = 100;
+
+std::unique_ptr<platform::Recordset> Open(const platform::RecordsetSource& source, const std::wstring& connectionString,
+                                          std::int32_t options, std::unique_ptr<platform::Connection>& connection,
+                                          platform::Surroundings& surroundings) {
+  const bool isText = std::holds_alternative<std::wstring>(source);
+  if (isText && !connection)
+    connection = AbreCn(connectionString, ad::kUseServer, ad::kXactReadCommitted, surroundings);
+  auto recordset = surroundings.NewRecordset();
+  recordset->SetCursorLocation(ad::kUseServer);
+  recordset->SetCacheSize(kCacheRows);
+  if (isText)
+    recordset->Open(source, connection.get(), ad::kOpenForwardOnly, ad::kLockReadOnly, options);
+  else if (std::holds_alternative<platform::Command*>(source))
+    recordset->Open(source, std::monostate{}, ad::kOpenForwardOnly, ad::kLockReadOnly, options);
+  return recordset;
+}
+
+// The native code of the provider's first error, 0 when it gave none or cannot be asked.
+std::int32_t FirstNativeError(platform::Connection& connection) {
+  std::int32_t native = 0;
+  try {
+    // One reading for each error, always of the first: a reading that fails leaves the code to the next.
+    for (std::int32_t left = connection.ErrorCount(); left > 0; --left) {
+      try {
+        native = connection.NativeError(0);
+      } catch (...) {  // NOLINT(bugprone-empty-catch): see above
+      }
+    }
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the error being reported is the one that counts
+  }
+  return native;
+}
+
+platform::Erro WithNativeError(const platform::Erro& caught, platform::Connection* connection) {
+  const std::int32_t native = connection == nullptr ? 0 : FirstNativeError(*connection);
+  if (native <= 0) return caught;
+  return {caught.Number(), caught.Source(), caught.Description() + L" [N:" + std::to_wstring(native) + L"]"};
+}
+
+}  // namespace
+
+std::unique_ptr<platform::Recordset> AbreFirehoseRs(const platform::RecordsetSource& source,
+                                                    const std::wstring& connectionString, std::int32_t options,
+                                                    std::unique_ptr<platform::Connection>& connection,
+                                                    platform::Surroundings& surroundings) {
+  try {
+    return Open(source, connectionString, options, connection, surroundings);
+  } catch (...) {
+    throw Layered(WithNativeError(platform::CurrentErro(), connection.get()), L"modADO.AbreFirehoseRs");
+  }
+}
+
+}  // namespace kodra::data

@@ -1,0 +1,37 @@
+// What the component does to a client's connection string before a connection is opened.
+//
+// A connection string is never parsed into a table: every test is a search in the whole text, regardless of letter
+// case, and every addition goes to the end. So a word of a data-source name decides as well as a provider's name does.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/surroundings.h"
+
+namespace kodra::data {
+
+// Whether the text names an Oracle provider. The upper-cased text is searched for "ORACLE" and "MSDAORA".
+bool NamesOracle(std::wstring_view connectionString);
+
+// Rewrites a connection string in place for its database system:
+// - all: a final ";" and "Persist Security Info";
+// - Oracle: connection-pool sizes, and the environment variable NLS_LANG of the process for the client libraries;
+// - DB2 and iSeries: the provider's warning list and patch;
+// - SQLite: the database file must exist and hold at least one byte, then text encoding and foreign keys.
+// Raises kErrBase + 1 (file not found) and kErrBase + 2 (file damaged), source "modADO::PreAbreCn".
+void PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings);
+
+// The value of the first pair whose text contains the key, untrimmed; empty when there is none. A key is found inside
+// a longer one too. A match beyond position 32767 raises RuntimeError::kOverflow.
+std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key);
+
+// How texts are compared when they are searched.
+enum class Comparison { kBinary, kText };
+
+// Replaces every match of `find`, from the 1-based position `start` on, until `maximum` replacements (-1: no limit).
+// The search resumes after the inserted text. An empty or unchanged `find` gives the expression back.
+std::wstring Replace(std::wstring_view expression, std::wstring_view find, std::wstring_view replacement,
+                     std::int32_t start = 1, std::int32_t maximum = -1, Comparison comparison = Comparison::kBinary);
+
+}  // namespace kodra::data

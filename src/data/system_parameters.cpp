@@ -1,0 +1,69 @@
+#include "data/system_parameters.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "data/create_object.h"
+#include "text/upper.h"
+
+namespace kodra::data {
+namespace {
+
+constexpr const wchar_t* kSource = L"modObtedorParamSist::ObtemParametroSistema";
+
+// Where a parameter stands in the parameter set: a member, or a member of one of its groups.
+struct Parameter {
+  std::wstring_view name;
+  std::wstring_view group;
+  std::wstring_view member;
+};
+
+constexpr auto kParameters = std::to_array<Parameter>({
+    {L"NOME_GRUPO", L"Nomes", L"Grupo"},
+    {L"NOME_SUBGRUPO", L"Nomes", L"Subgrupo"},
+    {L"NOME_SERIE", L"Nomes", L"Serie"},
+    {L"NOME_SERIE_PLURAL", L"Nomes", L"Serie_Plural"},
+    {L"MINUTOS_BLOQUEIO", L"Senha", L"Minutos_Bloqueio"},
+    {L"MAX_DIAS_SENHA", L"Senha", L"Max_Dias"},
+    {L"TESTAR_QUALIDADE_SENHA", L"Senha", L"Verificar_Qualidade"},
+    {L"USAR_AD", L"", L"Usar_Diretorio"},
+    {L"TAMANHO_MAXIMO_ARQUIVO", L"", L"Tamanho_Maximo_Importacao"},
+});
+
+bool LooksLikeConnectionString(std::wstring_view source) {
+  const std::wstring upper = text::UpperCase(source);
+  const auto words = {L"PROVIDER=", L"PROVIDER =", L"DRIVER=", L"DRIVER ="};
+  return std::any_of(words.begin(), words.end(),
+                     [&](const wchar_t* word) { return upper.find(word) != std::wstring::npos; });
+}
+
+// The object in a value that must hold one.
+platform::AutomationObject& Object(const platform::Value& value) {
+  if (!value.Is<platform::ObjectRef>()) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectRequired);
+  const auto& object = value.As<platform::ObjectRef>();
+  if (!object) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
+  return *object;
+}
+
+}  // namespace
+
+platform::Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source,
+                                      platform::Surroundings& surroundings) {
+  const platform::Value reader = CriaObjeto(L"KodraParamSist.Obtedor", kSource, surroundings);
+  if (source.empty())
+    throw platform::Erro(platform::kErrBase + 1, kSource, L"Arquivo INI ou String de Conexão não informada.");
+  Object(reader).Let(LooksLikeConnectionString(source) ? L"StringConexao" : L"ArquivoIni", source);
+  const platform::Value set = Object(reader).Call(L"Obtem", {});
+
+  const std::wstring upper = text::UpperCase(name);
+  const auto* parameter = std::find_if(kParameters.begin(), kParameters.end(),
+                                       [&](const Parameter& candidate) { return candidate.name == upper; });
+  if (parameter == kParameters.end())
+    throw platform::Erro(platform::kErrBase + 2, kSource, L"Parâmetro desconhecido: \"" + name + L"\".");
+  if (parameter->group.empty()) return Object(set).Get(parameter->member);
+  const platform::Value group = Object(set).Get(parameter->group);
+  return Object(group).Get(parameter->member);
+}
+
+}  // namespace kodra::data

@@ -1,0 +1,70 @@
+#include "frame/parameter_object.h"
+
+#include <algorithm>
+
+#include "platform/erro.h"
+#include "text/convert.h"
+#include "text/upper.h"
+
+namespace kodra::frame {
+namespace {
+
+using platform::Value;
+
+Value InitialValue(const Property& property) {
+  switch (property.rule) {
+    case PropertyRule::kDate:
+      return platform::Date{};
+    case PropertyRule::kFlag:
+      return false;
+    default:
+      return property.initial;
+  }
+}
+
+Value Normalised(PropertyRule rule, const Value& value) {
+  switch (rule) {
+    case PropertyRule::kInitial:
+      return text::UpperCase(text::ToText(value)).substr(0, 1);
+    case PropertyRule::kTrimmed:
+      return text::Trim(text::ToText(value));
+    case PropertyRule::kDate:
+      return text::ToDate(value);
+    case PropertyRule::kFlag:
+      return text::ToBool(value);
+    default:
+      return text::ToText(value);
+  }
+}
+
+}  // namespace
+
+ParameterObject::ParameterObject(const ParameterClass& parameterClass) : class_(parameterClass) {
+  values_.reserve(class_.properties.size());
+  for (const Property& property : class_.properties) values_.push_back(InitialValue(property));
+}
+
+Value ParameterObject::Get(std::wstring_view member) { return values_[IndexOf(member)]; }
+
+void ParameterObject::Let(std::wstring_view member, const Value& value) {
+  const std::size_t index = IndexOf(member);
+  values_[index] = Normalised(class_.properties[index].rule, value);
+}
+
+void ParameterObject::Set(std::wstring_view, const platform::ObjectRef&) {
+  throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+}
+
+Value ParameterObject::Call(std::wstring_view, std::span<const Value>) {
+  throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+}
+
+std::size_t ParameterObject::IndexOf(std::wstring_view member) const {
+  const std::wstring sought = text::UpperCase(member);
+  const auto found = std::find_if(class_.properties.begin(), class_.properties.end(),
+                                  [&](const Property& property) { return text::UpperCase(property.name) == sought; });
+  if (found == class_.properties.end()) throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+  return static_cast<std::size_t>(found - class_.properties.begin());
+}
+
+}  // namespace kodra::frame

@@ -1,0 +1,26 @@
+#include "frame/parameter_reader.h"
+
+#include "platform/erro.h"
+#include "text/convert.h"
+
+namespace kodra::frame {
+namespace {
+
+platform::Value Read(platform::AutomationObject& parameters, std::wstring_view property) {
+  constexpr auto kMemberNotFound = static_cast<std::int32_t>(platform::RuntimeError::kMemberNotFound);
+  try {
+    return parameters.Get(property);
+  } catch (const platform::Erro& erro) {
+    if (erro.Number() != kMemberNotFound) throw;
+  }
+  throw platform::Erro(kMemberNotFound, std::wstring(platform::kApplicationTitle),
+                       L"O objeto de parâmetros não tem a propriedade \"" + std::wstring(property) + L"\".");
+}
+
+}  // namespace
+
+std::wstring ReadText(platform::AutomationObject& parameters, std::wstring_view property) {
+  return text::ToText(Read(parameters, property));
+}
+
+}  // namespace kodra::frame

@@ -1,0 +1,41 @@
+#include "frame/report_class.h"
+
+#include "data/abre_firehose_rs.h"
+#include "sql/tradutor_sql.h"
+#include "text/convert.h"
+
+namespace kodra::frame {
+
+void ReportClass::InicializaPS(const platform::AutomationObject* obj) {
+  if (stringConexao_.empty())
+    throw platform::Erro(platform::kErrBase + 9998, SourceOf(L"InicializaPS"),
+                         L"É preciso definir a propriedade \"StringConexao\".");
+  if (obj == nullptr)
+    throw platform::Erro(platform::kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
+  const platform::ObjectRef connectionType = surroundings_.CreateObject(L"KodraConexao.StrCon");
+  connectionType->Let(L"StrCon", stringConexao_);
+  tipoBanco_ = text::ToInt32(connectionType->Get(L"TipoBanco"));
+  sql::DefineTipoBanco(tipoBanco_);
+}
+
+data::SelectBuilder ReportClass::NewBuilder() const {
+  data::SelectBuilder builder;
+  builder.SetTipoBanco(tipoBanco_);
+  return builder;
+}
+
+ReportRows ReportClass::Open(const std::wstring& statement) const {
+  std::unique_ptr<platform::Connection> connection;
+  return data::AbreFirehoseRs(statement, stringConexao_, platform::ad::kCmdText, connection, surroundings_);
+}
+
+std::wstring ReportClass::SourceOf(std::wstring_view member) const {
+  return std::wstring(platform::kApplicationTitle).append(L".").append(className_).append(L"::").append(member);
+}
+
+void ReportClass::RaiseFramed(std::wstring_view method) const {
+  throw platform::Erro(platform::kErrBase + 8107, SourceOf(method),
+                       L"Erro ao gerar dados para o relatório: " + platform::CurrentErro().Description());
+}
+
+}  // namespace kodra::frame

@@ -1,0 +1,81 @@
+// What every report class shares: the connection string, the checks before a report, and the error frame.
+//
+// A report class owns its connection string and, during a call, the database code. It keeps no connection, recordset or
+// builder between calls. One object is used by one thread at a time.
+//
+//   class CDeptoRpt : public ReportClass {
+//    public:
+//     explicit CDeptoRpt(platform::Surroundings& surroundings) : ReportClass(L"CDeptoRpt", surroundings) {}
+//     ReportRows RelatorioDeptos(platform::AutomationObject* obj) {
+//       return Report(L"RelatorioDeptos", [&] {
+//         InicializaPS(obj);
+//         return Open(…);
+//       });
+//     }
+//   };
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/select_builder.h"
+#include "platform/surroundings.h"
+
+namespace kodra::frame {
+
+// What a report method gives to its client; null where a report says so.
+using ReportRows = std::unique_ptr<platform::Recordset>;
+
+class ReportClass {
+ public:
+  const std::wstring& StringConexao() const { return stringConexao_; }
+  // Stored as given; each report call checks it.
+  void SetStringConexao(std::wstring text) { stringConexao_ = std::move(text); }
+
+ protected:
+  // REQUIRES: className is a literal and surroundings outlives the object.
+  ReportClass(std::wstring_view className, platform::Surroundings& surroundings)
+      : className_(className), surroundings_(surroundings) {}
+  ~ReportClass() = default;
+  ReportClass(const ReportClass&) = delete;
+  ReportClass& operator=(const ReportClass&) = delete;
+
+  // Checks the connection string, then the parameter object; learns the database code from the connection component
+  // and hands it to the translator. Raises kErrBase + 9998 (no connection string) and kErrBase + 9999 (null object).
+  void InicializaPS(const platform::AutomationObject* obj);
+
+  // The database code of this call. REQUIRES: InicializaPS has passed.
+  std::int32_t TipoBanco() const { return tipoBanco_; }
+  platform::Surroundings& Around() const { return surroundings_; }
+
+  // A builder for the database of this call. REQUIRES: InicializaPS has passed.
+  data::SelectBuilder NewBuilder() const;
+  // Opens an SQL text on a connection of its own, read once from start to end.
+  ReportRows Open(const std::wstring& statement) const;
+
+  // Runs a report method: whatever fails in it reaches the client as kErrBase + 8107 under the method's name, with the
+  // cause in the description only.
+  template <class Body>
+  ReportRows Report(std::wstring_view method, Body body) const {
+    try {
+      return body();
+    } catch (...) {
+      RaiseFramed(method);
+    }
+  }
+
+ private:
+  // "KodraRpt.<Class>::<member>".
+  std::wstring SourceOf(std::wstring_view member) const;
+  // Raises the exception being handled in the frame.
+  [[noreturn]] void RaiseFramed(std::wstring_view method) const;
+
+  std::wstring_view className_;
+  platform::Surroundings& surroundings_;
+  std::wstring stringConexao_;
+  std::int32_t tipoBanco_ = 0;
+};
+
+}  // namespace kodra::frame

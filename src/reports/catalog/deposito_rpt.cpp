@@ -1,0 +1,14 @@
+#include "reports/catalog/deposito_rpt.h"
+
+namespace kodra::reports {
+
+frame::ReportRows CDepositoRpt::RelatorioDepositos(platform::AutomationObject* obj) {
+  return ListWhole(L"RelatorioDepositos", obj,
+                   {
+                       .columns = L"NOME, ENDERECO, CIDADE, ESTADO, CEP, TELEFONE, FAX, CONTATO",
+                       .from = L"DEPOSITO",
+                       .orderBy = L"NOME",
+                   });
+}
+
+}  // namespace kodra::reports

@@ -1,0 +1,14 @@
+#include "reports/catalog/depto_rpt.h"
+
+namespace kodra::reports {
+
+frame::ReportRows CDeptoRpt::RelatorioDeptos(platform::AutomationObject* obj) {
+  return ListWhole(L"RelatorioDeptos", obj,
+                   {
+                       .columns = L"DESCR_DEPTO, ENDERECO, CIDADE, ESTADO, CEP, END_EMAIL",
+                       .from = L"DEPTO",
+                       .orderBy = L"DESCR_DEPTO",
+                   });
+}
+
+}  // namespace kodra::reports

@@ -1,0 +1,14 @@
+#include "reports/catalog/grupo_rpt.h"
+
+namespace kodra::reports {
+
+frame::ReportRows CGrupoRpt::RelatorioGrupos(platform::AutomationObject* obj) {
+  return ListWhole(L"RelatorioGrupos", obj,
+                   {
+                       .columns = L"DESCR_CLASSE, OBS_CLASSE",
+                       .from = L"CLASSE",
+                       .orderBy = L"DESCR_CLASSE",
+                   });
+}
+
+}  // namespace kodra::reports
