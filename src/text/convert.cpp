@@ -1,0 +1,106 @@
+#include "text/convert.h"
+
+#include <cmath>
+#include <limits>
+
+#include "platform/erro.h"
+#include "text/dates.h"
+#include "text/numbers.h"
+
+namespace kodra::text {
+namespace {
+
+using platform::Date;
+using platform::MakeRuntimeError;
+using platform::ObjectRef;
+using platform::RuntimeError;
+
+// Raises for the kinds of value that no conversion takes.
+[[noreturn]] void Refuse(platform::Null) { throw MakeRuntimeError(RuntimeError::kInvalidUseOfNull); }
+[[noreturn]] void Refuse(const ObjectRef& object) {
+  throw MakeRuntimeError(object ? RuntimeError::kTypeMismatch : RuntimeError::kObjectNotSet);
+}
+
+struct TextOf {
+  std::wstring operator()(platform::Empty) const { return {}; }
+  std::wstring operator()(platform::Null null) const { Refuse(null); }
+  std::wstring operator()(bool value) const { return value ? L"Verdadeiro" : L"Falso"; }
+  std::wstring operator()(std::int32_t value) const { return NumberToText(value); }
+  std::wstring operator()(std::int64_t value) const { return NumberToText(value); }
+  std::wstring operator()(double value) const { return NumberToText(value); }
+  std::wstring operator()(Date value) const { return DateToText(value); }
+  std::wstring operator()(const std::wstring& value) const { return value; }
+  std::wstring operator()(const ObjectRef& value) const { Refuse(value); }
+};
+
+double NumberIn(const std::wstring& text) {
+  const std::optional<double> number = ParseNumber(text);
+  if (!number) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  return *number;
+}
+
+// Halves to the even neighbour, whatever the processor's rounding mode is.
+double RoundToEven(double number) {
+  const double below = std::floor(number);
+  const double rest = number - below;
+  if (rest < 0.5) return below;
+  if (rest > 0.5) return below + 1;
+  return std::fmod(below, 2) == 0 ? below : below + 1;
+}
+
+struct Int32Of {
+  std::int32_t operator()(platform::Empty) const { return 0; }
+  std::int32_t operator()(platform::Null null) const { Refuse(null); }
+  std::int32_t operator()(bool value) const { return value ? -1 : 0; }
+  std::int32_t operator()(std::int32_t value) const { return value; }
+  std::int32_t operator()(std::int64_t value) const { return Narrow(value); }
+  std::int32_t operator()(double value) const { return Narrow(RoundToEven(value)); }
+  std::int32_t operator()(Date value) const { return (*this)(value.days); }
+  std::int32_t operator()(const std::wstring& value) const { return (*this)(NumberIn(value)); }
+  std::int32_t operator()(const ObjectRef& value) const { Refuse(value); }
+
+ private:
+  template <class Number>
+  static std::int32_t Narrow(Number number) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    // Written so that what is not a number fails too.
+    const bool fits = number >= Number{Limits::min()} && number <= Number{Limits::max()};
+    if (!fits) throw MakeRuntimeError(RuntimeError::kOverflow);
+    return static_cast<std::int32_t>(number);
+  }
+};
+
+struct DateOf {
+  Date operator()(platform::Empty) const { return {}; }
+  Date operator()(platform::Null null) const { Refuse(null); }
+  Date operator()(bool value) const { return {value ? -1.0 : 0.0}; }
+  Date operator()(std::int32_t value) const { return Checked(value); }
+  Date operator()(std::int64_t value) const { return Checked(static_cast<double>(value)); }
+  Date operator()(double value) const { return Checked(value); }
+  Date operator()(Date value) const { return value; }
+  Date operator()(const std::wstring& value) const {
+    if (const std::optional<Date> date = ParseDate(value)) return *date;
+    return Checked(NumberIn(value));
+  }
+  Date operator()(const ObjectRef& value) const { Refuse(value); }
+
+ private:
+  static Date Checked(double days) {
+    ToCalendar({days});
+    return {days};
+  }
+};
+
+}  // namespace
+
+std::wstring ToText(const platform::Value& value) { return std::visit(TextOf{}, value.Held()); }
+
+std::wstring ToTextOrEmpty(const platform::Value& value) {
+  return value.Is<platform::Null>() ? std::wstring() : ToText(value);
+}
+
+std::int32_t ToInt32(const platform::Value& value) { return std::visit(Int32Of{}, value.Held()); }
+
+platform::Date ToDate(const platform::Value& value) { return std::visit(DateOf{}, value.Held()); }
+
+}  // namespace kodra::text

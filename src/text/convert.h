@@ -1,0 +1,28 @@
+// Conversions of a value as the automation runtime makes them under Brazilian Portuguese.
+//
+// Each raises a runtime error for a value that it cannot convert: RuntimeError::kInvalidUseOfNull for Null,
+// RuntimeError::kObjectNotSet for a null object, RuntimeError::kTypeMismatch for any other object.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/value.h"
+
+namespace kodra::text {
+
+// Empty gives the empty text, a Boolean "Verdadeiro" or "Falso", a number its decimal-comma text, a date DateToText.
+std::wstring ToText(const platform::Value& value);
+
+// A value joined to the empty text: as ToText, but Null gives the empty text too.
+std::wstring ToTextOrEmpty(const platform::Value& value);
+
+// A 32-bit integer: halves go to the even neighbour, true is -1, Empty is 0, text is read as a Brazilian number.
+// Raises RuntimeError::kOverflow beyond 32 bits and RuntimeError::kTypeMismatch for text that is no number.
+std::int32_t ToInt32(const platform::Value& value);
+
+// A date: a number counts days, text is read as a date or else as a Brazilian number of days, Empty is the zero date.
+// Raises RuntimeError::kOverflow outside the years 100 to 9999 and RuntimeError::kTypeMismatch for any other text.
+platform::Date ToDate(const platform::Value& value);
+
+}  // namespace kodra::text

@@ -1,0 +1,80 @@
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "text/numbers.h"
+
+namespace kodra::text {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+constexpr int kMostDecimals = 15;
+
+// A finite number's magnitude as significant digits without trailing zeros; the first has the value digit *
+// 10^exponent.
+struct Decimal {
+  std::wstring digits;
+  int exponent = 0;
+};
+
+Decimal ToDecimal(double magnitude) {
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
+                                 kSignificantDigits - 1)
+                       .ptr;
+  // The buffer holds "d.dddddddddddddde+xx".
+  Decimal decimal;
+  const char* at = buffer.data();
+  for (; *at != 'e'; ++at) {
+    if (*at != '.') decimal.digits += static_cast<wchar_t>(*at);
+  }
+  ++at;
+  if (*at == '+') ++at;
+  std::from_chars(at, end, decimal.exponent);
+  decimal.digits.resize(decimal.digits.find_last_not_of(L'0') + 1);
+  return decimal;
+}
+
+std::wstring WithComma(std::wstring digits, std::size_t whole) {
+  if (digits.size() > whole) digits.insert(whole, 1, L',');
+  return digits;
+}
+
+std::wstring WithExponent(const Decimal& decimal) {
+  const std::wstring exponent = std::to_wstring(std::abs(decimal.exponent));
+  std::wstring text = WithComma(decimal.digits, 1);
+  text += decimal.exponent < 0 ? L"E-" : L"E+";
+  if (exponent.size() < 2) text += L'0';
+  return text + exponent;
+}
+
+bool NeedsExponent(const Decimal& decimal) {
+  if (decimal.exponent >= kSignificantDigits || decimal.exponent <= -kMostDecimals) return true;
+  const int decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
+  return decimal.exponent < -4 && decimals > kMostDecimals;
+}
+
+std::wstring Magnitude(double magnitude) {
+  Decimal decimal = ToDecimal(magnitude);
+  if (NeedsExponent(decimal)) return WithExponent(decimal);
+  if (decimal.exponent < 0)
+    return L"0," + std::wstring(static_cast<std::size_t>(-decimal.exponent - 1), L'0') + decimal.digits;
+  const auto whole = static_cast<std::size_t>(decimal.exponent) + 1;
+  if (decimal.digits.size() < whole) decimal.digits.resize(whole, L'0');
+  return WithComma(std::move(decimal.digits), whole);
+}
+
+}  // namespace
+
+std::wstring NumberToText(double number) {
+  if (std::isnan(number)) return L"-1,#IND";
+  if (number == 0) return L"0";
+  const std::wstring magnitude = std::isinf(number) ? L"1,#INF" : Magnitude(std::abs(number));
+  return number < 0 ? L'-' + magnitude : magnitude;
+}
+
+std::wstring NumberToText(std::int32_t number) { return std::to_wstring(number); }
+
+std::wstring NumberToText(std::int64_t number) { return std::to_wstring(number); }
+
+}  // namespace kodra::text

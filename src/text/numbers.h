@@ -1,0 +1,33 @@
+// Numbers as the system writes and reads them: decimal comma, the same on every machine.
+//
+// Three ways to read a text, as the automation runtime has them: LeadingNumber never fails on strange text and knows
+// only the decimal point; ParseNumber takes the whole text in the Brazilian form; both take hexadecimal (&H) and octal
+// (&O).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kodra::text {
+
+// The number that a text begins with; 0 when it begins with none. Blanks, tabs and line ends are passed over, between
+// digits too; "." is the decimal point and "e" or "d" begins an exponent.
+//   "12abc" 12    "1 234" 1234    "1.5" 1.5    "1,5" 1    "1e2" 100    "&H1F" 31    "&HFFFF" -1    "abc" 0
+// Raises RuntimeError::kOverflow for a number beyond a double, or a hexadecimal or octal one beyond 32 bits.
+double LeadingNumber(std::wstring_view text);
+
+// Reads a whole text as a number in Brazilian form: "," before the decimals, "." between groups of digits (anywhere), a
+// sign before or after, parentheses for negative, "R$" before or after, blanks around; nothing when it is none.
+//   "1.234,5" 1234.5    "1.5" 15    "(2)" -2    "R$ 10" 10    "&H10" 16
+// Raises RuntimeError::kOverflow as LeadingNumber does.
+std::optional<double> ParseNumber(std::wstring_view text);
+
+// A number as text: up to 15 significant digits, decimal comma. Numbers of 1E+15 and above have an exponent, and so
+// have small ones that need more than 15 decimals: "1,5", "0,00001", "1E+15", "1,23456789012345E-05".
+std::wstring NumberToText(double number);
+std::wstring NumberToText(std::int32_t number);
+std::wstring NumberToText(std::int64_t number);
+
+}  // namespace kodra::text

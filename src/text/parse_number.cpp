@@ -1,0 +1,215 @@
+#include <algorithm>
+#include <charconv>
+#include <string>
+
+#include "platform/erro.h"
+#include "text/numbers.h"
+#include "text/upper.h"
+
+namespace kodra::text {
+namespace {
+
+bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool IsBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
+
+// Whether a numeral that no double holds is too small rather than too large.
+bool IsTiny(const std::string& numeral) {
+  const std::size_t exponentAt = std::min(numeral.find('e'), numeral.size());
+  const std::size_t pointAt = std::min(numeral.find('.'), exponentAt);
+  const std::size_t firstDigit = numeral.find_first_of("123456789");
+  if (exponentAt != numeral.size()) {
+    std::int64_t exponent = 0;
+    const char* const end = numeral.data() + numeral.size();
+    const auto result = std::from_chars(numeral.data() + exponentAt + 1, end, exponent);
+    if (result.ec == std::errc::result_out_of_range) return numeral[exponentAt + 1] == '-';
+    return static_cast<std::int64_t>(pointAt) - static_cast<std::int64_t>(firstDigit) + exponent < 0;
+  }
+  return firstDigit > pointAt;
+}
+
+// The value of a plain ASCII numeral: digits with an optional point and exponent.
+double ValueOf(const std::string& numeral) {
+  double value = 0;
+  const auto result = std::from_chars(numeral.data(), numeral.data() + numeral.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  if (IsTiny(numeral)) return 0;
+  throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
+}
+
+// A text read from the left, one character at a time.
+class Scanner {
+ public:
+  explicit Scanner(std::wstring_view text) : text_(text) {}
+
+  bool AtEnd() const { return at_ == text_.size(); }
+  wchar_t Current() const { return AtEnd() ? L'\0' : text_[at_]; }
+  void Advance() { ++at_; }
+  void SkipBlanks() {
+    while (!AtEnd() && IsBlank(text_[at_])) ++at_;
+  }
+  bool Take(std::wstring_view token) {
+    if (!EqualIgnoringCase(text_.substr(at_, token.size()), token)) return false;
+    at_ += token.size();
+    return true;
+  }
+
+  // Appends the digits that stand here, passing over `separator` between them; false when there is none.
+  bool TakeDigits(std::string& numeral, wchar_t separator = L'\0') {
+    const std::size_t before = numeral.size();
+    for (; !AtEnd(); ++at_) {
+      if (IsDigit(text_[at_])) {
+        numeral += static_cast<char>(text_[at_]);
+      } else if (separator == L'\0' || text_[at_] != separator || numeral.size() == before) {
+        break;
+      }
+    }
+    return numeral.size() > before;
+  }
+
+  // Appends the exponent that stands here, when it is whole: letter, perhaps a sign, digits.
+  void TakeExponent(std::string& numeral, std::wstring_view letters) {
+    if (AtEnd() || letters.find(UpperCase(text_[at_])) == letters.npos) return;
+    const std::size_t start = at_++;
+    std::string exponent = "e";
+    if (Current() == L'-') exponent += '-';
+    if (Current() == L'-' || Current() == L'+') ++at_;
+    if (TakeDigits(exponent)) {
+      numeral += exponent;
+    } else {
+      at_ = start;
+    }
+  }
+
+  // The 32 bits that the hexadecimal or octal digits standing here give.
+  std::optional<std::uint32_t> TakeBits(std::uint32_t base) {
+    std::optional<std::uint32_t> bits;
+    for (; !AtEnd(); ++at_) {
+      const std::uint32_t digit = DigitValue(UpperCase(text_[at_]));
+      if (digit >= base) break;
+      const std::uint64_t wider = std::uint64_t{bits.value_or(0)} * base + digit;
+      if (wider > UINT32_MAX) throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
+      bits = static_cast<std::uint32_t>(wider);
+    }
+    return bits;
+  }
+
+ private:
+  static std::uint32_t DigitValue(wchar_t upper) {
+    if (IsDigit(upper)) return static_cast<std::uint32_t>(upper - L'0');
+    if (upper >= L'A' && upper <= L'F') return static_cast<std::uint32_t>(upper - L'A' + 10);
+    return UINT32_MAX;
+  }
+
+  std::wstring_view text_;
+  std::size_t at_ = 0;
+};
+
+// The base of the "&H" or "&O" prefix that stands here and is passed over; 0 when there is none.
+std::uint32_t TakeBasePrefix(Scanner& scanner) {
+  if (scanner.Take(L"&H")) return 16;
+  if (scanner.Take(L"&O")) return 8;
+  return 0;
+}
+
+std::wstring WithoutBlanks(std::wstring_view text) {
+  std::wstring kept;
+  kept.reserve(text.size());
+  for (const wchar_t c : text) {
+    if (c != L' ' && c != L'\t' && c != L'\n' && c != L'\r') kept += c;
+  }
+  return kept;
+}
+
+// A hexadecimal or octal literal without suffix is an Integer, 16 bits with sign, as long as it fits.
+double SignedValue(std::uint32_t bits, bool isLong) {
+  if (!isLong && bits <= UINT16_MAX) return static_cast<std::int16_t>(bits);
+  return static_cast<std::int32_t>(bits);
+}
+
+// The whole of a Brazilian number without its sign: digits, decimals, exponent.
+std::optional<double> TakeBrazilianMagnitude(Scanner& scanner) {
+  if (const std::uint32_t base = TakeBasePrefix(scanner); base != 0) {
+    const std::optional<std::uint32_t> bits = scanner.TakeBits(base);
+    if (!bits) return std::nullopt;
+    return SignedValue(*bits, true);
+  }
+  std::string numeral;
+  bool hasDigits = scanner.TakeDigits(numeral, L'.');
+  if (scanner.Current() == L',') {
+    scanner.Advance();
+    numeral += hasDigits ? "." : "0.";
+    hasDigits = scanner.TakeDigits(numeral) || hasDigits;
+  }
+  if (!hasDigits) return std::nullopt;
+  scanner.TakeExponent(numeral, L"E");
+  return ValueOf(numeral);
+}
+
+}  // namespace
+
+double LeadingNumber(std::wstring_view text) {
+  const std::wstring packed = WithoutBlanks(text);
+  Scanner scanner(packed);
+  if (const std::uint32_t base = TakeBasePrefix(scanner); base != 0) {
+    const std::uint32_t bits = scanner.TakeBits(base).value_or(0);
+    return SignedValue(bits, scanner.Current() == L'&');
+  }
+  const bool negative = scanner.Current() == L'-';
+  if (negative || scanner.Current() == L'+') scanner.Advance();
+  std::string numeral;
+  bool hasDigits = scanner.TakeDigits(numeral);
+  if (scanner.Current() == L'.') {
+    scanner.Advance();
+    numeral += hasDigits ? "." : "0.";
+    hasDigits = scanner.TakeDigits(numeral) || hasDigits;
+  }
+  if (!hasDigits) return 0;
+  scanner.TakeExponent(numeral, L"ED");
+  const double magnitude = ValueOf(numeral);
+  return negative ? -magnitude : magnitude;
+}
+
+std::optional<double> ParseNumber(std::wstring_view text) {
+  Scanner scanner(text);
+  bool negative = false;
+  bool hasSign = false;
+  bool hasCurrency = false;
+  bool open = false;
+
+  // Signs, the currency and an opening parenthesis may stand before the digits in any order, each once.
+  for (bool more = true; more;) {
+    scanner.SkipBlanks();
+    more = false;
+    if (!hasSign && (scanner.Current() == L'-' || scanner.Current() == L'+')) {
+      hasSign = more = true;
+      negative = scanner.Current() == L'-';
+      scanner.Advance();
+    } else if (!hasSign && scanner.Take(L"(")) {
+      hasSign = open = negative = more = true;
+    } else if (!hasCurrency && scanner.Take(L"R$")) {
+      hasCurrency = more = true;
+    }
+  }
+
+  const std::optional<double> magnitude = TakeBrazilianMagnitude(scanner);
+  if (!magnitude) return std::nullopt;
+
+  for (bool more = true; more;) {
+    scanner.SkipBlanks();
+    more = false;
+    if (!hasSign && (scanner.Current() == L'-' || scanner.Current() == L'+')) {
+      hasSign = more = true;
+      negative = scanner.Current() == L'-';
+      scanner.Advance();
+    } else if (open && scanner.Take(L")")) {
+      open = false;
+      more = true;
+    } else if (!hasCurrency && scanner.Take(L"R$")) {
+      hasCurrency = more = true;
+    }
+  }
+  if (open || !scanner.AtEnd()) return std::nullopt;
+  return negative ? -*magnitude : *magnitude;
+}
+
+}  // namespace kodra::text

@@ -1,0 +1,25 @@
+// Upper case and blanks, the same on every machine: nothing here asks the host's locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kodra::text {
+
+// The upper-case form of one character of the Latin (with its accents), Greek and Cyrillic alphabets; any other
+// character stands for itself, as do those without a single upper-case character (ß).
+wchar_t UpperCase(wchar_t character) noexcept;
+
+// The text in upper case, character by character.
+std::wstring UpperCase(std::wstring_view text);
+
+// Whether two texts are equal when both are in upper case.
+bool EqualIgnoringCase(std::wstring_view one, std::wstring_view other) noexcept;
+
+// The first character in upper case; the empty text for the empty text.
+std::wstring FirstUpper(std::wstring_view text);
+
+// The text without its leading and trailing blanks. Only the blank itself (U+0020) goes: tabs and line ends stay.
+std::wstring_view Trim(std::wstring_view text) noexcept;
+
+}  // namespace kodra::text
