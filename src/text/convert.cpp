@@ -6,6 +6,7 @@
 #include "platform/erro.h"
 #include "text/dates.h"
 #include "text/numbers.h"
+#include "text/upper.h"
 
 namespace kodra::text {
 namespace {
@@ -91,6 +92,23 @@ struct DateOf {
   }
 };
 
+struct BoolOf {
+  bool operator()(platform::Empty) const { return false; }
+  bool operator()(platform::Null null) const { Refuse(null); }
+  bool operator()(bool value) const { return value; }
+  bool operator()(std::int32_t value) const { return value != 0; }
+  bool operator()(std::int64_t value) const { return value != 0; }
+  bool operator()(double value) const { return value != 0; }
+  bool operator()(Date value) const { return value.days != 0; }
+  bool operator()(const std::wstring& value) const {
+    const std::wstring word = UpperCase(value);
+    if (word == L"VERDADEIRO" || word == L"TRUE") return true;
+    if (word == L"FALSO" || word == L"FALSE") return false;
+    return NumberIn(value) != 0;
+  }
+  bool operator()(const ObjectRef& value) const { Refuse(value); }
+};
+
 }  // namespace
 
 std::wstring ToText(const platform::Value& value) { return std::visit(TextOf{}, value.Held()); }
@@ -102,5 +120,7 @@ std::wstring ToTextOrEmpty(const platform::Value& value) {
 std::int32_t ToInt32(const platform::Value& value) { return std::visit(Int32Of{}, value.Held()); }
 
 platform::Date ToDate(const platform::Value& value) { return std::visit(DateOf{}, value.Held()); }
+
+bool ToBool(const platform::Value& value) { return std::visit(BoolOf{}, value.Held()); }
 
 }  // namespace kodra::text
