@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <limits>
 
+#include "platform/erro.h"
 #include "text/upper.h"
 
 namespace kodra::data {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "data/create_object.h"
+#include "platform/erro.h"
 #include "text/upper.h"
 
 namespace kodra::data {

@@ -1,6 +1,7 @@
 #include "frame/report_class.h"
 
 #include "data/abre_firehose_rs.h"
+#include "platform/erro.h"
 #include "sql/tradutor_sql.h"
 #include "text/convert.h"
 

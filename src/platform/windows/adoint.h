@@ -2,10 +2,8 @@
 // `Connection`, `Field` and `Fields` are ADO's: inside kodra::platform write ::Field for those.
 #pragma once
 
-#include <windows.h>
-// Needs the types above.
-#include <oleauto.h>
-// Needs the automation types above.
+#include "platform/windows/automation_headers.h"
+
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wwrite-strings"  // the generated default arguments are literal BSTRs
 #include <msado15.h>

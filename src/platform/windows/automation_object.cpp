@@ -1,7 +1,5 @@
 #include "platform/windows/automation_object.h"
 
-#include <oleauto.h>
-
 #include <vector>
 
 #include "platform/windows/variant.h"

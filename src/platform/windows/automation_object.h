@@ -1,11 +1,8 @@
 // Late-bound access to any IDispatch, and the way back from an ObjectRef to its IDispatch.
 #pragma once
 
-#include <windows.h>
-// Needs the types above.
-#include <oaidl.h>
-
 #include "platform/automation.h"
+#include "platform/windows/automation_headers.h"
 #include "platform/windows/com_ptr.h"
 
 namespace kodra::platform::windows {

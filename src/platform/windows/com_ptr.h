@@ -5,11 +5,9 @@
 //   com_ptr<_Recordset> rows = object.as<_Recordset>();   // null when it has no such interface
 #pragma once
 
-#include <windows.h>
-// Needs the types above.
-#include <unknwn.h>
-
 #include <utility>
+
+#include "platform/windows/automation_headers.h"
 
 namespace kodra::platform::windows {
 

@@ -1,7 +1,5 @@
 #include "platform/windows/com_surroundings.h"
 
-#include <windows.h>
-
 #include "platform/windows/ado_objects.h"
 #include "platform/windows/automation_object.h"
 #include "platform/windows/variant.h"

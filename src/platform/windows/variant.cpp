@@ -1,7 +1,5 @@
 #include "platform/windows/variant.h"
 
-#include <oleauto.h>
-
 #include <utility>
 
 #include "platform/windows/automation_object.h"

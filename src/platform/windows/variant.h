@@ -4,15 +4,12 @@
 // between the two.
 #pragma once
 
-#include <windows.h>
-// Needs the types above.
-#include <oaidl.h>
-
 #include <string>
 #include <string_view>
 
 #include "platform/erro.h"
 #include "platform/value.h"
+#include "platform/windows/automation_headers.h"
 #include "platform/windows/com_ptr.h"
 
 namespace kodra::platform::windows {

@@ -1,0 +1,24 @@
+// The one place where the component's exceptions become COM errors.
+#pragma once
+
+#include "platform/windows/automation_headers.h"
+
+namespace kodra::com {
+
+// Turns the exception being handled into an HRESULT with full error information for `iid`: an Erro gives its number,
+// source and description, anything else what CurrentErro() makes of it. Memory that does not even suffice for that
+// gives E_OUTOFMEMORY. REQUIRES: called inside a catch clause.
+HRESULT CurrentHresult(REFIID iid) noexcept;
+
+// Runs the body of an entry point: S_OK, or the error that it raised. Nothing C++ leaves it.
+template <class Body>
+HRESULT AtBoundary(REFIID iid, Body body) noexcept {
+  try {
+    body();
+    return S_OK;
+  } catch (...) {
+    return CurrentHresult(iid);
+  }
+}
+
+}  // namespace kodra::com

@@ -1,0 +1,8 @@
+// The interfaces and classes of idl/kodrarpt.idl, declared in the build folder. They stand in the global namespace:
+// inside kodra write ::CDeptoRpt for the coclass.
+#pragma once
+
+#include "platform/windows/automation_headers.h"
+
+// Needs the declarations above.
+#include <kodrarpt.h>

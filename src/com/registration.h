@@ -1,0 +1,32 @@
+// What the component writes into the class registry, as rows: the ProgID and the class id of each public class.
+//
+// The same rows are written, removed, packed into installers and compared by tests.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kodra::com {
+
+struct RegistryRow {
+  // Below the root of the classes.
+  std::wstring key;
+  // Empty for the key's default value.
+  std::wstring name;
+  std::wstring value;
+};
+
+// The rows that register a DLL at `modulePath`. The type library's own rows are Automation's business.
+std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath);
+
+// The keys that hold nothing but rows of ours: deleting them whole removes every row.
+std::vector<std::wstring> RegistryKeys();
+
+// Writes the rows for this DLL and registers its type library, for all users. Raises Erro with what failed; what had
+// been written by then stays.
+void RegisterModule();
+
+// Removes every key and the type library's registration. What is absent already is no error.
+void UnregisterModule();
+
+}  // namespace kodra::com
