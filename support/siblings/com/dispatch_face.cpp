@@ -1,0 +1,129 @@
+#include "siblings/com/dispatch_face.h"
+
+#include <oleauto.h>
+
+#include <new>
+
+#include "platform/erro.h"
+#include "platform/windows/automation_object.h"
+#include "platform/windows/variant.h"
+#include "text/upper.h"
+
+namespace kodra::support {
+namespace {
+
+using platform::ObjectRef;
+using platform::RuntimeError;
+using platform::Value;
+namespace com = platform::windows;
+
+// A result as a client may have it: an object of portable code gets a face, one that came from COM goes back as it is.
+Value Outward(const Value& value) {
+  if (!value.Is<ObjectRef>()) return value;
+  const ObjectRef& object = value.As<ObjectRef>();
+  if (!object || dynamic_cast<const com::DispatchObject*>(object.get()) != nullptr) return value;
+  return com::WrapDispatch(DispatchFace::Make(object).get());
+}
+
+// Positional arguments come from the last to the first, after the named ones.
+std::vector<Value> Arguments(const DISPPARAMS& parameters) {
+  std::vector<Value> arguments;
+  for (UINT i = parameters.cArgs; i-- > parameters.cNamedArgs;) arguments.push_back(com::ToValue(parameters.rgvarg[i]));
+  return arguments;
+}
+
+HRESULT Report(const platform::Erro& erro, EXCEPINFO* info) {
+  if (erro.Number() == static_cast<std::int32_t>(RuntimeError::kMemberNotFound)) return DISP_E_MEMBERNOTFOUND;
+  if (info == nullptr) return com::HresultOf(erro.Number());
+  *info = EXCEPINFO{};
+  info->scode = com::HresultOf(erro.Number());
+  info->bstrSource = SysAllocString(erro.Source().c_str());
+  info->bstrDescription = SysAllocString(erro.Description().c_str());
+  return DISP_E_EXCEPTION;
+}
+
+}  // namespace
+
+std::atomic<long> DispatchFace::alive_ = 0;
+
+com::com_ptr<IDispatch> DispatchFace::Make(ObjectRef object) {
+  if (!object) return {};
+  return com::com_ptr<IDispatch>::adopt(new DispatchFace(std::move(object)));
+}
+
+HRESULT DispatchFace::QueryInterface(REFIID iid, void** out) {
+  if (out == nullptr) return E_POINTER;
+  *out = nullptr;
+  if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IDispatch)) return E_NOINTERFACE;
+  *out = static_cast<IDispatch*>(this);
+  AddRef();
+  return S_OK;
+}
+
+ULONG DispatchFace::Release() {
+  const ULONG left = --references_;
+  if (left == 0) delete this;
+  return left;
+}
+
+HRESULT DispatchFace::GetTypeInfoCount(UINT* count) {
+  if (count == nullptr) return E_POINTER;
+  *count = 0;
+  return S_OK;
+}
+
+HRESULT DispatchFace::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
+  if (out != nullptr) *out = nullptr;
+  return DISP_E_BADINDEX;
+}
+
+DISPID DispatchFace::IdOf(std::wstring_view name) {
+  for (std::size_t i = 0; i < names_.size(); ++i) {
+    if (text::EqualIgnoringCase(names_[i], name)) return static_cast<DISPID>(i + 1);
+  }
+  names_.emplace_back(name);
+  return static_cast<DISPID>(names_.size());
+}
+
+HRESULT DispatchFace::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) try {
+  if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+  ids[0] = IdOf(names[0]);
+  if (count == 1) return S_OK;
+  // Arguments have no names here.
+  for (UINT i = 1; i < count; ++i) ids[i] = DISPID_UNKNOWN;
+  return DISP_E_UNKNOWNNAME;
+} catch (const std::bad_alloc&) {
+  return E_OUTOFMEMORY;
+}
+
+Value DispatchFace::Perform(const std::wstring& member, WORD kind, const DISPPARAMS& parameters) {
+  if ((kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
+    if (parameters.cArgs != 1) throw platform::MakeRuntimeError(RuntimeError::kMemberNotFound);
+    const Value value = com::ToValue(parameters.rgvarg[0]);
+    if ((kind & DISPATCH_PROPERTYPUTREF) != 0 && value.Is<ObjectRef>()) {
+      object_->Set(member, value.As<ObjectRef>());
+    } else {
+      object_->Let(member, value);
+    }
+    return {};
+  }
+  const std::vector<Value> arguments = Arguments(parameters);
+  const bool readOnly = (kind & DISPATCH_METHOD) == 0 && arguments.empty();
+  return Outward(readOnly ? object_->Get(member) : object_->Call(member, arguments));
+}
+
+HRESULT DispatchFace::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
+                             EXCEPINFO* info, UINT*) try {
+  if (parameters == nullptr) return E_INVALIDARG;
+  if (id < 1 || static_cast<std::size_t>(id) > names_.size()) return DISP_E_MEMBERNOTFOUND;
+  // The object may be released, or learn names, during the call.
+  const com::com_ptr<IDispatch> keep(this);
+  const std::wstring member = names_[static_cast<std::size_t>(id) - 1];
+  com::ScopedVariant answer(Perform(member, kind, *parameters));
+  if (result != nullptr) *result = answer.detach();
+  return S_OK;
+} catch (...) {
+  return Report(platform::CurrentErro(), info);
+}
+
+}  // namespace kodra::support

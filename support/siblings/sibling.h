@@ -1,0 +1,114 @@
+// The base of a sibling component: an automation object that is a short list of members.
+//
+//   class StrCon final : public Sibling<StrCon> {
+//    public:
+//     static std::span<const Member<StrCon>> Members() {
+//       static const Member<StrCon> kMembers[] = {Property<&StrCon::text_>(L"StrCon"),
+//                                                 ReadOnly<&StrCon::TipoBanco>(L"TipoBanco")};
+//       return kMembers;
+//     }
+//     ...
+//   };
+//
+// A property is read with Get or, as late-bound clients write it, with Call without arguments; a method only with Call.
+// A name that is not in the list, or that is in it for another use, raises RuntimeError::kMemberNotFound.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/automation.h"
+#include "platform/erro.h"
+#include "text/convert.h"
+#include "text/upper.h"
+
+namespace kodra::support {
+
+template <class T>
+struct Member {
+  std::wstring_view name;
+  platform::Value (*get)(T&) = nullptr;
+  void (*let)(T&, const platform::Value&) = nullptr;
+  void (*set)(T&, const platform::ObjectRef&) = nullptr;
+  platform::Value (*call)(T&, std::span<const platform::Value>) = nullptr;
+};
+
+template <class T>
+class Sibling : public platform::AutomationObject {
+ public:
+  platform::Value Get(std::wstring_view member) override { return For(member, &Member<T>::get)(Self()); }
+
+  void Let(std::wstring_view member, const platform::Value& value) override {
+    For(member, &Member<T>::let)(Self(), value);
+  }
+
+  void Set(std::wstring_view member, const platform::ObjectRef& object) override {
+    For(member, &Member<T>::set)(Self(), object);
+  }
+
+  platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override {
+    const Member<T>* found = Find(member);
+    if (arguments.empty() && found != nullptr && found->get != nullptr) return found->get(Self());
+    return For(member, &Member<T>::call)(Self(), arguments);
+  }
+
+ private:
+  T& Self() { return static_cast<T&>(*this); }
+
+  static const Member<T>* Find(std::wstring_view name) {
+    for (const Member<T>& member : T::Members()) {
+      if (text::EqualIgnoringCase(member.name, name)) return &member;
+    }
+    return nullptr;
+  }
+
+  template <class Use>
+  static Use For(std::wstring_view name, Use Member<T>::*use) {
+    const Member<T>* member = Find(name);
+    if (member == nullptr || member->*use == nullptr) {
+      throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+    }
+    return member->*use;
+  }
+};
+
+// The class whose member a pointer names.
+template <class Class, class Held>
+Class ClassOfMember(Held Class::*);
+template <auto kPointer>
+using ClassOf = decltype(ClassOfMember(kPointer));
+
+// A text property, read and written, kept in a std::wstring member.
+template <auto kField>
+Member<ClassOf<kField>> Property(std::wstring_view name) {
+  using T = ClassOf<kField>;
+  return {.name = name,
+          .get = [](T& self) { return platform::Value(self.*kField); },
+          .let = [](T& self, const platform::Value& value) { self.*kField = text::ToText(value); }};
+}
+
+// A property that is computed by a member function without arguments.
+template <auto kFunction>
+Member<ClassOf<kFunction>> ReadOnly(std::wstring_view name) {
+  using T = ClassOf<kFunction>;
+  return {.name = name, .get = [](T& self) { return platform::Value((self.*kFunction)()); }};
+}
+
+// A method: a member function that takes `arity` arguments as a span and gives a Value. Any other number of arguments
+// raises kWrongArguments.
+inline constexpr std::int32_t kWrongArguments = 450;
+
+template <auto kFunction, std::size_t kArity>
+Member<ClassOf<kFunction>> Method(std::wstring_view name) {
+  using T = ClassOf<kFunction>;
+  return {.name = name, .call = [](T& self, std::span<const platform::Value> arguments) -> platform::Value {
+            if (arguments.size() != kArity) {
+              throw platform::Erro(kWrongArguments, std::wstring(platform::kApplicationTitle),
+                                   L"Número de argumentos incorreto ou atribuição de propriedade inválida");
+            }
+            return (self.*kFunction)(arguments);
+          }};
+}
+
+}  // namespace kodra::support
