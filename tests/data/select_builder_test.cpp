@@ -1,0 +1,94 @@
+// The SELECT builder.
+#include "data/select_builder.h"
+
+#include <gtest/gtest.h>
+
+namespace kodra::data {
+namespace {
+
+SelectBuilder Media() {
+  SelectBuilder select;
+  select.SetTipoBanco(1);
+  select.SetColumns(L"NUM_CD, DOC_INICIAL");
+  select.SetFrom(L"CD");
+  return select;
+}
+
+TEST(SelectBuilderTest, GivesColumnsAndTableAlone) { EXPECT_EQ(Media().SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD"); }
+
+TEST(SelectBuilderTest, PutsEveryClauseInItsPlaceInWhateverOrderTheyWereSet) {
+  SelectBuilder select;
+  select.SetOrderBy(L"3, 2");
+  select.SetGroupBy(L"a.X, b.Y");
+  select.AddJoin(1, JoinKind::kLeftOuter, L"C c", L"c.X = b.X");
+  select.SetWhere(L"(1=1) AND a.Z<>'0'");
+  select.AddJoin(0, JoinKind::kInner, L"B b", L"b.X = a.X");
+  select.SetFrom(L"A a");
+  select.SetColumns(L"a.X, b.Y, COUNT(*)");
+  EXPECT_EQ(select.SQL(),
+            L"SELECT a.X, b.Y, COUNT(*) FROM A a INNER JOIN B b ON b.X = a.X LEFT JOIN C c ON c.X = b.X "
+            L"WHERE (1=1) AND a.Z<>'0' GROUP BY a.X, b.Y ORDER BY 3, 2");
+}
+
+TEST(SelectBuilderTest, LeavesOutEachClauseThatIsNotSet) {
+  SelectBuilder where = Media();
+  where.SetWhere(L"NUM_CD=1");
+  EXPECT_EQ(where.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD WHERE NUM_CD=1");
+  SelectBuilder group = Media();
+  group.SetGroupBy(L"NUM_CD");
+  EXPECT_EQ(group.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD GROUP BY NUM_CD");
+  SelectBuilder order = Media();
+  order.SetOrderBy(L"NUM_CD");
+  EXPECT_EQ(order.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD ORDER BY NUM_CD");
+}
+
+TEST(SelectBuilderTest, DropsAWhereThatIsSetEmptyAgain) {
+  SelectBuilder select = Media();
+  select.SetWhere(L"NUM_CD=1");
+  select.SetWhere(L"");
+  EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD");
+}
+
+TEST(SelectBuilderTest, GivesColumnsAndConditionBackToBeExtended) {
+  SelectBuilder select = Media();
+  select.SetColumns(select.Columns() + L", DOC_FINAL");
+  select.SetWhere(L"(1=1)");
+  select.SetWhere(select.Where() + L" AND NUM_CD=1");
+  EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL, DOC_FINAL FROM CD WHERE (1=1) AND NUM_CD=1");
+}
+
+TEST(SelectBuilderTest, TakesEveryFragmentAsGiven) {
+  SelectBuilder select;
+  select.SetColumns(L"'Mídias; \"x\"' AS RELATORIO ");
+  select.SetFrom(L"CD");
+  EXPECT_EQ(select.SQL(), L"SELECT 'Mídias; \"x\"' AS RELATORIO  FROM CD");
+}
+
+TEST(SelectBuilderTest, SortsJoinsByTheirPosition) {
+  SelectBuilder select = Media();
+  for (const std::int32_t index : {10, 2, 0, 1})
+    select.AddJoin(index, JoinKind::kInner, L"T" + std::to_wstring(index), L"1=" + std::to_wstring(index));
+  EXPECT_EQ(select.SQL(),
+            L"SELECT NUM_CD, DOC_INICIAL FROM CD INNER JOIN T0 ON 1=0 INNER JOIN T1 ON 1=1 INNER JOIN T2 ON 1=2 "
+            L"INNER JOIN T10 ON 1=10");
+}
+
+TEST(SelectBuilderTest, ReplacesAJoinAtTheSamePosition) {
+  SelectBuilder select = Media();
+  select.AddJoin(0, JoinKind::kInner, L"A", L"1=1");
+  select.AddJoin(0, JoinKind::kLeftOuter, L"B", L"2=2");
+  EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD LEFT JOIN B ON 2=2");
+}
+
+TEST(SelectBuilderTest, GivesTheSameStatementForEveryDatabase) {
+  for (std::int32_t code = 0; code <= 8; ++code) {
+    SelectBuilder select = Media();
+    select.SetTipoBanco(code);
+    select.AddJoin(0, JoinKind::kLeftOuter, L"TIPO_MIDIA t", L"CD.COD_MIDIA=t.COD_MIDIA");
+    EXPECT_EQ(select.TipoBanco(), code);
+    EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD LEFT JOIN TIPO_MIDIA t ON CD.COD_MIDIA=t.COD_MIDIA");
+  }
+}
+
+}  // namespace
+}  // namespace kodra::data

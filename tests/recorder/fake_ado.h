@@ -1,0 +1,119 @@
+// Fake ADO objects. A connection and a command only record; a recordset also holds rows, those that a test prepared for
+// it or those that the component fills in.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/ado.h"
+#include "recorder/journal.h"
+
+namespace kodra::recorder {
+
+struct Rows {
+  std::vector<std::wstring> fields;
+  std::vector<std::vector<platform::Value>> rows;
+};
+
+// What the fakes answer; a test changes it before or between calls.
+struct AdoScript {
+  std::int32_t connectionState = platform::ad::kStateOpen;
+  // The provider's errors, by their native codes.
+  std::vector<std::int32_t> nativeErrors;
+  // What the recordsets hold that will be opened next, in order; one opened after the last of them is empty.
+  std::deque<Rows> results;
+};
+
+class FakeConnection final : public platform::Connection, public Fake {
+ public:
+  FakeConnection(Journal& journal, std::wstring name, const AdoScript& script)
+      : Fake(journal, std::move(name)), script_(script) {}
+
+  std::wstring ConnectionString() override;
+  void SetConnectionString(const std::wstring& text) override;
+  void SetCursorLocation(std::int32_t location) override;
+  void SetIsolationLevel(std::int32_t level) override;
+  void Open(const std::wstring& user, const std::wstring& password, std::int32_t options) override;
+  std::int32_t State() override;
+  void Execute(const std::wstring& statement, std::int32_t options) override;
+  std::int32_t ErrorCount() override;
+  std::int32_t NativeError(std::int32_t index) override;
+
+ private:
+  const AdoScript& script_;
+  std::wstring connectionString_;
+};
+
+class FakeCommand final : public platform::Command, public Fake {
+ public:
+  FakeCommand(Journal& journal, std::wstring name) : Fake(journal, std::move(name)) {}
+
+  void SetActiveConnection(platform::Connection* connection) override;
+  bool HasActiveConnection() override;
+  void SetCommandText(const std::wstring& text) override;
+  void SetCommandType(std::int32_t type) override;
+  void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
+                       const platform::Value& value) override;
+
+ private:
+  bool attached_ = false;
+};
+
+class FakeRecordset final : public platform::Recordset, public Fake {
+ public:
+  FakeRecordset(Journal& journal, std::wstring name, AdoScript& script)
+      : Fake(journal, std::move(name)), script_(script) {}
+
+  void SetCursorLocation(std::int32_t location) override;
+  void SetCursorType(std::int32_t type) override;
+  void SetCacheSize(std::int32_t rows) override;
+  void Open(const platform::RecordsetSource& source, const platform::ActiveConnection& connection,
+            std::int32_t cursorType, std::int32_t lockType, std::int32_t options) override;
+  void Close() override;
+  std::int32_t State() override;
+  bool Eof() override;
+  void MoveFirst() override;
+  void MoveNext() override;
+  void AppendField(const std::wstring& name, std::int32_t type, std::int32_t definedSize,
+                   std::int32_t attributes) override;
+  std::unique_ptr<platform::Field> FieldByName(const std::wstring& name) override;
+  void AddNew() override;
+  void Update() override;
+
+ private:
+  friend class FakeField;
+  // The value of a field on the current row; null when no row is current.
+  platform::Value* Current(std::size_t field);
+
+  AdoScript& script_;
+  Rows held_;
+  std::size_t row_ = 0;
+  bool open_ = false;
+};
+
+// Its end leaves no line, but it counts as alive.
+class FakeField final : public platform::Field {
+ public:
+  FakeField(Journal& journal, FakeRecordset& recordset, std::size_t index)
+      : journal_(journal), recordset_(recordset), index_(index) {
+    journal_.Enter();
+  }
+  FakeField(const FakeField&) = delete;
+  FakeField& operator=(const FakeField&) = delete;
+  ~FakeField() override { journal_.Leave(); }
+
+  platform::Value Get() override;
+  void Let(const platform::Value& value) override;
+
+ private:
+  // "Recordset1.Field(NOME).<member>(<argument>)".
+  std::wstring Line(std::wstring_view member, std::wstring_view argument = {}) const;
+
+  Journal& journal_;
+  FakeRecordset& recordset_;
+  std::size_t index_;
+};
+
+}  // namespace kodra::recorder

@@ -1,0 +1,48 @@
+// A fake automation object: a sibling component, or the parameter object of a client.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <string>
+
+#include "platform/automation.h"
+#include "recorder/journal.h"
+
+namespace kodra::recorder {
+
+// What an object answers when a member is read or called: its values one after the other, the last one from then on.
+// A member without answers is unknown to the object (error 438); any property may be assigned.
+using Answers = std::map<std::wstring, std::deque<platform::Value>>;
+
+class FakeObject final : public platform::AutomationObject, public Fake {
+ public:
+  FakeObject(Journal& journal, std::wstring name, Answers answers)
+      : Fake(journal, std::move(name)), answers_(std::move(answers)) {}
+
+  platform::Value Get(std::wstring_view member) override { return Answer(Line(L"Get", {member}), member); }
+  void Let(std::wstring_view member, const platform::Value& value) override { Note(L"Let", {member, Shown(value)}); }
+  void Set(std::wstring_view member, const platform::ObjectRef& object) override {
+    Note(L"Set", {member, Shown(object)});
+  }
+  platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override {
+    std::wstring shown(member);
+    for (const platform::Value& argument : arguments) shown += L", " + Shown(argument);
+    return Answer(Line(L"Call", {shown}), member);
+  }
+
+ private:
+  platform::Value Answer(const std::wstring& call, std::wstring_view member) {
+    const auto found = answers_.find(std::wstring(member));
+    if (found == answers_.end())
+      journal_.Refuse(call, platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound));
+    std::deque<platform::Value>& values = found->second;
+    const platform::Value answer = values.front();
+    journal_.Note(call, Shown(answer));
+    if (values.size() > 1) values.pop_front();
+    return answer;
+  }
+
+  Answers answers_;
+};
+
+}  // namespace kodra::recorder

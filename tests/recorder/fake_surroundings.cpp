@@ -1,0 +1,50 @@
+#include "recorder/fake_surroundings.h"
+
+namespace kodra::recorder {
+
+std::string Lines(std::initializer_list<std::string_view> lines) {
+  std::string text;
+  for (const std::string_view line : lines) text.append(line).append("\n");
+  return text;
+}
+
+std::unique_ptr<platform::Connection> FakeSurroundings::NewConnection() {
+  std::wstring name = journal.NewName(L"Connection");
+  journal.Note(L"NewConnection()", name);
+  return std::make_unique<FakeConnection>(journal, std::move(name), ado);
+}
+
+std::unique_ptr<platform::Command> FakeSurroundings::NewCommand() {
+  std::wstring name = journal.NewName(L"Command");
+  journal.Note(L"NewCommand()", name);
+  return std::make_unique<FakeCommand>(journal, std::move(name));
+}
+
+std::unique_ptr<platform::Recordset> FakeSurroundings::NewRecordset() {
+  std::wstring name = journal.NewName(L"Recordset");
+  journal.Note(L"NewRecordset()", name);
+  return std::make_unique<FakeRecordset>(journal, std::move(name), ado);
+}
+
+platform::ObjectRef FakeSurroundings::CreateObject(const std::wstring& progId) {
+  const std::wstring call = L"CreateObject(" + Shown(progId) + L")";
+  const auto found = classes_.find(progId);
+  if (found == classes_.end())
+    journal.Refuse(call, platform::MakeRuntimeError(platform::RuntimeError::kCannotCreateObject));
+  std::wstring name = journal.NewName(L"Object");
+  journal.Note(call, name);
+  return NewObject(std::move(name), found->second);
+}
+
+void FakeSurroundings::SetEnvironment(const std::wstring& name, const std::wstring& value) {
+  journal.Note(L"SetEnvironment(" + Shown(name) + L", " + Shown(value) + L")");
+}
+
+std::optional<std::uint64_t> FakeSurroundings::FileLength(const std::wstring& path) {
+  const auto found = files.find(path);
+  const bool exists = found != files.end();
+  journal.Note(L"FileLength(" + Shown(path) + L")", exists ? std::to_wstring(found->second) : L"none");
+  return exists ? std::optional(found->second) : std::nullopt;
+}
+
+}  // namespace kodra::recorder

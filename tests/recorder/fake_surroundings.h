@@ -1,0 +1,58 @@
+// The surroundings of a native test: they record every call and answer as the test says.
+//
+//   FakeSurroundings around;
+//   around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
+//   around.journal.FailAt(3, Failure(platform::Erro(…)));
+//   …
+//   EXPECT_EQ(around.journal.Calls(), Lines({…}));
+//   EXPECT_EQ(around.journal.LiveObjects(), 0);
+//
+// Everything that it makes must end before it does.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/surroundings.h"
+#include "recorder/fake_ado.h"
+#include "recorder/fake_object.h"
+#include "recorder/journal.h"
+
+namespace kodra::recorder {
+
+// An exception for Journal::FailAt and FailOn.
+template <class Exception>
+std::exception_ptr Failure(Exception exception) {
+  return std::make_exception_ptr(std::move(exception));
+}
+
+// The lines as Journal::Calls gives them.
+std::string Lines(std::initializer_list<std::string_view> lines);
+
+class FakeSurroundings final : public platform::Surroundings {
+ public:
+  // Makes a class creatable: each object of it starts with these answers. A class never registered raises error 429.
+  void Register(const std::wstring& progId, Answers answers) { classes_[progId] = std::move(answers); }
+  // An object that no one created by ProgID, such as a client's parameter object.
+  platform::ObjectRef NewObject(std::wstring name, Answers answers) {
+    return std::make_shared<FakeObject>(journal, std::move(name), std::move(answers));
+  }
+
+  std::unique_ptr<platform::Connection> NewConnection() override;
+  std::unique_ptr<platform::Command> NewCommand() override;
+  std::unique_ptr<platform::Recordset> NewRecordset() override;
+  platform::ObjectRef CreateObject(const std::wstring& progId) override;
+  void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
+  std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+
+  Journal journal;
+  AdoScript ado;
+  // The files that exist, with their lengths.
+  std::map<std::wstring, std::uint64_t> files;
+
+ private:
+  std::map<std::wstring, Answers> classes_;
+};
+
+}  // namespace kodra::recorder
