@@ -129,10 +129,12 @@ class Reader {
     return true;
   }
 
-  // Notes what was read. Only a piece of a date may follow "/" or "-".
+  // Notes what was read. Only a piece of a date may follow "/" or "-", and a time does not stand inside a date.
   bool Finish(Piece piece) {
     const bool joins = pendingSeparator_ == L'/' || pendingSeparator_ == L'-';
     if (joins && piece != Piece::kDate) return false;
+    if (piece == Piece::kDate && dateEnded_) return false;
+    if (piece == Piece::kTime) dateEnded_ = numbers_.count > 0 || numbers_.month != 0;
     pendingSeparator_ = 0;
     last_ = piece;
     return true;
@@ -231,6 +233,7 @@ class Reader {
   std::size_t at_ = 0;
   wchar_t pendingSeparator_ = 0;
   Piece last_ = Piece::kNothing;
+  bool dateEnded_ = false;
   DateNumbers numbers_;
   Half half_ = Half::kNone;
   bool hasTime_ = false;
