@@ -22,6 +22,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/ado.h"
@@ -106,7 +107,7 @@ class Recordset : public platform::Recordset {
   void Delete();
   // ad::kEditNone, ad::kEditInProgress or ad::kEditAdd.
   std::int32_t EditMode();
-  bool IsUpdatable();
+  bool IsUpdatable() const;
 
   // Up to `count` rows from the current one (negative: all that are left), each a vector in field order. Leaves the
   // recordset on the first row not given.
@@ -114,30 +115,51 @@ class Recordset : public platform::Recordset {
 
  private:
   friend class Session;
-  friend struct RecordsetOpener;
+  friend class Connection;
+  friend class Command;
 
-  void RequireOpen() const;
+  // What a recordset is opened on.
+  struct Query {
+    std::wstring statement;
+    std::vector<Parameter> parameters;
+    bool isCommand = false;
+    std::int32_t timeout = ad::kDefaultTimeout;  // seconds
+    bool withoutRows = false;                    // rows, if any, are dropped
+  };
+
+  // Runs a query for Execute: a forward-only recordset, or a static one when the session's cursors are client-side.
+  static Execution Run(const std::shared_ptr<Session>& session, const Query& query);
+
+  void RequireOpen(std::wstring_view source) const;
   void RequireClosed() const;
-  void RequireUpdatable();
+  void RequireUpdatable() const;
+  void RequireRow(std::wstring_view source) const;
+  std::size_t Column(std::int32_t index) const;
+  // The session that an Open or a property names; null for "Nothing" or an argument left out.
+  static std::shared_ptr<Session> SessionOf(const platform::ActiveConnection& connection);
+  Query QueryOf(const RecordsetSource& source, std::int32_t options) const;
+  void OpenCursor(std::int32_t cursorType, std::int32_t lockType);
+  // Runs query_ on session_; gives the rows affected.
+  std::int64_t OpenRows();
+  void OpenInMemory();
   // A move ends an edit under way, as Update does.
   void FinishEdit();
-  void ConnectionClosed();
+  void DropRows() noexcept;
+  void ConnectionClosed() noexcept;
 
   std::shared_ptr<Session> session_;
+  Query query_;
   std::wstring source_;
-  std::vector<Parameter> parameters_;
-  bool sourceIsCommand_ = false;
-  std::int32_t options_ = ad::kUnspecified;
-  std::int32_t commandTimeout_ = 30;
   std::int32_t cursorLocation_ = ad::kUseServer;
+  bool cursorLocationSet_ = false;
   std::int32_t cursorType_ = ad::kOpenForwardOnly;
   std::int32_t lockType_ = ad::kLockReadOnly;
   std::int32_t cacheSize_ = 1;
   std::int32_t maxRecords_ = 0;
-  bool appended_ = false;
+  bool appended_ = false;  // fields_ were appended, not described by a driver
   std::vector<FieldInfo> fields_;
-  std::unique_ptr<Rows> rows_;
-  MemoryRows* memory_ = nullptr;  // rows_ when it is in memory
+  std::unique_ptr<Rows> rows_;    // null while closed
+  MemoryRows* memory_ = nullptr;  // rows_, when they are in memory
 };
 
 }  // namespace kodra::platform::odbc

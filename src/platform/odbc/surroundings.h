@@ -27,7 +27,7 @@ class Surroundings : public platform::Surroundings {
   std::unique_ptr<platform::Recordset> NewRecordset() override;
   // A factory that gives null counts as a class that cannot be made.
   ObjectRef CreateObject(const std::wstring& progId) override;
-  void SetEnvironmentVariable(const std::wstring& name, const std::wstring& value) override;
+  void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   // Paths are UTF-8 on Linux.
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
 

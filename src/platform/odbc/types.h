@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/ado.h"
 #include "platform/value.h"
 
 namespace kodra::platform::ad {
@@ -17,6 +18,8 @@ inline constexpr std::int32_t kCmdStoredProc = 4;
 inline constexpr std::int32_t kCmdUnknown = 8;
 inline constexpr std::int32_t kCmdTableDirect = 512;
 inline constexpr std::int32_t kExecuteNoRecords = 128;
+
+inline constexpr std::int32_t kDefaultTimeout = 30;
 
 inline constexpr std::int32_t kEditNone = 0;
 inline constexpr std::int32_t kEditInProgress = 1;

@@ -1,0 +1,34 @@
+// One input parameter of a statement, held in the form that the driver reads it in while the statement runs.
+#pragma once
+
+#include <string>
+
+#include "platform/odbc/odbc_api.h"
+#include "platform/odbc/types.h"
+
+namespace kodra::platform::odbc {
+
+class BoundParameter {
+ public:
+  // Raises 3251 for a direction other than input, 3421 for a value that the type cannot hold, 80040E10 for none.
+  explicit BoundParameter(const Parameter& parameter);
+
+  // Binds it to a "?" mark, counted from 1. The object must outlive every run of the statement.
+  SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT position);
+
+ private:
+  SQLRETURN BindText(SQLHSTMT statement, SQLUSMALLINT position, const std::wstring& text);
+
+  Value value_;
+  std::int32_t type_;
+  std::int64_t size_;
+  std::u16string text_;
+  SQLBIGINT integer_ = 0;
+  double number_ = 0;
+  unsigned char bit_ = 0;
+  SQL_DATE_STRUCT date_{};
+  SQL_TIMESTAMP_STRUCT timestamp_{};
+  SQLLEN indicator_ = 0;
+};
+
+}  // namespace kodra::platform::odbc

@@ -1,0 +1,221 @@
+#include "platform/odbc/coercion.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "platform/odbc/dates.h"
+#include "platform/odbc/names.h"
+#include "platform/odbc/types.h"
+
+namespace kodra::platform::odbc {
+namespace {
+
+std::optional<double> AsNumber(const Value& value) {
+  if (value.Is<Empty>()) return 0.0;
+  if (value.Is<bool>()) return value.As<bool>() ? -1.0 : 0.0;
+  if (value.Is<std::int32_t>()) return value.As<std::int32_t>();
+  if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
+  if (value.Is<double>()) return value.As<double>();
+  if (value.Is<Date>()) return value.As<Date>().days;
+  if (value.Is<std::wstring>()) {
+    const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
+    return number ? AsNumber(*number) : std::nullopt;
+  }
+  return std::nullopt;
+}
+
+// Whole numbers keep all their digits; only fractions pass through double.
+std::optional<std::int64_t> AsInteger(const Value& value) {
+  if (value.Is<std::int64_t>()) return value.As<std::int64_t>();
+  if (value.Is<std::wstring>()) {
+    const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
+    return number ? AsInteger(*number) : std::nullopt;
+  }
+  const std::optional<double> number = AsNumber(value);
+  constexpr double kTwoTo63 = 9223372036854775808.0;
+  if (!number || !(std::nearbyint(*number) >= -kTwoTo63 && std::nearbyint(*number) < kTwoTo63)) return std::nullopt;
+  return static_cast<std::int64_t>(std::nearbyint(*number));
+}
+
+template <class Wire>
+std::optional<Value> Within(std::optional<std::int64_t> number) {
+  if (!number || *number < static_cast<std::int64_t>(std::numeric_limits<Wire>::min()) ||
+      *number > static_cast<std::int64_t>(std::numeric_limits<Wire>::max())) {
+    return std::nullopt;
+  }
+  if constexpr (sizeof(Wire) < 4 || std::is_same_v<Wire, std::int32_t>) {
+    return Value(static_cast<std::int32_t>(*number));
+  } else {
+    return Value(*number);
+  }
+}
+
+std::optional<Value> AsBoolean(const Value& value) {
+  if (value.Is<bool>()) return value;
+  if (value.Is<std::wstring>()) {
+    if (SameName(value.As<std::wstring>(), L"True")) return Value(true);
+    if (SameName(value.As<std::wstring>(), L"False")) return Value(false);
+  }
+  const std::optional<double> number = AsNumber(value);
+  return number ? std::optional<Value>(Value(*number != 0)) : std::nullopt;
+}
+
+std::optional<Value> AsFloating(const Value& value, bool single) {
+  const std::optional<double> number = AsNumber(value);
+  if (!number) return std::nullopt;
+  if (!single) return Value(*number);
+  const auto narrow = static_cast<float>(*number);
+  if (std::isinf(narrow) && !std::isinf(*number)) return std::nullopt;
+  return Value(static_cast<double>(narrow));
+}
+
+std::optional<Value> AsDate(const Value& value, std::int32_t type) {
+  std::optional<Date> date;
+  if (value.Is<std::wstring>()) {
+    date = ParseIsoDate(value.As<std::wstring>());
+  } else if (const std::optional<double> number = AsNumber(value)) {
+    date = Date{*number};
+  }
+  constexpr double kFirstDay = -657434;  // 1 January 100
+  constexpr double kBeyondLastDay = 2958466;
+  if (!date || !(date->days > kFirstDay - 1 && date->days < kBeyondLastDay)) return std::nullopt;
+  if (type == ad::kDBDate) date->days = std::trunc(date->days);
+  if (type == ad::kDBTime) date->days = std::abs(date->days - std::trunc(date->days));
+  return Value(*date);
+}
+
+std::wstring NumberText(double number) {
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, number).ptr;
+  return {text, end};
+}
+
+std::optional<Value> AsText(const Value& value, std::int64_t size) {
+  std::wstring text;
+  if (value.Is<std::wstring>()) {
+    text = value.As<std::wstring>();
+  } else if (value.Is<bool>()) {
+    text = value.As<bool>() ? L"True" : L"False";
+  } else if (value.Is<std::int32_t>()) {
+    text = std::to_wstring(value.As<std::int32_t>());
+  } else if (value.Is<std::int64_t>()) {
+    text = std::to_wstring(value.As<std::int64_t>());
+  } else if (value.Is<double>()) {
+    text = NumberText(value.As<double>());
+  } else if (value.Is<Date>()) {
+    text = IsoDate(value.As<Date>());
+  } else if (!value.Is<Empty>()) {
+    return std::nullopt;
+  }
+  if (size > 0 && static_cast<std::int64_t>(text.size()) > size) return std::nullopt;
+  return Value(std::move(text));
+}
+
+}  // namespace
+
+bool IsTextType(std::int32_t type) {
+  return type == ad::kChar || type == ad::kWChar || type == ad::kVarChar || type == ad::kVarWChar ||
+         type == ad::kLongVarChar || type == ad::kLongVarWChar || type == ad::kBSTR || type == ad::kGUID;
+}
+
+bool IsLongType(std::int32_t type) {
+  return type == ad::kLongVarChar || type == ad::kLongVarWChar || type == ad::kBSTR || type == ad::kLongVarBinary;
+}
+
+bool IsBinaryType(std::int32_t type) {
+  return type == ad::kBinary || type == ad::kVarBinary || type == ad::kLongVarBinary;
+}
+
+std::int64_t FixedSize(std::int32_t type) {
+  switch (type) {
+    case ad::kTinyInt:
+    case ad::kUnsignedTinyInt:
+      return 1;
+    case ad::kSmallInt:
+    case ad::kUnsignedSmallInt:
+    case ad::kBoolean:
+      return 2;
+    case ad::kInteger:
+    case ad::kUnsignedInt:
+    case ad::kSingle:
+      return 4;
+    case ad::kDBDate:
+    case ad::kDBTime:
+      return 6;
+    case ad::kDouble:
+    case ad::kBigInt:
+    case ad::kUnsignedBigInt:
+    case ad::kCurrency:
+    case ad::kDate:
+      return 8;
+    case ad::kDBTimeStamp:
+    case ad::kDecimal:
+      return 16;
+    case ad::kNumeric:
+      return 19;
+    default:
+      return 0;
+  }
+}
+
+std::optional<Value> ParseNumber(std::wstring_view text) {
+  std::string ascii;
+  for (wchar_t c : text) {
+    if (c < L' ' || c > L'~') return std::nullopt;
+    ascii.push_back(static_cast<char>(c));
+  }
+  const char* const end = ascii.data() + ascii.size();
+  std::int64_t whole = 0;
+  if (const auto read = std::from_chars(ascii.data(), end, whole); read.ec == std::errc() && read.ptr == end) {
+    if (whole >= std::numeric_limits<std::int32_t>::min() && whole <= std::numeric_limits<std::int32_t>::max()) {
+      return Value(static_cast<std::int32_t>(whole));
+    }
+    return Value(whole);
+  }
+  double number = 0;
+  const auto read = std::from_chars(ascii.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return std::nullopt;
+  return Value(number);
+}
+
+std::optional<Value> Coerce(const Value& value, std::int32_t type, std::int64_t size) {
+  if (value.Is<Null>()) return value;
+  if (IsTextType(type) || IsBinaryType(type)) return AsText(value, size);
+  switch (type) {
+    case ad::kBoolean:
+      return AsBoolean(value);
+    case ad::kTinyInt:
+      return Within<std::int8_t>(AsInteger(value));
+    case ad::kUnsignedTinyInt:
+      return Within<std::uint8_t>(AsInteger(value));
+    case ad::kSmallInt:
+      return Within<std::int16_t>(AsInteger(value));
+    case ad::kUnsignedSmallInt:
+      return Within<std::uint16_t>(AsInteger(value));
+    case ad::kInteger:
+      return Within<std::int32_t>(AsInteger(value));
+    case ad::kUnsignedInt:
+      return Within<std::uint32_t>(AsInteger(value));
+    case ad::kBigInt:
+    case ad::kUnsignedBigInt:
+      return Within<std::int64_t>(AsInteger(value));
+    case ad::kSingle:
+      return AsFloating(value, true);
+    case ad::kDouble:
+    case ad::kCurrency:
+    case ad::kDecimal:
+    case ad::kNumeric:
+      return AsFloating(value, false);
+    case ad::kDate:
+    case ad::kDBDate:
+    case ad::kDBTime:
+    case ad::kDBTimeStamp:
+      return AsDate(value, type);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace kodra::platform::odbc

@@ -1,0 +1,17 @@
+// ODBC's own headers, the way each system wants them included. For .cpp files and this folder's inner headers only:
+// on Windows it brings in windows.h and its macros.
+#pragma once
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#endif
+
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>

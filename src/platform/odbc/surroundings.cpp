@@ -1,0 +1,65 @@
+#include "platform/odbc/surroundings.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/erro.h"
+#include "platform/odbc/command.h"
+#include "platform/odbc/connection.h"
+#include "platform/odbc/names.h"
+#include "platform/odbc/recordset.h"
+#include "platform/odbc/utf16.h"
+
+namespace kodra::platform::odbc {
+namespace {
+
+// std::filesystem knows how each system names its files: UTF-8 on Linux, wide on Windows. Names that UTF-8 cannot
+// write (unpaired surrogates) name no file.
+std::filesystem::path PathOf(const std::wstring& text) {
+  const std::u16string units = ToUtf16(text);
+  return std::filesystem::path(units);
+}
+
+}  // namespace
+
+void Surroundings::Register(const std::wstring& progId, Factory factory) {
+  factories_[FoldName(progId)] = std::move(factory);
+}
+
+std::unique_ptr<platform::Connection> Surroundings::NewConnection() { return std::make_unique<Connection>(); }
+std::unique_ptr<platform::Command> Surroundings::NewCommand() { return std::make_unique<Command>(); }
+std::unique_ptr<platform::Recordset> Surroundings::NewRecordset() { return std::make_unique<Recordset>(); }
+
+ObjectRef Surroundings::CreateObject(const std::wstring& progId) {
+  const auto found = factories_.find(FoldName(progId));
+  ObjectRef object = found == factories_.end() ? nullptr : found->second();
+  if (!object) throw MakeRuntimeError(RuntimeError::kCannotCreateObject);
+  return object;
+}
+
+void Surroundings::SetEnvironment(const std::wstring& name, const std::wstring& value) {
+#ifdef _WIN32
+  _wputenv_s(name.c_str(), value.c_str());
+#else
+  setenv(PathOf(name).c_str(), PathOf(value).c_str(), 1);
+#endif
+}
+
+std::optional<std::uint64_t> Surroundings::FileLength(const std::wstring& path) {
+  if (path.empty()) return std::nullopt;
+  std::filesystem::path file;
+  try {
+    file = PathOf(path);
+  } catch (const std::system_error&) {
+    return std::nullopt;
+  }
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(file, error);
+  if (!std::filesystem::exists(status)) return std::nullopt;
+  if (std::filesystem::is_directory(status)) return 0;
+  const std::uintmax_t length = std::filesystem::file_size(file, error);
+  return error ? std::optional<std::uint64_t>(0) : length;
+}
+
+}  // namespace kodra::platform::odbc
