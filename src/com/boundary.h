@@ -21,4 +21,12 @@ HRESULT AtBoundary(REFIID iid, Body body) noexcept {
   }
 }
 
+// The same for a member that fills `out`: an absent `out` is refused, and it stays empty unless the body gives a value.
+template <class T, class Body>
+HRESULT FillAtBoundary(REFIID iid, T* out, Body body) noexcept {
+  if (out == nullptr) return E_POINTER;
+  *out = T();
+  return AtBoundary(iid, [&] { *out = body(); });
+}
+
 }  // namespace kodra::com

@@ -11,9 +11,14 @@
 #include "com/boundary.h"
 #include "com/module.h"
 #include "platform/windows/automation_headers.h"
-#include "platform/windows/variant.h"
 
 namespace kodra::com {
+
+// What the type library gives every object for its IDispatch. `iid` is the object's dual interface.
+HRESULT DescribeType(REFGUID id, ITypeInfo** info) noexcept;
+HRESULT MemberIds(REFIID iid, LPOLESTR* names, UINT count, DISPID* ids) noexcept;
+HRESULT InvokeMember(IDispatch* object, REFIID iid, DISPID member, WORD kind, DISPPARAMS* arguments, VARIANT* result,
+                     EXCEPINFO* exception, UINT* badArgument) noexcept;
 
 template <class Class, class Interface>
 class DualObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo {
@@ -42,33 +47,21 @@ class DualObject : public Interface, public ISupportErrorInfo, public IProvideCl
     return S_OK;
   }
   STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
-    if (info == nullptr) return E_POINTER;
-    *info = nullptr;
-    if (index != 0) return DISP_E_BADINDEX;
-    return Describe(__uuidof(Interface), info);
+    return index == 0 ? DescribeType(__uuidof(Interface), info) : DISP_E_BADINDEX;
   }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
-    platform::windows::com_ptr<ITypeInfo> info;
-    const HRESULT hr = Describe(__uuidof(Interface), info.put());
-    return FAILED(hr) ? hr : DispGetIDsOfNames(info.get(), names, count, ids);
+    return MemberIds(__uuidof(Interface), names, count, ids);
   }
   STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD kind, DISPPARAMS* arguments, VARIANT* result,
                       EXCEPINFO* exception, UINT* badArgument) noexcept override {
-    platform::windows::com_ptr<ITypeInfo> info;
-    const HRESULT hr = Describe(__uuidof(Interface), info.put());
-    if (FAILED(hr)) return hr;
-    return DispInvoke(static_cast<Interface*>(this), info.get(), member, kind, arguments, result, exception,
-                      badArgument);
+    return InvokeMember(static_cast<Interface*>(this), __uuidof(Interface), member, kind, arguments, result, exception,
+                        badArgument);
   }
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override {
     return iid == __uuidof(Interface) ? S_OK : S_FALSE;
   }
-  STDMETHODIMP GetClassInfo(ITypeInfo** info) noexcept override {
-    if (info == nullptr) return E_POINTER;
-    *info = nullptr;
-    return Describe(__uuidof(Class), info);
-  }
+  STDMETHODIMP GetClassInfo(ITypeInfo** info) noexcept override { return DescribeType(__uuidof(Class), info); }
 
  protected:
   virtual ~DualObject() = default;
@@ -81,23 +74,7 @@ class DualObject : public Interface, public ISupportErrorInfo, public IProvideCl
     return nullptr;
   }
 
-  // Runs a member that fills `out`: an absent `out` is refused, and it is empty unless the body filled it.
-  template <class T, class Body>
-  HRESULT Fill(T* out, Body body) noexcept {
-    if (out == nullptr) return E_POINTER;
-    *out = T();
-    return AtBoundary(__uuidof(Interface), [&] { *out = body(); });
-  }
-  template <class Body>
-  HRESULT Run(Body body) noexcept {
-    return AtBoundary(__uuidof(Interface), body);
-  }
-
  private:
-  static HRESULT Describe(REFGUID id, ITypeInfo** info) noexcept {
-    return AtBoundary(__uuidof(Interface), [&] { *info = TypeInfoOf(id).detach(); });
-  }
-
   ModuleLock lock_;
   std::atomic<ULONG> references_ = 1;
 };

@@ -18,6 +18,26 @@ __CRT_UUID_DECL(kodra::com::IParameters, 0x5a0f4c1e, 0x6f0b, 0x4a86, 0x9b, 0x39,
 
 namespace kodra::com {
 
+// A property bag with entry points of automation's types. `iid` is the interface that the members belong to.
+class ParameterMembers {
+ public:
+  ParameterMembers(std::wstring_view className, REFIID iid)
+      : parameters_(frame::ParameterClassNamed(className)), iid_(iid) {}
+
+  frame::ParameterObject& Parameters() noexcept { return parameters_; }
+
+  HRESULT Get(std::wstring_view name, BSTR* value) noexcept;
+  HRESULT Get(std::wstring_view name, DATE* value) noexcept;
+  HRESULT Get(std::wstring_view name, VARIANT_BOOL* value) noexcept;
+  HRESULT Let(std::wstring_view name, BSTR value) noexcept;
+  HRESULT Let(std::wstring_view name, DATE value) noexcept;
+  HRESULT Let(std::wstring_view name, VARIANT_BOOL value) noexcept;
+
+ private:
+  frame::ParameterObject parameters_;
+  const IID iid_;
+};
+
 template <class Class, class Interface>
 class ParameterFace : public DualObject<Class, Interface>, public IParameters {
  public:
@@ -27,39 +47,17 @@ class ParameterFace : public DualObject<Class, Interface>, public IParameters {
   STDMETHODIMP_(ULONG) AddRef() noexcept override { return DualObject<Class, Interface>::AddRef(); }
   STDMETHODIMP_(ULONG) Release() noexcept override { return DualObject<Class, Interface>::Release(); }
 
-  platform::AutomationObject& Parameters() noexcept override { return parameters_; }
+  platform::AutomationObject& Parameters() noexcept override { return members_.Parameters(); }
 
  protected:
-  explicit ParameterFace(std::wstring_view className) : parameters_(frame::ParameterClassNamed(className)) {}
+  explicit ParameterFace(std::wstring_view className) : members_(className, __uuidof(Interface)) {}
 
   void* Find(REFIID iid) noexcept override {
     if (iid == __uuidof(IParameters)) return static_cast<IParameters*>(this);
     return DualObject<Class, Interface>::Find(iid);
   }
 
-  HRESULT GetProperty(std::wstring_view name, BSTR* value) noexcept {
-    return this->Fill(value, [&] {
-      return platform::windows::ScopedBstr(parameters_.Get(name).template As<std::wstring>()).detach();
-    });
-  }
-  HRESULT GetProperty(std::wstring_view name, DATE* value) noexcept {
-    return this->Fill(value, [&] { return parameters_.Get(name).template As<platform::Date>().days; });
-  }
-  HRESULT GetProperty(std::wstring_view name, VARIANT_BOOL* value) noexcept {
-    return this->Fill(value, [&] { return parameters_.Get(name).template As<bool>() ? VARIANT_TRUE : VARIANT_FALSE; });
-  }
-  HRESULT LetProperty(std::wstring_view name, BSTR value) noexcept {
-    return this->Run([&] { parameters_.Let(name, platform::windows::ToWide(value)); });
-  }
-  HRESULT LetProperty(std::wstring_view name, DATE value) noexcept {
-    return this->Run([&] { parameters_.Let(name, platform::Date{value}); });
-  }
-  HRESULT LetProperty(std::wstring_view name, VARIANT_BOOL value) noexcept {
-    return this->Run([&] { parameters_.Let(name, value != VARIANT_FALSE); });
-  }
-
- private:
-  frame::ParameterObject parameters_;
+  ParameterMembers members_;
 };
 
 }  // namespace kodra::com

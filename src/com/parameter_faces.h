@@ -7,9 +7,9 @@
 namespace kodra::com {
 
 // A get/let pair of the dual interface. TYPE is the property's automation type.
-#define KODRA_PROPERTY(NAME, TYPE)                                                                 \
-  STDMETHODIMP get_##NAME(TYPE* value) noexcept override { return GetProperty(L## #NAME, value); } \
-  STDMETHODIMP put_##NAME(TYPE value) noexcept override { return LetProperty(L## #NAME, value); }
+#define KODRA_PROPERTY(NAME, TYPE)                                                                  \
+  STDMETHODIMP get_##NAME(TYPE* value) noexcept override { return members_.Get(L## #NAME, value); } \
+  STDMETHODIMP put_##NAME(TYPE value) noexcept override { return members_.Let(L## #NAME, value); }
 
 class CEstatSerieRptObjFace final : public ParameterFace<::CEstatSerieRptObj, ICEstatSerieRptObj> {
  public:

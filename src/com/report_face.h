@@ -1,22 +1,31 @@
 // The COM face of a report class: its connection string, and methods that take a parameter object and give a recordset.
 #pragma once
 
+#include <memory>
+
 #include "com/dual_object.h"
-#include "com/parameter_face.h"
 #include "frame/report_class.h"
-#include "platform/windows/ado_objects.h"
-#include "platform/windows/automation_object.h"
 
 namespace kodra::com {
+
+// The parameter object that a client passed, as a report reads it: one of our own directly, any other through
+// IDispatch, null as null. Keeps the client's object alive.
+std::shared_ptr<platform::AutomationObject> ParametersOf(IDispatch* obj);
+
+// The recordset as the client gets it, with a reference of the client's; null for a report without one.
+IDispatch* HandOver(frame::ReportRows rows) noexcept;
+
+HRESULT GetStringConexao(const frame::ReportClass& report, REFIID iid, BSTR* value) noexcept;
+HRESULT LetStringConexao(frame::ReportClass& report, REFIID iid, BSTR value) noexcept;
 
 template <class Class, class Interface, class Report>
 class ReportFace : public DualObject<Class, Interface> {
  public:
   STDMETHODIMP get_StringConexao(BSTR* value) noexcept override {
-    return this->Fill(value, [&] { return platform::windows::ScopedBstr(report_.StringConexao()).detach(); });
+    return GetStringConexao(report_, __uuidof(Interface), value);
   }
   STDMETHODIMP put_StringConexao(BSTR value) noexcept override {
-    return this->Run([&] { report_.SetStringConexao(platform::windows::ToWide(value)); });
+    return LetStringConexao(report_, __uuidof(Interface), value);
   }
 
  protected:
@@ -26,22 +35,11 @@ class ReportFace : public DualObject<Class, Interface> {
   // releases meanwhile.
   HRESULT Rows(Method method, IDispatch* obj, IDispatch** recordset) noexcept {
     const platform::windows::com_ptr<Interface> self(this);
-    const platform::windows::com_ptr<IDispatch> parameters(obj);
-    return this->Fill(recordset, [&]() -> IDispatch* {
-      if (const auto own = parameters.template as<IParameters>()) return Detach((report_.*method)(&own->Parameters()));
-      return Detach((report_.*method)(platform::windows::WrapDispatch(obj).get()));
-    });
+    return FillAtBoundary(__uuidof(Interface), recordset,
+                          [&] { return HandOver((report_.*method)(ParametersOf(obj).get())); });
   }
 
  private:
-  // The recordset as the client gets it; null for a report without one.
-  static IDispatch* Detach(frame::ReportRows rows) noexcept {
-    if (!rows) return nullptr;
-    IDispatch* result = static_cast<platform::windows::AdoRecordset&>(*rows).Interface();
-    result->AddRef();
-    return result;
-  }
-
   Report report_{ModuleSurroundings()};
 };
 

@@ -1,0 +1,34 @@
+#include "com/parameter_face.h"
+
+#include "platform/windows/variant.h"
+
+namespace kodra::com {
+
+using platform::windows::ScopedBstr;
+using platform::windows::ToWide;
+
+HRESULT ParameterMembers::Get(std::wstring_view name, BSTR* value) noexcept {
+  return FillAtBoundary(iid_, value, [&] { return ScopedBstr(parameters_.Get(name).As<std::wstring>()).detach(); });
+}
+
+HRESULT ParameterMembers::Get(std::wstring_view name, DATE* value) noexcept {
+  return FillAtBoundary(iid_, value, [&] { return parameters_.Get(name).As<platform::Date>().days; });
+}
+
+HRESULT ParameterMembers::Get(std::wstring_view name, VARIANT_BOOL* value) noexcept {
+  return FillAtBoundary(iid_, value, [&] { return parameters_.Get(name).As<bool>() ? VARIANT_TRUE : VARIANT_FALSE; });
+}
+
+HRESULT ParameterMembers::Let(std::wstring_view name, BSTR value) noexcept {
+  return AtBoundary(iid_, [&] { parameters_.Let(name, ToWide(value)); });
+}
+
+HRESULT ParameterMembers::Let(std::wstring_view name, DATE value) noexcept {
+  return AtBoundary(iid_, [&] { parameters_.Let(name, platform::Date{value}); });
+}
+
+HRESULT ParameterMembers::Let(std::wstring_view name, VARIANT_BOOL value) noexcept {
+  return AtBoundary(iid_, [&] { parameters_.Let(name, value != VARIANT_FALSE); });
+}
+
+}  // namespace kodra::com
