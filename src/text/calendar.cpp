@@ -44,7 +44,8 @@ bool IsDay(std::int32_t year, std::int32_t month, std::int32_t day) noexcept {
 }
 
 platform::Date FromCalendar(const Calendar& calendar) {
-  const auto whole = (sys_days{DayOf(calendar.year, calendar.month, calendar.day)} - kDayZero).count();
+  const auto whole =
+      static_cast<double>((sys_days{DayOf(calendar.year, calendar.month, calendar.day)} - kDayZero).count());
   const double time = (calendar.hour * 3600 + calendar.minute * 60 + calendar.second) / double{kSecondsPerDay};
   return {whole < 0 ? whole - time : whole + time};
 }

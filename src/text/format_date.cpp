@@ -1,13 +1,21 @@
+#include <array>
+
 #include "text/dates.h"
 #include "text/upper.h"
 
 namespace kodra::text {
 namespace {
 
+// Appends a number of at most four digits, with zeros before it up to the width.
 void AppendNumber(std::wstring& out, std::int32_t number, std::size_t width) {
-  const std::wstring digits = std::to_wstring(number);
-  if (digits.size() < width) out.append(width - digits.size(), L'0');
-  out += digits;
+  std::array<wchar_t, 4> digits{};
+  std::size_t first = digits.size();
+  do {
+    digits[--first] = static_cast<wchar_t>(L'0' + number % 10);
+    number /= 10;
+  } while (number > 0);
+  while (digits.size() - first < width) digits[--first] = L'0';
+  out.append(digits.data() + first, digits.size() - first);
 }
 
 // The number of times that the pattern's character at `at` follows itself there, in any letter case.
@@ -23,23 +31,13 @@ class Writer {
 
   // Writes the field that `length` times `letter` (in upper case) stands for; false when it stands for none.
   bool WriteField(wchar_t letter, std::size_t length) {
-    const bool afterHour = afterHour_;
-    if (letter == L'Y' && (length == 2 || length == 4)) {
+    if (letter == L'Y') {
+      if (length != 2 && length != 4) return false;
       WriteYear(length);
-    } else if (length > 2) {
-      return false;
-    } else if (letter == L'D') {
-      AppendNumber(out_, calendar_.day, length);
-    } else if (letter == L'M') {
-      AppendNumber(out_, afterHour ? calendar_.minute : calendar_.month, length);
-    } else if (letter == L'H') {
-      AppendNumber(out_, calendar_.hour, length);
-    } else if (letter == L'N') {
-      AppendNumber(out_, calendar_.minute, length);
-    } else if (letter == L'S') {
-      AppendNumber(out_, calendar_.second, length);
     } else {
-      return false;
+      const std::optional<std::int32_t> value = ValueOf(letter);
+      if (!value || length > 2) return false;
+      AppendNumber(out_, *value, length);
     }
     afterHour_ = letter == L'H';
     return true;
@@ -50,6 +48,23 @@ class Writer {
   std::wstring Take() { return std::move(out_); }
 
  private:
+  std::optional<std::int32_t> ValueOf(wchar_t letter) const {
+    switch (letter) {
+      case L'D':
+        return calendar_.day;
+      case L'M':
+        return afterHour_ ? calendar_.minute : calendar_.month;
+      case L'H':
+        return calendar_.hour;
+      case L'N':
+        return calendar_.minute;
+      case L'S':
+        return calendar_.second;
+      default:
+        return std::nullopt;
+    }
+  }
+
   void WriteYear(std::size_t length) {
     // Four letters write the year as it is: automation writes the year 100 with three digits.
     if (length == 2) {

@@ -41,7 +41,7 @@ std::wstring WithComma(std::wstring digits, std::size_t whole) {
 }
 
 std::wstring WithExponent(const Decimal& decimal) {
-  const std::wstring exponent = std::to_wstring(std::abs(decimal.exponent));
+  const std::wstring exponent = NumberToText(std::int32_t{std::abs(decimal.exponent)});
   std::wstring text = WithComma(decimal.digits, 1);
   text += decimal.exponent < 0 ? L"E-" : L"E+";
   if (exponent.size() < 2) text += L'0';
@@ -73,8 +73,12 @@ std::wstring NumberToText(double number) {
   return number < 0 ? L'-' + magnitude : magnitude;
 }
 
-std::wstring NumberToText(std::int32_t number) { return std::to_wstring(number); }
+std::wstring NumberToText(std::int32_t number) { return NumberToText(std::int64_t{number}); }
 
-std::wstring NumberToText(std::int64_t number) { return std::to_wstring(number); }
+std::wstring NumberToText(std::int64_t number) {
+  std::array<char, 20> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+  return {buffer.data(), end};
+}
 
 }  // namespace kodra::text

@@ -1,17 +1,16 @@
 #include "text/upper.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace kodra::text {
 namespace {
 
 // Lower-case characters from first to last, every step-th of them, whose upper-case form lies `offset` away.
 struct LowerRange {
-  std::int32_t first;
-  std::int32_t last;
-  std::int32_t step;
-  std::int32_t offset;
+  wchar_t first;
+  wchar_t last;
+  int step;
+  int offset;
 };
 
 constexpr LowerRange kLowerRanges[] = {
@@ -38,10 +37,10 @@ constexpr LowerRange kLowerRanges[] = {
 
 wchar_t UpperCase(wchar_t character) noexcept {
   if (character < L'a') return character;
-  const auto code = static_cast<std::int32_t>(character);
   for (const LowerRange& range : kLowerRanges) {
-    if (code < range.first) break;
-    if (code <= range.last && (code - range.first) % range.step == 0) return static_cast<wchar_t>(code + range.offset);
+    if (character < range.first) break;
+    if (character <= range.last && (character - range.first) % range.step == 0)
+      return static_cast<wchar_t>(character + range.offset);
   }
   return character;
 }
