@@ -22,7 +22,7 @@ Generator::Generator(Size size)
       containers_(std::max<std::int64_t>(6, modules_ / 24)),
       documentsPerCd_(std::clamp<std::int64_t>(documents_ / 10, 1, 2000)),
       cds_(std::max<std::int64_t>(12, (documents_ + documentsPerCd_ - 1) / documentsPerCd_)) {
-  constexpr std::int64_t kModuleCodes = 26 * 26 * 1000;
+  constexpr std::int64_t kModuleCodes = 26LL * 26 * 1000;
   if (documents_ < 0) throw std::invalid_argument("a quantidade de documentos não pode ser negativa");
   if (modules_ > kModuleCodes) throw std::invalid_argument("documentos demais: faltam números de módulo");
 }

@@ -8,7 +8,7 @@ namespace kodra::support::demo {
 namespace {
 
 // Far below the servers' smallest max_allowed_packet, and long enough that statements cost nothing.
-constexpr std::size_t kLongestStatement = 256 * 1024;
+constexpr std::size_t kLongestStatement = 256UL * 1024;
 
 void AppendQuoted(std::wstring_view text, std::string& out) {
   out += '\'';

@@ -7,7 +7,7 @@ namespace kodra::support::demo {
 void AppendUtf8(std::wstring_view text, std::string& out) {
   const auto continuation = [&out](std::uint32_t bits) { out += static_cast<char>(0x80 | (bits & 0x3f)); };
   for (const wchar_t c : text) {
-    const auto point = static_cast<std::uint32_t>(c);
+    const auto point = static_cast<char32_t>(c);
     if (point < 0x80) {
       out += static_cast<char>(point);
     } else if (point < 0x800) {

@@ -81,6 +81,15 @@ std::wstring_view WithoutQuotes(std::wstring_view text) {
   return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
+// The path for the file system; elsewhere than on Windows the standard library would ask the host's locale for it.
+std::filesystem::path ToPath(const std::wstring& path) {
+#ifdef _WIN32
+  return path;
+#else
+  return std::u32string(path.begin(), path.end());
+#endif
+}
+
 }  // namespace
 
 std::wstring DecodeText(std::string_view bytes) {
@@ -109,7 +118,7 @@ IniFile::IniFile(std::wstring_view text) {
 }
 
 std::optional<IniFile> IniFile::Read(const std::wstring& path) {
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
+  std::ifstream file(ToPath(path), std::ios::binary);
   if (!file) return {};
   const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   if (file.bad()) return {};
