@@ -12,6 +12,9 @@
 namespace kodra::platform::odbc {
 namespace {
 
+// Digits, sign, point and exponent of any number that a double or a 64-bit integer holds, with room to spare.
+constexpr std::size_t kLongestNumber = 400;
+
 std::optional<double> AsNumber(const Value& value) {
   if (value.Is<Empty>()) return 0.0;
   if (value.Is<bool>()) return value.As<bool>() ? -1.0 : 0.0;
@@ -161,21 +164,22 @@ std::int64_t FixedSize(std::int32_t type) {
 }
 
 std::optional<Value> ParseNumber(std::wstring_view text) {
-  std::string ascii;
-  for (wchar_t c : text) {
-    if (c < L' ' || c > L'~') return std::nullopt;
-    ascii.push_back(static_cast<char>(c));
+  char ascii[kLongestNumber];
+  if (text.size() > sizeof ascii) return std::nullopt;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] < L' ' || text[i] > L'~') return std::nullopt;
+    ascii[i] = static_cast<char>(text[i]);
   }
-  const char* const end = ascii.data() + ascii.size();
+  const char* const end = ascii + text.size();
   std::int64_t whole = 0;
-  if (const auto read = std::from_chars(ascii.data(), end, whole); read.ec == std::errc() && read.ptr == end) {
+  if (const auto read = std::from_chars(ascii, end, whole); read.ec == std::errc() && read.ptr == end) {
     if (whole >= std::numeric_limits<std::int32_t>::min() && whole <= std::numeric_limits<std::int32_t>::max()) {
       return Value(static_cast<std::int32_t>(whole));
     }
     return Value(whole);
   }
   double number = 0;
-  const auto read = std::from_chars(ascii.data(), end, number);
+  const auto read = std::from_chars(ascii, end, number);
   if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return std::nullopt;
   return Value(number);
 }

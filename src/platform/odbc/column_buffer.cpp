@@ -23,10 +23,9 @@ T Load(const std::byte* bytes) {
   return value;
 }
 
-std::u16string Units(const std::byte* bytes, std::size_t length) {
-  std::u16string units(length / sizeof(char16_t), u'\0');
-  std::memcpy(units.data(), bytes, units.size() * sizeof(char16_t));
-  return units;
+// Cells are an even number of bytes apart in memory from the heap, so their units are aligned.
+std::u16string_view Units(const std::byte* bytes, std::size_t length) {
+  return {reinterpret_cast<const char16_t*>(bytes), length / sizeof(char16_t)};
 }
 
 std::wstring Hexadecimal(const std::byte* bytes, std::size_t length) {

@@ -124,7 +124,7 @@ std::wstring Session::CurrentDatabase() {
   SQLWCHAR name[512] = {};
   SQLINTEGER bytes = 0;
   if (!SQL_SUCCEEDED(SQLGetConnectAttrW(handle_, SQL_ATTR_CURRENT_CATALOG, name, sizeof name, &bytes))) return {};
-  const std::size_t given = static_cast<std::size_t>(std::max(bytes, 0)) / sizeof(SQLWCHAR);
+  const std::size_t given = static_cast<std::size_t>(std::max<SQLINTEGER>(bytes, 0)) / sizeof(SQLWCHAR);
   return FromWide(name, std::min(given, std::size(name) - 1));
 }
 

@@ -23,17 +23,21 @@ void AppendAsUtf16(char32_t point, Text& out) {
   out.push_back(static_cast<Unit>(0xDC00 + (point & 0x3FF)));
 }
 
+// Replaces what the text held.
 template <class Text>
-void AppendAsUtf32(std::u16string_view text, Text& out) {
+void WriteAsUtf32(std::u16string_view text, Text& out) {
   using Unit = typename Text::value_type;
+  out.resize(text.size());
+  std::size_t filled = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t point = text[i];
     if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
       point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (text[i + 1] - 0xDC00U);
       ++i;
     }
-    out.push_back(static_cast<Unit>(point));
+    out[filled++] = static_cast<Unit>(point);
   }
+  out.resize(filled);
 }
 
 }  // namespace
@@ -54,8 +58,7 @@ std::wstring FromUtf16(std::u16string_view text) {
     return {text.begin(), text.end()};
   } else {
     std::wstring out;
-    out.reserve(text.size());
-    AppendAsUtf32(text, out);
+    WriteAsUtf32(text, out);
     return out;
   }
 }
@@ -69,8 +72,7 @@ std::u16string Utf16FromUtf32(std::u32string_view text) {
 
 std::u32string Utf32FromUtf16(std::u16string_view text) {
   std::u32string out;
-  out.reserve(text.size());
-  AppendAsUtf32(text, out);
+  WriteAsUtf32(text, out);
   return out;
 }
 
