@@ -1,0 +1,263 @@
+// kodra_siblings.dll as a late-bound client sees it: registered by regsvr32, reached by ProgID.
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "wine/automation.h"
+#include "wine/environment.h"
+
+namespace kodra::support {
+namespace {
+
+using face::Call;
+using face::Create;
+using face::Failure;
+using face::Get;
+using face::Got;
+using face::OwnFile;
+using face::Put;
+using face::Ref;
+using face::Var;
+
+constexpr wchar_t kStrCon[] = L"KodraConexao.StrCon";
+constexpr wchar_t kObtedor[] = L"KodraParamSist.Obtedor";
+
+std::wstring DllPath() { return face::WindowsPath(face::Variable(L"KODRA_BIN")) + L"\\kodra_siblings.dll"; }
+
+Ref<IDispatch> Part(const Ref<IDispatch>& whole, const std::wstring& member) {
+  return Got(Get(whole, member)).object();
+}
+
+std::optional<std::wstring> TextOf(const Ref<IDispatch>& object, const std::wstring& member) {
+  return Got(Get(object, member)).text();
+}
+
+// An entry point of the DLL that takes nothing.
+HRESULT RunEntryPoint(HMODULE module, const char* entryPoint) {
+  const FARPROC found = GetProcAddress(module, entryPoint);
+  if (found == nullptr) return E_FAIL;
+  return reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(found))();
+}
+
+// The installation's names from a settings file.
+Ref<IDispatch> ParametersOf(const OwnFile& file, const char* contents) {
+  std::ofstream(std::filesystem::path(file.windowsPath()), std::ios::binary) << contents;
+  const auto obtedor = Create(kObtedor);
+  EXPECT_EQ(Put(obtedor, L"ArquivoIni", file.windowsPath()).hr, S_OK);
+  return Got(Call(obtedor, L"Obtem")).object();
+}
+
+TEST(Siblings, GiveTheDatabaseCodeToALateBoundClient) {
+  const auto sibling = Create(kStrCon);
+  ASSERT_TRUE(sibling);
+  EXPECT_EQ(Put(sibling, L"StrCon", L"Driver={SQLite3};Database=/dados/arquivo.db").hr, S_OK);
+  EXPECT_EQ(Got(Get(sibling, L"TipoBanco")).type(), VT_I4);
+  EXPECT_EQ(Got(Get(sibling, L"TipoBanco")).number(), 7);
+  EXPECT_EQ(Put(sibling, L"strcon", L"Provider=MSDAORA;Data Source=arq").hr, S_OK);
+  EXPECT_EQ(Got(Get(sibling, L"TIPOBANCO")).number(), 1);
+  EXPECT_EQ(TextOf(sibling, L"StrCon"), L"Provider=MSDAORA;Data Source=arq");
+}
+
+TEST(Siblings, GiveTheParametersOfAFileAsObjectsWithinAnObject) {
+  const OwnFile file(L"parâmetros.ini");
+  const auto parameters = ParametersOf(file, "[Nomes]\r\nSerie=Dossi\xea\r\n[Senha]\r\nMax_Dias=60\r\n");
+  ASSERT_TRUE(parameters);
+  EXPECT_EQ(TextOf(Part(parameters, L"Nomes"), L"Serie"), L"Dossiê");
+  EXPECT_EQ(Got(Get(Part(parameters, L"Senha"), L"Max_Dias")).number(), 60);
+  EXPECT_EQ(Got(Get(parameters, L"Usar_Diretorio")).raw().vt, VT_BOOL);
+  EXPECT_EQ(Got(Get(parameters, L"Usar_Diretorio")).raw().boolVal, VARIANT_FALSE);
+}
+
+TEST(Siblings, GiveTheParametersOfADatabase) {
+  const auto obtedor = Create(kObtedor);
+  ASSERT_TRUE(obtedor);
+  EXPECT_EQ(Put(obtedor, L"StringConexao", face::ArchiveConnection()).hr, S_OK);
+  const auto parameters = Got(Call(obtedor, L"Obtem")).object();
+  ASSERT_TRUE(parameters);
+  EXPECT_EQ(TextOf(Part(parameters, L"Nomes"), L"Grupo"), L"Grupo");
+  EXPECT_EQ(TextOf(Part(parameters, L"Nomes"), L"Subgrupo"), L"Subgrupo");
+  EXPECT_EQ(TextOf(Part(parameters, L"Nomes"), L"Serie"), L"Série");
+  EXPECT_EQ(TextOf(Part(parameters, L"Nomes"), L"Serie_Plural"), L"Séries");
+  EXPECT_EQ(Got(Get(Part(parameters, L"Senha"), L"Minutos_Bloqueio")).number(), 15);
+  EXPECT_EQ(Got(Get(Part(parameters, L"Senha"), L"Max_Dias")).number(), 90);
+  EXPECT_EQ(Got(Get(Part(parameters, L"Senha"), L"Verificar_Qualidade")).raw().boolVal, VARIANT_TRUE);
+  EXPECT_EQ(Got(Get(parameters, L"Tamanho_Maximo_Importacao")).number(), 20);
+}
+
+TEST(Siblings, ReportAnErrorWithItsNumberSourceAndDescription) {
+  EXPECT_EQ(Call(Create(kObtedor), L"Obtem").failure,
+            (Failure{0x80040001, L"KodraParamSist.Obtedor::Obtem",
+                     L"É preciso definir \"StringConexao\" ou \"ArquivoIni\"."}));
+}
+
+TEST(Siblings, ReportARuntimeErrorAsAControlError) {
+  EXPECT_EQ(Call(Create(kObtedor), L"Obtem", {1}).failure,
+            (Failure{0x800A01C2, L"KodraRpt",  // 450
+                     L"Número de argumentos incorreto ou atribuição de propriedade inválida"}));
+}
+
+TEST(Siblings, RefuseAMemberThatTheyDoNotHave) {
+  const auto sibling = Create(kStrCon);
+  EXPECT_EQ(Get(sibling, L"Inexistente").hr, DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(Put(sibling, L"Inexistente", 1).hr, DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(Call(sibling, L"Inexistente").hr, DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(Put(sibling, L"TipoBanco", 1).hr, DISP_E_MEMBERNOTFOUND);
+}
+
+TEST(Siblings, RefuseAnIdThatTheyHaveNotGivenOut) {
+  const auto sibling = Create(kStrCon);
+  DISPPARAMS none = {};
+  for (const DISPID id : {0, 1, -1}) {
+    EXPECT_EQ(
+        sibling->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
+        DISP_E_MEMBERNOTFOUND)
+        << id;
+  }
+}
+
+TEST(Siblings, GiveANameTheSameIdInAnyLetterCase) {
+  const auto sibling = Create(kStrCon);
+  const DISPID id = face::IdOf(sibling.get(), L"TipoBanco");
+  EXPECT_NE(id, DISPID_UNKNOWN);
+  EXPECT_EQ(face::IdOf(sibling.get(), L"TIPOBANCO"), id);
+  EXPECT_NE(face::IdOf(sibling.get(), L"StrCon"), id);
+}
+
+TEST(Siblings, HaveNoTypeInformation) {
+  const auto sibling = Create(kStrCon);
+  UINT count = 7;
+  EXPECT_EQ(sibling->GetTypeInfoCount(&count), S_OK);
+  EXPECT_EQ(count, 0U);
+  ITypeInfo* info = nullptr;
+  EXPECT_EQ(sibling->GetTypeInfo(0, LOCALE_USER_DEFAULT, &info), DISP_E_BADINDEX);
+}
+
+TEST(Siblings, AreOneObjectByEveryInterface) {
+  const auto sibling = Create(kStrCon);
+  EXPECT_EQ(sibling.As<IUnknown>().As<IDispatch>().get(), sibling.get());
+  EXPECT_FALSE(sibling.As<IClassFactory>());
+}
+
+TEST(Siblings, CannotBeAggregated) {
+  const auto outer = Create(kStrCon);
+  CLSID id;
+  ASSERT_EQ(CLSIDFromProgID(kStrCon, &id), S_OK);
+  Ref<IUnknown> inner;
+  EXPECT_EQ(CoCreateInstance(id, outer.get(), CLSCTX_INPROC_SERVER, IID_IUnknown, inner.put_void()),
+            CLASS_E_NOAGGREGATION);
+}
+
+class SiblingsModule : public testing::Test {
+ protected:
+  // Held once more than COM holds it, so that its entry points stay callable.
+  void SetUp() override { ASSERT_NE(module_ = LoadLibraryW(DllPath().c_str()), nullptr); }
+  void TearDown() override { FreeLibrary(module_); }
+
+  HRESULT CanUnloadNow() const { return RunEntryPoint(module_, "DllCanUnloadNow"); }
+
+  HMODULE module_ = nullptr;
+};
+
+TEST_F(SiblingsModule, FreesAnObjectWithItsLastReferenceAndMayThenBeUnloaded) {
+  auto sibling = Create(kStrCon);
+  ASSERT_TRUE(sibling);
+  EXPECT_EQ(CanUnloadNow(), S_FALSE);
+  EXPECT_EQ(sibling->AddRef(), 2U);
+  EXPECT_EQ(sibling->Release(), 1U);
+  EXPECT_EQ(sibling.Release(), 0U);
+  EXPECT_EQ(CanUnloadNow(), S_OK);
+}
+
+TEST_F(SiblingsModule, StaysLoadedWhileAPartOfAResultIsHeld) {
+  const OwnFile file(L"partes.ini");
+  auto names = Part(ParametersOf(file, "[Nomes]\r\nGrupo=Fundo\r\n"), L"Nomes");
+  EXPECT_EQ(CanUnloadNow(), S_FALSE);
+  EXPECT_EQ(TextOf(names, L"Grupo"), L"Fundo");
+  EXPECT_EQ(names.Release(), 0U);
+  EXPECT_EQ(CanUnloadNow(), S_OK);
+}
+
+TEST_F(SiblingsModule, StaysLoadedWhileItIsLocked) {
+  CLSID id;
+  ASSERT_EQ(CLSIDFromProgID(kStrCon, &id), S_OK);
+  Ref<IClassFactory> factory;
+  ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
+  EXPECT_EQ(factory->LockServer(TRUE), S_OK);
+  factory = {};
+  EXPECT_EQ(CanUnloadNow(), S_FALSE);
+  ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
+  EXPECT_EQ(factory->LockServer(FALSE), S_OK);
+  factory = {};
+  EXPECT_EQ(CanUnloadNow(), S_OK);
+}
+
+TEST_F(SiblingsModule, RefusesAClassThatItDoesNotHave) {
+  using GetClass = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
+  const FARPROC found = GetProcAddress(module_, "DllGetClassObject");
+  ASSERT_NE(found, nullptr);
+  const auto getClass = reinterpret_cast<GetClass>(reinterpret_cast<void*>(found));
+  Ref<IClassFactory> factory;
+  EXPECT_EQ(getClass(IID_IDispatch, IID_IClassFactory, factory.put_void()), CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_FALSE(factory);
+}
+
+// Registers into a key that stands in for HKEY_LOCAL_MACHINE meanwhile.
+class SiblingsRegistration : public SiblingsModule {
+ protected:
+  void SetUp() override {
+    SiblingsModule::SetUp();
+    RegDeleteTreeW(HKEY_CURRENT_USER, kStandIn);
+    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, kStandIn, &standIn_), ERROR_SUCCESS);
+    ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, standIn_), ERROR_SUCCESS);
+  }
+  void TearDown() override {
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    RegCloseKey(standIn_);
+    RegDeleteTreeW(HKEY_CURRENT_USER, kStandIn);
+    SiblingsModule::TearDown();
+  }
+
+  std::wstring Registered(const std::wstring& key, const wchar_t* name = nullptr) const {
+    wchar_t text[MAX_PATH] = L"";
+    DWORD bytes = sizeof text;
+    const std::wstring path = L"Software\\Classes\\" + key;
+    const LSTATUS status = RegGetValueW(standIn_, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &bytes);
+    return status == ERROR_SUCCESS ? text : L"(none)";
+  }
+  std::set<std::wstring> KeysBelow(const wchar_t* path) const {
+    std::set<std::wstring> names;
+    HKEY key = nullptr;
+    if (RegOpenKeyW(standIn_, path, &key) != ERROR_SUCCESS) return names;
+    wchar_t name[256];
+    for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == ERROR_SUCCESS; ++i) names.insert(name);
+    RegCloseKey(key);
+    return names;
+  }
+
+  static constexpr wchar_t kStandIn[] = L"Software\\KodraTesteSiblings";
+  HKEY standIn_ = nullptr;
+};
+
+TEST_F(SiblingsRegistration, WritesItsClassesAndLeavesNoneOfThem) {
+  const std::wstring strCon = L"{5C253F7F-52F9-4989-8450-73613DAC1B79}";
+  const std::wstring obtedor = L"{31593D28-2616-41F4-8197-AF8F46B92C11}";
+  ASSERT_EQ(RunEntryPoint(module_, "DllRegisterServer"), S_OK);
+  EXPECT_EQ(KeysBelow(L"Software\\Classes"), (std::set<std::wstring>{L"CLSID", kStrCon, kObtedor}));
+  EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), (std::set<std::wstring>{strCon, obtedor}));
+  EXPECT_EQ(Registered(L"KodraConexao.StrCon\\CLSID"), strCon);
+  EXPECT_EQ(Registered(L"KodraParamSist.Obtedor\\CLSID"), obtedor);
+  EXPECT_EQ(Registered(L"CLSID\\" + strCon + L"\\ProgID"), kStrCon);
+  EXPECT_EQ(Registered(L"CLSID\\" + strCon + L"\\InprocServer32"), DllPath());
+  EXPECT_EQ(Registered(L"CLSID\\" + strCon + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
+  ASSERT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
+  EXPECT_EQ(KeysBelow(L"Software\\Classes"), std::set<std::wstring>{L"CLSID"});
+  EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), std::set<std::wstring>{});
+}
+
+TEST_F(SiblingsRegistration, MayBeTakenAwayTwice) {
+  EXPECT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
+  EXPECT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
+}
+
+}  // namespace
+}  // namespace kodra::support
