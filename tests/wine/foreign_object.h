@@ -1,0 +1,74 @@
+// A parameter object that is none of the component's: a client's own class that answers by member name.
+#pragma once
+
+#include <cwchar>
+#include <functional>
+
+#include "automation.h"
+
+namespace kodra::face {
+
+// Has one readable property; what a reading gives is the test's business.
+class ForeignObject final : public IDispatch {
+ public:
+  // Fills the result or the EXCEPINFO and gives the call's HRESULT.
+  using Answer = std::function<HRESULT(VARIANT* result, EXCEPINFO* info)>;
+
+  static Ref<IDispatch> With(std::wstring property, Answer answer) {
+    return Ref<IDispatch>::Owning(new ForeignObject(std::move(property), std::move(answer)));
+  }
+  static Ref<IDispatch> With(std::wstring property, const Var& value) {
+    return With(std::move(property), [value](VARIANT* result, EXCEPINFO*) {
+      return VariantCopy(result, const_cast<VARIANT*>(&value.raw()));
+    });
+  }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
+    if (*object == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    *count = 0;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    *ids = _wcsicmp(names[0], property_.c_str()) == 0 ? kProperty : DISPID_UNKNOWN;
+    return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS*, VARIANT* result, EXCEPINFO* info,
+                      UINT*) override {
+    if (id != kProperty || (kind & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;
+    return answer_(result, info);
+  }
+
+ private:
+  static constexpr DISPID kProperty = 7;
+
+  ForeignObject(std::wstring property, Answer answer) : property_(std::move(property)), answer_(std::move(answer)) {}
+  ~ForeignObject() = default;
+
+  std::wstring property_;
+  Answer answer_;
+  ULONG references_ = 1;
+};
+
+// An answer that raises.
+inline ForeignObject::Answer Raising(HRESULT number, const wchar_t* source, const wchar_t* description) {
+  return [=](VARIANT*, EXCEPINFO* info) {
+    info->scode = number;
+    info->bstrSource = SysAllocString(source);
+    info->bstrDescription = SysAllocString(description);
+    return DISP_E_EXCEPTION;
+  };
+}
+
+}  // namespace kodra::face

@@ -1,0 +1,54 @@
+// KodraRpt.dll by its entry points, without the registry.
+#pragma once
+
+#include "automation.h"
+#include "environment.h"
+
+namespace kodra::face {
+
+// A loaded copy of the DLL; unloaded with this object.
+class Server {
+ public:
+  explicit Server(const std::wstring& path = DllPath()) : module_(LoadLibraryW(path.c_str())) {
+    EXPECT_NE(nullptr, module_) << GetLastError();
+  }
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+  ~Server() { FreeLibrary(module_); }
+
+  HRESULT CanUnloadNow() const { return Entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
+  HRESULT Register() const { return Entry<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
+  HRESULT Unregister() const { return Entry<HRESULT(WINAPI*)()>("DllUnregisterServer")(); }
+  HRESULT GetClassObject(REFCLSID id, REFIID iid, void** object) const {
+    return Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(id, iid, object);
+  }
+  Ref<IClassFactory> Factory(REFCLSID id) const {
+    Ref<IClassFactory> factory;
+    EXPECT_EQ(S_OK, GetClassObject(id, IID_IClassFactory, factory.put_void()));
+    return factory;
+  }
+  template <class Interface>
+  Ref<Interface> Create(REFCLSID id) const {
+    Ref<Interface> object;
+    EXPECT_EQ(S_OK, Factory(id)->CreateInstance(nullptr, __uuidof(Interface), object.put_void()));
+    return object;
+  }
+
+ private:
+  template <class Function>
+  Function Entry(const char* name) const {
+    const FARPROC entry = GetProcAddress(module_, name);
+    EXPECT_NE(nullptr, entry) << name;
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(entry));
+  }
+
+  HMODULE module_;
+};
+
+inline CLSID ClassId(const std::wstring& text) {
+  CLSID id = {};
+  EXPECT_EQ(S_OK, CLSIDFromString(text.c_str(), &id));
+  return id;
+}
+
+}  // namespace kodra::face
