@@ -8,25 +8,64 @@ Const SAMPLE_ROWS = 5
 Const PAGE_WIDTH = 132
 Const CELL_WIDTH = 28
 
-Dim connection, output, reports, rowTotal, failures
+Dim connection, output, report, parameters, rows, reports, rowTotal, failures
 connection = WScript.Arguments(0)
 Set output = CreateObject("Scripting.FileSystemObject").CreateTextFile(WScript.Arguments(1), True, True)
 reports = 0
 rowTotal = 0
 failures = 0
 
-ShowReport "Mídias", "CCDRpt", "RelatorioMidias", "", ""
-ShowReport "Tipos de mídia", "CTipo_MidiaRpt", "RelatorioTiposMidia", "", ""
-ShowReport "Suportes", "CSuporteRpt", "RelatorioSuportes", "", ""
-ShowReport "Séries", "CSerieRpt", "RelatorioSeries", "", ""
-ShowReport "Depósitos", "CDepositoRpt", "RelatorioDepositos", "", ""
-ShowReport "Termos controlados", "CDicionarioRpt", "RelatorioTermosControlados", "", ""
-ShowReport "Departamentos", "CDeptoRpt", "RelatorioDeptos", "", ""
-ShowReport "Grupos", "CGrupoRpt", "RelatorioGrupos", "", ""
-ShowReport "Modelos", "CModeloRpt", "RelatorioModelos", "", ""
-ShowReport "Tipos de módulo", "CTipo_CaixaRpt", "RelatorioTiposModulo", "", ""
-ShowReport "Grupos de operadores", "CGrupoOperadorRpt", "RelatorioGruposOperadores", "", ""
-ShowReport "Subgrupos", "CSubgrupoRpt", "RelatorioSubgrupos", "", ""
+' Each report: its objects, the call, and what came of it.
+On Error Resume Next
+Prepare "Mídias", "CCDRpt"
+Set rows = report.RelatorioMidias(parameters)
+Show
+
+Prepare "Tipos de mídia", "CTipo_MidiaRpt"
+Set rows = report.RelatorioTiposMidia(parameters)
+Show
+
+Prepare "Suportes", "CSuporteRpt"
+Set rows = report.RelatorioSuportes(parameters)
+Show
+
+Prepare "Séries", "CSerieRpt"
+Set rows = report.RelatorioSeries(parameters)
+Show
+
+Prepare "Depósitos", "CDepositoRpt"
+Set rows = report.RelatorioDepositos(parameters)
+Show
+
+Prepare "Termos controlados", "CDicionarioRpt"
+Set rows = report.RelatorioTermosControlados(parameters)
+Show
+
+Prepare "Departamentos", "CDeptoRpt"
+Set rows = report.RelatorioDeptos(parameters)
+Show
+
+Prepare "Grupos", "CGrupoRpt"
+Set rows = report.RelatorioGrupos(parameters)
+Show
+
+Prepare "Modelos", "CModeloRpt"
+Set rows = report.RelatorioModelos(parameters)
+Show
+
+Prepare "Tipos de módulo", "CTipo_CaixaRpt"
+Set rows = report.RelatorioTiposModulo(parameters)
+Show
+
+Prepare "Grupos de operadores", "CGrupoOperadorRpt"
+Set rows = report.RelatorioGruposOperadores(parameters)
+Show
+
+Prepare "Subgrupos", "CSubgrupoRpt"
+Set rows = report.RelatorioSubgrupos(parameters)
+Show
+
+On Error Goto 0
 ShowFailure
 Line reports & " relatórios, " & rowTotal & " linhas, " & failures & " falhas inesperadas."
 output.Close
@@ -36,28 +75,29 @@ Sub Line(text)
   output.Write text & vbCrLf
 End Sub
 
-' Calls one report and prints its rows; a filter is a property of the parameter object and its value.
-Sub ShowReport(title, className, method, filter, value)
-  Dim report, parameters, rows
+' Makes the report object and its parameter object.
+Sub Prepare(title, className)
   reports = reports + 1
-  Line "== " & title & " (" & className & "." & method & ")"
+  Line "== " & title & " (KodraRpt." & className & ")"
   Set report = CreateObject("KodraRpt." & className)
   Set parameters = CreateObject("KodraRpt." & className & "Obj")
   report.StringConexao = connection
   parameters.Owner = "Arquivo Geral"
-  On Error Resume Next
-  Set rows = Eval("report." & method & "(parameters)")
-  If Err.Number <> 0 Then
+End Sub
+
+' Prints the rows that the call gave, or the error that it raised.
+Sub Show()
+  If Err.Number = 0 Then
+    PrintRows rows
+  Else
     failures = failures + 1
     Line "   falhou: " & Err.Description
-    Exit Sub
+    Err.Clear
   End If
-  On Error Goto 0
-  PrintRows rows
 End Sub
 
 Sub PrintRows(rows)
-  Dim cells(), names, count, i
+  Dim cells, names, count, i
   names = FieldNames(rows)
   ReDim cells(SAMPLE_ROWS, UBound(names))
   For i = 0 To UBound(names)
@@ -75,13 +115,18 @@ Sub PrintRows(rows)
   Loop
   rows.Close
   rowTotal = rowTotal + count
-  Line "   " & (UBound(names) + 1) & " colunas, " & count & " linhas"
+  Line "   " & Counted(UBound(names) + 1, "coluna") & ", " & Counted(count, "linha")
   If count > SAMPLE_ROWS Then PrintTable cells, SAMPLE_ROWS Else PrintTable cells, count
   Line ""
 End Sub
 
+Function Counted(count, noun)
+  Counted = count & " " & noun
+  If count <> 1 Then Counted = Counted & "s"
+End Function
+
 Function FieldNames(rows)
-  Dim names(), i
+  Dim names, i
   ReDim names(rows.Fields.Count - 1)
   For i = 0 To UBound(names)
     names(i) = rows.Fields(i).Name
@@ -97,12 +142,12 @@ Function CellText(value)
   Else
     CellText = Replace(Replace(CStr(value), vbCr, " "), vbLf, " ")
   End If
-  If Len(CellText) > CELL_WIDTH Then CellText = Left(CellText, CELL_WIDTH - 1) & ChrW(8230)
+  If Len(CellText) > CELL_WIDTH Then CellText = Left(CellText, CELL_WIDTH - 1) & "…"
 End Function
 
 ' Prints a row a line; a table wider than the page is turned on its side, a column a line.
 Sub PrintTable(cells, count)
-  Dim r, c, turned()
+  Dim r, c, turned
   If TableWidth(cells, count, UBound(cells, 2)) <= PAGE_WIDTH Then
     PrintLines cells, count, UBound(cells, 2)
     Exit Sub
@@ -145,7 +190,6 @@ End Sub
 
 ' The error that a client gets when it forgets the connection string.
 Sub ShowFailure()
-  Dim report, parameters, rows
   Line "== Uma chamada sem StringConexao (CDeptoRpt.RelatorioDeptos)"
   Set report = CreateObject("KodraRpt.CDeptoRpt")
   Set parameters = CreateObject("KodraRpt.CDeptoRptObj")
