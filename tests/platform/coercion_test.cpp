@@ -1,0 +1,115 @@
+#include "platform/odbc/coercion.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "platform/odbc/types.h"
+
+namespace kodra::platform::odbc {
+namespace {
+
+using Held = std::optional<Value>;
+
+TEST(Coercion, TextFitsUpToItsSizeAndNotOneCharacterMore) {
+  EXPECT_EQ(Coerce(L"ação", ad::kVarChar, 4), Held(L"ação"));
+  EXPECT_EQ(Coerce(L"ações", ad::kVarChar, 4), std::nullopt);
+}
+
+TEST(Coercion, SizeZeroIsUnlimited) {
+  EXPECT_EQ(Coerce(std::wstring(5000, L'x'), ad::kLongVarWChar, 0), Held(std::wstring(5000, L'x')));
+}
+
+TEST(Coercion, NumbersDatesAndBooleansBecomeText) {
+  EXPECT_EQ(Coerce(42, ad::kVarChar, 10), Held(L"42"));
+  EXPECT_EQ(Coerce(std::int64_t{9000000000}, ad::kVarChar, 10), Held(L"9000000000"));
+  EXPECT_EQ(Coerce(1.5, ad::kVarChar, 10), Held(L"1.5"));
+  EXPECT_EQ(Coerce(true, ad::kVarChar, 10), Held(L"True"));
+  EXPECT_EQ(Coerce(Date{43832}, ad::kVarChar, 10), Held(L"2020-01-02"));
+}
+
+TEST(Coercion, TheTextOfANumberTooLongForItsSizeDoesNotFit) {
+  EXPECT_EQ(Coerce(123456, ad::kVarChar, 5), std::nullopt);
+}
+
+TEST(Coercion, EmptyIsTheZeroOfEachType) {
+  EXPECT_EQ(Coerce(Empty{}, ad::kVarChar, 5), Held(L""));
+  EXPECT_EQ(Coerce(Empty{}, ad::kInteger, 0), Held(0));
+  EXPECT_EQ(Coerce(Empty{}, ad::kDouble, 0), Held(0.0));
+  EXPECT_EQ(Coerce(Empty{}, ad::kBoolean, 0), Held(false));
+  EXPECT_EQ(Coerce(Empty{}, ad::kDBDate, 0), Held(Date{0}));
+}
+
+TEST(Coercion, NullStaysNull) { EXPECT_EQ(Coerce(Null{}, ad::kInteger, 0), Held(Null{})); }
+
+TEST(Coercion, AnObjectFitsNoType) {
+  EXPECT_EQ(Coerce(ObjectRef(), ad::kVarChar, 5), std::nullopt);
+  EXPECT_EQ(Coerce(ObjectRef(), ad::kInteger, 0), std::nullopt);
+}
+
+TEST(Coercion, IntegersAreKeptWithinTheirType) {
+  EXPECT_EQ(Coerce(std::int64_t{2147483647}, ad::kInteger, 0), Held(2147483647));
+  EXPECT_EQ(Coerce(std::int64_t{2147483648}, ad::kInteger, 0), std::nullopt);
+  EXPECT_EQ(Coerce(32768, ad::kSmallInt, 0), std::nullopt);
+  EXPECT_EQ(Coerce(-1, ad::kUnsignedTinyInt, 0), std::nullopt);
+  EXPECT_EQ(Coerce(255, ad::kUnsignedTinyInt, 0), Held(255));
+  EXPECT_EQ(Coerce(7, ad::kBigInt, 0), Held(std::int64_t{7}));
+  EXPECT_EQ(Coerce(1e300, ad::kBigInt, 0), std::nullopt);
+  EXPECT_EQ(Coerce(std::numeric_limits<double>::quiet_NaN(), ad::kInteger, 0), std::nullopt);
+}
+
+TEST(Coercion, AFractionBecomesTheNearestEvenInteger) {
+  EXPECT_EQ(Coerce(2.5, ad::kInteger, 0), Held(2));
+  EXPECT_EQ(Coerce(3.5, ad::kInteger, 0), Held(4));
+}
+
+TEST(Coercion, TextBecomesANumberOnlyWhenAllOfItIsOne) {
+  EXPECT_EQ(Coerce(L"42", ad::kInteger, 0), Held(42));
+  EXPECT_EQ(Coerce(L"4.25", ad::kDouble, 0), Held(4.25));
+  EXPECT_EQ(Coerce(L"42x", ad::kInteger, 0), std::nullopt);
+  EXPECT_EQ(Coerce(L"", ad::kInteger, 0), std::nullopt);
+  EXPECT_EQ(Coerce(L"quarenta", ad::kDouble, 0), std::nullopt);
+}
+
+TEST(Coercion, BooleansComeFromNumbersAndTheirOwnNames) {
+  EXPECT_EQ(Coerce(L"true", ad::kBoolean, 0), Held(true));
+  EXPECT_EQ(Coerce(L"FALSE", ad::kBoolean, 0), Held(false));
+  EXPECT_EQ(Coerce(2, ad::kBoolean, 0), Held(true));
+  EXPECT_EQ(Coerce(0, ad::kBoolean, 0), Held(false));
+  EXPECT_EQ(Coerce(L"sim", ad::kBoolean, 0), std::nullopt);
+}
+
+TEST(Coercion, TrueIsMinusOneAsANumber) { EXPECT_EQ(Coerce(true, ad::kInteger, 0), Held(-1)); }
+
+TEST(Coercion, ADbDateDropsTheTimeOfDayAndADbTimeTheDay) {
+  EXPECT_EQ(Coerce(Date{43832.25}, ad::kDBDate, 0), Held(Date{43832}));
+  EXPECT_EQ(Coerce(Date{43832.25}, ad::kDBTime, 0), Held(Date{0.25}));
+  EXPECT_EQ(Coerce(Date{43832.25}, ad::kDBTimeStamp, 0), Held(Date{43832.25}));
+}
+
+TEST(Coercion, TextBecomesADateFromTheIsoFormOnly) {
+  EXPECT_EQ(Coerce(L"2020-01-02", ad::kDBTimeStamp, 0), Held(Date{43832}));
+  EXPECT_EQ(Coerce(L"02/01/2020", ad::kDBTimeStamp, 0), std::nullopt);
+}
+
+TEST(Coercion, ASingleIsRoundedToItsPrecisionAndRange) {
+  EXPECT_EQ(Coerce(0.1, ad::kSingle, 0), Held(static_cast<double>(0.1F)));
+  EXPECT_EQ(Coerce(1e300, ad::kSingle, 0), std::nullopt);
+}
+
+TEST(Coercion, NumbersReadFromTextTakeTheNarrowestType) {
+  EXPECT_EQ(ParseNumber(L"-5"), Held(-5));
+  EXPECT_EQ(ParseNumber(L"2147483648"), Held(std::int64_t{2147483648}));
+  EXPECT_EQ(ParseNumber(L"18446744073709551615"), Held(18446744073709551615.0));
+  EXPECT_EQ(ParseNumber(L"1e3"), Held(1000.0));
+}
+
+TEST(Coercion, WhatOnlyLooksLikeANumberIsNone) {
+  for (const wchar_t* text : {L"", L" 5", L"5 ", L"+5", L"inf", L"nan", L"0x10", L"٣", L"1e999", L"1,5"}) {
+    EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(ParseNumber(std::wstring(1000, L'9')), std::nullopt);
+}
+
+}  // namespace
+}  // namespace kodra::platform::odbc
