@@ -32,6 +32,8 @@ class Journal {
   std::string Calls() const;
   // Starts a new journal: no lines, calls and names counted from 1, no failure to come. Live fakes stay counted.
   void Forget();
+  // How many calls the lines hold.
+  int CallCount() const { return calls_; }
   // How many fakes are alive.
   int LiveObjects() const { return live_; }
 
