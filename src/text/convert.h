@@ -25,8 +25,8 @@ std::int32_t ToInt32(const platform::Value& value);
 // Raises RuntimeError::kOverflow outside the years 100 to 9999 and RuntimeError::kTypeMismatch for any other text.
 platform::Date ToDate(const platform::Value& value);
 
-// A Boolean: a number or a date is true unless zero, Empty is false, text is "Verdadeiro", "True", "Falso" or "False" in
-// any letter case, or else a Brazilian number. Raises RuntimeError::kTypeMismatch for any other text.
+// A Boolean: a number or a date is true unless zero, Empty is false, text is "Verdadeiro", "True", "Falso" or "False"
+// in any letter case, or else a Brazilian number. Raises RuntimeError::kTypeMismatch for any other text.
 bool ToBool(const platform::Value& value);
 
 }  // namespace kodra::text

@@ -9,6 +9,8 @@ namespace {
 
 constexpr int kSignificantDigits = 15;
 constexpr int kMostDecimals = 15;
+// The first whole number that needs more digits than are significant.
+constexpr double kFirstWithExponent = 1e15;
 
 // A finite number's magnitude as significant digits without trailing zeros; the first has the value digit *
 // 10^exponent.
@@ -55,6 +57,9 @@ bool NeedsExponent(const Decimal& decimal) {
 }
 
 std::wstring Magnitude(double magnitude) {
+  if (magnitude < kFirstWithExponent && magnitude == std::trunc(magnitude)) {
+    return NumberToText(static_cast<std::int64_t>(magnitude));
+  }
   Decimal decimal = ToDecimal(magnitude);
   if (NeedsExponent(decimal)) return WithExponent(decimal);
   if (decimal.exponent < 0)

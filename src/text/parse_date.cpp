@@ -222,6 +222,8 @@ class Reader {
 
   // Moves past the word (given in upper case) when it stands here whole.
   bool ReadWord(std::wstring_view word) {
+    // Most texts that reach the names are SQL expressions: one look at their first character turns them down.
+    if (UpperCase(Current()) != word.front()) return false;
     const std::wstring_view here = text_.substr(at_, word.size());
     const std::size_t end = at_ + word.size();
     if (!EqualIgnoringCase(here, word) || (end < text_.size() && IsLetter(text_[end]))) return false;

@@ -111,11 +111,13 @@ std::uint32_t TakeBasePrefix(Scanner& scanner) {
   return 0;
 }
 
+constexpr std::wstring_view kPassedOver = L" \t\r\n";
+
 std::wstring WithoutBlanks(std::wstring_view text) {
   std::wstring kept;
   kept.reserve(text.size());
   for (const wchar_t c : text) {
-    if (c != L' ' && c != L'\t' && c != L'\n' && c != L'\r') kept += c;
+    if (kPassedOver.find(c) == kPassedOver.npos) kept += c;
   }
   return kept;
 }
@@ -148,8 +150,9 @@ std::optional<double> TakeBrazilianMagnitude(Scanner& scanner) {
 }  // namespace
 
 double LeadingNumber(std::wstring_view text) {
-  const std::wstring packed = WithoutBlanks(text);
-  Scanner scanner(packed);
+  std::wstring packed;
+  if (text.find_first_of(kPassedOver) != text.npos) text = packed = WithoutBlanks(text);
+  Scanner scanner(text);
   if (const std::uint32_t base = TakeBasePrefix(scanner); base != 0) {
     const std::uint32_t bits = scanner.TakeBits(base).value_or(0);
     return SignedValue(bits, scanner.Current() == L'&');

@@ -5,7 +5,8 @@
 namespace kodra::text {
 namespace {
 
-// Lower-case characters from first to last, every step-th of them, whose upper-case form lies `offset` away.
+// Lower-case characters beyond ASCII from first to last, every step-th of them, whose upper-case form lies `offset`
+// away.
 struct LowerRange {
   wchar_t first;
   wchar_t last;
@@ -14,7 +15,6 @@ struct LowerRange {
 };
 
 constexpr LowerRange kLowerRanges[] = {
-    {0x0061, 0x007A, 1, -32},  // a–z
     {0x00E0, 0x00F6, 1, -32},  // à–ö
     {0x00F8, 0x00FE, 1, -32},  // ø–þ
     {0x00FF, 0x00FF, 1, 121},  // ÿ
@@ -35,8 +35,7 @@ constexpr LowerRange kLowerRanges[] = {
 
 }  // namespace
 
-wchar_t UpperCase(wchar_t character) noexcept {
-  if (character < L'a') return character;
+wchar_t UpperCaseBeyondAscii(wchar_t character) noexcept {
   for (const LowerRange& range : kLowerRanges) {
     if (character < range.first) break;
     if (character <= range.last && (character - range.first) % range.step == 0)
