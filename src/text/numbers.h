@@ -1,8 +1,7 @@
 // Numbers as the system writes and reads them: decimal comma, the same on every machine.
 //
-// Three ways to read a text, as the automation runtime has them: LeadingNumber never fails on strange text and knows
-// only the decimal point; ParseNumber takes the whole text in the Brazilian form; both take hexadecimal (&H) and octal
-// (&O).
+// A text is read in one of the automation runtime's two ways: LeadingNumber takes any text and knows only the decimal
+// point; ParseNumber takes a whole text in the Brazilian form. Both take hexadecimal (&H) and octal (&O).
 #pragma once
 
 #include <cstdint>

@@ -147,6 +147,58 @@ std::optional<double> TakeBrazilianMagnitude(Scanner& scanner) {
   return ValueOf(numeral);
 }
 
+// What may stand around the digits of a Brazilian number, each once and in any order: a sign or parentheses, the
+// currency.
+class Marks {
+ public:
+  void TakeBefore(Scanner& scanner) {
+    do {
+      scanner.SkipBlanks();
+    } while (TakeSign(scanner) || TakeOpening(scanner) || TakeCurrency(scanner));
+  }
+
+  void TakeAfter(Scanner& scanner) {
+    do {
+      scanner.SkipBlanks();
+    } while (TakeSign(scanner) || TakeClosing(scanner) || TakeCurrency(scanner));
+  }
+
+  bool Negative() const { return negative_; }
+  bool Unclosed() const { return open_; }
+
+ private:
+  bool TakeSign(Scanner& scanner) {
+    if (hasSign_ || (scanner.Current() != L'-' && scanner.Current() != L'+')) return false;
+    hasSign_ = true;
+    negative_ = scanner.Current() == L'-';
+    scanner.Advance();
+    return true;
+  }
+
+  bool TakeOpening(Scanner& scanner) {
+    if (hasSign_ || !scanner.Take(L"(")) return false;
+    hasSign_ = negative_ = open_ = true;
+    return true;
+  }
+
+  bool TakeClosing(Scanner& scanner) {
+    if (!open_ || !scanner.Take(L")")) return false;
+    open_ = false;
+    return true;
+  }
+
+  bool TakeCurrency(Scanner& scanner) {
+    if (hasCurrency_ || !scanner.Take(L"R$")) return false;
+    hasCurrency_ = true;
+    return true;
+  }
+
+  bool hasSign_ = false;
+  bool negative_ = false;
+  bool open_ = false;
+  bool hasCurrency_ = false;
+};
+
 }  // namespace
 
 double LeadingNumber(std::wstring_view text) {
@@ -174,45 +226,13 @@ double LeadingNumber(std::wstring_view text) {
 
 std::optional<double> ParseNumber(std::wstring_view text) {
   Scanner scanner(text);
-  bool negative = false;
-  bool hasSign = false;
-  bool hasCurrency = false;
-  bool open = false;
-
-  // Signs, the currency and an opening parenthesis may stand before the digits in any order, each once.
-  for (bool more = true; more;) {
-    scanner.SkipBlanks();
-    more = false;
-    if (!hasSign && (scanner.Current() == L'-' || scanner.Current() == L'+')) {
-      hasSign = more = true;
-      negative = scanner.Current() == L'-';
-      scanner.Advance();
-    } else if (!hasSign && scanner.Take(L"(")) {
-      hasSign = open = negative = more = true;
-    } else if (!hasCurrency && scanner.Take(L"R$")) {
-      hasCurrency = more = true;
-    }
-  }
-
+  Marks marks;
+  marks.TakeBefore(scanner);
   const std::optional<double> magnitude = TakeBrazilianMagnitude(scanner);
   if (!magnitude) return std::nullopt;
-
-  for (bool more = true; more;) {
-    scanner.SkipBlanks();
-    more = false;
-    if (!hasSign && (scanner.Current() == L'-' || scanner.Current() == L'+')) {
-      hasSign = more = true;
-      negative = scanner.Current() == L'-';
-      scanner.Advance();
-    } else if (open && scanner.Take(L")")) {
-      open = false;
-      more = true;
-    } else if (!hasCurrency && scanner.Take(L"R$")) {
-      hasCurrency = more = true;
-    }
-  }
-  if (open || !scanner.AtEnd()) return std::nullopt;
-  return negative ? -*magnitude : *magnitude;
+  marks.TakeAfter(scanner);
+  if (marks.Unclosed() || !scanner.AtEnd()) return std::nullopt;
+  return marks.Negative() ? -*magnitude : *magnitude;
 }
 
 }  // namespace kodra::text
