@@ -15,3 +15,14 @@
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>
+
+#include <cstdint>
+
+namespace kodra::platform::odbc {
+
+// ODBC passes the numbers of its attributes as pointers.
+inline SQLPOINTER AsAttribute(std::uintptr_t number) {
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr): the interface is what it is
+}
+
+}  // namespace kodra::platform::odbc

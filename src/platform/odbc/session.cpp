@@ -11,9 +11,6 @@
 namespace kodra::platform::odbc {
 namespace {
 
-// ODBC's attributes are passed as pointers that hold numbers.
-SQLPOINTER AsPointer(std::uintptr_t number) { return reinterpret_cast<SQLPOINTER>(number); }
-
 SQLWCHAR* AsWide(std::u16string& text) { return reinterpret_cast<SQLWCHAR*>(text.data()); }
 
 std::wstring FromWide(const SQLWCHAR* text, std::size_t length) {
@@ -27,7 +24,7 @@ SQLHENV Environment() {
   static SQLHENV const environment = [] {
     SQLHENV handle = nullptr;
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle);
-    SQLSetEnvAttr(handle, SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
+    SQLSetEnvAttr(handle, SQL_ATTR_ODBC_VERSION, AsAttribute(SQL_OV_ODBC3), 0);
     return handle;
   }();
   return environment;
@@ -92,7 +89,7 @@ void Session::Open(const std::wstring& user, const std::wstring& password) {
     Fail(SQL_HANDLE_ENV, Environment(), Stage::kConnect);
   }
   SQLSetConnectAttrW(handle, SQL_ATTR_LOGIN_TIMEOUT,
-                     AsPointer(static_cast<std::uintptr_t>(properties_.connectionTimeout)), SQL_IS_UINTEGER);
+                     AsAttribute(static_cast<std::uintptr_t>(properties_.connectionTimeout)), SQL_IS_UINTEGER);
   SQLWCHAR completed[1024];
   SQLSMALLINT completedLength = 0;
   const SQLRETURN result =
@@ -138,13 +135,13 @@ void Session::SetCurrentDatabase(const std::wstring& name) {
 
 void Session::ApplyIsolationLevel() noexcept {
   const SQLUINTEGER level = OdbcIsolation(properties_.isolationLevel);
-  if (IsOpen() && level != 0) SQLSetConnectAttrW(handle_, SQL_ATTR_TXN_ISOLATION, AsPointer(level), SQL_IS_UINTEGER);
+  if (IsOpen() && level != 0) SQLSetConnectAttrW(handle_, SQL_ATTR_TXN_ISOLATION, AsAttribute(level), SQL_IS_UINTEGER);
 }
 
 void Session::BeginTransaction() {
   if (inTransaction_) Raise(ProviderFault::kTransactionActive);
   const SQLRETURN result =
-      SQLSetConnectAttrW(handle_, SQL_ATTR_AUTOCOMMIT, AsPointer(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+      SQLSetConnectAttrW(handle_, SQL_ATTR_AUTOCOMMIT, AsAttribute(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
   if (!SQL_SUCCEEDED(result)) Fail(SQL_HANDLE_DBC, handle_, Stage::kExecute);
   inTransaction_ = true;
 }
@@ -155,7 +152,7 @@ void Session::EndTransaction(bool commit) {
     Fail(SQL_HANDLE_DBC, handle_, Stage::kExecute);
   }
   inTransaction_ = false;
-  SQLSetConnectAttrW(handle_, SQL_ATTR_AUTOCOMMIT, AsPointer(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
+  SQLSetConnectAttrW(handle_, SQL_ATTR_AUTOCOMMIT, AsAttribute(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
 }
 
 void Session::Join(Recordset* recordset) { recordsets_.push_back(recordset); }

@@ -10,8 +10,6 @@
 namespace kodra::platform::odbc {
 namespace {
 
-SQLPOINTER AsPointer(std::uintptr_t number) { return reinterpret_cast<SQLPOINTER>(number); }
-
 std::int32_t AdoType(SQLSMALLINT sqlType, bool isUnsigned) {
   switch (sqlType) {
     case SQL_CHAR:
@@ -120,10 +118,10 @@ Statement::Statement(Session& session, const std::wstring& text, const std::vect
   handle_ = NewHandle(session_);
   // A driver that knows no time or row limit says so and goes on without.
   if (limits.timeout > 0) {
-    SQLSetStmtAttrW(handle_, SQL_ATTR_QUERY_TIMEOUT, AsPointer(static_cast<std::uintptr_t>(limits.timeout)), 0);
+    SQLSetStmtAttrW(handle_, SQL_ATTR_QUERY_TIMEOUT, AsAttribute(static_cast<std::uintptr_t>(limits.timeout)), 0);
   }
   if (limits.rows > 0) {
-    SQLSetStmtAttrW(handle_, SQL_ATTR_MAX_ROWS, AsPointer(static_cast<std::uintptr_t>(limits.rows)), 0);
+    SQLSetStmtAttrW(handle_, SQL_ATTR_MAX_ROWS, AsAttribute(static_cast<std::uintptr_t>(limits.rows)), 0);
   }
   try {
     Prepare();
@@ -138,8 +136,8 @@ Statement::Statement(ProbeTag, const Statement& original)
     : session_(original.session_), text_(original.text_), parameters_(original.parameters_) {
   for (const Parameter& parameter : parameters_) bound_.push_back(std::make_unique<BoundParameter>(parameter));
   handle_ = NewHandle(session_);
-  SQLSetStmtAttrW(handle_, SQL_ATTR_CURSOR_TYPE, AsPointer(SQL_CURSOR_STATIC), 0);
-  SQLSetStmtAttrW(handle_, SQL_ATTR_MAX_ROWS, AsPointer(1), 0);
+  SQLSetStmtAttrW(handle_, SQL_ATTR_CURSOR_TYPE, AsAttribute(SQL_CURSOR_STATIC), 0);
+  SQLSetStmtAttrW(handle_, SQL_ATTR_MAX_ROWS, AsAttribute(1), 0);
 }
 
 Statement::~Statement() { SQLFreeHandle(SQL_HANDLE_STMT, handle_); }

@@ -8,8 +8,6 @@ namespace {
 // A block larger than this gains no speed worth its memory.
 constexpr std::size_t kMostBytesPerBlock = 4U << 20;
 
-SQLPOINTER AsPointer(std::uintptr_t number) { return reinterpret_cast<SQLPOINTER>(number); }
-
 }  // namespace
 
 StreamRows::StreamRows(std::unique_ptr<Statement> statement, std::int32_t rowsPerBlock)
@@ -31,7 +29,7 @@ void StreamRows::Bind(std::int32_t rowsPerBlock) {
   rowsPerBlock_ = oneByOne ? 1 : std::clamp<std::size_t>(static_cast<std::size_t>(rowsPerBlock), 1, most);
   SQLHSTMT handle = statement_->Handle();
   // A driver without blocks keeps to one row, which is then what it reports as fetched.
-  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, AsPointer(rowsPerBlock_), 0);
+  SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, AsAttribute(rowsPerBlock_), 0);
   SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     columns_[i].Bind(*statement_, static_cast<SQLUSMALLINT>(i + 1), rowsPerBlock_);
