@@ -12,7 +12,7 @@ namespace {
 
 std::string FindIn(const IniFile& file, std::wstring_view section, std::wstring_view key) {
   const auto value = file.Find(section, key);
-  return value ? "'" + demo::ToUtf8(*value) + "'" : "none";
+  return value ? demo::ToUtf8(L"'" + *value + L"'") : "none";
 }
 
 TEST(IniFile, FindsAKeyInItsSectionInAnyLetterCase) {

@@ -28,7 +28,15 @@ class SpecialRows : public testing::TestWithParam<std::int64_t> {
     return values;
   }
 
-  const Archive archive_ = Generate({.documents = GetParam()});
+  // The archive of a size is made once for all tests.
+  static const Archive& OfSize(std::int64_t documents) {
+    static std::map<std::int64_t, Archive> archives;
+    const auto found = archives.find(documents);
+    return found != archives.end() ? found->second
+                                   : archives.emplace(documents, Generate({.documents = documents})).first->second;
+  }
+
+  const Archive& archive_ = OfSize(GetParam());
 };
 
 INSTANTIATE_TEST_SUITE_P(Sizes, SpecialRows, testing::Values(64, 1000, 60000));
