@@ -76,7 +76,7 @@ std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key) 
   if (!pairs.ends_with(L';')) pairs += L';';
   const std::size_t start = text::UpperCase(pairs).find(text::UpperCase(key));
   if (start == std::wstring::npos) return {};
-  const std::size_t end = CheckPosition(pairs.find(L';', CheckPosition(start) + 1));
+  const std::size_t end = CheckPosition(pairs.find(L';', start + 1));
   const std::wstring pair = pairs.substr(start, end - start);
   const std::size_t equals = pair.find(L'=');
   return equals == std::wstring::npos ? std::wstring() : pair.substr(equals + 1);

@@ -9,7 +9,7 @@ std::wstring About::Executavel() const {
   std::wstring folder = slash == std::wstring::npos ? std::wstring() : modulePath_.substr(0, slash);
   const std::wstring file = slash == std::wstring::npos ? modulePath_ : modulePath_.substr(slash + 1);
   if (!folder.ends_with(L'\\')) folder += L'\\';
-  const std::wstring path = folder + file.substr(0, file.rfind(L'.'));
+  std::wstring path = folder + file.substr(0, file.rfind(L'.'));
   for (const wchar_t* extension : {L".EXE", L".DLL", L".OCX"})
     if (surroundings_.FileLength(path + extension)) return path + extension;
   return path;

@@ -21,6 +21,15 @@ using recorder::RaisedBy;
 constexpr auto kSQLServer = L"Provider=SQLNCLI11;Data Source=arquivo";
 constexpr auto kOracle = L"Provider=MSDAORA;Data Source=ARQ";
 
+constexpr auto kSetsSQLiteString =
+    "Connection1.SetConnectionString(\"Driver=SQLite3;Database=a.db;Persist Security Info=True;"
+    "OEMCP=1;FKSupport=true;\")";
+constexpr auto kSetsOracleString =
+    "Connection1.SetConnectionString(\"Provider=MSDAORA;Data Source=ARQ;Persist Security Info=True;"
+    "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;\")";
+constexpr auto kSetsOracleLanguage =
+    "Connection1.Execute(\"alter session set nls_language='brazilian portuguese' nls_territory='brazil'\", -1)";
+
 const platform::Erro kRefused(-2147467259, L"Microsoft OLE DB Provider", L"Acesso negado");
 
 class AbreCnTest : public testing::Test {
@@ -64,8 +73,7 @@ TEST_F(AbreCnTest, ChecksTheSQLiteFileBeforeItMakesAConnection) {
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          R"(FileLength("a.db") -> 4096)",
                                          "NewConnection() -> Connection1",
-                                         "Connection1.SetConnectionString(\"Driver=SQLite3;Database=a.db;"
-                                         "Persist Security Info=True;OEMCP=1;FKSupport=true;\")",
+                                         kSetsSQLiteString,
                                          "Connection1.SetCursorLocation(2)",
                                          "Connection1.SetIsolationLevel(4096)",
                                          R"(Connection1.Open("", "", -1))",
@@ -75,20 +83,17 @@ TEST_F(AbreCnTest, ChecksTheSQLiteFileBeforeItMakesAConnection) {
 
 TEST_F(AbreCnTest, SetsTheLanguageOfAnOracleSessionThatIsOpen) {
   EXPECT_NE(Opened(kOracle), nullptr);
-  EXPECT_EQ(around_.journal.Calls(),
-            Lines({
-                R"(SetEnvironment("NLS_LANG", "BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252"))",
-                "NewConnection() -> Connection1",
-                "Connection1.SetConnectionString(\"Provider=MSDAORA;Data Source=ARQ;Persist Security Info=True;"
-                "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;\")",
-                "Connection1.SetCursorLocation(2)",
-                "Connection1.SetIsolationLevel(4096)",
-                R"(Connection1.Open("", "", -1))",
-                "Connection1.State() -> 1",
-                "Connection1.Execute(\"alter session set nls_language='brazilian portuguese' nls_territory='brazil'\", "
-                "-1)",
-                "~Connection1",
-            }));
+  EXPECT_EQ(around_.journal.Calls(), Lines({
+                                         R"(SetEnvironment("NLS_LANG", "BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252"))",
+                                         "NewConnection() -> Connection1",
+                                         kSetsOracleString,
+                                         "Connection1.SetCursorLocation(2)",
+                                         "Connection1.SetIsolationLevel(4096)",
+                                         R"(Connection1.Open("", "", -1))",
+                                         "Connection1.State() -> 1",
+                                         kSetsOracleLanguage,
+                                         "~Connection1",
+                                     }));
 }
 
 TEST_F(AbreCnTest, LeavesAnOracleSessionAloneThatIsNotOpen) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <stdexcept>
+#include <thread>
 
 #include "recorder/fake_surroundings.h"
 #include "recorder/raised.h"
@@ -20,7 +21,6 @@ using recorder::Framed;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
-using recorder::Utf8;
 
 // A report with nothing in it but the frame and what a test puts there.
 class ProbeReport : public ReportClass {
@@ -230,6 +230,26 @@ TEST_F(ReportClassTest, KeepsObjectsOfDifferentDatabasesApartOnOneThread) {
     EXPECT_EQ(opened(oracleReport, oracle), "Recordset1.Open(\"SELECT TRUNC(SYSDATE)\", Connection1, 0, 1, 1)");
     EXPECT_EQ(opened(sqliteReport, sqlite), "Recordset1.Open(\"SELECT date('now')\", Connection1, 0, 1, 1)");
   }
+}
+
+TEST_F(ReportClassTest, KeepsTheDatabasesOfDifferentThreadsApart) {
+  Connect(L"x", 1);
+  std::wstring builtHere;
+  std::wstring builtThere;
+  report_.RelatorioProva(parameters_.get(), [&] {
+    std::thread([&] {
+      FakeSurroundings around;
+      around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+      ProbeReport report(around);
+      report.SetStringConexao(L"y");
+      report.InicializaPS(around.NewObject(L"Parametros", {}).get());
+      builtThere = sql::SQLDataAtual();
+    }).join();
+    builtHere = sql::SQLDataAtual();
+    return nullptr;
+  });
+  EXPECT_EQ(builtThere, L"date('now')");
+  EXPECT_EQ(builtHere, L"TRUNC(SYSDATE)");
 }
 
 TEST_F(ReportClassTest, KeepsOnlyTheDescriptionOfAnError) {
