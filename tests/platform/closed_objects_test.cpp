@@ -4,6 +4,7 @@
 #include "platform/odbc/command.h"
 #include "platform/odbc/connection.h"
 #include "platform/odbc/recordset.h"
+#include "platform/print_value.h"
 #include "platform/raised.h"
 
 namespace kodra::platform::odbc {

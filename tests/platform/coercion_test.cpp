@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "platform/odbc/types.h"
+#include "platform/print_value.h"
 
 namespace kodra::platform::odbc {
 namespace {

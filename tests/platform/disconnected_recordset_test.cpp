@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/odbc/recordset.h"
+#include "platform/print_value.h"
 #include "platform/raised.h"
 
 namespace kodra::platform::odbc {

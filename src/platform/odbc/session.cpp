@@ -7,6 +7,7 @@
 #include "platform/odbc/driver_manners.h"
 #include "platform/odbc/recordset.h"
 #include "platform/odbc/utf16.h"
+#include "platform/odbc/utf8_locale.h"
 
 namespace kodra::platform::odbc {
 namespace {
@@ -84,6 +85,7 @@ Session::~Session() { Close(); }
 void Session::Open(const std::wstring& user, const std::wstring& password) {
   const std::wstring odbc = ToOdbcConnectionString(properties_.connectionString, user, password);
   std::u16string wide = ToUtf16(WithStreaming(odbc));
+  const Utf8Locale narrowTextIsUtf8;
   SQLHDBC handle = nullptr;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, Environment(), &handle))) {
     Fail(SQL_HANDLE_ENV, Environment(), Stage::kConnect);

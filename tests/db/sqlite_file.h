@@ -1,0 +1,35 @@
+// An SQLite database file in a temporary folder, gone with the object. It is made and filled through ODBC.
+//
+//   SqliteFile file;
+//   file.Run(L"create table DEPTO(COD_DEPTO char(5))");
+//   connection.SetConnectionString(file.ConnectionString());
+#pragma once
+
+#include <string>
+
+#include "platform/odbc/connection.h"
+
+namespace kodra::tests {
+
+class SqliteFile {
+ public:
+  SqliteFile();
+  ~SqliteFile();
+  SqliteFile(const SqliteFile&) = delete;
+  SqliteFile& operator=(const SqliteFile&) = delete;
+
+  const std::wstring& Path() const { return path_; }
+  // For ODBC and for an ADO client alike.
+  std::wstring ConnectionString() const;
+  // Runs one statement.
+  void Run(const std::wstring& statement);
+  // Open, and open until the object is gone.
+  platform::odbc::Connection& Connection() { return connection_; }
+
+ private:
+  std::string folder_;
+  std::wstring path_;
+  platform::odbc::Connection connection_;
+};
+
+}  // namespace kodra::tests
