@@ -39,14 +39,6 @@ bool LooksLikeConnectionString(std::wstring_view source) {
                      [&](const wchar_t* word) { return upper.find(word) != std::wstring::npos; });
 }
 
-// The object in a value that must hold one.
-platform::AutomationObject& Object(const platform::Value& value) {
-  if (!value.Is<platform::ObjectRef>()) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectRequired);
-  const auto& object = value.As<platform::ObjectRef>();
-  if (!object) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
-  return *object;
-}
-
 }  // namespace
 
 platform::Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source,
@@ -54,17 +46,17 @@ platform::Value ObtemParametroSistema(const std::wstring& name, const std::wstri
   const platform::Value reader = CriaObjeto(L"KodraParamSist.Obtedor", kSource, surroundings);
   if (source.empty())
     throw platform::Erro(platform::kErrBase + 1, kSource, L"Arquivo INI ou String de Conexão não informada.");
-  Object(reader).Let(LooksLikeConnectionString(source) ? L"StringConexao" : L"ArquivoIni", source);
-  const platform::Value set = Object(reader).Call(L"Obtem", {});
+  platform::RequiredObject(reader).Let(LooksLikeConnectionString(source) ? L"StringConexao" : L"ArquivoIni", source);
+  const platform::Value set = platform::RequiredObject(reader).Call(L"Obtem", {});
 
   const std::wstring upper = text::UpperCase(name);
   const auto* parameter = std::find_if(kParameters.begin(), kParameters.end(),
                                        [&](const Parameter& candidate) { return candidate.name == upper; });
   if (parameter == kParameters.end())
     throw platform::Erro(platform::kErrBase + 2, kSource, L"Parâmetro desconhecido: \"" + name + L"\".");
-  if (parameter->group.empty()) return Object(set).Get(parameter->member);
-  const platform::Value group = Object(set).Get(parameter->group);
-  return Object(group).Get(parameter->member);
+  if (parameter->group.empty()) return platform::RequiredObject(set).Get(parameter->member);
+  const platform::Value group = platform::RequiredObject(set).Get(parameter->group);
+  return platform::RequiredObject(group).Get(parameter->member);
 }
 
 }  // namespace kodra::data

@@ -23,4 +23,12 @@ std::wstring ReadText(platform::AutomationObject& parameters, std::wstring_view 
   return text::ToText(Read(parameters, property));
 }
 
+platform::Date ReadDate(platform::AutomationObject& parameters, std::wstring_view property) {
+  return text::ToDate(Read(parameters, property));
+}
+
+bool ReadFlag(platform::AutomationObject& parameters, std::wstring_view property) {
+  return text::ToBool(Read(parameters, property));
+}
+
 }  // namespace kodra::frame

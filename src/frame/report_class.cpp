@@ -13,6 +13,10 @@ void ReportClass::InicializaPS(const platform::AutomationObject* obj) {
                          L"É preciso definir a propriedade \"StringConexao\".");
   if (obj == nullptr)
     throw platform::Erro(platform::kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
+  LearnTipoBanco();
+}
+
+void ReportClass::LearnTipoBanco() {
   const platform::ObjectRef connectionType = surroundings_.CreateObject(L"KodraConexao.StrCon");
   connectionType->Let(L"StrCon", stringConexao_);
   tipoBanco_ = text::ToInt32(connectionType->Get(L"TipoBanco"));
@@ -35,8 +39,8 @@ std::wstring ReportClass::SourceOf(std::wstring_view member) const {
 }
 
 void ReportClass::RaiseFramed(std::wstring_view method) const {
-  throw platform::Erro(platform::kErrBase + 8107, SourceOf(method),
-                       L"Erro ao gerar dados para o relatório: " + platform::CurrentErro().Description());
+  throw platform::Erro(kReportError, SourceOf(method),
+                       std::wstring(kReportErrorPrefix) + platform::CurrentErro().Description());
 }
 
 }  // namespace kodra::frame

@@ -21,9 +21,15 @@
 #include <string_view>
 
 #include "data/select_builder.h"
+#include "platform/erro.h"
 #include "platform/surroundings.h"
 
 namespace kodra::frame {
+
+// The number of every error that a report method raises.
+inline constexpr std::int32_t kReportError = platform::kErrBase + 8107;
+// What stands before the cause in the description of most.
+inline constexpr std::wstring_view kReportErrorPrefix = L"Erro ao gerar dados para o relatório: ";
 
 // What a report method gives to its client; null where a report says so.
 using ReportRows = std::unique_ptr<platform::Recordset>;
@@ -46,6 +52,8 @@ class ReportClass {
   // and hands it to the translator. Raises kErrBase + 9998 (no connection string) and kErrBase + 9999 (null object).
   void InicializaPS(const platform::AutomationObject* obj);
 
+  // The second half of InicializaPS: asks the connection component for the database code.
+  void LearnTipoBanco();
   // The database code of this call. REQUIRES: InicializaPS has passed.
   std::int32_t TipoBanco() const { return tipoBanco_; }
   platform::Surroundings& Around() const { return surroundings_; }
@@ -66,9 +74,10 @@ class ReportClass {
     }
   }
 
- private:
   // "KodraRpt.<Class>::<member>".
   std::wstring SourceOf(std::wstring_view member) const;
+
+ private:
   // Raises the exception being handled in the frame.
   [[noreturn]] void RaiseFramed(std::wstring_view method) const;
 

@@ -68,12 +68,23 @@ class Command {
                                const Value& value) = 0;
 };
 
+// An open connection that the client owns: early-bound for our recordsets, and as the object that siblings get.
+struct ClientConnection {
+  std::shared_ptr<Connection> connection;
+  ObjectRef object;
+
+  explicit operator bool() const { return connection != nullptr; }
+};
+
 // A field of an open recordset, looked up once and read or written on whatever row is current.
 class Field {
  public:
   virtual ~Field() = default;
   virtual Value Get() = 0;
   virtual void Let(const Value& value) = 0;
+  // The field as an automation object, whose member Value is the value on the current row. It may be used as long as
+  // the field is. As it stands it reads and writes this field.
+  virtual ObjectRef AsObject();
 };
 
 // What a recordset is opened on: left out, an SQL text, or a command.

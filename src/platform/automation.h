@@ -5,6 +5,7 @@
 // Used only on the thread that made it.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -24,6 +25,17 @@ class AutomationObject {
   virtual void Set(std::wstring_view member, const ObjectRef& object) = 0;
   // Calls a method with positional arguments and gives its result (Empty when it has none).
   virtual Value Call(std::wstring_view member, std::span<const Value> arguments) = 0;
+  // Visits the members of a collection in its order. As it stands it asks Count and Item from 1 on; an object that
+  // can be enumerated faster does so.
+  virtual void ForEach(const std::function<void(const Value&)>& visit);
 };
+
+// The object in a value that holds one or none: null for a null object, Empty and Null. Any other value raises
+// RuntimeError::kObjectRequired.
+ObjectRef ObjectIn(const Value& value);
+
+// The object in a value that must hold one: raises RuntimeError::kObjectNotSet for a null object and
+// RuntimeError::kObjectRequired for any other value.
+AutomationObject& RequiredObject(const Value& value);
 
 }  // namespace kodra::platform

@@ -1,5 +1,6 @@
 #include "platform/windows/ado_objects.h"
 
+#include "platform/windows/automation_object.h"
 #include "platform/windows/variant.h"
 
 namespace kodra::platform::windows {
@@ -19,6 +20,7 @@ class AdoField final : public platform::Field {
     return ToValue(*value);
   }
   void Let(const Value& value) override { Check(field_->put_Value(*ScopedVariant(value)), field_); }
+  ObjectRef AsObject() override { return WrapDispatch(field_.get()); }
 
  private:
   com_ptr<::Field> field_;

@@ -48,6 +48,22 @@ Value DispatchObject::Call(std::wstring_view member, std::span<const Value> argu
   return Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size()));
 }
 
+void DispatchObject::ForEach(const std::function<void(const Value&)>& visit) {
+  DISPPARAMS none = {};
+  ScopedVariant enumeration;
+  EXCEPINFO info = {};
+  const HRESULT hr = object_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT,
+                                     DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, enumeration.put(), &info, nullptr);
+  if (hr == DISP_E_MEMBERNOTFOUND) return AutomationObject::ForEach(visit);
+  if (FAILED(hr)) throw ErrorOf(hr, info);
+  const VARTYPE type = V_VT(enumeration.get());
+  com_ptr<IEnumVARIANT> members;
+  if (type == VT_UNKNOWN || type == VT_DISPATCH)
+    members = com_ptr<IUnknown>(V_UNKNOWN(enumeration.get())).as<IEnumVARIANT>();
+  if (!members) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  for (ScopedVariant member; members->Next(1, member.put(), nullptr) == S_OK;) visit(ToValue(*member));
+}
+
 ObjectRef WrapDispatch(IDispatch* object) {
   return object == nullptr ? ObjectRef() : std::make_shared<DispatchObject>(object);
 }

@@ -16,6 +16,8 @@ class DispatchObject final : public AutomationObject {
   void Let(std::wstring_view member, const Value& value) override;
   void Set(std::wstring_view member, const ObjectRef& object) override;
   Value Call(std::wstring_view member, std::span<const Value> arguments) override;
+  // Enumerates as `For Each` does; an object without an enumerator is asked for Count and Item.
+  void ForEach(const std::function<void(const Value&)>& visit) override;
 
   IDispatch* Dispatch() const noexcept { return object_.get(); }
 

@@ -1,0 +1,28 @@
+#include "platform/automation.h"
+
+#include "platform/erro.h"
+
+namespace kodra::platform {
+
+void AutomationObject::ForEach(const std::function<void(const Value&)>& visit) {
+  const Value count = Get(L"Count");
+  if (!count.Is<std::int32_t>()) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  for (std::int32_t index = 1; index <= count.As<std::int32_t>(); ++index) {
+    const Value argument = index;
+    visit(Call(L"Item", {&argument, 1}));
+  }
+}
+
+ObjectRef ObjectIn(const Value& value) {
+  if (value.Is<ObjectRef>()) return value.As<ObjectRef>();
+  if (value.Is<Empty>() || value.Is<Null>()) return nullptr;
+  throw MakeRuntimeError(RuntimeError::kObjectRequired);
+}
+
+AutomationObject& RequiredObject(const Value& value) {
+  if (!value.Is<ObjectRef>()) throw MakeRuntimeError(RuntimeError::kObjectRequired);
+  if (!value.As<ObjectRef>()) throw MakeRuntimeError(RuntimeError::kObjectNotSet);
+  return *value.As<ObjectRef>();
+}
+
+}  // namespace kodra::platform

@@ -1,0 +1,98 @@
+#include "reports/documents/log_rpt.h"
+
+#include "frame/parameter_reader.h"
+#include "reports/output_dataset.h"
+#include "text/convert.h"
+#include "text/dates.h"
+#include "text/upper.h"
+
+namespace kodra::reports {
+namespace {
+
+namespace ad = platform::ad;
+using platform::Value;
+
+constexpr std::size_t kActionFields = 32;
+constexpr std::size_t kActionSize = 250;
+// The position of ACAO1 among the fields.
+constexpr std::size_t kFirstAction = 6;
+
+// The first characters of a text; null stays null.
+Value FirstCharacters(const Value& value, std::size_t count) {
+  if (value.Is<platform::Null>()) return value;
+  return text::ToText(value).substr(0, count);
+}
+
+Value TimeText(const Value& moment) {
+  if (moment.Is<platform::Null>()) return L"";
+  return text::FormatDate(text::ToDate(moment), L"hh:mm:ss");
+}
+
+std::wstring ActionField(std::size_t number) { return L"ACAO" + std::to_wstring(number); }
+
+void FillAction(OutputDataset& output, const std::wstring& action) {
+  for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number) {
+    const std::wstring piece = action.substr(start, kActionSize);
+    if (number <= kActionFields)
+      output[kFirstAction + number - 1].Let(piece);
+    else
+      output.Rows().FieldByName(ActionField(number))->Let(piece);  // no such field: the report fails
+  }
+}
+
+void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
+  output.AddNew();
+  const Value moment = event.Get(L"DataInicial");
+  output[0].Let(moment);
+  output[1].Let(TimeText(moment));
+  output[2].Let(FirstCharacters(event.Get(L"Nome_Operador"), 250));
+  output[3].Let(FirstCharacters(event.Get(L"Maquina"), 250));
+  output[4].Let(text::ToTextOrEmpty(event.Get(L"Cod_Docto")).substr(0, 10));
+  output[5].Let(FirstCharacters(event.Get(L"Tipo_Evento"), 10));
+  FillAction(output, text::ToText(event.Get(L"Acao")));
+  output.Update();
+}
+
+}  // namespace
+
+frame::ReportRows CLogRpt::RelatorioLog(platform::AutomationObject* obj) {
+  return Report(L"RelatorioLog", [&]() -> frame::ReportRows {
+    InicializaPS(obj);
+    const platform::ObjectRef events = Find(*obj);
+    return events ? Fill(*events) : nullptr;
+  });
+}
+
+platform::ObjectRef CLogRpt::Find(platform::AutomationObject& parameters) const {
+  const platform::ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
+  filter->Let(L"Acao", frame::ReadText(parameters, L"Acao"));
+  filter->Let(L"Cod_Docto", frame::ReadText(parameters, L"CodDocto"));
+  filter->Let(L"DataFinal", frame::ReadDate(parameters, L"DataFinal"));
+  filter->Let(L"DataInicial", frame::ReadDate(parameters, L"DataInicial"));
+  filter->Let(L"Maquina", frame::ReadText(parameters, L"MaquinaOrigem"));
+  filter->Let(L"Nome_Operador", frame::ReadText(parameters, L"Operador"));
+  filter->Let(L"Tipo_Evento", text::UpperCase(frame::ReadText(parameters, L"Evento").substr(0, 3)));
+
+  const platform::ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
+  reader->Let(L"StringConexao", StringConexao());
+  reader->Let(L"Caller", SourceOf(L"RelatorioLog"));
+  const Value argument = filter;
+  return platform::ObjectIn(reader->Call(L"Localiza", {&argument, 1}));
+}
+
+frame::ReportRows CLogRpt::Fill(platform::AutomationObject& events) const {
+  OutputDataset output(Around());
+  output.Append(L"DATA", ad::kDBTimeStamp);
+  output.AppendText(L"HORA", 8);
+  output.AppendText(L"DESCR_OPERADOR", 250);
+  output.AppendText(L"MAQUINA", 250);
+  output.AppendText(L"COD_DOCTO", 10);
+  output.AppendText(L"COD_ACAO", 10);
+  for (std::size_t number = 1; number <= kActionFields; ++number) output.AppendText(ActionField(number), kActionSize);
+  output.Open();
+  events.ForEach([&](const Value& event) { FillEvent(output, platform::RequiredObject(event)); });
+  output.MoveFirst();
+  return output.Release();
+}
+
+}  // namespace kodra::reports

@@ -1,0 +1,109 @@
+// The label methods of CCaixaRpt.
+#include "frame/parameter_reader.h"
+#include "reports/modules/caixa_logged.h"
+#include "reports/modules/module_code.h"
+
+namespace kodra::reports {
+namespace {
+
+using data::JoinKind;
+
+// The condition that picks a subordinate module by its 7-character code.
+std::wstring IsSubordinate(const std::wstring& code) {
+  return L"(s.NUM_CAIXA='" + MainModule(code) + L"' AND s.NUM_SEQ=" + SubordinateNumber(code) + L")";
+}
+
+std::wstring IsModule(const std::wstring& code) { return L"c.NUM_CAIXA='" + code + L"'"; }
+
+// The three modules of a label sheet.
+struct Modules {
+  std::wstring first;
+  std::wstring second;
+  std::wstring third;
+};
+
+Modules ReadModules(platform::AutomationObject& parameters) {
+  Modules modules;
+  modules.first = frame::ReadText(parameters, L"Modulo1");
+  modules.second = frame::ReadText(parameters, L"Modulo2");
+  modules.third = frame::ReadText(parameters, L"Modulo3");
+  return modules;
+}
+
+std::wstring AnyModule(const Modules& modules) {
+  return IsModule(modules.first) + L" OR " + IsModule(modules.second) + L" OR " + IsModule(modules.third);
+}
+
+std::wstring AnySubordinate(const Modules& modules) {
+  return IsSubordinate(modules.first) + L"  OR " + IsSubordinate(modules.second) + L"  OR " +
+         IsSubordinate(modules.third);
+}
+
+}  // namespace
+
+frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
+  return Logged(L"EtiquetaAbertura", [&] {
+    InicializaPS(obj);
+    data::SelectBuilder builder = NewBuilder();
+    builder.SetFrom(L"CAIXA c");
+    if (frame::ReadText(*obj, L"Tipo") == L"S") {
+      builder.SetColumns(L"c.DESC_CAIXA, " + SubordinateCode() + L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO");
+      builder.AddJoin(0, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
+      builder.SetWhere(AnySubordinate(ReadModules(*obj)));
+    } else {
+      builder.SetColumns(L"c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO");
+      builder.SetWhere(AnyModule(ReadModules(*obj)));
+    }
+    const std::wstring once = builder.SQL();
+    // Two opening labels go on each module.
+    return OpenResult(once + L" UNION ALL " + once + L" ORDER BY NUM_CAIXA", once);
+  });
+}
+
+frame::ReportRows CCaixaRpt::EtiquetaFechamento(platform::AutomationObject* obj) {
+  return Logged(L"EtiquetaFechamento", [&] {
+    InicializaPS(obj);
+    data::SelectBuilder builder = NewBuilder();
+    builder.SetColumns(
+        L"c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.TIPO_GUARDA, "
+        L"p.EMPRESA AS Nome_Empresa");
+    builder.SetFrom(L"CAIXA c");
+    builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
+    builder.SetWhere(L"(" + AnyModule(ReadModules(*obj)) + L")");
+    builder.SetOrderBy(L"c.NUM_CAIXA");
+    return OpenResult(builder.SQL());
+  });
+}
+
+frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(platform::AutomationObject* obj) {
+  return Logged(L"EtiquetaFechamentoSubordinada", [&] {
+    InicializaPS(obj);
+    const std::wstring module = frame::ReadText(*obj, L"Modulo1");
+    RequireClosedSubordinates(module);
+    data::SelectBuilder builder = NewBuilder();
+    builder.SetColumns(L"c.DESC_CAIXA, " + SubordinateCode() +
+                       L" AS NUM_CAIXA, "
+                       L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
+                       L"p.EMPRESA AS Nome_Empresa");
+    builder.SetFrom(L"CAIXA c");
+    builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
+    builder.AddJoin(1, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
+    builder.SetWhere(L"s.NUM_CAIXA = '" + module + L"'");
+    builder.SetOrderBy(L"NUM_CAIXA");
+    return OpenResult(builder.SQL());
+  });
+}
+
+frame::ReportRows CCaixaRpt::EtiquetaDivisoria(platform::AutomationObject* obj) {
+  return Logged(L"EtiquetaDivisoria", [&] {
+    InicializaPS(obj);
+    data::SelectBuilder builder = NewBuilder();
+    builder.SetColumns(L"d.COD_DOCTO");
+    builder.SetFrom(L"DOCUMENTO d");
+    builder.SetWhere(L"d.NUM_CAIXA = '" + MainModule(frame::ReadText(*obj, L"Modulo1")) + L"'");
+    builder.SetOrderBy(L"d.COD_DOCTO");
+    return OpenResult(builder.SQL());
+  });
+}
+
+}  // namespace kodra::reports

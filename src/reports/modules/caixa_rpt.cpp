@@ -1,0 +1,104 @@
+// What the methods of CCaixaRpt share: connection, log, error frame and sibling objects.
+#include "reports/modules/caixa_rpt.h"
+
+#include "frame/cerro.h"
+#include "text/convert.h"
+
+namespace kodra::reports {
+
+namespace ad = platform::ad;
+using platform::Value;
+
+void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
+  if (!conexao_ && StringConexao().empty())
+    throw platform::Erro(platform::kErrBase + 9998, SourceOf(L"InicializaPS"),
+                         L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.");
+  if (conexao_) SetStringConexao(conexao_.connection->ConnectionString());
+  if (obj == nullptr)
+    throw platform::Erro(platform::kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
+  LearnTipoBanco();
+}
+
+void CCaixaRpt::DebugLog(const std::wstring& line) {
+  if (!log_) log_ = Around().CreateObject(L"VantLog.FnLog");
+  // On every line: the client may have changed the file between two calls.
+  log_->Let(L"LogFile", logFile_);
+  log_->Let(L"Ativar", !logFile_.empty());
+  const Value argument = line;
+  log_->Call(L"DebugLog", {&argument, 1});
+  if (listener_) listener_(line);
+}
+
+void CCaixaRpt::RaiseLogged(std::wstring_view method) {
+  frame::CErro erro;
+  erro.SetErro(platform::CurrentErro());
+  const std::wstring source = SourceOf(method);
+  if (erro.Source() == platform::kApplicationTitle) erro.SetSource(source);
+  try {
+    DebugLog(source + L": ----> saindo com o erro " + std::to_wstring(erro.Number()) + L" em " + erro.Source() + L": " +
+             erro.Description());
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a log that fails does not hide the error being reported
+  }
+  throw platform::Erro(frame::kReportError, erro.Source(),
+                       std::wstring(frame::kReportErrorPrefix) + erro.Description());
+}
+
+frame::ReportRows CCaixaRpt::OpenResult(const std::wstring& statement, const std::wstring& onConnection) {
+  if (!conexao_) return Open(statement);
+  frame::ReportRows rows = Around().NewRecordset();
+  rows->SetCursorLocation(ad::kUseClient);
+  rows->Open(onConnection, conexao_.connection.get(), ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
+  return rows;
+}
+
+frame::ReportRows CCaixaRpt::NewStatic() const {
+  frame::ReportRows rows = Around().NewRecordset();
+  rows->SetCursorLocation(ad::kUseClient);
+  rows->SetCursorType(ad::kOpenStatic);
+  return rows;
+}
+
+void CCaixaRpt::OpenStatic(platform::Recordset& recordset, const std::wstring& statement) {
+  platform::ActiveConnection connection = StringConexao();
+  if (conexao_) connection = conexao_.connection.get();
+  recordset.Open(statement, connection, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
+}
+
+platform::ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) {
+  platform::ObjectRef object = Around().CreateObject(progId);
+  object->Let(L"StringConexao", StringConexao());
+  object->Let(L"LogFile", logFile_);
+  if (conexao_) object->Set(L"Conexao", conexao_.object);
+  return object;
+}
+
+std::wstring CCaixaRpt::SubordinateCode() {
+  const platform::ObjectRef modules = CreateBusinessObject(L"KodraBsnV3.ModulosBsn");
+  const Value arguments[] = {TipoBanco(), L"s"};
+  return text::ToText(modules->Call(L"NumCxSubordinadaSQL", arguments));
+}
+
+platform::ObjectRef CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& module) {
+  constexpr std::int32_t kClosedOnly = 1;
+  const std::wstring source = SourceOf(L"ObtemSubordinadosFechados");
+  DebugLog(source + L": gerando filtro");
+  const platform::ObjectRef filter = Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
+  filter->Let(L"NumCaixa", module);
+  filter->Let(L"Fechados", kClosedOnly);
+  DebugLog(source + L": obtendo dados");
+  const platform::ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
+  const Value argument = filter;
+  return platform::ObjectIn(reader->Call(L"ObtemSubordinados", {&argument, 1}));
+}
+
+void CCaixaRpt::RequireClosedSubordinates(const std::wstring& module) {
+  const platform::ObjectRef closed = ObtemSubordinadosFechados(module);
+  const auto raise = [&](std::int32_t number, const wchar_t* description) {
+    throw platform::Erro(platform::kErrBase + number, std::wstring(platform::kApplicationTitle), description + module);
+  };
+  if (!closed) raise(10, L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo ");
+  if (text::ToInt32(closed->Get(L"Count")) == 0)
+    raise(11, L"Não há módulos subordinados fechados associados ao módulo ");
+}
+
+}  // namespace kodra::reports

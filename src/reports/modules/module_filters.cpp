@@ -1,0 +1,17 @@
+#include "reports/modules/module_filters.h"
+
+#include "frame/parameter_reader.h"
+#include "text/numbers.h"
+
+namespace kodra::reports {
+
+void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
+  const std::wstring code = frame::ReadText(parameters, L"CodDepto");
+  if (text::LeadingNumber(code) > 0) builder.SetWhere(builder.Where() + L" AND c.COD_DEPTO = '" + code + L"'");
+}
+
+void FilterPregresso(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
+  if (frame::ReadFlag(parameters, L"ModoPregresso")) builder.SetWhere(builder.Where() + L" AND c.DOCS_PREGRESSOS = 1");
+}
+
+}  // namespace kodra::reports

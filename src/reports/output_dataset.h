@@ -1,0 +1,74 @@
+// The recordsets that reports read from and fill themselves.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frame/report_class.h"
+#include "text/convert.h"
+
+namespace kodra::reports {
+
+// A field of a recordset being read, looked up once.
+class SourceField {
+ public:
+  SourceField(platform::Recordset& rows, const std::wstring& name) : field_(rows.FieldByName(name)) {}
+
+  platform::Value Value() { return field_->Get(); }
+  // The value on the current row joined to the empty text: null is empty.
+  std::wstring Text() { return text::ToTextOrEmpty(field_->Get()); }
+  platform::Field& operator*() { return *field_; }
+
+ private:
+  std::unique_ptr<platform::Field> field_;
+};
+
+// A recordset in memory without connection: fields are appended, then it is opened and filled row by row.
+//
+//   OutputDataset output(surroundings);
+//   output.AppendText(L"CONTAINER", 10);
+//   output.Open();
+//   output.AddNew();
+//   output[0].Let(L"C01");
+//   output.Update();
+//   return output.Release();
+class OutputDataset {
+ public:
+  explicit OutputDataset(platform::Surroundings& surroundings) : rows_(surroundings.NewRecordset()) {}
+
+  // Appends a field. REQUIRES: not open. A text's size is in characters.
+  void Append(std::wstring name, std::int32_t type, std::int32_t size = 0) {
+    rows_->AppendField(name, type, size, platform::ad::kUnspecified);
+    names_.push_back(std::move(name));
+  }
+  void AppendText(std::wstring name, std::int32_t size) { Append(std::move(name), platform::ad::kVarChar, size); }
+
+  // Opens it with every argument left out and looks up the fields in the order of their appending.
+  void Open() {
+    constexpr std::int32_t kUnspecified = platform::ad::kUnspecified;
+    rows_->Open(std::monostate{}, std::monostate{}, kUnspecified, kUnspecified, kUnspecified);
+    for (const std::wstring& name : names_) fields_.push_back(rows_->FieldByName(name));
+  }
+
+  // A field by the position of its appending. REQUIRES: open.
+  platform::Field& operator[](std::size_t index) { return *fields_[index]; }
+
+  void AddNew() { rows_->AddNew(); }
+  void Update() { rows_->Update(); }
+  void MoveFirst() { rows_->MoveFirst(); }
+  platform::Recordset& Rows() { return *rows_; }
+
+  // Hands the recordset over; the fields are let go first.
+  frame::ReportRows Release() {
+    fields_.clear();
+    return std::move(rows_);
+  }
+
+ private:
+  std::unique_ptr<platform::Recordset> rows_;
+  std::vector<std::wstring> names_;
+  std::vector<std::unique_ptr<platform::Field>> fields_;
+};
+
+}  // namespace kodra::reports

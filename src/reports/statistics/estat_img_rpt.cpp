@@ -1,0 +1,43 @@
+#include "reports/statistics/estat_img_rpt.h"
+
+#include "frame/parameter_reader.h"
+#include "reports/statistics/period.h"
+#include "reports/statistics/production_filter.h"
+#include "sql/tradutor_sql.h"
+
+namespace kodra::reports {
+namespace {
+
+std::wstring CountColumns(std::wstring_view kind) {
+  if (kind == L"P") return L", d.FRENTE, d.VERSO ";
+  if (kind == L"F") return L", d.FRENTE ";
+  return L", d.COD_DOCTO ";
+}
+
+}  // namespace
+
+frame::ReportRows CEstatImgRpt::RelatorioEstatisticas(platform::AutomationObject* obj) {
+  return Report(L"RelatorioEstatisticas", [&] {
+    InicializaPS(obj);
+    const Period period = ReadPeriod(*obj);
+    const ProductionFilter filter = ReadProductionFilter(*obj);
+    data::SelectBuilder builder = NewBuilder();
+    std::wstring columns = period.Title() + L" AS TIT1, ";
+    columns += filter.Columns();
+    columns += L"d.DT_ARMAZ, ";
+    columns += L"p.EMPRESA AS FUNDO, ";
+    columns += L"'" + frame::ReadText(*obj, L"Owner") + L"' AS OWNER";
+    columns += CountColumns(frame::ReadText(*obj, L"TipoRpt"));
+    builder.SetColumns(columns);
+    builder.SetFrom(L"DOCUMENTO d");
+    builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"d.COD_SUPORTE = s.COD_SUPORTE");
+    builder.SetWhere(period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY) +
+                     L" AND d.NUM_CAIXA <> 'AA000' "
+                     L" AND s.DESCR_SUPORTE <> 'DIGITAL' ");
+    const std::int32_t joins = filter.Apply(builder, 1, L"d.COD_OPERADOR");
+    builder.AddJoin(joins, data::JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
+    return Open(builder.SQL());
+  });
+}
+
+}  // namespace kodra::reports
