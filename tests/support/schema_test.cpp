@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 #include "demo/utf8.h"
@@ -54,10 +55,9 @@ TEST(Schema, HasEveryTableAndColumnThatAReportReads) {
   const TemporaryFile file("schema.db");
   WriteSqlite(file.Path(), {.documents = 0});
   for (const auto& [table, columns] : kReadByReports) {
+    const auto found = Query(file.Path(), "SELECT name FROM pragma_table_info('" + table + "')");
     for (const std::string& column : columns) {
-      const auto found =
-          Query(file.Path(), "SELECT count(*) FROM pragma_table_info('" + table + "') WHERE name = '" + column + "'");
-      EXPECT_EQ(found, (std::vector<TextRow>{{"1"}})) << table << "." << column;
+      EXPECT_NE(std::ranges::find(found, TextRow{column}), found.end()) << table << "." << column;
     }
   }
 }
