@@ -8,7 +8,13 @@ namespace kodra::recorder {
 namespace {
 
 // ADO's own refusals, as it numbers them.
-platform::Erro NoCurrentRow() { return {3021, L"ADODB.Field", L"BOF ou EOF é verdadeiro"}; }
+platform::Erro NoCurrentRow(std::wstring source = L"ADODB.Field") {
+  return {3021, std::move(source), L"BOF ou EOF é verdadeiro"};
+}
+platform::Erro TooLong() {
+  return {static_cast<std::int32_t>(0x80040E21U), L"Microsoft Cursor Engine",
+          L"A operação em várias etapas gerou erros"};
+}
 platform::Erro UnknownField() { return {3265, L"ADODB.Recordset", L"O item não foi encontrado na coleção"}; }
 
 std::wstring NameOf(platform::Connection* connection) {
@@ -117,6 +123,7 @@ bool FakeRecordset::Eof() {
 }
 
 void FakeRecordset::MoveFirst() {
+  if (held_.rows.empty()) journal_.Refuse(Line(L"MoveFirst"), NoCurrentRow(L"ADODB.Recordset"));
   Note(L"MoveFirst");
   row_ = 0;
 }
@@ -129,6 +136,7 @@ void FakeRecordset::MoveNext() {
 void FakeRecordset::AppendField(const std::wstring& name, std::int32_t type, std::int32_t definedSize,
                                 std::int32_t attributes) {
   Note(L"AppendField", {Shown(name), Shown(type), Shown(definedSize), Shown(attributes)});
+  if (type == platform::ad::kVarChar) textSizes_[held_.fields.size()] = static_cast<std::size_t>(definedSize);
   held_.fields.push_back(name);
 }
 
@@ -152,6 +160,11 @@ platform::Value* FakeRecordset::Current(std::size_t field) {
   return row_ < held_.rows.size() ? &held_.rows[row_].at(field) : nullptr;
 }
 
+bool FakeRecordset::IsTooLong(std::size_t field, const platform::Value& value) const {
+  const auto size = textSizes_.find(field);
+  return size != textSizes_.end() && value.Is<std::wstring>() && value.As<std::wstring>().size() > size->second;
+}
+
 std::wstring FakeField::Line(std::wstring_view member, std::wstring_view argument) const {
   return recordset_.Name() + L".Field(" + recordset_.held_.fields[index_] + L")." + std::wstring(member) + L"(" +
          std::wstring(argument) + L")";
@@ -167,6 +180,7 @@ platform::Value FakeField::Get() {
 void FakeField::Let(const platform::Value& value) {
   platform::Value* current = recordset_.Current(index_);
   if (current == nullptr) journal_.Refuse(Line(L"Let", Shown(value)), NoCurrentRow());
+  if (recordset_.IsTooLong(index_, value)) journal_.Refuse(Line(L"Let", Shown(value)), TooLong());
   journal_.Note(Line(L"Let", Shown(value)));
   *current = value;
 }

@@ -1,8 +1,10 @@
 // Fake ADO objects. A connection and a command only record; a recordset also holds rows, those that a test prepared for
-// it or those that the component fills in.
+// it or those that the component fills in. Like ADO, it refuses a text longer than its field was defined, a value
+// without current row, and the first row of none.
 #pragma once
 
 #include <deque>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -86,9 +88,13 @@ class FakeRecordset final : public platform::Recordset, public Fake {
   friend class FakeField;
   // The value of a field on the current row; null when no row is current.
   platform::Value* Current(std::size_t field);
+  // Whether a text is longer than the field was defined.
+  bool IsTooLong(std::size_t field, const platform::Value& value) const;
 
   AdoScript& script_;
   Rows held_;
+  // The defined sizes of appended text fields, by position.
+  std::map<std::size_t, std::size_t> textSizes_;
   std::size_t row_ = 0;
   bool open_ = false;
 };
