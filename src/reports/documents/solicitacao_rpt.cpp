@@ -100,8 +100,13 @@ CSolicitacaoRpt::Slip CSolicitacaoRpt::ReadDocuments(const std::wstring& request
   for (; !rows->Eof(); rows->MoveNext()) {
     const platform::Value dateText = date.Text();
     slip.returnDate = text::FormatDate(text::ToDate(conversions.Call(L"ToDate", {&dateText, 1})), L"DD/MM/YYYY");
-    slip.lines.push_back(
-        DocumentLine(document.Text(), module.Text(), PlaceText(row.Text(), bookcase.Text(), shelf.Text())));
+    // Read one after the other: the order of a call's arguments is the compiler's.
+    const std::wstring documentCode = document.Text();
+    const std::wstring moduleCode = module.Text();
+    const std::wstring inRow = row.Text();
+    const std::wstring inBookcase = bookcase.Text();
+    const std::wstring onShelf = shelf.Text();
+    slip.lines.push_back(DocumentLine(documentCode, moduleCode, PlaceText(inRow, inBookcase, onShelf)));
   }
   rows->Close();
   // A request without documents has no slip: its list was never made.
