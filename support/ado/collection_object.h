@@ -1,6 +1,7 @@
 // What the ADO collections share: counting, and walking with For Each.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -19,9 +20,11 @@ class CollectionObject : public DispatchObject<Interface, _Collection, Older...>
   HRESULT __stdcall get_Count(LONG* count) noexcept override {
     return this->Get(count, [&] { return Size(); });
   }
+  // NOLINTNEXTLINE(bugprone-reserved-identifier): automation's own name for it
   HRESULT __stdcall _NewEnum(IUnknown** enumerator) noexcept override {
     return this->Get(enumerator, [&] {
       std::vector<com_ptr<IDispatch>> members;
+      members.reserve(static_cast<std::size_t>(Size()));
       for (std::int32_t i = 0; i < Size(); ++i) members.push_back(Member(i));
       return MakeEnumerator(std::move(members));
     });

@@ -119,6 +119,9 @@ HRESULT CommandObject::get_State(LONG* state) noexcept {
   return Get(state, [] { return platform::ad::kStateClosed; });
 }
 
+HRESULT CommandObject::GetItem(const VARIANT& index, com_ptr<IDispatch>& parameter) noexcept {
+  return Guard([&] { parameter = com_ptr<IDispatch>(ParameterAt(ParameterIndex(Argument(index))).get()); });
+}
 HRESULT CommandObject::PutItem(const VARIANT& index, const VARIANT& value) noexcept {
   return Guard([&] {
     const auto parameter = ParameterAt(ParameterIndex(Argument(index)));

@@ -61,6 +61,7 @@ class CommandObject final : public DispatchObject<_Command, Command25, Command15
   }
 
  protected:
+  HRESULT GetItem(const VARIANT& index, com_ptr<IDispatch>& parameter) noexcept override;
   HRESULT PutItem(const VARIANT& index, const VARIANT& value) noexcept override;
 
  private:

@@ -69,9 +69,12 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
   HRESULT __stdcall Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                            EXCEPINFO* exception, UINT* badArgument) noexcept override {
     if (Type() == nullptr) return TYPE_E_CANTLOADLIBRARY;
-    if (IsItemAssignment(member, flags, arguments))
-      return Described(PutItem(arguments->rgvarg[1], arguments->rgvarg[0]), exception);
-    return Type()->Invoke(static_cast<Interface*>(this), member, flags, arguments, result, exception, badArgument);
+    const HRESULT item = InvokeItem(member, flags, arguments, result, exception);
+    if (item != DISP_E_MEMBERNOTFOUND) return item;
+    const HRESULT called =
+        Type()->Invoke(static_cast<Interface*>(this), member, flags, arguments, result, exception, badArgument);
+    if (FAILED(called) && result != nullptr) VariantInit(result);  // a failing getter may have left its type there
+    return called;
   }
 
   HRESULT __stdcall InterfaceSupportsErrorInfo(REFIID id) noexcept override {
@@ -81,6 +84,10 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
  protected:
   // object(index) = value, which scripts write for object(index).Value = value.
   virtual HRESULT PutItem(const VARIANT&, const VARIANT&) noexcept { return DISP_E_MEMBERNOTFOUND; }
+
+  // object(index) where the default property is a collection without arguments: its item. The type library's own way
+  // there loses the error of an item that does not exist.
+  virtual HRESULT GetItem(const VARIANT&, com_ptr<IDispatch>&) noexcept { return DISP_E_MEMBERNOTFOUND; }
 
   // Guards an entry point of this interface.
   template <class Body>
@@ -106,9 +113,17 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
     if (id == kOwnObjectId) return static_cast<OwnObject*>(this);
     return nullptr;
   }
-  static bool IsItemAssignment(DISPID member, WORD flags, const DISPPARAMS* arguments) noexcept {
-    return member == DISPID_VALUE && (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 &&
-           arguments != nullptr && arguments->cArgs == 2;
+  // DISP_E_MEMBERNOTFOUND when the call is neither object(index) nor object(index) = value.
+  HRESULT InvokeItem(DISPID member, WORD flags, DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception) noexcept {
+    if (member != DISPID_VALUE || arguments == nullptr) return DISP_E_MEMBERNOTFOUND;
+    const bool assigns = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (assigns && arguments->cArgs == 2)
+      return Described(PutItem(arguments->rgvarg[1], arguments->rgvarg[0]), exception);
+    if (assigns || arguments->cArgs != 1) return DISP_E_MEMBERNOTFOUND;
+    com_ptr<IDispatch> item;
+    const HRESULT read = Described(GetItem(arguments->rgvarg[0], item), exception);
+    if (SUCCEEDED(read) && result != nullptr) *result = platform::windows::ScopedVariant::Object(item.get()).detach();
+    return read;
   }
   // Kept until the process ends: releasing it while the DLL is being unloaded would call into other DLLs.
   static ITypeInfo* Type() noexcept {

@@ -45,10 +45,12 @@ class Enumerator final : public IEnumVARIANT {
     return S_OK;
   }
   HRESULT __stdcall Clone(IEnumVARIANT** out) noexcept override {
-    return Guarded<IEnumVARIANT>([&] { Store(out, com_ptr<IEnumVARIANT>(new Enumerator(members_, next_))); });
+    return Guarded<IEnumVARIANT>([&] { Store(out, Copy()); });
   }
 
  private:
+  com_ptr<IEnumVARIANT> Copy() const { return com_ptr<IEnumVARIANT>(new Enumerator(members_, next_)); }
+
   std::vector<com_ptr<IDispatch>> members_;
   std::size_t next_;
   std::atomic<ULONG> references_{0};

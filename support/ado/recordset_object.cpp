@@ -178,6 +178,12 @@ HRESULT RecordsetObject::put_AbsolutePosition(PositionEnum_Param position) noexc
 HRESULT RecordsetObject::get_Fields(Fields** fields) noexcept {
   return Get(fields, [&] { return Make<FieldsObject>(com_ptr<RecordsetObject>(this)); });
 }
+HRESULT RecordsetObject::GetItem(const VARIANT& index, com_ptr<IDispatch>& field) noexcept {
+  return Guard([&] {
+    const std::int32_t position = FieldIndex(Argument(index));
+    field = com_ptr<IDispatch>(Make<FieldObject>(com_ptr<RecordsetObject>(this), position).get());
+  });
+}
 HRESULT RecordsetObject::get_Collect(VARIANT index, VARIANT* value) noexcept {
   return Get(value, [&] { return recordset_->FieldValue(FieldIndex(Argument(index))); });
 }

@@ -77,6 +77,7 @@ class RecordsetObject final : public RecordsetAbsent {
   HRESULT __stdcall get_EditMode(EditModeEnum* mode) noexcept override;
 
  protected:
+  HRESULT GetItem(const VARIANT& index, com_ptr<IDispatch>& field) noexcept override;
   HRESULT PutItem(const VARIANT& index, const VARIANT& value) noexcept override { return put_Collect(index, value); }
 
  private:

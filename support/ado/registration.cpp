@@ -8,8 +8,13 @@ namespace {
 constexpr wchar_t kVersion[] = L".2.8";
 // On a key that this registration made: the whole key goes when the class is unregistered.
 constexpr wchar_t kMadeHere[] = L"KodraMade";
-// On a server key that stood before: the server that it named.
-constexpr wchar_t kReplaced[] = L"KodraReplaced";
+// A value of a server's key, and where the one that stood there before is kept meanwhile.
+struct ServerValue {
+  const wchar_t* name;
+  const wchar_t* kept;
+};
+constexpr ServerValue kPath{nullptr, L"KodraReplaced"};
+constexpr ServerValue kModel{L"ThreadingModel", L"KodraReplacedModel"};
 
 // An open registry key, closed with it.
 class Key {
@@ -39,7 +44,7 @@ std::wstring ClassIdText(REFCLSID id) { return ClassKey(id).substr(6); }
 
 LSTATUS SetText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
   return RegSetKeyValueW(HKEY_LOCAL_MACHINE, PathOf(key).c_str(), name, REG_SZ, text.c_str(),
-                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+                         (static_cast<DWORD>(text.size()) + 1) * sizeof(wchar_t));
 }
 
 std::optional<std::wstring> GetText(const std::wstring& key, const wchar_t* name) {
@@ -77,24 +82,40 @@ LSTATUS RegisterProgId(const std::wstring& progId, REFCLSID id) {
   return status;
 }
 
+std::wstring ServerKey(REFCLSID id) { return ClassKey(id) + L"\\InprocServer32"; }
+
+// Writes a value of the server's key. What stood there is kept, the first one when it is written again.
+LSTATUS Replace(REFCLSID id, const ServerValue& value, const std::wstring& text) {
+  const std::wstring server = ServerKey(id);
+  const auto before = GetText(server, value.name);
+  if (before && !GetText(ClassKey(id), kMadeHere) && !GetText(server, value.kept)) {
+    const LSTATUS status = SetText(server, value.kept, *before);
+    if (status != ERROR_SUCCESS) return status;
+  }
+  return SetText(server, value.name, text);
+}
+
+LSTATUS Restore(REFCLSID id, const ServerValue& value) {
+  const std::wstring server = ServerKey(id);
+  const auto before = GetText(server, value.kept);
+  if (!before) return ERROR_SUCCESS;
+  const LSTATUS status = SetText(server, value.name, *before);
+  if (status != ERROR_SUCCESS) return status;
+  return RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, PathOf(server).c_str(), value.kept);
+}
+
 LSTATUS RegisterServer(REFCLSID id, const std::wstring& path) {
-  const std::wstring server = ClassKey(id) + L"\\InprocServer32";
   LSTATUS status = MakeKey(ClassKey(id));
-  const auto before = GetText(server, nullptr);
-  if (status == ERROR_SUCCESS && before && !GetText(ClassKey(id), kMadeHere) && !GetText(server, kReplaced))
-    status = SetText(server, kReplaced, *before);
-  if (status == ERROR_SUCCESS) status = SetText(server, nullptr, path);
-  if (status == ERROR_SUCCESS) status = SetText(server, L"ThreadingModel", L"Both");
+  if (status == ERROR_SUCCESS) status = Replace(id, kPath, path);
+  if (status == ERROR_SUCCESS) status = Replace(id, kModel, L"Both");
   return status;
 }
 
 LSTATUS UnregisterServer(REFCLSID id) {
-  const std::wstring server = ClassKey(id) + L"\\InprocServer32";
-  if (const auto before = GetText(server, kReplaced)) {
-    RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, PathOf(server).c_str(), kReplaced);
-    return SetText(server, nullptr, *before);
-  }
-  return RemoveKey(ClassKey(id));
+  LSTATUS status = Restore(id, kPath);
+  if (status == ERROR_SUCCESS) status = Restore(id, kModel);
+  if (status == ERROR_SUCCESS) status = RemoveKey(ClassKey(id));
+  return status;
 }
 
 }  // namespace

@@ -117,12 +117,15 @@ TEST_F(AdoDispatch, AnErrorCarriesItsNumberSourceAndDescription) {
   OpenWithDepartments();
   const auto rows = RowsOf(L"select COD from DEPTO");
   const Variant fields = Get(rows.get(), L"Fields");
-  const Outcome outcome = InvokeId(fields.Object(), DISPID_VALUE, DISPATCH_PROPERTYGET, {L"NADA"});
-  EXPECT_EQ(DISP_E_EXCEPTION, outcome.hr);
-  EXPECT_EQ(static_cast<HRESULT>(0x800A0CC1), outcome.errorCode);
-  EXPECT_EQ(L"ADODB.Fields", outcome.source);
-  EXPECT_EQ(L"Item cannot be found in the collection corresponding to the requested name or ordinal.",
-            outcome.description);
+  for (IDispatch* object : {rows.get(), fields.Object()}) {
+    const Outcome outcome = InvokeId(object, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {L"NADA"});
+    EXPECT_EQ(DISP_E_EXCEPTION, outcome.hr);
+    EXPECT_EQ(static_cast<HRESULT>(0x800A0CC1), outcome.errorCode);
+    EXPECT_EQ(L"ADODB.Fields", outcome.source);
+    EXPECT_EQ(L"Item cannot be found in the collection corresponding to the requested name or ordinal.",
+              outcome.description);
+    EXPECT_EQ(VT_EMPTY, outcome.result.Type());
+  }
 }
 
 TEST_F(AdoDispatch, AssigningToARecordsetsItemAssignsTheField) {

@@ -29,6 +29,21 @@ TEST_F(AdoRecordset, StreamsItsRowsInOrderOnce) {
   EXPECT_EQ(adOpenForwardOnly, type);
 }
 
+TEST_F(AdoRecordset, GivesTheFirstRowsOfAResultThatNoMemoryHolds) {
+  const auto connection = OpenConnection();
+  const auto rows = NewRecordset();
+  ASSERT_EQ(S_OK, rows->put_CacheSize(100));
+  ASSERT_EQ(S_OK, OpenStream(rows,
+                             L"with recursive N(I) as (select 1 union all select I + 1 from N limit 4000000000) "
+                             L"select I, 'um texto' as T from N",
+                             connection));
+  const auto text = FieldOf(rows, L"T");
+  int read = 0;
+  for (; read < 1000 && !AtEnd(rows); ++read, rows->MoveNext()) EXPECT_EQ(L"um texto", ValueOf(text).Text());
+  EXPECT_EQ(1000, read);
+  EXPECT_EQ(S_OK, rows->Close());
+}
+
 TEST_F(AdoRecordset, AFieldLookedUpOnceReadsEveryRow) {
   const auto connection = OpenWithDepartments();
   const auto rows = NewRecordset();

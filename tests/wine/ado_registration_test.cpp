@@ -79,12 +79,17 @@ TEST_F(AdoRegistration, WritesItsClassesAndLeavesNoneOfThem) {
 TEST_F(AdoRegistration, PutsTheServerThatStoodBeforeBack) {
   const wchar_t before[] = L"C:\\windows\\system32\\msado15.dll";
   ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(standIn_, kServer, nullptr, REG_SZ, before, sizeof(before)));
+  const wchar_t model[] = L"Apartment";
+  ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(standIn_, kServer, L"ThreadingModel", REG_SZ, model, sizeof(model)));
   ASSERT_EQ(S_OK, Run("DllRegisterServer"));
   EXPECT_EQ(path_, TextOf(standIn_, kServer));
+  EXPECT_EQ(L"Both", TextOf(standIn_, kServer, L"ThreadingModel"));
   ASSERT_EQ(S_OK, Run("DllRegisterServer"));
   ASSERT_EQ(S_OK, Run("DllUnregisterServer"));
   EXPECT_EQ(before, TextOf(standIn_, kServer));
+  EXPECT_EQ(model, TextOf(standIn_, kServer, L"ThreadingModel"));
   EXPECT_EQ(L"(none)", TextOf(standIn_, kServer, L"KodraReplaced"));
+  EXPECT_EQ(L"(none)", TextOf(standIn_, kServer, L"KodraReplacedModel"));
 }
 
 TEST_F(AdoRegistration, UnregisteringWhatIsNotRegisteredIsNoError) { EXPECT_EQ(S_OK, Run("DllUnregisterServer")); }
