@@ -10,6 +10,7 @@
 #include "reports/catalog/grupo_operador_rpt.h"
 #include "reports/catalog/grupo_rpt.h"
 #include "reports/catalog/modelo_rpt.h"
+#include "reports/catalog/operador_rpt.h"
 #include "reports/catalog/serie_rpt.h"
 #include "reports/catalog/subgrupo_rpt.h"
 #include "reports/catalog/suporte_rpt.h"
@@ -100,6 +101,13 @@ class CSubgrupoRptFace final : public ReportFace<::CSubgrupoRpt, ICSubgrupoRpt, 
  public:
   STDMETHODIMP RelatorioSubgrupos(IDispatch* obj, IDispatch** recordset) noexcept override {
     return Rows(&reports::CSubgrupoRpt::RelatorioSubgrupos, obj, recordset);
+  }
+};
+
+class COperadorRptFace final : public ReportFace<::COperadorRpt, ICOperadorRpt, reports::COperadorRpt> {
+ public:
+  STDMETHODIMP RelatorioOperadores(IDispatch* obj, IDispatch** recordset) noexcept override {
+    return Rows(&reports::COperadorRpt::RelatorioOperadores, obj, recordset);
   }
 };
 

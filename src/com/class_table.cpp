@@ -3,8 +3,12 @@
 #include <array>
 
 #include "com/about_face.h"
+#include "com/caixa_face.h"
 #include "com/catalog_faces.h"
+#include "com/container_face.h"
+#include "com/document_faces.h"
 #include "com/parameter_faces.h"
+#include "com/statistics_faces.h"
 
 namespace kodra::com {
 namespace {
@@ -50,6 +54,17 @@ constexpr auto kPublicClasses = std::to_array<PublicClass>({
     Public<::CSolicitacaoRptObj, CSolicitacaoRptObjFace>(L"CSolicitacaoRptObj"),
     Public<::CGrupoOperadorRptObj, CGrupoOperadorRptObjFace>(L"CGrupoOperadorRptObj"),
     Public<::CCaixaRptObj, CCaixaRptObjFace>(L"CCaixaRptObj"),
+    Public<::COperadorRpt, COperadorRptFace>(L"COperadorRpt"),
+    Public<::CDocumentoRpt, CDocumentoRptFace>(L"CDocumentoRpt"),
+    Public<::CSolicitacaoRpt, CSolicitacaoRptFace>(L"CSolicitacaoRpt"),
+    Public<::CLogRpt, CLogRptFace>(L"CLogRpt"),
+    Public<::CContainerRpt, CContainerRptFace>(L"CContainerRpt"),
+    Public<::CEstatImgRpt, CEstatImgRptFace>(L"CEstatImgRpt"),
+    Public<::CEstatIndexRpt, CEstatIndexRptFace>(L"CEstatIndexRpt"),
+    Public<::CEstatSuporteRpt, CEstatSuporteRptFace>(L"CEstatSuporteRpt"),
+    Public<::CEstatSubgrupoRpt, CEstatSubgrupoRptFace>(L"CEstatSubgrupoRpt"),
+    Public<::CEstatSerieRpt, CEstatSerieRptFace>(L"CEstatSerieRpt"),
+    Public<::CCaixaRpt, CCaixaRptFace>(L"CCaixaRpt"),
     Public<::About, AboutFace>(L"About"),
 });
 

@@ -18,7 +18,7 @@ IDispatch* HandOver(frame::ReportRows rows) noexcept;
 HRESULT GetStringConexao(const frame::ReportClass& report, REFIID iid, BSTR* value) noexcept;
 HRESULT LetStringConexao(frame::ReportClass& report, REFIID iid, BSTR value) noexcept;
 
-template <class Class, class Interface, class Report>
+template <class Class, class Interface, class ReportClass>
 class ReportFace : public DualObject<Class, Interface> {
  public:
   STDMETHODIMP get_StringConexao(BSTR* value) noexcept override {
@@ -29,7 +29,9 @@ class ReportFace : public DualObject<Class, Interface> {
   }
 
  protected:
-  using Method = frame::ReportRows (Report::*)(platform::AutomationObject*);
+  using Method = frame::ReportRows (ReportClass::*)(platform::AutomationObject*);
+
+  ReportClass& Report() noexcept { return report_; }
 
   // Runs a report method on the client's parameter object. Both objects stay alive for the call, whatever the client
   // releases meanwhile.
@@ -40,7 +42,7 @@ class ReportFace : public DualObject<Class, Interface> {
   }
 
  private:
-  Report report_{ModuleSurroundings()};
+  ReportClass report_{ModuleSurroundings()};
 };
 
 }  // namespace kodra::com

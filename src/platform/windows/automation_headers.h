@@ -5,4 +5,5 @@
 #include <windows.h>
 #include <ocidl.h>
 #include <oleauto.h>
+#include <olectl.h>
 // clang-format on

@@ -57,6 +57,8 @@ class ScopedBstr {
     text_ = nullptr;
     return &text_;
   }
+  // Where a function may replace the text.
+  BSTR* inout() noexcept { return &text_; }
   BSTR detach() noexcept {
     BSTR text = text_;
     text_ = nullptr;
