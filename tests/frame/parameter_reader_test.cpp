@@ -17,46 +17,72 @@ using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
 
-class ReadTextTest : public testing::Test {
+const Raised kTypeMismatch = {13, "KodraRpt", "Tipos incompatíveis"};
+const Raised kInvalidUseOfNull = {94, "KodraRpt", "Uso de 'Null' inválido"};
+
+class ParameterReaderTest : public testing::Test {
  protected:
-  std::wstring ReadFrom(const Value& answer) {
-    return ReadText(*around_.NewObject(L"Parametros", {{L"TipoRpt", {answer}}}), L"TipoRpt");
+  platform::ObjectRef Parameters(const Value& answer) {
+    return around_.NewObject(L"Parametros", {{L"TipoRpt", {answer}}});
   }
+  std::wstring ReadFrom(const Value& answer) { return ReadText(*Parameters(answer), L"TipoRpt"); }
 
   FakeSurroundings around_;
 };
 
-TEST_F(ReadTextTest, ReadsThePropertyOnce) {
+TEST_F(ParameterReaderTest, ReadsThePropertyOnce) {
   EXPECT_EQ(ReadFrom(L"Vencidas"), L"Vencidas");
   EXPECT_EQ(around_.journal.Calls(), Lines({R"(Parametros.Get(TipoRpt) -> "Vencidas")", "~Parametros"}));
 }
 
-TEST_F(ReadTextTest, ReadsTheComponentsOwnObjects) {
+TEST_F(ParameterReaderTest, ReadsTheComponentsOwnObjects) {
   ParameterObject media(ParameterClassNamed(L"CCDRptObj"));
   media.Let(L"TipoRpt", L"vencidas");
   EXPECT_EQ(ReadText(media, L"TipoRpt"), L"V");
 }
 
-TEST_F(ReadTextTest, TurnsAnotherKindOfValueIntoText) {
+TEST_F(ParameterReaderTest, TurnsAnotherKindOfValueIntoText) {
   EXPECT_EQ(ReadFrom(5), L"5");
   EXPECT_EQ(ReadFrom(platform::Empty{}), L"");
 }
 
-TEST_F(ReadTextTest, NamesThePropertyThatTheObjectDoesNotHave) {
-  const auto object = around_.NewObject(L"Parametros", {});
-  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"CodModelo"); }),
-            (Raised{438, "KodraRpt", R"(O objeto de parâmetros não tem a propriedade "CodModelo".)"}));
+TEST_F(ParameterReaderTest, ReadsADateFromADateOrItsText) {
+  for (const Value& answer : {Value(platform::Date{45291.5}), Value(L"31/12/2023 12:00:00"), Value(45291.5)})
+    EXPECT_EQ(ReadDate(*Parameters(answer), L"TipoRpt"), platform::Date{45291.5});
+  EXPECT_EQ(ReadDate(*Parameters(platform::Empty{}), L"TipoRpt"), platform::Date{0});
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*Parameters(L"ontem"), L"TipoRpt"); }), kTypeMismatch);
 }
 
-TEST_F(ReadTextTest, LetsAnyOtherErrorThrough) {
+TEST_F(ParameterReaderTest, ReadsAFlagFromABooleanOrANumber) {
+  for (const Value& answer : {Value(true), Value(-1), Value(L"Verdadeiro")})
+    EXPECT_TRUE(ReadFlag(*Parameters(answer), L"TipoRpt"));
+  for (const Value& answer : {Value(false), Value(0), Value(L"Falso"), Value()})
+    EXPECT_FALSE(ReadFlag(*Parameters(answer), L"TipoRpt"));
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*Parameters(L"talvez"), L"TipoRpt"); }), kTypeMismatch);
+}
+
+TEST_F(ParameterReaderTest, NamesThePropertyThatTheObjectDoesNotHave) {
+  const auto object = around_.NewObject(L"Parametros", {});
+  const Raised missing = {438, "KodraRpt", R"(O objeto de parâmetros não tem a propriedade "CodModelo".)"};
+  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"CodModelo"); }), missing);
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"CodModelo"); }), missing);
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"CodModelo"); }), missing);
+}
+
+TEST_F(ParameterReaderTest, LetsAnyOtherErrorThrough) {
   around_.journal.FailOn(L"Parametros.Get", Failure(platform::Erro(-2147220000, L"Cliente", L"Agora não")));
   EXPECT_EQ(RaisedBy([&] { ReadFrom(L"V"); }), (Raised{-2147220000, "Cliente", "Agora não"}));
 }
 
-TEST_F(ReadTextTest, RefusesANullAndAnObject) {
-  EXPECT_EQ(RaisedBy([&] { ReadFrom(platform::Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
-  EXPECT_EQ(RaisedBy([&] { ReadFrom(around_.NewObject(L"Outro", {})); }),
-            (Raised{13, "KodraRpt", "Tipos incompatíveis"}));
+TEST_F(ParameterReaderTest, RefusesANullAndAnObject) {
+  const auto null = Parameters(platform::Null{});
+  EXPECT_EQ(RaisedBy([&] { ReadText(*null, L"TipoRpt"); }), kInvalidUseOfNull);
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*null, L"TipoRpt"); }), kInvalidUseOfNull);
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*null, L"TipoRpt"); }), kInvalidUseOfNull);
+  const auto object = Parameters(around_.NewObject(L"Outro", {}));
+  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"TipoRpt"); }), kTypeMismatch);
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"TipoRpt"); }), kTypeMismatch);
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), kTypeMismatch);
 }
 
 }  // namespace
