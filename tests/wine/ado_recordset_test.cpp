@@ -1,4 +1,6 @@
 // Recordsets as a C++ client of ADO reads and fills them.
+#include <initializer_list>
+
 #include "wine/ado_support.h"
 
 namespace kodra::wine {
@@ -183,6 +185,118 @@ TEST_F(AdoRecordset, KeepsZeroCharactersInsideAText) {
   EXPECT_EQ(text, ValueOf(FieldOf(rows, L"A")).Text());
 }
 
+// A disconnected recordset of the fields NOME (text), TOTAL (integer), ATIVO (boolean) and DIA (date), open.
+com_ptr<_Recordset> OpenInMemory() {
+  auto rows = NewRecordset();
+  com_ptr<Fields> fields;
+  EXPECT_EQ(S_OK, rows->get_Fields(fields.put()));
+  EXPECT_EQ(S_OK, fields->Append(Bstr(L"NOME"), adVarChar, 40, adFldIsNullable, Variant::Missing()));
+  EXPECT_EQ(S_OK, fields->Append(Bstr(L"TOTAL"), adInteger, 0, adFldIsNullable, Variant::Missing()));
+  EXPECT_EQ(S_OK, fields->Append(Bstr(L"ATIVO"), adBoolean, 0, adFldIsNullable, Variant::Missing()));
+  EXPECT_EQ(S_OK, fields->Append(Bstr(L"DIA"), adDBTimeStamp, 0, adFldIsNullable, Variant::Missing()));
+  EXPECT_EQ(S_OK,
+            rows->Open(Variant::Missing(), Variant::Missing(), adOpenUnspecified, adLockUnspecified, adCmdUnspecified));
+  return rows;
+}
+
+// An array of variants of one dimension.
+Variant ArrayOf(std::initializer_list<Variant> elements) {
+  Variant result;
+  VARIANT* raw = result.put();
+  V_VT(raw) = VT_ARRAY | VT_VARIANT;
+  V_ARRAY(raw) = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(elements.size()));
+  LONG i = 0;
+  for (const Variant& element : elements) {
+    VARIANT copy = element;
+    SafeArrayPutElement(V_ARRAY(raw), &i, &copy);
+    ++i;
+  }
+  return result;
+}
+
+TEST_F(AdoRecordset, AddsAWholeRowFromArraysOfFieldsAndValues) {
+  const auto rows = OpenInMemory();
+  ASSERT_EQ(S_OK, rows->AddNew(ArrayOf({L"TOTAL", L"NOME"}), ArrayOf({LONG{3}, L"Ana"})));
+  EditModeEnum mode = adEditAdd;
+  EXPECT_EQ(S_OK, rows->get_EditMode(&mode));
+  EXPECT_EQ(adEditNone, mode);
+  EXPECT_EQ(L"Ana", ValueOf(FieldOf(rows, L"NOME")).Text());
+  EXPECT_EQ(3, ValueOf(FieldOf(rows, L"TOTAL")).Number());
+  ASSERT_EQ(S_OK, rows->Update(Variant(L"NOME"), Variant(L"Bia")));
+  EXPECT_EQ(L"Bia", ValueOf(FieldOf(rows, L"NOME")).Text());
+  EXPECT_TRUE(FAILED(rows->Update(ArrayOf({L"NOME", L"TOTAL"}), ArrayOf({L"Caio"}))));
+}
+
+TEST_F(AdoRecordset, KeepsBooleansAndDatesAsSuch) {
+  const auto rows = OpenInMemory();
+  ASSERT_EQ(S_OK, rows->AddNew(Variant::Missing(), Variant::Missing()));
+  VARIANT given;
+  V_VT(&given) = VT_BOOL;
+  V_BOOL(&given) = VARIANT_TRUE;
+  ASSERT_EQ(S_OK, FieldOf(rows, L"ATIVO")->put_Value(given));
+  V_VT(&given) = VT_DATE;
+  V_DATE(&given) = 45000.5;
+  ASSERT_EQ(S_OK, FieldOf(rows, L"DIA")->put_Value(given));
+  ASSERT_EQ(S_OK, rows->Update(Variant::Missing(), Variant::Missing()));
+  const VARIANT active = ValueOf(FieldOf(rows, L"ATIVO"));
+  EXPECT_EQ(VT_BOOL, V_VT(&active));
+  EXPECT_EQ(VARIANT_TRUE, V_BOOL(&active));
+  const VARIANT day = ValueOf(FieldOf(rows, L"DIA"));
+  EXPECT_EQ(VT_DATE, V_VT(&day));
+  EXPECT_EQ(45000.5, V_DATE(&day));
+}
+
+TEST_F(AdoRecordset, AFieldGivenAsAValueGivesWhatItHolds) {
+  const auto rows = OpenInMemory();
+  ASSERT_EQ(S_OK, rows->AddNew(Variant(L"NOME"), Variant(L"Ana")));
+  const auto source = FieldOf(rows, L"NOME");
+  const auto other = OpenInMemory();
+  ASSERT_EQ(S_OK, other->AddNew(Variant(L"NOME"), Variant(source.get())));
+  EXPECT_EQ(L"Ana", ValueOf(FieldOf(other, L"NOME")).Text());
+}
+
+TEST_F(AdoRecordset, InMemoryItIsWalkedBothWays) {
+  const auto rows = OpenInMemory();
+  for (const wchar_t* name : {L"Ana", L"Bia", L"Caio"}) ASSERT_EQ(S_OK, rows->AddNew(Variant(L"NOME"), Variant(name)));
+  const auto name = FieldOf(rows, L"NOME");
+  ASSERT_EQ(S_OK, rows->MoveFirst());
+  ASSERT_EQ(S_OK, rows->Move(2, Variant::Missing()));
+  EXPECT_EQ(L"Caio", ValueOf(name).Text());
+  ASSERT_EQ(S_OK, rows->MovePrevious());
+  EXPECT_EQ(L"Bia", ValueOf(name).Text());
+  PositionEnum_Param position = 0;
+  EXPECT_EQ(S_OK, rows->get_AbsolutePosition(&position));
+  EXPECT_EQ(2, position);
+  ASSERT_EQ(S_OK, rows->Delete(adAffectCurrent));
+  ADO_LONGPTR count = 0;
+  EXPECT_EQ(S_OK, rows->get_RecordCount(&count));
+  EXPECT_EQ(2, count);
+  ASSERT_EQ(S_OK, rows->MoveLast());
+  EXPECT_EQ(L"Caio", ValueOf(name).Text());
+  ASSERT_EQ(S_OK, rows->MoveFirst());
+  ASSERT_EQ(S_OK, rows->MovePrevious());
+  VARIANT_BOOL atStart = VARIANT_FALSE;
+  EXPECT_EQ(S_OK, rows->get_BOF(&atStart));
+  EXPECT_EQ(VARIANT_TRUE, atStart);
+}
+
+TEST_F(AdoRecordset, SupportsWhatItsKindCanDo) {
+  const auto supports = [](const com_ptr<_Recordset>& rows, CursorOptionEnum option) {
+    VARIANT_BOOL able = VARIANT_FALSE;
+    EXPECT_EQ(S_OK, rows->Supports(option, &able));
+    return able != VARIANT_FALSE;
+  };
+  const auto inMemory = OpenInMemory();
+  EXPECT_TRUE(supports(inMemory, adAddNew));
+  EXPECT_TRUE(supports(inMemory, adMovePrevious));
+  EXPECT_FALSE(supports(inMemory, adBookmark));
+  const auto connection = OpenWithDepartments();
+  const auto stream = NewRecordset();
+  ASSERT_EQ(S_OK, OpenStream(stream, L"select COD from DEPTO", connection));
+  EXPECT_FALSE(supports(stream, adAddNew));
+  EXPECT_FALSE(supports(stream, adMovePrevious));
+}
+
 TEST_F(AdoRecordset, AnIntegerBeyond32BitsIsADoubleThatHoldsItExactly) {
   const auto connection = OpenConnection();
   const auto rows = NewRecordset();
@@ -247,6 +361,26 @@ TEST_F(AdoRecordset, GivesRowsAsAnArrayOfFieldsByRows) {
   ASSERT_EQ(S_OK, SafeArrayGetElement(V_ARRAY(&raw), secondRowsFirstField, element.put()));
   EXPECT_EQ(L"00002", element.Text());
   EXPECT_EQ(L"00003;", CodesOf(rows));
+}
+
+TEST_F(AdoRecordset, GivesOnlyTheFieldsAskedForAsAnArray) {
+  const auto connection = OpenWithDepartments();
+  const auto rows = NewRecordset();
+  ASSERT_EQ(S_OK, OpenStream(rows, L"select COD, DESCR, ANDAR from DEPTO order by COD", connection));
+  Variant result;
+  ASSERT_EQ(S_OK, rows->GetRows(-1, Variant::Missing(), Variant(L"ANDAR"), result.put()));
+  VARIANT raw = result;
+  LONG lastField = -1;
+  LONG lastRow = -1;
+  EXPECT_EQ(S_OK, SafeArrayGetUBound(V_ARRAY(&raw), 1, &lastField));
+  EXPECT_EQ(S_OK, SafeArrayGetUBound(V_ARRAY(&raw), 2, &lastRow));
+  EXPECT_EQ(0, lastField);
+  EXPECT_EQ(2, lastRow);
+  LONG secondRow[] = {0, 1};
+  Variant element;
+  ASSERT_EQ(S_OK, SafeArrayGetElement(V_ARRAY(&raw), secondRow, element.put()));
+  EXPECT_EQ(2, element.Number());
+  EXPECT_TRUE(AtEnd(rows));
 }
 
 TEST_F(AdoRecordset, AStatementWithoutRowsLeavesItClosed) {
