@@ -28,6 +28,10 @@ std::unique_ptr<platform::Recordset> FakeSurroundings::NewRecordset() {
 
 platform::ObjectRef FakeSurroundings::CreateObject(const std::wstring& progId) {
   const std::wstring call = L"CreateObject(" + Shown(progId) + L")";
+  if (const auto maker = makers_.find(progId); maker != makers_.end()) {
+    journal.Note(call, maker->second.name);
+    return maker->second.make(maker->second.name);
+  }
   const auto found = classes_.find(progId);
   if (found == classes_.end())
     journal.Refuse(call, platform::MakeRuntimeError(platform::RuntimeError::kCannotCreateObject));

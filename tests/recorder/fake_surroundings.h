@@ -10,6 +10,7 @@
 // Everything that it makes must end before it does.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -34,6 +35,11 @@ class FakeSurroundings final : public platform::Surroundings {
  public:
   // Makes a class creatable: each object of it starts with these answers. A class never registered raises error 429.
   void Register(const std::wstring& progId, Answers answers) { classes_[progId] = std::move(answers); }
+  // The same for a class whose objects the test makes itself, all under one name.
+  using Maker = std::function<platform::ObjectRef(const std::wstring& name)>;
+  void RegisterMaker(const std::wstring& progId, std::wstring name, Maker make) {
+    makers_[progId] = {std::move(name), std::move(make)};
+  }
   // An object that no one created by ProgID, such as a client's parameter object.
   platform::ObjectRef NewObject(std::wstring name, Answers answers) {
     return std::make_shared<FakeObject>(journal, std::move(name), std::move(answers));
@@ -52,7 +58,13 @@ class FakeSurroundings final : public platform::Surroundings {
   std::map<std::wstring, std::uint64_t> files;
 
  private:
+  struct NamedMaker {
+    std::wstring name;
+    Maker make;
+  };
+
   std::map<std::wstring, Answers> classes_;
+  std::map<std::wstring, NamedMaker> makers_;
 };
 
 }  // namespace kodra::recorder

@@ -1,0 +1,275 @@
+// The labels of storage modules.
+#include <gtest/gtest.h>
+
+#include "reports/modules/caixa_stage.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::ObjectRef;
+using recorder::RaisedBy;
+
+const Parameters kThreeModules = {{L"Modulo1", L"AB001"}, {L"Modulo2", L"AB002"}, {L"Modulo3", L"AB003"}};
+const Parameters kThreeSubordinates = {
+    {L"Tipo", L"S"}, {L"Modulo1", L"AB00107"}, {L"Modulo2", L"AB00212"}, {L"Modulo3", L"AB003XY"}};
+
+// Opening labels.
+
+const Statements kOpeningLabels = {
+    "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+    "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='AB002' OR c.NUM_CAIXA='AB003' UNION ALL "
+    "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+    "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='AB002' OR c.NUM_CAIXA='AB003' ORDER BY NUM_CAIXA",
+    "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+    "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='AB002' OR c.NUM_CAIXA='AB003'"};
+
+TEST(EtiquetaAberturaTest, GivesEachModuleTwiceInOrderOnAConnectionStringAndOnceOnAClientsConnection) {
+  for (const Database& database : Databases())
+    CheckResult(database, &CCaixaRpt::EtiquetaAbertura, kThreeModules, Asks::kNothing, kOpeningLabels);
+}
+
+TEST(EtiquetaAberturaTest, GivesEachSubordinateTwiceInOrderOnAConnectionStringAndOnceOnAClientsConnection) {
+  for (const Database& database : Databases())
+    CheckResult(database, &CCaixaRpt::EtiquetaAbertura, kThreeSubordinates, Asks::kSubordinateCode,
+                {"SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+                 "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                 "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='AB002' AND s.NUM_SEQ=12)  OR "
+                 "(s.NUM_CAIXA='AB003' AND s.NUM_SEQ=0) UNION ALL "
+                 "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+                 "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                 "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='AB002' AND s.NUM_SEQ=12)  OR "
+                 "(s.NUM_CAIXA='AB003' AND s.NUM_SEQ=0) ORDER BY NUM_CAIXA",
+                 "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+                 "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                 "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='AB002' AND s.NUM_SEQ=12)  OR "
+                 "(s.NUM_CAIXA='AB003' AND s.NUM_SEQ=0)"});
+}
+
+TEST(EtiquetaAberturaTest, MatchesNothingForModulesLeftEmpty) {
+  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaAbertura, {{L"Modulo1", L"AB001"}}, Asks::kNothing,
+              {"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+               "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA='' UNION ALL "
+               "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+               "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA='' ORDER BY NUM_CAIXA",
+               "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+               "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA=''"});
+}
+
+TEST(EtiquetaAberturaTest, MatchesNothingForSubordinatesLeftEmpty) {
+  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}, {L"Modulo1", L"AB00107"}},
+              Asks::kSubordinateCode,
+              {"SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+               "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+               "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
+               "(s.NUM_CAIXA='' AND s.NUM_SEQ=0) UNION ALL "
+               "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+               "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+               "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
+               "(s.NUM_CAIXA='' AND s.NUM_SEQ=0) ORDER BY NUM_CAIXA",
+               "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+               "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+               "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
+               "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)"});
+}
+
+TEST(EtiquetaAberturaTest, PastesModuleCodesAsTheyAreGiven) {
+  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaAbertura,
+              {{L"Modulo1", L" ab1 "}, {L"Modulo2", L"o'x"}, {L"Modulo3", L"AB00107"}}, Asks::kNothing,
+              {"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+               "WHERE c.NUM_CAIXA=' ab1 ' OR c.NUM_CAIXA='o'x' OR c.NUM_CAIXA='AB00107' UNION ALL "
+               "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+               "WHERE c.NUM_CAIXA=' ab1 ' OR c.NUM_CAIXA='o'x' OR c.NUM_CAIXA='AB00107' ORDER BY NUM_CAIXA",
+               "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
+               "WHERE c.NUM_CAIXA=' ab1 ' OR c.NUM_CAIXA='o'x' OR c.NUM_CAIXA='AB00107'"});
+}
+
+TEST(EtiquetaAberturaTest, SelectsMainModulesForAnythingButAnUpperCaseS) {
+  for (const wchar_t* kind : {L"", L"s", L"M", L"SS", L"S ", L" S"}) {
+    Parameters parameters = kThreeModules;
+    parameters.emplace_back(L"Tipo", kind);
+    CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+    EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, stage.Foreign(parameters)),
+              All({stage.InitialLines(),
+                   {"Parametros.Get(Tipo) -> \"" + recorder::Utf8(kind) + "\"", R"(Parametros.Get(Modulo1) -> "AB001")",
+                    R"(Parametros.Get(Modulo2) -> "AB002")", R"(Parametros.Get(Modulo3) -> "AB003")"},
+                   stage.ResultLines(kOpeningLabels.onConnection)}));
+  }
+}
+
+TEST(EtiquetaAberturaTest, TakesAnyWordWithSFromItsOwnParameterObjectForSubordinates) {
+  for (const wchar_t* kind : {L"s", L"S", L"subordinado"}) {
+    CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+    EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", kind}, {L"Modulo1", L"AB00107"}}),
+              All({stage.InitialLines(), stage.SubordinateCodeLines(2),
+                   stage.ResultLines(
+                       "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
+                       "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                       "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
+                       "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)")}));
+  }
+}
+
+// Closing labels.
+
+TEST(EtiquetaFechamentoTest, OpensTheSameStatementOnEitherConnection) {
+  const std::string statement =
+      "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.TIPO_GUARDA, "
+      "p.EMPRESA AS Nome_Empresa FROM CAIXA c INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+      "WHERE (c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='AB002' OR c.NUM_CAIXA='AB003') ORDER BY c.NUM_CAIXA";
+  for (const Database& database : Databases())
+    CheckResult(database, &CCaixaRpt::EtiquetaFechamento, kThreeModules, Asks::kNothing, {statement, statement});
+}
+
+TEST(EtiquetaFechamentoTest, TakesSubordinateCodesForMainModulesWhateverTheKind) {
+  const std::string statement =
+      "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.TIPO_GUARDA, "
+      "p.EMPRESA AS Nome_Empresa FROM CAIXA c INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+      "WHERE (c.NUM_CAIXA='AB00107' OR c.NUM_CAIXA='AB00212' OR c.NUM_CAIXA='AB003XY') ORDER BY c.NUM_CAIXA";
+  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaFechamento, kThreeSubordinates, Asks::kNothing,
+              {statement, statement});
+}
+
+TEST(EtiquetaFechamentoTest, ReadsTheThreeModulesAndNothingElse) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  EXPECT_EQ(
+      stage.Run(&CCaixaRpt::EtiquetaFechamento, stage.Foreign({{L"Modulo1", L"AB001"}})),
+      All({stage.InitialLines(),
+           {R"(Parametros.Get(Modulo1) -> "AB001")", R"(Parametros.Get(Modulo2) -> "")",
+            R"(Parametros.Get(Modulo3) -> "")"},
+           stage.ResultLines("SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, "
+                             "c.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
+                             "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+                             "WHERE (c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA='') ORDER BY c.NUM_CAIXA")}));
+}
+
+// Closing labels of subordinates.
+
+constexpr auto kSubordinatesOfAB001 =
+    "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
+    "p.EMPRESA AS Nome_Empresa FROM CAIXA c INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+    "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA WHERE s.NUM_CAIXA = 'AB001' ORDER BY NUM_CAIXA";
+
+TEST(EtiquetaFechamentoSubordinadaTest, LabelsEverySubordinateOnceOneIsClosed) {
+  for (const Database& database : Databases())
+    for (const Path path : kPaths) {
+      CaixaStage stage(database, path);
+      EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+                All({stage.InitialLines(),
+                     stage.ClosedSubordinatesLines("AB001", "Subordinados"),
+                     {"Subordinados.Get(Count) -> 1"},
+                     stage.SubordinateCodeLines(4),
+                     stage.ResultLines(kSubordinatesOfAB001)}));
+      EXPECT_EQ(stage.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
+                                        "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"}));
+    }
+}
+
+TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(DatabaseOf(2), path);
+    stage.GiveLogFile(L"/var/log/kodra.log");
+    EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+              All({stage.InitialLines(),
+                   stage.ClosedSubordinatesLines("AB001", "Subordinados"),
+                   {"Subordinados.Get(Count) -> 1"},
+                   stage.SubordinateCodeLines(4),
+                   stage.ResultLines(kSubordinatesOfAB001)}));
+  }
+}
+
+TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndPastesItWhole) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  EXPECT_EQ(
+      stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, stage.Foreign({{L"Modulo1", L"AB00107"}})),
+      All({stage.InitialLines(),
+           {R"(Parametros.Get(Modulo1) -> "AB00107")"},
+           stage.ClosedSubordinatesLines("AB00107", "Subordinados"),
+           {"Subordinados.Get(Count) -> 1"},
+           stage.SubordinateCodeLines(4),
+           stage.ResultLines("SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, "
+                             "s.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
+                             "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+                             "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                             "WHERE s.NUM_CAIXA = 'AB00107' ORDER BY NUM_CAIXA")}));
+}
+
+TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(DatabaseOf(2), path);
+    stage.AnswerSubordinates(stage.NewSubordinates(0));
+    stage.around.journal.Forget();
+    EXPECT_EQ(RaisedBy([&] {
+                stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+              }),
+              Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
+                       "Não há módulos subordinados fechados associados ao módulo AB001"));
+    const std::string line =
+        "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221493 em "
+        "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: "
+        "Não há módulos subordinados fechados associados ao módulo AB001";
+    EXPECT_EQ(stage.around.journal.Calls(), All({stage.InitialLines(),
+                                                 stage.ClosedSubordinatesLines("AB001", "Subordinados"),
+                                                 {"Subordinados.Get(Count) -> 0"},
+                                                 stage.LogLines(line)}));
+    EXPECT_EQ(stage.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
+                                      "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados", line}));
+  }
+}
+
+TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
+  const std::pair<platform::Value, const char*> kNoLists[] = {
+      {ObjectRef(), "Nothing"}, {platform::Empty{}, "Empty"}, {platform::Null{}, "Null"}};
+  for (const auto& [answer, shown] : kNoLists)
+    for (const Path path : kPaths) {
+      CaixaStage stage(DatabaseOf(2), path);
+      stage.AnswerSubordinates(answer);
+      stage.around.journal.Forget();
+      EXPECT_EQ(
+          RaisedBy([&] {
+            stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+          }),
+          Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
+                   "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo AB001"));
+      EXPECT_EQ(stage.around.journal.Calls(),
+                All({stage.InitialLines(), stage.ClosedSubordinatesLines("AB001", shown),
+                     stage.LogLines(
+                         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221494 em "
+                         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: Não foi possível obter uma lista dos "
+                         "módulos subordinados fechados associados ao módulo AB001")}));
+    }
+}
+
+TEST(EtiquetaFechamentoSubordinadaTest, RefusesAnAnswerThatIsNoObject) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.AnswerSubordinates(L"AB00101");
+  EXPECT_EQ(RaisedBy([&] {
+              stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+            }),
+            Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada", "O objeto é obrigatório"));
+}
+
+// Divider labels.
+
+TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheModuleOnEitherConnection) {
+  const std::string statement = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB001' ORDER BY d.COD_DOCTO";
+  for (const Database& database : Databases())
+    CheckResult(database, &CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AB001"}}, Asks::kNothing,
+                {statement, statement});
+}
+
+TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheParentForASubordinate) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  EXPECT_EQ(
+      stage.Run(&CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", L"AB00107"}})),
+      All({stage.InitialLines(),
+           {R"(Parametros.Get(Modulo1) -> "AB00107")"},
+           stage.ResultLines("SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB001' ORDER BY d.COD_DOCTO")}));
+}
+
+TEST(EtiquetaDivisoriaTest, MatchesNothingWithoutAModule) {
+  const std::string statement = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
+  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaDivisoria, {}, Asks::kNothing, {statement, statement});
+}
+
+}  // namespace
+}  // namespace kodra::reports

@@ -1,0 +1,206 @@
+#include "reports/modules/caixa_stage.h"
+
+#include <gtest/gtest.h>
+
+#include "frame/parameter_object.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::ObjectRef;
+using platform::Value;
+using recorder::Utf8;
+
+std::wstring Wide(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
+
+void Append(CallLines& lines, const CallLines& more) { lines.insert(lines.end(), more.begin(), more.end()); }
+
+std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
+
+}  // namespace
+
+std::string All(std::initializer_list<CallLines> parts) {
+  std::string text;
+  for (const CallLines& part : parts)
+    for (const std::string& line : part) text += line + "\n";
+  return text;
+}
+
+CaixaStage::CaixaStage(const Database& database, Path path) : database_(database), path_(path) {
+  around.files[L"/dados/arquivo.db"] = 4096;
+  around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {database.code}}});
+  around.Register(L"KodraBsnV3.ModulosBsn", {{L"NumCxSubordinadaSQL", {L"s.COD7"}}});
+  around.Register(L"KodraBsnV3.ModulosFiltro", {});
+  around.RegisterMaker(L"VantLog.FnLog", L"Log", [this](const std::wstring& name) {
+    return around.NewObject(name, {{L"DebugLog", {platform::Empty{}}}});
+  });
+  AnswerSubordinates(NewSubordinates(1));
+  report.OnDebugLog([this](const std::wstring& line) { heard.push_back(Utf8(line)); });
+  if (path == Path::kClientConnection)
+    GiveClientConnection(database.connectionString);
+  else
+    report.SetStringConexao(Wide(database.connectionString));
+  around.journal.Forget();
+}
+
+void CaixaStage::GiveClientConnection(const std::string& connectionString) {
+  const auto connection = std::make_shared<recorder::FakeConnection>(around.journal, L"ConexaoDoCliente", around.ado);
+  connection->SetConnectionString(Wide(connectionString));
+  report.SetConexao({connection, around.NewObject(L"ObjetoConexao", {})});
+}
+
+void CaixaStage::AnswerSubordinates(const Value& answer) {
+  around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {answer}}});
+}
+
+ObjectRef CaixaStage::NewSubordinates(std::int32_t count) {
+  return around.NewObject(L"Subordinados", {{L"Count", {count}}});
+}
+
+ObjectRef CaixaStage::Own(const Parameters& parameters) {
+  auto object = std::make_shared<frame::ParameterObject>(frame::ParameterClassNamed(L"CCaixaRptObj"));
+  for (const auto& [name, value] : parameters) object->Let(name, value);
+  return object;
+}
+
+ObjectRef CaixaStage::Foreign(const Parameters& parameters) {
+  const frame::ParameterClass& own = frame::ParameterClassNamed(L"CCaixaRptObj");
+  frame::ParameterObject initial(own);
+  recorder::Answers answers;
+  for (const frame::Property& property : own.properties)
+    answers[std::wstring(property.name)] = {initial.Get(property.name)};
+  for (const auto& [name, value] : parameters) answers[name] = {value};
+  return around.NewObject(L"Parametros", std::move(answers));
+}
+
+std::string CaixaStage::Run(CaixaMethod method, const ObjectRef& parameters) {
+  around.journal.Forget();
+  EXPECT_NE((report.*method)(parameters.get()), nullptr);
+  return around.journal.Calls();
+}
+
+CallLines CaixaStage::InitialLines() const {
+  CallLines lines;
+  if (path_ == Path::kClientConnection)
+    lines.push_back("ConexaoDoCliente.ConnectionString() -> " + Quoted(database_.connectionString));
+  Append(lines, InitialisationLines(database_));
+  return lines;
+}
+
+CallLines CaixaStage::BusinessLines(const std::string& name, const std::string& progId) const {
+  CallLines lines = {
+      "CreateObject(" + Quoted(progId) + ") -> " + name,
+      name + ".Let(StringConexao, " + Quoted(database_.connectionString) + ")",
+      name + ".Let(LogFile, " + Quoted(Utf8(report.LogFile())) + ")",
+  };
+  if (path_ == Path::kClientConnection) lines.push_back(name + ".Set(Conexao, ObjetoConexao)");
+  return lines;
+}
+
+CallLines CaixaStage::SubordinateCodeLines(int object) const {
+  const std::string name = "Object" + std::to_string(object);
+  CallLines lines = BusinessLines(name, "KodraBsnV3.ModulosBsn");
+  lines.push_back(name + ".Call(NumCxSubordinadaSQL, " + std::to_string(database_.code) + ", \"s\") -> \"s.COD7\"");
+  lines.push_back("~" + name);
+  return lines;
+}
+
+CallLines CaixaStage::FirstLogLines(const std::string& text) const {
+  CallLines lines = {R"(CreateObject("VantLog.FnLog") -> Log)"};
+  Append(lines, LogLines(text));
+  return lines;
+}
+
+CallLines CaixaStage::LogLines(const std::string& text) const {
+  return {
+      "Log.Let(LogFile, " + Quoted(Utf8(report.LogFile())) + ")",
+      report.LogFile().empty() ? "Log.Let(Ativar, False)" : "Log.Let(Ativar, True)",
+      "Log.Call(DebugLog, " + Quoted(text) + ") -> Empty",
+  };
+}
+
+CallLines CaixaStage::ClosedSubordinatesLines(const std::string& module, const std::string& answer) const {
+  CallLines lines = FirstLogLines("KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro");
+  Append(lines, {
+                    R"(CreateObject("KodraBsnV3.ModulosFiltro") -> Object2)",
+                    "Object2.Let(NumCaixa, " + Quoted(module) + ")",
+                    "Object2.Let(Fechados, 1)",
+                });
+  Append(lines, LogLines("KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"));
+  Append(lines, BusinessLines("Object3", "KodraBsnV3.ObtedorDeModulos"));
+  Append(lines, {"Object3.Call(ObtemSubordinados, Object2) -> " + answer, "~Object3", "~Object2"});
+  return lines;
+}
+
+CallLines CaixaStage::ResultLines(const std::string& statement) const {
+  if (path_ == Path::kClientConnection)
+    return {
+        "NewRecordset() -> Recordset1",
+        "Recordset1.SetCursorLocation(3)",
+        "Recordset1.Open(" + Quoted(statement) + ", ConexaoDoCliente, -1, -1, -1)",
+        "~Recordset1",
+    };
+  CallLines lines = OpeningLines(database_);
+  Append(lines, {
+                    "NewRecordset() -> Recordset1",
+                    "Recordset1.SetCursorLocation(2)",
+                    "Recordset1.SetCacheSize(100)",
+                    "Recordset1.Open(" + Quoted(statement) + ", Connection1, 0, 1, 1)",
+                    "~Connection1",
+                    "~Recordset1",
+                });
+  return lines;
+}
+
+CallLines CaixaStage::StaticLines() {
+  return {
+      "NewRecordset() -> Recordset1",
+      "Recordset1.SetCursorLocation(3)",
+      "Recordset1.SetCursorType(3)",
+  };
+}
+
+CallLines CaixaStage::StaticOpenLines(const std::string& statement) const {
+  const bool onClients = path_ == Path::kClientConnection;
+  return {"Recordset1.Open(" + Quoted(statement) + ", " +
+          (onClients ? "ConexaoDoCliente" : Quoted(database_.connectionString)) + ", -1, -1, -1)"};
+}
+
+void CheckResult(const Database& database, CaixaMethod method, const Parameters& parameters, Asks asks,
+                 const Statements& statements) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(database, path);
+    const CallLines asked = asks == Asks::kSubordinateCode ? stage.SubordinateCodeLines(2) : CallLines();
+    const bool onString = path == Path::kConnectionString;
+    EXPECT_EQ(stage.Run(method, parameters),
+              All({stage.InitialLines(), asked,
+                   stage.ResultLines(onString ? statements.onString : statements.onConnection)}));
+    EXPECT_EQ(stage.heard, CallLines());
+  }
+}
+
+void CheckStatic(const Database& database, CaixaMethod method, const Parameters& parameters, Asks asks,
+                 const std::string& statement) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(database, path);
+    const CallLines asked = asks == Asks::kSubordinateCode ? stage.SubordinateCodeLines(2) : CallLines();
+    EXPECT_EQ(stage.Run(method, parameters), All({stage.InitialLines(),
+                                                  asked,
+                                                  CaixaStage::StaticLines(),
+                                                  stage.StaticOpenLines(statement),
+                                                  {"~Recordset1"}}));
+    EXPECT_EQ(stage.heard, CallLines());
+  }
+}
+
+recorder::Raised Reported(const std::string& source, const std::string& cause) {
+  return {platform::kErrBase + 8107, source, "Erro ao gerar dados para o relatório: " + cause};
+}
+
+std::string Replaced(std::string text, const std::string& word, const std::string& replacement) {
+  for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + replacement.size()))
+    text.replace(at, word.size(), replacement);
+  return text;
+}
+
+}  // namespace kodra::reports

@@ -1,0 +1,98 @@
+// A CCaixaRpt with everything that it meets, and the lines that its calls leave.
+//
+//   CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+//   EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AB001"}}),
+//             All({stage.InitialLines(), stage.ResultLines("SELECT …")}));
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "recorder/fake_surroundings.h"
+#include "recorder/raised.h"
+#include "reports/catalog/catalog_checks.h"
+#include "reports/modules/caixa_rpt.h"
+
+namespace kodra::reports {
+
+using CaixaMethod = frame::ReportRows (CCaixaRpt::*)(platform::AutomationObject*);
+
+// Where a report finds its database.
+enum class Path { kConnectionString, kClientConnection };
+inline constexpr Path kPaths[] = {Path::kConnectionString, Path::kClientConnection};
+
+// Values of CCaixaRptObj by name; a property that is not named has its initial value.
+using Parameters = std::vector<std::pair<std::wstring, platform::Value>>;
+
+using CallLines = std::vector<std::string>;
+// The lines as Journal::Calls gives them.
+std::string All(std::initializer_list<CallLines> parts);
+
+class CaixaStage {
+ public:
+  // A report without log file. Subordinate modules have the code "s.COD7"; one of them is closed.
+  CaixaStage(const Database& database, Path path);
+
+  // The client's parameter object: the component's own, which leaves no lines, or another one ("Parametros" in the
+  // journal), which keeps its values as they are given.
+  static platform::ObjectRef Own(const Parameters& parameters);
+  platform::ObjectRef Foreign(const Parameters& parameters);
+  // Calls once in a new journal, drops the rows and gives all calls.
+  std::string Run(CaixaMethod method, const platform::ObjectRef& parameters);
+  std::string Run(CaixaMethod method, const Parameters& parameters) { return Run(method, Own(parameters)); }
+
+  // What ObtemSubordinados answers.
+  void AnswerSubordinates(const platform::Value& answer);
+  platform::ObjectRef NewSubordinates(std::int32_t count);
+  void GiveLogFile(std::wstring path) { report.SetLogFile(std::move(path)); }
+  void GiveClientConnection(const std::string& connectionString);
+
+  // InicializaPS.
+  CallLines InitialLines() const;
+  // The object of that number, asked for the subordinates' code.
+  CallLines SubordinateCodeLines(int object) const;
+  // A line of the log; the first one makes the log object.
+  CallLines FirstLogLines(const std::string& text) const;
+  CallLines LogLines(const std::string& text) const;
+  // ObtemSubordinadosFechados, with what the business component answers.
+  CallLines ClosedSubordinatesLines(const std::string& module, const std::string& answer) const;
+  // The opening of the result.
+  CallLines ResultLines(const std::string& statement) const;
+  // The same for a static recordset, up to its opening and from it on.
+  static CallLines StaticLines();
+  CallLines StaticOpenLines(const std::string& statement) const;
+
+  recorder::FakeSurroundings around;
+  CCaixaRpt report{around};
+  // The log lines that the client's listener heard.
+  std::vector<std::string> heard;
+
+ private:
+  // What a business component is told, and the name of its object in the journal.
+  CallLines BusinessLines(const std::string& name, const std::string& progId) const;
+
+  const Database& database_;
+  Path path_;
+};
+
+// Expects the whole calls of a method that opens its result by one statement on a connection string and by another on a
+// client's connection.
+enum class Asks { kNothing, kSubordinateCode };
+struct Statements {
+  std::string onString;
+  std::string onConnection;
+};
+void CheckResult(const Database& database, CaixaMethod method, const Parameters& parameters, Asks asks,
+                 const Statements& statements);
+// The same for a method that opens one statement in a static recordset on either.
+void CheckStatic(const Database& database, CaixaMethod method, const Parameters& parameters, Asks asks,
+                 const std::string& statement);
+
+// The error that the client sees, whose source is the cause's own.
+recorder::Raised Reported(const std::string& source, const std::string& cause);
+
+// A text with one word in place of another, at every place.
+std::string Replaced(std::string text, const std::string& word, const std::string& replacement);
+
+}  // namespace kodra::reports

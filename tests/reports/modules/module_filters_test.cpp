@@ -1,0 +1,86 @@
+// The filters of the module listings.
+#include "reports/modules/module_filters.h"
+
+#include <gtest/gtest.h>
+
+#include "recorder/fake_surroundings.h"
+#include "recorder/raised.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::Value;
+using recorder::Raised;
+using recorder::RaisedBy;
+using recorder::Utf8;
+
+class ModuleFiltersTest : public testing::Test {
+ protected:
+  using Filter = void (*)(data::SelectBuilder&, platform::AutomationObject&);
+
+  // The condition that a filter leaves of one, when the property that it reads has a value.
+  std::string Filtered(Filter filter, const wchar_t* property, const Value& value,
+                       const wchar_t* condition = L"c.TIPO_GUARDA = 'E'") {
+    data::SelectBuilder builder;
+    builder.SetWhere(condition);
+    filter(builder, *around_.NewObject(L"Parametros", {{property, {value}}}));
+    return Utf8(builder.Where());
+  }
+  std::string OfDepto(const Value& code) { return Filtered(FilterDepto, L"CodDepto", code); }
+  std::string OfPregresso(const Value& flag) { return Filtered(FilterPregresso, L"ModoPregresso", flag); }
+
+  recorder::FakeSurroundings around_;
+};
+
+TEST_F(ModuleFiltersTest, AddsTheDepartmentToTheCondition) {
+  EXPECT_EQ(OfDepto(L"7"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '7'");
+}
+
+TEST_F(ModuleFiltersTest, PutsTheDepartmentInAsItIsWritten) {
+  EXPECT_EQ(OfDepto(L"007"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '007'");
+  EXPECT_EQ(OfDepto(L" 7 "), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = ' 7 '");
+  EXPECT_EQ(OfDepto(L"7A"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '7A'");
+  EXPECT_EQ(OfDepto(L"0.5"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '0.5'");
+  EXPECT_EQ(OfDepto(L"1'x"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '1'x'");
+}
+
+TEST_F(ModuleFiltersTest, TakesADepartmentGivenAsANumber) {
+  EXPECT_EQ(OfDepto(7), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '7'");
+  EXPECT_EQ(OfDepto(0), "c.TIPO_GUARDA = 'E'");
+}
+
+TEST_F(ModuleFiltersTest, LeavesTheConditionWithoutADepartmentAboveZero) {
+  for (const wchar_t* code : {L"", L"0", L"000", L" ", L"-1", L"A7", L"abc", L"0,5"})
+    EXPECT_EQ(OfDepto(code), "c.TIPO_GUARDA = 'E'") << Utf8(code);
+}
+
+TEST_F(ModuleFiltersTest, AddsTheBackCatalogueToTheCondition) {
+  EXPECT_EQ(OfPregresso(true), "c.TIPO_GUARDA = 'E' AND c.DOCS_PREGRESSOS = 1");
+  EXPECT_EQ(OfPregresso(false), "c.TIPO_GUARDA = 'E'");
+}
+
+TEST_F(ModuleFiltersTest, AddsToTheConditionAsItStandsEachTime) {
+  data::SelectBuilder builder;
+  builder.SetWhere(L"(1=1)");
+  const platform::ObjectRef parameters =
+      around_.NewObject(L"Parametros", {{L"CodDepto", {L"7"}}, {L"ModoPregresso", {true}}});
+  FilterPregresso(builder, *parameters);
+  FilterDepto(builder, *parameters);
+  FilterPregresso(builder, *parameters);
+  EXPECT_EQ(Utf8(builder.Where()), "(1=1) AND c.DOCS_PREGRESSOS = 1 AND c.COD_DEPTO = '7' AND c.DOCS_PREGRESSOS = 1");
+}
+
+TEST_F(ModuleFiltersTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
+  EXPECT_EQ(RaisedBy([&] { Filtered(FilterDepto, L"Owner", L""); }),
+            (Raised{438, "KodraRpt", R"(O objeto de parâmetros não tem a propriedade "CodDepto".)"}));
+  EXPECT_EQ(RaisedBy([&] { Filtered(FilterPregresso, L"Owner", L""); }),
+            (Raised{438, "KodraRpt", R"(O objeto de parâmetros não tem a propriedade "ModoPregresso".)"}));
+}
+
+TEST_F(ModuleFiltersTest, RefusesANull) {
+  EXPECT_EQ(RaisedBy([&] { OfDepto(platform::Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
+  EXPECT_EQ(RaisedBy([&] { OfPregresso(platform::Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
+}
+
+}  // namespace
+}  // namespace kodra::reports
