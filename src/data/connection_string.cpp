@@ -65,7 +65,7 @@ void PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundi
     AppendUnlessPresent(connectionString, L"Patch1", L"Patch1=1024;");
   } else if (NamesSQLite(connectionString)) {
     CheckSQLiteFile(ReadKey(connectionString, L"Database"), surroundings);
-    connectionString += L"OEMCP=1;";  // also when the client gave one: the driver takes the first
+    connectionString += L"OEMCP=1;";  // also when the client gave one: a second does no harm
     AppendUnlessPresent(connectionString, L"FKSupport", L"FKSupport=true;");
   }
 }

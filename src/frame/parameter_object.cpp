@@ -25,7 +25,7 @@ Value InitialValue(const Property& property) {
 Value Normalised(PropertyRule rule, const Value& value) {
   switch (rule) {
     case PropertyRule::kInitial:
-      return text::UpperCase(text::ToText(value)).substr(0, 1);
+      return text::FirstUpper(text::ToText(value));
     case PropertyRule::kTrimmed:
       return text::Trim(text::ToText(value));
     case PropertyRule::kDate:
@@ -60,9 +60,9 @@ Value ParameterObject::Call(std::wstring_view, std::span<const Value>) {
 }
 
 std::size_t ParameterObject::IndexOf(std::wstring_view member) const {
-  const std::wstring sought = text::UpperCase(member);
-  const auto found = std::find_if(class_.properties.begin(), class_.properties.end(),
-                                  [&](const Property& property) { return text::UpperCase(property.name) == sought; });
+  const auto found = std::find_if(class_.properties.begin(), class_.properties.end(), [&](const Property& property) {
+    return text::EqualIgnoringCase(property.name, member);
+  });
   if (found == class_.properties.end()) throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
   return static_cast<std::size_t>(found - class_.properties.begin());
 }

@@ -1,6 +1,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
 
 #include "text/numbers.h"
 
@@ -20,20 +23,17 @@ struct Decimal {
 };
 
 Decimal ToDecimal(double magnitude) {
+  // "d.dddddddddddddde+xx", where the character after the first digit is the host's decimal point. The standard's own
+  // conversion would make the component a quarter larger.
   std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
-                                 kSignificantDigits - 1)
-                       .ptr;
-  // The buffer holds "d.dddddddddddddde+xx".
+  std::snprintf(buffer.data(), buffer.size(), "%.*e", kSignificantDigits - 1, magnitude);
+  const std::string_view text = buffer.data();
+  const std::size_t exponentAt = text.find('e');
   Decimal decimal;
-  const char* at = buffer.data();
-  for (; *at != 'e'; ++at) {
-    if (*at != '.') decimal.digits += static_cast<wchar_t>(*at);
-  }
-  ++at;
-  if (*at == '+') ++at;
-  std::from_chars(at, end, decimal.exponent);
+  decimal.digits = static_cast<wchar_t>(text.front());
+  decimal.digits.append(text.begin() + 2, text.begin() + exponentAt);
   decimal.digits.resize(decimal.digits.find_last_not_of(L'0') + 1);
+  decimal.exponent = std::atoi(text.data() + exponentAt + 1);
   return decimal;
 }
 

@@ -1,5 +1,6 @@
-#include <algorithm>
-#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
 #include <string>
 
 #include "platform/erro.h"
@@ -12,28 +13,14 @@ namespace {
 bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 bool IsBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 
-// Whether a numeral that no double holds is too small rather than too large.
-bool IsTiny(const std::string& numeral) {
-  const std::size_t exponentAt = std::min(numeral.find('e'), numeral.size());
-  const std::size_t pointAt = std::min(numeral.find('.'), exponentAt);
-  const std::size_t firstDigit = numeral.find_first_of("123456789");
-  if (exponentAt != numeral.size()) {
-    std::int64_t exponent = 0;
-    const char* const end = numeral.data() + numeral.size();
-    const auto result = std::from_chars(numeral.data() + exponentAt + 1, end, exponent);
-    if (result.ec == std::errc::result_out_of_range) return numeral[exponentAt + 1] == '-';
-    return static_cast<std::int64_t>(pointAt) - static_cast<std::int64_t>(firstDigit) + exponent < 0;
-  }
-  return firstDigit > pointAt;
-}
-
-// The value of a plain ASCII numeral: digits with an optional point and exponent.
-double ValueOf(const std::string& numeral) {
-  double value = 0;
-  const auto result = std::from_chars(numeral.data(), numeral.data() + numeral.size(), value);
-  if (result.ec != std::errc::result_out_of_range) return value;
-  if (IsTiny(numeral)) return 0;
-  throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
+// The value of a plain ASCII numeral: digits with an optional point and exponent. One too small for a double is zero.
+double ValueOf(std::string numeral) {
+  // The standard's own conversion, which knows no locale, would make the component larger by a tenth.
+  if (const std::size_t point = numeral.find('.'); point != std::string::npos)
+    numeral.replace(point, 1, std::localeconv()->decimal_point);
+  const double value = std::strtod(numeral.c_str(), nullptr);
+  if (std::isinf(value)) throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
+  return value;
 }
 
 // A text read from the left, one character at a time.
