@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -83,6 +83,7 @@ bool Answers(std::uint16_t port) {
 // Starts a program with its input from one file and its output into another. The program dies with this process.
 pid_t Spawn(const std::vector<std::string>& command, const std::string& input, const std::string& output) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
   const pid_t parent = getpid();

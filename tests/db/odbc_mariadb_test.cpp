@@ -46,6 +46,7 @@ TEST_F(OdbcMariaDb, EveryDeclaredTypeGivesItsAdoTypeAndValue) {
       ad::kNumeric,     ad::kSingle,      ad::kDouble,   ad::kBoolean,  ad::kDBDate,       ad::kDBTimeStamp,
       ad::kDBTimeStamp, ad::kDBTime,      ad::kWChar,    ad::kVarWChar, ad::kLongVarWChar, ad::kVarBinary};
   std::vector<std::int32_t> described;
+  described.reserve(types.size());
   for (int i = 0; i < rs.FieldCount(); ++i) described.push_back(rs.FieldAt(i).type);
   EXPECT_EQ(described, types);
   EXPECT_EQ(rs.FieldAt(6).precision, 10);

@@ -13,7 +13,6 @@ namespace {
 using tests::InvalidArgument;
 using tests::InvalidConnection;
 using tests::ItemNotFound;
-using tests::NotAllowedHere;
 using tests::ObjectClosed;
 using tests::ObjectOpen;
 using tests::Raised;

@@ -28,8 +28,8 @@ const Raised kCannotCreate{429, L"KodraRpt", L"O componente ActiveX não pode cr
 
 TEST(Surroundings, ARegisteredClassIsMadeWithoutRegardToLetterCase) {
   Surroundings machine;
-  const auto made = std::make_shared<Nothing>();
-  machine.Register(L"KodraConexao.StrCon", [&] { return made; });
+  const ObjectRef made = std::make_shared<Nothing>();
+  machine.Register(L"KodraConexao.StrCon", [&] { return ObjectRef(made); });
   EXPECT_EQ(machine.CreateObject(L"kodraconexao.STRCON"), made);
 }
 
@@ -70,7 +70,7 @@ TEST(Surroundings, FileLengthTellsFilesFoldersAndNothingApart) {
   const std::filesystem::path folder =
       std::filesystem::temp_directory_path() / ("kodra-arquivos-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder);
-  std::ofstream(folder / "vazio.db");
+  std::ofstream(folder / "vazio.db") << "";
   std::ofstream(folder / "dep\xC3\xB3sito.db") << "12345";
   Surroundings machine;
   EXPECT_EQ(machine.FileLength((folder / "vazio.db").wstring()), 0U);

@@ -1,11 +1,9 @@
 // Opening, closing and running again: how a recordset comes by its rows.
 #include <algorithm>
 
-#include "platform/odbc/coercion.h"
 #include "platform/odbc/command.h"
 #include "platform/odbc/command_text.h"
 #include "platform/odbc/memory_rows.h"
-#include "platform/odbc/names.h"
 #include "platform/odbc/recordset.h"
 #include "platform/odbc/stream_rows.h"
 
@@ -15,9 +13,8 @@ namespace {
 // Rows read whole come in blocks of at least this many, whatever the cache size.
 constexpr std::int32_t kLeastWholeBlock = 100;
 
-Session& Usable(const std::shared_ptr<Session>& session) {
+void RequireUsable(const std::shared_ptr<Session>& session) {
   if (!session || !session->IsOpen()) Raise(ControlError::kInvalidConnection, kRecordsetSource);
-  return *session;
 }
 
 // ADO's 30 seconds are taken for "nobody asked": drivers that count them stop long reports.
@@ -30,7 +27,7 @@ std::shared_ptr<Session> Recordset::SessionOf(const platform::ActiveConnection& 
     if (*given == nullptr) return nullptr;
     auto* const ours = dynamic_cast<Connection*>(*given);
     if (ours == nullptr) Raise(ControlError::kInvalidConnection, kRecordsetSource);
-    Usable(ours->SharedSession());
+    RequireUsable(ours->SharedSession());
     return ours->SharedSession();
   }
   const auto* text = std::get_if<std::wstring>(&connection);
@@ -77,8 +74,7 @@ void Recordset::Open(const RecordsetSource& source, const platform::ActiveConnec
     OpenInMemory();
     return;
   }
-  const Session& usable = Usable(session);
-  (void)usable;
+  RequireUsable(session);
   session_ = std::move(session);
   if (!cursorLocationSet_) cursorLocation_ = session_->Properties().cursorLocation;
   query_ = QueryOf(source, options);
@@ -142,7 +138,7 @@ Execution Recordset::Run(const std::shared_ptr<Session>& session, const Query& q
 void Recordset::Requery() {
   RequireOpen(kRecordsetSource);
   if (appended_) Raise(ControlError::kIllegalOperation, kRecordsetSource);
-  Usable(session_);
+  RequireUsable(session_);
   DropRows();
   OpenRows();
 }
