@@ -1,0 +1,330 @@
+// The operators.
+#include "reports/catalog/operador_rpt.h"
+
+#include <gtest/gtest.h>
+
+#include "reports/report_scene.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::Null;
+using platform::Value;
+using recorder::Failure;
+using recorder::FakeSurroundings;
+using recorder::Raised;
+using recorder::RaisedBy;
+using recorder::Rows;
+
+constexpr auto kStatement =
+    "SELECT o.DESCR_OPERADOR, o.NOME_COMPLETO, o.TIPO, d.DESCR_DEPTO, o.CHAPA, o.RAMAL, o.IDC_ATIVO AS ATIVO, "
+    "gp.DESCR_GRPOP AS DESCR_GRUPO_OP FROM OPERADOR o "
+    "INNER JOIN DEPTO d ON o.COD_DEPTO = d.COD_DEPTO "
+    "INNER JOIN GRUPOS_OPERADORES gp ON o.COD_GRPOP = gp.COD_GRPOP "
+    "WHERE o.OPCOES_PESSOAIS <> 'APAGADO' OR o.OPCOES_PESSOAIS IS NULL "
+    "ORDER BY o.DESCR_OPERADOR";
+
+Subject Report() { return SubjectOf("COperadorRpt::RelatorioOperadores", &COperadorRpt::RelatorioOperadores); }
+
+// The columns of the statement, in its order, and an operator in that order.
+const std::vector<std::wstring> kColumns = {L"DESCR_OPERADOR", L"NOME_COMPLETO", L"TIPO",  L"DESCR_DEPTO",
+                                            L"CHAPA",          L"RAMAL",         L"ATIVO", L"DESCR_GRUPO_OP"};
+using Operator = std::vector<Value>;
+const Operator kAna = {L"ANA", L"Ana Lúcia", L"2", L"Jurídico", L"00017", L"4321", L"S", L"Arquivistas"};
+const Operator kBeto = {L"BETO", Null{}, Null{}, L"Pessoal", Null{}, Null{}, Null{}, L"Consulta"};
+
+// Ana with another value in one column.
+Operator AnaWith(std::size_t column, Value value) {
+  Operator ana = kAna;
+  ana.at(column) = std::move(value);
+  return ana;
+}
+
+// Those operators in the database, and a sibling that describes every type alike.
+Preparation Having(std::vector<Operator> operators, Value description = L"Arquivista") {
+  return [operators = std::move(operators), description = std::move(description)](FakeSurroundings& around) {
+    around.Register(L"KodraBsnV3.ObtedorDeTiposOperadores", {{L"ObtemDescricao", {description}}});
+    around.ado.results = {Rows{kColumns, operators}};
+  };
+}
+
+Raised FailedStep(const std::string& step, const std::string& cause) {
+  return {platform::kErrBase + 8107, "KodraRpt.COperadorRpt::RelatorioOperadores", "Erro " + step + ": " + cause};
+}
+
+constexpr auto kReading = "ao obter dados do SGBD";
+constexpr auto kMaking = "ao criar conjunto de dados de saída";
+constexpr auto kFilling = "ao preencher conjunto de dados de saída";
+
+// The calls up to the first row.
+std::vector<std::string> FirstLines(const Database& database) {
+  std::vector<std::string> lines = InitialisationLines(database);
+  Append(lines, OpeningRows(database, kStatement, 1, 1));
+  Append(lines, {
+                    R"(Recordset1.FieldByName("ATIVO"))",
+                    R"(Recordset1.FieldByName("CHAPA"))",
+                    R"(Recordset1.FieldByName("DESCR_DEPTO"))",
+                    R"(Recordset1.FieldByName("DESCR_GRUPO_OP"))",
+                    R"(Recordset1.FieldByName("DESCR_OPERADOR"))",
+                    R"(Recordset1.FieldByName("NOME_COMPLETO"))",
+                    R"(Recordset1.FieldByName("RAMAL"))",
+                    R"(Recordset1.FieldByName("TIPO"))",
+                });
+  return lines;
+}
+
+std::string AnaAndBeto(const Database& database) {
+  std::vector<std::string> lines = FirstLines(database);
+  const std::string connect = "Object2.Let(StringConexao, \"" + database.connectionString + "\")";
+  Append(lines, {
+                    "Recordset1.Eof() -> False",
+                    R"(Recordset1.Field(ATIVO).Get() -> "S")",
+                    R"(Recordset1.Field(CHAPA).Get() -> "00017")",
+                    R"(Recordset1.Field(DESCR_DEPTO).Get() -> "Jurídico")",
+                    R"(Recordset1.Field(DESCR_GRUPO_OP).Get() -> "Arquivistas")",
+                    R"(Recordset1.Field(DESCR_OPERADOR).Get() -> "ANA")",
+                    R"(Recordset1.Field(NOME_COMPLETO).Get() -> "Ana Lúcia")",
+                    R"(Recordset1.Field(RAMAL).Get() -> "4321")",
+                    R"(Recordset1.Field(TIPO).Get() -> "2")",
+                    "Recordset1.MoveNext()",
+                    "Recordset1.Eof() -> False",
+                    "Recordset1.Field(ATIVO).Get() -> Null",
+                    "Recordset1.Field(CHAPA).Get() -> Null",
+                    R"(Recordset1.Field(DESCR_DEPTO).Get() -> "Pessoal")",
+                    R"(Recordset1.Field(DESCR_GRUPO_OP).Get() -> "Consulta")",
+                    R"(Recordset1.Field(DESCR_OPERADOR).Get() -> "BETO")",
+                    "Recordset1.Field(NOME_COMPLETO).Get() -> Null",
+                    "Recordset1.Field(RAMAL).Get() -> Null",
+                    "Recordset1.Field(TIPO).Get() -> Null",
+                    "Recordset1.MoveNext()",
+                    "Recordset1.Eof() -> True",
+                    "Recordset1.Close()",
+                    "~Recordset1",
+                    "NewRecordset() -> Recordset2",
+                    R"(Recordset2.AppendField("DESCR_OPERADOR", 200, 255, -1))",
+                    R"(Recordset2.AppendField("NOME_COMPLETO", 200, 255, -1))",
+                    R"(Recordset2.AppendField("DESCR_TIPO", 200, 255, -1))",
+                    R"(Recordset2.AppendField("DESCR_DEPTO", 200, 255, -1))",
+                    R"(Recordset2.AppendField("CHAPA", 200, 255, -1))",
+                    R"(Recordset2.AppendField("RAMAL", 200, 255, -1))",
+                    R"(Recordset2.AppendField("DESCR_GRUPO_OP", 200, 255, -1))",
+                    R"(Recordset2.AppendField("ATIVO", 11, 0, -1))",
+                    "Recordset2.Open(missing, missing, -1, -1, -1)",
+                    R"(Recordset2.FieldByName("DESCR_OPERADOR"))",
+                    R"(Recordset2.FieldByName("NOME_COMPLETO"))",
+                    R"(Recordset2.FieldByName("DESCR_TIPO"))",
+                    R"(Recordset2.FieldByName("DESCR_DEPTO"))",
+                    R"(Recordset2.FieldByName("CHAPA"))",
+                    R"(Recordset2.FieldByName("RAMAL"))",
+                    R"(Recordset2.FieldByName("DESCR_GRUPO_OP"))",
+                    R"(Recordset2.FieldByName("ATIVO"))",
+                    "Recordset2.AddNew()",
+                    R"(Recordset2.Field(DESCR_OPERADOR).Let("ANA"))",
+                    R"(Recordset2.Field(NOME_COMPLETO).Let("Ana Lúcia"))",
+                    R"(CreateObject("KodraBsnV3.ObtedorDeTiposOperadores") -> Object2)",
+                    connect,
+                    R"(Object2.Call(ObtemDescricao, 2) -> "Arquivista")",
+                    "~Object2",
+                    R"(Recordset2.Field(DESCR_TIPO).Let("Arquivista"))",
+                    R"(Recordset2.Field(DESCR_DEPTO).Let("Jurídico"))",
+                    R"(Recordset2.Field(CHAPA).Let("00017"))",
+                    R"(Recordset2.Field(RAMAL).Let("4321"))",
+                    R"(Recordset2.Field(DESCR_GRUPO_OP).Let("Arquivistas"))",
+                    "Recordset2.Field(ATIVO).Let(True)",
+                    "Recordset2.Update()",
+                    "Recordset2.AddNew()",
+                    R"(Recordset2.Field(DESCR_OPERADOR).Let("BETO"))",
+                    R"(Recordset2.Field(NOME_COMPLETO).Let(""))",
+                    R"(CreateObject("KodraBsnV3.ObtedorDeTiposOperadores") -> Object3)",
+                    "Object3" + connect.substr(std::string_view("Object2").size()),
+                    R"(Object3.Call(ObtemDescricao, 0) -> "Arquivista")",
+                    "~Object3",
+                    R"(Recordset2.Field(DESCR_TIPO).Let("Arquivista"))",
+                    R"(Recordset2.Field(DESCR_DEPTO).Let("Pessoal"))",
+                    R"(Recordset2.Field(CHAPA).Let(""))",
+                    R"(Recordset2.Field(RAMAL).Let(""))",
+                    R"(Recordset2.Field(DESCR_GRUPO_OP).Let("Consulta"))",
+                    "Recordset2.Field(ATIVO).Let(False)",
+                    "Recordset2.Update()",
+                    "Recordset2.MoveFirst()",
+                    "~Recordset2",
+                });
+  return Joined(lines);
+}
+
+TEST(COperadorRptTest, CopiesTheOperatorsToARecordsetOfItsOwnOnEveryDatabase) {
+  for (const Database& database : Databases())
+    EXPECT_EQ(Scene(Report(), database, Having({kAna, kBeto})).Run(), AnaAndBeto(database));
+}
+
+TEST(COperadorRptTest, StandsOnTheFirstOperator) {
+  Scene scene(Report(), DatabaseOf(2), Having({kAna, kBeto}));
+  scene.Prepare();
+  const frame::ReportRows rows = scene.Call();
+  ASSERT_NE(rows, nullptr);
+  EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
+  EXPECT_EQ(rows->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
+  rows->MoveNext();
+  EXPECT_EQ(rows->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"BETO"));
+  rows->MoveNext();
+  EXPECT_TRUE(rows->Eof());
+}
+
+TEST(COperadorRptTest, GivesNothingWithoutOperators) {
+  for (const Database& database : Databases()) {
+    Scene scene(Report(), database, Having({}));
+    std::vector<std::string> lines = FirstLines(database);
+    Append(lines, {"Recordset1.Eof() -> True", "Recordset1.Close()", "~Recordset1"});
+    EXPECT_EQ(scene.Run(), Joined(lines));
+    scene.Prepare();
+    EXPECT_EQ(scene.Call(), nullptr);
+  }
+}
+
+TEST(COperadorRptTest, LeavesOutDeletedOperatorsAndThoseWithoutDepartmentOrGroup) {
+  Scene scene(Report(), DatabaseOf(7), Having({}));
+  scene.Run();
+  EXPECT_NE(
+      scene.Around().journal.Calls().find(
+          "\"SELECT o.DESCR_OPERADOR, o.NOME_COMPLETO, o.TIPO, d.DESCR_DEPTO, o.CHAPA, o.RAMAL, o.IDC_ATIVO AS ATIVO, "
+          "gp.DESCR_GRPOP AS DESCR_GRUPO_OP FROM OPERADOR o INNER JOIN DEPTO d ON o.COD_DEPTO = d.COD_DEPTO "
+          "INNER JOIN GRUPOS_OPERADORES gp ON o.COD_GRPOP = gp.COD_GRPOP "
+          "WHERE o.OPCOES_PESSOAIS <> 'APAGADO' OR o.OPCOES_PESSOAIS IS NULL ORDER BY o.DESCR_OPERADOR\""),
+      std::string::npos);
+}
+
+struct TypeCode {
+  Value stored;
+  std::string asked;
+};
+
+class COperadorRptTypeTest : public testing::TestWithParam<TypeCode> {};
+
+TEST_P(COperadorRptTypeTest, AsksForTheNumberThatTheTypeBeginsWith) {
+  Scene scene(Report(), DatabaseOf(2), Having({AnaWith(2, GetParam().stored)}, L"Descrição"));
+  const std::string calls = scene.Run();
+  EXPECT_NE(calls.find("\nObject2.Call(ObtemDescricao, " + GetParam().asked + ") -> \"Descrição\"\n"),
+            std::string::npos)
+      << calls;
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, COperadorRptTypeTest,
+                         testing::Values(TypeCode{L"12", "12"}, TypeCode{L"12abc", "12"}, TypeCode{L" 7 ", "7"},
+                                         TypeCode{L"abc", "0"}, TypeCode{L"", "0"}, TypeCode{Null{}, "0"},
+                                         TypeCode{3, "3"}, TypeCode{L"1.5", "1.5"}, TypeCode{L"1,5", "1"},
+                                         TypeCode{L"-2", "-2"}));
+
+TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
+  struct Types final : platform::AutomationObject {
+    Value Get(std::wstring_view) override { return {}; }
+    void Let(std::wstring_view, const Value&) override {}
+    void Set(std::wstring_view, const platform::ObjectRef&) override {}
+    Value Call(std::wstring_view, std::span<const Value> arguments) override {
+      EXPECT_EQ(arguments.size(), 1);
+      EXPECT_TRUE(arguments[0].Is<double>());
+      return L"Arquivista";
+    }
+  };
+  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) {
+    Having({kAna})(around);
+    around.RegisterMaker(L"KodraBsnV3.ObtedorDeTiposOperadores", L"Tipos",
+                         [](const std::wstring&) { return std::make_shared<Types>(); });
+  });
+  scene.Run();
+}
+
+TEST(COperadorRptTest, TakesTextsOfTheFullSizeOfAField) {
+  const std::wstring full(255, L'x');
+  for (const std::size_t column : {0, 1, 3, 4, 5, 7}) {
+    Scene scene(Report(), DatabaseOf(2), Having({AnaWith(column, full)}));
+    scene.Prepare();
+    const frame::ReportRows rows = scene.Call();
+    ASSERT_NE(rows, nullptr);
+    EXPECT_EQ(rows->FieldByName(kColumns[column])->Get(), Value(full));
+  }
+}
+
+TEST(COperadorRptTest, FailsWhileFillingForATextLongerThanItsField) {
+  const std::wstring tooLong(256, L'x');
+  const Raised expected = FailedStep(kFilling, "A operação em várias etapas gerou erros");
+  for (const std::size_t column : {0, 1, 3, 4, 5, 7})
+    EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({AnaWith(column, tooLong)})).RunRaising(), expected) << column;
+  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kAna}, tooLong)).RunRaising(), expected);
+}
+
+TEST(COperadorRptTest, RefusesATypeWithoutDescription) {
+  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kAna}, Null{})).RunRaising(),
+            FailedStep(kFilling, "Uso de 'Null' inválido"));
+}
+
+TEST(COperadorRptTest, RefusesATypeNumberThatNoDoubleHolds) {
+  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({AnaWith(2, L"1e999")})).RunRaising(),
+            FailedStep(kFilling, "Estouro"));
+}
+
+TEST(COperadorRptTest, NamesNoStepForWhatFailsBeforeTheDatabase) {
+  const auto raised = [](const std::wstring& connectionString, bool withParameters) {
+    FakeSurroundings around;
+    const platform::ObjectRef parameters = withParameters ? around.NewObject(L"Parametros", {}) : nullptr;
+    COperadorRpt report(around);
+    report.SetStringConexao(connectionString);
+    return RaisedBy([&] { report.RelatorioOperadores(parameters.get()); });
+  };
+  EXPECT_EQ(raised(L"", true), FailedStep("", R"(É preciso definir a propriedade "StringConexao".)"));
+  EXPECT_EQ(raised(L"", false), FailedStep("", R"(É preciso definir a propriedade "StringConexao".)"));
+  EXPECT_EQ(raised(L"Provider=Outro", false), FailedStep("", "Objeto não definido."));
+  EXPECT_EQ(raised(L"Provider=Outro", true), FailedStep("", "O componente ActiveX não pode criar o objeto"));
+}
+
+TEST(COperadorRptTest, NamesTheDatabaseForWhatFailsThere) {
+  Scene scene(Report(), DatabaseOf(1), Having({kAna}));
+  scene.Prepare();
+  scene.Around().ado.nativeErrors = {942};
+  scene.Around().journal.FailOn(L"Recordset1.Open",
+                                Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
+  EXPECT_EQ(RaisedBy([&] { scene.Call(); }), FailedStep(kReading, "[OraOLEDB]: A tabela ou view não existe [N:942]"));
+}
+
+TEST(COperadorRptTest, NamesTheDatabaseForAFileThatIsNotThere) {
+  Scene scene(Report(), DatabaseOf(7), Having({kAna}));
+  scene.Prepare();
+  scene.Around().files.clear();
+  EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
+            FailedStep(kReading,
+                       R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
+}
+
+TEST(COperadorRptTest, NamesTheDatabaseForAColumnThatItDoesNotGive) {
+  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) {
+    around.ado.results = {Rows{{L"DESCR_OPERADOR"}, {}}};
+  });
+  EXPECT_EQ(scene.RunRaising(), FailedStep(kReading, "O item não foi encontrado na coleção"));
+}
+
+TEST(COperadorRptTest, NamesTheFillingForASiblingThatIsNotThere) {
+  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) { around.ado.results = {Rows{kColumns, {kAna}}}; });
+  EXPECT_EQ(scene.RunRaising(), FailedStep(kFilling, "O componente ActiveX não pode criar o objeto"));
+}
+
+// The step of a call, by the calls that had passed.
+std::string StepOf(const FailedCall& failed) {
+  const auto passed = [&](std::string_view line) { return failed.before.find(line) != std::string::npos; };
+  if (!passed("~Object1\n")) return "";
+  if (!passed("~Recordset1\n")) return kReading;
+  return passed("Recordset2.AppendField(\"ATIVO\", 11, 0, -1)\n") ? kFilling : kMaking;
+}
+
+TEST(COperadorRptTest, OutlivesTheFailureOfAnyCall) {
+  const Outcome outcome = [](const Scene&, const FailedCall& failed, const Mishap& mishap) {
+    return IsIgnored(failed.call) ? NothingRaised() : FailedStep(StepOf(failed), Caught(failed, mishap));
+  };
+  for (const Database& database : Databases()) {
+    Scene scene(Report(), database, Having({kAna, kBeto}));
+    CheckEachCallFailing(scene, outcome);
+  }
+  Scene empty(Report(), DatabaseOf(2), Having({}));
+  CheckEachCallFailing(empty, outcome);
+}
+
+}  // namespace
+}  // namespace kodra::reports
