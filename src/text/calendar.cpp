@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -76,6 +77,16 @@ Calendar ToCalendar(platform::Date date) {
 platform::Date Today() {
   const std::tm local = LocalNow();
   return FromCalendar({.year = local.tm_year + 1900, .month = local.tm_mon + 1, .day = local.tm_mday});
+}
+
+platform::Date Now() {
+  const std::tm local = LocalNow();
+  return FromCalendar({.year = local.tm_year + 1900,
+                       .month = local.tm_mon + 1,
+                       .day = local.tm_mday,
+                       .hour = local.tm_hour,
+                       .minute = local.tm_min,
+                       .second = std::min(local.tm_sec, 59)});  // a leap second is the last one again
 }
 
 }  // namespace kodra::text

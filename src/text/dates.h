@@ -37,6 +37,9 @@ Calendar ToCalendar(platform::Date date);
 // Today by the local clock, without time.
 platform::Date Today();
 
+// Today and the time of day by the local clock, to the second.
+platform::Date Now();
+
 // Reads a text as a date, as OLE Automation does for Brazilian Portuguese: nothing when it is no date.
 //
 // A date is numbers and at most one month name, apart by "/", "-", "," or blanks; a time is two or three numbers apart

@@ -1,10 +1,10 @@
 #include "siblings/ini_file.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "siblings/file_text.h"
 #include "text/upper.h"
 
 namespace kodra::support {
@@ -79,15 +79,6 @@ std::wstring_view WithoutQuotes(std::wstring_view text) {
   const bool quoted =
       text.size() >= 2 && (text.front() == L'"' || text.front() == L'\'') && text.back() == text.front();
   return quoted ? text.substr(1, text.size() - 2) : text;
-}
-
-// The path for the file system; elsewhere than on Windows the standard library would ask the host's locale for it.
-std::filesystem::path ToPath(const std::wstring& path) {
-#ifdef _WIN32
-  return path;
-#else
-  return std::u32string(path.begin(), path.end());
-#endif
 }
 
 }  // namespace

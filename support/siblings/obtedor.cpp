@@ -1,8 +1,10 @@
 #include "siblings/obtedor.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
+#include "siblings/database.h"
 #include "siblings/ini_file.h"
 #include "siblings/value_object.h"
 
@@ -11,7 +13,6 @@ namespace {
 
 using platform::ObjectRef;
 using platform::Value;
-namespace ad = platform::ad;
 
 enum class Kind { kText, kNumber, kFlag };
 
@@ -45,21 +46,17 @@ platform::Erro Failure(std::int32_t number, std::wstring description) {
 }
 
 RawValues FromDatabase(platform::Surroundings& surroundings, const std::wstring& connectionString) {
-  std::wstring columns;
+  std::vector<std::wstring_view> columns;
+  std::wstring list;
   for (const Parameter& parameter : kParameters) {
-    columns += (columns.empty() ? L"" : L", ") + std::wstring(parameter.column);
+    list += (columns.empty() ? L"" : L", ") + std::wstring(parameter.column);
+    columns.push_back(parameter.column);
   }
-  const auto connection = surroundings.NewConnection();
-  connection->SetConnectionString(connectionString);
-  connection->Open(L"", L"", ad::kUnspecified);
-  const auto rows = surroundings.NewRecordset();
-  rows->Open(L"SELECT " + columns + L" FROM PARAMETRO WHERE CODIGO = '1'", connection.get(), ad::kOpenForwardOnly,
-             ad::kLockReadOnly, ad::kCmdText);
-  if (rows->Eof()) throw Failure(3, L"Parâmetros do sistema não encontrados no banco de dados.");
+  const std::vector<Row> rows =
+      Database(surroundings, connectionString).Read(L"SELECT " + list + L" FROM PARAMETRO WHERE CODIGO = '1'", columns);
+  if (rows.empty()) throw Failure(3, L"Parâmetros do sistema não encontrados no banco de dados.");
   RawValues values;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    values[i] = rows->FieldByName(std::wstring(kParameters[i].column))->Get();
-  }
+  std::copy(rows.front().begin(), rows.front().end(), values.begin());
   return values;
 }
 

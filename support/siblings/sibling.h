@@ -14,6 +14,7 @@
 // A name that is not in the list, or that is in it for another use, raises RuntimeError::kMemberNotFound.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -79,20 +80,37 @@ Class ClassOfMember(Held Class::*);
 template <auto kPointer>
 using ClassOf = decltype(ClassOfMember(kPointer));
 
-// A text property, read and written, kept in a std::wstring member.
+// What a property makes of the value assigned to it. Raises what the conversion raises.
+inline void Assign(std::wstring& field, const platform::Value& value) { field = text::ToText(value); }
+inline void Assign(std::int32_t& field, const platform::Value& value) { field = text::ToInt32(value); }
+inline void Assign(bool& field, const platform::Value& value) { field = text::ToBool(value); }
+inline void Assign(platform::Date& field, const platform::Value& value) { field = text::ToDate(value); }
+
+// A property, read and written, kept in a member: a text, a whole number, a flag or a date.
 template <auto kField>
 Member<ClassOf<kField>> Property(std::wstring_view name) {
   using T = ClassOf<kField>;
   return {.name = name,
           .get = [](T& self) { return platform::Value(self.*kField); },
-          .let = [](T& self, const platform::Value& value) { self.*kField = text::ToText(value); }};
+          .let = [](T& self, const platform::Value& value) { Assign(self.*kField, value); }};
 }
 
-// A property that is computed by a member function without arguments.
-template <auto kFunction>
-Member<ClassOf<kFunction>> ReadOnly(std::wstring_view name) {
-  using T = ClassOf<kFunction>;
-  return {.name = name, .get = [](T& self) { return platform::Value((self.*kFunction)()); }};
+// A property that holds an object or none, kept in a platform::ObjectRef member. Clients whose language has no
+// assignment by reference assign it by value.
+template <auto kField>
+Member<ClassOf<kField>> Reference(std::wstring_view name) {
+  using T = ClassOf<kField>;
+  return {.name = name,
+          .get = [](T& self) { return platform::Value(self.*kField); },
+          .let = [](T& self, const platform::Value& value) { self.*kField = platform::ObjectIn(value); },
+          .set = [](T& self, const platform::ObjectRef& object) { self.*kField = object; }};
+}
+
+// A property that is only read: a member, or what a member function without arguments computes.
+template <auto kMember>
+Member<ClassOf<kMember>> ReadOnly(std::wstring_view name) {
+  using T = ClassOf<kMember>;
+  return {.name = name, .get = [](T& self) { return platform::Value(std::invoke(kMember, self)); }};
 }
 
 // A method: a member function that takes `arity` arguments as a span and gives a Value. Any other number of arguments

@@ -7,6 +7,7 @@
 #include "platform/erro.h"
 #include "platform/windows/automation_object.h"
 #include "platform/windows/variant.h"
+#include "siblings/com/enumerator.h"
 #include "text/upper.h"
 
 namespace kodra::support {
@@ -16,14 +17,6 @@ using platform::ObjectRef;
 using platform::RuntimeError;
 using platform::Value;
 namespace com = platform::windows;
-
-// A result as a client may have it: an object of portable code gets a face, one that came from COM goes back as it is.
-Value Outward(const Value& value) {
-  if (!value.Is<ObjectRef>()) return value;
-  const ObjectRef& object = value.As<ObjectRef>();
-  if (!object || dynamic_cast<const com::DispatchObject*>(object.get()) != nullptr) return value;
-  return com::WrapDispatch(DispatchFace::Make(object).get());
-}
 
 // Positional arguments come from the last to the first, after the named ones.
 std::vector<Value> Arguments(const DISPPARAMS& parameters) {
@@ -44,7 +37,12 @@ HRESULT Report(const platform::Erro& erro, EXCEPINFO* info) {
 
 }  // namespace
 
-std::atomic<long> DispatchFace::alive_ = 0;
+Value Outward(const Value& value) {
+  if (!value.Is<ObjectRef>()) return value;
+  const ObjectRef& object = value.As<ObjectRef>();
+  if (!object || dynamic_cast<const com::DispatchObject*>(object.get()) != nullptr) return value;
+  return com::WrapDispatch(DispatchFace::Make(object).get());
+}
 
 com::com_ptr<IDispatch> DispatchFace::Make(ObjectRef object) {
   if (!object) return {};
@@ -78,11 +76,18 @@ HRESULT DispatchFace::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
 }
 
 DISPID DispatchFace::IdOf(std::wstring_view name) {
+  if (text::EqualIgnoringCase(name, L"_NewEnum")) return DISPID_NEWENUM;
   for (std::size_t i = 0; i < names_.size(); ++i) {
     if (text::EqualIgnoringCase(names_[i], name)) return static_cast<DISPID>(i + 1);
   }
   names_.emplace_back(name);
   return static_cast<DISPID>(names_.size());
+}
+
+std::optional<std::wstring> DispatchFace::NameOf(DISPID id) const {
+  if (id == DISPID_VALUE) return L"Item";
+  if (id < 1 || static_cast<std::size_t>(id) > names_.size()) return {};
+  return names_[static_cast<std::size_t>(id) - 1];
 }
 
 HRESULT DispatchFace::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) try {
@@ -112,14 +117,26 @@ Value DispatchFace::Perform(const std::wstring& member, WORD kind, const DISPPAR
   return Outward(readOnly ? object_->Get(member) : object_->Call(member, arguments));
 }
 
+com::com_ptr<IUnknown> DispatchFace::Enumerate() {
+  std::vector<Value> members;
+  object_->ForEach([&](const Value& member) { members.push_back(member); });
+  return MakeEnumerator(std::move(members));
+}
+
 HRESULT DispatchFace::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
                              EXCEPINFO* info, UINT*) try {
   if (parameters == nullptr) return E_INVALIDARG;
-  if (id < 1 || static_cast<std::size_t>(id) > names_.size()) return DISP_E_MEMBERNOTFOUND;
   // The object may be released, or learn names, during the call.
   const com::com_ptr<IDispatch> keep(this);
-  const std::wstring member = names_[static_cast<std::size_t>(id) - 1];
-  com::ScopedVariant answer(Perform(member, kind, *parameters));
+  com::ScopedVariant answer;
+  if (id == DISPID_NEWENUM) {
+    V_UNKNOWN(answer.get()) = Enumerate().detach();
+    V_VT(answer.get()) = VT_UNKNOWN;
+  } else {
+    const std::optional<std::wstring> member = NameOf(id);
+    if (!member) return DISP_E_MEMBERNOTFOUND;
+    *answer.put() = com::ScopedVariant(Perform(*member, kind, *parameters)).detach();
+  }
   if (result != nullptr) *result = answer.detach();
   return S_OK;
 } catch (...) {

@@ -2,7 +2,8 @@
 //
 // Every name gets an id of its own per object, known or not: what the object does not have is refused when it is
 // called, with DISP_E_MEMBERNOTFOUND, which clients report as error 438. Other errors arrive as EXCEPINFO with the
-// object's number, source and description. Objects in results are faces too. Used on the thread that made it.
+// object's number, source and description. Objects in results are faces too. The default member is Item, and `For Each`
+// visits a collection. Used on the thread that made it.
 #pragma once
 
 #include <windows.h>
@@ -10,20 +11,23 @@
 #include <oaidl.h>
 
 #include <atomic>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/automation.h"
 #include "platform/windows/com_ptr.h"
+#include "siblings/com/module_lock.h"
 
 namespace kodra::support {
+
+// A result as a client may have it: an object of portable code gets a face, one that came from COM goes back as it is.
+platform::Value Outward(const platform::Value& value);
 
 class DispatchFace final : public IDispatch {
  public:
   // A face of its own for an object; null gives null.
   static platform::windows::com_ptr<IDispatch> Make(platform::ObjectRef object);
-  // The number of faces alive, in all threads.
-  static long Alive() noexcept { return alive_; }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
@@ -37,13 +41,16 @@ class DispatchFace final : public IDispatch {
                                    VARIANT* result, EXCEPINFO* info, UINT* badArgument) override;
 
  private:
-  explicit DispatchFace(platform::ObjectRef object) : object_(std::move(object)) { ++alive_; }
-  ~DispatchFace() { --alive_; }
+  explicit DispatchFace(platform::ObjectRef object) : object_(std::move(object)) {}
+  ~DispatchFace() = default;
 
   DISPID IdOf(std::wstring_view name);
+  // The name that an id stands for; nothing for an id that was not given out.
+  std::optional<std::wstring> NameOf(DISPID id) const;
   platform::Value Perform(const std::wstring& member, WORD kind, const DISPPARAMS& parameters);
+  platform::windows::com_ptr<IUnknown> Enumerate();
 
-  static std::atomic<long> alive_;
+  ModuleLock lock_;
   std::atomic<ULONG> references_ = 1;
   platform::ObjectRef object_;
   std::vector<std::wstring> names_;  // a name's id is its place, from 1

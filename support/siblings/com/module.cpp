@@ -7,13 +7,13 @@
 
 #include "platform/odbc/surroundings.h"
 #include "siblings/com/dispatch_face.h"
+#include "siblings/com/dll_classes.h"
+#include "siblings/com/module_lock.h"
 #include "siblings/com/registration.h"
-#include "siblings/sibling_classes.h"
 
 namespace kodra::support {
 namespace {
 
-std::atomic<long> locks = 0;
 HMODULE module = nullptr;
 
 // Where the siblings read data. Made on first use, never destroyed: objects may outlive every other static.
@@ -24,7 +24,7 @@ platform::Surroundings& Machine() {
 
 class Factory final : public IClassFactory {
  public:
-  explicit Factory(const SiblingClass& entry) : entry_(entry) { ++locks; }
+  explicit Factory(const SiblingClass& entry) : entry_(entry) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
     if (out == nullptr) return E_POINTER;
@@ -51,21 +51,20 @@ class Factory final : public IClassFactory {
   }
 
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    locks += lock ? 1 : -1;
+    ModuleLock::Add(lock ? 1 : -1);
     return S_OK;
   }
 
  private:
-  ~Factory() { --locks; }
+  ~Factory() = default;
 
+  ModuleLock lock_;
   std::atomic<ULONG> references_ = 1;
   const SiblingClass& entry_;
 };
 
 }  // namespace
 }  // namespace kodra::support
-
-using kodra::support::DispatchFace;
 
 // NOLINTNEXTLINE(misc-unused-parameters): the system gives all three.
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
@@ -79,7 +78,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserve
 STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** out) try {
   if (out == nullptr) return E_POINTER;
   *out = nullptr;
-  for (const auto& entry : kodra::support::SiblingClasses()) {
+  for (const auto& entry : kodra::support::DllClasses()) {
     CLSID known;
     if (FAILED(CLSIDFromString(std::wstring(entry.clsid).c_str(), &known)) || !IsEqualCLSID(known, clsid)) continue;
     auto* factory = new kodra::support::Factory(entry);
@@ -92,7 +91,7 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** out) try {
   return E_OUTOFMEMORY;
 }
 
-STDAPI DllCanUnloadNow() { return kodra::support::locks == 0 && DispatchFace::Alive() == 0 ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() { return kodra::support::ModuleLock::Any() ? S_FALSE : S_OK; }
 
 STDAPI DllRegisterServer() try { return kodra::support::RegisterClasses(kodra::support::module); } catch (...) {
   return E_OUTOFMEMORY;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "siblings/sibling_classes.h"
+#include "siblings/com/dll_classes.h"
 
 namespace kodra::support {
 namespace {
@@ -35,7 +35,7 @@ bool Remove(const std::wstring& key) {
 HRESULT RegisterClasses(HMODULE module) {
   const std::wstring path = PathOf(module);
   bool written = true;
-  for (const SiblingClass& entry : SiblingClasses()) {
+  for (const SiblingClass& entry : DllClasses()) {
     const std::wstring progId(entry.progId);
     const std::wstring classKey = L"CLSID\\" + std::wstring(entry.clsid);
     written = written && Write(progId, L"", progId) && Write(progId + L"\\CLSID", L"", entry.clsid) &&
@@ -48,7 +48,7 @@ HRESULT RegisterClasses(HMODULE module) {
 
 HRESULT UnregisterClasses() {
   bool removed = true;
-  for (const SiblingClass& entry : SiblingClasses()) {
+  for (const SiblingClass& entry : DllClasses()) {
     removed = Remove(std::wstring(entry.progId)) && removed;
     removed = Remove(L"CLSID\\" + std::wstring(entry.clsid)) && removed;
   }

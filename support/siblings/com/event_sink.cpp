@@ -1,0 +1,128 @@
+#include "siblings/com/event_sink.h"
+
+#include <vector>
+
+#include "platform/windows/variant.h"
+
+namespace kodra::support {
+namespace {
+
+namespace com = platform::windows;
+using com::com_ptr;
+
+// A type's attributes, given back at the end.
+class TypeAttributes {
+ public:
+  explicit TypeAttributes(const com_ptr<ITypeInfo>& type) : type_(type) {
+    com::Check(type->GetTypeAttr(&attributes_), type);
+  }
+  TypeAttributes(const TypeAttributes&) = delete;
+  TypeAttributes& operator=(const TypeAttributes&) = delete;
+  ~TypeAttributes() { type_->ReleaseTypeAttr(attributes_); }
+  const TYPEATTR* operator->() const { return attributes_; }
+
+ private:
+  const com_ptr<ITypeInfo>& type_;
+  TYPEATTR* attributes_ = nullptr;
+};
+
+// The default source among the interfaces of a class; null when it has none.
+com_ptr<ITypeInfo> DefaultSource(const com_ptr<ITypeInfo>& coclass) {
+  constexpr int kDefaultSource = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
+  const TypeAttributes attributes(coclass);
+  for (UINT i = 0; i < attributes->cImplTypes; ++i) {
+    int flags = 0;
+    com::Check(coclass->GetImplTypeFlags(i, &flags), coclass);
+    if ((flags & kDefaultSource) != kDefaultSource) continue;
+    HREFTYPE reference = 0;
+    com_ptr<ITypeInfo> events;
+    com::Check(coclass->GetRefTypeOfImplType(i, &reference), coclass);
+    com::Check(coclass->GetRefTypeInfo(reference, events.put()), coclass);
+    return events;
+  }
+  return {};
+}
+
+// The id and the name of a type's function.
+std::pair<DISPID, std::wstring> FunctionAt(const com_ptr<ITypeInfo>& type, UINT index) {
+  FUNCDESC* description = nullptr;
+  com::Check(type->GetFuncDesc(index, &description), type);
+  const DISPID id = description->memid;
+  type->ReleaseFuncDesc(description);
+  com::ScopedBstr name;
+  UINT count = 0;
+  com::Check(type->GetNames(id, name.put(), 1, &count), type);
+  return {id, com::ToWide(name.get())};
+}
+
+}  // namespace
+
+EventSet EventsOf(IUnknown* source) {
+  const auto described = com_ptr<IUnknown>(source).as<IProvideClassInfo>();
+  com_ptr<ITypeInfo> coclass;
+  if (described) com::Check(described->GetClassInfo(coclass.put()), described);
+  const com_ptr<ITypeInfo> events = coclass ? DefaultSource(coclass) : com_ptr<ITypeInfo>();
+  if (!events) {
+    throw platform::Erro(platform::kErrBase + 1, L"KodraSuporte.Ouvinte::Conecta", L"O objeto não anuncia eventos.");
+  }
+  const TypeAttributes attributes(events);
+  EventSet set{attributes->guid, {}};
+  for (UINT i = 0; i < attributes->cFuncs; ++i) set.names.insert(FunctionAt(events, i));
+  return set;
+}
+
+HRESULT EventSink::QueryInterface(REFIID iid, void** out) {
+  if (out == nullptr) return E_POINTER;
+  *out = nullptr;
+  const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, events_.iid);
+  if (!known) return E_NOINTERFACE;
+  *out = static_cast<IDispatch*>(this);
+  AddRef();
+  return S_OK;
+}
+
+ULONG EventSink::Release() {
+  const ULONG left = --references_;
+  if (left == 0) delete this;
+  return left;
+}
+
+HRESULT EventSink::GetTypeInfoCount(UINT* count) {
+  if (count == nullptr) return E_POINTER;
+  *count = 0;
+  return S_OK;
+}
+
+HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
+  if (out != nullptr) *out = nullptr;
+  return DISP_E_BADINDEX;
+}
+
+// Sources call events by id.
+HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) { return DISP_E_UNKNOWNNAME; }
+
+HRESULT EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS* parameters, VARIANT* result,
+                          EXCEPINFO* info, UINT* badArgument) try {
+  if (parameters == nullptr) return E_INVALIDARG;
+  const auto event = events_.names.find(id);
+  if (event == events_.names.end()) return DISP_E_MEMBERNOTFOUND;
+  std::wstring name = event->second;
+  wchar_t* names[] = {name.data()};
+  DISPID method = DISPID_UNKNOWN;
+  if (FAILED(listener_->GetIDsOfNames(IID_NULL, names, 1, locale, &method))) return S_OK;
+
+  static_assert(sizeof(com::ScopedVariant) == sizeof(VARIANT));
+  std::vector<com::ScopedVariant> values(parameters->cArgs);
+  for (UINT i = 0; i < parameters->cArgs; ++i) {
+    const HRESULT copied = VariantCopyInd(values[i].put(), &parameters->rgvarg[i]);
+    if (FAILED(copied)) return copied;
+  }
+  DISPPARAMS copies = {values.empty() ? nullptr : values.front().get(), nullptr, parameters->cArgs, 0};
+  // The source may let go of the sink during the call.
+  const com_ptr<IDispatch> listener = listener_;
+  return listener->Invoke(method, IID_NULL, locale, DISPATCH_METHOD, &copies, result, info, badArgument);
+} catch (...) {
+  return E_OUTOFMEMORY;
+}
+
+}  // namespace kodra::support
