@@ -10,24 +10,68 @@ namespace kodra::face {
 struct ReportEntry {
   const wchar_t* name;
   const wchar_t* clsid;
-  const wchar_t* method;
+  // In interface order, after the properties.
+  std::vector<const wchar_t*> methods;
+  // The name of each method's argument.
+  const wchar_t* argument = L"obj";
+
+  const wchar_t* method() const { return methods.front(); }
 };
 
-inline const std::vector<ReportEntry>& ReportClasses() {
+// The registers' listings: a connection string and one method each.
+inline const std::vector<ReportEntry>& CatalogReports() {
   static const std::vector<ReportEntry> classes = {
-      {L"CCDRpt", L"{33E0FB59-3F03-41D1-851C-690BFA152989}", L"RelatorioMidias"},
-      {L"CTipo_MidiaRpt", L"{B5FB0AF0-072F-4304-A0D0-BD18BADF0FB3}", L"RelatorioTiposMidia"},
-      {L"CSuporteRpt", L"{AAD9A884-8A68-4070-9C32-038984A3C4F3}", L"RelatorioSuportes"},
-      {L"CSerieRpt", L"{00EF59AE-4789-4C68-BF18-1C3B12BA3925}", L"RelatorioSeries"},
-      {L"CDepositoRpt", L"{D9598F11-E7E1-407F-87EB-E2386799AEE2}", L"RelatorioDepositos"},
-      {L"CDicionarioRpt", L"{9221398A-3B50-4E33-B22A-AFB237894931}", L"RelatorioTermosControlados"},
-      {L"CDeptoRpt", L"{8EAFA4EE-8163-4508-872D-84D4E9420440}", L"RelatorioDeptos"},
-      {L"CGrupoRpt", L"{257D4595-3AE2-4DAB-8106-F2A6614121DB}", L"RelatorioGrupos"},
-      {L"CModeloRpt", L"{3EA9E437-30BB-4E8A-9C8F-01121278A029}", L"RelatorioModelos"},
-      {L"CTipo_CaixaRpt", L"{75E3E593-BBB0-4879-864F-754DF2A4AFE6}", L"RelatorioTiposModulo"},
-      {L"CGrupoOperadorRpt", L"{C966E9EA-3D65-46F7-B229-030CD3775188}", L"RelatorioGruposOperadores"},
-      {L"CSubgrupoRpt", L"{2258F613-E1A5-4672-8E2B-A2116EE013BA}", L"RelatorioSubgrupos"},
+      {L"CCDRpt", L"{33E0FB59-3F03-41D1-851C-690BFA152989}", {L"RelatorioMidias"}},
+      {L"CTipo_MidiaRpt", L"{B5FB0AF0-072F-4304-A0D0-BD18BADF0FB3}", {L"RelatorioTiposMidia"}},
+      {L"CSuporteRpt", L"{AAD9A884-8A68-4070-9C32-038984A3C4F3}", {L"RelatorioSuportes"}},
+      {L"CSerieRpt", L"{00EF59AE-4789-4C68-BF18-1C3B12BA3925}", {L"RelatorioSeries"}},
+      {L"CDepositoRpt", L"{D9598F11-E7E1-407F-87EB-E2386799AEE2}", {L"RelatorioDepositos"}},
+      {L"CDicionarioRpt", L"{9221398A-3B50-4E33-B22A-AFB237894931}", {L"RelatorioTermosControlados"}},
+      {L"CDeptoRpt", L"{8EAFA4EE-8163-4508-872D-84D4E9420440}", {L"RelatorioDeptos"}},
+      {L"CGrupoRpt", L"{257D4595-3AE2-4DAB-8106-F2A6614121DB}", {L"RelatorioGrupos"}},
+      {L"CModeloRpt", L"{3EA9E437-30BB-4E8A-9C8F-01121278A029}", {L"RelatorioModelos"}},
+      {L"CTipo_CaixaRpt", L"{75E3E593-BBB0-4879-864F-754DF2A4AFE6}", {L"RelatorioTiposModulo"}},
+      {L"CGrupoOperadorRpt", L"{C966E9EA-3D65-46F7-B229-030CD3775188}", {L"RelatorioGruposOperadores"}},
+      {L"CSubgrupoRpt", L"{2258F613-E1A5-4672-8E2B-A2116EE013BA}", {L"RelatorioSubgrupos"}},
   };
+  return classes;
+}
+
+// The other reports; CCaixaRpt has properties of its own.
+inline const std::vector<ReportEntry>& OtherReports() {
+  static const std::vector<ReportEntry> classes = {
+      {L"COperadorRpt", L"{FE88B20B-76BD-4CBD-BE1C-224E474812CC}", {L"RelatorioOperadores"}},
+      {L"CDocumentoRpt",
+       L"{8C45001C-39F3-4335-9C4B-9A82885C7BBB}",
+       {L"RelatorioSintetico", L"RelatorioAnalitico", L"RelatorioInventarios"}},
+      {L"CSolicitacaoRpt",
+       L"{6F7A5CB9-C0F4-4059-8A79-107025B37C44}",
+       {L"RelatorioRetiradaOriginal", L"RelatorioDevolucaoOriginal"}},
+      {L"CLogRpt", L"{A8AD38D7-4138-4D8C-A991-84628D70D496}", {L"RelatorioLog"}},
+      {L"CContainerRpt",
+       L"{227CC1EB-A4EC-4539-BE02-3EA975433B39}",
+       {L"RelatorioContainers", L"EtiquetaAbertura", L"EtiquetaAberturaSubRpt"},
+       L"Params"},
+      {L"CEstatImgRpt", L"{BE898CF5-8324-4805-9A87-4FF11F49E6EC}", {L"RelatorioEstatisticas"}},
+      {L"CEstatIndexRpt",
+       L"{899A8B76-72A3-4B5A-9432-067642789B40}",
+       {L"RelatorioEstatisticasPorDocumento", L"RelatorioEstatisticasPorPalavrasChave"}},
+      {L"CEstatSuporteRpt", L"{7FD16A7E-DAE6-4413-A4FF-B596A2892105}", {L"RelatorioEstatisticas"}},
+      {L"CEstatSubgrupoRpt", L"{7DD0AAEE-6483-46A3-AD79-6E1CEB5C5A87}", {L"RelatorioEstatisticas"}},
+      {L"CEstatSerieRpt", L"{E6EC1563-5A6B-40CD-AFEF-7EED2427000C}", {L"RelatorioEstatisticas"}},
+      {L"CCaixaRpt",
+       L"{F8D10159-7864-40E1-A78B-FB8BDA04D4C0}",
+       {L"EtiquetaAbertura", L"EtiquetaFechamento", L"EtiquetaFechamentoSubordinada", L"EtiquetaDivisoria",
+        L"ModulosExcluidos", L"ModulosVencidos", L"DocsNoModulo", L"DocsNoModuloSubRpt", L"DocsNaoIndexadosNosModulos",
+        L"RelatoriosModulos", L"AutorizacaoDescarteModuloSubRpt"},
+       L"Params"},
+  };
+  return classes;
+}
+
+inline std::vector<ReportEntry> ReportClasses() {
+  std::vector<ReportEntry> classes = CatalogReports();
+  classes.insert(classes.end(), OtherReports().begin(), OtherReports().end());
   return classes;
 }
 

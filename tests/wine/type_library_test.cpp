@@ -62,7 +62,8 @@ std::wstring MemberText(ITypeInfo* info, const FUNCDESC& member) {
   }
   std::wstring text = std::to_wstring(member.memid) + L" " + KindText(member.invkind) + L" " + names[0];
   if (member.invkind == INVOKE_FUNC) text += L"(" + arguments + L")";
-  if (member.invkind == INVOKE_PROPERTYPUT) text += arguments.substr(arguments.find(L':'));
+  if (member.invkind == INVOKE_PROPERTYPUT || member.invkind == INVOKE_PROPERTYPUTREF)
+    text += arguments.substr(arguments.find(L':'));
   for (BSTR name : names) SysFreeString(name);
   EXPECT_EQ(VT_HRESULT, member.elemdescFunc.tdesc.vt) << testing::PrintToString(text);
   EXPECT_EQ(0, member.wFuncFlags) << testing::PrintToString(text);
@@ -141,14 +142,63 @@ Lines Joined(Lines first, const Lines& second) {
   return first;
 }
 
-TEST(TypeLibrary, AReportClassHasItsConnectionStringThenItsMethod) {
+// The methods of a report class from an id on.
+Lines Methods(int id, const ReportEntry& entry) {
+  Lines lines;
+  for (const wchar_t* method : entry.methods)
+    lines.push_back(std::to_wstring(id++) + L" call " + method + L"(" + entry.argument + L": object) -> object");
+  return lines;
+}
+
+TEST(TypeLibrary, AReportClassHasItsConnectionStringThenItsMethods) {
   const auto classes = ClassesOfLibrary();
   for (const ReportEntry& entry : ReportClasses()) {
     ASSERT_TRUE(classes.contains(entry.name)) << testing::PrintToString(entry.name);
-    EXPECT_EQ(Joined(Property(1, L"StringConexao", L"text"),
-                     {std::wstring(L"2 call ") + entry.method + L"(obj: object) -> object"}),
-              classes.at(entry.name))
+    if (entry.name == std::wstring(L"CCaixaRpt")) continue;
+    EXPECT_EQ(Joined(Property(1, L"StringConexao", L"text"), Methods(2, entry)), classes.at(entry.name))
         << testing::PrintToString(entry.name);
+  }
+}
+
+TEST(TypeLibrary, TheModuleReportsHaveAConnectionAndALogFileBeforeTheirMethods) {
+  Lines expected = Property(1, L"StringConexao", L"text");
+  expected = Joined(expected, {L"2 get Conexao -> object", L"2 set Conexao: object"});
+  expected = Joined(expected, Property(3, L"LogFile", L"text"));
+  ASSERT_STREQ(L"CCaixaRpt", OtherReports().back().name);
+  EXPECT_EQ(Joined(expected, Methods(4, OtherReports().back())), ClassesOfLibrary().at(L"CCaixaRpt"));
+}
+
+TEST(TypeLibrary, OnlyTheModuleReportsHaveAnEvent) {
+  const auto library = Library();
+  for (const ClassEntry& entry : PublicClasses()) {
+    CLSID id = {};
+    ASSERT_EQ(S_OK, CLSIDFromString(entry.clsid.c_str(), &id));
+    Ref<ITypeInfo> coclass;
+    ASSERT_EQ(S_OK, library->GetTypeInfoOfGuid(id, coclass.put()));
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(S_OK, coclass->GetTypeAttr(&attributes));
+    EXPECT_EQ(entry.name == L"CCaixaRpt" ? 2 : 1, attributes->cImplTypes) << testing::PrintToString(entry.name);
+    coclass->ReleaseTypeAttr(attributes);
+    if (entry.name != L"CCaixaRpt") continue;
+    INT flags = 0;
+    EXPECT_EQ(S_OK, coclass->GetImplTypeFlags(1, &flags));
+    EXPECT_EQ(IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE, flags);
+    HREFTYPE type = 0;
+    ASSERT_EQ(S_OK, coclass->GetRefTypeOfImplType(1, &type));
+    Ref<ITypeInfo> events;
+    ASSERT_EQ(S_OK, coclass->GetRefTypeInfo(type, events.put()));
+    FUNCDESC* member = nullptr;
+    ASSERT_EQ(S_OK, events->GetFuncDesc(0, &member));
+    BSTR names[2] = {};
+    UINT count = 0;
+    EXPECT_EQ(S_OK, events->GetNames(member->memid, names, 2, &count));
+    EXPECT_EQ(2U, count);
+    EXPECT_STREQ(L"DebugLog", names[0]);
+    EXPECT_STREQ(L"sTexto", names[1]);
+    for (BSTR name : names) SysFreeString(name);
+    EXPECT_EQ(1, member->memid);
+    EXPECT_EQ(1, member->cParams);
+    events->ReleaseFuncDesc(member);
   }
 }
 

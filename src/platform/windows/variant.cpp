@@ -168,8 +168,10 @@ Value ToValue(const VARIANT& variant) {
     case VT_UI4:
     case VT_INT:
     case VT_UINT:
-    case VT_UI8:
       return FromConverted(variant, VT_I8);
+    case VT_UI8:
+      if (!std::in_range<std::int64_t>(V_UI8(&variant))) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+      return FromInteger(static_cast<std::int64_t>(V_UI8(&variant)));
     case VT_R4:
     case VT_CY:
     case VT_DECIMAL:

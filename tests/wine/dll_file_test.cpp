@@ -1,0 +1,192 @@
+// KodraRpt.dll as a file: what kind it is, what it gives, what it needs of Windows and what it says of itself.
+#include <gtest/gtest.h>
+// clang-format off
+#include <windows.h>
+#include <winver.h>
+// clang-format on
+
+#include "environment.h"
+#include "pe_file.h"
+
+namespace kodra::face {
+namespace {
+
+TEST(DllFile, IsA32BitDll) {
+  const PeFile file(DllPath());
+  const auto& headers = file.Headers();
+  EXPECT_EQ(static_cast<DWORD>(IMAGE_NT_SIGNATURE), headers.Signature);
+  EXPECT_EQ(IMAGE_FILE_MACHINE_I386, headers.FileHeader.Machine);
+  EXPECT_EQ(IMAGE_NT_OPTIONAL_HDR32_MAGIC, headers.OptionalHeader.Magic);
+  EXPECT_NE(0, headers.FileHeader.Characteristics & IMAGE_FILE_DLL);
+}
+
+TEST(DllFile, IsLoadedAnywhereAndRunsNoData) {
+  const PeFile file(DllPath());
+  const auto& headers = file.Headers();
+  EXPECT_NE(0, headers.OptionalHeader.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
+  EXPECT_NE(0, headers.OptionalHeader.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
+  // It can only be moved with its relocations in it.
+  EXPECT_EQ(0, headers.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
+  EXPECT_NE(0U, headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size);
+}
+
+TEST(DllFile, AsksForNoLaterWindowsThanSeven) {
+  const PeFile file(DllPath());
+  const auto& header = file.Headers().OptionalHeader;
+  const int asked = header.MajorSubsystemVersion * 100 + header.MinorSubsystemVersion;
+  EXPECT_LE(asked, 601);
+  EXPECT_LE(header.MajorOperatingSystemVersion * 100 + header.MinorOperatingSystemVersion, 601);
+}
+
+TEST(DllFile, ExportsTheFourEntryPointsAndNothingElse) {
+  EXPECT_EQ(
+      (std::vector<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"}),
+      PeFile(DllPath()).Exports());
+}
+
+// What the component may ask of Windows. All of it is in Windows 7 without updates; whoever adds a function checks that
+// it is too.
+const std::map<std::string, std::set<std::string>>& AllowedImports() {
+  static const std::map<std::string, std::set<std::string>> allowed = {
+      {"advapi32.dll", {"RegCloseKey", "RegCreateKeyExW", "RegDeleteTreeW", "RegSetValueExW"}},
+      {"kernel32.dll",
+       {"AddVectoredExceptionHandler",
+        "CloseHandle",
+        "CreateEventA",
+        "CreateSemaphoreA",
+        "DeleteCriticalSection",
+        "DuplicateHandle",
+        "EnterCriticalSection",
+        "FormatMessageA",
+        "FormatMessageW",
+        "FreeLibrary",
+        "GetCurrentProcess",
+        "GetCurrentProcessId",
+        "GetCurrentThread",
+        "GetCurrentThreadId",
+        "GetFileAttributesExW",
+        "GetHandleInformation",
+        "GetLastError",
+        "GetModuleFileNameW",
+        "GetModuleHandleA",
+        "GetModuleHandleExW",
+        "GetModuleHandleW",
+        "GetProcAddress",
+        "GetProcessAffinityMask",
+        "GetSystemTimeAsFileTime",
+        "GetThreadContext",
+        "GetThreadPriority",
+        "GetTickCount64",
+        "InitializeCriticalSection",
+        "IsDBCSLeadByteEx",
+        "IsDebuggerPresent",
+        "LeaveCriticalSection",
+        "LoadLibraryA",
+        "LoadLibraryW",
+        "LocalFree",
+        "MultiByteToWideChar",
+        "OpenProcess",
+        "OutputDebugStringA",
+        "RaiseException",
+        "ReleaseSemaphore",
+        "RemoveVectoredExceptionHandler",
+        "ResetEvent",
+        "ResumeThread",
+        "SetEnvironmentVariableW",
+        "SetEvent",
+        "SetLastError",
+        "SetProcessAffinityMask",
+        "SetThreadContext",
+        "SetThreadPriority",
+        "Sleep",
+        "SuspendThread",
+        "TlsAlloc",
+        "TlsGetValue",
+        "TlsSetValue",
+        "TryEnterCriticalSection",
+        "VirtualProtect",
+        "VirtualQuery",
+        "WaitForMultipleObjects",
+        "WaitForSingleObject",
+        "WideCharToMultiByte"}},
+      {"msvcrt.dll",
+       {"__mb_cur_max", "_amsg_exit", "_assert",   "_beginthreadex", "_close",   "_endthreadex", "_errno",
+        "_initterm",    "_iob",       "_lock",     "_read",          "_setjmp3", "_strdup",      "_ultoa",
+        "_unlock",      "abort",      "atoi",      "calloc",         "exit",     "fprintf",      "fputc",
+        "fputs",        "fputwc",     "free",      "fwprintf",       "fwrite",   "localeconv",   "localtime",
+        "longjmp",      "malloc",     "memchr",    "memcmp",         "memcpy",   "memmove",      "memset",
+        "printf",       "realloc",    "setlocale", "strchr",         "strcmp",   "strerror",     "strlen",
+        "strncmp",      "time",       "vfprintf",  "wcslen"}},
+      {"ole32.dll", {"CLSIDFromProgID", "CoCreateInstance", "StringFromGUID2"}},
+      {"oleaut32.dll",
+       {"CreateErrorInfo", "DispGetIDsOfNames", "DispInvoke", "GetErrorInfo", "LoadTypeLibEx", "RegisterTypeLib",
+        "SetErrorInfo", "SysAllocStringLen", "SysFreeString", "SysStringLen", "UnRegisterTypeLib",
+        "VariantChangeTypeEx", "VariantClear", "VariantCopyInd", "VariantInit"}},
+      {"user32.dll", {"wsprintfW"}},
+  };
+  return allowed;
+}
+
+TEST(DllFile, NeedsNothingOfWindowsThatIsNotInWindowsSeven) {
+  const auto imports = PeFile(DllPath()).Imports();
+  EXPECT_FALSE(imports.empty());
+  for (const auto& [dll, functions] : imports) {
+    const auto allowed = AllowedImports().find(dll);
+    if (allowed == AllowedImports().end()) {
+      ADD_FAILURE() << dll;
+      continue;
+    }
+    for (const auto& function : functions) EXPECT_TRUE(allowed->second.contains(function)) << dll << " " << function;
+  }
+}
+
+TEST(DllFile, CarriesItsTypeLibrary) {
+  HMODULE module = LoadLibraryExW(DllPath().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  ASSERT_NE(nullptr, module);
+  HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(1), L"TYPELIB");
+  EXPECT_NE(nullptr, resource);
+  EXPECT_LT(4096U, SizeofResource(module, resource));
+  FreeLibrary(module);
+}
+
+class DllVersion : public testing::Test {
+ protected:
+  DllVersion() : block_(GetFileVersionInfoSizeW(DllPath().c_str(), nullptr)) {
+    EXPECT_TRUE(GetFileVersionInfoW(DllPath().c_str(), 0, static_cast<DWORD>(block_.size()), block_.data()));
+  }
+  // A text of the Brazilian block.
+  std::wstring Text(const wchar_t* name) {
+    void* text = nullptr;
+    UINT length = 0;
+    const std::wstring path = std::wstring(L"\\StringFileInfo\\041604B0\\") + name;
+    if (!VerQueryValueW(block_.data(), path.c_str(), &text, &length)) return L"(absent)";
+    return static_cast<const wchar_t*>(text);
+  }
+
+  std::vector<unsigned char> block_;
+};
+
+TEST_F(DllVersion, IsOneZeroRevisionFortyNine) {
+  void* found = nullptr;
+  UINT length = 0;
+  ASSERT_TRUE(VerQueryValueW(block_.data(), L"\\", &found, &length));
+  const auto& version = *static_cast<const VS_FIXEDFILEINFO*>(found);
+  EXPECT_EQ(1, HIWORD(version.dwFileVersionMS));
+  EXPECT_EQ(0, LOWORD(version.dwFileVersionMS));
+  EXPECT_EQ(0, HIWORD(version.dwFileVersionLS));
+  EXPECT_EQ(49, LOWORD(version.dwFileVersionLS));
+  EXPECT_EQ(version.dwFileVersionMS, version.dwProductVersionMS);
+  EXPECT_EQ(version.dwFileVersionLS, version.dwProductVersionLS);
+  EXPECT_EQ(static_cast<DWORD>(VFT_DLL), version.dwFileType);
+}
+
+TEST_F(DllVersion, SaysSoInTexts) {
+  EXPECT_EQ(L"1.0.49", Text(L"FileVersion"));
+  EXPECT_EQ(L"1.0.49", Text(L"ProductVersion"));
+  EXPECT_EQ(L"KodraRpt", Text(L"ProductName"));
+  EXPECT_EQ(L"KodraRpt.dll", Text(L"OriginalFilename"));
+  EXPECT_EQ(L"Dados dos relatórios do arquivo", Text(L"FileDescription"));
+}
+
+}  // namespace
+}  // namespace kodra::face

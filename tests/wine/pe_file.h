@@ -1,0 +1,80 @@
+// A 32-bit executable file read as it lies on the disk: headers, imports and exports.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <map>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace kodra::face {
+
+class PeFile {
+ public:
+  explicit PeFile(const std::wstring& path) {
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) throw std::runtime_error("cannot open the file");
+    bytes_.resize(GetFileSize(file, nullptr));
+    DWORD count = 0;
+    ReadFile(file, bytes_.data(), static_cast<DWORD>(bytes_.size()), &count, nullptr);
+    CloseHandle(file);
+    if (count != bytes_.size() || At<IMAGE_DOS_HEADER>(0).e_magic != IMAGE_DOS_SIGNATURE)
+      throw std::runtime_error("no executable file");
+  }
+
+  const IMAGE_NT_HEADERS32& Headers() const {
+    return At<IMAGE_NT_HEADERS32>(static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
+  }
+
+  // The functions imported of each DLL, whose names are in small letters. A function by number is "#number".
+  std::map<std::string, std::set<std::string>> Imports() const {
+    std::map<std::string, std::set<std::string>> imports;
+    const DWORD table = Headers().OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+    for (std::size_t i = Offset(table); At<IMAGE_IMPORT_DESCRIPTOR>(i).Name != 0;
+         i += sizeof(IMAGE_IMPORT_DESCRIPTOR)) {
+      const auto& descriptor = At<IMAGE_IMPORT_DESCRIPTOR>(i);
+      std::string dll = Text(descriptor.Name);
+      for (char& c : dll)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+      for (std::size_t k = Offset(descriptor.OriginalFirstThunk); At<DWORD>(k) != 0; k += sizeof(DWORD)) {
+        const DWORD entry = At<DWORD>(k);
+        const bool byNumber = (entry & IMAGE_ORDINAL_FLAG32) != 0;
+        imports[dll].insert(byNumber ? "#" + std::to_string(entry & 0xFFFF) : Text(entry + sizeof(WORD)));
+      }
+    }
+    return imports;
+  }
+
+  std::vector<std::string> Exports() const {
+    const auto& directory = At<IMAGE_EXPORT_DIRECTORY>(
+        Offset(Headers().OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT].VirtualAddress));
+    std::vector<std::string> names;
+    for (DWORD i = 0; i < directory.NumberOfNames; ++i)
+      names.push_back(Text(At<DWORD>(Offset(directory.AddressOfNames) + i * sizeof(DWORD))));
+    if (directory.NumberOfFunctions != directory.NumberOfNames) names.emplace_back("(a function without a name)");
+    return names;
+  }
+
+ private:
+  template <class T>
+  const T& At(std::size_t offset) const {
+    if (offset + sizeof(T) > bytes_.size()) throw std::runtime_error("beyond the end of the file");
+    return *reinterpret_cast<const T*>(bytes_.data() + offset);
+  }
+  // Where in the file an address of the loaded image stands.
+  std::size_t Offset(DWORD address) const {
+    const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(&Headers());
+    for (WORD i = 0; i < Headers().FileHeader.NumberOfSections; ++i, ++section)
+      if (address >= section->VirtualAddress && address - section->VirtualAddress < section->SizeOfRawData)
+        return section->PointerToRawData + (address - section->VirtualAddress);
+    throw std::runtime_error("no such address");
+  }
+  std::string Text(DWORD address) const { return std::string(&At<char>(Offset(address))); }
+
+  std::vector<unsigned char> bytes_;
+};
+
+}  // namespace kodra::face

@@ -1,0 +1,122 @@
+// What stands in a recordset, and the archive's tables read one by one: from these a test works out by itself what a
+// report must give.
+#pragma once
+
+#include <algorithm>
+
+#include "automation.h"
+#include "environment.h"
+
+namespace kodra::face {
+
+// A value as text; nothing for a null.
+using Cell = std::optional<std::wstring>;
+using Cells = std::vector<Cell>;
+using Names = std::vector<std::wstring>;
+
+inline std::size_t PositionOf(const Names& columns, const std::wstring& name) {
+  const auto found = std::find(columns.begin(), columns.end(), name);
+  if (found == columns.end()) throw std::logic_error("no such column");
+  return static_cast<std::size_t>(found - columns.begin());
+}
+
+struct Rows {
+  Names columns;
+  std::vector<Cells> rows;
+};
+
+// A row with its column names.
+class Row {
+ public:
+  Row(const Names& columns, const Cells& cells) : columns_(columns), cells_(cells) {}
+  const Cell& operator[](const std::wstring& name) const { return cells_[PositionOf(columns_, name)]; }
+  Cells Pick(const Names& names) const {
+    Cells picked;
+    for (const auto& name : names) picked.push_back((*this)[name]);
+    return picked;
+  }
+
+ private:
+  const Names& columns_;
+  const Cells& cells_;
+};
+
+// Reads a recordset from its current row to its end.
+inline Rows ReadAll(const Ref<IDispatch>& recordset) {
+  Rows result;
+  const auto fields = Got(Get(recordset, L"Fields")).object();
+  std::vector<Ref<IDispatch>> columns;
+  for (int i = 0; i < Got(Get(fields, L"Count")).number(); ++i) {
+    columns.push_back(Got(Call(fields, L"Item", {i})).object());
+    result.columns.push_back(Got(Get(columns.back(), L"Name")).text().value());
+  }
+  while (Got(Get(recordset, L"EOF")).raw().boolVal == VARIANT_FALSE && !testing::Test::HasFailure()) {
+    Cells cells;
+    for (const auto& column : columns) cells.push_back(Got(Get(column, L"Value")).text());
+    result.rows.push_back(std::move(cells));
+    Call(recordset, L"MoveNext");
+  }
+  return result;
+}
+
+// A table of the archive.
+class Table {
+ public:
+  explicit Table(const std::wstring& name) {
+    const auto recordset = Create(L"ADODB.Recordset");
+    const Outcome opened = Call(recordset, L"Open", {L"SELECT * FROM " + name, ArchiveConnection(), 0, 1, 1});
+    EXPECT_EQ(S_OK, opened.hr) << testing::PrintToString(opened.failure);
+    if (opened.hr == S_OK) content_ = ReadAll(recordset);
+    EXPECT_FALSE(content_.rows.empty()) << testing::PrintToString(name);
+  }
+
+  std::vector<Row> rows() const {
+    std::vector<Row> rows;
+    for (const Cells& cells : content_.rows) rows.emplace_back(content_.columns, cells);
+    return rows;
+  }
+  // The rows in which a column has the value; a null has none that equals it.
+  std::vector<Row> Where(const std::wstring& column, const Cell& value) const {
+    std::vector<Row> found;
+    for (const Row& row : rows())
+      if (value && row[column] == value) found.push_back(row);
+    return found;
+  }
+
+ private:
+  Rows content_;
+};
+
+// A report's recordset by the client's way: create, connect, fill the parameter object, call.
+inline Outcome RunReport(const std::wstring& name, const std::wstring& method, const Var& obj,
+                         const std::wstring& connection) {
+  const auto report = Create(L"KodraRpt." + name);
+  EXPECT_EQ(S_OK, Put(report, L"StringConexao", connection).hr);
+  return Call(report, method, {obj});
+}
+inline Ref<IDispatch> OpenReport(const std::wstring& name, const std::wstring& method, const Ref<IDispatch>& obj) {
+  return Got(RunReport(name, method, Var(obj.get()), ArchiveConnection())).object();
+}
+inline Ref<IDispatch> OpenReport(const std::wstring& name, const std::wstring& method) {
+  return OpenReport(name, method, Create(L"KodraRpt." + name + L"Obj"));
+}
+
+// Compares columns, values and order. Rows that are equal in every column of `orderBy` may stand in any order among
+// themselves; nulls stand first and text stands by code point, as SQLite orders.
+inline void ExpectRows(Rows expected, Rows actual, const Names& orderBy) {
+  ASSERT_EQ(expected.columns, actual.columns);
+  ASSERT_EQ(expected.rows.size(), actual.rows.size());
+  const auto keys = [&](const Rows& rows) {
+    std::vector<Cells> result;
+    for (const Cells& cells : rows.rows) result.push_back(Row(rows.columns, cells).Pick(orderBy));
+    return result;
+  };
+  auto expectedKeys = keys(expected);
+  std::sort(expectedKeys.begin(), expectedKeys.end());
+  EXPECT_EQ(expectedKeys, keys(actual)) << "order";
+  std::sort(expected.rows.begin(), expected.rows.end());
+  std::sort(actual.rows.begin(), actual.rows.end());
+  for (std::size_t i = 0; i < expected.rows.size(); ++i) EXPECT_EQ(expected.rows[i], actual.rows[i]) << i;
+}
+
+}  // namespace kodra::face

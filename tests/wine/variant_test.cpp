@@ -1,0 +1,342 @@
+// Values and errors across COM: each type of a VARIANT, and each way in which a call can fail.
+#include "platform/windows/variant.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "foreign_object.h"
+#include "platform/windows/automation_object.h"
+
+namespace kodra::platform::windows {
+namespace {
+
+// A VARIANT of a type whose value is written by `write`.
+template <class Write>
+VARIANT Of(VARTYPE type, Write write) {
+  VARIANT v;
+  VariantInit(&v);
+  write(v);
+  v.vt = type;
+  return v;
+}
+
+// What reading the VARIANT raises; 0 when it does not.
+std::int32_t Raised(const VARIANT& variant) {
+  try {
+    ToValue(variant);
+    return 0;
+  } catch (const Erro& erro) {
+    return erro.Number();
+  }
+}
+
+constexpr std::int32_t kTypeMismatch = 13;
+
+TEST(VariantToValue, KeepsWhatAValueHasAKindFor) {
+  EXPECT_EQ(Value(Empty{}), ToValue(Of(VT_EMPTY, [](VARIANT&) {})));
+  EXPECT_EQ(Value(Null{}), ToValue(Of(VT_NULL, [](VARIANT&) {})));
+  EXPECT_EQ(Value(std::int32_t{-7}), ToValue(Of(VT_I4, [](VARIANT& v) { v.lVal = -7; })));
+  EXPECT_EQ(Value(2.5), ToValue(Of(VT_R8, [](VARIANT& v) { v.dblVal = 2.5; })));
+  EXPECT_EQ(Value(Date{36526.75}), ToValue(Of(VT_DATE, [](VARIANT& v) { v.date = 36526.75; })));
+}
+
+TEST(VariantToValue, ABooleanIsTrueForAnythingButZero) {
+  EXPECT_EQ(Value(true), ToValue(Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; })));
+  EXPECT_EQ(Value(true), ToValue(Of(VT_BOOL, [](VARIANT& v) { v.boolVal = 1; })));
+  EXPECT_EQ(Value(false), ToValue(Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_FALSE; })));
+}
+
+TEST(VariantToValue, EveryIntegerThatFitsIsA32BitOne) {
+  EXPECT_EQ(Value(std::int32_t{-5}), ToValue(Of(VT_I1, [](VARIANT& v) { v.cVal = -5; })));
+  EXPECT_EQ(Value(std::int32_t{200}), ToValue(Of(VT_UI1, [](VARIANT& v) { v.bVal = 200; })));
+  EXPECT_EQ(Value(std::int32_t{-300}), ToValue(Of(VT_I2, [](VARIANT& v) { v.iVal = -300; })));
+  EXPECT_EQ(Value(std::int32_t{60000}), ToValue(Of(VT_UI2, [](VARIANT& v) { v.uiVal = 60000; })));
+  EXPECT_EQ(Value(std::int32_t{12}), ToValue(Of(VT_UI4, [](VARIANT& v) { v.ulVal = 12; })));
+  EXPECT_EQ(Value(std::int32_t{-13}), ToValue(Of(VT_INT, [](VARIANT& v) { v.intVal = -13; })));
+  EXPECT_EQ(Value(std::int32_t{14}), ToValue(Of(VT_UINT, [](VARIANT& v) { v.uintVal = 14; })));
+  EXPECT_EQ(Value(std::int32_t{-15}), ToValue(Of(VT_I8, [](VARIANT& v) { v.llVal = -15; })));
+  EXPECT_EQ(Value(std::int32_t{16}), ToValue(Of(VT_UI8, [](VARIANT& v) { v.ullVal = 16; })));
+}
+
+TEST(VariantToValue, ALargerIntegerIsA64BitOne) {
+  EXPECT_EQ(Value(std::int64_t{4000000000}), ToValue(Of(VT_UI4, [](VARIANT& v) { v.ulVal = 4000000000U; })));
+  EXPECT_EQ(Value(std::int64_t{-5000000000}), ToValue(Of(VT_I8, [](VARIANT& v) { v.llVal = -5000000000; })));
+  EXPECT_EQ(Value(std::int64_t{5000000000}), ToValue(Of(VT_UI8, [](VARIANT& v) { v.ullVal = 5000000000U; })));
+}
+
+TEST(VariantToValue, AnIntegerBeyond63BitsIsRefused) {
+  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_UI8, [](VARIANT& v) { v.ullVal = std::numeric_limits<ULONGLONG>::max(); })));
+}
+
+TEST(VariantToValue, OtherNumbersAreDoubles) {
+  EXPECT_EQ(Value(0.5), ToValue(Of(VT_R4, [](VARIANT& v) { v.fltVal = 0.5F; })));
+  EXPECT_EQ(Value(12.34), ToValue(Of(VT_CY, [](VARIANT& v) { v.cyVal.int64 = 123400; })));
+  VARIANT decimal = Of(VT_EMPTY, [](VARIANT& v) {
+    v.decVal.Lo64 = 12345;
+    v.decVal.scale = 2;
+  });
+  decimal.vt = VT_DECIMAL;
+  EXPECT_EQ(Value(123.45), ToValue(decimal));
+}
+
+TEST(VariantToValue, ATextKeepsEveryCharacterAndANullOneIsEmpty) {
+  const face::Bstr text(std::wstring(L"São\0João", 8));
+  EXPECT_EQ(Value(std::wstring(L"São\0João", 8)), ToValue(Of(VT_BSTR, [&](VARIANT& v) { v.bstrVal = text; })));
+  EXPECT_EQ(Value(L""), ToValue(Of(VT_BSTR, [](VARIANT& v) { v.bstrVal = nullptr; })));
+}
+
+TEST(VariantToValue, AnObjectIsSharedAndNothingIsANullReference) {
+  auto object = face::ForeignObject::With(L"Nome", L"Ana");
+  {
+    const Value value = ToValue(Of(VT_DISPATCH, [&](VARIANT& v) { v.pdispVal = object.get(); }));
+    ASSERT_TRUE(value.Is<ObjectRef>());
+    EXPECT_EQ(Value(L"Ana"), value.As<ObjectRef>()->Get(L"nome"));
+    EXPECT_EQ(object.get(), DispatchOf(value.As<ObjectRef>()).get());
+    const Value unknown = ToValue(Of(VT_UNKNOWN, [&](VARIANT& v) { v.punkVal = object.get(); }));
+    EXPECT_TRUE(unknown.Is<ObjectRef>());
+  }
+  EXPECT_EQ(0U, object.Release());
+  EXPECT_EQ(Value(ObjectRef()), ToValue(Of(VT_DISPATCH, [](VARIANT& v) { v.pdispVal = nullptr; })));
+  EXPECT_EQ(Value(ObjectRef()), ToValue(Of(VT_UNKNOWN, [](VARIANT& v) { v.punkVal = nullptr; })));
+}
+
+TEST(VariantToValue, AReferenceIsFollowed) {
+  LONG number = 7;
+  EXPECT_EQ(Value(std::int32_t{7}), ToValue(Of(VT_BYREF | VT_I4, [&](VARIANT& v) { v.plVal = &number; })));
+  const face::Bstr text(L"ação");
+  BSTR pointed = text;
+  EXPECT_EQ(Value(L"ação"), ToValue(Of(VT_BYREF | VT_BSTR, [&](VARIANT& v) { v.pbstrVal = &pointed; })));
+  DATE date = 2.5;
+  EXPECT_EQ(Value(Date{2.5}), ToValue(Of(VT_BYREF | VT_DATE, [&](VARIANT& v) { v.pdate = &date; })));
+}
+
+TEST(VariantToValue, AReferenceToAVariantIsFollowedToItsValue) {
+  LONG number = 7;
+  VARIANT inner = Of(VT_BYREF | VT_I4, [&](VARIANT& v) { v.plVal = &number; });
+  EXPECT_EQ(Value(std::int32_t{7}), ToValue(Of(VT_BYREF | VT_VARIANT, [&](VARIANT& v) { v.pvarVal = &inner; })));
+}
+
+TEST(VariantToValue, AReferenceDoesNotTakeWhatItRefersTo) {
+  auto object = face::ForeignObject::With(L"Nome", L"Ana");
+  IDispatch* pointed = object.get();
+  ToValue(Of(VT_BYREF | VT_DISPATCH, [&](VARIANT& v) { v.ppdispVal = &pointed; }));
+  EXPECT_EQ(0U, object.Release());
+}
+
+TEST(VariantToValue, ArraysAndErrorsAreRefused) {
+  SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 2);
+  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_ARRAY | VT_I4, [&](VARIANT& v) { v.parray = array; })));
+  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_ARRAY | VT_I4 | VT_BYREF, [&](VARIANT& v) { v.pparray = &array; })));
+  SafeArrayDestroy(array);
+  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_ERROR, [](VARIANT& v) { v.scode = DISP_E_PARAMNOTFOUND; })));
+}
+
+TEST(VariantFromValue, HasTheTypeOfTheValue) {
+  EXPECT_EQ(VT_EMPTY, (*ScopedVariant(Value())).vt);
+  EXPECT_EQ(VT_NULL, (*ScopedVariant(Value(Null{}))).vt);
+  EXPECT_EQ(VT_I4, (*ScopedVariant(Value(std::int32_t{1}))).vt);
+  EXPECT_EQ(VT_I8, (*ScopedVariant(Value(std::int64_t{1}))).vt);
+  EXPECT_EQ(VT_R8, (*ScopedVariant(Value(1.0))).vt);
+  EXPECT_EQ(VT_DATE, (*ScopedVariant(Value(Date{1}))).vt);
+  EXPECT_EQ(VT_BSTR, (*ScopedVariant(Value(L"a"))).vt);
+  EXPECT_EQ(VT_BOOL, (*ScopedVariant(Value(true))).vt);
+  EXPECT_EQ(-1, (*ScopedVariant(Value(true))).boolVal);
+  EXPECT_EQ(VT_DISPATCH, (*ScopedVariant(Value(ObjectRef()))).vt);
+  EXPECT_EQ(nullptr, (*ScopedVariant(Value(ObjectRef()))).pdispVal);
+}
+
+TEST(VariantFromValue, ComesBackAsTheSameValue) {
+  for (const Value& value :
+       {Value(), Value(Null{}), Value(true), Value(false), Value(std::int32_t{-1}), Value(std::int64_t{5000000000}),
+        Value(0.25), Value(Date{-1.5}), Value(L"ação"), Value(std::wstring(L"a\0b", 3)), Value(ObjectRef())})
+    EXPECT_EQ(value, ToValue(*ScopedVariant(value)));
+}
+
+TEST(VariantFromValue, SharesAnObject) {
+  auto object = face::ForeignObject::With(L"Nome", L"Ana");
+  {
+    const ScopedVariant variant{Value(WrapDispatch(object.get()))};
+    EXPECT_EQ(object.get(), (*variant).pdispVal);
+    const ScopedVariant other = ScopedVariant::Object(object.get());
+    EXPECT_EQ(object.get(), (*other).pdispVal);
+  }
+  EXPECT_EQ(0U, object.Release());
+}
+
+// An object that is no COM object.
+class Portable final : public AutomationObject {
+ public:
+  Value Get(std::wstring_view) override { return {}; }
+  void Let(std::wstring_view, const Value&) override {}
+  void Set(std::wstring_view, const ObjectRef&) override {}
+  Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
+};
+
+TEST(VariantFromValue, RefusesAnObjectOfAnotherPlatform) {
+  try {
+    const ScopedVariant variant{Value(ObjectRef(std::make_shared<Portable>()))};
+    FAIL() << (*variant).vt;
+  } catch (const Erro& erro) {
+    EXPECT_EQ(kTypeMismatch, erro.Number());
+  }
+}
+
+TEST(ErrorNumbers, AControlErrorIsItsSmallNumberAndEveryOtherIsItself) {
+  EXPECT_EQ(3704, NumberOf(static_cast<HRESULT>(0x800A0E78)));
+  EXPECT_EQ(13, NumberOf(static_cast<HRESULT>(0x800A000D)));
+  EXPECT_EQ(static_cast<std::int32_t>(0x80040E14), NumberOf(static_cast<HRESULT>(0x80040E14)));
+  EXPECT_EQ(static_cast<HRESULT>(0x800A0E78), HresultOf(3704));
+  EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), HresultOf(static_cast<std::int32_t>(0x80041FAB)));
+}
+
+TEST(ErrorNumbers, WhatIsNoErrorNumberFailsAllTheSame) {
+  EXPECT_EQ(E_FAIL, HresultOf(0));
+  EXPECT_EQ(E_FAIL, HresultOf(0x10000));
+  EXPECT_EQ(static_cast<HRESULT>(0x800AFFFF), HresultOf(0xFFFF));
+}
+
+TEST(ErrorOfACallByName, TakesNumberSourceAndDescriptionAndEmptiesTheCarrier) {
+  EXCEPINFO info = {};
+  info.scode = static_cast<HRESULT>(0x800A0BCD);
+  info.bstrSource = SysAllocString(L"ADODB.Field");
+  info.bstrDescription = SysAllocString(L"Sem registro.");
+  info.bstrHelpFile = SysAllocString(L"x.hlp");
+  const Erro erro = ErrorOf(DISP_E_EXCEPTION, info);
+  EXPECT_EQ(3021, erro.Number());
+  EXPECT_EQ(L"ADODB.Field", erro.Source());
+  EXPECT_EQ(L"Sem registro.", erro.Description());
+  EXPECT_EQ(nullptr, info.bstrSource);
+  EXPECT_EQ(nullptr, info.bstrDescription);
+  EXPECT_EQ(nullptr, info.bstrHelpFile);
+}
+
+TEST(ErrorOfACallByName, TakesAnOldStyleCodeWhereThereIsNoOther) {
+  EXCEPINFO info = {};
+  info.wCode = 1005;
+  EXPECT_EQ(1005, ErrorOf(DISP_E_EXCEPTION, info).Number());
+}
+
+HRESULT STDMETHODCALLTYPE FillInLate(EXCEPINFO* info) {
+  info->scode = static_cast<HRESULT>(0x80040001);
+  info->bstrDescription = SysAllocString(L"Tardia.");
+  return S_OK;
+}
+
+TEST(ErrorOfACallByName, AsksForWhatIsFilledInLate) {
+  EXCEPINFO info = {};
+  info.pfnDeferredFillIn = FillInLate;
+  const Erro erro = ErrorOf(DISP_E_EXCEPTION, info);
+  EXPECT_EQ(static_cast<std::int32_t>(0x80040001), erro.Number());
+  EXPECT_EQ(L"Tardia.", erro.Description());
+}
+
+TEST(ErrorOfACallByName, NamesTheRuntimesOwnErrors) {
+  const struct {
+    HRESULT hr;
+    std::int32_t number;
+    const wchar_t* description;
+  } cases[] = {
+      {DISP_E_UNKNOWNNAME, 438, L"O objeto não aceita esta propriedade ou método"},
+      {DISP_E_MEMBERNOTFOUND, 438, L"O objeto não aceita esta propriedade ou método"},
+      {DISP_E_TYPEMISMATCH, 13, L"Tipos incompatíveis"},
+      {DISP_E_OVERFLOW, 6, L"Estouro"},
+      {E_OUTOFMEMORY, 7, L"Memória insuficiente"},
+      {static_cast<HRESULT>(0x8004ABCD), static_cast<std::int32_t>(0x8004ABCD), L"Erro de automação (8004ABCD)"},
+  };
+  for (const auto& one : cases) {
+    EXCEPINFO info = {};
+    const Erro erro = ErrorOf(one.hr, info);
+    EXPECT_EQ(one.number, erro.Number());
+    EXPECT_EQ(L"KodraRpt", erro.Source());
+    EXPECT_EQ(one.description, erro.Description());
+  }
+}
+
+// Says that it supports error information, or not.
+class Supporting final : public ISupportErrorInfo {
+ public:
+  explicit Supporting(HRESULT answer) : answer_(answer) {}
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_ISupportErrorInfo ? this : nullptr;
+    return *object == nullptr ? E_NOINTERFACE : S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+  STDMETHODIMP_(ULONG) Release() override { return 1; }
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID) override { return answer_; }
+
+ private:
+  HRESULT answer_;
+};
+
+void LeaveErrorInfo() {
+  com_ptr<ICreateErrorInfo> info;
+  ASSERT_EQ(S_OK, CreateErrorInfo(info.put()));
+  info->SetSource(face::Bstr(L"ADODB.Connection"));
+  info->SetDescription(face::Bstr(L"Falhou."));
+  SetErrorInfo(0, info.as<IErrorInfo>().get());
+}
+
+TEST(ErrorOfACallByVtable, IsTakenFromTheErrorInformationOfTheObject) {
+  Supporting object(S_OK);
+  LeaveErrorInfo();
+  const Erro erro = ErrorOf(static_cast<HRESULT>(0x80040E4D), &object, IID_IDispatch);
+  EXPECT_EQ(static_cast<std::int32_t>(0x80040E4D), erro.Number());
+  EXPECT_EQ(L"ADODB.Connection", erro.Source());
+  EXPECT_EQ(L"Falhou.", erro.Description());
+}
+
+TEST(ErrorOfACallByVtable, IsNotTakenFromAnObjectThatDoesNotVouchForIt) {
+  Supporting object(S_FALSE);
+  LeaveErrorInfo();
+  const Erro erro = ErrorOf(DISP_E_TYPEMISMATCH, &object, IID_IDispatch);
+  EXPECT_EQ(L"KodraRpt", erro.Source());
+  EXPECT_EQ(L"Tipos incompatíveis", erro.Description());
+  SetErrorInfo(0, nullptr);
+}
+
+TEST(ErrorOfACallByVtable, WithoutErrorInformationIsTheNumberAlone) {
+  Supporting object(S_OK);
+  SetErrorInfo(0, nullptr);
+  EXPECT_EQ(L"Erro de automação (8004ABCD)",
+            ErrorOf(static_cast<HRESULT>(0x8004ABCD), &object, IID_IDispatch).Description());
+  EXPECT_EQ(7, ErrorOf(E_OUTOFMEMORY, nullptr, IID_NULL).Number());
+}
+
+TEST(LateBoundObject, RaisesWhatTheObjectRaises) {
+  const auto object =
+      face::ForeignObject::With(L"Nome", face::Raising(static_cast<HRESULT>(0x8004002A), L"Cliente", L"Recusado."));
+  try {
+    WrapDispatch(object.get())->Get(L"Nome");
+    FAIL();
+  } catch (const Erro& erro) {
+    EXPECT_EQ(static_cast<std::int32_t>(0x8004002A), erro.Number());
+    EXPECT_EQ(L"Cliente", erro.Source());
+    EXPECT_EQ(L"Recusado.", erro.Description());
+  }
+}
+
+TEST(LateBoundObject, HasNoMemberThatTheObjectDoesNotHave) {
+  const auto object = face::ForeignObject::With(L"Nome", L"Ana");
+  const auto late = WrapDispatch(object.get());
+  const auto raised = [](auto call) {
+    try {
+      call();
+      return 0;
+    } catch (const Erro& erro) {
+      return static_cast<int>(erro.Number());
+    }
+  };
+  EXPECT_EQ(438, raised([&] { late->Get(L"Idade"); }));
+  EXPECT_EQ(438, raised([&] { late->Let(L"Idade", Value(L"x")); }));
+  EXPECT_EQ(438, raised([&] { late->Let(L"Nome", Value(L"x")); }));
+  EXPECT_EQ(438, raised([&] { late->Call(L"Idade", {}); }));
+}
+
+TEST(LateBoundObject, OverNothingIsNothing) {
+  EXPECT_EQ(nullptr, WrapDispatch(nullptr));
+  EXPECT_FALSE(DispatchOf(nullptr));
+}
+
+}  // namespace
+}  // namespace kodra::platform::windows
