@@ -19,6 +19,22 @@ std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 
 }  // namespace
 
+const std::vector<std::pair<std::string, CaixaMethod>>& FramedMethods() {
+  static const std::vector<std::pair<std::string, CaixaMethod>> methods = {
+      {"EtiquetaAbertura", &CCaixaRpt::EtiquetaAbertura},
+      {"EtiquetaFechamento", &CCaixaRpt::EtiquetaFechamento},
+      {"EtiquetaFechamentoSubordinada", &CCaixaRpt::EtiquetaFechamentoSubordinada},
+      {"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria},
+      {"ModulosExcluidos", &CCaixaRpt::ModulosExcluidos},
+      {"ModulosVencidos", &CCaixaRpt::ModulosVencidos},
+      {"DocsNoModulo", &CCaixaRpt::DocsNoModulo},
+      {"DocsNaoIndexadosNosModulos", &CCaixaRpt::DocsNaoIndexadosNosModulos},
+      {"RelatoriosModulos", &CCaixaRpt::RelatoriosModulos},
+      {"AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt},
+  };
+  return methods;
+}
+
 std::string All(std::initializer_list<CallLines> parts) {
   std::string text;
   for (const CallLines& part : parts)

@@ -18,6 +18,9 @@ namespace kodra::reports {
 
 using CaixaMethod = frame::ReportRows (CCaixaRpt::*)(platform::AutomationObject*);
 
+// The methods that have the frame, by name: all but DocsNoModuloSubRpt.
+const std::vector<std::pair<std::string, CaixaMethod>>& FramedMethods();
+
 // Where a report finds its database.
 enum class Path { kConnectionString, kClientConnection };
 inline constexpr Path kPaths[] = {Path::kConnectionString, Path::kClientConnection};

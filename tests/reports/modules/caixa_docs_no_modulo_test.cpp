@@ -1,0 +1,297 @@
+// The header and the documents of one module.
+#include <gtest/gtest.h>
+
+#include "reports/modules/caixa_stage.h"
+
+namespace kodra::reports {
+namespace {
+
+using recorder::Lines;
+using recorder::Raised;
+using recorder::RaisedBy;
+
+// The header of a module. {NVL} is the word of the database for "unless null".
+
+constexpr auto kHeaderOfMain =
+    "SELECT {NVL}(c.NUM_CAIXA, '') AS NUM_CAIXA, {NVL}(c.DESC_CAIXA, '') AS DESC_CAIXA, "
+    "{NVL}(c.OBS_CAIXA, '') AS OBS_CAIXA, {NVL}(c.DOC_INICIAL, '') AS DOC_INICIAL, "
+    "{NVL}(c.DOC_FINAL, '') AS DOC_FINAL, c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, {NVL}(c.COORD_X, '') AS FILEIRA, "
+    "{NVL}(c.COORD_Y, '') AS ESTANTE, {NVL}(c.COORD_Z, '') AS PRATELEIRA, "
+    "{NVL}(ct.DESC_CONTAINER, '') AS CONTAINER, {NVL}(dp.NOME, '') AS DEPOSITO, {NVL}(dp.ENDERECO, '') AS ENDERECO, "
+    "{NVL}(dp.CIDADE, '') AS CIDADE, {NVL}(dp.ESTADO, '') AS ESTADO, {NVL}(dp.TELEFONE, '') AS TELEFONE, "
+    "{NVL}(dp.CONTATO, '') AS CONTATO FROM CAIXA c LEFT JOIN CONTAINER ct ON c.CONTAINER = ct.NUM_CONTAINER "
+    "LEFT JOIN DEPOSITO dp ON c.COD_DEPOSITO = dp.COD_DEPOSITO WHERE c.NUM_CAIXA = 'AB001'";
+constexpr auto kHeaderOfSubordinate =
+    "SELECT s.COD7 AS NUM_CAIXA, {NVL}(c.DESC_CAIXA, '') AS DESC_CAIXA, '' AS OBS_CAIXA, "
+    "{NVL}(s.DOC_INICIAL, '') AS DOC_INICIAL, {NVL}(s.DOC_FINAL, '') AS DOC_FINAL, c.DATA_VENCIMENTO, "
+    "c.DATA_FECHAMENTO, '' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, "
+    "{NVL}(dp.NOME, '') AS DEPOSITO, {NVL}(dp.ENDERECO, '') AS ENDERECO, {NVL}(dp.CIDADE, '') AS CIDADE, "
+    "{NVL}(dp.ESTADO, '') AS ESTADO, {NVL}(dp.TELEFONE, '') AS TELEFONE, {NVL}(dp.CONTATO, '') AS CONTATO "
+    "FROM CAIXA_SUBORDINADA s INNER JOIN CAIXA c ON s.NUM_CAIXA = c.NUM_CAIXA  "
+    "LEFT JOIN CONTAINER ct ON c.CONTAINER = ct.NUM_CONTAINER "
+    "LEFT JOIN DEPOSITO dp ON c.COD_DEPOSITO = dp.COD_DEPOSITO WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=7";
+
+const std::pair<std::int32_t, const char*> kUnlessNull[] = {{1, "NVL"}, {2, "ISNULL"},   {3, "IFNULL"},
+                                                            {5, "NVL"}, {6, "COALESCE"}, {7, "IFNULL"}};
+
+TEST(DocsNoModuloTest, DescribesAMainModuleInTheWordsOfEachDatabase) {
+  for (const auto& [code, word] : kUnlessNull)
+    CheckStatic(DatabaseOf(code), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}}, Asks::kNothing,
+                Replaced(kHeaderOfMain, "{NVL}", word));
+}
+
+TEST(DocsNoModuloTest, DescribesASubordinateWithItsParentsDatesInTheWordsOfEachDatabase) {
+  for (const auto& [code, word] : kUnlessNull)
+    CheckStatic(DatabaseOf(code), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB00107"}}, Asks::kSubordinateCode,
+                Replaced(kHeaderOfSubordinate, "{NVL}", word));
+}
+
+TEST(DocsNoModuloTest, KeepsToTheDepartment) {
+  CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}, {L"CodDepto", L"007"}}, Asks::kNothing,
+              Replaced(kHeaderOfMain, "{NVL}", "IFNULL") + " AND c.COD_DEPTO = '007'");
+  CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB00107"}, {L"CodDepto", L"007"}},
+              Asks::kSubordinateCode, Replaced(kHeaderOfSubordinate, "{NVL}", "IFNULL") + " AND c.COD_DEPTO = '007'");
+  for (const wchar_t* code : {L"", L"0", L"abc"})
+    CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}, {L"CodDepto", code}}, Asks::kNothing,
+                Replaced(kHeaderOfMain, "{NVL}", "IFNULL"));
+}
+
+TEST(DocsNoModuloTest, TakesACodeOfAnyOtherLengthForASubordinate) {
+  const std::tuple<const wchar_t*, const char*> kCodes[] = {
+      {L"", "WHERE s.NUM_CAIXA = '' AND s.NUM_SEQ=0"},
+      {L"AB00", "WHERE s.NUM_CAIXA = 'AB00' AND s.NUM_SEQ=0"},
+      {L"AB0012", "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=12"},
+      {L"AB00199", "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=99"},
+      {L"AB001XY", "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=0"},
+  };
+  for (const auto& [code, condition] : kCodes)
+    CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", code}}, Asks::kSubordinateCode,
+                Replaced(Replaced(kHeaderOfSubordinate, "{NVL}", "IFNULL"),
+                         "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=7", condition));
+}
+
+TEST(DocsNoModuloTest, ReadsTheModuleThenTheDepartment) {
+  CaixaStage stage(DatabaseOf(1), Path::kClientConnection);
+  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModulo, stage.Foreign({{L"Modulo1", L"AB00107"}})),
+            All({stage.InitialLines(),
+                 {R"(Parametros.Get(Modulo1) -> "AB00107")"},
+                 stage.SubordinateCodeLines(2),
+                 {R"(Parametros.Get(CodDepto) -> "")"},
+                 CaixaStage::StaticLines(),
+                 stage.StaticOpenLines(Replaced(kHeaderOfSubordinate, "{NVL}", "NVL")),
+                 {"~Recordset1"}}));
+}
+
+TEST(DocsNoModuloTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
+  CaixaStage stage(DatabaseOf(4), Path::kConnectionString);
+  EXPECT_EQ(RaisedBy([&] {
+              stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
+            }),
+            Reported("TradutorSQL.SQLNVL", "Não há entrada para o banco tipo 4"));
+  EXPECT_EQ(stage.heard, CallLines{"KodraRpt.CCaixaRpt::DocsNoModulo: ----> saindo com o erro -2147221503 em "
+                                   "TradutorSQL.SQLNVL: Não há entrada para o banco tipo 4"});
+}
+
+// The documents of a module, for a layout within another.
+
+constexpr auto kDocuments = "SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = 'AB001' ORDER BY COD_DOCTO";
+
+TEST(DocsNoModuloSubRptTest, OpensTheDocumentsWithoutAnyInitialisation) {
+  for (const Database& database : Databases())
+    for (const Path path : kPaths)
+      for (const wchar_t* code : {L"AB001", L"AB00107"}) {
+        CaixaStage stage(database, path);
+        EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", code}}),
+                  All({stage.ResultLines(kDocuments)}));
+      }
+}
+
+TEST(DocsNoModuloSubRptTest, ReadsTheFirstModuleOnly) {
+  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB001"}})),
+            All({{R"(Parametros.Get(Modulo1) -> "AB001")"}, stage.ResultLines(kDocuments)}));
+}
+
+TEST(DocsNoModuloSubRptTest, UsesTheConnectionStringThatAnEarlierCallTookFromTheClientsConnection) {
+  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
+  stage.report.SetConexao({});
+  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+            All({CaixaStage(DatabaseOf(2), Path::kConnectionString).ResultLines(kDocuments)}));
+}
+
+TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
+  CaixaStage onString(DatabaseOf(1), Path::kConnectionString);
+  onString.around.ado.nativeErrors = {942};
+  onString.around.journal.FailOn(L"Recordset1.Open",
+                                 recorder::Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
+  EXPECT_EQ(RaisedBy([&] { onString.report.DocsNoModuloSubRpt(CaixaStage::Own({}).get()); }),
+            (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: A tabela não existe [N:942]"}));
+  EXPECT_EQ(onString.heard, CallLines());
+
+  CaixaStage onClients(DatabaseOf(1), Path::kClientConnection);
+  onClients.around.journal.FailOn(L"Recordset1.Open",
+                                  recorder::Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
+  EXPECT_EQ(RaisedBy([&] { onClients.report.DocsNoModuloSubRpt(CaixaStage::Own({}).get()); }),
+            (Raised{-2147217865, "OraOLEDB", "A tabela não existe"}));
+  EXPECT_EQ(onClients.heard, CallLines());
+}
+
+TEST(DocsNoModuloSubRptTest, RaisesTheRuntimesErrorWithoutAParameterObject) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(DatabaseOf(2), path);
+    EXPECT_EQ(RaisedBy([&] { stage.report.DocsNoModuloSubRpt(nullptr); }),
+              (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
+    EXPECT_EQ(stage.around.journal.Calls(), "");
+    EXPECT_EQ(stage.heard, CallLines());
+  }
+}
+
+TEST(DocsNoModuloSubRptTest, LeavesItToTheProviderWhenNoDatabaseWasNamed) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.SetStringConexao(L"");
+  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+            Lines({
+                "NewRecordset() -> Recordset1",
+                "Recordset1.SetCursorLocation(2)",
+                "Recordset1.SetCacheSize(100)",
+                "Recordset1.Open(\"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = 'AB001' ORDER BY COD_DOCTO\", "
+                "Nothing, 0, 1, 1)",
+                "~Recordset1",
+            }));
+}
+
+// The documents of a discard authorisation. {PAGES} is the sum of a document's pages in the words of the database.
+
+const std::string kAuthorised =
+    "SELECT d.COD_DOCTO, (SELECT COUNT(*) FROM DOCUMENTO dd WHERE dd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_DOCS, "
+    "(SELECT SUM({PAGES}) FROM DOCUMENTO ddd WHERE ddd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_PAGINAS  "
+    "FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB001' ORDER BY d.COD_DOCTO";
+
+struct Dialect {
+  std::int32_t code;
+  std::string pages;
+  std::string blankRow;
+};
+
+// A second variant of Oracle speaks Oracle's dialect, but selects the blank row from no table.
+const Dialect kDialects[] = {
+    {1, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)",
+     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS FROM SYS.DUAL "},
+    {2, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
+     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
+    {3, "CAST(ddd.FRENTE AS UNSIGNED)+CAST(ddd.VERSO AS UNSIGNED)",
+     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
+    {5, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)", "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
+    {6, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
+     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS FROM SYSIBM.SYSDUMMY1 "},
+    {7, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
+     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
+};
+
+std::string Source(const std::string& line) { return "KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: " + line; }
+
+TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheDocumentsOfAMainModule) {
+  for (const Dialect& dialect : kDialects)
+    for (const Path path : kPaths) {
+      CaixaStage stage(DatabaseOf(dialect.code), path);
+      stage.around.ado.results = {{{L"COD_DOCTO"}, {{L"D1"}, {L"D2"}}}};
+      EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+                All({stage.InitialLines(),
+                     stage.FirstLogLines(Source("executando query para o módulo <AB001>")),
+                     CaixaStage::StaticLines(),
+                     stage.StaticOpenLines(Replaced(kAuthorised, "{PAGES}", dialect.pages)),
+                     {"Recordset1.Eof() -> False"},
+                     stage.LogLines(Source("retorno da função é a query original")),
+                     {"~Recordset1"}}));
+      EXPECT_EQ(stage.heard, (CallLines{Source("executando query para o módulo <AB001>"),
+                                        Source("retorno da função é a query original")}));
+    }
+}
+
+TEST(AutorizacaoDescarteModuloSubRptTest, OpensTheBlankRowInPlaceOfAModuleWithoutDocuments) {
+  for (const Dialect& dialect : kDialects)
+    for (const Path path : kPaths) {
+      CaixaStage stage(DatabaseOf(dialect.code), path);
+      stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
+      EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+                All({stage.InitialLines(),
+                     stage.FirstLogLines(Source("executando query para o módulo <AB001>")),
+                     CaixaStage::StaticLines(),
+                     stage.StaticOpenLines(Replaced(kAuthorised, "{PAGES}", dialect.pages)),
+                     {"Recordset1.Eof() -> True"},
+                     stage.LogLines(Source("query vazia, usando query com dados em branco")),
+                     {"Recordset1.Close()"},
+                     stage.StaticOpenLines(dialect.blankRow),
+                     {"~Recordset1"}}));
+      EXPECT_EQ(stage.heard, (CallLines{Source("executando query para o módulo <AB001>"),
+                                        Source("query vazia, usando query com dados em branco")}));
+    }
+}
+
+TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheReopenedRecordsetOnItsBlankRow) {
+  CaixaStage stage(DatabaseOf(1), Path::kConnectionString);
+  stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
+  const frame::ReportRows rows =
+      stage.report.AutorizacaoDescarteModuloSubRpt(CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
+  EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
+  EXPECT_FALSE(rows->Eof());
+  EXPECT_EQ(rows->FieldByName(L"COD_DOCTO")->Get(), platform::Value(L" "));
+}
+
+TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheBlankRowForACodeOfAnyOtherLength) {
+  for (const Dialect& dialect : kDialects)
+    for (const Path path : kPaths)
+      for (const wchar_t* code : {L"AB00107", L"", L"AB00", L"AB0010"}) {
+        CaixaStage stage(DatabaseOf(dialect.code), path);
+        stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+        EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", code}}),
+                  All({stage.InitialLines(),
+                       stage.FirstLogLines(Source("executando query para o módulo <" + recorder::Utf8(code) + ">")),
+                       CaixaStage::StaticLines(),
+                       stage.StaticOpenLines(dialect.blankRow),
+                       {"Recordset1.Eof() -> False"},
+                       stage.LogLines(Source("retorno da função é a query original")),
+                       {"~Recordset1"}}));
+      }
+}
+
+TEST(AutorizacaoDescarteModuloSubRptTest, ReadsTheFirstModuleOnce) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+  EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB00107"}})),
+            All({stage.InitialLines(),
+                 {R"(Parametros.Get(Modulo1) -> "AB00107")"},
+                 stage.FirstLogLines(Source("executando query para o módulo <AB00107>")),
+                 CaixaStage::StaticLines(),
+                 stage.StaticOpenLines("SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"),
+                 {"Recordset1.Eof() -> False"},
+                 stage.LogLines(Source("retorno da função é a query original")),
+                 {"~Recordset1"}}));
+}
+
+TEST(AutorizacaoDescarteModuloSubRptTest, RefusesAMainModuleOnADatabaseWithoutDialect) {
+  CaixaStage stage(DatabaseOf(4), Path::kConnectionString);
+  EXPECT_EQ(RaisedBy([&] {
+              stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}});
+            }),
+            Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
+  EXPECT_EQ(stage.heard, CallLines{Source("----> saindo com o erro -2147221503 em TradutorSQL.SQLToInt: "
+                                          "Não há entrada para o banco tipo 4")});
+}
+
+TEST(AutorizacaoDescarteModuloSubRptTest, GivesASubordinatesBlankRowOnADatabaseWithoutDialect) {
+  CaixaStage stage(DatabaseOf(4), Path::kConnectionString);
+  stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+  EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB00107"}}),
+            All({stage.InitialLines(),
+                 stage.FirstLogLines(Source("executando query para o módulo <AB00107>")),
+                 CaixaStage::StaticLines(),
+                 stage.StaticOpenLines("SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"),
+                 {"Recordset1.Eof() -> False"},
+                 stage.LogLines(Source("retorno da função é a query original")),
+                 {"~Recordset1"}}));
+}
+
+}  // namespace
+}  // namespace kodra::reports

@@ -1,0 +1,225 @@
+// What CCaixaRpt logs, and the frame of its errors.
+#include <gtest/gtest.h>
+
+#include "reports/modules/caixa_stage.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::Erro;
+using recorder::Failure;
+using recorder::Raised;
+using recorder::RaisedBy;
+
+const CaixaMethod kDivisoria = &CCaixaRpt::EtiquetaDivisoria;
+constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
+
+const Erro kMishap(-2147220000, L"Prova.Fonte", L"Falha provocada");
+constexpr auto kMishapLine =
+    "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147220000 em Prova.Fonte: Falha provocada";
+
+// The error of dividers that meet the mishap at once.
+Raised RaisedByMishap(CaixaStage& stage) {
+  stage.around.journal.Forget();
+  stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
+  return RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); });
+}
+
+// The log.
+
+TEST(CCaixaRptLogTest, AnnouncesItsLinesWithoutALogFileToo) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  RaisedByMishap(stage);
+  EXPECT_EQ(stage.around.journal.Calls(), All({{
+                                              R"(CreateObject("KodraConexao.StrCon") raises)",
+                                              R"(CreateObject("VantLog.FnLog") -> Log)",
+                                              R"(Log.Let(LogFile, ""))",
+                                              "Log.Let(Ativar, False)",
+                                              "Log.Call(DebugLog, \"" + std::string(kMishapLine) + "\") -> Empty",
+                                          }}));
+  EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+}
+
+TEST(CCaixaRptLogTest, SwitchesTheLogOnWithALogFile) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.SetLogFile(L"/var/log/kodra.log");
+  RaisedByMishap(stage);
+  EXPECT_EQ(stage.around.journal.Calls(), All({{
+                                              R"(CreateObject("KodraConexao.StrCon") raises)",
+                                              R"(CreateObject("VantLog.FnLog") -> Log)",
+                                              R"(Log.Let(LogFile, "/var/log/kodra.log"))",
+                                              "Log.Let(Ativar, True)",
+                                              "Log.Call(DebugLog, \"" + std::string(kMishapLine) + "\") -> Empty",
+                                          }}));
+  EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+}
+
+TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  RaisedByMishap(stage);
+  for (const auto& [path, logFile, ativar] :
+       {std::tuple(L"/um.log", R"(Log.Let(LogFile, "/um.log"))", "Log.Let(Ativar, True)"),
+        std::tuple(L"/dois.log", R"(Log.Let(LogFile, "/dois.log"))", "Log.Let(Ativar, True)"),
+        std::tuple(L"", R"(Log.Let(LogFile, ""))", "Log.Let(Ativar, False)")}) {
+    stage.report.SetLogFile(path);
+    RaisedByMishap(stage);
+    EXPECT_EQ(stage.around.journal.Calls(),
+              All({{R"(CreateObject("KodraConexao.StrCon") raises)", logFile, ativar,
+                    "Log.Call(DebugLog, \"" + std::string(kMishapLine) + "\") -> Empty"}}));
+  }
+  EXPECT_EQ(stage.heard, CallLines(4, kMishapLine));
+}
+
+TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.OnDebugLog([&](const std::wstring&) { stage.report.SetLogFile(L"/novo.log"); });
+  stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+  const std::string calls = stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, Parameters());
+  EXPECT_TRUE(calls.ends_with(recorder::Lines({
+      R"(Log.Let(LogFile, "/novo.log"))",
+      "Log.Let(Ativar, True)",
+      "Log.Call(DebugLog, \"KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: "
+      "retorno da função é a query original\") -> Empty",
+      "~Recordset1",
+  }))) << calls;
+}
+
+TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(DatabaseOf(2), path);
+    stage.report.SetLogFile(L"/var/log/kodra.log");
+    EXPECT_EQ(stage.Run(kDivisoria, Parameters()), All({stage.InitialLines(), stage.ResultLines(kNoModule)}));
+    EXPECT_EQ(stage.heard, CallLines());
+  }
+}
+
+TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  {
+    CCaixaRpt report(stage.around);
+    EXPECT_EQ(RaisedBy([&] { report.EtiquetaDivisoria(nullptr); }).source, "KodraRpt.CCaixaRpt::InicializaPS");
+    stage.around.journal.Forget();
+  }
+  EXPECT_EQ(stage.around.journal.Calls(), "~Log\n");
+}
+
+TEST(CCaixaRptLogTest, NeedsNoListener) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.OnDebugLog(nullptr);
+  EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
+  EXPECT_EQ(stage.heard, CallLines());
+}
+
+TEST(CCaixaRptLogTest, AnnouncesTheLineBeforeTheErrorReachesTheClient) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  std::vector<std::string> order;
+  stage.report.OnDebugLog([&](const std::wstring&) { order.emplace_back("line"); });
+  RaisedByMishap(stage);
+  order.emplace_back("error");
+  EXPECT_EQ(order, (std::vector<std::string>{"line", "error"}));
+}
+
+// The frame.
+
+TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
+  for (const wchar_t* source : {L"Prova.Fonte", L"", L"kodrarpt", L"KodraRpt ", L"KodraRpt.CAlgo::Metodo"}) {
+    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
+    EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
+              Reported(recorder::Utf8(source), "Falha provocada"));
+    EXPECT_EQ(stage.heard, CallLines{"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em " +
+                                     recorder::Utf8(source) + ": Falha provocada"});
+  }
+}
+
+TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
+  for (const auto& [name, method] : FramedMethods()) {
+    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
+    const platform::ObjectRef parameters = CaixaStage::Own({});
+    const CaixaMethod called = method;
+    EXPECT_EQ(RaisedBy([&] { (stage.report.*called)(parameters.get()); }),
+              Reported("KodraRpt.CCaixaRpt::" + name, "Falha provocada"));
+    EXPECT_EQ(stage.heard,
+              CallLines{"KodraRpt.CCaixaRpt::" + name + ": ----> saindo com o erro 5 em KodraRpt.CCaixaRpt::" + name +
+                        ": Falha provocada"});
+  }
+}
+
+TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  const platform::ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
+  EXPECT_EQ(
+      RaisedBy([&] { stage.report.EtiquetaDivisoria(other.get()); }),
+      Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", R"(O objeto de parâmetros não tem a propriedade "Modulo1".)"));
+}
+
+TEST(CCaixaRptLogTest, RefusesANullParameter) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  EXPECT_EQ(RaisedBy([&] {
+              stage.report.EtiquetaDivisoria(stage.Foreign({{L"Modulo1", platform::Null{}}}).get());
+            }),
+            Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", "Uso de 'Null' inválido"));
+}
+
+TEST(CCaixaRptLogTest, TellsWhereAFileThatIsNotThereWasLookedFor) {
+  CaixaStage stage(DatabaseOf(7), Path::kConnectionString);
+  stage.around.files.clear();
+  EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
+            Reported("modADO.AbreFirehoseRs",
+                     R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
+}
+
+// Each call of the log in the frame, and how much of the line was announced by then.
+
+TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheLogFailsInTheFrame) {
+  for (const wchar_t* call :
+       {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"})
+    for (const std::exception_ptr& failure :
+         {Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")), Failure(std::bad_alloc())}) {
+      CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+      stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
+      stage.around.journal.FailOn(call, failure);
+      EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
+                Reported("Prova.Fonte", "Falha provocada"));
+      EXPECT_EQ(stage.heard, CallLines());
+      // The next error finds the log again.
+      EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
+      EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+    }
+}
+
+TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheListenerFails) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.OnDebugLog([](const std::wstring&) { throw Erro(5, L"Cliente", L"O cliente falhou"); });
+  EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
+}
+
+TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
+  struct Need {
+    const wchar_t* progId;
+    std::string name;
+    CaixaMethod method;
+  };
+  const Need kNeeds[] = {
+      {L"KodraConexao.StrCon", "EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria},
+      {L"KodraBsnV3.ModulosBsn", "ModulosExcluidos", &CCaixaRpt::ModulosExcluidos},
+      {L"KodraBsnV3.ModulosFiltro", "EtiquetaFechamentoSubordinada", &CCaixaRpt::EtiquetaFechamentoSubordinada},
+      {L"KodraBsnV3.ObtedorDeModulos", "EtiquetaFechamentoSubordinada", &CCaixaRpt::EtiquetaFechamentoSubordinada},
+      {L"VantLog.FnLog", "EtiquetaFechamentoSubordinada", &CCaixaRpt::EtiquetaFechamentoSubordinada},
+      {L"VantLog.FnLog", "AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt},
+  };
+  for (const Need& need : kNeeds) {
+    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    stage.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
+                                Failure(platform::MakeRuntimeError(platform::RuntimeError::kCannotCreateObject)));
+    EXPECT_EQ(RaisedBy([&] { (stage.report.*need.method)(CaixaStage::Own({}).get()); }),
+              Reported("KodraRpt.CCaixaRpt::" + need.name, "O componente ActiveX não pode criar o objeto"));
+    EXPECT_EQ(stage.heard.back(), "KodraRpt.CCaixaRpt::" + need.name +
+                                      ": ----> saindo com o erro 429 em KodraRpt.CCaixaRpt::" + need.name +
+                                      ": O componente ActiveX não pode criar o objeto");
+  }
+}
+
+}  // namespace
+}  // namespace kodra::reports

@@ -1,0 +1,201 @@
+// What the methods of CCaixaRpt share: where they find the database and what they ask of a call first.
+#include "reports/modules/caixa_rpt.h"
+
+#include <gtest/gtest.h>
+
+#include "reports/modules/caixa_stage.h"
+
+namespace kodra::reports {
+namespace {
+
+using recorder::Raised;
+using recorder::RaisedBy;
+
+const CaixaMethod kDivisoria = &CCaixaRpt::EtiquetaDivisoria;
+
+// The error of a call with that parameter object.
+Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const platform::ObjectRef& parameters) {
+  stage.around.journal.Forget();
+  return RaisedBy([&] { (stage.report.*method)(parameters.get()); });
+}
+
+// The properties.
+
+TEST(CCaixaRptTest, StartsWithoutConnectionAndLogFile) {
+  recorder::FakeSurroundings around;
+  const CCaixaRpt report(around);
+  EXPECT_EQ(report.StringConexao(), L"");
+  EXPECT_FALSE(report.Conexao());
+  EXPECT_EQ(report.LogFile(), L"");
+}
+
+TEST(CCaixaRptTest, KeepsItsPropertiesAsTheyAreGiven) {
+  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  const std::shared_ptr<platform::Connection> connection = stage.report.Conexao().connection;
+  stage.report.SetStringConexao(L" Provider=x ;; ");
+  stage.report.SetLogFile(L" /var/log/kodra.log ");
+  EXPECT_EQ(stage.report.StringConexao(), L" Provider=x ;; ");
+  EXPECT_EQ(stage.report.LogFile(), L" /var/log/kodra.log ");
+  EXPECT_EQ(stage.report.Conexao().connection, connection);
+  EXPECT_EQ(stage.around.journal.Calls(), "");
+  stage.report.SetConexao({});
+  EXPECT_FALSE(stage.report.Conexao());
+}
+
+// Where the database is.
+
+TEST(CCaixaRptTest, AsksForAConnectionOrAConnectionStringBeforeAnythingElse) {
+  for (const auto& [name, method] : FramedMethods())
+    for (const platform::ObjectRef& parameters : {CaixaStage::Own({}), platform::ObjectRef()}) {
+      CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+      stage.report.SetStringConexao(L"");
+      EXPECT_EQ(RaisedByCall(stage, method, parameters),
+                Reported("KodraRpt.CCaixaRpt::InicializaPS",
+                         R"(Uma das propriedades "Conexao" ou "StringConexao" precisam ser informadas.)"));
+      const std::string line = "KodraRpt.CCaixaRpt::" + name +
+                               ": ----> saindo com o erro -2147211506 em KodraRpt.CCaixaRpt::InicializaPS: "
+                               R"(Uma das propriedades "Conexao" ou "StringConexao" precisam ser informadas.)";
+      EXPECT_EQ(stage.around.journal.Calls(), All({stage.FirstLogLines(line)}));
+      EXPECT_EQ(stage.heard, CallLines{line});
+    }
+}
+
+TEST(CCaixaRptTest, AsksForTheParameterObjectSecond) {
+  for (const auto& [name, method] : FramedMethods()) {
+    const std::string line = "KodraRpt.CCaixaRpt::" + name +
+                             ": ----> saindo com o erro -2147211505 em KodraRpt.CCaixaRpt::InicializaPS: "
+                             "Objeto não definido.";
+    CaixaStage onString(DatabaseOf(2), Path::kConnectionString);
+    EXPECT_EQ(RaisedByCall(onString, method, nullptr),
+              Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
+    EXPECT_EQ(onString.around.journal.Calls(), All({onString.FirstLogLines(line)}));
+    EXPECT_EQ(onString.heard, CallLines{line});
+
+    CaixaStage onClients(DatabaseOf(2), Path::kClientConnection);
+    EXPECT_EQ(RaisedByCall(onClients, method, nullptr),
+              Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
+    EXPECT_EQ(onClients.around.journal.Calls(),
+              All({{R"(ConexaoDoCliente.ConnectionString() -> "Provider=SQLNCLI11;Data Source=arquivo;")"},
+                   onClients.FirstLogLines(line)}));
+    EXPECT_EQ(onClients.report.StringConexao(), L"Provider=SQLNCLI11;Data Source=arquivo;");
+  }
+}
+
+TEST(CCaixaRptTest, PrefersTheClientsConnectionAndKeepsItsString) {
+  for (const auto& [name, method] : FramedMethods()) {
+    SCOPED_TRACE(name);
+    CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+    const std::string undisturbed = stage.Run(method, Parameters());
+    CaixaStage both(DatabaseOf(2), Path::kClientConnection);
+    both.report.SetStringConexao(L"Provider=OraOLEDB.Oracle;Data Source=ARQ");
+    EXPECT_EQ(both.Run(method, Parameters()), undisturbed);
+    EXPECT_EQ(both.report.StringConexao(), L"Provider=SQLNCLI11;Data Source=arquivo;");
+  }
+}
+
+TEST(CCaixaRptTest, NeverOpensClosesOrChangesTheClientsConnection) {
+  for (const auto& [name, method] : FramedMethods()) {
+    CaixaStage stage(DatabaseOf(1), Path::kClientConnection);
+    const std::string calls = stage.Run(method, Parameters());
+    const std::string read =
+        "ConexaoDoCliente.ConnectionString() -> \"Provider=OraOLEDB.Oracle;Data Source=ARQ;User ID=kodra\"\n";
+    EXPECT_TRUE(calls.starts_with(read)) << calls;
+    EXPECT_EQ(calls.find("ConexaoDoCliente.", read.size()), std::string::npos) << calls;
+    EXPECT_EQ(calls.find("NewConnection"), std::string::npos) << calls;
+  }
+}
+
+TEST(CCaixaRptTest, ReadsTheClientsConnectionAnewAtEachCall) {
+  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  stage.Run(kDivisoria, Parameters());
+  stage.GiveClientConnection("Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
+  CaixaStage other(DatabaseOf(3), Path::kClientConnection);
+  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {3}}});
+  EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
+  EXPECT_EQ(stage.report.StringConexao(), L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
+}
+
+TEST(CCaixaRptTest, LearnsTheDatabaseAnewAtEachCall) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
+  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {6}}});
+  stage.report.SetStringConexao(L"Provider=IBMDADB2;Data Source=arquivo;");
+  CaixaStage other(DatabaseOf(6), Path::kConnectionString);
+  EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()), other.Run(&CCaixaRpt::ModulosVencidos, Parameters()));
+}
+
+TEST(CCaixaRptTest, GoesBackToTheConnectionStringWithoutTheClientsConnection) {
+  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  stage.report.SetConexao({});
+  stage.report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
+  CaixaStage other(DatabaseOf(2), Path::kConnectionString);
+  EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
+}
+
+TEST(CCaixaRptTest, LetsAConnectionStringOfOneBlankThrough) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.SetStringConexao(L" ");
+  EXPECT_EQ(stage.Run(kDivisoria, Parameters()),
+            recorder::Lines({
+                R"(CreateObject("KodraConexao.StrCon") -> Object1)",
+                R"(Object1.Let(StrCon, " "))",
+                "Object1.Get(TipoBanco) -> 2",
+                "~Object1",
+                "NewConnection() -> Connection1",
+                R"(Connection1.SetConnectionString(" ;Persist Security Info=True;"))",
+                "Connection1.SetCursorLocation(2)",
+                "Connection1.SetIsolationLevel(4096)",
+                R"(Connection1.Open("", "", -1))",
+                "NewRecordset() -> Recordset1",
+                "Recordset1.SetCursorLocation(2)",
+                "Recordset1.SetCacheSize(100)",
+                "Recordset1.Open(\"SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO\", "
+                "Connection1, 0, 1, 1)",
+                "~Connection1",
+                "~Recordset1",
+            }));
+}
+
+TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
+  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  stage.GiveLogFile(L"/var/log/kodra.log");
+  stage.report.SetStringConexao(L"outra");
+  EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}}),
+            recorder::Lines({
+                R"(ConexaoDoCliente.ConnectionString() -> "Provider=SQLNCLI11;Data Source=arquivo;")",
+                R"(CreateObject("KodraConexao.StrCon") -> Object1)",
+                R"(Object1.Let(StrCon, "Provider=SQLNCLI11;Data Source=arquivo;"))",
+                "Object1.Get(TipoBanco) -> 2",
+                "~Object1",
+                R"(CreateObject("KodraBsnV3.ModulosBsn") -> Object2)",
+                R"(Object2.Let(StringConexao, "Provider=SQLNCLI11;Data Source=arquivo;"))",
+                R"(Object2.Let(LogFile, "/var/log/kodra.log"))",
+                "Object2.Set(Conexao, ObjetoConexao)",
+                R"(Object2.Call(NumCxSubordinadaSQL, 2, "s") -> "s.COD7")",
+                "~Object2",
+                "NewRecordset() -> Recordset1",
+                "Recordset1.SetCursorLocation(3)",
+                "Recordset1.Open(\"SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO "
+                "FROM CAIXA c INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                "WHERE (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
+                "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)\", ConexaoDoCliente, -1, -1, -1)",
+                "~Recordset1",
+            }));
+}
+
+TEST(CCaixaRptTest, GivesRowsThatOutliveTheReport) {
+  for (const Path path : kPaths) {
+    CaixaStage stage(DatabaseOf(2), path);
+    frame::ReportRows rows;
+    {
+      CCaixaRpt report(stage.around);
+      report.SetStringConexao(stage.report.StringConexao());
+      report.SetConexao(stage.report.Conexao());
+      rows = report.EtiquetaDivisoria(CaixaStage::Own({}).get());
+    }
+    EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
+  }
+}
+
+}  // namespace
+}  // namespace kodra::reports
