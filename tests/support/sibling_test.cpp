@@ -64,6 +64,55 @@ TEST(Sibling, ReadsAPropertyThatIsCalledWithoutArguments) {
   EXPECT_EQ(sample.Call(L"Tamanho", {}), Value(0));
 }
 
+class Kinds final : public Sibling<Kinds> {
+ public:
+  static std::span<const Member<Kinds>> Members() {
+    static const Member<Kinds> kMembers[] = {
+        Property<&Kinds::number_>(L"Numero"),  Property<&Kinds::flag_>(L"Marca"),      Property<&Kinds::date_>(L"Data"),
+        Reference<&Kinds::object_>(L"Objeto"), ReadOnly<&Kinds::fixed_>(L"Constante"),
+    };
+    return kMembers;
+  }
+
+ private:
+  std::int32_t number_ = 0;
+  bool flag_ = false;
+  platform::Date date_;
+  ObjectRef object_;
+  std::wstring fixed_ = L"sempre";
+};
+
+TEST(Sibling, ConvertsWhatIsAssignedToTheKindOfItsProperty) {
+  Kinds kinds;
+  kinds.Let(L"Numero", L"12");
+  kinds.Let(L"Marca", -1);
+  kinds.Let(L"Data", L"31/12/2023");
+  EXPECT_EQ(kinds.Get(L"Numero"), Value(12));
+  EXPECT_EQ(kinds.Get(L"Marca"), Value(true));
+  EXPECT_EQ(kinds.Get(L"Data"), Value(platform::Date{45291}));
+  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Numero", L"doze"); }), (Raised{13, "KodraRpt", "Tipos incompatíveis"}));
+  EXPECT_EQ(kinds.Get(L"Numero"), Value(12));
+}
+
+TEST(Sibling, TakesAnObjectByReferenceAndByValue) {
+  Kinds kinds;
+  EXPECT_EQ(kinds.Get(L"Objeto"), Value(ObjectRef()));
+  const ObjectRef object = std::make_shared<Kinds>();
+  kinds.Set(L"Objeto", object);
+  EXPECT_EQ(kinds.Get(L"Objeto"), Value(object));
+  kinds.Let(L"Objeto", platform::Null());
+  EXPECT_EQ(kinds.Get(L"Objeto"), Value(ObjectRef()));
+  kinds.Let(L"Objeto", object);
+  EXPECT_EQ(kinds.Get(L"Objeto"), Value(object));
+  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Objeto", 1); }), (Raised{424, "KodraRpt", "O objeto é obrigatório"}));
+}
+
+TEST(Sibling, NeverAssignsWhatIsOnlyRead) {
+  Kinds kinds;
+  EXPECT_EQ(kinds.Get(L"Constante"), Value(L"sempre"));
+  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Constante", L"nunca"); }), kNotFound);
+}
+
 TEST(Sibling, SetsAnObject) {
   Sample sample;
   const ObjectRef object = std::make_shared<Sample>();
