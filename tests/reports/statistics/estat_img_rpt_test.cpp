@@ -1,0 +1,187 @@
+// Imaging production.
+#include "reports/statistics/estat_img_rpt.h"
+
+#include <gtest/gtest.h>
+
+#include "frame/parameter_object.h"
+#include "reports/report_scene.h"
+#include "reports/statistics/march.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::Value;
+using recorder::Framed;
+using recorder::Utf8;
+
+constexpr auto kName = "CEstatImgRpt::RelatorioEstatisticas";
+
+// What a client chooses.
+struct Choice {
+  std::wstring operatorCode;
+  std::wstring departmentCode;
+  std::wstring kind;
+};
+
+Subject Report(const Choice& choice, const Value& owner = L"X") {
+  return SubjectOf(kName, &CEstatImgRpt::RelatorioEstatisticas,
+                   {{L"Owner", {owner}},
+                    {L"DataInicial", {k1March2024}},
+                    {L"DataFinal", {k31March2024}},
+                    {L"CodOperador", {choice.operatorCode}},
+                    {L"CodDepto", {choice.departmentCode}},
+                    {L"TipoRpt", {choice.kind}}});
+}
+
+std::vector<std::string> Reads(const Choice& choice) {
+  return MarchReads({{"CodOperador", Utf8(choice.operatorCode)},
+                     {"CodDepto", Utf8(choice.departmentCode)},
+                     {"Owner", "X"},
+                     {"TipoRpt", Utf8(choice.kind)}});
+}
+
+// The columns of each kind of report.
+struct Kind {
+  const wchar_t* kind;
+  std::string columns;
+};
+const Kind kKinds[] = {
+    {L"P", ", d.FRENTE, d.VERSO "}, {L"F", ", d.FRENTE "},    {L"N", ", d.COD_DOCTO "},  {L"", ", d.COD_DOCTO "},
+    {L"p", ", d.COD_DOCTO "},       {L"f", ", d.COD_DOCTO "}, {L"PP", ", d.COD_DOCTO "}, {L" P", ", d.COD_DOCTO "},
+};
+
+std::string AllStatement(const std::string& columns, const std::string& inMarch) {
+  return "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Todos os Operadores' AS OPERADOR, "
+         "'Todos os Departamentos' AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER" +
+         columns +
+         " FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+         "INNER JOIN PARAMETRO p ON p.CODIGO = '1' WHERE d.DT_ARMAZ" +
+         inMarch + " AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL' ";
+}
+
+std::string OperatorStatement(const std::string& columns, const std::string& inMarch) {
+  return "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
+         "'Todos os Departamentos' AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER" +
+         columns +
+         " FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+         "INNER JOIN OPERADOR o ON d.COD_OPERADOR = o.COD_OPERADOR "
+         "INNER JOIN PARAMETRO p ON p.CODIGO = '1' WHERE d.DT_ARMAZ" +
+         inMarch + " AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL'  AND d.COD_OPERADOR = '7'";
+}
+
+std::string DepartmentStatement(const std::string& columns, const std::string& inMarch) {
+  return "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Todos os Operadores' AS OPERADOR, "
+         "dp.DESCR_DEPTO AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER" +
+         columns +
+         " FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+         "INNER JOIN DEPTO dp ON d.COD_DEPTO = dp.COD_DEPTO "
+         "INNER JOIN PARAMETRO p ON p.CODIGO = '1' WHERE d.DT_ARMAZ" +
+         inMarch + " AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL'  AND d.COD_DEPTO = 'D01'";
+}
+
+std::string BothStatement(const std::string& columns, const std::string& inMarch) {
+  return "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
+         "dp.DESCR_DEPTO AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER" +
+         columns +
+         " FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+         "INNER JOIN OPERADOR o ON d.COD_OPERADOR = o.COD_OPERADOR "
+         "INNER JOIN DEPTO dp ON d.COD_DEPTO = dp.COD_DEPTO "
+         "INNER JOIN PARAMETRO p ON p.CODIGO = '1' WHERE d.DT_ARMAZ" +
+         inMarch +
+         " AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL'  AND d.COD_OPERADOR = '7' "
+         "AND d.COD_DEPTO = 'D01'";
+}
+
+// Expects that statement of every kind of report on every database.
+void CheckChoice(const std::wstring& operatorCode, const std::wstring& departmentCode,
+                 std::string (*statement)(const std::string&, const std::string&)) {
+  for (const auto& [code, inMarch] : kInMarch)
+    for (const auto& [kind, columns] : kKinds) {
+      const Choice choice = {operatorCode, departmentCode, kind};
+      EXPECT_EQ(Stage(Report(choice), DatabaseOf(code)).Run(),
+                ListingCalls(DatabaseOf(code), statement(columns, inMarch), Reads(choice)));
+    }
+}
+
+TEST(CEstatImgRptTest, UsesNoOtherTablesForAllOperatorsAndDepartments) { CheckChoice(L"", L"", AllStatement); }
+
+TEST(CEstatImgRptTest, CountsWhatAnOperatorStored) { CheckChoice(L"7", L"", OperatorStatement); }
+
+TEST(CEstatImgRptTest, CountsTheDocumentsOfADepartment) { CheckChoice(L"", L"D01", DepartmentStatement); }
+
+TEST(CEstatImgRptTest, CountsWhatAnOperatorStoredOfADepartment) { CheckChoice(L"7", L"D01", BothStatement); }
+
+TEST(CEstatImgRptTest, IsOneWholeStatementOnOracle) {
+  EXPECT_EQ(
+      Stage(Report({L"7", L"", L"F"}), DatabaseOf(1)).Run(),
+      ListingCalls(DatabaseOf(1),
+                   "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
+                   "'Todos os Departamentos' AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER, d.FRENTE  "
+                   "FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+                   "INNER JOIN OPERADOR o ON d.COD_OPERADOR = o.COD_OPERADOR INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+                   "WHERE d.DT_ARMAZ BETWEEN TO_DATE('01/03/2024','DD/MM/YYYY') AND TO_DATE('31/03/2024','DD/MM/YYYY') "
+                   "AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL'  AND d.COD_OPERADOR = '7'",
+                   Reads({L"7", L"", L"F"})));
+}
+
+TEST(CEstatImgRptTest, TakesTheLastDayOfThePeriodIn) {
+  Subject report = Report({L"", L"", L""});
+  report.parameters[L"DataInicial"] = {k31March2024};
+  Scene scene(report, DatabaseOf(2));
+  const std::string calls = scene.Run();
+  EXPECT_NE(calls.find("WHERE d.DT_ARMAZ BETWEEN '20240331' AND '20240331' AND d.NUM_CAIXA <> 'AA000'  "
+                       "AND s.DESCR_SUPORTE <> 'DIGITAL' \", Connection1, 0, 1, 1)\n"),
+            std::string::npos)
+      << calls;
+}
+
+TEST(CEstatImgRptTest, TakesOneLetterInUpperCaseAndTrimmedCodesFromItsOwnParameterObject) {
+  Stage stage(Report({}), DatabaseOf(2));
+  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatImgRptObj"));
+  parameters.Let(L"DataInicial", k1March2024);
+  parameters.Let(L"DataFinal", k31March2024);
+  parameters.Let(L"Owner", L"X");
+  parameters.Let(L"CodOperador", L" 7 ");
+  parameters.Let(L"CodDepto", L"  ");
+  parameters.Let(L"TipoRpt", L"páginas");
+  CEstatImgRpt report(stage.around);
+  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
+  EXPECT_NE(report.RelatorioEstatisticas(&parameters), nullptr);
+  EXPECT_EQ(
+      stage.around.journal.Calls(),
+      ListingCalls(DatabaseOf(2), OperatorStatement(", d.FRENTE, d.VERSO ", " BETWEEN '20240301' AND '20240331'")));
+}
+
+TEST(CEstatImgRptTest, InsertsTheOwnerAsItIs) {
+  const std::string calls = Stage(Report({}, L"Arquivo d'Oeste"), DatabaseOf(2)).Run();
+  EXPECT_NE(calls.find(", 'Arquivo d'Oeste' AS OWNER, d.COD_DOCTO  FROM "), std::string::npos) << calls;
+}
+
+TEST(CEstatImgRptTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
+  Scene scene(Report({L"7", L"", L"F"}), DatabaseOf(4));
+  EXPECT_EQ(scene.RunRaising(), Framed(kName, "Não há entrada para o banco tipo 4"));
+  std::vector<std::string> lines = InitialisationLines(DatabaseOf(4));
+  Append(lines, Reads({L"7", L"", L"F"}));
+  EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
+}
+
+TEST(CEstatImgRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
+  for (const wchar_t* property : {L"Owner", L"DataInicial", L"DataFinal", L"CodOperador", L"CodDepto", L"TipoRpt"}) {
+    Subject report = Report({});
+    report.parameters.erase(property);
+    EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
+              Framed(kName, "O objeto de parâmetros não tem a propriedade \"" + Utf8(property) + "\"."));
+  }
+}
+
+TEST(CEstatImgRptTest, RaisesEveryErrorInItsFrame) { CheckFrame(Report({L"7", L"D01", L"P"})); }
+
+TEST(CEstatImgRptTest, OutlivesTheFailureOfAnyCall) {
+  for (const Condition& condition : kInMarch) {
+    Scene scene(Report({L"7", L"D01", L"P"}), DatabaseOf(condition.code));
+    CheckEachCallFailing(scene, FramedOutcome);
+  }
+}
+
+}  // namespace
+}  // namespace kodra::reports

@@ -1,0 +1,201 @@
+// Indexing production.
+#include "reports/statistics/estat_index_rpt.h"
+
+#include <gtest/gtest.h>
+
+#include "frame/parameter_object.h"
+#include "reports/report_scene.h"
+#include "reports/statistics/march.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::Value;
+using recorder::Failure;
+using recorder::Framed;
+using recorder::RaisedBy;
+using recorder::Utf8;
+
+constexpr auto kByDocument = "CEstatIndexRpt::RelatorioEstatisticasPorDocumento";
+constexpr auto kByKeywords = "CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave";
+
+Subject ByDocument(const std::wstring& operatorCode, const std::wstring& departmentCode) {
+  return SubjectOf(kByDocument, &CEstatIndexRpt::RelatorioEstatisticasPorDocumento,
+                   {{L"Owner", {L"X"}},
+                    {L"DataInicial", {k1March2024}},
+                    {L"DataFinal", {k31March2024}},
+                    {L"CodOperador", {operatorCode}},
+                    {L"CodDepto", {departmentCode}}});
+}
+
+// Expects that statement, behind which the period stands, then the filters, on every database.
+void CheckByDocument(const std::wstring& operatorCode, const std::wstring& departmentCode, const std::string& start,
+                     const std::string& filters) {
+  const std::vector<std::string> reads =
+      MarchReads({{"CodOperador", Utf8(operatorCode)}, {"CodDepto", Utf8(departmentCode)}, {"Owner", "X"}});
+  for (const auto& [code, inMarch] : kInMarch) {
+    std::string statement = start;
+    statement.append(" WHERE d.DATA_INDEXACAO").append(inMarch).append(filters);
+    EXPECT_EQ(Stage(ByDocument(operatorCode, departmentCode), DatabaseOf(code)).Run(),
+              ListingCalls(DatabaseOf(code), statement, reads));
+  }
+}
+
+TEST(CEstatIndexRptByDocumentTest, UsesOnlyDocumentsAndTheParameterRowForAll) {
+  CheckByDocument(L"", L"",
+                  "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Todos os Operadores' AS OPERADOR, "
+                  "'Todos os Departamentos' AS DEPTO, d.DATA_INDEXACAO, d.COD_DOCTO, p.EMPRESA AS FUNDO, 'X' AS OWNER "
+                  "FROM DOCUMENTO d INNER JOIN PARAMETRO p ON p.CODIGO = '1'",
+                  "");
+}
+
+TEST(CEstatIndexRptByDocumentTest, CountsWhatAnOperatorIndexed) {
+  CheckByDocument(L"7", L"",
+                  "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
+                  "'Todos os Departamentos' AS DEPTO, d.DATA_INDEXACAO, d.COD_DOCTO, p.EMPRESA AS FUNDO, 'X' AS OWNER "
+                  "FROM DOCUMENTO d INNER JOIN OPERADOR o ON d.COD_INDEXADOR = o.COD_OPERADOR "
+                  "INNER JOIN PARAMETRO p ON p.CODIGO = '1'",
+                  " AND d.COD_INDEXADOR = '7'");
+}
+
+TEST(CEstatIndexRptByDocumentTest, CountsTheDocumentsOfADepartment) {
+  CheckByDocument(L"", L"D01",
+                  "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Todos os Operadores' AS OPERADOR, "
+                  "dp.DESCR_DEPTO AS DEPTO, d.DATA_INDEXACAO, d.COD_DOCTO, p.EMPRESA AS FUNDO, 'X' AS OWNER "
+                  "FROM DOCUMENTO d INNER JOIN DEPTO dp ON d.COD_DEPTO = dp.COD_DEPTO "
+                  "INNER JOIN PARAMETRO p ON p.CODIGO = '1'",
+                  " AND d.COD_DEPTO = 'D01'");
+}
+
+TEST(CEstatIndexRptByDocumentTest, CountsWhatAnOperatorIndexedOfADepartment) {
+  CheckByDocument(L"7", L"D01",
+                  "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
+                  "dp.DESCR_DEPTO AS DEPTO, d.DATA_INDEXACAO, d.COD_DOCTO, p.EMPRESA AS FUNDO, 'X' AS OWNER "
+                  "FROM DOCUMENTO d INNER JOIN OPERADOR o ON d.COD_INDEXADOR = o.COD_OPERADOR "
+                  "INNER JOIN DEPTO dp ON d.COD_DEPTO = dp.COD_DEPTO INNER JOIN PARAMETRO p ON p.CODIGO = '1'",
+                  " AND d.COD_INDEXADOR = '7' AND d.COD_DEPTO = 'D01'");
+}
+
+TEST(CEstatIndexRptByDocumentTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
+  Scene scene(ByDocument(L"7", L""), DatabaseOf(4));
+  EXPECT_EQ(scene.RunRaising(), Framed(kByDocument, "Não há entrada para o banco tipo 4"));
+  std::vector<std::string> lines = InitialisationLines(DatabaseOf(4));
+  Append(lines, MarchReads({{"CodOperador", "7"}, {"CodDepto", ""}, {"Owner", "X"}}));
+  EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
+}
+
+TEST(CEstatIndexRptByDocumentTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
+  for (const wchar_t* property : {L"Owner", L"DataInicial", L"DataFinal", L"CodOperador", L"CodDepto"}) {
+    Subject report = ByDocument(L"", L"");
+    report.parameters.erase(property);
+    EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
+              Framed(kByDocument, "O objeto de parâmetros não tem a propriedade \"" + Utf8(property) + "\"."));
+  }
+}
+
+TEST(CEstatIndexRptByDocumentTest, RaisesEveryErrorInItsFrame) { CheckFrame(ByDocument(L"7", L"D01")); }
+
+TEST(CEstatIndexRptByDocumentTest, OutlivesTheFailureOfAnyCall) {
+  for (const Condition& condition : kInMarch) {
+    Scene scene(ByDocument(L"7", L"D01"), DatabaseOf(condition.code));
+    CheckEachCallFailing(scene, FramedOutcome);
+  }
+}
+
+Subject ByKeywords(const Value& thirdCount = L"3") {
+  return SubjectOf(kByKeywords, &CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave,
+                   {{L"Owner", {L"X"}},
+                    {L"DataInicial", {k1March2024}},
+                    {L"DataFinal", {k31March2024}},
+                    {L"DescrOperador", {L"Ana Lúcia"}},
+                    {L"DescrDepto", {L"Jurídico"}},
+                    {L"NumeroPC1", {L"10"}},
+                    {L"NumeroPC2", {L"2"}},
+                    {L"NumeroPC3", {thirdCount}},
+                    {L"NumeroPC4", {L"4"}},
+                    {L"NumeroPC5", {L"1+4"}},
+                    {L"NumeroObs", {L"6"}}});
+}
+
+std::vector<std::string> KeywordReads(const std::string& thirdCount = "3") {
+  return MarchReads({{"DescrOperador", "Ana Lúcia"},
+                     {"DescrDepto", "Jurídico"},
+                     {"NumeroPC1", "10"},
+                     {"NumeroPC2", "2"},
+                     {"NumeroPC3", thirdCount},
+                     {"NumeroPC4", "4"},
+                     {"NumeroPC5", "1+4"},
+                     {"NumeroObs", "6"},
+                     {"Owner", "X"}});
+}
+
+constexpr auto kCounts =
+    "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Ana Lúcia' AS OPERADOR, 'Jurídico' AS DEPTO, "
+    "10 AS PC1, 2 AS PC2, 3 AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, p.EMPRESA AS FUNDO, 'X' AS OWNER "
+    "FROM PARAMETRO p WHERE p.CODIGO = '1'";
+
+TEST(CEstatIndexRptByKeywordsTest, PutsTheCountsBesideTheParameterRowAlikeOnEveryDatabase) {
+  for (const Database& database : Databases())
+    EXPECT_EQ(Stage(ByKeywords(), database).Run(), ListingCalls(database, kCounts, KeywordReads()));
+}
+
+TEST(CEstatIndexRptByKeywordsTest, LeavesAMissingCountToTheDatabase) {
+  Scene scene(ByKeywords(L""), DatabaseOf(2));
+  EXPECT_EQ(scene.Run(),
+            ListingCalls(DatabaseOf(2),
+                         "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Ana Lúcia' AS OPERADOR, "
+                         "'Jurídico' AS DEPTO, 10 AS PC1, 2 AS PC2,  AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, "
+                         "p.EMPRESA AS FUNDO, 'X' AS OWNER FROM PARAMETRO p WHERE p.CODIGO = '1'",
+                         KeywordReads("")));
+  scene.Prepare();
+  scene.Around().ado.nativeErrors = {156};
+  scene.Around().journal.FailOn(
+      L"Recordset1.Open", Failure(platform::Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
+  EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
+            Framed(kByKeywords, "[SQLNCLI11]: Sintaxe incorreta próximo a 'AS' [N:156]"));
+}
+
+TEST(CEstatIndexRptByKeywordsTest, InsertsDescriptionsAsTheyAre) {
+  Subject report = ByKeywords();
+  report.parameters[L"DescrOperador"] = {L"D'Ávila"};
+  report.parameters[L"DescrDepto"] = {L""};
+  report.parameters[L"Owner"] = {L""};
+  const std::string calls = Stage(report, DatabaseOf(2)).Run();
+  EXPECT_NE(
+      calls.find("Recordset1.Open(\"SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'D'Ávila' AS OPERADOR, "
+                 "'' AS DEPTO, 10 AS PC1, 2 AS PC2, 3 AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, "
+                 "p.EMPRESA AS FUNDO, '' AS OWNER FROM PARAMETRO p WHERE p.CODIGO = '1'\", Connection1, 0, 1, 1)"),
+      std::string::npos)
+      << calls;
+}
+
+TEST(CEstatIndexRptByKeywordsTest, ReadsItsOwnParameterObject) {
+  Stage stage(ByKeywords(), DatabaseOf(2));
+  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatIndexRptObj"));
+  for (const auto& [property, values] : ByKeywords().parameters) parameters.Let(property, values.front());
+  CEstatIndexRpt report(stage.around);
+  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
+  EXPECT_NE(report.RelatorioEstatisticasPorPalavrasChave(&parameters), nullptr);
+  EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), kCounts));
+}
+
+TEST(CEstatIndexRptByKeywordsTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
+  for (const auto& parameter : ByKeywords().parameters) {
+    Subject report = ByKeywords();
+    report.parameters.erase(parameter.first);
+    EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
+              Framed(kByKeywords, "O objeto de parâmetros não tem a propriedade \"" + Utf8(parameter.first) + "\"."));
+  }
+}
+
+TEST(CEstatIndexRptByKeywordsTest, RaisesEveryErrorInItsFrame) { CheckFrame(ByKeywords()); }
+
+TEST(CEstatIndexRptByKeywordsTest, OutlivesTheFailureOfAnyCall) {
+  for (const Database& database : Databases()) {
+    Scene scene(ByKeywords(), database);
+    CheckEachCallFailing(scene, FramedOutcome);
+  }
+}
+
+}  // namespace
+}  // namespace kodra::reports

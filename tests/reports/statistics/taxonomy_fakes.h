@@ -1,0 +1,44 @@
+// The installation's own names for its taxonomy, as the parameter component gives them in tests.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "recorder/fake_surroundings.h"
+#include "reports/report_scene.h"
+
+namespace kodra::reports {
+
+// Makes the parameter component answer with those names.
+inline Preparation Naming(platform::Value series, platform::Value subgroup) {
+  return [series = std::move(series), subgroup = std::move(subgroup)](recorder::FakeSurroundings& around) {
+    const platform::ObjectRef names = around.NewObject(L"Nomes", {{L"Serie", {series}}, {L"Subgrupo", {subgroup}}});
+    const platform::ObjectRef set = around.NewObject(L"Conjunto", {{L"Nomes", {names}}});
+    around.Register(L"KodraParamSist.Obtedor", {{L"Obtem", {set}}});
+  };
+}
+
+// The calls that read a name by the object of that number.
+inline std::vector<std::string> NameLines(const Database& database, int object, const std::string& member,
+                                          const std::string& name) {
+  const std::string reader = "Object" + std::to_string(object);
+  return {
+      "CreateObject(\"KodraParamSist.Obtedor\") -> " + reader,
+      reader + ".Let(StringConexao, \"" + database.connectionString + "\")",
+      reader + ".Call(Obtem) -> Conjunto",
+      "Conjunto.Get(Nomes) -> Nomes",
+      "Nomes.Get(" + member + ") -> \"" + name + "\"",
+      "~" + reader,
+  };
+}
+
+// The frame around a mishap in a report that reads names. A parameter component that cannot be made, though its class
+// is registered, is an object that is not there.
+inline recorder::Raised NamedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
+  const bool byTheComponent = mishap.source != "KodraRpt";
+  if (byTheComponent && failed.call == "CreateObject(\"KodraParamSist.Obtedor\")")
+    return recorder::Framed(scene.Name(), "A variável do objeto ou a variável do bloco 'With' não foi definida");
+  return FramedOutcome(scene, failed, mishap);
+}
+
+}  // namespace kodra::reports
