@@ -1,7 +1,7 @@
 // The ODBC answer to ADO over MariaDB's driver, which describes its columns truly.
 #include <gtest/gtest.h>
 
-#include "db/mariadb_server.h"
+#include "db/mariadb.h"
 #include "platform/odbc/command.h"
 #include "platform/odbc/recordset.h"
 #include "platform/print_value.h"
@@ -10,7 +10,7 @@
 namespace kodra::platform::odbc {
 namespace {
 
-using tests::MariaDbServer;
+using tests::MariaDb;
 using tests::Raised;
 using tests::RaisedBy;
 
@@ -18,9 +18,9 @@ constexpr std::wstring_view kProvider = L"Microsoft OLE DB Provider for ODBC Dri
 
 class OdbcMariaDb : public testing::Test {
  protected:
-  static void SetUpTestSuite() { MariaDbServer::Instance().CreateDatabase(L"odbc"); }
+  static void SetUpTestSuite() { MariaDb().CreateDatabase(L"odbc"); }
 
-  OdbcMariaDb() { cn.Open(MariaDbServer::Instance().ConnectionString(L"odbc"), L"", L"", ad::kUnspecified); }
+  OdbcMariaDb() { cn.Open(MariaDb().ConnectionString(L"odbc"), L"", L"", ad::kUnspecified); }
 
   void Run(const std::wstring& statement) { cn.Execute(statement, ad::kCmdText); }
 
@@ -153,9 +153,8 @@ TEST_F(OdbcMariaDb, AMissingTableAndABadStatementHaveTheirNumbersAndNativeCodes)
 
 TEST_F(OdbcMariaDb, AWrongPasswordIsRefusedAndNotTold) {
   Connection refused;
-  const Raised raised = RaisedBy([&] {
-    refused.Open(MariaDbServer::Instance().ConnectionString(L"odbc", L"senha errada"), L"", L"", ad::kUnspecified);
-  });
+  const Raised raised =
+      RaisedBy([&] { refused.Open(MariaDb().ConnectionString(L"odbc", L"senha errada"), L"", L"", ad::kUnspecified); });
   EXPECT_EQ(raised.number, static_cast<std::int32_t>(0x80040E4DU));
   EXPECT_EQ(raised.source, kProvider);
   EXPECT_EQ(raised.description.find(L"senha errada"), std::wstring::npos);
@@ -165,16 +164,16 @@ TEST_F(OdbcMariaDb, AWrongPasswordIsRefusedAndNotTold) {
 
 TEST_F(OdbcMariaDb, UserAndPasswordMayBeGivenAtOpen) {
   Connection other;
-  const std::wstring right = MariaDbServer::Instance().ConnectionString(L"odbc");
+  const std::wstring right = MariaDb().ConnectionString(L"odbc");
   const std::size_t password = right.find(L"Pwd=") + 4;
-  other.SetConnectionString(MariaDbServer::Instance().ConnectionString(L"odbc", L"senha errada"));
+  other.SetConnectionString(MariaDb().ConnectionString(L"odbc", L"senha errada"));
   other.Open(L"arquivo", right.substr(password, right.find(L';', password) - password), ad::kUnspecified);
   EXPECT_EQ(other.State(), ad::kStateOpen);
   EXPECT_EQ(other.DefaultDatabase(), L"odbc");
 }
 
 TEST_F(OdbcMariaDb, OleDbNamesOpenTheSameConnection) {
-  std::wstring text = MariaDbServer::Instance().ConnectionString(L"");
+  std::wstring text = MariaDb().ConnectionString(L"");
   text = L"Provider=MSDASQL.1;Persist Security Info=True;Extended Properties=\"" + text + L"\";Initial Catalog=odbc;";
   Connection other;
   other.Open(text, L"", L"", ad::kUnspecified);
@@ -239,17 +238,6 @@ TEST_F(OdbcMariaDb, RowsChangedAreCounted) {
   Run(L"create or replace table T(N int)");
   EXPECT_EQ(cn.Query(L"insert into T values(1),(2),(3)", ad::kCmdText).recordsAffected, 3);
   EXPECT_EQ(cn.Query(L"delete from T where N = 9", ad::kCmdText).recordsAffected, 0);
-}
-
-TEST(SplitScript, StatementsEndAtSemicolonsOutsideQuotesAndComments) {
-  EXPECT_EQ(
-      tests::SplitScript("create table a(b int); -- uma; duas\n insert into a values('x;''y');\n"
-                         "# fim; \n/* nada; */ select \"a;\\\";b\" ; ;"),
-      (std::vector<std::string>{"create table a(b int)", "insert into a values('x;''y')", "select \"a;\\\";b\""}));
-}
-
-TEST(SplitScript, AConditionalCommentIsPartOfItsStatement) {
-  EXPECT_EQ(tests::SplitScript("/*!40101 set x=1 */;"), (std::vector<std::string>{"/*!40101 set x=1 */"}));
 }
 
 }  // namespace

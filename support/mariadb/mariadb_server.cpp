@@ -1,15 +1,13 @@
-#include "db/mariadb_server.h"
+#include "mariadb/mariadb_server.h"
 
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <netinet/in.h>
 #include <signal.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -19,16 +17,15 @@
 #include <stdexcept>
 #include <thread>
 
-#include "platform/erro.h"
-#include "platform/odbc/connection.h"
+#include "mariadb/child_process.h"
 
-namespace kodra::tests {
+namespace kodra::support {
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr std::wstring_view kUser = L"arquivo";
-constexpr std::wstring_view kPassword = L"senha do teste";
+constexpr std::wstring_view kPassword = L"guarda";
 
 std::string Contents(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -38,12 +35,11 @@ std::string Contents(const fs::path& path) {
 
 // std::filesystem is the standard library's way from UTF-8 to wide text.
 std::wstring Wide(const std::string& utf8) { return fs::path(utf8).wstring(); }
+std::string Utf8(std::wstring_view text) { return fs::path(text).string(); }
 
-fs::path ServerProgram() {
-  for (const char* path : {"/usr/sbin/mariadbd", "/usr/libexec/mariadbd", "/usr/sbin/mysqld"}) {
-    if (fs::exists(path)) return path;
-  }
-  throw std::runtime_error("no mariadbd: install the package mariadb-server-core");
+std::string Program(const char* path, const char* package) {
+  if (!fs::exists(path)) throw std::runtime_error("no " + std::string(path) + ": install the package " + package);
+  return path;
 }
 
 // The name under which the driver manager knows MariaDB's driver.
@@ -80,42 +76,25 @@ bool Answers(std::uint16_t port) {
   return answers;
 }
 
-// Starts a program with its input from one file and its output into another. The program dies with this process.
-pid_t Spawn(const std::vector<std::string>& command, const std::string& input, const std::string& output) {
-  std::vector<char*> arguments;
-  arguments.reserve(command.size() + 1);
-  for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
-  arguments.push_back(nullptr);
-  const pid_t parent = getpid();
-  const pid_t child = fork();
-  if (child != 0) return child;
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (getppid() != parent) _exit(127);
-  const int in = open(input.c_str(), O_RDONLY | O_CLOEXEC);
-  const int out = open(output.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
-  dup2(in, STDIN_FILENO);
-  dup2(out, STDOUT_FILENO);
-  dup2(out, STDERR_FILENO);
-  execv(arguments[0], arguments.data());
-  _exit(127);
+// The client's last complaint: before it the client repeats the statement, which may be long.
+std::string Complaint(const std::string& output) {
+  const std::size_t last = output.rfind("ERROR ");
+  const std::size_t first = last == std::string::npos ? 0 : last;
+  return output.substr(first, output.find_last_not_of('\n') + 1 - first);
 }
 
 std::vector<std::string> ServerCommand(const std::string& folder) {
-  std::vector<std::string> command{ServerProgram().string(),        "--no-defaults",
-                                   "--datadir=" + folder + "/data", "--innodb-buffer-pool-size=32M",
-                                   "--innodb-log-file-size=8M",     "--innodb-flush-log-at-trx-commit=0"};
+  std::vector<std::string> command{Program("/usr/sbin/mariadbd", "mariadb-server-core"),
+                                   "--no-defaults",
+                                   "--datadir=" + folder + "/data",
+                                   "--innodb-buffer-pool-size=128M",
+                                   "--innodb-log-file-size=64M",
+                                   "--innodb-flush-log-at-trx-commit=0"};
   if (geteuid() == 0) command.emplace_back("--user=root");
   return command;
 }
 
-std::string Utf8(std::wstring_view text) { return fs::path(text).string(); }
-
 }  // namespace
-
-MariaDbServer& MariaDbServer::Instance() {
-  static MariaDbServer server;
-  return server;
-}
 
 MariaDbServer::MariaDbServer() : driver_(DriverName()) {
   std::string pattern = (fs::temp_directory_path() / "kodra-mariadb-XXXXXX").string();
@@ -149,12 +128,10 @@ void MariaDbServer::MakeSystemTables() const {
   script.close();
   std::vector<std::string> command = ServerCommand(folder_);
   command.emplace_back("--bootstrap");
-  const pid_t process = Spawn(command, folder_ + "/system.sql", folder_ + "/log");
-  int status = 0;
-  waitpid(process, &status, 0);
-  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+  const int status = WaitFor(
+      Spawn({.command = command, .input = folder_ + "/system.sql", .output = folder_ + "/log", .background = true}));
+  if (status != 0)
     throw std::runtime_error("mariadbd could not make its system tables:\n" + Contents(folder_ + "/log"));
-  }
 }
 
 void MariaDbServer::Start() {
@@ -166,10 +143,13 @@ void MariaDbServer::Start() {
     command.push_back("--socket=" + folder_ + "/socket");
     command.push_back("--pid-file=" + folder_ + "/pid");
     command.emplace_back("--bind-address=127.0.0.1");
-    process_ = Spawn(command, "/dev/null", folder_ + "/log");
-    if (WaitUntilItAnswers()) return;
+    process_ = Spawn({.command = command, .input = "/dev/null", .output = folder_ + "/log", .background = true});
+    if (WaitUntilItAnswers()) {
+      WriteClientOptions();
+      return;
+    }
     kill(process_, SIGKILL);
-    waitpid(process_, nullptr, 0);
+    WaitFor(process_);
     process_ = 0;
   }
   throw std::runtime_error("mariadbd did not start:\n" + Contents(folder_ + "/log"));
@@ -189,8 +169,9 @@ bool MariaDbServer::WaitUntilItAnswers() const {
 
 void MariaDbServer::Stop() noexcept {
   if (process_ > 0) {
-    kill(process_, SIGTERM);
-    waitpid(process_, nullptr, 0);
+    // Its data go with it: there is nothing to put in order.
+    kill(process_, SIGKILL);
+    while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
   }
   std::error_code ignored;
   fs::remove_all(folder_, ignored);
@@ -207,64 +188,31 @@ std::wstring MariaDbServer::ConnectionString(std::wstring_view database, std::ws
 }
 
 void MariaDbServer::CreateDatabase(std::wstring_view name) const {
-  platform::odbc::Connection connection;
-  connection.Open(ConnectionString(L""), L"", L"", platform::ad::kUnspecified);
-  connection.Execute(L"drop database if exists " + std::wstring(name), platform::ad::kCmdText);
-  connection.Execute(L"create database " + std::wstring(name) + L" character set utf8mb4", platform::ad::kCmdText);
+  const std::string database = Utf8(name);
+  RunClient(
+      "--execute=drop database if exists " + database + "; create database " + database + " character set utf8mb4",
+      "/dev/null");
 }
 
 void MariaDbServer::RunScript(std::wstring_view database, const std::string& path) const {
-  platform::odbc::Connection connection;
-  connection.Open(ConnectionString(database), L"", L"", platform::ad::kUnspecified);
-  for (const std::string& statement : SplitScript(Contents(path))) {
-    // The driver sets the character set itself and refuses to be told.
-    if (statement.starts_with("SET NAMES") || statement.starts_with("set names")) continue;
-    try {
-      connection.Execute(Wide(statement), platform::ad::kCmdText);
-    } catch (const platform::Erro& erro) {
-      throw std::runtime_error(path + ": " + Utf8(erro.Description()) + "\n" + statement.substr(0, 300));
-    }
-  }
+  if (!fs::exists(path)) throw std::runtime_error(path + ": no such file");
+  RunClient("--database=" + Utf8(database), path);
 }
 
-std::vector<std::string> SplitScript(std::string_view script) {
-  std::vector<std::string> statements;
-  std::string current;
-  const auto finish = [&] {
-    const std::size_t first = current.find_first_not_of(" \t\r\n");
-    if (first != std::string::npos) {
-      statements.push_back(current.substr(first, current.find_last_not_of(" \t\r\n") - first + 1));
-    }
-    current.clear();
-  };
-  const auto skipTo = [&](std::size_t from, std::string_view end) {
-    const std::size_t found = script.find(end, from);
-    return found == std::string_view::npos ? script.size() : found + end.size();
-  };
-  for (std::size_t i = 0; i < script.size();) {
-    const char c = script[i];
-    if (c == '\'' || c == '"' || c == '`') {
-      std::size_t end = i + 1;
-      while (end < script.size() && script[end] != c) end += script[end] == '\\' ? 2 : 1;
-      end = std::min(end + 1, script.size());
-      current.append(script.substr(i, end - i));
-      i = end;
-    } else if (script.substr(i, 3) == "-- " || script.substr(i, 3) == "--\n" || c == '#') {
-      i = skipTo(i, "\n");
-      current.push_back('\n');
-    } else if (script.substr(i, 2) == "/*" && script.substr(i, 3) != "/*!") {
-      i = skipTo(i, "*/");
-      current.push_back(' ');
-    } else if (c == ';') {
-      finish();
-      ++i;
-    } else {
-      current.push_back(c);
-      ++i;
-    }
-  }
-  finish();
-  return statements;
+void MariaDbServer::WriteClientOptions() const {
+  std::ofstream options(folder_ + "/client.cnf");
+  options << "[client]\nprotocol=tcp\nhost=127.0.0.1\nport=" << port_ << "\nuser=" << Utf8(kUser)
+          << "\npassword=" << Utf8(kPassword) << "\ndefault-character-set=utf8mb4\n";
 }
 
-}  // namespace kodra::tests
+void MariaDbServer::RunClient(const std::string& option, const std::string& input) const {
+  const std::string output = folder_ + "/client.log";
+  fs::remove(output);
+  const int status = WaitFor(Spawn({.command = {Program("/usr/bin/mariadb", "mariadb-client-core"),
+                                                "--defaults-file=" + folder_ + "/client.cnf", option},
+                                    .input = input,
+                                    .output = output}));
+  if (status != 0) throw std::runtime_error(input + ": " + Complaint(Contents(output)));
+}
+
+}  // namespace kodra::support

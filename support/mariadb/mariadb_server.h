@@ -1,13 +1,13 @@
-// A MariaDB server of the test program's own: started at first use, on 127.0.0.1 and a free port, with its data in a
-// temporary folder; stopped by its own process id when the program ends, whichever way it ends.
+// A MariaDB server of this program's own: on 127.0.0.1 and a free port, with its data in a temporary folder. The
+// server ends with the object, and at the latest with this program, whichever way it ends.
 //
-//   MariaDbServer& server = MariaDbServer::Instance();
-//   server.CreateDatabase(L"arq");
-//   server.RunScript(L"arq", "/path/to/schema.sql");
-//   connection.SetConnectionString(server.ConnectionString(L"arq"));
+//   MariaDbServer server;
+//   server.CreateDatabase(L"arquivo");
+//   server.RunScript(L"arquivo", "/path/to/schema.sql");
+//   connection.SetConnectionString(server.ConnectionString(L"arquivo"));
 //
 // Needs Debian's packages mariadb-server-core (the server alone: its system tables are made from the SQL files it
-// comes with) and odbc-mariadb. What is missing raises std::runtime_error with what to install.
+// comes with), mariadb-client-core and odbc-mariadb. What is missing raises std::runtime_error with what to install.
 #pragma once
 
 #include <sys/types.h>
@@ -15,14 +15,14 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
-namespace kodra::tests {
+namespace kodra::support {
 
 class MariaDbServer {
  public:
-  static MariaDbServer& Instance();
-
+  // Takes about a second. REQUIRES: the thread lives as long as the server should.
+  MariaDbServer();
+  ~MariaDbServer();
   MariaDbServer(const MariaDbServer&) = delete;
   MariaDbServer& operator=(const MariaDbServer&) = delete;
 
@@ -34,16 +34,16 @@ class MariaDbServer {
 
   // Makes a database anew, empty, its character set utf8mb4.
   void CreateDatabase(std::wstring_view name) const;
-  // Runs the statements of a UTF-8 script in a database; a failure names the statement.
+  // Runs a UTF-8 script in a database. A failure raises std::runtime_error with the line and what the server said.
   void RunScript(std::wstring_view database, const std::string& path) const;
 
  private:
-  MariaDbServer();
-  ~MariaDbServer();
-
   void MakeSystemTables() const;
   void Start();
   bool WaitUntilItAnswers() const;
+  void WriteClientOptions() const;
+  // Runs the client program with an option and its input from a file.
+  void RunClient(const std::string& option, const std::string& input) const;
   void Stop() noexcept;
 
   std::string folder_;
@@ -52,8 +52,4 @@ class MariaDbServer {
   pid_t process_ = 0;
 };
 
-// The statements of a script: separated by ";", which counts for nothing inside quotes and comments. Comments are left
-// out, as are empty statements.
-std::vector<std::string> SplitScript(std::string_view script);
-
-}  // namespace kodra::tests
+}  // namespace kodra::support

@@ -1,0 +1,125 @@
+// The program kodra-mariadb, run as a user runs it.
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <thread>
+
+#include "mariadb/child_process.h"
+
+namespace kodra::support {
+namespace {
+
+namespace fs = std::filesystem;
+
+class KodraMariaDb : public testing::Test {
+ protected:
+  KodraMariaDb() {
+    std::string pattern = (fs::temp_directory_path() / "kodra-test-XXXXXX").string();
+    folder_ = mkdtemp(pattern.data());
+    std::ofstream(Script()) << "CREATE TABLE CD (NUM_CD VARCHAR(10));\nINSERT INTO CD VALUES ('João');\n";
+  }
+  ~KodraMariaDb() override { fs::remove_all(folder_); }
+
+  std::string Script() const { return folder_ / "acervo.sql"; }
+  std::string Output() const {
+    std::ifstream file(folder_ / "output");
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  // The folders of the servers that are, or were, this program's: their names are told to a shell by TMPDIR.
+  bool ServerIsThere() const {
+    for (const auto& entry : fs::directory_iterator(folder_)) {
+      if (entry.path().filename().string().starts_with("kodra-mariadb-")) return true;
+    }
+    return false;
+  }
+
+  // Starts the program on a script with a command for the shell.
+  pid_t Start(const std::string& script, const std::string& shell) const {
+    return Spawn(
+        {.command = {"/usr/bin/env", "TMPDIR=" + folder_.string(), KODRA_MARIADB, script, "--", "/bin/sh", "-c", shell},
+         .input = "/dev/null",
+         .output = folder_ / "output",
+         .background = true});
+  }
+  int Run(const std::string& script, const std::string& shell) const { return WaitFor(Start(script, shell)); }
+
+  static bool Becomes(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!condition()) {
+      if (std::chrono::steady_clock::now() > deadline) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+  }
+
+  // Whether a process with this id runs; one that has ended and is only waited for does not.
+  static bool Runs(pid_t process) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/stat");
+    const std::string text{std::istreambuf_iterator<char>(status), {}};
+    const std::size_t name = text.rfind(')');
+    return name != std::string::npos && text[name + 2] != 'Z';
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(KodraMariaDb, TheCommandFindsTheDatabaseFilledAndItsExitCodeIsTheProgramsOwn) {
+  const int status = Run(Script(),
+                         "echo $KODRA_MYSQL; "
+                         "mariadb --defaults-file=$(echo $TMPDIR/kodra-mariadb-*/client.cnf) --skip-column-names "
+                         "arquivo --execute='select NUM_CD from CD'; exit 7");
+  EXPECT_EQ(status, 7);
+  const std::string output = Output();
+  EXPECT_TRUE(output.starts_with("Driver={MariaDB Unicode};Server=127.0.0.1;Port=")) << output;
+  EXPECT_TRUE(output.ends_with("Database=arquivo;Uid=arquivo;Pwd=guarda;\nJoão\n")) << output;
+  EXPECT_FALSE(ServerIsThere());
+}
+
+TEST_F(KodraMariaDb, AScriptThatFailsIsToldAndTheCommandIsNotRun) {
+  std::ofstream(Script(), std::ios::app) << "INSERT INTO NADA VALUES (1);\n";
+  EXPECT_EQ(Run(Script(), "echo executado"), 125);
+  EXPECT_EQ(Output(),
+            "kodra-mariadb: " + Script() + ": ERROR 1146 (42S02) at line 3: Table 'arquivo.NADA' doesn't exist\n");
+  EXPECT_FALSE(ServerIsThere());
+}
+
+TEST_F(KodraMariaDb, AnInterruptionSentToTheProgramReachesTheCommandAndTheServerIsStopped) {
+  const pid_t program =
+      Start(Script(), "trap 'echo interrompido; exit 9' INT; echo pronto; while :; do sleep 0.1; done");
+  ASSERT_TRUE(Becomes([&] { return Output() == "pronto\n"; }));
+  kill(program, SIGINT);
+  EXPECT_EQ(WaitFor(program), 9);
+  EXPECT_EQ(Output(), "pronto\ninterrompido\n");
+  EXPECT_FALSE(ServerIsThere());
+}
+
+TEST_F(KodraMariaDb, AnInterruptionBeforeTheCommandStartsStopsTheServer) {
+  const pid_t program = Start(Script(), "echo executado");
+  ASSERT_TRUE(Becomes([&] { return ServerIsThere(); }));
+  kill(program, SIGTERM);
+  EXPECT_EQ(WaitFor(program), 128 + SIGTERM);
+  EXPECT_EQ(Output(), "");
+  EXPECT_FALSE(ServerIsThere());
+}
+
+TEST_F(KodraMariaDb, TheServerAndTheCommandEndWithAProgramThatIsKilled) {
+  const pid_t program = Start(Script(), "echo $$ $(cat $TMPDIR/kodra-mariadb-*/pid); while :; do sleep 0.1; done");
+  ASSERT_TRUE(Becomes([&] { return Output().ends_with('\n'); }));
+  std::istringstream ids(Output());
+  pid_t command = 0;
+  pid_t server = 0;
+  ids >> command >> server;
+  ASSERT_TRUE(Runs(command) && Runs(server)) << Output();
+  kill(program, SIGKILL);
+  EXPECT_EQ(WaitFor(program), 128 + SIGKILL);
+  EXPECT_TRUE(Becomes([&] { return !Runs(server) && !Runs(command); }));
+}
+
+}  // namespace
+}  // namespace kodra::support
