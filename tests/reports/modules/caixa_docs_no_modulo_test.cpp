@@ -6,7 +6,6 @@
 namespace kodra::reports {
 namespace {
 
-using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
 
@@ -151,14 +150,13 @@ TEST(DocsNoModuloSubRptTest, LeavesItToTheProviderWhenNoDatabaseWasNamed) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   stage.report.SetStringConexao(L"");
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
-            Lines({
+            All({{
                 "NewRecordset() -> Recordset1",
                 "Recordset1.SetCursorLocation(2)",
                 "Recordset1.SetCacheSize(100)",
-                "Recordset1.Open(\"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = 'AB001' ORDER BY COD_DOCTO\", "
-                "Nothing, 0, 1, 1)",
+                "Recordset1.Open(\"" + std::string(kDocuments) + "\", Nothing, 0, 1, 1)",
                 "~Recordset1",
-            }));
+            }}));
 }
 
 // The documents of a discard authorisation. {PAGES} is the sum of a document's pages in the words of the database.

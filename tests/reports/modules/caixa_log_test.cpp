@@ -122,27 +122,35 @@ TEST(CCaixaRptLogTest, AnnouncesTheLineBeforeTheErrorReachesTheClient) {
 // The frame.
 
 TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
-  for (const wchar_t* source : {L"Prova.Fonte", L"", L"kodrarpt", L"KodraRpt ", L"KodraRpt.CAlgo::Metodo"}) {
+  const std::pair<const wchar_t*, std::string> kSources[] = {
+      {L"Prova.Fonte",
+       "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em Prova.Fonte: Falha provocada"},
+      {L"", "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em : Falha provocada"},
+      {L"kodrarpt", "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em kodrarpt: Falha provocada"},
+      {L"KodraRpt ", "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em KodraRpt : Falha provocada"},
+      {L"KodraRpt.CAlgo",
+       "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em KodraRpt.CAlgo: Falha provocada"},
+  };
+  for (const auto& [source, line] : kSources) {
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
     EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
               Reported(recorder::Utf8(source), "Falha provocada"));
-    EXPECT_EQ(stage.heard, CallLines{"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em " +
-                                     recorder::Utf8(source) + ": Falha provocada"});
+    EXPECT_EQ(stage.heard, CallLines{line});
   }
 }
 
 TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
   for (const auto& [name, method] : FramedMethods()) {
+    const std::string source = "KodraRpt.CCaixaRpt::" + name;
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
     const platform::ObjectRef parameters = CaixaStage::Own({});
     const CaixaMethod called = method;
-    EXPECT_EQ(RaisedBy([&] { (stage.report.*called)(parameters.get()); }),
-              Reported("KodraRpt.CCaixaRpt::" + name, "Falha provocada"));
-    EXPECT_EQ(stage.heard,
-              CallLines{"KodraRpt.CCaixaRpt::" + name + ": ----> saindo com o erro 5 em KodraRpt.CCaixaRpt::" + name +
-                        ": Falha provocada"});
+    EXPECT_EQ(RaisedBy([&] { (stage.report.*called)(parameters.get()); }), Reported(source, "Falha provocada"));
+    std::string line = source;
+    line.append(": ----> saindo com o erro 5 em ").append(source).append(": Falha provocada");
+    EXPECT_EQ(stage.heard, CallLines{line});
   }
 }
 

@@ -12,6 +12,7 @@ using recorder::Raised;
 using recorder::RaisedBy;
 
 const CaixaMethod kDivisoria = &CCaixaRpt::EtiquetaDivisoria;
+constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
 
 // The error of a call with that parameter object.
 Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const platform::ObjectRef& parameters) {
@@ -136,7 +137,7 @@ TEST(CCaixaRptTest, LetsAConnectionStringOfOneBlankThrough) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   stage.report.SetStringConexao(L" ");
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()),
-            recorder::Lines({
+            All({{
                 R"(CreateObject("KodraConexao.StrCon") -> Object1)",
                 R"(Object1.Let(StrCon, " "))",
                 "Object1.Get(TipoBanco) -> 2",
@@ -149,19 +150,23 @@ TEST(CCaixaRptTest, LetsAConnectionStringOfOneBlankThrough) {
                 "NewRecordset() -> Recordset1",
                 "Recordset1.SetCursorLocation(2)",
                 "Recordset1.SetCacheSize(100)",
-                "Recordset1.Open(\"SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO\", "
-                "Connection1, 0, 1, 1)",
+                "Recordset1.Open(\"" + std::string(kNoModule) + "\", Connection1, 0, 1, 1)",
                 "~Connection1",
                 "~Recordset1",
-            }));
+            }}));
 }
 
 TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
+  const std::string statement =
+      "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO "
+      "FROM CAIXA c INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+      "WHERE (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
+      "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)";
   CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
   stage.GiveLogFile(L"/var/log/kodra.log");
   stage.report.SetStringConexao(L"outra");
   EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}}),
-            recorder::Lines({
+            All({{
                 R"(ConexaoDoCliente.ConnectionString() -> "Provider=SQLNCLI11;Data Source=arquivo;")",
                 R"(CreateObject("KodraConexao.StrCon") -> Object1)",
                 R"(Object1.Let(StrCon, "Provider=SQLNCLI11;Data Source=arquivo;"))",
@@ -175,12 +180,9 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
                 "~Object2",
                 "NewRecordset() -> Recordset1",
                 "Recordset1.SetCursorLocation(3)",
-                "Recordset1.Open(\"SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO "
-                "FROM CAIXA c INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
-                "WHERE (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
-                "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)\", ConexaoDoCliente, -1, -1, -1)",
+                "Recordset1.Open(\"" + statement + "\", ConexaoDoCliente, -1, -1, -1)",
                 "~Recordset1",
-            }));
+            }}));
 }
 
 TEST(CCaixaRptTest, GivesRowsThatOutliveTheReport) {
