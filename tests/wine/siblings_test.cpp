@@ -1,6 +1,7 @@
 // kodra_siblings.dll as a late-bound client sees it: registered by regsvr32, reached by ProgID.
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <set>
 
 #include "wine/automation.h"
@@ -238,20 +239,50 @@ class SiblingsRegistration : public SiblingsModule {
   HKEY standIn_ = nullptr;
 };
 
+// Every class with its id, which never changes.
+const std::map<std::wstring, std::wstring> kClasses = {
+    {L"KodraConexao.StrCon", L"{5C253F7F-52F9-4989-8450-73613DAC1B79}"},
+    {L"KodraParamSist.Obtedor", L"{31593D28-2616-41F4-8197-AF8F46B92C11}"},
+    {L"KodraBsnV3.ObtedorDeTiposOperadores", L"{BA3D3EE2-4E99-4AFE-A0FF-F96D9EC3E1DA}"},
+    {L"KodraBsnV3.ModulosBsn", L"{09688A78-3EB2-49E8-B0C9-BD8F082CB7BE}"},
+    {L"KodraBsnV3.ModulosFiltro", L"{583F1FEE-6931-4906-B54F-059131D3FE9D}"},
+    {L"KodraBsnV3.ObtedorDeModulos", L"{26481913-43EE-41F3-931D-ECC971364E68}"},
+    {L"KodraRegEvt.RegEvtFind", L"{B630D5CB-CDB1-41FA-A210-58E497079A76}"},
+    {L"KodraRegEvt.RegEvtDAO", L"{3744F50C-BAEC-4EE9-B956-8CB2B1E58F9D}"},
+    {L"VantLog.FnLog", L"{ADC63066-889F-4C78-87C6-74B6F8F21155}"},
+    {L"VantLib.Conversoes", L"{45C8AEED-A16E-453D-8720-6E7406C70A79}"},
+    {L"KodraSuporte.Ouvinte", L"{33026BDD-B9F0-4566-A757-472D457829AB}"},
+};
+
 TEST_F(SiblingsRegistration, WritesItsClassesAndLeavesNoneOfThem) {
-  const std::wstring strCon = L"{5C253F7F-52F9-4989-8450-73613DAC1B79}";
-  const std::wstring obtedor = L"{31593D28-2616-41F4-8197-AF8F46B92C11}";
+  std::set<std::wstring> progIds{L"CLSID"};
+  std::set<std::wstring> ids;
+  for (const auto& [progId, id] : kClasses) {
+    progIds.insert(progId);
+    ids.insert(id);
+  }
   ASSERT_EQ(RunEntryPoint(module_, "DllRegisterServer"), S_OK);
-  EXPECT_EQ(KeysBelow(L"Software\\Classes"), (std::set<std::wstring>{L"CLSID", kStrCon, kObtedor}));
-  EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), (std::set<std::wstring>{strCon, obtedor}));
-  EXPECT_EQ(Registered(L"KodraConexao.StrCon\\CLSID"), strCon);
-  EXPECT_EQ(Registered(L"KodraParamSist.Obtedor\\CLSID"), obtedor);
-  EXPECT_EQ(Registered(L"CLSID\\" + strCon + L"\\ProgID"), kStrCon);
-  EXPECT_EQ(Registered(L"CLSID\\" + strCon + L"\\InprocServer32"), DllPath());
-  EXPECT_EQ(Registered(L"CLSID\\" + strCon + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
+  EXPECT_EQ(KeysBelow(L"Software\\Classes"), progIds);
+  EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), ids);
+  for (const auto& [progId, id] : kClasses) {
+    EXPECT_EQ(Registered(progId + L"\\CLSID"), id);
+    EXPECT_EQ(Registered(L"CLSID\\" + id + L"\\ProgID"), progId);
+    EXPECT_EQ(Registered(L"CLSID\\" + id + L"\\InprocServer32"), DllPath());
+    EXPECT_EQ(Registered(L"CLSID\\" + id + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
+  }
   ASSERT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
   EXPECT_EQ(KeysBelow(L"Software\\Classes"), std::set<std::wstring>{L"CLSID"});
   EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), std::set<std::wstring>{});
+}
+
+TEST_F(SiblingsModule, MakesEveryClassAndLetsGoOfIt) {
+  for (const auto& [progId, id] : kClasses) {
+    auto object = Create(progId);
+    ASSERT_TRUE(object) << testing::PrintToString(progId);
+    EXPECT_EQ(CanUnloadNow(), S_FALSE);
+    EXPECT_EQ(object.Release(), 0U);
+  }
+  EXPECT_EQ(CanUnloadNow(), S_OK);
 }
 
 TEST_F(SiblingsRegistration, MayBeTakenAwayTwice) {

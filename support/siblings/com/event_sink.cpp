@@ -1,5 +1,7 @@
 #include "siblings/com/event_sink.h"
 
+#include <dispex.h>
+
 #include <vector>
 
 #include "platform/windows/variant.h"
@@ -55,6 +57,33 @@ std::pair<DISPID, std::wstring> FunctionAt(const com_ptr<ITypeInfo>& type, UINT 
   return {id, com::ToWide(name.get())};
 }
 
+// A listener's methods. Script engines answer by IDispatchEx, some of them by nothing else.
+class Listener {
+ public:
+  explicit Listener(const com_ptr<IDispatch>& object) : object_(object), scripted_(object.as<IDispatchEx>()) {}
+
+  // DISPID_UNKNOWN for a name that the listener does not have.
+  DISPID IdOf(const std::wstring& name, LCID locale) const {
+    DISPID id = DISPID_UNKNOWN;
+    if (scripted_) {
+      const com::ScopedBstr text(name);
+      return SUCCEEDED(scripted_->GetDispID(text.get(), fdexNameCaseInsensitive, &id)) ? id : DISPID_UNKNOWN;
+    }
+    std::wstring copy = name;
+    wchar_t* names[] = {copy.data()};
+    return SUCCEEDED(object_->GetIDsOfNames(IID_NULL, names, 1, locale, &id)) ? id : DISPID_UNKNOWN;
+  }
+
+  HRESULT Call(DISPID id, LCID locale, DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* info) const {
+    if (scripted_) return scripted_->InvokeEx(id, locale, DISPATCH_METHOD, &arguments, result, info, nullptr);
+    return object_->Invoke(id, IID_NULL, locale, DISPATCH_METHOD, &arguments, result, info, nullptr);
+  }
+
+ private:
+  com_ptr<IDispatch> object_;
+  com_ptr<IDispatchEx> scripted_;
+};
+
 }  // namespace
 
 EventSet EventsOf(IUnknown* source) {
@@ -102,14 +131,14 @@ HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
 HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) { return DISP_E_UNKNOWNNAME; }
 
 HRESULT EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS* parameters, VARIANT* result,
-                          EXCEPINFO* info, UINT* badArgument) try {
+                          EXCEPINFO* info, UINT*) try {
   if (parameters == nullptr) return E_INVALIDARG;
   const auto event = events_.names.find(id);
   if (event == events_.names.end()) return DISP_E_MEMBERNOTFOUND;
-  std::wstring name = event->second;
-  wchar_t* names[] = {name.data()};
-  DISPID method = DISPID_UNKNOWN;
-  if (FAILED(listener_->GetIDsOfNames(IID_NULL, names, 1, locale, &method))) return S_OK;
+  // The source may let go of the sink during the call.
+  const Listener listener(listener_);
+  const DISPID method = listener.IdOf(event->second, locale);
+  if (method == DISPID_UNKNOWN) return S_OK;
 
   static_assert(sizeof(com::ScopedVariant) == sizeof(VARIANT));
   std::vector<com::ScopedVariant> values(parameters->cArgs);
@@ -118,9 +147,7 @@ HRESULT EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS* para
     if (FAILED(copied)) return copied;
   }
   DISPPARAMS copies = {values.empty() ? nullptr : values.front().get(), nullptr, parameters->cArgs, 0};
-  // The source may let go of the sink during the call.
-  const com_ptr<IDispatch> listener = listener_;
-  return listener->Invoke(method, IID_NULL, locale, DISPATCH_METHOD, &copies, result, info, badArgument);
+  return listener.Call(method, locale, copies, result, info);
 } catch (...) {
   return E_OUTOFMEMORY;
 }

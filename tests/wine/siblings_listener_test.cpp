@@ -1,0 +1,220 @@
+// KodraSuporte.Ouvinte: the events of an object, heard by an object that only has methods.
+#include <cwchar>
+#include <functional>
+#include <sstream>
+
+#include "wine/rows.h"
+#include "wine/siblings_script.h"
+
+namespace kodra::support {
+namespace {
+
+using face::Call;
+using face::Create;
+using face::Failure;
+using face::OwnFile;
+using face::Put;
+using face::Ref;
+using face::Var;
+
+// A client's object with one method, which keeps the text that it is called with.
+class Ear final : public IDispatch {
+ public:
+  static Ref<Ear> New(const wchar_t* method) { return Ref<Ear>::Owning(new Ear(method)); }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
+    if (*object == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    *count = 0;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    *ids = _wcsicmp(names[0], method_.c_str()) == 0 ? kMethod : DISPID_UNKNOWN;
+    return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*, UINT*) override {
+    EXPECT_EQ(id, kMethod);
+    EXPECT_EQ(kind, DISPATCH_METHOD);
+    EXPECT_EQ(arguments->cArgs, 1U);
+    EXPECT_EQ(arguments->rgvarg[0].vt, VT_BSTR);
+    lines.emplace_back(arguments->rgvarg[0].bstrVal);
+    return then();
+  }
+
+  ULONG references = 1;
+  std::vector<std::wstring> lines;
+  std::function<HRESULT()> then = [] { return S_OK; };
+
+ private:
+  static constexpr DISPID kMethod = 5;
+
+  explicit Ear(const wchar_t* method) : method_(method) {}
+  ~Ear() = default;
+
+  std::wstring method_;
+};
+
+class SiblingsListener : public testing::Test {
+ protected:
+  SiblingsListener() : report_(Create(L"KodraRpt.CCaixaRpt")), listener_(Create(L"KodraSuporte.Ouvinte")) {}
+
+  face::Outcome Connect(const Ref<Ear>& ear) {
+    return Call(listener_, L"Conecta", {Var(report_.get()), Var(ear.get())});
+  }
+  // Makes the report announce one line, its error.
+  void Fail() {
+    EXPECT_EQ(Call(report_, L"EtiquetaDivisoria", {Var(static_cast<IDispatch*>(nullptr))}).failure.number, 0x80041FABU);
+  }
+
+  Ref<IDispatch> report_;
+  Ref<IDispatch> listener_;
+};
+
+const std::wstring kLine =
+    L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211506 em KodraRpt.CCaixaRpt::InicializaPS: "
+    L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.";
+
+TEST_F(SiblingsListener, CallsTheMethodOfTheEventsName) {
+  const auto ear = Ear::New(L"debuglog");
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  Fail();
+  Fail();
+  EXPECT_EQ(ear->lines, (std::vector<std::wstring>{kLine, kLine}));
+}
+
+TEST_F(SiblingsListener, PassesOverAnEventThatTheObjectHasNoMethodFor) {
+  const auto ear = Ear::New(L"OutroEvento");
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  Fail();
+  EXPECT_EQ(ear->lines, std::vector<std::wstring>());
+}
+
+TEST_F(SiblingsListener, EndsWithDesconecta) {
+  const auto ear = Ear::New(L"DebugLog");
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  EXPECT_EQ(ear->references, 2U);
+  EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
+  EXPECT_EQ(ear->references, 1U);
+  Fail();
+  EXPECT_EQ(ear->lines, std::vector<std::wstring>());
+  EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
+}
+
+TEST_F(SiblingsListener, EndsWithTheListener) {
+  const auto ear = Ear::New(L"DebugLog");
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  EXPECT_EQ(listener_.Release(), 0U);
+  EXPECT_EQ(ear->references, 1U);
+  Fail();
+  EXPECT_EQ(ear->lines, std::vector<std::wstring>());
+}
+
+TEST_F(SiblingsListener, HearsOneSourceAtATime) {
+  const auto first = Ear::New(L"DebugLog");
+  const auto second = Ear::New(L"DebugLog");
+  EXPECT_EQ(Connect(first).hr, S_OK);
+  EXPECT_EQ(Connect(second).hr, S_OK);
+  EXPECT_EQ(first->references, 1U);
+  Fail();
+  EXPECT_EQ(first->lines, std::vector<std::wstring>());
+  EXPECT_EQ(second->lines, std::vector<std::wstring>{kLine});
+}
+
+TEST_F(SiblingsListener, MayEndTheConnectionWhileItListens) {
+  const auto ear = Ear::New(L"DebugLog");
+  ear->then = [&] { return Call(listener_, L"Desconecta").hr; };
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  Fail();
+  Fail();
+  EXPECT_EQ(ear->lines, std::vector<std::wstring>{kLine});
+  EXPECT_EQ(ear->references, 1U);
+}
+
+TEST_F(SiblingsListener, LeavesTheReportToItselfWhenTheMethodFails) {
+  const auto ear = Ear::New(L"DebugLog");
+  ear->then = [] { return E_FAIL; };
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  Fail();
+  EXPECT_EQ(ear->lines, std::vector<std::wstring>{kLine});
+}
+
+TEST_F(SiblingsListener, RefusesAnObjectWithoutEvents) {
+  const auto ear = Ear::New(L"DebugLog");
+  const Failure expected{0x80040001, L"KodraSuporte.Ouvinte::Conecta", L"O objeto não anuncia eventos."};
+  for (const wchar_t* progId : {L"KodraRpt.CDeptoRpt", L"KodraConexao.StrCon"}) {
+    EXPECT_EQ(Call(listener_, L"Conecta", {Var(Create(progId).get()), Var(ear.get())}).failure, expected) << progId;
+  }
+  EXPECT_EQ(ear->references, 1U);
+}
+
+TEST_F(SiblingsListener, NeedsTwoObjects) {
+  const auto ear = Ear::New(L"DebugLog");
+  const Var nothing(static_cast<IDispatch*>(nullptr));
+  const Failure notSet{0x800A005B, L"KodraRpt", L"A variável do objeto ou a variável do bloco 'With' não foi definida"};
+  EXPECT_EQ(Call(listener_, L"Conecta", {nothing, Var(ear.get())}).failure, notSet);
+  EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get()), nothing}).failure, notSet);
+  EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get()), 1}).failure,
+            (Failure{0x800A01A8, L"KodraRpt", L"O objeto é obrigatório"}));
+  EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get())}).failure.number, 0x800A01C2U);  // 450
+}
+
+TEST_F(SiblingsListener, KeepsNothingOfTheReportAlive) {
+  const auto ear = Ear::New(L"DebugLog");
+  EXPECT_EQ(Connect(ear).hr, S_OK);
+  EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
+  EXPECT_EQ(report_.Release(), 0U);
+}
+
+// A module with closed subordinates.
+std::wstring SomeClosedParent() {
+  const face::Table table(L"CAIXA_SUBORDINADA");
+  for (const face::Row& row : table.rows()) {
+    if (row[L"DATA_FECHAMENTO"]) return row[L"NUM_CAIXA"].value();
+  }
+  return L"(none)";
+}
+
+// The log's lines without date and time.
+std::wstring LoggedLines(const OwnFile& log) {
+  std::istringstream lines(BytesOf(log));
+  std::wstring text;
+  for (std::string line; std::getline(lines, line); text += L"\n") {
+    EXPECT_GT(line.size(), 20U);
+    EXPECT_EQ(line.back(), '\r');
+    const std::string rest = line.substr(20, line.size() - 21);
+    std::wstring wide(rest.size(), L'\0');
+    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, rest.data(), static_cast<int>(rest.size()),
+                                                             wide.data(), static_cast<int>(wide.size()))));
+    text += wide;
+  }
+  return text;
+}
+
+TEST(ListeningScript, HearsTheLinesThatTheLogFileHas) {
+  const std::wstring module = SomeClosedParent();
+  const OwnFile log(L"eventos.log");
+  const std::wstring heard = OutputOf(L"eventos.vbs", {face::ArchiveConnection(), log.windowsPath(), module});
+  const std::wstring closed = L"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: ";
+  const std::wstring discard = L"KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: ";
+  const std::wstring discardLines = discard + L"executando query para o módulo <" + module + L">\n" + discard +
+                                    L"retorno da função é a query original\n";
+  const std::wstring logged = closed + L"gerando filtro\n" + closed + L"obtendo dados\n" + discardLines +
+                              L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211505 em "
+                              L"KodraRpt.CCaixaRpt::InicializaPS: Objeto não definido.\n";
+  EXPECT_EQ(LoggedLines(log), logged);
+  EXPECT_EQ(heard, logged + L"raised -2147213397\n" + discardLines + L"end\n");
+}
+
+}  // namespace
+}  // namespace kodra::support
