@@ -84,12 +84,11 @@ std::string Complaint(const std::string& output) {
 }
 
 std::vector<std::string> ServerCommand(const std::string& folder) {
-  std::vector<std::string> command{Program("/usr/sbin/mariadbd", "mariadb-server-core"),
-                                   "--no-defaults",
-                                   "--datadir=" + folder + "/data",
-                                   "--innodb-buffer-pool-size=128M",
-                                   "--innodb-log-file-size=64M",
-                                   "--innodb-flush-log-at-trx-commit=0"};
+  std::vector<std::string> command{Program("/usr/sbin/mariadbd", "mariadb-server-core"), "--no-defaults",
+                                   "--datadir=" + folder + "/data", "--innodb-buffer-pool-size=128M",
+                                   "--innodb-log-file-size=64M", "--innodb-flush-log-at-trx-commit=0",
+                                   // Its days are UTC's, as SQLite's are.
+                                   "--default-time-zone=+00:00"};
   if (geteuid() == 0) command.emplace_back("--user=root");
   return command;
 }

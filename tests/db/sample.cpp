@@ -1,0 +1,182 @@
+#include "db/sample.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <stdexcept>
+
+#include "db/mariadb.h"
+#include "demo/utf8.h"
+#include "demo/writer.h"
+#include "platform/odbc/connection.h"
+
+namespace kodra::tests {
+namespace {
+
+namespace demo = support::demo;
+namespace fs = std::filesystem;
+
+using demo::Caixa;
+using demo::CaixaSubordinada;
+using platform::odbc::Connection;
+
+constexpr demo::Size kSize{.documents = 600};
+
+// Folders of the test program, gone when it ends.
+class Folder {
+ public:
+  Folder() {
+    std::string pattern = (fs::temp_directory_path() / "kodra-sample-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder: " + pattern);
+    path_ = pattern;
+  }
+  ~Folder() { fs::remove_all(path_); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+
+  fs::path operator/(const char* name) const { return path_ / name; }
+
+ private:
+  fs::path path_;
+};
+
+const Folder& ProgramFolder() {
+  static const Folder folder;
+  return folder;
+}
+
+CaixaSubordinada Subordinate(const demo::Text& parent, std::int64_t number, const demo::MaybeText& kind,
+                             demo::MaybeDay due = {}) {
+  CaixaSubordinada module;
+  module.numCaixa = parent;
+  module.numSeq = number;
+  module.tipoGuarda = kind;
+  module.dataVencimento = due;
+  return module;
+}
+
+// Calls visit with each row that comes to the generated ones.
+template <class Visitor>
+void ForEachExtraRow(Visitor&& visit) {
+  Caixa dueToday;
+  dueToday.numCaixa = L"ZZ001";
+  dueToday.descCaixa = L"Vence hoje";
+  dueToday.tipoGuarda = L"T";
+  dueToday.dataVencimento = Today();
+  dueToday.codDepto = L"001";
+  Caixa dueTomorrow = dueToday;
+  dueTomorrow.numCaixa = L"ZZ002";
+  dueTomorrow.descCaixa = L"Vence amanhã";
+  dueTomorrow.dataVencimento = Today() + std::chrono::days(1);
+  // Its kind is nobody's: only its subordinates are ever listed by kind.
+  Caixa parent;
+  parent.numCaixa = L"ZZ003";
+  parent.descCaixa = L"Tem subordinados";
+  parent.codDepto = L"002";
+  for (const Caixa& module : {dueToday, dueTomorrow, parent}) visit(module);
+  visit(Subordinate(L"ZZ003", 1, L"T", Today()));
+  visit(Subordinate(L"ZZ003", 2, L"T", Today() + std::chrono::days(1)));
+  // A code has room for two digits only. Of 103 MariaDB keeps the first two and SQLite the last two, so on either
+  // database one of these rows is another's double.
+  for (const std::int64_t number : {3, 10, 103}) visit(Subordinate(L"ZZ003", number, L"E"));
+}
+
+std::wstring Literal(const demo::Cell& cell) {
+  if (const auto* number = std::get_if<std::int64_t>(&cell)) return std::to_wstring(*number);
+  if (const auto* text = std::get_if<std::wstring_view>(&cell)) return L"'" + std::wstring(*text) + L"'";
+  const auto quoted = [](const std::string& iso) { return L"'" + std::wstring(iso.begin(), iso.end()) + L"'"; };
+  if (const auto* day = std::get_if<demo::Day>(&cell)) return quoted(demo::IsoText(*day));
+  if (const auto* moment = std::get_if<demo::Moment>(&cell)) return quoted(demo::IsoText(*moment));
+  return L"NULL";
+}
+
+template <class Record>
+void Insert(Connection& connection, const Record& record) {
+  const demo::Table<Record>& table = demo::TableOf<Record>();
+  std::vector<demo::Cell> cells;
+  table.Read(record, cells);
+  std::wstring values;
+  for (const demo::Cell& cell : cells) values += (values.empty() ? L"" : L",") + Literal(cell);
+  connection.Execute(L"INSERT INTO " + InsertTarget(table.shape) + L" VALUES (" + values + L")",
+                     platform::ad::kCmdText);
+}
+
+void InsertExtraRows(const std::wstring& connectionString) {
+  Connection connection;
+  connection.Open(connectionString, L"", L"", platform::ad::kUnspecified);
+  ForEachExtraRow([&](const auto& record) { Insert(connection, record); });
+}
+
+void CreateTables(const std::wstring& connectionString, demo::Engine engine) {
+  Connection connection;
+  connection.Open(connectionString, L"", L"", platform::ad::kUnspecified);
+  for (const demo::TableShape& table : demo::AllShapes()) {
+    connection.Execute(CreateTable(table, engine), platform::ad::kCmdText);
+  }
+}
+
+std::wstring SqliteString(const fs::path& path) { return L"Driver={SQLite3};Database=" + path.wstring() + L";"; }
+
+std::wstring SampleOnSqlite() {
+  const fs::path path = ProgramFolder() / "acervo.db";
+  demo::WriteSqlite(path, kSize);
+  InsertExtraRows(SqliteString(path));
+  return SqliteString(path);
+}
+
+std::wstring SampleOnMariaDb() {
+  const fs::path path = ProgramFolder() / "acervo.sql";
+  std::ofstream script(path, std::ios::binary);
+  demo::WriteMySql(script, kSize);
+  script.close();
+  MariaDb().CreateDatabase(L"acervo");
+  MariaDb().RunScript(L"acervo", path);
+  InsertExtraRows(MariaDb().ConnectionString(L"acervo"));
+  return MariaDb().ConnectionString(L"acervo");
+}
+
+std::wstring EmptyOnSqlite() {
+  const std::wstring text = SqliteString(ProgramFolder() / "vazio.db");
+  CreateTables(text, demo::Engine::kSqlite);
+  return text;
+}
+
+std::wstring EmptyOnMariaDb() {
+  MariaDb().CreateDatabase(L"vazio");
+  CreateTables(MariaDb().ConnectionString(L"vazio"), demo::Engine::kMySql);
+  return MariaDb().ConnectionString(L"vazio");
+}
+
+}  // namespace
+
+const demo::Archive& SampleArchive() {
+  static const demo::Archive archive = [] {
+    demo::Archive rows = demo::Generate(kSize);
+    ForEachExtraRow([&]<class Record>(const Record& record) { rows.Of<Record>().push_back(record); });
+    return rows;
+  }();
+  return archive;
+}
+
+std::wstring SampleOn(Engine engine) {
+  if (engine == Engine::kSqlite) {
+    static const std::wstring sqlite = SampleOnSqlite();
+    return sqlite;
+  }
+  static const std::wstring mariaDb = SampleOnMariaDb();
+  return mariaDb;
+}
+
+std::wstring EmptyOn(Engine engine) {
+  if (engine == Engine::kSqlite) {
+    static const std::wstring sqlite = EmptyOnSqlite();
+    return sqlite;
+  }
+  static const std::wstring mariaDb = EmptyOnMariaDb();
+  return mariaDb;
+}
+
+demo::Day Today() { return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()); }
+
+}  // namespace kodra::tests

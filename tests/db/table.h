@@ -1,0 +1,58 @@
+// Rows as a client reads them and as a test computes them, in one form that is compared whole.
+//
+//   Table expected({L"COD_DOCTO", L"DT_VENC"});
+//   for (const Documento& d : archive.Of<Documento>()) expected.Add(d.codDocto, d.dtVenc);
+//   ExpectRows(Read(*rows), expected, {L"COD_DOCTO"});
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "demo/records.h"
+#include "platform/ado.h"
+#include "platform/value.h"
+
+namespace kodra::tests {
+
+// How values are compared: a number of any type is a double, a date counts to the second. Everything else, the kind of
+// value above all, must be the same: a date is never its text, and null is not empty.
+platform::Value Cell(const platform::Value& value);
+inline platform::Value Cell(const wchar_t* text) { return text; }
+inline platform::Value Cell(const std::wstring& text) { return text; }
+inline platform::Value Cell(std::int64_t number) { return static_cast<double>(number); }
+inline platform::Value Cell(bool flag) { return flag; }
+platform::Value Cell(support::demo::Day day);
+platform::Value Cell(support::demo::Moment moment);
+template <class T>
+platform::Value Cell(const std::optional<T>& value) {
+  return value ? Cell(*value) : platform::Value(platform::Null{});
+}
+
+struct Table {
+  using Row = std::vector<platform::Value>;
+
+  explicit Table(std::vector<std::wstring> names) : columns(std::move(names)) {}
+
+  template <class... Values>
+  void Add(const Values&... values) {
+    rows.push_back({Cell(values)...});
+  }
+
+  std::vector<std::wstring> columns;
+  std::vector<Row> rows;
+};
+
+// All columns and all rows from the current one on of a recordset of platform::odbc.
+Table Read(platform::Recordset& recordset);
+
+// Compares columns and rows. The rows of `actual` must be in ascending order of the columns of `order`; beyond that
+// their order does not count. Expecting no row at all is a mistake of the test: that is what ExpectNoRows is for.
+void ExpectRows(Table actual, Table expected, std::initializer_list<std::wstring_view> order = {});
+void ExpectNoRows(const Table& actual, const std::vector<std::wstring>& columns);
+// The same with every row in its place.
+void ExpectExactly(const Table& actual, const Table& expected);
+
+}  // namespace kodra::tests
