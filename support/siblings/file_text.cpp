@@ -12,10 +12,10 @@ bool IsLowHalf(std::uint32_t unit) { return unit >= 0xdc00 && unit < 0xe000; }
 
 // Takes the first character off a text that is not empty.
 std::uint32_t TakeCharacter(std::wstring_view& text) {
-  const auto first = static_cast<std::uint32_t>(text.front());
+  const std::uint32_t first = static_cast<char32_t>(text.front());
   text.remove_prefix(1);
-  if (IsHighHalf(first) && !text.empty() && IsLowHalf(static_cast<std::uint32_t>(text.front()))) {
-    const auto second = static_cast<std::uint32_t>(text.front());
+  const std::uint32_t second = text.empty() ? 0 : static_cast<char32_t>(text.front());
+  if (IsHighHalf(first) && IsLowHalf(second)) {
     text.remove_prefix(1);
     return 0x10000 + ((first - 0xd800) << 10) + (second - 0xdc00);
   }

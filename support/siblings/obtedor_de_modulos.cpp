@@ -63,6 +63,7 @@ Value ObtedorDeModulos::Find(const std::wstring& module, const std::wstring& con
                                 L"DATA_FECHAMENTO", L"TIPO_GUARDA", L"ANOS_VENCIMENTO"});
   if (rows.empty() && !HasModule(database, module)) return ObjectRef();
   std::vector<Value> modules;
+  modules.reserve(rows.size());
   for (Row& row : rows) modules.emplace_back(ObjectRef(std::make_shared<Subordinado>(std::move(row))));
   return ObjectRef(std::make_shared<Collection>(std::move(modules)));
 }

@@ -138,7 +138,7 @@ TEST_F(SiblingsOnMariaDb, TakeQuotesBackslashesAndWildcardsLiterally) {
   EXPECT_EQ(ActionsFound({{L"Tipo_Evento", L"ZZZ"}}), stored);
   EXPECT_EQ(ActionsFound({{L"Maquina", L"\\PC d'Ávila"}}), stored);
   EXPECT_EQ(ActionsFound({{L"Maquina", L"PC d'Ávila"}}), none);
-  EXPECT_EQ(ActionsFound({{L"Acao", L"%_! "}}), stored);
+  EXPECT_EQ(ActionsFound({{L"Acao", L"%_! \\ de 'tudo'"}}), stored);
   EXPECT_EQ(ActionsFound({{L"Acao", L"0%%! "}}), none);
   connection->Execute(L"DELETE FROM EVENTO WHERE COD_EVENTO = 900001", platform::ad::kCmdText);
 }
