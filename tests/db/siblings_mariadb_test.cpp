@@ -42,7 +42,7 @@ class SiblingsOnMariaDb : public testing::Test {
   SiblingsOnMariaDb() { RegisterSiblings(machine); }
 
   ObjectRef CreateReader(const std::wstring& progId) {
-    const ObjectRef object = machine.CreateObject(progId);
+    ObjectRef object = machine.CreateObject(progId);
     object->Let(L"StringConexao", tests::MariaDb().ConnectionString(L"irmaos"));
     return object;
   }

@@ -34,7 +34,7 @@ class ArchiveOnSqlite : public testing::Test {
   platform::ObjectRef Create(const std::wstring& progId) { return machine.CreateObject(progId); }
   // An object that reads the archive.
   platform::ObjectRef CreateReader(const std::wstring& progId) {
-    const platform::ObjectRef object = Create(progId);
+    platform::ObjectRef object = Create(progId);
     object->Let(L"StringConexao", ConnectionString());
     return object;
   }

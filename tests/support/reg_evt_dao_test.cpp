@@ -24,7 +24,8 @@ using Settings = std::vector<std::pair<const wchar_t*, Value>>;
 Date ToDate(demo::Moment moment) {
   constexpr auto kDayZero = std::chrono::sys_days(std::chrono::year(1899) / 12 / 30);
   const auto seconds = (moment - kDayZero).count();
-  return {static_cast<double>(seconds / 86400) + static_cast<double>(seconds % 86400) / 86400};
+  const auto days = seconds / 86400;
+  return {static_cast<double>(days) + static_cast<double>(seconds % 86400) / 86400};
 }
 
 // What an event object says, in one line.
