@@ -69,8 +69,8 @@ using Request = std::vector<Value>;
 const Request kRequest = {L"Ana Lúcia", L"Volta em breve.", L"Urgente"};
 
 // Those documents and requests in the database, and the dates that the sibling reads in turn.
-Preparation Having(std::vector<Document> documents, std::vector<Request> requests = {kRequest},
-                   std::deque<Value> dates = {k30March2024, k31March2024}) {
+Preparation Having(const std::vector<Document>& documents, const std::vector<Request>& requests = {kRequest},
+                   const std::deque<Value>& dates = {k30March2024, k31March2024}) {
   return [=](FakeSurroundings& around) {
     around.Register(L"VantLib.Conversoes", {{L"ToDate", dates}});
     around.ado.results = {

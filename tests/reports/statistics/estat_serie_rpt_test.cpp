@@ -11,7 +11,6 @@ namespace kodra::reports {
 namespace {
 
 using platform::Date;
-using platform::Value;
 using recorder::Framed;
 using recorder::RaisedBy;
 using recorder::Utf8;
