@@ -8,8 +8,8 @@
 
 namespace kodra::frame {
 
-// The value of a property as a text, a date or a Boolean. A property that the object does not have raises error 438 with
-// its name in the description; a null raises RuntimeError::kInvalidUseOfNull, a value that cannot be converted
+// The value of a property as a text, a date or a Boolean. A property that the object does not have raises error 438
+// with its name in the description; a null raises RuntimeError::kInvalidUseOfNull, a value that cannot be converted
 // RuntimeError::kTypeMismatch.
 std::wstring ReadText(platform::AutomationObject& parameters, std::wstring_view property);
 platform::Date ReadDate(platform::AutomationObject& parameters, std::wstring_view property);
