@@ -112,6 +112,29 @@ TEST_F(OdbcMariaDb, LongTextIsReadWholeAmongOtherColumns) {
             (std::vector<std::vector<Value>>{{longText, L"fim"}, {L"curto", L"fim"}, {Null{}, L"fim"}, {L"", L"fim"}}));
 }
 
+// Its driver takes the letter for half a character of UTF-16.
+TEST_F(OdbcMariaDb, TextWithALetterThatTheDriverMiscountsTravelsWhole) {
+  const std::wstring shortText = L"Úrsula Ú";
+  std::wstring longText;
+  for (int i = 0; longText.size() < 70000; ++i) longText += L"Última Ação Única " + std::to_wstring(i) + L"; ";
+  Run(L"create or replace table T(V varchar(20), X longtext, PÚBLICO varchar(3))");
+  Command cmd;
+  cmd.SetActiveConnection(&cn);
+  cmd.SetCommandText(L"insert into T values(?, ?, 'ÚÚÚ')");
+  cmd.AppendParameter(L"V", ad::kVarWChar, ad::kParamInput, 20, shortText);
+  cmd.AppendParameter(L"X", ad::kLongVarWChar, ad::kParamInput, 0, longText);
+  EXPECT_EQ(cmd.Execute(ad::kUnspecified).recordsAffected, 1);
+  OpenFirehose(L"select V, X, PÚBLICO, char_length(V) from T where V = 'Úrsula Ú'");
+  EXPECT_EQ(rs.FieldAt(2).name, L"PÚBLICO");
+  EXPECT_EQ(rs.FieldValue(0), Value(shortText));
+  EXPECT_TRUE(rs.FieldValue(1) == Value(longText));
+  EXPECT_EQ(rs.FieldValue(2), Value(L"ÚÚÚ"));
+  EXPECT_EQ(rs.FieldValue(3), Value(8));
+  rs.Close();
+  const Raised missing = RaisedBy([&] { OpenFirehose(L"select * from PÚBLICA"); });
+  EXPECT_TRUE(missing.description.ends_with(L"Table 'odbc.PÚBLICA' doesn't exist"));
+}
+
 TEST_F(OdbcMariaDb, CharactersBeyondTheBasicPlaneFillAColumnToItsSize) {
   Run(L"create or replace table T(V varchar(3), W varchar(400))");
   std::wstring wide;

@@ -22,6 +22,13 @@ TEST(WithStreaming, OtherDriversGetNothing) {
   EXPECT_EQ(WithStreaming(L"DSN=sqlite;"), L"DSN=sqlite;");
 }
 
+TEST(TextIsUtf8, WithMariaDbsDriverUnlessTheConnectionNamesACharacterSet) {
+  EXPECT_TRUE(TextIsUtf8(L"libmaodbc.so", L"Driver={MariaDB Unicode};Server=127.0.0.1;"));
+  EXPECT_TRUE(TextIsUtf8(L"MAODBC.DLL", L"DSN=arquivo"));
+  EXPECT_FALSE(TextIsUtf8(L"libmaodbc.so", L"Driver={MariaDB Unicode};CharSet=latin1;"));
+  EXPECT_FALSE(TextIsUtf8(L"sqlite3odbc.so", L"Driver={SQLite3}"));
+}
+
 TEST(OnlyReads, ASelectMayRunTwice) {
   EXPECT_TRUE(OnlyReads(L"select 1"));
   EXPECT_TRUE(OnlyReads(L"  (SELECT replace(a,'x','y') from t)"));

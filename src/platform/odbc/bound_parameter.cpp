@@ -7,6 +7,7 @@
 #include "platform/odbc/dates.h"
 #include "platform/odbc/errors.h"
 #include "platform/odbc/utf16.h"
+#include "platform/odbc/utf8.h"
 
 namespace kodra::platform::odbc {
 namespace {
@@ -29,7 +30,8 @@ SQL_TIMESTAMP_STRUCT TimestampStruct(const CivilTime& t) {
 
 }  // namespace
 
-BoundParameter::BoundParameter(const Parameter& parameter) : type_(parameter.type), size_(parameter.size) {
+BoundParameter::BoundParameter(const Parameter& parameter, bool textIsUtf8)
+    : type_(parameter.type), size_(parameter.size), textIsUtf8_(textIsUtf8) {
   if (parameter.direction != ad::kParamInput) Raise(ControlError::kFeatureNotAvailable, kCommandSource);
   if (parameter.value.Is<Empty>()) Raise(ProviderFault::kParameterMissing);
   if (parameter.type == ad::kVariant) {
@@ -42,12 +44,17 @@ BoundParameter::BoundParameter(const Parameter& parameter) : type_(parameter.typ
 }
 
 SQLRETURN BoundParameter::BindText(SQLHSTMT statement, SQLUSMALLINT position, const std::wstring& text) {
-  text_ = ToUtf16(text);
-  indicator_ = static_cast<SQLLEN>(text_.size() * sizeof(char16_t));
-  const SQLULEN size = std::max<SQLULEN>({static_cast<SQLULEN>(std::max<std::int64_t>(size_, 0)), text_.size(), 1});
+  wide_ = ToUtf16(text);
+  const SQLULEN size = std::max<SQLULEN>({static_cast<SQLULEN>(std::max<std::int64_t>(size_, 0)), wide_.size(), 1});
   const SQLSMALLINT sqlType = size > kLongestVarChar ? SQL_WLONGVARCHAR : SQL_WVARCHAR;
-  return SQLBindParameter(statement, position, SQL_PARAM_INPUT, SQL_C_WCHAR, sqlType, size, 0, text_.data(), indicator_,
-                          &indicator_);
+  const auto bind = [&](SQLSMALLINT cType, auto& held) {
+    indicator_ = static_cast<SQLLEN>(held.size() * sizeof held[0]);
+    return SQLBindParameter(statement, position, SQL_PARAM_INPUT, cType, sqlType, size, 0, held.data(), indicator_,
+                            &indicator_);
+  };
+  if (!textIsUtf8_) return bind(SQL_C_WCHAR, wide_);
+  utf8_ = ToUtf8(text);
+  return bind(SQL_C_CHAR, utf8_);
 }
 
 SQLRETURN BoundParameter::Bind(SQLHSTMT statement, SQLUSMALLINT position) {

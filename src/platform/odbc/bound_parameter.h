@@ -10,8 +10,9 @@ namespace kodra::platform::odbc {
 
 class BoundParameter {
  public:
-  // Raises 3251 for a direction other than input, 3421 for a value that the type cannot hold, 80040E10 for none.
-  explicit BoundParameter(const Parameter& parameter);
+  // Text goes to the driver as UTF-8 or as UTF-16. Raises 3251 for a direction other than input, 3421 for a value that
+  // the type cannot hold, 80040E10 for none.
+  BoundParameter(const Parameter& parameter, bool textIsUtf8);
 
   // Binds it to a "?" mark, counted from 1. The object must outlive every run of the statement.
   SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT position);
@@ -22,7 +23,9 @@ class BoundParameter {
   Value value_;
   std::int32_t type_;
   std::int64_t size_;
-  std::u16string text_;
+  bool textIsUtf8_;
+  std::u16string wide_;
+  std::string utf8_;
   SQLBIGINT integer_ = 0;
   double number_ = 0;
   unsigned char bit_ = 0;

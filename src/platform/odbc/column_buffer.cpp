@@ -6,6 +6,7 @@
 #include "platform/odbc/coercion.h"
 #include "platform/odbc/dates.h"
 #include "platform/odbc/utf16.h"
+#include "platform/odbc/utf8.h"
 
 namespace kodra::platform::odbc {
 namespace {
@@ -15,6 +16,7 @@ constexpr SQLULEN kLongestBound = 1000;
 // The room for a cell whose declared size means nothing.
 constexpr SQLULEN kLeastRoom = 63;
 constexpr SQLULEN kMostRoom = 511;
+constexpr SQLULEN kMostBytesOfACharacter = 4;
 
 template <class T>
 T Load(const std::byte* bytes) {
@@ -37,6 +39,10 @@ std::wstring Hexadecimal(const std::byte* bytes, std::size_t length) {
     text.push_back(kDigits[std::to_integer<unsigned>(bytes[i]) & 15]);
   }
   return text;
+}
+
+std::wstring Utf8Cell(const std::byte* bytes, std::size_t length) {
+  return FromUtf8({reinterpret_cast<const char*>(bytes), length});
 }
 
 Value WholeNumber(std::int64_t number, std::int32_t type) {
@@ -98,8 +104,8 @@ Value DateCell(const CivilTime& time) { return time.month == 0 ? Value(Null{}) :
 
 }  // namespace
 
-ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow) : adoType_(column.info.type) {
-  ChooseWire(column, typesVaryByRow);
+ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8) : adoType_(column.info.type) {
+  ChooseWire(column, typesVaryByRow, textIsUtf8);
   switch (wire_) {
     case Wire::kText:
     case Wire::kParsedText: {
@@ -110,6 +116,10 @@ ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow) : adoType_
       cellBytes_ = long_ ? 0 : (units + 1) * sizeof(SQLWCHAR);
       break;
     }
+    case Wire::kUtf8:
+      long_ = column.size == 0 || column.size > kLongestBound;
+      cellBytes_ = long_ ? 0 : column.size * kMostBytesOfACharacter;
+      break;
     case Wire::kBinary:
       long_ = typesVaryByRow || column.size == 0 || column.size > kLongestBound;
       cellBytes_ = long_ ? 0 : column.size;
@@ -133,12 +143,12 @@ ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow) : adoType_
   }
 }
 
-void ColumnBuffer::ChooseWire(const Column& column, bool typesVaryByRow) {
+void ColumnBuffer::ChooseWire(const Column& column, bool typesVaryByRow, bool textIsUtf8) {
   const std::int32_t type = column.info.type;
   if (IsBinaryType(type)) {
     wire_ = Wire::kBinary;
   } else if (IsTextType(type)) {
-    wire_ = Wire::kText;
+    wire_ = textIsUtf8 ? Wire::kUtf8 : Wire::kText;
   } else if (typesVaryByRow || type == ad::kUnsignedBigInt) {
     wire_ = Wire::kParsedText;
   } else if (IsWholeType(type)) {
@@ -171,6 +181,7 @@ SQLSMALLINT ColumnBuffer::CType() const {
     case Wire::kTimestamp:
       return SQL_C_TYPE_TIMESTAMP;
     case Wire::kBinary:
+    case Wire::kUtf8:  // as the driver has it: nothing is converted on the way
       return SQL_C_BINARY;
     case Wire::kText:
     case Wire::kParsedText:
@@ -200,6 +211,8 @@ void ColumnBuffer::ReadLateCell(const Statement& statement, SQLUSMALLINT number)
     late_ = Null{};
   } else if (wire_ == Wire::kBinary) {
     late_ = Hexadecimal(bytes.data(), bytes.size());
+  } else if (wire_ == Wire::kUtf8) {
+    late_ = Utf8Cell(bytes.data(), bytes.size());
   } else {
     late_ = TextCell(bytes.data(), bytes.size());
   }
@@ -218,6 +231,7 @@ Value ColumnBuffer::Cell(std::size_t row) const {
   if (wire_ == Wire::kText || wire_ == Wire::kParsedText) {
     return TextCell(bytes, std::min(static_cast<std::size_t>(length), cellBytes_ - sizeof(SQLWCHAR)));
   }
+  if (wire_ == Wire::kUtf8) return Utf8Cell(bytes, std::min(static_cast<std::size_t>(length), cellBytes_));
   if (wire_ == Wire::kBinary) return Hexadecimal(bytes, std::min(static_cast<std::size_t>(length), cellBytes_));
   return FixedCell(bytes);
 }

@@ -23,7 +23,8 @@ namespace kodra::platform::odbc {
 
 class ColumnBuffer {
  public:
-  ColumnBuffer(const Column& column, bool typesVaryByRow);
+  // See driver_manners.h.
+  ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8);
 
   // A cell may be longer than any buffer worth binding: it is read on its own, which needs one row a block.
   bool IsLong() const { return long_; }
@@ -37,9 +38,9 @@ class ColumnBuffer {
   Value Cell(std::size_t row) const;
 
  private:
-  enum class Wire { kText, kParsedText, kInteger, kDouble, kBit, kDate, kTime, kTimestamp, kBinary };
+  enum class Wire { kText, kUtf8, kParsedText, kInteger, kDouble, kBit, kDate, kTime, kTimestamp, kBinary };
 
-  void ChooseWire(const Column& column, bool typesVaryByRow);
+  void ChooseWire(const Column& column, bool typesVaryByRow, bool textIsUtf8);
   SQLSMALLINT CType() const;
   Value TextCell(const std::byte* bytes, std::size_t length) const;
   Value FixedCell(const std::byte* bytes) const;

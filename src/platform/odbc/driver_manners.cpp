@@ -19,6 +19,10 @@ std::wstring WithStreaming(const std::wstring& odbcConnectionString) {
 
 bool TypesVaryByRow(const std::wstring& driverName) { return Contains(FoldName(driverName), L"SQLITE"); }
 
+bool TextIsUtf8(const std::wstring& driverName, const std::wstring& odbcConnectionString) {
+  return Contains(FoldName(driverName), L"MAODBC") && !Contains(FoldName(odbcConnectionString), L"CHARSET=");
+}
+
 bool OnlyReads(const std::wstring& statement) {
   const std::wstring folded = FoldName(statement);
   const std::size_t start = folded.find_first_not_of(L" \t\r\n(");

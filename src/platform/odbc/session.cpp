@@ -45,7 +45,8 @@ std::vector<ProviderError> Diagnostics(SQLSMALLINT handleType, SQLHANDLE handle,
       result = SQLGetDiagRecW(handleType, handle, record, state, &native, AsWide(message), room(), &length);
     }
     if (!SQL_SUCCEEDED(result)) return errors;
-    const std::size_t given = std::min<std::size_t>(length < 0 ? 0 : length, message.find(u'\0'));
+    // The text ends with its zero: not every driver counts its characters rightly.
+    const std::size_t given = std::min(message.find(u'\0'), message.size());
     ProviderError error;
     error.sqlState = FromWide(state, 5);
     error.number = HresultOfSqlState(error.sqlState, stage);
@@ -105,7 +106,9 @@ void Session::Open(const std::wstring& user, const std::wstring& password) {
     Fail(SQL_HANDLE_DBC, handle, Stage::kConnect);
   }
   handle_ = handle;
-  typesVaryByRow_ = odbc::TypesVaryByRow(DriverName(handle));
+  const std::wstring driver = DriverName(handle);
+  typesVaryByRow_ = odbc::TypesVaryByRow(driver);
+  textIsUtf8_ = odbc::TextIsUtf8(driver, odbc);
   ApplyIsolationLevel();
 }
 

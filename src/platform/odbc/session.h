@@ -44,6 +44,7 @@ class Session {
   SQLHDBC Handle() const { return handle_; }
   // See driver_manners.h.
   bool TypesVaryByRow() const { return typesVaryByRow_; }
+  bool TextIsUtf8() const { return textIsUtf8_; }
   std::wstring CurrentDatabase();
   void SetCurrentDatabase(const std::wstring& name);
 
@@ -65,6 +66,7 @@ class Session {
   ConnectionProperties properties_;
   SQLHDBC handle_ = nullptr;
   bool typesVaryByRow_ = false;
+  bool textIsUtf8_ = false;
   bool inTransaction_ = false;
   std::vector<Recordset*> recordsets_;
   std::vector<ProviderError> errors_;

@@ -65,19 +65,19 @@ bool HasPrecision(std::int32_t type) {
 
 Column DescribeColumn(SQLHSTMT statement, SQLUSMALLINT number) {
   Column column;
-  SQLWCHAR name[256] = {};
+  char16_t name[256] = {};
   SQLSMALLINT nameLength = 0;
   SQLSMALLINT digits = 0;
   SQLSMALLINT nullable = SQL_NULLABLE_UNKNOWN;
-  SQLDescribeColW(statement, number, name, static_cast<SQLSMALLINT>(std::size(name)), &nameLength, &column.sqlType,
-                  &column.size, &digits, &nullable);
+  SQLDescribeColW(statement, number, reinterpret_cast<SQLWCHAR*>(name), static_cast<SQLSMALLINT>(std::size(name)),
+                  &nameLength, &column.sqlType, &column.size, &digits, &nullable);
   SQLLEN isUnsigned = SQL_FALSE;
   SQLColAttributeW(statement, number, SQL_DESC_UNSIGNED, nullptr, 0, nullptr, &isUnsigned);
   column.isUnsigned = isUnsigned == SQL_TRUE;
 
-  const auto length = std::clamp<std::size_t>(static_cast<std::size_t>(std::max<int>(nameLength, 0)), 0, 255);
   FieldInfo& info = column.info;
-  info.name = FromUtf16({reinterpret_cast<const char16_t*>(name), length});
+  // The name ends with its zero: not every driver counts its characters rightly.
+  info.name = FromUtf16(name);
   info.type = AdoType(column.sqlType, column.isUnsigned);
   const std::int64_t fixedSize = FixedSize(info.type);
   info.definedSize = fixedSize > 0 ? fixedSize : static_cast<std::int64_t>(column.size);
@@ -114,7 +114,8 @@ SQLHSTMT NewHandle(Session& session) {
 Statement::Statement(Session& session, const std::wstring& text, const std::vector<Parameter>& parameters,
                      const StatementLimits& limits)
     : session_(session), text_(text), parameters_(parameters) {
-  for (const Parameter& parameter : parameters_) bound_.push_back(std::make_unique<BoundParameter>(parameter));
+  for (const Parameter& parameter : parameters_)
+    bound_.push_back(std::make_unique<BoundParameter>(parameter, session_.TextIsUtf8()));
   handle_ = NewHandle(session_);
   // A driver that knows no time or row limit says so and goes on without.
   if (limits.timeout > 0) {
@@ -134,7 +135,8 @@ Statement::Statement(Session& session, const std::wstring& text, const std::vect
 // The same statement read whole up to its first row, for the sake of its description alone.
 Statement::Statement(ProbeTag, const Statement& original)
     : session_(original.session_), text_(original.text_), parameters_(original.parameters_) {
-  for (const Parameter& parameter : parameters_) bound_.push_back(std::make_unique<BoundParameter>(parameter));
+  for (const Parameter& parameter : parameters_)
+    bound_.push_back(std::make_unique<BoundParameter>(parameter, session_.TextIsUtf8()));
   handle_ = NewHandle(session_);
   SQLSetStmtAttrW(handle_, SQL_ATTR_CURSOR_TYPE, AsAttribute(SQL_CURSOR_STATIC), 0);
   SQLSetStmtAttrW(handle_, SQL_ATTR_MAX_ROWS, AsAttribute(1), 0);

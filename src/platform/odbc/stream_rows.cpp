@@ -21,7 +21,7 @@ void StreamRows::Bind(std::int32_t rowsPerBlock) {
   bool oneByOne = typesVary;
   std::size_t rowBytes = 1;
   for (const Column& column : statement_->Columns()) {
-    columns_.emplace_back(column, typesVary);
+    columns_.emplace_back(column, typesVary, statement_->Owner().TextIsUtf8());
     oneByOne = oneByOne || columns_.back().IsLong();
     rowBytes += columns_.back().CellBytes();
   }
