@@ -97,7 +97,7 @@ void Insert(Connection& connection, const Record& record) {
   std::vector<demo::Cell> cells;
   table.Read(record, cells);
   std::wstring values;
-  for (const demo::Cell& cell : cells) values += (values.empty() ? L"" : L",") + Literal(cell);
+  for (const demo::Cell& cell : cells) values.append(values.empty() ? L"" : L",").append(Literal(cell));
   connection.Execute(L"INSERT INTO " + InsertTarget(table.shape) + L" VALUES (" + values + L")",
                      platform::ad::kCmdText);
 }

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 
+#include "demo/utf8.h"
 #include "platform/odbc/recordset.h"
 
 namespace kodra::tests {
@@ -33,7 +33,7 @@ bool RowLess(const Table::Row& a, const Table::Row& b) {
   return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), Less);
 }
 
-std::string Utf8(const std::wstring& text) { return std::filesystem::path(text).string(); }
+using support::demo::ToUtf8;
 
 std::string Shown(const Value& value) {
   if (value.Is<platform::Null>()) return "NULL";
@@ -41,13 +41,13 @@ std::string Shown(const Value& value) {
   if (value.Is<bool>()) return value.As<bool>() ? "TRUE" : "FALSE";
   if (value.Is<double>()) return testing::PrintToString(value.As<double>());
   if (value.Is<Date>()) return "DATE " + testing::PrintToString(value.As<Date>().days);
-  if (value.Is<std::wstring>()) return "'" + Utf8(value.As<std::wstring>()) + "'";
+  if (value.Is<std::wstring>()) return "'" + ToUtf8(value.As<std::wstring>()) + "'";
   return "OBJECT";
 }
 
 std::string Shown(const Table::Row& row) {
   std::string text;
-  for (const Value& value : row) text += (text.empty() ? "" : " | ") + Shown(value);
+  for (const Value& value : row) text.append(text.empty() ? "" : " | ").append(Shown(value));
   return text;
 }
 
@@ -64,7 +64,7 @@ std::vector<std::size_t> Positions(const Table& table, std::initializer_list<std
   std::vector<std::size_t> positions;
   for (const std::wstring_view name : names) {
     const auto found = std::find(table.columns.begin(), table.columns.end(), name);
-    if (found == table.columns.end()) ADD_FAILURE() << "no column " << Utf8(std::wstring(name));
+    if (found == table.columns.end()) ADD_FAILURE() << "no column " << ToUtf8(name);
     positions.push_back(static_cast<std::size_t>(found - table.columns.begin()));
   }
   return positions;
