@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 
 using demo::Caixa;
 using demo::CaixaSubordinada;
+using demo::Container;
 using platform::odbc::Connection;
 
 constexpr demo::Size kSize{.documents = 600};
@@ -65,7 +66,9 @@ void ForEachExtraRow(Visitor&& visit) {
   dueToday.tipoGuarda = L"T";
   dueToday.dataVencimento = Today();
   dueToday.codDepto = L"001";
+  dueToday.container = L"CT9002";
   Caixa dueTomorrow = dueToday;
+  dueTomorrow.container.reset();
   dueTomorrow.numCaixa = L"ZZ002";
   dueTomorrow.descCaixa = L"Vence amanhã";
   dueTomorrow.dataVencimento = Today() + std::chrono::days(1);
@@ -74,7 +77,19 @@ void ForEachExtraRow(Visitor&& visit) {
   parent.numCaixa = L"ZZ003";
   parent.descCaixa = L"Tem subordinados";
   parent.codDepto = L"002";
-  for (const Caixa& module : {dueToday, dueTomorrow, parent}) visit(module);
+  parent.container = L"CT9001";
+  Caixa discarded;
+  discarded.numCaixa = L"ZZ004";
+  discarded.descCaixa = L"Descartado, fora do acervo pregresso";
+  discarded.tipoGuarda = L"E";
+  discarded.docsPregressos = 0;
+  discarded.container = L"CT9001";
+  Caixa besideDueToday = discarded;
+  besideDueToday.numCaixa = L"ZZ005";
+  besideDueToday.container = dueToday.container;
+  for (const Caixa& module : {dueToday, dueTomorrow, parent, discarded, besideDueToday}) visit(module);
+  visit(Container{L"CT9001", L"Só módulos sem prazo"});
+  visit(Container{L"CT9002", L"Um módulo com prazo e um descartado"});
   visit(Subordinate(L"ZZ003", 1, L"T", Today()));
   visit(Subordinate(L"ZZ003", 2, L"T", Today() + std::chrono::days(1)));
   // A code has room for two digits only. Of 103 MariaDB keeps the first two and SQLite the last two, so on either

@@ -62,6 +62,8 @@ class ConnectionObject final : public Sibling<ConnectionObject> {
     return kMembers;
   }
   int Executed() const { return executed_; }
+  // The connection itself, for those who call it early-bound.
+  const std::shared_ptr<platform::Connection>& Connection() const { return connection_; }
 
  private:
   std::wstring ConnectionString() { return connection_->ConnectionString(); }
@@ -74,7 +76,7 @@ class ConnectionObject final : public Sibling<ConnectionObject> {
   }
 
   platform::Surroundings& surroundings_;
-  std::unique_ptr<platform::Connection> connection_;
+  std::shared_ptr<platform::Connection> connection_;
   int executed_ = 0;
 };
 
