@@ -29,6 +29,13 @@ TEST(TextIsUtf8, WithMariaDbsDriverUnlessTheConnectionNamesACharacterSet) {
   EXPECT_FALSE(TextIsUtf8(L"sqlite3odbc.so", L"Driver={SQLite3}"));
 }
 
+TEST(UnitsReadBeyond, OneForEachUnitThatLooksLikeHalfAPair) {
+  EXPECT_EQ(UnitsReadBeyond(u""), 0U);
+  EXPECT_EQ(UnitsReadBeyond(u"Ação à mão, ×Üß"), 0U);
+  EXPECT_EQ(UnitsReadBeyond(u"ÚLTIMA Ú ØÙÛ"), 5U);
+  EXPECT_EQ(UnitsReadBeyond(u"\u06D9\u06DC"), 1U);
+}
+
 TEST(OnlyReads, ASelectMayRunTwice) {
   EXPECT_TRUE(OnlyReads(L"select 1"));
   EXPECT_TRUE(OnlyReads(L"  (SELECT replace(a,'x','y') from t)"));

@@ -1,5 +1,7 @@
 #include "platform/odbc/driver_manners.h"
 
+#include <algorithm>
+
 #include "platform/odbc/names.h"
 
 namespace kodra::platform::odbc {
@@ -21,6 +23,11 @@ bool TypesVaryByRow(const std::wstring& driverName) { return Contains(FoldName(d
 
 bool TextIsUtf8(const std::wstring& driverName, const std::wstring& odbcConnectionString) {
   return Contains(FoldName(driverName), L"MAODBC") && !Contains(FoldName(odbcConnectionString), L"CHARSET=");
+}
+
+std::size_t UnitsReadBeyond(std::u16string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char16_t unit) { return (unit & 0xFC) == 0xD8; }));
 }
 
 bool OnlyReads(const std::wstring& statement) {

@@ -148,8 +148,9 @@ void Statement::Fail(Stage stage) const { session_.Fail(SQL_HANDLE_STMT, handle_
 
 void Statement::Prepare() {
   std::u16string wide = ToUtf16(text_);
-  const SQLRETURN result =
-      SQLPrepareW(handle_, reinterpret_cast<SQLWCHAR*>(wide.data()), static_cast<SQLINTEGER>(wide.size()));
+  const auto length = static_cast<SQLINTEGER>(wide.size());
+  wide.append(UnitsReadBeyond(wide), u' ');
+  const SQLRETURN result = SQLPrepareW(handle_, reinterpret_cast<SQLWCHAR*>(wide.data()), length);
   if (!SQL_SUCCEEDED(result)) Fail(Stage::kPrepare);
   BindParameters();
 }
