@@ -152,7 +152,7 @@ std::wstring SampleOnMariaDb() {
 }
 
 std::wstring EmptyOnSqlite() {
-  const std::wstring text = SqliteString(ProgramFolder() / "vazio.db");
+  std::wstring text = SqliteString(ProgramFolder() / "vazio.db");
   CreateTables(text, demo::Engine::kSqlite);
   return text;
 }
