@@ -61,7 +61,10 @@ void DispatchObject::ForEach(const std::function<void(const Value&)>& visit) {
   if (type == VT_UNKNOWN || type == VT_DISPATCH)
     members = com_ptr<IUnknown>(V_UNKNOWN(enumeration.get())).as<IEnumVARIANT>();
   if (!members) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
-  for (ScopedVariant member; members->Next(1, member.put(), nullptr) == S_OK;) visit(ToValue(*member));
+  ScopedVariant member;
+  HRESULT next = S_OK;
+  while ((next = members->Next(1, member.put(), nullptr)) == S_OK) visit(ToValue(*member));
+  Check(next, members);
 }
 
 ObjectRef WrapDispatch(IDispatch* object) {
