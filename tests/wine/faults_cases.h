@@ -1,0 +1,158 @@
+// Every report method with filters that take it through all of its steps, on an archive small enough to run each of
+// them hundreds of times.
+#pragma once
+
+// clang-format off
+#include <windows.h>
+#include <kodrarpt.h>
+// clang-format on
+
+#include "environment.h"
+#include "public_face.h"
+#include "rows.h"
+
+namespace kodra::face {
+
+// The sample archive with two operators and two events.
+class SmallArchive {
+ public:
+  SmallArchive() : file_(L"acervo-pequeno.db") {
+    const std::wstring source = WindowsPath(Variable(L"KODRA_ARCHIVE"));
+    EXPECT_TRUE(CopyFileW(source.c_str(), file_.windowsPath().c_str(), FALSE)) << GetLastError();
+    const auto connection = Create(L"ADODB.Connection");
+    Got(Call(connection, L"Open", {Connection()}));
+    for (const wchar_t* change : {
+             L"DELETE FROM EVENTO WHERE COD_EVENTO > 2",
+             L"UPDATE OPERADOR SET OPCOES_PESSOAIS = 'APAGADO'",
+             L"UPDATE OPERADOR SET OPCOES_PESSOAIS = NULL, COD_DEPTO = (SELECT MIN(COD_DEPTO) FROM DEPTO),"
+             L" COD_GRPOP = (SELECT MIN(COD_GRPOP) FROM GRUPOS_OPERADORES)"
+             L" WHERE COD_OPERADOR IN (SELECT COD_OPERADOR FROM OPERADOR ORDER BY 1 LIMIT 2)",
+             L"UPDATE CAIXA SET CONTAINER = NULL WHERE NUM_CAIXA NOT IN ('AA001', 'AA002', 'AA006')",
+         })
+      Got(Call(connection, L"Execute", {change}));
+    Got(Call(connection, L"Close"));
+  }
+
+  std::wstring Connection() const { return ConnectionTo(file_.path()); }
+
+ private:
+  OwnFile file_;
+};
+
+struct ReportCase {
+  const wchar_t* report;
+  const wchar_t* method;
+  std::vector<std::pair<const wchar_t*, Var>> properties;
+  // Whether it runs on a connection of the client's.
+  bool onConexao = false;
+  // What SQLite says to a statement that it has no form of: then the report fails undisturbed.
+  const wchar_t* refusal = nullptr;
+
+  std::wstring Source() const { return std::wstring(L"KodraRpt.") + report + L"::" + method; }
+  // What an undisturbed run gives instead of rows; `code` follows the driver's text.
+  Failure Refused(const std::wstring& code = L" [N:1]") const {
+    if (refusal == nullptr) return {};
+    return {0x80041FAB, Source(),
+            L"Erro ao gerar dados para o relatório: [Microsoft OLE DB Provider for ODBC Drivers]: " + (refusal + code)};
+  }
+  Ref<IDispatch> NewReport() const { return Create(std::wstring(L"KodraRpt.") + report); }
+  Ref<IDispatch> NewParameters() const {
+    auto parameters = Create(std::wstring(L"KodraRpt.") + report + L"Obj");
+    for (const auto& [name, value] : properties) EXPECT_EQ(S_OK, Put(parameters, name, value).hr);
+    return parameters;
+  }
+};
+
+inline void PrintTo(const ReportCase& tested, std::ostream* out) { *out << testing::PrintToString(tested.Source()); }
+
+// The 39 methods, some by two ways.
+inline std::vector<ReportCase> ReportCases() {
+  std::vector<ReportCase> cases;
+  for (const ReportEntry& entry : CatalogReports()) cases.push_back({entry.name, entry.method(), {}});
+  cases.push_back({L"CCDRpt", L"RelatorioMidias", {{L"TipoRpt", L"V"}}});
+  cases.push_back({L"CModeloRpt", L"RelatorioModelos", {{L"CodModelo", L"MODELO-0002"}}});
+  const Var start = Var::Date(40179);  // 2010
+  const Var end = Var::Date(45657);    // 2024
+  const std::vector<std::pair<const wchar_t*, Var>> period = {{L"DataInicial", start}, {L"DataFinal", end}};
+  const std::vector<std::pair<const wchar_t*, Var>> stored = {{L"DataArmazenamento1", start},
+                                                              {L"DataArmazenamento2", end}};
+  constexpr const wchar_t* kUnquotedDate = L"[SQLite]near \"00\": syntax error (1)";
+  const std::vector<std::pair<const wchar_t*, Var>> production = {
+      {L"DataInicial", start}, {L"DataFinal", end}, {L"CodOperador", L"1"}, {L"CodDepto", L"1"}};
+  const std::vector<ReportCase> others = {
+      {L"COperadorRpt", L"RelatorioOperadores", {}},
+      {L"CDocumentoRpt", L"RelatorioSintetico", stored, false, kUnquotedDate},
+      {L"CDocumentoRpt", L"RelatorioAnalitico", stored, false, kUnquotedDate},
+      {L"CDocumentoRpt", L"RelatorioInventarios", {}},
+      {L"CSolicitacaoRpt", L"RelatorioRetiradaOriginal", {{L"CodSolicit", L"2"}}},
+      {L"CSolicitacaoRpt", L"RelatorioDevolucaoOriginal", {}, false, L"[SQLite]near \"AS\": syntax error (1)"},
+      {L"CLogRpt", L"RelatorioLog", {}},
+      {L"CContainerRpt", L"RelatorioContainers", {}},
+      {L"CContainerRpt",
+       L"EtiquetaAbertura",
+       {{L"Container1", L"CT0001"}, {L"Container2", L"CT0003"}, {L"Container3", L"CT0009"}}},
+      {L"CContainerRpt", L"EtiquetaAberturaSubRpt", {{L"Container1", L"CT0001"}}},
+      {L"CEstatImgRpt", L"RelatorioEstatisticas", production},
+      {L"CEstatIndexRpt", L"RelatorioEstatisticasPorDocumento", production},
+      {L"CEstatIndexRpt",
+       L"RelatorioEstatisticasPorPalavrasChave",
+       {{L"NumeroPC1", L"1"},
+        {L"NumeroPC2", L"2"},
+        {L"NumeroPC3", L"3"},
+        {L"NumeroPC4", L"4"},
+        {L"NumeroPC5", L"5"},
+        {L"NumeroObs", L"6"}}},
+      {L"CEstatSuporteRpt", L"RelatorioEstatisticas", period},
+      {L"CEstatSubgrupoRpt", L"RelatorioEstatisticas", period},
+      {L"CEstatSerieRpt", L"RelatorioEstatisticas", period},
+  };
+  cases.insert(cases.end(), others.begin(), others.end());
+  for (const bool onConexao : {false, true}) {
+    const std::vector<ReportCase> modules = {
+        {L"CCaixaRpt", L"EtiquetaAbertura", {{L"Modulo1", L"AA00101"}, {L"Tipo", L"S"}}, onConexao},
+        {L"CCaixaRpt", L"EtiquetaFechamento", {{L"Modulo1", L"AA001"}}, onConexao},
+        {L"CCaixaRpt", L"EtiquetaFechamentoSubordinada", {{L"Modulo1", L"AA001"}}, onConexao},
+        {L"CCaixaRpt", L"EtiquetaDivisoria", {{L"Modulo1", L"AA001"}}, onConexao},
+        {L"CCaixaRpt", L"ModulosExcluidos", {}, onConexao},
+        {L"CCaixaRpt", L"ModulosVencidos", {}, onConexao},
+        {L"CCaixaRpt", L"DocsNoModulo", {{L"Modulo1", L"AA00101"}}, onConexao},
+        {L"CCaixaRpt", L"DocsNoModuloSubRpt", {{L"Modulo1", L"AA001"}}, onConexao},
+        {L"CCaixaRpt", L"DocsNaoIndexadosNosModulos", {}, onConexao},
+        {L"CCaixaRpt", L"RelatoriosModulos", {}, onConexao},
+        {L"CCaixaRpt", L"AutorizacaoDescarteModuloSubRpt", {{L"Modulo1", L"ZZ999"}}, onConexao},
+    };
+    cases.insert(cases.end(), modules.begin(), modules.end());
+  }
+  return cases;
+}
+
+inline std::string CaseName(const testing::TestParamInfo<ReportCase>& info) {
+  const std::wstring name =
+      std::wstring(info.param.report) + L"_" + info.param.method + L"_" + std::to_wstring(info.index);
+  return std::string(name.begin(), name.end());
+}
+
+// A report object of a case with its parameter object.
+class Subject {
+ public:
+  Subject(const ReportCase& tested, const std::wstring& connection)
+      : tested_(tested), report_(tested.NewReport()), parameters_(tested.NewParameters()) {
+    if (!tested.onConexao) {
+      EXPECT_EQ(S_OK, Put(report_, L"StringConexao", connection).hr);
+      return;
+    }
+    const auto conexao = Create(L"ADODB.Connection");
+    Got(Call(conexao, L"Open", {connection}));
+    EXPECT_EQ(S_OK, report_.As<ICCaixaRpt>()->putref_Conexao(conexao.get()));
+  }
+
+  Outcome Run() const { return Call(report_, tested_.method, {Var(parameters_.get())}); }
+  void ExpectToWork() const { EXPECT_EQ(tested_.Refused(), Run().failure); }
+
+ private:
+  const ReportCase& tested_;
+  Ref<IDispatch> report_;
+  Ref<IDispatch> parameters_;
+};
+
+}  // namespace kodra::face
