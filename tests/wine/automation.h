@@ -221,7 +221,7 @@ inline Outcome Invoke(IDispatch* object, const std::wstring& member, WORD kind, 
   for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
     reversed.push_back(argument->raw());
   DISPID put = DISPID_PROPERTYPUT;
-  const bool isPut = kind == DISPATCH_PROPERTYPUT;
+  const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters = {reversed.data(), isPut ? &put : nullptr, static_cast<UINT>(reversed.size()),
                            isPut ? 1U : 0U};
   EXCEPINFO info = {};
@@ -236,6 +236,10 @@ inline Outcome Get(const Ref<IDispatch>& object, const std::wstring& member) {
 }
 inline Outcome Put(const Ref<IDispatch>& object, const std::wstring& member, const Var& value) {
   return Invoke(object.get(), member, DISPATCH_PROPERTYPUT, {value});
+}
+// Assigns an object itself, as a script's Set does.
+inline Outcome PutRef(const Ref<IDispatch>& object, const std::wstring& member, const Ref<IDispatch>& value) {
+  return Invoke(object.get(), member, DISPATCH_PROPERTYPUTREF, {Var(value.get())});
 }
 inline Outcome Call(const Ref<IDispatch>& object, const std::wstring& member, std::vector<Var> arguments = {}) {
   return Invoke(object.get(), member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cwchar>
 
 #include "automation.h"
 #include "environment.h"
@@ -18,6 +19,16 @@ inline std::size_t PositionOf(const Names& columns, const std::wstring& name) {
   const auto found = std::find(columns.begin(), columns.end(), name);
   if (found == columns.end()) throw std::logic_error("no such column");
   return static_cast<std::size_t>(found - columns.begin());
+}
+
+// A date stands as "2024-05-31 08:30:00": such texts are in the order of their dates.
+inline Cell CellOf(const Var& value) {
+  SYSTEMTIME time;
+  if (value.type() != VT_DATE || !VariantTimeToSystemTime(value.raw().date, &time)) return value.text();
+  wchar_t text[32];
+  swprintf(text, 32, L"%04u-%02u-%02u %02u:%02u:%02u", time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute,
+           time.wSecond);
+  return text;
 }
 
 struct Rows {
@@ -52,7 +63,7 @@ inline Rows ReadAll(const Ref<IDispatch>& recordset) {
   }
   while (Got(Get(recordset, L"EOF")).raw().boolVal == VARIANT_FALSE && !testing::Test::HasFailure()) {
     Cells cells;
-    for (const auto& column : columns) cells.push_back(Got(Get(column, L"Value")).text());
+    for (const auto& column : columns) cells.push_back(CellOf(Got(Get(column, L"Value"))));
     result.rows.push_back(std::move(cells));
     Call(recordset, L"MoveNext");
   }
@@ -62,9 +73,9 @@ inline Rows ReadAll(const Ref<IDispatch>& recordset) {
 // A table of the archive.
 class Table {
  public:
-  explicit Table(const std::wstring& name) {
+  explicit Table(const std::wstring& name, const std::wstring& connection = ArchiveConnection()) {
     const auto recordset = Create(L"ADODB.Recordset");
-    const Outcome opened = Call(recordset, L"Open", {L"SELECT * FROM " + name, ArchiveConnection(), 0, 1, 1});
+    const Outcome opened = Call(recordset, L"Open", {L"SELECT * FROM " + name, connection, 0, 1, 1});
     EXPECT_EQ(S_OK, opened.hr) << testing::PrintToString(opened.failure);
     if (opened.hr == S_OK) content_ = ReadAll(recordset);
     EXPECT_FALSE(content_.rows.empty()) << testing::PrintToString(name);

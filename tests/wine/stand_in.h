@@ -1,0 +1,135 @@
+// Objects of the test in place of sibling components: created by their ProgID, in this process only.
+//
+//   const auto calls = std::make_shared<Names>();
+//   const StandIn reader(L"KodraRegEvt.RegEvtDAO", [&] { return RecordingObject::New(L"DAO", calls, answer); });
+//   ... the report creates it by ProgID, and `*calls` has what it did with it ...
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "rows.h"
+
+namespace kodra::face {
+
+// Answers to any member name and writes down each use of it: "DAO.Caller := texto", "DAO.Localiza(objeto)".
+class RecordingObject final : public IDispatch {
+ public:
+  // Gives the result of a member that is read or called, or fills the EXCEPINFO; properties that are assigned do not
+  // ask it.
+  using Answer = std::function<HRESULT(const std::wstring& member, const std::vector<Var>& arguments, VARIANT* result,
+                                       EXCEPINFO* info)>;
+
+  static Ref<IDispatch> New(std::wstring name, std::shared_ptr<Names> calls, Answer answer = {}) {
+    return Ref<IDispatch>::Owning(new RecordingObject(std::move(name), std::move(calls), std::move(answer)));
+  }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
+    if (*object == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    *count = 0;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    const auto found = std::find(members_.begin(), members_.end(), names[0]);
+    *ids = static_cast<DISPID>(found - members_.begin()) + 1;
+    if (found == members_.end()) members_.emplace_back(names[0]);
+    return S_OK;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* info,
+                      UINT*) override {
+    if (id < 1 || static_cast<std::size_t>(id) > members_.size()) return DISP_E_MEMBERNOTFOUND;
+    const std::wstring& member = members_[static_cast<std::size_t>(id) - 1];
+    std::vector<Var> arguments(parameters->cArgs);
+    for (UINT i = 0; i < parameters->cArgs; ++i)
+      VariantCopyInd(arguments[parameters->cArgs - 1 - i].put(), &parameters->rgvarg[i]);
+    std::wstring call = name_ + L"." + member;
+    if ((kind & DISPATCH_PROPERTYPUTREF) != 0)
+      call += L" Set " + Shown(arguments.at(0));
+    else if ((kind & DISPATCH_PROPERTYPUT) != 0)
+      call += L" := " + Shown(arguments.at(0));
+    else
+      for (const Var& argument : arguments) call += L" " + Shown(argument);
+    calls_->push_back(call);
+    if ((kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 || !answer_) return S_OK;
+    return answer_(member, arguments, result, info);
+  }
+
+ private:
+  RecordingObject(std::wstring name, std::shared_ptr<Names> calls, Answer answer)
+      : name_(std::move(name)), calls_(std::move(calls)), answer_(std::move(answer)) {}
+  ~RecordingObject() { calls_->push_back(name_ + L" gone"); }
+
+  static std::wstring Shown(const Var& value) {
+    if (value.type() == VT_DISPATCH) return value.object() ? L"(object)" : L"(nothing)";
+    if (value.type() == VT_BOOL) return value.raw().boolVal == VARIANT_FALSE ? L"False" : L"True";
+    if (value.type() == VT_BSTR) return L"'" + value.text().value() + L"'";
+    return CellOf(value).value_or(L"(null)");
+  }
+
+  std::wstring name_;
+  std::shared_ptr<Names> calls_;
+  Answer answer_;
+  Names members_;
+  ULONG references_ = 1;
+};
+
+// While it lives, `create` makes the objects of a ProgID.
+class StandIn {
+ public:
+  using Creator = std::function<Ref<IDispatch>()>;
+
+  StandIn(const std::wstring& progId, Creator create) {
+    CLSID id = {};
+    EXPECT_EQ(S_OK, CLSIDFromProgID(progId.c_str(), &id));
+    const auto factory = Ref<Factory>::Owning(new Factory(std::move(create)));
+    EXPECT_EQ(S_OK, CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
+  }
+  StandIn(const StandIn&) = delete;
+  StandIn& operator=(const StandIn&) = delete;
+  ~StandIn() { EXPECT_EQ(S_OK, CoRevokeClassObject(cookie_)); }
+
+ private:
+  class Factory final : public IClassFactory {
+   public:
+    explicit Factory(Creator create) : create_(std::move(create)) {}
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+      *object = iid == IID_IUnknown || iid == IID_IClassFactory ? this : nullptr;
+      if (*object == nullptr) return E_NOINTERFACE;
+      AddRef();
+      return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() override {
+      const ULONG left = --references_;
+      if (left == 0) delete this;
+      return left;
+    }
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** object) override {
+      return create_()->QueryInterface(iid, object);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+   private:
+    ~Factory() = default;
+
+    Creator create_;
+    ULONG references_ = 1;
+  };
+
+  DWORD cookie_ = 0;
+};
+
+}  // namespace kodra::face
