@@ -189,11 +189,14 @@ TEST_F(StatisticsOnMariaDb, BySubgroupHaveTheInstallationsNameInTheirTitle) {
 
 class SeriesStatisticsOnMariaDb : public StatisticsOnMariaDb {
  protected:
-  // The first instant of the day after the last one still counts.
-  static constexpr const wchar_t* kFirst = L"2010-01-01";
-  static constexpr const wchar_t* kLast = L"2019-12-31";
-  static constexpr const wchar_t* kEnd = L"2020-01-01 00:00:00";
-  const Period years_{kFirst, kLast};
+  // The day after the last one begins with a document at midnight, which counts still.
+  SeriesStatisticsOnMariaDb() : years_{L"2010-01-01", L"2017-03-13"}, end_(L"2017-03-14 00:00:00") {
+    EXPECT_EQ(end_, (*Find(L"DOCUMENTO", L"COD_DOCTO", kAtTheEnd))[L"DT_ARMAZ"]);
+  }
+
+  static constexpr const wchar_t* kAtTheEnd = L"0000000301";
+  const Period years_;
+  const std::wstring end_;
 
   Rows Expected(const std::wstring& subgroupCode, const std::wstring& subtitle, bool countsDocuments) const {
     Rows expected{{L"Titulo", L"Subtitulo", L"Periodo", L"Subgrupo", L"Serie", L"Total"}, {}};
@@ -201,13 +204,13 @@ class SeriesStatisticsOnMariaDb : public StatisticsOnMariaDb {
     std::map<Cell, std::optional<int>> totals;  // by the description of the series
     for (const Row& series : TableOf(L"ASSUNTO").Where(L"COD_GRUPO", subgroupCode))
       for (const Row& d : TableOf(L"DOCUMENTO").Where(L"COD_ASSUNTO", series[L"COD_ASSUNTO"])) {
-        if (*d[L"DT_ARMAZ"] < years_.first || *d[L"DT_ARMAZ"] > kEnd) continue;
+        if (*d[L"DT_ARMAZ"] < years_.first || *d[L"DT_ARMAZ"] > end_) continue;
         auto& total = totals[series[L"DESCR_ASSUNTO"]];
         if (countsDocuments) total = total.value_or(0);
         if (d[L"FRENTE"]) total = total.value_or(0) + (countsDocuments ? 1 : std::stoi(*d[L"FRENTE"]));
       }
     for (const auto& [series, total] : totals)
-      expected.rows.push_back({L"ESTATÍSTICAS POR SÉRIE", subtitle, L"Período: 01/01/2010 a 31/12/2019",
+      expected.rows.push_back({L"ESTATÍSTICAS POR SÉRIE", subtitle, L"Período: 01/01/2010 a 13/03/2017",
                                L"Subgrupo: " + *subgroup[L"DESCR_GRUPO"], series,
                                total ? Cell(std::to_wstring(*total)) : Cell()});
     return expected;
@@ -215,7 +218,7 @@ class SeriesStatisticsOnMariaDb : public StatisticsOnMariaDb {
 };
 
 TEST_F(SeriesStatisticsOnMariaDb, CountDocumentsOrSumSheetsAsTheirKindSays) {
-  const Cell subgroup = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000001"))[L"COD_GRUPO"];
+  const Cell subgroup = (*Find(L"DOCUMENTO", L"COD_DOCTO", kAtTheEnd))[L"COD_GRUPO"];
   for (const auto& [kind, subtitle, countsDocuments] :
        {std::tuple(L"N", L"(por número de documentos)", true), std::tuple(L"", L"(por número de documentos)", false),
         std::tuple(L"X", L"(por número de documentos)", false), std::tuple(L"F", L"(por número de folhas)", false),
