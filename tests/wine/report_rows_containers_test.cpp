@@ -89,7 +89,7 @@ TEST_P(ContainerRows, OfTheSubReportAreTheModulesOfThreeContainers) {
   ExpectNoRows(expected.columns, RowsOf(kReport, L"EtiquetaAberturaSubRpt"));
 }
 
-// The label of a container that holds two undated modules and, in between, one of the kind and date given.
+// The label of a container with three undated modules of the kinds E, E and D after one more change.
 Cells LabelOfThree(const std::wstring& change) {
   const OwnArchive archive({L"DELETE FROM PARAMETRO WHERE CODIGO <> '1'",
                             L"DELETE FROM CAIXA WHERE NUM_CAIXA NOT IN ('AA001', 'AA002', 'AA003')",
@@ -112,6 +112,15 @@ TEST(ContainerRowsOfOwnArchive, OfLabelsHaveTheKindOfTheLastModuleWhereNoneIsKep
 
 TEST(ContainerRowsOfOwnArchive, OfLabelsAreKeptForATermAsSoonAsOneModuleIsDated) {
   const Cells label = LabelOfThree(L"UPDATE CAIXA SET DATA_VENCIMENTO = '2031-05-06' WHERE NUM_CAIXA = 'AA002'");
+  EXPECT_EQ(L"2031-05-06 00:00:00", label[1]);
+  EXPECT_EQ(L"T", label[2]);
+}
+
+TEST(ContainerRowsOfOwnArchive, OfLabelsHaveTheLatestDateWhereverItsModuleStands) {
+  const Cells label = LabelOfThree(
+      L"UPDATE CAIXA SET DATA_VENCIMENTO = CASE NUM_CAIXA WHEN 'AA001' THEN '2019-01-01' WHEN 'AA002' THEN "
+      L"'2031-05-06' "
+      L"ELSE '2030-12-31' END");
   EXPECT_EQ(L"2031-05-06 00:00:00", label[1]);
   EXPECT_EQ(L"T", label[2]);
 }

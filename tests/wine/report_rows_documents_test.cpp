@@ -98,7 +98,7 @@ TEST_P(DocumentRows, OfTheInventoryAreItsMarkedDocumentsThatAreIndexed) {
 TEST_P(DocumentRows, AreThoseOfADepartment) {
   const Cell department = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000008"))[L"COD_DEPTO"];  // an inventory's
   const Filter filter = [&](const Row& d) { return d[L"COD_DEPTO"] == department; };
-  const Properties properties = {{L"CodDepto", *department}};
+  const Properties properties = {{L"CodDepto", department.value()}};
   for (const Rows& expected : {listings_.Summary(filter), listings_.Detail(filter), listings_.Inventory(filter)})
     EXPECT_FALSE(expected.rows.empty());
   ExpectRows(listings_.Summary(filter), RowsOf(kReport, L"RelatorioSintetico", properties), {L"COD_DOCTO"});
@@ -154,7 +154,7 @@ TEST_F(DocumentRowsOnMariaDb, AreThoseOfADepartmentInAPeriod) {
              RowsOf(kReport, L"RelatorioSintetico",
                     {{L"DataArmazenamento1", DayOf(L"2010-01-01")},
                      {L"DataArmazenamento2", DayOf(L"2016-12-31")},
-                     {L"CodDepto", *department}}),
+                     {L"CodDepto", department.value()}}),
              {L"COD_DOCTO"});
 }
 

@@ -220,9 +220,9 @@ TEST_P(EventRows, OfAKindOfFewerLettersAreLookedForAsItStands) {
 TEST_P(EventRows, OfADocumentAPersonAMachineAndAnActionAreFound) {
   const Row some = *Find(L"EVENTO", L"COD_EVENTO", L"3");
   const Rows expected = Expected([&](const Row& e) { return e[L"COD_EVENTO"] == L"3"; });
-  ExpectExactly(expected, Events({{L"CodDocto", *some[L"COD_DOCTO"]},
-                                  {L"Operador", *some[L"NOME_OPERADOR"]},
-                                  {L"MaquinaOrigem", *some[L"MAQUINA"]},
+  ExpectExactly(expected, Events({{L"CodDocto", some[L"COD_DOCTO"].value()},
+                                  {L"Operador", some[L"NOME_OPERADOR"].value()},
+                                  {L"MaquinaOrigem", some[L"MAQUINA"].value()},
                                   {L"Acao", L"Exclusão da imagem"}}));
 }
 

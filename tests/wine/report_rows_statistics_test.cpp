@@ -107,8 +107,8 @@ TEST_F(StatisticsOnMariaDb, OfImagingHaveTheLastDayUpToMidnight) {
 
 TEST_F(StatisticsOnMariaDb, OfImagingAreOfOnePersonAndOneDepartment) {
   const Row some = *Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000101");
-  const std::wstring person = *some[L"COD_OPERADOR"];
-  const std::wstring department = *some[L"COD_DEPTO"];
+  const std::wstring person = some[L"COD_OPERADOR"].value();
+  const std::wstring department = some[L"COD_DEPTO"].value();
   for (const auto& [ofPerson, ofDepartment] :
        {std::pair(person, std::wstring()), std::pair(std::wstring(), department), std::pair(person, department)}) {
     const Rows expected = Imaged(ofPerson, ofDepartment, {L"FRENTE"});
@@ -133,10 +133,10 @@ TEST_F(StatisticsOnMariaDb, OfIndexingAreAllIndexedDocumentsWithoutExclusion) {
 }
 
 TEST_F(StatisticsOnMariaDb, OfIndexingAreOfTheOneWhoIndexedNotOfTheOneWhoStored) {
-  const Row some = *Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000102");
-  const std::wstring person = *some[L"COD_INDEXADOR"];
-  const std::wstring department = *some[L"COD_DEPTO"];
-  EXPECT_NE(person, some[L"COD_OPERADOR"]);
+  const Row some = *Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000101");
+  const std::wstring person = some[L"COD_INDEXADOR"].value();
+  const std::wstring department = some[L"COD_DEPTO"].value();
+  EXPECT_NE(person, some[L"COD_OPERADOR"].value());
   for (const auto& [ofPerson, ofDepartment] :
        {std::pair(person, std::wstring()), std::pair(std::wstring(), department), std::pair(person, department)}) {
     const Rows expected = Indexed(ofPerson, ofDepartment);
@@ -223,9 +223,9 @@ TEST_F(SeriesStatisticsOnMariaDb, CountDocumentsOrSumSheetsAsTheirKindSays) {
        {std::tuple(L"N", L"(por número de documentos)", true), std::tuple(L"", L"(por número de documentos)", false),
         std::tuple(L"X", L"(por número de documentos)", false), std::tuple(L"F", L"(por número de folhas)", false),
         std::tuple(L"p", L"(por número de páginas)", false)}) {
-    const Rows expected = Expected(*subgroup, subtitle, countsDocuments);
+    const Rows expected = Expected(subgroup.value(), subtitle, countsDocuments);
     EXPECT_FALSE(expected.rows.empty());
-    ExpectRows(expected, RowsOf(kBySeries, kMethod, years_.With({{L"TipoRpt", kind}, {L"CodGrupo", *subgroup}})),
+    ExpectRows(expected, RowsOf(kBySeries, kMethod, years_.With({{L"TipoRpt", kind}, {L"CodGrupo", subgroup.value()}})),
                {L"Serie"});
   }
 }
@@ -284,7 +284,7 @@ TEST_F(StatisticsOnSQLite, OfAPeriodAreNone) {
   ExpectNoRows({L"TITULO", L"TIT1", L"DESCR_GRUPO", L"COD_DOCTO"}, RowsOf(kBySubgroup, kMethod, properties));
   const Cell subgroup = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000001"))[L"COD_GRUPO"];
   ExpectNoRows({L"Titulo", L"Subtitulo", L"Periodo", L"Subgrupo", L"Serie", L"Total"},
-               RowsOf(kBySeries, kMethod, period.With({{L"CodGrupo", *subgroup}})));
+               RowsOf(kBySeries, kMethod, period.With({{L"CodGrupo", subgroup.value()}})));
 }
 
 TEST_F(StatisticsOnSQLite, OfKeywordsWithoutACountAreRefusedByTheDatabase) {
