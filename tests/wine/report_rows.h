@@ -83,8 +83,12 @@ class ArchiveClient {
     if (found.empty()) return std::nullopt;
     return found.front();
   }
+  // The row of a code that is there.
+  Row RowOf(const std::wstring& table, const std::wstring& column, const Cell& value) const {
+    return Find(table, column, value).value();
+  }
   // The organisation that the reports name.
-  Cell Company() const { return (*Find(L"PARAMETRO", L"CODIGO", L"1"))[L"EMPRESA"]; }
+  Cell Company() const { return RowOf(L"PARAMETRO", L"CODIGO", L"1")[L"EMPRESA"]; }
 
   Outcome OutcomeOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
     return RunReport(report, method, Var(ParametersOf(report, properties).get()), Connection());

@@ -96,7 +96,7 @@ TEST_P(DocumentRows, OfTheInventoryAreItsMarkedDocumentsThatAreIndexed) {
 }
 
 TEST_P(DocumentRows, AreThoseOfADepartment) {
-  const Cell department = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000008"))[L"COD_DEPTO"];  // an inventory's
+  const Cell department = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000008")[L"COD_DEPTO"];  // an inventory's
   const Filter filter = [&](const Row& d) { return d[L"COD_DEPTO"] == department; };
   const Properties properties = {{L"CodDepto", department.value()}};
   for (const Rows& expected : {listings_.Summary(filter), listings_.Detail(filter), listings_.Inventory(filter)})
@@ -124,7 +124,7 @@ Filter StoredBetween(const std::wstring& first, const std::wstring& last) {
 class DocumentRowsOnMariaDb : public OnMariaDb {
  protected:
   std::wstring StorageMoment(const wchar_t* document) const {
-    return *(*Find(L"DOCUMENTO", L"COD_DOCTO", document))[L"DT_ARMAZ"];
+    return *RowOf(L"DOCUMENTO", L"COD_DOCTO", document)[L"DT_ARMAZ"];
   }
   const Listings listings_{Engine::kMariaDb};
 };
@@ -136,7 +136,7 @@ TEST_F(DocumentRowsOnMariaDb, HaveTheLastDayOfThePeriodUpToMidnight) {
     ASSERT_EQ(atMidnight, moment.ends_with(L" 00:00:00"));
     const std::wstring last = moment.substr(0, 10);
     const Filter filter = StoredBetween(first, last);
-    ASSERT_EQ(atMidnight, filter(*Find(L"DOCUMENTO", L"COD_DOCTO", document)));
+    ASSERT_EQ(atMidnight, filter(RowOf(L"DOCUMENTO", L"COD_DOCTO", document)));
     const Properties period = {{L"DataArmazenamento1", DayOf(first)}, {L"DataArmazenamento2", DayOf(last)}};
     EXPECT_FALSE(listings_.Inventory(filter).rows.empty());
     ExpectRows(listings_.Summary(filter), RowsOf(kReport, L"RelatorioSintetico", period), {L"COD_DOCTO"});
@@ -146,7 +146,7 @@ TEST_F(DocumentRowsOnMariaDb, HaveTheLastDayOfThePeriodUpToMidnight) {
 }
 
 TEST_F(DocumentRowsOnMariaDb, AreThoseOfADepartmentInAPeriod) {
-  const Cell department = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000008"))[L"COD_DEPTO"];
+  const Cell department = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000008")[L"COD_DEPTO"];
   const Filter inPeriod = StoredBetween(L"2010-01-01", L"2016-12-31");
   const Rows expected = listings_.Summary([&](const Row& d) { return inPeriod(d) && d[L"COD_DEPTO"] == department; });
   EXPECT_FALSE(expected.rows.empty());

@@ -208,7 +208,7 @@ class Modules : protected ArchiveClient {
       L"DATA_FECHAMENTO", L"FILEIRA",    L"ESTANTE",   L"PRATELEIRA",  L"CONTAINER", L"DEPOSITO",
       L"ENDERECO",        L"CIDADE",     L"ESTADO",    L"TELEFONE",    L"CONTATO"};
 
-  Row Parent(const Row& subordinate) const { return *Find(L"CAIXA", L"NUM_CAIXA", subordinate[L"NUM_CAIXA"]); }
+  Row Parent(const Row& subordinate) const { return RowOf(L"CAIXA", L"NUM_CAIXA", subordinate[L"NUM_CAIXA"]); }
   Cell Department(const Row& module) const {
     const auto department = Find(L"DEPTO", L"COD_DEPTO", module[L"COD_DEPTO"]);
     return department ? (*department)[L"DESCR_DEPTO"] : Cell();

@@ -28,13 +28,13 @@ class Requests : protected ArchiveClient {
   using ArchiveClient::ArchiveClient;
 
   Cell Person(const Cell& code) const {
-    const Row person = *Find(L"OPERADOR", L"COD_OPERADOR", code);
+    const Row person = RowOf(L"OPERADOR", L"COD_OPERADOR", code);
     return OrEmpty(person[L"NOME_COMPLETO"]).empty() ? person[L"DESCR_OPERADOR"] : person[L"NOME_COMPLETO"];
   }
 
   // The line of a document; none for one that stands in no module.
   std::optional<std::wstring> Line(const Cell& code) const {
-    const auto module = Find(L"CAIXA", L"NUM_CAIXA", (*Find(L"DOCUMENTO", L"COD_DOCTO", code))[L"NUM_CAIXA"]);
+    const auto module = Find(L"CAIXA", L"NUM_CAIXA", RowOf(L"DOCUMENTO", L"COD_DOCTO", code)[L"NUM_CAIXA"]);
     if (!module) return std::nullopt;
     std::wstring place;
     for (const auto& [name, column] : {std::pair(L"fileira ", L"COORD_X"), std::pair(L"estante ", L"COORD_Y"),
@@ -197,8 +197,8 @@ TEST_P(EventRows, AreAllEventsByTheirMomentWithLongActionsInPieces) {
 }
 
 TEST_P(EventRows, OfAPeriodHaveItsLastDayWhole) {
-  const std::wstring first = (*Find(L"EVENTO", L"COD_EVENTO", L"11"))[L"DATA_INICIAL"]->substr(0, 10);
-  const std::wstring last = (*Find(L"EVENTO", L"COD_EVENTO", L"31"))[L"DATA_INICIAL"]->substr(0, 10);
+  const std::wstring first = RowOf(L"EVENTO", L"COD_EVENTO", L"11")[L"DATA_INICIAL"]->substr(0, 10);
+  const std::wstring last = RowOf(L"EVENTO", L"COD_EVENTO", L"31")[L"DATA_INICIAL"]->substr(0, 10);
   const Rows expected = Expected([&](const Row& e) {
     const std::wstring day = e[L"DATA_INICIAL"]->substr(0, 10);
     return day >= first && day <= last;
@@ -218,7 +218,7 @@ TEST_P(EventRows, OfAKindOfFewerLettersAreLookedForAsItStands) {
 }
 
 TEST_P(EventRows, OfADocumentAPersonAMachineAndAnActionAreFound) {
-  const Row some = *Find(L"EVENTO", L"COD_EVENTO", L"3");
+  const Row some = RowOf(L"EVENTO", L"COD_EVENTO", L"3");
   const Rows expected = Expected([&](const Row& e) { return e[L"COD_EVENTO"] == L"3"; });
   ExpectExactly(expected, Events({{L"CodDocto", some[L"COD_DOCTO"].value()},
                                   {L"Operador", some[L"NOME_OPERADOR"].value()},

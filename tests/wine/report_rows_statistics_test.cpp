@@ -42,17 +42,17 @@ class StatisticsOnMariaDb : public OnMariaDb {
  protected:
   StatisticsOnMariaDb() {
     // Its last day has a document at midnight.
-    const Cell last = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000301"))[L"DT_ARMAZ"];
+    const Cell last = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000301")[L"DT_ARMAZ"];
     EXPECT_TRUE(last->ends_with(L" 00:00:00"));
     period_ = {L"2011-01-01", last->substr(0, 10)};
   }
 
   // Who a row is of when a filter names one person; all of them otherwise.
   Cell OperatorTitle(const std::wstring& code) const {
-    return code.empty() ? Cell(L"Todos os Operadores") : (*Find(L"OPERADOR", L"COD_OPERADOR", code))[L"DESCR_OPERADOR"];
+    return code.empty() ? Cell(L"Todos os Operadores") : RowOf(L"OPERADOR", L"COD_OPERADOR", code)[L"DESCR_OPERADOR"];
   }
   Cell DepartmentTitle(const std::wstring& code) const {
-    return code.empty() ? Cell(L"Todos os Departamentos") : (*Find(L"DEPTO", L"COD_DEPTO", code))[L"DESCR_DEPTO"];
+    return code.empty() ? Cell(L"Todos os Departamentos") : RowOf(L"DEPTO", L"COD_DEPTO", code)[L"DESCR_DEPTO"];
   }
   static bool Passes(const std::wstring& filter, const Cell& code) { return filter.empty() || code == filter; }
 
@@ -99,14 +99,14 @@ TEST_F(StatisticsOnMariaDb, OfImagingHaveTheLastDayUpToMidnight) {
   std::set<Cell> documents;
   for (const Cells& cells : rows.rows) documents.insert(cells.back());
   EXPECT_TRUE(documents.contains(L"0000000301"));
-  const Row next = *Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000302");
+  const Row next = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000302");
   ASSERT_FALSE(next[L"DT_ARMAZ"]->ends_with(L" 00:00:00"));
   const Period shorter{period_.first, next[L"DT_ARMAZ"]->substr(0, 10)};
   for (const Cells& cells : RowsOf(kImaging, kMethod, shorter.With({})).rows) EXPECT_NE(L"0000000302", cells.back());
 }
 
 TEST_F(StatisticsOnMariaDb, OfImagingAreOfOnePersonAndOneDepartment) {
-  const Row some = *Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000101");
+  const Row some = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000101");
   const std::wstring person = some[L"COD_OPERADOR"].value();
   const std::wstring department = some[L"COD_DEPTO"].value();
   for (const auto& [ofPerson, ofDepartment] :
@@ -126,14 +126,14 @@ TEST_F(StatisticsOnMariaDb, OfImagingAreOfOnePersonAndOneDepartment) {
 TEST_F(StatisticsOnMariaDb, OfIndexingAreAllIndexedDocumentsWithoutExclusion) {
   const Rows expected = Indexed(L"", L"");
   std::set<Cell> modules;
-  for (const Cells& cells : expected.rows) modules.insert((*Find(L"DOCUMENTO", L"COD_DOCTO", cells[4]))[L"NUM_CAIXA"]);
+  for (const Cells& cells : expected.rows) modules.insert(RowOf(L"DOCUMENTO", L"COD_DOCTO", cells[4])[L"NUM_CAIXA"]);
   EXPECT_TRUE(modules.contains(L"AA000"));
   ExpectRows(expected, RowsOf(kIndexing, L"RelatorioEstatisticasPorDocumento", period_.With({{L"Owner", L"Arquivo"}})),
              {});
 }
 
 TEST_F(StatisticsOnMariaDb, OfIndexingAreOfTheOneWhoIndexedNotOfTheOneWhoStored) {
-  const Row some = *Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000101");
+  const Row some = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000101");
   const std::wstring person = some[L"COD_INDEXADOR"].value();
   const std::wstring department = some[L"COD_DEPTO"].value();
   EXPECT_NE(person, some[L"COD_OPERADOR"].value());
@@ -191,7 +191,7 @@ class SeriesStatisticsOnMariaDb : public StatisticsOnMariaDb {
  protected:
   // The day after the last one begins with a document at midnight, which counts still.
   SeriesStatisticsOnMariaDb() : years_{L"2010-01-01", L"2017-03-13"}, end_(L"2017-03-14 00:00:00") {
-    EXPECT_EQ(end_, (*Find(L"DOCUMENTO", L"COD_DOCTO", kAtTheEnd))[L"DT_ARMAZ"]);
+    EXPECT_EQ(end_, RowOf(L"DOCUMENTO", L"COD_DOCTO", kAtTheEnd)[L"DT_ARMAZ"]);
   }
 
   static constexpr const wchar_t* kAtTheEnd = L"0000000301";
@@ -200,7 +200,7 @@ class SeriesStatisticsOnMariaDb : public StatisticsOnMariaDb {
 
   Rows Expected(const std::wstring& subgroupCode, const std::wstring& subtitle, bool countsDocuments) const {
     Rows expected{{L"Titulo", L"Subtitulo", L"Periodo", L"Subgrupo", L"Serie", L"Total"}, {}};
-    const Row subgroup = *Find(L"GRUPO", L"COD_GRUPO", subgroupCode);
+    const Row subgroup = RowOf(L"GRUPO", L"COD_GRUPO", subgroupCode);
     std::map<Cell, std::optional<int>> totals;  // by the description of the series
     for (const Row& series : TableOf(L"ASSUNTO").Where(L"COD_GRUPO", subgroupCode))
       for (const Row& d : TableOf(L"DOCUMENTO").Where(L"COD_ASSUNTO", series[L"COD_ASSUNTO"])) {
@@ -218,7 +218,7 @@ class SeriesStatisticsOnMariaDb : public StatisticsOnMariaDb {
 };
 
 TEST_F(SeriesStatisticsOnMariaDb, CountDocumentsOrSumSheetsAsTheirKindSays) {
-  const Cell subgroup = (*Find(L"DOCUMENTO", L"COD_DOCTO", kAtTheEnd))[L"COD_GRUPO"];
+  const Cell subgroup = RowOf(L"DOCUMENTO", L"COD_DOCTO", kAtTheEnd)[L"COD_GRUPO"];
   for (const auto& [kind, subtitle, countsDocuments] :
        {std::tuple(L"N", L"(por número de documentos)", true), std::tuple(L"", L"(por número de documentos)", false),
         std::tuple(L"X", L"(por número de documentos)", false), std::tuple(L"F", L"(por número de folhas)", false),
@@ -282,7 +282,7 @@ TEST_F(StatisticsOnSQLite, OfAPeriodAreNone) {
                RowsOf(kIndexing, L"RelatorioEstatisticasPorDocumento", properties));
   ExpectNoRows({L"TIT", L"COD_DOCTO", L"DESCR_SUPORTE"}, RowsOf(kBySupport, kMethod, properties));
   ExpectNoRows({L"TITULO", L"TIT1", L"DESCR_GRUPO", L"COD_DOCTO"}, RowsOf(kBySubgroup, kMethod, properties));
-  const Cell subgroup = (*Find(L"DOCUMENTO", L"COD_DOCTO", L"0000000001"))[L"COD_GRUPO"];
+  const Cell subgroup = RowOf(L"DOCUMENTO", L"COD_DOCTO", L"0000000001")[L"COD_GRUPO"];
   ExpectNoRows({L"Titulo", L"Subtitulo", L"Periodo", L"Subgrupo", L"Serie", L"Total"},
                RowsOf(kBySeries, kMethod, period.With({{L"CodGrupo", subgroup.value()}})));
 }

@@ -61,11 +61,18 @@ inline Rows ReadAll(const Ref<IDispatch>& recordset) {
     columns.push_back(Got(Call(fields, L"Item", {i})).object());
     result.columns.push_back(Got(Get(columns.back(), L"Name")).text().value());
   }
-  while (Got(Get(recordset, L"EOF")).raw().boolVal == VARIANT_FALSE && !testing::Test::HasFailure()) {
+  const auto isOnRow = [&] {
+    const Outcome end = Get(recordset, L"EOF");
+    EXPECT_EQ(S_OK, end.hr) << testing::PrintToString(end.failure);
+    return end.hr == S_OK && end.value.raw().boolVal == VARIANT_FALSE;
+  };
+  bool moved = true;
+  while (moved && isOnRow()) {
     Cells cells;
     for (const auto& column : columns) cells.push_back(CellOf(Got(Get(column, L"Value"))));
     result.rows.push_back(std::move(cells));
-    Call(recordset, L"MoveNext");
+    moved = Call(recordset, L"MoveNext").hr == S_OK;
+    EXPECT_TRUE(moved);
   }
   return result;
 }
