@@ -47,6 +47,14 @@ class Value {
   Value(const wchar_t* v) : storage_(std::wstring(v)) {}
   Value(ObjectRef v) : storage_(std::move(v)) {}
 
+  // The library's copy of a variant of these types destroys what it never made when it runs out of memory (GCC 12), so
+  // the alternative is copied on its own.
+  Value(const Value& other) : storage_(std::visit([](const auto& held) { return Storage(held); }, other.storage_)) {}
+  Value(Value&&) noexcept = default;
+  Value& operator=(const Value& other) { return *this = Value(other); }
+  Value& operator=(Value&&) noexcept = default;
+  ~Value() = default;
+
   template <class T>
   bool Is() const {
     return std::holds_alternative<T>(storage_);
