@@ -147,6 +147,8 @@ class Subject {
   }
 
   Outcome Run() const { return Call(report_, tested_.method, {Var(parameters_.get())}); }
+  const Ref<IDispatch>& report() const { return report_; }
+  const Ref<IDispatch>& parameters() const { return parameters_; }
   void ExpectToWork() const { EXPECT_EQ(tested_.Refused(), Run().failure); }
 
  private:
