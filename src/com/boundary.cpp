@@ -21,6 +21,8 @@ void Publish(const platform::Erro& erro, REFIID iid) {
 }  // namespace
 
 HRESULT CurrentHresult(REFIID iid) noexcept {
+  // An error that somebody left on the thread must not pass for this one where this one cannot be described.
+  SetErrorInfo(0, nullptr);
   try {
     const platform::Erro erro = platform::CurrentErro();
     Publish(erro, iid);
