@@ -32,12 +32,18 @@ class DllHeap {
   DllHeap(const DllHeap&) = delete;
   DllHeap& operator=(const DllHeap&) = delete;
 
-  // Counts requests from here on, from 1; refuses request `number` (0: none), and then all but small ones if told to.
-  // Small ones go on because the compiler's runtime needs one for the first exception that it has no memory for.
-  void Arm(std::size_t number, bool laterToo = false) {
+  // What becomes of the requests after the one refused.
+  enum class Later {
+    kServed,
+    kSmallServed,  // the compiler's runtime needs a small one for the first exception that it has no memory for
+    kRefused,      // REQUIRES: that exception has been
+  };
+
+  // Counts requests from here on, from 1; refuses request `number` (0: none), and later ones if told to.
+  void Arm(std::size_t number, Later later = Later::kServed) {
     requests_ = 0;
     number_ = number;
-    laterToo_ = laterToo;
+    later_ = later;
     armed_ = true;
   }
   void Disarm() { armed_ = false; }
@@ -62,7 +68,9 @@ class DllHeap {
     constexpr std::size_t kSmall = 64;
     if (!armed_) return false;
     ++requests_;
-    return requests_ == number_ || (laterToo_ && requests_ > number_ && size > kSmall);
+    if (number_ == 0 || requests_ < number_) return false;
+    if (requests_ == number_ || later_ == Later::kRefused) return true;
+    return later_ == Later::kSmallServed && size > kSmall;
   }
   void* Keep(void* block) {
     if (block != nullptr) held_.insert(block);
@@ -139,7 +147,7 @@ class DllHeap {
   std::set<void*> held_;
   std::size_t requests_ = 0;
   std::size_t number_ = 0;
-  bool laterToo_ = false;
+  Later later_ = Later::kServed;
   bool armed_ = false;
 };
 
