@@ -9,8 +9,6 @@
 
 namespace kodra::reports {
 
-using enum data::JoinKind;
-
 struct CatalogJoin {
   data::JoinKind kind;
   std::wstring table;
@@ -29,6 +27,7 @@ struct CatalogList {
 class CatalogReport : public frame::ReportClass {
  protected:
   using ReportClass::ReportClass;
+  using enum data::JoinKind;
 
   // The statement of a list for the database of this call. REQUIRES: InicializaPS has passed.
   std::wstring Statement(const CatalogList& list) const;

@@ -8,6 +8,7 @@ namespace kodra::reports {
 namespace {
 
 namespace ad = platform::ad;
+using enum data::JoinKind;
 
 constexpr std::size_t kCodeSize = 128;
 
