@@ -1,0 +1,41 @@
+# The Wine box with the component registered, and the sample archive that runs in it.
+
+# The sample archive in SQLite: archive FILE DOCUMENTS. Made anew only when the tool that makes it is newer.
+archive() {
+  local file=$1 documents=$2
+  [ "$file" -nt build/native/kodra-demo-data ] && return
+  mkdir -p "$(dirname "$file")"
+  rm -f "$file"
+  logged archive build/native/kodra-demo-data sqlite "$file" --documents "$documents"
+}
+
+windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; }
+
+# Registers the component and what it needs in the box, which one run at a time may use.
+register() {
+  local dll
+  for dll in kodra_ado kodra_siblings KodraRpt; do
+    box run wine regsvr32 /s "$(windows_path build/win32/$dll.dll)" 2>>"$logs/wine.log" ||
+      die "não foi possível registrar $dll.dll (veja $logs/wine.log)"
+  done
+}
+
+with_box() {
+  mkdir -p "$logs"
+  as_root mkdir -p "$KODRA_CACHE"
+  as_root touch "$KODRA_CACHE/use.lock"
+  exec 8<"$KODRA_CACHE/use.lock"
+  flock 8
+  register
+}
+
+# Runs a VBScript written in UTF-8, of one file or more: script FILE… -- ARGUMENT…. Wine reads scripts in the Windows
+# code page of Western Europe.
+script() {
+  local files=()
+  while [ "$1" != -- ]; do files+=("$1"); shift; done
+  shift
+  mkdir -p build/demo
+  cat "${files[@]}" | iconv -f UTF-8 -t CP1252 >build/demo/script.vbs
+  box run wine cscript //nologo build/demo/script.vbs "$@" 2>>"$logs/wine.log"
+}
