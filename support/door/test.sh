@@ -1,6 +1,6 @@
 # The tests, in groups: "test NAME" runs the function test_NAME.
 
-test_groups=(format docs native wine)
+test_groups=(format docs native wine bench)
 
 passed=0
 failed=0

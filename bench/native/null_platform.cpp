@@ -1,0 +1,185 @@
+#include "bench/native/null_platform.h"
+
+#include "data/abre_cn.h"
+#include "data/abre_firehose_rs.h"
+
+namespace kodra::bench {
+namespace {
+
+using platform::ObjectRef;
+using platform::Value;
+
+// Stops the watch for the time of one call.
+class Pause {
+ public:
+  explicit Pause(Watch& watch) : watch_(watch) { watch_.Stop(); }
+  Pause(const Pause&) = delete;
+  Pause& operator=(const Pause&) = delete;
+  ~Pause() { watch_.Go(); }
+
+ private:
+  Watch& watch_;
+};
+
+// Starts the watch anew when a call ends after which a statement begins.
+class Fresh {
+ public:
+  explicit Fresh(Watch& watch) : watch_(watch) {}
+  Fresh(const Fresh&) = delete;
+  Fresh& operator=(const Fresh&) = delete;
+  ~Fresh() { watch_.Restart(); }
+
+ private:
+  Watch& watch_;
+};
+
+// Every sibling in one: each knows all members that a report asks for.
+class Sibling final : public platform::AutomationObject, public std::enable_shared_from_this<Sibling> {
+ public:
+  explicit Sibling(NullPlatform& around) : around_(around) {}
+
+  Value Get(std::wstring_view member) override {
+    if (member == L"TipoBanco") {
+      const Fresh fresh(around_.watch);
+      return around_.code;
+    }
+    const Pause pause(around_.watch);
+    if (member == L"Count") return 2;
+    if (member == L"Nomes") return ObjectRef(shared_from_this());
+    return L"Série";
+  }
+  void Let(std::wstring_view, const Value&) override { const Pause pause(around_.watch); }
+  void Set(std::wstring_view, const ObjectRef&) override { const Pause pause(around_.watch); }
+  Value Call(std::wstring_view member, std::span<const Value>) override {
+    const Pause pause(around_.watch);
+    if (member == L"ToDate") return platform::Date{45352};
+    if (member == L"Localiza") return ObjectRef();
+    if (member == L"ObtemDescricao") return L"Arquivista";
+    if (member == L"NumCxSubordinadaSQL") return L"s.NUM_CAIXA || SUBSTR('0' || s.NUM_SEQ, -2)";
+    return ObjectRef(shared_from_this());
+  }
+
+ private:
+  NullPlatform& around_;
+};
+
+class NullField final : public platform::Field {
+ public:
+  explicit NullField(Watch& watch) : watch_(watch) {}
+  Value Get() override {
+    const Fresh fresh(watch_);
+    return L"AB001";
+  }
+  void Let(const Value&) override { const Fresh fresh(watch_); }
+
+ private:
+  Watch& watch_;
+};
+
+// Has one row.
+class NullRecordset final : public platform::Recordset {
+ public:
+  explicit NullRecordset(NullPlatform& around) : around_(around) {}
+
+  void SetCursorLocation(std::int32_t) override { const Pause pause(around_.watch); }
+  void SetCursorType(std::int32_t) override { const Pause pause(around_.watch); }
+  void SetCacheSize(std::int32_t) override { const Pause pause(around_.watch); }
+  void Open(const platform::RecordsetSource& source, const platform::ActiveConnection&, std::int32_t, std::int32_t,
+            std::int32_t) override {
+    around_.watch.Stop();
+    if (const auto* statement = std::get_if<std::wstring>(&source)) around_.Arrive(*statement);
+    open_ = true;
+    around_.watch.Restart();
+  }
+  void Close() override { const Fresh fresh(around_.watch); }
+  std::int32_t State() override { return open_ ? platform::ad::kStateOpen : platform::ad::kStateClosed; }
+  bool Eof() override {
+    const Fresh fresh(around_.watch);
+    return atEnd_;
+  }
+  void MoveFirst() override { const Fresh fresh(around_.watch); }
+  void MoveNext() override {
+    const Fresh fresh(around_.watch);
+    atEnd_ = true;
+  }
+  void AppendField(const std::wstring&, std::int32_t, std::int32_t, std::int32_t) override {
+    const Fresh fresh(around_.watch);
+  }
+  std::unique_ptr<platform::Field> FieldByName(const std::wstring&) override {
+    const Fresh fresh(around_.watch);
+    return std::make_unique<NullField>(around_.watch);
+  }
+  void AddNew() override { const Fresh fresh(around_.watch); }
+  void Update() override { const Fresh fresh(around_.watch); }
+
+ private:
+  NullPlatform& around_;
+  bool open_ = false;
+  bool atEnd_ = false;
+};
+
+class NullCommand final : public platform::Command {
+ public:
+  explicit NullCommand(NullPlatform& around) : around_(around) {}
+
+  void SetActiveConnection(platform::Connection*) override { const Pause pause(around_.watch); }
+  bool HasActiveConnection() override { return true; }
+  void SetCommandText(const std::wstring& text) override {
+    around_.watch.Stop();
+    around_.Arrive(text);
+    around_.watch.Restart();
+  }
+  void SetCommandType(std::int32_t) override {}
+  void AppendParameter(const std::wstring&, std::int32_t, std::int32_t, std::int32_t, const Value&) override {}
+
+ private:
+  NullPlatform& around_;
+};
+
+}  // namespace
+
+Value ClientParameters::Get(std::wstring_view member) {
+  const Pause pause(watch_);
+  return values_.Get(member);
+}
+
+std::unique_ptr<platform::Connection> NullPlatform::NewConnection() { return nullptr; }
+
+std::unique_ptr<platform::Command> NullPlatform::NewCommand() {
+  const Pause pause(watch);
+  return std::make_unique<NullCommand>(*this);
+}
+
+std::unique_ptr<platform::Recordset> NullPlatform::NewRecordset() {
+  const Pause pause(watch);
+  return std::make_unique<NullRecordset>(*this);
+}
+
+ObjectRef NullPlatform::CreateObject(const std::wstring&) {
+  const Pause pause(watch);
+  return std::make_shared<Sibling>(*this);
+}
+
+void NullPlatform::SetEnvironment(const std::wstring&, const std::wstring&) {}
+
+std::optional<std::uint64_t> NullPlatform::FileLength(const std::wstring&) { return 1; }
+
+}  // namespace kodra::bench
+
+// In place of the component's own openers, which the linker then leaves out: a statement that arrives here is built.
+namespace kodra::data {
+
+std::unique_ptr<platform::Recordset> AbreFirehoseRs(const platform::RecordsetSource& source, const std::wstring&,
+                                                    std::int32_t, std::unique_ptr<platform::Connection>&,
+                                                    platform::Surroundings& surroundings) {
+  auto& around = static_cast<bench::NullPlatform&>(surroundings);
+  auto rows = std::make_unique<bench::NullRecordset>(around);
+  rows->Open(source, std::monostate{}, 0, 0, 0);
+  return rows;
+}
+
+std::unique_ptr<platform::Connection> AbreCn(const std::wstring&, std::int32_t, std::int32_t, platform::Surroundings&) {
+  return nullptr;
+}
+
+}  // namespace kodra::data

@@ -1,0 +1,57 @@
+// A platform that answers at once and does nothing, and a stopwatch that runs only while the component itself works.
+//
+// Every call that the component makes to the platform or to a sibling stops the watch until it returns. The watch
+// starts anew when the connection-type helper has told the database code, and when rows were read or written: so what
+// it shows when a statement arrives is the component's own time for that statement.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "bench/native/watch.h"
+#include "platform/surroundings.h"
+
+namespace kodra::bench {
+
+// A statement that the component built, and the seconds that it took itself.
+struct Built {
+  std::wstring text;
+  double seconds = 0;
+};
+
+class NullPlatform final : public platform::Surroundings {
+ public:
+  // The code that the connection-type helper tells.
+  std::int32_t code = 0;
+  Watch watch;
+  std::vector<Built> built;
+
+  // Where a statement arrives.
+  void Arrive(const std::wstring& statement) { built.push_back({statement, watch.Own()}); }
+
+  std::unique_ptr<platform::Connection> NewConnection() override;
+  std::unique_ptr<platform::Command> NewCommand() override;
+  std::unique_ptr<platform::Recordset> NewRecordset() override;
+  platform::ObjectRef CreateObject(const std::wstring& progId) override;
+  void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
+  std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+};
+
+// The client's parameter object: gives its values with the watch stopped.
+class ClientParameters final : public platform::AutomationObject {
+ public:
+  ClientParameters(platform::AutomationObject& values, Watch& watch) : values_(values), watch_(watch) {}
+
+  platform::Value Get(std::wstring_view member) override;
+  void Let(std::wstring_view member, const platform::Value& value) override { values_.Let(member, value); }
+  void Set(std::wstring_view member, const platform::ObjectRef& object) override { values_.Set(member, object); }
+  platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override {
+    return values_.Call(member, arguments);
+  }
+
+ private:
+  platform::AutomationObject& values_;
+  Watch& watch_;
+};
+
+}  // namespace kodra::bench
