@@ -6,6 +6,7 @@
 #include "com/registration.h"
 
 using kodra::com::AtBoundary;
+using kodra::com::Scope;
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
   if (object == nullptr) return E_POINTER;
@@ -24,6 +25,25 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
 
 STDAPI DllCanUnloadNow() { return kodra::com::ModuleInUse() ? S_FALSE : S_OK; }
 
-STDAPI DllRegisterServer() { return AtBoundary(IID_IUnknown, kodra::com::RegisterModule); }
+STDAPI DllRegisterServer() {
+  return AtBoundary(IID_IUnknown, [] { kodra::com::RegisterModule(Scope::kAllUsers); });
+}
 
-STDAPI DllUnregisterServer() { return AtBoundary(IID_IUnknown, kodra::com::UnregisterModule); }
+STDAPI DllUnregisterServer() {
+  return AtBoundary(IID_IUnknown, [] { kodra::com::UnregisterModule(Scope::kAllUsers); });
+}
+
+// What `regsvr32 /n /i:user` calls, and without "user" the registration of all users.
+STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
+  Scope scope = Scope::kAllUsers;
+  if (commandLine != nullptr && *commandLine != L'\0') {
+    if (lstrcmpiW(commandLine, L"user") != 0) return E_INVALIDARG;
+    scope = Scope::kThisUser;
+  }
+  return AtBoundary(IID_IUnknown, [&] {
+    if (install != FALSE)
+      kodra::com::RegisterModule(scope);
+    else
+      kodra::com::UnregisterModule(scope);
+  });
+}

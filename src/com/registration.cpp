@@ -5,12 +5,21 @@
 #include "com/module.h"
 #include "platform/windows/variant.h"
 
+// In every Windows since Vista, and missing in mingw-w64's headers.
+extern "C" {
+WINOLEAUTAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpFolder);
+WINOLEAUTAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale, SYSKIND system);
+}
+
 namespace kodra::com {
 namespace {
 
 using platform::windows::com_ptr;
 
 constexpr std::wstring_view kClassesRoot = L"Software\\Classes\\";
+constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+
+HKEY RootOf(Scope scope) { return scope == Scope::kThisUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE; }
 
 std::wstring GuidText(REFGUID id) {
   wchar_t text[39];
@@ -26,10 +35,10 @@ void CheckWin32(LSTATUS status) {
   if (status != ERROR_SUCCESS) Raise(HRESULT_FROM_WIN32(status));
 }
 
-void Write(const RegistryRow& row) {
+void Write(HKEY root, const RegistryRow& row) {
   const std::wstring path = std::wstring(kClassesRoot) + row.key;
   HKEY key = nullptr;
-  CheckWin32(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr));
+  CheckWin32(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr));
   const auto size = static_cast<DWORD>((row.value.size() + 1) * sizeof(wchar_t));
   const LSTATUS status = RegSetValueExW(key, row.name.empty() ? nullptr : row.name.c_str(), 0, REG_SZ,
                                         reinterpret_cast<const BYTE*>(row.value.c_str()), size);
@@ -65,21 +74,25 @@ std::vector<std::wstring> RegistryKeys() {
   return keys;
 }
 
-void RegisterModule() {
-  const std::wstring path = ModulePath();
-  for (const RegistryRow& row : RegistryRows(path)) Write(row);
+void RegisterModule(Scope scope) {
+  std::wstring path = ModulePath();
+  for (const RegistryRow& row : RegistryRows(path)) Write(RootOf(scope), row);
   com_ptr<ITypeLib> library;
   HRESULT hr = LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.put());
-  if (SUCCEEDED(hr)) hr = RegisterTypeLib(library.get(), const_cast<wchar_t*>(path.c_str()), nullptr);
+  const auto registerLibrary = scope == Scope::kThisUser ? RegisterTypeLibForUser : RegisterTypeLib;
+  // With its backslash, as an installer writes a folder.
+  std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
+  if (SUCCEEDED(hr)) hr = registerLibrary(library.get(), path.data(), folder.data());
   if (FAILED(hr)) Raise(hr);
 }
 
-void UnregisterModule() {
+void UnregisterModule(Scope scope) {
   for (const std::wstring& key : RegistryKeys()) {
-    const LSTATUS status = RegDeleteTreeW(HKEY_LOCAL_MACHINE, (std::wstring(kClassesRoot) + key).c_str());
+    const LSTATUS status = RegDeleteTreeW(RootOf(scope), (std::wstring(kClassesRoot) + key).c_str());
     if (status != ERROR_FILE_NOT_FOUND) CheckWin32(status);
   }
-  const HRESULT hr = UnRegisterTypeLib(LIBID_KodraRpt, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
+  const auto unregisterLibrary = scope == Scope::kThisUser ? UnRegisterTypeLibForUser : UnRegisterTypeLib;
+  const HRESULT hr = unregisterLibrary(LIBID_KodraRpt, 1, 0, LOCALE_NEUTRAL, kSystem);
   // An absent library is TYPE_E_REGISTRYACCESS on Windows and E_INVALIDARG in Wine.
   if (FAILED(hr) && hr != TYPE_E_REGISTRYACCESS && hr != E_INVALIDARG) Raise(hr);
 }

@@ -22,11 +22,17 @@ std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath);
 // The keys that hold nothing but rows of ours: deleting them whole removes every row.
 std::vector<std::wstring> RegistryKeys();
 
-// Writes the rows for this DLL and registers its type library, for all users. Raises Erro with what failed; what had
-// been written by then stays.
-void RegisterModule();
+// For whom the component is registered.
+enum class Scope {
+  kAllUsers,  // asks for an administrator
+  kThisUser,
+};
+
+// Writes the rows for this DLL and registers its type library. Raises Erro with what failed; what had been written by
+// then stays.
+void RegisterModule(Scope scope);
 
 // Removes every key and the type library's registration. What is absent already is no error.
-void UnregisterModule();
+void UnregisterModule(Scope scope);
 
 }  // namespace kodra::com

@@ -11,7 +11,7 @@ archive() {
 
 windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; }
 
-# Registers the component and what it needs in the box, which one run at a time may use.
+# Registers the component and what it needs in the box.
 register() {
   local dll
   for dll in kodra_ado kodra_siblings KodraRpt; do
@@ -20,12 +20,17 @@ register() {
   done
 }
 
-with_box() {
+# One run at a time may use the box.
+lock_box() {
   mkdir -p "$logs"
   as_root mkdir -p "$KODRA_CACHE"
   as_root touch "$KODRA_CACHE/use.lock"
   exec 8<"$KODRA_CACHE/use.lock"
   flock 8
+}
+
+with_box() {
+  lock_box
   register
 }
 

@@ -19,6 +19,9 @@ class Server {
   HRESULT CanUnloadNow() const { return Entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
   HRESULT Register() const { return Entry<HRESULT(WINAPI*)()>("DllRegisterServer")(); }
   HRESULT Unregister() const { return Entry<HRESULT(WINAPI*)()>("DllUnregisterServer")(); }
+  HRESULT Install(BOOL install, const wchar_t* commandLine) const {
+    return Entry<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall")(install, commandLine);
+  }
   HRESULT GetClassObject(REFCLSID id, REFIID iid, void** object) const {
     return Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(id, iid, object);
   }

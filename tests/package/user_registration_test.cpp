@@ -1,0 +1,84 @@
+// `regsvr32 /n /i:user`: the component registered for the user who asks, and taken back.
+#include "command.h"
+#include "wine/environment.h"
+#include "wine/registered_rows.h"
+#include "wine/registry_dump.h"
+#include "wine/server.h"
+
+namespace kodra::package {
+namespace {
+
+using face::Dump;
+using face::DumpClasses;
+using face::ExpectSame;
+using face::RegistryLines;
+using face::Sorted;
+using face::Without;
+
+RegistryLines DumpUserClasses() { return Dump(HKEY_CURRENT_USER, L"Software\\Classes"); }
+
+// Dumps the classes before anything is registered; takes back what a test registered.
+class UserRegistration : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    // A user's class registry has this key for all components together; a new user's has none yet.
+    HKEY shared = nullptr;
+    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyW(HKEY_CURRENT_USER, L"Software\\Classes\\CLSID", &shared));
+    RegCloseKey(shared);
+    user_ = DumpUserClasses();
+    machine_ = DumpClasses();
+  }
+  ~UserRegistration() override { EXPECT_EQ(S_OK, server_.Install(FALSE, L"user")); }
+
+  static DWORD Regsvr32(const std::wstring& options) {
+    return RunCommand(L"regsvr32 /s " + options + L" " + Quoted(face::DllPath()));
+  }
+
+  static RegistryLines user_;
+  static RegistryLines machine_;
+  const face::Server server_;
+};
+RegistryLines UserRegistration::user_;
+RegistryLines UserRegistration::machine_;
+
+TEST_F(UserRegistration, WritesTheRowsOfEveryClassForTheUser) {
+  ASSERT_EQ(0U, Regsvr32(L"/n /i:user"));
+  EXPECT_EQ(RegistryLines(), Without(user_, DumpUserClasses()));
+  ExpectSame(Sorted(face::ClassRows(face::DllPath())), Without(DumpUserClasses(), user_));
+}
+
+// Windows writes the type library for the user too. Wine writes it for all, whoever asks (it says so in its log).
+TEST_F(UserRegistration, WritesNoClassForAllUsers) {
+  ASSERT_EQ(0U, Regsvr32(L"/n /i:user"));
+  EXPECT_EQ(RegistryLines(), Without(machine_, DumpClasses()));
+  ExpectSame(Sorted(face::LibraryRows(face::DllPath())), Without(DumpClasses(), machine_));
+}
+
+TEST_F(UserRegistration, IsTakenBackWhole) {
+  ASSERT_EQ(0U, Regsvr32(L"/n /i:user"));
+  ASSERT_NE(user_, DumpUserClasses());
+  ASSERT_EQ(0U, Regsvr32(L"/u /n /i:user"));
+  ExpectSame(user_, DumpUserClasses());
+  ExpectSame(machine_, DumpClasses());
+}
+
+TEST_F(UserRegistration, WithoutAUserIsThatOfAllUsers) {
+  ASSERT_EQ(0U, Regsvr32(L"/n /i"));
+  ExpectSame(user_, DumpUserClasses());
+  ExpectSame(Sorted(face::ClassRows(face::DllPath()), face::LibraryRows(face::DllPath())),
+             Without(DumpClasses(), machine_));
+  ASSERT_EQ(0U, Regsvr32(L"/u /n /i"));
+  ExpectSame(machine_, DumpClasses());
+}
+
+TEST_F(UserRegistration, TakesTheWordInAnyLetterCaseAndRefusesAnother) {
+  EXPECT_EQ(E_INVALIDARG, server_.Install(TRUE, L"users"));
+  EXPECT_EQ(E_INVALIDARG, server_.Install(TRUE, L"machine"));
+  ExpectSame(user_, DumpUserClasses());
+  ExpectSame(machine_, DumpClasses());
+  EXPECT_EQ(S_OK, server_.Install(TRUE, L"User"));
+  EXPECT_NE(user_, DumpUserClasses());
+}
+
+}  // namespace
+}  // namespace kodra::package
