@@ -1,0 +1,7 @@
+#include "client/commands/commands.h"
+
+namespace kodra::client {
+
+void AddCommands(Program& program) { AddLista(program); }
+
+}  // namespace kodra::client

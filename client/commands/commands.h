@@ -1,0 +1,13 @@
+// The commands of kodrarpt: each adds itself, with its options and its help, to the program.
+#pragma once
+
+#include "client/program.h"
+
+namespace kodra::client {
+
+// All of them, in the order of the help.
+void AddCommands(Program& program);
+
+void AddLista(Program& program);
+
+}  // namespace kodra::client
