@@ -1,0 +1,45 @@
+# The fuzz targets, with the fuzzing engine of clang.
+
+fuzz_packages=(clang libclang-rt-14-dev)
+
+# What libFuzzer wrote of a number: statistic NAME LOG.
+statistic() { sed -n "s/^stat::$1: *//p" "$2"; }
+
+# Runs one target for some seconds, from its committed inputs and those that earlier runs on this machine have found:
+# fuzz_target NAME SECONDS. What it breaks on stays in tests/fuzz/found/NAME, for the tests to replay.
+fuzz_target() {
+  local name=$1 seconds=$2 status=0
+  local program=build/fuzz/tests/fuzz_$name known=tests/fuzz/corpus/$name found=tests/fuzz/found/$name
+  local work=build/fuzz/corpus/$name log=$logs/fuzz-$name.log dictionary=tests/fuzz/dictionary/$name.dict
+  local options=(-max_len=512 -timeout=10 -print_final_stats=1 "-artifact_prefix=$found/")
+  [ -f "$dictionary" ] && options+=("-dict=$dictionary")
+  mkdir -p "$work" "$known" "$found"
+  nice "$program" "${options[@]}" -max_total_time="$seconds" "$work" "$known" >"$log" 2>&1 || status=$?
+  # Only what reaches code that no committed input reaches is committed.
+  "$program" -merge=1 -use_counters=0 -max_len=512 "$known" "$work" >"$log.merge" 2>&1 ||
+    die "não foi possível juntar as entradas de $name (veja $log.merge)"
+  rmdir --ignore-fail-on-non-empty "$found"
+  printf '  %-18s %9s entradas provadas %5s guardadas  %s\n' "$name" "$(statistic number_of_executed_units "$log")" \
+    "$(find "$known" -type f | wc -l)" "$([ "$status" = 0 ] && echo ok || echo FALHOU)"
+  [ "$status" = 0 ] && return
+  grep -aE -A3 'what\(\)|runtime error|^==[0-9]+==ERROR|^SUMMARY|Test unit written' "$log" | head -n 20
+  return 1
+}
+
+# Every target, each for its share of the seconds.
+fuzz() {
+  local seconds=${1:-60} name names=() failed=0
+  [[ $seconds =~ ^[0-9]+$ ]] || die "uso: ./kodra fuzz [SEGUNDOS]"
+  setup "${fuzz_packages[@]}"
+  build_preset fuzz kodra_fuzz
+  for name in tests/fuzz/fuzz_*.cpp; do
+    name=${name##*/fuzz_}
+    names+=("${name%.cpp}")
+  done
+  seconds=$(((seconds + ${#names[@]} - 1) / ${#names[@]}))
+  step "prova ${#names[@]} alvos por $seconds s cada um"
+  for name in "${names[@]}"; do
+    fuzz_target "$name" "$seconds" || failed=$((failed + 1))
+  done
+  [ "$failed" = 0 ] || die "$failed alvos falharam: as entradas estão em tests/fuzz/found e ./kodra test as repete"
+}
