@@ -2,6 +2,9 @@
 
 namespace kodra::client {
 
-void AddCommands(Program& program) { AddLista(program); }
+void AddCommands(Program& program) {
+  AddLista(program);
+  AddSql(program);
+}
 
 }  // namespace kodra::client

@@ -9,5 +9,6 @@ namespace kodra::client {
 void AddCommands(Program& program);
 
 void AddLista(Program& program);
+void AddSql(Program& program);
 
 }  // namespace kodra::client
