@@ -30,6 +30,13 @@ TEST(DllFile, IsLoadedAnywhereAndRunsNoData) {
   EXPECT_NE(0U, headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size);
 }
 
+TEST(DllFile, TellsNeitherWhenNorWhereItWasBuilt) {
+  const PeFile file(DllPath());
+  EXPECT_EQ(0U, file.Headers().FileHeader.TimeDateStamp);
+  EXPECT_FALSE(file.Holds(".cpp"));
+  EXPECT_TRUE(file.Holds("KodraRpt.dll"));
+}
+
 TEST(DllFile, AsksForNoLaterWindowsThanSeven) {
   const PeFile file(DllPath());
   const auto& header = file.Headers().OptionalHeader;

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <set>
@@ -27,6 +28,11 @@ class PeFile {
 
   const IMAGE_NT_HEADERS32& Headers() const {
     return At<IMAGE_NT_HEADERS32>(static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
+  }
+
+  // Whether a text stands anywhere in the file.
+  bool Holds(const std::string& text) const {
+    return std::search(bytes_.begin(), bytes_.end(), text.begin(), text.end()) != bytes_.end();
   }
 
   // The functions imported of each DLL, whose names are in small letters. A function by number is "#number".

@@ -1,0 +1,135 @@
+// The MSI: what it installs and registers, that the installed component serves, and that removing it leaves nothing.
+#include <objbase.h>
+
+#include "registry.h"
+#include "script_client.h"
+#include "wine/server.h"
+
+namespace kodra::package {
+namespace {
+
+// The machine's registry of programs, and the user's whole one.
+RegistryLines DumpAll() { return Sorted(Dump(HKEY_LOCAL_MACHINE, L"Software"), Dump(HKEY_CURRENT_USER, L"Software")); }
+
+DWORD Msiexec(const std::wstring& action, const std::wstring& msi) {
+  return RunCommand(L"msiexec " + action + L" " + Quoted(msi) + L" /qn");
+}
+
+// Without the installer's bookkeeping of its products.
+RegistryLines OfComponent(RegistryLines lines) {
+  std::erase_if(lines, [](const std::wstring& line) { return line.starts_with(L"Installer\\"); });
+  return lines;
+}
+
+// Windows' installer makes these keys for its own bookkeeping with the first package ever and keeps them empty.
+void MakeInstallersOwnKeys() {
+  for (const wchar_t* path :
+       {L"Software\\Classes\\Installer\\Features", L"Software\\Classes\\Installer\\Products",
+        L"Software\\Classes\\Installer\\UpgradeCodes",
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Installer\\UpgradeCodes",
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Installer\\UserData\\S-1-5-18\\Components",
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Installer\\UserData\\S-1-5-18\\Products"}) {
+    HKEY key = nullptr;
+    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyW(HKEY_LOCAL_MACHINE, path, &key));
+    RegCloseKey(key);
+  }
+}
+
+// Every test finds it installed.
+class InstalledPackage : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    MakeInstallersOwnKeys();
+    registryBefore_ = DumpAll();
+    classesBefore_ = DumpClasses();
+    programsBefore_ = Listing(ProgramFolder());
+  }
+  void SetUp() override {
+    if (!Bytes(Installed() + L"\\KodraRpt.dll").empty()) return;
+    ASSERT_EQ(0U, Msiexec(L"/i", Installer()));
+  }
+  static void TearDownTestSuite() { Msiexec(L"/x", Installer()); }
+
+  static RegistryLines registryBefore_;
+  static RegistryLines classesBefore_;
+  static std::vector<std::wstring> programsBefore_;
+};
+RegistryLines InstalledPackage::registryBefore_;
+RegistryLines InstalledPackage::classesBefore_;
+std::vector<std::wstring> InstalledPackage::programsBefore_;
+
+TEST_F(InstalledPackage, HoldsTheFilesOfTheZipButThoseForProgramsWithoutRegistration) {
+  std::vector<std::wstring> expected = Listing(Unpacked());
+  std::erase_if(expected, [](const std::wstring& path) {
+    return path.ends_with(L".manifest") || path.starts_with(L"x64\\") || path == L"SHA256SUMS";
+  });
+  EXPECT_EQ(expected, Listing(Installed()));
+  for (const wchar_t* path :
+       {L"KodraRpt.dll", L"KodraRpt.tlb", L"LEIAME.txt", L"docs\\behaviours.md", L"exemplos\\cliente.vbs"})
+    EXPECT_TRUE(std::binary_search(expected.begin(), expected.end(), path)) << testing::PrintToString(path);
+  for (const std::wstring& path : expected)
+    EXPECT_TRUE(Bytes(Unpacked() + L"\\" + path) == Bytes(Installed() + L"\\" + path)) << testing::PrintToString(path);
+}
+
+TEST_F(InstalledPackage, IsRegisteredByTheOneRule) {
+  const std::wstring dll = Installed() + L"\\KodraRpt.dll";
+  ExpectSame(Sorted(face::ClassRows(dll), face::LibraryRows(dll)), OfComponent(Without(DumpClasses(), classesBefore_)));
+}
+
+// What the DLL takes back and writes again is what the installer wrote.
+TEST_F(InstalledPackage, IsRegisteredAsTheDllRegistersItself) {
+  const RegistryLines byInstaller = DumpClasses();
+  const face::Server server(Installed() + L"\\KodraRpt.dll");
+  ASSERT_EQ(S_OK, server.Unregister());
+  ASSERT_EQ(S_OK, server.Register());
+  ExpectSame(byInstaller, DumpClasses());
+}
+
+TEST_F(InstalledPackage, ServesTheScriptClient) {
+  const Surroundings surroundings;
+  ExpectServed(RunClient(L"cscript.exe", Installed()));
+}
+
+// The values that the list of installed programs shows.
+std::wstring Listed(const std::wstring& name) {
+  const std::wstring root = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+  std::wstring found = L"(not listed)";
+  for (const std::wstring& line : Dump(HKEY_LOCAL_MACHINE, root)) {
+    const auto value = line.find(L"|" + name + L"=");
+    if (value != std::wstring::npos) found = line.substr(value + name.size() + 2);
+  }
+  return found;
+}
+
+TEST_F(InstalledPackage, IsListedInPortuguese) {
+  EXPECT_EQ(L"KodraRpt", Listed(L"DisplayName"));
+  EXPECT_EQ(L"1.0.49", Listed(L"DisplayVersion"));
+  EXPECT_EQ(L"Kodra", Listed(L"Publisher"));
+  EXPECT_EQ(L"Dados dos relatórios do arquivo", Listed(L"Comments"));
+  EXPECT_EQ(Installed() + L"\\", Listed(L"InstallLocation"));
+  EXPECT_EQ(L"(type 4) 22 4 0 0", Listed(L"Language"));  // 1046
+}
+
+TEST_F(InstalledPackage, LeavesRegistryAndFoldersAsBeforeWhenRemoved) {
+  ASSERT_EQ(0U, Msiexec(L"/x", Installer()));
+  ExpectSame(registryBefore_, DumpAll());
+  EXPECT_EQ(programsBefore_, Listing(ProgramFolder()));
+}
+
+TEST_F(InstalledPackage, IsReplacedByALaterOneWhichRefusesToGoBack) {
+  const RegistryLines classes = DumpClasses();
+  ASSERT_EQ(0U, Msiexec(L"/i", LaterInstaller()));
+  EXPECT_EQ(L"1.0.50", Listed(L"DisplayVersion"));
+  EXPECT_NE(std::string(), Bytes(Installed() + L"\\KodraRpt.dll"));
+  ExpectSame(OfComponent(classes), OfComponent(DumpClasses()));
+
+  EXPECT_NE(0U, Msiexec(L"/i", Installer()));
+  EXPECT_EQ(L"1.0.50", Listed(L"DisplayVersion"));
+
+  ASSERT_EQ(0U, Msiexec(L"/x", LaterInstaller()));
+  ExpectSame(classesBefore_, DumpClasses());
+  EXPECT_EQ(programsBefore_, Listing(ProgramFolder()));
+}
+
+}  // namespace
+}  // namespace kodra::package

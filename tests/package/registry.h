@@ -1,0 +1,16 @@
+// The registry before and after, and the rows that stand for the component registered.
+#pragma once
+
+#include "wine/registered_rows.h"
+#include "wine/registry_dump.h"
+
+namespace kodra::package {
+
+using face::Dump;
+using face::DumpClasses;
+using face::ExpectSame;
+using face::RegistryLines;
+using face::Sorted;
+using face::Without;
+
+}  // namespace kodra::package
