@@ -29,7 +29,7 @@ put() {
 # What is in a package. Patterns that match nothing add nothing.
 stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
-  put . build/win32/KodraRpt.dll build/win32/kodrarpt.ex[e] "$folder/parts/LEIAME.txt"
+  put . build/win32/KodraRpt.dll build/win32/kodrarpt.exe "$folder/parts/LEIAME.txt"
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put docs docs/*.md
   put exemplos examples/*.*
@@ -150,7 +150,7 @@ make_package() (
   sums "$stage" >"$folder/parts/sums"
   mv "$folder/parts/sums" "$stage/SHA256SUMS"
   settle "$stage"
-  cd "$folder"
+  cd "$folder" || exit
   find "KodraRpt-$version" -type f | sort | zip -q -X -9 "KodraRpt-$version.zip" -@
   sha256sum "KodraRpt-$version.msi" "KodraRpt-$version.zip" >SHA256SUMS
 )
@@ -170,7 +170,7 @@ registry_rows() {
 }
 
 build_package() {
-  build_preset win32 KodraRpt kodra_registry_rows
+  build_preset win32 KodraRpt kodrarpt kodra_registry_rows
   build_preset win64 KodraRpt
   step "faz os pacotes"
   mkdir -p build/package
