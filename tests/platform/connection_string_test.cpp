@@ -69,6 +69,12 @@ TEST(ConnectionString, BracesAreKeptWithWhatTheyHold) {
   EXPECT_EQ(Odbc(L"Driver={MariaDB Unicode};PWD={a;b}}c};"), L"Driver={MariaDB Unicode};PWD={a;b}}c};");
 }
 
+TEST(ConnectionString, BracesThatDoNotEncloseTheWholeValueAreEnclosedThemselves) {
+  EXPECT_EQ(Odbc(L"DSN=D;PWD=\"{a}b}\";"), L"DSN=D;PWD={{a}}b}}};");
+  EXPECT_EQ(Odbc(L"DSN=D;PWD='{}}';"), L"DSN=D;PWD={{}}}}};");
+  EXPECT_EQ(ToOdbcConnectionString(L"DSN=D;", L"", L"{a};b}"), L"DSN=D;PWD={{a}};b}}};");
+}
+
 TEST(ConnectionString, AValueMayHoldAnEqualsSign) { EXPECT_EQ(Odbc(L"DSN=D;PWD=a=b"), L"DSN=D;PWD=a=b;"); }
 
 TEST(ConnectionString, UserAndPasswordGivenAtOpenReplaceTheStrings) {

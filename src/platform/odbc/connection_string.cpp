@@ -110,9 +110,19 @@ void Replace(Pairs& pairs, std::wstring_view key, const std::wstring& value) {
   pairs.push_back({std::wstring(key), value});
 }
 
+// Whether one pair of braces encloses the whole value: each closing brace inside stands twice.
+bool IsEnclosed(std::wstring_view value) {
+  if (value.size() < 2 || value.front() != L'{' || value.back() != L'}') return false;
+  const std::wstring_view inside = value.substr(1, value.size() - 2);
+  for (std::size_t i = inside.find(L'}'); i != inside.npos; i = inside.find(L'}', i + 2)) {
+    if (inside.substr(i + 1, 1) != L"}") return false;
+  }
+  return true;
+}
+
 // Braces only where the value needs them: drivers read plain values, not all undo braces.
 std::wstring Written(const std::wstring& value) {
-  if (!value.empty() && value.front() == L'{' && value.back() == L'}') return value;
+  if (IsEnclosed(value)) return value;
   const bool plain = value.find_first_of(L";{}") == std::wstring::npos && Trim(value).size() == value.size();
   if (plain) return value;
   std::wstring out = L"{";

@@ -1,0 +1,111 @@
+// An OLE DB connection string made into the ODBC driver's.
+//
+// Input: a user, a password, the connection string, a line each.
+#include <utility>
+
+#include "fuzz/target.h"
+#include "platform/erro.h"
+#include "platform/odbc/connection_string.h"
+#include "recorder/raised.h"
+
+namespace kodra::fuzz {
+namespace {
+
+using platform::odbc::ToOdbcConnectionString;
+using recorder::Raised;
+using recorder::RaisedBy;
+
+constexpr std::wstring_view kPassword = L"s3gr3d0-do-teste";
+
+// The one error, which says nothing of the string.
+const Raised kRefused = {static_cast<std::int32_t>(0x80040E73), "Microsoft OLE DB Service Components",
+                         "Format of the initialization string does not conform to the OLE DB specification."};
+
+std::wstring InBraces(const std::wstring& value) { return L"{" + FilledIn(value, L'}', L"}}") + L"}"; }
+
+// Takes a value in braces off the front of a text, as an ODBC driver reads it; false when it does not end.
+bool TakeBraced(std::wstring_view& text, std::wstring& value) {
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    if (text[i] == L'}') {
+      if (i + 1 == text.size() || text[i + 1] != L'}') {
+        text.remove_prefix(i + 1);
+        return true;
+      }
+      ++i;
+    }
+    value += text[i];
+  }
+  return false;
+}
+
+bool IsBraced(std::wstring_view text) {
+  std::wstring value;
+  return text.starts_with(L'{') && TakeBraced(text, value) && text.empty();
+}
+
+using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
+
+// The pairs of a string, as an ODBC driver reads them.
+Pairs ReadByDriver(std::wstring_view text) {
+  Pairs pairs;
+  while (!text.empty()) {
+    const std::size_t equals = text.find(L'=');
+    Require(equals < text.find(L';'), "every pair has its equals sign");
+    auto& [key, value] = pairs.emplace_back(text.substr(0, equals), L"");
+    text.remove_prefix(equals + 1);
+    if (text.starts_with(L'{')) {
+      Require(TakeBraced(text, value), "braces are closed");
+    } else {
+      value = text.substr(0, text.find(L';'));
+      text.remove_prefix(value.size());
+    }
+    Require(text.starts_with(L';'), "every value ends with a semicolon");
+    text.remove_prefix(1);
+  }
+  return pairs;
+}
+
+void CheckConverted(const std::wstring& converted) {
+  const Pairs pairs = ReadByDriver(converted);
+  std::wstring again;
+  for (const auto& [key, value] : pairs) again += L" ; " + key + L" = " + InBraces(value) + L" ; ";
+  Require(ReadByDriver(ToOdbcConnectionString(again, L"", L"")) == pairs, "the driver's string is its own conversion");
+}
+
+void CheckCredentials(const std::wstring& text, const std::wstring& given) {
+  const std::wstring user = given.empty() ? L"ana" : given;
+  const std::wstring password(kPassword);
+  const std::wstring converted = ToOdbcConnectionString(text, user, password);
+  const Pairs pairs = ReadByDriver(converted);
+  Require(pairs.back() == std::pair<std::wstring, std::wstring>(L"PWD", password), "a password of its own comes last");
+  RequireEqual(ToOdbcConnectionString(L"User ID=x;Password=y;" + text, user, password), converted,
+               "a user and a password of their own replace the string's");
+}
+
+// Any value comes through in quotes; one in braces has them for the driver.
+void CheckValue(const std::wstring& value) {
+  if (IsBraced(value)) return;
+  for (const auto& [quote, doubled] : {std::pair(L'"', L"\"\""), std::pair(L'\'', L"''")}) {
+    const std::wstring text = std::wstring(L"Opção=") + quote + FilledIn(value, quote, doubled) + quote;
+    Require(ReadByDriver(ToOdbcConnectionString(text, L"", L"")) == Pairs{{L"Opção", value}},
+            "a value in quotes comes through as it is");
+  }
+}
+
+}  // namespace
+}  // namespace kodra::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace kodra::fuzz;
+  const auto fields = Fields(TextOf(data, size), 3);
+  std::wstring converted;
+  const Raised raised = RaisedBy([&] { converted = ToOdbcConnectionString(fields[2], L"", L""); });
+  if (raised.number == 0) {
+    CheckConverted(converted);
+    CheckCredentials(fields[2], fields[0]);
+  } else {
+    Require(raised == kRefused, "a string out of form is refused without a word of it");
+  }
+  CheckValue(fields[1]);
+  return 0;
+}
