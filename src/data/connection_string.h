@@ -23,8 +23,8 @@ bool NamesOracle(std::wstring_view connectionString);
 void PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings);
 
 // The value of the first pair whose text contains the key, untrimmed; empty when there is none. A key is found inside
-// a longer one too. A match beyond position 32767 raises RuntimeError::kOverflow. REQUIRES: the key is not empty and has
-// no ";".
+// a longer one too. A match beyond position 32767 raises RuntimeError::kOverflow.
+// REQUIRES: the key is not empty and has no ";".
 std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key);
 
 // How texts are compared when they are searched.

@@ -42,5 +42,8 @@ script() {
   shift
   mkdir -p build/demo
   cat "${files[@]}" | iconv -f UTF-8 -t CP1252 >build/demo/script.vbs
-  box run wine cscript //nologo build/demo/script.vbs "$@" 2>>"$logs/wine.log"
+  box run env LC_ALL="${script_locale:-C.UTF-8}" wine cscript //nologo build/demo/script.vbs "$@" 2>>"$logs/wine.log"
 }
+
+# The same as on a Brazilian Windows, whose console has code page 850, with what the script prints in UTF-8.
+brazilian_script() { script_locale=pt_BR.UTF-8 script "$@" | iconv -f CP850 -t UTF-8 | tr -d '\r'; }

@@ -44,5 +44,5 @@ run_script() {
   shift
   build
   with_box
-  script "$file" -- "$@"
+  brazilian_script "$file" -- "$@"
 }
