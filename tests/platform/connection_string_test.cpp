@@ -97,6 +97,13 @@ TEST(ConnectionString, AnUnclosedValueIsMalformed) {
   EXPECT_EQ(RaisedBy([] { Odbc(L"Driver={D;UID=x"); }), kMalformed);
 }
 
+TEST(ConnectionString, ExtendedPropertiesInsideExtendedPropertiesAreMalformed) {
+  EXPECT_EQ(RaisedBy([] { Odbc(L"Extended Properties=\"Extended Properties='DSN=D'\""); }), kMalformed);
+  std::wstring deep;
+  for (int i = 0; i < 100000; ++i) deep += L"Extended Properties=";
+  EXPECT_EQ(RaisedBy([&] { Odbc(deep); }), kMalformed);
+}
+
 TEST(ConnectionString, TextAfterAClosingQuoteIsMalformed) {
   EXPECT_EQ(RaisedBy([] { Odbc(L"DSN=\"D\"x;"); }), kMalformed);
 }

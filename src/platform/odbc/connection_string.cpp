@@ -76,12 +76,15 @@ class PairReader {
   std::wstring_view rest_;
 };
 
-void ReadPairs(std::wstring_view text, Pairs& pairs) {
+enum class Place { kOutside, kInsideExtendedProperties };
+
+void ReadPairs(std::wstring_view text, Pairs& pairs, Place place = Place::kOutside) {
   PairReader reader(text);
   Pair pair;
   while (reader.Next(pair)) {
     if (SameName(pair.key, L"Extended Properties")) {
-      ReadPairs(pair.value, pairs);
+      if (place == Place::kInsideExtendedProperties) Raise(ProviderFault::kBadConnectionString);
+      ReadPairs(pair.value, pairs, Place::kInsideExtendedProperties);
     } else {
       pairs.push_back(pair);
     }

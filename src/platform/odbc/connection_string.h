@@ -11,7 +11,8 @@
 //   everything else                   as given
 //
 // Keys are compared without regard to letter case. A value may stand in double or single quotes (removed, doubled ones
-// undone) or in braces (kept). Empty pairs are skipped. A pair without "=" or an unclosed value raises 80040E73.
+// undone) or in braces (kept). Empty pairs are skipped. A pair without "=", an unclosed value, and Extended Properties
+// inside Extended Properties raise 80040E73.
 #pragma once
 
 #include <string>
