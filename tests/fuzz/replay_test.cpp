@@ -17,6 +17,7 @@ extern "C" {
 int fuzz_connection_string(const std::uint8_t* data, std::size_t size);
 int fuzz_date_recogniser(const std::uint8_t* data, std::size_t size);
 int fuzz_ini_file(const std::uint8_t* data, std::size_t size);
+int fuzz_number_reader(const std::uint8_t* data, std::size_t size);
 int fuzz_odbc_connection_string(const std::uint8_t* data, std::size_t size);
 int fuzz_select_builder(const std::uint8_t* data, std::size_t size);
 int fuzz_tradutor_sql(const std::uint8_t* data, std::size_t size);
@@ -37,6 +38,7 @@ constexpr Target kTargets[] = {
     {"date_recogniser", fuzz_date_recogniser},
     {"ini_file", fuzz_ini_file},
     {"select_builder", fuzz_select_builder},
+    {"number_reader", fuzz_number_reader},
     {"odbc_connection_string", fuzz_odbc_connection_string},
     {"tradutor_sql", fuzz_tradutor_sql},
 };

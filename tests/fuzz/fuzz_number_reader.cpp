@@ -1,0 +1,117 @@
+// Reading numbers from text, and writing and converting what was read.
+//
+// Input: the text.
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "fuzz/target.h"
+#include "platform/erro.h"
+#include "text/convert.h"
+#include "text/numbers.h"
+#include "text/upper.h"
+
+namespace kodra::fuzz {
+namespace {
+
+using platform::RuntimeError;
+
+// What a reading gives, or the number of the error that it raises.
+template <class Number>
+struct Outcome {
+  std::optional<Number> number;
+  std::int32_t error = 0;
+  bool operator==(const Outcome&) const = default;
+};
+
+template <class Number, class Reading>
+Outcome<Number> OutcomeOf(Reading read) {
+  try {
+    return {read(), 0};
+  } catch (const platform::Erro& erro) {
+    Require(erro.Source() == platform::kApplicationTitle, "an error of reading is the runtime's");
+    return {std::nullopt, erro.Number()};
+  }
+}
+
+bool Is(std::int32_t error, RuntimeError expected) { return error == static_cast<std::int32_t>(expected); }
+
+// Fifteen digits of a number are kept by every double but the smallest.
+void CheckWritten(double number) {
+  constexpr double kSmallest = 1e-300;
+  const std::wstring written = text::NumberToText(number);
+  if (number != 0 && std::abs(number) < kSmallest) return;
+  const std::optional<double> again = text::ParseNumber(written);
+  Require(again.has_value(), "a number as text is a number");
+  Require(std::abs(*again - number) <= std::abs(number) * 1e-14, "a number as text is the same to fifteen digits");
+  RequireEqual(text::NumberToText(*again), written, "a number written again is the same text");
+}
+
+void CheckLeadingNumber(const std::wstring& input) {
+  const auto read = [](const std::wstring& text) {
+    return OutcomeOf<double>([&] { return text::LeadingNumber(text); });
+  };
+  const auto outcome = read(input);
+  Require(outcome.number || Is(outcome.error, RuntimeError::kOverflow), "only a number too large fails");
+  Require(!outcome.number || std::isfinite(*outcome.number), "a number is finite");
+  Require(read(L" \t" + input) == outcome, "blanks before a number say nothing");
+  if (input.find_first_of(L" \t\r\n") == input.npos) {
+    std::wstring apart;
+    for (const wchar_t c : input) (apart += c) += L' ';
+    Require(read(apart) == outcome, "blanks between digits say nothing");
+  }
+  if (outcome.number) CheckWritten(*outcome.number);
+}
+
+void CheckConversions(const std::wstring& input, std::optional<double> number) {
+  const auto whole = OutcomeOf<std::int32_t>([&] { return text::ToInt32(input); });
+  const auto yes = OutcomeOf<bool>([&] { return text::ToBool(input); });
+  if (!number) {
+    Require(Is(whole.error, RuntimeError::kTypeMismatch), "a text that is no number is no integer");
+    const std::wstring word = text::UpperCase(input);
+    const bool known = word == L"VERDADEIRO" || word == L"TRUE" || word == L"FALSO" || word == L"FALSE";
+    Require(known == yes.number.has_value(), "a text that is no number is true or false by its word");
+    return;
+  }
+  const double rounded = std::nearbyint(*number);
+  const bool fits =
+      rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max();
+  Require(fits ? whole.number == static_cast<std::int32_t>(rounded) : Is(whole.error, RuntimeError::kOverflow),
+          "an integer is the nearest one, the even one of two, within 32 bits");
+  Require(yes.number == (*number != 0), "a number is true unless it is zero");
+}
+
+void CheckParseNumber(const std::wstring& input) {
+  const auto read = [](const std::wstring& text) {
+    return OutcomeOf<std::optional<double>>([&] { return text::ParseNumber(text); });
+  };
+  const auto outcome = read(input);
+  Require(outcome.number || Is(outcome.error, RuntimeError::kOverflow), "only a number too large fails");
+  Require(read(L" " + input + L" ") == outcome, "blanks around a number say nothing");
+  Require(read(text::UpperCase(input)) == outcome, "letter case says nothing");
+  if (!outcome.number) return;
+  CheckConversions(input, *outcome.number);
+  if (*outcome.number) CheckWritten(**outcome.number);
+}
+
+void CheckUpperCase(const std::wstring& input) {
+  const std::wstring upper = text::UpperCase(input);
+  Require(upper.size() == input.size(), "upper case has as many characters");
+  RequireEqual(text::UpperCase(upper), upper, "upper case of upper case is the same");
+  Require(text::EqualIgnoringCase(input, upper), "letter case makes no difference");
+  const std::wstring_view trimmed = text::Trim(input);
+  Require(!trimmed.starts_with(L' ') && !trimmed.ends_with(L' '), "no blank stays at either end");
+  Require(input.find(trimmed) != input.npos, "what is trimmed is a piece of the text");
+}
+
+}  // namespace
+}  // namespace kodra::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace kodra::fuzz;
+  const std::wstring input = TextOf(data, size);
+  CheckLeadingNumber(input);
+  CheckParseNumber(input);
+  CheckUpperCase(input);
+  return 0;
+}
