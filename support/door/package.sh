@@ -32,7 +32,11 @@ stage_files() {
   put . build/win32/KodraRpt.dll build/win32/kodrarpt.exe "$folder/parts/LEIAME.txt"
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put docs docs/*.md
-  put exemplos examples/*.*
+  local file place
+  while read -r file; do
+    place=${file%/*}
+    put "exemplos${place#examples}" "$file"
+  done < <(git ls-files examples ':!*CMakeLists.txt')
   cat support/demo/cliente.vbs support/demo/tabela.vbs | sed 's/$/\r/' | iconv -f UTF-8 -t CP1252 >"$stage/exemplos/cliente.vbs"
 }
 

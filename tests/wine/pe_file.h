@@ -1,4 +1,5 @@
-// A 32-bit executable file read as it lies on the disk: headers, imports and exports.
+// An executable file of the tests' own kind, 32-bit or 64-bit, read as it lies on the disk: headers, imports and
+// exports.
 #pragma once
 
 #include <windows.h>
@@ -26,8 +27,8 @@ class PeFile {
       throw std::runtime_error("no executable file");
   }
 
-  const IMAGE_NT_HEADERS32& Headers() const {
-    return At<IMAGE_NT_HEADERS32>(static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
+  const IMAGE_NT_HEADERS& Headers() const {
+    return At<IMAGE_NT_HEADERS>(static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
   }
 
   // Whether a text stands anywhere in the file.
@@ -45,10 +46,11 @@ class PeFile {
       std::string dll = Text(descriptor.Name);
       for (char& c : dll)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-      for (std::size_t k = Offset(descriptor.OriginalFirstThunk); At<DWORD>(k) != 0; k += sizeof(DWORD)) {
-        const DWORD entry = At<DWORD>(k);
-        const bool byNumber = (entry & IMAGE_ORDINAL_FLAG32) != 0;
-        imports[dll].insert(byNumber ? "#" + std::to_string(entry & 0xFFFF) : Text(entry + sizeof(WORD)));
+      for (std::size_t k = Offset(descriptor.OriginalFirstThunk); At<ULONG_PTR>(k) != 0; k += sizeof(ULONG_PTR)) {
+        const ULONG_PTR entry = At<ULONG_PTR>(k);
+        const bool byNumber = (entry & IMAGE_ORDINAL_FLAG) != 0;
+        imports[dll].insert(byNumber ? "#" + std::to_string(entry & 0xFFFF)
+                                     : Text(static_cast<DWORD>(entry) + sizeof(WORD)));
       }
     }
     return imports;

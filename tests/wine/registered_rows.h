@@ -49,11 +49,11 @@ inline std::vector<Described> Interfaces(const std::wstring& dll) {
   return interfaces;
 }
 
-// What automation writes for a type library and its interfaces.
-inline RegistryLines LibraryRows(const std::wstring& dll) {
+// What automation writes for a type library and its interfaces in one view of the registry.
+inline RegistryLines LibraryRowsOfView(const std::wstring& view, const std::wstring& dll) {
   constexpr const wchar_t* kReadFromAFile = L"8";
   const std::wstring system = sizeof(void*) == 8 ? L"win64" : L"win32";
-  const std::wstring root = std::wstring(L"TypeLib\\") + kLibraryId;
+  const std::wstring root = view + L"TypeLib\\" + kLibraryId;
   const std::wstring version = root + L"\\1.0";
   const std::wstring folder = dll.substr(0, dll.rfind(L'\\') + 1);
   RegistryLines rows = {root,
@@ -70,7 +70,7 @@ inline RegistryLines LibraryRows(const std::wstring& dll) {
   constexpr const wchar_t* kDualMarshaler = L"{00020424-0000-0000-C000-000000000046}";
   constexpr const wchar_t* kDispatchMarshaler = L"{00020420-0000-0000-C000-000000000046}";
   for (const auto& [id, name, isDual] : Interfaces(dll)) {
-    const std::wstring key = L"Interface\\" + id;
+    const std::wstring key = view + L"Interface\\" + id;
     const std::wstring marshaler = isDual ? kDualMarshaler : kDispatchMarshaler;
     for (const std::wstring& row :
          {key, key + L"|=" + name, key + L"\\ProxyStubClsid", key + L"\\ProxyStubClsid|=" + marshaler,
@@ -78,6 +78,15 @@ inline RegistryLines LibraryRows(const std::wstring& dll) {
           key + L"\\TypeLib|=" + kLibraryId, key + L"\\TypeLib|Version=1.0"})
       rows.push_back(row);
   }
+  return rows;
+}
+
+// What automation writes altogether: a 64-bit program does it for 32-bit programs too.
+inline RegistryLines LibraryRows(const std::wstring& dll) {
+  RegistryLines rows = LibraryRowsOfView(L"", dll);
+  if (sizeof(void*) == 4) return rows;
+  const RegistryLines more = LibraryRowsOfView(L"Wow6432Node\\", dll);
+  rows.insert(rows.end(), more.begin(), more.end());
   return rows;
 }
 

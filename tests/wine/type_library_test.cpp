@@ -264,7 +264,7 @@ TEST(TypeLibrary, IsTheFrozenLibraryInVersionOneZero) {
   EXPECT_STREQ(kLibraryId, id);
   EXPECT_EQ(1, attributes->wMajorVerNum);
   EXPECT_EQ(0, attributes->wMinorVerNum);
-  EXPECT_EQ(SYS_WIN32, attributes->syskind);
+  EXPECT_EQ(sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32, attributes->syskind);
   library->ReleaseTLibAttr(attributes);
 }
 

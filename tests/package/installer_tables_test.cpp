@@ -1,0 +1,74 @@
+// What the MSI says of itself in its tables and its summary, where Windows reads more than Wine does.
+#include <gtest/gtest.h>
+// clang-format off
+#include <windows.h>
+#include <msi.h>
+#include <msiquery.h>
+// clang-format on
+
+#include "places.h"
+
+namespace kodra::package {
+namespace {
+
+class Database {
+ public:
+  Database() { EXPECT_EQ(0U, MsiOpenDatabaseW(Installer().c_str(), nullptr, &database_)); }
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+  ~Database() { MsiCloseHandle(database_); }
+
+  // The first column of the first row; nothing where there is none.
+  std::wstring Value(const std::wstring& query) const {
+    MSIHANDLE view = 0;
+    MSIHANDLE row = 0;
+    wchar_t text[256] = {};
+    DWORD size = 256;
+    if (MsiDatabaseOpenViewW(database_, query.c_str(), &view) == 0 && MsiViewExecute(view, 0) == 0 &&
+        MsiViewFetch(view, &row) == 0)
+      MsiRecordGetStringW(row, 1, text, &size);
+    MsiCloseHandle(row);
+    MsiCloseHandle(view);
+    return text;
+  }
+  std::wstring Property(const std::wstring& name) const {
+    return Value(L"SELECT `Value` FROM `Property` WHERE `Property`='" + name + L"'");
+  }
+  std::wstring Summary(UINT property) const {
+    MSIHANDLE summary = 0;
+    EXPECT_EQ(0U, MsiGetSummaryInformationW(database_, nullptr, 0, &summary));
+    wchar_t text[256] = {};
+    DWORD size = 256;
+    UINT type = 0;
+    INT number = 0;
+    EXPECT_EQ(0U, MsiSummaryInfoGetPropertyW(summary, property, &type, &number, nullptr, text, &size));
+    MsiCloseHandle(summary);
+    return type == VT_LPSTR ? text : std::to_wstring(number);
+  }
+
+ private:
+  MSIHANDLE database_ = 0;
+};
+
+TEST(InstallerTables, SayPortugueseInItsCodePage) {
+  const Database database;
+  EXPECT_EQ(L"1046", database.Property(L"ProductLanguage"));
+  EXPECT_EQ(L"1252", database.Summary(1));
+  EXPECT_EQ(L"Intel;1046", database.Summary(7));
+}
+
+TEST(InstallerTables, AreOfAProductForAllUsersThatLaterOnesUpgrade) {
+  const Database database;
+  EXPECT_EQ(L"1", database.Property(L"ALLUSERS"));
+  EXPECT_EQ(L"1.0.49", database.Property(L"ProductVersion"));
+  EXPECT_EQ(L"{6C6A3C0B-7B52-4E5C-9B0E-7F6D2E2B9A41}", database.Property(L"UpgradeCode"));
+}
+
+// An upgrade on Windows keeps an installed file that has a version where the package names none, and then removes it
+// with the earlier product.
+TEST(InstallerTables, NameTheVersionOfTheDll) {
+  EXPECT_EQ(L"1.0.0.49", Database().Value(L"SELECT `Version` FROM `File` WHERE `File`='KodraRpt.dll'"));
+}
+
+}  // namespace
+}  // namespace kodra::package
