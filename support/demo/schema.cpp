@@ -10,7 +10,8 @@ std::wstring TypeName(const Column& column, Engine engine) {
     case ColumnType::kText:
       return L"VARCHAR(" + std::to_wstring(column.length) + L")";
     case ColumnType::kLongText:
-      return L"TEXT";
+      // The longest that all engines of the standard take.
+      return engine == Engine::kStandard ? L"VARCHAR(32000)" : L"TEXT";
     case ColumnType::kInteger:
       return engine == Engine::kMySql ? L"INT" : L"INTEGER";
     case ColumnType::kDate:

@@ -66,7 +66,8 @@ void ForEachRecordType(Visitor&& visitor) {
 // The shapes of all tables, in order.
 std::vector<TableShape> AllShapes();
 
-enum class Engine { kSqlite, kMySql };
+// kStandard stands for the engines that know the standard's types.
+enum class Engine { kSqlite, kMySql, kStandard };
 
 // The statement that creates a table, without the closing semicolon.
 std::wstring CreateTable(const TableShape& table, Engine engine);

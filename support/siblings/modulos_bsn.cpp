@@ -19,8 +19,8 @@ std::wstring SubordinateCode(std::int32_t databaseCode, std::wstring_view alias)
     case sql::tbMySQL:
       return L"CONCAT(" + parent + L", LPAD(" + number + L", 2, '0'))";
     case sql::tbDB2:
-      // DIGITS pads with zeros to the width of the column's type, whichever whole-number type it is.
-      return parent + L" || RIGHT(DIGITS(" + number + L"), 2)";
+      // DIGITS pads with zeros to the width of the number's type: ten digits of an INTEGER.
+      return parent + L" || SUBSTR(DIGITS(INTEGER(" + number + L")), 9)";
     case sql::tbSQLite:
       return parent + L" || substr('0' || " + number + L", -2)";
     default:

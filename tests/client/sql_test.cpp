@@ -123,7 +123,7 @@ TEST(SqlTest, LaysOutWithNotesAsComments) {
                     "subordinado fechado\n"
                     "SELECT\n"
                     "  c.DESC_CAIXA,\n"
-                    "  s.NUM_CAIXA || RIGHT(DIGITS(s.NUM_SEQ), 2) AS NUM_CAIXA,\n"
+                    "  s.NUM_CAIXA || SUBSTR(DIGITS(INTEGER(s.NUM_SEQ)), 9) AS NUM_CAIXA,\n"
                     "  s.DOC_INICIAL,\n"
                     "  s.DOC_FINAL,\n"
                     "  s.DATA_VENCIMENTO,\n"

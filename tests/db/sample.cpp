@@ -1,12 +1,11 @@
 #include "db/sample.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <stdexcept>
 
 #include "db/mariadb.h"
+#include "db/temporary_folder.h"
 #include "demo/utf8.h"
 #include "demo/writer.h"
 #include "platform/odbc/connection.h"
@@ -24,26 +23,9 @@ using platform::odbc::Connection;
 
 constexpr demo::Size kSize{.documents = 600};
 
-// Folders of the test program, gone when it ends.
-class Folder {
- public:
-  Folder() {
-    std::string pattern = (fs::temp_directory_path() / "kodra-sample-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder: " + pattern);
-    path_ = pattern;
-  }
-  ~Folder() { fs::remove_all(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  fs::path operator/(const char* name) const { return path_ / name; }
-
- private:
-  fs::path path_;
-};
-
-const Folder& ProgramFolder() {
-  static const Folder folder;
+// Gone when the test program ends.
+const TemporaryFolder& ProgramFolder() {
+  static const TemporaryFolder folder;
   return folder;
 }
 

@@ -36,7 +36,7 @@ TEST(ModulosBsn, BuildTheSubordinateCodeForMySql) {
 }
 
 TEST(ModulosBsn, BuildTheSubordinateCodeForDb2) {
-  EXPECT_EQ(CodeExpression(6, L"s"), Value(L"s.NUM_CAIXA || RIGHT(DIGITS(s.NUM_SEQ), 2)"));
+  EXPECT_EQ(CodeExpression(6, L"s"), Value(L"s.NUM_CAIXA || SUBSTR(DIGITS(INTEGER(s.NUM_SEQ)), 9)"));
 }
 
 TEST(ModulosBsn, BuildTheSubordinateCodeForSqlite) {

@@ -91,6 +91,20 @@ TEST(Schema, MakesATableForMySql) {
             ") DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_bin");
 }
 
+TEST(Schema, MakesATableForEnginesOfTheStandard) {
+  EXPECT_EQ(ToUtf8(CreateTable(TableOf<Evento>().shape, Engine::kStandard)),
+            "CREATE TABLE EVENTO (\n"
+            "  COD_EVENTO INTEGER NOT NULL,\n"
+            "  DATA_INICIAL TIMESTAMP,\n"
+            "  NOME_OPERADOR VARCHAR(300),\n"
+            "  MAQUINA VARCHAR(255),\n"
+            "  COD_DOCTO VARCHAR(10),\n"
+            "  TIPO_EVENTO VARCHAR(3),\n"
+            "  ACAO VARCHAR(32000),\n"
+            "  PRIMARY KEY (COD_EVENTO)\n"
+            ")");
+}
+
 TEST(Schema, WritesDatesAsTheEnginesReadThem) {
   const Day day = std::chrono::year(2024) / 5 / 31;
   EXPECT_EQ(IsoText(day), "2024-05-31");

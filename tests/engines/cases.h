@@ -1,0 +1,32 @@
+// The parameters that change the text of a report's statements: for every report method its cases, one for each
+// combination of them.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/value.h"
+#include "reports/report_methods.h"
+
+namespace kodra::engines {
+
+// A property of the parameter object and what the client sets it to.
+struct Setting {
+  std::wstring_view property;
+  platform::Value value;
+};
+
+struct Case {
+  const reports::ReportMethod* method;
+  std::string label;  // what is set, "plain" when nothing is
+  std::vector<Setting> settings;
+};
+
+// The cases of all report methods, in the order of the methods.
+std::vector<Case> Cases();
+
+// "CDeptoRpt.RelatorioDeptos".
+std::string NameOf(const reports::ReportMethod& method);
+
+}  // namespace kodra::engines

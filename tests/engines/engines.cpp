@@ -1,0 +1,40 @@
+#include "engines/engines.h"
+
+#include <array>
+
+namespace kodra::engines {
+namespace {
+
+constexpr auto kEngines = std::to_array<Engine>({
+    {"MariaDB", Database::kMySql},
+    {"SQLite", Database::kSqlite},
+    {"H2Oracle", Database::kOracle, "jdbc:h2:mem:oracle;MODE=Oracle", "h2_oracle.sql"},
+    // As in Oracle, a null beside a text is no text; a literal is as long as it is, and does not grow to its longest
+    // alternative in a CASE.
+    {"HSQLDB", Database::kOracle,
+     "jdbc:hsqldb:mem:oracle;sql.syntax_ora=true;sql.concat_nulls=false;sql.char_literal=false", "hsqldb_oracle.sql"},
+    {"H2SQLServer", Database::kSqlServer, "jdbc:h2:mem:sqlserver;MODE=MSSQLServer", "h2_sqlserver.sql"},
+    {"Derby", Database::kDb2, "jdbc:derby:memory:db2;create=true", "derby_db2.sql", true},
+});
+
+}  // namespace
+
+std::span<const Engine> Engines() { return kEngines; }
+
+std::string_view NameOf(Database database) {
+  switch (database) {
+    case Database::kOracle:
+      return "Oracle";
+    case Database::kSqlServer:
+      return "SQL Server";
+    case Database::kMySql:
+      return "MySQL";
+    case Database::kDb2:
+      return "DB2";
+    case Database::kSqlite:
+      return "SQLite";
+  }
+  return {};
+}
+
+}  // namespace kodra::engines

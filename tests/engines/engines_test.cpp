@@ -1,0 +1,145 @@
+// Every statement that the report methods build, on every engine: it executes, or is refused for a known cause; its
+// rows are the same everywhere, or differ for a known cause.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "demo/utf8.h"
+#include "engines/comparison.h"
+#include "engines/expectations.h"
+#include "engines/page.h"
+#include "engines/run.h"
+#include "engines/vocabulary.h"
+
+namespace kodra::engines {
+namespace {
+
+using support::demo::ToUtf8;
+
+std::string Shown(const Asked& asked) {
+  return asked.statement.label + (asked.statement.otherCode ? ", code 5" : "") + "\n  " + ToUtf8(asked.statement.text);
+}
+
+struct Pair {
+  const reports::ReportMethod* method;
+  const Engine* engine;
+};
+
+void PrintTo(const Pair& pair, std::ostream* out) { *out << NameOf(*pair.method) << " on " << pair.engine->name; }
+
+std::vector<Pair> Pairs() {
+  std::vector<Pair> pairs;
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    for (const Engine& engine : Engines()) pairs.push_back({&method, &engine});
+  }
+  return pairs;
+}
+
+std::string NameOfPair(const testing::TestParamInfo<Pair>& info) {
+  std::string name = NameOf(*info.param.method);
+  std::ranges::replace(name, '.', '_');
+  return name + "_On" + std::string(info.param.engine->name);
+}
+
+class EveryReport : public testing::TestWithParam<Pair> {
+ protected:
+  static const Engine& Here() { return *GetParam().engine; }
+  // Calls visit with each of the report's statements on the engine.
+  template <class Visit>
+  static void ForEachStatement(Visit visit) {
+    for (const Asked& asked : RunOf(Here()).asked) {
+      if (asked.statement.method == NameOf(*GetParam().method)) visit(asked);
+    }
+  }
+};
+
+TEST_P(EveryReport, ExecutesOrIsRefusedForAKnownCause) {
+  ForEachStatement([](const Asked& asked) {
+    const Expectation* refusal = Find(ExpectedRefusals(), Here(), asked.statement);
+    if (refusal == nullptr) {
+      EXPECT_TRUE(asked.answer->Executed()) << Shown(asked) << "\n  " << asked.answer->error;
+    } else {
+      EXPECT_FALSE(asked.answer->Executed()) << "executes all the same: " << Shown(asked) << "\n  " << refusal->cause;
+    }
+  });
+}
+
+TEST_P(EveryReport, HasTheSameRowsOrOthersForAKnownCause) {
+  ForEachStatement([](const Asked& asked) {
+    const Answer& reference = ReferenceAnswer(asked.statement);
+    if (!asked.answer->Executed() || !reference.Executed()) return;
+    const std::optional<std::string> difference = Difference(Here(), asked);
+    const Expectation* expected = Find(ExpectedDifferences(), Here(), asked.statement);
+    if (expected == nullptr) {
+      EXPECT_FALSE(difference) << Shown(asked) << "\n  " << *difference;
+    } else if (!reference.rows.empty()) {
+      EXPECT_TRUE(difference) << "the same rows after all: " << Shown(asked) << "\n  " << expected->cause;
+    }
+  });
+}
+
+TEST_P(EveryReport, HasItsRowsInTheOrderThatTheStatementAsksFor) {
+  ForEachStatement([](const Asked& asked) {
+    if (!asked.answer->Executed()) return;
+    const std::optional<std::string> disorder = Disorder(Here(), asked);
+    EXPECT_FALSE(disorder) << Shown(asked) << "\n  " << *disorder;
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(, EveryReport, testing::ValuesIn(Pairs()), NameOfPair);
+
+class EveryEngine : public testing::TestWithParam<const Engine*> {};
+
+TEST_P(EveryEngine, IsAskedInTheWordsOfItsDatabaseOnly) {
+  for (const Asked& asked : RunOf(*GetParam()).asked)
+    EXPECT_EQ(ForeignWords(asked.statement.text, GetParam()->database), std::vector<std::string>()) << Shown(asked);
+}
+
+// Nothing is compared by having no rows on both sides: every report has rows.
+TEST_P(EveryEngine, IsAskedByEveryReportAndTheReferenceHasRowsForEach) {
+  std::set<std::string> asking;
+  for (const Asked& asked : RunOf(*GetParam()).asked) {
+    if (!ReferenceAnswer(asked.statement).rows.empty()) asking.insert(asked.statement.method);
+  }
+  std::set<std::string> all;
+  for (const reports::ReportMethod& method : reports::ReportMethods()) all.insert(NameOf(method));
+  all.erase("CLogRpt.RelatorioLog");  // it asks its sibling and writes no statement
+  EXPECT_EQ(asking, all);
+}
+
+std::vector<const Engine*> AllEngines() {
+  std::vector<const Engine*> engines;
+  for (const Engine& engine : Engines()) engines.push_back(&engine);
+  return engines;
+}
+
+INSTANTIATE_TEST_SUITE_P(, EveryEngine, testing::ValuesIn(AllEngines()),
+                         [](const auto& info) { return std::string(info.param->name); });
+
+TEST(Expectations, EachCoversAStatement) {
+  for (const auto expectations : {ExpectedRefusals(), ExpectedDifferences()}) {
+    for (const Expectation& expectation : expectations) {
+      const bool covers = std::ranges::any_of(Runs(), [&](const EngineRun& run) {
+        return std::ranges::any_of(
+            run.asked, [&](const Asked& asked) { return Covers(expectation, *run.engine, asked.statement); });
+      });
+      EXPECT_TRUE(covers) << expectation.cause;
+    }
+  }
+}
+
+TEST(Vocabulary, NamesWordsOfOtherDatabasesAndFunctionsThatItDoesNotKnow) {
+  EXPECT_EQ(ForeignWords(L"SELECT NVL(A, 'IFNULL(') || B FROM T WHERE C <= SYSDATE", Database::kSqlServer),
+            (std::vector<std::string>{"NVL(", "SYSDATE", "||"}));
+  EXPECT_EQ(ForeignWords(L"SELECT INITCAP(A) FROM T", Database::kOracle), (std::vector<std::string>{"INITCAP("}));
+  EXPECT_EQ(ForeignWords(L"SELECT ISNULL(A, '') + B FROM T WHERE (1=1)", Database::kSqlServer),
+            std::vector<std::string>());
+}
+
+TEST(Page, SaysWhatTheRunSays) {
+  EXPECT_EQ(ReadPage(), Page(ReadPage())) << "docs/dialects.md is rewritten by ./kodra dialects";
+}
+
+}  // namespace
+}  // namespace kodra::engines

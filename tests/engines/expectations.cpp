@@ -1,0 +1,100 @@
+#include "engines/expectations.h"
+
+#include <algorithm>
+
+namespace kodra::engines {
+namespace {
+
+using enum Kind;
+
+// The statistics that have a period in their conditions.
+const std::vector<std::string_view> kOverAPeriod = {"CEstatImgRpt", "CEstatIndexRpt.RelatorioEstatisticasPorDocumento",
+                                                    "CEstatSuporteRpt", "CEstatSubgrupoRpt", "CEstatSerieRpt"};
+
+const std::vector<Expectation> kRefusals = {
+    {.methods = {"CDocumentoRpt"},
+     .labels = {"quote in the department"},
+     .kind = kOddity,
+     .cause = "a code is pasted between quotes as it is, so one with a quote in it is a syntax error"},
+    {.methods = {"CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave"},
+     .labels = {"missing counts"},
+     .kind = kOddity,
+     .cause = "a count left empty leaves an empty column"},
+    {.engines = {"SQLite"},
+     .methods = {"CDocumentoRpt"},
+     .labels = {"both days", "last day only"},
+     .kind = kOddity,
+     .cause = "a date bound is not quoted, and one with a time is a syntax error"},
+    {.engines = {"SQLite"},
+     .methods = kOverAPeriod,
+     .labels = {"period with hours", "period left unset"},
+     .kind = kOddity,
+     .cause = "a date bound is not quoted, and one with a time, or that is only a time, is a syntax error"},
+    {.engines = {"SQLite"},
+     .methods = {"CSolicitacaoRpt.RelatorioDevolucaoOriginal"},
+     .kind = kOddity,
+     .cause = "a date has no text, which leaves an empty column"},
+    {.engines = {"Derby"},
+     .methods = {"CCaixaRpt.ModulosExcluidos", "CCaixaRpt.ModulosVencidos"},
+     .text = L" UNION ",
+     .kind = kOddity,
+     .cause =
+         "the code of a subordinate has no name in the second half of the UNION, and what has not one name in both "
+         "halves is no column to sort by; DB2 has the same rule"},
+    {.engines = {"HSQLDB"},
+     .methods = {"CCaixaRpt.AutorizacaoDescarteModuloSubRpt"},
+     .otherCode = true,
+     .kind = kOddity,
+     .cause = "Oracle's second code gets no table to select the blank row from; H2 needs none"},
+    {.engines = {"HSQLDB"},
+     .methods = {"CCaixaRpt.ModulosVencidos", "CCaixaRpt.AutorizacaoDescarteModuloSubRpt", "CEstatSerieRpt"},
+     .text = L"TO_NUMBER(",
+     .kind = kGap,
+     .cause = "TO_NUMBER takes texts only; Oracle's and the shim's in H2 take numbers too, which the pages are"},
+};
+
+const std::vector<Expectation> kDifferences = {
+    {.engines = {"SQLite"},
+     .methods = {"CCDRpt"},
+     .labels = {"expired"},
+     .kind = kOddity,
+     .cause = "the years are added to the quoted name of the date's column: no medium is ever expired"},
+    {.engines = {"SQLite"},
+     .methods = kOverAPeriod,
+     .labels = {"period"},
+     .kind = kOddity,
+     .cause =
+         "a date bound is not quoted: 01/01/2013 is a division, its result a day in the year -4713, and no document "
+         "lies in the period"},
+};
+
+bool Names(const std::vector<std::string_view>& methods, std::string_view method) {
+  return std::ranges::any_of(methods, [&](std::string_view name) {
+    return method == name || (method.starts_with(name) && method[name.size()] == '.');
+  });
+}
+
+bool HoldsOne(const std::vector<std::string_view>& words, std::string_view label) {
+  return words.empty() ||
+         std::ranges::any_of(words, [&](std::string_view word) { return label.find(word) != label.npos; });
+}
+
+}  // namespace
+
+std::span<const Expectation> ExpectedRefusals() { return kRefusals; }
+std::span<const Expectation> ExpectedDifferences() { return kDifferences; }
+
+bool Covers(const Expectation& expectation, const Engine& engine, const Statement& statement) {
+  const std::vector<std::string_view>& engines = expectation.engines;
+  return (engines.empty() || std::ranges::find(engines, engine.name) != engines.end()) &&
+         Names(expectation.methods, statement.method) && HoldsOne(expectation.labels, statement.label) &&
+         statement.text.find(expectation.text) != std::wstring::npos && (!expectation.otherCode || statement.otherCode);
+}
+
+const Expectation* Find(std::span<const Expectation> expectations, const Engine& engine, const Statement& statement) {
+  const auto found = std::ranges::find_if(
+      expectations, [&](const Expectation& candidate) { return Covers(candidate, engine, statement); });
+  return found == expectations.end() ? nullptr : &*found;
+}
+
+}  // namespace kodra::engines

@@ -1,0 +1,29 @@
+// The statements that the report methods build: the reports run over the sample archive in SQLite with every sibling
+// component at work, only that the connection component names another database; what they open is written down. So a
+// statement that follows from the rows of another is the one that follows from the archive's rows.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engines/cases.h"
+#include "engines/engines.h"
+
+namespace kodra::engines {
+
+struct Statement {
+  std::string method;  // "CDeptoRpt.RelatorioDeptos"
+  // The case, how the report is called where that makes a difference, and the statement's number within the case from
+  // the second on. The same on every database.
+  std::string label;
+  bool otherCode = false;  // built for Oracle's second code, and not as for its first
+  std::wstring text;
+  std::optional<std::wstring> parameter;
+};
+
+// Every statement of every report method for a database, in the order of the cases; equal texts are not left out.
+// CCaixaRpt is called with a connection string and with a client's connection.
+std::vector<Statement> StatementsFor(Database database);
+
+}  // namespace kodra::engines
