@@ -4,7 +4,7 @@
 //
 // Compile para 32 bits, porque o componente é de 32 bits:
 //   cl /EHsc /std:c++17 /utf-8 acervo.cpp ole32.lib oleaut32.lib
-//   i686-w64-mingw32-g++ -std=c++17 -municode acervo.cpp -lole32 -loleaut32
+//   i686-w64-mingw32-g++ -std=c++17 -municode -static acervo.cpp -lole32 -loleaut32 -luuid -o acervo.exe
 // Só usa IDispatch, que todo compilador conhece; com o Visual C++, #import "KodraRpt.dll" dá classes prontas.
 // Os testes executam este exemplo no Wine.
 #include <windows.h>

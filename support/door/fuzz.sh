@@ -19,7 +19,7 @@ fuzz_target() {
   "$program" -merge=1 -use_counters=0 -max_len=512 "$known" "$work" >"$log.merge" 2>&1 ||
     die "não foi possível juntar as entradas de $name (veja $log.merge)"
   rmdir --ignore-fail-on-non-empty "$found"
-  printf '  %-18s %9s entradas provadas %5s guardadas  %s\n' "$name" "$(statistic number_of_executed_units "$log")" \
+  printf '  %-24s %9s entradas provadas %5s guardadas  %s\n' "$name" "$(statistic number_of_executed_units "$log")" \
     "$(find "$known" -type f | wc -l)" "$([ "$status" = 0 ] && echo ok || echo FALHOU)"
   [ "$status" = 0 ] && return
   grep -aE -A3 'what\(\)|runtime error|^==[0-9]+==ERROR|^SUMMARY|Test unit written' "$log" | head -n 20
