@@ -4,6 +4,7 @@ namespace kodra::client {
 
 void AddCommands(Program& program) {
   AddLista(program);
+  AddDescreve(program);
   AddSql(program);
 }
 

@@ -9,6 +9,7 @@ namespace kodra::client {
 void AddCommands(Program& program);
 
 void AddLista(Program& program);
+void AddDescreve(Program& program);
 void AddSql(Program& program);
 
 }  // namespace kodra::client

@@ -31,7 +31,7 @@ TEST(ListaTest, ShowsAReportInOneLine) {
             "CCDRpt.RelatorioMidias                                As mídias, todas ou só as vencidas");
 }
 
-TEST(GuideTest, HasThePurposeOfEachReportInALineOfItsOwn) {
+TEST(ListaTest, HasThePurposeOfEachReportInALineOfItsOwn) {
   std::set<std::string_view> purposes;
   for (const guide::Report& report : guide::Reports()) {
     EXPECT_FALSE(report.purpose.empty()) << guide::NameOf(report);

@@ -1,0 +1,136 @@
+// What the console program's guide says of the reports, against what they give on both databases.
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include "client/guide/guide.h"
+#include "client/parameter_value.h"
+#include "client/report_name.h"
+#include "db/reports_on.h"
+#include "platform/erro.h"
+#include "platform/odbc/utf8.h"
+
+namespace kodra::tests {
+namespace {
+
+using client::guide::ValueType;
+using platform::Value;
+using platform::odbc::FromUtf8;
+using platform::odbc::ToUtf8;
+using reports::ReportMethod;
+
+// Values with which the reports find rows in the sample archive.
+const std::map<std::wstring_view, std::string_view> kValues = {
+    {L"DataInicial", "2010-07-01"},
+    {L"DataFinal", "2010-12-31"},
+    {L"CodGrupo", "001"},
+    {L"CodSolicit", "1"},
+    {L"Modulo1", "AA001"},
+    {L"Container1", "CT9002"},
+    {L"NumeroPC1", "5"},
+    {L"NumeroPC2", "4"},
+    {L"NumeroPC3", "3"},
+    {L"NumeroPC4", "2"},
+    {L"NumeroPC5", "1"},
+    {L"NumeroObs", "0"},
+    {L"Owner", "Arquivo Geral"},
+    {L"DescrDepto", "Todos"},
+    {L"DescrOperador", "Todos"},
+};
+
+frame::ParameterObject ParametersOf(const ReportMethod& method, std::string_view kind) {
+  const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);
+  frame::ParameterObject object(parameterClass);
+  for (const frame::Property& property : parameterClass.properties) {
+    const auto value = kValues.find(property.name);
+    if (value != kValues.end()) object.Let(property.name, client::ParameterValue(property, value->second));
+    if (property.name == L"TipoRpt") object.Let(property.name, std::wstring(kind.begin(), kind.end()));
+  }
+  return object;
+}
+
+bool IsThere(const client::guide::Column& column, std::string_view kind) {
+  if (column.kinds == "*") return kind != "F" && kind != "P";
+  return column.kinds.empty() || column.kinds.find(kind) != std::string_view::npos;
+}
+
+std::vector<client::guide::Column> ColumnsOf(const ReportMethod& method, std::string_view kind) {
+  std::vector<client::guide::Column> columns;
+  for (const client::guide::Column& column : client::guide::About(method).columns)
+    if (IsThere(column, kind)) columns.push_back(column);
+  return columns;
+}
+
+bool IsOfType(const Value& value, ValueType type) {
+  switch (type) {
+    case ValueType::kText:
+      return value.Is<std::wstring>();
+    case ValueType::kNumber:
+      return value.Is<double>();
+    case ValueType::kDate:
+      return value.Is<platform::Date>();
+    case ValueType::kFlag:
+      return value.Is<bool>();
+  }
+  return false;
+}
+
+// Columns that the sample archive leaves without a value: the parts of an action beyond its length, and the remarks of
+// the inventory entries.
+bool MayBeEmpty(const client::guide::Column& column) { return column.name.starts_with("ACAO") || column.name == "OBS"; }
+
+bool HasKinds(const ReportMethod& method) {
+  const auto columns = client::guide::About(method).columns;
+  return std::ranges::any_of(columns, [](const client::guide::Column& column) { return !column.kinds.empty(); });
+}
+
+class GuideRows : public OnBoth {
+ protected:
+  // The rows of a report; nothing where this database refuses its statement.
+  std::optional<Table> RowsOf(const ReportMethod& method, std::string_view kind) {
+    frame::ParameterObject parameters = ParametersOf(method, kind);
+    try {
+      return Read(*method.call(Machine(), ConnectionString(), &parameters));
+    } catch (const platform::Erro& error) {
+      EXPECT_TRUE(GetParam() == Engine::kSqlite && method.method == L"RelatorioDevolucaoOriginal")
+          << ToUtf8(error.Description());
+      return std::nullopt;
+    }
+  }
+
+  void CheckReport(const ReportMethod& method, std::string_view kind) {
+    SCOPED_TRACE(client::NameOf(method) + " " + std::string(kind));
+    const std::optional<Table> table = RowsOf(method, kind);
+    if (!table) return;
+    const std::vector<client::guide::Column> columns = ColumnsOf(method, kind);
+    std::vector<std::wstring> names;
+    for (const client::guide::Column& column : columns) names.push_back(FromUtf8(column.name));
+    ASSERT_EQ(table->columns, names);
+    EXPECT_TRUE(!table->rows.empty() || GetParam() == Engine::kSqlite);
+    for (std::size_t at = 0; at < columns.size(); ++at) CheckValues(*table, at, columns[at]);
+  }
+
+  void CheckValues(const Table& table, std::size_t at, const client::guide::Column& column) {
+    bool isSeen = false;
+    for (const Table::Row& row : table.rows) {
+      if (row[at].Is<platform::Null>() || row[at].Is<platform::Empty>()) continue;
+      isSeen = true;
+      ASSERT_TRUE(IsOfType(row[at], column.type))
+          << column.name << " holds a value of alternative " << row[at].Held().index();
+    }
+    EXPECT_TRUE(isSeen || GetParam() == Engine::kSqlite || MayBeEmpty(column)) << "only nulls in " << column.name;
+  }
+};
+KODRA_ON_BOTH_DATABASES(GuideRows);
+
+TEST_P(GuideRows, HaveTheColumnsOfTheGuideInOrderAndOfItsTypes) {
+  for (const ReportMethod& method : reports::ReportMethods()) {
+    CheckReport(method, "N");
+    if (!HasKinds(method)) continue;
+    CheckReport(method, "F");
+    CheckReport(method, "P");
+  }
+}
+
+}  // namespace
+}  // namespace kodra::tests
