@@ -35,9 +35,10 @@ test_format() {
   fi
 }
 
-# Every test that the list of behaviours names must exist.
+# The reference pages are those of the sources, and every test that the list of behaviours names exists.
 test_docs() {
   step "documentação"
+  test_reference
   # shellcheck disable=SC2016  # the backquotes are Markdown's
   local name known missing=() cited='`[A-Z][A-Za-z0-9]+\.[A-Z][A-Za-z0-9]+`'
   known=$(git ls-files 'tests/*.cpp' | xargs sed -nE 's/^TEST(_F|_P)?\((\w+), *(\w+)\).*/\2.\3/p')
