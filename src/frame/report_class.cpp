@@ -2,6 +2,7 @@
 
 #include "data/abre_firehose_rs.h"
 #include "platform/erro.h"
+#include "platform/password.h"
 #include "sql/tradutor_sql.h"
 #include "text/convert.h"
 
@@ -38,9 +39,14 @@ std::wstring ReportClass::SourceOf(std::wstring_view member) const {
   return std::wstring(platform::kApplicationTitle).append(L".").append(className_).append(L"::").append(member);
 }
 
+platform::Erro ReportClass::CaughtErro() const {
+  const platform::Erro caught = platform::CurrentErro();
+  return {caught.Number(), platform::HidePassword(caught.Source(), stringConexao_),
+          platform::HidePassword(caught.Description(), stringConexao_)};
+}
+
 void ReportClass::RaiseFramed(std::wstring_view method) const {
-  throw platform::Erro(kReportError, SourceOf(method),
-                       std::wstring(kReportErrorPrefix) + platform::CurrentErro().Description());
+  throw platform::Erro(kReportError, SourceOf(method), std::wstring(kReportErrorPrefix) + CaughtErro().Description());
 }
 
 }  // namespace kodra::frame

@@ -74,6 +74,10 @@ class ReportClass {
     }
   }
 
+  // The exception being handled as it may leave a report method: without the password of the connection string.
+  // REQUIRES: called inside a catch clause.
+  platform::Erro CaughtErro() const;
+
   // "KodraRpt.<Class>::<member>".
   std::wstring SourceOf(std::wstring_view member) const;
 

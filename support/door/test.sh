@@ -93,6 +93,19 @@ wine_tests() {
   as_root ../../support/wine/box run wine ../../build/win32/tests/kodra_test_wine.exe
 }
 
+# The one password of all tests is in nothing that they print.
+check_secrecy() {
+  step "segredo"
+  local secret
+  secret=$(sed -nE 's/.* kSecret = L"(.+)";$/\1/p' tests/secret.h)
+  if [ -n "$secret" ] && ! grep -rliF -- "$secret" "$logs"; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    echo "  os arquivos acima mostram a senha dos testes"
+  fi
+}
+
 run_tests() {
   local groups=("$@") group
   [ ${#groups[@]} -gt 0 ] || groups=("${test_groups[@]}")
@@ -102,6 +115,7 @@ run_tests() {
     declare -F "test_$group" >/dev/null || die "não há grupo de testes \"$group\""
     "test_$group"
   done
+  check_secrecy
   echo "$passed passed, $failed failed"
   [ "$failed" = 0 ] && [ "$passed" != 0 ]
 }

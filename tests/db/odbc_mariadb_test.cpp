@@ -6,10 +6,12 @@
 #include "platform/odbc/recordset.h"
 #include "platform/print_value.h"
 #include "platform/raised.h"
+#include "secret.h"
 
 namespace kodra::platform::odbc {
 namespace {
 
+using tests::kSecret;
 using tests::MariaDb;
 using tests::Raised;
 using tests::RaisedBy;
@@ -176,11 +178,11 @@ TEST_F(OdbcMariaDb, AMissingTableAndABadStatementHaveTheirNumbersAndNativeCodes)
 
 TEST_F(OdbcMariaDb, AWrongPasswordIsRefusedAndNotTold) {
   Connection refused;
-  const Raised raised =
-      RaisedBy([&] { refused.Open(MariaDb().ConnectionString(L"odbc", L"senha errada"), L"", L"", ad::kUnspecified); });
+  const Raised raised = RaisedBy(
+      [&] { refused.Open(MariaDb().ConnectionString(L"odbc", kSecret + L" errada"), L"", L"", ad::kUnspecified); });
   EXPECT_EQ(raised.number, static_cast<std::int32_t>(0x80040E4DU));
   EXPECT_EQ(raised.source, kProvider);
-  EXPECT_EQ(raised.description.find(L"senha errada"), std::wstring::npos);
+  EXPECT_EQ(raised.description.find(kSecret), std::wstring::npos);
   EXPECT_EQ(refused.NativeError(0), 1045);
   EXPECT_EQ(refused.State(), ad::kStateClosed);
 }
@@ -189,7 +191,7 @@ TEST_F(OdbcMariaDb, UserAndPasswordMayBeGivenAtOpen) {
   Connection other;
   const std::wstring right = MariaDb().ConnectionString(L"odbc");
   const std::size_t password = right.find(L"Pwd=") + 4;
-  other.SetConnectionString(MariaDb().ConnectionString(L"odbc", L"senha errada"));
+  other.SetConnectionString(MariaDb().ConnectionString(L"odbc", kSecret + L" errada"));
   other.Open(L"arquivo", right.substr(password, right.find(L';', password) - password), ad::kUnspecified);
   EXPECT_EQ(other.State(), ad::kStateOpen);
   EXPECT_EQ(other.DefaultDatabase(), L"odbc");

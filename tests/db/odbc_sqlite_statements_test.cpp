@@ -3,10 +3,12 @@
 
 #include "db/odbc_sqlite.h"
 #include "platform/odbc/command.h"
+#include "secret.h"
 
 namespace kodra::platform::odbc {
 namespace {
 
+using tests::kSecret;
 using tests::ObjectOpen;
 using tests::Raised;
 using tests::RaisedBy;
@@ -58,7 +60,7 @@ TEST_F(OdbcSqlite, AnErrorOfTheDataIsAPlainFailure) {
 
 TEST_F(OdbcSqlite, AFolderThatDoesNotExistFailsToOpenAndTellsNoPassword) {
   Connection cn;
-  cn.SetConnectionString(L"Driver={SQLite3};Database=/nao/existe/a.db;PWD=segredo");
+  cn.SetConnectionString(L"Driver={SQLite3};Database=/nao/existe/a.db;PWD=" + kSecret);
   EXPECT_EQ(RaisedBy([&] { cn.Open(L"", L"", ad::kUnspecified); }), Provider(0x80004005U, L"[SQLite]connect failed"));
   EXPECT_EQ(cn.State(), ad::kStateClosed);
   EXPECT_EQ(cn.NativeError(0), 14);

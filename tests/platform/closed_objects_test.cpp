@@ -6,6 +6,7 @@
 #include "platform/odbc/recordset.h"
 #include "platform/print_value.h"
 #include "platform/raised.h"
+#include "secret.h"
 
 namespace kodra::platform::odbc {
 namespace {
@@ -81,7 +82,7 @@ TEST(ClosedConnection, AMalformedStringFailsToOpen) {
 
 TEST(ClosedConnection, AnUnknownDataSourceRaisesTheDriverManagersMessage) {
   Connection cn;
-  cn.SetConnectionString(L"DSN=NaoExiste;PWD=segredo");
+  cn.SetConnectionString(L"DSN=NaoExiste;PWD=" + tests::kSecret);
   EXPECT_EQ(RaisedBy([&] { cn.Open(L"", L"", ad::kUnspecified); }),
             (Raised{static_cast<std::int32_t>(0x80004005U), L"Microsoft OLE DB Provider for ODBC Drivers",
                     L"[unixODBC][Driver Manager]Data source name not found and no default driver specified"}));

@@ -37,29 +37,5 @@ TEST(Hresult, AnythingElseIsAPlainFailure) {
   EXPECT_EQ(Hresult(L"", Stage::kConnect), 0x80004005U);
 }
 
-TEST(HidePassword, ThePwdValueIsReplacedUpToTheSemicolon) {
-  EXPECT_EQ(HidePassword(L"Driver={X};UID=ana;PWD=segredo;Port=1"), L"Driver={X};UID=ana;PWD=***;Port=1");
-}
-
-TEST(HidePassword, ThePasswordKeyCountsInAnyLetterCaseAndWithBlanks) {
-  EXPECT_EQ(HidePassword(L"passWord = segredo"), L"passWord = ***");
-}
-
-TEST(HidePassword, AQuotedOrBracedValueIsHiddenToItsEnd) {
-  EXPECT_EQ(HidePassword(L"Pwd={a;b}}c};UID=x"), L"Pwd=***;UID=x");
-  EXPECT_EQ(HidePassword(L"Pwd=\"a;\"\"b\";UID=x"), L"Pwd=***;UID=x");
-  EXPECT_EQ(HidePassword(L"Pwd='a;b';UID=x"), L"Pwd=***;UID=x");
-}
-
-TEST(HidePassword, AnUnclosedValueIsHiddenToTheEndOfTheText) {
-  EXPECT_EQ(HidePassword(L"cannot parse Pwd={a;b"), L"cannot parse Pwd=***");
-}
-
-TEST(HidePassword, EveryOccurrenceIsHidden) { EXPECT_EQ(HidePassword(L"PWD=a;PASSWORD=b;"), L"PWD=***;PASSWORD=***;"); }
-
-TEST(HidePassword, ATextThatOnlySpeaksOfAPasswordStays) {
-  EXPECT_EQ(HidePassword(L"Access denied (using password: YES)"), L"Access denied (using password: YES)");
-}
-
 }  // namespace
 }  // namespace kodra::platform::odbc

@@ -1,9 +1,5 @@
 #include "platform/odbc/errors.h"
 
-#include <cwctype>
-
-#include "platform/odbc/names.h"
-
 namespace kodra::platform::odbc {
 namespace {
 
@@ -69,25 +65,6 @@ Fault Describe(ProviderFault fault) {
   return {kProviderSource, L""};
 }
 
-// The end of a connection string value that starts at `start`: past its closing quote or brace, or at the next ";".
-std::size_t EndOfValue(std::wstring_view text, std::size_t start) {
-  const wchar_t opening = start < text.size() ? text[start] : L'\0';
-  const wchar_t closing = opening == L'{' ? L'}' : opening;
-  if (opening != L'{' && opening != L'"' && opening != L'\'') {
-    const std::size_t end = text.find(L';', start);
-    return end == std::wstring_view::npos ? text.size() : end;
-  }
-  for (std::size_t i = start + 1; i < text.size(); ++i) {
-    if (text[i] != closing) continue;
-    if (i + 1 < text.size() && text[i + 1] == closing) {
-      ++i;
-      continue;
-    }
-    return i + 1;
-  }
-  return text.size();
-}
-
 }  // namespace
 
 void Raise(ControlError error, std::wstring_view source) {
@@ -108,29 +85,6 @@ std::int32_t HresultOfSqlState(std::wstring_view sqlState, Stage stage) {
     return static_cast<std::int32_t>(0x80040E14U);  // errors in the command
   if (starts(L"HY000") && stage == Stage::kPrepare) return static_cast<std::int32_t>(0x80040E14U);
   return static_cast<std::int32_t>(0x80004005U);
-}
-
-std::wstring HidePassword(std::wstring_view text) {
-  const std::wstring folded = FoldName(text);
-  std::wstring out;
-  std::size_t i = 0;
-  while (i < text.size()) {
-    std::size_t keyLength = 0;
-    for (std::wstring_view key : {std::wstring_view(L"PWD"), std::wstring_view(L"PASSWORD")}) {
-      if (std::wstring_view(folded).substr(i, key.size()) == key) keyLength = key.size();
-    }
-    std::size_t value = i + keyLength;
-    while (keyLength > 0 && value < text.size() && std::iswspace(static_cast<std::wint_t>(text[value]))) ++value;
-    if (keyLength == 0 || value == text.size() || text[value] != L'=') {
-      out.push_back(text[i++]);
-      continue;
-    }
-    ++value;
-    while (value < text.size() && std::iswspace(static_cast<std::wint_t>(text[value]))) ++value;
-    out.append(text.substr(i, value - i)).append(L"***");
-    i = EndOfValue(text, value);
-  }
-  return out;
 }
 
 }  // namespace kodra::platform::odbc

@@ -57,8 +57,4 @@ enum class Stage { kConnect, kPrepare, kExecute, kFetch };
 // The HRESULT that stands for an SQLSTATE, as the provider maps it.
 std::int32_t HresultOfSqlState(std::wstring_view sqlState, Stage stage);
 
-// The text with the value of every "pwd=" and "password=" replaced by three asterisks, whatever encloses it. Everything
-// that a driver or the driver manager says passes here before anyone sees it.
-std::wstring HidePassword(std::wstring_view text);
-
 }  // namespace kodra::platform::odbc

@@ -8,6 +8,7 @@
 #include "platform/odbc/recordset.h"
 #include "platform/odbc/utf16.h"
 #include "platform/odbc/utf8_locale.h"
+#include "platform/password.h"
 
 namespace kodra::platform::odbc {
 namespace {

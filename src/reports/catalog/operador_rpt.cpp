@@ -43,7 +43,7 @@ frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* 
     return operators.empty() ? nullptr : Fill(operators, step);
   } catch (...) {
     throw platform::Erro(frame::kReportError, SourceOf(L"RelatorioOperadores"),
-                         L"Erro " + step + L": " + platform::CurrentErro().Description());
+                         L"Erro " + step + L": " + CaughtErro().Description());
   }
 }
 

@@ -96,9 +96,13 @@ frame::ReportRows CCaixaRpt::DocsNoModulo(platform::AutomationObject* obj) {
 }
 
 frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(platform::AutomationObject* obj) {
-  if (obj == nullptr) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
-  return OpenResult(L"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = '" +
-                    MainModule(frame::ReadText(*obj, L"Modulo1")) + L"' ORDER BY COD_DOCTO");
+  try {
+    if (obj == nullptr) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
+    return OpenResult(L"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = '" +
+                      MainModule(frame::ReadText(*obj, L"Modulo1")) + L"' ORDER BY COD_DOCTO");
+  } catch (...) {
+    throw CaughtErro();
+  }
 }
 
 frame::ReportRows CCaixaRpt::AutorizacaoDescarteModuloSubRpt(platform::AutomationObject* obj) {

@@ -2,6 +2,7 @@
 #include "reports/modules/caixa_rpt.h"
 
 #include "frame/cerro.h"
+#include "platform/password.h"
 #include "text/convert.h"
 
 namespace kodra::reports {
@@ -19,7 +20,8 @@ void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
   LearnTipoBanco();
 }
 
-void CCaixaRpt::DebugLog(const std::wstring& line) {
+void CCaixaRpt::DebugLog(const std::wstring& text) {
+  const std::wstring line = platform::HidePassword(text, StringConexao());
   if (!log_) log_ = Around().CreateObject(L"VantLog.FnLog");
   // On every line: the client may have changed the file between two calls.
   log_->Let(L"LogFile", logFile_);
@@ -31,7 +33,7 @@ void CCaixaRpt::DebugLog(const std::wstring& line) {
 
 void CCaixaRpt::RaiseLogged(std::wstring_view method) {
   frame::CErro erro;
-  erro.SetErro(platform::CurrentErro());
+  erro.SetErro(CaughtErro());
   const std::wstring source = SourceOf(method);
   if (erro.Source() == platform::kApplicationTitle) erro.SetSource(source);
   try {

@@ -57,8 +57,8 @@ class CCaixaRpt : public frame::ReportClass {
  private:
   // This class's checks: a connection or a connection string, then the parameter object; then the database code.
   void InicializaPS(const platform::AutomationObject* obj);
-  // Writes a line to the log and announces it.
-  void DebugLog(const std::wstring& line);
+  // Writes a line to the log and announces it, without the password of the connection string.
+  void DebugLog(const std::wstring& text);
   // Runs a report method. Whatever fails is logged, and reaches the client as kReportError with the cause's source (the
   // method's own for an error of the runtime).
   template <class Body>

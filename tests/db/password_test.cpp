@@ -1,0 +1,53 @@
+// The password in nothing that a report says of a connection that its driver refuses.
+#include <gtest/gtest.h>
+
+#include "db/mariadb.h"
+#include "frame/parameter_object.h"
+#include "platform/odbc/surroundings.h"
+#include "platform/raised.h"
+#include "reports/report_methods.h"
+#include "secret.h"
+#include "siblings/sibling_classes.h"
+
+namespace kodra::tests {
+namespace {
+
+// What each report method raises on a connection string.
+std::vector<Raised> RaisedByAll(const std::wstring& connectionString) {
+  platform::odbc::Surroundings machine;
+  support::RegisterSiblings(machine);
+  std::vector<Raised> raised;
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    frame::ParameterObject parameters(frame::ParameterClassNamed(method.parameterClass));
+    if (method.className == L"CCaixaRpt") parameters.Let(L"Modulo1", L"AA001");
+    raised.push_back(RaisedBy([&] { method.call(machine, connectionString, &parameters); }));
+  }
+  return raised;
+}
+
+void ExpectRefusedInSecret(const std::wstring& connectionString) {
+  for (const Raised& raised : RaisedByAll(connectionString)) {
+    EXPECT_NE(raised.number, 0);
+    EXPECT_EQ(raised.source.find(kSecret), std::wstring::npos);
+    EXPECT_EQ(raised.description.find(kSecret), std::wstring::npos);
+  }
+}
+
+TEST(RefusedPassword, IsToldByNoReportOnMariaDb) {
+  ExpectRefusedInSecret(MariaDb().ConnectionString(L"arquivo", kSecret + L"Errada"));
+  ExpectRefusedInSecret(MariaDb().ConnectionString(L"arquivo", L"{antes;" + kSecret + L"}"));
+}
+
+TEST(RefusedPassword, IsToldByNoReportOnSqlite) {
+  ExpectRefusedInSecret(L"Driver={SQLite3};Database=/nao/existe/a.db;Password=\"antes;" + kSecret + L"\"");
+}
+
+TEST(RefusedPassword, IsToldByNoReportOfAStringThatNoDriverTakes) {
+  ExpectRefusedInSecret(L"DSN=NaoExiste;pwd = " + kSecret);
+  ExpectRefusedInSecret(L"Driver={Nao Existe};Extended Properties=\"PWD=\"\"antes;" + kSecret + L"\"\"\"");
+  ExpectRefusedInSecret(L"PWD=" + kSecret);
+  ExpectRefusedInSecret(L"PWD={" + kSecret);
+}
+
+}  // namespace
+}  // namespace kodra::tests
