@@ -61,6 +61,7 @@ TEST_P(EveryReport, ExecutesOrIsRefusedForAKnownCause) {
       EXPECT_TRUE(asked.answer->Executed()) << Shown(asked) << "\n  " << asked.answer->error;
     } else {
       EXPECT_FALSE(asked.answer->Executed()) << "executes all the same: " << Shown(asked) << "\n  " << refusal->cause;
+      EXPECT_TRUE(IsOf(*refusal, asked.answer->error)) << Shown(asked) << "\n  " << asked.answer->error;
     }
   });
 }

@@ -11,32 +11,41 @@ using enum Kind;
 const std::vector<std::string_view> kOverAPeriod = {"CEstatImgRpt", "CEstatIndexRpt.RelatorioEstatisticasPorDocumento",
                                                     "CEstatSuporteRpt", "CEstatSubgrupoRpt", "CEstatSerieRpt"};
 
+// What the engines call a statement that cannot be read.
+const std::vector<std::string_view> kSyntax = {"syntax", "Syntax", "unexpected token"};
+
 const std::vector<Expectation> kRefusals = {
     {.methods = {"CDocumentoRpt"},
      .labels = {"quote in the department"},
+     .errors = kSyntax,
      .kind = kOddity,
      .cause = "a code is pasted between quotes as it is, so one with a quote in it is a syntax error"},
     {.methods = {"CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave"},
      .labels = {"missing counts"},
+     .errors = kSyntax,
      .kind = kOddity,
      .cause = "a count left empty leaves an empty column"},
     {.engines = {"SQLite"},
      .methods = {"CDocumentoRpt"},
      .labels = {"both days", "last day only"},
+     .errors = kSyntax,
      .kind = kOddity,
      .cause = "a date bound is not quoted, and one with a time is a syntax error"},
     {.engines = {"SQLite"},
      .methods = kOverAPeriod,
      .labels = {"period with hours", "period left unset"},
+     .errors = kSyntax,
      .kind = kOddity,
      .cause = "a date bound is not quoted, and one with a time, or that is only a time, is a syntax error"},
     {.engines = {"SQLite"},
      .methods = {"CSolicitacaoRpt.RelatorioDevolucaoOriginal"},
+     .errors = kSyntax,
      .kind = kOddity,
      .cause = "a date has no text, which leaves an empty column"},
     {.engines = {"Derby"},
      .methods = {"CCaixaRpt.ModulosExcluidos", "CCaixaRpt.ModulosVencidos"},
      .text = L" UNION ",
+     .errors = {"'NUM_CAIXA' is not in the result"},
      .kind = kOddity,
      .cause =
          "the code of a subordinate has no name in the second half of the UNION, and what has not one name in both "
@@ -44,11 +53,13 @@ const std::vector<Expectation> kRefusals = {
     {.engines = {"HSQLDB"},
      .methods = {"CCaixaRpt.AutorizacaoDescarteModuloSubRpt"},
      .otherCode = true,
+     .errors = {"unexpected end of statement"},
      .kind = kOddity,
      .cause = "Oracle's second code gets no table to select the blank row from; H2 needs none"},
     {.engines = {"HSQLDB"},
      .methods = {"CCaixaRpt.ModulosVencidos", "CCaixaRpt.AutorizacaoDescarteModuloSubRpt", "CEstatSerieRpt"},
      .text = L"TO_NUMBER(",
+     .errors = {"incompatible data type in operation"},
      .kind = kGap,
      .cause = "TO_NUMBER takes texts only; Oracle's and the shim's in H2 take numbers too, which the pages are"},
 };
@@ -74,9 +85,9 @@ bool Names(const std::vector<std::string_view>& methods, std::string_view method
   });
 }
 
-bool HoldsOne(const std::vector<std::string_view>& words, std::string_view label) {
+bool HoldsOne(std::string_view text, const std::vector<std::string_view>& words) {
   return words.empty() ||
-         std::ranges::any_of(words, [&](std::string_view word) { return label.find(word) != label.npos; });
+         std::ranges::any_of(words, [&](std::string_view word) { return text.find(word) != text.npos; });
 }
 
 }  // namespace
@@ -84,10 +95,12 @@ bool HoldsOne(const std::vector<std::string_view>& words, std::string_view label
 std::span<const Expectation> ExpectedRefusals() { return kRefusals; }
 std::span<const Expectation> ExpectedDifferences() { return kDifferences; }
 
+bool IsOf(const Expectation& refusal, std::string_view error) { return HoldsOne(error, refusal.errors); }
+
 bool Covers(const Expectation& expectation, const Engine& engine, const Statement& statement) {
   const std::vector<std::string_view>& engines = expectation.engines;
   return (engines.empty() || std::ranges::find(engines, engine.name) != engines.end()) &&
-         Names(expectation.methods, statement.method) && HoldsOne(expectation.labels, statement.label) &&
+         Names(expectation.methods, statement.method) && HoldsOne(statement.label, expectation.labels) &&
          statement.text.find(expectation.text) != std::wstring::npos && (!expectation.otherCode || statement.otherCode);
 }
 

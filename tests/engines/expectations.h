@@ -23,6 +23,8 @@ struct Expectation {
   std::vector<std::string_view> labels = {};
   std::wstring_view text = {};
   bool otherCode = false;
+  // Of a refusal, what the engine says: a statement refused for something else is a failure. One of these words.
+  std::vector<std::string_view> errors = {};
   Kind kind;
   std::string_view cause;  // for the page: Markdown, one line
 };
@@ -30,6 +32,8 @@ struct Expectation {
 std::span<const Expectation> ExpectedRefusals();
 std::span<const Expectation> ExpectedDifferences();
 
+// Whether an engine's error is of the kind that a refusal expects.
+bool IsOf(const Expectation& refusal, std::string_view error);
 bool Covers(const Expectation& expectation, const Engine& engine, const Statement& statement);
 // The first that covers the statement, or null.
 const Expectation* Find(std::span<const Expectation> expectations, const Engine& engine, const Statement& statement);

@@ -91,8 +91,9 @@ std::vector<std::vector<Answer>> AnswersInJava(std::span<const Questions> questi
   const std::string classes = folder / "classes";
   Run({"javac", "-d", classes, kSources / "java/Runner.java", kSources / "java/Shims.java"}, folder / "javac.log");
   WriteArchive(folder / "archive");
-  // The reports write dates without a time zone, and the archive's day begins when UTC's does.
-  std::vector<std::string> command = {"java", "-Duser.timezone=UTC",
+  // The reports write dates without a time zone, and the archive's day begins when UTC's does. The engines' messages
+  // are compared.
+  std::vector<std::string> command = {"java", "-Duser.timezone=UTC", "-Duser.language=en",
                                       "-Dderby.stream.error.file=" + (folder / "derby.log").string()};
   // A short run: compiling well and collecting in parallel costs more than it gives.
   for (const char* option : {"-XX:TieredStopAtLevel=1", "-XX:+UseSerialGC"}) command.emplace_back(option);
