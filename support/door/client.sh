@@ -1,0 +1,33 @@
+# The console program as a Windows program.
+
+test_groups+=(client)
+
+# Runs kodrarpt in both worlds with the same arguments; both must write the same bytes and end alike.
+same() {
+  local native=$PWD/build/client/native windows=$PWD/build/client/windows
+  build/native/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
+  box run wine build/win32/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
+  sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a word of the Wine server itself when it starts
+  if [ -s "$native" ] && cmp -s "$native" "$windows"; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    echo "  kodrarpt $* escreve outra coisa no Windows:"
+    diff "$native" "$windows" | head -n 10 || true
+  fi
+}
+
+test_client() {
+  build_preset native kodrarpt
+  build_preset win32 kodrarpt
+  step "kodrarpt no Wine, byte por byte como no Linux"
+  mkdir -p build/client
+  same --help
+  same lista
+  same descreve CDocumentoRpt.RelatorioAnalítico
+  same sql CModeloRpt --banco todos --bonito --CodModelo "ofício nº 7 – «café» €"
+  same sql CEstatSerieRpt --banco mysql --DataInicial 01/03/2024 --DataFinal 31/03/2024
+  same sql CModeloRpt --banco oracle --CodModelo 'um "dois" tr\ês'
+  same sql CDeptoRpt --banco açúcar
+  same lísta
+}
