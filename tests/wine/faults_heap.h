@@ -5,29 +5,21 @@
 #pragma once
 
 #include <cstdlib>
-#include <cstring>
 #include <set>
-#include <vector>
 
-#include "automation.h"
-#include "environment.h"
+#include "import_table.h"
 
 namespace kodra::face {
 
 class DllHeap {
  public:
-  DllHeap() : module_(LoadLibraryW(DllPath().c_str())) {
+  explicit DllHeap(const std::wstring& path = DllPath()) : imports_(path) {
     Instance() = this;
-    malloc_ = Redirect("malloc", &Malloc);
-    calloc_ = Redirect("calloc", &Calloc);
-    realloc_ = Redirect("realloc", &Realloc);
-    free_ = Redirect("free", &Free);
-    text_ = Redirect("SysAllocStringLen", &Text);
-  }
-  ~DllHeap() {
-    for (const auto& [entry, original] : redirected_) Exchange(entry, original);
-    FreeLibrary(module_);
-    Instance() = nullptr;
+    malloc_ = imports_.Redirect("malloc", &Malloc);
+    calloc_ = imports_.Redirect("calloc", &Calloc);
+    realloc_ = imports_.Redirect("realloc", &Realloc);
+    free_ = imports_.Redirect("free", &Free);
+    text_ = imports_.Redirect("SysAllocStringLen", &Text);
   }
   DllHeap(const DllHeap&) = delete;
   DllHeap& operator=(const DllHeap&) = delete;
@@ -99,46 +91,7 @@ class DllHeap {
     return Instance()->Refuses(length * sizeof(OLECHAR)) ? nullptr : Instance()->text_(text, length);
   }
 
-  static void Exchange(void** entry, void* function) {
-    DWORD before = 0;
-    VirtualProtect(entry, sizeof(void*), PAGE_READWRITE, &before);
-    *entry = function;
-    VirtualProtect(entry, sizeof(void*), before, &before);
-  }
-
-  // Lets an imported function lead to `function`; gives the imported one.
-  template <class Function>
-  Function Redirect(const char* name, Function function) {
-    void** const entry = ImportOf(name);
-    EXPECT_NE(nullptr, entry) << name;
-    if (entry == nullptr) return nullptr;
-    redirected_.emplace_back(entry, *entry);
-    const auto original = reinterpret_cast<Function>(*entry);
-    Exchange(entry, reinterpret_cast<void*>(function));
-    return original;
-  }
-
-  // Where the import table holds a function's address.
-  void** ImportOf(const char* name) const {
-    auto* const base = reinterpret_cast<unsigned char*>(module_);
-    const auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
-    const auto* const headers = reinterpret_cast<IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* from = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress); from->Name != 0;
-         ++from) {
-      auto* names = reinterpret_cast<IMAGE_THUNK_DATA*>(base + from->OriginalFirstThunk);
-      auto* entries = reinterpret_cast<void**>(base + from->FirstThunk);
-      for (; names->u1.AddressOfData != 0; ++names, ++entries) {
-        if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
-        const auto* const import = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData);
-        if (std::strcmp(reinterpret_cast<const char*>(import->Name), name) == 0) return entries;
-      }
-    }
-    return nullptr;
-  }
-
-  HMODULE module_;
-  std::vector<std::pair<void**, void*>> redirected_;
+  ImportTable imports_;
   MallocFunction malloc_ = nullptr;
   CallocFunction calloc_ = nullptr;
   ReallocFunction realloc_ = nullptr;

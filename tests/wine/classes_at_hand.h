@@ -1,0 +1,58 @@
+// Spares the component the way to its classes through the registry, which costs more than a report does.
+#pragma once
+
+#include <cstring>
+#include <map>
+
+#include "import_table.h"
+
+namespace kodra::face {
+
+// While it exists, a class that KodraRpt.dll asks for is looked up once a thread, and its factory kept.
+class ClassesAtHand {
+ public:
+  ClassesAtHand() {
+    imports_.Redirect("CLSIDFromProgID", &IdOfName);
+    imports_.Redirect("CoCreateInstance", &New);
+  }
+  ~ClassesAtHand() { Forget(); }
+  ClassesAtHand(const ClassesAtHand&) = delete;
+  ClassesAtHand& operator=(const ClassesAtHand&) = delete;
+
+  // Lets go of what this thread holds. REQUIRES: called on every thread before it leaves its apartment.
+  static void Forget() { Kept() = {}; }
+
+ private:
+  struct Less {
+    bool operator()(REFCLSID one, REFCLSID other) const { return std::memcmp(&one, &other, sizeof one) < 0; }
+  };
+  struct Classes {
+    std::map<std::wstring, CLSID> ids;
+    std::map<CLSID, Ref<IClassFactory>, Less> factories;
+  };
+
+  static Classes& Kept() {
+    thread_local Classes kept;
+    return kept;
+  }
+  static HRESULT WINAPI IdOfName(LPCOLESTR name, CLSID* id) {
+    const auto known = Kept().ids.find(name);
+    if (known != Kept().ids.end()) {
+      *id = known->second;
+      return S_OK;
+    }
+    const HRESULT hr = ::CLSIDFromProgID(name, id);
+    if (SUCCEEDED(hr)) Kept().ids.emplace(name, *id);
+    return hr;
+  }
+  static HRESULT WINAPI New(REFCLSID id, IUnknown* outer, DWORD context, REFIID iid, void** object) {
+    *object = nullptr;
+    Ref<IClassFactory>& factory = Kept().factories[id];
+    const HRESULT hr = factory ? S_OK : CoGetClassObject(id, context, nullptr, IID_IClassFactory, factory.put_void());
+    return FAILED(hr) ? hr : factory->CreateInstance(outer, iid, object);
+  }
+
+  ImportTable imports_;
+};
+
+}  // namespace kodra::face
