@@ -22,6 +22,7 @@ platform::ClientConnection ClientConnectionOf(IDispatch* object) {
 
 CCaixaRptFace::CCaixaRptFace() : events_(static_cast<ICCaixaRpt&>(*this), __uuidof(DCCaixaRptEvents)) {
   constexpr DISPID kDebugLog = 1;
+  Offer(IID_IConnectionPointContainer, events_);
   Report().OnDebugLog([this](const std::wstring& line) { events_.Fire(kDebugLog, line); });
 }
 
@@ -41,11 +42,6 @@ STDMETHODIMP CCaixaRptFace::get_LogFile(BSTR* value) noexcept {
 
 STDMETHODIMP CCaixaRptFace::put_LogFile(BSTR value) noexcept {
   return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetLogFile(platform::windows::ToWide(value)); });
-}
-
-void* CCaixaRptFace::Find(REFIID iid) noexcept {
-  if (iid == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(&events_);
-  return ReportFace::Find(iid);
 }
 
 }  // namespace kodra::com

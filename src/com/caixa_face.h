@@ -52,9 +52,6 @@ class CCaixaRptFace final : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::
     return Rows(&reports::CCaixaRpt::AutorizacaoDescarteModuloSubRpt, obj, recordset);
   }
 
- protected:
-  void* Find(REFIID iid) noexcept override;
-
  private:
   EventSource events_;
 };

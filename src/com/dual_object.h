@@ -1,4 +1,4 @@
-// The base of every public object: lifetime, IDispatch by the type library, error information and class information.
+// The base of every public object: the IUnknown and IDispatch of its dual interface, by its ObjectCore.
 //
 // Class is the coclass of the type library, Interface its default dual interface. A derived class adds the members.
 // The object starts with one reference, which belongs to its creator.
@@ -6,77 +6,45 @@
 //   class AboutFace final : public DualObject<::About, IAbout> { … };
 #pragma once
 
-#include <atomic>
-
 #include "com/boundary.h"
-#include "com/module.h"
-#include "platform/windows/automation_headers.h"
+#include "com/object_core.h"
 
 namespace kodra::com {
 
-// What the type library gives every object for its IDispatch. `iid` is the object's dual interface.
-HRESULT DescribeType(REFGUID id, ITypeInfo** info) noexcept;
-HRESULT MemberIds(REFIID iid, LPOLESTR* names, UINT count, DISPID* ids) noexcept;
-HRESULT InvokeMember(IDispatch* object, REFIID iid, DISPID member, WORD kind, DISPPARAMS* arguments, VARIANT* result,
-                     EXCEPINFO* exception, UINT* badArgument) noexcept;
-
+// All of this is compiled for each class anew: only what the vtable of Interface asks for stands here.
 template <class Class, class Interface>
-class DualObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo {
+class DualObject : public Interface {
  public:
-  DualObject() = default;
   DualObject(const DualObject&) = delete;
   DualObject& operator=(const DualObject&) = delete;
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-    if (object == nullptr) return E_POINTER;
-    *object = Find(iid);
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+  STDMETHODIMP QueryInterface(REFIID iid, void** face) noexcept override { return core_.Query(iid, face); }
+  STDMETHODIMP_(ULONG) AddRef() noexcept override { return core_.Reference(); }
   STDMETHODIMP_(ULONG) Release() noexcept override {
-    const ULONG left = --references_;
+    const ULONG left = core_.Unreference();
     if (left == 0) delete this;
     return left;
   }
 
-  STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-    if (count == nullptr) return E_POINTER;
-    *count = 1;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
-    return index == 0 ? DescribeType(__uuidof(Interface), info) : DISP_E_BADINDEX;
-  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override { return core_.TypeInfoCount(count); }
+  STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override { return core_.TypeInfo(index, info); }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
-    return MemberIds(__uuidof(Interface), names, count, ids);
+    return core_.MemberIds(names, count, ids);
   }
   STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD kind, DISPPARAMS* arguments, VARIANT* result,
                       EXCEPINFO* exception, UINT* badArgument) noexcept override {
-    return InvokeMember(static_cast<Interface*>(this), __uuidof(Interface), member, kind, arguments, result, exception,
-                        badArgument);
+    return core_.InvokeMember(member, kind, arguments, result, exception, badArgument);
   }
-
-  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override {
-    return iid == __uuidof(Interface) ? S_OK : S_FALSE;
-  }
-  STDMETHODIMP GetClassInfo(ITypeInfo** info) noexcept override { return DescribeType(__uuidof(Class), info); }
 
  protected:
+  DualObject() noexcept : core_(*this, __uuidof(Class), __uuidof(Interface)) {}
   virtual ~DualObject() = default;
 
-  // The object by an interface of its own, null when it has none such. A derived class may add interfaces.
-  virtual void* Find(REFIID iid) noexcept {
-    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(Interface)) return static_cast<Interface*>(this);
-    if (iid == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
-    if (iid == IID_IProvideClassInfo) return static_cast<IProvideClassInfo*>(this);
-    return nullptr;
-  }
+  // Adds one interface beyond the standard ones, as ObjectCore::Offer does.
+  void Offer(REFIID id, IUnknown& face) noexcept { core_.Offer(id, face); }
 
  private:
-  ModuleLock lock_;
-  std::atomic<ULONG> references_ = 1;
+  ObjectCore core_;
 };
 
 }  // namespace kodra::com

@@ -1,6 +1,7 @@
 #include "com/module.h"
 
 #include <mutex>
+#include <utility>
 
 #include "platform/windows/com_surroundings.h"
 #include "platform/windows/variant.h"
@@ -10,10 +11,20 @@ namespace {
 
 using platform::windows::com_ptr;
 
-// The count and the library it keeps change together.
-std::mutex g_mutex;
+// Windows' own lock, which needs no making and no library of threads.
+class Lock {
+ public:
+  void lock() noexcept { AcquireSRWLockExclusive(&lock_); }
+  void unlock() noexcept { ReleaseSRWLockExclusive(&lock_); }
+
+ private:
+  SRWLOCK lock_ = SRWLOCK_INIT;
+};
+
+// The count and the library it keeps change together. Nothing here runs code when the DLL is loaded or goes.
+constinit Lock g_lock;
 long g_uses = 0;
-com_ptr<ITypeLib> g_library;  // NOLINT(bugprone-dynamic-static-initializers): starts null
+ITypeLib* g_library = nullptr;  // a reference of its own
 
 HMODULE OwnModule() {
   HMODULE module = nullptr;
@@ -23,29 +34,29 @@ HMODULE OwnModule() {
 }
 
 com_ptr<ITypeLib> Library() {
-  const std::lock_guard lock(g_mutex);
-  if (!g_library) {
-    const HRESULT hr = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, g_library.put());
+  const std::lock_guard lock(g_lock);
+  if (g_library == nullptr) {
+    const HRESULT hr = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &g_library);
     if (FAILED(hr)) throw platform::windows::ErrorOf(hr, nullptr, IID_NULL);
   }
-  return g_library;
+  return com_ptr<ITypeLib>(g_library);
 }
 
 }  // namespace
 
 void HoldModule() noexcept {
-  const std::lock_guard lock(g_mutex);
+  const std::lock_guard lock(g_lock);
   ++g_uses;
 }
 
 void UnholdModule() noexcept {
   com_ptr<ITypeLib> last;  // released after the lock
-  const std::lock_guard lock(g_mutex);
-  if (--g_uses == 0) last = std::move(g_library);
+  const std::lock_guard lock(g_lock);
+  if (--g_uses == 0) last = com_ptr<ITypeLib>::adopt(std::exchange(g_library, nullptr));
 }
 
 bool ModuleInUse() noexcept {
-  const std::lock_guard lock(g_mutex);
+  const std::lock_guard lock(g_lock);
   return g_uses != 0;
 }
 
@@ -69,7 +80,7 @@ com_ptr<ITypeInfo> TypeInfoOf(REFGUID id) {
 }
 
 platform::Surroundings& ModuleSurroundings() {
-  static platform::windows::ComSurroundings surroundings;
+  static constinit platform::windows::ComSurroundings surroundings;
   return surroundings;
 }
 

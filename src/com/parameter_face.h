@@ -18,13 +18,20 @@ __CRT_UUID_DECL(kodra::com::IParameters, 0x5a0f4c1e, 0x6f0b, 0x4a86, 0x9b, 0x39,
 
 namespace kodra::com {
 
-// A property bag with entry points of automation's types. `iid` is the interface that the members belong to.
-class ParameterMembers {
+// A property bag with entry points of automation's types: all that a parameter object has beyond its vtable. As a face
+// of its object it is IParameters; references to it are references to the object.
+class ParameterMembers final : public IParameters {
  public:
-  ParameterMembers(std::wstring_view className, REFIID iid)
-      : parameters_(frame::ParameterClassNamed(className)), iid_(iid) {}
+  // `object` owns this; `iid` is the interface that the members belong to.
+  ParameterMembers(IUnknown& object, std::wstring_view className, REFIID iid)
+      : object_(object), parameters_(frame::ParameterClassNamed(className)), iid_(iid) {}
+  ParameterMembers(const ParameterMembers&) = delete;
+  ParameterMembers& operator=(const ParameterMembers&) = delete;
 
-  frame::ParameterObject& Parameters() noexcept { return parameters_; }
+  STDMETHODIMP QueryInterface(REFIID iid, void** face) noexcept override { return object_.QueryInterface(iid, face); }
+  STDMETHODIMP_(ULONG) AddRef() noexcept override { return object_.AddRef(); }
+  STDMETHODIMP_(ULONG) Release() noexcept override { return object_.Release(); }
+  platform::AutomationObject& Parameters() noexcept override { return parameters_; }
 
   HRESULT Get(std::wstring_view name, BSTR* value) noexcept;
   HRESULT Get(std::wstring_view name, DATE* value) noexcept;
@@ -34,27 +41,16 @@ class ParameterMembers {
   HRESULT Let(std::wstring_view name, VARIANT_BOOL value) noexcept;
 
  private:
+  IUnknown& object_;
   frame::ParameterObject parameters_;
-  const IID iid_;
+  const IID& iid_;
 };
 
 template <class Class, class Interface>
-class ParameterFace : public DualObject<Class, Interface>, public IParameters {
- public:
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-    return DualObject<Class, Interface>::QueryInterface(iid, object);
-  }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return DualObject<Class, Interface>::AddRef(); }
-  STDMETHODIMP_(ULONG) Release() noexcept override { return DualObject<Class, Interface>::Release(); }
-
-  platform::AutomationObject& Parameters() noexcept override { return members_.Parameters(); }
-
+class ParameterFace : public DualObject<Class, Interface> {
  protected:
-  explicit ParameterFace(std::wstring_view className) : members_(className, __uuidof(Interface)) {}
-
-  void* Find(REFIID iid) noexcept override {
-    if (iid == __uuidof(IParameters)) return static_cast<IParameters*>(this);
-    return DualObject<Class, Interface>::Find(iid);
+  explicit ParameterFace(std::wstring_view className) : members_(*this, className, __uuidof(Interface)) {
+    this->Offer(__uuidof(IParameters), members_);
   }
 
   ParameterMembers members_;

@@ -2,6 +2,7 @@
 
 #include "data/abre_cn.h"
 #include "data/error_layer.h"
+#include "text/numbers.h"
 
 namespace kodra::data {
 namespace {
@@ -45,7 +46,7 @@ std::int32_t FirstNativeError(platform::Connection& connection) {
 platform::Erro WithNativeError(const platform::Erro& caught, platform::Connection* connection) {
   const std::int32_t native = connection == nullptr ? 0 : FirstNativeError(*connection);
   if (native <= 0) return caught;
-  return {caught.Number(), caught.Source(), caught.Description() + L" [N:" + std::to_wstring(native) + L"]"};
+  return {caught.Number(), caught.Source(), caught.Description() + L" [N:" + text::NumberToText(native) + L"]"};
 }
 
 }  // namespace

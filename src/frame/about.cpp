@@ -1,6 +1,7 @@
 #include "frame/about.h"
 
 #include "frame/version.h"
+#include "text/numbers.h"
 
 namespace kodra::frame {
 
@@ -16,8 +17,8 @@ std::wstring About::Executavel() const {
 }
 
 std::wstring About::Versao() const {
-  return std::to_wstring(KODRA_VERSION_MAJOR) + L"." + std::to_wstring(KODRA_VERSION_MINOR) + L"." +
-         std::to_wstring(KODRA_VERSION_REVISION);
+  return text::NumberToText(KODRA_VERSION_MAJOR) + L"." + text::NumberToText(KODRA_VERSION_MINOR) + L"." +
+         text::NumberToText(KODRA_VERSION_REVISION);
 }
 
 }  // namespace kodra::frame

@@ -1,5 +1,7 @@
 #include "frame/cerro.h"
 
+#include "text/numbers.h"
+
 namespace kodra::frame {
 
 void CErro::SetErro(const platform::Erro& erro, std::int32_t lastDLLError) {
@@ -10,7 +12,7 @@ void CErro::SetErro(const platform::Erro& erro, std::int32_t lastDLLError) {
 }
 
 std::wstring CErro::ToString() const {
-  return L"Erro " + std::to_wstring(number_) + L" em " + source_ + L": " + description_;
+  return L"Erro " + text::NumberToText(number_) + L" em " + source_ + L": " + description_;
 }
 
 }  // namespace kodra::frame

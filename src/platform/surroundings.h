@@ -16,8 +16,6 @@ namespace kodra::platform {
 
 class Surroundings {
  public:
-  virtual ~Surroundings() = default;
-
   virtual std::unique_ptr<Connection> NewConnection() = 0;
   virtual std::unique_ptr<Command> NewCommand() = 0;
   virtual std::unique_ptr<Recordset> NewRecordset() = 0;
@@ -29,6 +27,9 @@ class Surroundings {
   virtual void SetEnvironment(const std::wstring& name, const std::wstring& value) = 0;
   // The length in bytes of the file at a path, 0 for a folder, nothing when neither answers.
   virtual std::optional<std::uint64_t> FileLength(const std::wstring& path) = 0;
+
+ protected:
+  ~Surroundings() = default;
 };
 
 }  // namespace kodra::platform

@@ -12,8 +12,6 @@ namespace kodra::sql {
 
 class Dialect {
  public:
-  virtual ~Dialect() = default;
-
   virtual std::wstring DateAdd(std::wstring_view interval, std::wstring_view number, std::wstring_view date) const = 0;
   virtual std::wstring_view CurrentDate() const = 0;
   virtual std::wstring ToDate(std::wstring_view text, std::int32_t layout) const = 0;
@@ -25,6 +23,9 @@ class Dialect {
   // The name of the function that replaces a null, and of the type that its default date is cast to.
   virtual std::wstring_view NullReplacer() const = 0;
   virtual std::wstring_view DefaultDateType() const = 0;
+
+ protected:
+  ~Dialect() = default;
 };
 
 const Dialect& Oracle();

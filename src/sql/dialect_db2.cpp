@@ -28,7 +28,7 @@ class DB2Dialect final : public Dialect {
 }  // namespace
 
 const Dialect& DB2() {
-  static const DB2Dialect dialect;
+  static constexpr DB2Dialect dialect;
   return dialect;
 }
 

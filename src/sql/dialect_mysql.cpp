@@ -89,7 +89,7 @@ class MySQLDialect final : public Dialect {
 }  // namespace
 
 const Dialect& MySQL() {
-  static const MySQLDialect dialect;
+  static constexpr MySQLDialect dialect;
   return dialect;
 }
 

@@ -27,7 +27,7 @@ class OracleDialect final : public Dialect {
 }  // namespace
 
 const Dialect& Oracle() {
-  static const OracleDialect dialect;
+  static constexpr OracleDialect dialect;
   return dialect;
 }
 

@@ -48,7 +48,7 @@ class SQLiteDialect final : public Dialect {
 }  // namespace
 
 const Dialect& SQLite() {
-  static const SQLiteDialect dialect;
+  static constexpr SQLiteDialect dialect;
   return dialect;
 }
 

@@ -58,7 +58,7 @@ class SQLServerDialect final : public Dialect {
 }  // namespace
 
 const Dialect& SQLServer() {
-  static const SQLServerDialect dialect;
+  static constexpr SQLServerDialect dialect;
   return dialect;
 }
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "platform/erro.h"
 #include "text/numbers.h"
@@ -14,11 +15,20 @@ bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 bool IsBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 
 // The value of a plain ASCII numeral: digits with an optional point and exponent. One too small for a double is zero.
-double ValueOf(std::string numeral) {
-  // The standard's own conversion, which knows no locale, would make the component larger by a tenth.
-  if (const std::size_t point = numeral.find('.'); point != std::string::npos)
-    numeral.replace(point, 1, std::localeconv()->decimal_point);
-  const double value = std::strtod(numeral.c_str(), nullptr);
+double ValueOf(std::wstring_view numeral) {
+  // The standard's own conversion, which knows no locale, would make the component larger by a tenth. A vector and not
+  // a std::string: the component has no other use for those.
+  std::vector<char> ascii;
+  for (const wchar_t c : numeral) {
+    if (c == L'.') {
+      const std::string_view point = std::localeconv()->decimal_point;
+      ascii.insert(ascii.end(), point.begin(), point.end());
+    } else {
+      ascii.push_back(static_cast<char>(c));
+    }
+  }
+  ascii.push_back('\0');
+  const double value = std::strtod(ascii.data(), nullptr);
   if (std::isinf(value)) throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
   return value;
 }
@@ -41,11 +51,11 @@ class Scanner {
   }
 
   // Appends the digits that stand here, passing over `separator` between them; false when there is none.
-  bool TakeDigits(std::string& numeral, wchar_t separator = L'\0') {
+  bool TakeDigits(std::wstring& numeral, wchar_t separator = L'\0') {
     const std::size_t before = numeral.size();
     for (; !AtEnd(); ++at_) {
       if (IsDigit(text_[at_])) {
-        numeral += static_cast<char>(text_[at_]);
+        numeral += text_[at_];
       } else if (separator == L'\0' || text_[at_] != separator || numeral.size() == before) {
         break;
       }
@@ -54,11 +64,11 @@ class Scanner {
   }
 
   // Appends the exponent that stands here, when it is whole: letter, perhaps a sign, digits.
-  void TakeExponent(std::string& numeral, std::wstring_view letters) {
+  void TakeExponent(std::wstring& numeral, std::wstring_view letters) {
     if (AtEnd() || letters.find(UpperCase(text_[at_])) == letters.npos) return;
     const std::size_t start = at_++;
-    std::string exponent = "e";
-    if (Current() == L'-') exponent += '-';
+    std::wstring exponent = L"e";
+    if (Current() == L'-') exponent += L'-';
     if (Current() == L'-' || Current() == L'+') ++at_;
     if (TakeDigits(exponent)) {
       numeral += exponent;
@@ -122,11 +132,11 @@ std::optional<double> TakeBrazilianMagnitude(Scanner& scanner) {
     if (!bits) return std::nullopt;
     return SignedValue(*bits, true);
   }
-  std::string numeral;
+  std::wstring numeral;
   bool hasDigits = scanner.TakeDigits(numeral, L'.');
   if (scanner.Current() == L',') {
     scanner.Advance();
-    numeral += hasDigits ? "." : "0.";
+    numeral += hasDigits ? L"." : L"0.";
     hasDigits = scanner.TakeDigits(numeral) || hasDigits;
   }
   if (!hasDigits) return std::nullopt;
@@ -198,11 +208,11 @@ double LeadingNumber(std::wstring_view text) {
   }
   const bool negative = scanner.Current() == L'-';
   if (negative || scanner.Current() == L'+') scanner.Advance();
-  std::string numeral;
+  std::wstring numeral;
   bool hasDigits = scanner.TakeDigits(numeral);
   if (scanner.Current() == L'.') {
     scanner.Advance();
-    numeral += hasDigits ? "." : "0.";
+    numeral += hasDigits ? L"." : L"0.";
     hasDigits = scanner.TakeDigits(numeral) || hasDigits;
   }
   if (!hasDigits) return 0;

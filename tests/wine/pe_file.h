@@ -27,6 +27,8 @@ class PeFile {
       throw std::runtime_error("no executable file");
   }
 
+  std::size_t Size() const { return bytes_.size(); }
+
   const IMAGE_NT_HEADERS& Headers() const {
     return At<IMAGE_NT_HEADERS>(static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
   }

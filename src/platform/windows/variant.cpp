@@ -74,6 +74,13 @@ Value FromConverted(const VARIANT& variant, VARTYPE type) {
   return ToValue(*converted);
 }
 
+// Eight digits.
+std::wstring Hexadecimal(std::uint32_t number) {
+  std::wstring digits(8, L'0');
+  for (auto digit = digits.rbegin(); number != 0; ++digit, number /= 16) *digit = L"0123456789ABCDEF"[number % 16];
+  return digits;
+}
+
 std::wstring SystemText(HRESULT hr) {
   wchar_t text[512];
   const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
@@ -82,9 +89,7 @@ std::wstring SystemText(HRESULT hr) {
   while (!result.empty() && (result.back() == L'\n' || result.back() == L'\r' || result.back() == L' '))
     result.pop_back();
   if (!result.empty()) return result;
-  wchar_t number[40];
-  wsprintfW(number, L"Erro de automação (%08X)", static_cast<unsigned>(hr));
-  return number;
+  return L"Erro de automação (" + Hexadecimal(static_cast<std::uint32_t>(hr)) + L")";
 }
 
 Erro WithoutInfo(HRESULT hr) {

@@ -1,6 +1,7 @@
 #include "reports/catalog/serie_rpt.h"
 
 #include "data/connection_string.h"
+#include "text/numbers.h"
 
 namespace kodra::reports {
 namespace {
@@ -20,7 +21,7 @@ std::wstring Columns() {
       L"a.DESCR_ASSUNTO, a.OBS_ASSUNTO, a.DONO, a.IDC_ATIVO AS SERIE_ATIVA, "
       L"a.DESCR_CHAVE1, a.DESCR_CHAVE2, a.DESCR_CHAVE3, a.DESCR_CHAVE4, a.DESCR_CHAVE5, "
       L"'S' AS OBRIGATORIA1, ";
-  for (int i = 2; i <= 5; ++i) columns += data::Replace(kMandatoryColumn, L"#", std::to_wstring(i));
+  for (int i = 2; i <= 5; ++i) columns += data::Replace(kMandatoryColumn, L"#", text::NumberToText(i));
   columns +=
       L"a.MASK1, a.MASK2, a.MASK3, a.MASK4, a.MASK5, "
       L"o.DESCR_OPERADOR, "

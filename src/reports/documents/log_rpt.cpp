@@ -4,6 +4,7 @@
 #include "reports/output_dataset.h"
 #include "text/convert.h"
 #include "text/dates.h"
+#include "text/numbers.h"
 #include "text/upper.h"
 
 namespace kodra::reports {
@@ -28,7 +29,7 @@ Value TimeText(const Value& moment) {
   return text::FormatDate(text::ToDate(moment), L"hh:mm:ss");
 }
 
-std::wstring ActionField(std::size_t number) { return L"ACAO" + std::to_wstring(number); }
+std::wstring ActionField(std::size_t number) { return L"ACAO" + text::NumberToText(static_cast<std::int64_t>(number)); }
 
 void FillAction(OutputDataset& output, const std::wstring& action) {
   for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number) {

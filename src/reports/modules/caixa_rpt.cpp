@@ -4,6 +4,7 @@
 #include "frame/cerro.h"
 #include "platform/password.h"
 #include "text/convert.h"
+#include "text/numbers.h"
 
 namespace kodra::reports {
 
@@ -37,8 +38,8 @@ void CCaixaRpt::RaiseLogged(std::wstring_view method) {
   const std::wstring source = SourceOf(method);
   if (erro.Source() == platform::kApplicationTitle) erro.SetSource(source);
   try {
-    DebugLog(source + L": ----> saindo com o erro " + std::to_wstring(erro.Number()) + L" em " + erro.Source() + L": " +
-             erro.Description());
+    DebugLog(source + L": ----> saindo com o erro " + text::NumberToText(erro.Number()) + L" em " + erro.Source() +
+             L": " + erro.Description());
   } catch (...) {  // NOLINT(bugprone-empty-catch): a log that fails does not hide the error being reported
   }
   throw platform::Erro(frame::kReportError, erro.Source(),

@@ -1,0 +1,34 @@
+// Parts of the C++ runtime library that the DLL brings itself, so that the linker does not take the library's own:
+// those make texts for a console and for std::exception::what(), which nobody reads here, and carry a demangler and two
+// kinds of narrow strings along, together a sixth of the DLL.
+//
+// The library's headers declare these functions, and its generated code calls them. Should a new release of the library
+// need one more of them, the linker takes the library's file too and reports each function here as defined twice.
+#include <cstdlib>
+#include <exception>
+#include <new>
+
+// The library asks for these names.
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl58-cpp)
+
+namespace __gnu_cxx {
+
+// What the runtime does with an exception that nothing caught.
+void __verbose_terminate_handler() { std::abort(); }
+
+}  // namespace __gnu_cxx
+
+namespace std {
+
+void __throw_bad_alloc() { throw bad_alloc(); }
+void __throw_bad_array_new_length() { throw bad_array_new_length(); }
+
+// A call with arguments that the library does not allow. Only its being an exception matters: the client gets the
+// component's "Erro interno".
+void __throw_logic_error(const char*) { throw exception(); }
+void __throw_length_error(const char*) { throw exception(); }
+void __throw_out_of_range_fmt(const char*, ...) { throw exception(); }
+void __throw_bad_function_call() { throw exception(); }
+
+}  // namespace std
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl58-cpp)
