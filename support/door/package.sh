@@ -228,6 +228,7 @@ test_reproducible() {
 test_package() {
   build_package
   build_preset win32 kodra_test_package kodra_ado kodra_siblings_com
+  build_preset win64 kodra_test_package
   build_preset native kodra-demo-data
   archive build/test/acervo.db 500
   step "testes de instalação no Wine, sem o componente registrado"
@@ -245,4 +246,17 @@ test_package() {
     in_prefix wine build/win32/tests/kodra_test_package.exe >"$log" 2>&1 </dev/null || status=$?
   tr -d '\r' <"$log" >"$log.txt"
   count package "$log.txt" "$status"
+  test_unregistered_64
+}
+
+# The manifests for 64-bit programs. The script client itself needs the ADO of the 32-bit box.
+test_unregistered_64() {
+  local log=$PWD/$logs/test-package-64.log status=0
+  ready_wine64
+  # An interrupted run of the other 64-bit tests leaves it registered.
+  wine64 regsvr32 /s /u "$(windows_path build/win64)\\KodraRpt.dll" >"$log" 2>&1 || true
+  KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version/x64 \
+    wine64 build/win64/tests/kodra_test_package.exe '--gtest_filter=-*.TheScriptClient*' >"$log" 2>&1 </dev/null || status=$?
+  tr -d '\r' <"$log" >"$log.txt"
+  count package-64 "$log.txt" "$status"
 }
