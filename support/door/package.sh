@@ -26,17 +26,22 @@ put() {
   done
 }
 
-# What is in a package. Patterns that match nothing add nothing.
+# Puts a folder of the repository as a folder of the package: put_tree FOLDER SOURCE
+put_tree() {
+  local file place
+  while read -r file; do
+    place=${file%/*}
+    put "$1${place#"$2"}" "$file"
+  done < <(git -c core.quotepath=off ls-files "$2" ':!*CMakeLists.txt')
+}
+
+# What is in a package.
 stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
   put . build/win32/KodraRpt.dll build/win32/kodrarpt.exe "$folder/parts/LEIAME.txt"
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
-  put docs docs/*.md
-  local file place
-  while read -r file; do
-    place=${file%/*}
-    put "exemplos${place#examples}" "$file"
-  done < <(git ls-files examples ':!*CMakeLists.txt')
+  put_tree docs docs
+  put_tree exemplos examples
   cat support/demo/cliente.vbs support/demo/tabela.vbs | sed 's/$/\r/' | iconv -f UTF-8 -t CP1252 >"$stage/exemplos/cliente.vbs"
 }
 

@@ -39,6 +39,8 @@ TEST(DllFile, TellsNeitherWhenNorWhereItWasBuilt) {
   const PeFile file(DllPath());
   EXPECT_EQ(0U, file.Headers().FileHeader.TimeDateStamp);
   EXPECT_FALSE(file.Holds(".cpp"));
+  // What the type library says of its making.
+  EXPECT_TRUE(file.Holds(" at Thu Jan  1 00:00:00 1970"));
   EXPECT_TRUE(file.Holds("KodraRpt.dll"));
 }
 
