@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "client/help.h"
+#include "client/output_error.h"
 #include "client/suggest.h"
 #include "client/usage_error.h"
 #include "platform/erro.h"
+#include "platform/odbc/errors.h"
 #include "platform/odbc/utf8.h"
 
 namespace kodra::client {
@@ -64,6 +66,9 @@ ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
   } catch (const UsageError& error) {
     Complain(error.what());
     return ExitCode::kUsage;
+  } catch (const OutputError& error) {
+    Complain(error.what());
+    return ExitCode::kOutput;
   } catch (const platform::Erro& error) {
     Complain(Described(error));
     return ExitCode::kReportError;
@@ -100,6 +105,10 @@ void Program::CheckCommandName(const std::vector<std::string>& arguments) const 
   throw UsageError("não há o comando \"" + name + "\"" + DidYouMean(name, known));
 }
 
-void Program::Complain(const std::string& message) const { err_ << "kodrarpt: " << message << "\n"; }
+// A message may quote an argument or a driver, and both may hold a connection string.
+void Program::Complain(const std::string& message) const {
+  using namespace platform::odbc;
+  err_ << "kodrarpt: " << ToUtf8(HidePassword(FromUtf8(message))) << "\n";
+}
 
 }  // namespace kodra::client

@@ -9,7 +9,7 @@ namespace kodra::client {
 class Output {
  public:
   virtual ~Output() = default;
-  // Takes UTF-8. Raises Erro when it cannot be written.
+  // Takes UTF-8. Raises OutputError when it cannot be written.
   virtual void Write(std::string_view bytes) = 0;
 };
 

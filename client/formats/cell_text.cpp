@@ -1,0 +1,62 @@
+#include "formats/cell_text.h"
+
+#include <array>
+#include <charconv>
+
+#include "platform/odbc/utf8.h"
+#include "text/convert.h"
+#include "text/dates.h"
+#include "text/numbers.h"
+
+namespace kodra::client {
+namespace {
+
+using platform::Value;
+
+template <class Number>
+std::string Shortest(Number number) {
+  std::array<char, 32> buffer{};
+  return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr};
+}
+
+// A number of at least `width` digits, zeros before it.
+std::string Digits(std::int32_t number, std::size_t width) {
+  std::string digits = Shortest(number);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+  return digits;
+}
+
+std::string IsoDate(platform::Date date, ColumnKind kind) {
+  const text::Calendar c = text::ToCalendar(date);
+  std::string out = Digits(c.year, 4) + "-" + Digits(c.month, 2) + "-" + Digits(c.day, 2);
+  const bool midnight = c.hour == 0 && c.minute == 0 && c.second == 0;
+  if (midnight && kind != ColumnKind::kMoment) return out;
+  return out + "T" + Digits(c.hour, 2) + ":" + Digits(c.minute, 2) + ":" + Digits(c.second, 2);
+}
+
+}  // namespace
+
+bool IsNothing(const Value& value) { return value.Is<platform::Null>() || value.Is<platform::Empty>(); }
+
+std::string IsoText(const Value& value, ColumnKind kind) {
+  if (IsNothing(value)) return {};
+  if (value.Is<bool>()) return value.As<bool>() ? "true" : "false";
+  if (value.Is<std::int32_t>()) return Shortest(value.As<std::int32_t>());
+  if (value.Is<std::int64_t>()) return Shortest(value.As<std::int64_t>());
+  if (value.Is<double>()) return Shortest(value.As<double>());
+  if (value.Is<platform::Date>()) return IsoDate(value.As<platform::Date>(), kind);
+  return platform::odbc::ToUtf8(text::ToText(value));
+}
+
+std::wstring BrazilianText(const Value& value) {
+  if (value.Is<bool>()) return value.As<bool>() ? L"Sim" : L"Não";
+  return text::ToTextOrEmpty(value);
+}
+
+std::wstring CountText(std::uint64_t count) {
+  std::wstring digits = std::to_wstring(count);
+  for (std::size_t at = digits.size(); at > 3;) digits.insert(at -= 3, 1, L'.');
+  return digits;
+}
+
+}  // namespace kodra::client

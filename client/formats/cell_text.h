@@ -1,0 +1,23 @@
+// A value as text: in ISO form for machines, in Brazilian form for people. Null and Empty have no text.
+#pragma once
+
+#include <string>
+
+#include "formats/row_writer.h"
+
+namespace kodra::client {
+
+// Whether the value is none: null, or a variant never assigned.
+bool IsNothing(const platform::Value& value);
+
+// For machines, UTF-8: the text itself, 1234.5, true or false, 2023-12-31 or 2023-12-31T10:20:30. A date has its time
+// of day in a column of moments, and elsewhere when it is not midnight.
+std::string IsoText(const platform::Value& value, ColumnKind kind);
+
+// For people: the text itself, 1234,5, Sim or Não, 31/12/2023 or 31/12/2023 10:20:30.
+std::wstring BrazilianText(const platform::Value& value);
+
+// A count with points between its thousands: 1.234.567.
+std::wstring CountText(std::uint64_t count);
+
+}  // namespace kodra::client
