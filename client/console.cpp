@@ -10,6 +10,8 @@
 #include <cstdio>
 
 #include "platform/odbc/utf8.h"
+#else
+#include <unistd.h>
 #endif
 
 namespace kodra::client {
@@ -36,7 +38,11 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
+bool PersonIsWatching() { return _isatty(_fileno(stderr)) != 0; }
+
 #else
+
+bool PersonIsWatching() { return isatty(STDERR_FILENO) != 0; }
 
 Utf8Console::Utf8Console() = default;
 Utf8Console::~Utf8Console() = default;

@@ -24,4 +24,7 @@ class Utf8Console {
 // The arguments of this process behind the program's name, from those that main was given.
 std::vector<std::string> Arguments(int count, char** values);
 
+// Whether what goes to the standard error appears on a terminal.
+bool PersonIsWatching();
+
 }  // namespace kodra::client

@@ -28,6 +28,7 @@ const char* const kProgramFooter =
     "  3  não foi possível conectar ao banco de dados\n"
     "  4  verifica: o banco não está como os relatórios precisam\n"
     "  5  não foi possível ler ou gravar um arquivo\n"
+    "  130  interrompido por Ctrl-C\n"
     "\n"
     "\"kodrarpt COMANDO --help\" explica um comando, com um exemplo.";
 

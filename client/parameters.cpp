@@ -54,4 +54,12 @@ frame::ParameterObject ReportParameters::For(const reports::ReportMethod& method
   return object;
 }
 
+std::vector<std::pair<std::wstring, std::wstring>> ReportParameters::Given() const {
+  std::vector<std::pair<std::wstring, std::wstring>> given;
+  for (const auto& [name, option] : options_) {
+    if (option->count() != 0) given.emplace_back(name, platform::odbc::FromUtf8(option->results().front()));
+  }
+  return given;
+}
+
 }  // namespace kodra::client

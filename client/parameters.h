@@ -6,6 +6,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -25,6 +26,9 @@ class ReportParameters {
   // does not have, a date that is none ("01/02/2024", "2024-02-01", either with a time of day) and a flag that is
   // neither sim nor não.
   frame::ParameterObject For(const reports::ReportMethod& method) const;
+
+  // The options that were given, name and value as it was typed, in the order of the parameter classes.
+  std::vector<std::pair<std::wstring, std::wstring>> Given() const;
 
  private:
   std::vector<std::pair<std::wstring_view, const CLI::Option*>> options_;

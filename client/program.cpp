@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "client/connection_error.h"
 #include "client/help.h"
 #include "client/output_error.h"
 #include "client/suggest.h"
 #include "client/usage_error.h"
 #include "platform/erro.h"
-#include "platform/odbc/errors.h"
 #include "platform/odbc/utf8.h"
+#include "platform/password.h"
 
 namespace kodra::client {
 namespace {
@@ -69,6 +70,9 @@ ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
   } catch (const OutputError& error) {
     Complain(error.what());
     return ExitCode::kOutput;
+  } catch (const ConnectionError& error) {
+    Complain("não foi possível conectar ao banco de dados: " + Described(error));
+    return ExitCode::kConnection;
   } catch (const platform::Erro& error) {
     Complain(Described(error));
     return ExitCode::kReportError;
@@ -107,8 +111,8 @@ void Program::CheckCommandName(const std::vector<std::string>& arguments) const 
 
 // A message may quote an argument or a driver, and both may hold a connection string.
 void Program::Complain(const std::string& message) const {
-  using namespace platform::odbc;
-  err_ << "kodrarpt: " << ToUtf8(HidePassword(FromUtf8(message))) << "\n";
+  const std::wstring shown = platform::HidePassword(platform::odbc::FromUtf8(message));
+  err_ << "kodrarpt: " << platform::odbc::ToUtf8(shown) << "\n";
 }
 
 }  // namespace kodra::client

@@ -8,8 +8,10 @@ namespace kodra::client {
 // All of them, in the order of the help.
 void AddCommands(Program& program);
 
+void AddExecuta(Program& program);
 void AddLista(Program& program);
 void AddDescreve(Program& program);
 void AddSql(Program& program);
+void AddVerifica(Program& program);
 
 }  // namespace kodra::client

@@ -1,4 +1,4 @@
-#include "formats/cell_text.h"
+#include "client/formats/cell_text.h"
 
 #include <array>
 #include <charconv>

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "formats/row_writer.h"
+#include "client/formats/row_writer.h"
 
 namespace kodra::client {
 

@@ -1,6 +1,6 @@
-#include "formats/csv_writer.h"
+#include "client/formats/csv_writer.h"
 
-#include "formats/cell_text.h"
+#include "client/formats/cell_text.h"
 #include "platform/odbc/utf8.h"
 
 namespace kodra::client {

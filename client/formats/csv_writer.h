@@ -6,8 +6,8 @@
 // Cells are written as they are: a spreadsheet that opens the file may take one that begins with "=" for a formula.
 #pragma once
 
-#include "formats/output.h"
-#include "formats/row_writer.h"
+#include "client/formats/output.h"
+#include "client/formats/row_writer.h"
 
 namespace kodra::client {
 

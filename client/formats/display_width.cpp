@@ -1,4 +1,4 @@
-#include "formats/display_width.h"
+#include "client/formats/display_width.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
-#include "formats/json_writer.h"
+#include "client/formats/json_writer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "formats/cell_text.h"
+#include "client/formats/cell_text.h"
 #include "platform/odbc/utf8.h"
 
 namespace kodra::client {

@@ -4,8 +4,8 @@
 // (infinite, or none) is null.
 #pragma once
 
-#include "formats/output.h"
-#include "formats/row_writer.h"
+#include "client/formats/output.h"
+#include "client/formats/row_writer.h"
 
 namespace kodra::client {
 

@@ -1,9 +1,9 @@
-#include "formats/table_writer.h"
+#include "client/formats/table_writer.h"
 
 #include <algorithm>
 
-#include "formats/cell_text.h"
-#include "formats/display_width.h"
+#include "client/formats/cell_text.h"
+#include "client/formats/display_width.h"
 #include "platform/odbc/utf8.h"
 
 namespace kodra::client {

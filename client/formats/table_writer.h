@@ -10,8 +10,8 @@
 // U+FFFD.
 #pragma once
 
-#include "formats/output.h"
-#include "formats/row_writer.h"
+#include "client/formats/output.h"
+#include "client/formats/row_writer.h"
 
 namespace kodra::client {
 

@@ -1,13 +1,13 @@
-#include "formats/xlsx_writer.h"
+#include "client/formats/xlsx_writer.h"
 
 #include <xlsxwriter.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "formats/cell_text.h"
-#include "formats/display_width.h"
-#include "formats/failure.h"
+#include "client/formats/cell_text.h"
+#include "client/formats/display_width.h"
+#include "client/output_error.h"
 #include "platform/odbc/utf8.h"
 #include "text/dates.h"
 

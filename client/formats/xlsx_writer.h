@@ -9,7 +9,7 @@
 
 #include <memory>
 
-#include "formats/row_writer.h"
+#include "client/formats/row_writer.h"
 
 namespace kodra::client {
 

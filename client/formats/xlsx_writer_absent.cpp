@@ -1,6 +1,6 @@
 // In place of xlsx_writer.cpp where the library that writes spreadsheets is not to be had.
-#include "formats/failure.h"
-#include "formats/xlsx_writer.h"
+#include "client/formats/xlsx_writer.h"
+#include "client/output_error.h"
 
 namespace kodra::client {
 

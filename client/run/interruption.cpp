@@ -10,6 +10,8 @@
 #include <unistd.h>
 #endif
 
+#include "client/exit_codes.h"
+
 namespace kodra::client {
 namespace {
 
@@ -36,7 +38,7 @@ void Answer(int signal) {
 #ifndef _WIN32
   if (unfinished) unlink(unfinishedPath.data());
 #endif
-  std::_Exit(kInterrupted);
+  std::_Exit(static_cast<int>(ExitCode::kInterrupted));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 //
 //   Interruption interruption;
 //   while (rows are left) {
-//     if (interruption.Requested()) return kInterrupted;
+//     if (interruption.Requested()) return ExitCode::kInterrupted;
 //     …
 //   }
 //
@@ -13,9 +13,6 @@
 #include <string>
 
 namespace kodra::client {
-
-// The exit code of a program that was asked to stop, as shells have it for Ctrl-C.
-inline constexpr int kInterrupted = 130;
 
 class Interruption {
  public:

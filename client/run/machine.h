@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "formats/row_writer.h"
+#include "client/formats/row_writer.h"
 #include "frame/report_class.h"
 #include "platform/surroundings.h"
 

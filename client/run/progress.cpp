@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "formats/cell_text.h"
+#include "client/formats/cell_text.h"
 #include "platform/odbc/utf8.h"
 #include "text/numbers.h"
 

@@ -13,7 +13,7 @@
 #include <functional>
 #include <string>
 
-#include "formats/output.h"
+#include "client/formats/output.h"
 
 namespace kodra::client {
 

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "formats/failure.h"
+#include "client/output_error.h"
 #include "interruption.h"
 #include "platform/odbc/utf8.h"
 
@@ -81,22 +81,12 @@ std::FILE* Open(const fs::path& path, bool asNew) {
 
 }  // namespace
 
-void StreamOutput::Write(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), stream_) != bytes.size())
-    throw OutputError(L"não foi possível gravar a saída: " + Reason(LastError()) + L".");
-}
-
-void StreamOutput::Flush() {
-  if (std::fflush(stream_) != 0) throw OutputError(L"não foi possível gravar a saída: " + Reason(LastError()) + L".");
-}
-
 TargetFile::TargetFile(const std::wstring& target)
-    : target_(Real(PathOf(target))), path_(IsWrittenDirectly(target_) ? target_ : Beside(target_)), output_(nullptr) {
+    : target_(Real(PathOf(target))), path_(IsWrittenDirectly(target_) ? target_ : Beside(target_)) {
   std::error_code error;
   if (fs::is_directory(target_, error)) throw CannotWrite(target_, std::make_error_code(std::errc::is_a_directory));
   file_.reset(Open(path_, path_ != target_));
   if (!file_) throw CannotWrite(target_, LastError());
-  output_ = StreamOutput(file_.get());
   if (path_ == target_) return;
   Interruption::RemoveAtOnce(path_.string());
   const fs::file_status former = fs::status(target_, error);
@@ -111,8 +101,14 @@ TargetFile::~TargetFile() {
   Interruption::RemoveAtOnce({});
 }
 
+std::wstring TargetFile::PathText() const { return Shown(path_); }
+
+void TargetFile::Write(std::string_view bytes) {
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) throw CannotWrite(target_, LastError());
+}
+
 void TargetFile::Commit() {
-  output_.Flush();
+  if (std::fflush(file_.get()) != 0) throw CannotWrite(target_, LastError());
 #ifndef _WIN32
   // A name must never come to the disk before the bytes that it names. A device need not support it.
   if (fsync(fileno(file_.get())) != 0 && path_ != target_) throw CannotWrite(target_, LastError());

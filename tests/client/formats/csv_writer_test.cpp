@@ -1,8 +1,8 @@
-#include "formats/csv_writer.h"
+#include "client/formats/csv_writer.h"
 
 #include <gtest/gtest.h>
 
-#include "formats/writing.h"
+#include "client/formats/writing.h"
 
 namespace kodra::client {
 namespace {

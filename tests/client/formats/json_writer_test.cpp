@@ -1,11 +1,11 @@
-#include "formats/json_writer.h"
+#include "client/formats/json_writer.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "formats/writing.h"
+#include "client/formats/writing.h"
 
 namespace kodra::client {
 namespace {

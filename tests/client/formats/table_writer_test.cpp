@@ -1,9 +1,9 @@
-#include "formats/table_writer.h"
+#include "client/formats/table_writer.h"
 
 #include <gtest/gtest.h>
 
-#include "formats/display_width.h"
-#include "formats/writing.h"
+#include "client/formats/display_width.h"
+#include "client/formats/writing.h"
 
 namespace kodra::client {
 namespace {

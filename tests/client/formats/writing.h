@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "formats/output.h"
-#include "formats/row_writer.h"
+#include "client/formats/output.h"
+#include "client/formats/row_writer.h"
 
 namespace kodra::client {
 

@@ -1,5 +1,5 @@
 // The sheets are read back from the file, which is a zip archive of XML.
-#include "formats/xlsx_writer.h"
+#include "client/formats/xlsx_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "client/failing.h"
-#include "formats/writing.h"
+#include "client/formats/writing.h"
 #include "platform/odbc/utf8.h"
 
 namespace kodra::client {

@@ -1,4 +1,4 @@
-#include "run/progress.h"
+#include "client/run/progress.h"
 
 #include <gtest/gtest.h>
 

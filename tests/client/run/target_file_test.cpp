@@ -1,4 +1,4 @@
-#include "run/target_file.h"
+#include "client/run/target_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -45,7 +45,7 @@ class TargetFileTest : public testing::Test {
 TEST_F(TargetFileTest, IsThereOnlyOnceItIsComplete) {
   {
     TargetFile file(Wide(At("relatório.csv")));
-    file.Stream().Write("A,B\r\n");
+    file.Write("A,B\r\n");
     EXPECT_FALSE(fs::exists(At("relatório.csv")));
     file.Commit();
     EXPECT_EQ(Read(At("relatório.csv")), "A,B\r\n");
@@ -57,7 +57,7 @@ TEST_F(TargetFileTest, LeavesTheFormerFileUntouchedWithoutCommit) {
   Write(At("a.csv"), "antes");
   {
     TargetFile file(Wide(At("a.csv")));
-    file.Stream().Write(std::string(100000, 'x'));
+    file.Write(std::string(100000, 'x'));
     EXPECT_EQ(Names().size(), 2U);
   }
   EXPECT_EQ(Names(), std::vector<std::string>{"a.csv"});
@@ -78,7 +78,7 @@ TEST_F(TargetFileTest, ReplacesWhatALinkLeadsTo) {
   Write(At("a.csv"), "antes");
   fs::create_symlink(At("a.csv"), At("link.csv"));
   TargetFile file(Wide(At("link.csv")));
-  file.Stream().Write("depois");
+  file.Write("depois");
   file.Commit();
   EXPECT_TRUE(fs::is_symlink(At("link.csv")));
   EXPECT_EQ(Read(At("a.csv")), "depois");
@@ -87,7 +87,7 @@ TEST_F(TargetFileTest, ReplacesWhatALinkLeadsTo) {
 TEST_F(TargetFileTest, WritesToADeviceDirectly) {
   TargetFile file(L"/dev/null");
   EXPECT_EQ(file.Path(), "/dev/null");
-  file.Stream().Write("x");
+  file.Write("x");
   file.Commit();
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
@@ -105,8 +105,8 @@ TEST_F(TargetFileTest, SaysWhyItCannotBeMade) {
 
 TEST_F(TargetFileTest, SaysThatTheDiskIsFull) {
   TargetFile file(L"/dev/full");
-  file.Stream().Write("x");
-  EXPECT_EQ(FailureOf([&] { file.Commit(); }), "não foi possível gravar a saída: o disco está cheio.");
+  file.Write("x");
+  EXPECT_EQ(FailureOf([&] { file.Commit(); }), "não foi possível gravar \"/dev/full\": o disco está cheio.");
 }
 
 }  // namespace

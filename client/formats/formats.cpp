@@ -1,0 +1,61 @@
+#include "client/formats/formats.h"
+
+#include <algorithm>
+#include <array>
+
+#include "client/formats/table_writer.h"
+#include "client/formats/xlsx_writer.h"
+#include "client/suggest.h"
+#include "client/usage_error.h"
+
+namespace kodra::client {
+namespace {
+
+struct Named {
+  std::string_view name;
+  Format format;
+};
+
+constexpr auto kFormats = std::to_array<Named>({
+    {"tabela", Format::kTable},
+    {"csv", Format::kCsv},
+    {"json", Format::kJson},
+    {"xlsx", Format::kXlsx},
+});
+
+}  // namespace
+
+std::string FormatNames() {
+  std::string names;
+  for (const Named& entry : kFormats) names.append(names.empty() ? "" : ", ").append(entry.name);
+  return names;
+}
+
+Format FormatNamed(std::string_view name) {
+  const std::string folded = Folded(name);
+  const auto found = std::ranges::find(kFormats, folded, &Named::name);
+  if (found != kFormats.end()) return found->format;
+  std::vector<std::string> known;
+  for (const Named& entry : kFormats) known.emplace_back(entry.name);
+  throw UsageError("não há o formato \"" + std::string(name) + "\"" + DidYouMean(folded, known) + "; há " +
+                   FormatNames());
+}
+
+bool NeedsFile(Format format) { return format == Format::kXlsx; }
+
+std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options, Output& output,
+                                     const std::wstring& path) {
+  switch (format) {
+    case Format::kTable:
+      return std::make_unique<TableWriter>(output);
+    case Format::kCsv:
+      return std::make_unique<CsvWriter>(output, options.csv);
+    case Format::kJson:
+      return std::make_unique<JsonWriter>(output, options.json);
+    case Format::kXlsx:
+      return NewXlsxWriter(path);
+  }
+  return nullptr;
+}
+
+}  // namespace kodra::client

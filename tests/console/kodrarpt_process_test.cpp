@@ -1,0 +1,151 @@
+// The program kodrarpt as a process: how it answers signals, and what memory it takes.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "db/sqlite_file.h"
+#include "mariadb/child_process.h"
+#include "platform/odbc/utf8.h"
+
+namespace kodra::tests {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::odbc::ToUtf8;
+using std::chrono::steady_clock;
+
+constexpr int kManyRows = 100000;
+constexpr int kFewRows = 1000;
+
+// A table of supports, in the order of the report.
+class Supports {
+ public:
+  explicit Supports(int rows) {
+    file_.Run(L"CREATE TABLE SUPORTE (COD_SUPORTE VARCHAR(10), DESCR_SUPORTE VARCHAR(50))");
+    file_.Run(L"CREATE INDEX IX_SUPORTE ON SUPORTE (DESCR_SUPORTE)");
+    file_.Run(L"INSERT INTO SUPORTE WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+              std::to_wstring(rows) + L") SELECT i, printf('Microfilme de dezesseis milímetros %08d', i) FROM n");
+  }
+  std::string Connection() const { return ToUtf8(file_.ConnectionString()); }
+
+ private:
+  SqliteFile file_;
+};
+
+const Supports& Many() {
+  static const Supports many(kManyRows);
+  return many;
+}
+
+class KodrarptProcess : public testing::Test {
+ protected:
+  KodrarptProcess() {
+    std::string pattern = (fs::temp_directory_path() / "kodra-process-XXXXXX").string();
+    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  ~KodrarptProcess() override { fs::remove_all(folder_); }
+
+  pid_t Start(const Supports& supports, const std::vector<std::string>& arguments) const {
+    support::ChildProcess child;
+    child.command = {KODRARPT, "executa", "CSuporteRpt.RelatorioSuportes", "--conexao", supports.Connection()};
+    child.command.insert(child.command.end(), arguments.begin(), arguments.end());
+    child.output = (folder_ / "saida.txt").string();
+    return support::Spawn(child);
+  }
+
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  static std::string Read(const fs::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+  }
+
+  // Waits until the unfinished file of that process has bytes.
+  bool HasBegun(pid_t process) const {
+    const fs::path unfinished = folder_ / (".suportes.csv." + std::to_string(process) + ".parcial");
+    const auto deadline = steady_clock::now() + std::chrono::seconds(60);
+    std::error_code none;
+    while (steady_clock::now() < deadline) {
+      const auto size = fs::file_size(unfinished, none);
+      if (!none && size > 0) return true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return false;
+  }
+
+  // The most memory that a run takes, in megabytes.
+  long PeakMegabytes(const Supports& supports, const std::string& format) const {
+    const fs::path target = folder_ / "suportes";
+    const pid_t process = Start(supports, {"--formato", format, "--saida", target.string()});
+    int status = 0;
+    rusage usage{};
+    EXPECT_EQ(wait4(process, &status, 0, &usage), process);
+    EXPECT_EQ(status, 0) << Read(folder_ / "saida.txt");
+    return usage.ru_maxrss / 1024;
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(KodrarptProcess, LeavesTheFormerFileWhenItIsInterrupted) {
+  for (const int signal : {SIGINT, SIGTERM}) {
+    std::ofstream(folder_ / "suportes.csv") << "antes";
+    const pid_t process = Start(Many(), {"--formato", "csv", "--saida", (folder_ / "suportes.csv").string()});
+    EXPECT_TRUE(HasBegun(process));
+    kill(process, signal);
+    EXPECT_EQ(support::WaitFor(process), 130);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "suportes.csv"}));
+    EXPECT_EQ(Read(folder_ / "suportes.csv"), "antes");
+    EXPECT_EQ(Read(folder_ / "saida.txt"), "");
+  }
+}
+
+TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
+  const pid_t process = Start(Many(), {"--formato", "csv", "--saida", (folder_ / "suportes.csv").string()});
+  EXPECT_TRUE(HasBegun(process));
+  kill(process, SIGINT);
+  kill(process, SIGINT);
+  kill(process, SIGTERM);
+  EXPECT_EQ(support::WaitFor(process), 130);
+  EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
+}
+
+TEST_F(KodrarptProcess, TakesNoMoreMemoryForMoreRows) {
+  // The sanitizers keep freed memory for a while: little of it here, so that what a run holds shows.
+  setenv("ASAN_OPTIONS", "quarantine_size_mb=1", 1);
+  const Supports few(kFewRows);
+  for (const char* format : {"csv", "json"}) {
+    const long base = PeakMegabytes(few, format);
+    const long most = PeakMegabytes(Many(), format);
+    // The rows alone are 16 MB as they are held in memory.
+    EXPECT_LE(most - base, 6) << format << ": " << base << " MB for few rows, " << most << " MB for many";
+    const std::string text = Read(folder_ / "suportes");
+    EXPECT_NE(text.find("Microfilme de dezesseis milímetros 00100000"), std::string::npos);
+  }
+  unsetenv("ASAN_OPTIONS");
+}
+
+TEST_F(KodrarptProcess, FailsWhereItsOutputIsFull) {
+  support::ChildProcess child;
+  child.command = {KODRARPT, "executa", "CSuporteRpt", "--conexao", Many().Connection(), "--formato", "csv"};
+  child.output = "/dev/full";
+  EXPECT_EQ(support::WaitFor(support::Spawn(child)), 5);
+}
+
+}  // namespace
+}  // namespace kodra::tests
