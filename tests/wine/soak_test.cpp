@@ -114,10 +114,6 @@ class Soak : public testing::Test {
   static Outcome RunOn(const ReportCase& tested, const std::wstring& connection) {
     return RunOn(tested, connection, tested.NewParameters());
   }
-  static Outcome RunWith(const ReportCase& tested, const std::vector<VARIANT>& arguments) {
-    return InvokeRaw(tested.NewReport().get(), tested.method, DISPATCH_METHOD, arguments);
-  }
-
   // A call on a pretended database; the same report object serves for a while.
   void CallPretended() {
     const ReportCase& tested = pretended_.Next();
@@ -169,9 +165,9 @@ class Soak : public testing::Test {
       case Turn::kNoParameters:
         return RunOn(tested, archive_.Connection(), {});
       case Turn::kMissingArgument:
-        return RunWith(tested, {});
+        return InvokeRaw(tested.NewReport().get(), tested.method, DISPATCH_METHOD, {});
       case Turn::kWrongArgument:
-        return RunWith(tested, {Var(7).raw()});
+        return InvokeRaw(tested.NewReport().get(), tested.method, DISPATCH_METHOD, {Var(7).raw()});
       case Turn::kNoFile:
         return RunOn(tested, ConnectionTo(L"/tmp/kodra-face-nao-existe/a.db"));
       case Turn::kEmptyFile:
@@ -290,9 +286,14 @@ TEST_F(Soak, CallsThatReachNoDriverLeaveEveryByteOfTheHeapsAsItWas) {
     for (int call = 0; call < kMeasured && !HasFailure(); ++call) CallPretended();
     return HeapBytes();
   };
-  callMany();
-  const std::size_t before = callMany();
-  EXPECT_EQ(before, callMany());
+  // Until the heaps have the groups of blocks that the calls need; what is lost at every call never comes to rest.
+  std::size_t before = 0;
+  std::size_t after = callMany();
+  for (int round = 0; round < 10 && before != after; ++round) {
+    before = after;
+    after = callMany();
+  }
+  EXPECT_EQ(before, after);
   ExpectNothingAlive();
 }
 
