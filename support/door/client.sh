@@ -18,8 +18,9 @@ same() {
 }
 
 test_client() {
-  build_preset native kodrarpt
-  build_preset win32 kodrarpt
+  build_preset native kodrarpt kodra-demo-data
+  build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
+  archive build/test/acervo.db 500
   step "kodrarpt no Wine, byte por byte como no Linux"
   mkdir -p build/client
   same --help
@@ -30,4 +31,15 @@ test_client() {
   same sql CModeloRpt --banco oracle --CodModelo 'um "dois" tr\ês'
   same sql CDeptoRpt --banco açúcar
   same lísta
+  # The same rows through ADO and the siblings by ProgID as through ODBC and the siblings that are linked in.
+  with_box
+  local report format connection="Driver={SQLite3};Database=$PWD/build/test/acervo.db"
+  for report in CDeptoRpt.RelatorioDeptos CDocumentoRpt.RelatorioAnalitico CCaixaRpt.RelatoriosModulos \
+    COperadorRpt.RelatorioOperadores; do
+    for format in csv json tabela; do
+      same executa "$report" --conexao "$connection" --formato "$format"
+    done
+  done
+  same executa CDeptoRpt --conexao "$connection" --formato cvs
+  same verifica --conexao "$connection"
 }
