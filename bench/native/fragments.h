@@ -7,8 +7,9 @@
 
 namespace kodra::bench {
 
-// Cuts a statement before and behind each word that opens a clause, and before and behind each of `values`, which are
-// what the statement takes from outside. The pieces, which look into the statement, give it again.
+// Cuts a statement before and behind each word that opens a clause, what the translator puts around an argument, and
+// each of `values`, which are what the statement takes from outside. The pieces, which look into the statement, give it
+// again.
 std::vector<std::wstring_view> Fragments(const std::wstring& statement, const std::vector<std::wstring>& values);
 
 }  // namespace kodra::bench

@@ -34,7 +34,7 @@ class Fresh {
 };
 
 // Every sibling in one: each knows all members that a report asks for.
-class Sibling final : public platform::AutomationObject, public std::enable_shared_from_this<Sibling> {
+class Sibling final : public platform::AutomationObject {
  public:
   explicit Sibling(NullPlatform& around) : around_(around) {}
 
@@ -43,23 +43,29 @@ class Sibling final : public platform::AutomationObject, public std::enable_shar
       const Fresh fresh(around_.watch);
       return around_.code;
     }
-    const Pause pause(around_.watch);
+    if (member == L"Nomes") {
+      const Pause pause(around_.watch);
+      return Itself();
+    }
+    const Fresh fresh(around_.watch);
     if (member == L"Count") return 2;
-    if (member == L"Nomes") return ObjectRef(shared_from_this());
     return L"Série";
   }
-  void Let(std::wstring_view, const Value&) override { const Pause pause(around_.watch); }
-  void Set(std::wstring_view, const ObjectRef&) override { const Pause pause(around_.watch); }
+  void Let(std::wstring_view, const Value&) override { around_.watch.Stop(); }
+  void Set(std::wstring_view, const ObjectRef&) override { around_.watch.Stop(); }
   Value Call(std::wstring_view member, std::span<const Value>) override {
     const Pause pause(around_.watch);
     if (member == L"ToDate") return platform::Date{45352};
     if (member == L"Localiza") return ObjectRef();
     if (member == L"ObtemDescricao") return L"Arquivista";
     if (member == L"NumCxSubordinadaSQL") return L"s.NUM_CAIXA || SUBSTR('0' || s.NUM_SEQ, -2)";
-    return ObjectRef(shared_from_this());
+    return Itself();
   }
 
  private:
+  // Nobody owns it: letting it go costs nothing.
+  ObjectRef Itself() { return {ObjectRef(), this}; }
+
   NullPlatform& around_;
 };
 
@@ -143,6 +149,8 @@ Value ClientParameters::Get(std::wstring_view member) {
   return values_.Get(member);
 }
 
+NullPlatform::NullPlatform() : sibling_(std::make_unique<Sibling>(*this)) {}
+
 std::unique_ptr<platform::Connection> NullPlatform::NewConnection() { return nullptr; }
 
 std::unique_ptr<platform::Command> NullPlatform::NewCommand() {
@@ -156,8 +164,8 @@ std::unique_ptr<platform::Recordset> NullPlatform::NewRecordset() {
 }
 
 ObjectRef NullPlatform::CreateObject(const std::wstring&) {
-  const Pause pause(watch);
-  return std::make_shared<Sibling>(*this);
+  watch.Stop();
+  return {ObjectRef(), sibling_.get()};
 }
 
 void NullPlatform::SetEnvironment(const std::wstring&, const std::wstring&) {}

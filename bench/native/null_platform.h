@@ -1,8 +1,9 @@
 // A platform that answers at once and does nothing, and a stopwatch that runs only while the component itself works.
 //
-// Every call that the component makes to the platform or to a sibling stops the watch until it returns. The watch
-// starts anew when the connection-type helper has told the database code, and when rows were read or written: so what
-// it shows when a statement arrives is the component's own time for that statement.
+// Every call that the component makes to the platform or the client's parameter object stops the watch until it
+// returns, and a sibling from when it is made or told something until it answers. The watch starts anew when the
+// connection-type helper has told the database code, when a system parameter or a count was read, and when rows were
+// read or written: so what it shows when a statement arrives is the component's own time for that statement.
 #pragma once
 
 #include <string>
@@ -13,21 +14,24 @@
 
 namespace kodra::bench {
 
-// A statement that the component built, and the seconds that it took itself.
+// A statement that the component built, the seconds that it took itself, and how often the watch was stopped.
 struct Built {
   std::wstring text;
   double seconds = 0;
+  int stops = 0;
 };
 
 class NullPlatform final : public platform::Surroundings {
  public:
+  NullPlatform();
+
   // The code that the connection-type helper tells.
   std::int32_t code = 0;
   Watch watch;
   std::vector<Built> built;
 
   // Where a statement arrives.
-  void Arrive(const std::wstring& statement) { built.push_back({statement, watch.Own()}); }
+  void Arrive(const std::wstring& statement) { built.push_back({statement, watch.Own(), watch.Stops()}); }
 
   std::unique_ptr<platform::Connection> NewConnection() override;
   std::unique_ptr<platform::Command> NewCommand() override;
@@ -35,6 +39,10 @@ class NullPlatform final : public platform::Surroundings {
   platform::ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+
+ private:
+  // All siblings in one.
+  std::unique_ptr<platform::AutomationObject> sibling_;
 };
 
 // The client's parameter object: gives its values with the watch stopped.

@@ -6,9 +6,10 @@
 // translating, joining; not the calls to the platform, the siblings and the parameter object, which must be made
 // anyway. RelatorioLog builds no statement and adds none.
 //
-// Bare: the finished statement, cut where a clause opens and around each value from outside, is appended piece by piece
-// into one string that has room for the whole. Both sides are measured with the same clock, whose own cost is taken off
-// both. Each figure is the median of its runs, which take turns; the ratio is of the sums over all statements.
+// Bare: the finished statement, cut where a clause opens, around what the translator adds and around each value from
+// outside, is appended piece by piece into one string that has room for the whole. Both sides are measured with the
+// same clock, whose own cost is taken off both. Each figure is the median of its runs, which take turns; the ratio is
+// of the sums over all statements.
 #include <CLI/CLI.hpp>
 #include <array>
 #include <cstdlib>
@@ -79,7 +80,10 @@ class Case {
   Case(const reports::ReportMethod& method, std::int32_t code) : method_(method), parameters_(ParametersOf(method)) {
     static const std::vector<std::wstring> values = OutsideTexts();
     around_.code = code;
-    for (const Built& built : Build()) texts_.push_back(built.text);
+    for (const Built& built : Build()) {
+      texts_.push_back(built.text);
+      stops_ += built.stops;
+    }
     for (const std::wstring& text : texts_) cuts_.push_back({Fragments(text, values), text.size()});
   }
 
@@ -118,8 +122,8 @@ class Case {
 
   // The seconds of one run without what the clock itself takes. REQUIRES: both sides ran.
   Medians Result(double clock) const {
-    const double clocks = clock * static_cast<double>(cuts_.size());
-    return {Median(component_) / kRuns - clocks, Median(bare_) / kRuns - clocks};
+    return {Median(component_) / kRuns - clock * stops_,
+            Median(bare_) / kRuns - clock * static_cast<double>(cuts_.size())};
   }
   const reports::ReportMethod& Method() const { return method_; }
 
@@ -157,6 +161,7 @@ class Case {
   ClientParameters client_{parameters_, around_.watch};
   std::vector<std::wstring> texts_;
   std::vector<Cut> cuts_;
+  int stops_ = 0;
   std::vector<double> component_;
   std::vector<double> bare_;
 };

@@ -10,15 +10,30 @@ class Watch {
  public:
   void Restart() {
     own_ = Clock::duration::zero();
+    stops_ = 0;
+    running_ = true;
     since_ = Clock::now();
   }
-  void Stop() { own_ += Clock::now() - since_; }
-  void Go() { since_ = Clock::now(); }
+  // Once it is stopped it stays so, whatever stops it again.
+  void Stop() {
+    if (!running_) return;
+    own_ += Clock::now() - since_;
+    ++stops_;
+    running_ = false;
+  }
+  void Go() {
+    running_ = true;
+    since_ = Clock::now();
+  }
   // The seconds while it ran.
   double Own() const { return Seconds(own_); }
+  // How often it was stopped: each time has cost a look at the clock.
+  int Stops() const { return stops_; }
 
  private:
   Clock::duration own_{};
+  int stops_ = 0;
+  bool running_ = false;
   Clock::time_point since_{};
 };
 

@@ -14,7 +14,7 @@ bench_archive() {
 }
 
 build_benches() {
-  build_preset native kodra-bench-statements kodra-bench-archives
+  build_preset native kodra-bench-statements kodra-bench-archives kodra-bench-plot
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra-bench kodra_bench_empty
   mkdir -p build/bench
 }
@@ -39,7 +39,11 @@ bench() {
   bench_archive registros-20000 --documents 100 --registers 20000
   with_box
   step "o que o componente acrescenta ao que é preciso fazer de qualquer modo"
-  run_benches 200 full
+  local status=0
+  run_benches 200 full || status=$?
+  build/native/kodra-bench-plot build/bench/crescimento.tsv build/bench/crescimento.svg
+  echo "como o custo cresce: build/bench/crescimento.svg"
+  return "$status"
 }
 
 # The benchmarks at a small size, as a check that each works: both sides do the same, and each line has its figures.
