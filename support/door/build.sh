@@ -3,14 +3,17 @@
 packages=(
   g++ cmake ninja-build ccache make                                         # native build
   libgtest-dev libgmock-dev googletest libcli11-dev libsqlite3-dev          # libraries of tests and tools
-  libxlsxwriter-dev nlohmann-json3-dev                                      # libraries of the console program
+  libfmt-dev libxlsxwriter-dev nlohmann-json3-dev                           # libraries of the console program
   unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
   g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine              # 32-bit Windows: compiler, widl, IDL files
   mmdebstrap arch-test debian-archive-keyring util-linux mount                              # the Wine box
 )
 # What the tests need beyond that; each part of the door adds its own.
-test_packages=(clang-format unzip)
+test_packages=(
+  clang-format unzip
+  chromium fonts-liberation poppler-utils zbar-tools                        # pages shown, printed, and their barcodes read
+)
 
 # Installs what is missing of the packages, and makes the Wine box: setup [PACKAGE beyond those that a build needs…].
 setup() {
