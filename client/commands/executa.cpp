@@ -8,6 +8,7 @@
 #include "client/guide/guide.h"
 #include "client/output_error.h"
 #include "client/parameters.h"
+#include "client/preview/preview_options.h"
 #include "client/report_name.h"
 #include "client/run/connection_options.h"
 #include "client/run/interruption.h"
@@ -45,6 +46,7 @@ struct Options {
   std::string separator = ",";
   bool byteOrderMark = false;
   bool jsonLines = false;
+  preview::PreviewOptions preview;
   std::string progress = "auto";
 };
 
@@ -57,7 +59,8 @@ FormatOptions FormatOptionsOf(const Options& options) {
     throw UsageError("--separador é um caractere, como ; ou , ou tab");
   }
   return {{.separator = tab ? '\t' : separator[0], .byteOrderMark = options.byteOrderMark},
-          options.jsonLines ? JsonShape::kLines : JsonShape::kArray};
+          options.jsonLines ? JsonShape::kLines : JsonShape::kArray,
+          options.preview.Options()};
 }
 
 Progress::Style ProgressStyle(const std::string& when) {
@@ -110,6 +113,7 @@ class Run {
     const guide::Report& about = guide::About(method_);
     heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
                 options.parameters.Given()};
+    formatOptions_.html.labels.containerModules = [this] { return ModulesOfContainers(); };
   }
 
   ExitCode Go() {
@@ -123,8 +127,8 @@ class Run {
     StreamOutput errors(program_.Err());
     Progress progress(errors, progressStyle_, SteadySeconds);
     try {
-      const std::unique_ptr<Machine> machine = NewMachine();
-      if (!Write(Open(machine->Around()), heading_, *writer, progress)) {
+      machine_ = NewMachine();
+      if (!Write(Open(machine_->Around()), heading_, *writer, progress)) {
         progress.Abandon();
         return ExitCode::kInterrupted;
       }
@@ -150,6 +154,19 @@ class Run {
     }
   }
 
+  // What the container labels say stands in each of the containers that were asked for.
+  preview::ContainerModules ModulesOfContainers() {
+    const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
+    const auto source = NewRowSource(modules.call(machine_->Around(), connection_, &parameters_));
+    preview::ContainerModules found;
+    std::vector<platform::Value> values;
+    while (source->Next(values)) {
+      const preview::RowReader row(source->Columns(), values);
+      found[row.Text(L"CONTAINER")].push_back(row.Text(L"NUM_CAIXA"));
+    }
+    return found;
+  }
+
   Program& program_;
   const reports::ReportMethod& method_;
   frame::ParameterObject parameters_;
@@ -159,6 +176,7 @@ class Run {
   std::wstring connection_;
   std::wstring target_;
   Heading heading_;
+  std::unique_ptr<Machine> machine_;
 };
 
 }  // namespace
@@ -178,6 +196,7 @@ void AddExecuta(Program& program) {
       ->option_text("CARACTERE");
   command.add_flag("--bom", options->byteOrderMark, "csv: começa com a marca que diz UTF-8 a algumas planilhas");
   command.add_flag("--json-linhas", options->jsonLines, "json: um objeto por linha, sem a lista em volta");
+  options->preview.AddTo(command);
   command.add_option("--progresso", options->progress, "sempre, nunca ou auto: auto mostra a quem está num terminal")
       ->option_text("QUANDO");
   options->parameters.AddTo(command);

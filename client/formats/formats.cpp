@@ -21,6 +21,7 @@ constexpr auto kFormats = std::to_array<Named>({
     {"csv", Format::kCsv},
     {"json", Format::kJson},
     {"xlsx", Format::kXlsx},
+    {"html", Format::kHtml},
 });
 
 }  // namespace
@@ -54,6 +55,8 @@ std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options
       return std::make_unique<JsonWriter>(output, options.json);
     case Format::kXlsx:
       return NewXlsxWriter(path);
+    case Format::kHtml:
+      return std::make_unique<preview::HtmlWriter>(output, options.html);
   }
   return nullptr;
 }

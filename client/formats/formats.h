@@ -7,17 +7,19 @@
 
 #include "client/formats/csv_writer.h"
 #include "client/formats/json_writer.h"
+#include "client/preview/html_writer.h"
 
 namespace kodra::client {
 
-enum class Format { kTable, kCsv, kJson, kXlsx };
+enum class Format { kTable, kCsv, kJson, kXlsx, kHtml };
 
 struct FormatOptions {
   CsvOptions csv;
   JsonShape json = JsonShape::kArray;
+  preview::HtmlOptions html;
 };
 
-// The names, in the order of the help: "tabela, csv, json, xlsx".
+// The names, in the order of the help: "tabela, csv, json, xlsx, html".
 std::string FormatNames();
 // The format of a name; letter case does not matter. Raises UsageError with the nearest name of a wrong one.
 Format FormatNamed(std::string_view name);

@@ -145,7 +145,7 @@ TEST(ExecutaUse, SuggestsTheNearestNames) {
     return RunOf(arguments);
   };
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--formato", "jsno"}),
-            Misused("não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx"));
+            Misused("não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx, html"));
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--progresso", "sempe"}),
             Misused("--progresso é sempre, nunca ou auto (quis dizer \"sempre\"?)"));
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "\""}),
