@@ -6,7 +6,7 @@ test_groups+=(client)
 same() {
   local native=$PWD/build/client/native windows=$PWD/build/client/windows
   build/native/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
-  box run wine build/win32/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
+  box run wine build/win32/console/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
   sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a word of the Wine server itself when it starts
   if [ -s "$native" ] && cmp -s "$native" "$windows"; then
     passed=$((passed + 1))

@@ -38,7 +38,8 @@ put_tree() {
 # What is in a package.
 stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
-  put . build/win32/KodraRpt.dll build/win32/kodrarpt.exe "$folder/parts/LEIAME.txt"
+  put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
+  put console build/win32/console/kodrarpt.exe
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put_tree docs docs
   put_tree exemplos examples

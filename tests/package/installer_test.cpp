@@ -3,6 +3,7 @@
 
 #include "registry.h"
 #include "script_client.h"
+#include "wine/automation.h"
 #include "wine/server.h"
 
 namespace kodra::package {
@@ -64,8 +65,8 @@ TEST_F(InstalledPackage, HoldsTheFilesOfTheZipButThoseForProgramsWithoutRegistra
     return path.ends_with(L".manifest") || path.starts_with(L"x64\\") || path == L"SHA256SUMS";
   });
   EXPECT_EQ(expected, Listing(Installed()));
-  for (const wchar_t* path : {L"KodraRpt.dll", L"kodrarpt.exe", L"KodraRpt.tlb", L"LEIAME.txt", L"docs\\behaviours.md",
-                              L"exemplos\\cliente.vbs"})
+  for (const wchar_t* path : {L"KodraRpt.dll", L"console\\kodrarpt.exe", L"KodraRpt.tlb", L"LEIAME.txt",
+                              L"docs\\behaviours.md", L"exemplos\\cliente.vbs"})
     EXPECT_TRUE(std::binary_search(expected.begin(), expected.end(), path)) << testing::PrintToString(path);
   for (const std::wstring& path : expected)
     EXPECT_TRUE(Bytes(Unpacked() + L"\\" + path) == Bytes(Installed() + L"\\" + path)) << testing::PrintToString(path);
@@ -88,6 +89,22 @@ TEST_F(InstalledPackage, IsRegisteredAsTheDllRegistersItself) {
 TEST_F(InstalledPackage, ServesTheScriptClient) {
   const Surroundings surroundings;
   ExpectServed(RunClient(L"cscript.exe", Installed()));
+}
+
+// About.Executavel tells the host program where one of the DLL's name stands beside it, and letter case does not tell
+// names apart on Windows: the console program there would pass for the host.
+TEST_F(InstalledPackage, KeepsTheConsoleProgramAwayFromTheDll) {
+  for (const std::wstring& folder : {Installed(), Unpacked(), Unpacked() + L"\\x64"}) {
+    for (const std::wstring& name : Listing(folder))
+      EXPECT_NE(0, _wcsicmp(L"KodraRpt.exe", name.c_str())) << testing::PrintToString(folder);
+    EXPECT_NE(std::string(), Bytes(folder + L"\\KodraRpt.dll")) << testing::PrintToString(folder);
+  }
+}
+
+TEST_F(InstalledPackage, TellsTheDllAsItsOwnFile) {
+  EXPECT_EQ(Installed() + L"\\KodraRpt.DLL",
+            face::Got(face::Call(face::Create(L"KodraRpt.About"), L"Executavel")).text());
+  CoFreeUnusedLibrariesEx(0, 0);
 }
 
 // The values that the list of installed programs shows.
