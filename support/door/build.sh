@@ -37,8 +37,11 @@ build_preset() {
   logged "ninja-$preset" ninja -C "build/$preset" -j "$jobs" "$@"
 }
 
-build() {
+# The component and what serves it in the box: build_served [NATIVE TARGET beyond the tools of the demonstration…].
+build_served() {
   setup
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com
-  build_preset native kodra-demo-data kodra-mariadb
+  build_preset native kodra-demo-data kodra-mariadb "$@"
 }
+
+build() { build_served kodrarpt; }

@@ -21,7 +21,7 @@ demo() {
       *) die "demo não conhece \"$1\"" ;;
     esac
   done
-  build
+  build_served
   with_box
   case $engine in
     sqlite)
@@ -42,7 +42,7 @@ run_script() {
   [ -n "${1:-}" ] || die "uso: ./kodra run ARQUIVO.vbs [ARGUMENTO…]"
   local file=$1
   shift
-  build
+  build_served
   with_box
   brazilian_script "$file" -- "$@"
 }

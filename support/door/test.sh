@@ -35,10 +35,28 @@ test_format() {
   fi
 }
 
-# The reference pages are those of the sources, and every test that the list of behaviours names exists.
+# Every group of tests has its line where people look for them.
+test_group_lines() {
+  local group missing=()
+  for group in "${test_groups[@]}"; do
+    # The lines are read to their end: a reader that stops early would break the pipe of usage.
+    usage | grep -E "^ {23}$group +[a-zA-Z]" >/dev/null || missing+=("$group: ./kodra")
+    grep -qF "| \`$group\` |" README.md || missing+=("$group: README.md")
+  done
+  if [ ${#missing[@]} = 0 ]; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    printf '  um grupo de testes não consta da lista: %s\n' "${missing[@]}"
+  fi
+}
+
+# The reference pages are those of the sources, every test that the list of behaviours names exists, and every group of
+# tests is listed.
 test_docs() {
   step "documentação"
   test_reference
+  test_group_lines
   # shellcheck disable=SC2016  # the backquotes are Markdown's
   local name known missing=() cited='`[A-Z][A-Za-z0-9]+\.[A-Z][A-Za-z0-9]+`'
   known=$(git ls-files 'tests/*.cpp' | xargs sed -nE 's/^TEST(_F|_P)?\((\w+), *(\w+)\).*/\2.\3/p')
