@@ -56,6 +56,7 @@ ExitCode Sql(const Program& program, const Options& options) {
   const reports::ReportMethod& method = FindReport(options.report);
   frame::ParameterObject parameters = options.parameters.For(method);
   std::vector<Dialect> dialects;
+  dialects.reserve(databases.size());
   for (const Database& database : databases) dialects.push_back({database, Capture(method, database.code, parameters)});
 
   for (const std::string& note : DistinctNotes(method, dialects))

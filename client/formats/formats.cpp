@@ -37,6 +37,7 @@ Format FormatNamed(std::string_view name) {
   const auto found = std::ranges::find(kFormats, folded, &Named::name);
   if (found != kFormats.end()) return found->format;
   std::vector<std::string> known;
+  known.reserve(std::size(kFormats));
   for (const Named& entry : kFormats) known.emplace_back(entry.name);
   throw UsageError("não há o formato \"" + std::string(name) + "\"" + DidYouMean(folded, known) + "; há " +
                    FormatNames());

@@ -94,7 +94,8 @@ class XlsxWriter final : public RowWriter {
   void SetProperties(const Heading& heading) {
     std::string title = ToUtf8(heading.title);
     std::wstring text;
-    for (const auto& [name, value] : heading.parameters) text += (text.empty() ? L"" : L"; ") + name + L": " + value;
+    for (const auto& [name, value] : heading.parameters)
+      text.append(text.empty() ? L"" : L"; ").append(name).append(L": ").append(value);
     std::string comments = ToUtf8(text);
     lxw_doc_properties properties{};
     properties.title = title.data();

@@ -113,7 +113,8 @@ std::string Sample(const ReportMethod& method) {
     script += "parametros." + std::string(parameter.name) + " = " + Literal(*property, parameter.sample) + "\n";
     const bool isQuoted = parameter.sample.find(' ') != std::string_view::npos;
     const std::string quote = isQuoted ? "\"" : "";
-    command += " --" + std::string(parameter.name) + " " + quote + std::string(parameter.sample) + quote;
+    command.append(" --").append(parameter.name).append(" ");
+    command.append(quote).append(parameter.sample).append(quote);
   }
   script += "Set linhas = relatorio." + ToUtf8(method.method) + "(parametros)\n";
   return "```vb\n" + script + "```\n\n" + "```sh\n" + command + "\n```\n";

@@ -34,8 +34,9 @@ void SchemaProbe::Ask(const std::wstring& name, Table& table) {
   if (CanRead(Listed(table.expected), name, {})) return;
   table.readable = CanRead(L"COUNT(*)", name, L"tabela " + name);
   if (!table.readable) return;
+  const std::wstring place = L"coluna " + name + L".";
   for (const std::wstring& column : table.expected) {
-    if (!CanRead(column, name, L"coluna " + name + L"." + column)) table.missing.insert(column);
+    if (!CanRead(column, name, place + column)) table.missing.insert(column);
   }
 }
 

@@ -35,7 +35,7 @@ void ConnectionOptions::AddTo(CLI::App& command) {
 }
 
 std::wstring ConnectionOptions::Text() const {
-  const std::wstring text = FromUtf8(text_);
+  std::wstring text = FromUtf8(text_);
   const bool named = !passwordVariable_.empty();
   if (HasPassword(text)) {
     if (named) throw UsageError("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de");
