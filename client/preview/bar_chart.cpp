@@ -30,6 +30,7 @@ std::vector<Bar> LargestBars(const std::vector<Bar>& bars) {
   places.erase(others, places.end());
   std::ranges::sort(places);
   std::vector<Bar> kept;
+  kept.reserve(kMostBars);
   for (const std::size_t place : places) kept.push_back(bars[place]);
   kept.push_back({L"demais", rest});
   return kept;

@@ -48,8 +48,9 @@ const LabelSheet* FindLabelSheet(std::string_view name) {
 
 LabelPlace PlaceOf(const LabelSheet& sheet, int index) {
   const int onPage = index % sheet.Labels();
-  return {index / sheet.Labels(), sheet.left + onPage % sheet.columns * sheet.columnPitch,
-          sheet.top + onPage / sheet.columns * sheet.rowPitch};
+  const int column = onPage % sheet.columns;
+  const int row = onPage / sheet.columns;
+  return {index / sheet.Labels(), sheet.left + column * sheet.columnPitch, sheet.top + row * sheet.rowPitch};
 }
 
 }  // namespace kodra::client::preview
