@@ -32,4 +32,9 @@ HRESULT CurrentHresult(REFIID iid) noexcept {
   }
 }
 
+HRESULT RefuseAbsentOut() noexcept {
+  SetErrorInfo(0, nullptr);  // for the same reason
+  return E_POINTER;
+}
+
 }  // namespace kodra::com

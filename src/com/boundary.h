@@ -10,6 +10,9 @@ namespace kodra::com {
 // gives E_OUTOFMEMORY. REQUIRES: called inside a catch clause.
 HRESULT CurrentHresult(REFIID iid) noexcept;
 
+// What an entry point gives whose client passed no place for the result: E_POINTER, and no error information.
+HRESULT RefuseAbsentOut() noexcept;
+
 // Runs the body of an entry point: S_OK, or the error that it raised. Nothing C++ leaves it.
 template <class Body>
 HRESULT AtBoundary(REFIID iid, Body body) noexcept {
@@ -24,7 +27,7 @@ HRESULT AtBoundary(REFIID iid, Body body) noexcept {
 // The same for a member that fills `out`: an absent `out` is refused, and it stays empty unless the body gives a value.
 template <class T, class Body>
 HRESULT FillAtBoundary(REFIID iid, T* out, Body body) noexcept {
-  if (out == nullptr) return E_POINTER;
+  if (out == nullptr) return RefuseAbsentOut();
   *out = T();
   return AtBoundary(iid, [&] { *out = body(); });
 }

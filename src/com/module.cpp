@@ -3,7 +3,6 @@
 #include <mutex>
 #include <utility>
 
-#include "platform/windows/com_surroundings.h"
 #include "platform/windows/variant.h"
 
 namespace kodra::com {
@@ -77,11 +76,6 @@ com_ptr<ITypeInfo> TypeInfoOf(REFGUID id) {
   com_ptr<ITypeInfo> info;
   platform::windows::Check(library->GetTypeInfoOfGuid(id, info.put()), library);
   return info;
-}
-
-platform::Surroundings& ModuleSurroundings() {
-  static constinit platform::windows::ComSurroundings surroundings;
-  return surroundings;
 }
 
 }  // namespace kodra::com

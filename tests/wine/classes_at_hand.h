@@ -1,4 +1,5 @@
-// Spares the component the way to its classes through the registry, which costs more than a report does.
+// Spares a module, the component unless told otherwise, the way to its classes through the registry, which costs more
+// than a report does.
 #pragma once
 
 #include <cstring>
@@ -8,11 +9,11 @@
 
 namespace kodra::face {
 
-// While it exists, a class that KodraRpt.dll asks for is looked up once a thread, and its factory kept.
+// While it exists, a class that the module asks for is looked up once a thread, and its factory kept.
 class ClassesAtHand {
  public:
-  ClassesAtHand() {
-    imports_.Redirect("CLSIDFromProgID", &IdOfName);
+  explicit ClassesAtHand(const std::wstring& path = DllPath()) : imports_(path) {
+    idOfName_ = imports_.Redirect("CLSIDFromProgID", &IdOfName);
     imports_.Redirect("CoCreateInstance", &New);
   }
   ~ClassesAtHand() { Forget(); }
@@ -41,7 +42,7 @@ class ClassesAtHand {
       *id = known->second;
       return S_OK;
     }
-    const HRESULT hr = ::CLSIDFromProgID(name, id);
+    const HRESULT hr = idOfName_(name, id);
     if (SUCCEEDED(hr)) Kept().ids.emplace(name, *id);
     return hr;
   }
@@ -51,6 +52,9 @@ class ClassesAtHand {
     const HRESULT hr = factory ? S_OK : CoGetClassObject(id, context, nullptr, IID_IClassFactory, factory.put_void());
     return FAILED(hr) ? hr : factory->CreateInstance(outer, iid, object);
   }
+
+  // As the module imports it.
+  static inline decltype(&CLSIDFromProgID) idOfName_ = nullptr;
 
   ImportTable imports_;
 };

@@ -22,6 +22,12 @@ inline std::wstring WindowsPath(std::wstring path) {
 
 inline std::wstring DllPath() { return WindowsPath(Variable(L"KODRA_BIN")) + L"\\KodraRpt.dll"; }
 
+inline std::wstring ProgramPath() {
+  wchar_t path[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, path, MAX_PATH);
+  return path;
+}
+
 // The driver runs outside Windows and is given the path as the machine names it.
 inline std::wstring ConnectionTo(const std::wstring& path) { return L"Driver={SQLite3};Database=" + path; }
 inline std::wstring ArchiveConnection() { return ConnectionTo(Variable(L"KODRA_ARCHIVE")); }

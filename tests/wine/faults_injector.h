@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstring>
+#include <exception>
 #include <map>
 #include <memory>
 #include <string>
@@ -34,6 +35,9 @@ constexpr HRESULT kMishapNumber = static_cast<HRESULT>(0x80047777);
 constexpr const wchar_t* kMishapSource = L"Prova.Fonte";
 constexpr const wchar_t* kMishapText = L"Falha provocada";
 
+// The one call of the component's to its surroundings that reaches no object here.
+constexpr const char* kFileLength = "FileLength";
+
 class Injector {
  public:
   Injector();
@@ -49,7 +53,25 @@ class Injector {
     everyLater_ = everyLater;
     armed_ = true;
   }
-  void Disarm() { armed_ = false; }
+  // The same, with a C++ exception. REQUIRES: the calls come from this program.
+  void ArmThrow(std::size_t number, std::exception_ptr exception) {
+    Arm(number, Mishap::kBare);
+    thrown_ = std::move(exception);
+  }
+  void Disarm() {
+    armed_ = false;
+    thrown_ = nullptr;
+  }
+  // For calls that are none to an object: counts one, or throws in its place. A creation counts itself and is only to
+  // be announced: no exception finds its way back through COM.
+  static void Meet(const std::string& call) {
+    if (Instance() != nullptr && Instance()->Fails(call)) Instance()->Throw();
+  }
+  static void MeetCreation(const std::wstring& progId) {
+    Injector* const injector = Instance();
+    if (injector == nullptr || injector->thrown_ == nullptr) return;
+    if (injector->calls_.size() + 1 == injector->number_) Meet("New " + std::string(progId.begin(), progId.end()));
+  }
   // The calls since Arm, by interface and member.
   const std::vector<std::string>& calls() const { return calls_; }
 
@@ -123,6 +145,9 @@ class Injector {
     return number_ != 0 && (everyLater_ ? calls_.size() >= number_ : calls_.size() == number_);
   }
 
+  void Throw() const {
+    if (thrown_ != nullptr) std::rethrow_exception(thrown_);
+  }
   HRESULT FailBare() const {
     SetErrorInfo(0, nullptr);
     return mishap_ == Mishap::kOutOfMemory ? E_OUTOFMEMORY : kMishapNumber;
@@ -130,6 +155,7 @@ class Injector {
   // A member of a dual interface fails with an IErrorInfo …
   template <class... Arguments>
   HRESULT Fail(Arguments...) const {
+    Throw();
     const HRESULT hr = FailBare();
     Ref<ICreateErrorInfo> info;
     if (mishap_ != Mishap::kRaised || FAILED(CreateErrorInfo(info.put()))) return hr;
@@ -140,6 +166,7 @@ class Injector {
   }
   // … and a late-bound call with an EXCEPINFO.
   HRESULT Fail(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* info, UINT*) const {
+    Throw();
     if (mishap_ != Mishap::kRaised) return FailBare();
     info->scode = kMishapNumber;
     info->bstrSource = SysAllocString(kMishapSource);
@@ -196,6 +223,7 @@ class Injector {
   Mishap mishap_ = Mishap::kRaised;
   bool everyLater_ = false;
   bool armed_ = false;
+  std::exception_ptr thrown_;
   int passing_ = 0;
 };
 

@@ -134,6 +134,19 @@ TEST_F(ObjectRules, AMemberRefusesAnAbsentResult) {
   EXPECT_EQ(E_POINTER, server.Create<IAbout>(__uuidof(::About))->Versao(nullptr));
 }
 
+TEST_F(ObjectRules, AnAbsentResultIsRefusedWithoutTheErrorOfAnEarlierCall) {
+  const Server server(copy_.windowsPath());
+  const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));
+  Ref<IDispatch> rows;
+  EXPECT_TRUE(FAILED(report->RelatorioDeptos(nullptr, rows.put())));
+  EXPECT_EQ(E_POINTER, report->RelatorioDeptos(nullptr, nullptr));
+  Ref<IErrorInfo> info;
+  EXPECT_EQ(S_FALSE, GetErrorInfo(0, info.put()));
+  EXPECT_TRUE(FAILED(report->RelatorioDeptos(nullptr, rows.put())));
+  EXPECT_EQ(E_POINTER, report->get_StringConexao(nullptr));
+  EXPECT_EQ(S_FALSE, GetErrorInfo(0, info.put()));
+}
+
 TEST_F(ObjectRules, AFailedCallEmptiesItsResult) {
   const Server server(copy_.windowsPath());
   const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));

@@ -1,0 +1,29 @@
+// The component's classes as this program itself holds them.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "com/class_table.h"
+#include "com/module.h"
+#include "stand_in.h"
+
+namespace kodra::face {
+
+// While it exists, every public class that this process creates is of the program and not of the registered DLL.
+class OwnClasses {
+ public:
+  OwnClasses() {
+    for (const com::PublicClass& entry : com::PublicClasses())
+      standIns_.push_back(std::make_unique<StandIn>(
+          com::ProgId(entry), [&entry] { return Ref<IDispatch>::Owning(static_cast<IDispatch*>(entry.create())); }));
+  }
+
+  // Whether an object of them is alive.
+  static bool AnyAlive() { return com::ModuleInUse(); }
+
+ private:
+  std::vector<std::unique_ptr<StandIn>> standIns_;
+};
+
+}  // namespace kodra::face

@@ -1,0 +1,46 @@
+// The surroundings of the classes that the test program holds: Windows' own, each call of which may be one to throw.
+#include "com/module.h"
+#include "faults_injector.h"
+#include "platform/windows/com_surroundings.h"
+
+namespace kodra::com {
+namespace {
+
+class ThrowingSurroundings final : public platform::Surroundings {
+ public:
+  std::unique_ptr<platform::Connection> NewConnection() override {
+    face::Injector::MeetCreation(L"ADODB.Connection");
+    return windows_.NewConnection();
+  }
+  std::unique_ptr<platform::Command> NewCommand() override {
+    face::Injector::MeetCreation(L"ADODB.Command");
+    return windows_.NewCommand();
+  }
+  std::unique_ptr<platform::Recordset> NewRecordset() override {
+    face::Injector::MeetCreation(L"ADODB.Recordset");
+    return windows_.NewRecordset();
+  }
+  platform::ObjectRef CreateObject(const std::wstring& progId) override {
+    face::Injector::MeetCreation(progId);
+    return windows_.CreateObject(progId);
+  }
+  void SetEnvironment(const std::wstring& name, const std::wstring& value) override {
+    windows_.SetEnvironment(name, value);
+  }
+  std::optional<std::uint64_t> FileLength(const std::wstring& path) override {
+    face::Injector::Meet(face::kFileLength);
+    return windows_.FileLength(path);
+  }
+
+ private:
+  platform::windows::ComSurroundings windows_;
+};
+
+}  // namespace
+
+platform::Surroundings& ModuleSurroundings() {
+  static ThrowingSurroundings surroundings;
+  return surroundings;
+}
+
+}  // namespace kodra::com
