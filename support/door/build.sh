@@ -11,7 +11,7 @@ packages=(
 )
 # What the tests need beyond that; each part of the door adds its own.
 test_packages=(
-  clang-format unzip
+  clang-format time unzip
   chromium fonts-liberation poppler-utils zbar-tools                        # pages shown, printed, and their barcodes read
 )
 
