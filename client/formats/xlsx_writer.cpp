@@ -7,6 +7,7 @@
 
 #include "client/formats/cell_text.h"
 #include "client/formats/display_width.h"
+#include "client/formats/xlsx_path.h"
 #include "client/output_error.h"
 #include "platform/odbc/utf8.h"
 #include "text/dates.h"
@@ -37,7 +38,7 @@ class XlsxWriter final : public RowWriter {
   explicit XlsxWriter(const std::wstring& path) {
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
-    workbook_.reset(workbook_new_opt(ToUtf8(path).c_str(), &options));
+    workbook_.reset(workbook_new_opt(XlsxPath(path).c_str(), &options));
     if (workbook_) sheet_ = workbook_add_worksheet(workbook_.get(), "Relatório");
     if (sheet_ == nullptr) throw OutputError(L"não foi possível criar a planilha.");
     bold_ = workbook_add_format(workbook_.get());

@@ -7,6 +7,7 @@ packages=(
   unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
   g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine              # 32-bit Windows: compiler, widl, IDL files
+  libz-mingw-w64-dev                                                        # what its library of spreadsheets needs
   mmdebstrap arch-test debian-archive-keyring util-linux mount                              # the Wine box
 )
 # What the tests need beyond that; each part of the door adds its own.
@@ -27,6 +28,37 @@ setup() {
     logged apt-install as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
   fi
   box make
+  windows_sources
+}
+
+# The library that writes spreadsheets, as source, for the console program on Windows: Debian builds it for Debian only.
+# It stands in the cache, from Debian's own source package, whose signature apt checks. Without it the program for
+# Windows writes no spreadsheets.
+windows_sources() {
+  local folder=$KODRA_CACHE/libxlsxwriter work
+  [ ! -d "$folder" ] || return 0
+  step "busca o código da biblioteca de planilhas, para o Windows"
+  work=$(mktemp -d)
+  mkdir -p "$work/lists/partial"
+  # shellcheck disable=SC2016  # the format is apt's
+  printf 'deb-src %s %s main\n' \
+    "$(apt-get indextargets --format '$(SITE)' 'Identifier: Packages' 'Component: main' | head -n 1)" \
+    "$(. /etc/os-release && echo "$VERSION_CODENAME")" >"$work/sources.list"
+  (
+    cd "$work"
+    local options=(-o Dir::Etc::sourcelist="$work/sources.list" -o Dir::Etc::sourceparts=- -o Dir::State::Lists="$work/lists")
+    as_root apt-get "${options[@]}" update
+    as_root apt-get "${options[@]}" source --download-only libxlsxwriter
+    mkdir source
+    tar -xzf libxlsxwriter_*.orig.tar.gz -C source --strip-components=1
+  ) >"$logs/libxlsxwriter.log" 2>&1 || true
+  if [ -d "$work/source/src" ]; then
+    as_root mkdir -p "$KODRA_CACHE"
+    as_root cp -r "$work/source" "$folder"
+  else
+    echo "  não foi possível (veja $logs/libxlsxwriter.log): kodrarpt.exe fica sem planilhas"
+  fi
+  as_root rm -rf "$work"
 }
 
 # Configures and builds a preset: build_preset PRESET [TARGET…].

@@ -17,6 +17,24 @@ same() {
   fi
 }
 
+# Writes a report as a spreadsheet in both worlds, to a name with accents; the sheets must have the same cells.
+same_sheet() {
+  local name=planilha-ação.xlsx folder=build/client
+  rm -rf "$folder/native-sheet" "$folder/windows-sheet"
+  mkdir -p "$folder/native-sheet" "$folder/windows-sheet"
+  build/native/kodrarpt executa "$@" --formato xlsx --saida "$folder/native-sheet/$name" || true
+  box run wine build/win32/console/kodrarpt.exe executa "$@" --formato xlsx --saida "$folder/windows-sheet/$name" \
+    2>>"$logs/wine.log" || true
+  if unzip -p "$folder/native-sheet/$name" xl/worksheets/sheet1.xml xl/styles.xml >"$folder/native" 2>&1 &&
+    unzip -p "$folder/windows-sheet/$name" xl/worksheets/sheet1.xml xl/styles.xml >"$folder/windows" 2>&1 &&
+    cmp -s "$folder/native" "$folder/windows"; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    echo "  kodrarpt $* escreve outra planilha no Windows"
+  fi
+}
+
 test_client() {
   build_preset native kodrarpt kodra-demo-data
   build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
@@ -41,5 +59,6 @@ test_client() {
     done
   done
   same executa CDeptoRpt --conexao "$connection" --formato cvs
+  same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
   same verifica --conexao "$connection"
 }
