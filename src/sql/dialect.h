@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/value.h"
+
 namespace kodra::sql {
 
 class Dialect {
@@ -15,6 +17,10 @@ class Dialect {
   virtual std::wstring DateAdd(std::wstring_view interval, std::wstring_view number, std::wstring_view date) const = 0;
   virtual std::wstring_view CurrentDate() const = 0;
   virtual std::wstring ToDate(std::wstring_view text, std::int32_t layout) const = 0;
+  // Whether a text that is a date becomes a literal of its own, DateLiteral, instead of standing as it came.
+  // REQUIRES of DateLiteral: HasDateLiterals() and a known layout.
+  virtual bool HasDateLiterals() const = 0;
+  virtual std::wstring DateLiteral(platform::Date date, std::int32_t layout) const = 0;
   virtual std::wstring ToInt(std::wstring_view expr) const = 0;
   virtual std::wstring ToChar(std::wstring_view expr, std::wstring_view format) const = 0;
   // What stands between two expressions of a concatenation, and what becomes of the expressions once joined by it.

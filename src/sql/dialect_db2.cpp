@@ -14,6 +14,10 @@ class DB2Dialect final : public Dialect {
   std::wstring ToDate(std::wstring_view text, std::int32_t layout) const override {
     return oracle_forms::ToDate(text, layout);
   }
+  bool HasDateLiterals() const override { return true; }
+  std::wstring DateLiteral(platform::Date date, std::int32_t layout) const override {
+    return oracle_forms::DateLiteral(date, layout);
+  }
   std::wstring ToChar(std::wstring_view expr, std::wstring_view format) const override {
     return oracle_forms::ToChar(expr, format);
   }

@@ -38,10 +38,14 @@ class MySQLDialect final : public Dialect {
     const DateLayout form = LayoutOf(layout);
     const auto date = text::ParseDate(text);
     if (!date) return text::Join({L"STR_TO_DATE(", text, L",'", form.expressionPattern, L"')"});
+    if (!form.literalFormat.empty()) return DateLiteral(*date, layout);
     // An unknown layout has no format of its own: the date's text is quoted as it came.
-    const std::wstring literal =
-        form.literalFormat.empty() ? text::Join({L"'", text, L"'"}) : text::FormatDate(*date, form.literalFormat);
-    return text::Join({L"STR_TO_DATE(", literal, L",'", form.literalPattern, L"')"});
+    return text::Join({L"STR_TO_DATE('", text, L"','", form.literalPattern, L"')"});
+  }
+  bool HasDateLiterals() const override { return true; }
+  std::wstring DateLiteral(platform::Date date, std::int32_t layout) const override {
+    const DateLayout form = LayoutOf(layout);
+    return text::Join({L"STR_TO_DATE(", text::FormatDate(date, form.literalFormat), L",'", form.literalPattern, L"')"});
   }
   std::wstring ToInt(std::wstring_view expr) const override { return text::Join({L"CAST(", expr, L" AS UNSIGNED)"}); }
   std::wstring ToChar(std::wstring_view expr, std::wstring_view format) const override {

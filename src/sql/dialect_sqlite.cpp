@@ -36,6 +36,8 @@ class SQLiteDialect final : public Dialect {
         return {};
     }
   }
+  bool HasDateLiterals() const override { return false; }
+  std::wstring DateLiteral(platform::Date, std::int32_t) const override { return {}; }
   std::wstring ToInt(std::wstring_view expr) const override { return text::Join({L"CAST(", expr, L" AS INT)"}); }
   // A report on SQLite gets no text for this fragment, whatever the format.
   std::wstring ToChar(std::wstring_view, std::wstring_view) const override { return {}; }

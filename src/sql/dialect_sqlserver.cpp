@@ -17,7 +17,11 @@ class SQLServerDialect final : public Dialect {
   std::wstring ToDate(std::wstring_view text, std::int32_t layout) const override {
     const auto date = text::ParseDate(text);
     if (!date) return std::wstring(text);
-    return text::FormatDate(*date, layout == fdDateTime ? L"'yyyy-mm-dd\\Thh:nn:ss'" : L"'yyyymmdd'");
+    return DateLiteral(*date, layout);
+  }
+  bool HasDateLiterals() const override { return true; }
+  std::wstring DateLiteral(platform::Date date, std::int32_t layout) const override {
+    return text::FormatDate(date, layout == fdDateTime ? L"'yyyy-mm-dd\\Thh:nn:ss'" : L"'yyyymmdd'");
   }
   std::wstring ToInt(std::wstring_view expr) const override { return text::Join({L"CAST(", expr, L" AS INT)"}); }
   std::wstring ToChar(std::wstring_view expr, std::wstring_view format) const override {

@@ -46,14 +46,15 @@ std::wstring DateAdd(std::wstring_view interval, std::wstring_view number, std::
 
 std::wstring ToDate(std::wstring_view text, std::int32_t layout) {
   const auto [databasePattern, literalPattern] = LayoutOf(layout);
-  std::wstring literal;
   if (!literalPattern.empty()) {
-    if (const auto date = text::ParseDate(text)) {
-      literal = text::FormatDate(*date, literalPattern);
-      text = literal;
-    }
+    if (const auto date = text::ParseDate(text)) return DateLiteral(*date, layout);
   }
   return text::Join({L"TO_DATE(", text, L",'", databasePattern, L"')"});
+}
+
+std::wstring DateLiteral(platform::Date date, std::int32_t layout) {
+  const auto [databasePattern, literalPattern] = LayoutOf(layout);
+  return text::Join({L"TO_DATE(", text::FormatDate(date, literalPattern), L",'", databasePattern, L"')"});
 }
 
 std::wstring ToChar(std::wstring_view expr, std::wstring_view format) {

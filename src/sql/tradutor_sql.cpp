@@ -3,6 +3,7 @@
 #include "platform/erro.h"
 #include "sql/dialect.h"
 #include "text/convert.h"
+#include "text/dates.h"
 #include "text/join.h"
 #include "text/numbers.h"
 
@@ -46,17 +47,6 @@ std::wstring DefaultDate(const Dialect& dialect, std::wstring_view value) {
   return text::Join({L"CAST('", value.empty() ? kNoDate : value, L"' AS ", dialect.DefaultDateType(), L")"});
 }
 
-std::wstring DefaultValue(const Dialect& dialect, std::int32_t kind, std::wstring_view value) {
-  switch (kind) {
-    case nvNumero:
-      return DefaultNumber(value);
-    case nvTexto:
-      return text::Join({L"'", value, L"'"});
-    default:
-      return DefaultDate(dialect, value);
-  }
-}
-
 }  // namespace
 
 void DefineTipoBanco(std::int32_t code) noexcept { currentCode = code == tbOracleAlt ? tbOracle : code; }
@@ -71,6 +61,18 @@ std::wstring SQLDataAtual() { return CurrentDateOf(DialectFor(L"SQLDataAtual"));
 
 std::wstring SQLToDate(std::wstring_view dateText, std::int32_t layout) {
   return DialectFor(L"SQLToDate").ToDate(dateText, layout);
+}
+
+// A literal does not show how the text was written: writing and reading it again are left out.
+std::wstring SQLToDate(platform::Date date, std::int32_t layout) {
+  const Dialect& dialect = DialectFor(L"SQLToDate");
+  return dialect.HasDateLiterals() ? dialect.DateLiteral(date, layout) : dialect.ToDate(text::DateToText(date), layout);
+}
+
+std::wstring SQLToDate(platform::Date date, std::wstring_view pattern, std::int32_t layout) {
+  const Dialect& dialect = DialectFor(L"SQLToDate");
+  return dialect.HasDateLiterals() ? dialect.DateLiteral(date, layout)
+                                   : dialect.ToDate(text::FormatDate(date, pattern), layout);
 }
 
 std::wstring SQLToInt(std::wstring_view expr) { return DialectFor(L"SQLToInt").ToInt(expr); }
@@ -89,7 +91,8 @@ std::wstring SQLStrConcat(std::initializer_list<std::wstring_view> parts) {
 
 std::wstring SQLNVL(std::wstring_view expr, std::int32_t kind, std::wstring_view defaultValue) {
   const Dialect& dialect = DialectFor(L"SQLNVL");
-  const std::wstring value = DefaultValue(dialect, kind, defaultValue);
+  if (kind == nvTexto) return text::Join({dialect.NullReplacer(), L"(", expr, L", '", defaultValue, L"')"});
+  const std::wstring value = kind == nvNumero ? DefaultNumber(defaultValue) : DefaultDate(dialect, defaultValue);
   return text::Join({dialect.NullReplacer(), L"(", expr, L", ", value, L")"});
 }
 

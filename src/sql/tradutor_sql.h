@@ -50,6 +50,11 @@ std::wstring SQLDataAtual();
 // any other is an expression. SQL Server has no form for an expression: it is given back as it is.
 std::wstring SQLToDate(std::wstring_view dateText, std::int32_t layout);
 
+// The same for a date's text: as text::DateToText or, in the second form, as text::FormatDate writes it.
+// REQUIRES: the pattern writes the whole day and the layout is fdDDMMYYYY or fdYYYYMMDD.
+std::wstring SQLToDate(platform::Date date, std::int32_t layout);
+std::wstring SQLToDate(platform::Date date, std::wstring_view pattern, std::int32_t layout);
+
 // An expression cast to an integer.
 std::wstring SQLToInt(std::wstring_view expr);
 

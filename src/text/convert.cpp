@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/erro.h"
 #include "text/dates.h"
@@ -113,8 +114,13 @@ struct BoolOf {
 
 std::wstring ToText(const platform::Value& value) { return std::visit(TextOf{}, value.Held()); }
 
-std::wstring ToTextOrEmpty(const platform::Value& value) {
-  return value.Is<platform::Null>() ? std::wstring() : ToText(value);
+std::wstring ToText(platform::Value&& value) {
+  if (value.Is<std::wstring>()) return std::move(value).TakeText();
+  return ToText(std::as_const(value));
+}
+
+std::wstring ToTextOrEmpty(platform::Value value) {
+  return value.Is<platform::Null>() ? std::wstring() : ToText(std::move(value));
 }
 
 std::int32_t ToInt32(const platform::Value& value) { return std::visit(Int32Of{}, value.Held()); }

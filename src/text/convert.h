@@ -13,9 +13,10 @@ namespace kodra::text {
 
 // Empty gives the empty text, a Boolean "Verdadeiro" or "Falso", a number its decimal-comma text, a date DateToText.
 std::wstring ToText(const platform::Value& value);
+std::wstring ToText(platform::Value&& value);
 
 // A value joined to the empty text: as ToText, but Null gives the empty text too.
-std::wstring ToTextOrEmpty(const platform::Value& value);
+std::wstring ToTextOrEmpty(platform::Value value);
 
 // A 32-bit integer: halves go to the even neighbour, true is -1, Empty is 0, text is read as a Brazilian number.
 // Raises RuntimeError::kOverflow beyond 32 bits and RuntimeError::kTypeMismatch for text that is no number.

@@ -27,7 +27,7 @@ std::size_t RunLength(std::wstring_view pattern, std::size_t at) {
 
 class Writer {
  public:
-  explicit Writer(const Calendar& calendar) : calendar_(calendar) {}
+  Writer(const Calendar& calendar, std::size_t length) : calendar_(calendar) { out_.reserve(length); }
 
   // Writes the field that `length` times `letter` (in upper case) stands for; false when it stands for none.
   bool WriteField(wchar_t letter, std::size_t length) {
@@ -82,7 +82,7 @@ class Writer {
 }  // namespace
 
 std::wstring FormatDate(platform::Date date, std::wstring_view pattern) {
-  Writer writer(ToCalendar(date));
+  Writer writer(ToCalendar(date), pattern.size());
   for (std::size_t at = 0; at < pattern.size();) {
     if (pattern[at] == L'\\') {
       writer.WriteLiteral(pattern.substr(at + 1, 1));

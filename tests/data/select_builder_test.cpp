@@ -51,10 +51,44 @@ TEST(SelectBuilderTest, DropsAWhereThatIsSetEmptyAgain) {
 
 TEST(SelectBuilderTest, GivesColumnsAndConditionBackToBeExtended) {
   SelectBuilder select = Media();
-  select.SetColumns(select.Columns() + L", DOC_FINAL");
+  EXPECT_EQ(select.Columns(), L"NUM_CD, DOC_INICIAL");
+  EXPECT_EQ(select.Where(), L"");
+  select.SetColumns(std::wstring(select.Columns()) + L", DOC_FINAL");
   select.SetWhere(L"(1=1)");
-  select.SetWhere(select.Where() + L" AND NUM_CD=1");
+  EXPECT_EQ(select.Where(), L"(1=1)");
+  select.SetWhere(std::wstring(select.Where()) + L" AND NUM_CD=1");
   EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL, DOC_FINAL FROM CD WHERE (1=1) AND NUM_CD=1");
+}
+
+TEST(SelectBuilderTest, ExtendsEachClauseWhereItStands) {
+  SelectBuilder select = Media();
+  select.SetOrderBy(L"NUM_CD");
+  select.AddToWhere(L"(1=1)");
+  select.AddToColumns({L", ", L"DOC_FINAL"});
+  select.AddJoin(0, JoinKind::kInner, L"A a", {L"a.X", L" = 1"});
+  select.AddToWhere({L" AND NUM_CD=", L"1"});
+  EXPECT_EQ(select.SQL(),
+            L"SELECT NUM_CD, DOC_INICIAL, DOC_FINAL FROM CD INNER JOIN A a ON a.X = 1 "
+            L"WHERE (1=1) AND NUM_CD=1 ORDER BY NUM_CD");
+}
+
+TEST(SelectBuilderTest, HasNoClauseForPiecesThatSayNothing) {
+  SelectBuilder select = Media();
+  select.AddToWhere({L"", L""});
+  select.SetGroupBy(L"");
+  EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD");
+}
+
+TEST(SelectBuilderTest, ReplacesClausesBeforeAndBehindOthers) {
+  SelectBuilder select = Media();
+  select.SetWhere(L"NUM_CD=1");
+  select.SetOrderBy(L"NUM_CD");
+  select.SetFrom(L"CD c");
+  select.SetColumns(L"*");
+  select.SetOrderBy(L"1");
+  EXPECT_EQ(select.SQL(), L"SELECT * FROM CD c WHERE NUM_CD=1 ORDER BY 1");
+  EXPECT_EQ(select.Columns(), L"*");
+  EXPECT_EQ(select.Where(), L"NUM_CD=1");
 }
 
 TEST(SelectBuilderTest, TakesEveryFragmentAsGiven) {
@@ -78,6 +112,18 @@ TEST(SelectBuilderTest, ReplacesAJoinAtTheSamePosition) {
   select.AddJoin(0, JoinKind::kInner, L"A", L"1=1");
   select.AddJoin(0, JoinKind::kLeftOuter, L"B", L"2=2");
   EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD LEFT JOIN B ON 2=2");
+}
+
+TEST(SelectBuilderTest, ReplacesAJoinBetweenOthersByALongerOne) {
+  SelectBuilder select = Media();
+  select.SetWhere(L"3=3");
+  for (const std::int32_t index : {0, 1, 2})
+    select.AddJoin(index, JoinKind::kInner, L"T" + std::to_wstring(index), L"1=" + std::to_wstring(index));
+  select.AddJoin(1, JoinKind::kLeftOuter, L"LONGER t", L"t.X = 1");
+  select.AddJoin(3, JoinKind::kInner, L"T3", L"1=3");
+  EXPECT_EQ(select.SQL(),
+            L"SELECT NUM_CD, DOC_INICIAL FROM CD INNER JOIN T0 ON 1=0 LEFT JOIN LONGER t ON t.X = 1 "
+            L"INNER JOIN T2 ON 1=2 INNER JOIN T3 ON 1=3 WHERE 3=3");
 }
 
 TEST(SelectBuilderTest, GivesTheSameStatementForEveryDatabase) {

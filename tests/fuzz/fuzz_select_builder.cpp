@@ -55,14 +55,14 @@ void Call(std::wstring_view call, SelectBuilder& select, Parts& parts) {
       return select.SetColumns(parts.columns = text);
     case L'C':
       parts.columns += text;
-      return select.SetColumns(select.Columns() + text);
+      return select.AddToColumns(text);
     case L'f':
       return select.SetFrom(parts.from = text);
     case L'w':
       return select.SetWhere(parts.where = text);
     case L'W':
       parts.where += text;
-      return select.SetWhere(select.Where() + text);
+      return select.AddToWhere(text);
     case L'g':
       return select.SetGroupBy(parts.groupBy = text);
     case L'o':

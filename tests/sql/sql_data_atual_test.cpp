@@ -29,6 +29,8 @@ class Wordless final : public Dialect {
   std::wstring DateAdd(std::wstring_view, std::wstring_view, std::wstring_view) const override { return {}; }
   std::wstring_view CurrentDate() const override { return {}; }
   std::wstring ToDate(std::wstring_view, std::int32_t) const override { return {}; }
+  bool HasDateLiterals() const override { return false; }
+  std::wstring DateLiteral(platform::Date, std::int32_t) const override { return {}; }
   std::wstring ToInt(std::wstring_view) const override { return {}; }
   std::wstring ToChar(std::wstring_view, std::wstring_view) const override { return {}; }
   std::wstring_view ConcatSeparator() const override { return {}; }

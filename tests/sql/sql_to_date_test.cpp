@@ -1,4 +1,6 @@
+#include "platform/erro.h"
 #include "tests/sql/dialect_codes.h"
+#include "text/dates.h"
 
 namespace kodra::sql {
 namespace {
@@ -87,6 +89,32 @@ TEST(SQLToDate, ADateWithoutTimeIsMidnightInTheDateTimeLayout) {
 TEST(SQLToDate, ACodeWithoutDialectRaisesForDatesAndExpressions) {
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"31/12/2023", 0); });
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"c.DATA", 3); });
+}
+
+// A date goes into the statement as its text would.
+TEST(SQLToDate, TakesADateAsItsText) {
+  const platform::Date dates[] = {{0}, {0.5}, {-1.25}, {45291}, {45291.999999}, {45352.75}, {-657434}, {2958465.9}};
+  for (const std::int32_t code : {1, 2, 3, 5, 6, 7}) {
+    DefineTipoBanco(code);
+    for (const std::int32_t layout : {fdDDMMYYYY, fdYYYYMMDD}) {
+      for (const platform::Date date : dates) {
+        EXPECT_EQ(SQLToDate(date, layout), SQLToDate(text::DateToText(date), layout)) << code << ' ' << date.days;
+        EXPECT_EQ(SQLToDate(date, L"yyyy-mm-dd 23:59:59", layout),
+                  SQLToDate(text::FormatDate(date, L"yyyy-mm-dd 23:59:59"), layout))
+            << code << ' ' << date.days;
+      }
+    }
+  }
+  DefineTipoBanco(1);
+  EXPECT_EQ(SQLToDate(platform::Date{45291}, fdDDMMYYYY), L"TO_DATE('31/12/2023','DD/MM/YYYY')");
+  DefineTipoBanco(7);
+  EXPECT_EQ(SQLToDate(platform::Date{45291}, L"yyyy-mm-dd 00:00:00", fdYYYYMMDD),
+            L"strftime('%Y-%m-%d',2023-12-31 00:00:00)");
+}
+TEST(SQLToDate, TakesNoDateForACodeWithoutDialect) {
+  DefineTipoBanco(4);
+  EXPECT_THROW(SQLToDate(platform::Date{45291}, fdDDMMYYYY), platform::Erro);
+  EXPECT_THROW(SQLToDate(platform::Date{45291}, L"yyyy-mm-dd", fdDDMMYYYY), platform::Erro);
 }
 
 }  // namespace

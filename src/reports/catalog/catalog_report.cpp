@@ -7,10 +7,10 @@ std::wstring CatalogReport::Statement(const CatalogList& list) const {
   builder.SetColumns(list.columns);
   builder.SetFrom(list.from);
   for (std::int32_t index = 0; const CatalogJoin& join : list.joins)
-    builder.AddJoin(index++, join.kind, join.table, join.condition);
+    if (!join.table.empty()) builder.AddJoin(index++, join.kind, join.table, join.condition);
   builder.SetWhere(list.where);
   builder.SetOrderBy(list.orderBy);
-  return builder.SQL();
+  return std::move(builder).SQL();
 }
 
 frame::ReportRows CatalogReport::ListWhole(std::wstring_view method, const platform::AutomationObject* obj,

@@ -3,25 +3,25 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "frame/report_class.h"
 
 namespace kodra::reports {
 
 struct CatalogJoin {
-  data::JoinKind kind;
-  std::wstring table;
-  std::wstring condition;
+  data::JoinKind kind = data::JoinKind::kInner;
+  std::wstring_view table = {};
+  std::wstring_view condition = {};
 };
 
-// The parts of a listing's statement; a part left out has no clause. Joins stand in their order.
+// The parts of a listing's statement; a part left out has no clause. Joins stand in their order. The texts are the
+// caller's: a list is used up before they go.
 struct CatalogList {
-  std::wstring columns;
-  std::wstring from;
-  std::vector<CatalogJoin> joins = {};
-  std::wstring where = {};
-  std::wstring orderBy;
+  std::wstring_view columns = {};
+  std::wstring_view from;
+  CatalogJoin joins[4] = {};
+  std::wstring_view where = {};
+  std::wstring_view orderBy;
 };
 
 class CatalogReport : public frame::ReportClass {

@@ -1,14 +1,18 @@
 #include "reports/catalog/deposito_rpt.h"
 
 namespace kodra::reports {
+namespace {
+
+constexpr CatalogList kList = {
+    .columns = L"NOME, ENDERECO, CIDADE, ESTADO, CEP, TELEFONE, FAX, CONTATO",
+    .from = L"DEPOSITO",
+    .orderBy = L"NOME",
+};
+
+}  // namespace
 
 frame::ReportRows CDepositoRpt::RelatorioDepositos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioDepositos", obj,
-                   {
-                       .columns = L"NOME, ENDERECO, CIDADE, ESTADO, CEP, TELEFONE, FAX, CONTATO",
-                       .from = L"DEPOSITO",
-                       .orderBy = L"NOME",
-                   });
+  return ListWhole(L"RelatorioDepositos", obj, kList);
 }
 
 }  // namespace kodra::reports

@@ -1,14 +1,18 @@
 #include "reports/catalog/depto_rpt.h"
 
 namespace kodra::reports {
+namespace {
+
+constexpr CatalogList kList = {
+    .columns = L"DESCR_DEPTO, ENDERECO, CIDADE, ESTADO, CEP, END_EMAIL",
+    .from = L"DEPTO",
+    .orderBy = L"DESCR_DEPTO",
+};
+
+}  // namespace
 
 frame::ReportRows CDeptoRpt::RelatorioDeptos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioDeptos", obj,
-                   {
-                       .columns = L"DESCR_DEPTO, ENDERECO, CIDADE, ESTADO, CEP, END_EMAIL",
-                       .from = L"DEPTO",
-                       .orderBy = L"DESCR_DEPTO",
-                   });
+  return ListWhole(L"RelatorioDeptos", obj, kList);
 }
 
 }  // namespace kodra::reports

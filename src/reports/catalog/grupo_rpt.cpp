@@ -1,14 +1,18 @@
 #include "reports/catalog/grupo_rpt.h"
 
 namespace kodra::reports {
+namespace {
+
+constexpr CatalogList kList = {
+    .columns = L"DESCR_CLASSE, OBS_CLASSE",
+    .from = L"CLASSE",
+    .orderBy = L"DESCR_CLASSE",
+};
+
+}  // namespace
 
 frame::ReportRows CGrupoRpt::RelatorioGrupos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioGrupos", obj,
-                   {
-                       .columns = L"DESCR_CLASSE, OBS_CLASSE",
-                       .from = L"CLASSE",
-                       .orderBy = L"DESCR_CLASSE",
-                   });
+  return ListWhole(L"RelatorioGrupos", obj, kList);
 }
 
 }  // namespace kodra::reports

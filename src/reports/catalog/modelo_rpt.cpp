@@ -12,7 +12,7 @@ using enum data::JoinKind;
 
 constexpr std::size_t kCodeSize = 128;
 
-CatalogList Models(bool oneOnly) {
+constexpr CatalogList Models(bool oneOnly) {
   return {
       .columns =
           L"c.DESCR_CLASSE AS GRUPO, g.DESCR_GRUPO AS SUBGRUPO, a.DESCR_ASSUNTO AS SERIE, "
@@ -23,7 +23,7 @@ CatalogList Models(bool oneOnly) {
       .joins = {{kInner, L"GRUPO g", L"m.COD_GRUPO = g.COD_GRUPO"},
                 {kLeftOuter, L"CLASSE c", L"c.COD_CLASSE = g.COD_CLASSE"},
                 {kInner, L"ASSUNTO a", L"m.COD_ASSUNTO = a.COD_ASSUNTO"}},
-      .where = oneOnly ? L"UPPER(m.COD_MODELO) = ?" : L"",
+      .where = oneOnly ? std::wstring_view(L"UPPER(m.COD_MODELO) = ?") : L"",
       .orderBy = L"c.DESCR_CLASSE, g.DESCR_GRUPO, a.DESCR_ASSUNTO",
   };
 }
@@ -45,7 +45,9 @@ frame::ReportRows CModeloRpt::RelatorioModelos(platform::AutomationObject* obj) 
   return Report(L"RelatorioModelos", [&] {
     InicializaPS(obj);
     const std::wstring code = frame::ReadText(*obj, L"CodModelo");
-    const std::wstring statement = Statement(Models(!code.empty()));
+    static constexpr CatalogList kAll = Models(false);
+    static constexpr CatalogList kOne = Models(true);
+    const std::wstring statement = Statement(code.empty() ? kAll : kOne);
 
     const auto command = Around().NewCommand();
     const auto connection = data::AbreCn(StringConexao(), ad::kUseServer, ad::kXactReadCommitted, Around());

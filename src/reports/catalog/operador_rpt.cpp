@@ -22,7 +22,7 @@ std::wstring Statement(data::SelectBuilder builder) {
   builder.AddJoin(1, JoinKind::kInner, L"GRUPOS_OPERADORES gp", L"o.COD_GRPOP = gp.COD_GRPOP");
   builder.SetWhere(L"o.OPCOES_PESSOAIS <> 'APAGADO' OR o.OPCOES_PESSOAIS IS NULL");
   builder.SetOrderBy(L"o.DESCR_OPERADOR");
-  return builder.SQL();
+  return std::move(builder).SQL();
 }
 
 }  // namespace
@@ -37,9 +37,9 @@ frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* 
   std::wstring step;
   try {
     InicializaPS(obj);
-    const std::wstring statement = Statement(NewBuilder());
+    std::wstring statement = Statement(NewBuilder());
     step = L"ao obter dados do SGBD";
-    const std::vector<OperadorObj> operators = ReadOperators(statement);
+    const std::vector<OperadorObj> operators = ReadOperators(std::move(statement));
     return operators.empty() ? nullptr : Fill(operators, step);
   } catch (...) {
     throw platform::Erro(frame::kReportError, SourceOf(L"RelatorioOperadores"),
@@ -47,8 +47,8 @@ frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* 
   }
 }
 
-std::vector<OperadorObj> COperadorRpt::ReadOperators(const std::wstring& statement) const {
-  const frame::ReportRows rows = Open(statement);
+std::vector<OperadorObj> COperadorRpt::ReadOperators(std::wstring statement) const {
+  const frame::ReportRows rows = Open(std::move(statement));
   SourceField ativo(*rows, L"ATIVO");
   SourceField chapa(*rows, L"CHAPA");
   SourceField depto(*rows, L"DESCR_DEPTO");

@@ -1,14 +1,18 @@
 #include "reports/catalog/suporte_rpt.h"
 
 namespace kodra::reports {
+namespace {
+
+constexpr CatalogList kList = {
+    .columns = L"DESCR_SUPORTE",
+    .from = L"SUPORTE",
+    .orderBy = L"DESCR_SUPORTE",
+};
+
+}  // namespace
 
 frame::ReportRows CSuporteRpt::RelatorioSuportes(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioSuportes", obj,
-                   {
-                       .columns = L"DESCR_SUPORTE",
-                       .from = L"SUPORTE",
-                       .orderBy = L"DESCR_SUPORTE",
-                   });
+  return ListWhole(L"RelatorioSuportes", obj, kList);
 }
 
 }  // namespace kodra::reports

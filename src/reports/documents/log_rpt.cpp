@@ -18,10 +18,15 @@ constexpr std::size_t kActionSize = 250;
 // The position of ACAO1 among the fields.
 constexpr std::size_t kFirstAction = 6;
 
+std::wstring Shortened(std::wstring text, std::size_t count) {
+  if (text.size() > count) text.resize(count);
+  return text;
+}
+
 // The first characters of a text; null stays null.
-Value FirstCharacters(const Value& value, std::size_t count) {
+Value FirstCharacters(Value value, std::size_t count) {
   if (value.Is<platform::Null>()) return value;
-  return text::ToText(value).substr(0, count);
+  return Shortened(text::ToText(std::move(value)), count);
 }
 
 Value TimeText(const Value& moment) {
@@ -31,7 +36,8 @@ Value TimeText(const Value& moment) {
 
 std::wstring ActionField(std::size_t number) { return L"ACAO" + text::NumberToText(static_cast<std::int64_t>(number)); }
 
-void FillAction(OutputDataset& output, const std::wstring& action) {
+void FillAction(OutputDataset& output, std::wstring action) {
+  if (!action.empty() && action.size() <= kActionSize) return output[kFirstAction].Let(std::move(action));
   for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number) {
     const std::wstring piece = action.substr(start, kActionSize);
     if (number <= kActionFields)
@@ -48,7 +54,7 @@ void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
   output[1].Let(TimeText(moment));
   output[2].Let(FirstCharacters(event.Get(L"Nome_Operador"), 250));
   output[3].Let(FirstCharacters(event.Get(L"Maquina"), 250));
-  output[4].Let(text::ToTextOrEmpty(event.Get(L"Cod_Docto")).substr(0, 10));
+  output[4].Let(Shortened(text::ToTextOrEmpty(event.Get(L"Cod_Docto")), 10));
   output[5].Let(FirstCharacters(event.Get(L"Tipo_Evento"), 10));
   FillAction(output, text::ToText(event.Get(L"Acao")));
   output.Update();

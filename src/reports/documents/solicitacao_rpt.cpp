@@ -6,49 +6,54 @@
 #include "reports/output_dataset.h"
 #include "sql/tradutor_sql.h"
 #include "text/dates.h"
+#include "text/join.h"
 
 namespace kodra::reports {
 namespace {
 
 std::wstring DocumentsStatement(const std::wstring& requests) {
-  return L"SELECT d.COD_DOCTO, d.NUM_CAIXA, s.DT_DEVOLUCAO, "
-         L"c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, c.COORD_Z AS PRATELEIRA "
-         L"FROM SOLICITACAO s "
-         L"INNER JOIN DOCUMENTO d ON s.COD_DOCTO = d.COD_DOCTO "
-         L"INNER JOIN CAIXA c ON d.NUM_CAIXA = c.NUM_CAIXA "
-         L"WHERE s.COD_SOLICIT IN (" +
-         requests +
-         L") "
-         L"ORDER BY d.NUM_CAIXA";
+  return text::Join(
+      {L"SELECT d.COD_DOCTO, d.NUM_CAIXA, s.DT_DEVOLUCAO, "
+       L"c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, c.COORD_Z AS PRATELEIRA "
+       L"FROM SOLICITACAO s "
+       L"INNER JOIN DOCUMENTO d ON s.COD_DOCTO = d.COD_DOCTO "
+       L"INNER JOIN CAIXA c ON d.NUM_CAIXA = c.NUM_CAIXA "
+       L"WHERE s.COD_SOLICIT IN (",
+       requests,
+       L") "
+       L"ORDER BY d.NUM_CAIXA"});
 }
 
 // The return sentence by the mode of the request, for one document or several.
 std::wstring ReturnSentences(bool several, const std::wstring& date) {
   if (several)
-    return L"WHEN 'P' THEN 'Os documentos serão retirados permanentemente.' "
-           L"WHEN 'I' THEN 'As devoluções não têm data determinada para ocorrer.' "
-           L"WHEN 'D' THEN 'As devoluções destes documentos deverão ser realizadas em " +
-           date + L".' ";
-  return L"WHEN 'P' THEN 'O documento será retirado permanentemente.' "
-         L"WHEN 'I' THEN 'A devolução não tem data determinada para ocorrer.' "
-         L"WHEN 'D' THEN 'A devolução deste documento deverá ser realizada em " +
-         date + L".' ";
+    return text::Join(
+        {L"WHEN 'P' THEN 'Os documentos serão retirados permanentemente.' "
+         L"WHEN 'I' THEN 'As devoluções não têm data determinada para ocorrer.' "
+         L"WHEN 'D' THEN 'As devoluções destes documentos deverão ser realizadas em ",
+         date, L".' "});
+  return text::Join(
+      {L"WHEN 'P' THEN 'O documento será retirado permanentemente.' "
+       L"WHEN 'I' THEN 'A devolução não tem data determinada para ocorrer.' "
+       L"WHEN 'D' THEN 'A devolução deste documento deverá ser realizada em ",
+       date, L".' "});
 }
 
 std::wstring RequestStatement(const std::wstring& requests, const std::wstring& sentences) {
-  return L"SELECT DISTINCT "
-         L"CASE "
-         L"WHEN o.NOME_COMPLETO IS NULL OR o.NOME_COMPLETO='' THEN o.DESCR_OPERADOR "
-         L"ELSE o.NOME_COMPLETO "
-         L"END AS OPERADOR, "
-         L"CASE s.DEVOLVIDO " +
-         sentences +
-         L"END AS DEVOLUCAO, "
-         L"s.OBS_SOLICIT "
-         L"FROM SOLICITACAO s "
-         L"INNER JOIN OPERADOR o ON s.COD_OPERADOR = o.COD_OPERADOR "
-         L"WHERE s.COD_SOLICIT IN (" +
-         requests + L")";
+  return text::Join(
+      {L"SELECT DISTINCT "
+       L"CASE "
+       L"WHEN o.NOME_COMPLETO IS NULL OR o.NOME_COMPLETO='' THEN o.DESCR_OPERADOR "
+       L"ELSE o.NOME_COMPLETO "
+       L"END AS OPERADOR, "
+       L"CASE s.DEVOLVIDO ",
+       sentences,
+       L"END AS DEVOLUCAO, "
+       L"s.OBS_SOLICIT "
+       L"FROM SOLICITACAO s "
+       L"INNER JOIN OPERADOR o ON s.COD_OPERADOR = o.COD_OPERADOR "
+       L"WHERE s.COD_SOLICIT IN (",
+       requests, L")"});
 }
 
 }  // namespace
@@ -143,25 +148,27 @@ frame::ReportRows CSolicitacaoRpt::RelatorioDevolucaoOriginal(platform::Automati
   return Report(L"RelatorioDevolucaoOriginal", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
-    std::wstring title = L"Listagem De Originais Retirados E Originais Devolvidos";
-    if (!frame::ReadFlag(*obj, L"ListarJaDevolvidos")) {
-      title = L"Listagem De Originais Retirados";
-      builder.SetWhere(L"s.DEVOLVIDO <> 'S'");
-    }
-    std::wstring columns = L"'" + title + L"' AS TITULO, ";
-    columns +=
+    const bool returnedToo = frame::ReadFlag(*obj, L"ListarJaDevolvidos");
+    if (returnedToo)
+      builder.SetColumns(L"'Listagem De Originais Retirados E Originais Devolvidos' AS TITULO, ");
+    else
+      builder.SetColumns(L"'Listagem De Originais Retirados' AS TITULO, ");
+    builder.AddToColumns({
         L"s.COD_DOCTO, "
         L"CASE "
         L"WHEN o.NOME_COMPLETO IS NULL OR o.NOME_COMPLETO='' THEN o.DESCR_OPERADOR "
         L"ELSE o.NOME_COMPLETO "
-        L"END AS DESCR_OPERADOR, ";
-    columns += sql::SQLToChar(L"s.DT_RETIRADA", L"DD/MM/YYYY") + L" AS DT_RETIRADA, ";
-    columns += L"s.DEVOLVIDO, ";
-    columns += sql::SQLToChar(L"s.DT_DEVOLUCAO", L"DD/MM/YYYY") + L" AS DT_DEVOLUCAO";
-    builder.SetColumns(columns);
+        L"END AS DESCR_OPERADOR, ",
+        sql::SQLToChar(L"s.DT_RETIRADA", L"DD/MM/YYYY"),
+        L" AS DT_RETIRADA, "
+        L"s.DEVOLVIDO, ",
+        sql::SQLToChar(L"s.DT_DEVOLUCAO", L"DD/MM/YYYY"),
+        L" AS DT_DEVOLUCAO",
+    });
     builder.SetFrom(L"SOLICITACAO s");
     builder.AddJoin(0, data::JoinKind::kInner, L"OPERADOR o", L"s.COD_OPERADOR = o.COD_OPERADOR");
-    return Open(builder.SQL());
+    if (!returnedToo) builder.SetWhere(L"s.DEVOLVIDO <> 'S'");
+    return Open(std::move(builder).SQL());
   });
 }
 

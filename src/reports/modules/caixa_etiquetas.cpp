@@ -9,11 +9,9 @@ namespace {
 using data::JoinKind;
 
 // The condition that picks a subordinate module by its 7-character code.
-std::wstring IsSubordinate(const std::wstring& code) {
-  return L"(s.NUM_CAIXA='" + MainModule(code) + L"' AND s.NUM_SEQ=" + SubordinateNumber(code) + L")";
+void AddIsSubordinate(data::SelectBuilder& builder, std::wstring_view code) {
+  builder.AddToWhere({L"(s.NUM_CAIXA='", MainModule(code), L"' AND s.NUM_SEQ=", SubordinateNumber(code), L")"});
 }
-
-std::wstring IsModule(const std::wstring& code) { return L"c.NUM_CAIXA='" + code + L"'"; }
 
 // The three modules of a label sheet.
 struct Modules {
@@ -30,13 +28,17 @@ Modules ReadModules(platform::AutomationObject& parameters) {
   return modules;
 }
 
-std::wstring AnyModule(const Modules& modules) {
-  return IsModule(modules.first) + L" OR " + IsModule(modules.second) + L" OR " + IsModule(modules.third);
+void AddAnyModule(data::SelectBuilder& builder, const Modules& modules) {
+  builder.AddToWhere({L"c.NUM_CAIXA='", modules.first, L"' OR c.NUM_CAIXA='", modules.second, L"' OR c.NUM_CAIXA='",
+                      modules.third, L"'"});
 }
 
-std::wstring AnySubordinate(const Modules& modules) {
-  return IsSubordinate(modules.first) + L"  OR " + IsSubordinate(modules.second) + L"  OR " +
-         IsSubordinate(modules.third);
+void AddAnySubordinate(data::SelectBuilder& builder, const Modules& modules) {
+  AddIsSubordinate(builder, modules.first);
+  builder.AddToWhere(L"  OR ");
+  AddIsSubordinate(builder, modules.second);
+  builder.AddToWhere(L"  OR ");
+  AddIsSubordinate(builder, modules.third);
 }
 
 }  // namespace
@@ -45,18 +47,20 @@ frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
   return Logged(L"EtiquetaAbertura", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
-    builder.SetFrom(L"CAIXA c");
     if (frame::ReadText(*obj, L"Tipo") == L"S") {
-      builder.SetColumns(L"c.DESC_CAIXA, " + SubordinateCode() + L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO");
+      builder.SetColumns({L"c.DESC_CAIXA, ", SubordinateCode(), L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO"});
+      builder.SetFrom(L"CAIXA c");
       builder.AddJoin(0, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
-      builder.SetWhere(AnySubordinate(ReadModules(*obj)));
+      AddAnySubordinate(builder, ReadModules(*obj));
     } else {
       builder.SetColumns(L"c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO");
-      builder.SetWhere(AnyModule(ReadModules(*obj)));
+      builder.SetFrom(L"CAIXA c");
+      AddAnyModule(builder, ReadModules(*obj));
     }
-    const std::wstring once = builder.SQL();
+    const std::wstring& once = builder.SQL();
+    if (HasConexao()) return OpenResult(once);
     // Two opening labels go on each module.
-    return OpenResult(once + L" UNION ALL " + once + L" ORDER BY NUM_CAIXA", once);
+    return OpenResult(text::Join({once, L" UNION ALL ", once, L" ORDER BY NUM_CAIXA"}));
   });
 }
 
@@ -69,9 +73,11 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamento(platform::AutomationObject* obj)
         L"p.EMPRESA AS Nome_Empresa");
     builder.SetFrom(L"CAIXA c");
     builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
-    builder.SetWhere(L"(" + AnyModule(ReadModules(*obj)) + L")");
+    builder.SetWhere(L"(");
+    AddAnyModule(builder, ReadModules(*obj));
+    builder.AddToWhere(L")");
     builder.SetOrderBy(L"c.NUM_CAIXA");
-    return OpenResult(builder.SQL());
+    return OpenResult(std::move(builder).SQL());
   });
 }
 
@@ -81,16 +87,19 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(platform::AutomationO
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
     RequireClosedSubordinates(module);
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(L"c.DESC_CAIXA, " + SubordinateCode() +
-                       L" AS NUM_CAIXA, "
-                       L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
-                       L"p.EMPRESA AS Nome_Empresa");
+    builder.SetColumns({
+        L"c.DESC_CAIXA, ",
+        SubordinateCode(),
+        L" AS NUM_CAIXA, "
+        L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
+        L"p.EMPRESA AS Nome_Empresa",
+    });
     builder.SetFrom(L"CAIXA c");
     builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
     builder.AddJoin(1, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
-    builder.SetWhere(L"s.NUM_CAIXA = '" + module + L"'");
+    builder.SetWhere({L"s.NUM_CAIXA = '", module, L"'"});
     builder.SetOrderBy(L"NUM_CAIXA");
-    return OpenResult(builder.SQL());
+    return OpenResult(std::move(builder).SQL());
   });
 }
 
@@ -100,9 +109,10 @@ frame::ReportRows CCaixaRpt::EtiquetaDivisoria(platform::AutomationObject* obj) 
     data::SelectBuilder builder = NewBuilder();
     builder.SetColumns(L"d.COD_DOCTO");
     builder.SetFrom(L"DOCUMENTO d");
-    builder.SetWhere(L"d.NUM_CAIXA = '" + MainModule(frame::ReadText(*obj, L"Modulo1")) + L"'");
+    const std::wstring module = frame::ReadText(*obj, L"Modulo1");
+    builder.SetWhere({L"d.NUM_CAIXA = '", MainModule(module), L"'"});
     builder.SetOrderBy(L"d.COD_DOCTO");
-    return OpenResult(builder.SQL());
+    return OpenResult(std::move(builder).SQL());
   });
 }
 

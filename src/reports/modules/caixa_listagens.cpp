@@ -10,15 +10,14 @@ namespace {
 
 using data::JoinKind;
 
-std::wstring Union(const data::SelectBuilder& main, const data::SelectBuilder& subordinates) {
-  return main.SQL() + L" UNION " + subordinates.SQL();
-}
-
 // Pages and documents of the main module c.
-std::wstring TotalsOfModule() {
-  return L"(SELECT SUM(" + sql::SQLToInt(L"doc.FRENTE") +
-         L") FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_PAGINAS, "
-         L"(SELECT COUNT(*) FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_DOCS";
+void AddTotalsOfModule(data::SelectBuilder& builder) {
+  builder.AddToColumns({
+      L"(SELECT SUM(",
+      sql::SQLToInt(L"doc.FRENTE"),
+      L") FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_PAGINAS, "
+      L"(SELECT COUNT(*) FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_DOCS",
+  });
 }
 
 }  // namespace
@@ -35,16 +34,17 @@ frame::ReportRows CCaixaRpt::ModulosExcluidos(platform::AutomationObject* obj) {
     FilterPregresso(main, *obj);
 
     data::SelectBuilder subordinates = NewBuilder();
-    subordinates.SetColumns(SubordinateCode() +
-                            L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, "
-                            L"s.TIPO_GUARDA");
+    subordinates.SetColumns({
+        SubordinateCode(),
+        L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA",
+    });
     subordinates.SetFrom(L"CAIXA_SUBORDINADA s");
     subordinates.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA");
     subordinates.SetWhere(L"s.TIPO_GUARDA = 'E'");
     FilterDepto(subordinates, *obj);
     FilterPregresso(main, *obj);
     subordinates.SetOrderBy(L"DATA_VENCIMENTO, NUM_CAIXA");
-    return OpenResult(Union(main, subordinates), main.SQL());
+    return OpenUnion(std::move(main), subordinates);
   });
 }
 
@@ -55,33 +55,42 @@ frame::ReportRows CCaixaRpt::ModulosVencidos(platform::AutomationObject* obj) {
     data::SelectBuilder main = NewBuilder();
     main.SetColumns(
         L"d.DESCR_DEPTO, c.NUM_CAIXA, c.DESC_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, "
-        L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, c.TIPO_GUARDA, c.ANOS_VENCIMENTO, " +
-        TotalsOfModule());
+        L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, c.TIPO_GUARDA, c.ANOS_VENCIMENTO, ");
+    AddTotalsOfModule(main);
     main.SetFrom(L"CAIXA c");
     main.AddJoin(0, JoinKind::kLeftOuter, L"DEPTO d", L"c.COD_DEPTO = d.COD_DEPTO");
-    main.SetWhere(L"((c.TIPO_GUARDA = 'T' AND c.DATA_VENCIMENTO <= " + sql::SQLDataAtual() +
-                  L")"
-                  L" OR (c.TIPO_GUARDA = 'D' AND c.DATA_FECHAMENTO IS NOT NULL))"
-                  L" AND c.NUM_CAIXA <> 'AA000'");
+    main.SetWhere({
+        L"((c.TIPO_GUARDA = 'T' AND c.DATA_VENCIMENTO <= ",
+        sql::SQLDataAtual(),
+        L")"
+        L" OR (c.TIPO_GUARDA = 'D' AND c.DATA_FECHAMENTO IS NOT NULL))"
+        L" AND c.NUM_CAIXA <> 'AA000'",
+    });
     FilterDepto(main, *obj);
     FilterPregresso(main, *obj);
 
     data::SelectBuilder subordinates = NewBuilder();
-    subordinates.SetColumns(L"d.DESCR_DEPTO, " + SubordinateCode() +
-                            L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, "
-                            L"s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA, s.ANOS_VENCIMENTO, " +
-                            TotalsOfModule());
+    subordinates.SetColumns({
+        L"d.DESCR_DEPTO, ",
+        SubordinateCode(),
+        L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, "
+        L"s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA, s.ANOS_VENCIMENTO, ",
+    });
+    AddTotalsOfModule(subordinates);
     subordinates.SetFrom(L"CAIXA_SUBORDINADA s");
     subordinates.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA");
     subordinates.AddJoin(1, JoinKind::kLeftOuter, L"DEPTO d", L"c.COD_DEPTO = d.COD_DEPTO");
-    subordinates.SetWhere(L"((s.TIPO_GUARDA = 'T' AND s.DATA_VENCIMENTO <= " + sql::SQLDataAtual() +
-                          L") "
-                          L" OR (s.TIPO_GUARDA = 'D' AND s.DATA_FECHAMENTO IS NOT NULL))");
+    subordinates.SetWhere({
+        L"((s.TIPO_GUARDA = 'T' AND s.DATA_VENCIMENTO <= ",
+        sql::SQLDataAtual(),
+        L") "
+        L" OR (s.TIPO_GUARDA = 'D' AND s.DATA_FECHAMENTO IS NOT NULL))",
+    });
     FilterDepto(subordinates, *obj);
     subordinates.SetOrderBy(L"DATA_VENCIMENTO, NUM_CAIXA");
     FilterDepto(subordinates, *obj);
     FilterPregresso(main, *obj);
-    return OpenResult(Union(main, subordinates), main.SQL());
+    return OpenUnion(std::move(main), subordinates);
   });
 }
 
@@ -96,7 +105,7 @@ frame::ReportRows CCaixaRpt::DocsNaoIndexadosNosModulos(platform::AutomationObje
     FilterDepto(builder, *obj);
     builder.SetGroupBy(L"c.NUM_CAIXA, c.DESC_CAIXA");
     builder.SetOrderBy(L"c.NUM_CAIXA");
-    return OpenResult(builder.SQL());
+    return OpenResult(std::move(builder).SQL());
   });
 }
 
@@ -113,25 +122,29 @@ frame::ReportRows CCaixaRpt::RelatoriosModulos(platform::AutomationObject* obj) 
     main.AddJoin(0, JoinKind::kLeftOuter, L"CONTAINER ct", L"c.CONTAINER = ct.NUM_CONTAINER");
     main.SetWhere(L"c.NUM_CAIXA <> 'AA000'");
     FilterDepto(main, *obj);
-    if (frame::ReadFlag(*obj, L"SomenteExistentes"))
-      main.SetWhere(main.Where() + L" AND c.TIPO_GUARDA<>'E' AND c.TIPO_GUARDA<>'P'");
+    if (frame::ReadFlag(*obj, L"SomenteExistentes")) main.AddToWhere(L" AND c.TIPO_GUARDA<>'E' AND c.TIPO_GUARDA<>'P'");
     FilterPregresso(main, *obj);
 
     data::SelectBuilder subordinates = NewBuilder();
-    subordinates.SetColumns(SubordinateCode() +
-                            L" AS NUM_CAIXA, c.DESC_CAIXA, "
-                            L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, "
-                            L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, s.TIPO_GUARDA");
+    subordinates.SetColumns({
+        SubordinateCode(),
+        L" AS NUM_CAIXA, c.DESC_CAIXA, "
+        L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, "
+        L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, s.TIPO_GUARDA",
+    });
     subordinates.SetFrom(L"CAIXA_SUBORDINADA s");
     subordinates.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA");
     subordinates.SetWhere(L"(1=1)");
     FilterDepto(subordinates, *obj);
     // The second test reads the parent's kind.
     if (frame::ReadFlag(*obj, L"SomenteExistentes"))
-      subordinates.SetWhere(subordinates.Where() + L" AND s.TIPO_GUARDA<>'E' AND c.TIPO_GUARDA<>'P'");
+      subordinates.AddToWhere(L" AND s.TIPO_GUARDA<>'E' AND c.TIPO_GUARDA<>'P'");
     FilterPregresso(subordinates, *obj);
-    subordinates.SetOrderBy(frame::ReadText(*obj, L"Ordenacao") == L"D" ? L"DESC_CAIXA" : L"NUM_CAIXA");
-    return OpenResult(Union(main, subordinates), main.SQL());
+    if (frame::ReadText(*obj, L"Ordenacao") == L"D")
+      subordinates.SetOrderBy(L"DESC_CAIXA");
+    else
+      subordinates.SetOrderBy(L"NUM_CAIXA");
+    return OpenUnion(std::move(main), subordinates);
   });
 }
 

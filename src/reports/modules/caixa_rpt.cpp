@@ -46,12 +46,18 @@ void CCaixaRpt::RaiseLogged(std::wstring_view method) {
                        std::wstring(frame::kReportErrorPrefix) + erro.Description());
 }
 
-frame::ReportRows CCaixaRpt::OpenResult(const std::wstring& statement, const std::wstring& onConnection) {
-  if (!conexao_) return Open(statement);
+frame::ReportRows CCaixaRpt::OpenResult(std::wstring statement) {
+  if (!conexao_) return Open(std::move(statement));
   frame::ReportRows rows = Around().NewRecordset();
   rows->SetCursorLocation(ad::kUseClient);
-  rows->Open(onConnection, conexao_.connection.get(), ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
+  rows->Open(std::move(statement), conexao_.connection.get(), ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
   return rows;
+}
+
+frame::ReportRows CCaixaRpt::OpenUnion(data::SelectBuilder main, const data::SelectBuilder& subordinates) {
+  std::wstring statement = std::move(main).SQL();
+  if (!HasConexao()) text::Append(statement, {L" UNION ", subordinates.SQL()});
+  return OpenResult(std::move(statement));
 }
 
 frame::ReportRows CCaixaRpt::NewStatic() const {
@@ -61,10 +67,10 @@ frame::ReportRows CCaixaRpt::NewStatic() const {
   return rows;
 }
 
-void CCaixaRpt::OpenStatic(platform::Recordset& recordset, const std::wstring& statement) {
+void CCaixaRpt::OpenStatic(platform::Recordset& recordset, std::wstring statement) {
   platform::ActiveConnection connection = StringConexao();
   if (conexao_) connection = conexao_.connection.get();
-  recordset.Open(statement, connection, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
+  recordset.Open(std::move(statement), connection, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
 }
 
 platform::ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) {

@@ -65,11 +65,14 @@ class CCaixaRpt : public frame::ReportClass {
   frame::ReportRows Logged(std::wstring_view method, Body body);
   [[noreturn]] void RaiseLogged(std::wstring_view method);
 
-  // Opens the result: one statement on the connection string, another on the client's connection.
-  frame::ReportRows OpenResult(const std::wstring& statement, const std::wstring& onConnection);
-  frame::ReportRows OpenResult(const std::wstring& statement) { return OpenResult(statement, statement); }
+  // Whether the client gave a connection.
+  bool HasConexao() const { return static_cast<bool>(conexao_); }
+  // Opens the result on the client's connection, without one on the connection string.
+  frame::ReportRows OpenResult(std::wstring statement);
+  // Opens main modules with their subordinates on the connection string; on the client's connection the main ones only.
+  frame::ReportRows OpenUnion(data::SelectBuilder main, const data::SelectBuilder& subordinates);
   // Opens a static recordset at the client, on the client's connection or on the connection string as it is.
-  void OpenStatic(platform::Recordset& recordset, const std::wstring& statement);
+  void OpenStatic(platform::Recordset& recordset, std::wstring statement);
   frame::ReportRows NewStatic() const;
 
   // A business component, told where to read and where to log.

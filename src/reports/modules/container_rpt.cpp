@@ -6,6 +6,7 @@
 
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
+#include "text/join.h"
 
 namespace kodra::reports {
 namespace {
@@ -15,10 +16,11 @@ namespace ad = platform::ad;
 constexpr std::array<std::wstring_view, 3> kContainers = {L"Container1", L"Container2", L"Container3"};
 
 std::wstring ModulesStatement(const std::wstring& container) {
-  return L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
-         L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
-         L"WHERE cx.CONTAINER='" +
-         container + L"'";
+  return text::Join(
+      {L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
+       L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
+       L"WHERE cx.CONTAINER='",
+       container, L"'"});
 }
 
 // Whole seconds from one date to another.
@@ -63,7 +65,7 @@ frame::ReportRows CContainerRpt::RelatorioContainers(platform::AutomationObject*
     builder.SetColumns(L"NUM_CONTAINER, DESC_CONTAINER");
     builder.SetFrom(L"CONTAINER");
     builder.SetOrderBy(L"NUM_CONTAINER, DESC_CONTAINER");
-    return Open(builder.SQL());
+    return Open(std::move(builder).SQL());
   });
 }
 
@@ -101,13 +103,18 @@ frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(platform::AutomationObje
     const std::wstring first = frame::ReadText(*obj, L"Container1");
     const std::wstring second = frame::ReadText(*obj, L"Container2");
     const std::wstring third = frame::ReadText(*obj, L"Container3");
-    return Open(
+    return Open(text::Join({
         L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
         L"FROM CAIXA cx "
-        L"WHERE cx.CONTAINER = '" +
-        first + L"' OR cx.CONTAINER = '" + second + L"' OR cx.CONTAINER = '" + third +
+        L"WHERE cx.CONTAINER = '",
+        first,
+        L"' OR cx.CONTAINER = '",
+        second,
+        L"' OR cx.CONTAINER = '",
+        third,
         L"' "
-        L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA");
+        L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA",
+    }));
   });
 }
 

@@ -7,11 +7,11 @@ namespace kodra::reports {
 
 void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
-  if (text::LeadingNumber(code) > 0) builder.SetWhere(builder.Where() + L" AND c.COD_DEPTO = '" + code + L"'");
+  if (text::LeadingNumber(code) > 0) builder.AddToWhere({L" AND c.COD_DEPTO = '", code, L"'"});
 }
 
 void FilterPregresso(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
-  if (frame::ReadFlag(parameters, L"ModoPregresso")) builder.SetWhere(builder.Where() + L" AND c.DOCS_PREGRESSOS = 1");
+  if (frame::ReadFlag(parameters, L"ModoPregresso")) builder.AddToWhere(L" AND c.DOCS_PREGRESSOS = 1");
 }
 
 }  // namespace kodra::reports

@@ -8,7 +8,7 @@
 namespace kodra::reports {
 namespace {
 
-std::wstring CountColumns(std::wstring_view kind) {
+text::Piece CountColumns(std::wstring_view kind) {
   if (kind == L"P") return L", d.FRENTE, d.VERSO ";
   if (kind == L"F") return L", d.FRENTE ";
   return L", d.COD_DOCTO ";
@@ -22,21 +22,27 @@ frame::ReportRows CEstatImgRpt::RelatorioEstatisticas(platform::AutomationObject
     const Period period = ReadPeriod(*obj);
     const ProductionFilter filter = ReadProductionFilter(*obj);
     data::SelectBuilder builder = NewBuilder();
-    std::wstring columns = period.Title() + L" AS TIT1, ";
-    columns += filter.Columns();
-    columns += L"d.DT_ARMAZ, ";
-    columns += L"p.EMPRESA AS FUNDO, ";
-    columns += L"'" + frame::ReadText(*obj, L"Owner") + L"' AS OWNER";
-    columns += CountColumns(frame::ReadText(*obj, L"TipoRpt"));
-    builder.SetColumns(columns);
+    builder.SetColumns({period.Title(), L" AS TIT1, "});
+    filter.AddColumns(builder);
+    builder.AddToColumns({
+        L"d.DT_ARMAZ, "
+        L"p.EMPRESA AS FUNDO, "
+        L"'",
+        frame::ReadText(*obj, L"Owner"),
+        L"' AS OWNER",
+        CountColumns(frame::ReadText(*obj, L"TipoRpt")),
+    });
     builder.SetFrom(L"DOCUMENTO d");
     builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"d.COD_SUPORTE = s.COD_SUPORTE");
-    builder.SetWhere(period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY) +
-                     L" AND d.NUM_CAIXA <> 'AA000' "
-                     L" AND s.DESCR_SUPORTE <> 'DIGITAL' ");
-    const std::int32_t joins = filter.Apply(builder, 1, L"d.COD_OPERADOR");
+    const std::int32_t joins = filter.AddJoins(builder, 1, L"d.COD_OPERADOR");
     builder.AddJoin(joins, data::JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
-    return Open(builder.SQL());
+    builder.SetWhere({
+        period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY),
+        L" AND d.NUM_CAIXA <> 'AA000' "
+        L" AND s.DESCR_SUPORTE <> 'DIGITAL' ",
+    });
+    filter.AddConditions(builder, L"d.COD_OPERADOR");
+    return Open(std::move(builder).SQL());
   });
 }
 

@@ -8,7 +8,7 @@
 namespace kodra::reports {
 namespace {
 
-std::wstring CountColumns(std::wstring_view kind) {
+text::Piece CountColumns(std::wstring_view kind) {
   if (kind == L"F") return L"g.DESCR_GRUPO, d.FRENTE";
   if (kind == L"P") return L"g.DESCR_GRUPO, d.FRENTE, d.VERSO";
   return L"g.DESCR_GRUPO, d.COD_DOCTO";
@@ -22,12 +22,19 @@ frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(platform::AutomationO
     const std::wstring name = TaxonomyName(L"NOME_SUBGRUPO", StringConexao(), Around());
     const Period period = ReadPeriod(*obj);
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(StatisticsTitle(name) + L" AS TITULO, " + period.Title() + L" AS TIT1, ");
+    const std::wstring title = period.Title();
+    const std::wstring where = period.Between(L"d.DT_ARMAZ", sql::fdYYYYMMDD);
+    builder.SetColumns({
+        StatisticsTitle(name),
+        L" AS TITULO, ",
+        title,
+        L" AS TIT1, ",
+        CountColumns(frame::ReadText(*obj, L"TipoRpt")),
+    });
     builder.SetFrom(L"DOCUMENTO d");
     builder.AddJoin(0, data::JoinKind::kInner, L"GRUPO g", L"g.COD_GRUPO = d.COD_GRUPO");
-    builder.SetWhere(period.Between(L"d.DT_ARMAZ", sql::fdYYYYMMDD));
-    builder.SetColumns(builder.Columns() + CountColumns(frame::ReadText(*obj, L"TipoRpt")));
-    return Open(builder.SQL());
+    builder.SetWhere(where);
+    return Open(std::move(builder).SQL());
   });
 }
 

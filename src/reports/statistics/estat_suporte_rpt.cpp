@@ -8,10 +8,10 @@ namespace kodra::reports {
 namespace {
 
 // One layout prints both kinds: front pages come with a back count of zero.
-std::wstring PageColumns(std::wstring_view kind) {
+text::Piece PageColumns(std::wstring_view kind) {
   if (kind == L"F") return L", d.FRENTE, 0 AS VERSO ";
   if (kind == L"P") return L", d.FRENTE, d.VERSO ";
-  return {};
+  return L"";
 }
 
 }  // namespace
@@ -21,15 +21,19 @@ frame::ReportRows CEstatSuporteRpt::RelatorioEstatisticas(platform::AutomationOb
     InicializaPS(obj);
     const Period period = ReadPeriod(*obj);
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(period.Title() +
-                       L" AS TIT, "
-                       L"d.COD_DOCTO, "
-                       L"s.DESCR_SUPORTE");
+    const std::wstring title = period.Title();
+    const std::wstring where = period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY);
+    builder.SetColumns({
+        title,
+        L" AS TIT, "
+        L"d.COD_DOCTO, "
+        L"s.DESCR_SUPORTE",
+        PageColumns(frame::ReadText(*obj, L"TipoRpt")),
+    });
     builder.SetFrom(L"DOCUMENTO d");
     builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"d.COD_SUPORTE = s.COD_SUPORTE");
-    builder.SetWhere(period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY));
-    builder.SetColumns(builder.Columns() + PageColumns(frame::ReadText(*obj, L"TipoRpt")));
-    return Open(builder.SQL());
+    builder.SetWhere(where);
+    return Open(std::move(builder).SQL());
   });
 }
 

@@ -4,23 +4,29 @@
 
 namespace kodra::reports {
 
-std::wstring ProductionFilter::Columns() const {
-  return std::wstring(operatorCode.empty() ? L"'Todos os Operadores'" : L"o.DESCR_OPERADOR") + L" AS OPERADOR, " +
-         (departmentCode.empty() ? L"'Todos os Departamentos'" : L"dp.DESCR_DEPTO") + L" AS DEPTO, ";
+void ProductionFilter::AddColumns(data::SelectBuilder& builder) const {
+  if (operatorCode.empty())
+    builder.AddToColumns(L"'Todos os Operadores' AS OPERADOR, ");
+  else
+    builder.AddToColumns(L"o.DESCR_OPERADOR AS OPERADOR, ");
+  if (departmentCode.empty())
+    builder.AddToColumns(L"'Todos os Departamentos' AS DEPTO, ");
+  else
+    builder.AddToColumns(L"dp.DESCR_DEPTO AS DEPTO, ");
 }
 
-std::int32_t ProductionFilter::Apply(data::SelectBuilder& builder, std::int32_t joins,
-                                     std::wstring_view operatorColumn) const {
-  if (!operatorCode.empty()) {
-    const std::wstring column(operatorColumn);
-    builder.AddJoin(joins++, data::JoinKind::kInner, L"OPERADOR o", column + L" = o.COD_OPERADOR");
-    builder.SetWhere(builder.Where() + L" AND " + column + L" = '" + operatorCode + L"'");
-  }
-  if (!departmentCode.empty()) {
+std::int32_t ProductionFilter::AddJoins(data::SelectBuilder& builder, std::int32_t joins,
+                                        std::wstring_view operatorColumn) const {
+  if (!operatorCode.empty())
+    builder.AddJoin(joins++, data::JoinKind::kInner, L"OPERADOR o", {operatorColumn, L" = o.COD_OPERADOR"});
+  if (!departmentCode.empty())
     builder.AddJoin(joins++, data::JoinKind::kInner, L"DEPTO dp", L"d.COD_DEPTO = dp.COD_DEPTO");
-    builder.SetWhere(builder.Where() + L" AND d.COD_DEPTO = '" + departmentCode + L"'");
-  }
   return joins;
+}
+
+void ProductionFilter::AddConditions(data::SelectBuilder& builder, std::wstring_view operatorColumn) const {
+  if (!operatorCode.empty()) builder.AddToWhere({L" AND ", operatorColumn, L" = '", operatorCode, L"'"});
+  if (!departmentCode.empty()) builder.AddToWhere({L" AND d.COD_DEPTO = '", departmentCode, L"'"});
 }
 
 ProductionFilter ReadProductionFilter(platform::AutomationObject& parameters) {

@@ -2,6 +2,7 @@
 
 #include "data/system_parameters.h"
 #include "text/convert.h"
+#include "text/join.h"
 #include "text/upper.h"
 
 namespace kodra::reports {
@@ -11,6 +12,8 @@ std::wstring TaxonomyName(const std::wstring& parameter, const std::wstring& con
   return text::ToTextOrEmpty(data::ObtemParametroSistema(parameter, connectionString, surroundings));
 }
 
-std::wstring StatisticsTitle(const std::wstring& name) { return L"'ESTATÍSTICAS POR " + text::UpperCase(name) + L"'"; }
+std::wstring StatisticsTitle(const std::wstring& name) {
+  return text::Join({L"'ESTATÍSTICAS POR ", text::UpperCase(name), L"'"});
+}
 
 }  // namespace kodra::reports

@@ -22,7 +22,7 @@ class ModuleFiltersTest : public testing::Test {
   std::string Filtered(Filter filter, const wchar_t* property, const Value& value,
                        const wchar_t* condition = L"c.TIPO_GUARDA = 'E'") {
     data::SelectBuilder builder;
-    builder.SetWhere(condition);
+    builder.SetWhere(std::wstring_view(condition));
     filter(builder, *around_.NewObject(L"Parametros", {{property, {value}}}));
     return Utf8(builder.Where());
   }

@@ -17,20 +17,23 @@ std::string Filtered(const ProductionFilter& filter, std::int32_t expectedNext) 
   builder.SetColumns(L"d.X");
   builder.SetFrom(L"DOCUMENTO d");
   builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"1=1");
+  EXPECT_EQ(filter.AddJoins(builder, 1, L"d.COD_INDEXADOR"), expectedNext);
   builder.SetWhere(L"(1=1)");
-  EXPECT_EQ(filter.Apply(builder, 1, L"d.COD_INDEXADOR"), expectedNext);
+  filter.AddConditions(builder, L"d.COD_INDEXADOR");
   return Utf8(builder.SQL());
 }
 
+std::string Columns(const ProductionFilter& filter) {
+  data::SelectBuilder builder;
+  filter.AddColumns(builder);
+  return Utf8(builder.Columns());
+}
+
 TEST(ProductionFilterTest, NamesAllWhereNoneIsChosen) {
-  EXPECT_EQ(Utf8((ProductionFilter{}.Columns())),
-            "'Todos os Operadores' AS OPERADOR, 'Todos os Departamentos' AS DEPTO, ");
-  EXPECT_EQ(Utf8((ProductionFilter{L"7", L""}.Columns())),
-            "o.DESCR_OPERADOR AS OPERADOR, 'Todos os Departamentos' AS DEPTO, ");
-  EXPECT_EQ(Utf8((ProductionFilter{L"", L"D01"}.Columns())),
-            "'Todos os Operadores' AS OPERADOR, dp.DESCR_DEPTO AS DEPTO, ");
-  EXPECT_EQ(Utf8((ProductionFilter{L"7", L"D01"}.Columns())),
-            "o.DESCR_OPERADOR AS OPERADOR, dp.DESCR_DEPTO AS DEPTO, ");
+  EXPECT_EQ(Columns({}), "'Todos os Operadores' AS OPERADOR, 'Todos os Departamentos' AS DEPTO, ");
+  EXPECT_EQ(Columns(ProductionFilter{L"7", L""}), "o.DESCR_OPERADOR AS OPERADOR, 'Todos os Departamentos' AS DEPTO, ");
+  EXPECT_EQ(Columns(ProductionFilter{L"", L"D01"}), "'Todos os Operadores' AS OPERADOR, dp.DESCR_DEPTO AS DEPTO, ");
+  EXPECT_EQ(Columns(ProductionFilter{L"7", L"D01"}), "o.DESCR_OPERADOR AS OPERADOR, dp.DESCR_DEPTO AS DEPTO, ");
 }
 
 TEST(ProductionFilterTest, JoinsOnlyTheTablesOfWhatIsChosen) {
