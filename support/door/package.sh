@@ -35,11 +35,23 @@ put_tree() {
   done < <(git -c core.quotepath=off ls-files "$2" ':!*CMakeLists.txt')
 }
 
+# The licences of what the console program is linked with, as Debian's packages have them.
+licences() {
+  local library
+  for library in libcli11-dev libfmt-dev nlohmann-json3-dev libxlsxwriter-dev libz-mingw-w64-dev \
+    gcc-mingw-w64-i686-posix-runtime; do
+    printf '==== %s ====\n\n' "$library"
+    cat "/usr/share/doc/$library/copyright"
+    printf '\n'
+  done | sed 's/$/\r/'
+}
+
 # What is in a package.
 stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
   put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
   put console build/win32/console/kodrarpt.exe
+  licences >"$stage/console/LICENCAS.txt"
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put_tree docs docs
   put_tree exemplos examples
