@@ -6,6 +6,10 @@
 // translating, joining; not the calls to the platform, the siblings and the parameter object, which must be made
 // anyway. RelatorioLog builds no statement and adds none.
 //
+// Each such call interrupts the stopwatch, which costs more amid work than on its own: the processor finishes what it
+// has begun before it reads the clock. So the cost of an interruption is measured where it matters: the bare side
+// appends its pieces once more, interrupted as often as the component is.
+//
 // Bare: the finished statement, cut where a clause opens, around what the translator adds and around each value from
 // outside, is appended piece by piece into one string that has room for the whole. Both sides are measured with the
 // same clock, whose own cost is taken off both. Each figure is the median of its runs, which take turns; the ratio is
@@ -15,6 +19,7 @@
 #include <cstdlib>
 #include <deque>
 #include <map>
+#include <numeric>
 
 #include "bench/native/fragments.h"
 #include "bench/native/null_platform.h"
@@ -82,9 +87,10 @@ class Case {
     around_.code = code;
     for (const Built& built : Build()) {
       texts_.push_back(built.text);
-      stops_ += built.stops;
+      interruptions_.push_back(built.stops - 1);
     }
-    for (const std::wstring& text : texts_) cuts_.push_back({Fragments(text, values), text.size()});
+    for (std::size_t i = 0; i < texts_.size(); ++i)
+      cuts_.push_back({Fragments(texts_[i], values), texts_[i].size(), interruptions_[i]});
   }
 
   void Component() {
@@ -97,8 +103,16 @@ class Case {
   void Bare() {
     double seconds = 0;
     for (int run = 0; run < kRuns; ++run)
-      for (const Cut& cut : cuts_) seconds += Append(cut);
+      for (const Cut& cut : cuts_) seconds += Append(cut, 0);
     bare_.push_back(seconds);
+  }
+
+  // As Bare, but interrupted.
+  void Interrupted() {
+    double seconds = 0;
+    for (int run = 0; run < kRuns; ++run)
+      for (const Cut& cut : cuts_) seconds += Append(cut, cut.interruptions);
+    interrupted_.push_back(seconds);
   }
 
   // Whether the pieces give the statements that the component builds.
@@ -120,10 +134,15 @@ class Case {
     return count;
   }
 
-  // The seconds of one run without what the clock itself takes. REQUIRES: both sides ran.
-  Medians Result(double clock) const {
-    return {Median(component_) / kRuns - clock * stops_,
-            Median(bare_) / kRuns - clock * static_cast<double>(cuts_.size())};
+  int Interruptions() const { return std::accumulate(interruptions_.begin(), interruptions_.end(), 0); }
+  // The seconds that all interruptions of one run take. REQUIRES: Bare and Interrupted ran.
+  double InterruptionCost() const { return (Median(interrupted_) - Median(bare_)) / kRuns; }
+
+  // The seconds of one run without what the clock itself takes, when it is read once for a statement and when it is
+  // interrupted. REQUIRES: both sides ran.
+  Medians Result(double clock, double interruption) const {
+    const double once = clock * static_cast<double>(cuts_.size());
+    return {Median(component_) / kRuns - once - interruption * Interruptions(), Median(bare_) / kRuns - once};
   }
   const reports::ReportMethod& Method() const { return method_; }
 
@@ -134,17 +153,27 @@ class Case {
   struct Cut {
     std::vector<std::wstring_view> pieces;
     std::size_t length;
+    int interruptions;
   };
 
-  double Append(const Cut& cut) {
+  double Append(const Cut& cut, int interruptions) {
     around_.watch.Restart();
     std::wstring text;
     text.reserve(cut.length);
-    for (const std::wstring_view piece : cut.pieces) text += piece;
+    for (const std::wstring_view piece : cut.pieces) {
+      text += piece;
+      if (interruptions-- > 0) Interrupt();
+    }
+    while (interruptions-- > 0) Interrupt();
     around_.watch.Stop();
     // The text is used, so that it has to be made.
     if (text.size() != cut.length) std::abort();
     return around_.watch.Own();
+  }
+
+  void Interrupt() {
+    around_.watch.Stop();
+    around_.watch.Go();
   }
 
   const std::vector<Built>& Build() {
@@ -161,9 +190,10 @@ class Case {
   ClientParameters client_{parameters_, around_.watch};
   std::vector<std::wstring> texts_;
   std::vector<Cut> cuts_;
-  int stops_ = 0;
+  std::vector<int> interruptions_;
   std::vector<double> component_;
   std::vector<double> bare_;
+  std::vector<double> interrupted_;
 };
 
 // What the watch shows for nothing.
@@ -197,15 +227,25 @@ int Run(int rounds, const std::string& file, bool details) {
     for (Case& each : cases) {
       if (round % 2 == 0) each.Component();
       each.Bare();
+      each.Interrupted();
       if (round % 2 != 0) each.Component();
     }
   }
   const double clock = ClockCost();
+  double interrupted = 0;
+  int interruptions = 0;
+  for (const Case& each : cases) {
+    if (each.Statements() == 0) continue;
+    interrupted += each.InterruptionCost();
+    interruptions += each.Interruptions();
+  }
+  const double interruption = interrupted / interruptions;
+  if (details) std::printf("  relógio %.1f ns, interrupção %.1f ns\n", clock * 1e9, interruption * 1e9);
   Medians sum;
   std::size_t statements = 0;
   for (const Case& each : cases) {
     if (each.Statements() == 0) continue;
-    const Medians medians = each.Result(clock);
+    const Medians medians = each.Result(clock, interruption);
     sum.component += medians.component;
     sum.bare += medians.bare;
     statements += each.Statements();

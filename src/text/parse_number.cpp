@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
@@ -16,6 +17,13 @@ bool IsBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 
 // The value of a plain ASCII numeral: digits with an optional point and exponent. One too small for a double is zero.
 double ValueOf(std::wstring_view numeral) {
+  // So many digits are exact as an integer and as a double.
+  constexpr std::size_t kExactDigits = 15;
+  if (numeral.size() <= kExactDigits && std::all_of(numeral.begin(), numeral.end(), IsDigit)) {
+    std::int64_t value = 0;
+    for (const wchar_t digit : numeral) value = 10 * value + (digit - L'0');
+    return static_cast<double>(value);
+  }
   // The standard's own conversion, which knows no locale, would make the component larger by a tenth. A vector and not
   // a std::string: the component has no other use for those.
   std::vector<char> ascii;

@@ -57,6 +57,14 @@ TEST(ParseNumber, AnythingElseIsNoNumber) {
     EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
   }
 }
+TEST(ParseNumber, ReadsIntegersOfAnyLengthToTheNearestDouble) {
+  EXPECT_EQ(ParseNumber(L"999999999999999"), 999999999999999.0);
+  EXPECT_EQ(ParseNumber(L"1234567890123456"), 1234567890123456.0);
+  EXPECT_EQ(ParseNumber(L"9007199254740993"), 9007199254740992.0);
+  EXPECT_EQ(ParseNumber(L"-000000000000000000007"), -7);
+  EXPECT_EQ(ParseNumber(L"100000000000000000000"), 1e20);
+}
+
 TEST(ParseNumber, RaisesAnOverflowBeyondWhatADoubleHolds) {
   EXPECT_THROW(ParseNumber(L"1e400"), platform::Erro);
   EXPECT_EQ(ParseNumber(L"1e-400"), 0);
