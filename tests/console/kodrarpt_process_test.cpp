@@ -1,6 +1,7 @@
 // The program kodrarpt as a process: how it answers signals, and what memory it takes.
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/wait.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -62,8 +63,13 @@ class KodrarptProcess : public testing::Test {
     std::string pattern = (fs::temp_directory_path() / "kodra-process-XXXXXX").string();
     EXPECT_NE(mkdtemp(pattern.data()), nullptr);
     folder_ = pattern;
+    // A program that a shell starts in the background inherits that Ctrl-C is ignored, and so would kodrarpt.
+    former_ = signal(SIGINT, SIG_DFL);
   }
-  ~KodrarptProcess() override { fs::remove_all(folder_); }
+  ~KodrarptProcess() override {
+    signal(SIGINT, former_);
+    fs::remove_all(folder_);
+  }
 
   // Starts the program on a report, under another program where one is named, with "destino.csv" or the like as its
   // target.
@@ -99,6 +105,19 @@ class KodrarptProcess : public testing::Test {
     return text.str();
   }
 
+  // How a process that was told to end does so. One that does not is killed, and the answer is -1.
+  static int Ended(pid_t process) {
+    const auto deadline = steady_clock::now() + std::chrono::seconds(60);
+    while (steady_clock::now() < deadline) {
+      int status = 0;
+      if (waitpid(process, &status, WNOHANG) == process) return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    kill(process, SIGKILL);
+    waitpid(process, nullptr, 0);
+    return -1;
+  }
+
   // Waits until the unfinished file of that process has bytes.
   bool HasBegun(pid_t process) const {
     const fs::path unfinished = folder_ / (".destino.csv." + std::to_string(process) + ".parcial");
@@ -123,6 +142,7 @@ class KodrarptProcess : public testing::Test {
   }
 
   fs::path folder_;
+  sighandler_t former_;
 };
 
 TEST_F(KodrarptProcess, LeavesTheFormerFileWhenItIsInterrupted) {
@@ -131,7 +151,7 @@ TEST_F(KodrarptProcess, LeavesTheFormerFileWhenItIsInterrupted) {
     const pid_t process = StartEndlessCsv();
     EXPECT_TRUE(HasBegun(process));
     kill(process, signal);
-    EXPECT_EQ(support::WaitFor(process), 130);
+    EXPECT_EQ(Ended(process), 130);
     EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
     EXPECT_EQ(Read(folder_ / "destino.csv"), "antes");
     EXPECT_EQ(Read(folder_ / "saida.txt"), "");
@@ -144,7 +164,7 @@ TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
   kill(process, SIGINT);
   kill(process, SIGINT);
   kill(process, SIGTERM);
-  EXPECT_EQ(support::WaitFor(process), 130);
+  EXPECT_EQ(Ended(process), 130);
   EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
 }
 
