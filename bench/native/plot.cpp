@@ -11,8 +11,9 @@
 
 namespace {
 
-constexpr double kPanel = 300;   // the width of a panel with its margins
-constexpr double kHeight = 300;  // of the whole
+constexpr double kLastLabel = 16;  // what the last number reaches beyond its panel
+constexpr double kPanel = 300;     // the width of a panel with its margins
+constexpr double kHeight = 300;    // of the whole
 constexpr double kLeft = 58;
 constexpr double kRight = 12;
 constexpr double kTop = 34;
@@ -114,7 +115,7 @@ class Panel {
 };
 
 void Draw(const Axes& axes, std::ostream& out) {
-  const double width = kPanel * static_cast<double>(axes.size());
+  const double width = kPanel * static_cast<double>(axes.size()) + kLastLabel;
   out << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << ' ' << kHeight << "\" width=\"" << width
       << "\" height=\"" << kHeight << "\">\n"
       << "<style>text{font:11px sans-serif;fill:#333}.title{font-weight:bold;font-size:12px}.grid{stroke:#ddd}"
