@@ -5,11 +5,12 @@
 #include <functional>
 
 #include "automation.h"
+#include "client_object.h"
 
 namespace kodra::face {
 
 // Has one readable property; what a reading gives is the test's business.
-class ForeignObject final : public IDispatch {
+class ForeignObject final : public ClientObject {
  public:
   // Fills the result or the EXCEPINFO and gives the call's HRESULT.
   using Answer = std::function<HRESULT(VARIANT* result, EXCEPINFO* info)>;
@@ -23,23 +24,6 @@ class ForeignObject final : public IDispatch {
     });
   }
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    *count = 0;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
     *ids = _wcsicmp(names[0], property_.c_str()) == 0 ? kProperty : DISPID_UNKNOWN;
     return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
@@ -54,11 +38,9 @@ class ForeignObject final : public IDispatch {
   static constexpr DISPID kProperty = 7;
 
   ForeignObject(std::wstring property, Answer answer) : property_(std::move(property)), answer_(std::move(answer)) {}
-  ~ForeignObject() = default;
 
   std::wstring property_;
   Answer answer_;
-  ULONG references_ = 1;
 };
 
 // An answer that raises.

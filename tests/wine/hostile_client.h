@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "client_object.h"
 #include "faults_cases.h"
 #include "server.h"
 
@@ -38,7 +39,7 @@ inline VARIANT ByReference(VARIANT* variant) {
 }
 
 // A parameter object of the client's own: it has every property, and says what each reading gives.
-class WilfulObject final : public IDispatch {
+class WilfulObject final : public ClientObject {
  public:
   // Fills the result or the EXCEPINFO and gives the call's HRESULT.
   using Answer = std::function<HRESULT(const std::wstring& property, VARIANT* result, EXCEPINFO* info)>;
@@ -55,23 +56,6 @@ class WilfulObject final : public IDispatch {
     return alive;
   }
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    *count = 0;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
     names_.emplace_back(names[0]);
     *ids = static_cast<DISPID>(names_.size());
@@ -86,11 +70,10 @@ class WilfulObject final : public IDispatch {
 
  private:
   explicit WilfulObject(Answer answer) : answer_(std::move(answer)) { ++Alive(); }
-  ~WilfulObject() { --Alive(); }
+  ~WilfulObject() override { --Alive(); }
 
   Answer answer_;
   std::vector<std::wstring> names_;
-  ULONG references_ = 1;
 };
 
 // The reports that read a property of their parameter object, each by its name.

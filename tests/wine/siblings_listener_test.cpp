@@ -3,6 +3,7 @@
 #include <functional>
 #include <sstream>
 
+#include "wine/client_object.h"
 #include "wine/rows.h"
 #include "wine/siblings_script.h"
 
@@ -10,6 +11,7 @@ namespace kodra::support {
 namespace {
 
 using face::Call;
+using face::ClientObject;
 using face::Create;
 using face::Failure;
 using face::OwnFile;
@@ -18,27 +20,10 @@ using face::Ref;
 using face::Var;
 
 // A client's object with one method, which keeps the text that it is called with.
-class Ear final : public IDispatch {
+class Ear final : public ClientObject {
  public:
   static Ref<Ear> New(const wchar_t* method) { return Ref<Ear>::Owning(new Ear(method)); }
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    *count = 0;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
     *ids = _wcsicmp(names[0], method_.c_str()) == 0 ? kMethod : DISPID_UNKNOWN;
     return *ids == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
@@ -52,7 +37,6 @@ class Ear final : public IDispatch {
     return then();
   }
 
-  ULONG references = 1;
   std::vector<std::wstring> lines;
   std::function<HRESULT()> then = [] { return S_OK; };
 
@@ -60,7 +44,6 @@ class Ear final : public IDispatch {
   static constexpr DISPID kMethod = 5;
 
   explicit Ear(const wchar_t* method) : method_(method) {}
-  ~Ear() = default;
 
   std::wstring method_;
 };
@@ -103,9 +86,9 @@ TEST_F(SiblingsListener, PassesOverAnEventThatTheObjectHasNoMethodFor) {
 TEST_F(SiblingsListener, EndsWithDesconecta) {
   const auto ear = Ear::New(L"DebugLog");
   EXPECT_EQ(Connect(ear).hr, S_OK);
-  EXPECT_EQ(ear->references, 2U);
+  EXPECT_EQ(ear->References(), 2U);
   EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
-  EXPECT_EQ(ear->references, 1U);
+  EXPECT_EQ(ear->References(), 1U);
   Fail();
   EXPECT_EQ(ear->lines, std::vector<std::wstring>());
   EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
@@ -115,7 +98,7 @@ TEST_F(SiblingsListener, EndsWithTheListener) {
   const auto ear = Ear::New(L"DebugLog");
   EXPECT_EQ(Connect(ear).hr, S_OK);
   EXPECT_EQ(listener_.Release(), 0U);
-  EXPECT_EQ(ear->references, 1U);
+  EXPECT_EQ(ear->References(), 1U);
   Fail();
   EXPECT_EQ(ear->lines, std::vector<std::wstring>());
 }
@@ -125,7 +108,7 @@ TEST_F(SiblingsListener, HearsOneSourceAtATime) {
   const auto second = Ear::New(L"DebugLog");
   EXPECT_EQ(Connect(first).hr, S_OK);
   EXPECT_EQ(Connect(second).hr, S_OK);
-  EXPECT_EQ(first->references, 1U);
+  EXPECT_EQ(first->References(), 1U);
   Fail();
   EXPECT_EQ(first->lines, std::vector<std::wstring>());
   EXPECT_EQ(second->lines, std::vector<std::wstring>{kLine});
@@ -138,7 +121,7 @@ TEST_F(SiblingsListener, MayEndTheConnectionWhileItListens) {
   Fail();
   Fail();
   EXPECT_EQ(ear->lines, std::vector<std::wstring>{kLine});
-  EXPECT_EQ(ear->references, 1U);
+  EXPECT_EQ(ear->References(), 1U);
 }
 
 TEST_F(SiblingsListener, LeavesTheReportToItselfWhenTheMethodFails) {
@@ -155,7 +138,7 @@ TEST_F(SiblingsListener, RefusesAnObjectWithoutEvents) {
   for (const wchar_t* progId : {L"KodraRpt.CDeptoRpt", L"KodraConexao.StrCon"}) {
     EXPECT_EQ(Call(listener_, L"Conecta", {Var(Create(progId).get()), Var(ear.get())}).failure, expected) << progId;
   }
-  EXPECT_EQ(ear->references, 1U);
+  EXPECT_EQ(ear->References(), 1U);
 }
 
 TEST_F(SiblingsListener, NeedsTwoObjects) {

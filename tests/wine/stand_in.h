@@ -8,12 +8,13 @@
 #include <functional>
 #include <memory>
 
+#include "client_object.h"
 #include "rows.h"
 
 namespace kodra::face {
 
 // Answers to any member name and writes down each use of it: "DAO.Caller := texto", "DAO.Localiza(objeto)".
-class RecordingObject final : public IDispatch {
+class RecordingObject final : public ClientObject {
  public:
   // Gives the result of a member that is read or called, or fills the EXCEPINFO; properties that are assigned do not
   // ask it.
@@ -24,23 +25,6 @@ class RecordingObject final : public IDispatch {
     return Ref<IDispatch>::Owning(new RecordingObject(std::move(name), std::move(calls), std::move(answer)));
   }
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    *count = 0;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
     const auto found = std::find(members_.begin(), members_.end(), names[0]);
     *ids = static_cast<DISPID>(found - members_.begin()) + 1;
@@ -69,7 +53,7 @@ class RecordingObject final : public IDispatch {
  private:
   RecordingObject(std::wstring name, std::shared_ptr<Names> calls, Answer answer)
       : name_(std::move(name)), calls_(std::move(calls)), answer_(std::move(answer)) {}
-  ~RecordingObject() { calls_->push_back(name_ + L" gone"); }
+  ~RecordingObject() override { calls_->push_back(name_ + L" gone"); }
 
   static std::wstring Shown(const Var& value) {
     if (value.type() == VT_DISPATCH) return value.object() ? L"(object)" : L"(nothing)";
@@ -82,7 +66,6 @@ class RecordingObject final : public IDispatch {
   std::shared_ptr<Names> calls_;
   Answer answer_;
   Names members_;
-  ULONG references_ = 1;
 };
 
 // While it lives, `create` makes the objects of a ProgID.
