@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -82,6 +83,10 @@ class Field {
   virtual ~Field() = default;
   virtual Value Get() = 0;
   virtual void Let(const Value& value) = 0;
+  // Reads a property of an object. A text of one to `longest` characters that the platform can hand on without a copy
+  // of its own is assigned; anything else is given back, for the caller to convert and assign. As it stands everything
+  // is given back.
+  virtual std::optional<Value> LetText(AutomationObject& object, std::wstring_view member, std::size_t longest);
   // The field as an automation object, whose member Value is the value on the current row. It may be used as long as
   // the field is. As it stands it reads and writes this field.
   virtual ObjectRef AsObject();

@@ -333,6 +333,18 @@ TEST(LateBoundObject, HasNoMemberThatTheObjectDoesNotHave) {
   EXPECT_EQ(438, raised([&] { late->Call(L"Idade", {}); }));
 }
 
+TEST(LateBoundObject, IsAskedForTheWholeOfANameOfAnyLength) {
+  for (const std::size_t length : {1U, 62U, 63U, 64U, 65U, 1000U}) {
+    SCOPED_TRACE(length);
+    const std::wstring longer = std::wstring(length - 1, L'N') + L"AX";
+    const std::wstring name = longer.substr(0, length);
+    const auto object = face::ForeignObject::With(name, L"Ana");
+    // A view of the name ends where it does, not where its text does.
+    EXPECT_EQ(Value(L"Ana"), WrapDispatch(object.get())->Get(std::wstring_view(longer).substr(0, length)));
+    EXPECT_THROW(WrapDispatch(object.get())->Get(longer), Erro);
+  }
+}
+
 TEST(LateBoundObject, OverNothingIsNothing) {
   EXPECT_EQ(nullptr, WrapDispatch(nullptr));
   EXPECT_FALSE(DispatchOf(nullptr));

@@ -1,5 +1,7 @@
 #include "platform/windows/ado_objects.h"
 
+#include <typeinfo>
+
 #include "platform/windows/automation_object.h"
 #include "platform/windows/variant.h"
 
@@ -19,10 +21,21 @@ class AdoField final : public platform::Field {
     Check(field_->get_Value(value.put()), field_);
     return ToValue(*value);
   }
-  void Let(const Value& value) override { Check(field_->put_Value(*ScopedVariant(value)), field_); }
+  void Let(const Value& value) override { Put(ScopedVariant(value)); }
+  std::optional<Value> LetText(AutomationObject& object, std::wstring_view member, std::size_t longest) override {
+    if (typeid(object) != typeid(DispatchObject)) return platform::Field::LetText(object, member, longest);
+    const ScopedVariant read = static_cast<DispatchObject&>(object).GetVariant(member);
+    const VARIANT& value = *read;
+    const std::size_t length = V_VT(&value) == VT_BSTR ? SysStringLen(V_BSTR(&value)) : 0;
+    if (length == 0 || length > longest) return ToValue(value);
+    Put(read);
+    return std::nullopt;
+  }
   ObjectRef AsObject() override { return WrapDispatch(field_.get()); }
 
  private:
+  void Put(const ScopedVariant& value) { Check(field_->put_Value(*value), field_); }
+
   com_ptr<::Field> field_;
 };
 

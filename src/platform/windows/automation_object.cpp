@@ -5,13 +5,38 @@
 #include "platform/windows/variant.h"
 
 namespace kodra::platform::windows {
+namespace {
 
-Value DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count) {
-  std::wstring name(member);
-  wchar_t* names[] = {name.data()};
+// A member's name as GetIDsOfNames takes it: terminated, writable. Only an unusually long one takes memory of its own.
+class MemberName {
+ public:
+  explicit MemberName(std::wstring_view name) {
+    if (name.size() >= std::size(short_)) {
+      long_ = name;
+      text_ = long_.data();
+      return;
+    }
+    short_[name.copy(short_, name.size())] = L'\0';
+    text_ = short_;
+  }
+  MemberName(const MemberName&) = delete;
+  MemberName& operator=(const MemberName&) = delete;
+
+  wchar_t** get() noexcept { return &text_; }
+
+ private:
+  wchar_t short_[64];
+  std::wstring long_;
+  wchar_t* text_;
+};
+
+}  // namespace
+
+ScopedVariant DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count) {
+  MemberName name(member);
   DISPID id = DISPID_UNKNOWN;
   EXCEPINFO info = {};
-  HRESULT hr = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+  HRESULT hr = object_->GetIDsOfNames(IID_NULL, name.get(), 1, LOCALE_USER_DEFAULT, &id);
   if (FAILED(hr)) throw ErrorOf(hr, info);
 
   DISPID put = DISPID_PROPERTYPUT;
@@ -21,12 +46,14 @@ Value DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIANT* argum
   hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, isPut ? nullptr : result.get(), &info,
                        nullptr);
   if (FAILED(hr)) throw ErrorOf(hr, info);
-  return ToValue(*result);
+  return result;
 }
 
-Value DispatchObject::Get(std::wstring_view member) {
+ScopedVariant DispatchObject::GetVariant(std::wstring_view member) {
   return Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0);
 }
+
+Value DispatchObject::Get(std::wstring_view member) { return ToValue(*GetVariant(member)); }
 
 void DispatchObject::Let(std::wstring_view member, const Value& value) {
   ScopedVariant argument(value);
@@ -45,7 +72,7 @@ Value DispatchObject::Call(std::wstring_view member, std::span<const Value> argu
   reversed.reserve(arguments.size());
   for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) reversed.emplace_back(*argument);
   VARIANT* first = reversed.empty() ? nullptr : reversed.front().get();
-  return Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size()));
+  return ToValue(*Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size())));
 }
 
 void DispatchObject::ForEach(const std::function<void(const Value&)>& visit) {

@@ -7,6 +7,8 @@
 
 namespace kodra::platform::windows {
 
+class ScopedVariant;
+
 class DispatchObject final : public AutomationObject {
  public:
   // Shares the object. REQUIRES: not null.
@@ -19,10 +21,13 @@ class DispatchObject final : public AutomationObject {
   // Enumerates as `For Each` does; an object without an enumerator is asked for Count and Item.
   void ForEach(const std::function<void(const Value&)>& visit) override;
 
+  // Reads a property as it comes.
+  ScopedVariant GetVariant(std::wstring_view member);
+
   IDispatch* Dispatch() const noexcept { return object_.get(); }
 
  private:
-  Value Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count);
+  ScopedVariant Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count);
 
   com_ptr<IDispatch> object_;
 };

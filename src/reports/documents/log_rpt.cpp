@@ -29,6 +29,11 @@ Value FirstCharacters(Value value, std::size_t count) {
   return Shortened(text::ToText(std::move(value)), count);
 }
 
+// The same, with null as the empty text.
+Value FirstCharactersOrEmpty(Value value, std::size_t count) {
+  return Shortened(text::ToTextOrEmpty(std::move(value)), count);
+}
+
 Value TimeText(const Value& moment) {
   if (moment.Is<platform::Null>()) return L"";
   return text::FormatDate(text::ToDate(moment), L"hh:mm:ss");
@@ -36,8 +41,7 @@ Value TimeText(const Value& moment) {
 
 std::wstring ActionField(std::size_t number) { return L"ACAO" + text::NumberToText(static_cast<std::int64_t>(number)); }
 
-void FillAction(OutputDataset& output, std::wstring action) {
-  if (!action.empty() && action.size() <= kActionSize) return output[kFirstAction].Let(std::move(action));
+void FillAction(OutputDataset& output, const std::wstring& action) {
   for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number) {
     const std::wstring piece = action.substr(start, kActionSize);
     if (number <= kActionFields)
@@ -47,16 +51,24 @@ void FillAction(OutputDataset& output, std::wstring action) {
   }
 }
 
+// A member of an event in a field of `size` characters, by way of `convert` unless it is a text that fits as it is.
+void Copy(platform::AutomationObject& event, std::wstring_view member, platform::Field& field, std::size_t size,
+          Value (*convert)(Value, std::size_t) = FirstCharacters) {
+  std::optional<Value> other = field.LetText(event, member, size);
+  if (other) field.Let(convert(*std::move(other), size));
+}
+
 void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
   output.AddNew();
   const Value moment = event.Get(L"DataInicial");
   output[0].Let(moment);
   output[1].Let(TimeText(moment));
-  output[2].Let(FirstCharacters(event.Get(L"Nome_Operador"), 250));
-  output[3].Let(FirstCharacters(event.Get(L"Maquina"), 250));
-  output[4].Let(Shortened(text::ToTextOrEmpty(event.Get(L"Cod_Docto")), 10));
-  output[5].Let(FirstCharacters(event.Get(L"Tipo_Evento"), 10));
-  FillAction(output, text::ToText(event.Get(L"Acao")));
+  Copy(event, L"Nome_Operador", output[2], 250);
+  Copy(event, L"Maquina", output[3], 250);
+  Copy(event, L"Cod_Docto", output[4], 10, FirstCharactersOrEmpty);
+  Copy(event, L"Tipo_Evento", output[5], 10);
+  std::optional<Value> action = output[kFirstAction].LetText(event, L"Acao", kActionSize);
+  if (action) FillAction(output, text::ToText(*std::move(action)));
   output.Update();
 }
 
