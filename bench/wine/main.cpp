@@ -1,7 +1,9 @@
 // The benchmarks that need the registered component. Run in the Wine box by ./kodra bench.
 //
-//   kodra-bench.exe FOLDER SIZE      FOLDER holds the archives and takes the results; SIZE is "full" or "small"
-//   kodra-bench.exe FOLDER peak FILE reads one archive through the component and prints its own peak of memory
+//   kodra-bench.exe FOLDER SIZE [NAME…]  FOLDER holds the archives and takes the results; SIZE is "full" or "small";
+//                                        with names only the benchmarks that begin with one
+//   kodra-bench.exe FOLDER peak FILE     reads one archive through the component and prints its own peak of memory
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -10,24 +12,14 @@
 #include "bench/wine/datasets.h"
 #include "bench/wine/reports.h"
 #include "bench/wine/rows.h"
+#include "bench/wine/size.h"
+#include "bench/wine/streams.h"
 #include "kodrarpt.h"
 
 namespace kodra::bench {
 namespace {
 
 namespace fs = std::filesystem;
-
-// How much each benchmark does.
-struct Size {
-  int smallReports;       // rounds of small_report
-  int streams;            // rounds of streamed_rows
-  const char* streamed;   // its archive
-  int datasets;           // rounds of dataset_rows and script_peer
-  const char* registers;  // their archive
-  int loads;              // rounds of load_and_create
-};
-constexpr Size kFull = {1000, 5, "acervo-1000000.db", 3, "registros-20000.db", 200};
-constexpr Size kSmall = {5, 1, "acervo-1000.db", 1, "registros-1000.db", 5};
 
 // The driver runs outside Windows: it is given the path as the machine names it.
 std::wstring ConnectionTo(const fs::path& archive) {
@@ -43,15 +35,22 @@ class Bench {
   Bench(fs::path folder, const Size& size)
       : folder_(std::move(folder)), size_(size), results_((folder_ / "resultados.tsv").string()) {}
 
-  int Run() {
-    SmallReport();
-    Datasets();
-    ScriptPeer();
-    DllSize();
-    LoadAndCreate();
-    StreamedRows();
-    StreamedMemory();
-    if (&size_ == &kFull) Growth();
+  // Runs the benchmarks whose names begin with one of `names`; without names all of them.
+  int Run(const std::vector<std::string>& names) {
+    const auto run = [&](std::string_view line, void (Bench::*benchmark)()) {
+      const auto named = [&](const std::string& name) { return line.starts_with(name); };
+      if (names.empty() || std::any_of(names.begin(), names.end(), named)) (this->*benchmark)();
+    };
+    run("small_report", &Bench::SmallReport);
+    run("dataset_rows_log", &Bench::Log);
+    run("dataset_rows_operadores", &Bench::Operators);
+    run("dataset_rows", &Bench::Datasets);
+    run("script_peer", &Bench::ScriptPeer);
+    run("dll_size", &Bench::DllSize);
+    run("load_and_create", &Bench::LoadAndCreate);
+    run("streamed_rows", &Bench::StreamedRows);
+    run("streamed_memory", &Bench::StreamedMemory);
+    if (&size_ == &kFull) run("growth", &Bench::Growth);
     return results_.ExitCode();
   }
 
@@ -78,17 +77,27 @@ class Bench {
                               Timed([&] { ReadToEnd(bare.Rows().get()); })));
   }
 
-  // streamed_rows: RelatorioSintetico over all documents, from the call to the end of the rows, against the same.
+  // streamed_rows: RelatorioSintetico over all documents, from the call to the end of the rows, against the same; both
+  // are open at once and read in turns.
   void StreamedRows() {
     const std::wstring connection = ConnectionTo(size_.streamed);
     const Caller<ICDocumentoRpt> report(L"CDocumentoRpt", &ICDocumentoRpt::RelatorioSintetico, connection);
     const Bare bare(connection, report.Rows().get());
-    Read component;
-    Read direct;
-    const Medians medians = Interleave(size_.streams, Timed([&] { component = ReadToEnd(report.Rows().get()); }),
-                                       Timed([&] { direct = ReadToEnd(bare.Rows().get()); }));
-    SameRows(component, direct, component.rows, "streamed_rows");
-    results_.Ratio({.name = "streamed_rows", .unit = "ms", .scale = 1e3, .limit = 1.02}, medians);
+    std::vector<double> ours;
+    std::vector<double> theirs;
+    for (int round = 0; round < size_.streams; ++round) {
+      Stream component([&] { return report.Rows(); });
+      Stream direct([&] { return bare.Rows(); });
+      if (round % 2 == 0)
+        ReadInTurns(component, direct);
+      else
+        ReadInTurns(direct, component);
+      SameRows(component.All(), direct.All(), component.All().rows, "streamed_rows");
+      ours.push_back(component.Taken());
+      theirs.push_back(direct.Taken());
+    }
+    results_.Ratio({.name = "streamed_rows", .unit = "ms", .scale = 1e3, .limit = 1.02},
+                   {Median(std::move(ours)), Median(std::move(theirs))});
   }
 
   // streamed_memory: the peak of a process that reads all documents through RelatorioSintetico, less that of one that
@@ -122,26 +131,34 @@ class Bench {
     CloseHandle(process.hProcess);
   }
 
-  // dataset_rows: the event log and the operators, from the call to the filled dataset, against a loop that makes the
-  // same calls to the siblings and fills the same fields.
-  void Datasets() {
+  // dataset_rows_log: the event log, from the call to the filled dataset, against a loop that makes the same calls to
+  // the siblings and fills the same fields.
+  void Log() {
     const std::wstring connection = ConnectionTo(size_.registers);
     const Caller<ICLogRpt> log(L"CLogRpt", &ICLogRpt::RelatorioLog, connection);
+    const Read events = ReadToEnd(log.Rows().get());
+    SameRows(events, ReadToEnd(BareLog(connection).get()), events.rows, "dataset_rows_log");
+    logged_ = Interleave(size_.logs, Timed([&] { log.Rows(); }), Timed([&] { BareLog(connection); }));
+    results_.Ratio({.name = "dataset_rows_log", .unit = "ms", .scale = 1e3, .limit = 1.10}, logged_);
+  }
+
+  // dataset_rows_operadores: the same for the operators.
+  void Operators() {
+    const std::wstring connection = ConnectionTo(size_.registers);
     const Caller<ICOperadorRpt> operators(L"COperadorRpt", &ICOperadorRpt::RelatorioOperadores, connection);
     const Caller<ICDeptoRpt> any(L"CDeptoRpt", &ICDeptoRpt::RelatorioDeptos, connection);
     const std::wstring prepared = Bare(connection, any.Rows().get()).Prepared();
-    const auto bareOperators = [&] { return BareOperators(connection, prepared, kOperatorsStatement); };
+    const auto bare = [&] { return BareOperators(connection, prepared, kOperatorsStatement); };
+    const Read listed = ReadToEnd(operators.Rows().get());
+    SameRows(listed, ReadToEnd(bare().get()), listed.rows, "dataset_rows_operadores");
+    listed_ = Interleave(size_.operators, Timed([&] { operators.Rows(); }), Timed(bare));
+    results_.Ratio({.name = "dataset_rows_operadores", .unit = "ms", .scale = 1e3, .limit = 1.10}, listed_);
+  }
 
-    const Read events = ReadToEnd(log.Rows().get());
-    SameRows(events, ReadToEnd(BareLog(connection).get()), events.rows, "dataset_rows");
-    SameRows(ReadToEnd(operators.Rows().get()), ReadToEnd(bareOperators().get()), events.rows, "dataset_rows");
-
-    const Medians logged = Interleave(size_.datasets, Timed([&] { log.Rows(); }), Timed([&] { BareLog(connection); }));
-    results_.Ratio({.name = "dataset_rows_log", .unit = "ms", .scale = 1e3, .limit = 1.10}, logged);
-    const Medians listed = Interleave(size_.datasets, Timed([&] { operators.Rows(); }), Timed(bareOperators));
-    results_.Ratio({.name = "dataset_rows_operadores", .unit = "ms", .scale = 1e3, .limit = 1.10}, listed);
+  // dataset_rows: both together. REQUIRES: each has been measured.
+  void Datasets() {
     results_.Ratio({.name = "dataset_rows", .unit = "ms", .scale = 1e3, .limit = 1.10},
-                   {logged.component + listed.component, logged.bare + listed.bare});
+                   {logged_.component + listed_.component, logged_.bare + listed_.bare});
   }
 
   // script_peer: RelatorioLog called by a script, against the same dataset filled by that script.
@@ -150,7 +167,7 @@ class Bench {
     const fs::path script = folder_.parent_path().parent_path() / "bench" / "wine" / "log_by_script.vbs";
     fs::remove(output);
     RunProgram(L"cscript.exe //nologo \"" + script.wstring() + L"\" \"" + ConnectionTo(size_.registers) + L"\" " +
-               std::to_wstring(size_.datasets) + L" \"" + output.wstring() + L"\"");
+               std::to_wstring(size_.scripts) + L" \"" + output.wstring() + L"\"");
     std::ifstream file(output);
     double rows = 0;
     double length = 0;
@@ -238,6 +255,8 @@ class Bench {
   fs::path folder_;
   const Size& size_;
   Results results_;
+  Medians logged_;
+  Medians listed_;
 };
 
 // Reads one archive and writes the peak of this process to pico.txt, in KiB, as the machine around Wine counts it.
@@ -261,7 +280,7 @@ int main(int argc, char** argv) {
     if (std::strcmp(argv[2], "peak") == 0)
       WritePeak(argv[1], argv[3]);
     else
-      code = Bench(argv[1], std::strcmp(argv[2], "full") == 0 ? kFull : kSmall).Run();
+      code = Bench(argv[1], std::strcmp(argv[2], "full") == 0 ? kFull : kSmall).Run({argv + 3, argv + argc});
   } catch (const std::exception& error) {
     std::cout << error.what() << std::endl;
     code = 2;

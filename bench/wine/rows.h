@@ -1,6 +1,8 @@
 // What a client does with rows, the same on both sides of every comparison.
 #pragma once
 
+#include <limits>
+#include <utility>
 #include <vector>
 
 #include "bench/wine/com.h"
@@ -37,21 +39,46 @@ inline std::uint32_t SumOf(const VARIANT& value) {
   return sum;
 }
 
-// Reads a recordset from its current row to its end, every field of every row.
-inline Read ReadToEnd(_Recordset* rows) {
-  const auto fields = FieldsOf(rows);
-  Read read;
-  VARIANT_BOOL end = VARIANT_FALSE;
-  for (Must(rows->get_EOF(&end), "EOF"); end == VARIANT_FALSE; Must(rows->get_EOF(&end), "EOF")) {
-    for (const auto& field : fields) {
+// Reads a recordset from its current row on, every field of every row.
+class RowReader {
+ public:
+  explicit RowReader(com_ptr<_Recordset> rows) : rows_(std::move(rows)), fields_(FieldsOf(rows_.get())) {}
+
+  // Reads up to `count` rows more; false when it came to their end.
+  bool ReadSome(long count) {
+    for (; count > 0; --count) {
+      VARIANT_BOOL end = VARIANT_FALSE;
+      Must(rows_->get_EOF(&end), "EOF");
+      if (end != VARIANT_FALSE) return false;
+      ReadRow();
+      Must(rows_->MoveNext(), "MoveNext");
+    }
+    return true;
+  }
+  // What was read so far.
+  const Read& SoFar() const { return read_; }
+
+ private:
+  void ReadRow() {
+    for (const auto& field : fields_) {
       Var value;
       Must(field->get_Value(value.put()), "Value");
-      read.sum = read.sum * 31 + SumOf(value.raw());
+      read_.sum = read_.sum * 31 + SumOf(value.raw());
     }
-    ++read.rows;
-    Must(rows->MoveNext(), "MoveNext");
+    ++read_.rows;
   }
-  return read;
+
+  com_ptr<_Recordset> rows_;
+  std::vector<com_ptr<::Field>> fields_;
+  Read read_;
+};
+
+// Reads a recordset from its current row to its end.
+inline Read ReadToEnd(_Recordset* rows) {
+  RowReader reader{com_ptr<_Recordset>(rows)};
+  while (reader.ReadSome(std::numeric_limits<long>::max())) {
+  }
+  return reader.SoFar();
 }
 
 }  // namespace kodra::bench

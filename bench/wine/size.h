@@ -1,0 +1,21 @@
+// How much the benchmarks do: enough for figures that repeat, or as little as shows that each works.
+#pragma once
+
+namespace kodra::bench {
+
+struct Size {
+  int smallReports;       // rounds of small_report
+  int streams;            // rounds of streamed_rows
+  const char* streamed;   // its archive
+  int logs;               // rounds of dataset_rows_log
+  int operators;          // rounds of dataset_rows_operadores
+  int scripts;            // rounds of script_peer
+  const char* registers;  // the archive of these and of small_report
+  // Rounds of load_and_create. A loaded DLL with the C++ library's threads in it takes a thread-local slot of the
+  // process and never gives it back; there are 1,088, and each round loads two.
+  int loads;
+};
+inline constexpr Size kFull = {2000, 4, "acervo-1000000.db", 31, 5, 5, "registros-20000.db", 400};
+inline constexpr Size kSmall = {5, 1, "acervo-1000.db", 1, 1, 1, "registros-1000.db", 5};
+
+}  // namespace kodra::bench
