@@ -15,7 +15,10 @@ using reports::ReportMethod;
 std::string Sought(std::string_view name) {
   constexpr std::string_view kComponent = "kodrarpt.";
   std::string folded = Folded(name);
-  if (const std::size_t colons = folded.find("::"); colons != std::string::npos) folded.replace(colons, 2, ".");
+  if (const std::size_t colons = folded.find("::"); colons != std::string::npos) {
+    folded[colons] = '.';
+    folded.erase(colons + 1, 1);
+  }
   return folded.starts_with(kComponent) ? folded.substr(kComponent.size()) : folded;
 }
 

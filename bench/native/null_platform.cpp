@@ -93,7 +93,7 @@ class NullRecordset final : public platform::Recordset {
   void Open(const platform::RecordsetSource& source, const platform::ActiveConnection&, std::int32_t, std::int32_t,
             std::int32_t) override {
     around_.watch.Stop();
-    if (const auto* statement = std::get_if<std::wstring>(&source)) around_.Arrive(*statement);
+    if (const auto* statement = std::get_if<std::wstring_view>(&source)) around_.Arrive(*statement);
     open_ = true;
     around_.watch.Restart();
   }
@@ -130,7 +130,7 @@ class NullCommand final : public platform::Command {
 
   void SetActiveConnection(platform::Connection*) override { const Pause pause(around_.watch); }
   bool HasActiveConnection() override { return true; }
-  void SetCommandText(const std::wstring& text) override {
+  void SetCommandText(std::wstring_view text) override {
     around_.watch.Stop();
     around_.Arrive(text);
     around_.watch.Restart();

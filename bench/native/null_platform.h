@@ -31,7 +31,7 @@ class NullPlatform final : public platform::Surroundings {
   std::vector<Built> built;
 
   // Where a statement arrives.
-  void Arrive(const std::wstring& statement) { built.push_back({statement, watch.Own(), watch.Stops()}); }
+  void Arrive(std::wstring_view statement) { built.push_back({std::wstring(statement), watch.Own(), watch.Stops()}); }
 
   std::unique_ptr<platform::Connection> NewConnection() override;
   std::unique_ptr<platform::Command> NewCommand() override;

@@ -196,6 +196,12 @@ class Case {
   std::vector<double> interrupted_;
 };
 
+// "Class::Method"; the names are ASCII.
+std::string NameOf(const reports::ReportMethod& method) {
+  std::string name(method.className.begin(), method.className.end());
+  return name.append("::").append(method.method.begin(), method.method.end());
+}
+
 // What the watch shows for nothing.
 double ClockCost() {
   constexpr int kTimes = 1000;
@@ -213,14 +219,16 @@ double ClockCost() {
   return Median(std::move(figures));
 }
 
-int Run(int rounds, const std::string& file, bool details) {
+int Run(int rounds, const std::string& only, const std::string& file, bool details) {
   std::deque<Case> cases;
-  for (const reports::ReportMethod& method : reports::ReportMethods())
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    if (NameOf(method).find(only) == std::string::npos) continue;
     for (const std::int32_t code : kDatabases) cases.emplace_back(method, code);
+  }
   for (Case& each : cases) {
     if (each.Agrees()) continue;
-    std::fprintf(stderr, "statement_assembly: %ls::%ls: os dois lados não fazem o mesmo comando\n",
-                 each.Method().className.data(), each.Method().method.data());
+    std::fprintf(stderr, "statement_assembly: %s: os dois lados não fazem o mesmo comando\n",
+                 NameOf(each.Method()).c_str());
     return 2;
   }
   for (int round = 0; round < rounds; ++round) {
@@ -250,10 +258,8 @@ int Run(int rounds, const std::string& file, bool details) {
     sum.bare += medians.bare;
     statements += each.Statements();
     if (details)
-      std::printf("  %-40ls %zu %3zu %7.3f %8.1f ns contra %8.1f ns\n",
-                  (std::wstring(each.Method().className) + L"::" + std::wstring(each.Method().method)).c_str(),
-                  each.Statements(), each.Pieces(), medians.component / medians.bare, medians.component * 1e9,
-                  medians.bare * 1e9);
+      std::printf("  %-40s %zu %3zu %7.3f %8.1f ns contra %8.1f ns\n", NameOf(each.Method()).c_str(), each.Statements(),
+                  each.Pieces(), medians.component / medians.bare, medians.component * 1e9, medians.bare * 1e9);
   }
   // The absolute figures are those of one statement.
   Results results(file);
@@ -268,11 +274,13 @@ int Run(int rounds, const std::string& file, bool details) {
 int main(int argc, char** argv) {
   CLI::App app{"Mede o que o componente acrescenta à montagem dos comandos SQL."};
   int rounds = 100;
+  std::string only;
   std::string file = "/dev/null";
   bool details = false;
   app.add_option("--rounds", rounds, "quantas vezes cada lado tem a vez");
+  app.add_option("--only", only, "só os métodos cujo nome, Classe::Método, contém este texto");
   app.add_option("--results", file, "arquivo ao qual os resultados são acrescentados");
   app.add_flag("--details", details, "também uma linha por método e banco");
   CLI11_PARSE(app, argc, argv);
-  return kodra::bench::Run(rounds, file, details);
+  return kodra::bench::Run(rounds, only, file, details);
 }

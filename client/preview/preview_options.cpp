@@ -4,7 +4,7 @@
 
 #include "client/suggest.h"
 #include "client/usage_error.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::client::preview {
 namespace {
@@ -46,7 +46,7 @@ HtmlOptions PreviewOptions::Options() const {
   if (copies_ < 1 || copies_ > kMostCopies)
     throw UsageError(fmt::format("--copias vai de 1 a {}: {} não", kMostCopies, copies_));
   return {{.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_},
-          text::FormatDate(text::Now(), L"dd/mm/yyyy hh:nn")};
+          text::FormatDate<L"dd/mm/yyyy hh:nn">(text::Now())};
 }
 
 }  // namespace kodra::client::preview

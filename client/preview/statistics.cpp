@@ -5,7 +5,7 @@
 #include <array>
 #include <cmath>
 
-#include "text/dates.h"
+#include "text/format_date.h"
 #include "text/numbers.h"
 
 namespace kodra::client::preview {
@@ -132,7 +132,7 @@ StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, std::wst
   const platform::Value value = row.Get(column);
   if (value.Is<platform::Date>()) {
     const platform::Date day{std::floor(value.As<platform::Date>().days)};
-    return {text::FormatDate(day, L"yyyymmdd"), text::FormatDate(day, L"dd/mm/yyyy")};
+    return {text::FormatDate<L"yyyymmdd">(day), text::FormatDate<L"dd/mm/yyyy">(day)};
   }
   std::wstring name = row.Text(column);
   return {AlphabeticalOrder(name), name};

@@ -22,8 +22,8 @@ void CapturingRecordset::Open(const platform::RecordsetSource& source, const pla
                               std::int32_t, std::int32_t) {
   isOpen_ = true;
   current_ = 0;
-  if (const auto* text = std::get_if<std::wstring>(&source)) {
-    statements_.push_back({*text, {}});
+  if (const auto* text = std::get_if<std::wstring_view>(&source)) {
+    statements_.push_back({std::wstring(*text), {}});
   } else if (const auto* command = std::get_if<platform::Command*>(&source)) {
     statements_.push_back(static_cast<const CapturingCommand&>(**command).Text());
   }

@@ -30,7 +30,7 @@ class CapturingCommand final : public platform::Command {
 
   void SetActiveConnection(platform::Connection*) override {}
   bool HasActiveConnection() override { return false; }
-  void SetCommandText(const std::wstring& text) override { statement_.text = text; }
+  void SetCommandText(std::wstring_view text) override { statement_.text = text; }
   void SetCommandType(std::int32_t) override {}
   void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
                        const platform::Value& value) override;

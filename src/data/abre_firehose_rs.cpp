@@ -14,7 +14,7 @@ constexpr std::int32_t kCacheRows = 100;
 std::unique_ptr<platform::Recordset> Open(const platform::RecordsetSource& source, const std::wstring& connectionString,
                                           std::int32_t options, std::unique_ptr<platform::Connection>& connection,
                                           platform::Surroundings& surroundings) {
-  const bool isText = std::holds_alternative<std::wstring>(source);
+  const bool isText = std::holds_alternative<std::wstring_view>(source);
   if (isText && !connection)
     connection = AbreCn(connectionString, ad::kUseServer, ad::kXactReadCommitted, surroundings);
   auto recordset = surroundings.NewRecordset();

@@ -6,7 +6,7 @@
 namespace kodra::frame {
 namespace {
 
-platform::Value Read(platform::AutomationObject& parameters, std::wstring_view property) {
+platform::Value Read(platform::AutomationObject& parameters, text::Piece property) {
   constexpr auto kMemberNotFound = static_cast<std::int32_t>(platform::RuntimeError::kMemberNotFound);
   try {
     return parameters.Get(property);
@@ -19,15 +19,15 @@ platform::Value Read(platform::AutomationObject& parameters, std::wstring_view p
 
 }  // namespace
 
-std::wstring ReadText(platform::AutomationObject& parameters, std::wstring_view property) {
+std::wstring ReadText(platform::AutomationObject& parameters, text::Piece property) {
   return text::ToText(Read(parameters, property));
 }
 
-platform::Date ReadDate(platform::AutomationObject& parameters, std::wstring_view property) {
+platform::Date ReadDate(platform::AutomationObject& parameters, text::Piece property) {
   return text::ToDate(Read(parameters, property));
 }
 
-bool ReadFlag(platform::AutomationObject& parameters, std::wstring_view property) {
+bool ReadFlag(platform::AutomationObject& parameters, text::Piece property) {
   return text::ToBool(Read(parameters, property));
 }
 

@@ -2,17 +2,17 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "platform/automation.h"
+#include "text/piece.h"
 
 namespace kodra::frame {
 
 // The value of a property as a text, a date or a Boolean. A property that the object does not have raises error 438
 // with its name in the description; a null raises RuntimeError::kInvalidUseOfNull, a value that cannot be converted
 // RuntimeError::kTypeMismatch.
-std::wstring ReadText(platform::AutomationObject& parameters, std::wstring_view property);
-platform::Date ReadDate(platform::AutomationObject& parameters, std::wstring_view property);
-bool ReadFlag(platform::AutomationObject& parameters, std::wstring_view property);
+std::wstring ReadText(platform::AutomationObject& parameters, text::Piece property);
+platform::Date ReadDate(platform::AutomationObject& parameters, text::Piece property);
+bool ReadFlag(platform::AutomationObject& parameters, text::Piece property);
 
 }  // namespace kodra::frame

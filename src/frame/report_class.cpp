@@ -30,9 +30,9 @@ data::SelectBuilder ReportClass::NewBuilder() const {
   return builder;
 }
 
-ReportRows ReportClass::Open(std::wstring statement) const {
+ReportRows ReportClass::Open(std::wstring_view statement) const {
   std::unique_ptr<platform::Connection> connection;
-  return data::AbreFirehoseRs(std::move(statement), stringConexao_, platform::ad::kCmdText, connection, surroundings_);
+  return data::AbreFirehoseRs(statement, stringConexao_, platform::ad::kCmdText, connection, surroundings_);
 }
 
 std::wstring ReportClass::SourceOf(std::wstring_view member) const {

@@ -61,7 +61,7 @@ class ReportClass {
   // A builder for the database of this call. REQUIRES: InicializaPS has passed.
   data::SelectBuilder NewBuilder() const;
   // Opens an SQL text on a connection of its own, read once from start to end.
-  ReportRows Open(std::wstring statement) const;
+  ReportRows Open(std::wstring_view statement) const;
 
   // Runs a report method: whatever fails in it reaches the client as kErrBase + 8107 under the method's name, with the
   // cause in the description only.

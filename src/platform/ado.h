@@ -62,7 +62,7 @@ class Command {
   // Null detaches the command from its connection.
   virtual void SetActiveConnection(Connection* connection) = 0;
   virtual bool HasActiveConnection() = 0;
-  virtual void SetCommandText(const std::wstring& text) = 0;
+  virtual void SetCommandText(std::wstring_view text) = 0;
   virtual void SetCommandType(std::int32_t type) = 0;
   // CreateParameter and Parameters.Append in one. The size is in characters.
   virtual void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
@@ -92,8 +92,8 @@ class Field {
   virtual ObjectRef AsObject();
 };
 
-// What a recordset is opened on: left out, an SQL text, or a command.
-using RecordsetSource = std::variant<std::monostate, std::wstring, Command*>;
+// What a recordset is opened on: left out, an SQL text, which is read before the call returns, or a command.
+using RecordsetSource = std::variant<std::monostate, std::wstring_view, Command*>;
 // Where it is opened: left out, a connection (null is "Nothing"), or a connection string.
 using ActiveConnection = std::variant<std::monostate, Connection*, std::wstring>;
 

@@ -74,6 +74,8 @@ std::size_t ValueOfKeyAt(std::wstring_view text, std::size_t at) {
 
 // The next value of a password key from there on; an empty one at the end of the text when there is none.
 Secret NextSecret(std::wstring_view text, std::size_t from) {
+  // Most texts have no keys at all.
+  if (text.find(L'=', from) == std::wstring_view::npos) return {text.size(), text.size()};
   for (std::size_t at = from; at < text.size(); ++at) {
     // Every key starts with it.
     if (UpperAscii(text[at]) != L'P') continue;

@@ -4,7 +4,7 @@
 
 namespace kodra::sql {
 
-CharFormat CharFormatOf(std::wstring_view format) noexcept {
+CharFormat CharFormatOf(text::Piece format) noexcept {
   if (text::EqualIgnoringCase(format, L"DD/MM/YYYY HH24")) return CharFormat::kDateAndHour;
   if (text::EqualIgnoringCase(format, L"DD/MM/YYYY")) return CharFormat::kDate;
   if (text::EqualIgnoringCase(format, L"HH24")) return CharFormat::kHour;

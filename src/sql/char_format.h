@@ -1,13 +1,13 @@
 // The date formats that SQLToChar translates.
 #pragma once
 
-#include <string_view>
+#include "text/piece.h"
 
 namespace kodra::sql {
 
 enum class CharFormat { kDateAndHour, kDate, kHour, kOther };
 
 // The format that a text names, in any letter case; kOther for any other text.
-CharFormat CharFormatOf(std::wstring_view format) noexcept;
+CharFormat CharFormatOf(text::Piece format) noexcept;
 
 }  // namespace kodra::sql

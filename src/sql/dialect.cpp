@@ -1,7 +1,7 @@
 #include "sql/dialect.h"
 
 #include "sql/tipo_banco.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::sql {
 
@@ -22,10 +22,10 @@ const Dialect* FindDialect(std::int32_t code) noexcept {
   }
 }
 
-std::wstring CurrentDateOf(const Dialect& dialect) {
-  const std::wstring_view current = dialect.CurrentDate();
-  if (current.empty()) return text::FormatDate(text::Today(), L"'yyyy-mm-dd'");
-  return std::wstring(current);
+void WriteCurrentDate(text::Writer& out, const Dialect& dialect) {
+  const text::Piece current = dialect.CurrentDate();
+  if (current.empty()) return out.Append(text::DateBy<L"'yyyy-mm-dd'">(text::ToCalendar(text::Today())));
+  out.Append(current);
 }
 
 }  // namespace kodra::sql

@@ -1,6 +1,5 @@
 #include "sql/dialect.h"
 #include "sql/oracle_forms.h"
-#include "text/join.h"
 
 namespace kodra::sql {
 namespace {
@@ -8,25 +7,24 @@ namespace {
 class DB2Dialect final : public Dialect {
  public:
   // Oracle's arithmetic and conversions: DB2 offers them under the same names.
-  std::wstring DateAdd(std::wstring_view interval, std::wstring_view number, std::wstring_view date) const override {
-    return oracle_forms::DateAdd(interval, number, date);
+  void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) const override {
+    oracle_forms::DateAdd(out, interval, number, date);
   }
-  std::wstring ToDate(std::wstring_view text, std::int32_t layout) const override {
-    return oracle_forms::ToDate(text, layout);
+  void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) const override {
+    oracle_forms::ToDate(out, text, layout);
   }
   bool HasDateLiterals() const override { return true; }
-  std::wstring DateLiteral(platform::Date date, std::int32_t layout) const override {
-    return oracle_forms::DateLiteral(date, layout);
+  void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout) const override {
+    oracle_forms::DateLiteral(out, date, layout);
   }
-  std::wstring ToChar(std::wstring_view expr, std::wstring_view format) const override {
-    return oracle_forms::ToChar(expr, format);
+  void ToChar(text::Writer& out, text::Piece expr, text::Piece format) const override {
+    oracle_forms::ToChar(out, expr, format);
   }
-  std::wstring_view CurrentDate() const override { return L"CURRENT DATE"; }
-  std::wstring ToInt(std::wstring_view expr) const override { return text::Join({L"CAST(", expr, L" AS INT)"}); }
-  std::wstring_view ConcatSeparator() const override { return L" || "; }
-  std::wstring Concat(std::wstring joined) const override { return joined; }
-  std::wstring_view NullReplacer() const override { return L"COALESCE"; }
-  std::wstring_view DefaultDateType() const override { return L"TIMESTAMP"; }
+  text::Piece CurrentDate() const override { return L"CURRENT DATE"; }
+  void ToInt(text::Writer& out, text::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
+  text::Piece ConcatSeparator() const override { return L" || "; }
+  text::Piece NullReplacer() const override { return L"COALESCE"; }
+  text::Piece DefaultDateType() const override { return L"TIMESTAMP"; }
 };
 
 }  // namespace

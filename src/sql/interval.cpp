@@ -20,7 +20,7 @@ constexpr Name kNames[] = {
 
 }  // namespace
 
-Interval IntervalOf(std::wstring_view name) noexcept {
+Interval IntervalOf(text::Piece name) noexcept {
   for (const Name& known : kNames) {
     if (text::EqualIgnoringCase(name, known.text)) return known.interval;
   }

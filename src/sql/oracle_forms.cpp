@@ -1,26 +1,22 @@
 #include "sql/oracle_forms.h"
 
 #include "sql/interval.h"
+#include "sql/quoted_date.h"
 #include "sql/tradutor_sql.h"
 #include "text/dates.h"
-#include "text/join.h"
 
 namespace kodra::sql::oracle_forms {
 namespace {
 
-struct DateLayout {
-  std::wstring_view databasePattern;
-  std::wstring_view literalPattern;
-};
-
-DateLayout LayoutOf(std::int32_t layout) {
+// The pattern of a layout; empty for a layout that is not known.
+text::Piece PatternOf(std::int32_t layout) {
   switch (layout) {
     case fdDDMMYYYY:
-      return {L"DD/MM/YYYY", L"'dd/mm/yyyy'"};
+      return L"DD/MM/YYYY";
     case fdYYYYMMDD:
-      return {L"YYYY/MM/DD", L"'yyyy/mm/dd'"};
+      return L"YYYY/MM/DD";
     case fdDateTime:
-      return {L"YYYY/MM/DD HH24:MI:SS", L"'yyyy/mm/dd hh:nn:ss'"};
+      return L"YYYY/MM/DD HH24:MI:SS";
     default:
       return {};
   }
@@ -28,37 +24,35 @@ DateLayout LayoutOf(std::int32_t layout) {
 
 }  // namespace
 
-std::wstring DateAdd(std::wstring_view interval, std::wstring_view number, std::wstring_view date) {
+void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) {
   switch (IntervalOf(interval)) {
     case Interval::kMinutes:
-      return text::Join({date, L" + ", number, L" / 1440"});
+      return out.Append(date, L" + ", number, L" / 1440");
     case Interval::kDays:
-      return text::Join({date, L" + ", number});
+      return out.Append(date, L" + ", number);
     case Interval::kMonths:
-      return text::Join({L"ADD_MONTHS(", date, L", ", number, L")"});
+      return out.Append(L"ADD_MONTHS(", date, L", ", number, L")");
     case Interval::kYears:
-      return text::Join({L"ADD_MONTHS(", date, L", ", number, L" * 12)"});
+      return out.Append(L"ADD_MONTHS(", date, L", ", number, L" * 12)");
     case Interval::kOther:
       break;
   }
-  return {};
 }
 
-std::wstring ToDate(std::wstring_view text, std::int32_t layout) {
-  const auto [databasePattern, literalPattern] = LayoutOf(layout);
-  if (!literalPattern.empty()) {
-    if (const auto date = text::ParseDate(text)) return DateLiteral(*date, layout);
+void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) {
+  const text::Piece pattern = PatternOf(layout);
+  if (!pattern.empty()) {
+    if (const auto date = text::ParseDate(text)) return DateLiteral(out, text::ToCalendar(*date), layout);
   }
-  return text::Join({L"TO_DATE(", text, L",'", databasePattern, L"')"});
+  out.Append(L"TO_DATE(", text, L",'", pattern, L"')");
 }
 
-std::wstring DateLiteral(platform::Date date, std::int32_t layout) {
-  const auto [databasePattern, literalPattern] = LayoutOf(layout);
-  return text::Join({L"TO_DATE(", text::FormatDate(date, literalPattern), L",'", databasePattern, L"')"});
+void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout) {
+  out.Append(L"TO_DATE(", QuotedDate{date, layout}, L",'", PatternOf(layout), L"')");
 }
 
-std::wstring ToChar(std::wstring_view expr, std::wstring_view format) {
-  return text::Join({L"TO_CHAR(", expr, L",'", format, L"')"});
+void ToChar(text::Writer& out, text::Piece expr, text::Piece format) {
+  out.Append(L"TO_CHAR(", expr, L",'", format, L"')");
 }
 
 }  // namespace kodra::sql::oracle_forms

@@ -2,16 +2,16 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <string_view>
 
-#include "platform/value.h"
+#include "text/dates.h"
+#include "text/piece.h"
+#include "text/writer.h"
 
 namespace kodra::sql::oracle_forms {
 
-std::wstring DateAdd(std::wstring_view interval, std::wstring_view number, std::wstring_view date);
-std::wstring ToDate(std::wstring_view text, std::int32_t layout);
-std::wstring DateLiteral(platform::Date date, std::int32_t layout);
-std::wstring ToChar(std::wstring_view expr, std::wstring_view format);
+void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date);
+void ToDate(text::Writer& out, text::Piece text, std::int32_t layout);
+void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout);
+void ToChar(text::Writer& out, text::Piece expr, text::Piece format);
 
 }  // namespace kodra::sql::oracle_forms

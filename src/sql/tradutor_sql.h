@@ -1,10 +1,12 @@
-// The SQL dialect translator: the fragments that differ between database systems, built as text.
+// The SQL dialect translator: the fragments that differ between database systems.
 //
-// A fragment is built for the thread's current database code, which every report sets before it builds its SQL. Nothing
-// here touches a database or looks into the expressions it is given: they go into the fragment verbatim, unquoted.
+// A fragment is made for the thread's current database code, which every report sets before it builds its SQL, and
+// writes itself into the statement. Nothing here touches a database or looks into the expressions it is given: they go
+// into the fragment verbatim, unquoted. A fragment looks into the texts, dates and lists that it was made of until it
+// is written.
 //
 //   DefineTipoBanco(tbOracle);
-//   SQLNVL(L"dp.NOME", nvTexto, L"")   gives  NVL(dp.NOME, '')
+//   statement.Append(SQLNVL(L"dp.NOME", nvTexto, L""))   writes  NVL(dp.NOME, '')
 //
 // A code without a dialect (tbOther4, 0, negative, 8 and above) makes every function but DefineTipoBanco and
 // SQLStrConcat raise Erro kErrBase + 1, source "TradutorSQL.<Function>", "Não há entrada para o banco tipo <code>".
@@ -13,11 +15,12 @@
 #include <cstdint>
 #include <initializer_list>
 #include <span>
-#include <string>
-#include <string_view>
 
 #include "platform/value.h"
+#include "sql/dialect.h"
 #include "sql/tipo_banco.h"
+#include "text/piece.h"
+#include "text/writer.h"
 
 namespace kodra::sql {
 
@@ -37,38 +40,76 @@ void DefineTipoBanco(std::int32_t code) noexcept;
 // The database code of this thread.
 std::int32_t TipoBancoAtual() noexcept;
 
+// The dialect of the current code. `function` is the public name of the caller.
+const Dialect& DialectFor(text::Piece function);
+
 // A date plus a number of minutes ("MINUTE", "MIN", "NN"), days ("DAY", "DD", "D"), months ("MONTH", "MM", "M") or
 // years
 // ("YEAR", "YYYY", "Y", "A", "AA", "AAAA"), in any letter case. Any other interval gives the empty text for Oracle, DB2
 // and SQLite; SQL Server and MySQL get it, and the minutes, as the caller spelled it.
-std::wstring SQLDateAdd(std::wstring_view interval, std::wstring_view number, std::wstring_view dateExpr);
+inline auto SQLDateAdd(text::Piece interval, text::Piece number, text::Piece dateExpr) {
+  return text::Written([&dialect = DialectFor(L"SQLDateAdd"), interval, number, dateExpr](text::Writer& out) {
+    dialect.DateAdd(out, interval, number, dateExpr);
+  });
+}
 
 // Today's date, without time.
-std::wstring SQLDataAtual();
+inline auto SQLDataAtual() {
+  return text::Written([&dialect = DialectFor(L"SQLDataAtual")](text::Writer& out) { WriteCurrentDate(out, dialect); });
+}
 
 // A date-valued expression from a text. A text that text::ParseDate recognises becomes a literal in the layout's form;
 // any other is an expression. SQL Server has no form for an expression: it is given back as it is.
-std::wstring SQLToDate(std::wstring_view dateText, std::int32_t layout);
+inline auto SQLToDate(text::Piece dateText, std::int32_t layout) {
+  return text::Written([&dialect = DialectFor(L"SQLToDate"), dateText, layout](text::Writer& out) {
+    dialect.ToDate(out, dateText, layout);
+  });
+}
 
-// The same for a date's text: as text::DateToText or, in the second form, as text::FormatDate writes it.
-// REQUIRES: the pattern writes the whole day and the layout is fdDDMMYYYY or fdYYYYMMDD.
-std::wstring SQLToDate(platform::Date date, std::int32_t layout);
-std::wstring SQLToDate(platform::Date date, std::wstring_view pattern, std::int32_t layout);
+// The same for a date's text, as a text::DateBy or text::DateAsText of that date writes it. A literal does not show how
+// the text was written: only a dialect without literals has it written.
+// REQUIRES: it is written with its whole day, and the layout is fdDDMMYYYY or fdYYYYMMDD.
+template <text::Fragment DateText>
+auto SQLToDate(const text::Calendar& date, const DateText& dateText, std::int32_t layout) {
+  return text::Written([&dialect = DialectFor(L"SQLToDate"), &date, dateText, layout](text::Writer& out) {
+    if (dialect.HasDateLiterals()) return dialect.DateLiteral(out, date, layout);
+    dialect.ToDate(out, text::LocalText<32>(dateText).View(), layout);
+  });
+}
 
 // An expression cast to an integer.
-std::wstring SQLToInt(std::wstring_view expr);
+inline auto SQLToInt(text::Piece expr) {
+  return text::Written([&dialect = DialectFor(L"SQLToInt"), expr](text::Writer& out) { dialect.ToInt(out, expr); });
+}
 
 // A date expression as text, by an Oracle format: "DD/MM/YYYY HH24", "DD/MM/YYYY" or "HH24" in any letter case. Oracle
 // and DB2 take any other format too; SQLite gives the empty text for every format.
-std::wstring SQLToChar(std::wstring_view expr, std::wstring_view format);
+inline auto SQLToChar(text::Piece expr, text::Piece format) {
+  return text::Written(
+      [&dialect = DialectFor(L"SQLToChar"), expr, format](text::Writer& out) { dialect.ToChar(out, expr, format); });
+}
+
+void WriteConcatenation(text::Writer& out, std::span<const platform::Value> parts);
+void WriteConcatenation(text::Writer& out, std::span<const text::Piece> parts);
 
 // The expressions joined by the database's concatenation. Never raises: the empty text stands for a code without
 // dialect and for an argument that has no text (Null, an object).
-std::wstring SQLStrConcat(std::span<const platform::Value> parts);
-std::wstring SQLStrConcat(std::initializer_list<std::wstring_view> parts);
+inline auto SQLStrConcat(std::span<const platform::Value> parts) {
+  return text::Written([parts](text::Writer& out) { WriteConcatenation(out, parts); });
+}
+inline auto SQLStrConcat(std::initializer_list<text::Piece> parts) {
+  return text::Written([parts](text::Writer& out) { WriteConcatenation(out, {parts.begin(), parts.size()}); });
+}
+
+void WriteNullReplacement(text::Writer& out, const Dialect& dialect, text::Piece expr, std::int32_t kind,
+                          text::Piece defaultValue);
 
 // An expression with a value in place of null: a number (an empty default is 0; the default is read by
 // text::LeadingNumber), a text (unescaped), or a date ("1932-01-30", which stands for no date, when empty).
-std::wstring SQLNVL(std::wstring_view expr, std::int32_t kind, std::wstring_view defaultValue);
+inline auto SQLNVL(text::Piece expr, std::int32_t kind, text::Piece defaultValue) {
+  return text::Written([&dialect = DialectFor(L"SQLNVL"), expr, kind, defaultValue](text::Writer& out) {
+    WriteNullReplacement(out, dialect, expr, kind, defaultValue);
+  });
+}
 
 }  // namespace kodra::sql

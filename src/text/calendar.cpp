@@ -56,9 +56,9 @@ Calendar ToCalendar(platform::Date date) {
   const bool inside = date.days > kFirstDay - 1 && date.days < kLastDay + 1;
   if (!inside) throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
 
-  const double whole = std::trunc(date.days);
-  auto dayNumber = static_cast<std::int32_t>(whole);
-  auto seconds = static_cast<std::int32_t>(std::floor(std::abs(date.days - whole) * kSecondsPerDay + 0.5));
+  auto dayNumber = static_cast<std::int32_t>(date.days);
+  const double time = std::abs(date.days - dayNumber);
+  auto seconds = time == 0 ? 0 : static_cast<std::int32_t>(std::floor(time * kSecondsPerDay + 0.5));
   if (seconds == kSecondsPerDay) {
     seconds = 0;
     ++dayNumber;

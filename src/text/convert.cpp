@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/erro.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 #include "text/numbers.h"
 #include "text/upper.h"
 

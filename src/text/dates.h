@@ -54,15 +54,4 @@ std::optional<platform::Date> ParseDate(std::wstring_view text);
 // The same, with the year to use for a text that has none.
 std::optional<platform::Date> ParseDate(std::wstring_view text, std::int32_t currentYear);
 
-// A date as text: "31/12/2023", with a time of day "31/12/2023 10:20:30", day zero only its time "10:20:30".
-// Raises RuntimeError::kOverflow outside the calendar.
-std::wstring DateToText(platform::Date date);
-
-// A date written by a pattern. In any letter case: d dd day, m mm month, yy yyyy year, h hh hour (24), n nn minute,
-// s ss second; m and mm directly after the hour are minutes ("hh:mm:ss"). A backslash makes the next character literal.
-// Every other character, digits and quotes among them, stands for itself: "yyyy-mm-dd 00:00:00" always reads midnight.
-//   FormatDate(date, L"'yyyy-mm-dd\\Thh:nn:ss'")  gives  '2023-12-31T10:20:30'
-// Raises RuntimeError::kOverflow outside the calendar.
-std::wstring FormatDate(platform::Date date, std::wstring_view pattern);
-
 }  // namespace kodra::text

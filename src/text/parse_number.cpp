@@ -15,15 +15,21 @@ namespace {
 bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 bool IsBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 
+// The value of digits alone, as long as they are few enough to be exact as an integer and as a double.
+std::optional<double> WholeValueOf(std::wstring_view digits) {
+  constexpr std::size_t kExactDigits = 15;
+  if (digits.size() > kExactDigits) return std::nullopt;
+  std::int64_t value = 0;
+  for (const wchar_t digit : digits) {
+    if (!IsDigit(digit)) return std::nullopt;
+    value = 10 * value + (digit - L'0');
+  }
+  return static_cast<double>(value);
+}
+
 // The value of a plain ASCII numeral: digits with an optional point and exponent. One too small for a double is zero.
 double ValueOf(std::wstring_view numeral) {
-  // So many digits are exact as an integer and as a double.
-  constexpr std::size_t kExactDigits = 15;
-  if (numeral.size() <= kExactDigits && std::all_of(numeral.begin(), numeral.end(), IsDigit)) {
-    std::int64_t value = 0;
-    for (const wchar_t digit : numeral) value = 10 * value + (digit - L'0');
-    return static_cast<double>(value);
-  }
+  if (const std::optional<double> whole = WholeValueOf(numeral)) return *whole;
   // The standard's own conversion, which knows no locale, would make the component larger by a tenth. A vector and not
   // a std::string: the component has no other use for those.
   std::vector<char> ascii;
@@ -207,6 +213,7 @@ class Marks {
 }  // namespace
 
 double LeadingNumber(std::wstring_view text) {
+  if (const std::optional<double> whole = WholeValueOf(text)) return *whole;
   std::wstring packed;
   if (text.find_first_of(kPassedOver) != text.npos) text = packed = WithoutBlanks(text);
   Scanner scanner(text);

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/writer.h"
+
 namespace kodra::text {
 
 // As UpperCase, for characters from U+0080 on.
@@ -18,6 +20,13 @@ inline wchar_t UpperCase(wchar_t character) noexcept {
 
 // The text in upper case, character by character.
 std::wstring UpperCase(std::wstring_view text);
+
+// The same, written where it is wanted.
+struct InUpperCase {
+  std::wstring_view text;
+
+  void WriteTo(Writer& out) const;
+};
 
 // Whether two texts are equal when both are in upper case.
 bool EqualIgnoringCase(std::wstring_view one, std::wstring_view other) noexcept;

@@ -106,11 +106,13 @@ HRESULT RecordsetObject::Open(VARIANT source, VARIANT connection, CursorTypeEnum
     const auto where = ConnectionOf(Argument(connection));
     com_ptr<CommandObject> command = what.IsMissing() ? command_ : nullptr;
     if (what.IsObject()) command = CommandOf(what.Object());
+    std::wstring text;
     platform::RecordsetSource statement;
     if (command) {
       statement = &command->Prepare();
     } else if (what.IsText()) {
-      statement = what.Text();
+      text = what.Text();
+      statement = text;
     } else if (!what.IsMissing()) {
       Raise(ControlError::kInvalidArgument, platform::odbc::kRecordsetSource);
     }

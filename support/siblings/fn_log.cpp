@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "siblings/file_text.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::support {
 namespace {
@@ -28,7 +28,7 @@ Value FnLog::DebugLog(std::span<const Value> arguments) {
   if (!ativar_ || logFile_.empty()) return {};
   std::replace_if(
       text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
-  Append(logFile_, EncodeUtf8(text::FormatDate(text::Now(), L"dd/mm/yyyy hh:nn:ss") + L" " + text + L"\r\n"));
+  Append(logFile_, EncodeUtf8(text::FormatDate<L"dd/mm/yyyy hh:nn:ss">(text::Now()) + L" " + text + L"\r\n"));
   return {};
 }
 

@@ -4,7 +4,7 @@
 
 #include "siblings/collection.h"
 #include "siblings/database.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::support {
 namespace {
@@ -67,7 +67,7 @@ class Conditions {
   }
   void From(std::wstring_view column, std::wstring_view member) {
     const Date date = text::ToDate(filter_.Get(member));
-    if (date.days != 0) Add(column, L" >= " + text::FormatDate(date, L"'yyyy-mm-dd hh:nn:ss'"));
+    if (date.days != 0) Add(column, L" >= " + text::FormatDate<L"'yyyy-mm-dd hh:nn:ss'">(date));
   }
   // The last second counts to its end, also where moments are kept with fractions.
   void To(std::wstring_view column, std::wstring_view member) {
@@ -75,8 +75,8 @@ class Conditions {
     if (date.days == 0) return;
     const text::Calendar moment = text::ToCalendar(date);
     const bool wholeDay = moment.hour == 0 && moment.minute == 0 && moment.second == 0;
-    Add(column,
-        L" <= " + text::FormatDate(date, wholeDay ? L"'yyyy-mm-dd 23:59:59.999'" : L"'yyyy-mm-dd hh:nn:ss.999'"));
+    Add(column, L" <= " + (wholeDay ? text::FormatDate<L"'yyyy-mm-dd 23:59:59.999'">(date)
+                                    : text::FormatDate<L"'yyyy-mm-dd hh:nn:ss.999'">(date)));
   }
 
   // The WHERE clause with a blank behind it; empty when there is no condition.

@@ -7,7 +7,7 @@
 #include "platform/odbc/command.h"
 #include "platform/odbc/connection.h"
 #include "platform/odbc/recordset.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 #include "text/numbers.h"
 
 namespace kodra::engines {
@@ -28,7 +28,7 @@ struct TextOf {
     return "n" + digits;
   }
   std::string operator()(platform::Date date) const {
-    return "d" + ToUtf8(text::FormatDate(date, L"yyyy-mm-dd hh:nn:ss"));
+    return "d" + ToUtf8(text::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date));
   }
   std::string operator()(const std::wstring& text) const { return "t" + Escaped(ToUtf8(text)); }
   template <class Other>

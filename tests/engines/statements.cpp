@@ -41,12 +41,12 @@ class CatchingRecordset final : public odbc::Recordset {
             std::int32_t cursorType, std::int32_t lockType, std::int32_t options) override {
     const std::size_t position = log_.caught.size();
     const bool inMemory = std::holds_alternative<std::monostate>(source);
-    if (const auto* text = std::get_if<std::wstring>(&source)) log_.caught.push_back({*text, {}});
+    if (const auto* text = std::get_if<std::wstring_view>(&source)) log_.caught.push_back({std::wstring(*text), {}});
     if (const auto* command = std::get_if<platform::Command*>(&source)) log_.caught.push_back(CaughtIn(**command));
     const auto open = [&](const platform::RecordsetSource& words) {
       odbc::Recordset::Open(words, connection, cursorType, lockType, options);
     };
-    const bool standsIn = std::holds_alternative<std::wstring>(source) && position < log_.standIns.size();
+    const bool standsIn = std::holds_alternative<std::wstring_view>(source) && position < log_.standIns.size();
     try {
       open(standsIn ? log_.standIns[position].text : source);
     } catch (const platform::Erro&) {

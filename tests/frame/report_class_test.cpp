@@ -39,7 +39,7 @@ class ProbeReport : public ReportClass {
     });
   }
   ReportRows RelatorioProva(platform::AutomationObject* obj) {
-    return RelatorioProva(obj, [this] { return Open(L"SELECT " + sql::SQLDataAtual()); });
+    return RelatorioProva(obj, [this] { return Open(L"SELECT " + ToString(sql::SQLDataAtual())); });
   }
 };
 
@@ -194,7 +194,7 @@ TEST_F(ReportClassTest, SetsTheTranslatorsCodeAtEveryCall) {
     Connect(L"x", code);
     std::wstring built;
     report_.RelatorioProva(parameters_.get(), [&] {
-      built = sql::SQLDataAtual();
+      built = ToString(sql::SQLDataAtual());
       return nullptr;
     });
     EXPECT_EQ(built, today) << code;
@@ -243,9 +243,9 @@ TEST_F(ReportClassTest, KeepsTheDatabasesOfDifferentThreadsApart) {
       ProbeReport report(around);
       report.SetStringConexao(L"y");
       report.InicializaPS(around.NewObject(L"Parametros", {}).get());
-      builtThere = sql::SQLDataAtual();
+      builtThere = ToString(sql::SQLDataAtual());
     }).join();
-    builtHere = sql::SQLDataAtual();
+    builtHere = ToString(sql::SQLDataAtual());
     return nullptr;
   });
   EXPECT_EQ(builtThere, L"date('now')");

@@ -8,7 +8,7 @@
 #include "fuzz/target.h"
 #include "platform/erro.h"
 #include "text/convert.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 #include "text/upper.h"
 
 namespace kodra::fuzz {
@@ -76,11 +76,11 @@ void CheckRecognised(const std::wstring& input, Date date) {
   RequireDate(text::UpperCase(input), calendar, "letter case says nothing");
 
   const std::wstring longForm = Printed(L"%02d/%02d/%d %02d:%02d:%02d", calendar);
-  RequireEqual(text::FormatDate(date, L"dd/mm/yyyy hh:nn:ss"), longForm, "a date is written by its pattern");
-  RequireEqual(text::FormatDate(date, L"DD/MM/YYYY HH:MM:SS"), longForm, "a pattern knows no letter case");
+  RequireEqual(text::FormatDate<L"dd/mm/yyyy hh:nn:ss">(date), longForm, "a date is written by its pattern");
+  RequireEqual(text::FormatDate<L"DD/MM/YYYY HH:MM:SS">(date), longForm, "a pattern knows no letter case");
   RequireDate(longForm, calendar, "a date written day first is recognised");
-  RequireDate(text::FormatDate(date, L"yyyy-mm-dd hh:nn:ss"), calendar, "a date written year first is recognised");
-  RequireDate(text::FormatDate(date, L"hh.nn.ss, d-m-yyyy"), calendar, "a date after its time is recognised");
+  RequireDate(text::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date), calendar, "a date written year first is recognised");
+  RequireDate(text::FormatDate<L"hh.nn.ss, d-m-yyyy">(date), calendar, "a date after its time is recognised");
 }
 
 void CheckConverted(const std::wstring& input) {

@@ -95,7 +95,7 @@ class Statement {
 };
 
 void CheckStatement(const SelectBuilder& select, const Parts& parts) {
-  const std::wstring sql = select.SQL();
+  const std::wstring sql(select.SQL());
   Statement statement(sql);
   statement.TakeAlways(L"SELECT ", parts.columns);
   statement.Take(L" FROM ", parts.from);

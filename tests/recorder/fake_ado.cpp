@@ -23,7 +23,7 @@ std::wstring NameOf(platform::Connection* connection) {
 
 struct ShowArgument {
   std::wstring operator()(std::monostate) const { return L"missing"; }
-  std::wstring operator()(const std::wstring& text) const { return Shown(text); }
+  std::wstring operator()(std::wstring_view text) const { return Shown(text); }
   std::wstring operator()(platform::Command* command) const { return dynamic_cast<FakeCommand&>(*command).Name(); }
   std::wstring operator()(platform::Connection* connection) const { return NameOf(connection); }
 };
@@ -79,7 +79,7 @@ bool FakeCommand::HasActiveConnection() {
   return attached_;
 }
 
-void FakeCommand::SetCommandText(const std::wstring& text) { Note(L"SetCommandText", {Shown(text)}); }
+void FakeCommand::SetCommandText(std::wstring_view text) { Note(L"SetCommandText", {Shown(text)}); }
 
 void FakeCommand::SetCommandType(std::int32_t type) { Note(L"SetCommandType", {Shown(type)}); }
 

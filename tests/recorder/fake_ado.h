@@ -54,7 +54,7 @@ class FakeCommand final : public platform::Command, public Fake {
 
   void SetActiveConnection(platform::Connection* connection) override;
   bool HasActiveConnection() override;
-  void SetCommandText(const std::wstring& text) override;
+  void SetCommandText(std::wstring_view text) override;
   void SetCommandType(std::int32_t type) override;
   void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
                        const platform::Value& value) override;

@@ -1,13 +1,13 @@
 #include "sql/dialect.h"
 #include "tests/sql/dialect_codes.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::sql {
 namespace {
 
 std::wstring Today(std::int32_t code) {
   DefineTipoBanco(code);
-  return SQLDataAtual();
+  return ToString(SQLDataAtual());
 }
 
 TEST(SQLDataAtual, EachDatabaseHasItsOwnText) {
@@ -26,17 +26,16 @@ TEST(SQLDataAtual, ACodeWithoutDialectRaises) {
 // A dialect that cannot name today's date.
 class Wordless final : public Dialect {
  public:
-  std::wstring DateAdd(std::wstring_view, std::wstring_view, std::wstring_view) const override { return {}; }
-  std::wstring_view CurrentDate() const override { return {}; }
-  std::wstring ToDate(std::wstring_view, std::int32_t) const override { return {}; }
+  void DateAdd(text::Writer&, text::Piece, text::Piece, text::Piece) const override {}
+  text::Piece CurrentDate() const override { return {}; }
+  void ToDate(text::Writer&, text::Piece, std::int32_t) const override {}
   bool HasDateLiterals() const override { return false; }
-  std::wstring DateLiteral(platform::Date, std::int32_t) const override { return {}; }
-  std::wstring ToInt(std::wstring_view) const override { return {}; }
-  std::wstring ToChar(std::wstring_view, std::wstring_view) const override { return {}; }
-  std::wstring_view ConcatSeparator() const override { return {}; }
-  std::wstring Concat(std::wstring joined) const override { return joined; }
-  std::wstring_view NullReplacer() const override { return {}; }
-  std::wstring_view DefaultDateType() const override { return {}; }
+  void DateLiteral(text::Writer&, const text::Calendar&, std::int32_t) const override {}
+  void ToInt(text::Writer&, text::Piece) const override {}
+  void ToChar(text::Writer&, text::Piece, text::Piece) const override {}
+  text::Piece ConcatSeparator() const override { return {}; }
+  text::Piece NullReplacer() const override { return {}; }
+  text::Piece DefaultDateType() const override { return {}; }
 };
 
 TEST(SQLDataAtual, ADialectWithoutATextGetsTodayByTheLocalClockAsALiteral) {
@@ -44,9 +43,11 @@ TEST(SQLDataAtual, ADialectWithoutATextGetsTodayByTheLocalClockAsALiteral) {
   std::wstring literal;
   std::wstring after;
   do {  // once more, should midnight pass in between
-    before = text::FormatDate(text::Today(), L"'yyyy-mm-dd'");
-    literal = CurrentDateOf(Wordless());
-    after = text::FormatDate(text::Today(), L"'yyyy-mm-dd'");
+    before = text::FormatDate<L"'yyyy-mm-dd'">(text::Today());
+    text::LocalText<20> written;
+    WriteCurrentDate(written, Wordless());
+    literal = written.View();
+    after = text::FormatDate<L"'yyyy-mm-dd'">(text::Today());
   } while (before != after);
   EXPECT_EQ(literal, before);
   ASSERT_EQ(literal.size(), 12U);

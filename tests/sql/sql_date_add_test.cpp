@@ -6,7 +6,7 @@ namespace {
 std::wstring Add(std::int32_t code, std::wstring_view interval, std::wstring_view number = L"30",
                  std::wstring_view date = L"x") {
   DefineTipoBanco(code);
-  return SQLDateAdd(interval, number, date);
+  return ToString(SQLDateAdd(interval, number, date));
 }
 
 constexpr std::wstring_view kMinutes[] = {L"MINUTE", L"MIN", L"NN", L"minute", L"Min", L"nn"};

@@ -16,14 +16,14 @@ class SomeObject final : public platform::AutomationObject {
   Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
 };
 
-std::wstring Concat(std::int32_t code, std::initializer_list<std::wstring_view> parts) {
+std::wstring Concat(std::int32_t code, std::initializer_list<text::Piece> parts) {
   DefineTipoBanco(code);
-  return SQLStrConcat(parts);
+  return ToString(SQLStrConcat(parts));
 }
 
 std::wstring ConcatValues(std::int32_t code, const std::vector<Value>& parts) {
   DefineTipoBanco(code);
-  return SQLStrConcat(parts);
+  return ToString(SQLStrConcat(parts));
 }
 
 TEST(SQLStrConcat, OracleDB2AndSQLiteJoinByBars) {

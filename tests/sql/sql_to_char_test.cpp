@@ -5,7 +5,7 @@ namespace {
 
 std::wstring ToChar(std::int32_t code, std::wstring_view format) {
   DefineTipoBanco(code);
-  return SQLToChar(L"e.DATA", format);
+  return ToString(SQLToChar(L"e.DATA", format));
 }
 
 TEST(SQLToChar, OracleAndDB2GetAnyFormatAsTyped) {

@@ -1,13 +1,13 @@
 #include "platform/erro.h"
 #include "tests/sql/dialect_codes.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::sql {
 namespace {
 
 std::wstring ToDate(std::int32_t code, std::wstring_view text, std::int32_t layout) {
   DefineTipoBanco(code);
-  return SQLToDate(text, layout);
+  return ToString(SQLToDate(text, layout));
 }
 
 TEST(SQLToDate, OracleAndDB2MakeADateALiteralOfTheLayout) {
@@ -91,6 +91,8 @@ TEST(SQLToDate, ACodeWithoutDialectRaisesForDatesAndExpressions) {
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"c.DATA", 3); });
 }
 
+constexpr text::Calendar kLastDay = {.year = 2023, .month = 12, .day = 31};
+
 // A date goes into the statement as its text would.
 TEST(SQLToDate, TakesADateAsItsText) {
   const platform::Date dates[] = {{0}, {0.5}, {-1.25}, {45291}, {45291.999999}, {45352.75}, {-657434}, {2958465.9}};
@@ -98,23 +100,27 @@ TEST(SQLToDate, TakesADateAsItsText) {
     DefineTipoBanco(code);
     for (const std::int32_t layout : {fdDDMMYYYY, fdYYYYMMDD}) {
       for (const platform::Date date : dates) {
-        EXPECT_EQ(SQLToDate(date, layout), SQLToDate(text::DateToText(date), layout)) << code << ' ' << date.days;
-        EXPECT_EQ(SQLToDate(date, L"yyyy-mm-dd 23:59:59", layout),
-                  SQLToDate(text::FormatDate(date, L"yyyy-mm-dd 23:59:59"), layout))
+        const text::Calendar day = text::ToCalendar(date);
+        EXPECT_EQ(ToString(SQLToDate(day, text::DateAsText(day), layout)),
+                  ToString(SQLToDate(text::DateToText(date), layout)))
+            << code << ' ' << date.days;
+        EXPECT_EQ(ToString(SQLToDate(day, text::DateBy<L"yyyy-mm-dd 23:59:59">(day), layout)),
+                  ToString(SQLToDate(text::FormatDate<L"yyyy-mm-dd 23:59:59">(date), layout)))
             << code << ' ' << date.days;
       }
     }
   }
   DefineTipoBanco(1);
-  EXPECT_EQ(SQLToDate(platform::Date{45291}, fdDDMMYYYY), L"TO_DATE('31/12/2023','DD/MM/YYYY')");
+  EXPECT_EQ(ToString(SQLToDate(kLastDay, text::DateAsText(kLastDay), fdDDMMYYYY)),
+            L"TO_DATE('31/12/2023','DD/MM/YYYY')");
   DefineTipoBanco(7);
-  EXPECT_EQ(SQLToDate(platform::Date{45291}, L"yyyy-mm-dd 00:00:00", fdYYYYMMDD),
+  EXPECT_EQ(ToString(SQLToDate(kLastDay, text::DateBy<L"yyyy-mm-dd 00:00:00">(kLastDay), fdYYYYMMDD)),
             L"strftime('%Y-%m-%d',2023-12-31 00:00:00)");
 }
 TEST(SQLToDate, TakesNoDateForACodeWithoutDialect) {
   DefineTipoBanco(4);
-  EXPECT_THROW(SQLToDate(platform::Date{45291}, fdDDMMYYYY), platform::Erro);
-  EXPECT_THROW(SQLToDate(platform::Date{45291}, L"yyyy-mm-dd", fdDDMMYYYY), platform::Erro);
+  EXPECT_THROW(SQLToDate(kLastDay, text::DateAsText(kLastDay), fdDDMMYYYY), platform::Erro);
+  EXPECT_THROW(SQLToDate(kLastDay, text::DateBy<L"yyyy-mm-dd">(kLastDay), fdDDMMYYYY), platform::Erro);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@ namespace {
 
 std::wstring ToInt(std::int32_t code, std::wstring_view expr) {
   DefineTipoBanco(code);
-  return SQLToInt(expr);
+  return ToString(SQLToInt(expr));
 }
 
 TEST(SQLToInt, OracleConvertsByToNumber) {

@@ -45,7 +45,7 @@ TEST(TipoBanco, ANewThreadHasNoCodeAndRaisesTheNoEntryErrorOfZero) {
   std::thread([&] {
     code = TipoBancoAtual();
     try {
-      SQLDataAtual();
+      ToString(SQLDataAtual());
     } catch (const platform::Erro& erro) {
       description = erro.Description();
     }
@@ -61,7 +61,7 @@ TEST(TipoBanco, TwoThreadsBuildForTheirOwnDatabaseAtTheSameTime) {
   const auto build = [&](std::int32_t code, std::wstring& fragment) {
     DefineTipoBanco(code);
     both.arrive_and_wait();  // both codes are set before either fragment is built
-    fragment = SQLNVL(L"x", nvTexto, L"");
+    fragment = ToString(SQLNVL(L"x", nvTexto, L""));
     both.arrive_and_wait();
   };
   std::thread one(build, tbOracle, std::ref(fragments[0]));
@@ -74,10 +74,10 @@ TEST(TipoBanco, TwoThreadsBuildForTheirOwnDatabaseAtTheSameTime) {
 
 TEST(TipoBanco, TheCodeStaysUntilTheNextOneIsSet) {
   DefineTipoBanco(tbMySQL);
-  EXPECT_EQ(SQLDataAtual(), L"CURDATE()");
-  EXPECT_EQ(SQLDataAtual(), L"CURDATE()");
+  EXPECT_EQ(ToString(SQLDataAtual()), L"CURDATE()");
+  EXPECT_EQ(ToString(SQLDataAtual()), L"CURDATE()");
   DefineTipoBanco(tbSQLite);
-  EXPECT_EQ(SQLDataAtual(), L"date('now')");
+  EXPECT_EQ(ToString(SQLDataAtual()), L"date('now')");
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "recorder/fake_surroundings.h"
 #include "recorder/raised.h"
 #include "support/archive_on_sqlite.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::support {
 namespace {
@@ -30,7 +30,7 @@ Date ToDate(demo::Moment moment) {
 
 // What an event object says, in one line.
 std::wstring Line(const Date& moment, const std::wstring& rest) {
-  return text::FormatDate(moment, L"yyyy-mm-dd hh:nn:ss|") + rest;
+  return text::FormatDate<L"yyyy-mm-dd hh:nn:ss|">(moment) + rest;
 }
 std::wstring Line(const Evento& event) {
   return Line(ToDate(event.dataInicial.value()), event.nomeOperador.value_or(L"") + L"|" + event.maquina.value_or(L"") +

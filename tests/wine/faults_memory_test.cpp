@@ -83,7 +83,7 @@ class MemoryFaults : public testing::TestWithParam<ReportCase> {
       requests = heap_.requests();
     }
     std::size_t held = heap_.held();
-    ASSERT_LE(5U, requests);
+    ASSERT_LT(0U, requests);
     for (std::size_t number = 1; number <= requests && !HasFailure(); number += requests / kPlaces + 1) {
       SCOPED_TRACE(std::to_string(number) + " of " + std::to_string(requests));
       ExpectRefused(number, later);

@@ -51,7 +51,7 @@ class PeFile {
       for (std::size_t k = Offset(descriptor.OriginalFirstThunk); At<ULONG_PTR>(k) != 0; k += sizeof(ULONG_PTR)) {
         const ULONG_PTR entry = At<ULONG_PTR>(k);
         const bool byNumber = (entry & IMAGE_ORDINAL_FLAG) != 0;
-        imports[dll].insert(byNumber ? "#" + std::to_string(entry & 0xFFFF)
+        imports[dll].insert(byNumber ? std::string("#").append(std::to_string(entry & 0xFFFF))
                                      : Text(static_cast<DWORD>(entry) + sizeof(WORD)));
       }
     }

@@ -53,7 +53,7 @@ std::unique_ptr<Connection> Command::ActiveConnection() const {
 }
 
 std::wstring Command::CommandText() const { return text_; }
-void Command::SetCommandText(const std::wstring& text) { text_ = text; }
+void Command::SetCommandText(std::wstring_view text) { text_ = text; }
 std::int32_t Command::CommandType() const { return type_; }
 void Command::SetCommandType(std::int32_t type) { type_ = type; }
 std::int32_t Command::CommandTimeout() const { return timeout_; }

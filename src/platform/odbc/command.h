@@ -35,7 +35,7 @@ class Command : public platform::Command {
   std::unique_ptr<Connection> ActiveConnection() const;
 
   std::wstring CommandText() const;
-  void SetCommandText(const std::wstring& text) override;
+  void SetCommandText(std::wstring_view text) override;
   // ad::kCmdUnknown until set.
   std::int32_t CommandType() const;
   void SetCommandType(std::int32_t type) override;

@@ -49,8 +49,8 @@ Recordset::Query Recordset::QueryOf(const RecordsetSource& source, std::int32_t 
     query.isCommand = true;
     return query;
   }
-  const auto* text = std::get_if<std::wstring>(&source);
-  query.statement = StatementText(text != nullptr ? *text : source_, options, ad::kCmdUnknown, 0);
+  const auto* text = std::get_if<std::wstring_view>(&source);
+  query.statement = StatementText(text != nullptr ? std::wstring(*text) : source_, options, ad::kCmdUnknown, 0);
   query.timeout = session_->Properties().commandTimeout;
   return query;
 }
@@ -78,7 +78,7 @@ void Recordset::Open(const RecordsetSource& source, const platform::ActiveConnec
   session_ = std::move(session);
   if (!cursorLocationSet_) cursorLocation_ = session_->Properties().cursorLocation;
   query_ = QueryOf(source, options);
-  if (const auto* text = std::get_if<std::wstring>(&source)) source_ = *text;
+  if (const auto* text = std::get_if<std::wstring_view>(&source)) source_ = *text;
   if (isCommand) source_ = query_.statement;
   OpenRows();
 }

@@ -42,7 +42,7 @@ class AdoField final : public platform::Field {
 // Source and connection as the arguments of Recordset.Open.
 struct SourceArgument {
   ScopedVariant operator()(std::monostate) const { return ScopedVariant::Missing(); }
-  ScopedVariant operator()(const std::wstring& text) const { return ScopedVariant(Value(text)); }
+  ScopedVariant operator()(std::wstring_view text) const { return ScopedVariant(Value(text)); }
   ScopedVariant operator()(Command* command) const {
     return ScopedVariant::Object(static_cast<AdoCommand*>(command)->Interface());
   }
@@ -119,7 +119,7 @@ bool AdoCommand::HasActiveConnection() {
   return static_cast<bool>(connection);
 }
 
-void AdoCommand::SetCommandText(const std::wstring& text) {
+void AdoCommand::SetCommandText(std::wstring_view text) {
   Check(command_->put_CommandText(ScopedBstr(text).get()), command_);
 }
 

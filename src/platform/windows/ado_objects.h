@@ -35,7 +35,7 @@ class AdoCommand final : public Command {
 
   void SetActiveConnection(Connection* connection) override;
   bool HasActiveConnection() override;
-  void SetCommandText(const std::wstring& text) override;
+  void SetCommandText(std::wstring_view text) override;
   void SetCommandType(std::int32_t type) override;
   void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
                        const Value& value) override;

@@ -13,17 +13,19 @@ bool WantsExpired(platform::AutomationObject& parameters) { return frame::ReadTe
 frame::ReportRows CCDRpt::RelatorioMidias(platform::AutomationObject* obj) {
   return Report(L"RelatorioMidias", [&] {
     InicializaPS(obj);
-    CatalogList list = {.from = L"CD", .orderBy = L"NUM_CD"};
-    list.columns = L"NUM_CD, DOC_INICIAL, DOC_FINAL, DATA_GRAVACAO, 'Todas as Mídias' AS RELATORIO ";
-    std::wstring expired;
-    if (WantsExpired(*obj)) {
-      list.columns = L"NUM_CD, DOC_INICIAL, DOC_FINAL, DATA_GRAVACAO, 'Mídias Vencidas' AS RELATORIO ";
-      expired = sql::SQLDateAdd(L"A", L"t.VALIDADE_MIDIA", L"DATA_GRAVACAO") + L" <= " + sql::SQLDataAtual();
-      list.where = expired;
-    }
+    data::SelectBuilder builder = NewBuilder();
+    const bool expiredOnly = WantsExpired(*obj);
+    if (expiredOnly)
+      builder.SetColumns(L"NUM_CD, DOC_INICIAL, DOC_FINAL, DATA_GRAVACAO, 'Mídias Vencidas' AS RELATORIO ");
+    else
+      builder.SetColumns(L"NUM_CD, DOC_INICIAL, DOC_FINAL, DATA_GRAVACAO, 'Todas as Mídias' AS RELATORIO ");
+    builder.SetFrom(L"CD");
+    if (expiredOnly)
+      builder.SetWhere(sql::SQLDateAdd(L"A", L"t.VALIDADE_MIDIA", L"DATA_GRAVACAO"), L" <= ", sql::SQLDataAtual());
     // Asked again: the answer of a client's own object may have changed.
-    if (WantsExpired(*obj)) list.joins[0] = {kInner, L"TIPO_MIDIA t", L"CD.COD_MIDIA=t.COD_MIDIA"};
-    return Open(Statement(list));
+    if (WantsExpired(*obj)) builder.AddJoin(0, data::JoinKind::kInner, L"TIPO_MIDIA t", L"CD.COD_MIDIA=t.COD_MIDIA");
+    builder.SetOrderBy(L"NUM_CD");
+    return Open(builder.SQL());
   });
 }
 

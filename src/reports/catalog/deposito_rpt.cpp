@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CDepositoRpt::RelatorioDepositos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioDepositos", obj, kList);
+  return ListWhole(L"RelatorioDepositos", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CDeptoRpt::RelatorioDeptos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioDeptos", obj, kList);
+  return ListWhole(L"RelatorioDeptos", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

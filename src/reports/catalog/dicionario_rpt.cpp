@@ -22,7 +22,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CDicionarioRpt::RelatorioTermosControlados(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioTermosControlados", obj, kList);
+  return ListWhole(L"RelatorioTermosControlados", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CGrupoOperadorRpt::RelatorioGruposOperadores(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioGruposOperadores", obj, kList);
+  return ListWhole(L"RelatorioGruposOperadores", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

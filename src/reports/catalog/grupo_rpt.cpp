@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CGrupoRpt::RelatorioGrupos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioGrupos", obj, kList);
+  return ListWhole(L"RelatorioGrupos", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

@@ -28,6 +28,9 @@ constexpr CatalogList Models(bool oneOnly) {
   };
 }
 
+constexpr CatalogList kAll = Models(false);
+constexpr CatalogList kOne = Models(true);
+
 // The code as the database compares it. Cut first: blanks that a cut uncovers go too.
 std::wstring ComparedCode(std::wstring_view code) { return text::UpperCase(text::Trim(code.substr(0, kCodeSize))); }
 
@@ -45,9 +48,7 @@ frame::ReportRows CModeloRpt::RelatorioModelos(platform::AutomationObject* obj) 
   return Report(L"RelatorioModelos", [&] {
     InicializaPS(obj);
     const std::wstring code = frame::ReadText(*obj, L"CodModelo");
-    static constexpr CatalogList kAll = Models(false);
-    static constexpr CatalogList kOne = Models(true);
-    const std::wstring statement = Statement(code.empty() ? kAll : kOne);
+    const std::wstring_view statement = code.empty() ? kListStatement<kAll> : kListStatement<kOne>;
 
     const auto command = Around().NewCommand();
     const auto connection = data::AbreCn(StringConexao(), ad::kUseServer, ad::kXactReadCommitted, Around());

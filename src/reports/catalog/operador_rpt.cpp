@@ -1,5 +1,6 @@
 #include "reports/catalog/operador_rpt.h"
 
+#include "data/compiled_statement.h"
 #include "reports/output_dataset.h"
 #include "text/convert.h"
 #include "text/numbers.h"
@@ -12,7 +13,7 @@ using data::JoinKind;
 
 constexpr std::int32_t kTextSize = 255;
 
-std::wstring Statement(data::SelectBuilder builder) {
+constexpr void SelectOperators(data::SelectBuilder& builder) {
   builder.SetColumns(
       L"o.DESCR_OPERADOR, o.NOME_COMPLETO, o.TIPO, d.DESCR_DEPTO, "
       L"o.CHAPA, o.RAMAL, o.IDC_ATIVO AS ATIVO, "
@@ -22,7 +23,6 @@ std::wstring Statement(data::SelectBuilder builder) {
   builder.AddJoin(1, JoinKind::kInner, L"GRUPOS_OPERADORES gp", L"o.COD_GRPOP = gp.COD_GRPOP");
   builder.SetWhere(L"o.OPCOES_PESSOAIS <> 'APAGADO' OR o.OPCOES_PESSOAIS IS NULL");
   builder.SetOrderBy(L"o.DESCR_OPERADOR");
-  return std::move(builder).SQL();
 }
 
 }  // namespace
@@ -37,9 +37,8 @@ frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* 
   std::wstring step;
   try {
     InicializaPS(obj);
-    std::wstring statement = Statement(NewBuilder());
     step = L"ao obter dados do SGBD";
-    const std::vector<OperadorObj> operators = ReadOperators(std::move(statement));
+    const std::vector<OperadorObj> operators = ReadOperators();
     return operators.empty() ? nullptr : Fill(operators, step);
   } catch (...) {
     throw platform::Erro(frame::kReportError, SourceOf(L"RelatorioOperadores"),
@@ -47,8 +46,8 @@ frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* 
   }
 }
 
-std::vector<OperadorObj> COperadorRpt::ReadOperators(std::wstring statement) const {
-  const frame::ReportRows rows = Open(std::move(statement));
+std::vector<OperadorObj> COperadorRpt::ReadOperators() const {
+  const frame::ReportRows rows = Open(data::kCompiledStatement<SelectOperators>);
   SourceField ativo(*rows, L"ATIVO");
   SourceField chapa(*rows, L"CHAPA");
   SourceField depto(*rows, L"DESCR_DEPTO");

@@ -21,7 +21,7 @@ class COperadorRpt : public frame::ReportClass {
   frame::ReportRows RelatorioOperadores(platform::AutomationObject* obj);
 
  private:
-  std::vector<OperadorObj> ReadOperators(std::wstring statement) const;
+  std::vector<OperadorObj> ReadOperators() const;
   frame::ReportRows Fill(const std::vector<OperadorObj>& operators, std::wstring& step) const;
   // The description of a type code, asked of a sibling object made for this one question.
   std::wstring ObtemDescricaoTipo(std::wstring_view code) const;

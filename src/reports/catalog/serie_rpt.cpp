@@ -38,7 +38,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CSerieRpt::RelatorioSeries(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioSeries", obj, kList);
+  return ListWhole(L"RelatorioSeries", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

@@ -15,7 +15,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CSubgrupoRpt::RelatorioSubgrupos(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioSubgrupos", obj, kList);
+  return ListWhole(L"RelatorioSubgrupos", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

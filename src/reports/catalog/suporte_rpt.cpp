@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CSuporteRpt::RelatorioSuportes(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioSuportes", obj, kList);
+  return ListWhole(L"RelatorioSuportes", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

@@ -13,7 +13,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CTipo_CaixaRpt::RelatorioTiposModulo(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioTiposModulo", obj, kList);
+  return ListWhole(L"RelatorioTiposModulo", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

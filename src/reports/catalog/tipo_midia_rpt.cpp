@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 }  // namespace
 
 frame::ReportRows CTipo_MidiaRpt::RelatorioTiposMidia(platform::AutomationObject* obj) {
-  return ListWhole(L"RelatorioTiposMidia", obj, kList);
+  return ListWhole(L"RelatorioTiposMidia", obj, kListStatement<kList>);
 }
 
 }  // namespace kodra::reports

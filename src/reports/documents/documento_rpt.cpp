@@ -2,7 +2,7 @@
 
 #include "frame/parameter_reader.h"
 #include "sql/tradutor_sql.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 
 namespace kodra::reports {
 namespace {
@@ -18,22 +18,24 @@ constexpr Join kAssunto = {L"ASSUNTO a", L"d.COD_ASSUNTO = a.COD_ASSUNTO "};
 constexpr Join kGrupo = {L"GRUPO g", L"d.COD_GRUPO = g.COD_GRUPO"};
 
 // A whole day as bounds of the storage date; the database sees of them what the translator's date layout keeps.
-std::wstring Bound(platform::Date date, std::wstring_view pattern) {
-  return sql::SQLToDate(date, pattern, sql::fdYYYYMMDD);
+template <text::DatePattern kPattern>
+auto Bound(const text::Calendar& day) {
+  return sql::SQLToDate(day, text::DateBy<kPattern>(day), sql::fdYYYYMMDD);
 }
 
 void FilterPeriod(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
   const platform::Date last = frame::ReadDate(parameters, L"DataArmazenamento2");
   if (last.days == 0.0) return;
-  const platform::Date first = frame::ReadDate(parameters, L"DataArmazenamento1");
-  builder.AddToWhere({L" AND d.DT_ARMAZ BETWEEN ", Bound(first, L"yyyy-mm-dd 00:00:00"), L" AND ",
-                      Bound(last, L"yyyy-mm-dd 23:59:59")});
+  const text::Calendar firstDay = text::ToCalendar(frame::ReadDate(parameters, L"DataArmazenamento1"));
+  const text::Calendar lastDay = text::ToCalendar(last);
+  builder.AddToWhere(L" AND d.DT_ARMAZ BETWEEN ", Bound<L"yyyy-mm-dd 00:00:00">(firstDay), L" AND ",
+                     Bound<L"yyyy-mm-dd 23:59:59">(lastDay));
 }
 
 void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
   if (code.empty()) return;
-  builder.AddToWhere({L" AND d.COD_DEPTO = '", code, L"'"});
+  builder.AddToWhere(L" AND d.COD_DEPTO = '", code, L"'");
 }
 
 }  // namespace
@@ -58,7 +60,7 @@ frame::ReportRows CDocumentoRpt::List(std::wstring_view method, platform::Automa
     FilterPeriod(builder, *obj);
     FilterDepto(builder, *obj);
     builder.SetOrderBy(L"d.COD_DOCTO");
-    return Open(std::move(builder).SQL());
+    return Open(builder.SQL());
   });
 }
 

@@ -3,7 +3,7 @@
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
 #include "text/convert.h"
-#include "text/dates.h"
+#include "text/format_date.h"
 #include "text/numbers.h"
 #include "text/upper.h"
 
@@ -36,7 +36,7 @@ Value FirstCharactersOrEmpty(Value value, std::size_t count) {
 
 Value TimeText(const Value& moment) {
   if (moment.Is<platform::Null>()) return L"";
-  return text::FormatDate(text::ToDate(moment), L"hh:mm:ss");
+  return text::FormatDate<L"hh:mm:ss">(text::ToDate(moment));
 }
 
 std::wstring ActionField(std::size_t number) { return L"ACAO" + text::NumberToText(static_cast<std::int64_t>(number)); }

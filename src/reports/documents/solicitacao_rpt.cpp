@@ -5,55 +5,60 @@
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
 #include "sql/tradutor_sql.h"
-#include "text/dates.h"
-#include "text/join.h"
+#include "text/format_date.h"
 
 namespace kodra::reports {
 namespace {
 
-std::wstring DocumentsStatement(const std::wstring& requests) {
-  return text::Join(
-      {L"SELECT d.COD_DOCTO, d.NUM_CAIXA, s.DT_DEVOLUCAO, "
-       L"c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, c.COORD_Z AS PRATELEIRA "
-       L"FROM SOLICITACAO s "
-       L"INNER JOIN DOCUMENTO d ON s.COD_DOCTO = d.COD_DOCTO "
-       L"INNER JOIN CAIXA c ON d.NUM_CAIXA = c.NUM_CAIXA "
-       L"WHERE s.COD_SOLICIT IN (",
-       requests,
-       L") "
-       L"ORDER BY d.NUM_CAIXA"});
+// Room for a statement with some requests.
+using Statement = text::LocalText<800>;
+
+Statement DocumentsStatement(const std::wstring& requests) {
+  return Statement(
+      L"SELECT d.COD_DOCTO, d.NUM_CAIXA, s.DT_DEVOLUCAO, "
+      L"c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, c.COORD_Z AS PRATELEIRA "
+      L"FROM SOLICITACAO s "
+      L"INNER JOIN DOCUMENTO d ON s.COD_DOCTO = d.COD_DOCTO "
+      L"INNER JOIN CAIXA c ON d.NUM_CAIXA = c.NUM_CAIXA "
+      L"WHERE s.COD_SOLICIT IN (",
+      requests,
+      L") "
+      L"ORDER BY d.NUM_CAIXA");
 }
 
 // The return sentence by the mode of the request, for one document or several.
-std::wstring ReturnSentences(bool several, const std::wstring& date) {
-  if (several)
-    return text::Join(
-        {L"WHEN 'P' THEN 'Os documentos serão retirados permanentemente.' "
-         L"WHEN 'I' THEN 'As devoluções não têm data determinada para ocorrer.' "
-         L"WHEN 'D' THEN 'As devoluções destes documentos deverão ser realizadas em ",
-         date, L".' "});
-  return text::Join(
-      {L"WHEN 'P' THEN 'O documento será retirado permanentemente.' "
-       L"WHEN 'I' THEN 'A devolução não tem data determinada para ocorrer.' "
-       L"WHEN 'D' THEN 'A devolução deste documento deverá ser realizada em ",
-       date, L".' "});
+auto ReturnSentences(bool several, std::wstring_view date) {
+  return text::Written([several, date](text::Writer& out) {
+    if (several)
+      out.Append(
+          L"WHEN 'P' THEN 'Os documentos serão retirados permanentemente.' "
+          L"WHEN 'I' THEN 'As devoluções não têm data determinada para ocorrer.' "
+          L"WHEN 'D' THEN 'As devoluções destes documentos deverão ser realizadas em ",
+          date, L".' ");
+    else
+      out.Append(
+          L"WHEN 'P' THEN 'O documento será retirado permanentemente.' "
+          L"WHEN 'I' THEN 'A devolução não tem data determinada para ocorrer.' "
+          L"WHEN 'D' THEN 'A devolução deste documento deverá ser realizada em ",
+          date, L".' ");
+  });
 }
 
-std::wstring RequestStatement(const std::wstring& requests, const std::wstring& sentences) {
-  return text::Join(
-      {L"SELECT DISTINCT "
-       L"CASE "
-       L"WHEN o.NOME_COMPLETO IS NULL OR o.NOME_COMPLETO='' THEN o.DESCR_OPERADOR "
-       L"ELSE o.NOME_COMPLETO "
-       L"END AS OPERADOR, "
-       L"CASE s.DEVOLVIDO ",
-       sentences,
-       L"END AS DEVOLUCAO, "
-       L"s.OBS_SOLICIT "
-       L"FROM SOLICITACAO s "
-       L"INNER JOIN OPERADOR o ON s.COD_OPERADOR = o.COD_OPERADOR "
-       L"WHERE s.COD_SOLICIT IN (",
-       requests, L")"});
+Statement RequestStatement(const std::wstring& requests, const text::Fragment auto& sentences) {
+  return Statement(
+      L"SELECT DISTINCT "
+      L"CASE "
+      L"WHEN o.NOME_COMPLETO IS NULL OR o.NOME_COMPLETO='' THEN o.DESCR_OPERADOR "
+      L"ELSE o.NOME_COMPLETO "
+      L"END AS OPERADOR, "
+      L"CASE s.DEVOLVIDO ",
+      sentences,
+      L"END AS DEVOLUCAO, "
+      L"s.OBS_SOLICIT "
+      L"FROM SOLICITACAO s "
+      L"INNER JOIN OPERADOR o ON s.COD_OPERADOR = o.COD_OPERADOR "
+      L"WHERE s.COD_SOLICIT IN (",
+      requests, L")");
 }
 
 }  // namespace
@@ -104,7 +109,7 @@ CSolicitacaoRpt::Slip CSolicitacaoRpt::ReadDocuments(const std::wstring& request
   Slip slip;
   for (; !rows->Eof(); rows->MoveNext()) {
     const platform::Value dateText = date.Text();
-    slip.returnDate = text::FormatDate(text::ToDate(conversions.Call(L"ToDate", {&dateText, 1})), L"DD/MM/YYYY");
+    slip.returnDate = text::FormatDate<L"dd/mm/yyyy">(text::ToDate(conversions.Call(L"ToDate", {&dateText, 1})));
     // Read one after the other: the order of a call's arguments is the compiler's.
     const std::wstring documentCode = document.Text();
     const std::wstring moduleCode = module.Text();
@@ -120,7 +125,7 @@ CSolicitacaoRpt::Slip CSolicitacaoRpt::ReadDocuments(const std::wstring& request
 }
 
 frame::ReportRows CSolicitacaoRpt::FillSlip(const std::wstring& requests, const Slip& slip) const {
-  const std::wstring sentences = ReturnSentences(slip.lines.size() >= 2, slip.returnDate);
+  const auto sentences = ReturnSentences(slip.lines.size() >= 2, slip.returnDate);
   const frame::ReportRows rows = Open(RequestStatement(requests, sentences));
   SourceField operador(*rows, L"OPERADOR");
   SourceField devolucao(*rows, L"DEVOLUCAO");
@@ -153,7 +158,7 @@ frame::ReportRows CSolicitacaoRpt::RelatorioDevolucaoOriginal(platform::Automati
       builder.SetColumns(L"'Listagem De Originais Retirados E Originais Devolvidos' AS TITULO, ");
     else
       builder.SetColumns(L"'Listagem De Originais Retirados' AS TITULO, ");
-    builder.AddToColumns({
+    builder.AddToColumns(
         L"s.COD_DOCTO, "
         L"CASE "
         L"WHEN o.NOME_COMPLETO IS NULL OR o.NOME_COMPLETO='' THEN o.DESCR_OPERADOR "
@@ -162,13 +167,11 @@ frame::ReportRows CSolicitacaoRpt::RelatorioDevolucaoOriginal(platform::Automati
         sql::SQLToChar(L"s.DT_RETIRADA", L"DD/MM/YYYY"),
         L" AS DT_RETIRADA, "
         L"s.DEVOLVIDO, ",
-        sql::SQLToChar(L"s.DT_DEVOLUCAO", L"DD/MM/YYYY"),
-        L" AS DT_DEVOLUCAO",
-    });
+        sql::SQLToChar(L"s.DT_DEVOLUCAO", L"DD/MM/YYYY"), L" AS DT_DEVOLUCAO");
     builder.SetFrom(L"SOLICITACAO s");
     builder.AddJoin(0, data::JoinKind::kInner, L"OPERADOR o", L"s.COD_OPERADOR = o.COD_OPERADOR");
     if (!returnedToo) builder.SetWhere(L"s.DEVOLVIDO <> 'S'");
-    return Open(std::move(builder).SQL());
+    return Open(builder.SQL());
   });
 }
 

@@ -11,89 +11,50 @@ namespace {
 using data::JoinKind;
 
 // A column with the empty text in place of null.
-std::wstring OrEmpty(std::wstring_view column) { return sql::SQLNVL(column, sql::nvTexto, L""); }
+auto OrEmpty(text::Piece column) { return sql::SQLNVL(column, sql::nvTexto, L""); }
 
 void AddDepositoryColumns(data::SelectBuilder& builder) {
-  builder.AddToColumns({
-      OrEmpty(L"dp.NOME"),
-      L" AS DEPOSITO, ",
-      OrEmpty(L"dp.ENDERECO"),
-      L" AS ENDERECO, ",
-      OrEmpty(L"dp.CIDADE"),
-      L" AS CIDADE, ",
-      OrEmpty(L"dp.ESTADO"),
-      L" AS ESTADO, ",
-      OrEmpty(L"dp.TELEFONE"),
-      L" AS TELEFONE, ",
-      OrEmpty(L"dp.CONTATO"),
-      L" AS CONTATO",
-  });
+  builder.AddToColumns(OrEmpty(L"dp.NOME"), L" AS DEPOSITO, ", OrEmpty(L"dp.ENDERECO"), L" AS ENDERECO, ",
+                       OrEmpty(L"dp.CIDADE"), L" AS CIDADE, ", OrEmpty(L"dp.ESTADO"), L" AS ESTADO, ",
+                       OrEmpty(L"dp.TELEFONE"), L" AS TELEFONE, ", OrEmpty(L"dp.CONTATO"), L" AS CONTATO");
 }
 
 void SelectMainModule(data::SelectBuilder& builder, const std::wstring& module) {
-  builder.SetColumns({
-      OrEmpty(L"c.NUM_CAIXA"),
-      L" AS NUM_CAIXA, ",
-      OrEmpty(L"c.DESC_CAIXA"),
-      L" AS DESC_CAIXA, ",
-      OrEmpty(L"c.OBS_CAIXA"),
-      L" AS OBS_CAIXA, ",
-      OrEmpty(L"c.DOC_INICIAL"),
-      L" AS DOC_INICIAL, ",
-      OrEmpty(L"c.DOC_FINAL"),
-      L" AS DOC_FINAL, ",
-      L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
-      OrEmpty(L"c.COORD_X"),
-      L" AS FILEIRA, ",
-      OrEmpty(L"c.COORD_Y"),
-      L" AS ESTANTE, ",
-      OrEmpty(L"c.COORD_Z"),
-      L" AS PRATELEIRA, ",
-      OrEmpty(L"ct.DESC_CONTAINER"),
-      L" AS CONTAINER, ",
-  });
+  builder.SetColumns(OrEmpty(L"c.NUM_CAIXA"), L" AS NUM_CAIXA, ", OrEmpty(L"c.DESC_CAIXA"), L" AS DESC_CAIXA, ",
+                     OrEmpty(L"c.OBS_CAIXA"), L" AS OBS_CAIXA, ", OrEmpty(L"c.DOC_INICIAL"), L" AS DOC_INICIAL, ",
+                     OrEmpty(L"c.DOC_FINAL"), L" AS DOC_FINAL, ", L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
+                     OrEmpty(L"c.COORD_X"), L" AS FILEIRA, ", OrEmpty(L"c.COORD_Y"), L" AS ESTANTE, ",
+                     OrEmpty(L"c.COORD_Z"), L" AS PRATELEIRA, ", OrEmpty(L"ct.DESC_CONTAINER"), L" AS CONTAINER, ");
   AddDepositoryColumns(builder);
   builder.SetFrom(L"CAIXA c");
   builder.AddJoin(0, JoinKind::kLeftOuter, L"CONTAINER ct", L"c.CONTAINER = ct.NUM_CONTAINER");
   builder.AddJoin(1, JoinKind::kLeftOuter, L"DEPOSITO dp", L"c.COD_DEPOSITO = dp.COD_DEPOSITO");
-  builder.SetWhere({L"c.NUM_CAIXA = '", module, L"'"});
+  builder.SetWhere(L"c.NUM_CAIXA = '", module, L"'");
 }
 
 // The dates of a subordinate module are its parent's, and it has no place of its own.
 void SelectSubordinate(data::SelectBuilder& builder, const std::wstring& module, const std::wstring& code) {
-  builder.SetColumns({
-      code,
-      L" AS NUM_CAIXA, ",
-      OrEmpty(L"c.DESC_CAIXA"),
-      L" AS DESC_CAIXA, ",
-      L"'' AS OBS_CAIXA, ",
-      OrEmpty(L"s.DOC_INICIAL"),
-      L" AS DOC_INICIAL, ",
-      OrEmpty(L"s.DOC_FINAL"),
-      L" AS DOC_FINAL, ",
-      L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
-      L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, ",
-  });
+  builder.SetColumns(code, L" AS NUM_CAIXA, ", OrEmpty(L"c.DESC_CAIXA"), L" AS DESC_CAIXA, ", L"'' AS OBS_CAIXA, ",
+                     OrEmpty(L"s.DOC_INICIAL"), L" AS DOC_INICIAL, ", OrEmpty(L"s.DOC_FINAL"), L" AS DOC_FINAL, ",
+                     L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
+                     L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, ");
   AddDepositoryColumns(builder);
   builder.SetFrom(L"CAIXA_SUBORDINADA s");
   builder.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA ");
   builder.AddJoin(1, JoinKind::kLeftOuter, L"CONTAINER ct", L"c.CONTAINER = ct.NUM_CONTAINER");
   builder.AddJoin(2, JoinKind::kLeftOuter, L"DEPOSITO dp", L"c.COD_DEPOSITO = dp.COD_DEPOSITO");
-  builder.SetWhere({L"s.NUM_CAIXA = '", MainModule(module), L"' AND s.NUM_SEQ=", SubordinateNumber(module)});
+  builder.SetWhere(L"s.NUM_CAIXA = '", MainModule(module), L"' AND s.NUM_SEQ=", SubordinateNumber(module));
 }
 
 void SelectDocuments(data::SelectBuilder& builder, const std::wstring& module) {
-  builder.SetColumns({
+  builder.SetColumns(
       L"d.COD_DOCTO, "
       L"(SELECT COUNT(*) FROM DOCUMENTO dd WHERE dd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_DOCS, "
       L"(SELECT SUM(",
-      sql::SQLToInt(L"ddd.FRENTE"),
-      L"+",
-      sql::SQLToInt(L"ddd.VERSO"),
-      L") FROM DOCUMENTO ddd WHERE ddd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_PAGINAS ",
-  });
+      sql::SQLToInt(L"ddd.FRENTE"), L"+", sql::SQLToInt(L"ddd.VERSO"),
+      L") FROM DOCUMENTO ddd WHERE ddd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_PAGINAS ");
   builder.SetFrom(L"DOCUMENTO d");
-  builder.SetWhere({L"d.NUM_CAIXA = '", module, L"'"});
+  builder.SetWhere(L"d.NUM_CAIXA = '", module, L"'");
   builder.SetOrderBy(L"d.COD_DOCTO");
 }
 
@@ -117,7 +78,7 @@ frame::ReportRows CCaixaRpt::DocsNoModulo(platform::AutomationObject* obj) {
       SelectSubordinate(builder, module, SubordinateCode());
     FilterDepto(builder, *obj);
     frame::ReportRows rows = NewStatic();
-    OpenStatic(*rows, std::move(builder).SQL());
+    OpenStatic(*rows, builder.SQL());
     return rows;
   });
 }
@@ -126,8 +87,8 @@ frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(platform::AutomationObject* obj)
   try {
     if (obj == nullptr) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
-    return OpenResult(text::Join(
-        {L"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = '", MainModule(module), L"' ORDER BY COD_DOCTO"}));
+    return OpenResult(text::LocalText<100>(L"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = '", MainModule(module),
+                                           L"' ORDER BY COD_DOCTO"));
   } catch (...) {
     throw CaughtErro();
   }
@@ -147,15 +108,15 @@ frame::ReportRows CCaixaRpt::AutorizacaoDescarteModuloSubRpt(platform::Automatio
     data::SelectBuilder blank = NewBuilder();
     SelectBlankRow(blank);
 
-    DebugLog(SourceOf(kMethod) + L": executando query para o módulo <" + module + L">");
+    DebugLog(SourceOf(kMethod), L": executando query para o módulo <", module, L">");
     frame::ReportRows rows = NewStatic();
-    OpenStatic(*rows, std::move(documents).SQL());
+    OpenStatic(*rows, documents.SQL());
     if (rows->Eof()) {
-      DebugLog(SourceOf(kMethod) + L": query vazia, usando query com dados em branco");
+      DebugLog(SourceOf(kMethod), L": query vazia, usando query com dados em branco");
       rows->Close();
       OpenStatic(*rows, blank.SQL());
     } else {
-      DebugLog(SourceOf(kMethod) + L": retorno da função é a query original");
+      DebugLog(SourceOf(kMethod), L": retorno da função é a query original");
     }
     return rows;
   });

@@ -10,7 +10,7 @@ using data::JoinKind;
 
 // The condition that picks a subordinate module by its 7-character code.
 void AddIsSubordinate(data::SelectBuilder& builder, std::wstring_view code) {
-  builder.AddToWhere({L"(s.NUM_CAIXA='", MainModule(code), L"' AND s.NUM_SEQ=", SubordinateNumber(code), L")"});
+  builder.AddToWhere(L"(s.NUM_CAIXA='", MainModule(code), L"' AND s.NUM_SEQ=", SubordinateNumber(code), L")");
 }
 
 // The three modules of a label sheet.
@@ -29,8 +29,8 @@ Modules ReadModules(platform::AutomationObject& parameters) {
 }
 
 void AddAnyModule(data::SelectBuilder& builder, const Modules& modules) {
-  builder.AddToWhere({L"c.NUM_CAIXA='", modules.first, L"' OR c.NUM_CAIXA='", modules.second, L"' OR c.NUM_CAIXA='",
-                      modules.third, L"'"});
+  builder.AddToWhere(L"c.NUM_CAIXA='", modules.first, L"' OR c.NUM_CAIXA='", modules.second, L"' OR c.NUM_CAIXA='",
+                     modules.third, L"'");
 }
 
 void AddAnySubordinate(data::SelectBuilder& builder, const Modules& modules) {
@@ -48,7 +48,7 @@ frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
     if (frame::ReadText(*obj, L"Tipo") == L"S") {
-      builder.SetColumns({L"c.DESC_CAIXA, ", SubordinateCode(), L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO"});
+      builder.SetColumns(L"c.DESC_CAIXA, ", SubordinateCode(), L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO");
       builder.SetFrom(L"CAIXA c");
       builder.AddJoin(0, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
       AddAnySubordinate(builder, ReadModules(*obj));
@@ -57,10 +57,10 @@ frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
       builder.SetFrom(L"CAIXA c");
       AddAnyModule(builder, ReadModules(*obj));
     }
-    const std::wstring& once = builder.SQL();
+    const std::wstring_view once = builder.SQL();
     if (HasConexao()) return OpenResult(once);
     // Two opening labels go on each module.
-    return OpenResult(text::Join({once, L" UNION ALL ", once, L" ORDER BY NUM_CAIXA"}));
+    return OpenResult(text::LocalText<2000>(once, L" UNION ALL ", once, L" ORDER BY NUM_CAIXA"));
   });
 }
 
@@ -77,7 +77,7 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamento(platform::AutomationObject* obj)
     AddAnyModule(builder, ReadModules(*obj));
     builder.AddToWhere(L")");
     builder.SetOrderBy(L"c.NUM_CAIXA");
-    return OpenResult(std::move(builder).SQL());
+    return OpenResult(builder.SQL());
   });
 }
 
@@ -87,19 +87,16 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(platform::AutomationO
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
     RequireClosedSubordinates(module);
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns({
-        L"c.DESC_CAIXA, ",
-        SubordinateCode(),
-        L" AS NUM_CAIXA, "
-        L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
-        L"p.EMPRESA AS Nome_Empresa",
-    });
+    builder.SetColumns(L"c.DESC_CAIXA, ", SubordinateCode(),
+                       L" AS NUM_CAIXA, "
+                       L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
+                       L"p.EMPRESA AS Nome_Empresa");
     builder.SetFrom(L"CAIXA c");
     builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
     builder.AddJoin(1, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
-    builder.SetWhere({L"s.NUM_CAIXA = '", module, L"'"});
+    builder.SetWhere(L"s.NUM_CAIXA = '", module, L"'");
     builder.SetOrderBy(L"NUM_CAIXA");
-    return OpenResult(std::move(builder).SQL());
+    return OpenResult(builder.SQL());
   });
 }
 
@@ -110,9 +107,9 @@ frame::ReportRows CCaixaRpt::EtiquetaDivisoria(platform::AutomationObject* obj) 
     builder.SetColumns(L"d.COD_DOCTO");
     builder.SetFrom(L"DOCUMENTO d");
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
-    builder.SetWhere({L"d.NUM_CAIXA = '", MainModule(module), L"'"});
+    builder.SetWhere(L"d.NUM_CAIXA = '", MainModule(module), L"'");
     builder.SetOrderBy(L"d.COD_DOCTO");
-    return OpenResult(std::move(builder).SQL());
+    return OpenResult(builder.SQL());
   });
 }
 

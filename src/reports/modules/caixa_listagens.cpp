@@ -12,12 +12,9 @@ using data::JoinKind;
 
 // Pages and documents of the main module c.
 void AddTotalsOfModule(data::SelectBuilder& builder) {
-  builder.AddToColumns({
-      L"(SELECT SUM(",
-      sql::SQLToInt(L"doc.FRENTE"),
-      L") FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_PAGINAS, "
-      L"(SELECT COUNT(*) FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_DOCS",
-  });
+  builder.AddToColumns(L"(SELECT SUM(", sql::SQLToInt(L"doc.FRENTE"),
+                       L") FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_PAGINAS, "
+                       L"(SELECT COUNT(*) FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) AS NUM_DOCS");
 }
 
 }  // namespace
@@ -34,17 +31,16 @@ frame::ReportRows CCaixaRpt::ModulosExcluidos(platform::AutomationObject* obj) {
     FilterPregresso(main, *obj);
 
     data::SelectBuilder subordinates = NewBuilder();
-    subordinates.SetColumns({
+    subordinates.SetColumns(
         SubordinateCode(),
-        L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA",
-    });
+        L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA");
     subordinates.SetFrom(L"CAIXA_SUBORDINADA s");
     subordinates.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA");
     subordinates.SetWhere(L"s.TIPO_GUARDA = 'E'");
     FilterDepto(subordinates, *obj);
     FilterPregresso(main, *obj);
     subordinates.SetOrderBy(L"DATA_VENCIMENTO, NUM_CAIXA");
-    return OpenUnion(std::move(main), subordinates);
+    return OpenUnion(main, subordinates);
   });
 }
 
@@ -59,38 +55,29 @@ frame::ReportRows CCaixaRpt::ModulosVencidos(platform::AutomationObject* obj) {
     AddTotalsOfModule(main);
     main.SetFrom(L"CAIXA c");
     main.AddJoin(0, JoinKind::kLeftOuter, L"DEPTO d", L"c.COD_DEPTO = d.COD_DEPTO");
-    main.SetWhere({
-        L"((c.TIPO_GUARDA = 'T' AND c.DATA_VENCIMENTO <= ",
-        sql::SQLDataAtual(),
-        L")"
-        L" OR (c.TIPO_GUARDA = 'D' AND c.DATA_FECHAMENTO IS NOT NULL))"
-        L" AND c.NUM_CAIXA <> 'AA000'",
-    });
+    main.SetWhere(L"((c.TIPO_GUARDA = 'T' AND c.DATA_VENCIMENTO <= ", sql::SQLDataAtual(),
+                  L")"
+                  L" OR (c.TIPO_GUARDA = 'D' AND c.DATA_FECHAMENTO IS NOT NULL))"
+                  L" AND c.NUM_CAIXA <> 'AA000'");
     FilterDepto(main, *obj);
     FilterPregresso(main, *obj);
 
     data::SelectBuilder subordinates = NewBuilder();
-    subordinates.SetColumns({
-        L"d.DESCR_DEPTO, ",
-        SubordinateCode(),
-        L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, "
-        L"s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA, s.ANOS_VENCIMENTO, ",
-    });
+    subordinates.SetColumns(L"d.DESCR_DEPTO, ", SubordinateCode(),
+                            L", c.DESC_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, "
+                            L"s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, s.TIPO_GUARDA, s.ANOS_VENCIMENTO, ");
     AddTotalsOfModule(subordinates);
     subordinates.SetFrom(L"CAIXA_SUBORDINADA s");
     subordinates.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA");
     subordinates.AddJoin(1, JoinKind::kLeftOuter, L"DEPTO d", L"c.COD_DEPTO = d.COD_DEPTO");
-    subordinates.SetWhere({
-        L"((s.TIPO_GUARDA = 'T' AND s.DATA_VENCIMENTO <= ",
-        sql::SQLDataAtual(),
-        L") "
-        L" OR (s.TIPO_GUARDA = 'D' AND s.DATA_FECHAMENTO IS NOT NULL))",
-    });
+    subordinates.SetWhere(L"((s.TIPO_GUARDA = 'T' AND s.DATA_VENCIMENTO <= ", sql::SQLDataAtual(),
+                          L") "
+                          L" OR (s.TIPO_GUARDA = 'D' AND s.DATA_FECHAMENTO IS NOT NULL))");
     FilterDepto(subordinates, *obj);
     subordinates.SetOrderBy(L"DATA_VENCIMENTO, NUM_CAIXA");
     FilterDepto(subordinates, *obj);
     FilterPregresso(main, *obj);
-    return OpenUnion(std::move(main), subordinates);
+    return OpenUnion(main, subordinates);
   });
 }
 
@@ -105,7 +92,7 @@ frame::ReportRows CCaixaRpt::DocsNaoIndexadosNosModulos(platform::AutomationObje
     FilterDepto(builder, *obj);
     builder.SetGroupBy(L"c.NUM_CAIXA, c.DESC_CAIXA");
     builder.SetOrderBy(L"c.NUM_CAIXA");
-    return OpenResult(std::move(builder).SQL());
+    return OpenResult(builder.SQL());
   });
 }
 
@@ -126,12 +113,10 @@ frame::ReportRows CCaixaRpt::RelatoriosModulos(platform::AutomationObject* obj) 
     FilterPregresso(main, *obj);
 
     data::SelectBuilder subordinates = NewBuilder();
-    subordinates.SetColumns({
-        SubordinateCode(),
-        L" AS NUM_CAIXA, c.DESC_CAIXA, "
-        L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, "
-        L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, s.TIPO_GUARDA",
-    });
+    subordinates.SetColumns(SubordinateCode(),
+                            L" AS NUM_CAIXA, c.DESC_CAIXA, "
+                            L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.DATA_FECHAMENTO, "
+                            L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, s.TIPO_GUARDA");
     subordinates.SetFrom(L"CAIXA_SUBORDINADA s");
     subordinates.AddJoin(0, JoinKind::kInner, L"CAIXA c", L"s.NUM_CAIXA = c.NUM_CAIXA");
     subordinates.SetWhere(L"(1=1)");
@@ -144,7 +129,7 @@ frame::ReportRows CCaixaRpt::RelatoriosModulos(platform::AutomationObject* obj) 
       subordinates.SetOrderBy(L"DESC_CAIXA");
     else
       subordinates.SetOrderBy(L"NUM_CAIXA");
-    return OpenUnion(std::move(main), subordinates);
+    return OpenUnion(main, subordinates);
   });
 }
 

@@ -21,7 +21,7 @@ void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
   LearnTipoBanco();
 }
 
-void CCaixaRpt::DebugLog(const std::wstring& text) {
+void CCaixaRpt::WriteLog(std::wstring_view text) {
   const std::wstring line = platform::HidePassword(text, StringConexao());
   if (!log_) log_ = Around().CreateObject(L"VantLog.FnLog");
   // On every line: the client may have changed the file between two calls.
@@ -38,26 +38,25 @@ void CCaixaRpt::RaiseLogged(std::wstring_view method) {
   const std::wstring source = SourceOf(method);
   if (erro.Source() == platform::kApplicationTitle) erro.SetSource(source);
   try {
-    DebugLog(source + L": ----> saindo com o erro " + text::NumberToText(erro.Number()) + L" em " + erro.Source() +
-             L": " + erro.Description());
+    DebugLog(source, L": ----> saindo com o erro ", text::NumberToText(erro.Number()), L" em ", erro.Source(), L": ",
+             erro.Description());
   } catch (...) {  // NOLINT(bugprone-empty-catch): a log that fails does not hide the error being reported
   }
   throw platform::Erro(frame::kReportError, erro.Source(),
                        std::wstring(frame::kReportErrorPrefix) + erro.Description());
 }
 
-frame::ReportRows CCaixaRpt::OpenResult(std::wstring statement) {
-  if (!conexao_) return Open(std::move(statement));
+frame::ReportRows CCaixaRpt::OpenResult(std::wstring_view statement) {
+  if (!conexao_) return Open(statement);
   frame::ReportRows rows = Around().NewRecordset();
   rows->SetCursorLocation(ad::kUseClient);
-  rows->Open(std::move(statement), conexao_.connection.get(), ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
+  rows->Open(statement, conexao_.connection.get(), ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
   return rows;
 }
 
-frame::ReportRows CCaixaRpt::OpenUnion(data::SelectBuilder main, const data::SelectBuilder& subordinates) {
-  std::wstring statement = std::move(main).SQL();
-  if (!HasConexao()) text::Append(statement, {L" UNION ", subordinates.SQL()});
-  return OpenResult(std::move(statement));
+frame::ReportRows CCaixaRpt::OpenUnion(data::SelectBuilder& main, const data::SelectBuilder& subordinates) {
+  if (!HasConexao()) main.SetUnion(subordinates.SQL());
+  return OpenResult(main.SQL());
 }
 
 frame::ReportRows CCaixaRpt::NewStatic() const {
@@ -67,10 +66,10 @@ frame::ReportRows CCaixaRpt::NewStatic() const {
   return rows;
 }
 
-void CCaixaRpt::OpenStatic(platform::Recordset& recordset, std::wstring statement) {
+void CCaixaRpt::OpenStatic(platform::Recordset& recordset, std::wstring_view statement) {
   platform::ActiveConnection connection = StringConexao();
   if (conexao_) connection = conexao_.connection.get();
-  recordset.Open(std::move(statement), connection, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
+  recordset.Open(statement, connection, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
 }
 
 platform::ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) {
@@ -90,11 +89,11 @@ std::wstring CCaixaRpt::SubordinateCode() {
 platform::ObjectRef CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& module) {
   constexpr std::int32_t kClosedOnly = 1;
   const std::wstring source = SourceOf(L"ObtemSubordinadosFechados");
-  DebugLog(source + L": gerando filtro");
+  DebugLog(source, L": gerando filtro");
   const platform::ObjectRef filter = Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
   filter->Let(L"NumCaixa", module);
   filter->Let(L"Fechados", kClosedOnly);
-  DebugLog(source + L": obtendo dados");
+  DebugLog(source, L": obtendo dados");
   const platform::ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
   const Value argument = filter;
   return platform::ObjectIn(reader->Call(L"ObtemSubordinados", {&argument, 1}));

@@ -58,7 +58,8 @@ class CCaixaRpt : public frame::ReportClass {
   // This class's checks: a connection or a connection string, then the parameter object; then the database code.
   void InicializaPS(const platform::AutomationObject* obj);
   // Writes a line to the log and announces it, without the password of the connection string.
-  void DebugLog(const std::wstring& text);
+  void DebugLog(const auto&... pieces) { WriteLog(text::LocalText<200>(pieces...)); }
+  void WriteLog(std::wstring_view text);
   // Runs a report method. Whatever fails is logged, and reaches the client as kReportError with the cause's source (the
   // method's own for an error of the runtime).
   template <class Body>
@@ -68,11 +69,12 @@ class CCaixaRpt : public frame::ReportClass {
   // Whether the client gave a connection.
   bool HasConexao() const { return static_cast<bool>(conexao_); }
   // Opens the result on the client's connection, without one on the connection string.
-  frame::ReportRows OpenResult(std::wstring statement);
-  // Opens main modules with their subordinates on the connection string; on the client's connection the main ones only.
-  frame::ReportRows OpenUnion(data::SelectBuilder main, const data::SelectBuilder& subordinates);
+  frame::ReportRows OpenResult(std::wstring_view statement);
+  // Opens main modules united with their subordinates on the connection string; on the client's connection the main
+  // ones only.
+  frame::ReportRows OpenUnion(data::SelectBuilder& main, const data::SelectBuilder& subordinates);
   // Opens a static recordset at the client, on the client's connection or on the connection string as it is.
-  void OpenStatic(platform::Recordset& recordset, std::wstring statement);
+  void OpenStatic(platform::Recordset& recordset, std::wstring_view statement);
   frame::ReportRows NewStatic() const;
 
   // A business component, told where to read and where to log.

@@ -4,9 +4,10 @@
 #include <cmath>
 #include <optional>
 
+#include "data/compiled_statement.h"
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
-#include "text/join.h"
+#include "text/writer.h"
 
 namespace kodra::reports {
 namespace {
@@ -15,12 +16,18 @@ namespace ad = platform::ad;
 
 constexpr std::array<std::wstring_view, 3> kContainers = {L"Container1", L"Container2", L"Container3"};
 
-std::wstring ModulesStatement(const std::wstring& container) {
-  return text::Join(
-      {L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
-       L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
-       L"WHERE cx.CONTAINER='",
-       container, L"'"});
+constexpr void SelectContainers(data::SelectBuilder& builder) {
+  builder.SetColumns(L"NUM_CONTAINER, DESC_CONTAINER");
+  builder.SetFrom(L"CONTAINER");
+  builder.SetOrderBy(L"NUM_CONTAINER, DESC_CONTAINER");
+}
+
+text::LocalText<200> ModulesStatement(const std::wstring& container) {
+  return text::LocalText<200>(
+      L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
+      L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
+      L"WHERE cx.CONTAINER='",
+      container, L"'");
 }
 
 // Whole seconds from one date to another.
@@ -61,11 +68,7 @@ void ContainerLabel::Add(platform::Date date, std::wstring_view moduleKind, std:
 frame::ReportRows CContainerRpt::RelatorioContainers(platform::AutomationObject* obj) {
   return Report(L"RelatorioContainers", [&] {
     InicializaPS(obj);
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(L"NUM_CONTAINER, DESC_CONTAINER");
-    builder.SetFrom(L"CONTAINER");
-    builder.SetOrderBy(L"NUM_CONTAINER, DESC_CONTAINER");
-    return Open(std::move(builder).SQL());
+    return Open(data::kCompiledStatement<SelectContainers>);
   });
 }
 
@@ -103,18 +106,13 @@ frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(platform::AutomationObje
     const std::wstring first = frame::ReadText(*obj, L"Container1");
     const std::wstring second = frame::ReadText(*obj, L"Container2");
     const std::wstring third = frame::ReadText(*obj, L"Container3");
-    return Open(text::Join({
-        L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
-        L"FROM CAIXA cx "
-        L"WHERE cx.CONTAINER = '",
-        first,
-        L"' OR cx.CONTAINER = '",
-        second,
-        L"' OR cx.CONTAINER = '",
-        third,
-        L"' "
-        L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA",
-    }));
+    return Open(
+        text::LocalText<200>(L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
+                             L"FROM CAIXA cx "
+                             L"WHERE cx.CONTAINER = '",
+                             first, L"' OR cx.CONTAINER = '", second, L"' OR cx.CONTAINER = '", third,
+                             L"' "
+                             L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA"));
   });
 }
 

@@ -7,7 +7,7 @@ namespace kodra::reports {
 
 void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
-  if (text::LeadingNumber(code) > 0) builder.AddToWhere({L" AND c.COD_DEPTO = '", code, L"'"});
+  if (text::LeadingNumber(code) > 0) builder.AddToWhere(L" AND c.COD_DEPTO = '", code, L"'");
 }
 
 void FilterPregresso(data::SelectBuilder& builder, platform::AutomationObject& parameters) {

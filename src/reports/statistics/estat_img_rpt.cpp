@@ -21,28 +21,26 @@ frame::ReportRows CEstatImgRpt::RelatorioEstatisticas(platform::AutomationObject
     InicializaPS(obj);
     const Period period = ReadPeriod(*obj);
     const ProductionFilter filter = ReadProductionFilter(*obj);
+    const StatedPeriod stated(period);
+    const std::wstring owner = frame::ReadText(*obj, L"Owner");
+    const std::wstring kind = frame::ReadText(*obj, L"TipoRpt");
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns({period.Title(), L" AS TIT1, "});
+    builder.SetColumns(stated.Title(), L" AS TIT1, ");
     filter.AddColumns(builder);
-    builder.AddToColumns({
+    builder.AddToColumns(
         L"d.DT_ARMAZ, "
         L"p.EMPRESA AS FUNDO, "
         L"'",
-        frame::ReadText(*obj, L"Owner"),
-        L"' AS OWNER",
-        CountColumns(frame::ReadText(*obj, L"TipoRpt")),
-    });
+        owner, L"' AS OWNER", CountColumns(kind));
     builder.SetFrom(L"DOCUMENTO d");
     builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"d.COD_SUPORTE = s.COD_SUPORTE");
     const std::int32_t joins = filter.AddJoins(builder, 1, L"d.COD_OPERADOR");
     builder.AddJoin(joins, data::JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
-    builder.SetWhere({
-        period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY),
-        L" AND d.NUM_CAIXA <> 'AA000' "
-        L" AND s.DESCR_SUPORTE <> 'DIGITAL' ",
-    });
+    builder.SetWhere(stated.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY),
+                     L" AND d.NUM_CAIXA <> 'AA000' "
+                     L" AND s.DESCR_SUPORTE <> 'DIGITAL' ");
     filter.AddConditions(builder, L"d.COD_OPERADOR");
-    return Open(std::move(builder).SQL());
+    return Open(builder.SQL());
   });
 }
 

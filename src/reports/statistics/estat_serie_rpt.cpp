@@ -4,7 +4,6 @@
 #include "reports/statistics/period.h"
 #include "reports/statistics/taxonomy_names.h"
 #include "sql/tradutor_sql.h"
-#include "text/join.h"
 
 namespace kodra::reports {
 namespace {
@@ -22,9 +21,7 @@ text::Piece Total(std::wstring_view kind) {
 }
 
 // Documents stored on the last day count at any time of day: the upper bound is the day after.
-std::wstring InPeriod(const Period& period) {
-  return Period{period.first, {period.last.days + 1}}.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY);
-}
+Period ToTheDayAfter(const Period& period) { return {period.first, {period.last.days + 1}}; }
 
 }  // namespace
 
@@ -35,35 +32,24 @@ frame::ReportRows CEstatSerieRpt::RelatorioEstatisticas(platform::AutomationObje
     const std::wstring subgroup = TaxonomyName(L"NOME_SUBGRUPO", StringConexao(), Around());
     const Period period = ReadPeriod(*obj);
     const std::wstring kind = frame::ReadText(*obj, L"TipoRpt");
+    const StatedPeriod stated(period);
+    const text::LocalText<64> prefix(L"'", subgroup, L": '");
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns({
-        StatisticsTitle(series),
-        L" AS Titulo, ",
-        Subtitle(kind),
-        period.Title(),
-        L" AS Periodo, ",
-        sql::SQLStrConcat({text::Join({L"'", subgroup, L": '"}), L"g.DESCR_GRUPO"}),
-        L" AS Subgrupo, ",
-        L"a.DESCR_ASSUNTO AS Serie, ",
-        Total(kind),
-        sql::SQLToInt(L"d.FRENTE"),
-        L") AS Total",
-    });
+    builder.SetColumns(StatisticsTitle(series), L" AS Titulo, ", Subtitle(kind), stated.Title(), L" AS Periodo, ",
+                       sql::SQLStrConcat({prefix.View(), L"g.DESCR_GRUPO"}), L" AS Subgrupo, ",
+                       L"a.DESCR_ASSUNTO AS Serie, ", Total(kind), sql::SQLToInt(L"d.FRENTE"), L") AS Total");
     builder.SetFrom(L"ASSUNTO a");
     builder.AddJoin(0, data::JoinKind::kInner, L"GRUPO g", L"a.COD_GRUPO = g.COD_GRUPO");
     builder.AddJoin(1, data::JoinKind::kInner, L"DOCUMENTO d", L"a.COD_ASSUNTO = d.COD_ASSUNTO");
     const std::wstring group = frame::ReadText(*obj, L"CodGrupo");
-    builder.SetWhere({
-        L"(",
-        InPeriod(period),
-        L") "
-        L"AND d.COD_ASSUNTO IN (SELECT COD_ASSUNTO FROM ASSUNTO WHERE COD_GRUPO='",
-        group,
-        L"')",
-    });
+    const StatedPeriod bounds(ToTheDayAfter(period));
+    builder.SetWhere(L"(", bounds.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY),
+                     L") "
+                     L"AND d.COD_ASSUNTO IN (SELECT COD_ASSUNTO FROM ASSUNTO WHERE COD_GRUPO='",
+                     group, L"')");
     builder.SetGroupBy(L"g.DESCR_GRUPO, a.DESCR_ASSUNTO");
     builder.SetOrderBy(L"a.DESCR_ASSUNTO");
-    return Open(std::move(builder).SQL());
+    return Open(builder.SQL());
   });
 }
 

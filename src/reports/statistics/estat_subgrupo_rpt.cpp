@@ -21,20 +21,15 @@ frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(platform::AutomationO
     InicializaPS(obj);
     const std::wstring name = TaxonomyName(L"NOME_SUBGRUPO", StringConexao(), Around());
     const Period period = ReadPeriod(*obj);
+    const StatedPeriod stated(period);
+    const auto where = stated.Between(L"d.DT_ARMAZ", sql::fdYYYYMMDD);
+    const std::wstring kind = frame::ReadText(*obj, L"TipoRpt");
     data::SelectBuilder builder = NewBuilder();
-    const std::wstring title = period.Title();
-    const std::wstring where = period.Between(L"d.DT_ARMAZ", sql::fdYYYYMMDD);
-    builder.SetColumns({
-        StatisticsTitle(name),
-        L" AS TITULO, ",
-        title,
-        L" AS TIT1, ",
-        CountColumns(frame::ReadText(*obj, L"TipoRpt")),
-    });
+    builder.SetColumns(StatisticsTitle(name), L" AS TITULO, ", stated.Title(), L" AS TIT1, ", CountColumns(kind));
     builder.SetFrom(L"DOCUMENTO d");
     builder.AddJoin(0, data::JoinKind::kInner, L"GRUPO g", L"g.COD_GRUPO = d.COD_GRUPO");
     builder.SetWhere(where);
-    return Open(std::move(builder).SQL());
+    return Open(builder.SQL());
   });
 }
 

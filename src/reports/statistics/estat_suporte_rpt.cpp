@@ -20,20 +20,19 @@ frame::ReportRows CEstatSuporteRpt::RelatorioEstatisticas(platform::AutomationOb
   return Report(L"RelatorioEstatisticas", [&] {
     InicializaPS(obj);
     const Period period = ReadPeriod(*obj);
+    const StatedPeriod stated(period);
+    const auto where = stated.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY);
+    const std::wstring kind = frame::ReadText(*obj, L"TipoRpt");
     data::SelectBuilder builder = NewBuilder();
-    const std::wstring title = period.Title();
-    const std::wstring where = period.Between(L"d.DT_ARMAZ", sql::fdDDMMYYYY);
-    builder.SetColumns({
-        title,
-        L" AS TIT, "
-        L"d.COD_DOCTO, "
-        L"s.DESCR_SUPORTE",
-        PageColumns(frame::ReadText(*obj, L"TipoRpt")),
-    });
+    builder.SetColumns(stated.Title(),
+                       L" AS TIT, "
+                       L"d.COD_DOCTO, "
+                       L"s.DESCR_SUPORTE",
+                       PageColumns(kind));
     builder.SetFrom(L"DOCUMENTO d");
     builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"d.COD_SUPORTE = s.COD_SUPORTE");
     builder.SetWhere(where);
-    return Open(std::move(builder).SQL());
+    return Open(builder.SQL());
   });
 }
 

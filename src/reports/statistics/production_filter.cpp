@@ -18,15 +18,15 @@ void ProductionFilter::AddColumns(data::SelectBuilder& builder) const {
 std::int32_t ProductionFilter::AddJoins(data::SelectBuilder& builder, std::int32_t joins,
                                         std::wstring_view operatorColumn) const {
   if (!operatorCode.empty())
-    builder.AddJoin(joins++, data::JoinKind::kInner, L"OPERADOR o", {operatorColumn, L" = o.COD_OPERADOR"});
+    builder.AddJoin(joins++, data::JoinKind::kInner, L"OPERADOR o", operatorColumn, L" = o.COD_OPERADOR");
   if (!departmentCode.empty())
     builder.AddJoin(joins++, data::JoinKind::kInner, L"DEPTO dp", L"d.COD_DEPTO = dp.COD_DEPTO");
   return joins;
 }
 
 void ProductionFilter::AddConditions(data::SelectBuilder& builder, std::wstring_view operatorColumn) const {
-  if (!operatorCode.empty()) builder.AddToWhere({L" AND ", operatorColumn, L" = '", operatorCode, L"'"});
-  if (!departmentCode.empty()) builder.AddToWhere({L" AND d.COD_DEPTO = '", departmentCode, L"'"});
+  if (!operatorCode.empty()) builder.AddToWhere(L" AND ", operatorColumn, L" = '", operatorCode, L"'");
+  if (!departmentCode.empty()) builder.AddToWhere(L" AND d.COD_DEPTO = '", departmentCode, L"'");
 }
 
 ProductionFilter ReadProductionFilter(platform::AutomationObject& parameters) {

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "platform/surroundings.h"
+#include "text/upper.h"
+#include "text/writer.h"
 
 namespace kodra::reports {
 
@@ -12,6 +14,8 @@ std::wstring TaxonomyName(const std::wstring& parameter, const std::wstring& con
                           platform::Surroundings& surroundings);
 
 // The heading of a statistic by a level, as an SQL text literal: 'ESTATÍSTICAS POR <NAME>'.
-std::wstring StatisticsTitle(const std::wstring& name);
+inline auto StatisticsTitle(std::wstring_view name) {
+  return text::Written([name](text::Writer& out) { out.Append(L"'ESTATÍSTICAS POR ", text::InUpperCase{name}, L"'"); });
+}
 
 }  // namespace kodra::reports

@@ -19,14 +19,16 @@ using recorder::Utf8;
 
 std::string Between(const Period& period, std::int32_t code, std::int32_t layout) {
   sql::DefineTipoBanco(code);
-  return Utf8(period.Between(L"d.DT_ARMAZ", layout));
+  return Utf8(ToString(StatedPeriod(period).Between(L"d.DT_ARMAZ", layout)));
 }
 
+std::string TitleOf(const Period& period) { return Utf8(ToString(StatedPeriod(period).Title())); }
+
 TEST(PeriodTest, IsTitledByItsTwoDays) {
-  EXPECT_EQ(Utf8(Period{k1March2024, k31March2024}.Title()), "'Período: 01/03/2024 a 31/03/2024'");
-  EXPECT_EQ(Utf8(Period{k31March2024, k1March2024}.Title()), "'Período: 31/03/2024 a 01/03/2024'");
-  EXPECT_EQ(Utf8(Period{{45352.75}, {45382.99}}.Title()), "'Período: 01/03/2024 a 31/03/2024'");
-  EXPECT_EQ(Utf8(Period{}.Title()), "'Período: 30/12/1899 a 30/12/1899'");
+  EXPECT_EQ(TitleOf({k1March2024, k31March2024}), "'Período: 01/03/2024 a 31/03/2024'");
+  EXPECT_EQ(TitleOf({k31March2024, k1March2024}), "'Período: 31/03/2024 a 01/03/2024'");
+  EXPECT_EQ(TitleOf({{45352.75}, {45382.99}}), "'Período: 01/03/2024 a 31/03/2024'");
+  EXPECT_EQ(TitleOf({}), "'Período: 30/12/1899 a 30/12/1899'");
 }
 
 TEST(PeriodTest, IsAConditionInTheWordsOfEachDatabase) {
