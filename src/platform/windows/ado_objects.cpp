@@ -42,7 +42,7 @@ class AdoField final : public platform::Field {
 // Source and connection as the arguments of Recordset.Open.
 struct SourceArgument {
   ScopedVariant operator()(std::monostate) const { return ScopedVariant::Missing(); }
-  ScopedVariant operator()(std::wstring_view text) const { return ScopedVariant(Value(text)); }
+  ScopedVariant operator()(std::wstring_view text) const { return ScopedVariant::Text(text); }
   ScopedVariant operator()(Command* command) const {
     return ScopedVariant::Object(static_cast<AdoCommand*>(command)->Interface());
   }
@@ -50,7 +50,7 @@ struct SourceArgument {
 struct ConnectionArgument {
   ScopedVariant operator()(std::monostate) const { return ScopedVariant::Missing(); }
   ScopedVariant operator()(Connection* connection) const { return ScopedVariant::Object(InterfaceOf(connection)); }
-  ScopedVariant operator()(const std::wstring& text) const { return ScopedVariant(Value(text)); }
+  ScopedVariant operator()(const std::wstring& text) const { return ScopedVariant::Text(text); }
 };
 
 }  // namespace

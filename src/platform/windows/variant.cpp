@@ -122,6 +122,13 @@ ScopedVariant ScopedVariant::Missing() noexcept {
   return result;
 }
 
+ScopedVariant ScopedVariant::Text(std::wstring_view text) {
+  ScopedVariant result;
+  V_BSTR(&result.variant_) = NewBstr(text);
+  V_VT(&result.variant_) = VT_BSTR;
+  return result;
+}
+
 ScopedVariant ScopedVariant::Object(IDispatch* object) noexcept {
   ScopedVariant result;
   V_VT(&result.variant_) = VT_DISPATCH;

@@ -26,6 +26,8 @@ class ScopedVariant {
 
   // An argument left out.
   static ScopedVariant Missing() noexcept;
+  // A text; out of memory raises RuntimeError::kOutOfMemory.
+  static ScopedVariant Text(std::wstring_view text);
   // An object reference, shared; null is "Nothing".
   static ScopedVariant Object(IDispatch* object) noexcept;
 
