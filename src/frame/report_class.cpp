@@ -36,7 +36,8 @@ ReportRows ReportClass::Open(std::wstring_view statement) const {
 }
 
 std::wstring ReportClass::SourceOf(std::wstring_view member) const {
-  return std::wstring(platform::kApplicationTitle).append(L".").append(className_).append(L"::").append(member);
+  const text::LocalText<100> source(platform::kApplicationTitle, L".", className_, L"::", member);
+  return std::wstring(source.View());
 }
 
 platform::Erro ReportClass::CaughtErro() const {

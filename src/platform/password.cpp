@@ -125,6 +125,7 @@ std::vector<std::wstring> PiecesOf(std::wstring_view connectionString) {
 
 std::wstring HidePassword(std::wstring_view text) {
   std::wstring shown;
+  shown.reserve(text.size());
   std::size_t told = 0;
   for (Secret secret = NextSecret(text, 0); secret.start < text.size(); secret = NextSecret(text, secret.end)) {
     shown.append(text.substr(told, secret.start - told)).append(kHidden);
