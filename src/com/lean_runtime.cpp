@@ -4,9 +4,13 @@
 //
 // The library's headers declare these functions, and its generated code calls them. Should a new release of the library
 // need one more of them, the linker takes the library's file too and reports each function here as defined twice.
+#include <windows.h>
+
 #include <cstdlib>
 #include <exception>
 #include <new>
+
+#include "com/lean_threads.h"
 
 // The library asks for these names.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl58-cpp)
@@ -15,6 +19,9 @@ namespace __gnu_cxx {
 
 // What the runtime does with an exception that nothing caught.
 void __verbose_terminate_handler() { std::abort(); }
+
+// The library's: frees the memory that it keeps for exceptions when there is no other.
+void __freeres();
 
 }  // namespace __gnu_cxx
 
@@ -32,3 +39,16 @@ void __throw_bad_function_call() { throw exception(); }
 
 }  // namespace std
 // NOLINTEND(bugprone-reserved-identifier,cert-dcl58-cpp)
+
+extern "C" BOOL WINAPI DllMainCRTStartup(HINSTANCE module, DWORD reason, LPVOID reserved);
+
+// The entry point of the DLL: the C library's own and, when the DLL goes before the process does, the return of what
+// the libraries took and would not give back.
+extern "C" BOOL WINAPI DllEntry(HINSTANCE module, DWORD reason, LPVOID reserved) {
+  const BOOL done = DllMainCRTStartup(module, reason, reserved);
+  if (reason == DLL_PROCESS_DETACH && reserved == nullptr) {
+    kodra::com::ReleaseThreadValues();
+    __gnu_cxx::__freeres();
+  }
+  return done;
+}

@@ -1,0 +1,93 @@
+// The few POSIX thread functions that the C++ library calls when an exception is thrown, on Windows' own means.
+//
+// The library's own set (winpthread) is made for programs that start threads, and lives as long as the process: when
+// the DLL is loaded it takes a slot of thread-local storage, events and a handler for exceptions, and it does not give
+// all of them back when the DLL goes. A client that lets COM unload the component whenever it is idle would run out of
+// slots after 1,088 times. These functions take one fiber-local value, and nothing before the first exception.
+//
+// The library's headers declare them otherwise, for programs that link the whole set: what counts here is what its
+// compiled code passes, a number of a pointer's size for a mutex and a long for a once.
+#include "com/lean_threads.h"
+
+#include <windows.h>
+
+#include <cerrno>
+
+namespace {
+
+using Mutex = SRWLOCK;
+using Destructor = void (*)(void*);
+
+// A mutex that is initialized by its declaration.
+void* const kDeclared = reinterpret_cast<void*>(-1);
+
+SRWLOCK onceLock = SRWLOCK_INIT;
+DWORD threadValue = FLS_OUT_OF_INDEXES;
+Destructor destructor = nullptr;
+
+void WINAPI DestroyThreadValue(void* value) {
+  if (value != nullptr) destructor(value);
+}
+
+}  // namespace
+
+extern "C" {
+
+int pthread_mutex_init(Mutex* mutex, const void*) {
+  InitializeSRWLock(mutex);
+  return 0;
+}
+
+int pthread_mutex_destroy(Mutex*) { return 0; }
+
+int pthread_mutex_lock(Mutex* mutex) {
+  InterlockedCompareExchangePointer(&mutex->Ptr, nullptr, kDeclared);
+  AcquireSRWLockExclusive(mutex);
+  return 0;
+}
+
+int pthread_mutex_unlock(Mutex* mutex) {
+  ReleaseSRWLockExclusive(mutex);
+  return 0;
+}
+
+int pthread_once(long* once, void (*initialize)()) {
+  if (__atomic_load_n(once, __ATOMIC_ACQUIRE) != 0) return 0;
+  AcquireSRWLockExclusive(&onceLock);
+  if (*once == 0) {
+    initialize();
+    __atomic_store_n(once, 1, __ATOMIC_RELEASE);
+  }
+  ReleaseSRWLockExclusive(&onceLock);
+  return 0;
+}
+
+// The library has one such key, for all values that it keeps by thread.
+int pthread_key_create(unsigned* key, Destructor destroy) {
+  if (threadValue != FLS_OUT_OF_INDEXES) return EAGAIN;
+  destructor = destroy;
+  threadValue = FlsAlloc(&DestroyThreadValue);
+  *key = threadValue;
+  return threadValue == FLS_OUT_OF_INDEXES ? ENOMEM : 0;
+}
+
+void* pthread_getspecific(unsigned key) {
+  // Windows clears the error of the thread where it finds a value.
+  const DWORD error = GetLastError();
+  void* const value = FlsGetValue(key);
+  SetLastError(error);
+  return value;
+}
+
+int pthread_setspecific(unsigned key, const void* value) {
+  return FlsSetValue(key, const_cast<void*>(value)) != FALSE ? 0 : ENOMEM;
+}
+}
+
+namespace kodra::com {
+
+void ReleaseThreadValues() {
+  if (threadValue != FLS_OUT_OF_INDEXES) FlsFree(threadValue);
+}
+
+}  // namespace kodra::com

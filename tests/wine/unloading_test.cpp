@@ -1,0 +1,113 @@
+// A client that lets COM unload the component whenever it is idle loads it again and again: what the DLL took of the
+// process must come back with it.
+#include <kodrarpt.h>
+
+#include <memory>
+#include <thread>
+
+#include "server.h"
+#include "soak_gauge.h"
+
+namespace kodra::face {
+namespace {
+
+// What the process has left, and what it holds.
+struct Holdings {
+  DWORD threadSlot;
+  DWORD fiberSlot;
+  std::size_t handles;
+  std::size_t bytes;
+  bool operator==(const Holdings&) const = default;
+};
+
+Holdings Held() {
+  // The first slots of thread-local and fiber-local storage that nobody has.
+  const DWORD threadSlot = TlsAlloc();
+  const DWORD fiberSlot = FlsAlloc(nullptr);
+  TlsFree(threadSlot);
+  FlsFree(fiberSlot);
+  return {threadSlot, fiberSlot, OpenHandles(), HeapBytes()};
+}
+
+void PrintTo(const Holdings& held, std::ostream* out) {
+  *out << "slots " << held.threadSlot << " and " << held.fiberSlot << ", " << held.handles << " handles, " << held.bytes
+       << " bytes";
+}
+
+class Unloading : public testing::Test {
+ protected:
+  // A copy, out of the way of what COM may still hold of the registered DLL.
+  Unloading() : copy_(L"descarga.dll") {
+    EXPECT_TRUE(CopyFileW(DllPath().c_str(), copy_.windowsPath().c_str(), FALSE));
+  }
+
+  // A report that fails: an exception is thrown and caught in the DLL.
+  static void Throw(const Server& server) {
+    const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));
+    Ref<IDispatch> rows;
+    EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), report->RelatorioDeptos(nullptr, rows.put()));
+    SetErrorInfo(0, nullptr);
+  }
+
+  bool IsLoaded() const { return GetModuleHandleW(copy_.windowsPath().c_str()) != nullptr; }
+
+  // Runs rounds and compares what the process holds before and after. What Windows keeps at times of its own does not
+  // come again; what is lost is lost each time.
+  template <class Round>
+  void ExpectNothingLost(Round round) {
+    constexpr int kRounds = 50;
+    const auto runAll = [&] {
+      for (int i = 0; i < kRounds && !HasFailure(); ++i) round();
+    };
+    runAll();
+    Holdings before = Held();
+    runAll();
+    for (int again = 0; again < 3 && Held() != before; ++again) {
+      before = Held();
+      runAll();
+    }
+    EXPECT_EQ(before, Held());
+    EXPECT_FALSE(IsLoaded());
+  }
+
+  OwnFile copy_;
+};
+
+TEST_F(Unloading, GivesBackWhatTheComponentTook) {
+  ExpectNothingLost([this] { Throw(Server(copy_.windowsPath())); });
+}
+
+TEST_F(Unloading, MayBeDoneMoreOftenThanAProcessHasSlots) {
+  constexpr int kSlots = 1088;
+  for (int i = 0; i <= kSlots && !HasFailure(); ++i) Throw(Server(copy_.windowsPath()));
+}
+
+TEST_F(Unloading, GivesBackWhatItTookForThreadsThatHaveEnded) {
+  ExpectNothingLost([this] {
+    const Server server(copy_.windowsPath());
+    std::thread([&server] { Throw(server); }).join();
+  });
+}
+
+TEST_F(Unloading, GivesBackWhatItTookForThreadsThatGoOn) {
+  ExpectNothingLost([this] {
+    HANDLE used = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE unloaded = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    auto server = std::make_unique<Server>(copy_.windowsPath());
+    std::thread other([&] {
+      Throw(*server);
+      SetEvent(used);
+      WaitForSingleObject(unloaded, INFINITE);
+    });
+    WaitForSingleObject(used, INFINITE);
+    server.reset();
+    EXPECT_FALSE(IsLoaded());
+    SetEvent(unloaded);
+    other.join();
+    CloseHandle(used);
+    CloseHandle(unloaded);
+  });
+}
+
+}  // namespace
+}  // namespace kodra::face
