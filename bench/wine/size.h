@@ -11,8 +11,8 @@ struct Size {
   int operators;          // rounds of dataset_rows_operadores
   int scripts;            // rounds of script_peer
   const char* registers;  // the archive of these and of small_report
-  // Rounds of load_and_create. A loaded DLL with the C++ library's threads in it takes a thread-local slot of the
-  // process and never gives it back; there are 1,088, and each round loads two.
+  // Rounds of load_and_create. The empty server has the C++ library's threads in it: each time that it is loaded it
+  // takes one of the process's 1,088 thread-local slots and never gives it back.
   int loads;
 };
 inline constexpr Size kFull = {2000, 4, "acervo-1000000.db", 31, 5, 5, "registros-20000.db", 400};
