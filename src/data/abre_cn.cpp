@@ -1,6 +1,7 @@
 #include "data/abre_cn.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/connection_string.h"
 #include "data/error_layer.h"
@@ -25,16 +26,16 @@ void LocaliseOracleSession(platform::Connection& connection) {
 
 std::unique_ptr<platform::Connection> Open(std::wstring connectionString, std::int32_t cursorLocation,
                                            std::int32_t isolationLevel, platform::Surroundings& surroundings) {
-  PreAbreCn(connectionString, surroundings);
-  connectionString = Replace(connectionString, L";;", L";");
-  connectionString = Replace(connectionString, L"; ;", L";");
+  const DatabaseSystem system = PreAbreCn(connectionString, surroundings);
+  connectionString = Replace(std::move(connectionString), L";;", L";");
+  connectionString = Replace(std::move(connectionString), L"; ;", L";");
 
   auto connection = surroundings.NewConnection();
   connection->SetConnectionString(connectionString);
   connection->SetCursorLocation(std::max(cursorLocation, ad::kUseServer));
   connection->SetIsolationLevel(isolationLevel == 0 ? ad::kXactReadCommitted : isolationLevel);
   connection->Open(L"", L"", ad::kUnspecified);
-  if (NamesOracle(connectionString)) LocaliseOracleSession(*connection);
+  if (system == DatabaseSystem::kOracle) LocaliseOracleSession(*connection);
   return connection;
 }
 

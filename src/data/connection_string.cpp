@@ -5,30 +5,28 @@
 #include <limits>
 
 #include "platform/erro.h"
+#include "text/piece.h"
 #include "text/upper.h"
+#include "text/writer.h"
 
 namespace kodra::data {
 namespace {
 
 constexpr std::wstring_view kSource = L"modADO::PreAbreCn";
 
-bool ContainsAnyUpper(std::wstring_view upperCased, std::initializer_list<std::wstring_view> words) {
-  return std::any_of(words.begin(), words.end(),
-                     [&](std::wstring_view word) { return upperCased.find(word) != std::wstring_view::npos; });
+// Room for the upper-case form of nearly every connection string.
+using UpperCased = text::LocalText<500>;
+
+bool Contains(std::wstring_view text, std::wstring_view word) { return text.find(word) != std::wstring_view::npos; }
+
+bool ContainsAny(std::wstring_view text, std::initializer_list<text::Piece> words) {
+  return std::any_of(words.begin(), words.end(), [&](text::Piece word) { return Contains(text, word); });
 }
 
-bool Contains(std::wstring_view connectionString, std::wstring_view word) {
-  return ContainsAnyUpper(text::UpperCase(connectionString), {text::UpperCase(word)});
-}
-
-bool NamesDB2(std::wstring_view connectionString) {
-  return ContainsAnyUpper(text::UpperCase(connectionString), {L"IBMDADB2", L"ISERIES", L"IBM I", L"IBM DB2"});
-}
-
-bool NamesSQLite(std::wstring_view connectionString) { return Contains(connectionString, L"SQLITE"); }
-
-void AppendUnlessPresent(std::wstring& connectionString, std::wstring_view word, std::wstring_view pairs) {
-  if (!Contains(connectionString, word)) connectionString += pairs;
+DatabaseSystem SystemOf(std::wstring_view upperCased) {
+  if (ContainsAny(upperCased, {L"ORACLE", L"MSDAORA"})) return DatabaseSystem::kOracle;
+  if (ContainsAny(upperCased, {L"IBMDADB2", L"ISERIES", L"IBM I", L"IBM DB2"})) return DatabaseSystem::kDB2;
+  return Contains(upperCased, L"SQLITE") ? DatabaseSystem::kSQLite : DatabaseSystem::kOther;
 }
 
 // Positions in a connection string are 16-bit numbers, counted from 1.
@@ -36,6 +34,15 @@ std::size_t CheckPosition(std::size_t index) {
   if (index >= static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()))
     throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
   return index;
+}
+
+// The value of the pair that a key was found in.
+std::wstring ValueAt(std::wstring_view pairs, std::size_t key) {
+  if (key == std::wstring_view::npos) return {};
+  const std::size_t end = CheckPosition(std::min(pairs.find(L';', key + 1), pairs.size()));
+  const std::wstring_view pair = pairs.substr(key, end - key);
+  const std::size_t equals = pair.find(L'=');
+  return equals == std::wstring_view::npos ? std::wstring() : std::wstring(pair.substr(equals + 1));
 }
 
 void CheckSQLiteFile(const std::wstring& path, platform::Surroundings& surroundings) {
@@ -50,50 +57,58 @@ void CheckSQLiteFile(const std::wstring& path, platform::Surroundings& surroundi
 
 }  // namespace
 
-bool NamesOracle(std::wstring_view connectionString) {
-  return ContainsAnyUpper(text::UpperCase(connectionString), {L"ORACLE", L"MSDAORA"});
-}
+DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings) {
+  // The client's text answers every search, also after something was added: that begins behind a ";" and has none of
+  // the words.
+  const UpperCased upper(text::InUpperCase{connectionString});
+  const auto appendUnlessPresent = [&](text::Piece upperWord, text::Piece pairs) {
+    if (!Contains(upper, upperWord)) connectionString += pairs;
+  };
 
-void PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings) {
   if (!connectionString.ends_with(L';')) connectionString += L';';
-  AppendUnlessPresent(connectionString, L"Persist Security Info", L"Persist Security Info=True;");
-  if (NamesOracle(connectionString)) {
-    surroundings.SetEnvironment(L"NLS_LANG", L"BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252");
-    AppendUnlessPresent(connectionString, L"Min Pool Size", L"Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;");
-  } else if (NamesDB2(connectionString)) {
-    AppendUnlessPresent(connectionString, L"IgnoreWarnList", L"IgnoreWarnList=\"'02000'\";");
-    AppendUnlessPresent(connectionString, L"Patch1", L"Patch1=1024;");
-  } else if (NamesSQLite(connectionString)) {
-    CheckSQLiteFile(ReadKey(connectionString, L"Database"), surroundings);
-    connectionString += L"OEMCP=1;";  // also when the client gave one: a second does no harm
-    AppendUnlessPresent(connectionString, L"FKSupport", L"FKSupport=true;");
+  appendUnlessPresent(L"PERSIST SECURITY INFO", L"Persist Security Info=True;");
+  const DatabaseSystem system = SystemOf(upper);
+  switch (system) {
+    case DatabaseSystem::kOracle:
+      surroundings.SetEnvironment(L"NLS_LANG", L"BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252");
+      appendUnlessPresent(L"MIN POOL SIZE", L"Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;");
+      break;
+    case DatabaseSystem::kDB2:
+      appendUnlessPresent(L"IGNOREWARNLIST", L"IgnoreWarnList=\"'02000'\";");
+      appendUnlessPresent(L"PATCH1", L"Patch1=1024;");
+      break;
+    case DatabaseSystem::kSQLite:
+      CheckSQLiteFile(ValueAt(connectionString, upper.View().find(L"DATABASE")), surroundings);
+      connectionString += L"OEMCP=1;";  // also when the client gave one: a second does no harm
+      appendUnlessPresent(L"FKSUPPORT", L"FKSupport=true;");
+      break;
+    case DatabaseSystem::kOther:
+      break;
   }
+  return system;
 }
 
 std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key) {
-  if (connectionString.empty()) return {};
-  std::wstring pairs(connectionString);
-  if (!pairs.ends_with(L';')) pairs += L';';
-  const std::size_t start = text::UpperCase(pairs).find(text::UpperCase(key));
-  if (start == std::wstring::npos) return {};
-  const std::size_t end = CheckPosition(pairs.find(L';', start + 1));
-  const std::wstring pair = pairs.substr(start, end - start);
-  const std::size_t equals = pair.find(L'=');
-  return equals == std::wstring::npos ? std::wstring() : pair.substr(equals + 1);
+  const UpperCased upper(text::InUpperCase{connectionString});
+  return ValueAt(connectionString, upper.View().find(text::UpperCase(key)));
 }
 
-std::wstring Replace(std::wstring_view expression, std::wstring_view find, std::wstring_view replacement,
-                     std::int32_t start, std::int32_t maximum, Comparison comparison) {
-  if (find.empty() || find == replacement) return std::wstring(expression);
-  const auto searched = [&](std::wstring_view text) {
-    return comparison == Comparison::kText ? text::UpperCase(text) : std::wstring(text);
-  };
-  const std::wstring haystack = searched(expression);
-  const std::wstring needle = searched(find);
+std::wstring Replace(std::wstring expression, std::wstring_view find, std::wstring_view replacement, std::int32_t start,
+                     std::int32_t maximum, Comparison comparison) {
+  if (find.empty() || find == replacement) return expression;
+  std::wstring upperExpression;
+  std::wstring upperFind;
+  std::wstring_view haystack = expression;
+  std::wstring_view needle = find;
+  if (comparison == Comparison::kText) {
+    haystack = upperExpression = text::UpperCase(expression);
+    needle = upperFind = text::UpperCase(find);
+  }
+  std::size_t match = haystack.find(needle, static_cast<std::size_t>(std::max<std::int32_t>(start, 1)) - 1);
+  if (match == std::wstring_view::npos) return expression;
   std::wstring result;
   std::size_t copied = 0;
-  std::size_t match = haystack.find(needle, static_cast<std::size_t>(std::max<std::int32_t>(start, 1)) - 1);
-  for (std::int32_t left = maximum; match != std::wstring::npos && left != 0; --left) {
+  for (std::int32_t left = maximum; match != std::wstring_view::npos && left != 0; --left) {
     result.append(expression, copied, match - copied).append(replacement);
     copied = match + find.size();
     match = haystack.find(needle, copied);

@@ -11,8 +11,11 @@
 
 namespace kodra::data {
 
-// Whether the text names an Oracle provider. The upper-cased text is searched for "ORACLE" and "MSDAORA".
-bool NamesOracle(std::wstring_view connectionString);
+// The systems that a connection string is prepared for in a way of their own. The first that one of its words names:
+// - Oracle: "ORACLE", "MSDAORA";
+// - DB2 and iSeries: "IBMDADB2", "ISERIES", "IBM I", "IBM DB2";
+// - SQLite: "SQLITE".
+enum class DatabaseSystem { kOther, kOracle, kDB2, kSQLite };
 
 // Rewrites a connection string in place for its database system:
 // - all: a final ";" and "Persist Security Info";
@@ -20,7 +23,8 @@ bool NamesOracle(std::wstring_view connectionString);
 // - DB2 and iSeries: the provider's warning list and patch;
 // - SQLite: the database file must exist and hold at least one byte, then text encoding and foreign keys.
 // Raises kErrBase + 1 (file not found) and kErrBase + 2 (file damaged), source "modADO::PreAbreCn".
-void PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings);
+// Gives the system that it prepared the string for.
+DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings);
 
 // The value of the first pair whose text contains the key, untrimmed; empty when there is none. A key is found inside
 // a longer one too. A match beyond position 32767 raises RuntimeError::kOverflow.
@@ -32,7 +36,7 @@ enum class Comparison { kBinary, kText };
 
 // Replaces every match of `find`, from the 1-based position `start` on, until `maximum` replacements (-1: no limit).
 // The search resumes after the inserted text. An empty or unchanged `find` gives the expression back.
-std::wstring Replace(std::wstring_view expression, std::wstring_view find, std::wstring_view replacement,
+std::wstring Replace(std::wstring expression, std::wstring_view find, std::wstring_view replacement,
                      std::int32_t start = 1, std::int32_t maximum = -1, Comparison comparison = Comparison::kBinary);
 
 }  // namespace kodra::data

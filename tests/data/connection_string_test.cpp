@@ -152,5 +152,22 @@ TEST_F(PreAbreCnTest, TakesAStringWithDB2AndSQLiteWordsForDB2Only) {
   EXPECT_EQ(around_.journal.Calls(), "");
 }
 
+TEST_F(PreAbreCnTest, GivesTheSystemThatItPreparedTheStringFor) {
+  around_.files[L"a.db"] = 1;
+  const auto systemOf = [&](std::wstring connectionString) { return PreAbreCn(connectionString, around_); };
+  EXPECT_EQ(systemOf(L""), DatabaseSystem::kOther);
+  EXPECT_EQ(systemOf(L"Provider=SQLNCLI11;Data Source=arquivo"), DatabaseSystem::kOther);
+  EXPECT_EQ(systemOf(L"Provider=msdaora;Data Source=IBMDADB2;"), DatabaseSystem::kOracle);
+  EXPECT_EQ(systemOf(L"Provider=IBMDADB2;Database=SQLITE;"), DatabaseSystem::kDB2);
+  EXPECT_EQ(systemOf(L"Driver=SQLite3;Database=a.db;"), DatabaseSystem::kSQLite);
+}
+
+TEST_F(PreAbreCnTest, FindsWhatStandsAtTheEndOfALongString) {
+  const std::wstring longValue(2000, L'x');
+  EXPECT_EQ(
+      Prepared(L"Extended Properties=" + longValue + L";Provider=MSDAORA;min pool size=1;persist security info=1"),
+      "Extended Properties=" + Utf8(longValue) + ";Provider=MSDAORA;min pool size=1;persist security info=1;");
+}
+
 }  // namespace
 }  // namespace kodra::data
