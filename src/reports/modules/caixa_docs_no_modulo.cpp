@@ -10,21 +10,24 @@ namespace {
 
 using data::JoinKind;
 
-// A column with the empty text in place of null.
-auto OrEmpty(text::Piece column) { return sql::SQLNVL(column, sql::nvTexto, L""); }
+// A column with the empty text in place of null, under a name.
+auto OrEmpty(text::Piece column, text::Piece name) {
+  return text::Written(
+      [value = sql::SQLNVL(column, sql::nvTexto, L""), name](text::Writer& out) { out.Append(value, L" AS ", name); });
+}
 
 void AddDepositoryColumns(data::SelectBuilder& builder) {
-  builder.AddToColumns(OrEmpty(L"dp.NOME"), L" AS DEPOSITO, ", OrEmpty(L"dp.ENDERECO"), L" AS ENDERECO, ",
-                       OrEmpty(L"dp.CIDADE"), L" AS CIDADE, ", OrEmpty(L"dp.ESTADO"), L" AS ESTADO, ",
-                       OrEmpty(L"dp.TELEFONE"), L" AS TELEFONE, ", OrEmpty(L"dp.CONTATO"), L" AS CONTATO");
+  builder.AddToColumns(OrEmpty(L"dp.NOME", L"DEPOSITO, "), OrEmpty(L"dp.ENDERECO", L"ENDERECO, "),
+                       OrEmpty(L"dp.CIDADE", L"CIDADE, "), OrEmpty(L"dp.ESTADO", L"ESTADO, "),
+                       OrEmpty(L"dp.TELEFONE", L"TELEFONE, "), OrEmpty(L"dp.CONTATO", L"CONTATO"));
 }
 
 void SelectMainModule(data::SelectBuilder& builder, const std::wstring& module) {
-  builder.SetColumns(OrEmpty(L"c.NUM_CAIXA"), L" AS NUM_CAIXA, ", OrEmpty(L"c.DESC_CAIXA"), L" AS DESC_CAIXA, ",
-                     OrEmpty(L"c.OBS_CAIXA"), L" AS OBS_CAIXA, ", OrEmpty(L"c.DOC_INICIAL"), L" AS DOC_INICIAL, ",
-                     OrEmpty(L"c.DOC_FINAL"), L" AS DOC_FINAL, ", L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
-                     OrEmpty(L"c.COORD_X"), L" AS FILEIRA, ", OrEmpty(L"c.COORD_Y"), L" AS ESTANTE, ",
-                     OrEmpty(L"c.COORD_Z"), L" AS PRATELEIRA, ", OrEmpty(L"ct.DESC_CONTAINER"), L" AS CONTAINER, ");
+  builder.SetColumns(OrEmpty(L"c.NUM_CAIXA", L"NUM_CAIXA, "), OrEmpty(L"c.DESC_CAIXA", L"DESC_CAIXA, "),
+                     OrEmpty(L"c.OBS_CAIXA", L"OBS_CAIXA, "), OrEmpty(L"c.DOC_INICIAL", L"DOC_INICIAL, "),
+                     OrEmpty(L"c.DOC_FINAL", L"DOC_FINAL, "), L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
+                     OrEmpty(L"c.COORD_X", L"FILEIRA, "), OrEmpty(L"c.COORD_Y", L"ESTANTE, "),
+                     OrEmpty(L"c.COORD_Z", L"PRATELEIRA, "), OrEmpty(L"ct.DESC_CONTAINER", L"CONTAINER, "));
   AddDepositoryColumns(builder);
   builder.SetFrom(L"CAIXA c");
   builder.AddJoin(0, JoinKind::kLeftOuter, L"CONTAINER ct", L"c.CONTAINER = ct.NUM_CONTAINER");
@@ -34,8 +37,8 @@ void SelectMainModule(data::SelectBuilder& builder, const std::wstring& module) 
 
 // The dates of a subordinate module are its parent's, and it has no place of its own.
 void SelectSubordinate(data::SelectBuilder& builder, const std::wstring& module, const std::wstring& code) {
-  builder.SetColumns(code, L" AS NUM_CAIXA, ", OrEmpty(L"c.DESC_CAIXA"), L" AS DESC_CAIXA, ", L"'' AS OBS_CAIXA, ",
-                     OrEmpty(L"s.DOC_INICIAL"), L" AS DOC_INICIAL, ", OrEmpty(L"s.DOC_FINAL"), L" AS DOC_FINAL, ",
+  builder.SetColumns(code, L" AS NUM_CAIXA, ", OrEmpty(L"c.DESC_CAIXA", L"DESC_CAIXA, "), L"'' AS OBS_CAIXA, ",
+                     OrEmpty(L"s.DOC_INICIAL", L"DOC_INICIAL, "), OrEmpty(L"s.DOC_FINAL", L"DOC_FINAL, "),
                      L"c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, ",
                      L"'' AS FILEIRA, '' AS ESTANTE, '' AS PRATELEIRA, '' AS CONTAINER, ");
   AddDepositoryColumns(builder);

@@ -46,9 +46,9 @@ frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave(platform
     const std::wstring remarks = frame::ReadText(*obj, L"NumeroObs");
     const std::wstring owner = frame::ReadText(*obj, L"Owner");
     data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(period.Title(), L" AS TIT1, ", L"'", operatorName, L"' AS OPERADOR, ", L"'", departmentName,
+    builder.SetColumns(period.Title(), L" AS TIT1, '", operatorName, L"' AS OPERADOR, '", departmentName,
                        L"' AS DEPTO, ", first, L" AS PC1, ", second, L" AS PC2, ", third, L" AS PC3, ", fourth,
-                       L" AS PC4, ", fifth, L" AS PC5, ", remarks, L" AS OBS, ", L"p.EMPRESA AS FUNDO, ", L"'", owner,
+                       L" AS PC4, ", fifth, L" AS PC5, ", remarks, L" AS OBS, p.EMPRESA AS FUNDO, '", owner,
                        L"' AS OWNER");
     builder.SetFrom(L"PARAMETRO p");
     builder.SetWhere(L"p.CODIGO = '1'");
