@@ -1,5 +1,5 @@
 // An in-process server with one class that does nothing: what loading a DLL and creating an object costs at least.
-// Built as the component is.
+// Compiled as the component is, and linked as such a server usually is: with all that the C++ library brings.
 #include <windows.h>
 // Needs the types above.
 #include <unknwn.h>
