@@ -40,13 +40,12 @@ void DefineTipoBanco(std::int32_t code) noexcept;
 // The database code of this thread.
 std::int32_t TipoBancoAtual() noexcept;
 
-// The dialect of the current code. `function` is the public name of the caller.
+// The dialect of the current code, which a fragment is made for. `function` is the public name that an error gives.
 const Dialect& DialectFor(text::Piece function);
 
 // A date plus a number of minutes ("MINUTE", "MIN", "NN"), days ("DAY", "DD", "D"), months ("MONTH", "MM", "M") or
-// years
-// ("YEAR", "YYYY", "Y", "A", "AA", "AAAA"), in any letter case. Any other interval gives the empty text for Oracle, DB2
-// and SQLite; SQL Server and MySQL get it, and the minutes, as the caller spelled it.
+// years ("YEAR", "YYYY", "Y", "A", "AA", "AAAA"), in any letter case. Any other interval gives the empty text for
+// Oracle, DB2 and SQLite; SQL Server and MySQL get it, and the minutes, as the caller spelled it.
 inline auto SQLDateAdd(text::Piece interval, text::Piece number, text::Piece dateExpr) {
   return text::Written([&dialect = DialectFor(L"SQLDateAdd"), interval, number, dateExpr](text::Writer& out) {
     dialect.DateAdd(out, interval, number, dateExpr);

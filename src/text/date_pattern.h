@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "text/upper.h"
+
 namespace kodra::text {
 
 // A pattern as a template's argument.
@@ -40,7 +42,7 @@ class DatePatternReader {
       Take(1);
       return {.literal = Take(std::min(rest_.size(), std::size_t{1}))};
     }
-    const wchar_t letter = Upper(rest_.front());
+    const wchar_t letter = UpperCaseAscii(rest_.front());
     const std::wstring_view run = Take(RunLength());
     const DateField field = FieldOf(letter, run.size());
     if (field.part == DatePart::kNone) return {.literal = run};
@@ -49,10 +51,6 @@ class DatePatternReader {
   }
 
  private:
-  static constexpr wchar_t Upper(wchar_t letter) {
-    return letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - L'a' + L'A') : letter;
-  }
-
   constexpr std::wstring_view Take(std::size_t length) {
     const std::wstring_view taken = rest_.substr(0, length);
     rest_.remove_prefix(length);
@@ -62,7 +60,7 @@ class DatePatternReader {
   // How often the first character follows itself, in any letter case.
   constexpr std::size_t RunLength() const {
     std::size_t length = 1;
-    while (length < rest_.size() && Upper(rest_[length]) == Upper(rest_.front())) ++length;
+    while (length < rest_.size() && UpperCaseAscii(rest_[length]) == UpperCaseAscii(rest_.front())) ++length;
     return length;
   }
 

@@ -43,8 +43,7 @@ platform::Date Now();
 // Reads a text as a date, as OLE Automation does for Brazilian Portuguese: nothing when it is no date.
 //
 // A date is numbers and at most one month name, apart by "/", "-", "," or blanks; a time is two or three numbers apart
-// by
-// ":" or ".", or an hour followed by "am" or "pm". Either may stand alone, and either may come first.
+// by ":" or ".", or an hour followed by "am" or "pm". Either may stand alone, and either may come first.
 //   31/12/2023   2023-12-31 10:20:30   10:20   1 jan 2023   31/12
 // Numbers that make no day in day/month/year order are tried in other orders ("12/31/2023" and "2023/12/31" are both
 // the last day of 2023). A year below 30 is in the 2000s, one from 30 to 99 in the 1900s; without a year, the current

@@ -8,14 +8,18 @@
 
 namespace kodra::text {
 
+// As UpperCase, for the letters A to Z only.
+constexpr wchar_t UpperCaseAscii(wchar_t character) noexcept {
+  return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A') : character;
+}
+
 // As UpperCase, for characters from U+0080 on.
 wchar_t UpperCaseBeyondAscii(wchar_t character) noexcept;
 
 // The upper-case form of one character of the Latin (with its accents), Greek and Cyrillic alphabets; any other
 // character stands for itself, as do those without a single upper-case character (ß).
 inline wchar_t UpperCase(wchar_t character) noexcept {
-  if (character >= L'a' && character <= L'z') return static_cast<wchar_t>(character - L'a' + L'A');
-  return character < 0x80 ? character : UpperCaseBeyondAscii(character);
+  return character < 0x80 ? UpperCaseAscii(character) : UpperCaseBeyondAscii(character);
 }
 
 // The text in upper case, character by character.

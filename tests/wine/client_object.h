@@ -1,4 +1,4 @@
-// What the test's own automation objects share: a count of references, IDispatch and nothing else, no type information.
+// What the test's own COM objects share: a count of references and one interface.
 #pragma once
 
 #include <windows.h>
@@ -7,11 +7,13 @@
 
 namespace kodra::face {
 
-// A new object has the one reference of its maker; the last Release deletes it.
-class ClientObject : public IDispatch {
+// An object of one interface with a count of its references. A new one has that of its maker; the last Release deletes
+// it.
+template <class Interface>
+class CountedObject : public Interface {
  public:
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? static_cast<IDispatch*>(this) : nullptr;
+    *object = iid == IID_IUnknown || iid == __uuidof(Interface) ? static_cast<Interface*>(this) : nullptr;
     if (*object == nullptr) return E_NOINTERFACE;
     AddRef();
     return S_OK;
@@ -22,20 +24,25 @@ class ClientObject : public IDispatch {
     if (left == 0) delete this;
     return left;
   }
+
+  ULONG References() const { return references_; }
+
+ protected:
+  CountedObject() = default;
+  virtual ~CountedObject() = default;
+
+ private:
+  ULONG references_ = 1;
+};
+
+// An automation object without type information.
+class ClientObject : public CountedObject<IDispatch> {
+ public:
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     *count = 0;
     return S_OK;
   }
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-
-  ULONG References() const { return references_; }
-
- protected:
-  ClientObject() = default;
-  virtual ~ClientObject() = default;
-
- private:
-  ULONG references_ = 1;
 };
 
 }  // namespace kodra::face

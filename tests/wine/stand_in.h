@@ -84,32 +84,17 @@ class StandIn {
   ~StandIn() { EXPECT_EQ(S_OK, CoRevokeClassObject(cookie_)); }
 
  private:
-  class Factory final : public IClassFactory {
+  class Factory final : public CountedObject<IClassFactory> {
    public:
     explicit Factory(Creator create) : create_(std::move(create)) {}
 
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-      *object = iid == IID_IUnknown || iid == IID_IClassFactory ? this : nullptr;
-      if (*object == nullptr) return E_NOINTERFACE;
-      AddRef();
-      return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
-      const ULONG left = --references_;
-      if (left == 0) delete this;
-      return left;
-    }
     STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** object) override {
       return create_()->QueryInterface(iid, object);
     }
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
    private:
-    ~Factory() = default;
-
     Creator create_;
-    ULONG references_ = 1;
   };
 
   DWORD cookie_ = 0;
