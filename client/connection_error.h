@@ -3,15 +3,12 @@
 #pragma once
 
 #include "platform/erro.h"
-#include "platform/password.h"
 
 namespace kodra::client {
 
 class ConnectionError : public platform::Erro {
  public:
-  // What failed with that connection string, whose password is not shown.
-  ConnectionError(const platform::Erro& cause, const std::wstring& connectionString)
-      : Erro(cause.Number(), cause.Source(), platform::HidePassword(cause.Description(), connectionString)) {}
+  explicit ConnectionError(const platform::Erro& cause) : Erro(cause) {}
 };
 
 }  // namespace kodra::client

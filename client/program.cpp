@@ -37,6 +37,14 @@ std::string Described(const platform::Erro& error) {
                                 error.Description());
 }
 
+// A complaint may quote an argument, and an argument may be a connection string.
+std::string WithoutPasswords(const std::string& message, const std::vector<std::string>& arguments) {
+  std::wstring shown = platform::odbc::FromUtf8(message);
+  for (const std::string& argument : arguments)
+    shown = platform::HidePassword(shown, platform::odbc::FromUtf8(argument));
+  return platform::odbc::ToUtf8(shown);
+}
+
 }  // namespace
 
 Program::Program(std::ostream& out, std::ostream& err)
@@ -63,9 +71,9 @@ CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> act) {
 
 ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
   try {
-    return Parse(std::move(arguments));
+    return Parse(arguments);
   } catch (const UsageError& error) {
-    Complain(error.what());
+    Complain(WithoutPasswords(error.what(), arguments));
     return ExitCode::kUsage;
   } catch (const OutputError& error) {
     Complain(error.what());
@@ -109,10 +117,6 @@ void Program::CheckCommandName(const std::vector<std::string>& arguments) const 
   throw UsageError("não há o comando \"" + name + "\"" + DidYouMean(name, known));
 }
 
-// A message may quote an argument or a driver, and both may hold a connection string.
-void Program::Complain(const std::string& message) const {
-  const std::wstring shown = platform::HidePassword(platform::odbc::FromUtf8(message));
-  err_ << "kodrarpt: " << platform::odbc::ToUtf8(shown) << "\n";
-}
+void Program::Complain(const std::string& message) const { err_ << "kodrarpt: " << message << "\n"; }
 
 }  // namespace kodra::client

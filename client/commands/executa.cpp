@@ -150,7 +150,7 @@ class Run {
       return method_.call(surroundings, connection_, &parameters_);
     } catch (const platform::Erro& error) {
       if (CanConnect(connection_, surroundings)) throw;
-      throw ConnectionError(error, connection_);
+      throw ConnectionError(error);
     }
   }
 

@@ -65,7 +65,7 @@ class Check {
     try {
       return data::AbreCn(connection_, platform::ad::kUseServer, 0, surroundings);
     } catch (const platform::Erro& error) {
-      throw ConnectionError(error, connection_);
+      throw ConnectionError(error);
     }
   }
 

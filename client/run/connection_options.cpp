@@ -22,8 +22,6 @@ std::optional<std::wstring> Variable(const std::string& name) {
 #endif
 }
 
-bool HasPassword(const std::wstring& text) { return platform::HidePassword(text) != text; }
-
 }  // namespace
 
 void ConnectionOptions::AddTo(CLI::App& command) {
@@ -37,7 +35,7 @@ void ConnectionOptions::AddTo(CLI::App& command) {
 std::wstring ConnectionOptions::Text() const {
   std::wstring text = FromUtf8(text_);
   const bool named = !passwordVariable_.empty();
-  if (HasPassword(text)) {
+  if (platform::HasPassword(text)) {
     if (named) throw UsageError("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de");
     return text;
   }

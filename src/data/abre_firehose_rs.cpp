@@ -2,6 +2,7 @@
 
 #include "data/abre_cn.h"
 #include "data/error_layer.h"
+#include "platform/password.h"
 #include "text/numbers.h"
 
 namespace kodra::data {
@@ -58,7 +59,7 @@ std::unique_ptr<platform::Recordset> AbreFirehoseRs(const platform::RecordsetSou
   try {
     return Open(source, connectionString, options, connection, surroundings);
   } catch (...) {
-    throw Layered(WithNativeError(platform::CurrentErro(), connection.get()), L"modADO.AbreFirehoseRs");
+    throw Layered(WithNativeError(platform::CurrentErro(connectionString), connection.get()), L"modADO.AbreFirehoseRs");
   }
 }
 

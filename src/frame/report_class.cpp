@@ -40,11 +40,7 @@ std::wstring ReportClass::SourceOf(std::wstring_view member) const {
   return std::wstring(source.View());
 }
 
-platform::Erro ReportClass::CaughtErro() const {
-  const platform::Erro caught = platform::CurrentErro();
-  return {caught.Number(), platform::HidePassword(caught.Source(), stringConexao_),
-          platform::HidePassword(caught.Description(), stringConexao_)};
-}
+platform::Erro ReportClass::CaughtErro() const { return platform::CurrentErro(stringConexao_); }
 
 void ReportClass::RaiseFramed(std::wstring_view method) const {
   throw platform::Erro(kReportError, SourceOf(method), std::wstring(kReportErrorPrefix) + CaughtErro().Description());

@@ -74,7 +74,7 @@ class ReportClass {
     }
   }
 
-  // The exception being handled as it may leave a report method: without the password of the connection string.
+  // The exception being handled, without the passwords of the connection string in the words of others.
   // REQUIRES: called inside a catch clause.
   platform::Erro CaughtErro() const;
 

@@ -33,6 +33,15 @@ class Erro : public std::exception {
   std::wstring description_;
 };
 
+// An error whose words come from outside the component: from a provider, a sibling or a client's object. They may
+// repeat a connection string, so whoever adds words of the component's own asks CurrentErro of platform/password.h for
+// them.
+class ForeignErro : public Erro {
+ public:
+  using Erro::Erro;
+  explicit ForeignErro(const Erro& erro) : Erro(erro) {}
+};
+
 // The errors of the automation runtime that the component raises or recognises, by their number.
 enum class RuntimeError : std::int32_t {
   kOverflow = 6,

@@ -2,24 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace kodra::platform {
 namespace {
 
 constexpr std::wstring_view kHidden = L"***";
-constexpr std::size_t kShortestPiece = 4;
 constexpr std::wstring_view kQuotes = L"\"'{}";
+constexpr std::wstring_view kBlanks = L" \t\r\n";
 
-bool IsBlank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; }
 wchar_t UpperAscii(wchar_t c) { return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - 0x20) : c; }
 
 std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
-  while (at < text.size() && IsBlank(text[at])) ++at;
-  return at;
+  return std::min(text.find_first_not_of(kBlanks, at), text.size());
 }
 
-// How often the character at that place stands there in a row.
+// How many times in a row the character at that place occurs there.
 std::size_t RunAt(std::wstring_view text, std::size_t at) {
   const std::size_t end = text.find_first_not_of(text[at], at);
   return (end == std::wstring_view::npos ? text.size() : end) - at;
@@ -28,7 +27,7 @@ std::size_t RunAt(std::wstring_view text, std::size_t at) {
 bool EndsPair(std::wstring_view text, std::size_t at) { return at >= text.size() || text[at] == L';'; }
 
 // Past the end of what the quote or brace at `start` opens; the end of the text when it is never closed. A doubled
-// quote is one of the value's own, unless it opened the value: then the whole pair stands between quotes too.
+// quote is one of the value's own, unless it opened the value: then the whole pair is within quotes too.
 std::size_t PastClosing(std::wstring_view text, std::size_t start) {
   const wchar_t opening = text[start];
   const wchar_t closing = opening == L'{' ? L'}' : opening;
@@ -51,12 +50,7 @@ std::size_t PastValue(std::wstring_view text, std::size_t start) {
   return std::min(text.find(L';', at), text.size());
 }
 
-struct Secret {
-  std::size_t start;
-  std::size_t end;
-};
-
-// Where the value starts of a key that starts at `at`; npos when none does.
+// Where the value of a key that begins at `at` begins; npos when no password key does.
 std::size_t ValueOfKeyAt(std::wstring_view text, std::size_t at) {
   constexpr std::array<std::wstring_view, 3> kKeys = {L"PWD", L"PASSWORD", L"PASSWD"};
   for (const std::wstring_view key : kKeys) {
@@ -72,74 +66,104 @@ std::size_t ValueOfKeyAt(std::wstring_view text, std::size_t at) {
   return std::wstring_view::npos;
 }
 
-// The next value of a password key from there on; an empty one at the end of the text when there is none.
-Secret NextSecret(std::wstring_view text, std::size_t from) {
-  // Most texts have no keys at all.
-  if (text.find(L'=', from) == std::wstring_view::npos) return {text.size(), text.size()};
+// Where the value of the next password key from `from` on begins; npos when there is none.
+std::size_t NextValue(std::wstring_view text, std::size_t from) {
   for (std::size_t at = from; at < text.size(); ++at) {
-    // Every key starts with it.
-    if (UpperAscii(text[at]) != L'P') continue;
     const std::size_t value = ValueOfKeyAt(text, at);
-    if (value != std::wstring_view::npos) return {value, PastValue(text, value)};
+    if (value != std::wstring_view::npos) return value;
   }
-  return {text.size(), text.size()};
+  return std::wstring_view::npos;
 }
 
-// A value as it may stand in a message: without quotes around it, and with its own quotes single.
-std::wstring Bare(std::wstring_view value) {
-  const std::size_t first = value.find_first_not_of(kQuotes);
+std::wstring_view Trimmed(std::wstring_view value, std::wstring_view characters) {
+  const std::size_t first = value.find_first_not_of(characters);
   if (first == std::wstring_view::npos) return {};
-  value = value.substr(first, value.find_last_not_of(kQuotes) + 1 - first);
+  return value.substr(first, value.find_last_not_of(characters) + 1 - first);
+}
+
+// A value without the quotes or braces around it, and with its own single where it doubles them.
+std::wstring Bare(std::wstring_view value) {
   std::wstring bare;
-  for (const wchar_t c : value)
+  for (const wchar_t c : Trimmed(Trimmed(value, kBlanks), kQuotes))
     if (bare.empty() || c != bare.back() || kQuotes.find(c) == std::wstring_view::npos) bare += c;
   return bare;
 }
 
-void AddPieces(std::vector<std::wstring>& pieces, std::wstring_view value) {
-  for (std::size_t at = 0; at <= value.size();) {
-    const std::size_t end = std::min(value.find_first_of(L";=\"'{}", at), value.size());
-    pieces.emplace_back(value.substr(at, end - at));
-    at = end + 1;
-  }
+// A value without the quote that ends the list of pairs it is the last of, where that list is within quotes.
+std::wstring_view WithoutListsQuote(std::wstring_view value) {
+  const wchar_t first = value.empty() ? L'\0' : value.front();
+  if (kQuotes.find(first) == std::wstring_view::npos) return Trimmed(value, kQuotes);
+  const std::wstring doubled(2, first);
+  const bool withinList = value.starts_with(doubled) && value.ends_with(doubled + first);
+  return withinList ? value.substr(0, value.size() - 1) : value;
 }
 
-// What must not be told of a connection string, the longest first.
-std::vector<std::wstring> PiecesOf(std::wstring_view connectionString) {
-  std::vector<std::wstring> pieces;
-  Secret secret = NextSecret(connectionString, 0);
-  for (; secret.start < connectionString.size(); secret = NextSecret(connectionString, secret.end)) {
-    const std::wstring_view value = connectionString.substr(secret.start, secret.end - secret.start);
-    const std::size_t last = value.find_last_not_of(kQuotes);
-    const std::size_t first = value.find_first_not_of(kQuotes);
-    if (first != std::wstring_view::npos) pieces.emplace_back(value.substr(first, last + 1 - first));
-    pieces.push_back(Bare(value));
-    AddPieces(pieces, value);
+// The passwords of a connection string as a text may repeat them, longer ones before shorter ones.
+std::vector<std::wstring> PasswordsOf(std::wstring_view connectionString) {
+  std::vector<std::wstring> passwords;
+  for (std::size_t start = NextValue(connectionString, 0); start != std::wstring_view::npos;) {
+    const std::size_t end = PastValue(connectionString, start);
+    const std::wstring_view written = WithoutListsQuote(Trimmed(connectionString.substr(start, end - start), kBlanks));
+    std::wstring bare = Bare(written);
+    if (!bare.empty()) {
+      passwords.emplace_back(written);
+      passwords.emplace_back(Trimmed(written, kQuotes));
+      passwords.push_back(std::move(bare));
+    }
+    start = NextValue(connectionString, end);
   }
-  std::erase_if(pieces, [](const std::wstring& piece) { return piece.size() < kShortestPiece; });
-  std::sort(pieces.begin(), pieces.end(), [](const auto& a, const auto& b) { return a.size() > b.size(); });
-  return pieces;
+  std::ranges::stable_sort(passwords, std::greater{}, &std::wstring::size);
+  return passwords;
+}
+
+bool ContinuesWord(std::wstring_view text, std::size_t at) {
+  if (at >= text.size()) return false;
+  const wchar_t c = UpperAscii(text[at]);
+  return (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9');
+}
+
+// How many characters of the text are one of the passwords, from `at` on; 0 when none is there.
+std::size_t PasswordAt(std::wstring_view text, std::size_t at, const std::vector<std::wstring>& passwords) {
+  const auto found = std::ranges::find_if(passwords, [&](const std::wstring& password) {
+    return text.substr(at).starts_with(password) && !ContinuesWord(text, at + password.size());
+  });
+  return found == passwords.end() ? 0 : found->size();
 }
 
 }  // namespace
 
-std::wstring HidePassword(std::wstring_view text) {
-  std::wstring shown;
-  shown.reserve(text.size());
-  std::size_t told = 0;
-  for (Secret secret = NextSecret(text, 0); secret.start < text.size(); secret = NextSecret(text, secret.end)) {
-    shown.append(text.substr(told, secret.start - told)).append(kHidden);
-    told = secret.end;
-  }
-  return shown.append(text.substr(told));
+bool HasPassword(std::wstring_view connectionString) {
+  return NextValue(connectionString, 0) != std::wstring_view::npos;
 }
 
 std::wstring HidePassword(std::wstring_view text, std::wstring_view connectionString) {
-  std::wstring shown = HidePassword(text);
-  for (const std::wstring& piece : PiecesOf(connectionString))
-    for (std::size_t at = shown.find(piece); at != std::wstring::npos; at = shown.find(piece, at + kHidden.size()))
-      shown.replace(at, piece.size(), kHidden);
-  return shown;
+  const std::vector<std::wstring> passwords = PasswordsOf(connectionString);
+  std::wstring shown;
+  std::size_t copied = 0;
+  for (std::size_t value = NextValue(text, 0); value != std::wstring_view::npos; value = NextValue(text, value)) {
+    std::size_t length = PasswordAt(text, value, passwords);
+    if (length == 0) {
+      // The text may have quotes or braces where the connection string has none.
+      value = std::min(text.find_first_not_of(kQuotes, value), text.size());
+      length = PasswordAt(text, value, passwords);
+    }
+    if (length == 0) continue;
+    shown.append(text.substr(copied, value - copied)).append(kHidden);
+    value += length;
+    copied = value;
+  }
+  return shown.append(text.substr(copied));
+}
+
+Erro CurrentErro(std::wstring_view connectionString) {
+  try {
+    throw;
+  } catch (const ForeignErro& erro) {
+    return {erro.Number(), HidePassword(erro.Source(), connectionString),
+            HidePassword(erro.Description(), connectionString)};
+  } catch (...) {
+    return CurrentErro();
+  }
 }
 
 }  // namespace kodra::platform

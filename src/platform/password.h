@@ -1,22 +1,30 @@
-// Keeps passwords out of what people read: error texts, log lines and events. Whatever may hold one passes here first.
+// Keeps the passwords of a connection string out of what people read: error texts, log lines and events.
 //
-//   HidePassword(L"cannot open Server=a;Uid=ana;Pwd={x;y};Port=1")  gives
-//                L"cannot open Server=a;Uid=ana;Pwd=***;Port=1"
+// Providers, siblings and clients' objects may repeat the connection string that they were given. Its passwords are
+// hidden once, where such a text enters the component and before the component adds words of its own, which are never
+// changed.
+//
+//   HidePassword(L"cannot open Server=a;Pwd={x;y};Port=1", L"Server=a;Pwd={x;y};Port=1")
+//     returns L"cannot open Server=a;Pwd=***;Port=1"
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "platform/erro.h"
+
 namespace kodra::platform {
 
-// The text with the value of every key that ends in "pwd", "password" or "passwd", in any letter case and with or
-// without a digit after it, replaced by three asterisks. A value ends as in a connection string: at its closing quote
-// or brace, else at the next ";". Where its end is in doubt more is hidden rather than less.
-std::wstring HidePassword(std::wstring_view text);
+// Whether a key of the connection string ends in "pwd", "password" or "passwd", in any letter case and with or without
+// a digit after it, and has a value.
+bool HasPassword(std::wstring_view connectionString);
 
-// The same, and then every place where a password of that connection string stands without its key, whole or one of the
-// pieces that a careless reader makes of it at ";", "=", quotes and braces. Pieces of fewer than 4 characters are left:
-// they stand in too many words.
+// The text with three asterisks in place of each password of that connection string that follows a password key and an
+// equals sign, written as in the connection string or without its quotes or braces. Nothing else of the text changes.
 std::wstring HidePassword(std::wstring_view text, std::wstring_view connectionString);
+
+// The exception being handled, as CurrentErro() returns it; the source and description of a ForeignErro without the
+// passwords of that connection string. REQUIRES: called inside a catch clause.
+Erro CurrentErro(std::wstring_view connectionString);
 
 }  // namespace kodra::platform

@@ -28,6 +28,11 @@ std::exception_ptr Failure(Exception exception) {
   return std::make_exception_ptr(std::move(exception));
 }
 
+// An Erro is what a provider, a sibling or a client's object raises.
+inline std::exception_ptr Failure(const platform::Erro& erro) {
+  return std::make_exception_ptr(platform::ForeignErro(erro));
+}
+
 // The lines as Journal::Calls gives them.
 std::string Lines(std::initializer_list<std::string_view> lines);
 

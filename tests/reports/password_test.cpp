@@ -19,24 +19,18 @@ using platform::Value;
 using recorder::Raised;
 using tests::kSecret;
 
-// A password as connection strings spell it, and what is left of it for a careless message.
-struct Spelling {
-  std::wstring pair;
-  std::wstring bare;
-};
-
-std::vector<Spelling> Spellings() {
+// The password as connection strings spell its pair.
+std::vector<std::wstring> Spellings() {
   return {
-      {L"PWD=" + kSecret, kSecret},
-      {L"pwd = " + kSecret, kSecret},
-      {L"Password=" + kSecret, kSecret},
-      {L"Jet OLEDB:Database PassWord=" + kSecret, kSecret},
-      {L"Password=\"antes;" + kSecret + L"\"", L"antes;" + kSecret},
-      {L"Password='antes;" + kSecret + L"'", L"antes;" + kSecret},
-      {L"PWD={antes;" + kSecret + L"}}depois}", L"antes;" + kSecret + L"}depois"},
-      {L"PWD={antes;" + kSecret + L"}}depois}", kSecret},
-      {L"PWD={antes;Database=" + kSecret + L"}", kSecret},
-      {L"Extended Properties=\"DSN=a;PWD=\"\"antes;" + kSecret + L"\"\"\"", kSecret},
+      L"PWD=" + kSecret,
+      L"pwd = " + kSecret,
+      L"Password=" + kSecret,
+      L"Jet OLEDB:Database PassWord=" + kSecret,
+      L"Password=\"antes;" + kSecret + L"\"",
+      L"Password='antes;" + kSecret + L"'",
+      L"PWD={antes;" + kSecret + L"}}depois}",
+      L"PWD={antes;Database=" + kSecret + L"}",
+      L"Extended Properties=\"DSN=a;PWD=\"\"antes;" + kSecret + L"\"\"\"",
   };
 }
 
@@ -59,10 +53,10 @@ class Machine {
     around.journal.Forget();
   }
 
-  // Calls a report whose call of that number fails with an error that repeats the connection string and the password.
-  Raised Run(const ReportMethod& method, const Spelling& password, int failing) {
-    const std::wstring connectionString = L"Provider=SQLNCLI11;Data Source=a;" + password.pair + L";Application=b";
-    const std::wstring words = connectionString + L" recusada: " + password.bare;
+  // Calls a report whose call of that number fails with an error that repeats the connection string.
+  Raised Run(const ReportMethod& method, const std::wstring& password, int failing) {
+    const std::wstring connectionString = L"Provider=SQLNCLI11;Data Source=a;" + password + L";Application=b";
+    const std::wstring words = connectionString + L" recusada";
     frame::ParameterObject parameters(frame::ParameterClassNamed(method.parameterClass));
     if (method.className == L"CCaixaRpt") parameters.Let(L"Modulo1", L"AB001");
     around.journal.Forget();
@@ -92,7 +86,7 @@ bool TellsSecret(const std::string& text) { return text.find(recorder::Utf8(kSec
 TEST(Password, OfTheConnectionStringIsInNoErrorAndNoLogLineOfAnyReport) {
   int failures = 0;
   for (const ReportMethod& method : ReportMethods())
-    for (const Spelling& password : Spellings()) {
+    for (const std::wstring& password : Spellings()) {
       Machine machine;
       for (int failing = 1; !testing::Test::HasFailure(); ++failing) {
         const Raised raised = machine.Run(method, password, failing);
@@ -113,52 +107,98 @@ const ReportMethod& Departments() { return *FindReportMethod(L"CDeptoRpt", L"Rel
 TEST(Password, IsThreeAsterisksInTheErrorOfAConnectionThatFails) {
   Machine machine;
   // The opening of the connection.
-  EXPECT_EQ(machine.Run(Departments(), {L"PWD=" + kSecret, kSecret}, 8),
+  EXPECT_EQ(machine.Run(Departments(), L"PWD=" + kSecret, 8),
             recorder::Framed("CDeptoRpt::RelatorioDeptos",
                              "[modADO.AbreCn]: [Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b "
-                             "recusada: ***]: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b "
-                             "recusada: ***"));
+                             "recusada]: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b "
+                             "recusada"));
 }
 
 TEST(Password, IsThreeAsterisksInWhatTheModulesSayAndLog) {
   Machine machine;
   const ReportMethod& dividers = *FindReportMethod(L"CCaixaRpt", L"EtiquetaDivisoria");
   // The making of the connection component.
-  EXPECT_EQ(machine.Run(dividers, {L"PWD=" + kSecret, kSecret}, 1),
-            (Raised{platform::kErrBase + 8107,
-                    "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada: ***",
-                    "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
-                    "Application=b recusada: ***"}));
+  EXPECT_EQ(
+      machine.Run(dividers, L"PWD=" + kSecret, 1),
+      (Raised{platform::kErrBase + 8107, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
+              "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
+              "Application=b recusada"}));
   EXPECT_EQ(machine.Logged(),
             "Object2.Call(DebugLog, \"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147467259 em "
-            "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada: ***: Conexão "
-            "Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada: ***\") -> Empty\n");
+            "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada: Conexão "
+            "Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada\") -> Empty\n");
 }
 
-TEST(Password, IsInNoLogLineThatRepeatsAFilter) {
+// The words of the component stay as they are even where they hold what looks like the password's pair.
+TEST(Password, IsHiddenInNoModuleCodeOfALogLine) {
   Machine machine;
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
-  parameters.Let(L"Modulo1", L"AB 1;PWD=" + kSecret);
+  parameters.Let(L"Modulo1", L"AB 1;PWD=banco");
   std::vector<std::string> heard;
   CCaixaRpt report(machine.around);
   report.OnDebugLog([&](const std::wstring& line) { heard.push_back(recorder::Utf8(line)); });
-  report.SetStringConexao(L"DSN=a;PWD=" + kSecret);
-  recorder::RaisedBy([&] { report.EtiquetaFechamentoSubordinada(&parameters); });
-  recorder::RaisedBy([&] { report.AutorizacaoDescarteModuloSubRpt(&parameters); });
-  EXPECT_LE(2U, heard.size());
-  for (const std::string& line : heard) EXPECT_FALSE(TellsSecret(line));
-  EXPECT_FALSE(TellsSecret(machine.Logged()));
+  report.SetStringConexao(L"DSN=a;PWD=banco");
+  report.AutorizacaoDescarteModuloSubRpt(&parameters);
+  EXPECT_EQ(heard, (std::vector<std::string>{
+                       "KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: executando query para o módulo "
+                       "<AB 1;PWD=banco>",
+                       "KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: query vazia, usando query com dados em "
+                       "branco"}));
+}
+
+TEST(Password, IsHiddenInNoModuleCodeOfAnError) {
+  Machine machine;
+  machine.around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {platform::ObjectRef()}}});
+  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
+  parameters.Let(L"Modulo1", L"AB 1;PWD=banco");
+  CCaixaRpt report(machine.around);
+  report.SetStringConexao(L"DSN=a;PWD=banco");
+  EXPECT_EQ(recorder::RaisedBy([&] { report.EtiquetaFechamentoSubordinada(&parameters); }),
+            recorder::Framed("CCaixaRpt::EtiquetaFechamentoSubordinada",
+                             "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo "
+                             "AB 1;PWD=banco"));
+}
+
+TEST(Password, IsHiddenInNoDatabaseCode) {
+  Machine machine;
+  machine.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {4}}});
+  const ReportMethod& vencidos = *FindReportMethod(L"CCaixaRpt", L"ModulosVencidos");
+  frame::ParameterObject modules(frame::ParameterClassNamed(L"CCaixaRptObj"));
+  EXPECT_EQ(recorder::RaisedBy([&] { vencidos.call(machine.around, L"Provider=x;Password=banco", &modules); }),
+            (Raised{platform::kErrBase + 8107, "TradutorSQL.SQLToInt",
+                    "Erro ao gerar dados para o relatório: Não há entrada para o banco tipo 4"}));
+}
+
+TEST(Password, IsHiddenInNoSource) {
+  Machine machine;
+  const ReportMethod& dividers = *FindReportMethod(L"CCaixaRpt", L"EtiquetaDivisoria");
+  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
+  machine.around.journal.FailOn(L"CreateObject",
+                                std::make_exception_ptr(platform::MakeRuntimeError(platform::RuntimeError::kOverflow)));
+  EXPECT_EQ(recorder::RaisedBy([&] { dividers.call(machine.around, L"DSN=a;Password=Kodra", &parameters); }),
+            recorder::Framed("CCaixaRpt::EtiquetaDivisoria", "Estouro"));
+}
+
+TEST(Password, IsHiddenInNoNativeCode) {
+  Machine machine;
+  machine.around.ado.nativeErrors = {1017};
+  machine.around.journal.FailOn(L"Recordset1.Open",
+                                recorder::Failure(Erro(-2147217843, L"Provedor", L"ORA-01017: negado")));
+  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CDeptoRptObj"));
+  EXPECT_EQ(recorder::RaisedBy([&] { Departments().call(machine.around, L"DSN=a;PWD=1017", &parameters); }),
+            recorder::Framed("CDeptoRpt::RelatorioDeptos", "[Provedor]: ORA-01017: negado [N:1017]"));
 }
 
 // The file that SQLite is to read may be named by a piece of the password.
-TEST(Password, IsNotTheNameOfAFileThatIsMissing) {
+TEST(Password, IsHiddenInNoPathOfAFile) {
   Machine machine;
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CDeptoRptObj"));
   EXPECT_EQ(recorder::RaisedBy([&] {
-              Departments().call(machine.around, L"Driver={SQLite3};PWD={a;Database=" + kSecret + L"}", &parameters);
+              Departments().call(machine.around, L"Driver={SQLite3};PWD={a;Database=/acervo/banco}", &parameters);
             }),
             recorder::Framed("CDeptoRpt::RelatorioDeptos",
-                             "[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"***}\" não encontrado."));
+                             "[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "
+                             "\"/acervo/banco}\" não encontrado."));
 }
 
 }  // namespace

@@ -68,12 +68,12 @@ Fault Describe(ProviderFault fault) {
 }  // namespace
 
 void Raise(ControlError error, std::wstring_view source) {
-  throw Erro(static_cast<std::int32_t>(error), std::wstring(source), std::wstring(Text(error)));
+  throw ForeignErro(static_cast<std::int32_t>(error), std::wstring(source), std::wstring(Text(error)));
 }
 
 void Raise(ProviderFault fault) {
   const Fault what = Describe(fault);
-  throw Erro(static_cast<std::int32_t>(fault), std::wstring(what.source), std::wstring(what.text));
+  throw ForeignErro(static_cast<std::int32_t>(fault), std::wstring(what.source), std::wstring(what.text));
 }
 
 std::int32_t HresultOfSqlState(std::wstring_view sqlState, Stage stage) {

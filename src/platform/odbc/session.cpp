@@ -8,7 +8,6 @@
 #include "platform/odbc/recordset.h"
 #include "platform/odbc/utf16.h"
 #include "platform/odbc/utf8_locale.h"
-#include "platform/password.h"
 
 namespace kodra::platform::odbc {
 namespace {
@@ -52,7 +51,7 @@ std::vector<ProviderError> Diagnostics(SQLSMALLINT handleType, SQLHANDLE handle,
     error.sqlState = FromWide(state, 5);
     error.number = HresultOfSqlState(error.sqlState, stage);
     error.source = kProviderSource;
-    error.description = HidePassword(FromUtf16(std::u16string_view(message).substr(0, given)));
+    error.description = FromUtf16(std::u16string_view(message).substr(0, given));
     error.nativeError = native;
     errors.push_back(std::move(error));
   }
@@ -175,7 +174,7 @@ void Session::Fail(SQLSMALLINT handleType, SQLHANDLE handle, Stage stage) {
   const auto isError = [](const ProviderError& error) { return error.sqlState.substr(0, 2) != L"01"; };
   const auto found = std::find_if(errors_.begin(), errors_.end(), isError);
   const ProviderError& raised = found == errors_.end() ? errors_.front() : *found;
-  throw Erro(raised.number, raised.source, raised.description);
+  throw ForeignErro(raised.number, raised.source, raised.description);
 }
 
 }  // namespace kodra::platform::odbc

@@ -67,7 +67,7 @@ inline constexpr std::int32_t kFldLong = 0x80;
 
 namespace kodra::platform::odbc {
 
-// One member of a connection's Errors collection. The description never shows a password.
+// One member of a connection's Errors collection, in the words of the driver.
 struct ProviderError {
   std::int32_t number = 0;  // an HRESULT
   std::wstring source;

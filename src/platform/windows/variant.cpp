@@ -204,11 +204,11 @@ HRESULT HresultOf(std::int32_t number) noexcept {
   return number > 0 && number <= 0xFFFF ? static_cast<HRESULT>(kControlErrors | number) : E_FAIL;
 }
 
-Erro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
+ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
   const auto support = com_ptr<IUnknown>(object).as<ISupportErrorInfo>();
   com_ptr<IErrorInfo> info;
   if (!support || support->InterfaceSupportsErrorInfo(iid) != S_OK || GetErrorInfo(0, info.put()) != S_OK)
-    return WithoutInfo(hr);
+    return ForeignErro(WithoutInfo(hr));
   ScopedBstr source;
   ScopedBstr description;
   info->GetSource(source.put());
@@ -216,8 +216,8 @@ Erro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
   return {NumberOf(hr), ToWide(source.get()), ToWide(description.get())};
 }
 
-Erro ErrorOf(HRESULT hr, EXCEPINFO& info) {
-  if (hr != DISP_E_EXCEPTION) return WithoutInfo(hr);
+ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info) {
+  if (hr != DISP_E_EXCEPTION) return ForeignErro(WithoutInfo(hr));
   if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
   ScopedBstr source;
   ScopedBstr description;

@@ -85,9 +85,9 @@ HRESULT HresultOf(std::int32_t number) noexcept;
 
 // The error that a call by vtable left behind: number, source and description of its IErrorInfo where `object` says
 // that `iid` supports it, else the number with the system's text and the application's title as the source.
-Erro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid);
+ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid);
 // The same for a call through IDispatch, from the EXCEPINFO, which is emptied.
-Erro ErrorOf(HRESULT hr, EXCEPINFO& info);
+ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info);
 
 // Raises ErrorOf when the call failed.
 template <class T>

@@ -2,7 +2,6 @@
 #include "reports/modules/caixa_rpt.h"
 
 #include "frame/cerro.h"
-#include "platform/password.h"
 #include "text/convert.h"
 #include "text/numbers.h"
 
@@ -22,7 +21,7 @@ void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
 }
 
 void CCaixaRpt::WriteLog(std::wstring_view text) {
-  const std::wstring line = platform::HidePassword(text, StringConexao());
+  const std::wstring line(text);
   if (!log_) log_ = Around().CreateObject(L"VantLog.FnLog");
   // On every line: the client may have changed the file between two calls.
   log_->Let(L"LogFile", logFile_);

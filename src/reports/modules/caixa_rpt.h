@@ -57,7 +57,7 @@ class CCaixaRpt : public frame::ReportClass {
  private:
   // This class's checks: a connection or a connection string, then the parameter object; then the database code.
   void InicializaPS(const platform::AutomationObject* obj);
-  // Writes a line to the log and announces it, without the password of the connection string.
+  // Writes a line to the log and announces it.
   void DebugLog(const auto&... pieces) { WriteLog(text::LocalText<200>(pieces...)); }
   void WriteLog(std::wstring_view text);
   // Runs a report method. Whatever fails is logged, and reaches the client as kReportError with the cause's source (the
