@@ -11,8 +11,8 @@ void Collection::ForEach(const std::function<void(const Value&)>& visit) {
 Value Collection::Item(std::span<const Value> arguments) {
   const std::int32_t index = text::ToInt32(arguments[0]);
   if (index < 1 || index > Count()) {
-    throw platform::Erro(kSubscriptOutOfRange, std::wstring(platform::kApplicationTitle),
-                         L"Subscrito fora do intervalo");
+    throw platform::ForeignErro(kSubscriptOutOfRange, std::wstring(platform::kApplicationTitle),
+                                L"Subscrito fora do intervalo");
   }
   return values_[static_cast<std::size_t>(index) - 1];
 }

@@ -16,8 +16,8 @@ void Append(const std::wstring& path, const std::string& bytes) {
   file << bytes;
   file.close();
   if (!file) {
-    throw platform::Erro(platform::kErrBase + 1, L"VantLog.FnLog::DebugLog",
-                         L"Não foi possível gravar no arquivo de log \"" + path + L"\".");
+    throw platform::ForeignErro(platform::kErrBase + 1, L"VantLog.FnLog::DebugLog",
+                                L"Não foi possível gravar no arquivo de log \"" + path + L"\".");
   }
 }
 

@@ -24,8 +24,8 @@ std::wstring SubordinateCode(std::int32_t databaseCode, std::wstring_view alias)
     case sql::tbSQLite:
       return parent + L" || substr('0' || " + number + L", -2)";
     default:
-      throw platform::Erro(platform::kErrBase + 1, L"KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL",
-                           L"Não há entrada para o banco tipo " + std::to_wstring(databaseCode));
+      throw platform::ForeignErro(platform::kErrBase + 1, L"KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL",
+                                  L"Não há entrada para o banco tipo " + std::to_wstring(databaseCode));
   }
 }
 

@@ -41,7 +41,7 @@ constexpr Parameter kParameters[] = {
 // The values as their source has them, in the order of kParameters; Empty or Null where it has none.
 using RawValues = std::array<Value, std::size(kParameters)>;
 
-platform::Erro Failure(std::int32_t number, std::wstring description) {
+platform::ForeignErro Failure(std::int32_t number, std::wstring description) {
   return {platform::kErrBase + number, L"KodraParamSist.Obtedor::Obtem", std::move(description)};
 }
 

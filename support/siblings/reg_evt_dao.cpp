@@ -110,8 +110,8 @@ std::wstring ClauseOf(const Database& database, platform::AutomationObject& filt
 
 Value RegEvtDao::Localiza(std::span<const Value> arguments) {
   if (stringConexao_.empty()) {
-    throw platform::Erro(platform::kErrBase + 1, L"KodraRegEvt.RegEvtDAO::Localiza",
-                         L"É preciso definir \"StringConexao\".");
+    throw platform::ForeignErro(platform::kErrBase + 1, L"KodraRegEvt.RegEvtDAO::Localiza",
+                                L"É preciso definir \"StringConexao\".");
   }
   platform::AutomationObject& filter = platform::RequiredObject(arguments[0]);
   const Database database(surroundings_, stringConexao_);

@@ -122,8 +122,8 @@ Member<ClassOf<kFunction>> Method(std::wstring_view name) {
   using T = ClassOf<kFunction>;
   return {.name = name, .call = [](T& self, std::span<const platform::Value> arguments) -> platform::Value {
             if (arguments.size() != kArity) {
-              throw platform::Erro(kWrongArguments, std::wstring(platform::kApplicationTitle),
-                                   L"Número de argumentos incorreto ou atribuição de propriedade inválida");
+              throw platform::ForeignErro(kWrongArguments, std::wstring(platform::kApplicationTitle),
+                                          L"Número de argumentos incorreto ou atribuição de propriedade inválida");
             }
             return (self.*kFunction)(arguments);
           }};

@@ -174,7 +174,7 @@ class ExecutaPassword : public testing::Test {
 
 TEST_F(ExecutaPassword, IsHiddenWhereArgumentsAreQuoted) {
   EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
-            Misused("argumento a mais: \"Driver={X};PWD=***"));
+            Misused("argumento a mais: \"Driver={X};PWD=***\""));
   EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"}).code, ExitCode::kUsage);
   EXPECT_EQ(Failing({"Driver={X};PWD=segredo;UID=a"}).code, ExitCode::kUsage);
   EXPECT_EQ(Failing({"executa", "Driver={X};PWD=segredo;UID=a", "--conexao", "x"}).code, ExitCode::kUsage);
