@@ -51,19 +51,15 @@ void ParameterObject::Let(std::wstring_view member, const Value& value) {
   values_[index] = Normalised(class_.properties[index].rule, value);
 }
 
-void ParameterObject::Set(std::wstring_view, const platform::ObjectRef&) {
-  throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
-}
+void ParameterObject::Set(std::wstring_view, const platform::ObjectRef&) { throw platform::MemberNotFound(); }
 
-Value ParameterObject::Call(std::wstring_view, std::span<const Value>) {
-  throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
-}
+Value ParameterObject::Call(std::wstring_view, std::span<const Value>) { throw platform::MemberNotFound(); }
 
 std::size_t ParameterObject::IndexOf(std::wstring_view member) const {
   const auto found = std::find_if(class_.properties.begin(), class_.properties.end(), [&](const Property& property) {
     return text::EqualIgnoringCase(property.name, member);
   });
-  if (found == class_.properties.end()) throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+  if (found == class_.properties.end()) throw platform::MemberNotFound();
   return static_cast<std::size_t>(found - class_.properties.begin());
 }
 

@@ -51,7 +51,7 @@ class ParameterObject final : public platform::AutomationObject {
   // The value is converted to the property's type: what cannot be raises RuntimeError::kTypeMismatch, a null
   // RuntimeError::kInvalidUseOfNull; the property then keeps its value.
   void Let(std::wstring_view member, const platform::Value& value) override;
-  // No property takes an object and there are no methods: both raise RuntimeError::kMemberNotFound.
+  // No property takes an object and there are no methods: both raise MemberNotFound.
   void Set(std::wstring_view member, const platform::ObjectRef& object) override;
   platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override;
 

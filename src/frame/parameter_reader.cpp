@@ -7,14 +7,12 @@ namespace kodra::frame {
 namespace {
 
 platform::Value Read(platform::AutomationObject& parameters, text::Piece property) {
-  constexpr auto kMemberNotFound = static_cast<std::int32_t>(platform::RuntimeError::kMemberNotFound);
   try {
     return parameters.Get(property);
-  } catch (const platform::Erro& erro) {
-    if (erro.Number() != kMemberNotFound) throw;
+  } catch (const platform::MemberNotFound& erro) {
+    throw platform::Erro(erro.Number(), erro.Source(),
+                         L"O objeto de parâmetros não tem a propriedade \"" + std::wstring(property) + L"\".");
   }
-  throw platform::Erro(kMemberNotFound, std::wstring(platform::kApplicationTitle),
-                       L"O objeto de parâmetros não tem a propriedade \"" + std::wstring(property) + L"\".");
 }
 
 }  // namespace

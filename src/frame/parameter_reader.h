@@ -9,8 +9,8 @@
 namespace kodra::frame {
 
 // The value of a property as a text, a date or a Boolean. A property that the object does not have raises error 438
-// with its name in the description; a null raises RuntimeError::kInvalidUseOfNull, a value that cannot be converted
-// RuntimeError::kTypeMismatch.
+// with its name in the description, while an error 438 that the property's own code raises passes as it is. A null
+// raises RuntimeError::kInvalidUseOfNull, a value that cannot be converted RuntimeError::kTypeMismatch.
 std::wstring ReadText(platform::AutomationObject& parameters, text::Piece property);
 platform::Date ReadDate(platform::AutomationObject& parameters, text::Piece property);
 bool ReadFlag(platform::AutomationObject& parameters, text::Piece property);

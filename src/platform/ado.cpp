@@ -13,14 +13,12 @@ class FieldObject final : public AutomationObject {
 
   Value Get(std::wstring_view member) override { return Named(member).Get(); }
   void Let(std::wstring_view member, const Value& value) override { Named(member).Let(value); }
-  void Set(std::wstring_view, const ObjectRef&) override { throw MakeRuntimeError(RuntimeError::kMemberNotFound); }
-  Value Call(std::wstring_view, std::span<const Value>) override {
-    throw MakeRuntimeError(RuntimeError::kMemberNotFound);
-  }
+  void Set(std::wstring_view, const ObjectRef&) override { throw MemberNotFound(); }
+  Value Call(std::wstring_view, std::span<const Value>) override { throw MemberNotFound(); }
 
  private:
   Field& Named(std::wstring_view member) {
-    if (member != L"Value") throw MakeRuntimeError(RuntimeError::kMemberNotFound);
+    if (member != L"Value") throw MemberNotFound();
     return field_;
   }
 

@@ -1,7 +1,7 @@
 // An object reached late-bound, by member name: a sibling component, or the parameter object that a client passes.
 //
 // Member names are compared without regard to letter case, as automation does. Every operation raises Erro: what the
-// object itself raised, or RuntimeError::kMemberNotFound for a name that it does not have.
+// object itself raised, or MemberNotFound for a name that it does not have.
 // Used only on the thread that made it.
 #pragma once
 

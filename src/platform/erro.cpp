@@ -31,6 +31,8 @@ constexpr std::int32_t kInternalError = 51;
 
 }  // namespace
 
+MemberNotFound::MemberNotFound() : Erro(MakeRuntimeError(RuntimeError::kMemberNotFound)) {}
+
 Erro MakeRuntimeError(RuntimeError error) {
   return {static_cast<std::int32_t>(error), std::wstring(kApplicationTitle), std::wstring(Text(error))};
 }

@@ -60,5 +60,12 @@ Erro MakeRuntimeError(RuntimeError error);
 // The exception being handled, as an Erro: an Erro as it is, exhausted memory as RuntimeError::kOutOfMemory, anything
 // else as number 51 (internal error). REQUIRES: called inside a catch clause.
 Erro CurrentErro();
+// RuntimeError::kMemberNotFound, raised by an object for a name that it does not have. An error 438 of any other type
+// comes from inside a member that exists.
+class MemberNotFound : public Erro {
+ public:
+  MemberNotFound();
+};
+
 
 }  // namespace kodra::platform

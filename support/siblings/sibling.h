@@ -11,7 +11,7 @@
 //   };
 //
 // A property is read with Get or, as late-bound clients write it, with Call without arguments; a method only with Call.
-// A name that is not in the list, or that is in it for another use, raises RuntimeError::kMemberNotFound.
+// A name that is not in the list, or that is in it for another use, raises MemberNotFound.
 #pragma once
 
 #include <functional>
@@ -68,7 +68,7 @@ class Sibling : public platform::AutomationObject {
   static Use For(std::wstring_view name, Use Member<T>::*use) {
     const Member<T>* member = Find(name);
     if (member == nullptr || member->*use == nullptr) {
-      throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+      throw platform::MemberNotFound();
     }
     return member->*use;
   }

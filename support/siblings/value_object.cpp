@@ -6,7 +6,7 @@
 namespace kodra::support {
 namespace {
 
-[[noreturn]] void RaiseNotFound() { throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound); }
+[[noreturn]] void RaiseNotFound() { throw platform::MemberNotFound(); }
 
 }  // namespace
 

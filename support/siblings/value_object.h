@@ -15,7 +15,7 @@ class ValueObject final : public platform::AutomationObject {
 
   explicit ValueObject(std::vector<Entry> entries) : entries_(std::move(entries)) {}
 
-  // Every value is read-only: Let and Set raise RuntimeError::kMemberNotFound. Call without arguments is Get.
+  // Every value is read-only: Let and Set raise MemberNotFound. Call without arguments is Get.
   platform::Value Get(std::wstring_view member) override;
   void Let(std::wstring_view member, const platform::Value& value) override;
   void Set(std::wstring_view member, const platform::ObjectRef& object) override;

@@ -69,6 +69,20 @@ TEST_F(ParameterReaderTest, NamesThePropertyThatTheObjectDoesNotHave) {
   EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"CodModelo"); }), missing);
 }
 
+TEST_F(ParameterReaderTest, KeepsTheDescriptionOfAMissingMemberThatTheGetterItselfRaises) {
+  const auto object = Parameters(L"V");
+  const auto raises = [&] {
+    around_.journal.FailOn(L"Parametros.Get", Failure(platform::Erro(438, L"Cliente", L"O documento não tem capa")));
+  };
+  const Raised own = {438, "Cliente", "O documento não tem capa"};
+  raises();
+  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"TipoRpt"); }), own);
+  raises();
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"TipoRpt"); }), own);
+  raises();
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), own);
+}
+
 TEST_F(ParameterReaderTest, LetsAnyOtherErrorThrough) {
   around_.journal.FailOn(L"Parametros.Get", Failure(platform::Erro(-2147220000, L"Cliente", L"Agora não")));
   EXPECT_EQ(RaisedBy([&] { ReadFrom(L"V"); }), (Raised{-2147220000, "Cliente", "Agora não"}));

@@ -33,8 +33,7 @@ class FakeObject final : public platform::AutomationObject, public Fake {
  private:
   platform::Value Answer(const std::wstring& call, std::wstring_view member) {
     const auto found = answers_.find(std::wstring(member));
-    if (found == answers_.end())
-      journal_.Refuse(call, platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound));
+    if (found == answers_.end()) journal_.Refuse(call, platform::MemberNotFound());
     std::deque<platform::Value>& values = found->second;
     const platform::Value answer = values.front();
     journal_.Note(call, Shown(answer));

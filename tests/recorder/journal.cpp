@@ -90,10 +90,9 @@ void Journal::Note(const std::wstring& call, std::wstring_view answer) {
   lines_.push_back(answer.empty() ? call : call + L" -> " + std::wstring(answer));
 }
 
-void Journal::Refuse(const std::wstring& call, const platform::Erro& erro) {
+void Journal::NoteRefusal(const std::wstring& call) {
   CountCall(call);
   lines_.push_back(call + L" raises");
-  throw erro;
 }
 
 std::wstring Journal::NewName(std::wstring_view kind) {

@@ -49,7 +49,11 @@ class Journal {
   // For the fakes. Note writes a call down, or makes it fail when a test asked for that; Refuse writes down a call that
   // its fake itself answers with an error.
   void Note(const std::wstring& call, std::wstring_view answer = {});
-  [[noreturn]] void Refuse(const std::wstring& call, const platform::Erro& erro);
+  template <class Exception>
+  [[noreturn]] void Refuse(const std::wstring& call, const Exception& exception) {
+    NoteRefusal(call);
+    throw exception;
+  }
   // The name of a new fake of a kind: Connection1, Connection2, …
   std::wstring NewName(std::wstring_view kind);
   void Enter() { ++live_; }
@@ -64,6 +68,7 @@ class Journal {
   };
 
   void CountCall(const std::wstring& call);
+  void NoteRefusal(const std::wstring& call);
 
   std::vector<std::wstring> lines_;
   std::vector<Failure> failures_;

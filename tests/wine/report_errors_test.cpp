@@ -164,6 +164,10 @@ TEST(ReportErrors, ADatabaseWithoutTheTableGivesTheProvidersTextAndItsCode) {
 TEST(ReportErrors, AParameterObjectWithoutThePropertyIsNamedByIt) {
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"Owner", L"x"),
                 L"O objeto de parâmetros não tem a propriedade \"TipoRpt\".");
+  // It knows the name, but not as something to read.
+  ExpectFailure(kMedia, ArchiveConnection(),
+                ForeignObject::With(L"TipoRpt", [](VARIANT*, EXCEPINFO*) { return DISP_E_MEMBERNOTFOUND; }),
+                L"O objeto de parâmetros não tem a propriedade \"TipoRpt\".");
   ExpectFailure(kModels, ArchiveConnection(), ParametersOf(kMedia),
                 L"O objeto de parâmetros não tem a propriedade \"CodModelo\".");
 }
@@ -172,6 +176,12 @@ TEST(ReportErrors, WhatTheParameterObjectRaisesIsTheCause) {
   const auto raising =
       ForeignObject::With(L"TipoRpt", Raising(static_cast<HRESULT>(0x8004002A), L"Cliente.Filtro", L"Sem permissão."));
   ExpectFailure(kMedia, ArchiveConnection(), raising, L"Sem permissão.");
+}
+
+TEST(ReportErrors, AMemberThatTheParameterObjectItselfMissesKeepsItsText) {
+  const auto raising = ForeignObject::With(
+      L"TipoRpt", Raising(static_cast<HRESULT>(0x800A01B6), L"Cliente.Filtro", L"O documento não tem capa"));
+  ExpectFailure(kMedia, ArchiveConnection(), raising, L"O documento não tem capa");
 }
 
 TEST(ReportErrors, APropertyThatHoldsNoTextIsTheCause) {

@@ -30,6 +30,11 @@ class MemberName {
   wchar_t* text_;
 };
 
+[[noreturn]] void Raise(HRESULT hr, EXCEPINFO& info) {
+  if (hr == DISP_E_UNKNOWNNAME || hr == DISP_E_MEMBERNOTFOUND) throw MemberNotFound();
+  throw ErrorOf(hr, info);
+}
+
 }  // namespace
 
 ScopedVariant DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count) {
@@ -37,7 +42,7 @@ ScopedVariant DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIAN
   DISPID id = DISPID_UNKNOWN;
   EXCEPINFO info = {};
   HRESULT hr = object_->GetIDsOfNames(IID_NULL, name.get(), 1, LOCALE_USER_DEFAULT, &id);
-  if (FAILED(hr)) throw ErrorOf(hr, info);
+  if (FAILED(hr)) Raise(hr, info);
 
   DISPID put = DISPID_PROPERTYPUT;
   const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
@@ -45,7 +50,7 @@ ScopedVariant DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIAN
   ScopedVariant result;
   hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, isPut ? nullptr : result.get(), &info,
                        nullptr);
-  if (FAILED(hr)) throw ErrorOf(hr, info);
+  if (FAILED(hr)) Raise(hr, info);
   return result;
 }
 
@@ -82,7 +87,7 @@ void DispatchObject::ForEach(const std::function<void(const Value&)>& visit) {
   const HRESULT hr = object_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT,
                                      DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, enumeration.put(), &info, nullptr);
   if (hr == DISP_E_MEMBERNOTFOUND) return AutomationObject::ForEach(visit);
-  if (FAILED(hr)) throw ErrorOf(hr, info);
+  if (FAILED(hr)) Raise(hr, info);
   const VARTYPE type = V_VT(enumeration.get());
   com_ptr<IEnumVARIANT> members;
   if (type == VT_UNKNOWN || type == VT_DISPATCH)

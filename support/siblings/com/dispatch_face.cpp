@@ -103,7 +103,7 @@ HRESULT DispatchFace::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, D
 
 Value DispatchFace::Perform(const std::wstring& member, WORD kind, const DISPPARAMS& parameters) {
   if ((kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
-    if (parameters.cArgs != 1) throw platform::MakeRuntimeError(RuntimeError::kMemberNotFound);
+    if (parameters.cArgs != 1) throw platform::MemberNotFound();
     const Value value = com::ToValue(parameters.rgvarg[0]);
     if ((kind & DISPATCH_PROPERTYPUTREF) != 0 && value.Is<ObjectRef>()) {
       object_->Set(member, value.As<ObjectRef>());

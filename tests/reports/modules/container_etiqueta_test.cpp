@@ -33,18 +33,13 @@ class Conversions final : public platform::AutomationObject, public recorder::Fa
 
   Value Call(std::wstring_view member, std::span<const Value> arguments) override {
     Note(L"Call", {member});
-    if (member != L"ToDate" || arguments.size() != 1)
-      throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
+    if (member != L"ToDate" || arguments.size() != 1) throw platform::MemberNotFound();
     const Value value = platform::RequiredObject(arguments[0]).Get(L"Value");
     return value.Is<Null>() ? Value(Date{}) : value;
   }
-  Value Get(std::wstring_view) override { throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound); }
-  void Let(std::wstring_view, const Value&) override {
-    throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
-  }
-  void Set(std::wstring_view, const ObjectRef&) override {
-    throw platform::MakeRuntimeError(platform::RuntimeError::kMemberNotFound);
-  }
+  Value Get(std::wstring_view) override { throw platform::MemberNotFound(); }
+  void Let(std::wstring_view, const Value&) override { throw platform::MemberNotFound(); }
+  void Set(std::wstring_view, const ObjectRef&) override { throw platform::MemberNotFound(); }
 };
 
 // The modules of a container, as the database has them.
