@@ -171,6 +171,7 @@ ObjectRef NullPlatform::CreateObject(const std::wstring&) {
 void NullPlatform::SetEnvironment(const std::wstring&, const std::wstring&) {}
 
 std::optional<std::uint64_t> NullPlatform::FileLength(const std::wstring&) { return 1; }
+bool NullPlatform::IsFile(const std::wstring&) { return true; }
 
 }  // namespace kodra::bench
 

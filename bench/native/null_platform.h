@@ -39,6 +39,7 @@ class NullPlatform final : public platform::Surroundings {
   platform::ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+  bool IsFile(const std::wstring& path) override;
 
  private:
   // All siblings in one.

@@ -28,6 +28,7 @@ class CapturingSurroundings final : public platform::Surroundings {
   }
   void SetEnvironment(const std::wstring&, const std::wstring&) override {}
   std::optional<std::uint64_t> FileLength(const std::wstring&) override { return std::nullopt; }
+  bool IsFile(const std::wstring&) override { return false; }
 
  private:
   std::int32_t databaseCode_;

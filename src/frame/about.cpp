@@ -12,7 +12,7 @@ std::wstring About::Executavel() const {
   if (!folder.ends_with(L'\\')) folder += L'\\';
   std::wstring path = folder + file.substr(0, file.rfind(L'.'));
   for (const wchar_t* extension : {L".EXE", L".DLL", L".OCX"})
-    if (surroundings_.FileLength(path + extension)) return path + extension;
+    if (surroundings_.IsFile(path + extension)) return path + extension;
   return path;
 }
 

@@ -27,6 +27,8 @@ class Surroundings {
   virtual void SetEnvironment(const std::wstring& name, const std::wstring& value) = 0;
   // The length in bytes of the file at a path, 0 for a folder, nothing when neither answers.
   virtual std::optional<std::uint64_t> FileLength(const std::wstring& path) = 0;
+  // Whether a file answers at a path; a folder is none.
+  virtual bool IsFile(const std::wstring& path) = 0;
 
  protected:
   ~Surroundings() = default;

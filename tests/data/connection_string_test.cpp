@@ -128,6 +128,12 @@ TEST_F(PreAbreCnTest, RaisesForAnSQLiteFileWithoutAByte) {
             (Raised{platform::kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\vazio.db" danificado.)"}));
 }
 
+TEST_F(PreAbreCnTest, RaisesForAFolderInPlaceOfAnSQLiteFile) {
+  around_.folders = {L"C:\\dados"};
+  EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\dados;"); }),
+            (Raised{platform::kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\dados" danificado.)"}));
+}
+
 TEST_F(PreAbreCnTest, LooksForAnEmptyPathWhenAnSQLiteStringNamesNoFile) {
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;"); }),
             (Raised{platform::kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "" não encontrado.)"}));

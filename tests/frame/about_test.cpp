@@ -25,8 +25,8 @@ TEST_F(AboutTest, FindsTheDLL) {
   around_.files[L"C:\\Kodra\\KodraRpt.DLL"] = 1;
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt.DLL)");
   EXPECT_EQ(around_.journal.Calls(), Lines({
-                                         R"(FileLength("C:\Kodra\KodraRpt.EXE") -> none)",
-                                         R"(FileLength("C:\Kodra\KodraRpt.DLL") -> 1)",
+                                         R"(IsFile("C:\Kodra\KodraRpt.EXE") -> False)",
+                                         R"(IsFile("C:\Kodra\KodraRpt.DLL") -> True)",
                                      }));
 }
 
@@ -41,6 +41,13 @@ TEST_F(AboutTest, FindsAnEmptyFileToo) {
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt.EXE)");
 }
 
+TEST_F(AboutTest, TakesNoFolderForItsFile) {
+  around_.folders = {L"C:\\Kodra\\KodraRpt.EXE", L"C:\\Kodra\\KodraRpt.DLL"};
+  EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt)");
+  around_.files[L"C:\\Kodra\\KodraRpt.OCX"] = 1;
+  EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt.OCX)");
+}
+
 TEST_F(AboutTest, FindsAnOCXLast) {
   around_.files[L"C:\\Kodra\\KodraRpt.OCX"] = 1;
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.ocx"), R"(C:\Kodra\KodraRpt.OCX)");
@@ -49,9 +56,9 @@ TEST_F(AboutTest, FindsAnOCXLast) {
 TEST_F(AboutTest, GivesTheNameWithoutExtensionWhenNoFileAnswers) {
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt)");
   EXPECT_EQ(around_.journal.Calls(), Lines({
-                                         R"(FileLength("C:\Kodra\KodraRpt.EXE") -> none)",
-                                         R"(FileLength("C:\Kodra\KodraRpt.DLL") -> none)",
-                                         R"(FileLength("C:\Kodra\KodraRpt.OCX") -> none)",
+                                         R"(IsFile("C:\Kodra\KodraRpt.EXE") -> False)",
+                                         R"(IsFile("C:\Kodra\KodraRpt.DLL") -> False)",
+                                         R"(IsFile("C:\Kodra\KodraRpt.OCX") -> False)",
                                      }));
 }
 

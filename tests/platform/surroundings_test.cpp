@@ -66,7 +66,7 @@ TEST(Surroundings, AnEnvironmentVariableIsSetForTheProcess) {
   EXPECT_STREQ(std::getenv("KODRA_TESTE"), "outro");
 }
 
-TEST(Surroundings, FileLengthTellsFilesFoldersAndNothingApart) {
+TEST(Surroundings, FilesFoldersAndNothingAreToldApart) {
   const std::filesystem::path folder =
       std::filesystem::temp_directory_path() / ("kodra-arquivos-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder);
@@ -79,6 +79,12 @@ TEST(Surroundings, FileLengthTellsFilesFoldersAndNothingApart) {
   EXPECT_EQ(machine.FileLength(folder.wstring() + L"/nada.db"), std::nullopt);
   EXPECT_EQ(machine.FileLength(L""), std::nullopt);
   EXPECT_EQ(machine.FileLength(std::wstring(1, static_cast<wchar_t>(0xD800))), std::nullopt);
+  EXPECT_TRUE(machine.IsFile((folder / "vazio.db").wstring()));
+  EXPECT_TRUE(machine.IsFile(folder.wstring() + L"/depósito.db"));
+  EXPECT_FALSE(machine.IsFile(folder.wstring()));
+  EXPECT_FALSE(machine.IsFile(folder.wstring() + L"/nada.db"));
+  EXPECT_FALSE(machine.IsFile(L""));
+  EXPECT_FALSE(machine.IsFile(std::wstring(1, static_cast<wchar_t>(0xD800))));
   std::filesystem::remove_all(folder);
 }
 

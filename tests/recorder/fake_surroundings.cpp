@@ -45,10 +45,17 @@ void FakeSurroundings::SetEnvironment(const std::wstring& name, const std::wstri
 }
 
 std::optional<std::uint64_t> FakeSurroundings::FileLength(const std::wstring& path) {
-  const auto found = files.find(path);
-  const bool exists = found != files.end();
-  journal.Note(L"FileLength(" + Shown(path) + L")", exists ? std::to_wstring(found->second) : L"none");
-  return exists ? std::optional(found->second) : std::nullopt;
+  std::optional<std::uint64_t> length;
+  if (const auto file = files.find(path); file != files.end()) length = file->second;
+  if (folders.contains(path)) length = 0;
+  journal.Note(L"FileLength(" + Shown(path) + L")", length ? std::to_wstring(*length) : L"none");
+  return length;
+}
+
+bool FakeSurroundings::IsFile(const std::wstring& path) {
+  const bool isFile = files.contains(path);
+  journal.Note(L"IsFile(" + Shown(path) + L")", Shown(isFile));
+  return isFile;
 }
 
 }  // namespace kodra::recorder

@@ -13,6 +13,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "platform/surroundings.h"
@@ -56,11 +57,13 @@ class FakeSurroundings final : public platform::Surroundings {
   platform::ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+  bool IsFile(const std::wstring& path) override;
 
   Journal journal;
   AdoScript ado;
-  // The files that exist, with their lengths.
+  // The files that exist, with their lengths, and the folders.
   std::map<std::wstring, std::uint64_t> files;
+  std::set<std::wstring> folders;
 
  private:
   struct NamedMaker {

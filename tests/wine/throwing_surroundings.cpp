@@ -31,6 +31,7 @@ class ThrowingSurroundings final : public platform::Surroundings {
     face::Injector::Meet(face::kFileLength);
     return windows_.FileLength(path);
   }
+  bool IsFile(const std::wstring& path) override { return windows_.IsFile(path); }
 
  private:
   platform::windows::ComSurroundings windows_;

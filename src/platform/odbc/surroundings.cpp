@@ -21,6 +21,18 @@ std::filesystem::path PathOf(const std::wstring& text) {
   return std::filesystem::path(units);
 }
 
+// The path when a file or a folder answers there.
+std::optional<std::filesystem::path> ExistingPath(const std::wstring& text) {
+  if (text.empty()) return std::nullopt;
+  try {
+    std::filesystem::path path = PathOf(text);
+    std::error_code error;
+    if (std::filesystem::exists(path, error)) return path;
+  } catch (const std::system_error&) {  // NOLINT(bugprone-empty-catch): no file has such a name
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 void Surroundings::Register(const std::wstring& progId, Factory factory) {
@@ -47,19 +59,18 @@ void Surroundings::SetEnvironment(const std::wstring& name, const std::wstring& 
 }
 
 std::optional<std::uint64_t> Surroundings::FileLength(const std::wstring& path) {
-  if (path.empty()) return std::nullopt;
-  std::filesystem::path file;
-  try {
-    file = PathOf(path);
-  } catch (const std::system_error&) {
-    return std::nullopt;
-  }
+  const std::optional<std::filesystem::path> file = ExistingPath(path);
+  if (!file) return std::nullopt;
   std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(file, error);
-  if (!std::filesystem::exists(status)) return std::nullopt;
-  if (std::filesystem::is_directory(status)) return 0;
-  const std::uintmax_t length = std::filesystem::file_size(file, error);
+  if (std::filesystem::is_directory(*file, error)) return 0;
+  const std::uintmax_t length = std::filesystem::file_size(*file, error);
   return error ? std::optional<std::uint64_t>(0) : length;
+}
+
+bool Surroundings::IsFile(const std::wstring& path) {
+  const std::optional<std::filesystem::path> file = ExistingPath(path);
+  std::error_code error;
+  return file && !std::filesystem::is_directory(*file, error);
 }
 
 }  // namespace kodra::platform::odbc

@@ -30,6 +30,7 @@ class Surroundings : public platform::Surroundings {
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   // Paths are UTF-8 on Linux.
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+  bool IsFile(const std::wstring& path) override;
 
  private:
   std::map<std::wstring, Factory> factories_;

@@ -65,6 +65,11 @@ void ComSurroundings::SetEnvironment(const std::wstring& name, const std::wstrin
 
 std::optional<std::uint64_t> ComSurroundings::FileLength(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data;
+bool ComSurroundings::IsFile(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
   if (path.empty() || !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
   if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return 0;
   return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;

@@ -15,6 +15,7 @@ class ComSurroundings final : public Surroundings {
   ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
+  bool IsFile(const std::wstring& path) override;
 };
 
 }  // namespace kodra::platform::windows
