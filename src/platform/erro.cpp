@@ -3,10 +3,9 @@
 #include <new>
 
 namespace kodra::platform {
-namespace {
 
-std::wstring_view Text(RuntimeError error) {
-  switch (error) {
+std::wstring_view RuntimeText(std::int32_t number) {
+  switch (static_cast<RuntimeError>(number)) {
     case RuntimeError::kOverflow:
       return L"Estouro";
     case RuntimeError::kOutOfMemory:
@@ -27,17 +26,15 @@ std::wstring_view Text(RuntimeError error) {
   return {};
 }
 
-constexpr std::int32_t kInternalError = 51;
-
-}  // namespace
+Erro MakeRuntimeError(RuntimeError error) {
+  const auto number = static_cast<std::int32_t>(error);
+  return {number, std::wstring(kApplicationTitle), std::wstring(RuntimeText(number))};
+}
 
 MemberNotFound::MemberNotFound() : Erro(MakeRuntimeError(RuntimeError::kMemberNotFound)) {}
 
-Erro MakeRuntimeError(RuntimeError error) {
-  return {static_cast<std::int32_t>(error), std::wstring(kApplicationTitle), std::wstring(Text(error))};
-}
-
 Erro CurrentErro() {
+  constexpr std::int32_t kInternalError = 51;
   try {
     throw;
   } catch (const Erro& erro) {

@@ -184,6 +184,11 @@ TEST(ReportErrors, AMemberThatTheParameterObjectItselfMissesKeepsItsText) {
   ExpectFailure(kMedia, ArchiveConnection(), raising, L"O documento não tem capa");
 }
 
+TEST(ReportErrors, AnErrorOfTheParameterObjectWithoutATextHasThatOfItsNumber) {
+  const auto raising = ForeignObject::With(L"TipoRpt", Raising(static_cast<HRESULT>(0x80047777), L"Cliente", L""));
+  ExpectFailure(kMedia, ArchiveConnection(), raising, L"Erro de automação (80047777)");
+}
+
 TEST(ReportErrors, APropertyThatHoldsNoTextIsTheCause) {
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"TipoRpt", Var::Null()), L"Uso de 'Null' inválido");
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"TipoRpt", Var(ParametersOf(kMedia).get())),

@@ -33,6 +33,16 @@ std::int32_t Raised(const VARIANT& variant) {
 
 constexpr std::int32_t kTypeMismatch = 13;
 
+// Windows' own text for a number, in the language of the system.
+std::wstring SystemTextOf(HRESULT hr) {
+  wchar_t text[512] = {};
+  FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, static_cast<DWORD>(hr), 0, text,
+                 512, nullptr);
+  std::wstring line(text);
+  EXPECT_GT(line.size(), 2U);
+  return line.substr(0, line.find_last_not_of(L"\r\n ") + 1);
+}
+
 TEST(VariantToValue, KeepsWhatAValueHasAKindFor) {
   EXPECT_EQ(Value(Empty{}), ToValue(Of(VT_EMPTY, [](VARIANT&) {})));
   EXPECT_EQ(Value(Null{}), ToValue(Of(VT_NULL, [](VARIANT&) {})));
@@ -231,6 +241,44 @@ TEST(ErrorOfACallByName, AsksForWhatIsFilledInLate) {
   EXPECT_EQ(L"Tardia.", erro.Description());
 }
 
+TEST(ErrorOfACallByName, WithoutADescriptionHasTheTextOfItsNumber) {
+  const struct {
+    HRESULT scode;
+    WORD code;
+    std::int32_t number;
+    std::wstring description;
+  } cases[] = {
+      {static_cast<HRESULT>(0x800A000D), 0, 13, L"Tipos incompatíveis"},
+      {static_cast<HRESULT>(0x800A01B6), 0, 438, L"O objeto não aceita esta propriedade ou método"},
+      {0, 91, 91, L"A variável do objeto ou a variável do bloco 'With' não foi definida"},
+      {DISP_E_TYPEMISMATCH, 0, DISP_E_TYPEMISMATCH, L"Tipos incompatíveis"},
+      {E_ACCESSDENIED, 0, E_ACCESSDENIED, SystemTextOf(E_ACCESSDENIED)},
+      {static_cast<HRESULT>(0x80047777), 0, static_cast<std::int32_t>(0x80047777), L"Erro de automação (80047777)"},
+      {0, 0x4321, 0x4321, L"Erro de automação (800A4321)"},
+  };
+  for (const auto& one : cases) {
+    for (const wchar_t* empty : {static_cast<const wchar_t*>(nullptr), L""}) {
+      EXCEPINFO info = {};
+      info.scode = one.scode;
+      info.wCode = one.code;
+      info.bstrSource = SysAllocString(L"Cliente");
+      info.bstrDescription = SysAllocString(empty);
+      const Erro erro = ErrorOf(DISP_E_EXCEPTION, info);
+      EXPECT_EQ(one.number, erro.Number());
+      EXPECT_EQ(L"Cliente", erro.Source());
+      EXPECT_EQ(one.description, erro.Description());
+    }
+  }
+}
+
+TEST(ErrorOfACallByName, WithoutASourceHasNone) {
+  EXCEPINFO info = {};
+  info.scode = static_cast<HRESULT>(0x800A000D);
+  const Erro erro = ErrorOf(DISP_E_EXCEPTION, info);
+  EXPECT_EQ(L"", erro.Source());
+  EXPECT_EQ(L"Tipos incompatíveis", erro.Description());
+}
+
 TEST(ErrorOfACallByName, NamesTheRuntimesOwnErrors) {
   const struct {
     HRESULT hr;
@@ -242,6 +290,7 @@ TEST(ErrorOfACallByName, NamesTheRuntimesOwnErrors) {
       {DISP_E_TYPEMISMATCH, 13, L"Tipos incompatíveis"},
       {DISP_E_OVERFLOW, 6, L"Estouro"},
       {E_OUTOFMEMORY, 7, L"Memória insuficiente"},
+      {static_cast<HRESULT>(0x800A005E), 94, L"Uso de 'Null' inválido"},
       {static_cast<HRESULT>(0x8004ABCD), static_cast<std::int32_t>(0x8004ABCD), L"Erro de automação (8004ABCD)"},
   };
   for (const auto& one : cases) {
@@ -269,11 +318,11 @@ class Supporting final : public ISupportErrorInfo {
   HRESULT answer_;
 };
 
-void LeaveErrorInfo() {
+void LeaveErrorInfo(const wchar_t* description = L"Falhou.") {
   com_ptr<ICreateErrorInfo> info;
   ASSERT_EQ(S_OK, CreateErrorInfo(info.put()));
   info->SetSource(face::Bstr(L"ADODB.Connection"));
-  info->SetDescription(face::Bstr(L"Falhou."));
+  if (description != nullptr) info->SetDescription(face::Bstr(description));
   SetErrorInfo(0, info.as<IErrorInfo>().get());
 }
 
@@ -284,6 +333,17 @@ TEST(ErrorOfACallByVtable, IsTakenFromTheErrorInformationOfTheObject) {
   EXPECT_EQ(static_cast<std::int32_t>(0x80040E4D), erro.Number());
   EXPECT_EQ(L"ADODB.Connection", erro.Source());
   EXPECT_EQ(L"Falhou.", erro.Description());
+}
+
+TEST(ErrorOfACallByVtable, WithoutADescriptionHasTheTextOfItsNumber) {
+  Supporting object(S_OK);
+  for (const wchar_t* empty : {static_cast<const wchar_t*>(nullptr), L""}) {
+    LeaveErrorInfo(empty);
+    const Erro erro = ErrorOf(E_ACCESSDENIED, &object, IID_IDispatch);
+    EXPECT_EQ(E_ACCESSDENIED, erro.Number());
+    EXPECT_EQ(L"ADODB.Connection", erro.Source());
+    EXPECT_EQ(SystemTextOf(E_ACCESSDENIED), erro.Description());
+  }
 }
 
 TEST(ErrorOfACallByVtable, IsNotTakenFromAnObjectThatDoesNotVouchForIt) {

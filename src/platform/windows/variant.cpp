@@ -92,20 +92,35 @@ std::wstring SystemText(HRESULT hr) {
   return L"Erro de automação (" + Hexadecimal(static_cast<std::uint32_t>(hr)) + L")";
 }
 
-Erro WithoutInfo(HRESULT hr) {
+// The runtime's number where automation has a code of its own for what the runtime numbers too.
+std::int32_t RuntimeNumberOf(HRESULT hr) noexcept {
   switch (hr) {
     case DISP_E_UNKNOWNNAME:
     case DISP_E_MEMBERNOTFOUND:
-      return MakeRuntimeError(RuntimeError::kMemberNotFound);
+      return static_cast<std::int32_t>(RuntimeError::kMemberNotFound);
     case DISP_E_TYPEMISMATCH:
-      return MakeRuntimeError(RuntimeError::kTypeMismatch);
+      return static_cast<std::int32_t>(RuntimeError::kTypeMismatch);
     case DISP_E_OVERFLOW:
-      return MakeRuntimeError(RuntimeError::kOverflow);
+      return static_cast<std::int32_t>(RuntimeError::kOverflow);
     case E_OUTOFMEMORY:
-      return MakeRuntimeError(RuntimeError::kOutOfMemory);
+      return static_cast<std::int32_t>(RuntimeError::kOutOfMemory);
     default:
-      return {NumberOf(hr), std::wstring(kApplicationTitle), SystemText(hr)};
+      return NumberOf(hr);
   }
+}
+
+// What is said of a failure that brings no description.
+std::wstring TextOf(HRESULT hr) {
+  const std::wstring_view runtime = RuntimeText(RuntimeNumberOf(hr));
+  return runtime.empty() ? SystemText(hr) : std::wstring(runtime);
+}
+
+Erro WithoutInfo(HRESULT hr) { return {RuntimeNumberOf(hr), std::wstring(kApplicationTitle), TextOf(hr)}; }
+
+Erro WithInfo(std::int32_t number, BSTR source, BSTR description) {
+  std::wstring text = ToWide(description);
+  if (text.empty()) text = TextOf(HresultOf(number));
+  return {number, ToWide(source), std::move(text)};
 }
 
 }  // namespace
@@ -213,7 +228,7 @@ ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
   ScopedBstr description;
   info->GetSource(source.put());
   info->GetDescription(description.put());
-  return {NumberOf(hr), ToWide(source.get()), ToWide(description.get())};
+  return WithInfo(NumberOf(hr), source.get(), description.get());
 }
 
 ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info) {
@@ -227,7 +242,7 @@ ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info) {
   *help.put() = info.bstrHelpFile;
   const std::int32_t number = info.scode != 0 ? NumberOf(info.scode) : info.wCode;
   info = {};
-  return {number, ToWide(source.get()), ToWide(description.get())};
+  return WithInfo(number, source.get(), description.get());
 }
 
 }  // namespace kodra::platform::windows

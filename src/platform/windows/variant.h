@@ -84,7 +84,8 @@ std::int32_t NumberOf(HRESULT hr) noexcept;
 HRESULT HresultOf(std::int32_t number) noexcept;
 
 // The error that a call by vtable left behind: number, source and description of its IErrorInfo where `object` says
-// that `iid` supports it, else the number with the system's text and the application's title as the source.
+// that `iid` supports it, else the number with the system's text and the application's title as the source. A
+// description that is empty is the system's text too.
 ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid);
 // The same for a call through IDispatch, from the EXCEPINFO, which is emptied.
 ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info);
