@@ -20,7 +20,7 @@ class Surroundings {
   virtual std::unique_ptr<Command> NewCommand() = 0;
   virtual std::unique_ptr<Recordset> NewRecordset() = 0;
   // Makes an object by ProgID. A class that is not registered or cannot be made raises
-  // RuntimeError::kCannotCreateObject; any other failure raises what the class raised.
+  // RuntimeError::kCannotCreateObject; exhausted memory and refused access keep their own error.
   virtual ObjectRef CreateObject(const std::wstring& progId) = 0;
 
   // Sets a variable of the process environment.

@@ -27,7 +27,8 @@ class Course {
 
   // Failures that a report goes on without: a command that cannot be detached from its rows goes as it is.
   bool IsIgnored(std::size_t at) const { return IsModels() && At(at, "Command.") && After(at, "Recordset.Open"); }
-  // The creation of the system parameters: an error there is found out at their first use.
+  // The creation of the system parameters: an error there other than that they cannot be created is found out at their
+  // first use.
   bool IsMissedLater(std::size_t at) const { return At(at, "New KodraParamSist.Obtedor"); }
   static Cause ObjectNotSet() {
     return {0x800A005B, kTitle, L"A variável do objeto ou a variável do bloco 'With' não foi definida"};
@@ -63,9 +64,13 @@ class Course {
 
   // What the component takes the failing call for.
   Cause Caught(std::size_t at, Mishap mishap) const {
-    if (IsMissedLater(at)) return ObjectNotSet();
-    if (mishap == Mishap::kOutOfMemory) return {0x800A0007, kTitle, L"Memória insuficiente"};
-    const bool hasText = !At(at, "New ") && !At(at, "IDispatch.GetIDsOfNames") && !At(at, "IEnumVARIANT.Next");
+    if (mishap == Mishap::kOutOfMemory)
+      return IsMissedLater(at) ? ObjectNotSet() : Cause{0x800A0007, kTitle, L"Memória insuficiente"};
+    if (IsMissedLater(at))
+      return {0x800A01AD, L"modObtedorParamSist::ObtemParametroSistema",
+              L"Não foi possível criar objeto da classe \"KodraParamSist.Obtedor\"."};
+    if (At(at, "New ")) return {0x800A01AD, kTitle, L"O componente ActiveX não pode criar o objeto"};
+    const bool hasText = !At(at, "IDispatch.GetIDsOfNames") && !At(at, "IEnumVARIANT.Next");
     if (mishap == Mishap::kRaised && hasText) return {0x80047777, kMishapSource, kMishapText};
     return {0x80047777, kTitle, L"Erro de automação (80047777)"};
   }

@@ -68,33 +68,40 @@ class RecordingObject final : public ClientObject {
   Names members_;
 };
 
-// While it lives, `create` makes the objects of a ProgID.
+// While it lives, `create` makes the objects of a ProgID, or none can be made.
 class StandIn {
  public:
   using Creator = std::function<Ref<IDispatch>()>;
 
-  StandIn(const std::wstring& progId, Creator create) {
-    CLSID id = {};
-    EXPECT_EQ(S_OK, CLSIDFromProgID(progId.c_str(), &id));
-    const auto factory = Ref<Factory>::Owning(new Factory(std::move(create)));
-    EXPECT_EQ(S_OK, CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
-  }
+  StandIn(const std::wstring& progId, Creator create) : StandIn(progId, std::move(create), S_OK) {}
+  // Every creation fails so. Told to succeed, the class hands out nothing.
+  StandIn(const std::wstring& progId, HRESULT failure) : StandIn(progId, {}, failure) {}
   StandIn(const StandIn&) = delete;
   StandIn& operator=(const StandIn&) = delete;
   ~StandIn() { EXPECT_EQ(S_OK, CoRevokeClassObject(cookie_)); }
 
  private:
+  StandIn(const std::wstring& progId, Creator create, HRESULT failure) {
+    CLSID id = {};
+    EXPECT_EQ(S_OK, CLSIDFromProgID(progId.c_str(), &id));
+    const auto factory = Ref<Factory>::Owning(new Factory(std::move(create), failure));
+    EXPECT_EQ(S_OK, CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
+  }
+
   class Factory final : public CountedObject<IClassFactory> {
    public:
-    explicit Factory(Creator create) : create_(std::move(create)) {}
+    Factory(Creator create, HRESULT failure) : create_(std::move(create)), failure_(failure) {}
 
     STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** object) override {
+      *object = nullptr;
+      if (!create_) return failure_;
       return create_()->QueryInterface(iid, object);
     }
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
    private:
     Creator create_;
+    HRESULT failure_;
   };
 
   DWORD cookie_ = 0;

@@ -14,22 +14,17 @@ HRESULT Create(const wchar_t* progId, REFIID iid, void** object) {
   return FAILED(hr) ? hr : CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, iid, object);
 }
 
-// What a creation failure means to a client: the classes that are absent or cannot be made share one error.
+// What a creation failure means to a client: of the many reasons for a class not to be at hand only exhausted memory
+// and refused access are errors of their own.
 Erro CreationError(HRESULT hr) {
   switch (hr) {
-    case CO_E_CLASSSTRING:
-    case REGDB_E_CLASSNOTREG:
-    case REGDB_E_READREGDB:
-    case CLASS_E_CLASSNOTAVAILABLE:
-    case CO_E_DLLNOTFOUND:
-    case CO_E_ERRORINDLL:
-    case CO_E_APPNOTFOUND:
-    case E_NOINTERFACE:
-    case HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND):
-    case HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND):
-      return MakeRuntimeError(RuntimeError::kCannotCreateObject);
-    default:
+    case E_OUTOFMEMORY:
+    case HRESULT_FROM_WIN32(ERROR_NOT_ENOUGH_MEMORY):
+    case E_ACCESSDENIED:
+    case RPC_E_ACCESS_DENIED:
       return ErrorOf(hr, nullptr, IID_NULL);
+    default:
+      return MakeRuntimeError(RuntimeError::kCannotCreateObject);
   }
 }
 
@@ -37,7 +32,7 @@ template <class T>
 com_ptr<T> CreateAs(const wchar_t* progId) {
   com_ptr<T> object;
   const HRESULT hr = Create(progId, __uuidof(T), object.put_void());
-  if (FAILED(hr)) throw CreationError(hr);
+  if (FAILED(hr) || !object) throw CreationError(hr);
   return object;
 }
 
@@ -65,14 +60,14 @@ void ComSurroundings::SetEnvironment(const std::wstring& name, const std::wstrin
 
 std::optional<std::uint64_t> ComSurroundings::FileLength(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data;
-bool ComSurroundings::IsFile(const std::wstring& path) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
-
   if (path.empty() || !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
   if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return 0;
   return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+}
+
+bool ComSurroundings::IsFile(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 }  // namespace kodra::platform::windows
