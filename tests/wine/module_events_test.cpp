@@ -9,7 +9,7 @@
 #include <functional>
 
 #include "foreign_object.h"
-#include "rows.h"
+#include "stand_in.h"
 
 namespace kodra::face {
 namespace {
@@ -216,6 +216,22 @@ TEST_F(ModuleEvents, ComeWithTheWholeErrorAtTheEnd) {
                      L"Erro ao gerar dados para o relatório: Uma das propriedades \"Conexao\" ou \"StringConexao\" "
                      L"precisam ser informadas."}),
             outcome.failure);
+}
+
+TEST_F(ModuleEvents, ComeOnceWhenTheLogFails) {
+  const auto listener = Listener::New();
+  Advise(listener);
+  {
+    const StandIn missing(L"VantLog.FnLog", REGDB_E_CLASSNOTREG);
+    Fail();
+    EXPECT_EQ(Names{kLine}, listener->lines);
+  }
+  const auto calls = std::make_shared<Names>();
+  const StandIn refusing(L"VantLog.FnLog",
+                         [&] { return RecordingObject::New(L"Log", calls, [](auto&&...) { return E_FAIL; }); });
+  Fail();
+  EXPECT_EQ((Names{kLine, kLine}), listener->lines);
+  EXPECT_EQ((Names{L"Log.LogFile := ''", L"Log.Ativar := False", L"Log.DebugLog '" + kLine + L"'"}), *calls);
 }
 
 TEST_F(ModuleEvents, AClientsConnectionIsKeptAsTheObjectThatItIs) {

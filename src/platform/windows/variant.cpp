@@ -115,9 +115,9 @@ std::wstring TextOf(HRESULT hr) {
   return runtime.empty() ? SystemText(hr) : std::wstring(runtime);
 }
 
-Erro WithoutInfo(HRESULT hr) { return {RuntimeNumberOf(hr), std::wstring(kApplicationTitle), TextOf(hr)}; }
+ForeignErro WithoutInfo(HRESULT hr) { return {RuntimeNumberOf(hr), std::wstring(kApplicationTitle), TextOf(hr)}; }
 
-Erro WithInfo(std::int32_t number, BSTR source, BSTR description) {
+ForeignErro WithInfo(std::int32_t number, BSTR source, BSTR description) {
   std::wstring text = ToWide(description);
   if (text.empty()) text = TextOf(HresultOf(number));
   return {number, ToWide(source), std::move(text)};
@@ -223,7 +223,7 @@ ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
   const auto support = com_ptr<IUnknown>(object).as<ISupportErrorInfo>();
   com_ptr<IErrorInfo> info;
   if (!support || support->InterfaceSupportsErrorInfo(iid) != S_OK || GetErrorInfo(0, info.put()) != S_OK)
-    return ForeignErro(WithoutInfo(hr));
+    return WithoutInfo(hr);
   ScopedBstr source;
   ScopedBstr description;
   info->GetSource(source.put());
@@ -232,7 +232,7 @@ ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid) {
 }
 
 ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info) {
-  if (hr != DISP_E_EXCEPTION) return ForeignErro(WithoutInfo(hr));
+  if (hr != DISP_E_EXCEPTION) return WithoutInfo(hr);
   if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
   ScopedBstr source;
   ScopedBstr description;

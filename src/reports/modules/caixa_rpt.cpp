@@ -22,13 +22,26 @@ void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
 
 void CCaixaRpt::WriteLog(std::wstring_view text) {
   const std::wstring line(text);
+  WriteToLog(line);
+  if (listener_) listener_(line);
+}
+
+void CCaixaRpt::WriteFailure(std::wstring_view text) {
+  const std::wstring line(text);
+  try {
+    WriteToLog(line);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the client hears of the failure without a log too
+  }
+  if (listener_) listener_(line);
+}
+
+void CCaixaRpt::WriteToLog(const std::wstring& line) {
   if (!log_) log_ = Around().CreateObject(L"VantLog.FnLog");
   // On every line: the client may have changed the file between two calls.
   log_->Let(L"LogFile", logFile_);
   log_->Let(L"Ativar", !logFile_.empty());
   const Value argument = line;
   log_->Call(L"DebugLog", {&argument, 1});
-  if (listener_) listener_(line);
 }
 
 void CCaixaRpt::RaiseLogged(std::wstring_view method) {
@@ -37,9 +50,9 @@ void CCaixaRpt::RaiseLogged(std::wstring_view method) {
   const std::wstring source = SourceOf(method);
   if (erro.Source() == platform::kApplicationTitle) erro.SetSource(source);
   try {
-    DebugLog(source, L": ----> saindo com o erro ", text::NumberToText(erro.Number()), L" em ", erro.Source(), L": ",
-             erro.Description());
-  } catch (...) {  // NOLINT(bugprone-empty-catch): a log that fails does not hide the error being reported
+    WriteFailure(text::LocalText<200>(source, L": ----> saindo com o erro ", text::NumberToText(erro.Number()), L" em ",
+                                      erro.Source(), L": ", erro.Description()));
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a listener that fails does not hide the error being reported
   }
   throw platform::Erro(frame::kReportError, erro.Source(),
                        std::wstring(frame::kReportErrorPrefix) + erro.Description());

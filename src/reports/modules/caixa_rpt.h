@@ -60,6 +60,9 @@ class CCaixaRpt : public frame::ReportClass {
   // Writes a line to the log and announces it.
   void DebugLog(const auto&... pieces) { WriteLog(text::LocalText<200>(pieces...)); }
   void WriteLog(std::wstring_view text);
+  // The same for the line of a failure, which is announced even when the log fails.
+  void WriteFailure(std::wstring_view text);
+  void WriteToLog(const std::wstring& line);
   // Runs a report method. Whatever fails is logged, and reaches the client as kReportError with the cause's source (the
   // method's own for an error of the runtime).
   template <class Body>

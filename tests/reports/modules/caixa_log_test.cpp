@@ -178,9 +178,9 @@ TEST(CCaixaRptLogTest, TellsWhereAFileThatIsNotThereWasLookedFor) {
                      R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
 
-// Each call of the log in the frame, and how much of the line was announced by then.
+// Each call of the log that may fail in the frame.
 
-TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheLogFailsInTheFrame) {
+TEST(CCaixaRptLogTest, AnnouncesAndReportsTheErrorOnceWhenTheLogFailsInTheFrame) {
   for (const wchar_t* call :
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"})
     for (const std::exception_ptr& failure :
@@ -190,11 +190,24 @@ TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheLogFailsInTheFrame) {
       stage.around.journal.FailOn(call, failure);
       EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
                 Reported("Prova.Fonte", "Falha provocada"));
-      EXPECT_EQ(stage.heard, CallLines());
+      EXPECT_EQ(stage.heard, CallLines{kMishapLine});
       // The next error finds the log again.
       EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
-      EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+      EXPECT_EQ(stage.heard, (CallLines{kMishapLine, kMishapLine}));
     }
+}
+
+TEST(CCaixaRptLogTest, FailsOnceWhenTheLogFailsBeforeTheFrameAndInIt) {
+  const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
+  for (const wchar_t* call :
+       {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"}) {
+    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    for (int time = 0; time < 2; ++time)
+      stage.around.journal.FailOn(call, Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")));
+    EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaFechamentoSubordinada(CaixaStage::Own({}).get()); }),
+              Reported("VantLog", "Acesso negado"));
+    EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro -2147024891 em VantLog: Acesso negado"});
+  }
 }
 
 TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheListenerFails) {
