@@ -1,8 +1,16 @@
 #include "platform/automation.h"
 
+#include <vector>
+
 #include "platform/erro.h"
 
 namespace kodra::platform {
+
+Value AutomationObject::CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) {
+  std::vector<Value> arguments = {first};
+  arguments.insert(arguments.end(), others.begin(), others.end());
+  return Call(member, arguments);
+}
 
 void AutomationObject::ForEach(const std::function<void(const Value&)>& visit) {
   const Value count = Get(L"Count");

@@ -25,6 +25,9 @@ class AutomationObject {
   virtual void Set(std::wstring_view member, const ObjectRef& object) = 0;
   // Calls a method with positional arguments and gives its result (Empty when it has none).
   virtual Value Call(std::wstring_view member, std::span<const Value> arguments) = 0;
+  // The same for a method that takes its first argument by reference: what it leaves there is in `first` afterwards. By
+  // default the method gets a copy.
+  virtual Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others);
   // Visits the members of a collection in its order. As it stands it asks Count and Item from 1 on; an object that
   // can be enumerated faster does so.
   virtual void ForEach(const std::function<void(const Value&)>& visit);

@@ -25,12 +25,25 @@ class FakeObject final : public platform::AutomationObject, public Fake {
     Note(L"Set", {member, Shown(object)});
   }
   platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override {
-    std::wstring shown(member);
-    for (const platform::Value& argument : arguments) shown += L", " + Shown(argument);
-    return Answer(Line(L"Call", {shown}), member);
+    return Answer(Line(L"Call", {std::wstring(member) + Listed(arguments)}), member);
+  }
+  platform::Value CallByReference(std::wstring_view member, platform::Value& first,
+                                  std::span<const platform::Value> others) override {
+    platform::Value answer =
+        Answer(Line(L"Call", {std::wstring(member) + L", ByRef " + Shown(first) + Listed(others)}), member);
+    if (const auto left = left_.find(std::wstring(member)); left != left_.end()) first = left->second;
+    return answer;
   }
 
+  // What a method leaves in the argument that it takes by reference; the argument as it came unless a test says so.
+  void Leave(std::wstring member, platform::Value value) { left_[std::move(member)] = std::move(value); }
+
  private:
+  static std::wstring Listed(std::span<const platform::Value> arguments) {
+    std::wstring list;
+    for (const platform::Value& argument : arguments) list += L", " + Shown(argument);
+    return list;
+  }
   platform::Value Answer(const std::wstring& call, std::wstring_view member) {
     const auto found = answers_.find(std::wstring(member));
     if (found == answers_.end()) journal_.Refuse(call, platform::MemberNotFound());
@@ -42,6 +55,7 @@ class FakeObject final : public platform::AutomationObject, public Fake {
   }
 
   Answers answers_;
+  std::map<std::wstring, platform::Value> left_;
 };
 
 }  // namespace kodra::recorder

@@ -123,10 +123,11 @@ TEST(Password, IsThreeAsterisksInWhatTheModulesSayAndLog) {
       (Raised{platform::kErrBase + 8107, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
               "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
               "Application=b recusada"}));
-  EXPECT_EQ(machine.Logged(),
-            "Object2.Call(DebugLog, \"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147467259 em "
-            "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada: Conexão "
-            "Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada\") -> Empty\n");
+  EXPECT_EQ(
+      machine.Logged(),
+      "Object2.Call(DebugLog, ByRef \"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147467259 em "
+      "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada: Conexão "
+      "Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada\") -> Empty\n");
 }
 
 // The words of the component stay as they are even where they hold what looks like the password's pair.

@@ -393,6 +393,78 @@ TEST(LateBoundObject, HasNoMemberThatTheObjectDoesNotHave) {
   EXPECT_EQ(438, raised([&] { late->Call(L"Idade", {}); }));
 }
 
+// A method that is called with its arguments as they come, the last one first.
+class OneMethod final : public face::ClientObject {
+ public:
+  using Body = std::function<HRESULT(const DISPPARAMS& parameters, VARIANT* result)>;
+  explicit OneMethod(Body body) : body_(std::move(body)) {}
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override {
+    *ids = 1;
+    return S_OK;
+  }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*, UINT*) override {
+    return body_(*parameters, result);
+  }
+
+ private:
+  Body body_;
+};
+
+TEST(LateBoundObject, TakesItsFirstArgumentByReference) {
+  const auto method = face::Ref<IDispatch>::Owning(new OneMethod([](const DISPPARAMS& parameters, VARIANT* result) {
+    EXPECT_EQ(2U, parameters.cArgs);
+    EXPECT_EQ(VT_BSTR, parameters.rgvarg[0].vt);
+    EXPECT_STREQ(L"s", parameters.rgvarg[0].bstrVal);
+    EXPECT_EQ(VT_BYREF | VT_I4, parameters.rgvarg[1].vt);
+    EXPECT_EQ(7, *parameters.rgvarg[1].plVal);
+    *parameters.rgvarg[1].plVal = 8;
+    result->vt = VT_I4;
+    result->lVal = 9;
+    return S_OK;
+  }));
+  Value first = std::int32_t{7};
+  const Value other = L"s";
+  EXPECT_EQ(Value(std::int32_t{9}), WrapDispatch(method.get())->CallByReference(L"Metodo", first, {&other, 1}));
+  EXPECT_EQ(Value(std::int32_t{8}), first);
+}
+
+TEST(LateBoundObject, MayPutAnObjectOrAnyValueInThePlaceOfItsArgument) {
+  auto object = face::ForeignObject::With(L"Nome", L"Ana");
+  const auto method = face::Ref<IDispatch>::Owning(new OneMethod([&](const DISPPARAMS& parameters, VARIANT*) {
+    VARIANT& argument = parameters.rgvarg[0];
+    if (argument.vt == (VT_BYREF | VT_DISPATCH)) {
+      EXPECT_EQ(nullptr, *argument.ppdispVal);
+      *argument.ppdispVal = object.get();
+      object->AddRef();
+      return S_OK;
+    }
+    EXPECT_EQ(VT_BYREF | VT_VARIANT, argument.vt);
+    EXPECT_EQ(VT_NULL, argument.pvarVal->vt);
+    argument.pvarVal->vt = VT_BSTR;
+    argument.pvarVal->bstrVal = SysAllocString(L"deixada");
+    return S_OK;
+  }));
+  {
+    Value first = ObjectRef();
+    EXPECT_EQ(Value(), WrapDispatch(method.get())->CallByReference(L"Metodo", first, {}));
+    EXPECT_EQ(object.get(), DispatchOf(first.As<ObjectRef>()).get());
+  }
+  EXPECT_EQ(0U, object.Release());
+  Value first = Null{};
+  WrapDispatch(method.get())->CallByReference(L"Metodo", first, {});
+  EXPECT_EQ(Value(L"deixada"), first);
+}
+
+TEST(LateBoundObject, LeavesTheArgumentOfAFailedCallAsItWas) {
+  const auto method = face::Ref<IDispatch>::Owning(new OneMethod([](const DISPPARAMS& parameters, VARIANT*) {
+    SysReAllocString(parameters.rgvarg[0].pbstrVal, L"mudada");
+    return E_FAIL;
+  }));
+  Value first = L"linha";
+  EXPECT_THROW(WrapDispatch(method.get())->CallByReference(L"Metodo", first, {}), Erro);
+  EXPECT_EQ(Value(L"linha"), first);
+}
+
 TEST(LateBoundObject, IsAskedForTheWholeOfANameOfAnyLength) {
   for (const std::size_t length : {1U, 62U, 63U, 64U, 65U, 1000U}) {
     SCOPED_TRACE(length);

@@ -1,7 +1,5 @@
 #include "platform/windows/automation_object.h"
 
-#include <vector>
-
 #include "platform/windows/variant.h"
 
 namespace kodra::platform::windows {
@@ -30,6 +28,14 @@ class MemberName {
   wchar_t* text_;
 };
 
+// Automation takes positional arguments from the last to the first, as one array of VARIANTs.
+std::vector<ScopedVariant> Reversed(std::span<const Value> arguments) {
+  std::vector<ScopedVariant> reversed;
+  reversed.reserve(arguments.size() + 1);
+  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) reversed.emplace_back(*argument);
+  return reversed;
+}
+
 [[noreturn]] void Raise(HRESULT hr, EXCEPINFO& info) {
   if (hr == DISP_E_UNKNOWNNAME || hr == DISP_E_MEMBERNOTFOUND) throw MemberNotFound();
   throw ErrorOf(hr, info);
@@ -54,6 +60,12 @@ ScopedVariant DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIAN
   return result;
 }
 
+ScopedVariant DispatchObject::InvokeMethod(std::wstring_view member, std::vector<ScopedVariant>& reversed) {
+  static_assert(sizeof(ScopedVariant) == sizeof(VARIANT));
+  VARIANT* first = reversed.empty() ? nullptr : reversed.front().get();
+  return Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size()));
+}
+
 ScopedVariant DispatchObject::GetVariant(std::wstring_view member) {
   return Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0);
 }
@@ -71,13 +83,17 @@ void DispatchObject::Set(std::wstring_view member, const ObjectRef& object) {
 }
 
 Value DispatchObject::Call(std::wstring_view member, std::span<const Value> arguments) {
-  // Automation takes positional arguments from the last to the first, as one array of VARIANTs.
-  static_assert(sizeof(ScopedVariant) == sizeof(VARIANT));
-  std::vector<ScopedVariant> reversed;
-  reversed.reserve(arguments.size());
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) reversed.emplace_back(*argument);
-  VARIANT* first = reversed.empty() ? nullptr : reversed.front().get();
-  return ToValue(*Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size())));
+  std::vector<ScopedVariant> reversed = Reversed(arguments);
+  return ToValue(*InvokeMethod(member, reversed));
+}
+
+Value DispatchObject::CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) {
+  ScopedVariant referred(first);
+  std::vector<ScopedVariant> reversed = Reversed(others);
+  reversed.push_back(ScopedVariant::ReferenceTo(referred));
+  const ScopedVariant result = InvokeMethod(member, reversed);
+  first = ToValue(*referred);
+  return ToValue(*result);
 }
 
 void DispatchObject::ForEach(const std::function<void(const Value&)>& visit) {

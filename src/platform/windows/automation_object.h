@@ -1,6 +1,8 @@
 // Late-bound access to any IDispatch, and the way back from an ObjectRef to its IDispatch.
 #pragma once
 
+#include <vector>
+
 #include "platform/automation.h"
 #include "platform/windows/automation_headers.h"
 #include "platform/windows/com_ptr.h"
@@ -18,6 +20,9 @@ class DispatchObject final : public AutomationObject {
   void Let(std::wstring_view member, const Value& value) override;
   void Set(std::wstring_view member, const ObjectRef& object) override;
   Value Call(std::wstring_view member, std::span<const Value> arguments) override;
+  // The method sees a text, a 32-bit integer or an object by reference to that type, anything else by reference to a
+  // VARIANT.
+  Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) override;
   // Enumerates as `For Each` does; an object without an enumerator is asked for Count and Item.
   void ForEach(const std::function<void(const Value&)>& visit) override;
 
@@ -28,6 +33,7 @@ class DispatchObject final : public AutomationObject {
 
  private:
   ScopedVariant Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count);
+  ScopedVariant InvokeMethod(std::wstring_view member, std::vector<ScopedVariant>& reversed);
 
   com_ptr<IDispatch> object_;
 };

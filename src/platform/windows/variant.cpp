@@ -144,6 +144,28 @@ ScopedVariant ScopedVariant::Text(std::wstring_view text) {
   return result;
 }
 
+ScopedVariant ScopedVariant::ReferenceTo(ScopedVariant& referred) noexcept {
+  VARIANT& held = referred.variant_;
+  ScopedVariant result;
+  switch (V_VT(&held)) {
+    case VT_BSTR:
+      V_BSTRREF(&result.variant_) = &V_BSTR(&held);
+      break;
+    case VT_I4:
+      V_I4REF(&result.variant_) = &V_I4(&held);
+      break;
+    case VT_DISPATCH:
+      V_DISPATCHREF(&result.variant_) = &V_DISPATCH(&held);
+      break;
+    default:
+      V_VARIANTREF(&result.variant_) = &held;
+      V_VT(&result.variant_) = VT_BYREF | VT_VARIANT;
+      return result;
+  }
+  V_VT(&result.variant_) = VT_BYREF | V_VT(&held);
+  return result;
+}
+
 ScopedVariant ScopedVariant::Object(IDispatch* object) noexcept {
   ScopedVariant result;
   V_VT(&result.variant_) = VT_DISPATCH;

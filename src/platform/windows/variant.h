@@ -28,6 +28,9 @@ class ScopedVariant {
   static ScopedVariant Missing() noexcept;
   // A text; out of memory raises RuntimeError::kOutOfMemory.
   static ScopedVariant Text(std::wstring_view text);
+  // A reference to what another one holds, for an argument: typed for a text, a 32-bit integer and an object, else to
+  // the VARIANT itself. REQUIRES: `referred` outlives the result.
+  static ScopedVariant ReferenceTo(ScopedVariant& referred) noexcept;
   // An object reference, shared; null is "Nothing".
   static ScopedVariant Object(IDispatch* object) noexcept;
 

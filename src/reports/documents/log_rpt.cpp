@@ -95,8 +95,8 @@ platform::ObjectRef CLogRpt::Find(platform::AutomationObject& parameters) const 
   const platform::ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
   reader->Let(L"StringConexao", StringConexao());
   reader->Let(L"Caller", SourceOf(L"RelatorioLog"));
-  const Value argument = filter;
-  return platform::ObjectIn(reader->Call(L"Localiza", {&argument, 1}));
+  Value argument = filter;
+  return platform::ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
 }
 
 frame::ReportRows CLogRpt::Fill(platform::AutomationObject& events) const {

@@ -2,6 +2,7 @@
 #include "reports/modules/caixa_rpt.h"
 
 #include "frame/cerro.h"
+#include "platform/password.h"
 #include "text/convert.h"
 #include "text/numbers.h"
 
@@ -21,27 +22,28 @@ void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
 }
 
 void CCaixaRpt::WriteLog(std::wstring_view text) {
-  const std::wstring line(text);
-  WriteToLog(line);
+  const std::wstring line = PassThroughLog(std::wstring(text));
   if (listener_) listener_(line);
 }
 
 void CCaixaRpt::WriteFailure(std::wstring_view text) {
-  const std::wstring line(text);
+  std::wstring line(text);
   try {
-    WriteToLog(line);
+    line = PassThroughLog(line);
   } catch (...) {  // NOLINT(bugprone-empty-catch): the client hears of the failure without a log too
   }
   if (listener_) listener_(line);
 }
 
-void CCaixaRpt::WriteToLog(const std::wstring& line) {
+std::wstring CCaixaRpt::PassThroughLog(const std::wstring& line) {
   if (!log_) log_ = Around().CreateObject(L"VantLog.FnLog");
   // On every line: the client may have changed the file between two calls.
   log_->Let(L"LogFile", logFile_);
   log_->Let(L"Ativar", !logFile_.empty());
-  const Value argument = line;
-  log_->Call(L"DebugLog", {&argument, 1});
+  Value left = line;
+  log_->CallByReference(L"DebugLog", left, {});
+  std::wstring announced = text::ToText(std::move(left));
+  return announced == line ? announced : platform::HidePassword(announced, StringConexao());
 }
 
 void CCaixaRpt::RaiseLogged(std::wstring_view method) {
@@ -94,8 +96,9 @@ platform::ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) 
 
 std::wstring CCaixaRpt::SubordinateCode() {
   const platform::ObjectRef modules = CreateBusinessObject(L"KodraBsnV3.ModulosBsn");
-  const Value arguments[] = {TipoBanco(), L"s"};
-  return text::ToText(modules->Call(L"NumCxSubordinadaSQL", arguments));
+  Value databaseCode = TipoBanco();
+  const Value alias = L"s";
+  return text::ToText(modules->CallByReference(L"NumCxSubordinadaSQL", databaseCode, {&alias, 1}));
 }
 
 platform::ObjectRef CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& module) {
@@ -107,8 +110,8 @@ platform::ObjectRef CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& mod
   filter->Let(L"Fechados", kClosedOnly);
   DebugLog(source, L": obtendo dados");
   const platform::ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
-  const Value argument = filter;
-  return platform::ObjectIn(reader->Call(L"ObtemSubordinados", {&argument, 1}));
+  Value argument = filter;
+  return platform::ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
 }
 
 void CCaixaRpt::RequireClosedSubordinates(const std::wstring& module) {

@@ -62,7 +62,8 @@ class CCaixaRpt : public frame::ReportClass {
   void WriteLog(std::wstring_view text);
   // The same for the line of a failure, which is announced even when the log fails.
   void WriteFailure(std::wstring_view text);
-  void WriteToLog(const std::wstring& line);
+  // Writes a line to the log; what the log leaves of it.
+  std::wstring PassThroughLog(const std::wstring& line);
   // Runs a report method. Whatever fails is logged, and reaches the client as kReportError with the cause's source (the
   // method's own for an error of the runtime).
   template <class Body>

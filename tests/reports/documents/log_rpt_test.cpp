@@ -91,7 +91,7 @@ std::vector<std::string> FindingLines(const Database& database, const std::strin
                     R"(CreateObject("KodraRegEvt.RegEvtDAO") -> Object3)",
                     "Object3.Let(StringConexao, \"" + database.connectionString + "\")",
                     R"(Object3.Let(Caller, "KodraRpt.CLogRpt::RelatorioLog"))",
-                    "Object3.Call(Localiza, Object2) -> " + answer,
+                    "Object3.Call(Localiza, ByRef Object2) -> " + answer,
                     "~Object3",
                     "~Object2",
                 });

@@ -133,7 +133,7 @@ class Rehearsal {
 
 // The lines that the log took, from the journal.
 CallLines Logged(const std::string& calls) {
-  const std::string before = "Log.Call(DebugLog, \"";
+  const std::string before = "Log.Call(DebugLog, ByRef \"";
   const std::string after = "\") -> Empty\n";
   CallLines lines;
   for (std::size_t at = calls.find(before); at != std::string::npos; at = calls.find(before, at + 1)) {

@@ -35,7 +35,7 @@ TEST(CCaixaRptLogTest, AnnouncesItsLinesWithoutALogFileToo) {
                                               R"(CreateObject("VantLog.FnLog") -> Log)",
                                               R"(Log.Let(LogFile, ""))",
                                               "Log.Let(Ativar, False)",
-                                              "Log.Call(DebugLog, \"" + std::string(kMishapLine) + "\") -> Empty",
+                                              "Log.Call(DebugLog, ByRef \"" + std::string(kMishapLine) + "\") -> Empty",
                                           }}));
   EXPECT_EQ(stage.heard, CallLines{kMishapLine});
 }
@@ -49,7 +49,7 @@ TEST(CCaixaRptLogTest, SwitchesTheLogOnWithALogFile) {
                                               R"(CreateObject("VantLog.FnLog") -> Log)",
                                               R"(Log.Let(LogFile, "/var/log/kodra.log"))",
                                               "Log.Let(Ativar, True)",
-                                              "Log.Call(DebugLog, \"" + std::string(kMishapLine) + "\") -> Empty",
+                                              "Log.Call(DebugLog, ByRef \"" + std::string(kMishapLine) + "\") -> Empty",
                                           }}));
   EXPECT_EQ(stage.heard, CallLines{kMishapLine});
 }
@@ -65,7 +65,7 @@ TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
     RaisedByMishap(stage);
     EXPECT_EQ(stage.around.journal.Calls(),
               All({{R"(CreateObject("KodraConexao.StrCon") raises)", logFile, ativar,
-                    "Log.Call(DebugLog, \"" + std::string(kMishapLine) + "\") -> Empty"}}));
+                    "Log.Call(DebugLog, ByRef \"" + std::string(kMishapLine) + "\") -> Empty"}}));
   }
   EXPECT_EQ(stage.heard, CallLines(4, kMishapLine));
 }
@@ -78,10 +78,44 @@ TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
   EXPECT_TRUE(calls.ends_with(recorder::Lines({
       R"(Log.Let(LogFile, "/novo.log"))",
       "Log.Let(Ativar, True)",
-      "Log.Call(DebugLog, \"KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: "
+      "Log.Call(DebugLog, ByRef \"KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: "
       "retorno da função é a query original\") -> Empty",
       "~Recordset1",
   }))) << calls;
+}
+
+// Makes the log leave a value in the place of each line.
+void LetTheLogLeave(CaixaStage& stage, const platform::Value& left) {
+  stage.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&stage, left](const std::wstring& name) {
+    auto log = std::make_shared<recorder::FakeObject>(stage.around.journal, name,
+                                                      recorder::Answers{{L"DebugLog", {platform::Empty{}}}});
+    log->Leave(L"DebugLog", left);
+    return log;
+  });
+}
+
+TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
+  const std::pair<platform::Value, std::string> kLeft[] = {
+      {L"mudada pelo log", "mudada pelo log"}, {L"", ""}, {5, "5"}, {platform::Empty{}, ""}};
+  for (const auto& [left, announced] : kLeft) {
+    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    LetTheLogLeave(stage, left);
+    EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
+    EXPECT_EQ(stage.heard, CallLines{announced});
+    stage.heard.clear();
+    stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters());
+    EXPECT_EQ(stage.heard, (CallLines{announced, announced}));
+  }
+}
+
+TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  LetTheLogLeave(stage, platform::Null{});
+  const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
+  EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaFechamentoSubordinada(CaixaStage::Own({}).get()); }),
+            Reported(source, "Uso de 'Null' inválido"));
+  // The line of that failure has the log fail once more, and is announced as it was written.
+  EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro 94 em " + source + ": Uso de 'Null' inválido"});
 }
 
 TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {

@@ -176,7 +176,7 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
                 R"(Object2.Let(StringConexao, "Provider=SQLNCLI11;Data Source=arquivo;"))",
                 R"(Object2.Let(LogFile, "/var/log/kodra.log"))",
                 "Object2.Set(Conexao, ObjetoConexao)",
-                R"(Object2.Call(NumCxSubordinadaSQL, 2, "s") -> "s.COD7")",
+                R"(Object2.Call(NumCxSubordinadaSQL, ByRef 2, "s") -> "s.COD7")",
                 "~Object2",
                 "NewRecordset() -> Recordset1",
                 "Recordset1.SetCursorLocation(3)",

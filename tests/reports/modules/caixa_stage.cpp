@@ -116,7 +116,8 @@ CallLines CaixaStage::BusinessLines(const std::string& name, const std::string& 
 CallLines CaixaStage::SubordinateCodeLines(int object) const {
   const std::string name = "Object" + std::to_string(object);
   CallLines lines = BusinessLines(name, "KodraBsnV3.ModulosBsn");
-  lines.push_back(name + ".Call(NumCxSubordinadaSQL, " + std::to_string(database_.code) + ", \"s\") -> \"s.COD7\"");
+  lines.push_back(name + ".Call(NumCxSubordinadaSQL, ByRef " + std::to_string(database_.code) +
+                  ", \"s\") -> \"s.COD7\"");
   lines.push_back("~" + name);
   return lines;
 }
@@ -131,7 +132,7 @@ CallLines CaixaStage::LogLines(const std::string& text) const {
   return {
       "Log.Let(LogFile, " + Quoted(Utf8(report.LogFile())) + ")",
       report.LogFile().empty() ? "Log.Let(Ativar, False)" : "Log.Let(Ativar, True)",
-      "Log.Call(DebugLog, " + Quoted(text) + ") -> Empty",
+      "Log.Call(DebugLog, ByRef " + Quoted(text) + ") -> Empty",
   };
 }
 
@@ -144,7 +145,7 @@ CallLines CaixaStage::ClosedSubordinatesLines(const std::string& module, const s
                 });
   Append(lines, LogLines("KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"));
   Append(lines, BusinessLines("Object3", "KodraBsnV3.ObtedorDeModulos"));
-  Append(lines, {"Object3.Call(ObtemSubordinados, Object2) -> " + answer, "~Object3", "~Object2"});
+  Append(lines, {"Object3.Call(ObtemSubordinados, ByRef Object2) -> " + answer, "~Object3", "~Object2"});
   return lines;
 }
 
