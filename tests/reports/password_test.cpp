@@ -147,6 +147,23 @@ TEST(Password, IsHiddenInNoModuleCodeOfALogLine) {
                        "branco"}));
 }
 
+TEST(Password, IsThreeAsterisksInALineThatTheLogWritesBack) {
+  Machine machine;
+  machine.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&](const std::wstring& name) {
+    auto log = std::make_shared<recorder::FakeObject>(machine.around.journal, name,
+                                                      recorder::Answers{{L"DebugLog", {platform::Empty{}}}});
+    log->Leave(L"DebugLog", L"conectado a DSN=a;PWD=segredo");
+    return log;
+  });
+  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
+  std::vector<std::string> heard;
+  CCaixaRpt report(machine.around);
+  report.OnDebugLog([&](const std::wstring& line) { heard.push_back(recorder::Utf8(line)); });
+  report.SetStringConexao(L"DSN=a;PWD=segredo");
+  report.AutorizacaoDescarteModuloSubRpt(&parameters);
+  EXPECT_EQ(heard, (std::vector<std::string>{"conectado a DSN=a;PWD=***", "conectado a DSN=a;PWD=***"}));
+}
+
 TEST(Password, IsHiddenInNoModuleCodeOfAnError) {
   Machine machine;
   machine.around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {platform::ObjectRef()}}});
