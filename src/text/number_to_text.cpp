@@ -53,7 +53,7 @@ std::wstring WithExponent(const Decimal& decimal) {
 bool NeedsExponent(const Decimal& decimal) {
   if (decimal.exponent >= kSignificantDigits || decimal.exponent <= -kMostDecimals) return true;
   const int decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
-  return decimal.exponent < -4 && decimals > kMostDecimals;
+  return decimals > kMostDecimals;
 }
 
 std::wstring Magnitude(double magnitude) {

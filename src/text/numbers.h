@@ -24,7 +24,7 @@ double LeadingNumber(std::wstring_view text);
 std::optional<double> ParseNumber(std::wstring_view text);
 
 // A number as text: up to 15 significant digits, decimal comma. Numbers of 1E+15 and above have an exponent, and so
-// have small ones that need more than 15 decimals: "1,5", "0,00001", "1E+15", "1,23456789012345E-05".
+// have small ones that need more than 15 decimals: "1,5", "0,00001", "1E+15", "8,33333333333333E-02".
 std::wstring NumberToText(double number);
 std::wstring NumberToText(std::int32_t number);
 std::wstring NumberToText(std::int64_t number);
