@@ -12,6 +12,8 @@ Value AutomationObject::CallByReference(std::wstring_view member, Value& first, 
   return Call(member, arguments);
 }
 
+Value AutomationObject::GetDefault() { throw MemberNotFound(); }
+
 void AutomationObject::ForEach(const std::function<void(const Value&)>& visit) {
   const Value count = Get(L"Count");
   if (!count.Is<std::int32_t>()) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
@@ -31,6 +33,16 @@ AutomationObject& RequiredObject(const Value& value) {
   if (!value.Is<ObjectRef>()) throw MakeRuntimeError(RuntimeError::kObjectRequired);
   if (!value.As<ObjectRef>()) throw MakeRuntimeError(RuntimeError::kObjectNotSet);
   return *value.As<ObjectRef>();
+}
+
+Value DefaultValue(const ObjectRef& object) {
+  constexpr int kMostObjects = 100;
+  Value value = object;
+  for (int visited = 0; value.Is<ObjectRef>(); ++visited) {
+    if (visited == kMostObjects) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+    value = RequiredObject(value).GetDefault();
+  }
+  return value;
 }
 
 }  // namespace kodra::platform

@@ -28,6 +28,9 @@ class AutomationObject {
   // The same for a method that takes its first argument by reference: what it leaves there is in `first` afterwards. By
   // default the method gets a copy.
   virtual Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others);
+  // Reads the default property, the one that automation means where the object alone is written. By default an object
+  // has none: MemberNotFound.
+  virtual Value GetDefault();
   // Visits the members of a collection in its order. As it stands it asks Count and Item from 1 on; an object that
   // can be enumerated faster does so.
   virtual void ForEach(const std::function<void(const Value&)>& visit);
@@ -40,5 +43,10 @@ ObjectRef ObjectIn(const Value& value);
 // The object in a value that must hold one: raises RuntimeError::kObjectNotSet for a null object and
 // RuntimeError::kObjectRequired for any other value.
 AutomationObject& RequiredObject(const Value& value);
+
+// What automation takes an object for where a value is wanted: its default property; where that holds an object again,
+// the default property of that. Raises RuntimeError::kObjectNotSet for a null object and RuntimeError::kTypeMismatch
+// when one object leads to the next without end.
+Value DefaultValue(const ObjectRef& object);
 
 }  // namespace kodra::platform

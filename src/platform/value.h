@@ -29,10 +29,24 @@ struct Date {
   double days = 0;
   bool operator==(const Date&) const = default;
 };
+// An automation currency: a 64-bit count of ten-thousandths.
+struct Currency {
+  std::int64_t tenThousandths = 0;
+  bool operator==(const Currency&) const = default;
+};
+// An automation decimal: 96 bits, `high` before `low`, of which the last `scale` digits (0 to 28) are decimals.
+struct Decimal {
+  std::uint64_t low = 0;
+  std::uint32_t high = 0;
+  std::uint8_t scale = 0;
+  bool negative = false;
+  bool operator==(const Decimal&) const = default;
+};
 
 class Value {
  public:
-  using Storage = std::variant<Empty, Null, bool, std::int32_t, std::int64_t, double, Date, std::wstring, ObjectRef>;
+  using Storage = std::variant<Empty, Null, bool, std::int32_t, std::int64_t, std::uint64_t, float, double, Currency,
+                               Decimal, Date, std::wstring, ObjectRef>;
 
   Value() = default;
   Value(Empty v) : storage_(v) {}
@@ -40,7 +54,11 @@ class Value {
   Value(bool v) : storage_(v) {}
   Value(std::int32_t v) : storage_(v) {}
   Value(std::int64_t v) : storage_(v) {}
+  Value(std::uint64_t v) : storage_(v) {}
+  Value(float v) : storage_(v) {}
   Value(double v) : storage_(v) {}
+  Value(Currency v) : storage_(v) {}
+  Value(Decimal v) : storage_(v) {}
   Value(Date v) : storage_(v) {}
   Value(std::wstring v) : storage_(std::move(v)) {}
   Value(std::wstring_view v) : storage_(std::wstring(v)) {}

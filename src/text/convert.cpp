@@ -4,6 +4,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/automation.h"
+#include "platform/decimal.h"
 #include "platform/erro.h"
 #include "text/format_date.h"
 #include "text/numbers.h"
@@ -12,27 +14,27 @@
 namespace kodra::text {
 namespace {
 
+using platform::Currency;
 using platform::Date;
+using platform::Decimal;
+using platform::DefaultValue;
 using platform::MakeRuntimeError;
 using platform::ObjectRef;
 using platform::RuntimeError;
 
-// Raises for the kinds of value that no conversion takes.
 [[noreturn]] void Refuse(platform::Null) { throw MakeRuntimeError(RuntimeError::kInvalidUseOfNull); }
-[[noreturn]] void Refuse(const ObjectRef& object) {
-  throw MakeRuntimeError(object ? RuntimeError::kTypeMismatch : RuntimeError::kObjectNotSet);
-}
 
 struct TextOf {
   std::wstring operator()(platform::Empty) const { return {}; }
   std::wstring operator()(platform::Null null) const { Refuse(null); }
   std::wstring operator()(bool value) const { return value ? L"Verdadeiro" : L"Falso"; }
-  std::wstring operator()(std::int32_t value) const { return NumberToText(value); }
-  std::wstring operator()(std::int64_t value) const { return NumberToText(value); }
-  std::wstring operator()(double value) const { return NumberToText(value); }
+  template <class Number>
+  std::wstring operator()(Number value) const {
+    return NumberToText(value);
+  }
   std::wstring operator()(Date value) const { return DateToText(value); }
   std::wstring operator()(const std::wstring& value) const { return value; }
-  std::wstring operator()(const ObjectRef& value) const { Refuse(value); }
+  std::wstring operator()(const ObjectRef& value) const { return ToText(DefaultValue(value)); }
 };
 
 double NumberIn(const std::wstring& text) {
@@ -56,18 +58,29 @@ struct Int32Of {
   std::int32_t operator()(bool value) const { return value ? -1 : 0; }
   std::int32_t operator()(std::int32_t value) const { return value; }
   std::int32_t operator()(std::int64_t value) const { return Narrow(value); }
+  std::int32_t operator()(std::uint64_t value) const {
+    if (!std::in_range<std::int32_t>(value)) Overflow();
+    return static_cast<std::int32_t>(value);
+  }
   std::int32_t operator()(double value) const { return Narrow(RoundToEven(value)); }
+  std::int32_t operator()(Currency value) const { return (*this)(platform::ToDecimal(value)); }
+  std::int32_t operator()(const Decimal& value) const {
+    const std::optional<std::int64_t> whole = platform::RoundToInteger(value);
+    if (!whole) Overflow();
+    return Narrow(*whole);
+  }
   std::int32_t operator()(Date value) const { return (*this)(value.days); }
   std::int32_t operator()(const std::wstring& value) const { return (*this)(NumberIn(value)); }
-  std::int32_t operator()(const ObjectRef& value) const { Refuse(value); }
+  std::int32_t operator()(const ObjectRef& value) const { return ToInt32(DefaultValue(value)); }
 
  private:
+  [[noreturn]] static void Overflow() { throw MakeRuntimeError(RuntimeError::kOverflow); }
   template <class Number>
   static std::int32_t Narrow(Number number) {
     using Limits = std::numeric_limits<std::int32_t>;
     // Written so that what is not a number fails too.
     const bool fits = number >= Number{Limits::min()} && number <= Number{Limits::max()};
-    if (!fits) throw MakeRuntimeError(RuntimeError::kOverflow);
+    if (!fits) Overflow();
     return static_cast<std::int32_t>(number);
   }
 };
@@ -76,15 +89,18 @@ struct DateOf {
   Date operator()(platform::Empty) const { return {}; }
   Date operator()(platform::Null null) const { Refuse(null); }
   Date operator()(bool value) const { return {value ? -1.0 : 0.0}; }
-  Date operator()(std::int32_t value) const { return Checked(value); }
-  Date operator()(std::int64_t value) const { return Checked(static_cast<double>(value)); }
-  Date operator()(double value) const { return Checked(value); }
+  template <class Number>
+  Date operator()(Number value) const {
+    return Checked(static_cast<double>(value));
+  }
+  Date operator()(Currency value) const { return (*this)(platform::ToDecimal(value)); }
+  Date operator()(const Decimal& value) const { return Checked(platform::ToDouble(value)); }
   Date operator()(Date value) const { return value; }
   Date operator()(const std::wstring& value) const {
     if (const std::optional<Date> date = ParseDate(value)) return *date;
     return Checked(NumberIn(value));
   }
-  Date operator()(const ObjectRef& value) const { Refuse(value); }
+  Date operator()(const ObjectRef& value) const { return ToDate(DefaultValue(value)); }
 
  private:
   static Date Checked(double days) {
@@ -97,9 +113,12 @@ struct BoolOf {
   bool operator()(platform::Empty) const { return false; }
   bool operator()(platform::Null null) const { Refuse(null); }
   bool operator()(bool value) const { return value; }
-  bool operator()(std::int32_t value) const { return value != 0; }
-  bool operator()(std::int64_t value) const { return value != 0; }
-  bool operator()(double value) const { return value != 0; }
+  template <class Number>
+  bool operator()(Number value) const {
+    return value != 0;
+  }
+  bool operator()(Currency value) const { return value.tenThousandths != 0; }
+  bool operator()(const Decimal& value) const { return value.low != 0 || value.high != 0; }
   bool operator()(Date value) const { return value.days != 0; }
   bool operator()(const std::wstring& value) const {
     const std::wstring word = UpperCase(value);
@@ -107,7 +126,7 @@ struct BoolOf {
     if (word == L"FALSO" || word == L"FALSE") return false;
     return NumberIn(value) != 0;
   }
-  bool operator()(const ObjectRef& value) const { Refuse(value); }
+  bool operator()(const ObjectRef& value) const { return ToBool(DefaultValue(value)); }
 };
 
 }  // namespace
@@ -120,6 +139,7 @@ std::wstring ToText(platform::Value&& value) {
 }
 
 std::wstring ToTextOrEmpty(platform::Value value) {
+  if (value.Is<ObjectRef>()) value = DefaultValue(value.As<ObjectRef>());
   return value.Is<platform::Null>() ? std::wstring() : ToText(std::move(value));
 }
 

@@ -1,7 +1,8 @@
 // Conversions of a value as the automation runtime makes them under Brazilian Portuguese.
 //
-// Each raises a runtime error for a value that it cannot convert: RuntimeError::kInvalidUseOfNull for Null,
-// RuntimeError::kObjectNotSet for a null object, RuntimeError::kTypeMismatch for any other object.
+// An object is converted by way of its default property (platform::DefaultValue). Each raises a runtime error for a
+// value that it cannot convert: RuntimeError::kInvalidUseOfNull for Null, RuntimeError::kObjectNotSet for a null
+// object, RuntimeError::kMemberNotFound for an object without default property.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +16,8 @@ namespace kodra::text {
 std::wstring ToText(const platform::Value& value);
 std::wstring ToText(platform::Value&& value);
 
-// A value joined to the empty text: as ToText, but Null gives the empty text too.
+// A value joined to the empty text: as ToText, but Null gives the empty text too, and so does an object whose default
+// property is Null.
 std::wstring ToTextOrEmpty(platform::Value value);
 
 // A 32-bit integer: halves go to the even neighbour, true is -1, Empty is 0, text is read as a Brazilian number.

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/value.h"
+
 namespace kodra::text {
 
 // The number that a text begins with; 0 when it begins with none. Blanks, tabs and line ends are passed over, between
@@ -26,7 +28,13 @@ std::optional<double> ParseNumber(std::wstring_view text);
 // A number as text: up to 15 significant digits, decimal comma. Numbers of 1E+15 and above have an exponent, and so
 // have small ones that need more than 15 decimals: "1,5", "0,00001", "1E+15", "8,33333333333333E-02".
 std::wstring NumberToText(double number);
+// The same with 7 digits and an exponent from 1E+07 on: "0,1", "0,3333333", "1E+07".
+std::wstring NumberToText(float number);
+// Every digit, without zeros at the end of the decimals: "12,5", "-0,0001".
 std::wstring NumberToText(std::int32_t number);
 std::wstring NumberToText(std::int64_t number);
+std::wstring NumberToText(std::uint64_t number);
+std::wstring NumberToText(platform::Currency number);
+std::wstring NumberToText(const platform::Decimal& number);
 
 }  // namespace kodra::text

@@ -276,13 +276,13 @@ TEST(ParameterObjectTest, RefusesWhatIsNoDateOrFlagAndKeepsItsValue) {
   EXPECT_EQ(request.Get(L"ListarJaDevolvidos"), Value(true));
 }
 
-TEST(ParameterObjectTest, RefusesANullAndAnObjectInEveryPropertyAndKeepsItsValue) {
+TEST(ParameterObjectTest, RefusesANullAndAnObjectWithoutDefaultPropertyAndKeepsItsValue) {
   FakeSurroundings around;
   const platform::ObjectRef other = around.NewObject(L"Outro", {});
   ForEachProperty([&](ParameterObject& object, const Expected& property) {
     const Value start = object.Get(property.name);
     EXPECT_EQ(RaisedBy([&] { object.Let(property.name, platform::Null{}); }), kInvalidUseOfNull);
-    EXPECT_EQ(RaisedBy([&] { object.Let(property.name, other); }), kTypeMismatch);
+    EXPECT_EQ(RaisedBy([&] { object.Let(property.name, other); }), kMemberNotFound);
     EXPECT_EQ(object.Get(property.name), start);
   });
 }

@@ -17,6 +17,7 @@ using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
 
+const Raised kNoDefaultProperty = {438, "KodraRpt", "O objeto não aceita esta propriedade ou método"};
 const Raised kTypeMismatch = {13, "KodraRpt", "Tipos incompatíveis"};
 const Raised kInvalidUseOfNull = {94, "KodraRpt", "Uso de 'Null' inválido"};
 
@@ -88,15 +89,15 @@ TEST_F(ParameterReaderTest, LetsAnyOtherErrorThrough) {
   EXPECT_EQ(RaisedBy([&] { ReadFrom(L"V"); }), (Raised{-2147220000, "Cliente", "Agora não"}));
 }
 
-TEST_F(ParameterReaderTest, RefusesANullAndAnObject) {
+TEST_F(ParameterReaderTest, RefusesANullAndAnObjectWithoutDefaultProperty) {
   const auto null = Parameters(platform::Null{});
   EXPECT_EQ(RaisedBy([&] { ReadText(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   EXPECT_EQ(RaisedBy([&] { ReadDate(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   EXPECT_EQ(RaisedBy([&] { ReadFlag(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   const auto object = Parameters(around_.NewObject(L"Outro", {}));
-  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"TipoRpt"); }), kTypeMismatch);
-  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"TipoRpt"); }), kTypeMismatch);
-  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), kTypeMismatch);
+  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"TipoRpt"); }), kNoDefaultProperty);
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"TipoRpt"); }), kNoDefaultProperty);
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), kNoDefaultProperty);
 }
 
 }  // namespace

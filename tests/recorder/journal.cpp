@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "platform/decimal.h"
 #include "recorder/fake_object.h"
 
 namespace kodra::recorder {
@@ -20,7 +21,11 @@ struct Show {
   std::wstring operator()(bool flag) const { return flag ? L"True" : L"False"; }
   std::wstring operator()(std::int32_t number) const { return std::to_wstring(number); }
   std::wstring operator()(std::int64_t number) const { return std::to_wstring(number); }
+  std::wstring operator()(std::uint64_t number) const { return std::to_wstring(number); }
+  std::wstring operator()(float number) const { return Decimal(number); }
   std::wstring operator()(double number) const { return Decimal(number); }
+  std::wstring operator()(platform::Currency number) const { return PlainText(platform::ToDecimal(number)); }
+  std::wstring operator()(const platform::Decimal& number) const { return PlainText(number); }
   std::wstring operator()(platform::Date date) const { return L"Date(" + Decimal(date.days) + L")"; }
   std::wstring operator()(const std::wstring& text) const { return L"\"" + text + L"\""; }
   std::wstring operator()(const platform::ObjectRef& object) const {

@@ -244,6 +244,30 @@ TEST(COperadorRptTest, TakesTextsOfTheFullSizeOfAField) {
   }
 }
 
+TEST(COperadorRptTest, WritesANumberOfAnyAutomationTypeWithItsDigits) {
+  const struct {
+    Value stored;
+    std::wstring_view written;
+  } cases[] = {
+      {0.1F, L"0,1"},
+      {1e7F, L"1E+07"},
+      {platform::Currency{9223372036854775807}, L"922337203685477,5807"},
+      {platform::Currency{-1}, L"-0,0001"},
+      {platform::Decimal{.low = 123456789012345678}, L"123456789012345678"},
+      {platform::Decimal{.low = 1250, .scale = 2}, L"12,5"},
+      {std::uint64_t{18446744073709551615U}, L"18446744073709551615"},
+  };
+  for (const auto& [stored, written] : cases) {
+    for (const std::size_t column : {0, 1, 3, 4, 5, 7}) {
+      Scene scene(Report(), DatabaseOf(2), Having({AnaWith(column, stored)}));
+      scene.Prepare();
+      const frame::ReportRows rows = scene.Call();
+      ASSERT_NE(rows, nullptr);
+      EXPECT_EQ(rows->FieldByName(kColumns[column])->Get(), Value(written));
+    }
+  }
+}
+
 TEST(COperadorRptTest, FailsWhileFillingForATextLongerThanItsField) {
   const std::wstring tooLong(256, L'x');
   const Raised expected = FailedStep(kFilling, "A operação em várias etapas gerou erros");

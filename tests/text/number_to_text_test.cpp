@@ -60,6 +60,54 @@ TEST(NumberToText, WritesIntegersInFull) {
   EXPECT_EQ(NumberToText(std::int32_t{0}), L"0");
   EXPECT_EQ(NumberToText(std::numeric_limits<std::int64_t>::min()), L"-9223372036854775808");
   EXPECT_EQ(NumberToText(std::numeric_limits<std::int64_t>::max()), L"9223372036854775807");
+  EXPECT_EQ(NumberToText(std::numeric_limits<std::uint64_t>::max()), L"18446744073709551615");
+}
+TEST(NumberToText, ASingleHasSevenSignificantDigits) {
+  EXPECT_EQ(NumberToText(0.1F), L"0,1");
+  EXPECT_EQ(NumberToText(1.5F), L"1,5");
+  EXPECT_EQ(NumberToText(-0.25F), L"-0,25");
+  EXPECT_EQ(NumberToText(-0.0F), L"0");
+  EXPECT_EQ(NumberToText(1.0F / 3), L"0,3333333");
+  EXPECT_EQ(NumberToText(2.0F / 3), L"0,6666667");
+  EXPECT_EQ(NumberToText(1234.5678F), L"1234,568");
+  EXPECT_EQ(NumberToText(9999999.0F), L"9999999");
+}
+TEST(NumberToText, ASingleHasAnExponentFrom1E07OnAndBeyondSevenDecimals) {
+  EXPECT_EQ(NumberToText(1e6F), L"1000000");
+  EXPECT_EQ(NumberToText(1e7F), L"1E+07");
+  EXPECT_EQ(NumberToText(16777216.0F), L"1,677722E+07");
+  EXPECT_EQ(NumberToText(999999.97F), L"1000000");
+  EXPECT_EQ(NumberToText(-3.4028235e38F), L"-3,402823E+38");
+  EXPECT_EQ(NumberToText(0.05F), L"0,05");
+  EXPECT_EQ(NumberToText(0.00001F), L"0,00001");
+  EXPECT_EQ(NumberToText(0.0000125F), L"0,0000125");
+  EXPECT_EQ(NumberToText(1.0F / 30), L"3,333334E-02");
+  EXPECT_EQ(NumberToText(1.234567e-4F), L"1,234567E-04");
+  EXPECT_EQ(NumberToText(1e-20F), L"1E-20");
+}
+TEST(NumberToText, ASingleThatIsNoFiniteNumberReadsAsADoubleDoes) {
+  EXPECT_EQ(NumberToText(std::numeric_limits<float>::infinity()), L"1,#INF");
+  EXPECT_EQ(NumberToText(std::numeric_limits<float>::quiet_NaN()), L"-1,#IND");
+}
+TEST(NumberToText, ACurrencyKeepsItsFourDecimals) {
+  EXPECT_EQ(NumberToText(platform::Currency{}), L"0");
+  EXPECT_EQ(NumberToText(platform::Currency{123400}), L"12,34");
+  EXPECT_EQ(NumberToText(platform::Currency{10000000}), L"1000");
+  EXPECT_EQ(NumberToText(platform::Currency{-1}), L"-0,0001");
+  EXPECT_EQ(NumberToText(platform::Currency{std::numeric_limits<std::int64_t>::max()}), L"922337203685477,5807");
+  EXPECT_EQ(NumberToText(platform::Currency{std::numeric_limits<std::int64_t>::min()}), L"-922337203685477,5808");
+}
+TEST(NumberToText, ADecimalKeepsAllItsDigits) {
+  constexpr std::uint64_t kLow = std::numeric_limits<std::uint64_t>::max();
+  constexpr std::uint32_t kHigh = std::numeric_limits<std::uint32_t>::max();
+  EXPECT_EQ(NumberToText(platform::Decimal{.low = 123456789012345678U}), L"123456789012345678");
+  EXPECT_EQ(NumberToText(platform::Decimal{.low = kLow, .high = kHigh}), L"79228162514264337593543950335");
+  EXPECT_EQ(NumberToText(platform::Decimal{.low = kLow, .high = kHigh, .scale = 28, .negative = true}),
+            L"-7,9228162514264337593543950335");
+  EXPECT_EQ(NumberToText(platform::Decimal{.low = 1, .scale = 28}), L"0,0000000000000000000000000001");
+  EXPECT_EQ(NumberToText(platform::Decimal{.low = 1500, .scale = 3}), L"1,5");
+  EXPECT_EQ(NumberToText(platform::Decimal{.low = 1000}), L"1000");
+  EXPECT_EQ(NumberToText(platform::Decimal{.scale = 2, .negative = true}), L"0");
 }
 
 }  // namespace

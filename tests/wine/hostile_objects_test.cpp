@@ -56,7 +56,7 @@ TEST_F(HostileObjects, ABareErrorIsTheCauseToo) {
   });
 }
 
-TEST_F(HostileObjects, ValuesThatNoPropertyHasAreMismatches) {
+TEST_F(HostileObjects, ValuesThatNoPropertyHasAreRefused) {
   VARIANT array = {};
   array.vt = VT_ARRAY | VT_VARIANT;
   array.parray = SafeArrayCreateVector(VT_VARIANT, 0, 2);
@@ -66,7 +66,7 @@ TEST_F(HostileObjects, ValuesThatNoPropertyHasAreMismatches) {
       {Var::Null(), {0x800A005E, L"KodraRpt", L"Uso de 'Null' inválido"}},
       {Var(static_cast<IDispatch*>(nullptr)),
        {0x800A005B, L"KodraRpt", L"A variável do objeto ou a variável do bloco 'With' não foi definida"}},
-      {Var(live.get()), mismatch},
+      {Var(live.get()), {0x800A01B6, L"KodraRpt", L"O objeto não aceita esta propriedade ou método"}},
   };
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     for (const auto& [value, cause] : values)

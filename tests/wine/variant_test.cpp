@@ -7,6 +7,7 @@
 
 #include "foreign_object.h"
 #include "platform/windows/automation_object.h"
+#include "text/convert.h"
 
 namespace kodra::platform::windows {
 namespace {
@@ -75,19 +76,33 @@ TEST(VariantToValue, ALargerIntegerIsA64BitOne) {
   EXPECT_EQ(Value(std::int64_t{5000000000}), ToValue(Of(VT_UI8, [](VARIANT& v) { v.ullVal = 5000000000U; })));
 }
 
-TEST(VariantToValue, AnIntegerBeyond63BitsIsRefused) {
-  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_UI8, [](VARIANT& v) { v.ullVal = std::numeric_limits<ULONGLONG>::max(); })));
+TEST(VariantToValue, AnUnsignedIntegerBeyond63BitsKeepsItsDigits) {
+  constexpr ULONGLONG kLargest = std::numeric_limits<ULONGLONG>::max();
+  EXPECT_EQ(Value(std::uint64_t{kLargest}), ToValue(Of(VT_UI8, [](VARIANT& v) { v.ullVal = kLargest; })));
 }
 
-TEST(VariantToValue, OtherNumbersAreDoubles) {
-  EXPECT_EQ(Value(0.5), ToValue(Of(VT_R4, [](VARIANT& v) { v.fltVal = 0.5F; })));
-  EXPECT_EQ(Value(12.34), ToValue(Of(VT_CY, [](VARIANT& v) { v.cyVal.int64 = 123400; })));
-  VARIANT decimal = Of(VT_EMPTY, [](VARIANT& v) {
-    v.decVal.Lo64 = 12345;
-    v.decVal.scale = 2;
+VARIANT DecimalOf(BYTE sign, BYTE scale, ULONG high, ULONGLONG low) {
+  VARIANT v = Of(VT_EMPTY, [&](VARIANT& variant) {
+    variant.decVal.sign = sign;
+    variant.decVal.scale = scale;
+    variant.decVal.Hi32 = high;
+    variant.decVal.Lo64 = low;
   });
-  decimal.vt = VT_DECIMAL;
-  EXPECT_EQ(Value(123.45), ToValue(decimal));
+  v.vt = VT_DECIMAL;
+  return v;
+}
+
+TEST(VariantToValue, OtherNumbersKeepTheirTypeAndDigits) {
+  EXPECT_EQ(Value(0.1F), ToValue(Of(VT_R4, [](VARIANT& v) { v.fltVal = 0.1F; })));
+  EXPECT_EQ(Value(Currency{-123456}), ToValue(Of(VT_CY, [](VARIANT& v) { v.cyVal.int64 = -123456; })));
+  EXPECT_EQ(Value(Decimal{.low = 2, .high = 1, .scale = 3, .negative = true}),
+            ToValue(DecimalOf(DECIMAL_NEG, 3, 1, 2)));
+}
+
+TEST(VariantToValue, ADecimalWithMoreDecimalsThanThereAreIsRefused) {
+  EXPECT_EQ(Value(Decimal{.low = 1, .scale = 28}), ToValue(DecimalOf(0, 28, 0, 1)));
+  EXPECT_EQ(kTypeMismatch, Raised(DecimalOf(0, 29, 0, 1)));
+  EXPECT_EQ(kTypeMismatch, Raised(DecimalOf(0x40, 0, 0, 1)));
 }
 
 TEST(VariantToValue, ATextKeepsEveryCharacterAndANullOneIsEmpty) {
@@ -117,6 +132,13 @@ TEST(VariantToValue, AReferenceIsFollowed) {
   const face::Bstr text(L"ação");
   BSTR pointed = text;
   EXPECT_EQ(Value(L"ação"), ToValue(Of(VT_BYREF | VT_BSTR, [&](VARIANT& v) { v.pbstrVal = &pointed; })));
+  FLOAT single = 0.1F;
+  EXPECT_EQ(Value(0.1F), ToValue(Of(VT_BYREF | VT_R4, [&](VARIANT& v) { v.pfltVal = &single; })));
+  CY amount = {.int64 = 5};
+  EXPECT_EQ(Value(Currency{5}), ToValue(Of(VT_BYREF | VT_CY, [&](VARIANT& v) { v.pcyVal = &amount; })));
+  DECIMAL decimal = DecimalOf(0, 1, 0, 15).decVal;
+  EXPECT_EQ(Value(Decimal{.low = 15, .scale = 1}),
+            ToValue(Of(VT_BYREF | VT_DECIMAL, [&](VARIANT& v) { v.pdecVal = &decimal; })));
   DATE date = 2.5;
   EXPECT_EQ(Value(Date{2.5}), ToValue(Of(VT_BYREF | VT_DATE, [&](VARIANT& v) { v.pdate = &date; })));
 }
@@ -147,7 +169,11 @@ TEST(VariantFromValue, HasTheTypeOfTheValue) {
   EXPECT_EQ(VT_NULL, (*ScopedVariant(Value(Null{}))).vt);
   EXPECT_EQ(VT_I4, (*ScopedVariant(Value(std::int32_t{1}))).vt);
   EXPECT_EQ(VT_I8, (*ScopedVariant(Value(std::int64_t{1}))).vt);
+  EXPECT_EQ(VT_UI8, (*ScopedVariant(Value(std::uint64_t{1}))).vt);
+  EXPECT_EQ(VT_R4, (*ScopedVariant(Value(1.0F))).vt);
   EXPECT_EQ(VT_R8, (*ScopedVariant(Value(1.0))).vt);
+  EXPECT_EQ(VT_CY, (*ScopedVariant(Value(Currency{1}))).vt);
+  EXPECT_EQ(VT_DECIMAL, (*ScopedVariant(Value(Decimal{.low = 1}))).vt);
   EXPECT_EQ(VT_DATE, (*ScopedVariant(Value(Date{1}))).vt);
   EXPECT_EQ(VT_BSTR, (*ScopedVariant(Value(L"a"))).vt);
   EXPECT_EQ(VT_BOOL, (*ScopedVariant(Value(true))).vt);
@@ -159,7 +185,9 @@ TEST(VariantFromValue, HasTheTypeOfTheValue) {
 TEST(VariantFromValue, ComesBackAsTheSameValue) {
   for (const Value& value :
        {Value(), Value(Null{}), Value(true), Value(false), Value(std::int32_t{-1}), Value(std::int64_t{5000000000}),
-        Value(0.25), Value(Date{-1.5}), Value(L"ação"), Value(std::wstring(L"a\0b", 3)), Value(ObjectRef())})
+        Value(std::uint64_t{18446744073709551615U}), Value(0.1F), Value(0.25), Value(Currency{-1}),
+        Value(Decimal{.low = 5, .high = 4294967295U, .scale = 28, .negative = true}), Value(Date{-1.5}), Value(L"ação"),
+        Value(std::wstring(L"a\0b", 3)), Value(ObjectRef())})
     EXPECT_EQ(value, ToValue(*ScopedVariant(value)));
 }
 
@@ -172,6 +200,48 @@ TEST(VariantFromValue, SharesAnObject) {
     EXPECT_EQ(object.get(), (*other).pdispVal);
   }
   EXPECT_EQ(0U, object.Release());
+}
+
+// An object whose default property has the value.
+face::Ref<IDispatch> WithDefault(const face::Var& value) {
+  class Object final : public face::ClientObject {
+   public:
+    explicit Object(const face::Var& held) : held_(held) {}
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS*, VARIANT* result, EXCEPINFO*, UINT*) override {
+      if (id != DISPID_VALUE || (kind & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;
+      return VariantCopy(result, const_cast<VARIANT*>(&held_.raw()));
+    }
+
+   private:
+    face::Var held_;
+  };
+  return face::Ref<IDispatch>::Owning(new Object(value));
+}
+
+TEST(LateBoundObject, JoinedToATextIsItsDefaultProperty) {
+  const auto joined = [](const face::Ref<IDispatch>& object) {
+    return text::ToTextOrEmpty(ToValue(*ScopedVariant::Object(object.get())));
+  };
+  EXPECT_EQ(L"ação", joined(WithDefault(L"ação")));
+  EXPECT_EQ(L"", joined(WithDefault(face::Var::Null())));
+  EXPECT_EQ(L"2,5", joined(WithDefault(2.5)));
+  EXPECT_EQ(L"7", joined(WithDefault(face::Var(WithDefault(7).get()))));
+}
+
+TEST(LateBoundObject, WithoutDefaultPropertyHasNoText) {
+  const auto raised = [](const Value& value) {
+    try {
+      text::ToTextOrEmpty(value);
+      return 0;
+    } catch (const Erro& erro) {
+      return static_cast<int>(erro.Number());
+    }
+  };
+  EXPECT_EQ(438, raised(WrapDispatch(face::ForeignObject::With(L"Nome", L"Ana").get())));
+  EXPECT_EQ(438, raised(WrapDispatch(WithDefault(face::Var(face::ForeignObject::With(L"Nome", L"Ana").get())).get())));
+  EXPECT_EQ(91, raised(WrapDispatch(nullptr)));
+  EXPECT_EQ(91, raised(WrapDispatch(WithDefault(face::Var(static_cast<IDispatch*>(nullptr))).get())));
 }
 
 // An object that is no COM object.

@@ -47,15 +47,19 @@ ScopedVariant DispatchObject::Invoke(std::wstring_view member, WORD kind, VARIAN
   MemberName name(member);
   DISPID id = DISPID_UNKNOWN;
   EXCEPINFO info = {};
-  HRESULT hr = object_->GetIDsOfNames(IID_NULL, name.get(), 1, LOCALE_USER_DEFAULT, &id);
+  const HRESULT hr = object_->GetIDsOfNames(IID_NULL, name.get(), 1, LOCALE_USER_DEFAULT, &id);
   if (FAILED(hr)) Raise(hr, info);
+  return Invoke(id, kind, arguments, count);
+}
 
+ScopedVariant DispatchObject::Invoke(DISPID id, WORD kind, VARIANT* arguments, UINT count) {
+  EXCEPINFO info = {};
   DISPID put = DISPID_PROPERTYPUT;
   const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters = {arguments, isPut ? &put : nullptr, count, isPut ? 1U : 0U};
   ScopedVariant result;
-  hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, isPut ? nullptr : result.get(), &info,
-                       nullptr);
+  const HRESULT hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
+                                     isPut ? nullptr : result.get(), &info, nullptr);
   if (FAILED(hr)) Raise(hr, info);
   return result;
 }
@@ -71,6 +75,10 @@ ScopedVariant DispatchObject::GetVariant(std::wstring_view member) {
 }
 
 Value DispatchObject::Get(std::wstring_view member) { return ToValue(*GetVariant(member)); }
+
+Value DispatchObject::GetDefault() {
+  return ToValue(*Invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0));
+}
 
 void DispatchObject::Let(std::wstring_view member, const Value& value) {
   ScopedVariant argument(value);

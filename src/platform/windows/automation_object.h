@@ -23,6 +23,7 @@ class DispatchObject final : public AutomationObject {
   // The method sees a text, a 32-bit integer or an object by reference to that type, anything else by reference to a
   // VARIANT.
   Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) override;
+  Value GetDefault() override;
   // Enumerates as `For Each` does; an object without an enumerator is asked for Count and Item.
   void ForEach(const std::function<void(const Value&)>& visit) override;
 
@@ -34,6 +35,7 @@ class DispatchObject final : public AutomationObject {
  private:
   ScopedVariant Invoke(std::wstring_view member, WORD kind, VARIANT* arguments, UINT count);
   ScopedVariant InvokeMethod(std::wstring_view member, std::vector<ScopedVariant>& reversed);
+  ScopedVariant Invoke(DISPID id, WORD kind, VARIANT* arguments, UINT count);
 
   com_ptr<IDispatch> object_;
 };

@@ -33,9 +33,29 @@ struct VariantWriter {
     V_VT(&out) = VT_I8;
     V_I8(&out) = v;
   }
+  void operator()(std::uint64_t v) const {
+    V_VT(&out) = VT_UI8;
+    V_UI8(&out) = v;
+  }
+  void operator()(float v) const {
+    V_VT(&out) = VT_R4;
+    V_R4(&out) = v;
+  }
   void operator()(double v) const {
     V_VT(&out) = VT_R8;
     V_R8(&out) = v;
+  }
+  void operator()(Currency v) const {
+    V_VT(&out) = VT_CY;
+    V_CY(&out).int64 = v.tenThousandths;
+  }
+  void operator()(const Decimal& v) const {
+    DECIMAL& decimal = V_DECIMAL(&out);
+    decimal.scale = v.scale;
+    decimal.sign = v.negative ? DECIMAL_NEG : 0;
+    decimal.Hi32 = v.high;
+    decimal.Lo64 = v.low;
+    V_VT(&out) = VT_DECIMAL;  // after the decimal, which covers the type's own bytes
   }
   void operator()(Date v) const {
     V_VT(&out) = VT_DATE;
@@ -51,9 +71,23 @@ struct VariantWriter {
   }
 };
 
-Value FromInteger(std::int64_t v) {
+template <class Integer>
+Value FromInteger(Integer v) {
   if (std::in_range<std::int32_t>(v)) return static_cast<std::int32_t>(v);
+  if (std::in_range<std::int64_t>(v)) return static_cast<std::int64_t>(v);
   return v;
+}
+
+Value FromDecimal(const DECIMAL& v) {
+  constexpr BYTE kMostDecimals = 28;
+  if (v.scale > kMostDecimals || (v.sign != 0 && v.sign != DECIMAL_NEG))
+    throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  Decimal decimal;
+  decimal.low = v.Lo64;
+  decimal.high = v.Hi32;
+  decimal.scale = v.scale;
+  decimal.negative = v.sign == DECIMAL_NEG;
+  return decimal;
 }
 
 Value FromUnknown(IUnknown* unknown) {
@@ -66,10 +100,10 @@ Value FromUnknown(IUnknown* unknown) {
 // Automation's functions only read their source, but take it without const.
 VARIANT* Readable(const VARIANT& variant) { return const_cast<VARIANT*>(&variant); }
 
-// Types that have no kind of their own in Value, by way of one that has.
-Value FromConverted(const VARIANT& variant, VARTYPE type) {
+// Integers that have no kind of their own in Value, by way of the one that has room for all of them.
+Value FromSmallInteger(const VARIANT& variant) {
   ScopedVariant converted;
-  if (FAILED(VariantChangeTypeEx(converted.get(), Readable(variant), LOCALE_INVARIANT, 0, type)))
+  if (FAILED(VariantChangeTypeEx(converted.get(), Readable(variant), LOCALE_INVARIANT, 0, VT_I8)))
     throw MakeRuntimeError(RuntimeError::kTypeMismatch);
   return ToValue(*converted);
 }
@@ -200,7 +234,7 @@ Value ToValue(const VARIANT& variant) {
     case VT_I4:
       return static_cast<std::int32_t>(V_I4(&variant));
     case VT_I8:
-      return FromInteger(V_I8(&variant));
+      return FromInteger(std::int64_t{V_I8(&variant)});
     case VT_R8:
       return V_R8(&variant);
     case VT_DATE:
@@ -217,14 +251,15 @@ Value ToValue(const VARIANT& variant) {
     case VT_UI4:
     case VT_INT:
     case VT_UINT:
-      return FromConverted(variant, VT_I8);
+      return FromSmallInteger(variant);
     case VT_UI8:
-      if (!std::in_range<std::int64_t>(V_UI8(&variant))) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
-      return FromInteger(static_cast<std::int64_t>(V_UI8(&variant)));
+      return FromInteger(std::uint64_t{V_UI8(&variant)});
     case VT_R4:
+      return V_R4(&variant);
     case VT_CY:
+      return Currency{V_CY(&variant).int64};
     case VT_DECIMAL:
-      return FromConverted(variant, VT_R8);
+      return FromDecimal(V_DECIMAL(&variant));
     default:
       throw MakeRuntimeError(RuntimeError::kTypeMismatch);
   }

@@ -77,9 +77,9 @@ class ScopedBstr {
 // The text of a BSTR, embedded zeros included; a null BSTR is the empty text.
 std::wstring ToWide(BSTR text);
 
-// The value that a VARIANT holds; by-reference variants are followed. Integers that fit become 32-bit ones, currency
-// and decimals become doubles, an automation object becomes a late-bound one (null stays null). Arrays, other types and
-// integers beyond 64 signed bits raise RuntimeError::kTypeMismatch.
+// The value that a VARIANT holds; by-reference variants are followed. Integers that fit become 32-bit ones, an
+// automation object becomes a late-bound one (null stays null), and every other value keeps its type. Arrays and other
+// types raise RuntimeError::kTypeMismatch.
 Value ToValue(const VARIANT& variant);
 
 // The number as an automation client sees it, and back: a control error (0x800A0000 + n) is n.
