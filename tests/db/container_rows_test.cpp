@@ -40,10 +40,9 @@ void AddLabel(Table& labels, const Text& container) {
   labels.Add(container, latest, kind, Reports::Company());
 }
 
-// The rows of labels from the first on. Their statement joins every row of parameters, and the last one read names the
-// company: of the two that the archive has it may be either, and counts as the installation's.
+// The rows of labels, on the first of which their recordset is. Their statement joins every row of parameters, and the
+// last one read names the company: of the two that the archive has it may be either, and counts as the installation's.
 Table LabelRows(frame::ReportRows rows) {
-  rows->MoveFirst();
   Table labels = Read(*rows);
   const Text other = *Reports::Find(&Parametro::codigo, Text(L"2"))->empresa;
   for (Table::Row& label : labels.rows) {

@@ -8,11 +8,7 @@ constexpr const wchar_t* kReport = L"CContainerRpt";
 
 class ContainerRows : public OnBothDatabases {
  protected:
-  Rows Labels(const Properties& properties) const {
-    const auto labels = Open(kReport, L"EtiquetaAbertura", properties);
-    // A label sheet without labels has no first row to move to.
-    return Got(Get(labels, L"RecordCount")).number() == 0 ? ReadAll(labels) : ReadFromFirst(labels);
-  }
+  Rows Labels(const Properties& properties) const { return RowsOf(kReport, L"EtiquetaAbertura", properties); }
   // The label of a container with dated modules: kept for a term, until the last of their dates.
   Cells DatedLabel(const std::wstring& container) const {
     Cell latest;
@@ -98,7 +94,7 @@ Cells LabelOfThree(const std::wstring& change) {
   const auto parameters = ParametersOf(kReport, {{L"Container1", L"CT0001"}});
   const auto labels =
       Got(RunReport(kReport, L"EtiquetaAbertura", Var(parameters.get()), archive.Connection())).object();
-  const Rows rows = ReadFromFirst(labels);
+  const Rows rows = ReadAll(labels);
   EXPECT_EQ(1U, rows.rows.size());
   return rows.rows.at(0);
 }

@@ -81,6 +81,7 @@ frame::ReportRows CContainerRpt::EtiquetaAbertura(platform::AutomationObject* ob
     output.Append(L"DATA_VENCIMENTO", ad::kDBDate);
     output.AppendText(L"TIPO_GUARDA", 1);
     output.AppendText(L"NOME_EMPRESA", 64);
+    bool anyLabel = false;
     for (const std::wstring_view property : kContainers) {
       const std::wstring container = frame::ReadText(*obj, property);
       const frame::ReportRows modules = Open(ModulesStatement(container));
@@ -94,8 +95,10 @@ frame::ReportRows CContainerRpt::EtiquetaAbertura(platform::AutomationObject* ob
       output[2].Let(label->kind);
       output[3].Let(label->company);
       output.Update();
+      anyLabel = true;
     }
     EnsureOpen(output);
+    if (anyLabel) output.MoveFirst();  // an empty recordset has no first row to move to
     return output.Release();
   });
 }

@@ -23,7 +23,8 @@ class CContainerRpt : public frame::ReportClass {
 
   // Every container.
   frame::ReportRows RelatorioContainers(platform::AutomationObject* obj);
-  // Reads Container1 to Container3: one row, made in memory, for each that holds a module.
+  // Reads Container1 to Container3: one row, made in memory, for each that holds a module. The first
+  // row is the current one.
   frame::ReportRows EtiquetaAbertura(platform::AutomationObject* obj);
   // Reads Container1 to Container3: their modules.
   frame::ReportRows EtiquetaAberturaSubRpt(platform::AutomationObject* obj);

@@ -85,7 +85,6 @@ class EtiquetaAberturaDeContainerTest : public testing::Test {
     const auto date = rows->FieldByName(L"DATA_VENCIMENTO");
     const auto kind = rows->FieldByName(L"TIPO_GUARDA");
     const auto company = rows->FieldByName(L"NOME_EMPRESA");
-    if (!rows->Eof()) rows->MoveFirst();
     for (; !rows->Eof(); rows->MoveNext())
       labels.push_back({Utf8(container->Get().As<std::wstring>()), date->Get().As<Date>(),
                         Utf8(kind->Get().As<std::wstring>()), Utf8(company->Get().As<std::wstring>())});
@@ -205,11 +204,22 @@ TEST_F(EtiquetaAberturaDeContainerTest, ReadsEachContainerAndFillsARowForEachTha
                                              "Recordset1.Update()",
                                              "~Recordset4",
                                              "Recordset1.State() -> 1",
+                                             "Recordset1.MoveFirst()",
                                              "~Conversoes",
                                              "~Parametros",
                                              "~Recordset1",
                                          }));
   EXPECT_EQ(around_.journal.LiveObjects(), 0);
+}
+
+TEST_F(EtiquetaAberturaDeContainerTest, IsOnTheFirstLabel) {
+  const frame::ReportRows rows = Call(Containers(L"C1", L"C2"), {ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}}),
+                                                                 ModuleRows({{L"C2", Date{45000}, L"T", L"Arquivo"}})});
+  EXPECT_EQ(rows->FieldByName(L"CONTAINER")->Get(), Value(L"C1"));
+  rows->MoveNext();
+  EXPECT_EQ(rows->FieldByName(L"CONTAINER")->Get(), Value(L"C2"));
+  rows->MoveNext();
+  EXPECT_TRUE(rows->Eof());
 }
 
 TEST_F(EtiquetaAberturaDeContainerTest, OpensAnEmptyRecordsetForContainersWithoutModules) {
@@ -277,7 +287,6 @@ TEST_F(EtiquetaAberturaDeContainerTest, ReadsItsOwnParameterObject) {
   parameters.Let(L"Container3", L"C3");
   around_.ado.results = {ModuleRows({}), ModuleRows({{L"C2", Null{}, L"E", L"Arquivo"}})};
   const frame::ReportRows rows = report_.EtiquetaAbertura(&parameters);
-  rows->MoveFirst();
   EXPECT_EQ(rows->FieldByName(L"CONTAINER")->Get(), Value(L"C2"));
 }
 
