@@ -77,13 +77,17 @@ void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
 frame::ReportRows CLogRpt::RelatorioLog(platform::AutomationObject* obj) {
   return Report(L"RelatorioLog", [&]() -> frame::ReportRows {
     InicializaPS(obj);
-    const platform::ObjectRef events = Find(*obj);
+    // Both live until the rows are filled: the events may be read through them.
+    const platform::ObjectRef filter = NewFilter(*obj);
+    const platform::ObjectRef reader = NewReader();
+    Value argument = filter;
+    const platform::ObjectRef events = platform::ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
     return events ? Fill(*events) : nullptr;
   });
 }
 
-platform::ObjectRef CLogRpt::Find(platform::AutomationObject& parameters) const {
-  const platform::ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
+platform::ObjectRef CLogRpt::NewFilter(platform::AutomationObject& parameters) const {
+  platform::ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
   filter->Let(L"Acao", frame::ReadText(parameters, L"Acao"));
   filter->Let(L"Cod_Docto", frame::ReadText(parameters, L"CodDocto"));
   filter->Let(L"DataFinal", frame::ReadDate(parameters, L"DataFinal"));
@@ -91,12 +95,14 @@ platform::ObjectRef CLogRpt::Find(platform::AutomationObject& parameters) const 
   filter->Let(L"Maquina", frame::ReadText(parameters, L"MaquinaOrigem"));
   filter->Let(L"Nome_Operador", frame::ReadText(parameters, L"Operador"));
   filter->Let(L"Tipo_Evento", text::UpperCase(frame::ReadText(parameters, L"Evento").substr(0, 3)));
+  return filter;
+}
 
-  const platform::ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
+platform::ObjectRef CLogRpt::NewReader() const {
+  platform::ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
   reader->Let(L"StringConexao", StringConexao());
   reader->Let(L"Caller", SourceOf(L"RelatorioLog"));
-  Value argument = filter;
-  return platform::ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
+  return reader;
 }
 
 frame::ReportRows CLogRpt::Fill(platform::AutomationObject& events) const {

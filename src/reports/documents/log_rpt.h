@@ -15,7 +15,8 @@ class CLogRpt : public frame::ReportClass {
   frame::ReportRows RelatorioLog(platform::AutomationObject* obj);
 
  private:
-  platform::ObjectRef Find(platform::AutomationObject& parameters) const;
+  platform::ObjectRef NewFilter(platform::AutomationObject& parameters) const;
+  platform::ObjectRef NewReader() const;
   frame::ReportRows Fill(platform::AutomationObject& events) const;
 };
 

@@ -85,7 +85,8 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(platform::AutomationO
   return Logged(L"EtiquetaFechamentoSubordinada", [&] {
     InicializaPS(obj);
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
-    RequireClosedSubordinates(module);
+    const ClosedSubordinates closed = ObtemSubordinadosFechados(module);
+    RequireAny(closed, module);
     data::SelectBuilder builder = NewBuilder();
     builder.SetColumns(L"c.DESC_CAIXA, ", SubordinateCode(),
                        L" AS NUM_CAIXA, "

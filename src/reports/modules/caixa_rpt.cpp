@@ -101,26 +101,27 @@ std::wstring CCaixaRpt::SubordinateCode() {
   return text::ToText(modules->CallByReference(L"NumCxSubordinadaSQL", databaseCode, {&alias, 1}));
 }
 
-platform::ObjectRef CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& module) {
+CCaixaRpt::ClosedSubordinates CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& module) {
   constexpr std::int32_t kClosedOnly = 1;
   const std::wstring source = SourceOf(L"ObtemSubordinadosFechados");
   DebugLog(source, L": gerando filtro");
-  const platform::ObjectRef filter = Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
+  platform::ObjectRef filter = Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
   filter->Let(L"NumCaixa", module);
   filter->Let(L"Fechados", kClosedOnly);
   DebugLog(source, L": obtendo dados");
-  const platform::ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
+  platform::ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
   Value argument = filter;
-  return platform::ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
+  platform::ObjectRef modules = platform::ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
+  return {std::move(filter), std::move(reader), std::move(modules)};
 }
 
-void CCaixaRpt::RequireClosedSubordinates(const std::wstring& module) {
-  const platform::ObjectRef closed = ObtemSubordinadosFechados(module);
+void CCaixaRpt::RequireAny(const ClosedSubordinates& closed, const std::wstring& module) {
   const auto raise = [&](std::int32_t number, const wchar_t* description) {
     throw platform::Erro(platform::kErrBase + number, std::wstring(platform::kApplicationTitle), description + module);
   };
-  if (!closed) raise(10, L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo ");
-  if (text::ToInt32(closed->Get(L"Count")) == 0)
+  if (!closed.modules)
+    raise(10, L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo ");
+  if (text::ToInt32(closed.modules->Get(L"Count")) == 0)
     raise(11, L"Não há módulos subordinados fechados associados ao módulo ");
 }
 

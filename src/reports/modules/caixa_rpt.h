@@ -85,10 +85,16 @@ class CCaixaRpt : public frame::ReportClass {
   platform::ObjectRef CreateBusinessObject(const std::wstring& progId);
   // The expression that gives a subordinate's 7-character code, over the alias s.
   std::wstring SubordinateCode();
-  // The closed subordinates of a module; null when the component gives no collection.
-  platform::ObjectRef ObtemSubordinadosFechados(const std::wstring& module);
-  // Raises unless the module has closed subordinates.
-  void RequireClosedSubordinates(const std::wstring& module);
+  // A collection, null when the component returns none, with the objects that it came from and may be read through.
+  struct ClosedSubordinates {
+    platform::ObjectRef filter;
+    platform::ObjectRef reader;
+    platform::ObjectRef modules;
+  };
+  // The closed subordinates of a module.
+  ClosedSubordinates ObtemSubordinadosFechados(const std::wstring& module);
+  // Raises unless there is a collection with a member.
+  static void RequireAny(const ClosedSubordinates& closed, const std::wstring& module);
 
   platform::ClientConnection conexao_;
   std::wstring logFile_;

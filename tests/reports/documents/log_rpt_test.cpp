@@ -92,11 +92,12 @@ std::vector<std::string> FindingLines(const Database& database, const std::strin
                     "Object3.Let(StringConexao, \"" + database.connectionString + "\")",
                     R"(Object3.Let(Caller, "KodraRpt.CLogRpt::RelatorioLog"))",
                     "Object3.Call(Localiza, ByRef Object2) -> " + answer,
-                    "~Object3",
-                    "~Object2",
                 });
   return lines;
 }
+
+// The end of the reader and the filter, when nothing is read through them any more.
+const std::vector<std::string> kReleaseLines = {"~Object3", "~Object2"};
 
 // The calls that make the output.
 std::vector<std::string> OutputLines() {
@@ -162,8 +163,9 @@ std::string TwoEvents(const Database& database) {
                     R"(Evento2.Get(Acao) -> "")",
                     "Recordset1.Update()",
                     "Recordset1.MoveFirst()",
-                    "~Recordset1",
                 });
+  Append(lines, kReleaseLines);
+  Append(lines, {"~Recordset1"});
   return Joined(lines);
 }
 
@@ -180,6 +182,53 @@ Value FieldOf(const std::wstring& field, const Answers& changes) {
 TEST(CLogRptTest, CopiesWhatTheEventLogFindsOnEveryDatabase) {
   for (const Database& database : Databases())
     EXPECT_EQ(Scene(Report(), database, Finding(kTwoEvents)).Run(), TwoEvents(database));
+}
+
+// A collection of one event that is read through the component's reader and its filter, so that it needs both.
+class ReadingCollection final : public platform::AutomationObject {
+ public:
+  ReadingCollection(std::weak_ptr<platform::AutomationObject> filter, std::weak_ptr<platform::AutomationObject> reader,
+                    ObjectRef event)
+      : filter_(std::move(filter)), reader_(std::move(reader)), event_(std::move(event)) {}
+
+  Value Get(std::wstring_view) override { return std::int32_t{filter_.expired() || reader_.expired() ? 0 : 1}; }
+  Value Call(std::wstring_view, std::span<const Value>) override {
+    return filter_.expired() || reader_.expired() ? ObjectRef() : event_;
+  }
+  void Let(std::wstring_view, const Value&) override { FAIL() << "a collection is only read"; }
+  void Set(std::wstring_view, const ObjectRef&) override { FAIL() << "a collection is only read"; }
+
+ private:
+  std::weak_ptr<platform::AutomationObject> filter_;
+  std::weak_ptr<platform::AutomationObject> reader_;
+  ObjectRef event_;
+};
+
+// A reader that finds such a collection.
+class Reader final : public platform::AutomationObject, public std::enable_shared_from_this<Reader> {
+ public:
+  explicit Reader(ObjectRef event) : event_(std::move(event)) {}
+
+  Value Call(std::wstring_view, std::span<const Value> arguments) override {
+    return ObjectRef(std::make_shared<ReadingCollection>(platform::ObjectIn(arguments[0]), weak_from_this(), event_));
+  }
+  Value Get(std::wstring_view) override { return {}; }
+  void Let(std::wstring_view, const Value&) override {}
+  void Set(std::wstring_view, const ObjectRef&) override {}
+
+ private:
+  ObjectRef event_;
+};
+
+TEST(CLogRptTest, CopiesEventsThatAreReadThroughTheFilterAndTheReader) {
+  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) {
+    around.Register(L"KodraRegEvt.RegEvtFind", {});
+    around.RegisterMaker(L"KodraRegEvt.RegEvtDAO", L"Leitor", [&around](const std::wstring&) {
+      return std::make_shared<Reader>(around.NewObject(L"Evento", Event()));
+    });
+  });
+  scene.Prepare();
+  EXPECT_EQ(scene.Call()->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
 }
 
 TEST(CLogRptTest, StandsOnTheFirstEvent) {
@@ -199,7 +248,9 @@ TEST(CLogRptTest, GivesNothingWithoutACollection) {
       {ObjectRef{}, "Nothing"}, {platform::Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kAnswers) {
     Scene scene(Report(), DatabaseOf(2), Finding(answer));
-    EXPECT_EQ(scene.Run(), Joined(FindingLines(DatabaseOf(2), shown)));
+    std::vector<std::string> lines = FindingLines(DatabaseOf(2), shown);
+    Append(lines, kReleaseLines);
+    EXPECT_EQ(scene.Run(), Joined(lines));
     scene.Prepare();
     EXPECT_EQ(scene.Call(), nullptr);
   }
@@ -227,6 +278,7 @@ TEST(CLogRptTest, FailsOnTheFirstRowOfAnEmptyCollection) {
   std::vector<std::string> lines = FindingLines(DatabaseOf(2), "Eventos");
   Append(lines, OutputLines());
   Append(lines, {"Eventos.Get(Count) -> 0", "Recordset1.MoveFirst() raises", "~Recordset1"});
+  Append(lines, kReleaseLines);
   EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
 }
 
@@ -330,7 +382,8 @@ TEST(CLogRptTest, FailsForAnActionLongerThanAllItsFields) {
   Scene scene(Report(), DatabaseOf(2), Finding(std::vector{Event({{L"Acao", {Action(8001)}}})}));
   EXPECT_EQ(scene.RunRaising(), Framed(kName, kNoField));
   const std::string calls = scene.Around().journal.Calls();
-  EXPECT_TRUE(calls.ends_with("\nRecordset1.FieldByName(\"ACAO33\") raises\n~Recordset1\n")) << calls;
+  EXPECT_TRUE(calls.ends_with("\nRecordset1.FieldByName(\"ACAO33\") raises\n~Recordset1\n~Object3\n~Object2\n"))
+      << calls;
 }
 
 TEST(CLogRptTest, RefusesANullAction) {

@@ -158,7 +158,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, LabelsEverySubordinateOnceOneIsClosed) {
                      stage.ClosedSubordinatesLines("AB001", "Subordinados"),
                      {"Subordinados.Get(Count) -> 1"},
                      stage.SubordinateCodeLines(4),
-                     stage.ResultLines(kSubordinatesOfAB001)}));
+                     stage.ResultLines(kSubordinatesOfAB001, CaixaStage::ClosedSubordinatesEnd())}));
       EXPECT_EQ(stage.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
                                         "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"}));
     }
@@ -173,7 +173,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
                    stage.ClosedSubordinatesLines("AB001", "Subordinados"),
                    {"Subordinados.Get(Count) -> 1"},
                    stage.SubordinateCodeLines(4),
-                   stage.ResultLines(kSubordinatesOfAB001)}));
+                   stage.ResultLines(kSubordinatesOfAB001, CaixaStage::ClosedSubordinatesEnd())}));
   }
 }
 
@@ -190,7 +190,8 @@ TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndPastesItWhole)
                              "s.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
                              "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
                              "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
-                             "WHERE s.NUM_CAIXA = 'AB00107' ORDER BY NUM_CAIXA")}));
+                             "WHERE s.NUM_CAIXA = 'AB00107' ORDER BY NUM_CAIXA",
+                             CaixaStage::ClosedSubordinatesEnd())}));
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates) {
@@ -210,6 +211,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates
     EXPECT_EQ(stage.around.journal.Calls(), All({stage.InitialLines(),
                                                  stage.ClosedSubordinatesLines("AB001", "Subordinados"),
                                                  {"Subordinados.Get(Count) -> 0"},
+                                                 CaixaStage::ClosedSubordinatesEnd(),
                                                  stage.LogLines(line)}));
     EXPECT_EQ(stage.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
                                       "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados", line}));
@@ -230,12 +232,13 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
           }),
           Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                    "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo AB001"));
-      EXPECT_EQ(stage.around.journal.Calls(),
-                All({stage.InitialLines(), stage.ClosedSubordinatesLines("AB001", shown),
-                     stage.LogLines(
-                         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221494 em "
-                         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: Não foi possível obter uma lista dos "
-                         "módulos subordinados fechados associados ao módulo AB001")}));
+      EXPECT_EQ(
+          stage.around.journal.Calls(),
+          All({stage.InitialLines(), stage.ClosedSubordinatesLines("AB001", shown), CaixaStage::ClosedSubordinatesEnd(),
+               stage.LogLines(
+                   "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221494 em "
+                   "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: Não foi possível obter uma lista dos "
+                   "módulos subordinados fechados associados ao módulo AB001")}));
     }
 }
 

@@ -145,27 +145,30 @@ CallLines CaixaStage::ClosedSubordinatesLines(const std::string& module, const s
                 });
   Append(lines, LogLines("KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"));
   Append(lines, BusinessLines("Object3", "KodraBsnV3.ObtedorDeModulos"));
-  Append(lines, {"Object3.Call(ObtemSubordinados, ByRef Object2) -> " + answer, "~Object3", "~Object2"});
+  Append(lines, {"Object3.Call(ObtemSubordinados, ByRef Object2) -> " + answer});
   return lines;
 }
 
-CallLines CaixaStage::ResultLines(const std::string& statement) const {
-  if (path_ == Path::kClientConnection)
-    return {
+CallLines CaixaStage::ResultLines(const std::string& statement, const CallLines& ends) const {
+  CallLines lines;
+  if (path_ == Path::kClientConnection) {
+    lines = {
         "NewRecordset() -> Recordset1",
         "Recordset1.SetCursorLocation(3)",
         "Recordset1.Open(" + Quoted(statement) + ", ConexaoDoCliente, -1, -1, -1)",
-        "~Recordset1",
     };
-  CallLines lines = OpeningLines(database_);
-  Append(lines, {
-                    "NewRecordset() -> Recordset1",
-                    "Recordset1.SetCursorLocation(2)",
-                    "Recordset1.SetCacheSize(100)",
-                    "Recordset1.Open(" + Quoted(statement) + ", Connection1, 0, 1, 1)",
-                    "~Connection1",
-                    "~Recordset1",
-                });
+  } else {
+    lines = OpeningLines(database_);
+    Append(lines, {
+                      "NewRecordset() -> Recordset1",
+                      "Recordset1.SetCursorLocation(2)",
+                      "Recordset1.SetCacheSize(100)",
+                      "Recordset1.Open(" + Quoted(statement) + ", Connection1, 0, 1, 1)",
+                      "~Connection1",
+                  });
+  }
+  Append(lines, ends);
+  Append(lines, {"~Recordset1"});
   return lines;
 }
 

@@ -58,10 +58,11 @@ class CaixaStage {
   // A line of the log; the first one makes the log object.
   CallLines FirstLogLines(const std::string& text) const;
   CallLines LogLines(const std::string& text) const;
-  // ObtemSubordinadosFechados, with what the business component answers.
+  // ObtemSubordinadosFechados, with what the business component answers, and the end of the objects that it asks.
   CallLines ClosedSubordinatesLines(const std::string& module, const std::string& answer) const;
-  // The opening of the result.
-  CallLines ResultLines(const std::string& statement) const;
+  static CallLines ClosedSubordinatesEnd() { return {"~Object3", "~Object2"}; }
+  // The opening of the result, with what ends before the client drops its rows.
+  CallLines ResultLines(const std::string& statement, const CallLines& ends = {}) const;
   // The same for a static recordset, up to its opening and from it on.
   static CallLines StaticLines();
   CallLines StaticOpenLines(const std::string& statement) const;
