@@ -7,6 +7,23 @@
 #include "text/convert.h"
 
 namespace kodra::frame {
+namespace {
+
+// How many report calls of this thread have begun and not ended.
+thread_local int callsRunning = 0;
+
+}  // namespace
+
+ReportClass::Call::Call(ReportClass& report)
+    : report_(report), translatorsCode_(sql::TipoBancoAtual()), reportsCode_(report.tipoBanco_) {
+  ++callsRunning;
+}
+
+ReportClass::Call::~Call() {
+  if (--callsRunning == 0) return;
+  sql::DefineTipoBanco(translatorsCode_);
+  report_.tipoBanco_ = reportsCode_;
+}
 
 void ReportClass::InicializaPS(const platform::AutomationObject* obj) {
   if (stringConexao_.empty())

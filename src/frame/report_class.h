@@ -41,6 +41,23 @@ class ReportClass {
   void SetStringConexao(std::wstring text) { stringConexao_ = std::move(text); }
 
  protected:
+  // A call of a report method, from its start to its end. A client's object that the call asks, or what hears its
+  // events, may run another report on the same thread, or the same one again: the end of such an inner call puts the
+  // database code of the outer one back. The code of the outermost call stays in the translator.
+  class Call {
+   public:
+    explicit Call(ReportClass& report);
+    ~Call();
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+   private:
+    ReportClass& report_;
+    // What the translator and the report had before the call.
+    std::int32_t translatorsCode_;
+    std::int32_t reportsCode_;
+  };
+
   // REQUIRES: className is a literal and surroundings outlives the object.
   ReportClass(std::wstring_view className, platform::Surroundings& surroundings)
       : className_(className), surroundings_(surroundings) {}
@@ -66,7 +83,8 @@ class ReportClass {
   // Runs a report method: whatever fails in it reaches the client as kErrBase + 8107 under the method's name, with the
   // cause in the description only.
   template <class Body>
-  ReportRows Report(std::wstring_view method, Body body) const {
+  ReportRows Report(std::wstring_view method, Body body) {
+    const Call call(*this);
     try {
       return body();
     } catch (...) {

@@ -252,6 +252,101 @@ TEST_F(ReportClassTest, KeepsTheDatabasesOfDifferentThreadsApart) {
   EXPECT_EQ(builtHere, L"TRUNC(SYSDATE)");
 }
 
+// The database whose code the translator has, by its word for today.
+std::wstring Today() { return ToString(sql::SQLDataAtual()); }
+
+constexpr auto kOracle = L"TRUNC(SYSDATE)";
+constexpr auto kSQLServer = L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))";
+constexpr auto kSQLite = L"date('now')";
+
+// A report object of another database.
+struct OtherReport {
+  explicit OtherReport(std::int32_t code) {
+    around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {code}}});
+    report.SetStringConexao(L"outra");
+  }
+  void Run(const std::function<ReportRows()>& body) { report.RelatorioProva(parameters.get(), body); }
+
+  FakeSurroundings around;
+  platform::ObjectRef parameters = around.NewObject(L"Parametros", {});
+  ProbeReport report{around};
+};
+
+TEST_F(ReportClassTest, KeepsItsDatabaseWhileReportsOfOthersRunInsideIt) {
+  OtherReport sqlite(7);
+  OtherReport sqlServer(2);
+  Connect(L"x", 1);
+  report_.RelatorioProva(parameters_.get(), [&] {
+    sqlite.Run([&] {
+      EXPECT_EQ(Today(), kSQLite);
+      sqlServer.Run([] {
+        EXPECT_EQ(Today(), kSQLServer);
+        return nullptr;
+      });
+      EXPECT_EQ(Today(), kSQLite);
+      EXPECT_EQ(sqlite.report.NewBuilder().TipoBanco(), 7);
+      return nullptr;
+    });
+    EXPECT_EQ(Today(), kOracle);
+    EXPECT_EQ(report_.NewBuilder().TipoBanco(), 1);
+    return nullptr;
+  });
+}
+
+TEST_F(ReportClassTest, KeepsItsDatabaseWhenAReportInsideItFails) {
+  Connect(L"x", 1);
+  OtherReport sqlite(7);
+  OtherReport other4(4);
+  report_.RelatorioProva(parameters_.get(), [&] {
+    EXPECT_EQ(RaisedBy([&] {
+                sqlite.Run([]() -> ReportRows { throw platform::Erro(-2147220000, L"Prova.Fonte", L"Falha"); });
+              }),
+              Framed("CProvaRpt::RelatorioProva", "Falha"));
+    EXPECT_EQ(Today(), kOracle);
+    EXPECT_EQ(RaisedBy([&] { other4.report.RelatorioProva(other4.parameters.get()); }),
+              Framed("CProvaRpt::RelatorioProva", "Não há entrada para o banco tipo 4"));
+    EXPECT_EQ(Today(), kOracle);
+    EXPECT_EQ(RaisedBy([&] { sqlite.report.RelatorioProva(nullptr); }),
+              Framed("CProvaRpt::RelatorioProva", "Objeto não definido."));
+    EXPECT_EQ(Today(), kOracle);
+    return nullptr;
+  });
+}
+
+TEST_F(ReportClassTest, KeepsItsDatabaseButNotItsConnectionStringWhenItIsCalledInsideItself) {
+  Connect(L"x", 1);
+  report_.RelatorioProva(parameters_.get(), [&] {
+    Connect(L"y", 7);
+    report_.RelatorioProva(parameters_.get(), [&] {
+      EXPECT_EQ(report_.TipoBanco(), 7);
+      EXPECT_EQ(Today(), kSQLite);
+      return nullptr;
+    });
+    EXPECT_EQ(report_.TipoBanco(), 1);
+    EXPECT_EQ(report_.NewBuilder().TipoBanco(), 1);
+    EXPECT_EQ(Today(), kOracle);
+    EXPECT_EQ(report_.StringConexao(), L"y");  // the client changed it, and every use reads it anew
+    return nullptr;
+  });
+}
+
+TEST_F(ReportClassTest, LeavesTheTranslatorsCodeOfTheOutermostCall) {
+  OtherReport sqlite(7);
+  Connect(L"x", 1);
+  const auto body = [&] {
+    sqlite.Run([] { return nullptr; });
+    return nullptr;
+  };
+  report_.RelatorioProva(parameters_.get(), body);
+  EXPECT_EQ(sql::TipoBancoAtual(), 1);
+  sqlite.Run([] { return nullptr; });
+  EXPECT_EQ(sql::TipoBancoAtual(), 7);
+  Connect(L"x", 2);
+  EXPECT_EQ(RaisedByBody([&]() -> ReportRows { throw platform::Erro(5, L"", L"Falha"); }),
+            Framed("CProvaRpt::RelatorioProva", "Falha"));
+  EXPECT_EQ(sql::TipoBancoAtual(), 2);
+}
+
 TEST_F(ReportClassTest, KeepsOnlyTheDescriptionOfAnError) {
   EXPECT_EQ(RaisedByBody([]() -> ReportRows { throw platform::Erro(-2147220000, L"Outro.Modulo", L"Falha qualquer"); }),
             Framed("CProvaRpt::RelatorioProva", "Falha qualquer"));

@@ -34,6 +34,7 @@ bool EhVerdadeiro(const platform::Value& value) {
 }
 
 frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* obj) {
+  const Call call(*this);
   std::wstring step;
   try {
     InicializaPS(obj);

@@ -7,6 +7,7 @@ namespace kodra::reports {
 
 template <class Body>
 frame::ReportRows CCaixaRpt::Logged(std::wstring_view method, Body body) {
+  const Call call(*this);
   try {
     return body();
   } catch (...) {

@@ -1,0 +1,188 @@
+// Reports that run while another one runs on the same thread: from the parameter object of a client, or from what hears
+// the log of the module reports.
+#include <gtest/gtest.h>
+
+#include "recorder/fake_surroundings.h"
+#include "recorder/raised.h"
+#include "reports/catalog/cd_rpt.h"
+#include "reports/catalog/operador_rpt.h"
+#include "reports/modules/caixa_stage.h"
+#include "sql/tradutor_sql.h"
+
+namespace kodra::reports {
+namespace {
+
+using platform::Value;
+using recorder::Framed;
+using recorder::Raised;
+using recorder::RaisedBy;
+using Action = std::function<void()>;
+
+// A client's parameter object that does something each time a property of it is read.
+class BusyParameters final : public platform::AutomationObject {
+ public:
+  BusyParameters(std::map<std::wstring, Value> properties, Action action)
+      : properties_(std::move(properties)), action_(std::move(action)) {}
+
+  Value Get(std::wstring_view member) override {
+    action_();
+    return properties_.at(std::wstring(member));
+  }
+  void Let(std::wstring_view, const Value&) override { FAIL() << "a parameter object is only read"; }
+  void Set(std::wstring_view, const platform::ObjectRef&) override { FAIL() << "a parameter object is only read"; }
+  Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
+
+ private:
+  std::map<std::wstring, Value> properties_;
+  Action action_;
+};
+
+// What the recordsets were opened with, one a line.
+std::string OpenedBy(const recorder::FakeSurroundings& around) {
+  const std::string calls = around.journal.Calls();
+  const std::string before = ".Open(\"SELECT";
+  std::string statements;
+  for (std::size_t at = calls.find(before); at != std::string::npos; at = calls.find(before, at + 1)) {
+    const std::size_t start = at + std::string(".Open(\"").size();
+    statements += calls.substr(start, calls.find('"', start) - start) + "\n";
+  }
+  return statements;
+}
+
+// A report on media and its statement, whose condition is in the words of the database.
+class Media {
+ public:
+  explicit Media(std::int32_t code) {
+    around_.files[L"/dados/arquivo.db"] = 4096;
+    around_.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {code}}});
+    const std::string& connection = DatabaseOf(code).connectionString;
+    report_.SetStringConexao({connection.begin(), connection.end()});
+  }
+  // Asks for the expired media, with that action at each reading of a property.
+  std::string Run(Action action) {
+    BusyParameters parameters({{L"TipoRpt", L"V"}}, std::move(action));
+    around_.journal.Forget();
+    report_.RelatorioMidias(&parameters);
+    return OpenedBy(around_);
+  }
+  void RunAlone() {
+    Run([] {});
+  }
+
+ private:
+  recorder::FakeSurroundings around_;
+  CCDRpt report_{around_};
+};
+
+std::string Expired(const std::string& condition) {
+  return "SELECT NUM_CD, DOC_INICIAL, DOC_FINAL, DATA_GRAVACAO, 'Mídias Vencidas' AS RELATORIO  FROM CD "
+         "INNER JOIN TIPO_MIDIA t ON CD.COD_MIDIA=t.COD_MIDIA WHERE " +
+         condition + " ORDER BY NUM_CD\n";
+}
+const std::string kOnOracle = Expired("ADD_MONTHS(DATA_GRAVACAO, t.VALIDADE_MIDIA * 12) <= TRUNC(SYSDATE)");
+const std::string kOnSQLite = Expired("date('DATA_GRAVACAO', '+t.VALIDADE_MIDIA years') <= date('now')");
+
+// The operators of an archive on a database, or the error of reading them.
+Raised Operators(std::int32_t code, bool failing) {
+  recorder::FakeSurroundings around;
+  around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {code}}});
+  around.ado.results = {
+      {{L"DESCR_OPERADOR", L"NOME_COMPLETO", L"TIPO", L"DESCR_DEPTO", L"CHAPA", L"RAMAL", L"ATIVO", L"DESCR_GRUPO_OP"},
+       {}}};
+  if (failing)
+    around.journal.FailOn(L"Recordset1.Open", recorder::Failure(platform::Erro(-2147220000, L"Fonte", L"Falha")));
+  COperadorRpt report(around);
+  report.SetStringConexao(L"Provider=SQLNCLI11;");
+  const platform::ObjectRef parameters = around.NewObject(L"Parametros", {});
+  return RaisedBy([&] { report.RelatorioOperadores(parameters.get()); });
+}
+
+TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsOwnWords) {
+  EXPECT_EQ(Media(1).Run([] { Media(7).RunAlone(); }), kOnOracle);
+  EXPECT_EQ(Media(1).Run([] { EXPECT_EQ(Operators(2, false).number, 0); }), kOnOracle);
+  EXPECT_EQ(Media(1).Run([] {
+    CaixaStage modules(DatabaseOf(3), Path::kConnectionString);
+    modules.Run(&CCaixaRpt::ModulosVencidos, Parameters());
+  }),
+            kOnOracle);
+  EXPECT_EQ(Media(7).Run([] { Media(1).RunAlone(); }), kOnSQLite);
+}
+
+TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsOwnWords) {
+  EXPECT_EQ(Media(1).Run([] {
+    EXPECT_EQ(RaisedBy([] { Media(4).RunAlone(); }),
+              Framed("CCDRpt::RelatorioMidias", "Não há entrada para o banco tipo 4"));
+  }),
+            kOnOracle);
+  EXPECT_EQ(Media(1).Run([] {
+    EXPECT_EQ(Operators(2, true), (Raised{-2147213397, "KodraRpt.COperadorRpt::RelatorioOperadores",
+                                          "Erro ao obter dados do SGBD: [Fonte]: Falha"}));
+  }),
+            kOnOracle);
+  EXPECT_EQ(Media(1).Run([] {
+    CaixaStage modules(DatabaseOf(4), Path::kConnectionString);
+    EXPECT_EQ(RaisedBy([&] { modules.Run(&CCaixaRpt::ModulosVencidos, Parameters()); }),
+              Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
+  }),
+            kOnOracle);
+}
+
+TEST(NestedCallsTest, TwoDeepKeepEachStatementInItsOwnWords) {
+  std::string inner;
+  EXPECT_EQ(Media(1).Run([&] { inner = Media(7).Run([] { Media(2).RunAlone(); }); }), kOnOracle);
+  EXPECT_EQ(inner, kOnSQLite);
+}
+
+TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
+  std::vector<std::string> heard;
+  EXPECT_EQ(Media(1).Run([&] {
+    CaixaStage modules(DatabaseOf(2), Path::kConnectionString);
+    modules.report.OnDebugLog([&](const std::wstring& line) {
+      heard.push_back(recorder::Utf8(line));
+      Media(7).RunAlone();
+    });
+    modules.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+    EXPECT_EQ(sql::TipoBancoAtual(), 1);
+  }),
+            kOnOracle);
+  EXPECT_EQ(heard.size(), 4U);  // two lines for each of the two readings
+}
+
+TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.report.OnDebugLog([&](const std::wstring&) {
+    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+    EXPECT_NE(stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()), nullptr);
+  });
+  const std::string calls = stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+  EXPECT_NE(calls.find(".Get(TipoBanco) -> 7\n"), std::string::npos) << calls;
+  EXPECT_NE(calls.find(".Call(NumCxSubordinadaSQL, 2, \"s\") -> \"s.COD7\"\n"), std::string::npos) << calls;
+}
+
+TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
+  CaixaStage alone(DatabaseOf(2), Path::kConnectionString);
+  alone.Run(&CCaixaRpt::ModulosVencidos, Parameters());
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  BusyParameters parameters({{L"CodDepto", L""}, {L"ModoPregresso", false}}, [&] {
+    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+    EXPECT_NE(stage.report.ModulosVencidos(CaixaStage::Own({}).get()), nullptr);
+    stage.around.journal.Forget();
+  });
+  EXPECT_NE(stage.report.ModulosVencidos(&parameters), nullptr);
+  EXPECT_EQ(OpenedBy(stage.around), OpenedBy(alone.around));
+}
+
+TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheCodeOfTheFailedCall) {
+  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  stage.AnswerSubordinates(stage.NewSubordinates(0));
+  stage.report.OnDebugLog([](const std::wstring&) { Media(7).RunAlone(); });
+  EXPECT_EQ(RaisedBy([&] {
+              stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+            }),
+            Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
+                     "Não há módulos subordinados fechados associados ao módulo AB001"));
+  EXPECT_EQ(sql::TipoBancoAtual(), 2);
+}
+
+}  // namespace
+}  // namespace kodra::reports
