@@ -40,6 +40,15 @@ void __throw_bad_function_call() { throw exception(); }
 }  // namespace std
 // NOLINTEND(bugprone-reserved-identifier,cert-dcl58-cpp)
 
+#ifndef _WIN64
+// The compiler's start code looks for the shared library of its runtime. Where a client has loaded that, it registers
+// the DLL's unwind tables there, the DLL's own runtime does not find them, and the first exception ends the process. So
+// the DLL tells the start code, which alone calls GetModuleHandleA, that nothing is loaded. 64-bit Windows registers
+// nothing.
+static HMODULE WINAPI NoSharedRuntime(LPCSTR) { return nullptr; }
+HMODULE(WINAPI* getModuleHandleImport)(LPCSTR) __asm__("__imp__GetModuleHandleA@4") = &NoSharedRuntime;
+#endif
+
 extern "C" BOOL WINAPI DllMainCRTStartup(HINSTANCE module, DWORD reason, LPVOID reserved);
 
 // The entry point of the DLL: the C library's own and, when the DLL goes before the process does, the return of what

@@ -77,7 +77,6 @@ const std::map<std::string, std::set<std::string>>& AllowedImports() {
         "GetFileAttributesExW",
         "GetLastError",
         "GetModuleFileNameW",
-        "GetModuleHandleA",
         "GetModuleHandleExW",
         "GetModuleHandleW",
         "GetProcAddress",

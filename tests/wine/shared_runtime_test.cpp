@@ -1,0 +1,32 @@
+// The component in a process that has the shared library of its compiler's runtime, as programs and ODBC drivers of the
+// same compiler have: its errors are its own, whatever else is loaded.
+#include <gtest/gtest.h>
+
+#include "command_output.h"
+#include "environment.h"
+
+namespace kodra::face {
+namespace {
+
+// What a client of programs/ writes.
+std::string OutputOfClient(const std::wstring& commandLine) {
+  const std::wstring program = ProgramPath();
+  return OutputOf(program.substr(0, program.rfind(L'\\') + 1) + commandLine);
+}
+
+const std::string kError =
+    "80041FAB KodraRpt.CDeptoRpt::RelatorioDeptos Erro ao gerar dados para o relatório: É preciso definir a "
+    "propriedade \"StringConexao\".\n";
+
+TEST(SharedRuntime, LoadedBeforeTheComponentLeavesItsErrorsWhole) {
+  EXPECT_EQ(kError + kError + "unloaded\n" + kError + kError + "the client's own exception\n",
+            OutputOfClient(L"kodra_shared_client.exe"));
+}
+
+TEST(SharedRuntime, LoadedAfterTheComponentLeavesItsErrorsWhole) {
+  EXPECT_EQ(kError + "library loaded\n" + kError + "unloaded\n" + kError + kError + "the client's own exception\n",
+            OutputOfClient(L"kodra_static_client.exe libgcc_s_dw2-1.dll"));
+}
+
+}  // namespace
+}  // namespace kodra::face
