@@ -26,7 +26,7 @@ void* ObjectCore::Find(REFIID iid) noexcept {
   if (iid == IID_IUnknown || iid == IID_IDispatch || iid == iid_) return &object_;
   if (iid == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
   if (iid == IID_IProvideClassInfo) return static_cast<IProvideClassInfo*>(this);
-  if (ownId_ != nullptr && iid == *ownId_) return ownFace_;
+  if (ownFace_ != nullptr && iid == ownId_) return ownFace_;
   return nullptr;
 }
 

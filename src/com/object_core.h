@@ -20,10 +20,10 @@ class ObjectCore final : public ISupportErrorInfo, public IProvideClassInfo {
   ObjectCore(const ObjectCore&) = delete;
   ObjectCore& operator=(const ObjectCore&) = delete;
 
-  // Adds one interface of the object's own. REQUIRES: `id` is a constant; `face`, a part of the object, implements that
-  // interface and no other.
+  // Adds one interface of the object's own. REQUIRES: `face`, a part of the object, implements that interface and no
+  // other.
   void Offer(REFIID id, IUnknown& face) noexcept {
-    ownId_ = &id;
+    ownId_ = id;
     ownFace_ = &face;
   }
 
@@ -52,7 +52,7 @@ class ObjectCore final : public ISupportErrorInfo, public IProvideClassInfo {
   IDispatch& object_;
   const CLSID& classId_;
   const IID& iid_;
-  const IID* ownId_ = nullptr;
+  IID ownId_ = IID_NULL;
   IUnknown* ownFace_ = nullptr;
 };
 

@@ -1,11 +1,22 @@
 #include "com/parameter_face.h"
 
+#include <cstring>
+
 #include "platform/windows/variant.h"
 
 namespace kodra::com {
 
 using platform::windows::ScopedBstr;
 using platform::windows::ToWide;
+
+IID ParametersId() noexcept {
+  static const char inThisCopy = 0;
+  const void* const address = &inThisCopy;
+  IID id = {0x7e2bade3, 0xc705, 0x4399, {}};
+  static_assert(sizeof address <= sizeof id.Data4);
+  std::memcpy(id.Data4, &address, sizeof address);
+  return id;
+}
 
 HRESULT ParameterMembers::Get(std::wstring_view name, BSTR* value) noexcept {
   return FillAtBoundary(iid_, value, [&] { return ScopedBstr(parameters_.Get(name).As<std::wstring>()).detach(); });

@@ -7,16 +7,15 @@
 namespace kodra::com {
 
 // How a report recognises one of our own parameter objects and reads it without a detour through IDispatch. It is
-// answered inside the DLL only and has no proxy: another apartment's object is read through IDispatch.
+// answered inside this copy of the DLL only and has no proxy: the objects of another copy or another apartment are read
+// through IDispatch.
 struct IParameters : IUnknown {
   virtual platform::AutomationObject& Parameters() noexcept = 0;
 };
 
-}  // namespace kodra::com
-
-__CRT_UUID_DECL(kodra::com::IParameters, 0x5a0f4c1e, 0x6f0b, 0x4a86, 0x9b, 0x39, 0x0d, 0x3c, 0x9b, 0x9a, 0x3d, 0x52)
-
-namespace kodra::com {
+// The id of IParameters, which is another one in every copy of the DLL that a process has loaded: exceptions do not
+// cross from one copy to another, and another version may have another layout.
+IID ParametersId() noexcept;
 
 // A property bag with entry points of automation's types: all that a parameter object has beyond its vtable. As a face
 // of its object it is IParameters; references to it are references to the object.
@@ -50,7 +49,7 @@ template <class Class, class Interface>
 class ParameterFace : public DualObject<Class, Interface> {
  protected:
   explicit ParameterFace(std::wstring_view className) : members_(*this, className, __uuidof(Interface)) {
-    this->Offer(__uuidof(IParameters), members_);
+    this->Offer(ParametersId(), members_);
   }
 
   ParameterMembers members_;

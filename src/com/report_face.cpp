@@ -16,7 +16,7 @@ namespace {
 // The parameter object that a client passed, as a report reads it: one of our own directly, any other through
 // IDispatch, null as null. Keeps the client's object alive.
 std::shared_ptr<platform::AutomationObject> ParametersOf(IDispatch* obj) {
-  const auto own = com_ptr<IDispatch>(obj).as<IParameters>();
+  const auto own = com_ptr<IDispatch>(obj).as<IParameters>(ParametersId());
   if (!own) return platform::windows::WrapDispatch(obj);
   return {&own->Parameters(), [own](platform::AutomationObject*) {}};
 }

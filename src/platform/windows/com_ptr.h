@@ -54,11 +54,11 @@ class com_ptr {
     *out = p_;
   }
 
-  // The same object by another interface, null when it has none.
+  // The same object by another interface, null when it has none. `iid` is for a U that declares no id.
   template <class U>
-  com_ptr<U> as() const noexcept {
+  com_ptr<U> as(REFIID iid = __uuidof(U)) const noexcept {
     com_ptr<U> other;
-    if (p_ != nullptr) p_->QueryInterface(__uuidof(U), other.put_void());
+    if (p_ != nullptr) p_->QueryInterface(iid, other.put_void());
     return other;
   }
 
