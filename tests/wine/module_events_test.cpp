@@ -9,6 +9,7 @@
 #include <functional>
 
 #include "foreign_object.h"
+#include "report_rows.h"
 #include "stand_in.h"
 
 namespace kodra::face {
@@ -118,6 +119,31 @@ TEST_F(ModuleEvents, LetASinkTakeItselfAwayWhileItListens) {
   EXPECT_EQ(Names{kLine}, leaving->lines);
   EXPECT_EQ((Names{kLine, kLine}), staying->lines);
   EXPECT_EQ(1U, leaving->references);
+}
+
+TEST_F(ModuleEvents, LeaveTheReportItsDatabaseWhenASinkRunsItOnAnother) {
+  const auto report = report_.As<IDispatch>();
+  const auto parameters = ParametersOf(L"CCaixaRpt", {{L"Modulo1", L"AA004"}});
+  const auto run = [&](const wchar_t* method) {
+    return ReadAll(Got(Call(report, method, {Var(parameters.get())})).object());
+  };
+  const auto listener = Listener::New();
+  Advise(listener);
+  for (const Engine engine : {Engine::kSQLite, Engine::kMariaDb}) {
+    const Engine other = engine == Engine::kSQLite ? Engine::kMariaDb : Engine::kSQLite;
+    ASSERT_EQ(S_OK, Put(report, L"StringConexao", ConnectionOn(engine)).hr);
+    listener->then = [] { return S_OK; };
+    const Rows undisturbed = run(L"EtiquetaFechamentoSubordinada");
+    EXPECT_EQ(3U, undisturbed.rows.size());
+    std::size_t inner = 0;
+    listener->then = [&] {
+      Put(report, L"StringConexao", ConnectionOn(other));
+      inner += run(L"EtiquetaDivisoria").rows.size();
+      return Put(report, L"StringConexao", ConnectionOn(engine)).hr;
+    };
+    ExpectRows(undisturbed, run(L"EtiquetaFechamentoSubordinada"), {L"NUM_CAIXA"});
+    EXPECT_LT(0U, inner);
+  }
 }
 
 TEST_F(ModuleEvents, EndWithUnadviseWhichKnowsEachCookieOnce) {
