@@ -36,6 +36,15 @@ com_ptr<T> CreateAs(const wchar_t* progId) {
   return object;
 }
 
+// What a path leads to; nothing when neither file nor folder answers.
+std::optional<WIN32_FILE_ATTRIBUTE_DATA> AttributesOf(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (path.empty() || !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  return data;
+}
+
+bool IsFolder(const WIN32_FILE_ATTRIBUTE_DATA& data) { return (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+
 }  // namespace
 
 std::unique_ptr<Connection> ComSurroundings::NewConnection() {
@@ -59,15 +68,15 @@ void ComSurroundings::SetEnvironment(const std::wstring& name, const std::wstrin
 }
 
 std::optional<std::uint64_t> ComSurroundings::FileLength(const std::wstring& path) {
-  WIN32_FILE_ATTRIBUTE_DATA data;
-  if (path.empty() || !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
-  if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return 0;
-  return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+  const auto data = AttributesOf(path);
+  if (!data) return std::nullopt;
+  if (IsFolder(*data)) return 0;
+  return (static_cast<std::uint64_t>(data->nFileSizeHigh) << 32U) | data->nFileSizeLow;
 }
 
 bool ComSurroundings::IsFile(const std::wstring& path) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+  const auto data = AttributesOf(path);
+  return data && !IsFolder(*data);
 }
 
 }  // namespace kodra::platform::windows
