@@ -156,7 +156,7 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
   });
   const std::string calls = stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
   EXPECT_NE(calls.find(".Get(TipoBanco) -> 7\n"), std::string::npos) << calls;
-  EXPECT_NE(calls.find(".Call(NumCxSubordinadaSQL, 2, \"s\") -> \"s.COD7\"\n"), std::string::npos) << calls;
+  EXPECT_NE(calls.find(".Call(NumCxSubordinadaSQL, ByRef 2, \"s\") -> \"s.COD7\"\n"), std::string::npos) << calls;
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
