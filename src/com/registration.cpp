@@ -4,6 +4,7 @@
 #include "com/kodrarpt_h.h"
 #include "com/module.h"
 #include "platform/windows/variant.h"
+#include "text/upper.h"
 
 // In every Windows since Vista, and missing in mingw-w64's headers.
 extern "C" {
@@ -18,6 +19,9 @@ using platform::windows::com_ptr;
 
 constexpr std::wstring_view kClassesRoot = L"Software\\Classes\\";
 constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+
+// Below the id of a type library: where the file of its version 1.0 in any language is named.
+constexpr const wchar_t* kLibraryFile = sizeof(void*) == 8 ? L"\\1.0\\0\\win64" : L"\\1.0\\0\\win32";
 
 HKEY RootOf(Scope scope) { return scope == Scope::kThisUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE; }
 
@@ -46,6 +50,34 @@ void Write(HKEY root, const RegistryRow& row) {
   CheckWin32(status);
 }
 
+void Delete(HKEY root, const std::wstring& key) {
+  const LSTATUS status = RegDeleteTreeW(root, (std::wstring(kClassesRoot) + key).c_str());
+  if (status != ERROR_FILE_NOT_FOUND) CheckWin32(status);
+}
+
+// The default value of a key; the empty text for an absent one.
+std::wstring DefaultValue(HKEY root, const std::wstring& key) {
+  const std::wstring path = std::wstring(kClassesRoot) + key;
+  std::wstring value(32768, L'\0');  // longer than any path
+  auto bytes = static_cast<DWORD>(value.size() * sizeof(wchar_t));
+  if (RegGetValueW(root, path.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &bytes) != ERROR_SUCCESS)
+    return {};
+  return value.c_str();
+}
+
+// A path without the short names that some installers write; as it is when there is no such file.
+std::wstring LongPath(const std::wstring& path) {
+  std::wstring longPath(32768, L'\0');
+  longPath.resize(GetLongPathNameW(path.c_str(), longPath.data(), static_cast<DWORD>(longPath.size())));
+  return longPath.empty() ? path : longPath;
+}
+
+// Whether the default value of a key is the path of another file than this DLL: another copy is registered there.
+bool NamesAnotherFile(HKEY root, const std::wstring& key) {
+  const std::wstring registered = DefaultValue(root, key);
+  return !registered.empty() && !text::EqualIgnoringCase(LongPath(registered), LongPath(ModulePath()));
+}
+
 }  // namespace
 
 std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath) {
@@ -65,15 +97,6 @@ std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath) {
   return rows;
 }
 
-std::vector<std::wstring> RegistryKeys() {
-  std::vector<std::wstring> keys;
-  for (const PublicClass& publicClass : PublicClasses()) {
-    keys.push_back(ProgId(publicClass));
-    keys.push_back(ClassKey(publicClass));
-  }
-  return keys;
-}
-
 void RegisterModule(Scope scope) {
   std::wstring path = ModulePath();
   for (const RegistryRow& row : RegistryRows(path)) Write(RootOf(scope), row);
@@ -87,10 +110,13 @@ void RegisterModule(Scope scope) {
 }
 
 void UnregisterModule(Scope scope) {
-  for (const std::wstring& key : RegistryKeys()) {
-    const LSTATUS status = RegDeleteTreeW(RootOf(scope), (std::wstring(kClassesRoot) + key).c_str());
-    if (status != ERROR_FILE_NOT_FOUND) CheckWin32(status);
+  const HKEY root = RootOf(scope);
+  for (const PublicClass& publicClass : PublicClasses()) {
+    if (NamesAnotherFile(root, ClassKey(publicClass) + L"\\InprocServer32")) continue;
+    Delete(root, ProgId(publicClass));
+    Delete(root, ClassKey(publicClass));
   }
+  if (NamesAnotherFile(root, L"TypeLib\\" + GuidText(LIBID_KodraRpt) + kLibraryFile)) return;
   const auto unregisterLibrary = scope == Scope::kThisUser ? UnRegisterTypeLibForUser : UnRegisterTypeLib;
   const HRESULT hr = unregisterLibrary(LIBID_KodraRpt, 1, 0, LOCALE_NEUTRAL, kSystem);
   // An absent library is TYPE_E_REGISTRYACCESS on Windows and E_INVALIDARG in Wine.

@@ -19,9 +19,6 @@ struct RegistryRow {
 // The rows that register a DLL at `modulePath`. The type library's own rows are Automation's business.
 std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath);
 
-// The keys that hold nothing but rows of ours: deleting them whole removes every row.
-std::vector<std::wstring> RegistryKeys();
-
 // For whom the component is registered.
 enum class Scope {
   kAllUsers,  // asks for an administrator
@@ -32,7 +29,8 @@ enum class Scope {
 // then stays.
 void RegisterModule(Scope scope);
 
-// Removes every key and the type library's registration. What is absent already is no error.
+// Removes the keys of each public class and the type library's registration. What is absent already is no error, and
+// what names another copy of the DLL stays: that copy is still in use.
 void UnregisterModule(Scope scope);
 
 }  // namespace kodra::com
