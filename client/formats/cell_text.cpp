@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 
+#include "platform/decimal.h"
 #include "platform/odbc/utf8.h"
 #include "text/convert.h"
 #include "text/dates.h"
@@ -26,6 +27,8 @@ std::string Digits(std::int32_t number, std::size_t width) {
   return digits;
 }
 
+std::string AllDigits(const platform::Decimal& number) { return platform::odbc::ToUtf8(PlainText(number)); }
+
 std::string IsoDate(platform::Date date, ColumnKind kind) {
   const text::Calendar c = text::ToCalendar(date);
   std::string out = Digits(c.year, 4) + "-" + Digits(c.month, 2) + "-" + Digits(c.day, 2);
@@ -36,6 +39,22 @@ std::string IsoDate(platform::Date date, ColumnKind kind) {
 
 }  // namespace
 
+std::optional<double> NumberIn(const Value& value) {
+  if (value.Is<std::int32_t>()) return value.As<std::int32_t>();
+  if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
+  if (value.Is<std::uint64_t>()) return static_cast<double>(value.As<std::uint64_t>());
+  if (value.Is<float>()) {
+    double number = 0;
+    const std::string digits = Shortest(value.As<float>());
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return read.ec == std::errc() ? number : value.As<float>();
+  }
+  if (value.Is<double>()) return value.As<double>();
+  if (value.Is<platform::Currency>()) return ToDouble(ToDecimal(value.As<platform::Currency>()));
+  if (value.Is<platform::Decimal>()) return ToDouble(value.As<platform::Decimal>());
+  return std::nullopt;
+}
+
 bool IsNothing(const Value& value) { return value.Is<platform::Null>() || value.Is<platform::Empty>(); }
 
 std::string IsoText(const Value& value, ColumnKind kind) {
@@ -43,7 +62,11 @@ std::string IsoText(const Value& value, ColumnKind kind) {
   if (value.Is<bool>()) return value.As<bool>() ? "true" : "false";
   if (value.Is<std::int32_t>()) return Shortest(value.As<std::int32_t>());
   if (value.Is<std::int64_t>()) return Shortest(value.As<std::int64_t>());
+  if (value.Is<std::uint64_t>()) return Shortest(value.As<std::uint64_t>());
+  if (value.Is<float>()) return Shortest(value.As<float>());
   if (value.Is<double>()) return Shortest(value.As<double>());
+  if (value.Is<platform::Currency>()) return AllDigits(ToDecimal(value.As<platform::Currency>()));
+  if (value.Is<platform::Decimal>()) return AllDigits(value.As<platform::Decimal>());
   if (value.Is<platform::Date>()) return IsoDate(value.As<platform::Date>(), kind);
   return platform::odbc::ToUtf8(text::ToText(value));
 }

@@ -1,6 +1,7 @@
 // A value as text: in ISO form for machines, in Brazilian form for people. Null and Empty have no text.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "client/formats/row_writer.h"
@@ -9,6 +10,10 @@ namespace kodra::client {
 
 // Whether the value is none: null, or a variant never assigned.
 bool IsNothing(const platform::Value& value);
+
+// The number that a value of any numeric type is; nothing for every other value. A single is the number that its digits
+// show: 0.1, not 0.100000001490116.
+std::optional<double> NumberIn(const platform::Value& value);
 
 // For machines, UTF-8: the text itself, 1234.5, true or false, 2023-12-31 or 2023-12-31T10:20:30. A date has its time
 // of day in a column of moments, and elsewhere when it is not midnight.

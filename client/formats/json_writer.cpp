@@ -16,10 +16,10 @@ std::string Quoted(std::string text) { return nlohmann::json(std::move(text)).du
 
 std::string Cell(const Value& value, ColumnKind kind) {
   if (IsNothing(value)) return "null";
-  if (value.Is<double>() && !std::isfinite(value.As<double>())) return "null";
+  const std::optional<double> number = NumberIn(value);
+  if (number && !std::isfinite(*number)) return "null";
   std::string text = IsoText(value, kind);
-  const bool bare = value.Is<bool>() || value.Is<std::int32_t>() || value.Is<std::int64_t>() || value.Is<double>();
-  return bare ? text : Quoted(std::move(text));
+  return number || value.Is<bool>() ? text : Quoted(std::move(text));
 }
 
 // The names, each other than those before it.

@@ -9,6 +9,7 @@
 #include "client/formats/display_width.h"
 #include "client/formats/xlsx_path.h"
 #include "client/output_error.h"
+#include "platform/decimal.h"
 #include "platform/odbc/utf8.h"
 #include "text/dates.h"
 
@@ -21,13 +22,26 @@ using platform::odbc::ToUtf8;
 
 // The first day that a spreadsheet counts as an automation date does: it takes 1900 for a leap year.
 constexpr double kFirstCountedDay = 61;
-// The whole numbers that a spreadsheet shows digit by digit.
-constexpr std::int64_t kMostWhole = 999'999'999'999'999;
+// The largest number without decimals that a spreadsheet shows digit by digit.
+constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
 // In characters; a wider text is there all the same.
 constexpr std::size_t kWidestColumn = 60;
 constexpr std::size_t kNarrowestColumn = 8;
 // The arrow of the filter takes its room beside a name.
 constexpr std::size_t kFilterWidth = 3;
+
+bool KeepsDigits(const platform::Decimal& number) {
+  const platform::Decimal shortest = WithoutTrailingZeros(number);
+  return shortest.high == 0 && shortest.low <= kMostDigits;
+}
+
+// Whether a spreadsheet, which holds doubles of 15 digits, shows the number as it is.
+bool FitsASpreadsheet(const Value& value, double number) {
+  if (value.Is<std::int64_t>() || value.Is<std::uint64_t>()) return std::abs(number) <= double{kMostDigits};
+  if (value.Is<platform::Currency>()) return KeepsDigits(ToDecimal(value.As<platform::Currency>()));
+  if (value.Is<platform::Decimal>()) return KeepsDigits(value.As<platform::Decimal>());
+  return std::isfinite(number);
+}
 
 struct FreeWorkbook {
   void operator()(lxw_workbook* workbook) const { lxw_workbook_free(workbook); }
@@ -107,10 +121,8 @@ class XlsxWriter final : public RowWriter {
   lxw_error WriteCell(lxw_col_t at, const Value& value) {
     if (value.Is<bool>()) return worksheet_write_boolean(sheet_, row_, at, value.As<bool>() ? 1 : 0, nullptr);
     if (value.Is<platform::Date>()) return WriteDate(at, value.As<platform::Date>());
-    if (value.Is<std::int32_t>()) return WriteNumber(at, value.As<std::int32_t>());
-    if (value.Is<std::int64_t>() && std::abs(value.As<std::int64_t>()) <= kMostWhole)
-      return WriteNumber(at, static_cast<double>(value.As<std::int64_t>()));
-    if (value.Is<double>() && std::isfinite(value.As<double>())) return WriteNumber(at, value.As<double>());
+    const std::optional<double> number = NumberIn(value);
+    if (number && FitsASpreadsheet(value, *number)) return WriteNumber(at, *number);
     return WriteText(at, BrazilianText(value));
   }
 

@@ -42,9 +42,7 @@ std::wstring CaptionOf(const LayoutColumn& column, const RowReader& row) {
 constexpr std::size_t kUnbrokenLength = 14;
 
 // A heading stands above the figures of its column.
-std::string_view HeadStyleOf(const platform::Value& value) {
-  return value.Is<std::int32_t>() || value.Is<std::int64_t>() || value.Is<double>() ? " class=\"numero\"" : "";
-}
+std::string_view HeadStyleOf(const platform::Value& value) { return NumberIn(value) ? " class=\"numero\"" : ""; }
 
 std::string_view StyleOf(const platform::Value& value) {
   if (const std::string_view style = HeadStyleOf(value); !style.empty()) return style;

@@ -52,9 +52,7 @@ std::wstring AlphabeticalOrder(std::wstring text) {
 }
 
 double NumberOf(const platform::Value& value) {
-  if (value.Is<std::int32_t>()) return value.As<std::int32_t>();
-  if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
-  if (value.Is<double>()) return value.As<double>();
+  if (const std::optional<double> number = NumberIn(value)) return *number;
   return value.Is<std::wstring>() ? text::LeadingNumber(value.As<std::wstring>()) : 0;
 }
 

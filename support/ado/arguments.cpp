@@ -23,6 +23,8 @@ VARIANT LargeInteger(std::int64_t value) {
   return result;
 }
 
+VARIANT LargeInteger(std::uint64_t value) { return ScopedVariant(Value(platform::Decimal{.low = value})).detach(); }
+
 // What the object gives when its name alone is written, such as the value of a field.
 ScopedVariant DefaultProperty(IUnknown* object) {
   const auto dispatch = platform::windows::com_ptr<IUnknown>(object).as<IDispatch>();
@@ -86,6 +88,7 @@ VARIANT ToVariant(const Value& value) {
     if (!std::in_range<std::int32_t>(number)) return LargeInteger(number);
     return ToVariant(static_cast<std::int32_t>(number));
   }
+  if (value.Is<std::uint64_t>()) return LargeInteger(value.As<std::uint64_t>());
   return ScopedVariant(value).detach();
 }
 

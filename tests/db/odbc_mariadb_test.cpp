@@ -55,9 +55,32 @@ TEST_F(OdbcMariaDb, EveryDeclaredTypeGivesItsAdoTypeAndValue) {
   EXPECT_EQ(rs.FieldAt(6).numericScale, 2);
   EXPECT_EQ(rs.FieldAt(15).definedSize, 20);
   EXPECT_EQ(rs.GetRows(1).front(),
-            (std::vector<Value>{7, std::int64_t{4000000000}, 3, 1, std::int64_t{9000000000}, 18000000000000000000.0,
-                                12.34, 2.5, 1.1, true, Date{43832}, Date{43832.25}, Date{43832.5 + 0.25 / 86400},
-                                Date{0.5}, L"ab", L"ação", L"longo", L"00FF"}));
+            (std::vector<Value>{7, std::int64_t{4000000000}, 3, 1, std::int64_t{9000000000},
+                                std::uint64_t{18000000000000000000U}, Decimal{.low = 1234, .scale = 2}, 2.5F, 1.1, true,
+                                Date{43832}, Date{43832.25}, Date{43832.5 + 0.25 / 86400}, Date{0.5}, L"ab", L"ação",
+                                L"longo", L"00FF"}));
+}
+
+TEST_F(OdbcMariaDb, DecimalsKeepEveryDigit) {
+  Run(L"create or replace table T(A decimal(29,0), B decimal(20,19), C decimal(38,10), D decimal(30,0), E "
+      L"decimal(38,38))");
+  Run(L"insert into T values(79228162514264337593543950335, -1.2345678901234567890, "
+      L"1234567890123456789012345678.0123456789, 100000000000000000000000000000, "
+      L"0.00000000000000000000000000015000000001)");
+  OpenFirehose(L"select * from T");
+  EXPECT_EQ(rs.GetRows(1).front(),
+            (std::vector<Value>{Decimal{.low = 18446744073709551615U, .high = 4294967295U},
+                                Decimal{.low = 12345678901234567890U, .scale = 19, .negative = true},
+                                // 1234567890123456789012345678.0
+                                Decimal{.low = 5097733592125636876U, .high = 669260594U, .scale = 1}, 1e29,
+                                Decimal{.low = 2, .scale = 28}}));
+}
+
+TEST_F(OdbcMariaDb, ASingleIsTheOneThatIsStored) {
+  Run(L"create or replace table T(R float)");
+  Run(L"insert into T values(0.1), (-3.402823e38)");
+  OpenFirehose(L"select R from T");
+  EXPECT_EQ(rs.GetRows(-1), (std::vector<std::vector<Value>>{{0.1F}, {-3.402823e38F}}));
 }
 
 TEST_F(OdbcMariaDb, NullsAreNullInEveryType) {
@@ -150,7 +173,8 @@ TEST_F(OdbcMariaDb, AggregatesAreNumbers) {
   Run(L"create or replace table T(NOME varchar(10), QTD int)");
   Run(L"insert into T values('a', 1),('b', 2)");
   OpenFirehose(L"select count(*), sum(QTD), avg(QTD), concat(max(NOME), '1'), null from T");
-  EXPECT_EQ(rs.GetRows(1).front(), (std::vector<Value>{std::int64_t{2}, 3.0, 1.5, L"b1", Null{}}));
+  EXPECT_EQ(rs.GetRows(1).front(),
+            (std::vector<Value>{std::int64_t{2}, Decimal{.low = 3}, Decimal{.low = 15000, .scale = 4}, L"b1", Null{}}));
 }
 
 TEST_F(OdbcMariaDb, TwoStreamsOnOneConnectionDoNotDisturbEachOther) {

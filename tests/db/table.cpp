@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "demo/utf8.h"
+#include "platform/decimal.h"
 #include "platform/odbc/recordset.h"
 
 namespace kodra::tests {
@@ -75,6 +76,8 @@ std::vector<std::size_t> Positions(const Table& table, std::initializer_list<std
 Value Cell(const Value& value) {
   if (value.Is<std::int32_t>()) return static_cast<double>(value.As<std::int32_t>());
   if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
+  if (value.Is<float>()) return static_cast<double>(value.As<float>());
+  if (value.Is<platform::Decimal>()) return platform::ToDouble(value.As<platform::Decimal>());
   if (value.Is<Date>()) return Date{std::round(value.As<Date>().days * kSecondsADay) / kSecondsADay};
   return value;
 }

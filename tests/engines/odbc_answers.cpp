@@ -22,11 +22,9 @@ struct TextOf {
   std::string operator()(platform::Null) const { return kNull; }
   std::string operator()(std::int32_t number) const { return "n" + std::to_string(number); }
   std::string operator()(std::int64_t number) const { return "n" + std::to_string(number); }
-  std::string operator()(double number) const {
-    std::string digits = ToUtf8(text::NumberToText(number));
-    std::ranges::replace(digits, ',', '.');
-    return "n" + digits;
-  }
+  std::string operator()(float number) const { return Number(text::NumberToText(number)); }
+  std::string operator()(double number) const { return Number(text::NumberToText(number)); }
+  std::string operator()(const platform::Decimal& number) const { return Number(text::NumberToText(number)); }
   std::string operator()(platform::Date date) const {
     return "d" + ToUtf8(text::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date));
   }
@@ -34,6 +32,13 @@ struct TextOf {
   template <class Other>
   std::string operator()(const Other&) const {
     return "?";  // no engine gives it; never equal to another's value
+  }
+
+ private:
+  static std::string Number(const std::wstring& text) {
+    std::string digits = ToUtf8(text);
+    std::ranges::replace(digits, ',', '.');
+    return "n" + digits;
   }
 };
 

@@ -24,7 +24,11 @@ TEST(Coercion, SizeZeroIsUnlimited) {
 TEST(Coercion, NumbersDatesAndBooleansBecomeText) {
   EXPECT_EQ(Coerce(42, ad::kVarChar, 10), Held(L"42"));
   EXPECT_EQ(Coerce(std::int64_t{9000000000}, ad::kVarChar, 10), Held(L"9000000000"));
+  EXPECT_EQ(Coerce(std::uint64_t{18446744073709551615U}, ad::kVarChar, 20), Held(L"18446744073709551615"));
+  EXPECT_EQ(Coerce(0.1F, ad::kVarChar, 10), Held(L"0.1"));
   EXPECT_EQ(Coerce(1.5, ad::kVarChar, 10), Held(L"1.5"));
+  EXPECT_EQ(Coerce(Currency{-1}, ad::kVarChar, 10), Held(L"-0.0001"));
+  EXPECT_EQ(Coerce(Decimal{.low = 1250, .scale = 2}, ad::kVarChar, 10), Held(L"12.5"));
   EXPECT_EQ(Coerce(true, ad::kVarChar, 10), Held(L"True"));
   EXPECT_EQ(Coerce(Date{43832}, ad::kVarChar, 10), Held(L"2020-01-02"));
 }
@@ -94,14 +98,56 @@ TEST(Coercion, TextBecomesADateFromTheIsoFormOnly) {
 }
 
 TEST(Coercion, ASingleIsRoundedToItsPrecisionAndRange) {
-  EXPECT_EQ(Coerce(0.1, ad::kSingle, 0), Held(static_cast<double>(0.1F)));
+  EXPECT_EQ(Coerce(0.1, ad::kSingle, 0), Held(0.1F));
   EXPECT_EQ(Coerce(1e300, ad::kSingle, 0), std::nullopt);
+}
+
+TEST(Coercion, ADecimalKeepsTheDigitsOfWhatBecomesOne) {
+  EXPECT_EQ(Coerce(L"123456789012345678.5", ad::kNumeric, 0), Held(Decimal{.low = 1234567890123456785, .scale = 1}));
+  EXPECT_EQ(Coerce(L"1e3", ad::kDecimal, 0), Held(Decimal{.low = 1000}));
+  EXPECT_EQ(Coerce(std::int64_t{-9007199254740993}, ad::kDecimal, 0),
+            Held(Decimal{.low = 9007199254740993, .negative = true}));
+  EXPECT_EQ(Coerce(std::uint64_t{18446744073709551615U}, ad::kDecimal, 0), Held(Decimal{.low = 18446744073709551615U}));
+  EXPECT_EQ(Coerce(0.1F, ad::kDecimal, 0), Held(Decimal{.low = 1, .scale = 1}));
+  EXPECT_EQ(Coerce(-2.25, ad::kDecimal, 0), Held(Decimal{.low = 225, .scale = 2, .negative = true}));
+  EXPECT_EQ(Coerce(Currency{5}, ad::kDecimal, 0), Held(Decimal{.low = 5, .scale = 4}));
+  EXPECT_EQ(Coerce(Empty{}, ad::kDecimal, 0), Held(Decimal{}));
+  EXPECT_EQ(Coerce(1e30, ad::kDecimal, 0), std::nullopt);
+  EXPECT_EQ(Coerce(std::numeric_limits<double>::infinity(), ad::kDecimal, 0), std::nullopt);
+  EXPECT_EQ(Coerce(L"doze", ad::kDecimal, 0), std::nullopt);
+}
+
+TEST(Coercion, ACurrencyIsRoundedToItsFourDecimalsAndRange) {
+  EXPECT_EQ(Coerce(12.5, ad::kCurrency, 0), Held(Currency{125000}));
+  EXPECT_EQ(Coerce(L"-0.00015", ad::kCurrency, 0), Held(Currency{-2}));
+  EXPECT_EQ(Coerce(L"922337203685477.5807", ad::kCurrency, 0), Held(Currency{9223372036854775807}));
+  EXPECT_EQ(Coerce(L"922337203685477.5808", ad::kCurrency, 0), std::nullopt);
+}
+
+TEST(Coercion, AnUnsignedBigIntegerHasOneBitMoreAndNoSign) {
+  EXPECT_EQ(Coerce(7, ad::kUnsignedBigInt, 0), Held(std::int64_t{7}));
+  EXPECT_EQ(Coerce(L"18446744073709551615", ad::kUnsignedBigInt, 0), Held(std::uint64_t{18446744073709551615U}));
+  EXPECT_EQ(Coerce(-1, ad::kUnsignedBigInt, 0), std::nullopt);
+  EXPECT_EQ(Coerce(L"18446744073709551616", ad::kUnsignedBigInt, 0), std::nullopt);
+  EXPECT_EQ(Coerce(std::uint64_t{18446744073709551615U}, ad::kBigInt, 0), std::nullopt);
+}
+
+TEST(Coercion, ExactNumbersBecomeTheOtherTypesToo) {
+  EXPECT_EQ(Coerce(Decimal{.low = 25, .scale = 1}, ad::kInteger, 0), Held(2));
+  EXPECT_EQ(Coerce(Currency{35000}, ad::kInteger, 0), Held(4));
+  EXPECT_EQ(Coerce(Decimal{.low = 9007199254740993}, ad::kBigInt, 0), Held(std::int64_t{9007199254740993}));
+  EXPECT_EQ(Coerce(Decimal{.low = 25, .scale = 1}, ad::kDouble, 0), Held(2.5));
+  EXPECT_EQ(Coerce(0.5F, ad::kDouble, 0), Held(0.5));
+  EXPECT_EQ(Coerce(Decimal{.low = 25, .scale = 1}, ad::kSingle, 0), Held(2.5F));
+  EXPECT_EQ(Coerce(Currency{1}, ad::kBoolean, 0), Held(true));
+  EXPECT_EQ(Coerce(Decimal{.low = 438322500, .scale = 4}, ad::kDBTimeStamp, 0), Held(Date{43832.25}));
 }
 
 TEST(Coercion, NumbersReadFromTextTakeTheNarrowestType) {
   EXPECT_EQ(ParseNumber(L"-5"), Held(-5));
   EXPECT_EQ(ParseNumber(L"2147483648"), Held(std::int64_t{2147483648}));
-  EXPECT_EQ(ParseNumber(L"18446744073709551615"), Held(18446744073709551615.0));
+  EXPECT_EQ(ParseNumber(L"18446744073709551615"), Held(std::uint64_t{18446744073709551615U}));
+  EXPECT_EQ(ParseNumber(L"18446744073709551616"), Held(18446744073709551616.0));
   EXPECT_EQ(ParseNumber(L"1e3"), Held(1000.0));
 }
 

@@ -69,6 +69,15 @@ TEST(StatisticsTest, AddsUpTheSheetsThatTheReportGives) {
   EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 3 15", L"|| 3 15", L"= 3 15"}));
 }
 
+TEST(StatisticsTest, AddsUpNumbersOfEveryType) {
+  const Statistics result = Gathered(L"CEstatImgRpt", L"RelatorioEstatisticas", {L"DT_ARMAZ", L"FRENTE"},
+                                     {{Date{45291}, platform::Decimal{.low = 1250, .scale = 2}},
+                                      {Date{45291}, platform::Currency{5000}},
+                                      {Date{45291}, 0.1F},
+                                      {Date{45291}, std::uint64_t{3}}});
+  EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 4 16,1", L"|| 4 16,1", L"= 4 16,1"}));
+}
+
 // Page counts that the database holds as text count as what they begin with.
 TEST(StatisticsTest, AddsUpFrontsAndBacksToPages) {
   const Statistics result = Gathered(

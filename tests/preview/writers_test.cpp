@@ -86,6 +86,14 @@ TEST(ListingWriter, TakesItsTitleAndItsCaptionsFromTheRowsWhereTheyAreThere) {
   EXPECT_NE(media.find("<h1>Mídias Vencidas</h1>"), media.npos);
 }
 
+TEST(ListingWriter, PutsNumbersOfEveryTypeToTheRight) {
+  for (const auto& [number, text] : std::vector<std::pair<Value, std::string>>{
+           {0.1F, "0,1"}, {platform::Currency{-1}, "-0,0001"}, {platform::Decimal{.low = 1250, .scale = 2}, "12,5"}}) {
+    const std::string page = Page({L"CDeptoRpt", L"RelatorioDeptos", L"", {}}, {{L"DESCR_DEPTO"}}, {{number}});
+    EXPECT_NE(page.find("<td class=\"numero\">" + text + "</td>"), page.npos) << text;
+  }
+}
+
 TEST(ListingWriter, SaysThatThereIsNothing) {
   const std::string page = Page({L"CDeptoRpt", L"RelatorioDeptos", L"", {}}, {{L"DESCR_DEPTO"}}, {});
   EXPECT_NE(page.find("<h1>Departamentos</h1>"), page.npos);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/decimal.h"
 #include "platform/odbc/coercion.h"
 #include "platform/odbc/dates.h"
 #include "platform/odbc/errors.h"
@@ -26,6 +27,15 @@ SQL_TIMESTAMP_STRUCT TimestampStruct(const CivilTime& t) {
           static_cast<SQLUSMALLINT>(t.minute),
           static_cast<SQLUSMALLINT>(t.second),
           static_cast<SQLUINTEGER>(t.millisecond) * 1000000U};
+}
+
+// A number that may have decimals; each goes to the driver as a double, with 15 digits.
+std::optional<double> Fraction(const Value& value) {
+  if (value.Is<float>()) return value.As<float>();
+  if (value.Is<double>()) return value.As<double>();
+  if (value.Is<Currency>()) return ToDouble(ToDecimal(value.As<Currency>()));
+  if (value.Is<Decimal>()) return ToDouble(value.As<Decimal>());
+  return std::nullopt;
 }
 
 }  // namespace
@@ -76,8 +86,12 @@ SQLRETURN BoundParameter::Bind(SQLHSTMT statement, SQLUSMALLINT position) {
     integer_ = value_.Is<std::int32_t>() ? value_.As<std::int32_t>() : value_.As<std::int64_t>();
     return bind(SQL_C_SBIGINT, SQL_BIGINT, 20, 0, integer_);
   }
-  if (value_.Is<double>()) {
-    number_ = value_.As<double>();
+  if (value_.Is<std::uint64_t>()) {
+    integer_ = static_cast<SQLBIGINT>(value_.As<std::uint64_t>());
+    return bind(SQL_C_UBIGINT, SQL_BIGINT, 20, 0, integer_);
+  }
+  if (const std::optional<double> fraction = Fraction(value_)) {
+    number_ = *fraction;
     return bind(SQL_C_DOUBLE, SQL_DOUBLE, 15, 0, number_);
   }
   if (value_.Is<Date>() && type_ == ad::kDBDate) {

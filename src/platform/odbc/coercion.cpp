@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "platform/decimal.h"
 #include "platform/odbc/dates.h"
 #include "platform/odbc/names.h"
 #include "platform/odbc/types.h"
@@ -20,7 +21,11 @@ std::optional<double> AsNumber(const Value& value) {
   if (value.Is<bool>()) return value.As<bool>() ? -1.0 : 0.0;
   if (value.Is<std::int32_t>()) return value.As<std::int32_t>();
   if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
+  if (value.Is<std::uint64_t>()) return static_cast<double>(value.As<std::uint64_t>());
+  if (value.Is<float>()) return value.As<float>();
   if (value.Is<double>()) return value.As<double>();
+  if (value.Is<Currency>()) return ToDouble(ToDecimal(value.As<Currency>()));
+  if (value.Is<Decimal>()) return ToDouble(value.As<Decimal>());
   if (value.Is<Date>()) return value.As<Date>().days;
   if (value.Is<std::wstring>()) {
     const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
@@ -29,9 +34,11 @@ std::optional<double> AsNumber(const Value& value) {
   return std::nullopt;
 }
 
-// Whole numbers keep all their digits; only fractions pass through double.
+// Whole numbers and decimals keep all their digits; other fractions pass through double.
 std::optional<std::int64_t> AsInteger(const Value& value) {
   if (value.Is<std::int64_t>()) return value.As<std::int64_t>();
+  if (value.Is<Currency>()) return RoundToInteger(ToDecimal(value.As<Currency>()));
+  if (value.Is<Decimal>()) return RoundToInteger(value.As<Decimal>());
   if (value.Is<std::wstring>()) {
     const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
     return number ? AsInteger(*number) : std::nullopt;
@@ -40,6 +47,17 @@ std::optional<std::int64_t> AsInteger(const Value& value) {
   constexpr double kTwoTo63 = 9223372036854775808.0;
   if (!number || !(std::nearbyint(*number) >= -kTwoTo63 && std::nearbyint(*number) < kTwoTo63)) return std::nullopt;
   return static_cast<std::int64_t>(std::nearbyint(*number));
+}
+
+std::optional<Value> AsUnsignedBigInteger(const Value& value) {
+  if (value.Is<std::uint64_t>()) return value;
+  if (value.Is<std::wstring>()) {
+    const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
+    return number ? AsUnsignedBigInteger(*number) : std::nullopt;
+  }
+  const std::optional<std::int64_t> number = AsInteger(value);
+  if (!number || *number < 0) return std::nullopt;
+  return Value(*number);
 }
 
 template <class Wire>
@@ -65,13 +83,46 @@ std::optional<Value> AsBoolean(const Value& value) {
   return number ? std::optional<Value>(Value(*number != 0)) : std::nullopt;
 }
 
-std::optional<Value> AsFloating(const Value& value, bool single) {
+std::optional<Value> AsSingle(const Value& value) {
   const std::optional<double> number = AsNumber(value);
   if (!number) return std::nullopt;
-  if (!single) return Value(*number);
   const auto narrow = static_cast<float>(*number);
   if (std::isinf(narrow) && !std::isinf(*number)) return std::nullopt;
-  return Value(static_cast<double>(narrow));
+  return Value(narrow);
+}
+
+std::optional<Value> AsDouble(const Value& value) {
+  const std::optional<double> number = AsNumber(value);
+  return number ? std::optional<Value>(*number) : std::nullopt;
+}
+
+// The fewest digits that stand for the number and no other of its type.
+template <class Floating, class... Format>
+std::wstring NumberText(Floating number, Format... format) {
+  char text[kLongestNumber];
+  const auto end = std::to_chars(text, text + sizeof text, number, format...).ptr;
+  return {text, end};
+}
+
+std::optional<Decimal> AsDecimal(const Value& value) {
+  if (value.Is<Decimal>()) return value.As<Decimal>();
+  if (value.Is<Currency>()) return ToDecimal(value.As<Currency>());
+  if (value.Is<std::int64_t>()) return ParseDecimal(std::to_wstring(value.As<std::int64_t>()));
+  if (value.Is<std::uint64_t>()) return ParseDecimal(std::to_wstring(value.As<std::uint64_t>()));
+  if (value.Is<float>()) return ParseDecimal(NumberText(value.As<float>(), std::chars_format::fixed));
+  if (value.Is<std::wstring>()) {
+    if (const std::optional<Decimal> number = ParseDecimal(value.As<std::wstring>())) return number;
+  }
+  const std::optional<double> number = AsNumber(value);
+  return number ? ParseDecimal(NumberText(*number, std::chars_format::fixed)) : std::nullopt;
+}
+
+std::optional<Value> AsDecimalOrCurrency(const Value& value, std::int32_t type) {
+  const std::optional<Decimal> number = AsDecimal(value);
+  if (!number) return std::nullopt;
+  if (type != ad::kCurrency) return Value(*number);
+  const std::optional<Currency> amount = ToCurrency(*number);
+  return amount ? std::optional<Value>(*amount) : std::nullopt;
 }
 
 std::optional<Value> AsDate(const Value& value, std::int32_t type) {
@@ -89,12 +140,6 @@ std::optional<Value> AsDate(const Value& value, std::int32_t type) {
   return Value(*date);
 }
 
-std::wstring NumberText(double number) {
-  char text[40];
-  const auto end = std::to_chars(text, text + sizeof text, number).ptr;
-  return {text, end};
-}
-
 std::optional<Value> AsText(const Value& value, std::int64_t size) {
   std::wstring text;
   if (value.Is<std::wstring>()) {
@@ -105,8 +150,16 @@ std::optional<Value> AsText(const Value& value, std::int64_t size) {
     text = std::to_wstring(value.As<std::int32_t>());
   } else if (value.Is<std::int64_t>()) {
     text = std::to_wstring(value.As<std::int64_t>());
+  } else if (value.Is<std::uint64_t>()) {
+    text = std::to_wstring(value.As<std::uint64_t>());
+  } else if (value.Is<float>()) {
+    text = NumberText(value.As<float>());
   } else if (value.Is<double>()) {
     text = NumberText(value.As<double>());
+  } else if (value.Is<Currency>()) {
+    text = PlainText(ToDecimal(value.As<Currency>()));
+  } else if (value.Is<Decimal>()) {
+    text = PlainText(value.As<Decimal>());
   } else if (value.Is<Date>()) {
     text = IsoDate(value.As<Date>());
   } else if (!value.Is<Empty>()) {
@@ -178,6 +231,10 @@ std::optional<Value> ParseNumber(std::wstring_view text) {
     }
     return Value(whole);
   }
+  std::uint64_t unsignedWhole = 0;
+  if (const auto read = std::from_chars(ascii, end, unsignedWhole); read.ec == std::errc() && read.ptr == end) {
+    return Value(unsignedWhole);
+  }
   double number = 0;
   const auto read = std::from_chars(ascii, end, number);
   if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return std::nullopt;
@@ -203,15 +260,17 @@ std::optional<Value> Coerce(const Value& value, std::int32_t type, std::int64_t 
     case ad::kUnsignedInt:
       return Within<std::uint32_t>(AsInteger(value));
     case ad::kBigInt:
-    case ad::kUnsignedBigInt:
       return Within<std::int64_t>(AsInteger(value));
+    case ad::kUnsignedBigInt:
+      return AsUnsignedBigInteger(value);
     case ad::kSingle:
-      return AsFloating(value, true);
+      return AsSingle(value);
     case ad::kDouble:
+      return AsDouble(value);
     case ad::kCurrency:
     case ad::kDecimal:
     case ad::kNumeric:
-      return AsFloating(value, false);
+      return AsDecimalOrCurrency(value, type);
     case ad::kDate:
     case ad::kDBDate:
     case ad::kDBTime:

@@ -2,8 +2,10 @@
 //
 //   text types              std::wstring          adInteger and shorter            std::int32_t
 //   adBoolean               bool                  adUnsignedInt, adBigInt          std::int64_t
-//   date and time types     Date                  adSingle, adDouble, adCurrency,
-//                                                 adDecimal, adNumeric             double
+//   date and time types     Date                  adUnsignedBigInt                 std::int64_t, or std::uint64_t
+//   adSingle                float                                                  beyond its range
+//   adDouble                double                adCurrency                       Currency
+//                                                 adDecimal, adNumeric             Decimal
 #pragma once
 
 #include <cstdint>
@@ -27,7 +29,7 @@ std::int64_t FixedSize(std::int32_t adoType);
 // only.
 std::optional<Value> Coerce(const Value& value, std::int32_t adoType, std::int64_t size);
 
-// A whole text read as a number: int32, int64 or double, the narrowest that holds it.
+// A whole text read as a number: int32, int64, uint64 or double, the narrowest that holds it.
 std::optional<Value> ParseNumber(std::wstring_view text);
 
 }  // namespace kodra::platform::odbc

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/decimal.h"
 #include "platform/odbc/coercion.h"
 #include "platform/odbc/dates.h"
 #include "platform/odbc/utf16.h"
@@ -51,10 +52,26 @@ Value WholeNumber(std::int64_t number, std::int32_t type) {
   return narrow == number ? Value(narrow) : Value(number);
 }
 
+// A single is read as a double too: MariaDB's driver reads some as a zero otherwise.
+Value Floating(double number, std::int32_t type) {
+  if (type != ad::kSingle) return number;
+  return Coerce(number, type, 0).value_or(number);
+}
+
 bool IsWholeType(std::int32_t type) {
   return type == ad::kTinyInt || type == ad::kSmallInt || type == ad::kInteger || type == ad::kBigInt ||
          type == ad::kUnsignedTinyInt || type == ad::kUnsignedSmallInt || type == ad::kUnsignedInt ||
          type == ad::kUnsignedBigInt;
+}
+
+bool IsDecimalType(std::int32_t type) { return type == ad::kNumeric || type == ad::kDecimal; }
+
+// A decimal with all its digits, or the double nearest to one that is too large.
+std::optional<Value> ParsedDecimal(std::wstring text) {
+  // A driver may write the decimal comma of the session's language; it never groups digits.
+  std::ranges::replace(text, L',', L'.');
+  if (const std::optional<Decimal> number = ParseDecimal(text)) return Value(*number);
+  return Coerce(Value(std::move(text)), ad::kDouble, 0);
 }
 
 // What a text stands for in a column of the type, or the text itself when it stands for nothing of it.
@@ -65,7 +82,7 @@ Value Parsed(std::wstring text, std::int32_t type) {
     if (number->Is<std::int32_t>()) return WholeNumber(number->As<std::int32_t>(), type);
     return *number;
   }
-  std::optional<Value> value = Coerce(Value(text), type, 0);
+  std::optional<Value> value = IsDecimalType(type) ? ParsedDecimal(text) : Coerce(Value(text), type, 0);
   return value ? std::move(*value) : Value(std::move(text));
 }
 
@@ -149,7 +166,7 @@ void ColumnBuffer::ChooseWire(const Column& column, bool typesVaryByRow, bool te
     wire_ = Wire::kBinary;
   } else if (IsTextType(type)) {
     wire_ = textIsUtf8 ? Wire::kUtf8 : Wire::kText;
-  } else if (typesVaryByRow || type == ad::kUnsignedBigInt) {
+  } else if (typesVaryByRow || type == ad::kUnsignedBigInt || IsDecimalType(type)) {
     wire_ = Wire::kParsedText;
   } else if (IsWholeType(type)) {
     wire_ = Wire::kInteger;
@@ -251,7 +268,7 @@ Value ColumnBuffer::FixedCell(const std::byte* bytes) const {
       return Date{((time.hour * 60.0 + time.minute) * 60.0 + time.second) / 86400.0};
     }
     default:
-      return Load<double>(bytes);
+      return Floating(Load<double>(bytes), adoType_);
   }
 }
 

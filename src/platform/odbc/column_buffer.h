@@ -1,7 +1,8 @@
 // One column of a result: the memory that the driver writes a block of its cells into, and the cells as Values.
 //
-//   integers            int32; int64 for adUnsignedInt and adBigInt
-//   float, decimal      double: 15 digits; decimals beyond them are rounded
+//   integers            int32; int64 for adUnsignedInt and adBigInt, uint64 for adUnsignedBigInt beyond it
+//   single, double      float, double
+//   decimal, numeric    Decimal; decimals beyond its digits are rounded, and a whole part beyond them makes it a double
 //   character data      text of any length
 //   bit                 bool
 //   date, time, stamp   Date

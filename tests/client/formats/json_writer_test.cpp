@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <nlohmann/json.hpp>
 
 #include "client/formats/writing.h"
@@ -43,8 +44,17 @@ TEST(JsonWriter, WritesEachKindOfValueAsJsonHasIt) {
             "[\n{\"A\":-7,\"B\":1234.5,\"C\":true,\"D\":\"2023-12-31\",\"E\":\"2023-12-31T10:20:30\",\"F\":null}\n]\n");
 }
 
+TEST(JsonWriter, WritesNumbersOfEveryTypeWithTheirDigits) {
+  const std::vector<Column> columns = {{L"A"}, {L"B"}, {L"C"}, {L"D"}};
+  EXPECT_EQ(Json(columns, {{0.1F, platform::Currency{9223372036854775807},
+                            platform::Decimal{.low = 12345678901234567890U, .high = 1, .scale = 3},
+                            std::uint64_t{18446744073709551615U}}}),
+            "[\n{\"A\":0.1,\"B\":922337203685477.5807,\"C\":30792422974944119.506,\"D\":18446744073709551615}\n]\n");
+}
+
 TEST(JsonWriter, WritesNullForNumbersThatJsonHasNot) {
   EXPECT_EQ(Json({{L"A", ColumnKind::kNumber}}, {{INFINITY}, {NAN}}), "[\n{\"A\":null},\n{\"A\":null}\n]\n");
+  EXPECT_EQ(Json({{L"A"}}, {{-std::numeric_limits<float>::infinity()}}), "[\n{\"A\":null}\n]\n");
 }
 
 TEST(JsonWriter, EscapesQuotesBackslashesAndControlCharacters) {

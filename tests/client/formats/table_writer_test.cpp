@@ -30,6 +30,12 @@ TEST(TableWriter, AlignsColumnsByWhatTheTerminalShows) {
       "(3 linhas)\n");
 }
 
+TEST(TableWriter, WritesNumbersOfEveryTypeAsPeopleReadThem) {
+  EXPECT_EQ(
+      Table({{L"A"}, {L"B"}, {L"C"}}, {{0.1F, platform::Currency{-1}, platform::Decimal{.low = 1250, .scale = 2}}}),
+      "A    B        C\n───  ───────  ────\n0,1  -0,0001  12,5\n(1 linha)\n");
+}
+
 TEST(TableWriter, CountsAnAccentOfItsOwnForNoWidth) {
   // "é" as one character and as "e" with a combining accent.
   EXPECT_EQ(Table({{L"A"}, {L"B"}}, {{L"\u00e9t\u00e9", L"x"}, {L"e\u0301te\u0301", L"y"}}),

@@ -87,6 +87,25 @@ TEST_F(XlsxWriterTest, WritesNumbersFlagsAndDatesAsASpreadsheetsOwn) {
             "<numFmt numFmtId=\"165\" formatCode=\"dd/mm/yyyy hh:mm:ss\"/></numFmts>");
 }
 
+TEST_F(XlsxWriterTest, WritesNumbersOfEveryTypeAsNumbersUpToFifteenDigits) {
+  using platform::Currency;
+  using platform::Decimal;
+  Write({{L"A"}, {L"B"}, {L"C"}, {L"D"}},
+        {{0.1F, Currency{125000}, Decimal{.low = 1250000000000000000, .scale = 17}, std::uint64_t{7}},
+         {-0.5F, Currency{9223372036854775807}, Decimal{.low = 1234567890123456, .scale = 2},
+          std::uint64_t{18446744073709551615U}}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\"><v>0.1</v></c><c r=\"B2\"><v>12.5</v></c><c r=\"C2\"><v>12.5</v></c><c r=\"D2\"><v>7</v></c>"
+            "</row>"
+            "<row r=\"3\">"
+            "<c r=\"A3\"><v>-0.5</v></c>"
+            "<c r=\"B3\" t=\"inlineStr\"><is><t>922337203685477,5807</t></is></c>"
+            "<c r=\"C3\" t=\"inlineStr\"><is><t>12345678901234,56</t></is></c>"
+            "<c r=\"D3\" t=\"inlineStr\"><is><t>18446744073709551615</t></is></c>"
+            "</row>");
+}
+
 TEST_F(XlsxWriterTest, WritesAsTextWhatItsNumbersCannotHold) {
   Write({{L"A", ColumnKind::kDay}, {L"B", ColumnKind::kNumber}, {L"C", ColumnKind::kNumber}},
         {{platform::Date{60}, std::int64_t{1234567890123456}, std::int64_t{999999999999999}},
