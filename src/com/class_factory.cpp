@@ -36,10 +36,8 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** ob
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) noexcept {
-  if (lock != FALSE)
-    HoldModule();
-  else
-    UnholdModule();
+  if (lock == FALSE) return UnlockModule() ? S_OK : E_UNEXPECTED;
+  LockModule();
   return S_OK;
 }
 

@@ -21,6 +21,7 @@ class ClassFactory final : public IClassFactory {
   STDMETHODIMP_(ULONG) Release() noexcept override;
   // No class of the component can be aggregated.
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override;
+  // An unlock without a lock is E_UNEXPECTED.
   STDMETHODIMP LockServer(BOOL lock) noexcept override;
 
  private:

@@ -83,10 +83,10 @@ STDMETHODIMP EventPoint::GetConnectionPointContainer(IConnectionPointContainer**
 STDMETHODIMP EventPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
   if (sink == nullptr || cookie == nullptr) return E_POINTER;
   *cookie = 0;
-  com_ptr<IDispatch> events;
-  if (FAILED(sink->QueryInterface(events_, events.put_void())) &&
-      FAILED(sink->QueryInterface(IID_IDispatch, events.put_void())))
-    return CONNECT_E_CANNOTCONNECT;
+  const com_ptr<IUnknown> client(sink);
+  com_ptr<IDispatch> events = client.as<IDispatch>(events_);
+  if (!events) events = client.as<IDispatch>();
+  if (!events) return CONNECT_E_CANNOTCONNECT;
   return AtBoundary(IID_IConnectionPoint, [&] {
     sinks_.emplace(lastCookie_ + 1, std::move(events));
     *cookie = ++lastCookie_;

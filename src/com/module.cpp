@@ -20,9 +20,10 @@ class Lock {
   SRWLOCK lock_ = SRWLOCK_INIT;
 };
 
-// The count and the library it keeps change together. Nothing here runs code when the DLL is loaded or goes.
+// The counts and the library they keep change together. Nothing here runs code when the DLL is loaded or goes.
 constinit Lock g_lock;
-long g_uses = 0;
+long g_objects = 0;
+long g_clientLocks = 0;
 ITypeLib* g_library = nullptr;  // a reference of its own
 
 HMODULE OwnModule() {
@@ -45,18 +46,30 @@ com_ptr<ITypeLib> Library() {
 
 void HoldModule() noexcept {
   const std::lock_guard lock(g_lock);
-  ++g_uses;
+  ++g_objects;
 }
 
 void UnholdModule() noexcept {
   com_ptr<ITypeLib> last;  // released after the lock
   const std::lock_guard lock(g_lock);
-  if (--g_uses == 0) last = com_ptr<ITypeLib>::adopt(std::exchange(g_library, nullptr));
+  if (--g_objects == 0 && g_clientLocks == 0) last = com_ptr<ITypeLib>::adopt(std::exchange(g_library, nullptr));
+}
+
+void LockModule() noexcept {
+  const std::lock_guard lock(g_lock);
+  ++g_clientLocks;
+}
+
+bool UnlockModule() noexcept {
+  const std::lock_guard lock(g_lock);
+  if (g_clientLocks == 0) return false;
+  --g_clientLocks;
+  return true;
 }
 
 bool ModuleInUse() noexcept {
   const std::lock_guard lock(g_lock);
-  return g_uses != 0;
+  return g_objects != 0 || g_clientLocks != 0;
 }
 
 std::wstring ModulePath() {

@@ -1,4 +1,4 @@
-// The DLL as a COM server: how many objects keep it loaded, its own path and its type library.
+// The DLL as a COM server: how many objects and locks keep it loaded, its own path and its type library.
 #pragma once
 
 #include <string>
@@ -8,10 +8,15 @@
 
 namespace kodra::com {
 
-// One more, or one less, object or lock that keeps the DLL loaded. While there is none the DLL may be unloaded and
+// One more, or one less, object that keeps the DLL loaded. While there is none, nor a lock, the DLL may be unloaded and
 // holds no type library. May be called from any thread.
 void HoldModule() noexcept;
 void UnholdModule() noexcept;
+
+// The same for the locks of clients. UnlockModule returns false when there is no lock to take away. REQUIRES: a
+// ModuleLock exists.
+void LockModule() noexcept;
+bool UnlockModule() noexcept;
 
 // Holds the DLL for as long as it exists.
 class ModuleLock {

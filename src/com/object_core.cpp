@@ -1,6 +1,7 @@
 #include "com/object_core.h"
 
 #include "com/boundary.h"
+#include "platform/windows/variant.h"
 
 namespace kodra::com {
 
@@ -10,6 +11,17 @@ namespace {
 
 HRESULT DescribeType(REFGUID id, ITypeInfo** info) noexcept {
   return FillAtBoundary(id, info, [&] { return TypeInfoOf(id).detach(); });
+}
+
+// Whether every reference among the arguments can be followed, as automation does without asking. `badArgument` may be
+// null; it receives the place of the first that cannot.
+bool AllLeadToValues(const DISPPARAMS& arguments, UINT* badArgument) noexcept {
+  for (UINT i = 0; i < arguments.cArgs; ++i) {
+    if (platform::windows::LeadsToValue(arguments.rgvarg[i])) continue;
+    if (badArgument != nullptr) *badArgument = i;
+    return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -48,6 +60,7 @@ HRESULT ObjectCore::MemberIds(LPOLESTR* names, UINT count, DISPID* ids) noexcept
 
 HRESULT ObjectCore::InvokeMember(DISPID member, WORD kind, DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                  UINT* badArgument) noexcept {
+  if (arguments != nullptr && !AllLeadToValues(*arguments, badArgument)) return DISP_E_TYPEMISMATCH;
   com_ptr<ITypeInfo> info;
   const HRESULT hr = DescribeType(iid_, info.put());
   return FAILED(hr) ? hr : DispInvoke(&object_, info.get(), member, kind, arguments, result, exception, badArgument);

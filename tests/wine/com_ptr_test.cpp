@@ -153,5 +153,28 @@ TEST(ComPtr, AnotherInterfaceOfTheObjectIsAReferenceMore) {
   EXPECT_FALSE(com_ptr<IDispatch>().as<IUnknown>());
 }
 
+// Refuses every interface and leaves a pointer all the same.
+class Careless final : public IUnknown {
+ public:
+  STDMETHODIMP QueryInterface(REFIID, void** object) override {
+    *object = this;
+    return E_NOINTERFACE;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+
+  ULONG references = 1;
+};
+
+TEST(ComPtr, AnInterfaceThatIsRefusedIsNoneWhateverTheObjectLeaves) {
+  Careless object;
+  {
+    const com_ptr<IUnknown> held(&object);
+    EXPECT_FALSE(held.as<IDispatch>());
+    EXPECT_EQ(2U, object.references);
+  }
+  EXPECT_EQ(1U, object.references);
+}
+
 }  // namespace
 }  // namespace kodra::platform::windows

@@ -29,6 +29,7 @@ enum class Mishap {
   kRaised,       // with source and description
   kBare,         // with a number that has no text anywhere
   kOutOfMemory,  // E_OUTOFMEMORY, with nothing else
+  kNothing,      // it says that it succeeds, and does nothing
 };
 
 constexpr HRESULT kMishapNumber = static_cast<HRESULT>(0x80047777);
@@ -150,6 +151,7 @@ class Injector {
   }
   HRESULT FailBare() const {
     SetErrorInfo(0, nullptr);
+    if (mishap_ == Mishap::kNothing) return S_OK;
     return mishap_ == Mishap::kOutOfMemory ? E_OUTOFMEMORY : kMishapNumber;
   }
   // A member of a dual interface fails with an IErrorInfo …

@@ -43,6 +43,14 @@ TEST_F(HostileArguments, AnObjectByReferenceIsTheObject) {
   });
 }
 
+TEST_F(HostileArguments, AReferenceThatLeadsToNoValueIsRefused) {
+  Nowhere nowhere;
+  ForEach(OnStrings(), [&](const ReportCase& tested, const Subject& subject) {
+    for (const VARIANT& reference : nowhere.All())
+      EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(tested, subject, {reference}).hr) << reference.vt;
+  });
+}
+
 TEST_F(HostileArguments, AnObjectByNameIsTheObjectAndAnUnknownNameIsRefused) {
   ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
     const Var parameters(subject.parameters().get());
@@ -118,6 +126,21 @@ TEST_F(HostileArguments, AMethodCannotBeAssignedNorAPropertyOfTheConnectionTaken
                                          .hr);
     EXPECT_TRUE(FAILED(Put(subject.report(), L"StringConexao", parameters).hr));
   });
+}
+
+TEST_F(HostileArguments, APropertyRefusesAReferenceThatLeadsToNoValueAndKeepsItsValue) {
+  Nowhere nowhere;
+  const auto object = Create(L"KodraRpt.CLogRptObj");
+  const std::vector<std::pair<const wchar_t*, Var>> properties = {{L"Owner", L"antes"},
+                                                                  {L"DataInicial", Var::Date(40179)}};
+  for (const auto& [name, before] : properties) {
+    ASSERT_EQ(S_OK, Put(object, name, before).hr);
+    for (const VARIANT& reference : nowhere.All())
+      EXPECT_EQ(DISP_E_TYPEMISMATCH,
+                InvokeRaw(object.get(), name, DISPATCH_PROPERTYPUT, {reference}, {DISPID_PROPERTYPUT}).hr)
+          << reference.vt;
+    EXPECT_EQ(before.text(), Got(Get(object, name)).text());
+  }
 }
 
 TEST_F(HostileArguments, ATextPropertyRefusesWhatIsNoTextAndKeepsItsValue) {

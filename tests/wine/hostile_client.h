@@ -38,6 +38,37 @@ inline VARIANT ByReference(VARIANT* variant) {
   return v;
 }
 
+// References that lead to no value: to nothing, to a reference to a VARIANT, to themselves and in a circle. The tests
+// that pass them on may not copy this.
+class Nowhere {
+ public:
+  Nowhere() {
+    nested_ = ByReference(&value_);
+    self_ = ByReference(&self_);
+    there_ = ByReference(&back_);
+    back_ = ByReference(&there_);
+  }
+  Nowhere(const Nowhere&) = delete;
+  Nowhere& operator=(const Nowhere&) = delete;
+
+  std::vector<VARIANT> All() {
+    std::vector<VARIANT> all = {ByReference(&nested_), ByReference(&self_), ByReference(&there_), self_};
+    for (const VARTYPE type : {VT_VARIANT, VT_DISPATCH, VT_UNKNOWN, VT_BSTR, VT_I4, VT_DATE}) {
+      VARIANT v = {};
+      v.vt = VT_BYREF | type;
+      all.push_back(v);
+    }
+    return all;
+  }
+
+ private:
+  VARIANT value_ = {};
+  VARIANT nested_ = {};
+  VARIANT self_ = {};
+  VARIANT there_ = {};
+  VARIANT back_ = {};
+};
+
 // A parameter object of the client's own: it has every property, and says what each reading gives.
 class WilfulObject final : public ClientObject {
  public:

@@ -84,6 +84,25 @@ TEST_F(HostileObjects, ValuesThatNoPropertyHasAreRefused) {
   SafeArrayDestroy(array.parray);
 }
 
+TEST_F(HostileObjects, ReferencesThatLeadToNoValueAreMismatches) {
+  Nowhere nowhere;
+  const Failure mismatch = {0x800A000D, L"KodraRpt", L"Tipos incompatíveis"};
+  ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
+    for (const VARIANT& reference : nowhere.All()) {
+      const auto answering = WilfulObject::New([&](const std::wstring&, VARIANT* result, EXCEPINFO*) {
+        *result = reference;
+        return S_OK;
+      });
+      EXPECT_EQ(Framed(tested, mismatch), Run(tested, subject, answering).failure) << reference.vt;
+    }
+    const auto circular = WilfulObject::New([](const std::wstring&, VARIANT* result, EXCEPINFO*) {
+      *result = ByReference(result);
+      return S_OK;
+    });
+    EXPECT_EQ(Framed(tested, mismatch), Run(tested, subject, circular).failure);
+  });
+}
+
 TEST_F(HostileObjects, TheyMayRunTheSameReportWhileItReadsThem) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     int calls = 0;

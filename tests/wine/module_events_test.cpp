@@ -21,6 +21,8 @@ class Listener final : public IDispatch {
   static Ref<Listener> New() { return Ref<Listener>::Owning(new Listener); }
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    *object = nullptr;
+    if (succeedsWithNothing) return S_OK;
     *object = iid == IID_IUnknown || (iid == IID_IDispatch && isDispatch) ? this : nullptr;
     if (*object == nullptr) return E_NOINTERFACE;
     AddRef();
@@ -49,6 +51,7 @@ class Listener final : public IDispatch {
 
   ULONG references = 1;
   bool isDispatch = true;
+  bool succeedsWithNothing = false;
   Names lines;
   std::function<HRESULT()> then = [] { return S_OK; };
 
@@ -167,6 +170,17 @@ TEST_F(ModuleEvents, RefuseASinkThatCannotBeCalled) {
   EXPECT_EQ(1U, listener->references);
   EXPECT_EQ(E_POINTER, point_->Advise(nullptr, &cookie));
   EXPECT_EQ(E_POINTER, point_->Advise(listener.get(), nullptr));
+}
+
+TEST_F(ModuleEvents, RefuseASinkThatSucceedsInGivingNothing) {
+  const auto listener = Listener::New();
+  listener->succeedsWithNothing = true;
+  DWORD cookie = 7;
+  EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point_->Advise(listener.get(), &cookie));
+  EXPECT_EQ(0U, cookie);
+  EXPECT_EQ(1U, listener->references);
+  Fail();
+  EXPECT_EQ(Names{}, listener->lines);
 }
 
 TEST_F(ModuleEvents, ReleaseTheirSinksWithTheReport) {

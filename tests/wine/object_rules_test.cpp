@@ -259,6 +259,21 @@ TEST_F(ObjectRules, ALockKeepsTheDllLoadedUntilItsUnlock) {
   EXPECT_EQ(S_OK, server.CanUnloadNow());
 }
 
+TEST_F(ObjectRules, AnUnlockWithoutALockIsRefusedAndUnloadsNothing) {
+  const Server server(copy_.windowsPath());
+  auto object = server.Create<IDispatch>(__uuidof(::CDeptoRpt));
+  auto factory = server.Factory(__uuidof(::CDeptoRpt));
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(E_UNEXPECTED, factory->LockServer(FALSE));
+  EXPECT_EQ(S_FALSE, server.CanUnloadNow());
+  EXPECT_EQ(S_OK, factory->LockServer(TRUE));
+  EXPECT_EQ(S_OK, factory->LockServer(FALSE));
+  EXPECT_EQ(E_UNEXPECTED, factory->LockServer(FALSE));
+  EXPECT_EQ(0U, factory.Release());
+  EXPECT_EQ(S_FALSE, server.CanUnloadNow());
+  EXPECT_EQ(0U, object.Release());
+  EXPECT_EQ(S_OK, server.CanUnloadNow());
+}
+
 TEST_F(ObjectRules, TypeInformationOutlivesTheObjectThatGaveIt) {
   const Server server(copy_.windowsPath());
   Ref<ITypeInfo> info;

@@ -149,6 +149,24 @@ TEST(VariantToValue, AReferenceToAVariantIsFollowedToItsValue) {
   EXPECT_EQ(Value(std::int32_t{7}), ToValue(Of(VT_BYREF | VT_VARIANT, [&](VARIANT& v) { v.pvarVal = &inner; })));
 }
 
+TEST(VariantToValue, AReferenceToNothingIsRefused) {
+  for (const VARTYPE type : {VT_VARIANT, VT_BOOL, VT_I4, VT_R8, VT_DATE, VT_BSTR, VT_DISPATCH, VT_UNKNOWN, VT_DECIMAL})
+    EXPECT_EQ(kTypeMismatch, Raised(Of(VT_BYREF | type, [](VARIANT& v) { v.byref = nullptr; }))) << type;
+  VARIANT inner = Of(VT_BYREF | VT_I4, [](VARIANT& v) { v.byref = nullptr; });
+  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_BYREF | VT_VARIANT, [&](VARIANT& v) { v.pvarVal = &inner; })));
+}
+
+TEST(VariantToValue, AReferenceToAReferenceToAVariantIsRefused) {
+  VARIANT number = Of(VT_I4, [](VARIANT& v) { v.lVal = 7; });
+  VARIANT inner = Of(VT_BYREF | VT_VARIANT, [&](VARIANT& v) { v.pvarVal = &number; });
+  EXPECT_EQ(kTypeMismatch, Raised(Of(VT_BYREF | VT_VARIANT, [&](VARIANT& v) { v.pvarVal = &inner; })));
+  inner.pvarVal = &inner;
+  EXPECT_EQ(kTypeMismatch, Raised(inner));
+  VARIANT other = Of(VT_BYREF | VT_VARIANT, [&](VARIANT& v) { v.pvarVal = &inner; });
+  inner.pvarVal = &other;
+  EXPECT_EQ(kTypeMismatch, Raised(other));
+}
+
 TEST(VariantToValue, AReferenceDoesNotTakeWhatItRefersTo) {
   auto object = face::ForeignObject::With(L"Nome", L"Ana");
   IDispatch* pointed = object.get();

@@ -8,6 +8,14 @@
 namespace kodra::platform::windows {
 namespace {
 
+// For a call that hands out an object: raises ErrorOf when it failed, RuntimeError::kObjectNotSet when it succeeded and
+// handed out none.
+template <class T, class Given>
+void CheckGiven(HRESULT hr, const com_ptr<T>& object, const com_ptr<Given>& given) {
+  Check(hr, object);
+  if (!given) throw MakeRuntimeError(RuntimeError::kObjectNotSet);
+}
+
 _Connection* InterfaceOf(Connection* connection) {
   return connection == nullptr ? nullptr : static_cast<AdoConnection*>(connection)->Interface();
 }
@@ -101,9 +109,9 @@ std::int32_t AdoConnection::ErrorCount() {
 
 std::int32_t AdoConnection::NativeError(std::int32_t index) {
   com_ptr<::Errors> errors;
-  Check(connection_->get_Errors(errors.put()), connection_);
+  CheckGiven(connection_->get_Errors(errors.put()), connection_, errors);
   com_ptr<::Error> error;
-  Check(errors->get_Item(*ScopedVariant(Value(index)), error.put()), errors);
+  CheckGiven(errors->get_Item(*ScopedVariant(Value(index)), error.put()), errors, error);
   long native = 0;
   Check(error->get_NativeError(&native), error);
   return native;
@@ -130,12 +138,12 @@ void AdoCommand::SetCommandType(std::int32_t type) {
 void AdoCommand::AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
                                  const Value& value) {
   com_ptr<_Parameter> parameter;
-  Check(command_->CreateParameter(ScopedBstr(name).get(), static_cast<DataTypeEnum>(type),
-                                  static_cast<ParameterDirectionEnum>(direction), size, *ScopedVariant(value),
-                                  parameter.put()),
-        command_);
+  CheckGiven(command_->CreateParameter(ScopedBstr(name).get(), static_cast<DataTypeEnum>(type),
+                                       static_cast<ParameterDirectionEnum>(direction), size, *ScopedVariant(value),
+                                       parameter.put()),
+             command_, parameter);
   com_ptr<::Parameters> parameters;
-  Check(command_->get_Parameters(parameters.put()), command_);
+  CheckGiven(command_->get_Parameters(parameters.put()), command_, parameters);
   Check(parameters->Append(parameter.get()), parameters);
 }
 
@@ -178,7 +186,7 @@ void AdoRecordset::MoveNext() { Check(recordset_->MoveNext(), recordset_); }
 
 com_ptr<::Fields> AdoRecordset::FieldList() {
   com_ptr<::Fields> fields;
-  Check(recordset_->get_Fields(fields.put()), recordset_);
+  CheckGiven(recordset_->get_Fields(fields.put()), recordset_, fields);
   return fields;
 }
 
@@ -193,7 +201,7 @@ void AdoRecordset::AppendField(const std::wstring& name, std::int32_t type, std:
 std::unique_ptr<platform::Field> AdoRecordset::FieldByName(const std::wstring& name) {
   const auto fields = FieldList();
   com_ptr<::Field> field;
-  Check(fields->get_Item(*ScopedVariant(Value(name)), field.put()), fields);
+  CheckGiven(fields->get_Item(*ScopedVariant(Value(name)), field.put()), fields, field);
   return std::make_unique<AdoField>(std::move(field));
 }
 

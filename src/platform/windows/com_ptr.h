@@ -58,7 +58,8 @@ class com_ptr {
   template <class U>
   com_ptr<U> as(REFIID iid = __uuidof(U)) const noexcept {
     com_ptr<U> other;
-    if (p_ != nullptr) p_->QueryInterface(iid, other.put_void());
+    // What a refusal leaves there is nobody's reference.
+    if (p_ != nullptr && FAILED(p_->QueryInterface(iid, other.put_void()))) other.detach();
     return other;
   }
 

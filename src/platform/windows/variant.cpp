@@ -217,7 +217,17 @@ ScopedBstr::ScopedBstr(std::wstring_view text) : text_(NewBstr(text)) {}
 
 std::wstring ToWide(BSTR text) { return text == nullptr ? std::wstring() : std::wstring(text, SysStringLen(text)); }
 
+bool LeadsToValue(const VARIANT& variant) noexcept {
+  constexpr VARTYPE kToVariant = VT_BYREF | VT_VARIANT;
+  if ((V_VT(&variant) & VT_BYREF) == 0) return true;
+  if (V_BYREF(&variant) == nullptr) return false;
+  if (V_VT(&variant) != kToVariant) return true;
+  const VARIANT& referred = *V_VARIANTREF(&variant);
+  return V_VT(&referred) != kToVariant && LeadsToValue(referred);
+}
+
 Value ToValue(const VARIANT& variant) {
+  if (!LeadsToValue(variant)) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
   if (V_VT(&variant) == (VT_BYREF | VT_VARIANT)) return ToValue(*V_VARIANTREF(&variant));
   if ((V_VT(&variant) & VT_BYREF) != 0) {
     ScopedVariant direct;

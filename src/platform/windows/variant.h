@@ -77,6 +77,10 @@ class ScopedBstr {
 // The text of a BSTR, embedded zeros included; a null BSTR is the empty text.
 std::wstring ToWide(BSTR text);
 
+// Whether the value of a VARIANT can be reached: a reference must not be null, and a reference to a VARIANT must not
+// lead to another such reference.
+bool LeadsToValue(const VARIANT& variant) noexcept;
+
 // The value that a VARIANT holds; by-reference variants are followed. Integers that fit become 32-bit ones, an
 // automation object becomes a late-bound one (null stays null), and every other value keeps its type. Arrays and other
 // types raise RuntimeError::kTypeMismatch.
