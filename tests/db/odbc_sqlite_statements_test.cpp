@@ -144,6 +144,24 @@ TEST_F(OdbcSqlite, TransactionsDoNotNestAndHoldTheConnectionOpen) {
   cn.RollbackTrans();
 }
 
+TEST_F(OdbcSqlite, AConnectionThatGoesInATransactionTakesItBack) {
+  file.Run(L"create table T(N integer)");
+  {
+    Connection cn;
+    cn.SetConnectionString(file.ConnectionString());
+    cn.Open(L"", L"", ad::kUnspecified);
+    cn.BeginTrans();
+    cn.Execute(L"insert into T values(1)", ad::kCmdText);
+  }
+  // One that is still connected would hold a lock on the file, for which this one does not wait.
+  Connection next;
+  next.SetConnectionString(file.ConnectionString() + L"Timeout=1;");
+  next.Open(L"", L"", ad::kUnspecified);
+  EXPECT_EQ(RaisedBy([&] { next.Execute(L"insert into T values(2)", ad::kCmdText); }), Raised());
+  EXPECT_EQ(next.Query(L"select N from T", ad::kCmdText).recordset->GetRows(-1),
+            (std::vector<std::vector<Value>>{{2}}));
+}
+
 TEST_F(OdbcSqlite, AnOpenConnectionRefusesWhatOnlyAClosedOneTakes) {
   Connection& cn = file.Connection();
   const Raised open = ObjectOpen(L"ADODB.Connection");
