@@ -134,6 +134,12 @@ TEST_F(PreAbreCnTest, RaisesForAFolderInPlaceOfAnSQLiteFile) {
             (Raised{platform::kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\dados" danificado.)"}));
 }
 
+TEST_F(PreAbreCnTest, TakesAnSQLiteFileOfFourGigabytesForAWholeOne) {
+  around_.files[L"C:\\grande.db"] = 4294967296;
+  EXPECT_EQ(Prepared(L"Driver=SQLite3;Database=C:\\grande.db;"),
+            "Driver=SQLite3;Database=C:\\grande.db;Persist Security Info=True;OEMCP=1;FKSupport=true;");
+}
+
 TEST_F(PreAbreCnTest, LooksForAnEmptyPathWhenAnSQLiteStringNamesNoFile) {
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;"); }),
             (Raised{platform::kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "" não encontrado.)"}));

@@ -88,5 +88,18 @@ TEST(Surroundings, FilesFoldersAndNothingAreToldApart) {
   std::filesystem::remove_all(folder);
 }
 
+TEST(Surroundings, FileLengthIsWholeBeyondFourGigabytes) {
+  const std::filesystem::path file =
+      std::filesystem::temp_directory_path() / ("kodra-grande-" + std::to_string(::getpid()) + ".db");
+  std::ofstream(file) << "";
+  Surroundings machine;
+  // Sparse: no byte of it is on the disk.
+  std::filesystem::resize_file(file, 4294967296);
+  EXPECT_EQ(machine.FileLength(file.wstring()), 4294967296U);
+  std::filesystem::resize_file(file, 8589934597);
+  EXPECT_EQ(machine.FileLength(file.wstring()), 8589934597U);
+  std::filesystem::remove(file);
+}
+
 }  // namespace
 }  // namespace kodra::platform::odbc

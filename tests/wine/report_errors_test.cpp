@@ -140,6 +140,25 @@ TEST(ReportErrors, AnEmptyDatabaseFileIsDamaged) {
   ExpectFailure(kModels, ConnectionTo(file.path()), ParametersOf(kModels), cause);
 }
 
+// The low half of its length is zero.
+TEST(ReportErrors, ADatabaseFileOfFourGigabytesIsNotDamaged) {
+  const OwnFile file(L"grande.db");
+  ASSERT_TRUE(CopyFileW(WindowsPath(Variable(L"KODRA_ARCHIVE")).c_str(), file.windowsPath().c_str(), FALSE));
+  LARGE_INTEGER length = {};
+  length.QuadPart = 0x100000000;
+  HANDLE stretched =
+      CreateFileW(file.windowsPath().c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  // What is added is a hole, which SQLite overlooks: its header says how much of the file is the database.
+  EXPECT_TRUE(SetFilePointerEx(stretched, length, nullptr, FILE_BEGIN));
+  EXPECT_TRUE(SetEndOfFile(stretched));
+  CloseHandle(stretched);
+  const auto parameters = ParametersOf(kDepartments);
+  const Outcome outcome =
+      RunReport(kDepartments.name, kDepartments.method, Var(parameters.get()), ConnectionTo(file.path()));
+  ASSERT_EQ(Failure{}, outcome.failure);
+  EXPECT_EQ(ReadAll(OpenReport(kDepartments.name, kDepartments.method)).rows, ReadAll(outcome.value.object()).rows);
+}
+
 TEST(ReportErrors, AFolderInPlaceOfTheDatabaseFileIsDamaged) {
   ExpectFailure(kDepartments, ConnectionTo(L"/tmp"), ParametersOf(kDepartments),
                 L"[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"/tmp\" danificado.");
