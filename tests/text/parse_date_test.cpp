@@ -30,6 +30,11 @@ TEST(ParseDate, ACommaSeparatesDates) {
   EXPECT_EQ(Read(L"10,5"), L"2026-05-10 00:00:00");
   EXPECT_EQ(Read(L"1,2,3"), L"2003-02-01 00:00:00");
 }
+TEST(ParseDate, ACommaAfterASeparatorDoesNotTakeItsPlace) {
+  EXPECT_EQ(Read(L"31/, 12/2023"), L"2023-12-31 00:00:00");
+  EXPECT_EQ(Read(L"31/12/2023, 10:00"), L"2023-12-31 10:00:00");
+  EXPECT_EQ(Read(L"31/12/2023/, 10:00"), L"none");
+}
 TEST(ParseDate, TriesOtherOrdersWhenDayMonthYearIsNoDay) {
   EXPECT_EQ(Read(L"12/31/2023"), L"2023-12-31 00:00:00");
   EXPECT_EQ(Read(L"2023/12/31"), L"2023-12-31 00:00:00");
