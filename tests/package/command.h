@@ -25,4 +25,9 @@ inline DWORD RunCommand(std::wstring command, const std::wstring& folder = L"") 
 
 inline std::wstring Quoted(const std::wstring& path) { return L"\"" + path + L"\""; }
 
+// Installs (/i) or removes (/x) a package without asking.
+inline DWORD Msiexec(const std::wstring& action, const std::wstring& msi) {
+  return RunCommand(L"msiexec " + action + L" " + Quoted(msi) + L" /qn");
+}
+
 }  // namespace kodra::package

@@ -64,6 +64,17 @@ TEST(InstallerTables, AreOfAProductForAllUsersThatLaterOnesUpgrade) {
   EXPECT_EQ(L"{6C6A3C0B-7B52-4E5C-9B0E-7F6D2E2B9A41}", database.Property(L"UpgradeCode"));
 }
 
+TEST(InstallerTables, RefuseAWindowsOlderThanSeven) {
+  const Database database;
+  EXPECT_EQ(L"O [ProductName] precisa do Windows 7 ou de um mais novo.",
+            database.Value(L"SELECT `Description` FROM `LaunchCondition`"
+                           L" WHERE `Condition`='Installed OR VersionNT >= 601'"));
+  // Before anything else is done but to look for installed versions.
+  for (const wchar_t* sequence : {L"InstallExecuteSequence", L"InstallUISequence"})
+    EXPECT_EQ(L"100", database.Value(L"SELECT `Sequence` FROM `" + std::wstring(sequence) +
+                                     L"` WHERE `Action`='LaunchConditions'"));
+}
+
 // An upgrade on Windows keeps an installed file that has a version where the package names none, and then removes it
 // with the earlier product.
 TEST(InstallerTables, NameTheVersionOfTheDll) {

@@ -12,10 +12,6 @@ namespace {
 // The machine's registry of programs, and the user's whole one.
 RegistryLines DumpAll() { return Sorted(Dump(HKEY_LOCAL_MACHINE, L"Software"), Dump(HKEY_CURRENT_USER, L"Software")); }
 
-DWORD Msiexec(const std::wstring& action, const std::wstring& msi) {
-  return RunCommand(L"msiexec " + action + L" " + Quoted(msi) + L" /qn");
-}
-
 // Without the installer's bookkeeping of its products.
 RegistryLines OfComponent(RegistryLines lines) {
   std::erase_if(lines, [](const std::wstring& line) { return line.starts_with(L"Installer\\"); });

@@ -5,6 +5,7 @@
 #include <winver.h>
 // clang-format on
 
+#include "component_imports.h"
 #include "environment.h"
 #include "pe_file.h"
 
@@ -59,80 +60,11 @@ TEST(DllFile, ExportsItsEntryPointsAndNothingElse) {
             PeFile(DllPath()).Exports());
 }
 
-// What the component may ask of Windows. All of it is in Windows 7 without updates; whoever adds a function checks that
-// it is too.
-const std::map<std::string, std::set<std::string>>& AllowedImports() {
-  static const std::map<std::string, std::set<std::string>> allowed = {
-      {"advapi32.dll", {"RegCloseKey", "RegCreateKeyExW", "RegDeleteTreeW", "RegSetValueExW"}},
-      {"kernel32.dll",
-       {"AcquireSRWLockExclusive",
-        "DeleteCriticalSection",
-        "EnterCriticalSection",
-        "FlsAlloc",
-        "FlsFree",
-        "FlsGetValue",
-        "FlsSetValue",
-        "FormatMessageW",
-        "FreeLibrary",
-        "GetFileAttributesExW",
-        "GetLastError",
-        "GetModuleFileNameW",
-        "GetModuleHandleExW",
-        "GetModuleHandleW",
-        "GetProcAddress",
-        "InitializeCriticalSection",
-        "InitializeSRWLock",
-        "IsDBCSLeadByteEx",
-        "LeaveCriticalSection",
-        "LoadLibraryA",
-        "MultiByteToWideChar",
-        "ReleaseSRWLockExclusive",
-        "SetEnvironmentVariableW",
-        "SetLastError",
-        "Sleep",
-        "TlsGetValue",
-        "VirtualProtect",
-        "VirtualQuery",
-        "WideCharToMultiByte",
-        "lstrcmpiW"}},
-      {"msvcrt.dll",
-       {"__mb_cur_max", "_amsg_exit", "_errno", "_initterm", "_iob",   "_lock",      "_unlock",   "abort",
-        "atoi",         "calloc",     "fputc",  "free",      "fwrite", "localeconv", "localtime", "malloc",
-        "memchr",       "memcmp",     "memcpy", "memmove",   "memset", "realloc",    "setlocale", "strchr",
-        "strcmp",       "strerror",   "strlen", "strncmp",   "time",   "vfprintf",   "wcslen"}},
-      {"ole32.dll", {"CLSIDFromProgID", "CoCreateInstance", "StringFromGUID2"}},
-      {"oleaut32.dll",
-       {"CreateErrorInfo", "DispGetIDsOfNames", "DispInvoke", "GetErrorInfo", "LoadTypeLibEx", "RegisterTypeLib",
-        "RegisterTypeLibForUser", "SetErrorInfo", "SysAllocStringLen", "SysFreeString", "SysStringLen",
-        "UnRegisterTypeLib", "UnRegisterTypeLibForUser", "VariantChangeTypeEx", "VariantClear", "VariantCopyInd",
-        "VariantInit"}},
-  };
-  return allowed;
-}
-
-// Beyond that, what the compiler and its runtime ask of a 64-bit Windows.
-bool IsAllowedIn64Bits(const std::string& dll, const std::string& function) {
-  static const std::map<std::string, std::set<std::string>> allowed = {
-      {"kernel32.dll",
-       {"RaiseException", "RtlCaptureContext", "RtlLookupFunctionEntry", "RtlUnwindEx", "RtlVirtualUnwind"}},
-      {"msvcrt.dll", {"___lc_codepage_func", "___mb_cur_max_func", "__iob_func", "_localtime64", "_time64"}},
-  };
-  const auto found = allowed.find(dll);
-  return kIs64Bit && found != allowed.end() && found->second.contains(function);
-}
-
 TEST(DllFile, NeedsNothingOfWindowsThatIsNotInWindowsSeven) {
   const auto imports = PeFile(DllPath()).Imports();
   EXPECT_FALSE(imports.empty());
-  for (const auto& [dll, functions] : imports) {
-    const auto allowed = AllowedImports().find(dll);
-    if (allowed == AllowedImports().end()) {
-      ADD_FAILURE() << dll;
-      continue;
-    }
-    for (const auto& function : functions)
-      EXPECT_TRUE(allowed->second.contains(function) || IsAllowedIn64Bits(dll, function)) << dll << " " << function;
-  }
+  for (const auto& [dll, functions] : imports)
+    for (const auto& function : functions) EXPECT_TRUE(IsComponentImport(dll, function)) << dll << " " << function;
 }
 
 TEST(DllFile, CarriesItsTypeLibrary) {

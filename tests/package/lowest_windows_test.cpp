@@ -1,0 +1,252 @@
+// The lowest Windows that the files of the package run on, by what they import and by their headers.
+#include <gtest/gtest.h>
+
+#include "places.h"
+#include "wine/component_imports.h"
+#include "wine/pe_file.h"
+
+namespace kodra::package {
+namespace {
+
+enum class Windows { kXp, kVista, kVistaServicePack1 };
+
+// The first Windows with a function; all that are not listed were in Windows XP.
+Windows FirstWith(const std::string& function) {
+  static const std::map<std::string, Windows> later = {
+      {"AcquireSRWLockExclusive", Windows::kVista},
+      {"FlsAlloc", Windows::kVista},
+      {"FlsFree", Windows::kVista},
+      {"FlsGetValue", Windows::kVista},
+      {"FlsSetValue", Windows::kVista},
+      {"GetTickCount64", Windows::kVista},
+      {"InitializeSRWLock", Windows::kVista},
+      {"RegDeleteTreeW", Windows::kVista},
+      {"RegisterTypeLibForUser", Windows::kVistaServicePack1},
+      {"ReleaseSRWLockExclusive", Windows::kVista},
+      {"UnRegisterTypeLibForUser", Windows::kVistaServicePack1},
+  };
+  const auto found = later.find(function);
+  return found == later.end() ? Windows::kXp : found->second;
+}
+
+// The lowest Windows that has all of a file's imports. Each of them must be a known one: whoever adds a function to the
+// known ones finds out which Windows had it first, and puts it into FirstWith when that is later than Windows XP.
+template <class IsKnown>
+Windows LowestWindowsOf(const face::PeFile& file, IsKnown isKnown) {
+  Windows lowest = Windows::kXp;
+  for (const auto& [dll, functions] : file.Imports()) {
+    for (const auto& function : functions) {
+      EXPECT_TRUE(isKnown(dll, function)) << "which Windows had " << function << " of " << dll << " first?";
+      lowest = std::max(lowest, FirstWith(function));
+    }
+  }
+  return lowest;
+}
+
+void ExpectLoadedByVista(const face::PeFile& file) {
+  const auto& header = file.Headers().OptionalHeader;
+  EXPECT_LE(header.MajorSubsystemVersion * 100 + header.MinorSubsystemVersion, 600);
+  EXPECT_LE(header.MajorOperatingSystemVersion * 100 + header.MinorOperatingSystemVersion, 600);
+}
+
+// The README says so.
+TEST(LowestWindows, OfTheComponentIsVistaWithServicePackOne) {
+  const face::PeFile dll(Unpacked() + L"\\KodraRpt.dll");
+  EXPECT_EQ(Windows::kVistaServicePack1, LowestWindowsOf(dll, face::IsComponentImport));
+  ExpectLoadedByVista(dll);
+}
+
+#ifndef _WIN64  // the package has no console program for it
+
+// What the console program imports beyond what the component does.
+bool IsConsoleImport(const std::string& dll, const std::string& function) {
+  static const std::map<std::string, std::set<std::string>> known = {
+      {"kernel32.dll",
+       {"AddVectoredExceptionHandler",
+        "CloseHandle",
+        "CreateEventA",
+        "CreateFileW",
+        "CreateHardLinkW",
+        "CreateSemaphoreA",
+        "DeleteFileW",
+        "DuplicateHandle",
+        "FileTimeToSystemTime",
+        "FindFirstVolumeW",
+        "FindNextVolumeW",
+        "FindVolumeClose",
+        "FormatMessageA",
+        "GetCommandLineW",
+        "GetConsoleOutputCP",
+        "GetCurrentProcess",
+        "GetCurrentProcessId",
+        "GetCurrentThread",
+        "GetCurrentThreadId",
+        "GetDiskFreeSpaceExW",
+        "GetFileAttributesW",
+        "GetFileInformationByHandle",
+        "GetFileSizeEx",
+        "GetFileType",
+        "GetFullPathNameW",
+        "GetHandleInformation",
+        "GetProcessAffinityMask",
+        "GetProcessTimes",
+        "GetStartupInfoA",
+        "GetSystemTimeAdjustment",
+        "GetSystemTimeAsFileTime",
+        "GetTempPathW",
+        "GetThreadContext",
+        "GetThreadPriority",
+        "GetThreadTimes",
+        "GetTickCount64",
+        "GetVolumeInformationW",
+        "IsDebuggerPresent",
+        "LoadLibraryW",
+        "LocalFree",
+        "MoveFileExW",
+        "OpenProcess",
+        "OutputDebugStringA",
+        "QueryPerformanceCounter",
+        "QueryPerformanceFrequency",
+        "RaiseException",
+        "ReleaseSemaphore",
+        "RemoveDirectoryW",
+        "RemoveVectoredExceptionHandler",
+        "ResetEvent",
+        "ResumeThread",
+        "SetConsoleOutputCP",
+        "SetEndOfFile",
+        "SetEvent",
+        "SetFilePointer",
+        "SetProcessAffinityMask",
+        "SetSystemTime",
+        "SetThreadContext",
+        "SetThreadPriority",
+        "SetUnhandledExceptionFilter",
+        "SuspendThread",
+        "TlsAlloc",
+        "TlsSetValue",
+        "TryEnterCriticalSection",
+        "WaitForMultipleObjects",
+        "WaitForSingleObject"}},
+      {"msvcrt.dll",
+       {"__getmainargs",
+        "__initenv",
+        "__p__acmdln",
+        "__p__commode",
+        "__p__fmode",
+        "__set_app_type",
+        "__setusermatherr",
+        "_assert",
+        "_beginthreadex",
+        "_cexit",
+        "_close",
+        "_endthreadex",
+        "_exit",
+        "_fdopen",
+        "_filelengthi64",
+        "_fileno",
+        "_findclose",
+        "_fstat64",
+        "_get_osfhandle",
+        "_getpid",
+        "_isatty",
+        "_lseeki64",
+        "_onexit",
+        "_open",
+        "_read",
+        "_setjmp3",
+        "_setmode",
+        "_stat",
+        "_strdup",
+        "_stricmp",
+        "_telli64",
+        "_ultoa",
+        "_vsnprintf",
+        "_wchdir",
+        "_wchmod",
+        "_wfindfirst",
+        "_wfindnext",
+        "_wfopen",
+        "_wfullpath",
+        "_wgetcwd",
+        "_wgetenv",
+        "_wmkdir",
+        "_wopen",
+        "_write",
+        "_wstat64",
+        "_wutime",
+        "clock",
+        "exit",
+        "fclose",
+        "feof",
+        "ferror",
+        "fflush",
+        "fgetpos",
+        "fopen",
+        "fprintf",
+        "fputs",
+        "fputwc",
+        "fread",
+        "fseek",
+        "fsetpos",
+        "ftell",
+        "fwprintf",
+        "getc",
+        "getenv",
+        "getwc",
+        "gmtime",
+        "isalnum",
+        "islower",
+        "isspace",
+        "isupper",
+        "iswctype",
+        "isxdigit",
+        "longjmp",
+        "printf",
+        "putc",
+        "putwc",
+        "rand",
+        "remove",
+        "rewind",
+        "setvbuf",
+        "signal",
+        "srand",
+        "strcoll",
+        "strcpy",
+        "strftime",
+        "strncpy",
+        "strpbrk",
+        "strrchr",
+        "strstr",
+        "strtol",
+        "strxfrm",
+        "tolower",
+        "towlower",
+        "towupper",
+        "ungetc",
+        "ungetwc",
+        "wcscat",
+        "wcscmp",
+        "wcscoll",
+        "wcscpy",
+        "wcsftime",
+        "wcsxfrm"}},
+      {"ole32.dll", {"CoInitializeEx", "CoUninitialize"}},
+      {"shell32.dll", {"CommandLineToArgvW"}},
+  };
+  const auto found = known.find(dll);
+  return found != known.end() && found->second.contains(function);
+}
+
+TEST(LowestWindows, OfTheConsoleProgramIsVista) {
+  const face::PeFile program(Unpacked() + L"\\console\\kodrarpt.exe");
+  EXPECT_EQ(Windows::kVista, LowestWindowsOf(program, [](const std::string& dll, const std::string& function) {
+              return face::IsComponentImport(dll, function) || IsConsoleImport(dll, function);
+            }));
+  ExpectLoadedByVista(program);
+}
+
+#endif
+
+}  // namespace
+}  // namespace kodra::package
