@@ -1,5 +1,7 @@
 #include "com/event_source.h"
 
+#include <utility>
+
 #include "com/boundary.h"
 #include "com/com_enumerator.h"
 #include "platform/windows/variant.h"
@@ -27,6 +29,11 @@ struct Connection {
 };
 
 }  // namespace
+
+EventPoint::~EventPoint() {
+  // A sink that calls Unadvise in its last Release must not find itself listed.
+  const auto last = std::exchange(sinks_, {});
+}
 
 void EventPoint::Fire(DISPID event, const std::wstring& text) {
   for (const auto& sink : Snapshot()) {

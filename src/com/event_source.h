@@ -20,6 +20,7 @@ class EventPoint final : public IConnectionPoint {
   EventPoint(IUnknown& object, REFIID events) : object_(object), events_(events) {}
   EventPoint(const EventPoint&) = delete;
   EventPoint& operator=(const EventPoint&) = delete;
+  ~EventPoint();
 
   REFIID Events() const noexcept { return events_; }
   // Tells every sink of an event with one text, which a sink may read but whose changes go nowhere.

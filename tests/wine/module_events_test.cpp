@@ -213,6 +213,25 @@ TEST_F(ModuleEvents, HaveOneConnectionPointThatLeadsBack) {
   EXPECT_EQ(S_FALSE, points->Skip(1));
 }
 
+TEST_F(ModuleEvents, AreListedToTheEndAndNotBeyondHoweverManyAreSkipped) {
+  const auto listener = Listener::New();
+  const DWORD cookie = Advise(listener);
+  Ref<IEnumConnections> connections;
+  ASSERT_EQ(S_OK, point_->EnumConnections(connections.put()));
+  EXPECT_EQ(S_FALSE, connections->Skip(5));
+  ASSERT_EQ(S_FALSE, connections->Skip(1));
+  CONNECTDATA data = {nullptr, 7};
+  ULONG count = 9;
+  EXPECT_EQ(S_FALSE, connections->Next(1, &data, &count));
+  EXPECT_EQ(0U, count);
+  EXPECT_EQ(nullptr, data.pUnk);
+  EXPECT_EQ(7U, data.dwCookie);
+  EXPECT_EQ(S_OK, connections->Reset());
+  EXPECT_EQ(S_OK, connections->Next(1, &data, &count));
+  EXPECT_EQ(cookie, data.dwCookie);
+  data.pUnk->Release();
+}
+
 TEST_F(ModuleEvents, HaveNoPointForAnotherInterface) {
   auto* const before = point_.get();
   IConnectionPoint* point = before;

@@ -147,6 +147,18 @@ TEST_F(ObjectRules, AnAbsentResultIsRefusedWithoutTheErrorOfAnEarlierCall) {
   EXPECT_EQ(S_FALSE, GetErrorInfo(0, info.put()));
 }
 
+// The values that the C++ library keeps by thread are read as an exception passes, which clears it on Windows.
+TEST_F(ObjectRules, AFailedCallLeavesTheThreadsLastErrorAsItWas) {
+  const Server server(copy_.windowsPath());
+  const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));
+  for (int call = 0; call < 2; ++call) {
+    Ref<IDispatch> rows;
+    SetLastError(ERROR_ARENA_TRASHED);
+    EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), report->RelatorioDeptos(nullptr, rows.put()));
+    EXPECT_EQ(static_cast<DWORD>(ERROR_ARENA_TRASHED), GetLastError());
+  }
+}
+
 TEST_F(ObjectRules, AFailedCallEmptiesItsResult) {
   const Server server(copy_.windowsPath());
   const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));

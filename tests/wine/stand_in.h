@@ -38,6 +38,10 @@ class RecordingObject final : public ClientObject {
     std::vector<Var> arguments(parameters->cArgs);
     for (UINT i = 0; i < parameters->cArgs; ++i)
       VariantCopyInd(arguments[parameters->cArgs - 1 - i].put(), &parameters->rgvarg[i]);
+    // An assignment names its value, in either kind; a class of the type library's kind takes it no other way.
+    const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    EXPECT_EQ(isPut ? 1U : 0U, parameters->cNamedArgs) << testing::PrintToString(member);
+    if (isPut && parameters->cNamedArgs == 1) EXPECT_EQ(DISPID_PROPERTYPUT, parameters->rgdispidNamedArgs[0]);
     std::wstring call = name_ + L"." + member;
     if ((kind & DISPATCH_PROPERTYPUTREF) != 0)
       call += L" Set " + Shown(arguments.at(0));
@@ -46,7 +50,7 @@ class RecordingObject final : public ClientObject {
     else
       for (const Var& argument : arguments) call += L" " + Shown(argument);
     calls_->push_back(call);
-    if ((kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 || !answer_) return S_OK;
+    if (isPut || !answer_) return S_OK;
     return answer_(member, arguments, result, info);
   }
 
