@@ -116,7 +116,10 @@ void UnregisterModule(Scope scope) {
     Delete(root, ProgId(publicClass));
     Delete(root, ClassKey(publicClass));
   }
-  if (NamesAnotherFile(root, L"TypeLib\\" + GuidText(LIBID_KodraRpt) + kLibraryFile)) return;
+  const std::wstring libraryFile = L"TypeLib\\" + GuidText(LIBID_KodraRpt) + kLibraryFile;
+  // Where this user has no library of their own, taking it back may reach that of all users, as in Wine.
+  const bool ownsLibrary = !DefaultValue(root, libraryFile).empty();
+  if (NamesAnotherFile(ownsLibrary ? root : HKEY_LOCAL_MACHINE, libraryFile)) return;
   const auto unregisterLibrary = scope == Scope::kThisUser ? UnRegisterTypeLibForUser : UnRegisterTypeLib;
   const HRESULT hr = unregisterLibrary(LIBID_KodraRpt, 1, 0, LOCALE_NEUTRAL, kSystem);
   // An absent library is TYPE_E_REGISTRYACCESS on Windows and E_INVALIDARG in Wine.

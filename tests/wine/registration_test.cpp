@@ -109,24 +109,6 @@ TEST_F(Registration, WithoutItNoClassIsCreatedByName) {
   }
 }
 
-TEST_F(Registration, UnregisteringAnotherCopyLeavesThisOneRegistered) {
-  const OwnFile copy(L"antiga.dll");
-  ASSERT_TRUE(CopyFileW(DllPath().c_str(), copy.windowsPath().c_str(), FALSE));
-  const Server other(copy.windowsPath());
-  EXPECT_EQ(S_OK, other.Unregister());
-  ExpectSame(present_, DumpClasses());
-}
-
-TEST_F(Registration, UnregisteringKnowsItsFileInAnyLetterCase) {
-  std::wstring path = DllPath();
-  CharUpperBuffW(path.data(), static_cast<DWORD>(path.size()));
-  const std::wstring key = L"Software\\Classes\\CLSID\\{8EAFA4EE-8163-4508-872D-84D4E9420440}\\InprocServer32";
-  ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, path.c_str(),
-                                           static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t))));
-  EXPECT_EQ(S_OK, server_.Unregister());
-  ExpectSame(absent_, DumpClasses());
-}
-
 TEST_F(Registration, AnEarlierFileIsReplacedByTheOneThatRegisters) {
   const OwnFile copy(L"outra.dll");
   ASSERT_TRUE(CopyFileW(DllPath().c_str(), copy.windowsPath().c_str(), FALSE));
