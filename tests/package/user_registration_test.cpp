@@ -54,6 +54,27 @@ TEST_F(UserRegistration, IsTakenBackWhole) {
   ExpectSame(machine_, DumpClasses());
 }
 
+TEST_F(UserRegistration, OfAnotherFileStays) {
+  const face::ServerCopy earlier(L"anterior.dll");
+  ASSERT_EQ(S_OK, earlier->Install(TRUE, L"user"));
+  ASSERT_EQ(0U, Regsvr32(L"/n /i:user"));
+  const RegistryLines user = DumpUserClasses();
+  const RegistryLines machine = DumpClasses();
+  EXPECT_EQ(S_OK, earlier->Install(FALSE, L"user"));
+  ExpectSame(user, DumpUserClasses());
+  ExpectSame(machine, DumpClasses());
+}
+
+TEST_F(UserRegistration, TakenBackLeavesAnotherFileOfAllUsers) {
+  const face::ServerCopy shared(L"de-todos.dll");
+  ASSERT_EQ(S_OK, shared->Install(TRUE, nullptr));
+  const RegistryLines machine = DumpClasses();
+  ASSERT_EQ(0U, Regsvr32(L"/u /n /i:user"));
+  ExpectSame(machine, DumpClasses());
+  ASSERT_EQ(S_OK, shared->Install(FALSE, nullptr));
+  ExpectSame(machine_, DumpClasses());
+}
+
 TEST_F(UserRegistration, WithoutAUserIsThatOfAllUsers) {
   ASSERT_EQ(0U, Regsvr32(L"/n /i"));
   ExpectSame(user_, DumpUserClasses());

@@ -118,5 +118,69 @@ TEST_F(Registration, AnEarlierFileIsReplacedByTheOneThatRegisters) {
   ExpectSame(present_, DumpClasses());
 }
 
+std::wstring ShortPath(const std::wstring& path) {
+  wchar_t text[MAX_PATH] = {};
+  EXPECT_NE(0U, GetShortPathNameW(path.c_str(), text, MAX_PATH));
+  EXPECT_NE(path, text);
+  return text;
+}
+
+std::wstring InUpperCase(std::wstring text) {
+  CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
+  return text;
+}
+
+const std::wstring kDeptoServer = L"CLSID\\{8EAFA4EE-8163-4508-872D-84D4E9420440}\\InprocServer32";
+const std::wstring kGrupoServer = L"CLSID\\{257D4595-3AE2-4DAB-8106-F2A6614121DB}\\InprocServer32";
+const std::wstring kLibraryFile =
+    std::wstring(L"TypeLib\\") + kLibraryId + (sizeof(void*) == 8 ? L"\\1.0\\0\\win64" : L"\\1.0\\0\\win32");
+
+// Writes the default value of a key of the classes.
+void Name(const std::wstring& key, const std::wstring& file) {
+  ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + key).c_str(), nullptr, REG_SZ,
+                                           file.c_str(), static_cast<DWORD>((file.size() + 1) * sizeof(wchar_t))));
+}
+
+TEST_F(Registration, UnregisteringAnEarlierFileLeavesTheOneThatReplacedIt) {
+  const ServerCopy earlier(L"anterior.dll");
+  ASSERT_EQ(S_OK, earlier->Register());
+  ASSERT_EQ(S_OK, server_.Register());
+  EXPECT_EQ(S_OK, earlier->Unregister());
+  ExpectSame(present_, DumpClasses());
+}
+
+TEST_F(Registration, UnregisteringLeavesTheClassesOfAnotherFile) {
+  const std::wstring elsewhere = L"C:\\Outra Pasta\\KodraRpt.dll";
+  Name(kDeptoServer, elsewhere);
+  ASSERT_EQ(S_OK, server_.Unregister());
+  const RegistryLines rows = ClassRows(elsewhere);
+  ExpectSame(Sorted(Under(Sorted(rows), L"KodraRpt.CDeptoRpt"),
+                    Under(Sorted(rows), L"CLSID\\{8EAFA4EE-8163-4508-872D-84D4E9420440}")),
+             Without(DumpClasses(), absent_));
+  Name(kDeptoServer, DllPath());
+  ASSERT_EQ(S_OK, server_.Unregister());
+  ExpectSame(absent_, DumpClasses());
+}
+
+TEST_F(Registration, UnregisteringLeavesTheTypeLibraryOfAnotherFile) {
+  const ServerCopy other(L"biblioteca.dll");
+  ASSERT_EQ(S_OK, other->Register());
+  for (const ClassEntry& entry : PublicClasses()) Name(L"CLSID\\" + entry.clsid + L"\\InprocServer32", DllPath());
+  ASSERT_EQ(S_OK, server_.Unregister());
+  ExpectSame(Sorted(LibraryRows(other.path())), Without(DumpClasses(), absent_));
+  ASSERT_EQ(S_OK, other->Unregister());
+  ExpectSame(absent_, DumpClasses());
+}
+
+TEST_F(Registration, UnregisteringKnowsItsFileByEveryNameOfIt) {
+  const ServerCopy other(L"um nome comprido.dll");
+  ASSERT_EQ(S_OK, other->Register());
+  Name(kDeptoServer, InUpperCase(other.path()));
+  Name(kGrupoServer, ShortPath(other.path()));
+  Name(kLibraryFile, ShortPath(InUpperCase(other.path())));
+  ASSERT_EQ(S_OK, other->Unregister());
+  ExpectSame(absent_, DumpClasses());
+}
+
 }  // namespace
 }  // namespace kodra::face

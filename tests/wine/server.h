@@ -48,6 +48,22 @@ class Server {
   HMODULE module_;
 };
 
+// A loaded copy of the DLL in a file of its own.
+class ServerCopy {
+ public:
+  explicit ServerCopy(const std::wstring& name) : file_(name) {
+    EXPECT_TRUE(CopyFileW(DllPath().c_str(), path().c_str(), FALSE));
+    server_.emplace(path());
+  }
+
+  std::wstring path() const { return file_.windowsPath(); }
+  const Server* operator->() const { return &*server_; }
+
+ private:
+  OwnFile file_;
+  std::optional<Server> server_;
+};
+
 inline CLSID ClassId(const std::wstring& text) {
   CLSID id = {};
   EXPECT_EQ(S_OK, CLSIDFromString(text.c_str(), &id));

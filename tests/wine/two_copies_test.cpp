@@ -10,36 +10,26 @@ namespace {
 
 class TwoCopies : public testing::Test {
  protected:
-  // One copy of the DLL, loaded.
-  struct Copy {
-    explicit Copy(const std::wstring& name) : file(name) {
-      EXPECT_TRUE(CopyFileW(DllPath().c_str(), file.windowsPath().c_str(), FALSE));
-      server.emplace(file.windowsPath());
-    }
-    OwnFile file;
-    std::optional<Server> server;
-  };
-
   ~TwoCopies() override {
-    EXPECT_EQ(S_OK, one_.server->CanUnloadNow());
-    EXPECT_EQ(S_OK, other_.server->CanUnloadNow());
+    EXPECT_EQ(S_OK, one_->CanUnloadNow());
+    EXPECT_EQ(S_OK, other_->CanUnloadNow());
   }
 
   // Runs the report on document models of one copy on a parameter object.
-  static Outcome Models(const Copy& copy, const Ref<IDispatch>& parameters) {
-    const auto report = copy.server->Create<IDispatch>(__uuidof(::CModeloRpt));
+  static Outcome Models(const ServerCopy& copy, const Ref<IDispatch>& parameters) {
+    const auto report = copy->Create<IDispatch>(__uuidof(::CModeloRpt));
     EXPECT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
     return Call(report, L"RelatorioModelos", {Var(parameters.get())});
   }
   // Parameters that choose one model.
-  static Ref<IDispatch> OneModel(const Copy& copy) {
-    const auto parameters = copy.server->Create<IDispatch>(__uuidof(::CModeloRptObj));
+  static Ref<IDispatch> OneModel(const ServerCopy& copy) {
+    const auto parameters = copy->Create<IDispatch>(__uuidof(::CModeloRptObj));
     EXPECT_EQ(S_OK, Put(parameters, L"CodModelo", L"MODELO-0002").hr);
     return parameters;
   }
 
-  const Copy one_{L"uma.dll"};
-  const Copy other_{L"outra.dll"};
+  const ServerCopy one_{L"uma.dll"};
+  const ServerCopy other_{L"outra.dll"};
 };
 
 TEST_F(TwoCopies, EachReadsTheOthersParameterObjects) {
@@ -53,9 +43,9 @@ TEST_F(TwoCopies, EachRaisesTheWholeErrorOfTheOthersParameterObject) {
   const Failure absent = {0x80041FAB, L"KodraRpt.CModeloRpt::RelatorioModelos",
                           L"Erro ao gerar dados para o relatório: O objeto de parâmetros não tem a propriedade "
                           L"\"CodModelo\"."};
-  EXPECT_EQ(absent, Models(one_, one_.server->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
-  EXPECT_EQ(absent, Models(one_, other_.server->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
-  EXPECT_EQ(absent, Models(other_, one_.server->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
+  EXPECT_EQ(absent, Models(one_, one_->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
+  EXPECT_EQ(absent, Models(one_, other_->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
+  EXPECT_EQ(absent, Models(other_, one_->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
 }
 
 }  // namespace
