@@ -41,7 +41,9 @@ class RecordingObject final : public ClientObject {
     // An assignment names its value, in either kind; a class of the type library's kind takes it no other way.
     const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     EXPECT_EQ(isPut ? 1U : 0U, parameters->cNamedArgs) << testing::PrintToString(member);
-    if (isPut && parameters->cNamedArgs == 1) EXPECT_EQ(DISPID_PROPERTYPUT, parameters->rgdispidNamedArgs[0]);
+    if (isPut && parameters->cNamedArgs == 1) {
+      EXPECT_EQ(DISPID_PROPERTYPUT, parameters->rgdispidNamedArgs[0]);
+    }
     std::wstring call = name_ + L"." + member;
     if ((kind & DISPATCH_PROPERTYPUTREF) != 0)
       call += L" Set " + Shown(arguments.at(0));
