@@ -6,7 +6,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "demo/writer.h"
+#include "testbed/archive/writer.h"
 
 namespace {
 
@@ -47,14 +47,14 @@ std::string Registers(const std::string& rows) {
 int main(int argc, char** argv) {
   CLI::App app("Gera os acervos que os bancos de medida leem.");
   std::string path;
-  kodra::support::demo::Size size;
+  kodra::testbed::Size size;
   int rows = 0;
   app.add_option("arquivo", path, "Banco de dados SQLite a gravar")->required();
   app.add_option("--documents", size.documents, "Quantidade de documentos")->required();
   app.add_option("--registers", rows, "Quantidade de linhas dos cadastros, com dez departamentos");
   CLI11_PARSE(app, argc, argv);
   try {
-    kodra::support::demo::WriteSqlite(path, size);
+    kodra::testbed::WriteSqlite(path, size);
     if (rows > 0) Execute(path, Registers(std::to_string(rows)));
   } catch (const std::exception& error) {
     std::cerr << "kodra-bench-archives: " << error.what() << "\n";

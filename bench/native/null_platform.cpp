@@ -6,9 +6,6 @@
 namespace kodra::bench {
 namespace {
 
-using platform::ObjectRef;
-using platform::Value;
-
 // Stops the watch for the time of one call.
 class Pause {
  public:
@@ -55,7 +52,7 @@ class Sibling final : public platform::AutomationObject {
   void Set(std::wstring_view, const ObjectRef&) override { around_.watch.Stop(); }
   Value Call(std::wstring_view member, std::span<const Value>) override {
     const Pause pause(around_.watch);
-    if (member == L"ToDate") return platform::Date{45352};
+    if (member == L"ToDate") return Date{45352};
     if (member == L"Localiza") return ObjectRef();
     if (member == L"ObtemDescricao") return L"Arquivista";
     if (member == L"NumCxSubordinadaSQL") return L"s.NUM_CAIXA || SUBSTR('0' || s.NUM_SEQ, -2)";

@@ -36,7 +36,7 @@ class NullPlatform final : public platform::Surroundings {
   std::unique_ptr<platform::Connection> NewConnection() override;
   std::unique_ptr<platform::Command> NewCommand() override;
   std::unique_ptr<platform::Recordset> NewRecordset() override;
-  platform::ObjectRef CreateObject(const std::wstring& progId) override;
+  ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
   bool IsFile(const std::wstring& path) override;
@@ -51,10 +51,10 @@ class ClientParameters final : public platform::AutomationObject {
  public:
   ClientParameters(platform::AutomationObject& values, Watch& watch) : values_(values), watch_(watch) {}
 
-  platform::Value Get(std::wstring_view member) override;
-  void Let(std::wstring_view member, const platform::Value& value) override { values_.Let(member, value); }
-  void Set(std::wstring_view member, const platform::ObjectRef& object) override { values_.Set(member, object); }
-  platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override {
+  Value Get(std::wstring_view member) override;
+  void Let(std::wstring_view member, const Value& value) override { values_.Let(member, value); }
+  void Set(std::wstring_view member, const ObjectRef& object) override { values_.Set(member, object); }
+  Value Call(std::wstring_view member, std::span<const Value> arguments) override {
     return values_.Call(member, arguments);
   }
 

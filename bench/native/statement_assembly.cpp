@@ -24,8 +24,8 @@
 #include "bench/native/fragments.h"
 #include "bench/native/null_platform.h"
 #include "bench/results.h"
+#include "console/reports/report_methods.h"
 #include "frame/parameter_object.h"
-#include "reports/report_methods.h"
 #include "sql/tipo_banco.h"
 
 namespace kodra::bench {
@@ -35,7 +35,7 @@ constexpr std::array kDatabases = {sql::tbOracle, sql::tbSQLServer, sql::tbMySQL
 constexpr const wchar_t* kConnection = L"Provider=MSDASQL;Driver={SQLite3};Database=C:\\acervo\\acervo.db";
 
 // Values for every property, by its name where it is not a date.
-const std::map<std::wstring, platform::Value, std::less<>> kValues = {
+const std::map<std::wstring, Value, std::less<>> kValues = {
     {L"Owner", L"Arquivo Geral"},     {L"CodDepto", L"0412"},
     {L"CodOperador", L"1207"},        {L"TipoRpt", L"V"},
     {L"CodModelo", L"CTR-2024"},      {L"Modulo1", L"AB001"},
@@ -49,8 +49,8 @@ const std::map<std::wstring, platform::Value, std::less<>> kValues = {
     {L"NumeroPC4", L"2790"},          {L"NumeroPC5", L"1644"},
     {L"NumeroObs", L"7733"},
 };
-constexpr platform::Date kFirst = {45352};  // 1 March 2024
-constexpr platform::Date kLast = {45382};   // 31 March 2024
+constexpr Date kFirst = {45352};  // 1 March 2024
+constexpr Date kLast = {45382};   // 31 March 2024
 
 frame::ParameterObject ParametersOf(const reports::ReportMethod& method) {
   const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);

@@ -6,12 +6,12 @@
 #include <string>
 #include <utility>
 
-#include "platform/windows/adoint.h"
-#include "platform/windows/com_ptr.h"
+#include "ado/adoint.h"
+#include "ado/com_ptr.h"
 
 namespace kodra::bench {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 // Ends the benchmark when a call fails.
 inline void Must(HRESULT hr, const char* what) {

@@ -1,4 +1,4 @@
-// The benchmarks that need the registered component. Run in the Wine box by ./kodra bench.
+// The benchmarks that need the registered component. Run in Wine by ./kodra bench.
 //
 //   kodra-bench.exe FOLDER SIZE [NAME…]  FOLDER holds the archives and takes the results; SIZE is "full" or "small";
 //                                        with names only the benchmarks that begin with one

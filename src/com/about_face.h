@@ -1,22 +1,20 @@
 // The COM class About.
 #pragma once
 
+#include "ado/variant.h"
 #include "com/dual_object.h"
 #include "com/kodrarpt_h.h"
 #include "frame/about.h"
-#include "platform/windows/variant.h"
 
 namespace kodra::com {
 
 class AboutFace final : public DualObject<::About, IAbout> {
  public:
   STDMETHODIMP Executavel(BSTR* text) noexcept override {
-    return FillAtBoundary(__uuidof(IAbout), text,
-                          [&] { return platform::windows::ScopedBstr(about_.Executavel()).detach(); });
+    return FillAtBoundary(__uuidof(IAbout), text, [&] { return ado::ScopedBstr(about_.Executavel()).detach(); });
   }
   STDMETHODIMP Versao(BSTR* text) noexcept override {
-    return FillAtBoundary(__uuidof(IAbout), text,
-                          [&] { return platform::windows::ScopedBstr(about_.Versao()).detach(); });
+    return FillAtBoundary(__uuidof(IAbout), text, [&] { return ado::ScopedBstr(about_.Versao()).detach(); });
   }
 
  private:

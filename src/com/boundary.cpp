@@ -1,15 +1,15 @@
 #include "com/boundary.h"
 
-#include "platform/erro.h"
-#include "platform/windows/variant.h"
+#include "ado/variant.h"
+#include "values/erro.h"
 
 namespace kodra::com {
 namespace {
 
-using platform::windows::com_ptr;
-using platform::windows::ScopedBstr;
+using ado::com_ptr;
+using ado::ScopedBstr;
 
-void Publish(const platform::Erro& erro, REFIID iid) {
+void Publish(const Erro& erro, REFIID iid) {
   com_ptr<ICreateErrorInfo> info;
   if (FAILED(CreateErrorInfo(info.put()))) return;
   info->SetGUID(iid);
@@ -24,9 +24,9 @@ HRESULT CurrentHresult(REFIID iid) noexcept {
   // An error that somebody left on the thread must not pass for this one where this one cannot be described.
   SetErrorInfo(0, nullptr);
   try {
-    const platform::Erro erro = platform::CurrentErro();
+    const Erro erro = CurrentErro();
     Publish(erro, iid);
-    return platform::windows::HresultOf(erro.Number());
+    return ado::HresultOf(erro.Number());
   } catch (...) {
     return E_OUTOFMEMORY;
   }

@@ -1,7 +1,7 @@
 // The one place where the component's exceptions become COM errors.
 #pragma once
 
-#include "platform/windows/automation_headers.h"
+#include "ado/automation_headers.h"
 
 namespace kodra::com {
 

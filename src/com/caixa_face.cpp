@@ -1,21 +1,20 @@
 #include "com/caixa_face.h"
 
-#include "platform/windows/ado_objects.h"
-#include "platform/windows/automation_object.h"
-#include "platform/windows/variant.h"
+#include "ado/ado_objects.h"
+#include "ado/automation_object.h"
+#include "ado/variant.h"
 
 namespace kodra::com {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 namespace {
 
 platform::ClientConnection ClientConnectionOf(IDispatch* object) {
   if (object == nullptr) return {};
   auto connection = com_ptr<IDispatch>(object).as<_Connection>();
-  if (!connection) throw platform::MakeRuntimeError(platform::RuntimeError::kTypeMismatch);
-  return {std::make_shared<platform::windows::AdoConnection>(std::move(connection)),
-          platform::windows::WrapDispatch(object)};
+  if (!connection) throw MakeRuntimeError(RuntimeError::kTypeMismatch);
+  return {std::make_shared<ado::AdoConnection>(std::move(connection)), ado::WrapDispatch(object)};
 }
 
 }  // namespace
@@ -28,7 +27,7 @@ CCaixaRptFace::CCaixaRptFace() : events_(static_cast<ICCaixaRpt&>(*this), __uuid
 
 STDMETHODIMP CCaixaRptFace::get_Conexao(IDispatch** value) noexcept {
   return FillAtBoundary(__uuidof(ICCaixaRpt), value,
-                        [&] { return platform::windows::DispatchOf(Report().Conexao().object).detach(); });
+                        [&] { return ado::DispatchOf(Report().Conexao().object).detach(); });
 }
 
 STDMETHODIMP CCaixaRptFace::putref_Conexao(IDispatch* value) noexcept {
@@ -36,12 +35,11 @@ STDMETHODIMP CCaixaRptFace::putref_Conexao(IDispatch* value) noexcept {
 }
 
 STDMETHODIMP CCaixaRptFace::get_LogFile(BSTR* value) noexcept {
-  return FillAtBoundary(__uuidof(ICCaixaRpt), value,
-                        [&] { return platform::windows::ScopedBstr(Report().LogFile()).detach(); });
+  return FillAtBoundary(__uuidof(ICCaixaRpt), value, [&] { return ado::ScopedBstr(Report().LogFile()).detach(); });
 }
 
 STDMETHODIMP CCaixaRptFace::put_LogFile(BSTR value) noexcept {
-  return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetLogFile(platform::windows::ToWide(value)); });
+  return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetLogFile(ado::ToWide(value)); });
 }
 
 }  // namespace kodra::com

@@ -4,7 +4,7 @@
 
 namespace kodra::com {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 STDMETHODIMP ClassFactory::QueryInterface(REFIID iid, void** object) noexcept {
   if (object == nullptr) return E_POINTER;

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/windows/automation_headers.h"
+#include "ado/automation_headers.h"
 
 namespace kodra::com {
 

@@ -17,8 +17,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
   HRESULT result = E_FAIL;
   const HRESULT hr = AtBoundary(IID_IUnknown, [&] {
     using kodra::com::ClassFactory;
-    result =
-        kodra::platform::windows::com_ptr<ClassFactory>::adopt(new ClassFactory(*found))->QueryInterface(iid, object);
+    result = kodra::ado::com_ptr<ClassFactory>::adopt(new ClassFactory(*found))->QueryInterface(iid, object);
   });
   return FAILED(hr) ? hr : result;
 }

@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "ado/variant.h"
 #include "com/boundary.h"
 #include "com/com_enumerator.h"
-#include "platform/windows/variant.h"
 
 namespace kodra::com {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 namespace {
 
@@ -37,7 +37,7 @@ EventPoint::~EventPoint() {
 
 void EventPoint::Fire(DISPID event, const std::wstring& text) {
   for (const auto& sink : Snapshot()) {
-    platform::windows::ScopedBstr copy(text);
+    ado::ScopedBstr copy(text);
     VARIANT argument;
     V_VT(&argument) = VT_BYREF | VT_BSTR;
     V_BSTRREF(&argument) = copy.inout();

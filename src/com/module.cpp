@@ -3,12 +3,12 @@
 #include <mutex>
 #include <utility>
 
-#include "platform/windows/variant.h"
+#include "ado/variant.h"
 
 namespace kodra::com {
 namespace {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 // Windows' own lock, which needs no making and no library of threads.
 class Lock {
@@ -37,7 +37,7 @@ com_ptr<ITypeLib> Library() {
   const std::lock_guard lock(g_lock);
   if (g_library == nullptr) {
     const HRESULT hr = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &g_library);
-    if (FAILED(hr)) throw platform::windows::ErrorOf(hr, nullptr, IID_NULL);
+    if (FAILED(hr)) throw ado::ErrorOf(hr, nullptr, IID_NULL);
   }
   return com_ptr<ITypeLib>(g_library);
 }
@@ -87,7 +87,7 @@ std::wstring ModulePath() {
 com_ptr<ITypeInfo> TypeInfoOf(REFGUID id) {
   const auto library = Library();
   com_ptr<ITypeInfo> info;
-  platform::windows::Check(library->GetTypeInfoOfGuid(id, info.put()), library);
+  ado::Check(library->GetTypeInfoOfGuid(id, info.put()), library);
   return info;
 }
 

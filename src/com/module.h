@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "ado/com_ptr.h"
 #include "platform/surroundings.h"
-#include "platform/windows/com_ptr.h"
 
 namespace kodra::com {
 
@@ -35,7 +35,7 @@ std::wstring ModulePath();
 
 // The description of a type (an interface or a class) in the DLL's own type library, which needs no registration.
 // REQUIRES: a ModuleLock exists. Raises Erro when the library cannot be read.
-platform::windows::com_ptr<ITypeInfo> TypeInfoOf(REFGUID id);
+ado::com_ptr<ITypeInfo> TypeInfoOf(REFGUID id);
 
 // What every object of the component runs on.
 platform::Surroundings& ModuleSurroundings();

@@ -1,11 +1,11 @@
 // What the DLL runs on: apart from the rest of the module, so that a test can put the faces on surroundings of its own.
+#include "ado/com_surroundings.h"
 #include "com/module.h"
-#include "platform/windows/com_surroundings.h"
 
 namespace kodra::com {
 
 platform::Surroundings& ModuleSurroundings() {
-  static constinit platform::windows::ComSurroundings surroundings;
+  static constinit ado::ComSurroundings surroundings;
   return surroundings;
 }
 

@@ -1,11 +1,11 @@
 #include "com/object_core.h"
 
+#include "ado/variant.h"
 #include "com/boundary.h"
-#include "platform/windows/variant.h"
 
 namespace kodra::com {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 namespace {
 
@@ -17,7 +17,7 @@ HRESULT DescribeType(REFGUID id, ITypeInfo** info) noexcept {
 // null; it receives the place of the first that cannot.
 bool AllLeadToValues(const DISPPARAMS& arguments, UINT* badArgument) noexcept {
   for (UINT i = 0; i < arguments.cArgs; ++i) {
-    if (platform::windows::LeadsToValue(arguments.rgvarg[i])) continue;
+    if (ado::LeadsToValue(arguments.rgvarg[i])) continue;
     if (badArgument != nullptr) *badArgument = i;
     return false;
   }

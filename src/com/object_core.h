@@ -6,8 +6,8 @@
 
 #include <atomic>
 
+#include "ado/automation_headers.h"
 #include "com/module.h"
-#include "platform/windows/automation_headers.h"
 
 namespace kodra::com {
 

@@ -2,12 +2,12 @@
 
 #include <cstring>
 
-#include "platform/windows/variant.h"
+#include "ado/variant.h"
 
 namespace kodra::com {
 
-using platform::windows::ScopedBstr;
-using platform::windows::ToWide;
+using ado::ScopedBstr;
+using ado::ToWide;
 
 IID ParametersId() noexcept {
   static const char inThisCopy = 0;
@@ -23,7 +23,7 @@ HRESULT ParameterMembers::Get(std::wstring_view name, BSTR* value) noexcept {
 }
 
 HRESULT ParameterMembers::Get(std::wstring_view name, DATE* value) noexcept {
-  return FillAtBoundary(iid_, value, [&] { return parameters_.Get(name).As<platform::Date>().days; });
+  return FillAtBoundary(iid_, value, [&] { return parameters_.Get(name).As<Date>().days; });
 }
 
 HRESULT ParameterMembers::Get(std::wstring_view name, VARIANT_BOOL* value) noexcept {
@@ -35,7 +35,7 @@ HRESULT ParameterMembers::Let(std::wstring_view name, BSTR value) noexcept {
 }
 
 HRESULT ParameterMembers::Let(std::wstring_view name, DATE value) noexcept {
-  return AtBoundary(iid_, [&] { parameters_.Let(name, platform::Date{value}); });
+  return AtBoundary(iid_, [&] { parameters_.Let(name, Date{value}); });
 }
 
 HRESULT ParameterMembers::Let(std::wstring_view name, VARIANT_BOOL value) noexcept {

@@ -1,10 +1,10 @@
 #include "com/registration.h"
 
+#include "ado/variant.h"
 #include "com/class_table.h"
 #include "com/kodrarpt_h.h"
 #include "com/module.h"
-#include "platform/windows/variant.h"
-#include "text/upper.h"
+#include "values/upper.h"
 
 // In every Windows since Vista, and missing in mingw-w64's headers.
 extern "C" {
@@ -15,7 +15,7 @@ WINOLEAUTAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID l
 namespace kodra::com {
 namespace {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 constexpr std::wstring_view kClassesRoot = L"Software\\Classes\\";
 constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
@@ -33,7 +33,7 @@ std::wstring GuidText(REFGUID id) {
 
 std::wstring ClassKey(const PublicClass& publicClass) { return L"CLSID\\" + GuidText(publicClass.id); }
 
-void Raise(HRESULT hr) { throw platform::windows::ErrorOf(hr, nullptr, IID_NULL); }
+void Raise(HRESULT hr) { throw ado::ErrorOf(hr, nullptr, IID_NULL); }
 
 void CheckWin32(LSTATUS status) {
   if (status != ERROR_SUCCESS) Raise(HRESULT_FROM_WIN32(status));
@@ -75,7 +75,7 @@ std::wstring LongPath(const std::wstring& path) {
 // Whether the default value of a key is the path of another file than this DLL: another copy is registered there.
 bool NamesAnotherFile(HKEY root, const std::wstring& key) {
   const std::wstring registered = DefaultValue(root, key);
-  return !registered.empty() && !text::EqualIgnoringCase(LongPath(registered), LongPath(ModulePath()));
+  return !registered.empty() && !values::EqualIgnoringCase(LongPath(registered), LongPath(ModulePath()));
 }
 
 }  // namespace

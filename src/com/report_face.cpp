@@ -2,14 +2,14 @@
 
 #include <memory>
 
+#include "ado/ado_objects.h"
+#include "ado/automation_object.h"
+#include "ado/variant.h"
 #include "com/parameter_face.h"
-#include "platform/windows/ado_objects.h"
-#include "platform/windows/automation_object.h"
-#include "platform/windows/variant.h"
 
 namespace kodra::com {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 namespace {
 
@@ -17,25 +17,25 @@ namespace {
 // IDispatch, null as null. Keeps the client's object alive.
 std::shared_ptr<platform::AutomationObject> ParametersOf(IDispatch* obj) {
   const auto own = com_ptr<IDispatch>(obj).as<IParameters>(ParametersId());
-  if (!own) return platform::windows::WrapDispatch(obj);
+  if (!own) return ado::WrapDispatch(obj);
   return {&own->Parameters(), [own](platform::AutomationObject*) {}};
 }
 
 // The recordset as the client gets it, with a reference of the client's; null for a report without one.
 IDispatch* HandOver(frame::ReportRows rows) noexcept {
   if (!rows) return nullptr;
-  com_ptr<IDispatch> result(static_cast<platform::windows::AdoRecordset&>(*rows).Interface());
+  com_ptr<IDispatch> result(static_cast<ado::AdoRecordset&>(*rows).Interface());
   return result.detach();
 }
 
 }  // namespace
 
 HRESULT GetStringConexao(const frame::ReportClass& report, REFIID iid, BSTR* value) noexcept {
-  return FillAtBoundary(iid, value, [&] { return platform::windows::ScopedBstr(report.StringConexao()).detach(); });
+  return FillAtBoundary(iid, value, [&] { return ado::ScopedBstr(report.StringConexao()).detach(); });
 }
 
 HRESULT LetStringConexao(frame::ReportClass& report, REFIID iid, BSTR value) noexcept {
-  return AtBoundary(iid, [&] { report.SetStringConexao(platform::windows::ToWide(value)); });
+  return AtBoundary(iid, [&] { report.SetStringConexao(ado::ToWide(value)); });
 }
 
 HRESULT RunReport(IDispatch& object, REFIID iid, frame::ReportClass& report, ReportMethod method, IDispatch* obj,

@@ -5,7 +5,7 @@
 
 #include "data/connection_string.h"
 #include "data/error_layer.h"
-#include "platform/password.h"
+#include "values/password.h"
 
 namespace kodra::data {
 namespace {
@@ -48,7 +48,7 @@ std::unique_ptr<platform::Connection> AbreCn(const std::wstring& connectionStrin
   try {
     return Open(connectionString, cursorLocation, isolationLevel, surroundings);
   } catch (...) {
-    throw Layered(platform::CurrentErro(connectionString), L"modADO.AbreCn");
+    throw Layered(values::CurrentErro(connectionString), L"modADO.AbreCn");
   }
 }
 

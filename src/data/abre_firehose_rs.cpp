@@ -2,8 +2,8 @@
 
 #include "data/abre_cn.h"
 #include "data/error_layer.h"
-#include "platform/password.h"
-#include "text/numbers.h"
+#include "values/numbers.h"
+#include "values/password.h"
 
 namespace kodra::data {
 namespace {
@@ -44,10 +44,10 @@ std::int32_t FirstNativeError(platform::Connection& connection) {
   return native;
 }
 
-platform::Erro WithNativeError(const platform::Erro& caught, platform::Connection* connection) {
+Erro WithNativeError(const Erro& caught, platform::Connection* connection) {
   const std::int32_t native = connection == nullptr ? 0 : FirstNativeError(*connection);
   if (native <= 0) return caught;
-  return {caught.Number(), caught.Source(), caught.Description() + L" [N:" + text::NumberToText(native) + L"]"};
+  return {caught.Number(), caught.Source(), caught.Description() + L" [N:" + values::NumberToText(native) + L"]"};
 }
 
 }  // namespace
@@ -59,7 +59,7 @@ std::unique_ptr<platform::Recordset> AbreFirehoseRs(const platform::RecordsetSou
   try {
     return Open(source, connectionString, options, connection, surroundings);
   } catch (...) {
-    throw Layered(WithNativeError(platform::CurrentErro(connectionString), connection.get()), L"modADO.AbreFirehoseRs");
+    throw Layered(WithNativeError(values::CurrentErro(connectionString), connection.get()), L"modADO.AbreFirehoseRs");
   }
 }
 

@@ -4,10 +4,10 @@
 #include <initializer_list>
 #include <limits>
 
-#include "platform/erro.h"
-#include "text/piece.h"
-#include "text/upper.h"
-#include "text/writer.h"
+#include "values/erro.h"
+#include "values/piece.h"
+#include "values/upper.h"
+#include "values/writer.h"
 
 namespace kodra::data {
 namespace {
@@ -15,12 +15,12 @@ namespace {
 constexpr std::wstring_view kSource = L"modADO::PreAbreCn";
 
 // Room for the upper-case form of nearly every connection string.
-using UpperCased = text::LocalText<500>;
+using UpperCased = values::LocalText<500>;
 
 bool Contains(std::wstring_view text, std::wstring_view word) { return text.find(word) != std::wstring_view::npos; }
 
-bool ContainsAny(std::wstring_view text, std::initializer_list<text::Piece> words) {
-  return std::any_of(words.begin(), words.end(), [&](text::Piece word) { return Contains(text, word); });
+bool ContainsAny(std::wstring_view text, std::initializer_list<values::Piece> words) {
+  return std::any_of(words.begin(), words.end(), [&](values::Piece word) { return Contains(text, word); });
 }
 
 DatabaseSystem SystemOf(std::wstring_view upperCased) {
@@ -32,7 +32,7 @@ DatabaseSystem SystemOf(std::wstring_view upperCased) {
 // Positions in a connection string are 16-bit numbers, counted from 1.
 std::size_t CheckPosition(std::size_t index) {
   if (index >= static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()))
-    throw platform::MakeRuntimeError(platform::RuntimeError::kOverflow);
+    throw MakeRuntimeError(RuntimeError::kOverflow);
   return index;
 }
 
@@ -48,8 +48,7 @@ std::wstring ValueAt(std::wstring_view pairs, std::size_t key) {
 void CheckSQLiteFile(const std::wstring& path, platform::Surroundings& surroundings) {
   const auto length = surroundings.FileLength(path);
   const auto raise = [&](std::int32_t number, std::wstring_view what) {
-    throw platform::Erro(platform::kErrBase + number, std::wstring(kSource),
-                         L"Banco de dados \"" + path + L"\" " + std::wstring(what));
+    throw Erro(kErrBase + number, std::wstring(kSource), L"Banco de dados \"" + path + L"\" " + std::wstring(what));
   };
   if (!length) raise(1, L"não encontrado.");
   if (*length < 1) raise(2, L"danificado.");
@@ -60,8 +59,8 @@ void CheckSQLiteFile(const std::wstring& path, platform::Surroundings& surroundi
 DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings) {
   // The client's text answers every search, also after something was added: that begins behind a ";" and has none of
   // the words.
-  const UpperCased upper(text::InUpperCase{connectionString});
-  const auto appendUnlessPresent = [&](text::Piece upperWord, text::Piece pairs) {
+  const UpperCased upper(values::InUpperCase{connectionString});
+  const auto appendUnlessPresent = [&](values::Piece upperWord, values::Piece pairs) {
     if (!Contains(upper, upperWord)) connectionString += pairs;
   };
 
@@ -89,8 +88,8 @@ DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings&
 }
 
 std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key) {
-  const UpperCased upper(text::InUpperCase{connectionString});
-  return ValueAt(connectionString, upper.View().find(text::UpperCase(key)));
+  const UpperCased upper(values::InUpperCase{connectionString});
+  return ValueAt(connectionString, upper.View().find(values::UpperCase(key)));
 }
 
 std::wstring Replace(std::wstring expression, std::wstring_view find, std::wstring_view replacement, std::int32_t start,
@@ -101,8 +100,8 @@ std::wstring Replace(std::wstring expression, std::wstring_view find, std::wstri
   std::wstring_view haystack = expression;
   std::wstring_view needle = find;
   if (comparison == Comparison::kText) {
-    haystack = upperExpression = text::UpperCase(expression);
-    needle = upperFind = text::UpperCase(find);
+    haystack = upperExpression = values::UpperCase(expression);
+    needle = upperFind = values::UpperCase(find);
   }
   std::size_t match = haystack.find(needle, static_cast<std::size_t>(std::max<std::int32_t>(start, 1)) - 1);
   if (match == std::wstring_view::npos) return expression;

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "platform/erro.h"
+#include "values/erro.h"
 
 namespace kodra::data {
 
 // The error as the module `source` raises it again: the same number, and "[" + former source + "]: " before the
 // description.
-inline platform::Erro Layered(const platform::Erro& caught, std::wstring_view source) {
+inline Erro Layered(const Erro& caught, std::wstring_view source) {
   return {caught.Number(), std::wstring(source), L"[" + caught.Source() + L"]: " + caught.Description()};
 }
 

@@ -17,8 +17,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "text/piece.h"
-#include "text/writer.h"
+#include "values/piece.h"
+#include "values/writer.h"
 
 namespace kodra::data {
 
@@ -35,7 +35,7 @@ class SelectBuilder {
   void SetTipoBanco(std::int32_t code) { tipoBanco_ = code; }
   std::int32_t TipoBanco() const { return tipoBanco_; }
 
-  // Each part is given in the pieces that a text::Writer takes: literals, texts, fragments. They must not look into
+  // Each part is given in the pieces that a values::Writer takes: literals, texts, fragments. They must not look into
   // this builder; what is read of it holds until the next change.
   std::wstring_view Columns() const { return TextOf(kColumns); }
   constexpr void SetColumns(const auto&... list) { Set(kColumns, list...); }
@@ -44,7 +44,7 @@ class SelectBuilder {
   constexpr void SetFrom(const auto&... table) { Set(kFrom, table...); }
   // A join at its 0-based position; joins stand in the statement by position. A second one at a position replaces the
   // first. REQUIRES: at most kMostJoins positions.
-  constexpr void AddJoin(std::int32_t index, JoinKind kind, text::Piece table, const auto&... condition) {
+  constexpr void AddJoin(std::int32_t index, JoinKind kind, values::Piece table, const auto&... condition) {
     const std::size_t start = statement_.size();
     WriteJoin(kind, table, condition...);
     EndJoin(index, start);
@@ -66,10 +66,10 @@ class SelectBuilder {
  private:
   // In the order of the statement.
   enum Clause : std::size_t { kColumns, kFrom, kJoins, kWhere, kGroupBy, kOrderBy, kUnion, kClauses };
-  static constexpr std::array<text::Piece, kClauses> kKeywords = {L"SELECT ",    L" FROM ",     L"",       L" WHERE ",
-                                                                  L" GROUP BY ", L" ORDER BY ", L" UNION "};
-  static constexpr text::Piece kInnerJoin = L" INNER JOIN ";
-  static constexpr text::Piece kLeftJoin = L" LEFT JOIN ";
+  static constexpr std::array<values::Piece, kClauses> kKeywords = {L"SELECT ",    L" FROM ",     L"",       L" WHERE ",
+                                                                    L" GROUP BY ", L" ORDER BY ", L" UNION "};
+  static constexpr values::Piece kInnerJoin = L" INNER JOIN ";
+  static constexpr values::Piece kLeftJoin = L" LEFT JOIN ";
   struct Join {
     std::int32_t index;
     std::size_t length;
@@ -110,7 +110,7 @@ class SelectBuilder {
       Open(clause, part.start);
   }
 
-  constexpr void WriteJoin(JoinKind kind, text::Piece table, const auto&... condition) {
+  constexpr void WriteJoin(JoinKind kind, values::Piece table, const auto&... condition) {
     if (!table.empty()) statement_.Append(kind == JoinKind::kLeftOuter ? kLeftJoin : kInnerJoin, table);
     const std::size_t before = statement_.size();
     statement_.Append(L" ON ");
@@ -155,7 +155,7 @@ class SelectBuilder {
   constexpr std::size_t EndOf(Clause clause) const { return clause < last_ ? starts_[clause + 1] : statement_.size(); }
 
   std::int32_t tipoBanco_ = 0;
-  text::LocalText<kUsualLength> statement_;
+  values::LocalText<kUsualLength> statement_;
   // Where each clause starts with its keyword, up to the last one; one that is not there starts where the next does.
   std::array<std::size_t, kClauses> starts_;
   Clause last_ = kColumns;

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "data/create_object.h"
-#include "platform/erro.h"
-#include "text/upper.h"
+#include "values/erro.h"
+#include "values/upper.h"
 
 namespace kodra::data {
 namespace {
@@ -33,7 +33,7 @@ constexpr auto kParameters = std::to_array<Parameter>({
 });
 
 bool LooksLikeConnectionString(std::wstring_view source) {
-  const std::wstring upper = text::UpperCase(source);
+  const std::wstring upper = values::UpperCase(source);
   const auto words = {L"PROVIDER=", L"PROVIDER =", L"DRIVER=", L"DRIVER ="};
   return std::any_of(words.begin(), words.end(),
                      [&](const wchar_t* word) { return upper.find(word) != std::wstring::npos; });
@@ -41,21 +41,19 @@ bool LooksLikeConnectionString(std::wstring_view source) {
 
 }  // namespace
 
-platform::Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source,
-                                      platform::Surroundings& surroundings) {
-  const platform::Value reader = CriaObjeto(L"KodraParamSist.Obtedor", kSource, surroundings);
-  if (source.empty())
-    throw platform::Erro(platform::kErrBase + 1, kSource, L"Arquivo INI ou String de Conexão não informada.");
+Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source,
+                            platform::Surroundings& surroundings) {
+  const Value reader = CriaObjeto(L"KodraParamSist.Obtedor", kSource, surroundings);
+  if (source.empty()) throw Erro(kErrBase + 1, kSource, L"Arquivo INI ou String de Conexão não informada.");
   platform::RequiredObject(reader).Let(LooksLikeConnectionString(source) ? L"StringConexao" : L"ArquivoIni", source);
-  const platform::Value set = platform::RequiredObject(reader).Call(L"Obtem", {});
+  const Value set = platform::RequiredObject(reader).Call(L"Obtem", {});
 
-  const std::wstring upper = text::UpperCase(name);
+  const std::wstring upper = values::UpperCase(name);
   const auto* parameter = std::find_if(kParameters.begin(), kParameters.end(),
                                        [&](const Parameter& candidate) { return candidate.name == upper; });
-  if (parameter == kParameters.end())
-    throw platform::Erro(platform::kErrBase + 2, kSource, L"Parâmetro desconhecido: \"" + name + L"\".");
+  if (parameter == kParameters.end()) throw Erro(kErrBase + 2, kSource, L"Parâmetro desconhecido: \"" + name + L"\".");
   if (parameter->group.empty()) return platform::RequiredObject(set).Get(parameter->member);
-  const platform::Value group = platform::RequiredObject(set).Get(parameter->group);
+  const Value group = platform::RequiredObject(set).Get(parameter->group);
   return platform::RequiredObject(group).Get(parameter->member);
 }
 

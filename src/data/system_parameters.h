@@ -13,7 +13,6 @@ namespace kodra::data {
 // - source: a connection string (it names a provider or a driver), else the path of an INI file.
 // Gives the value as the sibling yields it. Raises, with source "modObtedorParamSist::ObtemParametroSistema", kErrBase
 // + 1 for an empty source, kErrBase + 2 for an unknown name and 429 when the sibling is not installed.
-platform::Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source,
-                                      platform::Surroundings& surroundings);
+Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source, platform::Surroundings& surroundings);
 
 }  // namespace kodra::data

@@ -1,7 +1,7 @@
 #include "frame/about.h"
 
 #include "frame/version.h"
-#include "text/numbers.h"
+#include "values/numbers.h"
 
 namespace kodra::frame {
 
@@ -17,8 +17,8 @@ std::wstring About::Executavel() const {
 }
 
 std::wstring About::Versao() const {
-  return text::NumberToText(KODRA_VERSION_MAJOR) + L"." + text::NumberToText(KODRA_VERSION_MINOR) + L"." +
-         text::NumberToText(KODRA_VERSION_REVISION);
+  return values::NumberToText(KODRA_VERSION_MAJOR) + L"." + values::NumberToText(KODRA_VERSION_MINOR) + L"." +
+         values::NumberToText(KODRA_VERSION_REVISION);
 }
 
 }  // namespace kodra::frame

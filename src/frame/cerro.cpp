@@ -1,10 +1,10 @@
 #include "frame/cerro.h"
 
-#include "text/numbers.h"
+#include "values/numbers.h"
 
 namespace kodra::frame {
 
-void CErro::SetErro(const platform::Erro& erro, std::int32_t lastDLLError) {
+void CErro::SetErro(const Erro& erro, std::int32_t lastDLLError) {
   number_ = erro.Number();
   description_ = erro.Description();
   source_ = erro.Source();
@@ -12,7 +12,7 @@ void CErro::SetErro(const platform::Erro& erro, std::int32_t lastDLLError) {
 }
 
 std::wstring CErro::ToString() const {
-  return L"Erro " + text::NumberToText(number_) + L" em " + source_ + L": " + description_;
+  return L"Erro " + values::NumberToText(number_) + L" em " + source_ + L": " + description_;
 }
 
 }  // namespace kodra::frame

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/erro.h"
+#include "values/erro.h"
 
 namespace kodra::frame {
 
@@ -21,7 +21,7 @@ class CErro {
   void SetLastDLLError(std::int32_t code) { lastDLLError_ = code; }
 
   // Takes over an error and the operating system's last error code.
-  void SetErro(const platform::Erro& erro, std::int32_t lastDLLError = 0);
+  void SetErro(const Erro& erro, std::int32_t lastDLLError = 0);
 
   // "Erro <number> em <source>: <description>".
   std::wstring ToString() const;

@@ -2,19 +2,17 @@
 
 #include <algorithm>
 
-#include "platform/erro.h"
-#include "text/convert.h"
-#include "text/upper.h"
+#include "values/convert.h"
+#include "values/erro.h"
+#include "values/upper.h"
 
 namespace kodra::frame {
 namespace {
 
-using platform::Value;
-
 Value InitialValue(const Property& property) {
   switch (property.rule) {
     case PropertyRule::kDate:
-      return platform::Date{};
+      return Date{};
     case PropertyRule::kFlag:
       return false;
     default:
@@ -25,15 +23,15 @@ Value InitialValue(const Property& property) {
 Value Normalised(PropertyRule rule, const Value& value) {
   switch (rule) {
     case PropertyRule::kInitial:
-      return text::FirstUpper(text::ToText(value));
+      return values::FirstUpper(values::ToText(value));
     case PropertyRule::kTrimmed:
-      return text::Trim(text::ToText(value));
+      return values::Trim(values::ToText(value));
     case PropertyRule::kDate:
-      return text::ToDate(value);
+      return values::ToDate(value);
     case PropertyRule::kFlag:
-      return text::ToBool(value);
+      return values::ToBool(value);
     default:
-      return text::ToText(value);
+      return values::ToText(value);
   }
 }
 
@@ -51,15 +49,15 @@ void ParameterObject::Let(std::wstring_view member, const Value& value) {
   values_[index] = Normalised(class_.properties[index].rule, value);
 }
 
-void ParameterObject::Set(std::wstring_view, const platform::ObjectRef&) { throw platform::MemberNotFound(); }
+void ParameterObject::Set(std::wstring_view, const ObjectRef&) { throw MemberNotFound(); }
 
-Value ParameterObject::Call(std::wstring_view, std::span<const Value>) { throw platform::MemberNotFound(); }
+Value ParameterObject::Call(std::wstring_view, std::span<const Value>) { throw MemberNotFound(); }
 
 std::size_t ParameterObject::IndexOf(std::wstring_view member) const {
   const auto found = std::find_if(class_.properties.begin(), class_.properties.end(), [&](const Property& property) {
-    return text::EqualIgnoringCase(property.name, member);
+    return values::EqualIgnoringCase(property.name, member);
   });
-  if (found == class_.properties.end()) throw platform::MemberNotFound();
+  if (found == class_.properties.end()) throw MemberNotFound();
   return static_cast<std::size_t>(found - class_.properties.begin());
 }
 

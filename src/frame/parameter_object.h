@@ -47,19 +47,19 @@ class ParameterObject final : public platform::AutomationObject {
   // REQUIRES: the class outlives the object (those of ParameterClasses() do).
   explicit ParameterObject(const ParameterClass& parameterClass);
 
-  platform::Value Get(std::wstring_view member) override;
+  Value Get(std::wstring_view member) override;
   // The value is converted to the property's type: what cannot be raises RuntimeError::kTypeMismatch, a null
   // RuntimeError::kInvalidUseOfNull; the property then keeps its value.
-  void Let(std::wstring_view member, const platform::Value& value) override;
+  void Let(std::wstring_view member, const Value& value) override;
   // No property takes an object and there are no methods: both raise MemberNotFound.
-  void Set(std::wstring_view member, const platform::ObjectRef& object) override;
-  platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override;
+  void Set(std::wstring_view member, const ObjectRef& object) override;
+  Value Call(std::wstring_view member, std::span<const Value> arguments) override;
 
  private:
   std::size_t IndexOf(std::wstring_view member) const;
 
   const ParameterClass& class_;
-  std::vector<platform::Value> values_;
+  std::vector<Value> values_;
 };
 
 }  // namespace kodra::frame

@@ -1,32 +1,32 @@
 #include "frame/parameter_reader.h"
 
-#include "platform/erro.h"
-#include "text/convert.h"
+#include "values/convert.h"
+#include "values/erro.h"
 
 namespace kodra::frame {
 namespace {
 
-platform::Value Read(platform::AutomationObject& parameters, text::Piece property) {
+Value Read(platform::AutomationObject& parameters, values::Piece property) {
   try {
     return parameters.Get(property);
-  } catch (const platform::MemberNotFound& erro) {
-    throw platform::Erro(erro.Number(), erro.Source(),
-                         L"O objeto de parâmetros não tem a propriedade \"" + std::wstring(property) + L"\".");
+  } catch (const MemberNotFound& erro) {
+    throw Erro(erro.Number(), erro.Source(),
+               L"O objeto de parâmetros não tem a propriedade \"" + std::wstring(property) + L"\".");
   }
 }
 
 }  // namespace
 
-std::wstring ReadText(platform::AutomationObject& parameters, text::Piece property) {
-  return text::ToText(Read(parameters, property));
+std::wstring ReadText(platform::AutomationObject& parameters, values::Piece property) {
+  return values::ToText(Read(parameters, property));
 }
 
-platform::Date ReadDate(platform::AutomationObject& parameters, text::Piece property) {
-  return text::ToDate(Read(parameters, property));
+Date ReadDate(platform::AutomationObject& parameters, values::Piece property) {
+  return values::ToDate(Read(parameters, property));
 }
 
-bool ReadFlag(platform::AutomationObject& parameters, text::Piece property) {
-  return text::ToBool(Read(parameters, property));
+bool ReadFlag(platform::AutomationObject& parameters, values::Piece property) {
+  return values::ToBool(Read(parameters, property));
 }
 
 }  // namespace kodra::frame

@@ -1,10 +1,10 @@
 #include "frame/report_class.h"
 
 #include "data/abre_firehose_rs.h"
-#include "platform/erro.h"
-#include "platform/password.h"
 #include "sql/tradutor_sql.h"
-#include "text/convert.h"
+#include "values/convert.h"
+#include "values/erro.h"
+#include "values/password.h"
 
 namespace kodra::frame {
 namespace {
@@ -27,17 +27,15 @@ ReportClass::Call::~Call() {
 
 void ReportClass::InicializaPS(const platform::AutomationObject* obj) {
   if (stringConexao_.empty())
-    throw platform::Erro(platform::kErrBase + 9998, SourceOf(L"InicializaPS"),
-                         L"É preciso definir a propriedade \"StringConexao\".");
-  if (obj == nullptr)
-    throw platform::Erro(platform::kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
+    throw Erro(kErrBase + 9998, SourceOf(L"InicializaPS"), L"É preciso definir a propriedade \"StringConexao\".");
+  if (obj == nullptr) throw Erro(kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
   LearnTipoBanco();
 }
 
 void ReportClass::LearnTipoBanco() {
-  const platform::ObjectRef connectionType = surroundings_.CreateObject(L"KodraConexao.StrCon");
+  const ObjectRef connectionType = surroundings_.CreateObject(L"KodraConexao.StrCon");
   connectionType->Let(L"StrCon", stringConexao_);
-  tipoBanco_ = text::ToInt32(connectionType->Get(L"TipoBanco"));
+  tipoBanco_ = values::ToInt32(connectionType->Get(L"TipoBanco"));
   sql::DefineTipoBanco(tipoBanco_);
 }
 
@@ -53,14 +51,14 @@ ReportRows ReportClass::Open(std::wstring_view statement) const {
 }
 
 std::wstring ReportClass::SourceOf(std::wstring_view member) const {
-  const text::LocalText<100> source(platform::kApplicationTitle, L".", className_, L"::", member);
+  const values::LocalText<100> source(kApplicationTitle, L".", className_, L"::", member);
   return std::wstring(source.View());
 }
 
-platform::Erro ReportClass::CaughtErro() const { return platform::CurrentErro(stringConexao_); }
+Erro ReportClass::CaughtErro() const { return values::CurrentErro(stringConexao_); }
 
 void ReportClass::RaiseFramed(std::wstring_view method) const {
-  throw platform::Erro(kReportError, SourceOf(method), std::wstring(kReportErrorPrefix) + CaughtErro().Description());
+  throw Erro(kReportError, SourceOf(method), std::wstring(kReportErrorPrefix) + CaughtErro().Description());
 }
 
 }  // namespace kodra::frame

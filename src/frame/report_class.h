@@ -21,13 +21,13 @@
 #include <string_view>
 
 #include "data/select_builder.h"
-#include "platform/erro.h"
 #include "platform/surroundings.h"
+#include "values/erro.h"
 
 namespace kodra::frame {
 
 // The number of every error that a report method raises.
-inline constexpr std::int32_t kReportError = platform::kErrBase + 8107;
+inline constexpr std::int32_t kReportError = kErrBase + 8107;
 // What stands before the cause in the description of most.
 inline constexpr std::wstring_view kReportErrorPrefix = L"Erro ao gerar dados para o relatório: ";
 
@@ -94,7 +94,7 @@ class ReportClass {
 
   // The exception being handled, without the passwords of the connection string in the words of others.
   // REQUIRES: called inside a catch clause.
-  platform::Erro CaughtErro() const;
+  Erro CaughtErro() const;
 
   // "KodraRpt.<Class>::<member>".
   std::wstring SourceOf(std::wstring_view member) const;

@@ -1,7 +1,7 @@
 #include "platform/ado.h"
 
 #include "platform/automation.h"
-#include "platform/erro.h"
+#include "values/erro.h"
 
 namespace kodra::platform {
 namespace {

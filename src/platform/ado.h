@@ -12,7 +12,7 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/value.h"
+#include "values/value.h"
 
 namespace kodra::platform {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/erro.h"
+#include "values/erro.h"
 
 namespace kodra::platform {
 

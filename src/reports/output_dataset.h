@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "frame/report_class.h"
-#include "text/convert.h"
+#include "values/convert.h"
 
 namespace kodra::reports {
 
@@ -15,9 +15,9 @@ class SourceField {
  public:
   SourceField(platform::Recordset& rows, const std::wstring& name) : field_(rows.FieldByName(name)) {}
 
-  platform::Value Value() { return field_->Get(); }
+  Value Get() { return field_->Get(); }
   // The value on the current row joined to the empty text: null is empty.
-  std::wstring Text() { return text::ToTextOrEmpty(field_->Get()); }
+  std::wstring Text() { return values::ToTextOrEmpty(field_->Get()); }
   platform::Field& operator*() { return *field_; }
 
  private:

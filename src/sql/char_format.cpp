@@ -1,13 +1,13 @@
 #include "sql/char_format.h"
 
-#include "text/upper.h"
+#include "values/upper.h"
 
 namespace kodra::sql {
 
-CharFormat CharFormatOf(text::Piece format) noexcept {
-  if (text::EqualIgnoringCase(format, L"DD/MM/YYYY HH24")) return CharFormat::kDateAndHour;
-  if (text::EqualIgnoringCase(format, L"DD/MM/YYYY")) return CharFormat::kDate;
-  if (text::EqualIgnoringCase(format, L"HH24")) return CharFormat::kHour;
+CharFormat CharFormatOf(values::Piece format) noexcept {
+  if (values::EqualIgnoringCase(format, L"DD/MM/YYYY HH24")) return CharFormat::kDateAndHour;
+  if (values::EqualIgnoringCase(format, L"DD/MM/YYYY")) return CharFormat::kDate;
+  if (values::EqualIgnoringCase(format, L"HH24")) return CharFormat::kHour;
   return CharFormat::kOther;
 }
 

@@ -1,13 +1,13 @@
 // The date formats that SQLToChar translates.
 #pragma once
 
-#include "text/piece.h"
+#include "values/piece.h"
 
 namespace kodra::sql {
 
 enum class CharFormat { kDateAndHour, kDate, kHour, kOther };
 
 // The format that a text names, in any letter case; kOther for any other text.
-CharFormat CharFormatOf(text::Piece format) noexcept;
+CharFormat CharFormatOf(values::Piece format) noexcept;
 
 }  // namespace kodra::sql

@@ -1,7 +1,7 @@
 #include "sql/dialect.h"
 
 #include "sql/tipo_banco.h"
-#include "text/format_date.h"
+#include "values/format_date.h"
 
 namespace kodra::sql {
 
@@ -22,9 +22,9 @@ const Dialect* FindDialect(std::int32_t code) noexcept {
   }
 }
 
-void WriteCurrentDate(text::Writer& out, const Dialect& dialect) {
-  const text::Piece current = dialect.CurrentDate();
-  if (current.empty()) return out.Append(text::DateBy<L"'yyyy-mm-dd'">(text::ToCalendar(text::Today())));
+void WriteCurrentDate(values::Writer& out, const Dialect& dialect) {
+  const values::Piece current = dialect.CurrentDate();
+  if (current.empty()) return out.Append(values::DateBy<L"'yyyy-mm-dd'">(values::ToCalendar(values::Today())));
   out.Append(current);
 }
 

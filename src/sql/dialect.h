@@ -6,30 +6,30 @@
 
 #include <cstdint>
 
-#include "text/dates.h"
-#include "text/piece.h"
-#include "text/writer.h"
+#include "values/dates.h"
+#include "values/piece.h"
+#include "values/writer.h"
 
 namespace kodra::sql {
 
 class Dialect {
  public:
-  virtual void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) const = 0;
-  virtual text::Piece CurrentDate() const = 0;
-  virtual void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) const = 0;
+  virtual void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const = 0;
+  virtual values::Piece CurrentDate() const = 0;
+  virtual void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const = 0;
   // Whether a text that is a date becomes a literal of its own, DateLiteral, instead of standing as it came.
   // REQUIRES of DateLiteral: HasDateLiterals() and a known layout.
   virtual bool HasDateLiterals() const = 0;
-  virtual void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout) const = 0;
-  virtual void ToInt(text::Writer& out, text::Piece expr) const = 0;
-  virtual void ToChar(text::Writer& out, text::Piece expr, text::Piece format) const = 0;
+  virtual void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) const = 0;
+  virtual void ToInt(values::Writer& out, values::Piece expr) const = 0;
+  virtual void ToChar(values::Writer& out, values::Piece expr, values::Piece format) const = 0;
   // What stands between two expressions of a concatenation, and what opens and closes one that is not empty.
-  virtual text::Piece ConcatSeparator() const = 0;
-  virtual text::Piece ConcatOpening() const { return {}; }
-  virtual text::Piece ConcatClosing() const { return {}; }
+  virtual values::Piece ConcatSeparator() const = 0;
+  virtual values::Piece ConcatOpening() const { return {}; }
+  virtual values::Piece ConcatClosing() const { return {}; }
   // The name of the function that replaces a null, and of the type that its default date is cast to.
-  virtual text::Piece NullReplacer() const = 0;
-  virtual text::Piece DefaultDateType() const = 0;
+  virtual values::Piece NullReplacer() const = 0;
+  virtual values::Piece DefaultDateType() const = 0;
 
  protected:
   ~Dialect() = default;
@@ -45,6 +45,6 @@ const Dialect& SQLite();
 const Dialect* FindDialect(std::int32_t code) noexcept;
 
 // Writes the dialect's text for today's date; for a dialect without one, today by the local clock as a literal.
-void WriteCurrentDate(text::Writer& out, const Dialect& dialect);
+void WriteCurrentDate(values::Writer& out, const Dialect& dialect);
 
 }  // namespace kodra::sql

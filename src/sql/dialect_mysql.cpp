@@ -3,15 +3,15 @@
 #include "sql/interval.h"
 #include "sql/quoted_date.h"
 #include "sql/tradutor_sql.h"
-#include "text/dates.h"
+#include "values/dates.h"
 
 namespace kodra::sql {
 namespace {
 
 // An expression is read by the compact pattern; a date becomes a literal, which is read by the separated one.
 struct DateLayout {
-  text::Piece expressionPattern;
-  text::Piece literalPattern;
+  values::Piece expressionPattern;
+  values::Piece literalPattern;
 };
 
 DateLayout LayoutOf(std::int32_t layout) {
@@ -29,34 +29,34 @@ DateLayout LayoutOf(std::int32_t layout) {
 
 class MySQLDialect final : public Dialect {
  public:
-  void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) const override {
+  void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const override {
     out.Append(L"DATE_ADD(", date, L", INTERVAL ", number, L" ", Unit(interval), L")");
   }
-  text::Piece CurrentDate() const override { return L"CURDATE()"; }
-  void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) const override {
+  values::Piece CurrentDate() const override { return L"CURDATE()"; }
+  void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const override {
     const DateLayout form = LayoutOf(layout);
-    const auto date = text::ParseDate(text);
+    const auto date = values::ParseDate(text);
     if (!date) return out.Append(L"STR_TO_DATE(", text, L",'", form.expressionPattern, L"')");
-    if (HasQuotedDate(layout)) return DateLiteral(out, text::ToCalendar(*date), layout);
+    if (HasQuotedDate(layout)) return DateLiteral(out, values::ToCalendar(*date), layout);
     // An unknown layout has no format of its own: the date's text is quoted as it came.
     out.Append(L"STR_TO_DATE('", text, L"','", form.literalPattern, L"')");
   }
   bool HasDateLiterals() const override { return true; }
-  void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout) const override {
+  void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) const override {
     out.Append(L"STR_TO_DATE(", QuotedDate{date, layout}, L",'", LayoutOf(layout).literalPattern, L"')");
   }
-  void ToInt(text::Writer& out, text::Piece expr) const override { out.Append(L"CAST(", expr, L" AS UNSIGNED)"); }
-  void ToChar(text::Writer& out, text::Piece expr, text::Piece format) const override {
+  void ToInt(values::Writer& out, values::Piece expr) const override { out.Append(L"CAST(", expr, L" AS UNSIGNED)"); }
+  void ToChar(values::Writer& out, values::Piece expr, values::Piece format) const override {
     out.Append(L"DATE_FORMAT(", expr, L",'", PatternOf(format), L"')");
   }
-  text::Piece ConcatSeparator() const override { return L","; }
-  text::Piece ConcatOpening() const override { return L"CONCAT("; }
-  text::Piece ConcatClosing() const override { return L")"; }
-  text::Piece NullReplacer() const override { return L"IFNULL"; }
-  text::Piece DefaultDateType() const override { return L"DATE"; }
+  values::Piece ConcatSeparator() const override { return L","; }
+  values::Piece ConcatOpening() const override { return L"CONCAT("; }
+  values::Piece ConcatClosing() const override { return L")"; }
+  values::Piece NullReplacer() const override { return L"IFNULL"; }
+  values::Piece DefaultDateType() const override { return L"DATE"; }
 
  private:
-  static text::Piece Unit(text::Piece interval) {
+  static values::Piece Unit(values::Piece interval) {
     switch (IntervalOf(interval)) {
       case Interval::kDays:
         return L"DAY";
@@ -71,7 +71,7 @@ class MySQLDialect final : public Dialect {
     return interval;
   }
 
-  static text::Piece PatternOf(text::Piece format) {
+  static values::Piece PatternOf(values::Piece format) {
     switch (CharFormatOf(format)) {
       case CharFormat::kDateAndHour:
         return L"%d/%m/%Y %H:%i:%s";

@@ -7,7 +7,7 @@ namespace {
 
 class SQLiteDialect final : public Dialect {
  public:
-  void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) const override {
+  void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const override {
     switch (IntervalOf(interval)) {
       case Interval::kMinutes:
         return out.Append(L"datetime('", date, L"', '+", number, L" minutes')");
@@ -21,8 +21,8 @@ class SQLiteDialect final : public Dialect {
         break;
     }
   }
-  text::Piece CurrentDate() const override { return L"date('now')"; }
-  void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) const override {
+  values::Piece CurrentDate() const override { return L"date('now')"; }
+  void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const override {
     switch (layout) {
       case fdDDMMYYYY:
         return out.Append(L"strftime('%d-%m-%Y',", text, L")");
@@ -35,13 +35,13 @@ class SQLiteDialect final : public Dialect {
     }
   }
   bool HasDateLiterals() const override { return false; }
-  void DateLiteral(text::Writer&, const text::Calendar&, std::int32_t) const override {}
-  void ToInt(text::Writer& out, text::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
+  void DateLiteral(values::Writer&, const values::Calendar&, std::int32_t) const override {}
+  void ToInt(values::Writer& out, values::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
   // A report on SQLite gets no text for this fragment, whatever the format.
-  void ToChar(text::Writer&, text::Piece, text::Piece) const override {}
-  text::Piece ConcatSeparator() const override { return L" || "; }
-  text::Piece NullReplacer() const override { return L"IFNULL"; }
-  text::Piece DefaultDateType() const override { return L"DATETIME"; }
+  void ToChar(values::Writer&, values::Piece, values::Piece) const override {}
+  values::Piece ConcatSeparator() const override { return L" || "; }
+  values::Piece NullReplacer() const override { return L"IFNULL"; }
+  values::Piece DefaultDateType() const override { return L"DATETIME"; }
 };
 
 }  // namespace

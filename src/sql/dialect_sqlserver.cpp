@@ -2,30 +2,30 @@
 #include "sql/dialect.h"
 #include "sql/interval.h"
 #include "sql/tradutor_sql.h"
-#include "text/dates.h"
-#include "text/format_date.h"
+#include "values/dates.h"
+#include "values/format_date.h"
 
 namespace kodra::sql {
 namespace {
 
 class SQLServerDialect final : public Dialect {
  public:
-  void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) const override {
+  void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const override {
     out.Append(L"DATEADD(", DatePart(interval), L", ", number, L", ", date, L")");
   }
-  text::Piece CurrentDate() const override { return L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"; }
-  void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) const override {
-    const auto date = text::ParseDate(text);
+  values::Piece CurrentDate() const override { return L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"; }
+  void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const override {
+    const auto date = values::ParseDate(text);
     if (!date) return out.Append(text);
-    return DateLiteral(out, text::ToCalendar(*date), layout);
+    return DateLiteral(out, values::ToCalendar(*date), layout);
   }
   bool HasDateLiterals() const override { return true; }
-  void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout) const override {
-    if (layout == fdDateTime) return out.Append(text::DateBy<L"'yyyy-mm-dd\\Thh:nn:ss'">(date));
-    out.Append(text::DateBy<L"'yyyymmdd'">(date));
+  void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) const override {
+    if (layout == fdDateTime) return out.Append(values::DateBy<L"'yyyy-mm-dd\\Thh:nn:ss'">(date));
+    out.Append(values::DateBy<L"'yyyymmdd'">(date));
   }
-  void ToInt(text::Writer& out, text::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
-  void ToChar(text::Writer& out, text::Piece expr, text::Piece format) const override {
+  void ToInt(values::Writer& out, values::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
+  void ToChar(values::Writer& out, values::Piece expr, values::Piece format) const override {
     switch (CharFormatOf(format)) {
       // Ten characters of the date are all that the reports want of either format.
       case CharFormat::kDateAndHour:
@@ -38,12 +38,12 @@ class SQLServerDialect final : public Dialect {
     }
     out.Append(L"CONVERT(CHAR(0),", expr, L",)");
   }
-  text::Piece ConcatSeparator() const override { return L" + "; }
-  text::Piece NullReplacer() const override { return L"ISNULL"; }
-  text::Piece DefaultDateType() const override { return L"DATETIME"; }
+  values::Piece ConcatSeparator() const override { return L" + "; }
+  values::Piece NullReplacer() const override { return L"ISNULL"; }
+  values::Piece DefaultDateType() const override { return L"DATETIME"; }
 
  private:
-  static text::Piece DatePart(text::Piece interval) {
+  static values::Piece DatePart(values::Piece interval) {
     switch (IntervalOf(interval)) {
       case Interval::kDays:
         return L"dd";

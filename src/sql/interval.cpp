@@ -1,6 +1,6 @@
 #include "sql/interval.h"
 
-#include "text/upper.h"
+#include "values/upper.h"
 
 namespace kodra::sql {
 namespace {
@@ -20,9 +20,9 @@ constexpr Name kNames[] = {
 
 }  // namespace
 
-Interval IntervalOf(text::Piece name) noexcept {
+Interval IntervalOf(values::Piece name) noexcept {
   for (const Name& known : kNames) {
-    if (text::EqualIgnoringCase(name, known.text)) return known.interval;
+    if (values::EqualIgnoringCase(name, known.text)) return known.interval;
   }
   return Interval::kOther;
 }

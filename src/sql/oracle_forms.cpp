@@ -3,13 +3,13 @@
 #include "sql/interval.h"
 #include "sql/quoted_date.h"
 #include "sql/tradutor_sql.h"
-#include "text/dates.h"
+#include "values/dates.h"
 
 namespace kodra::sql::oracle_forms {
 namespace {
 
 // The pattern of a layout; empty for a layout that is not known.
-text::Piece PatternOf(std::int32_t layout) {
+values::Piece PatternOf(std::int32_t layout) {
   switch (layout) {
     case fdDDMMYYYY:
       return L"DD/MM/YYYY";
@@ -24,7 +24,7 @@ text::Piece PatternOf(std::int32_t layout) {
 
 }  // namespace
 
-void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date) {
+void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) {
   switch (IntervalOf(interval)) {
     case Interval::kMinutes:
       return out.Append(date, L" + ", number, L" / 1440");
@@ -39,19 +39,19 @@ void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::
   }
 }
 
-void ToDate(text::Writer& out, text::Piece text, std::int32_t layout) {
-  const text::Piece pattern = PatternOf(layout);
+void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) {
+  const values::Piece pattern = PatternOf(layout);
   if (!pattern.empty()) {
-    if (const auto date = text::ParseDate(text)) return DateLiteral(out, text::ToCalendar(*date), layout);
+    if (const auto date = values::ParseDate(text)) return DateLiteral(out, values::ToCalendar(*date), layout);
   }
   out.Append(L"TO_DATE(", text, L",'", pattern, L"')");
 }
 
-void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout) {
+void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) {
   out.Append(L"TO_DATE(", QuotedDate{date, layout}, L",'", PatternOf(layout), L"')");
 }
 
-void ToChar(text::Writer& out, text::Piece expr, text::Piece format) {
+void ToChar(values::Writer& out, values::Piece expr, values::Piece format) {
   out.Append(L"TO_CHAR(", expr, L",'", format, L"')");
 }
 

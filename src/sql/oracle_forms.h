@@ -3,15 +3,15 @@
 
 #include <cstdint>
 
-#include "text/dates.h"
-#include "text/piece.h"
-#include "text/writer.h"
+#include "values/dates.h"
+#include "values/piece.h"
+#include "values/writer.h"
 
 namespace kodra::sql::oracle_forms {
 
-void DateAdd(text::Writer& out, text::Piece interval, text::Piece number, text::Piece date);
-void ToDate(text::Writer& out, text::Piece text, std::int32_t layout);
-void DateLiteral(text::Writer& out, const text::Calendar& date, std::int32_t layout);
-void ToChar(text::Writer& out, text::Piece expr, text::Piece format);
+void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date);
+void ToDate(values::Writer& out, values::Piece text, std::int32_t layout);
+void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout);
+void ToChar(values::Writer& out, values::Piece expr, values::Piece format);
 
 }  // namespace kodra::sql::oracle_forms

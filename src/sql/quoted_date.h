@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "text/dates.h"
-#include "text/writer.h"
+#include "values/dates.h"
+#include "values/writer.h"
 
 namespace kodra::sql {
 
@@ -14,10 +14,10 @@ bool HasQuotedDate(std::int32_t layout) noexcept;
 // The date in the order of the layout, '31/12/2023', '2023/12/31' or '2023/12/31 10:20:30'; nothing for a layout that
 // is none.
 struct QuotedDate {
-  const text::Calendar& date;
+  const values::Calendar& date;
   std::int32_t layout;
 
-  void WriteTo(text::Writer& out) const;
+  void WriteTo(values::Writer& out) const;
 };
 
 }  // namespace kodra::sql

@@ -1,8 +1,8 @@
 #include "sql/tradutor_sql.h"
 
-#include "platform/erro.h"
-#include "text/convert.h"
-#include "text/numbers.h"
+#include "values/convert.h"
+#include "values/erro.h"
+#include "values/numbers.h"
 
 namespace kodra::sql {
 namespace {
@@ -12,10 +12,10 @@ thread_local const Dialect* currentDialect = nullptr;
 
 // Joins what `textOf` gives for each part, by the current dialect. Never raises.
 template <class Parts, class TextOf>
-void Concatenate(text::Writer& out, const Parts& parts, TextOf textOf) {
+void Concatenate(values::Writer& out, const Parts& parts, TextOf textOf) {
   if (!currentDialect) return;
   const std::size_t before = out.size();
-  const text::Piece opening = currentDialect->ConcatOpening();
+  const values::Piece opening = currentDialect->ConcatOpening();
   try {
     out.Append(opening);
     bool first = true;
@@ -28,7 +28,7 @@ void Concatenate(text::Writer& out, const Parts& parts, TextOf textOf) {
       out.Truncate(before);
     else
       out.Append(currentDialect->ConcatClosing());
-  } catch (const platform::Erro&) {
+  } catch (const Erro&) {
     out.Truncate(before);
   }
 }
@@ -43,27 +43,27 @@ void DefineTipoBanco(std::int32_t code) noexcept {
 std::int32_t TipoBancoAtual() noexcept { return currentCode; }
 
 // This is the one place that refuses a code without dialect.
-const Dialect& DialectFor(text::Piece function) {
+const Dialect& DialectFor(values::Piece function) {
   if (currentDialect) return *currentDialect;
-  throw platform::Erro(platform::kErrBase + 1, std::wstring(L"TradutorSQL.").append(function),
-                       L"Não há entrada para o banco tipo " + text::NumberToText(currentCode));
+  throw Erro(kErrBase + 1, std::wstring(L"TradutorSQL.").append(function),
+             L"Não há entrada para o banco tipo " + values::NumberToText(currentCode));
 }
 
-void WriteConcatenation(text::Writer& out, std::span<const platform::Value> parts) {
-  Concatenate(out, parts, [](const platform::Value& part) { return text::ToText(part); });
+void WriteConcatenation(values::Writer& out, std::span<const Value> parts) {
+  Concatenate(out, parts, [](const Value& part) { return values::ToText(part); });
 }
 
-void WriteConcatenation(text::Writer& out, std::span<const text::Piece> parts) {
-  Concatenate(out, parts, [](text::Piece part) { return part; });
+void WriteConcatenation(values::Writer& out, std::span<const values::Piece> parts) {
+  Concatenate(out, parts, [](values::Piece part) { return part; });
 }
 
-void WriteNullReplacement(text::Writer& out, const Dialect& dialect, text::Piece expr, std::int32_t kind,
-                          text::Piece defaultValue) {
-  constexpr text::Piece kNoDate = L"1932-01-30";
+void WriteNullReplacement(values::Writer& out, const Dialect& dialect, values::Piece expr, std::int32_t kind,
+                          values::Piece defaultValue) {
+  constexpr values::Piece kNoDate = L"1932-01-30";
   out.Append(dialect.NullReplacer(), L"(", expr);
   switch (kind) {
     case nvNumero:
-      return out.Append(L", ", text::NumberToText(text::LeadingNumber(defaultValue)), L")");
+      return out.Append(L", ", values::NumberToText(values::LeadingNumber(defaultValue)), L")");
     case nvTexto:
       return out.Append(L", '", defaultValue, L"')");
     default:

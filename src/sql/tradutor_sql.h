@@ -16,11 +16,11 @@
 #include <initializer_list>
 #include <span>
 
-#include "platform/value.h"
 #include "sql/dialect.h"
 #include "sql/tipo_banco.h"
-#include "text/piece.h"
-#include "text/writer.h"
+#include "values/piece.h"
+#include "values/value.h"
+#include "values/writer.h"
 
 namespace kodra::sql {
 
@@ -41,72 +41,73 @@ void DefineTipoBanco(std::int32_t code) noexcept;
 std::int32_t TipoBancoAtual() noexcept;
 
 // The dialect of the current code, which a fragment is made for. `function` is the public name that an error gives.
-const Dialect& DialectFor(text::Piece function);
+const Dialect& DialectFor(values::Piece function);
 
 // A date plus a number of minutes ("MINUTE", "MIN", "NN"), days ("DAY", "DD", "D"), months ("MONTH", "MM", "M") or
 // years ("YEAR", "YYYY", "Y", "A", "AA", "AAAA"), in any letter case. Any other interval gives the empty text for
 // Oracle, DB2 and SQLite; SQL Server and MySQL get it, and the minutes, as the caller spelled it.
-inline auto SQLDateAdd(text::Piece interval, text::Piece number, text::Piece dateExpr) {
-  return text::Written([&dialect = DialectFor(L"SQLDateAdd"), interval, number, dateExpr](text::Writer& out) {
+inline auto SQLDateAdd(values::Piece interval, values::Piece number, values::Piece dateExpr) {
+  return values::Written([&dialect = DialectFor(L"SQLDateAdd"), interval, number, dateExpr](values::Writer& out) {
     dialect.DateAdd(out, interval, number, dateExpr);
   });
 }
 
 // Today's date, without time.
 inline auto SQLDataAtual() {
-  return text::Written([&dialect = DialectFor(L"SQLDataAtual")](text::Writer& out) { WriteCurrentDate(out, dialect); });
+  return values::Written(
+      [&dialect = DialectFor(L"SQLDataAtual")](values::Writer& out) { WriteCurrentDate(out, dialect); });
 }
 
-// A date-valued expression from a text. A text that text::ParseDate recognises becomes a literal in the layout's form;
-// any other is an expression. SQL Server has no form for an expression: it is given back as it is.
-inline auto SQLToDate(text::Piece dateText, std::int32_t layout) {
-  return text::Written([&dialect = DialectFor(L"SQLToDate"), dateText, layout](text::Writer& out) {
+// A date-valued expression from a text. A text that values::ParseDate recognises becomes a literal in the layout's
+// form; any other is an expression. SQL Server has no form for an expression: it is given back as it is.
+inline auto SQLToDate(values::Piece dateText, std::int32_t layout) {
+  return values::Written([&dialect = DialectFor(L"SQLToDate"), dateText, layout](values::Writer& out) {
     dialect.ToDate(out, dateText, layout);
   });
 }
 
-// The same for a date's text, as a text::DateBy or text::DateAsText of that date writes it. A literal does not show how
-// the text was written: only a dialect without literals has it written.
-// REQUIRES: it is written with its whole day, and the layout is fdDDMMYYYY or fdYYYYMMDD.
-template <text::Fragment DateText>
-auto SQLToDate(const text::Calendar& date, const DateText& dateText, std::int32_t layout) {
-  return text::Written([&dialect = DialectFor(L"SQLToDate"), &date, dateText, layout](text::Writer& out) {
+// The same for a date's text, as a values::DateBy or values::DateAsText of that date writes it. A literal does not show
+// how the text was written: only a dialect without literals has it written. REQUIRES: it is written with its whole day,
+// and the layout is fdDDMMYYYY or fdYYYYMMDD.
+template <values::Fragment DateText>
+auto SQLToDate(const values::Calendar& date, const DateText& dateText, std::int32_t layout) {
+  return values::Written([&dialect = DialectFor(L"SQLToDate"), &date, dateText, layout](values::Writer& out) {
     if (dialect.HasDateLiterals()) return dialect.DateLiteral(out, date, layout);
-    dialect.ToDate(out, text::LocalText<32>(dateText).View(), layout);
+    dialect.ToDate(out, values::LocalText<32>(dateText).View(), layout);
   });
 }
 
 // An expression cast to an integer.
-inline auto SQLToInt(text::Piece expr) {
-  return text::Written([&dialect = DialectFor(L"SQLToInt"), expr](text::Writer& out) { dialect.ToInt(out, expr); });
+inline auto SQLToInt(values::Piece expr) {
+  return values::Written([&dialect = DialectFor(L"SQLToInt"), expr](values::Writer& out) { dialect.ToInt(out, expr); });
 }
 
 // A date expression as text, by an Oracle format: "DD/MM/YYYY HH24", "DD/MM/YYYY" or "HH24" in any letter case. Oracle
 // and DB2 take any other format too; SQLite gives the empty text for every format.
-inline auto SQLToChar(text::Piece expr, text::Piece format) {
-  return text::Written(
-      [&dialect = DialectFor(L"SQLToChar"), expr, format](text::Writer& out) { dialect.ToChar(out, expr, format); });
+inline auto SQLToChar(values::Piece expr, values::Piece format) {
+  return values::Written(
+      [&dialect = DialectFor(L"SQLToChar"), expr, format](values::Writer& out) { dialect.ToChar(out, expr, format); });
 }
 
-void WriteConcatenation(text::Writer& out, std::span<const platform::Value> parts);
-void WriteConcatenation(text::Writer& out, std::span<const text::Piece> parts);
+void WriteConcatenation(values::Writer& out, std::span<const Value> parts);
+void WriteConcatenation(values::Writer& out, std::span<const values::Piece> parts);
 
 // The expressions joined by the database's concatenation. Never raises: the empty text stands for a code without
 // dialect and for an argument that has no text (Null, an object).
-inline auto SQLStrConcat(std::span<const platform::Value> parts) {
-  return text::Written([parts](text::Writer& out) { WriteConcatenation(out, parts); });
+inline auto SQLStrConcat(std::span<const Value> parts) {
+  return values::Written([parts](values::Writer& out) { WriteConcatenation(out, parts); });
 }
-inline auto SQLStrConcat(std::initializer_list<text::Piece> parts) {
-  return text::Written([parts](text::Writer& out) { WriteConcatenation(out, {parts.begin(), parts.size()}); });
+inline auto SQLStrConcat(std::initializer_list<values::Piece> parts) {
+  return values::Written([parts](values::Writer& out) { WriteConcatenation(out, {parts.begin(), parts.size()}); });
 }
 
-void WriteNullReplacement(text::Writer& out, const Dialect& dialect, text::Piece expr, std::int32_t kind,
-                          text::Piece defaultValue);
+void WriteNullReplacement(values::Writer& out, const Dialect& dialect, values::Piece expr, std::int32_t kind,
+                          values::Piece defaultValue);
 
 // An expression with a value in place of null: a number (an empty default is 0; the default is read by
-// text::LeadingNumber), a text (unescaped), or a date ("1932-01-30", which stands for no date, when empty).
-inline auto SQLNVL(text::Piece expr, std::int32_t kind, text::Piece defaultValue) {
-  return text::Written([&dialect = DialectFor(L"SQLNVL"), expr, kind, defaultValue](text::Writer& out) {
+// values::LeadingNumber), a text (unescaped), or a date ("1932-01-30", which stands for no date, when empty).
+inline auto SQLNVL(values::Piece expr, std::int32_t kind, values::Piece defaultValue) {
+  return values::Written([&dialect = DialectFor(L"SQLNVL"), expr, kind, defaultValue](values::Writer& out) {
     WriteNullReplacement(out, dialect, expr, kind, defaultValue);
   });
 }

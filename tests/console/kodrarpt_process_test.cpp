@@ -10,16 +10,16 @@
 #include <sstream>
 #include <thread>
 
-#include "db/sqlite_file.h"
-#include "mariadb/child_process.h"
-#include "platform/odbc/utf8.h"
+#include "testbed/mariadb/child_process.h"
+#include "tests/db/sqlite_file.h"
+#include "values/utf8.h"
 
 namespace kodra::tests {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::odbc::ToUtf8;
 using std::chrono::steady_clock;
+using values::ToUtf8;
 
 constexpr int kManyRows = 100000;
 constexpr int kFewRows = 1000;
@@ -75,14 +75,14 @@ class KodrarptProcess : public testing::Test {
   // target.
   pid_t Start(const std::vector<std::string>& under, const std::vector<std::string>& report,
               const std::string& format) const {
-    support::ChildProcess child;
+    testbed::ChildProcess child;
     child.command = under;
     child.command.insert(child.command.end(), {KODRARPT, "executa"});
     child.command.insert(child.command.end(), report.begin(), report.end());
     child.command.insert(child.command.end(),
                          {"--formato", format, "--saida", (folder_ / ("destino." + format)).string()});
     child.output = (folder_ / "saida.txt").string();
-    return support::Spawn(child);
+    return testbed::Spawn(child);
   }
   pid_t StartEndlessCsv() const {
     return Start(
@@ -137,7 +137,7 @@ class KodrarptProcess : public testing::Test {
     const fs::path peak = folder_ / "pico.txt";
     const pid_t process = Start({"/usr/bin/time", "--quiet", "-f", "%M", "-o", peak.string()},
                                 {"CSuporteRpt.RelatorioSuportes", "--conexao", supports.Connection()}, format);
-    EXPECT_EQ(support::WaitFor(process), 0) << Read(folder_ / "saida.txt");
+    EXPECT_EQ(testbed::WaitFor(process), 0) << Read(folder_ / "saida.txt");
     return std::stol(Read(peak)) / 1024;
   }
 
@@ -184,10 +184,10 @@ TEST_F(KodrarptProcess, TakesNoMoreMemoryForMoreRows) {
 }
 
 TEST_F(KodrarptProcess, FailsWhereItsOutputIsFull) {
-  support::ChildProcess child;
+  testbed::ChildProcess child;
   child.command = {KODRARPT, "executa", "CSuporteRpt", "--conexao", Many().Connection(), "--formato", "csv"};
   child.output = "/dev/full";
-  EXPECT_EQ(support::WaitFor(support::Spawn(child)), 5);
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
-#include "console/small_archive.h"
+#include "tests/console/small_archive.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
-#include "db/mariadb.h"
-#include "db/sqlite_file.h"
+#include "tests/db/mariadb.h"
+#include "tests/db/sqlite_file.h"
 
 namespace kodra::tests {
 namespace {
@@ -48,7 +48,7 @@ std::wstring OnServer() {
   static const std::wstring connection = [] {
     MariaDb().CreateDatabase(L"pequeno");
     const std::wstring text = MariaDb().ConnectionString(L"pequeno");
-    platform::odbc::Connection database;
+    odbc::Connection database;
     database.SetConnectionString(text);
     database.Open(L"", L"", platform::ad::kUnspecified);
     for (const wchar_t* statement : kStatements) database.Execute(statement, platform::ad::kCmdText);

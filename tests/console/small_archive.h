@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "db/sample.h"
+#include "tests/db/sample.h"
 
 namespace kodra::tests {
 

@@ -5,8 +5,8 @@
 
 #include <stdexcept>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::data {
 namespace {
@@ -30,7 +30,7 @@ constexpr auto kSetsOracleString =
 constexpr auto kSetsOracleLanguage =
     "Connection1.Execute(\"alter session set nls_language='brazilian portuguese' nls_territory='brazil'\", -1)";
 
-const platform::Erro kRefused(-2147467259, L"Microsoft OLE DB Provider", L"Acesso negado");
+const Erro kRefused(-2147467259, L"Microsoft OLE DB Provider", L"Acesso negado");
 
 class AbreCnTest : public testing::Test {
  protected:
@@ -168,16 +168,16 @@ TEST_F(AbreCnTest, TakesIsolationLevelZeroForReadCommitted) {
 }
 
 TEST_F(AbreCnTest, RaisesAMissingSQLiteFileWithItsOwnLayer) {
-  EXPECT_EQ(RaisedFor(L"Driver=SQLite3;Database=C:\\nada.db;"),
-            (Raised{platform::kErrBase + 1, "modADO.AbreCn",
-                    R"([modADO::PreAbreCn]: Banco de dados "C:\nada.db" não encontrado.)"}));
+  EXPECT_EQ(
+      RaisedFor(L"Driver=SQLite3;Database=C:\\nada.db;"),
+      (Raised{kErrBase + 1, "modADO.AbreCn", R"([modADO::PreAbreCn]: Banco de dados "C:\nada.db" não encontrado.)"}));
 }
 
 TEST_F(AbreCnTest, RaisesADamagedSQLiteFileWithItsOwnLayer) {
   around_.files[L"C:\\vazio.db"] = 0;
-  EXPECT_EQ(RaisedFor(L"Driver=SQLite3;Database=C:\\vazio.db;"),
-            (Raised{platform::kErrBase + 2, "modADO.AbreCn",
-                    R"([modADO::PreAbreCn]: Banco de dados "C:\vazio.db" danificado.)"}));
+  EXPECT_EQ(
+      RaisedFor(L"Driver=SQLite3;Database=C:\\vazio.db;"),
+      (Raised{kErrBase + 2, "modADO.AbreCn", R"([modADO::PreAbreCn]: Banco de dados "C:\vazio.db" danificado.)"}));
 }
 
 TEST_F(AbreCnTest, RaisesAnOverflowInAVeryLongSQLiteString) {

@@ -5,8 +5,8 @@
 
 #include <stdexcept>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::data {
 namespace {
@@ -20,7 +20,7 @@ using recorder::RaisedBy;
 constexpr auto kSQLServer = L"Provider=SQLNCLI11;Data Source=arquivo";
 const std::wstring kStatement = L"SELECT NOME FROM DEPOSITO";
 
-const platform::Erro kNoTable(-2147217865, L"OraOLEDB", L"ORA-00942: a tabela ou view não existe");
+const Erro kNoTable(-2147217865, L"OraOLEDB", L"ORA-00942: a tabela ou view não existe");
 
 class AbreFirehoseRsTest : public testing::Test {
  protected:
@@ -110,8 +110,7 @@ TEST_F(AbreFirehoseRsTest, GivesAnUnopenedRecordsetWithoutASource) {
 }
 
 TEST_F(AbreFirehoseRsTest, LeavesAnEmptyConnectionStringToTheProvider) {
-  around_.journal.FailOn(L"Recordset1.Open",
-                         Failure(platform::Erro(3709, L"ADODB.Recordset", L"A conexão não pode ser usada")));
+  around_.journal.FailOn(L"Recordset1.Open", Failure(Erro(3709, L"ADODB.Recordset", L"A conexão não pode ser usada")));
   EXPECT_EQ(RaisedBy([&] { Opened(kStatement, 1, L""); }),
             (Raised{3709, "modADO.AbreFirehoseRs", "[ADODB.Recordset]: A conexão não pode ser usada"}));
   EXPECT_EQ(around_.journal.Calls(), Lines({
@@ -157,8 +156,8 @@ TEST_F(AbreFirehoseRsTest, ReadsTheFirstNativeCodeOnceForEachProviderError) {
 
 TEST_F(AbreFirehoseRsTest, KeepsTheFirstErrorWhenTheNativeCodeCannotBeRead) {
   for (const auto* call : {L"Connection1.ErrorCount", L"Connection1.NativeError"}) {
-    for (const auto& failure : {Failure(platform::Erro(5, L"ADODB", L"outra")), Failure(std::bad_alloc()),
-                                Failure(std::runtime_error("x"))}) {
+    for (const auto& failure :
+         {Failure(Erro(5, L"ADODB", L"outra")), Failure(std::bad_alloc()), Failure(std::runtime_error("x"))}) {
       GiveConnection();
       around_.journal.FailOn(call, failure);
       EXPECT_EQ(RaisedWithNativeErrors({942}),
@@ -170,7 +169,7 @@ TEST_F(AbreFirehoseRsTest, KeepsTheFirstErrorWhenTheNativeCodeCannotBeRead) {
 
 TEST_F(AbreFirehoseRsTest, TakesTheNativeCodeOfALaterReadingWhenOneFails) {
   GiveConnection();
-  around_.journal.FailOn(L"Connection1.NativeError", Failure(platform::Erro(5, L"ADODB", L"outra")));
+  around_.journal.FailOn(L"Connection1.NativeError", Failure(Erro(5, L"ADODB", L"outra")));
   EXPECT_EQ(RaisedWithNativeErrors({942, 942}), (Raised{-2147217865, "modADO.AbreFirehoseRs",
                                                         "[OraOLEDB]: ORA-00942: a tabela ou view não existe [N:942]"}));
 }
@@ -187,7 +186,7 @@ TEST_F(AbreFirehoseRsTest, ReadsTheNativeCodeOfTheGivenConnectionForACommandToo)
 
 TEST_F(AbreFirehoseRsTest, HasNoNativeCodeForAConnectionThatDidNotOpen) {
   around_.ado.nativeErrors = {1017};
-  around_.journal.FailOn(L"Connection1.Open", Failure(platform::Erro(-2147217843, L"OraOLEDB", L"Acesso negado")));
+  around_.journal.FailOn(L"Connection1.Open", Failure(Erro(-2147217843, L"OraOLEDB", L"Acesso negado")));
   EXPECT_EQ(RaisedBy([&] { Opened(kStatement); }),
             (Raised{-2147217843, "modADO.AbreFirehoseRs", "[modADO.AbreCn]: [OraOLEDB]: Acesso negado"}));
   EXPECT_EQ(connection_, nullptr);
@@ -196,7 +195,7 @@ TEST_F(AbreFirehoseRsTest, HasNoNativeCodeForAConnectionThatDidNotOpen) {
 
 TEST_F(AbreFirehoseRsTest, AddsItsLayerToAMissingSQLiteFile) {
   EXPECT_EQ(RaisedBy([&] { Opened(kStatement, 1, L"Driver=SQLite3;Database=C:\\nada.db"); }),
-            (Raised{platform::kErrBase + 1, "modADO.AbreFirehoseRs",
+            (Raised{kErrBase + 1, "modADO.AbreFirehoseRs",
                     R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "C:\nada.db" não encontrado.)"}));
 }
 

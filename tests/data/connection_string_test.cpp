@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::data {
 namespace {
@@ -119,19 +119,19 @@ TEST_F(PreAbreCnTest, KeepsSQLiteForeignKeysInAnyLetterCase) {
 
 TEST_F(PreAbreCnTest, RaisesForAnSQLiteFileThatIsMissing) {
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\nada.db;"); }),
-            (Raised{platform::kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "C:\nada.db" não encontrado.)"}));
+            (Raised{kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "C:\nada.db" não encontrado.)"}));
 }
 
 TEST_F(PreAbreCnTest, RaisesForAnSQLiteFileWithoutAByte) {
   around_.files[L"C:\\vazio.db"] = 0;
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\vazio.db;"); }),
-            (Raised{platform::kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\vazio.db" danificado.)"}));
+            (Raised{kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\vazio.db" danificado.)"}));
 }
 
 TEST_F(PreAbreCnTest, RaisesForAFolderInPlaceOfAnSQLiteFile) {
   around_.folders = {L"C:\\dados"};
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\dados;"); }),
-            (Raised{platform::kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\dados" danificado.)"}));
+            (Raised{kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\dados" danificado.)"}));
 }
 
 TEST_F(PreAbreCnTest, TakesAnSQLiteFileOfFourGigabytesForAWholeOne) {
@@ -142,13 +142,13 @@ TEST_F(PreAbreCnTest, TakesAnSQLiteFileOfFourGigabytesForAWholeOne) {
 
 TEST_F(PreAbreCnTest, LooksForAnEmptyPathWhenAnSQLiteStringNamesNoFile) {
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;"); }),
-            (Raised{platform::kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "" não encontrado.)"}));
+            (Raised{kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "" não encontrado.)"}));
   EXPECT_EQ(around_.journal.Calls(), Lines({R"(FileLength("") -> none)"}));
 }
 
 TEST_F(PreAbreCnTest, LooksForThePathWithItsBlanks) {
   EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database= a.db ;"); }),
-            (Raised{platform::kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados " a.db " não encontrado.)"}));
+            (Raised{kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados " a.db " não encontrado.)"}));
 }
 
 TEST_F(PreAbreCnTest, TakesAStringWithOracleAndOtherWordsForOracleOnly) {

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::data {
 namespace {
@@ -17,7 +17,7 @@ using recorder::RaisedBy;
 
 class CriaObjetoTest : public testing::Test {
  protected:
-  platform::ObjectRef Made() { return CriaObjeto(L"KodraProva.Classe", L"modProva::Chamador", around_); }
+  ObjectRef Made() { return CriaObjeto(L"KodraProva.Classe", L"modProva::Chamador", around_); }
 
   FakeSurroundings around_;
 };
@@ -35,7 +35,7 @@ TEST_F(CriaObjetoTest, NamesTheClassThatIsNotRegistered) {
 
 TEST_F(CriaObjetoTest, GivesNothingAfterAnyOtherError) {
   around_.Register(L"KodraProva.Classe", {});
-  around_.journal.FailOn(L"CreateObject", Failure(platform::Erro(-2147024891, L"", L"Acesso negado")));
+  around_.journal.FailOn(L"CreateObject", Failure(Erro(-2147024891, L"", L"Acesso negado")));
   EXPECT_EQ(Made(), nullptr);
 }
 

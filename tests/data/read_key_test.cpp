@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "data/connection_string.h"
-#include "recorder/raised.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::data {
 namespace {

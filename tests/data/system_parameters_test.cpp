@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::data {
 namespace {
 
-using platform::ObjectRef;
-using platform::Value;
 using recorder::Failure;
 using recorder::FakeSurroundings;
 using recorder::Lines;
@@ -34,7 +32,7 @@ class ObtemParametroSistemaTest : public testing::Test {
           {around_.NewObject(L"Senha",
                              {{L"Minutos_Bloqueio", {15}}, {L"Max_Dias", {L"90"}}, {L"Verificar_Qualidade", {true}}})}},
          {L"Usar_Diretorio", {false}},
-         {L"Tamanho_Maximo_Importacao", {platform::Null{}}}}));
+         {L"Tamanho_Maximo_Importacao", {Null{}}}}));
   }
 
   // Installs the sibling, which answers with that parameter set.
@@ -82,7 +80,7 @@ TEST_F(ObtemParametroSistemaTest, KnowsEveryParameterAndGivesItsValueUnchanged) 
   EXPECT_EQ(Read(L"MAX_DIAS_SENHA"), Value(L"90"));
   EXPECT_EQ(Read(L"TESTAR_QUALIDADE_SENHA"), Value(true));
   EXPECT_EQ(Read(L"USAR_AD"), Value(false));
-  EXPECT_EQ(Read(L"TAMANHO_MAXIMO_ARQUIVO"), Value(platform::Null{}));
+  EXPECT_EQ(Read(L"TAMANHO_MAXIMO_ARQUIVO"), Value(Null{}));
 }
 
 TEST_F(ObtemParametroSistemaTest, AcceptsANameInAnyLetterCase) {
@@ -112,13 +110,12 @@ TEST_F(ObtemParametroSistemaTest, TakesAnyOtherSourceForAnIniFile) {
 
 TEST_F(ObtemParametroSistemaTest, RaisesForAnEmptySourceOnceTheSiblingIsThere) {
   EXPECT_EQ(RaisedFor(L"NOME_SERIE", L""),
-            (Raised{platform::kErrBase + 1, kSource, "Arquivo INI ou String de Conexão não informada."}));
+            (Raised{kErrBase + 1, kSource, "Arquivo INI ou String de Conexão não informada."}));
   EXPECT_EQ(around_.journal.Calls(), Lines({R"(CreateObject("KodraParamSist.Obtedor") -> Object1)", "~Object1"}));
 }
 
 TEST_F(ObtemParametroSistemaTest, RaisesForAnUnknownNameAsGivenOnceTheSetIsRead) {
-  EXPECT_EQ(RaisedFor(L"nome_Serie "),
-            (Raised{platform::kErrBase + 2, kSource, R"(Parâmetro desconhecido: "nome_Serie ".)"}));
+  EXPECT_EQ(RaisedFor(L"nome_Serie "), (Raised{kErrBase + 2, kSource, R"(Parâmetro desconhecido: "nome_Serie ".)"}));
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          R"(CreateObject("KodraParamSist.Obtedor") -> Object1)",
                                          R"(Object1.Let(StringConexao, "Provider=SQLNCLI11;"))",
@@ -128,7 +125,7 @@ TEST_F(ObtemParametroSistemaTest, RaisesForAnUnknownNameAsGivenOnceTheSetIsRead)
 }
 
 TEST_F(ObtemParametroSistemaTest, RaisesForTheEmptyName) {
-  EXPECT_EQ(RaisedFor(L""), (Raised{platform::kErrBase + 2, kSource, R"(Parâmetro desconhecido: "".)"}));
+  EXPECT_EQ(RaisedFor(L""), (Raised{kErrBase + 2, kSource, R"(Parâmetro desconhecido: "".)"}));
 }
 
 TEST(ObtemParametroSistemaWithoutSiblingTest, SaysWhichClassIsMissingEvenForAnEmptySource) {
@@ -140,7 +137,7 @@ TEST(ObtemParametroSistemaWithoutSiblingTest, SaysWhichClassIsMissingEvenForAnEm
 }
 
 TEST_F(ObtemParametroSistemaTest, FailsAtTheFirstUseOfASiblingThatCouldNotBeMadeForAnotherReason) {
-  around_.journal.FailOn(L"CreateObject", Failure(platform::Erro(-2147024891, L"", L"Acesso negado")));
+  around_.journal.FailOn(L"CreateObject", Failure(Erro(-2147024891, L"", L"Acesso negado")));
   EXPECT_EQ(RaisedFor(L"NOME_SERIE"),
             (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
 }
@@ -148,7 +145,7 @@ TEST_F(ObtemParametroSistemaTest, FailsAtTheFirstUseOfASiblingThatCouldNotBeMade
 TEST_F(ObtemParametroSistemaTest, LetsTheSiblingsErrorsThroughUnchanged) {
   for (const auto* call : {L"Object1.Let", L"Object1.Call", L"Parametros.Get", L"Nomes.Get"}) {
     around_.journal.Forget();
-    around_.journal.FailOn(call, Failure(platform::Erro(-2147220000, L"KodraParamSist", L"Sem acesso")));
+    around_.journal.FailOn(call, Failure(Erro(-2147220000, L"KodraParamSist", L"Sem acesso")));
     EXPECT_EQ(RaisedFor(L"NOME_SERIE"), (Raised{-2147220000, "KodraParamSist", "Sem acesso"}));
     EXPECT_EQ(around_.journal.LiveObjects(), 3);  // the set and its two groups
   }

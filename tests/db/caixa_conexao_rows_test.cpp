@@ -1,17 +1,17 @@
 // CCaixaRpt on a connection that the client opened and keeps.
 #include <algorithm>
 
-#include "db/module_rows.h"
-#include "platform/odbc/recordset.h"
+#include "odbc/engine/recordset.h"
 #include "reports/modules/caixa_rpt.h"
-#include "support/connection_object.h"
+#include "tests/db/module_rows.h"
+#include "tests/siblings/connection_object.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
-using support::ConnectionObject;
+using namespace testbed;
+using siblings::ConnectionObject;
 
 class CaixaConexaoRows : public OnBoth {
  protected:
@@ -97,12 +97,12 @@ TEST_P(CaixaConexaoRows, TheBusinessComponentReadsThroughTheSameConnection) {
 TEST_P(CaixaConexaoRows, TheRowsStandAtTheClientWhenItsConnectionCloses) {
   const Table expected = RowsOf(&CCaixaRpt::EtiquetaDivisoria, Parameters(L"CCaixaRptObj", {{L"Modulo1", L"AA001"}}));
   const frame::ReportRows rows = OpenOn(&CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AA001"}});
-  dynamic_cast<platform::odbc::Connection&>(*client->Connection()).Close();
+  dynamic_cast<odbc::Connection&>(*client->Connection()).Close();
   ExpectRows(Read(*rows), expected);
 }
 
 TEST_P(CaixaConexaoRows, AConnectionThatTheClientClosedIsAnErrorThatIsLogged) {
-  dynamic_cast<platform::odbc::Connection&>(*client->Connection()).Close();
+  dynamic_cast<odbc::Connection&>(*client->Connection()).Close();
   const Raised raised = RaisedBy([&] { OpenOn(&CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AA001"}}); });
   EXPECT_EQ(
       raised,

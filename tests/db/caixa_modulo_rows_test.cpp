@@ -1,14 +1,14 @@
 // The reports on one module.
 #include <algorithm>
 
-#include "db/module_rows.h"
 #include "reports/modules/caixa_rpt.h"
+#include "tests/db/module_rows.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class CaixaModuloRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(CaixaModuloRows);

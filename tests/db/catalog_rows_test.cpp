@@ -1,6 +1,4 @@
 // The registers: the same rows on both databases.
-#include "db/reports_on.h"
-#include "demo/generator.h"
 #include "reports/catalog/cd_rpt.h"
 #include "reports/catalog/deposito_rpt.h"
 #include "reports/catalog/depto_rpt.h"
@@ -9,12 +7,14 @@
 #include "reports/catalog/suporte_rpt.h"
 #include "reports/catalog/tipo_caixa_rpt.h"
 #include "reports/catalog/tipo_midia_rpt.h"
+#include "testbed/archive/generator.h"
+#include "tests/db/reports_on.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class CatalogRows : public OnBoth {};
 class CatalogOnSqlite : public OnSqlite {};

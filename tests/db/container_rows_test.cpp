@@ -1,15 +1,15 @@
 // Containers: their list, their labels, and the modules on a label.
 #include <algorithm>
 
-#include "db/reports_on.h"
-#include "platform/print_value.h"
 #include "reports/modules/container_rpt.h"
+#include "tests/db/reports_on.h"
+#include "tests/odbc/print_value.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class ContainerRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(ContainerRows);

@@ -1,14 +1,14 @@
 // The document listings. A period reaches MariaDB as two days without time; SQLite cannot read one at all.
 #include <functional>
 
-#include "db/reports_on.h"
 #include "reports/documents/documento_rpt.h"
+#include "tests/db/reports_on.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class DocumentoRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(DocumentoRows);

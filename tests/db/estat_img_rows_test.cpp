@@ -1,14 +1,14 @@
 // The imaging statistics. SQLite takes the bounds of a period for divisions of numbers: no document lies between them.
 #include <algorithm>
 
-#include "db/estat_rows.h"
 #include "reports/statistics/estat_img_rpt.h"
+#include "tests/db/estat_rows.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class EstatImgOnMariaDb : public OnMariaDb {};
 class EstatImgOnSqlite : public OnSqlite {};
@@ -80,7 +80,7 @@ TEST_F(EstatImgOnMariaDb, OfOneKeeperOneDepartmentOrBoth) {
 
 TEST_F(EstatImgOnMariaDb, TheLastDayCountsUpToItsMidnight) {
   const auto has = [](const Table& table, std::size_t document) {
-    const platform::Value code = Cell(Reports::All<Documento>()[document].codDocto);
+    const Value code = Cell(Reports::All<Documento>()[document].codDocto);
     return std::any_of(table.rows.begin(), table.rows.end(), [&](const Table::Row& row) { return row.back() == code; });
   };
   for (const std::size_t last : {300U, 301U}) {

@@ -1,12 +1,12 @@
 // The indexing statistics. On SQLite no document lies in a period, for the reason of the imaging statistics.
-#include "db/estat_rows.h"
 #include "reports/statistics/estat_index_rpt.h"
+#include "tests/db/estat_rows.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class EstatIndexRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(EstatIndexRows);

@@ -3,28 +3,26 @@
 
 #include <optional>
 
-#include "db/reports_on.h"
-#include "demo/generator.h"
+#include "testbed/archive/generator.h"
+#include "tests/db/reports_on.h"
 
 namespace kodra::tests {
 
-inline support::demo::Day DayOf(const support::demo::MaybeMoment& moment) {
-  return std::chrono::floor<std::chrono::days>(*moment);
-}
+inline testbed::Day DayOf(const testbed::MaybeMoment& moment) { return std::chrono::floor<std::chrono::days>(*moment); }
 
 inline std::wstring Title(const Period& period) {
-  return L"Período: " + support::demo::BrazilianDate(period.first) + L" a " + support::demo::BrazilianDate(period.last);
+  return L"Período: " + testbed::BrazilianDate(period.first) + L" a " + testbed::BrazilianDate(period.last);
 }
 
 // From the day of one document to that of another, by their numbers. Document 300 is stored at midnight, 301 in the
 // last second of its day.
 inline Period StoredBetween(std::size_t first, std::size_t last) {
-  const auto& documents = Reports::All<support::demo::Documento>();
+  const auto& documents = Reports::All<testbed::Documento>();
   return {DayOf(documents[first].dtArmaz), DayOf(documents[last].dtArmaz)};
 }
 
 // Whether a moment lies between the midnights that begin the first and the last day.
-inline bool Within(const support::demo::MaybeMoment& moment, const Period& period) {
+inline bool Within(const testbed::MaybeMoment& moment, const Period& period) {
   return moment && *moment >= period.first && *moment <= period.last;
 }
 

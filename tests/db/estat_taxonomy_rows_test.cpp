@@ -2,16 +2,16 @@
 // imaging statistics.
 #include <map>
 
-#include "db/estat_rows.h"
 #include "reports/statistics/estat_serie_rpt.h"
 #include "reports/statistics/estat_subgrupo_rpt.h"
 #include "reports/statistics/estat_suporte_rpt.h"
+#include "tests/db/estat_rows.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class EstatOnMariaDb : public OnMariaDb {};
 class EstatOnSqlite : public OnSqlite {};

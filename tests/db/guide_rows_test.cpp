@@ -3,21 +3,20 @@
 #include <map>
 #include <optional>
 
-#include "client/guide/guide.h"
-#include "client/parameter_value.h"
-#include "client/report_name.h"
-#include "db/reports_on.h"
-#include "platform/erro.h"
-#include "platform/odbc/utf8.h"
+#include "console/command_line/parameter_value.h"
+#include "console/command_line/report_name.h"
+#include "console/reports/guide.h"
+#include "tests/db/reports_on.h"
+#include "values/erro.h"
+#include "values/utf8.h"
 
 namespace kodra::tests {
 namespace {
 
-using client::guide::ValueType;
-using platform::Value;
-using platform::odbc::FromUtf8;
-using platform::odbc::ToUtf8;
+using console::guide::ValueType;
 using reports::ReportMethod;
+using values::FromUtf8;
+using values::ToUtf8;
 
 // Values with which the reports find rows in the sample archive.
 const std::map<std::wstring_view, std::string_view> kValues = {
@@ -43,20 +42,20 @@ frame::ParameterObject ParametersOf(const ReportMethod& method, std::string_view
   frame::ParameterObject object(parameterClass);
   for (const frame::Property& property : parameterClass.properties) {
     const auto value = kValues.find(property.name);
-    if (value != kValues.end()) object.Let(property.name, client::ParameterValue(property, value->second));
+    if (value != kValues.end()) object.Let(property.name, console::ParameterValue(property, value->second));
     if (property.name == L"TipoRpt") object.Let(property.name, std::wstring(kind.begin(), kind.end()));
   }
   return object;
 }
 
-bool IsThere(const client::guide::Column& column, std::string_view kind) {
+bool IsThere(const console::guide::Column& column, std::string_view kind) {
   if (column.kinds == "*") return kind != "F" && kind != "P";
   return column.kinds.empty() || column.kinds.find(kind) != std::string_view::npos;
 }
 
-std::vector<client::guide::Column> ColumnsOf(const ReportMethod& method, std::string_view kind) {
-  std::vector<client::guide::Column> columns;
-  for (const client::guide::Column& column : client::guide::About(method).columns)
+std::vector<console::guide::Column> ColumnsOf(const ReportMethod& method, std::string_view kind) {
+  std::vector<console::guide::Column> columns;
+  for (const console::guide::Column& column : console::guide::About(method).columns)
     if (IsThere(column, kind)) columns.push_back(column);
   return columns;
 }
@@ -68,7 +67,7 @@ bool IsOfType(const Value& value, ValueType type) {
     case ValueType::kNumber:
       return value.Is<double>();
     case ValueType::kDate:
-      return value.Is<platform::Date>();
+      return value.Is<Date>();
     case ValueType::kFlag:
       return value.Is<bool>();
   }
@@ -77,11 +76,13 @@ bool IsOfType(const Value& value, ValueType type) {
 
 // Columns that the sample archive leaves without a value: the parts of an action beyond its length, and the remarks of
 // the inventory entries.
-bool MayBeEmpty(const client::guide::Column& column) { return column.name.starts_with("ACAO") || column.name == "OBS"; }
+bool MayBeEmpty(const console::guide::Column& column) {
+  return column.name.starts_with("ACAO") || column.name == "OBS";
+}
 
 bool HasKinds(const ReportMethod& method) {
-  const auto columns = client::guide::About(method).columns;
-  return std::ranges::any_of(columns, [](const client::guide::Column& column) { return !column.kinds.empty(); });
+  const auto columns = console::guide::About(method).columns;
+  return std::ranges::any_of(columns, [](const console::guide::Column& column) { return !column.kinds.empty(); });
 }
 
 class GuideRows : public OnBoth {
@@ -91,7 +92,7 @@ class GuideRows : public OnBoth {
     frame::ParameterObject parameters = ParametersOf(method, kind);
     try {
       return Read(*method.call(Machine(), ConnectionString(), &parameters));
-    } catch (const platform::Erro& error) {
+    } catch (const Erro& error) {
       EXPECT_TRUE(GetParam() == Engine::kSqlite && method.method == L"RelatorioDevolucaoOriginal")
           << ToUtf8(error.Description());
       return std::nullopt;
@@ -99,21 +100,21 @@ class GuideRows : public OnBoth {
   }
 
   void CheckReport(const ReportMethod& method, std::string_view kind) {
-    SCOPED_TRACE(client::NameOf(method) + " " + std::string(kind));
+    SCOPED_TRACE(console::NameOf(method) + " " + std::string(kind));
     const std::optional<Table> table = RowsOf(method, kind);
     if (!table) return;
-    const std::vector<client::guide::Column> columns = ColumnsOf(method, kind);
+    const std::vector<console::guide::Column> columns = ColumnsOf(method, kind);
     std::vector<std::wstring> names;
-    for (const client::guide::Column& column : columns) names.push_back(FromUtf8(column.name));
+    for (const console::guide::Column& column : columns) names.push_back(FromUtf8(column.name));
     ASSERT_EQ(table->columns, names);
     EXPECT_TRUE(!table->rows.empty() || GetParam() == Engine::kSqlite);
     for (std::size_t at = 0; at < columns.size(); ++at) CheckValues(*table, at, columns[at]);
   }
 
-  void CheckValues(const Table& table, std::size_t at, const client::guide::Column& column) {
+  void CheckValues(const Table& table, std::size_t at, const console::guide::Column& column) {
     bool isSeen = false;
     for (const Table::Row& row : table.rows) {
-      if (row[at].Is<platform::Null>() || row[at].Is<platform::Empty>()) continue;
+      if (row[at].Is<Null>() || row[at].Is<Empty>()) continue;
       isSeen = true;
       ASSERT_TRUE(IsOfType(row[at], column.type))
           << column.name << " holds a value of alternative " << row[at].Held().index();

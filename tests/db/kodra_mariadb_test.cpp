@@ -10,9 +10,9 @@
 #include <string>
 #include <thread>
 
-#include "mariadb/child_process.h"
+#include "testbed/mariadb/child_process.h"
 
-namespace kodra::support {
+namespace kodra::testbed {
 namespace {
 
 namespace fs = std::filesystem;
@@ -122,4 +122,4 @@ TEST_F(KodraMariaDb, TheServerAndTheCommandEndWithAProgramThatIsKilled) {
 }
 
 }  // namespace
-}  // namespace kodra::support
+}  // namespace kodra::testbed

@@ -1,15 +1,15 @@
 // The event log: what the event component finds, cut into fields.
 #include <functional>
 
-#include "db/reports_on.h"
-#include "demo/schema.h"
 #include "reports/documents/log_rpt.h"
+#include "testbed/archive/schema.h"
+#include "tests/db/reports_on.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class LogRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(LogRows);
@@ -31,8 +31,7 @@ Table Events(const std::function<bool(const Evento&)>& filter) {
                    Cell(e.tipoEvento)};
     const Text action = e.acao.value_or(L"");
     for (std::size_t from = 0; from < kPieces * kPieceLength; from += kPieceLength) {
-      row.push_back(from < action.size() ? Cell(action.substr(from, kPieceLength))
-                                         : platform::Value(platform::Empty{}));
+      row.push_back(from < action.size() ? Cell(action.substr(from, kPieceLength)) : Value(Empty{}));
     }
     table.rows.push_back(row);
   }

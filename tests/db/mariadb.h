@@ -1,12 +1,12 @@
 // The MariaDB server of the test program: started at first use, ended with the program.
 #pragma once
 
-#include "mariadb/mariadb_server.h"
+#include "testbed/mariadb/mariadb_server.h"
 
 namespace kodra::tests {
 
-inline const support::MariaDbServer& MariaDb() {
-  static const support::MariaDbServer server;
+inline const testbed::MariaDbServer& MariaDb() {
+  static const testbed::MariaDbServer server;
   return server;
 }
 

@@ -1,14 +1,14 @@
 // The ODBC answer to ADO over MariaDB's driver, which describes its columns truly.
 #include <gtest/gtest.h>
 
-#include "db/mariadb.h"
-#include "platform/odbc/command.h"
-#include "platform/odbc/recordset.h"
-#include "platform/print_value.h"
-#include "platform/raised.h"
-#include "secret.h"
+#include "odbc/engine/command.h"
+#include "odbc/engine/recordset.h"
+#include "tests/db/mariadb.h"
+#include "tests/odbc/print_value.h"
+#include "tests/odbc/raised.h"
+#include "tests/secret.h"
 
-namespace kodra::platform::odbc {
+namespace kodra::odbc {
 namespace {
 
 using tests::kSecret;
@@ -290,4 +290,4 @@ TEST_F(OdbcMariaDb, RowsChangedAreCounted) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::odbc
+}  // namespace kodra::odbc

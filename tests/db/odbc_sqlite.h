@@ -5,12 +5,12 @@
 
 #include <string>
 
-#include "db/sqlite_file.h"
-#include "platform/odbc/recordset.h"
-#include "platform/print_value.h"
-#include "platform/raised.h"
+#include "odbc/engine/recordset.h"
+#include "tests/db/sqlite_file.h"
+#include "tests/odbc/print_value.h"
+#include "tests/odbc/raised.h"
 
-namespace kodra::platform::odbc {
+namespace kodra::odbc {
 
 inline tests::Raised Provider(std::uint32_t number, const wchar_t* description) {
   return {static_cast<std::int32_t>(number), L"Microsoft OLE DB Provider for ODBC Drivers", description};
@@ -34,4 +34,4 @@ class OdbcSqlite : public testing::Test {
   Recordset rs;
 };
 
-}  // namespace kodra::platform::odbc
+}  // namespace kodra::odbc

@@ -2,14 +2,14 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#include "db/odbc_sqlite.h"
+#include "tests/db/odbc_sqlite.h"
 
 #ifdef __SANITIZE_ADDRESS__
 // The sanitizer's allocator stands in the place of malloc's; GCC brings no header for it.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
-namespace kodra::platform::odbc {
+namespace kodra::odbc {
 namespace {
 
 using tests::InvalidConnection;
@@ -205,4 +205,4 @@ TEST_F(OdbcSqlite, AMillionRowsAreReadInConstantMemory) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::odbc
+}  // namespace kodra::odbc

@@ -1,11 +1,11 @@
 // Statements, commands, transactions and what fails, on an SQLite file.
 #include <gtest/gtest.h>
 
-#include "db/odbc_sqlite.h"
-#include "platform/odbc/command.h"
-#include "secret.h"
+#include "odbc/engine/command.h"
+#include "tests/db/odbc_sqlite.h"
+#include "tests/secret.h"
 
-namespace kodra::platform::odbc {
+namespace kodra::odbc {
 namespace {
 
 using tests::kSecret;
@@ -184,4 +184,4 @@ TEST_F(OdbcSqlite, AConnectionOpensAgainAfterClose) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::odbc
+}  // namespace kodra::odbc

@@ -1,10 +1,10 @@
 // What SQLite's columns give: its driver promises nothing about their values.
 #include <gtest/gtest.h>
 
-#include "db/odbc_sqlite.h"
-#include "platform/odbc/command.h"
+#include "odbc/engine/command.h"
+#include "tests/db/odbc_sqlite.h"
 
-namespace kodra::platform::odbc {
+namespace kodra::odbc {
 namespace {
 
 using tests::NoCurrentRecord;
@@ -113,4 +113,4 @@ TEST_F(OdbcSqlite, ACharacterBeyondTheBasicPlaneIsReadAndWritten) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::odbc
+}  // namespace kodra::odbc

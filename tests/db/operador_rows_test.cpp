@@ -1,14 +1,14 @@
 // The operators: read whole, then given again from memory.
 #include <map>
 
-#include "db/reports_on.h"
 #include "reports/catalog/operador_rpt.h"
+#include "tests/db/reports_on.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class OperadorRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(OperadorRows);

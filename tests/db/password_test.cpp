@@ -1,21 +1,21 @@
 // The password in nothing that a report says of a connection that its driver refuses.
 #include <gtest/gtest.h>
 
-#include "db/mariadb.h"
+#include "console/reports/report_methods.h"
 #include "frame/parameter_object.h"
-#include "platform/odbc/surroundings.h"
-#include "platform/raised.h"
-#include "reports/report_methods.h"
-#include "secret.h"
+#include "odbc/engine/surroundings.h"
 #include "siblings/sibling_classes.h"
+#include "tests/db/mariadb.h"
+#include "tests/odbc/raised.h"
+#include "tests/secret.h"
 
 namespace kodra::tests {
 namespace {
 
 // What each report method raises on a connection string.
 std::vector<Raised> RaisedByAll(const std::wstring& connectionString) {
-  platform::odbc::Surroundings machine;
-  support::RegisterSiblings(machine);
+  odbc::Surroundings machine;
+  siblings::RegisterSiblings(machine);
   std::vector<Raised> raised;
   for (const reports::ReportMethod& method : reports::ReportMethods()) {
     frame::ParameterObject parameters(frame::ParameterClassNamed(method.parameterClass));

@@ -9,31 +9,31 @@
 #include <string>
 #include <utility>
 
-#include "db/sample.h"
-#include "db/table.h"
 #include "frame/parameter_object.h"
 #include "frame/report_class.h"
-#include "platform/odbc/surroundings.h"
-#include "platform/raised.h"
+#include "odbc/engine/surroundings.h"
 #include "siblings/sibling_classes.h"
+#include "tests/db/sample.h"
+#include "tests/db/table.h"
+#include "tests/odbc/raised.h"
 
 namespace kodra::tests {
 
 // The period that the tests of filtered reports ask for: its first and last day.
 struct Period {
-  support::demo::Day first, last;
+  testbed::Day first, last;
 };
 
 class Reports {
  public:
   explicit Reports(Engine engine) : engine_(engine), connection_(SampleOn(engine)) {
-    support::RegisterSiblings(machine_);
+    siblings::RegisterSiblings(machine_);
   }
 
   const std::wstring& ConnectionString() const { return connection_; }
   void ReadTheEmptyArchive() { connection_ = EmptyOn(engine_); }
 
-  platform::odbc::Surroundings& Machine() { return machine_; }
+  odbc::Surroundings& Machine() { return machine_; }
 
   // A report of a class, told where to read.
   template <class Report>
@@ -42,7 +42,7 @@ class Reports {
   }
 
   // A parameter object with these properties set.
-  using Properties = std::initializer_list<std::pair<const wchar_t*, platform::Value>>;
+  using Properties = std::initializer_list<std::pair<const wchar_t*, Value>>;
   static frame::ParameterObject Parameters(const wchar_t* className, Properties properties = {}) {
     frame::ParameterObject object(frame::ParameterClassNamed(className));
     for (const auto& [name, value] : properties) object.Let(name, value);
@@ -73,7 +73,7 @@ class Reports {
   }
   // The row with that key, or null; a null key finds none, as in a join.
   template <class Record>
-  static const Record* Find(support::demo::Text Record::*key, const support::demo::MaybeText& code) {
+  static const Record* Find(testbed::Text Record::*key, const testbed::MaybeText& code) {
     if (!code) return nullptr;
     for (const Record& record : All<Record>()) {
       if (record.*key == *code) return &record;
@@ -81,14 +81,12 @@ class Reports {
     return nullptr;
   }
   // The organisation's name, which many reports print.
-  static support::demo::MaybeText Company() {
-    return Find(&support::demo::Parametro::codigo, support::demo::Text(L"1"))->empresa;
-  }
+  static testbed::MaybeText Company() { return Find(&testbed::Parametro::codigo, testbed::Text(L"1"))->empresa; }
 
  private:
   Engine engine_;
   std::wstring connection_;
-  platform::odbc::Surroundings machine_;
+  odbc::Surroundings machine_;
 };
 
 // Tests of what is the same on both databases.
@@ -124,6 +122,6 @@ inline std::wstring RefusedBySqlite(const std::wstring& message) {
 }
 
 // A date as a client sets it in a parameter object.
-inline platform::Value DateOf(support::demo::Day day) { return Cell(day); }
+inline Value DateOf(testbed::Day day) { return Cell(day); }
 
 }  // namespace kodra::tests

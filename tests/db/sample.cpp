@@ -1,27 +1,26 @@
-#include "db/sample.h"
+#include "tests/db/sample.h"
 
 #include <filesystem>
 #include <fstream>
 #include <functional>
 
-#include "db/mariadb.h"
-#include "db/temporary_folder.h"
-#include "demo/utf8.h"
-#include "demo/writer.h"
-#include "platform/odbc/connection.h"
+#include "odbc/engine/connection.h"
+#include "testbed/archive/writer.h"
+#include "tests/db/mariadb.h"
+#include "tests/db/temporary_folder.h"
+#include "values/utf8.h"
 
 namespace kodra::tests {
 namespace {
 
-namespace demo = support::demo;
 namespace fs = std::filesystem;
 
-using demo::Caixa;
-using demo::CaixaSubordinada;
-using demo::Container;
-using platform::odbc::Connection;
+using odbc::Connection;
+using testbed::Caixa;
+using testbed::CaixaSubordinada;
+using testbed::Container;
 
-constexpr demo::Size kSize{.documents = 600};
+constexpr testbed::Size kSize{.documents = 600};
 
 // Gone when the test program ends.
 const TemporaryFolder& ProgramFolder() {
@@ -29,8 +28,8 @@ const TemporaryFolder& ProgramFolder() {
   return folder;
 }
 
-CaixaSubordinada Subordinate(const demo::Text& parent, std::int64_t number, const demo::MaybeText& kind,
-                             demo::MaybeDay due = {}) {
+CaixaSubordinada Subordinate(const testbed::Text& parent, std::int64_t number, const testbed::MaybeText& kind,
+                             testbed::MaybeDay due = {}) {
   CaixaSubordinada module;
   module.numCaixa = parent;
   module.numSeq = number;
@@ -79,22 +78,22 @@ void ForEachExtraRow(Visitor&& visit) {
   for (const std::int64_t number : {3, 10, 103}) visit(Subordinate(L"ZZ003", number, L"E"));
 }
 
-std::wstring Literal(const demo::Cell& cell) {
+std::wstring Literal(const testbed::Cell& cell) {
   if (const auto* number = std::get_if<std::int64_t>(&cell)) return std::to_wstring(*number);
   if (const auto* text = std::get_if<std::wstring_view>(&cell)) return L"'" + std::wstring(*text) + L"'";
   const auto quoted = [](const std::string& iso) { return L"'" + std::wstring(iso.begin(), iso.end()) + L"'"; };
-  if (const auto* day = std::get_if<demo::Day>(&cell)) return quoted(demo::IsoText(*day));
-  if (const auto* moment = std::get_if<demo::Moment>(&cell)) return quoted(demo::IsoText(*moment));
+  if (const auto* day = std::get_if<testbed::Day>(&cell)) return quoted(testbed::IsoText(*day));
+  if (const auto* moment = std::get_if<testbed::Moment>(&cell)) return quoted(testbed::IsoText(*moment));
   return L"NULL";
 }
 
 template <class Record>
 void Insert(Connection& connection, const Record& record) {
-  const demo::Table<Record>& table = demo::TableOf<Record>();
-  std::vector<demo::Cell> cells;
+  const testbed::Table<Record>& table = testbed::TableOf<Record>();
+  std::vector<testbed::Cell> cells;
   table.Read(record, cells);
   std::wstring values;
-  for (const demo::Cell& cell : cells) values.append(values.empty() ? L"" : L",").append(Literal(cell));
+  for (const testbed::Cell& cell : cells) values.append(values.empty() ? L"" : L",").append(Literal(cell));
   connection.Execute(L"INSERT INTO " + InsertTarget(table.shape) + L" VALUES (" + values + L")",
                      platform::ad::kCmdText);
 }
@@ -105,10 +104,10 @@ void InsertExtraRows(const std::wstring& connectionString) {
   ForEachExtraRow([&](const auto& record) { Insert(connection, record); });
 }
 
-void CreateTables(const std::wstring& connectionString, demo::Engine engine) {
+void CreateTables(const std::wstring& connectionString, testbed::Engine engine) {
   Connection connection;
   connection.Open(connectionString, L"", L"", platform::ad::kUnspecified);
-  for (const demo::TableShape& table : demo::AllShapes()) {
+  for (const testbed::TableShape& table : testbed::AllShapes()) {
     connection.Execute(CreateTable(table, engine), platform::ad::kCmdText);
   }
 }
@@ -117,7 +116,7 @@ std::wstring SqliteString(const fs::path& path) { return L"Driver={SQLite3};Data
 
 std::wstring SampleOnSqlite() {
   const fs::path path = ProgramFolder() / "acervo.db";
-  demo::WriteSqlite(path, kSize);
+  testbed::WriteSqlite(path, kSize);
   InsertExtraRows(SqliteString(path));
   return SqliteString(path);
 }
@@ -125,7 +124,7 @@ std::wstring SampleOnSqlite() {
 std::wstring SampleOnMariaDb() {
   const fs::path path = ProgramFolder() / "acervo.sql";
   std::ofstream script(path, std::ios::binary);
-  demo::WriteMySql(script, kSize);
+  testbed::WriteMySql(script, kSize);
   script.close();
   MariaDb().CreateDatabase(L"acervo");
   MariaDb().RunScript(L"acervo", path);
@@ -135,21 +134,21 @@ std::wstring SampleOnMariaDb() {
 
 std::wstring EmptyOnSqlite() {
   std::wstring text = SqliteString(ProgramFolder() / "vazio.db");
-  CreateTables(text, demo::Engine::kSqlite);
+  CreateTables(text, testbed::Engine::kSqlite);
   return text;
 }
 
 std::wstring EmptyOnMariaDb() {
   MariaDb().CreateDatabase(L"vazio");
-  CreateTables(MariaDb().ConnectionString(L"vazio"), demo::Engine::kMySql);
+  CreateTables(MariaDb().ConnectionString(L"vazio"), testbed::Engine::kMySql);
   return MariaDb().ConnectionString(L"vazio");
 }
 
 }  // namespace
 
-const demo::Archive& SampleArchive() {
-  static const demo::Archive archive = [] {
-    demo::Archive rows = demo::Generate(kSize);
+const testbed::Archive& SampleArchive() {
+  static const testbed::Archive archive = [] {
+    testbed::Archive rows = testbed::Generate(kSize);
     ForEachExtraRow([&]<class Record>(const Record& record) { rows.Of<Record>().push_back(record); });
     return rows;
   }();
@@ -174,6 +173,6 @@ std::wstring EmptyOn(Engine engine) {
   return mariaDb;
 }
 
-demo::Day Today() { return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()); }
+testbed::Day Today() { return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()); }
 
 }  // namespace kodra::tests

@@ -6,14 +6,14 @@
 
 #include <string>
 
-#include "demo/archive.h"
+#include "testbed/archive/archive.h"
 
 namespace kodra::tests {
 
 enum class Engine { kSqlite, kMariaDb };
 
 // The archive's rows, those that the databases hold.
-const support::demo::Archive& SampleArchive();
+const testbed::Archive& SampleArchive();
 
 // Where a client reads the sample archive.
 std::wstring SampleOn(Engine engine);
@@ -21,6 +21,6 @@ std::wstring SampleOn(Engine engine);
 std::wstring EmptyOn(Engine engine);
 
 // Today, by the databases' clock.
-support::demo::Day Today();
+testbed::Day Today();
 
 }  // namespace kodra::tests

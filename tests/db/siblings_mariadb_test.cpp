@@ -4,22 +4,20 @@
 #include <algorithm>
 #include <fstream>
 
-#include "db/mariadb.h"
-#include "demo/archive.h"
-#include "demo/writer.h"
-#include "platform/odbc/surroundings.h"
+#include "odbc/engine/surroundings.h"
 #include "siblings/sibling_classes.h"
-#include "text/convert.h"
+#include "testbed/archive/archive.h"
+#include "testbed/archive/writer.h"
+#include "tests/db/mariadb.h"
+#include "values/convert.h"
 
-namespace kodra::support {
+namespace kodra::siblings {
 namespace {
 
-using demo::CaixaSubordinada;
-using demo::Evento;
-using platform::ObjectRef;
-using platform::Value;
+using testbed::CaixaSubordinada;
+using testbed::Evento;
 
-constexpr demo::Size kSize{.documents = 600};
+constexpr testbed::Size kSize{.documents = 600};
 
 Value CallOf(const ObjectRef& object, std::wstring_view member, const Value& argument) {
   return object->Call(member, {&argument, 1});
@@ -28,10 +26,10 @@ Value CallOf(const ObjectRef& object, std::wstring_view member, const Value& arg
 class SiblingsOnMariaDb : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    archive = new demo::Archive(demo::Generate(kSize));
+    archive = new testbed::Archive(testbed::Generate(kSize));
     const std::string script = testing::TempDir() + "kodra-siblings-mariadb.sql";
     std::ofstream file(script, std::ios::binary);
-    demo::WriteMySql(file, kSize);
+    testbed::WriteMySql(file, kSize);
     file.close();
     tests::MariaDb().CreateDatabase(L"irmaos");
     tests::MariaDb().RunScript(L"irmaos", script);
@@ -51,7 +49,7 @@ class SiblingsOnMariaDb : public testing::Test {
     std::vector<std::wstring> texts;
     if (const ObjectRef items = platform::ObjectIn(collection)) {
       items->ForEach(
-          [&](const Value& item) { texts.push_back(text::ToText(platform::RequiredObject(item).Get(member))); });
+          [&](const Value& item) { texts.push_back(values::ToText(platform::RequiredObject(item).Get(member))); });
     }
     return texts;
   }
@@ -73,22 +71,22 @@ class SiblingsOnMariaDb : public testing::Test {
     return actions;
   }
 
-  inline static demo::Archive* archive = nullptr;
-  platform::odbc::Surroundings machine;
+  inline static testbed::Archive* archive = nullptr;
+  odbc::Surroundings machine;
 };
 
 TEST_F(SiblingsOnMariaDb, GiveEverySubordinateItsSevenCharacters) {
   std::size_t compared = 0;
-  for (const demo::Caixa& parent : archive->Of<demo::Caixa>()) {
+  for (const testbed::Caixa& parent : archive->Of<testbed::Caixa>()) {
     std::vector<std::wstring> closed;
     std::vector<std::wstring> latest;
-    demo::MaybeDay last;
+    testbed::MaybeDay last;
     for (const CaixaSubordinada& module : archive->Of<CaixaSubordinada>()) {
       if (module.numCaixa == parent.numCaixa) last = std::max(last, module.dataFechamento);
     }
     for (const CaixaSubordinada& module : archive->Of<CaixaSubordinada>()) {
       if (module.numCaixa != parent.numCaixa || !module.dataFechamento) continue;
-      const std::wstring code = module.numCaixa + demo::Padded(module.numSeq, 2);
+      const std::wstring code = module.numCaixa + testbed::Padded(module.numSeq, 2);
       closed.push_back(code);
       if (module.dataFechamento == last) latest.push_back(code);
     }
@@ -119,8 +117,8 @@ TEST_F(SiblingsOnMariaDb, FindTheEventsThatMatchAFilter) {
 TEST_F(SiblingsOnMariaDb, IncludeBothBoundsOfTheTime) {
   const auto moment = archive->Of<Evento>()[30].dataInicial.value();
   const auto isThen = [&](const Evento& event) { return event.dataInicial == moment; };
-  const std::string iso = demo::IsoText(moment);
-  const Value bound = text::ToDate(std::wstring(iso.begin(), iso.end()));
+  const std::string iso = testbed::IsoText(moment);
+  const Value bound = values::ToDate(std::wstring(iso.begin(), iso.end()));
   EXPECT_EQ(ActionsFound({{L"DataInicial", bound}, {L"DataFinal", bound}}), ActionsExpected(isThen));
 }
 
@@ -144,4 +142,4 @@ TEST_F(SiblingsOnMariaDb, TakeQuotesBackslashesAndWildcardsLiterally) {
 }
 
 }  // namespace
-}  // namespace kodra::support
+}  // namespace kodra::siblings

@@ -2,16 +2,16 @@
 #include <algorithm>
 #include <set>
 
-#include "db/reports_on.h"
-#include "demo/generator.h"
-#include "platform/print_value.h"
 #include "reports/documents/solicitacao_rpt.h"
+#include "testbed/archive/generator.h"
+#include "tests/db/reports_on.h"
+#include "tests/odbc/print_value.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class SolicitacaoRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(SolicitacaoRows);

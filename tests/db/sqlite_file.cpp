@@ -1,4 +1,4 @@
-#include "db/sqlite_file.h"
+#include "tests/db/sqlite_file.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -7,7 +7,7 @@
 
 #include <string>
 
-#include "platform/odbc/connection.h"
+#include "odbc/engine/connection.h"
 
 namespace kodra::tests {
 
@@ -24,12 +24,12 @@ class SqliteFile {
   // Runs one statement.
   void Run(const std::wstring& statement);
   // Open, and open until the object is gone.
-  platform::odbc::Connection& Connection() { return connection_; }
+  odbc::Connection& Connection() { return connection_; }
 
  private:
   std::string folder_;
   std::wstring path_;
-  platform::odbc::Connection connection_;
+  odbc::Connection connection_;
 };
 
 }  // namespace kodra::tests

@@ -1,21 +1,19 @@
-#include "db/table.h"
+#include "tests/db/table.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "demo/utf8.h"
-#include "platform/decimal.h"
-#include "platform/odbc/recordset.h"
+#include "odbc/engine/recordset.h"
+#include "values/decimal.h"
+#include "values/utf8.h"
 
 namespace kodra::tests {
 namespace {
 
-using platform::Date;
-using platform::Value;
-using support::demo::Day;
-using support::demo::Moment;
+using testbed::Day;
+using testbed::Moment;
 
 constexpr double kSecondsADay = 86400;
 constexpr std::size_t kRowsShown = 3;
@@ -34,11 +32,11 @@ bool RowLess(const Table::Row& a, const Table::Row& b) {
   return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), Less);
 }
 
-using support::demo::ToUtf8;
+using values::ToUtf8;
 
 std::string Shown(const Value& value) {
-  if (value.Is<platform::Null>()) return "NULL";
-  if (value.Is<platform::Empty>()) return "EMPTY";
+  if (value.Is<Null>()) return "NULL";
+  if (value.Is<Empty>()) return "EMPTY";
   if (value.Is<bool>()) return value.As<bool>() ? "TRUE" : "FALSE";
   if (value.Is<double>()) return testing::PrintToString(value.As<double>());
   if (value.Is<Date>()) return "DATE " + testing::PrintToString(value.As<Date>().days);
@@ -77,7 +75,7 @@ Value Cell(const Value& value) {
   if (value.Is<std::int32_t>()) return static_cast<double>(value.As<std::int32_t>());
   if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
   if (value.Is<float>()) return static_cast<double>(value.As<float>());
-  if (value.Is<platform::Decimal>()) return platform::ToDouble(value.As<platform::Decimal>());
+  if (value.Is<Decimal>()) return values::ToDouble(value.As<Decimal>());
   if (value.Is<Date>()) return Date{std::round(value.As<Date>().days * kSecondsADay) / kSecondsADay};
   return value;
 }
@@ -90,7 +88,7 @@ Value Cell(Moment moment) {
 }
 
 Table Read(platform::Recordset& recordset) {
-  auto& rows = dynamic_cast<platform::odbc::Recordset&>(recordset);
+  auto& rows = dynamic_cast<odbc::Recordset&>(recordset);
   Table table({});
   for (std::int32_t i = 0; i < rows.FieldCount(); ++i) table.columns.push_back(rows.FieldAt(i).name);
   if (rows.Eof()) return table;

@@ -11,28 +11,28 @@
 #include <string_view>
 #include <vector>
 
-#include "demo/records.h"
 #include "platform/ado.h"
-#include "platform/value.h"
+#include "testbed/archive/records.h"
+#include "values/value.h"
 
 namespace kodra::tests {
 
 // How values are compared: a number of any type is a double, a date counts to the second. Everything else, the kind of
 // value above all, must be the same: a date is never its text, and null is not empty.
-platform::Value Cell(const platform::Value& value);
-inline platform::Value Cell(const wchar_t* text) { return text; }
-inline platform::Value Cell(const std::wstring& text) { return text; }
-inline platform::Value Cell(std::int64_t number) { return static_cast<double>(number); }
-inline platform::Value Cell(bool flag) { return flag; }
-platform::Value Cell(support::demo::Day day);
-platform::Value Cell(support::demo::Moment moment);
+Value Cell(const Value& value);
+inline Value Cell(const wchar_t* text) { return text; }
+inline Value Cell(const std::wstring& text) { return text; }
+inline Value Cell(std::int64_t number) { return static_cast<double>(number); }
+inline Value Cell(bool flag) { return flag; }
+Value Cell(testbed::Day day);
+Value Cell(testbed::Moment moment);
 template <class T>
-platform::Value Cell(const std::optional<T>& value) {
-  return value ? Cell(*value) : platform::Value(platform::Null{});
+Value Cell(const std::optional<T>& value) {
+  return value ? Cell(*value) : Value(Null{});
 }
 
 struct Table {
-  using Row = std::vector<platform::Value>;
+  using Row = std::vector<Value>;
 
   explicit Table(std::vector<std::wstring> names) : columns(std::move(names)) {}
 
@@ -45,7 +45,7 @@ struct Table {
   std::vector<Row> rows;
 };
 
-// All columns and all rows from the current one on of a recordset of platform::odbc.
+// All columns and all rows from the current one on of a recordset of odbc.
 Table Read(platform::Recordset& recordset);
 
 // Compares columns and rows. The rows of `actual` must be in ascending order of the columns of `order`; beyond that

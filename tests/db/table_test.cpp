@@ -1,5 +1,5 @@
 // The comparison that the tests of rows stand on: what it must refuse.
-#include "db/table.h"
+#include "tests/db/table.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -33,14 +33,12 @@ TEST(Rows, OfOtherColumnsAndOfAnEmptyExpectationFail) {
 }
 
 TEST(Cells, NumbersOfEveryTypeAreEqualAndDatesCountToTheSecond) {
-  using platform::Date;
-  using platform::Value;
   EXPECT_EQ(Cell(Value(std::int32_t{7})), Cell(Value(std::int64_t{7})));
   EXPECT_EQ(Cell(Value(7.0)), Cell(std::int64_t{7}));
   EXPECT_EQ(Cell(Value(Date{45443.000000001})), Cell(std::chrono::sys_days(std::chrono::year(2024) / 5 / 31)));
   EXPECT_NE(Cell(Value(Date{45443.0001})), Cell(Value(Date{45443.0})));
   EXPECT_NE(Cell(Value(L"2024-05-31")), Cell(Value(Date{45443.0})));
-  EXPECT_NE(Cell(Value(L"")), Cell(Value(platform::Null{})));
+  EXPECT_NE(Cell(Value(L"")), Cell(Value(Null{})));
   EXPECT_NE(Cell(Value(L"7")), Cell(std::int64_t{7}));
 }
 

@@ -1,17 +1,17 @@
 // The registers that stand on the taxonomy: inner joins drop rows, left joins keep them, on both databases alike.
 #include <algorithm>
 
-#include "db/reports_on.h"
 #include "reports/catalog/dicionario_rpt.h"
 #include "reports/catalog/modelo_rpt.h"
 #include "reports/catalog/serie_rpt.h"
 #include "reports/catalog/subgrupo_rpt.h"
+#include "tests/db/reports_on.h"
 
 namespace kodra::tests {
 namespace {
 
 using namespace reports;
-using namespace support::demo;
+using namespace testbed;
 
 class TaxonomyRows : public OnBoth {};
 KODRA_ON_BOTH_DATABASES(TaxonomyRows);
@@ -100,7 +100,7 @@ Table Models(const MaybeText& code) {
 TEST_P(TaxonomyRows, AllModelsComeEvenThoseOfASubgroupWithoutAGroup) {
   const Table expected = Models({});
   ASSERT_TRUE(std::any_of(expected.rows.begin(), expected.rows.end(),
-                          [](const Table::Row& row) { return row[0] == platform::Value(platform::Null{}); }));
+                          [](const Table::Row& row) { return row[0] == Value(Null{}); }));
   ExpectRows(RowsOf(&CModeloRpt::RelatorioModelos, Parameters(L"CModeloRptObj")), expected,
              {L"GRUPO", L"SUBGRUPO", L"SERIE"});
 }

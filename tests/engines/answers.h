@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "engines/statements.h"
+#include "tests/engines/statements.h"
 
 namespace kodra::engines {
 

@@ -1,7 +1,7 @@
 // The table of cases. A report that is not in it has one case, with nothing set.
-#include "engines/cases.h"
+#include "tests/engines/cases.h"
 
-#include "demo/utf8.h"
+#include "values/utf8.h"
 
 namespace kodra::engines {
 namespace {
@@ -164,7 +164,7 @@ std::vector<Case> Cases() {
 }
 
 std::string NameOf(const reports::ReportMethod& method) {
-  return support::demo::ToUtf8(method.className) + "." + support::demo::ToUtf8(method.method);
+  return values::ToUtf8(method.className) + "." + values::ToUtf8(method.method);
 }
 
 }  // namespace kodra::engines

@@ -6,15 +6,15 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/value.h"
-#include "reports/report_methods.h"
+#include "console/reports/report_methods.h"
+#include "values/value.h"
 
 namespace kodra::engines {
 
 // A property of the parameter object and what the client sets it to.
 struct Setting {
   std::wstring_view property;
-  platform::Value value;
+  Value value;
 };
 
 struct Case {

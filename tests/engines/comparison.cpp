@@ -1,10 +1,10 @@
-#include "engines/comparison.h"
+#include "tests/engines/comparison.h"
 
 #include <algorithm>
 #include <map>
 #include <utility>
 
-#include "demo/utf8.h"
+#include "values/utf8.h"
 
 namespace kodra::engines {
 namespace {
@@ -40,7 +40,7 @@ std::vector<std::string> SortColumns(const std::wstring& statement) {
   const std::size_t start = statement.rfind(kKeyword);
   if (start == std::wstring::npos) return {};
   std::vector<std::string> names = {""};
-  for (const char c : support::demo::ToUtf8(statement.substr(start + kKeyword.size()))) {
+  for (const char c : values::ToUtf8(statement.substr(start + kKeyword.size()))) {
     if (c == ',') names.emplace_back();
     if (c == '.') names.back().clear();  // the alias of a table
     if (c != ',' && c != '.' && c != ' ') names.back() += c;

@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-#include "engines/run.h"
+#include "tests/engines/run.h"
 
 namespace kodra::engines {
 

@@ -1,4 +1,4 @@
-#include "engines/engines.h"
+#include "tests/engines/engines.h"
 
 #include <array>
 

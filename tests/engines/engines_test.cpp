@@ -5,17 +5,17 @@
 #include <algorithm>
 #include <set>
 
-#include "demo/utf8.h"
-#include "engines/comparison.h"
-#include "engines/expectations.h"
-#include "engines/page.h"
-#include "engines/run.h"
-#include "engines/vocabulary.h"
+#include "tests/engines/comparison.h"
+#include "tests/engines/expectations.h"
+#include "tests/engines/page.h"
+#include "tests/engines/run.h"
+#include "tests/engines/vocabulary.h"
+#include "values/utf8.h"
 
 namespace kodra::engines {
 namespace {
 
-using support::demo::ToUtf8;
+using values::ToUtf8;
 
 std::string Shown(const Asked& asked) {
   return asked.statement.label + (asked.statement.otherCode ? ", code 5" : "") + "\n  " + ToUtf8(asked.statement.text);

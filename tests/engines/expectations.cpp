@@ -1,4 +1,4 @@
-#include "engines/expectations.h"
+#include "tests/engines/expectations.h"
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engines/run.h"
+#include "tests/engines/run.h"
 
 namespace kodra::engines {
 

@@ -3,45 +3,44 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "db/sample.h"
-#include "db/temporary_folder.h"
-#include "demo/schema.h"
-#include "demo/utf8.h"
-#include "engines/answers.h"
-#include "engines/fields.h"
-#include "mariadb/child_process.h"
+#include "testbed/archive/schema.h"
+#include "testbed/mariadb/child_process.h"
+#include "tests/db/sample.h"
+#include "tests/db/temporary_folder.h"
+#include "tests/engines/answers.h"
+#include "tests/engines/fields.h"
+#include "values/utf8.h"
 
 namespace kodra::engines {
 namespace {
 
-namespace demo = support::demo;
 namespace fs = std::filesystem;
 
 const fs::path kSources = KODRA_ENGINES;  // this folder
 constexpr const char* kJars = "/usr/share/java/h2.jar:/usr/share/java/hsqldb.jar:/usr/share/java/derby.jar";
 
-std::string FieldOf(const demo::Cell& cell) {
+std::string FieldOf(const testbed::Cell& cell) {
   if (const auto* number = std::get_if<std::int64_t>(&cell)) return "n" + std::to_string(*number);
-  if (const auto* text = std::get_if<std::wstring_view>(&cell)) return "t" + Escaped(demo::ToUtf8(*text));
-  if (const auto* day = std::get_if<demo::Day>(&cell)) return "d" + demo::IsoText(*day) + " 00:00:00";
-  if (const auto* moment = std::get_if<demo::Moment>(&cell)) return "d" + demo::IsoText(*moment);
+  if (const auto* text = std::get_if<std::wstring_view>(&cell)) return "t" + Escaped(values::ToUtf8(*text));
+  if (const auto* day = std::get_if<testbed::Day>(&cell)) return "d" + testbed::IsoText(*day) + " 00:00:00";
+  if (const auto* moment = std::get_if<testbed::Moment>(&cell)) return "d" + testbed::IsoText(*moment);
   return kNull;
 }
 
 // The archive as the runner loads it.
 void WriteArchive(const fs::path& path) {
   std::ofstream out(path, std::ios::binary);
-  demo::ForEachRecordType([&]<class Record>() {
-    const demo::Table<Record>& table = demo::TableOf<Record>();
-    out << "run\t" << Escaped(demo::ToUtf8(CreateTable(table.shape, demo::Engine::kStandard))) << "\n";
-    out << "insert\tINSERT INTO " << demo::ToUtf8(InsertTarget(table.shape)) << " VALUES (?";
+  testbed::ForEachRecordType([&]<class Record>() {
+    const testbed::Table<Record>& table = testbed::TableOf<Record>();
+    out << "run\t" << Escaped(values::ToUtf8(CreateTable(table.shape, testbed::Engine::kStandard))) << "\n";
+    out << "insert\tINSERT INTO " << values::ToUtf8(InsertTarget(table.shape)) << " VALUES (?";
     for (std::size_t i = 1; i < table.shape.columns.size(); ++i) out << ",?";
     out << ")\n";
-    std::vector<demo::Cell> cells;
+    std::vector<testbed::Cell> cells;
     for (const Record& record : tests::SampleArchive().Of<Record>()) {
       table.Read(record, cells);
       out << "row";
-      for (const demo::Cell& cell : cells) out << "\t" << FieldOf(cell);
+      for (const testbed::Cell& cell : cells) out << "\t" << FieldOf(cell);
       out << "\n";
     }
   });
@@ -50,8 +49,8 @@ void WriteArchive(const fs::path& path) {
 void WriteStatements(const fs::path& path, std::span<const Statement> statements) {
   std::ofstream out(path, std::ios::binary);
   for (const Statement& statement : statements) {
-    out << Escaped(demo::ToUtf8(statement.text));
-    if (statement.parameter) out << "\t" << Escaped(demo::ToUtf8(*statement.parameter));
+    out << Escaped(values::ToUtf8(statement.text));
+    if (statement.parameter) out << "\t" << Escaped(values::ToUtf8(*statement.parameter));
     out << "\n";
   }
 }
@@ -77,7 +76,7 @@ std::vector<Answer> ReadAnswers(const fs::path& path) {
 // Runs a program with its output in a file, which is shown when the program fails.
 void Run(std::vector<std::string> command, const fs::path& log) {
   const std::string program = command.front();
-  const int code = support::WaitFor(support::Spawn({.command = std::move(command), .input = {}, .output = log}));
+  const int code = testbed::WaitFor(testbed::Spawn({.command = std::move(command), .input = {}, .output = log}));
   if (code == 0) return;
   std::ifstream in(log);
   throw std::runtime_error(program + " ended with " + std::to_string(code) + ":\n" +

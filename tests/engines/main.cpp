@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "engines/page.h"
+#include "tests/engines/page.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

@@ -1,33 +1,29 @@
 // The engines that are reached through ODBC.
 #include <algorithm>
 
-#include "demo/utf8.h"
-#include "engines/answers.h"
-#include "engines/fields.h"
-#include "platform/odbc/command.h"
-#include "platform/odbc/connection.h"
-#include "platform/odbc/recordset.h"
-#include "text/format_date.h"
-#include "text/numbers.h"
+#include "odbc/engine/command.h"
+#include "odbc/engine/connection.h"
+#include "odbc/engine/recordset.h"
+#include "tests/engines/answers.h"
+#include "tests/engines/fields.h"
+#include "values/format_date.h"
+#include "values/numbers.h"
+#include "values/utf8.h"
 
 namespace kodra::engines {
 namespace {
 
-namespace odbc = platform::odbc;
 namespace ad = platform::ad;
-using platform::Value;
-using support::demo::ToUtf8;
+using values::ToUtf8;
 
 struct TextOf {
-  std::string operator()(platform::Null) const { return kNull; }
+  std::string operator()(Null) const { return kNull; }
   std::string operator()(std::int32_t number) const { return "n" + std::to_string(number); }
   std::string operator()(std::int64_t number) const { return "n" + std::to_string(number); }
-  std::string operator()(float number) const { return Number(text::NumberToText(number)); }
-  std::string operator()(double number) const { return Number(text::NumberToText(number)); }
-  std::string operator()(const platform::Decimal& number) const { return Number(text::NumberToText(number)); }
-  std::string operator()(platform::Date date) const {
-    return "d" + ToUtf8(text::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date));
-  }
+  std::string operator()(float number) const { return Number(values::NumberToText(number)); }
+  std::string operator()(double number) const { return Number(values::NumberToText(number)); }
+  std::string operator()(const Decimal& number) const { return Number(values::NumberToText(number)); }
+  std::string operator()(Date date) const { return "d" + ToUtf8(values::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date)); }
   std::string operator()(const std::wstring& text) const { return "t" + Escaped(ToUtf8(text)); }
   template <class Other>
   std::string operator()(const Other&) const {
@@ -66,7 +62,7 @@ Answer Ask(const Statement& statement, odbc::Connection& connection) {
     recordset.SetCursorLocation(ad::kUseClient);
     recordset.Open(&command, {}, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
     return Read(recordset);
-  } catch (const platform::Erro& erro) {
+  } catch (const Erro& erro) {
     return {.error = ToUtf8(erro.Description())};
   }
 }

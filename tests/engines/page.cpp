@@ -1,12 +1,12 @@
-#include "engines/page.h"
+#include "tests/engines/page.h"
 
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
-#include "engines/comparison.h"
-#include "engines/expectations.h"
-#include "engines/run.h"
+#include "tests/engines/comparison.h"
+#include "tests/engines/expectations.h"
+#include "tests/engines/run.h"
 
 namespace kodra::engines {
 namespace {

@@ -1,9 +1,9 @@
-#include "engines/run.h"
+#include "tests/engines/run.h"
 
 #include <algorithm>
 #include <map>
 
-#include "db/sample.h"
+#include "tests/db/sample.h"
 
 namespace kodra::engines {
 namespace {

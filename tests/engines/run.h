@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
-#include "engines/answers.h"
-#include "engines/engines.h"
-#include "engines/statements.h"
+#include "tests/engines/answers.h"
+#include "tests/engines/engines.h"
+#include "tests/engines/statements.h"
 
 namespace kodra::engines {
 

@@ -1,23 +1,21 @@
-#include "engines/statements.h"
+#include "tests/engines/statements.h"
 
 #include <map>
 #include <memory>
 #include <utility>
 
-#include "db/sample.h"
 #include "frame/parameter_object.h"
-#include "platform/odbc/command.h"
-#include "platform/odbc/recordset.h"
-#include "platform/odbc/surroundings.h"
+#include "odbc/engine/command.h"
+#include "odbc/engine/recordset.h"
+#include "odbc/engine/surroundings.h"
 #include "reports/modules/caixa_rpt.h"
 #include "siblings/sibling_classes.h"
 #include "sql/tipo_banco.h"
-#include "support/connection_object.h"
+#include "tests/db/sample.h"
+#include "tests/siblings/connection_object.h"
 
 namespace kodra::engines {
 namespace {
-
-namespace odbc = platform::odbc;
 
 struct Caught {
   std::wstring text;
@@ -49,7 +47,7 @@ class CatchingRecordset final : public odbc::Recordset {
     const bool standsIn = std::holds_alternative<std::wstring_view>(source) && position < log_.standIns.size();
     try {
       open(standsIn ? log_.standIns[position].text : source);
-    } catch (const platform::Erro&) {
+    } catch (const Erro&) {
       if (inMemory) throw;
       open(std::wstring(L"SELECT 1 WHERE 1=0"));
     }
@@ -75,13 +73,13 @@ class CatchingSurroundings final : public odbc::Surroundings {
 };
 
 // A connection component that knows one answer.
-class FixedStrCon final : public support::Sibling<FixedStrCon> {
+class FixedStrCon final : public siblings::Sibling<FixedStrCon> {
  public:
   explicit FixedStrCon(std::int32_t code) : code_(code) {}
-  static std::span<const support::Member<FixedStrCon>> Members() {
-    static const support::Member<FixedStrCon> kMembers[] = {
-        support::Property<&FixedStrCon::text_>(L"StrCon"),
-        support::ReadOnly<&FixedStrCon::code_>(L"TipoBanco"),
+  static std::span<const siblings::Member<FixedStrCon>> Members() {
+    static const siblings::Member<FixedStrCon> kMembers[] = {
+        siblings::Property<&FixedStrCon::text_>(L"StrCon"),
+        siblings::ReadOnly<&FixedStrCon::code_>(L"TipoBanco"),
     };
     return kMembers;
   }
@@ -115,7 +113,7 @@ ModuleMethod ModuleMethodNamed(std::wstring_view name) {
 class Catcher {
  public:
   explicit Catcher(std::int32_t code) : archive_(tests::SampleOn(tests::Engine::kSqlite)) {
-    support::RegisterSiblings(machine_, siblingsMachine_);
+    siblings::RegisterSiblings(machine_, siblingsMachine_);
     machine_.Register(L"KodraConexao.StrCon", [code] { return std::make_shared<FixedStrCon>(code); });
   }
 
@@ -130,14 +128,14 @@ class Catcher {
         CallOnClientsConnection(*wanted.method, parameters);
       else
         wanted.method->call(machine_, archive_, &parameters);
-    } catch (const platform::Erro&) {  // NOLINT(bugprone-empty-catch): see above
+    } catch (const Erro&) {  // NOLINT(bugprone-empty-catch): see above
     }
     return machine_.log.caught;
   }
 
  private:
   void CallOnClientsConnection(const reports::ReportMethod& method, frame::ParameterObject& parameters) {
-    const auto client = std::make_shared<support::ConnectionObject>(siblingsMachine_, archive_);
+    const auto client = std::make_shared<siblings::ConnectionObject>(siblingsMachine_, archive_);
     reports::CCaixaRpt report(machine_);
     report.SetConexao({client->Connection(), client});
     (report.*ModuleMethodNamed(method.method))(&parameters);

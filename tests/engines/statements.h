@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "engines/cases.h"
-#include "engines/engines.h"
+#include "tests/engines/cases.h"
+#include "tests/engines/engines.h"
 
 namespace kodra::engines {
 

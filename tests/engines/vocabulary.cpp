@@ -1,9 +1,9 @@
-#include "engines/vocabulary.h"
+#include "tests/engines/vocabulary.h"
 
 #include <algorithm>
 #include <string_view>
 
-#include "demo/utf8.h"
+#include "values/utf8.h"
 
 namespace kodra::engines {
 namespace {
@@ -65,7 +65,7 @@ bool IsPartOfWord(char c) {
 std::string WithoutTexts(const std::wstring& statement) {
   std::string rest;
   bool inText = false;
-  for (const char c : support::demo::ToUtf8(statement)) {
+  for (const char c : values::ToUtf8(statement)) {
     if (!inText || c == '\'') rest += c;
     if (c == '\'') inText = !inText;
   }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engines/engines.h"
+#include "tests/engines/engines.h"
 
 namespace kodra::engines {
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
+#include "tests/recorder/fake_surroundings.h"
 
 namespace kodra::frame {
 namespace {

@@ -30,13 +30,13 @@ TEST(CErroTest, GivesBackWhatWasSet) {
 
 TEST(CErroTest, PrintsANegativeNumberInDecimal) {
   CErro erro;
-  erro.SetErro(platform::Erro(platform::kErrBase + 8107, L"KodraRpt.CCDRpt::RelatorioMidias", L"Falha"));
+  erro.SetErro(Erro(kErrBase + 8107, L"KodraRpt.CCDRpt::RelatorioMidias", L"Falha"));
   EXPECT_EQ(erro.ToString(), L"Erro -2147213397 em KodraRpt.CCDRpt::RelatorioMidias: Falha");
 }
 
 TEST(CErroTest, TakesOverAWholeError) {
   CErro erro;
-  erro.SetErro(platform::Erro(429, L"Fonte", L"Descrição"), 126);
+  erro.SetErro(Erro(429, L"Fonte", L"Descrição"), 126);
   EXPECT_EQ(erro.Number(), 429);
   EXPECT_EQ(erro.Description(), L"Descrição");
   EXPECT_EQ(erro.Source(), L"Fonte");
@@ -45,8 +45,8 @@ TEST(CErroTest, TakesOverAWholeError) {
 
 TEST(CErroTest, ReplacesTheFormerErrorWhole) {
   CErro erro;
-  erro.SetErro(platform::Erro(429, L"Fonte", L"Descrição"), 126);
-  erro.SetErro(platform::Erro(0, L"", L""));
+  erro.SetErro(Erro(429, L"Fonte", L"Descrição"), 126);
+  erro.SetErro(Erro(0, L"", L""));
   EXPECT_EQ(erro.Number(), 0);
   EXPECT_EQ(erro.Description(), L"");
   EXPECT_EQ(erro.Source(), L"");

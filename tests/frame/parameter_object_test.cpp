@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::frame {
 namespace {
 
-using platform::Date;
-using platform::Value;
 using recorder::FakeSurroundings;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -234,7 +232,7 @@ TEST(ParameterObjectTest, FindsAPropertyInAnyLetterCase) {
 TEST(ParameterObjectTest, TurnsWhatATextPropertyIsGivenIntoText) {
   ParameterObject object = NewObject(L"CDeptoRptObj");
   const std::pair<Value, const wchar_t*> kCases[] = {
-      {5, L"5"}, {1.5, L"1,5"}, {true, L"Verdadeiro"}, {platform::Empty{}, L""}, {Date{45291}, L"31/12/2023"},
+      {5, L"5"}, {1.5, L"1,5"}, {true, L"Verdadeiro"}, {Empty{}, L""}, {Date{45291}, L"31/12/2023"},
   };
   for (const auto& [given, kept] : kCases) {
     object.Let(L"Owner", given);
@@ -245,7 +243,7 @@ TEST(ParameterObjectTest, TurnsWhatATextPropertyIsGivenIntoText) {
 TEST(ParameterObjectTest, TurnsWhatADatePropertyIsGivenIntoADate) {
   ParameterObject object = NewObject(L"CLogRptObj");
   const std::pair<Value, double> kCases[] = {
-      {L"31/12/2023", 45291}, {L"31/12/2023 12:00:00", 45291.5}, {45291, 45291}, {2.25, 2.25}, {platform::Empty{}, 0},
+      {L"31/12/2023", 45291}, {L"31/12/2023 12:00:00", 45291.5}, {45291, 45291}, {2.25, 2.25}, {Empty{}, 0},
   };
   for (const auto& [given, kept] : kCases) {
     object.Let(L"DataInicial", given);
@@ -257,7 +255,7 @@ TEST(ParameterObjectTest, TurnsWhatAFlagIsGivenIntoABoolean) {
   ParameterObject object = NewObject(L"CSolicitacaoRptObj");
   const std::pair<Value, bool> kCases[] = {
       {-1, true},        {1, true},   {0, false},   {L"Verdadeiro", true},
-      {L"false", false}, {0.5, true}, {L"2", true}, {platform::Empty{}, false},
+      {L"false", false}, {0.5, true}, {L"2", true}, {Empty{}, false},
   };
   for (const auto& [given, kept] : kCases) {
     object.Let(L"ListarJaDevolvidos", given);
@@ -278,10 +276,10 @@ TEST(ParameterObjectTest, RefusesWhatIsNoDateOrFlagAndKeepsItsValue) {
 
 TEST(ParameterObjectTest, RefusesANullAndAnObjectWithoutDefaultPropertyAndKeepsItsValue) {
   FakeSurroundings around;
-  const platform::ObjectRef other = around.NewObject(L"Outro", {});
+  const ObjectRef other = around.NewObject(L"Outro", {});
   ForEachProperty([&](ParameterObject& object, const Expected& property) {
     const Value start = object.Get(property.name);
-    EXPECT_EQ(RaisedBy([&] { object.Let(property.name, platform::Null{}); }), kInvalidUseOfNull);
+    EXPECT_EQ(RaisedBy([&] { object.Let(property.name, Null{}); }), kInvalidUseOfNull);
     EXPECT_EQ(RaisedBy([&] { object.Let(property.name, other); }), kMemberNotFound);
     EXPECT_EQ(object.Get(property.name), start);
   });

@@ -4,13 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::frame {
 namespace {
 
-using platform::Value;
 using recorder::Failure;
 using recorder::FakeSurroundings;
 using recorder::Lines;
@@ -23,9 +22,7 @@ const Raised kInvalidUseOfNull = {94, "KodraRpt", "Uso de 'Null' inválido"};
 
 class ParameterReaderTest : public testing::Test {
  protected:
-  platform::ObjectRef Parameters(const Value& answer) {
-    return around_.NewObject(L"Parametros", {{L"TipoRpt", {answer}}});
-  }
+  ObjectRef Parameters(const Value& answer) { return around_.NewObject(L"Parametros", {{L"TipoRpt", {answer}}}); }
   std::wstring ReadFrom(const Value& answer) { return ReadText(*Parameters(answer), L"TipoRpt"); }
 
   FakeSurroundings around_;
@@ -44,13 +41,13 @@ TEST_F(ParameterReaderTest, ReadsTheComponentsOwnObjects) {
 
 TEST_F(ParameterReaderTest, TurnsAnotherKindOfValueIntoText) {
   EXPECT_EQ(ReadFrom(5), L"5");
-  EXPECT_EQ(ReadFrom(platform::Empty{}), L"");
+  EXPECT_EQ(ReadFrom(Empty{}), L"");
 }
 
 TEST_F(ParameterReaderTest, ReadsADateFromADateOrItsText) {
-  for (const Value& answer : {Value(platform::Date{45291.5}), Value(L"31/12/2023 12:00:00"), Value(45291.5)})
-    EXPECT_EQ(ReadDate(*Parameters(answer), L"TipoRpt"), platform::Date{45291.5});
-  EXPECT_EQ(ReadDate(*Parameters(platform::Empty{}), L"TipoRpt"), platform::Date{0});
+  for (const Value& answer : {Value(Date{45291.5}), Value(L"31/12/2023 12:00:00"), Value(45291.5)})
+    EXPECT_EQ(ReadDate(*Parameters(answer), L"TipoRpt"), Date{45291.5});
+  EXPECT_EQ(ReadDate(*Parameters(Empty{}), L"TipoRpt"), Date{0});
   EXPECT_EQ(RaisedBy([&] { ReadDate(*Parameters(L"ontem"), L"TipoRpt"); }), kTypeMismatch);
 }
 
@@ -73,7 +70,7 @@ TEST_F(ParameterReaderTest, NamesThePropertyThatTheObjectDoesNotHave) {
 TEST_F(ParameterReaderTest, KeepsTheDescriptionOfAMissingMemberThatTheGetterItselfRaises) {
   const auto object = Parameters(L"V");
   const auto raises = [&] {
-    around_.journal.FailOn(L"Parametros.Get", Failure(platform::Erro(438, L"Cliente", L"O documento não tem capa")));
+    around_.journal.FailOn(L"Parametros.Get", Failure(Erro(438, L"Cliente", L"O documento não tem capa")));
   };
   const Raised own = {438, "Cliente", "O documento não tem capa"};
   raises();
@@ -85,12 +82,12 @@ TEST_F(ParameterReaderTest, KeepsTheDescriptionOfAMissingMemberThatTheGetterItse
 }
 
 TEST_F(ParameterReaderTest, LetsAnyOtherErrorThrough) {
-  around_.journal.FailOn(L"Parametros.Get", Failure(platform::Erro(-2147220000, L"Cliente", L"Agora não")));
+  around_.journal.FailOn(L"Parametros.Get", Failure(Erro(-2147220000, L"Cliente", L"Agora não")));
   EXPECT_EQ(RaisedBy([&] { ReadFrom(L"V"); }), (Raised{-2147220000, "Cliente", "Agora não"}));
 }
 
 TEST_F(ParameterReaderTest, RefusesANullAndAnObjectWithoutDefaultProperty) {
-  const auto null = Parameters(platform::Null{});
+  const auto null = Parameters(Null{});
   EXPECT_EQ(RaisedBy([&] { ReadText(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   EXPECT_EQ(RaisedBy([&] { ReadDate(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   EXPECT_EQ(RaisedBy([&] { ReadFlag(*null, L"TipoRpt"); }), kInvalidUseOfNull);

@@ -7,14 +7,13 @@
 #include <stdexcept>
 #include <thread>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
 #include "sql/tradutor_sql.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::frame {
 namespace {
 
-using platform::Value;
 using recorder::Failure;
 using recorder::FakeSurroundings;
 using recorder::Framed;
@@ -60,7 +59,7 @@ class ReportClassTest : public testing::Test {
   }
 
   FakeSurroundings around_;
-  platform::ObjectRef parameters_ = around_.NewObject(L"Parametros", {});
+  ObjectRef parameters_ = around_.NewObject(L"Parametros", {});
   ProbeReport report_{around_};
 };
 
@@ -154,7 +153,7 @@ TEST_F(ReportClassTest, LetsAConnectionStringOfOneBlankThrough) {
 
 TEST_F(ReportClassTest, FramesAConnectionStringThatTheConnectionComponentRefuses) {
   Connect(L" ", 2);
-  around_.journal.FailOn(L"Object1.Let", Failure(platform::Erro(-2147220991, L"KodraConexao", L"String inválida")));
+  around_.journal.FailOn(L"Object1.Let", Failure(Erro(-2147220991, L"KodraConexao", L"String inválida")));
   EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "String inválida"));
 }
 
@@ -178,7 +177,7 @@ TEST_F(ReportClassTest, ConvertsTheDatabaseCodeToANumber) {
 TEST_F(ReportClassTest, FramesADatabaseCodeThatIsNoNumber) {
   Connect(L"x", L"Oracle");
   EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "Tipos incompatíveis"));
-  Connect(L"x", platform::Null{});
+  Connect(L"x", Null{});
   EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "Uso de 'Null' inválido"));
   Connect(L"x", 3e9);
   EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "Estouro"));
@@ -268,7 +267,7 @@ struct OtherReport {
   void Run(const std::function<ReportRows()>& body) { report.RelatorioProva(parameters.get(), body); }
 
   FakeSurroundings around;
-  platform::ObjectRef parameters = around.NewObject(L"Parametros", {});
+  ObjectRef parameters = around.NewObject(L"Parametros", {});
   ProbeReport report{around};
 };
 
@@ -298,9 +297,7 @@ TEST_F(ReportClassTest, KeepsItsDatabaseWhenAReportInsideItFails) {
   OtherReport sqlite(7);
   OtherReport other4(4);
   report_.RelatorioProva(parameters_.get(), [&] {
-    EXPECT_EQ(RaisedBy([&] {
-                sqlite.Run([]() -> ReportRows { throw platform::Erro(-2147220000, L"Prova.Fonte", L"Falha"); });
-              }),
+    EXPECT_EQ(RaisedBy([&] { sqlite.Run([]() -> ReportRows { throw Erro(-2147220000, L"Prova.Fonte", L"Falha"); }); }),
               Framed("CProvaRpt::RelatorioProva", "Falha"));
     EXPECT_EQ(Today(), kOracle);
     EXPECT_EQ(RaisedBy([&] { other4.report.RelatorioProva(other4.parameters.get()); }),
@@ -342,16 +339,15 @@ TEST_F(ReportClassTest, LeavesTheTranslatorsCodeOfTheOutermostCall) {
   sqlite.Run([] { return nullptr; });
   EXPECT_EQ(sql::TipoBancoAtual(), 7);
   Connect(L"x", 2);
-  EXPECT_EQ(RaisedByBody([&]() -> ReportRows { throw platform::Erro(5, L"", L"Falha"); }),
+  EXPECT_EQ(RaisedByBody([&]() -> ReportRows { throw Erro(5, L"", L"Falha"); }),
             Framed("CProvaRpt::RelatorioProva", "Falha"));
   EXPECT_EQ(sql::TipoBancoAtual(), 2);
 }
 
 TEST_F(ReportClassTest, KeepsOnlyTheDescriptionOfAnError) {
-  EXPECT_EQ(RaisedByBody([]() -> ReportRows { throw platform::Erro(-2147220000, L"Outro.Modulo", L"Falha qualquer"); }),
+  EXPECT_EQ(RaisedByBody([]() -> ReportRows { throw Erro(-2147220000, L"Outro.Modulo", L"Falha qualquer"); }),
             Framed("CProvaRpt::RelatorioProva", "Falha qualquer"));
-  EXPECT_EQ(RaisedByBody([]() -> ReportRows { throw platform::Erro(1, L"", L""); }),
-            Framed("CProvaRpt::RelatorioProva", ""));
+  EXPECT_EQ(RaisedByBody([]() -> ReportRows { throw Erro(1, L"", L""); }), Framed("CProvaRpt::RelatorioProva", ""));
 }
 
 TEST_F(ReportClassTest, FramesExhaustedMemoryAndForeignExceptions) {
@@ -364,7 +360,7 @@ TEST_F(ReportClassTest, FramesExhaustedMemoryAndForeignExceptions) {
 
 TEST_F(ReportClassTest, FramesAProvidersErrorWithItsLayerAndNativeCode) {
   around_.ado.nativeErrors = {208};
-  around_.journal.FailOn(L"Recordset1.Open", Failure(platform::Erro(-2147217865, L"SQLNCLI11", L"Objeto inválido")));
+  around_.journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217865, L"SQLNCLI11", L"Objeto inválido")));
   EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "[SQLNCLI11]: Objeto inválido [N:208]"));
   EXPECT_EQ(around_.journal.LiveObjects(), 1);  // the parameters
 }

@@ -6,10 +6,10 @@
 
 #include "data/abre_cn.h"
 #include "data/connection_string.h"
-#include "fuzz/target.h"
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
-#include "text/upper.h"
+#include "tests/fuzz/target.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
+#include "values/upper.h"
 
 namespace kodra::fuzz {
 namespace {
@@ -53,7 +53,7 @@ void Place(FakeSurroundings& around, const std::wstring& path, std::optional<std
 }
 
 Raised FileError(const std::wstring& path, bool exists) {
-  return {platform::kErrBase + (exists ? 2 : 1), "modADO::PreAbreCn",
+  return {kErrBase + (exists ? 2 : 1), "modADO::PreAbreCn",
           "Banco de dados \"" + Utf8(path) + (exists ? "\" danificado." : "\" não encontrado.")};
 }
 
@@ -161,7 +161,7 @@ void CheckReadKey(const std::wstring& text, const std::wstring& key, const std::
   const std::wstring value = data::ReadKey(text, key);
   Require(value.find(L';') == std::wstring::npos, "a value ends before the semicolon");
   Require(text.find(value) != std::wstring::npos, "a value is a piece of the string");
-  const bool present = text::UpperCase(text).find(text::UpperCase(key)) != std::wstring::npos;
+  const bool present = values::UpperCase(text).find(values::UpperCase(key)) != std::wstring::npos;
   Require(present || value.empty(), "a key that is not there has no value");
   if (key.find(L'=') != key.npos || written.find(L';') != written.npos) return;
   RequireEqual(data::ReadKey(key + L"=" + written + L";" + text, key), written, "the first pair of a key is read");

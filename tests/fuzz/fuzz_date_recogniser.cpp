@@ -5,18 +5,17 @@
 #include <optional>
 #include <set>
 
-#include "fuzz/target.h"
-#include "platform/erro.h"
-#include "text/convert.h"
-#include "text/format_date.h"
-#include "text/upper.h"
+#include "tests/fuzz/target.h"
+#include "values/convert.h"
+#include "values/erro.h"
+#include "values/format_date.h"
+#include "values/upper.h"
 
 namespace kodra::fuzz {
 namespace {
 
-using platform::Date;
-using text::Calendar;
-using text::ParseDate;
+using values::Calendar;
+using values::ParseDate;
 
 // A year with a 29 February, and one without.
 constexpr std::int32_t kLeapYear = 2024;
@@ -30,7 +29,7 @@ std::wstring Printed(const wchar_t* format, const Calendar& c) {
 
 void RequireDate(const std::wstring& text, const Calendar& expected, const char* property) {
   const auto date = ParseDate(text, kLeapYear);
-  Require(date.has_value() && text::ToCalendar(*date) == expected, property);
+  Require(date.has_value() && values::ToCalendar(*date) == expected, property);
 }
 
 // The numbers that stand in a text.
@@ -63,35 +62,35 @@ void CheckNumbers(const std::wstring& input, const Calendar& calendar) {
 }
 
 void CheckRecognised(const std::wstring& input, Date date) {
-  const Calendar calendar = text::ToCalendar(date);
-  Require(text::IsDay(calendar.year, calendar.month, calendar.day), "a date is a day of the calendar");
+  const Calendar calendar = values::ToCalendar(date);
+  Require(values::IsDay(calendar.year, calendar.month, calendar.day), "a date is a day of the calendar");
   Require(calendar.hour >= 0 && calendar.hour <= 23 && calendar.minute >= 0 && calendar.minute <= 59 &&
               calendar.second >= 0 && calendar.second <= 59,
           "a time is one of the day");
-  Require(text::FromCalendar(calendar) == date, "a date taken apart and put together is the same");
+  Require(values::FromCalendar(calendar) == date, "a date taken apart and put together is the same");
 
   CheckNumbers(input, calendar);
-  RequireDate(text::DateToText(date), calendar, "a date as text is recognised as the same date");
+  RequireDate(values::DateToText(date), calendar, "a date as text is recognised as the same date");
   RequireDate(L" " + input + L"\t", calendar, "blanks around a date say nothing");
-  RequireDate(text::UpperCase(input), calendar, "letter case says nothing");
+  RequireDate(values::UpperCase(input), calendar, "letter case says nothing");
 
   const std::wstring longForm = Printed(L"%02d/%02d/%d %02d:%02d:%02d", calendar);
-  RequireEqual(text::FormatDate<L"dd/mm/yyyy hh:nn:ss">(date), longForm, "a date is written by its pattern");
-  RequireEqual(text::FormatDate<L"DD/MM/YYYY HH:MM:SS">(date), longForm, "a pattern knows no letter case");
+  RequireEqual(values::FormatDate<L"dd/mm/yyyy hh:nn:ss">(date), longForm, "a date is written by its pattern");
+  RequireEqual(values::FormatDate<L"DD/MM/YYYY HH:MM:SS">(date), longForm, "a pattern knows no letter case");
   RequireDate(longForm, calendar, "a date written day first is recognised");
-  RequireDate(text::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date), calendar, "a date written year first is recognised");
-  RequireDate(text::FormatDate<L"hh.nn.ss, d-m-yyyy">(date), calendar, "a date after its time is recognised");
+  RequireDate(values::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date), calendar, "a date written year first is recognised");
+  RequireDate(values::FormatDate<L"hh.nn.ss, d-m-yyyy">(date), calendar, "a date after its time is recognised");
 }
 
 void CheckConverted(const std::wstring& input) {
   const auto date = ParseDate(input);
   try {
-    const Date converted = text::ToDate(input);
+    const Date converted = values::ToDate(input);
     if (date) Require(converted == *date, "a text that is a date is converted to it");
-    text::ToCalendar(converted);
-  } catch (const platform::Erro& erro) {
-    const bool known = erro.Number() == static_cast<std::int32_t>(platform::RuntimeError::kTypeMismatch) ||
-                       erro.Number() == static_cast<std::int32_t>(platform::RuntimeError::kOverflow);
+    values::ToCalendar(converted);
+  } catch (const Erro& erro) {
+    const bool known = erro.Number() == static_cast<std::int32_t>(RuntimeError::kTypeMismatch) ||
+                       erro.Number() == static_cast<std::int32_t>(RuntimeError::kOverflow);
     Require(!date && known, "only a text that is no date fails, as a wrong type or an overflow");
   }
 }

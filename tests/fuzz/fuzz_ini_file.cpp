@@ -4,17 +4,17 @@
 #include <set>
 #include <utility>
 
-#include "fuzz/target.h"
 #include "siblings/file_text.h"
 #include "siblings/ini_file.h"
-#include "text/upper.h"
+#include "tests/fuzz/target.h"
+#include "values/upper.h"
+#include "values/utf8.h"
 
 namespace kodra::fuzz {
 namespace {
 
-using support::DecodeText;
-using support::EncodeUtf8;
-using support::IniFile;
+using siblings::DecodeText;
+using siblings::IniFile;
 
 // Enough names for any file that a person writes.
 constexpr std::size_t kMostNames = 40;
@@ -40,7 +40,7 @@ std::set<std::pair<std::wstring, std::wstring>> NamesIn(std::wstring_view text) 
 
 void CheckEncoding(std::string_view bytes, const std::wstring& text) {
   constexpr const char* kMark = "\xef\xbb\xbf";
-  RequireEqual(DecodeText(kMark + EncodeUtf8(text)), text, "a text written as UTF-8 reads the same");
+  RequireEqual(DecodeText(kMark + values::ToUtf8(text)), text, "a text written as UTF-8 reads the same");
   for (const wchar_t c : text) {
     Require(c <= 0x10ffff && !(c >= 0xd800 && c <= 0xdfff), "bytes decode to whole characters");
   }
@@ -57,7 +57,7 @@ void RequireSame(const IniFile& one, const IniFile& other, const std::wstring& t
 void CheckValues(const IniFile& file, const std::wstring& text) {
   for (const auto& [section, key] : NamesIn(text)) {
     const auto value = file.Find(section, key);
-    Require(file.Find(text::UpperCase(section), text::UpperCase(key)) == value, "names know no letter case");
+    Require(file.Find(values::UpperCase(section), values::UpperCase(key)) == value, "names know no letter case");
     if (!value) continue;
     Require(value->find(L'\n') == value->npos, "a value ends with its line");
     Require(text.find(*value) != text.npos, "a value is a piece of the file");
@@ -73,7 +73,7 @@ void CheckOtherForms(const IniFile& file, const std::wstring& text) {
 // A section whose name the file does not have is read whatever stands before and after it.
 void CheckWrittenSection(const std::wstring& text) {
   const std::wstring section = L"Seção " + std::to_wstring(text.size());
-  if (text::UpperCase(text).find(text::UpperCase(section)) != text.npos) return;
+  if (values::UpperCase(text).find(values::UpperCase(section)) != text.npos) return;
   const std::wstring withoutSection = L"\n; [" + section + L"]\n[" + section + L"}\nSérie=a\n";
   Require(!IniFile(text + withoutSection).Find(section, L"Série"), "a section that is not there has no keys");
   for (const wchar_t* value : {L" Dossiê ", L"", L"a=b", L"'", L"\""}) {

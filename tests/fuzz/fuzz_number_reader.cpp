@@ -5,16 +5,14 @@
 #include <limits>
 #include <optional>
 
-#include "fuzz/target.h"
-#include "platform/erro.h"
-#include "text/convert.h"
-#include "text/numbers.h"
-#include "text/upper.h"
+#include "tests/fuzz/target.h"
+#include "values/convert.h"
+#include "values/erro.h"
+#include "values/numbers.h"
+#include "values/upper.h"
 
 namespace kodra::fuzz {
 namespace {
-
-using platform::RuntimeError;
 
 // What a reading gives, or the number of the error that it raises.
 template <class Number>
@@ -28,8 +26,8 @@ template <class Number, class Reading>
 Outcome<Number> OutcomeOf(Reading read) {
   try {
     return {read(), 0};
-  } catch (const platform::Erro& erro) {
-    Require(erro.Source() == platform::kApplicationTitle, "an error of reading is the runtime's");
+  } catch (const Erro& erro) {
+    Require(erro.Source() == kApplicationTitle, "an error of reading is the runtime's");
     return {std::nullopt, erro.Number()};
   }
 }
@@ -39,17 +37,17 @@ bool Is(std::int32_t error, RuntimeError expected) { return error == static_cast
 // Fifteen digits of a number are kept by every double but the smallest.
 void CheckWritten(double number) {
   constexpr double kSmallest = 1e-300;
-  const std::wstring written = text::NumberToText(number);
+  const std::wstring written = values::NumberToText(number);
   if (number != 0 && std::abs(number) < kSmallest) return;
-  const std::optional<double> again = text::ParseNumber(written);
+  const std::optional<double> again = values::ParseNumber(written);
   Require(again.has_value(), "a number as text is a number");
   Require(std::abs(*again - number) <= std::abs(number) * 1e-14, "a number as text is the same to fifteen digits");
-  RequireEqual(text::NumberToText(*again), written, "a number written again is the same text");
+  RequireEqual(values::NumberToText(*again), written, "a number written again is the same text");
 }
 
 void CheckLeadingNumber(const std::wstring& input) {
   const auto read = [](const std::wstring& text) {
-    return OutcomeOf<double>([&] { return text::LeadingNumber(text); });
+    return OutcomeOf<double>([&] { return values::LeadingNumber(text); });
   };
   const auto outcome = read(input);
   Require(outcome.number || Is(outcome.error, RuntimeError::kOverflow), "only a number too large fails");
@@ -64,11 +62,11 @@ void CheckLeadingNumber(const std::wstring& input) {
 }
 
 void CheckConversions(const std::wstring& input, std::optional<double> number) {
-  const auto whole = OutcomeOf<std::int32_t>([&] { return text::ToInt32(input); });
-  const auto yes = OutcomeOf<bool>([&] { return text::ToBool(input); });
+  const auto whole = OutcomeOf<std::int32_t>([&] { return values::ToInt32(input); });
+  const auto yes = OutcomeOf<bool>([&] { return values::ToBool(input); });
   if (!number) {
     Require(Is(whole.error, RuntimeError::kTypeMismatch), "a text that is no number is no integer");
-    const std::wstring word = text::UpperCase(input);
+    const std::wstring word = values::UpperCase(input);
     const bool known = word == L"VERDADEIRO" || word == L"TRUE" || word == L"FALSO" || word == L"FALSE";
     Require(known == yes.number.has_value(), "a text that is no number is true or false by its word");
     return;
@@ -83,23 +81,23 @@ void CheckConversions(const std::wstring& input, std::optional<double> number) {
 
 void CheckParseNumber(const std::wstring& input) {
   const auto read = [](const std::wstring& text) {
-    return OutcomeOf<std::optional<double>>([&] { return text::ParseNumber(text); });
+    return OutcomeOf<std::optional<double>>([&] { return values::ParseNumber(text); });
   };
   const auto outcome = read(input);
   Require(outcome.number || Is(outcome.error, RuntimeError::kOverflow), "only a number too large fails");
   Require(read(L" " + input + L" ") == outcome, "blanks around a number say nothing");
-  Require(read(text::UpperCase(input)) == outcome, "letter case says nothing");
+  Require(read(values::UpperCase(input)) == outcome, "letter case says nothing");
   if (!outcome.number) return;
   CheckConversions(input, *outcome.number);
   if (*outcome.number) CheckWritten(**outcome.number);
 }
 
 void CheckUpperCase(const std::wstring& input) {
-  const std::wstring upper = text::UpperCase(input);
+  const std::wstring upper = values::UpperCase(input);
   Require(upper.size() == input.size(), "upper case has as many characters");
-  RequireEqual(text::UpperCase(upper), upper, "upper case of upper case is the same");
-  Require(text::EqualIgnoringCase(input, upper), "letter case makes no difference");
-  const std::wstring_view trimmed = text::Trim(input);
+  RequireEqual(values::UpperCase(upper), upper, "upper case of upper case is the same");
+  Require(values::EqualIgnoringCase(input, upper), "letter case makes no difference");
+  const std::wstring_view trimmed = values::Trim(input);
   Require(!trimmed.starts_with(L' ') && !trimmed.ends_with(L' '), "no blank stays at either end");
   Require(input.find(trimmed) != input.npos, "what is trimmed is a piece of the text");
 }

@@ -3,15 +3,15 @@
 // Input: a user, a password, the connection string, a line each.
 #include <utility>
 
-#include "fuzz/target.h"
-#include "platform/erro.h"
-#include "platform/odbc/connection_string.h"
-#include "recorder/raised.h"
+#include "odbc/engine/connection_string.h"
+#include "tests/fuzz/target.h"
+#include "tests/recorder/raised.h"
+#include "values/erro.h"
 
 namespace kodra::fuzz {
 namespace {
 
-using platform::odbc::ToOdbcConnectionString;
+using odbc::ToOdbcConnectionString;
 using recorder::Raised;
 using recorder::RaisedBy;
 

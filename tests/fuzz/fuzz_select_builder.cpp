@@ -7,7 +7,7 @@
 #include <map>
 
 #include "data/select_builder.h"
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 
 namespace kodra::fuzz {
 namespace {

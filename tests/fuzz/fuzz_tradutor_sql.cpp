@@ -5,19 +5,17 @@
 #include <functional>
 #include <limits>
 
-#include "fuzz/target.h"
-#include "recorder/raised.h"
 #include "sql/tradutor_sql.h"
-#include "text/dates.h"
-#include "text/numbers.h"
-#include "text/upper.h"
+#include "tests/fuzz/target.h"
+#include "tests/recorder/raised.h"
+#include "values/dates.h"
+#include "values/numbers.h"
+#include "values/upper.h"
 
 namespace kodra::fuzz {
 namespace {
 
 using namespace kodra::sql;
-using platform::Null;
-using platform::Value;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Utf8;
@@ -79,7 +77,7 @@ void CheckDateAdd(const Input& in, std::int32_t code) {
   RequireVerbatim([&](const auto& number, const auto& date) { return ToString(SQLDateAdd(in.word, number, date)); },
                   in.number, in.expression);
   if (code == tbSQLServer || code == tbMySQL) return;  // they get a word that they have no unit for as it is
-  RequireEqual(ToString(SQLDateAdd(text::UpperCase(in.word), in.number, in.expression)),
+  RequireEqual(ToString(SQLDateAdd(values::UpperCase(in.word), in.number, in.expression)),
                ToString(SQLDateAdd(in.word, in.number, in.expression)), "an interval knows no letter case");
 }
 
@@ -91,14 +89,14 @@ void CheckToChar(const Input& in, std::int32_t code) {
 }
 
 std::wstring Printed(const wchar_t* format, std::int32_t a, std::int32_t b, std::int32_t c,
-                     const text::Calendar& time) {
+                     const values::Calendar& time) {
   wchar_t buffer[64];
   std::swprintf(buffer, std::size(buffer), format, a, b, c, time.hour, time.minute, time.second);
   return buffer;
 }
 
 // A recognised date, as each database has to be given it.
-std::wstring DateLiteral(const text::Calendar& d, std::int32_t code, std::int32_t layout) {
+std::wstring DateLiteral(const values::Calendar& d, std::int32_t code, std::int32_t layout) {
   if (code == tbSQLServer) {
     const wchar_t* format = layout == fdDateTime ? L"'%d-%02d-%02dT%02d:%02d:%02d'" : L"'%d%02d%02d'";
     return Printed(format, d.year, d.month, d.day, d);
@@ -119,13 +117,13 @@ std::wstring DateLiteral(const text::Calendar& d, std::int32_t code, std::int32_
 }
 
 void CheckToDate(const Input& in, std::int32_t code) {
-  const auto date = text::ParseDate(in.expression);
+  const auto date = values::ParseDate(in.expression);
   for (const std::int32_t layout : kLayouts) {
     if (!date || code == tbSQLite) {
       RequireVerbatim([&](const auto& expression, const auto&) { return ToString(SQLToDate(expression, layout)); },
                       in.expression, L"");
     } else if (layout <= fdDateTime) {
-      RequireEqual(ToString(SQLToDate(in.expression, layout)), DateLiteral(text::ToCalendar(*date), code, layout),
+      RequireEqual(ToString(SQLToDate(in.expression, layout)), DateLiteral(values::ToCalendar(*date), code, layout),
                    "a date becomes the literal of its database");
     }
   }
@@ -138,14 +136,14 @@ void CheckToInt(const Input& in) {
 
 // The default number, which is read with a decimal point and written with a comma.
 void CheckNumberDefault(const Input& in) {
-  constexpr std::int32_t kOverflow = static_cast<std::int32_t>(platform::RuntimeError::kOverflow);
+  constexpr std::int32_t kOverflow = static_cast<std::int32_t>(RuntimeError::kOverflow);
   std::wstring translated;
   const Raised raised = RaisedBy([&] { translated = ToString(SQLNVL(in.expression, nvNumero, in.number)); });
   if (raised.number != 0) {
     Require(raised.number == kOverflow && raised.source == "KodraRpt", "a default fails only for a number too large");
     return;
   }
-  const std::wstring number = text::NumberToText(text::LeadingNumber(in.number));
+  const std::wstring number = values::NumberToText(values::LeadingNumber(in.number));
   Require(number.find_first_not_of(L"0123456789,-+E") == number.npos, "a number is written in digits");
   Require(translated.ends_with(in.expression + L", " + number + L")"), "a default number stands after its expression");
 }
@@ -193,7 +191,7 @@ void CheckStrConcat(const Input& in, std::int32_t code) {
 
 void CheckRefused(const Input& in, std::int32_t code) {
   const auto require = [&](const char* function, const Raised& raised) {
-    Require(raised == Raised{platform::kErrBase + 1, "TradutorSQL." + std::string(function),
+    Require(raised == Raised{kErrBase + 1, "TradutorSQL." + std::string(function),
                              "Não há entrada para o banco tipo " + std::to_string(code)},
             "a database without dialect is refused, by the function's name and the code");
   };

@@ -1,14 +1,15 @@
-#include "fuzz/target.h"
+#include "tests/fuzz/target.h"
 
 #include <stdexcept>
 
 #include "siblings/file_text.h"
 #include "siblings/ini_file.h"
+#include "values/utf8.h"
 
 namespace kodra::fuzz {
 
 std::wstring TextOf(const std::uint8_t* data, std::size_t size) {
-  return support::DecodeText({reinterpret_cast<const char*>(data), size});
+  return siblings::DecodeText({reinterpret_cast<const char*>(data), size});
 }
 
 std::vector<std::wstring> Fields(std::wstring_view text, std::size_t count) {
@@ -28,8 +29,8 @@ void Require(bool holds, std::string_view property) {
 
 void RequireEqual(std::wstring_view actual, std::wstring_view expected, std::string_view property) {
   if (actual == expected) return;
-  throw std::logic_error("does not hold: " + std::string(property) + "\n  actual:   " + support::EncodeUtf8(actual) +
-                         "\n  expected: " + support::EncodeUtf8(expected));
+  throw std::logic_error("does not hold: " + std::string(property) + "\n  actual:   " + values::ToUtf8(actual) +
+                         "\n  expected: " + values::ToUtf8(expected));
 }
 
 std::wstring FilledIn(std::wstring_view text, wchar_t placeholder, std::wstring_view value) {

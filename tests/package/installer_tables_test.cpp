@@ -6,7 +6,7 @@
 #include <msiquery.h>
 // clang-format on
 
-#include "places.h"
+#include "tests/package/places.h"
 
 namespace kodra::package {
 namespace {

@@ -1,10 +1,10 @@
 // The MSI: what it installs and registers, that the installed component serves, and that removing it leaves nothing.
 #include <objbase.h>
 
-#include "registry.h"
-#include "script_client.h"
-#include "wine/automation.h"
-#include "wine/server.h"
+#include "tests/package/registry.h"
+#include "tests/package/script_client.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/server.h"
 
 namespace kodra::package {
 namespace {

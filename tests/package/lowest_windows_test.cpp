@@ -1,9 +1,9 @@
 // The lowest Windows that the files of the package run on, by what they import and by their headers.
 #include <gtest/gtest.h>
 
-#include "places.h"
-#include "wine/component_imports.h"
-#include "wine/pe_file.h"
+#include "tests/package/places.h"
+#include "tests/wine/component_imports.h"
+#include "tests/wine/pe_file.h"
 
 namespace kodra::package {
 namespace {

@@ -1,7 +1,7 @@
 // The component used through its manifests, with nothing of it registered.
-#include "script_client.h"
-#include "wine/automation.h"
-#include "wine/public_face.h"
+#include "tests/package/script_client.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/public_face.h"
 
 namespace kodra::package {
 namespace {

@@ -1,8 +1,8 @@
 // The MSI on other versions of Windows, for which Wine passes where it is told to.
 #include <gtest/gtest.h>
 
-#include "command.h"
-#include "places.h"
+#include "tests/package/command.h"
+#include "tests/package/places.h"
 
 namespace kodra::package {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "wine/environment.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::package {
 

@@ -1,8 +1,8 @@
 // The registry before and after, and the rows that stand for the component registered.
 #pragma once
 
-#include "wine/registered_rows.h"
-#include "wine/registry_dump.h"
+#include "tests/wine/registered_rows.h"
+#include "tests/wine/registry_dump.h"
 
 namespace kodra::package {
 

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "command.h"
-#include "places.h"
+#include "tests/package/command.h"
+#include "tests/package/places.h"
 
 namespace kodra::package {
 

@@ -1,8 +1,8 @@
 // `regsvr32 /n /i:user`: the component registered for the user who asks, and taken back.
-#include "command.h"
-#include "registry.h"
-#include "wine/environment.h"
-#include "wine/server.h"
+#include "tests/package/command.h"
+#include "tests/package/registry.h"
+#include "tests/wine/environment.h"
+#include "tests/wine/server.h"
 
 namespace kodra::package {
 namespace {

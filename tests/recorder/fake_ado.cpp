@@ -1,21 +1,21 @@
-#include "recorder/fake_ado.h"
+#include "tests/recorder/fake_ado.h"
 
 #include <algorithm>
 
-#include "text/upper.h"
+#include "values/upper.h"
 
 namespace kodra::recorder {
 namespace {
 
 // ADO's own refusals, as it numbers them.
-platform::Erro NoCurrentRow(std::wstring source = L"ADODB.Field") {
+Erro NoCurrentRow(std::wstring source = L"ADODB.Field") {
   return {3021, std::move(source), L"BOF ou EOF é verdadeiro"};
 }
-platform::Erro TooLong() {
+Erro TooLong() {
   return {static_cast<std::int32_t>(0x80040E21U), L"Microsoft Cursor Engine",
           L"A operação em várias etapas gerou erros"};
 }
-platform::Erro UnknownField() { return {3265, L"ADODB.Recordset", L"O item não foi encontrado na coleção"}; }
+Erro UnknownField() { return {3265, L"ADODB.Recordset", L"O item não foi encontrado na coleção"}; }
 
 std::wstring NameOf(platform::Connection* connection) {
   return connection == nullptr ? L"Nothing" : dynamic_cast<FakeConnection&>(*connection).Name();
@@ -84,7 +84,7 @@ void FakeCommand::SetCommandText(std::wstring_view text) { Note(L"SetCommandText
 void FakeCommand::SetCommandType(std::int32_t type) { Note(L"SetCommandType", {Shown(type)}); }
 
 void FakeCommand::AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction,
-                                  std::int32_t size, const platform::Value& value) {
+                                  std::int32_t size, const Value& value) {
   Note(L"AppendParameter", {Shown(name), Shown(type), Shown(direction), Shown(size), Shown(value)});
 }
 
@@ -142,7 +142,7 @@ void FakeRecordset::AppendField(const std::wstring& name, std::int32_t type, std
 
 std::unique_ptr<platform::Field> FakeRecordset::FieldByName(const std::wstring& name) {
   const auto found = std::find_if(held_.fields.begin(), held_.fields.end(),
-                                  [&](const std::wstring& field) { return text::EqualIgnoringCase(field, name); });
+                                  [&](const std::wstring& field) { return values::EqualIgnoringCase(field, name); });
   if (found == held_.fields.end()) journal_.Refuse(Line(L"FieldByName", {Shown(name)}), UnknownField());
   Note(L"FieldByName", {Shown(name)});
   return std::make_unique<FakeField>(journal_, *this, static_cast<std::size_t>(found - held_.fields.begin()));
@@ -156,11 +156,11 @@ void FakeRecordset::AddNew() {
 
 void FakeRecordset::Update() { Note(L"Update"); }
 
-platform::Value* FakeRecordset::Current(std::size_t field) {
+Value* FakeRecordset::Current(std::size_t field) {
   return row_ < held_.rows.size() ? &held_.rows[row_].at(field) : nullptr;
 }
 
-bool FakeRecordset::IsTooLong(std::size_t field, const platform::Value& value) const {
+bool FakeRecordset::IsTooLong(std::size_t field, const Value& value) const {
   const auto size = textSizes_.find(field);
   return size != textSizes_.end() && value.Is<std::wstring>() && value.As<std::wstring>().size() > size->second;
 }
@@ -170,15 +170,15 @@ std::wstring FakeField::Line(std::wstring_view member, std::wstring_view argumen
          std::wstring(argument) + L")";
 }
 
-platform::Value FakeField::Get() {
-  const platform::Value* value = recordset_.Current(index_);
+Value FakeField::Get() {
+  const Value* value = recordset_.Current(index_);
   if (value == nullptr) journal_.Refuse(Line(L"Get"), NoCurrentRow());
   journal_.Note(Line(L"Get"), Shown(*value));
   return *value;
 }
 
-void FakeField::Let(const platform::Value& value) {
-  platform::Value* current = recordset_.Current(index_);
+void FakeField::Let(const Value& value) {
+  Value* current = recordset_.Current(index_);
   if (current == nullptr) journal_.Refuse(Line(L"Let", Shown(value)), NoCurrentRow());
   if (recordset_.IsTooLong(index_, value)) journal_.Refuse(Line(L"Let", Shown(value)), TooLong());
   journal_.Note(Line(L"Let", Shown(value)));

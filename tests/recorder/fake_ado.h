@@ -10,13 +10,13 @@
 #include <vector>
 
 #include "platform/ado.h"
-#include "recorder/journal.h"
+#include "tests/recorder/journal.h"
 
 namespace kodra::recorder {
 
 struct Rows {
   std::vector<std::wstring> fields;
-  std::vector<std::vector<platform::Value>> rows;
+  std::vector<std::vector<Value>> rows;
 };
 
 // What the fakes answer; a test changes it before or between calls.
@@ -57,7 +57,7 @@ class FakeCommand final : public platform::Command, public Fake {
   void SetCommandText(std::wstring_view text) override;
   void SetCommandType(std::int32_t type) override;
   void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
-                       const platform::Value& value) override;
+                       const Value& value) override;
 
  private:
   bool attached_ = false;
@@ -87,9 +87,9 @@ class FakeRecordset final : public platform::Recordset, public Fake {
  private:
   friend class FakeField;
   // The value of a field on the current row; null when no row is current.
-  platform::Value* Current(std::size_t field);
+  Value* Current(std::size_t field);
   // Whether a text is longer than the field was defined.
-  bool IsTooLong(std::size_t field, const platform::Value& value) const;
+  bool IsTooLong(std::size_t field, const Value& value) const;
 
   AdoScript& script_;
   Rows held_;
@@ -110,8 +110,8 @@ class FakeField final : public platform::Field {
   FakeField& operator=(const FakeField&) = delete;
   ~FakeField() override { journal_.Leave(); }
 
-  platform::Value Get() override;
-  void Let(const platform::Value& value) override;
+  Value Get() override;
+  void Let(const Value& value) override;
 
  private:
   // "Recordset1.Field(NOME).<member>(<argument>)".

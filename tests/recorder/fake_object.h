@@ -6,56 +6,52 @@
 #include <string>
 
 #include "platform/automation.h"
-#include "recorder/journal.h"
+#include "tests/recorder/journal.h"
 
 namespace kodra::recorder {
 
 // What an object answers when a member is read or called: its values one after the other, the last one from then on.
 // A member without answers is unknown to the object (error 438); any property may be assigned.
-using Answers = std::map<std::wstring, std::deque<platform::Value>>;
+using Answers = std::map<std::wstring, std::deque<Value>>;
 
 class FakeObject final : public platform::AutomationObject, public Fake {
  public:
   FakeObject(Journal& journal, std::wstring name, Answers answers)
       : Fake(journal, std::move(name)), answers_(std::move(answers)) {}
 
-  platform::Value Get(std::wstring_view member) override { return Answer(Line(L"Get", {member}), member); }
-  void Let(std::wstring_view member, const platform::Value& value) override { Note(L"Let", {member, Shown(value)}); }
-  void Set(std::wstring_view member, const platform::ObjectRef& object) override {
-    Note(L"Set", {member, Shown(object)});
-  }
-  platform::Value Call(std::wstring_view member, std::span<const platform::Value> arguments) override {
+  Value Get(std::wstring_view member) override { return Answer(Line(L"Get", {member}), member); }
+  void Let(std::wstring_view member, const Value& value) override { Note(L"Let", {member, Shown(value)}); }
+  void Set(std::wstring_view member, const ObjectRef& object) override { Note(L"Set", {member, Shown(object)}); }
+  Value Call(std::wstring_view member, std::span<const Value> arguments) override {
     return Answer(Line(L"Call", {std::wstring(member) + Listed(arguments)}), member);
   }
-  platform::Value CallByReference(std::wstring_view member, platform::Value& first,
-                                  std::span<const platform::Value> others) override {
-    platform::Value answer =
-        Answer(Line(L"Call", {std::wstring(member) + L", ByRef " + Shown(first) + Listed(others)}), member);
+  Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) override {
+    Value answer = Answer(Line(L"Call", {std::wstring(member) + L", ByRef " + Shown(first) + Listed(others)}), member);
     if (const auto left = left_.find(std::wstring(member)); left != left_.end()) first = left->second;
     return answer;
   }
 
   // What a method leaves in the argument that it takes by reference; the argument as it came unless a test says so.
-  void Leave(std::wstring member, platform::Value value) { left_[std::move(member)] = std::move(value); }
+  void Leave(std::wstring member, Value value) { left_[std::move(member)] = std::move(value); }
 
  private:
-  static std::wstring Listed(std::span<const platform::Value> arguments) {
+  static std::wstring Listed(std::span<const Value> arguments) {
     std::wstring list;
-    for (const platform::Value& argument : arguments) list += L", " + Shown(argument);
+    for (const Value& argument : arguments) list += L", " + Shown(argument);
     return list;
   }
-  platform::Value Answer(const std::wstring& call, std::wstring_view member) {
+  Value Answer(const std::wstring& call, std::wstring_view member) {
     const auto found = answers_.find(std::wstring(member));
-    if (found == answers_.end()) journal_.Refuse(call, platform::MemberNotFound());
-    std::deque<platform::Value>& values = found->second;
-    const platform::Value answer = values.front();
+    if (found == answers_.end()) journal_.Refuse(call, MemberNotFound());
+    std::deque<Value>& values = found->second;
+    const Value answer = values.front();
     journal_.Note(call, Shown(answer));
     if (values.size() > 1) values.pop_front();
     return answer;
   }
 
   Answers answers_;
-  std::map<std::wstring, platform::Value> left_;
+  std::map<std::wstring, Value> left_;
 };
 
 }  // namespace kodra::recorder

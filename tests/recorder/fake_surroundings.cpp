@@ -1,4 +1,4 @@
-#include "recorder/fake_surroundings.h"
+#include "tests/recorder/fake_surroundings.h"
 
 namespace kodra::recorder {
 
@@ -26,15 +26,14 @@ std::unique_ptr<platform::Recordset> FakeSurroundings::NewRecordset() {
   return std::make_unique<FakeRecordset>(journal, std::move(name), ado);
 }
 
-platform::ObjectRef FakeSurroundings::CreateObject(const std::wstring& progId) {
+ObjectRef FakeSurroundings::CreateObject(const std::wstring& progId) {
   const std::wstring call = L"CreateObject(" + Shown(progId) + L")";
   if (const auto maker = makers_.find(progId); maker != makers_.end()) {
     journal.Note(call, maker->second.name);
     return maker->second.make(maker->second.name);
   }
   const auto found = classes_.find(progId);
-  if (found == classes_.end())
-    journal.Refuse(call, platform::MakeRuntimeError(platform::RuntimeError::kCannotCreateObject));
+  if (found == classes_.end()) journal.Refuse(call, MakeRuntimeError(RuntimeError::kCannotCreateObject));
   std::wstring name = journal.NewName(L"Object");
   journal.Note(call, name);
   return NewObject(std::move(name), found->second);

@@ -2,7 +2,7 @@
 //
 //   FakeSurroundings around;
 //   around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
-//   around.journal.FailAt(3, Failure(platform::Erro(…)));
+//   around.journal.FailAt(3, Failure(Erro(…)));
 //   …
 //   EXPECT_EQ(around.journal.Calls(), Lines({…}));
 //   EXPECT_EQ(around.journal.LiveObjects(), 0);
@@ -17,9 +17,9 @@
 #include <string>
 
 #include "platform/surroundings.h"
-#include "recorder/fake_ado.h"
-#include "recorder/fake_object.h"
-#include "recorder/journal.h"
+#include "tests/recorder/fake_ado.h"
+#include "tests/recorder/fake_object.h"
+#include "tests/recorder/journal.h"
 
 namespace kodra::recorder {
 
@@ -30,9 +30,7 @@ std::exception_ptr Failure(Exception exception) {
 }
 
 // An Erro is what a provider, a sibling or a client's object raises.
-inline std::exception_ptr Failure(const platform::Erro& erro) {
-  return std::make_exception_ptr(platform::ForeignErro(erro));
-}
+inline std::exception_ptr Failure(const Erro& erro) { return std::make_exception_ptr(ForeignErro(erro)); }
 
 // The lines as Journal::Calls gives them.
 std::string Lines(std::initializer_list<std::string_view> lines);
@@ -42,19 +40,19 @@ class FakeSurroundings final : public platform::Surroundings {
   // Makes a class creatable: each object of it starts with these answers. A class never registered raises error 429.
   void Register(const std::wstring& progId, Answers answers) { classes_[progId] = std::move(answers); }
   // The same for a class whose objects the test makes itself, all under one name.
-  using Maker = std::function<platform::ObjectRef(const std::wstring& name)>;
+  using Maker = std::function<ObjectRef(const std::wstring& name)>;
   void RegisterMaker(const std::wstring& progId, std::wstring name, Maker make) {
     makers_[progId] = {std::move(name), std::move(make)};
   }
   // An object that no one created by ProgID, such as a client's parameter object.
-  platform::ObjectRef NewObject(std::wstring name, Answers answers) {
+  ObjectRef NewObject(std::wstring name, Answers answers) {
     return std::make_shared<FakeObject>(journal, std::move(name), std::move(answers));
   }
 
   std::unique_ptr<platform::Connection> NewConnection() override;
   std::unique_ptr<platform::Command> NewCommand() override;
   std::unique_ptr<platform::Recordset> NewRecordset() override;
-  platform::ObjectRef CreateObject(const std::wstring& progId) override;
+  ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   std::optional<std::uint64_t> FileLength(const std::wstring& path) override;
   bool IsFile(const std::wstring& path) override;

@@ -1,34 +1,34 @@
-#include "recorder/journal.h"
+#include "tests/recorder/journal.h"
 
 #include <algorithm>
 #include <sstream>
 
-#include "platform/decimal.h"
-#include "recorder/fake_object.h"
+#include "tests/recorder/fake_object.h"
+#include "values/decimal.h"
 
 namespace kodra::recorder {
 namespace {
 
-std::wstring Decimal(double number) {
+std::wstring Shortest(double number) {
   std::wostringstream text;
   text << number;
   return text.str();
 }
 
 struct Show {
-  std::wstring operator()(platform::Empty) const { return L"Empty"; }
-  std::wstring operator()(platform::Null) const { return L"Null"; }
+  std::wstring operator()(Empty) const { return L"Empty"; }
+  std::wstring operator()(Null) const { return L"Null"; }
   std::wstring operator()(bool flag) const { return flag ? L"True" : L"False"; }
   std::wstring operator()(std::int32_t number) const { return std::to_wstring(number); }
   std::wstring operator()(std::int64_t number) const { return std::to_wstring(number); }
   std::wstring operator()(std::uint64_t number) const { return std::to_wstring(number); }
-  std::wstring operator()(float number) const { return Decimal(number); }
-  std::wstring operator()(double number) const { return Decimal(number); }
-  std::wstring operator()(platform::Currency number) const { return PlainText(platform::ToDecimal(number)); }
-  std::wstring operator()(const platform::Decimal& number) const { return PlainText(number); }
-  std::wstring operator()(platform::Date date) const { return L"Date(" + Decimal(date.days) + L")"; }
+  std::wstring operator()(float number) const { return Shortest(number); }
+  std::wstring operator()(double number) const { return Shortest(number); }
+  std::wstring operator()(Currency number) const { return values::PlainText(values::ToDecimal(number)); }
+  std::wstring operator()(const Decimal& number) const { return values::PlainText(number); }
+  std::wstring operator()(Date date) const { return L"Date(" + Shortest(date.days) + L")"; }
   std::wstring operator()(const std::wstring& text) const { return L"\"" + text + L"\""; }
-  std::wstring operator()(const platform::ObjectRef& object) const {
+  std::wstring operator()(const ObjectRef& object) const {
     if (!object) return L"Nothing";
     const auto* fake = dynamic_cast<const FakeObject*>(object.get());
     return fake == nullptr ? L"(an object of the component)" : fake->Name();
@@ -61,7 +61,7 @@ std::string Utf8(std::wstring_view text) {
   return bytes;
 }
 
-std::wstring Shown(const platform::Value& value) { return std::visit(Show{}, value.Held()); }
+std::wstring Shown(const Value& value) { return std::visit(Show{}, value.Held()); }
 
 std::string Journal::Calls() const {
   std::string text;

@@ -16,15 +16,15 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/erro.h"
-#include "platform/value.h"
+#include "values/erro.h"
+#include "values/value.h"
 
 namespace kodra::recorder {
 
 std::string Utf8(std::wstring_view text);
 
 // A value as a line shows it: "text", 5, 1.5, True, Date(45291), Null, Empty, Nothing, an object's name.
-std::wstring Shown(const platform::Value& value);
+std::wstring Shown(const Value& value);
 
 class Journal {
  public:

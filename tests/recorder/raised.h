@@ -1,15 +1,15 @@
 // What a piece of code raised, in a form that a test compares and prints whole.
 //
 //   EXPECT_EQ(RaisedBy([&] { report.RelatorioDeptos(nullptr); }),
-//             (Raised{platform::kErrBase + 8107, "KodraRpt.CDeptoRpt::RelatorioDeptos", "Erro ao …"}));
+//             (Raised{kErrBase + 8107, "KodraRpt.CDeptoRpt::RelatorioDeptos", "Erro ao …"}));
 #pragma once
 
 #include <cstdint>
 #include <ostream>
 #include <string>
 
-#include "platform/erro.h"
-#include "recorder/journal.h"
+#include "tests/recorder/journal.h"
+#include "values/erro.h"
 
 namespace kodra::recorder {
 
@@ -24,16 +24,14 @@ inline std::ostream& operator<<(std::ostream& out, const Raised& raised) {
   return out << raised.number << " from \"" << raised.source << "\": " << raised.description;
 }
 
-inline Raised ToRaised(const platform::Erro& erro) {
-  return {erro.Number(), Utf8(erro.Source()), Utf8(erro.Description())};
-}
+inline Raised ToRaised(const Erro& erro) { return {erro.Number(), Utf8(erro.Source()), Utf8(erro.Description())}; }
 
 // Any exception but an Erro goes on to the test.
 template <class Body>
 Raised RaisedBy(Body body) {
   try {
     body();
-  } catch (const platform::Erro& erro) {
+  } catch (const Erro& erro) {
     return ToRaised(erro);
   }
   return {0, "", "nothing was raised"};
@@ -41,7 +39,7 @@ Raised RaisedBy(Body body) {
 
 // The same for the frame of a report method.
 inline Raised Framed(const std::string& classAndMethod, const std::string& cause) {
-  return {platform::kErrBase + 8107, "KodraRpt." + classAndMethod, "Erro ao gerar dados para o relatório: " + cause};
+  return {kErrBase + 8107, "KodraRpt." + classAndMethod, "Erro ao gerar dados para o relatório: " + cause};
 }
 
 }  // namespace kodra::recorder

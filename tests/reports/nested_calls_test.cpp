@@ -2,17 +2,16 @@
 // the log of the module reports.
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
 #include "reports/catalog/cd_rpt.h"
 #include "reports/catalog/operador_rpt.h"
-#include "reports/modules/caixa_stage.h"
 #include "sql/tradutor_sql.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Framed;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -29,7 +28,7 @@ class BusyParameters final : public platform::AutomationObject {
     return properties_.at(std::wstring(member));
   }
   void Let(std::wstring_view, const Value&) override { FAIL() << "a parameter object is only read"; }
-  void Set(std::wstring_view, const platform::ObjectRef&) override { FAIL() << "a parameter object is only read"; }
+  void Set(std::wstring_view, const ObjectRef&) override { FAIL() << "a parameter object is only read"; }
   Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
 
  private:
@@ -89,11 +88,10 @@ Raised Operators(std::int32_t code, bool failing) {
   around.ado.results = {
       {{L"DESCR_OPERADOR", L"NOME_COMPLETO", L"TIPO", L"DESCR_DEPTO", L"CHAPA", L"RAMAL", L"ATIVO", L"DESCR_GRUPO_OP"},
        {}}};
-  if (failing)
-    around.journal.FailOn(L"Recordset1.Open", recorder::Failure(platform::Erro(-2147220000, L"Fonte", L"Falha")));
+  if (failing) around.journal.FailOn(L"Recordset1.Open", recorder::Failure(Erro(-2147220000, L"Fonte", L"Falha")));
   COperadorRpt report(around);
   report.SetStringConexao(L"Provider=SQLNCLI11;");
-  const platform::ObjectRef parameters = around.NewObject(L"Parametros", {});
+  const ObjectRef parameters = around.NewObject(L"Parametros", {});
   return RaisedBy([&] { report.RelatorioOperadores(parameters.get()); });
 }
 

@@ -1,13 +1,12 @@
 // The truth of a flag, without any database.
 #include <gtest/gtest.h>
 
-#include "recorder/raised.h"
 #include "reports/catalog/operador_rpt.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Shown;
@@ -38,12 +37,12 @@ TEST(EhVerdadeiroTest, TakesEverythingElseForNo) {
 TEST(EhVerdadeiroTest, ReadsAnyValueAsItsText) {
   for (const Value& value : {Value(1), Value(true), Value(std::int64_t{1}), Value(1.5), Value(10)})
     EXPECT_TRUE(EhVerdadeiro(value)) << Utf8(Shown(value));
-  for (const Value& value : {Value(), Value(platform::Null{}), Value(0), Value(false), Value(-1), Value(2), Value(0.1)})
+  for (const Value& value : {Value(), Value(Null{}), Value(0), Value(false), Value(-1), Value(2), Value(0.1)})
     EXPECT_FALSE(EhVerdadeiro(value)) << Utf8(Shown(value));
 }
 
 TEST(EhVerdadeiroTest, RefusesAnObject) {
-  EXPECT_EQ(RaisedBy([] { EhVerdadeiro(platform::ObjectRef{}); }),
+  EXPECT_EQ(RaisedBy([] { EhVerdadeiro(ObjectRef{}); }),
             (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
 }
 

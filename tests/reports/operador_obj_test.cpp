@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/journal.h"
+#include "tests/recorder/journal.h"
 
 namespace kodra::reports {
 namespace {

@@ -3,13 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include "reports/report_scene.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Null;
-using platform::Value;
 using recorder::Failure;
 using recorder::FakeSurroundings;
 using recorder::Raised;
@@ -49,7 +47,7 @@ Preparation Having(std::vector<Operator> operators, Value description = L"Arquiv
 }
 
 Raised FailedStep(const std::string& step, const std::string& cause) {
-  return {platform::kErrBase + 8107, "KodraRpt.COperadorRpt::RelatorioOperadores", "Erro " + step + ": " + cause};
+  return {kErrBase + 8107, "KodraRpt.COperadorRpt::RelatorioOperadores", "Erro " + step + ": " + cause};
 }
 
 constexpr auto kReading = "ao obter dados do SGBD";
@@ -218,7 +216,7 @@ TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
   struct Types final : platform::AutomationObject {
     Value Get(std::wstring_view) override { return {}; }
     void Let(std::wstring_view, const Value&) override {}
-    void Set(std::wstring_view, const platform::ObjectRef&) override {}
+    void Set(std::wstring_view, const ObjectRef&) override {}
     Value Call(std::wstring_view, std::span<const Value> arguments) override {
       EXPECT_EQ(arguments.size(), 1);
       EXPECT_TRUE(arguments[0].Is<double>());
@@ -251,10 +249,10 @@ TEST(COperadorRptTest, WritesANumberOfAnyAutomationTypeWithItsDigits) {
   } cases[] = {
       {0.1F, L"0,1"},
       {1e7F, L"1E+07"},
-      {platform::Currency{9223372036854775807}, L"922337203685477,5807"},
-      {platform::Currency{-1}, L"-0,0001"},
-      {platform::Decimal{.low = 123456789012345678}, L"123456789012345678"},
-      {platform::Decimal{.low = 1250, .scale = 2}, L"12,5"},
+      {Currency{9223372036854775807}, L"922337203685477,5807"},
+      {Currency{-1}, L"-0,0001"},
+      {Decimal{.low = 123456789012345678}, L"123456789012345678"},
+      {Decimal{.low = 1250, .scale = 2}, L"12,5"},
       {std::uint64_t{18446744073709551615U}, L"18446744073709551615"},
   };
   for (const auto& [stored, written] : cases) {
@@ -289,7 +287,7 @@ TEST(COperadorRptTest, RefusesATypeNumberThatNoDoubleHolds) {
 TEST(COperadorRptTest, NamesNoStepForWhatFailsBeforeTheDatabase) {
   const auto raised = [](const std::wstring& connectionString, bool withParameters) {
     FakeSurroundings around;
-    const platform::ObjectRef parameters = withParameters ? around.NewObject(L"Parametros", {}) : nullptr;
+    const ObjectRef parameters = withParameters ? around.NewObject(L"Parametros", {}) : nullptr;
     COperadorRpt report(around);
     report.SetStringConexao(connectionString);
     return RaisedBy([&] { report.RelatorioOperadores(parameters.get()); });
@@ -305,7 +303,7 @@ TEST(COperadorRptTest, NamesTheDatabaseForWhatFailsThere) {
   scene.Prepare();
   scene.Around().ado.nativeErrors = {942};
   scene.Around().journal.FailOn(L"Recordset1.Open",
-                                Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
+                                Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }), FailedStep(kReading, "[OraOLEDB]: A tabela ou view não existe [N:942]"));
 }
 

@@ -4,18 +4,16 @@
 #include <iostream>
 #include <sstream>
 
+#include "console/reports/report_methods.h"
 #include "frame/parameter_object.h"
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
 #include "reports/modules/caixa_rpt.h"
-#include "reports/report_methods.h"
-#include "secret.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
+#include "tests/secret.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Erro;
-using platform::Value;
 using recorder::Raised;
 using tests::kSecret;
 
@@ -44,8 +42,8 @@ class Machine {
     around.Register(L"KodraBsnV3.ObtedorDeModulos",
                     {{L"ObtemSubordinados", {around.NewObject(L"Subordinados", {{L"Count", {1}}})}}});
     around.Register(L"KodraRegEvt.RegEvtFind", {});
-    around.Register(L"KodraRegEvt.RegEvtDAO", {{L"Localiza", {platform::ObjectRef()}}});
-    around.Register(L"VantLog.FnLog", {{L"DebugLog", {platform::Empty{}}}});
+    around.Register(L"KodraRegEvt.RegEvtDAO", {{L"Localiza", {ObjectRef()}}});
+    around.Register(L"VantLog.FnLog", {{L"DebugLog", {Empty{}}}});
     const Value names = around.NewObject(
         L"Nomes",
         {{L"Grupo", {L"Fundo"}}, {L"Subgrupo", {L"Grupo"}}, {L"Serie", {L"Série"}}, {L"Serie_Plural", {L""}}});
@@ -118,11 +116,10 @@ TEST(Password, IsThreeAsterisksInWhatTheModulesSayAndLog) {
   Machine machine;
   const ReportMethod& dividers = *FindReportMethod(L"CCaixaRpt", L"EtiquetaDivisoria");
   // The making of the connection component.
-  EXPECT_EQ(
-      machine.Run(dividers, L"PWD=" + kSecret, 1),
-      (Raised{platform::kErrBase + 8107, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
-              "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
-              "Application=b recusada"}));
+  EXPECT_EQ(machine.Run(dividers, L"PWD=" + kSecret, 1),
+            (Raised{kErrBase + 8107, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
+                    "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
+                    "Application=b recusada"}));
   EXPECT_EQ(
       machine.Logged(),
       "Object2.Call(DebugLog, ByRef \"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147467259 em "
@@ -151,7 +148,7 @@ TEST(Password, IsThreeAsterisksInALineThatTheLogWritesBack) {
   Machine machine;
   machine.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&](const std::wstring& name) {
     auto log = std::make_shared<recorder::FakeObject>(machine.around.journal, name,
-                                                      recorder::Answers{{L"DebugLog", {platform::Empty{}}}});
+                                                      recorder::Answers{{L"DebugLog", {Empty{}}}});
     log->Leave(L"DebugLog", L"conectado a DSN=a;PWD=segredo");
     return log;
   });
@@ -166,7 +163,7 @@ TEST(Password, IsThreeAsterisksInALineThatTheLogWritesBack) {
 
 TEST(Password, IsHiddenInNoModuleCodeOfAnError) {
   Machine machine;
-  machine.around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {platform::ObjectRef()}}});
+  machine.around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {ObjectRef()}}});
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
   parameters.Let(L"Modulo1", L"AB 1;PWD=banco");
   CCaixaRpt report(machine.around);
@@ -183,7 +180,7 @@ TEST(Password, IsHiddenInNoDatabaseCode) {
   const ReportMethod& vencidos = *FindReportMethod(L"CCaixaRpt", L"ModulosVencidos");
   frame::ParameterObject modules(frame::ParameterClassNamed(L"CCaixaRptObj"));
   EXPECT_EQ(recorder::RaisedBy([&] { vencidos.call(machine.around, L"Provider=x;Password=banco", &modules); }),
-            (Raised{platform::kErrBase + 8107, "TradutorSQL.SQLToInt",
+            (Raised{kErrBase + 8107, "TradutorSQL.SQLToInt",
                     "Erro ao gerar dados para o relatório: Não há entrada para o banco tipo 4"}));
 }
 
@@ -191,8 +188,7 @@ TEST(Password, IsHiddenInNoSource) {
   Machine machine;
   const ReportMethod& dividers = *FindReportMethod(L"CCaixaRpt", L"EtiquetaDivisoria");
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
-  machine.around.journal.FailOn(L"CreateObject",
-                                std::make_exception_ptr(platform::MakeRuntimeError(platform::RuntimeError::kOverflow)));
+  machine.around.journal.FailOn(L"CreateObject", std::make_exception_ptr(MakeRuntimeError(RuntimeError::kOverflow)));
   EXPECT_EQ(recorder::RaisedBy([&] { dividers.call(machine.around, L"DSN=a;Password=Kodra", &parameters); }),
             recorder::Framed("CCaixaRpt::EtiquetaDivisoria", "Estouro"));
 }

@@ -1,4 +1,4 @@
-#include "reports/report_scene.h"
+#include "tests/reports/report_scene.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ using recorder::Utf8;
 
 std::vector<Mishap> Mishaps() {
   return {
-      {Failure(platform::Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
+      {Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
       {Failure(std::bad_alloc()), "KodraRpt", "Memória insuficiente"},
       {Failure(std::runtime_error("unexpected")), "KodraRpt", "Erro interno"},
   };

@@ -12,9 +12,9 @@
 #include <string_view>
 #include <vector>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
-#include "reports/catalog/catalog_checks.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
+#include "tests/reports/catalog/catalog_checks.h"
 
 namespace kodra::reports {
 

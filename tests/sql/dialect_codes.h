@@ -7,8 +7,8 @@
 #include <limits>
 #include <string>
 
-#include "platform/erro.h"
 #include "sql/tradutor_sql.h"
+#include "values/erro.h"
 
 namespace kodra::sql {
 
@@ -24,7 +24,7 @@ void ExpectNoEntry(const std::wstring& function, Call call) {
     try {
       call();
       ADD_FAILURE() << "nothing raised";
-    } catch (const platform::Erro& erro) {
+    } catch (const Erro& erro) {
       EXPECT_EQ(erro.Number(), -2147221503);
       EXPECT_EQ(erro.Source(), L"TradutorSQL." + function);
       EXPECT_EQ(erro.Description(), L"Não há entrada para o banco tipo " + std::to_wstring(code));

@@ -1,6 +1,6 @@
 #include "sql/dialect.h"
 #include "tests/sql/dialect_codes.h"
-#include "text/format_date.h"
+#include "values/format_date.h"
 
 namespace kodra::sql {
 namespace {
@@ -26,16 +26,16 @@ TEST(SQLDataAtual, ACodeWithoutDialectRaises) {
 // A dialect that cannot name today's date.
 class Wordless final : public Dialect {
  public:
-  void DateAdd(text::Writer&, text::Piece, text::Piece, text::Piece) const override {}
-  text::Piece CurrentDate() const override { return {}; }
-  void ToDate(text::Writer&, text::Piece, std::int32_t) const override {}
+  void DateAdd(values::Writer&, values::Piece, values::Piece, values::Piece) const override {}
+  values::Piece CurrentDate() const override { return {}; }
+  void ToDate(values::Writer&, values::Piece, std::int32_t) const override {}
   bool HasDateLiterals() const override { return false; }
-  void DateLiteral(text::Writer&, const text::Calendar&, std::int32_t) const override {}
-  void ToInt(text::Writer&, text::Piece) const override {}
-  void ToChar(text::Writer&, text::Piece, text::Piece) const override {}
-  text::Piece ConcatSeparator() const override { return {}; }
-  text::Piece NullReplacer() const override { return {}; }
-  text::Piece DefaultDateType() const override { return {}; }
+  void DateLiteral(values::Writer&, const values::Calendar&, std::int32_t) const override {}
+  void ToInt(values::Writer&, values::Piece) const override {}
+  void ToChar(values::Writer&, values::Piece, values::Piece) const override {}
+  values::Piece ConcatSeparator() const override { return {}; }
+  values::Piece NullReplacer() const override { return {}; }
+  values::Piece DefaultDateType() const override { return {}; }
 };
 
 TEST(SQLDataAtual, ADialectWithoutATextGetsTodayByTheLocalClockAsALiteral) {
@@ -43,11 +43,11 @@ TEST(SQLDataAtual, ADialectWithoutATextGetsTodayByTheLocalClockAsALiteral) {
   std::wstring literal;
   std::wstring after;
   do {  // once more, should midnight pass in between
-    before = text::FormatDate<L"'yyyy-mm-dd'">(text::Today());
-    text::LocalText<20> written;
+    before = values::FormatDate<L"'yyyy-mm-dd'">(values::Today());
+    values::LocalText<20> written;
     WriteCurrentDate(written, Wordless());
     literal = written.View();
-    after = text::FormatDate<L"'yyyy-mm-dd'">(text::Today());
+    after = values::FormatDate<L"'yyyy-mm-dd'">(values::Today());
   } while (before != after);
   EXPECT_EQ(literal, before);
   ASSERT_EQ(literal.size(), 12U);

@@ -6,17 +6,15 @@
 namespace kodra::sql {
 namespace {
 
-using platform::Value;
-
 class SomeObject final : public platform::AutomationObject {
  public:
   Value Get(std::wstring_view) override { return L"never asked"; }
   void Let(std::wstring_view, const Value&) override {}
-  void Set(std::wstring_view, const platform::ObjectRef&) override {}
+  void Set(std::wstring_view, const ObjectRef&) override {}
   Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
 };
 
-std::wstring Concat(std::int32_t code, std::initializer_list<text::Piece> parts) {
+std::wstring Concat(std::int32_t code, std::initializer_list<values::Piece> parts) {
   DefineTipoBanco(code);
   return ToString(SQLStrConcat(parts));
 }
@@ -57,17 +55,17 @@ TEST(SQLStrConcat, OneEmptyArgumentGivesNothingEvenOnMySQL) {
 }
 
 TEST(SQLStrConcat, ValuesBecomeTextByTheBrazilianConventions) {
-  EXPECT_EQ(ConcatValues(1, {Value(L"a.X"), Value(std::int32_t{7}), Value(1.5), Value(true), Value(platform::Empty{}),
-                             Value(platform::Date{45291})}),
+  EXPECT_EQ(ConcatValues(1, {Value(L"a.X"), Value(std::int32_t{7}), Value(1.5), Value(true), Value(Empty{}),
+                             Value(Date{45291})}),
             L"a.X || 7 || 1,5 || Verdadeiro ||  || 31/12/2023");
   EXPECT_EQ(ConcatValues(3, {Value(std::int64_t{8}), Value(false)}), L"CONCAT(8,Falso)");
 }
 
 TEST(SQLStrConcat, AnArgumentWithoutTextGivesNothing) {
-  const platform::ObjectRef object = std::make_shared<SomeObject>();
+  const ObjectRef object = std::make_shared<SomeObject>();
   for (const std::int32_t code : {1, 2, 3, 6, 7}) {
-    EXPECT_EQ(ConcatValues(code, {Value(L"a"), Value(platform::Null{}), Value(L"b")}), L"");
-    EXPECT_EQ(ConcatValues(code, {Value(L"a"), Value(platform::ObjectRef())}), L"");
+    EXPECT_EQ(ConcatValues(code, {Value(L"a"), Value(Null{}), Value(L"b")}), L"");
+    EXPECT_EQ(ConcatValues(code, {Value(L"a"), Value(ObjectRef())}), L"");
     EXPECT_EQ(ConcatValues(code, {Value(object)}), L"");
   }
 }
@@ -75,7 +73,7 @@ TEST(SQLStrConcat, AnArgumentWithoutTextGivesNothing) {
 TEST(SQLStrConcat, ACodeWithoutDialectGivesNothingAndRaisesNothing) {
   for (const std::int32_t code : kCodesWithoutDialect) {
     EXPECT_EQ(Concat(code, {L"a.X", L"a.Y"}), L"");
-    EXPECT_EQ(ConcatValues(code, {Value(L"a.X"), Value(platform::Null{})}), L"");
+    EXPECT_EQ(ConcatValues(code, {Value(L"a.X"), Value(Null{})}), L"");
     EXPECT_EQ(Concat(code, {}), L"");
   }
 }

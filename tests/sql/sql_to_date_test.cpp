@@ -1,6 +1,6 @@
-#include "platform/erro.h"
 #include "tests/sql/dialect_codes.h"
-#include "text/format_date.h"
+#include "values/erro.h"
+#include "values/format_date.h"
 
 namespace kodra::sql {
 namespace {
@@ -91,36 +91,36 @@ TEST(SQLToDate, ACodeWithoutDialectRaisesForDatesAndExpressions) {
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"c.DATA", 3); });
 }
 
-constexpr text::Calendar kLastDay = {.year = 2023, .month = 12, .day = 31};
+constexpr values::Calendar kLastDay = {.year = 2023, .month = 12, .day = 31};
 
 // A date goes into the statement as its text would.
 TEST(SQLToDate, TakesADateAsItsText) {
-  const platform::Date dates[] = {{0}, {0.5}, {-1.25}, {45291}, {45291.999999}, {45352.75}, {-657434}, {2958465.9}};
+  const Date dates[] = {{0}, {0.5}, {-1.25}, {45291}, {45291.999999}, {45352.75}, {-657434}, {2958465.9}};
   for (const std::int32_t code : {1, 2, 3, 5, 6, 7}) {
     DefineTipoBanco(code);
     for (const std::int32_t layout : {fdDDMMYYYY, fdYYYYMMDD}) {
-      for (const platform::Date date : dates) {
-        const text::Calendar day = text::ToCalendar(date);
-        EXPECT_EQ(ToString(SQLToDate(day, text::DateAsText(day), layout)),
-                  ToString(SQLToDate(text::DateToText(date), layout)))
+      for (const Date date : dates) {
+        const values::Calendar day = values::ToCalendar(date);
+        EXPECT_EQ(ToString(SQLToDate(day, values::DateAsText(day), layout)),
+                  ToString(SQLToDate(values::DateToText(date), layout)))
             << code << ' ' << date.days;
-        EXPECT_EQ(ToString(SQLToDate(day, text::DateBy<L"yyyy-mm-dd 23:59:59">(day), layout)),
-                  ToString(SQLToDate(text::FormatDate<L"yyyy-mm-dd 23:59:59">(date), layout)))
+        EXPECT_EQ(ToString(SQLToDate(day, values::DateBy<L"yyyy-mm-dd 23:59:59">(day), layout)),
+                  ToString(SQLToDate(values::FormatDate<L"yyyy-mm-dd 23:59:59">(date), layout)))
             << code << ' ' << date.days;
       }
     }
   }
   DefineTipoBanco(1);
-  EXPECT_EQ(ToString(SQLToDate(kLastDay, text::DateAsText(kLastDay), fdDDMMYYYY)),
+  EXPECT_EQ(ToString(SQLToDate(kLastDay, values::DateAsText(kLastDay), fdDDMMYYYY)),
             L"TO_DATE('31/12/2023','DD/MM/YYYY')");
   DefineTipoBanco(7);
-  EXPECT_EQ(ToString(SQLToDate(kLastDay, text::DateBy<L"yyyy-mm-dd 00:00:00">(kLastDay), fdYYYYMMDD)),
+  EXPECT_EQ(ToString(SQLToDate(kLastDay, values::DateBy<L"yyyy-mm-dd 00:00:00">(kLastDay), fdYYYYMMDD)),
             L"strftime('%Y-%m-%d',2023-12-31 00:00:00)");
 }
 TEST(SQLToDate, TakesNoDateForACodeWithoutDialect) {
   DefineTipoBanco(4);
-  EXPECT_THROW(SQLToDate(kLastDay, text::DateAsText(kLastDay), fdDDMMYYYY), platform::Erro);
-  EXPECT_THROW(SQLToDate(kLastDay, text::DateBy<L"yyyy-mm-dd">(kLastDay), fdDDMMYYYY), platform::Erro);
+  EXPECT_THROW(SQLToDate(kLastDay, values::DateAsText(kLastDay), fdDDMMYYYY), Erro);
+  EXPECT_THROW(SQLToDate(kLastDay, values::DateBy<L"yyyy-mm-dd">(kLastDay), fdDDMMYYYY), Erro);
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ TEST(TipoBanco, ANewThreadHasNoCodeAndRaisesTheNoEntryErrorOfZero) {
     code = TipoBancoAtual();
     try {
       ToString(SQLDataAtual());
-    } catch (const platform::Erro& erro) {
+    } catch (const Erro& erro) {
       description = erro.Description();
     }
   }).join();

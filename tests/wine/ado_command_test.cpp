@@ -1,5 +1,5 @@
 // Commands and their parameters as a C++ client uses them.
-#include "wine/ado_support.h"
+#include "tests/wine/ado_support.h"
 
 namespace kodra::wine {
 namespace {

@@ -2,7 +2,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "wine/ado_support.h"
+#include "tests/wine/ado_support.h"
 
 namespace kodra::wine {
 namespace {

@@ -1,5 +1,5 @@
 // The errors of ADO as a C++ client sees them: the HRESULT, and the IErrorInfo with source and description.
-#include "wine/ado_support.h"
+#include "tests/wine/ado_support.h"
 
 namespace kodra::wine {
 namespace {

@@ -1,7 +1,7 @@
 // Recordsets as a C++ client of ADO reads and fills them.
 #include <initializer_list>
 
-#include "wine/ado_support.h"
+#include "tests/wine/ado_support.h"
 
 namespace kodra::wine {
 namespace {

@@ -1,9 +1,9 @@
-// What the registration of ADO for the box writes into the class registry, and takes away again.
+// What the registration of ADO for Wine writes into the class registry, and takes away again.
 //
 // The DLL is the one that is registered; it writes into a key that stands in for HKEY_LOCAL_MACHINE meanwhile.
 #include <set>
 
-#include "wine/ado_support.h"
+#include "tests/wine/ado_support.h"
 
 namespace kodra::wine {
 namespace {

@@ -1,6 +1,6 @@
 // ADO as VBScript uses it, in a process of its own.
-#include "wine/ado_support.h"
-#include "wine/command_output.h"
+#include "tests/wine/ado_support.h"
+#include "tests/wine/command_output.h"
 
 namespace kodra::wine {
 namespace {

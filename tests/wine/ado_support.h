@@ -1,18 +1,18 @@
-// What the tests of ADO in the box share: an SQLite file of their own, and short ways to call ADO.
+// What the tests of ADO in Wine share: an SQLite file of their own, and short ways to call ADO.
 //
-// They use whatever ADODB the box has registered, through its interfaces or by member name, as its clients do.
+// They use whatever ADODB is registered, through its interfaces or by member name, as its clients do.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "platform/windows/adoint.h"
-#include "platform/windows/com_ptr.h"
+#include "ado/adoint.h"
+#include "ado/com_ptr.h"
 
 namespace kodra::wine {
 
-using platform::windows::com_ptr;
+using ado::com_ptr;
 
 // What an IErrorInfo said, with the HRESULT that came with it.
 struct ComError {

@@ -2,8 +2,8 @@
 #include <atomic>
 #include <thread>
 
-#include "foreign_object.h"
-#include "rows.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 namespace {

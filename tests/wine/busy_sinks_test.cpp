@@ -8,8 +8,8 @@
 
 #include <functional>
 
-#include "automation.h"
-#include "client_object.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/client_object.h"
 
 namespace kodra::face {
 namespace {

@@ -1,6 +1,6 @@
 // The arguments that siblings take by reference, as they arrive and as they come back.
-#include "foreign_object.h"
-#include "stand_in.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {

@@ -1,6 +1,6 @@
 // The rows of the twelve catalog reports from the sample archive, compared with rows worked out from its tables.
-#include "foreign_object.h"
-#include "rows.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 namespace {

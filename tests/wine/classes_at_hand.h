@@ -5,7 +5,7 @@
 #include <cstring>
 #include <map>
 
-#include "import_table.h"
+#include "tests/wine/import_table.h"
 
 namespace kodra::face {
 

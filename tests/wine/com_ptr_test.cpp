@@ -1,9 +1,9 @@
 // The owned interface reference: who holds how many references after each operation.
-#include "platform/windows/com_ptr.h"
+#include "ado/com_ptr.h"
 
 #include <gtest/gtest.h>
 
-namespace kodra::platform::windows {
+namespace kodra::ado {
 namespace {
 
 // Counts what it is asked, and stays.
@@ -177,4 +177,4 @@ TEST(ComPtr, AnInterfaceThatIsRefusedIsNoneWhateverTheObjectLeaves) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::windows
+}  // namespace kodra::ado

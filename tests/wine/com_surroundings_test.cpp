@@ -1,13 +1,13 @@
 // What the component makes of classes that cannot be created, and of files and folders, on Windows itself.
-#include "platform/windows/com_surroundings.h"
+#include "ado/com_surroundings.h"
 
 #include <gtest/gtest.h>
 
 #include "frame/about.h"
-#include "platform/erro.h"
-#include "stand_in.h"
+#include "tests/wine/stand_in.h"
+#include "values/erro.h"
 
-namespace kodra::platform::windows {
+namespace kodra::ado {
 namespace {
 
 // What making an object of that class raises.
@@ -128,4 +128,4 @@ TEST_F(FilesAndFolders, AFolderNamedLikeTheComponentIsNotItsFile) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::windows
+}  // namespace kodra::ado

@@ -1,4 +1,4 @@
-// Holds text::ParseDate against OLE Automation's own reading of dates for Brazilian Portuguese.
+// Holds values::ParseDate against OLE Automation's own reading of dates for Brazilian Portuguese.
 //
 // The automation here is Wine's. Where it is known or documented to differ from Windows', ParseDate follows Windows,
 // and the text stands in kDifferences with both results and the reason; a difference that goes away fails too. The
@@ -14,9 +14,9 @@
 #include <string>
 #include <string_view>
 
-#include "text/dates.h"
+#include "values/dates.h"
 
-namespace kodra::text {
+namespace kodra::values {
 namespace {
 
 constexpr LCID kBrazilianPortuguese = 1046;
@@ -512,4 +512,4 @@ TEST(DateRecogniser, AcceptsNothingThatAutomationRefuses) {
 }
 
 }  // namespace
-}  // namespace kodra::text
+}  // namespace kodra::values

@@ -5,9 +5,9 @@
 #include <winver.h>
 // clang-format on
 
-#include "component_imports.h"
-#include "environment.h"
-#include "pe_file.h"
+#include "tests/wine/component_imports.h"
+#include "tests/wine/environment.h"
+#include "tests/wine/pe_file.h"
 
 namespace kodra::face {
 namespace {

@@ -1,7 +1,7 @@
 // A report held as a client in C++ or Visual Basic holds it.
 #pragma once
 
-#include "faults_cases.h"
+#include "tests/wine/faults_cases.h"
 
 namespace kodra::face {
 

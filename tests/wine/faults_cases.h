@@ -7,9 +7,9 @@
 #include <kodrarpt.h>
 // clang-format on
 
-#include "environment.h"
-#include "public_face.h"
-#include "rows.h"
+#include "tests/wine/environment.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 

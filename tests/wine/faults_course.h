@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "faults_cases.h"
-#include "faults_injector.h"
+#include "tests/wine/faults_cases.h"
+#include "tests/wine/faults_injector.h"
 
 namespace kodra::face {
 

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <set>
 
-#include "import_table.h"
+#include "tests/wine/import_table.h"
 
 namespace kodra::face {
 

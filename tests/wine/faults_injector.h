@@ -18,9 +18,9 @@
 #include <string>
 #include <vector>
 
-#include "automation.h"
-#include "environment.h"
-#include "platform/windows/adoint.h"
+#include "ado/adoint.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iostream>
 
-#include "faults_cases.h"
-#include "faults_heap.h"
-#include "server.h"
+#include "tests/wine/faults_cases.h"
+#include "tests/wine/faults_heap.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

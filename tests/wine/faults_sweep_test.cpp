@@ -3,8 +3,8 @@
 #include <iostream>
 #include <set>
 
-#include "faults_course.h"
-#include "server.h"
+#include "tests/wine/faults_course.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

@@ -9,10 +9,10 @@
 #include <new>
 #include <stdexcept>
 
-#include "classes_at_hand.h"
-#include "faults_course.h"
-#include "own_classes.h"
-#include "platform/erro.h"
+#include "tests/wine/classes_at_hand.h"
+#include "tests/wine/faults_course.h"
+#include "tests/wine/own_classes.h"
+#include "values/erro.h"
 
 namespace kodra::face {
 namespace {
@@ -33,8 +33,8 @@ const std::array<Thrown, 5>& Exceptions() {
       {"std::runtime_error", std::make_exception_ptr(std::runtime_error("unexpected")), internal},
       {"int", std::make_exception_ptr(7), internal},
       {"a class without base", std::make_exception_ptr(Stranger()), internal},
-      {"platform::Erro",
-       std::make_exception_ptr(platform::Erro(static_cast<std::int32_t>(kMishapNumber), kMishapSource, kMishapText)),
+      {"Erro",
+       std::make_exception_ptr(Erro(static_cast<std::int32_t>(kMishapNumber), kMishapSource, kMishapText)),
        {0x80047777, kMishapSource, kMishapText}},
       {"std::bad_alloc", std::make_exception_ptr(std::bad_alloc()), {0x800A0007, kTitle, L"Memória insuficiente"}},
   }};

@@ -1,14 +1,16 @@
 // A property's text on its way into a field: handed on as it is, or given back for the caller to convert.
 #include <gtest/gtest.h>
 
-#include "foreign_object.h"
+#include "ado/automation_object.h"
+#include "ado/com_surroundings.h"
 #include "platform/automation.h"
-#include "platform/erro.h"
-#include "platform/windows/automation_object.h"
-#include "platform/windows/com_surroundings.h"
+#include "tests/wine/foreign_object.h"
+#include "values/erro.h"
 
-namespace kodra::platform::windows {
+namespace kodra::ado {
 namespace {
+
+namespace ad = platform::ad;
 
 class FieldText : public testing::Test {
  protected:
@@ -29,8 +31,8 @@ class FieldText : public testing::Test {
   }
 
   ComSurroundings surroundings_;
-  std::unique_ptr<Recordset> rows_ = surroundings_.NewRecordset();
-  std::unique_ptr<Field> field_;
+  std::unique_ptr<platform::Recordset> rows_ = surroundings_.NewRecordset();
+  std::unique_ptr<platform::Field> field_;
 };
 
 TEST_F(FieldText, IsHandedOnWhenItFits) {
@@ -64,7 +66,7 @@ TEST_F(FieldText, AnythingElseIsGivenBackAsItIs) {
 }
 
 // One of the component's own objects, which is not reached by way of COM.
-class OwnObject final : public AutomationObject {
+class OwnObject final : public platform::AutomationObject {
  public:
   Value Get(std::wstring_view member) override { return std::wstring(member); }
   void Let(std::wstring_view, const Value&) override {}
@@ -102,4 +104,4 @@ TEST_F(FieldText, RaisesWhatTheFieldRaises) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::windows
+}  // namespace kodra::ado

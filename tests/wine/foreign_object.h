@@ -4,8 +4,8 @@
 #include <cwchar>
 #include <functional>
 
-#include "automation.h"
-#include "client_object.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/client_object.h"
 
 namespace kodra::face {
 

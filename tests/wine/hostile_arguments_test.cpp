@@ -1,5 +1,5 @@
 // Arguments of the wrong number, kind and type, as late-bound clients pass them.
-#include "hostile_client.h"
+#include "tests/wine/hostile_client.h"
 
 namespace kodra::face {
 namespace {

@@ -4,9 +4,9 @@
 #include <functional>
 #include <vector>
 
-#include "client_object.h"
-#include "faults_cases.h"
-#include "server.h"
+#include "tests/wine/client_object.h"
+#include "tests/wine/faults_cases.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 

@@ -1,5 +1,5 @@
 // Parameter objects that raise, give nonsense, call back into the report that is reading them, or go away with it.
-#include "hostile_client.h"
+#include "tests/wine/hostile_client.h"
 
 namespace kodra::face {
 namespace {

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <limits>
 
-#include "hostile_client.h"
+#include "tests/wine/hostile_client.h"
 
 namespace kodra::face {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <vector>
 
-#include "automation.h"
-#include "environment.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 

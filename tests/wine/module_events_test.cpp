@@ -8,9 +8,9 @@
 
 #include <functional>
 
-#include "foreign_object.h"
-#include "report_rows.h"
-#include "stand_in.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/report_rows.h"
+#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {

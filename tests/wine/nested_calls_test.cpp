@@ -1,6 +1,6 @@
 // A client's parameter object that runs a report on another database while a report reads it.
-#include "foreign_object.h"
-#include "report_rows.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {

@@ -2,9 +2,9 @@
 #include <kodrarpt.h>
 #include <objbase.h>
 
-#include "automation.h"
-#include "public_face.h"
-#include "server.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "com/class_table.h"
 #include "com/module.h"
-#include "stand_in.h"
+#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 

@@ -4,9 +4,9 @@
 #include <iostream>
 #include <iterator>
 
-#include "hostile_client.h"
-#include "pretend_databases.h"
-#include "stand_in.h"
+#include "tests/wine/hostile_client.h"
+#include "tests/wine/pretend_databases.h"
+#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {

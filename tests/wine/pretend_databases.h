@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "automation.h"
-#include "environment.h"
-#include "platform/windows/adoint.h"
-#include "secret.h"
+#include "ado/adoint.h"
+#include "tests/secret.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 

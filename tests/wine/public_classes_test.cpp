@@ -1,7 +1,7 @@
 // Every public class by its ProgID, and what its members do to a client that calls them by name.
-#include "automation.h"
-#include "public_face.h"
-#include "server.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

@@ -1,6 +1,6 @@
 // The recordset as it reaches the client: how it reads, and what it keeps alive.
-#include "public_face.h"
-#include "rows.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 namespace {

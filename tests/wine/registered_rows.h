@@ -1,8 +1,8 @@
 // The rows of the class registry that stand for the component registered, written down apart from its own code.
 #pragma once
 
-#include "public_face.h"
-#include "registry_dump.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/registry_dump.h"
 
 namespace kodra::face {
 

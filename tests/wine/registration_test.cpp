@@ -1,7 +1,7 @@
 // What registration writes into the class registry, and that unregistering takes back that and nothing else.
-#include "registered_rows.h"
-#include "registry_dump.h"
-#include "server.h"
+#include "tests/wine/registered_rows.h"
+#include "tests/wine/registry_dump.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "automation.h"
+#include "tests/wine/automation.h"
 
 namespace kodra::face {
 

@@ -7,9 +7,9 @@
 #include <functional>
 #include <map>
 
-#include "foreign_object.h"
-#include "public_face.h"
-#include "rows.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 namespace {

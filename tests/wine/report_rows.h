@@ -10,7 +10,7 @@
 #include <map>
 #include <set>
 
-#include "rows.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 

@@ -1,6 +1,6 @@
 // The module reports over a connection of the client's: main modules only and each of them once, the connection as it
 // was, and rows that stay with the client.
-#include "report_rows_modules.h"
+#include "tests/wine/report_rows_modules.h"
 
 namespace kodra::face {
 namespace {

@@ -1,5 +1,5 @@
 // The rows of the document listings from the sample archive, compared with rows worked out from its tables.
-#include "report_rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {

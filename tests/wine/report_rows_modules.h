@@ -2,7 +2,7 @@
 // a report over a connection string joins both and a report over a client's connection has the main ones only.
 #pragma once
 
-#include "report_rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 

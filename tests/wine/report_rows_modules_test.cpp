@@ -1,5 +1,5 @@
 // The rows of the eleven module reports over a connection string.
-#include "report_rows_modules.h"
+#include "tests/wine/report_rows_modules.h"
 
 namespace kodra::face {
 namespace {

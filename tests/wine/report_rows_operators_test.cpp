@@ -1,5 +1,5 @@
 // The rows of the operators report from the sample archive, and its errors by the name of the step.
-#include "report_rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {

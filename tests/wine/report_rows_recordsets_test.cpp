@@ -1,6 +1,6 @@
 // The recordsets of the reports beyond the catalogs: how they read, what they keep alive, and what those made in memory
 // need nobody for.
-#include "report_rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {

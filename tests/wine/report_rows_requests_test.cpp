@@ -1,6 +1,6 @@
 // The slips of withdrawn originals, their list and the event log from the sample archive, compared with rows worked out
 // from its tables.
-#include "report_rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {

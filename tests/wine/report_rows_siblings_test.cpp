@@ -1,7 +1,7 @@
 // What the reports ask of sibling components and make of their answers, with objects of the test in their place.
-#include "foreign_object.h"
-#include "report_rows.h"
-#include "stand_in.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/report_rows.h"
+#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {

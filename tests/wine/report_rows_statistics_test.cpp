@@ -2,7 +2,7 @@
 //
 // In SQLite's dialect the bounds of a period come out as quotients of day, month and year, which are no dates: no
 // document lies between them.
-#include "report_rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "automation.h"
-#include "environment.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 

@@ -1,6 +1,6 @@
 // A script as the client: VBScript creates the classes, reads the rows and reads Err after each failure.
-#include "public_face.h"
-#include "rows.h"
+#include "tests/wine/public_face.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 namespace {

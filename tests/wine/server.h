@@ -1,8 +1,8 @@
 // KodraRpt.dll by its entry points, without the registry.
 #pragma once
 
-#include "automation.h"
-#include "environment.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 

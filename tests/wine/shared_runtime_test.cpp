@@ -2,8 +2,8 @@
 // same compiler have: its errors are its own, whatever else is loaded.
 #include <gtest/gtest.h>
 
-#include "command_output.h"
-#include "environment.h"
+#include "tests/wine/command_output.h"
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 namespace {

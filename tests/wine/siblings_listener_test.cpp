@@ -3,11 +3,11 @@
 #include <functional>
 #include <sstream>
 
-#include "wine/client_object.h"
-#include "wine/rows.h"
-#include "wine/siblings_script.h"
+#include "tests/wine/client_object.h"
+#include "tests/wine/rows.h"
+#include "tests/wine/siblings_script.h"
 
-namespace kodra::support {
+namespace kodra::siblings {
 namespace {
 
 using face::Call;
@@ -200,4 +200,4 @@ TEST(ListeningScript, HearsTheLinesThatTheLogFileHas) {
 }
 
 }  // namespace
-}  // namespace kodra::support
+}  // namespace kodra::siblings

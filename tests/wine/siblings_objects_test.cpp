@@ -3,11 +3,11 @@
 #include <fstream>
 #include <set>
 
-#include "wine/foreign_object.h"
-#include "wine/rows.h"
-#include "wine/siblings_script.h"
+#include "tests/wine/foreign_object.h"
+#include "tests/wine/rows.h"
+#include "tests/wine/siblings_script.h"
 
-namespace kodra::support {
+namespace kodra::siblings {
 namespace {
 
 using face::Call;
@@ -257,4 +257,4 @@ TEST(SiblingsInAScript, AreEnumeratedIndexedAndPassedToEachOther) {
 }
 
 }  // namespace
-}  // namespace kodra::support
+}  // namespace kodra::siblings

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "wine/environment.h"
+#include "tests/wine/environment.h"
 
-namespace kodra::support {
+namespace kodra::siblings {
 
 inline std::string BytesOf(const face::OwnFile& file) {
   std::ifstream in(std::filesystem::path(file.windowsPath()), std::ios::binary);
@@ -46,4 +46,4 @@ inline std::wstring OutputOf(const std::wstring& script, const std::vector<std::
   return TextOf(file);
 }
 
-}  // namespace kodra::support
+}  // namespace kodra::siblings

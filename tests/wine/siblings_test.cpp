@@ -4,10 +4,10 @@
 #include <map>
 #include <set>
 
-#include "wine/automation.h"
-#include "wine/environment.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
-namespace kodra::support {
+namespace kodra::siblings {
 namespace {
 
 using face::Call;
@@ -291,4 +291,4 @@ TEST_F(SiblingsRegistration, MayBeTakenAwayTwice) {
 }
 
 }  // namespace
-}  // namespace kodra::support
+}  // namespace kodra::siblings

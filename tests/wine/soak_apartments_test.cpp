@@ -4,10 +4,10 @@
 #include <iterator>
 #include <thread>
 
-#include "classes_at_hand.h"
-#include "early_bound.h"
-#include "pretend_databases.h"
-#include "server.h"
+#include "tests/wine/classes_at_hand.h"
+#include "tests/wine/early_bound.h"
+#include "tests/wine/pretend_databases.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

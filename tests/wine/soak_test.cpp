@@ -5,14 +5,14 @@
 #include <iostream>
 #include <map>
 
-#include "classes_at_hand.h"
-#include "early_bound.h"
-#include "faults_heap.h"
-#include "hostile_client.h"
-#include "pretend_databases.h"
-#include "server.h"
-#include "soak_gauge.h"
-#include "stand_in.h"
+#include "tests/wine/classes_at_hand.h"
+#include "tests/wine/early_bound.h"
+#include "tests/wine/faults_heap.h"
+#include "tests/wine/hostile_client.h"
+#include "tests/wine/pretend_databases.h"
+#include "tests/wine/server.h"
+#include "tests/wine/soak_gauge.h"
+#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {

@@ -8,8 +8,8 @@
 #include <functional>
 #include <memory>
 
-#include "client_object.h"
-#include "rows.h"
+#include "tests/wine/client_object.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 

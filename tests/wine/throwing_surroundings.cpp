@@ -1,7 +1,7 @@
 // The surroundings of the classes that the test program holds: Windows' own, each call of which may be one to throw.
+#include "ado/com_surroundings.h"
 #include "com/module.h"
-#include "faults_injector.h"
-#include "platform/windows/com_surroundings.h"
+#include "tests/wine/faults_injector.h"
 
 namespace kodra::com {
 namespace {
@@ -20,7 +20,7 @@ class ThrowingSurroundings final : public platform::Surroundings {
     face::Injector::MeetCreation(L"ADODB.Recordset");
     return windows_.NewRecordset();
   }
-  platform::ObjectRef CreateObject(const std::wstring& progId) override {
+  ObjectRef CreateObject(const std::wstring& progId) override {
     face::Injector::MeetCreation(progId);
     return windows_.CreateObject(progId);
   }
@@ -34,7 +34,7 @@ class ThrowingSurroundings final : public platform::Surroundings {
   bool IsFile(const std::wstring& path) override { return windows_.IsFile(path); }
 
  private:
-  platform::windows::ComSurroundings windows_;
+  ado::ComSurroundings windows_;
 };
 
 }  // namespace

@@ -2,8 +2,8 @@
 // each may be given the other's objects.
 #include <kodrarpt.h>
 
-#include "rows.h"
-#include "server.h"
+#include "tests/wine/rows.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 namespace {

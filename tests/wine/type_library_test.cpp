@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <map>
 
-#include "automation.h"
-#include "environment.h"
-#include "public_face.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
+#include "tests/wine/public_face.h"
 
 namespace kodra::face {
 namespace {

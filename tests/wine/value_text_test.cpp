@@ -5,11 +5,11 @@
 
 #include <limits>
 
-#include "automation.h"
-#include "platform/windows/variant.h"
-#include "text/convert.h"
+#include "ado/variant.h"
+#include "tests/wine/automation.h"
+#include "values/convert.h"
 
-namespace kodra::platform::windows {
+namespace kodra::ado {
 namespace {
 
 constexpr LCID kBrazilian = 0x0416;
@@ -24,7 +24,7 @@ std::wstring AutomationText(const VARIANT& variant) {
 }
 
 // The component's text of the same.
-std::wstring OurText(const VARIANT& variant) { return text::ToTextOrEmpty(ToValue(variant)); }
+std::wstring OurText(const VARIANT& variant) { return values::ToTextOrEmpty(ToValue(variant)); }
 
 struct Written {
   Value value;
@@ -124,4 +124,4 @@ TEST(ValueText, IsThatOfWindowsWhereWineDiffers) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::windows
+}  // namespace kodra::ado

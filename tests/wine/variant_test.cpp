@@ -1,15 +1,15 @@
 // Values and errors across COM: each type of a VARIANT, and each way in which a call can fail.
-#include "platform/windows/variant.h"
+#include "ado/variant.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "foreign_object.h"
-#include "platform/windows/automation_object.h"
-#include "text/convert.h"
+#include "ado/automation_object.h"
+#include "tests/wine/foreign_object.h"
+#include "values/convert.h"
 
-namespace kodra::platform::windows {
+namespace kodra::ado {
 namespace {
 
 // A VARIANT of a type whose value is written by `write`.
@@ -239,7 +239,7 @@ face::Ref<IDispatch> WithDefault(const face::Var& value) {
 
 TEST(LateBoundObject, JoinedToATextIsItsDefaultProperty) {
   const auto joined = [](const face::Ref<IDispatch>& object) {
-    return text::ToTextOrEmpty(ToValue(*ScopedVariant::Object(object.get())));
+    return values::ToTextOrEmpty(ToValue(*ScopedVariant::Object(object.get())));
   };
   EXPECT_EQ(L"ação", joined(WithDefault(L"ação")));
   EXPECT_EQ(L"", joined(WithDefault(face::Var::Null())));
@@ -250,7 +250,7 @@ TEST(LateBoundObject, JoinedToATextIsItsDefaultProperty) {
 TEST(LateBoundObject, WithoutDefaultPropertyHasNoText) {
   const auto raised = [](const Value& value) {
     try {
-      text::ToTextOrEmpty(value);
+      values::ToTextOrEmpty(value);
       return 0;
     } catch (const Erro& erro) {
       return static_cast<int>(erro.Number());
@@ -263,7 +263,7 @@ TEST(LateBoundObject, WithoutDefaultPropertyHasNoText) {
 }
 
 // An object that is no COM object.
-class Portable final : public AutomationObject {
+class Portable final : public platform::AutomationObject {
  public:
   Value Get(std::wstring_view) override { return {}; }
   void Let(std::wstring_view, const Value&) override {}
@@ -571,4 +571,4 @@ TEST(LateBoundObject, OverNothingIsNothing) {
 }
 
 }  // namespace
-}  // namespace kodra::platform::windows
+}  // namespace kodra::ado

@@ -2,7 +2,7 @@
 
 #include "data/abre_cn.h"
 #include "frame/parameter_reader.h"
-#include "text/upper.h"
+#include "values/upper.h"
 
 namespace kodra::reports {
 namespace {
@@ -32,7 +32,7 @@ constexpr CatalogList kAll = Models(false);
 constexpr CatalogList kOne = Models(true);
 
 // The code as the database compares it. Cut first: blanks that a cut uncovers go too.
-std::wstring ComparedCode(std::wstring_view code) { return text::UpperCase(text::Trim(code.substr(0, kCodeSize))); }
+std::wstring ComparedCode(std::wstring_view code) { return values::UpperCase(values::Trim(code.substr(0, kCodeSize))); }
 
 // The rows stay readable without their command; a command that cannot be detached goes as it is.
 void Detach(platform::Command& command) {

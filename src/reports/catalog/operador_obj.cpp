@@ -1,6 +1,6 @@
 #include "reports/catalog/operador_obj.h"
 
-#include "text/convert.h"
+#include "values/convert.h"
 
 namespace kodra::reports {
 
@@ -12,7 +12,7 @@ std::wstring OperadorObj::ToString() const {
   text += L", Chapa: " + Chapa;
   text += L", Ramal: " + Ramal;
   text += L", Descr_Grupo_Op: " + Descr_Grupo_Op;
-  text += L", Ativo: " + text::ToText(Ativo);
+  text += L", Ativo: " + values::ToText(Ativo);
   text += L", Desabilitado_AD: " + Desabilitado_AD;
   text += L", Existe_AD: " + Existe_AD;
   return text;

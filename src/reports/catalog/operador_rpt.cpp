@@ -2,9 +2,9 @@
 
 #include "data/compiled_statement.h"
 #include "reports/output_dataset.h"
-#include "text/convert.h"
-#include "text/numbers.h"
-#include "text/upper.h"
+#include "values/convert.h"
+#include "values/numbers.h"
+#include "values/upper.h"
 
 namespace kodra::reports {
 namespace {
@@ -27,10 +27,10 @@ constexpr void SelectOperators(data::SelectBuilder& builder) {
 
 }  // namespace
 
-bool EhVerdadeiro(const platform::Value& value) {
+bool EhVerdadeiro(const Value& value) {
   constexpr std::wstring_view kYes = L"1,Y,S,T,V";
-  const std::wstring text = text::ToTextOrEmpty(value);
-  return !text.empty() && kYes.find(text::UpperCase(text.front())) != std::wstring_view::npos;
+  const std::wstring text = values::ToTextOrEmpty(value);
+  return !text.empty() && kYes.find(values::UpperCase(text.front())) != std::wstring_view::npos;
 }
 
 frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* obj) {
@@ -42,8 +42,8 @@ frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* 
     const std::vector<OperadorObj> operators = ReadOperators();
     return operators.empty() ? nullptr : Fill(operators, step);
   } catch (...) {
-    throw platform::Erro(frame::kReportError, SourceOf(L"RelatorioOperadores"),
-                         L"Erro " + step + L": " + CaughtErro().Description());
+    throw Erro(frame::kReportError, SourceOf(L"RelatorioOperadores"),
+               L"Erro " + step + L": " + CaughtErro().Description());
   }
 }
 
@@ -60,7 +60,7 @@ std::vector<OperadorObj> COperadorRpt::ReadOperators() const {
   std::vector<OperadorObj> operators;
   for (; !rows->Eof(); rows->MoveNext()) {
     OperadorObj& record = operators.emplace_back();
-    record.Ativo = EhVerdadeiro(ativo.Value());
+    record.Ativo = EhVerdadeiro(ativo.Get());
     record.Chapa = chapa.Text();
     record.Descr_Depto = depto.Text();
     record.Descr_Grupo_Op = grupo.Text();
@@ -104,10 +104,10 @@ frame::ReportRows COperadorRpt::Fill(const std::vector<OperadorObj>& operators, 
 }
 
 std::wstring COperadorRpt::ObtemDescricaoTipo(std::wstring_view code) const {
-  const platform::ObjectRef types = Around().CreateObject(L"KodraBsnV3.ObtedorDeTiposOperadores");
+  const ObjectRef types = Around().CreateObject(L"KodraBsnV3.ObtedorDeTiposOperadores");
   types->Let(L"StringConexao", StringConexao());
-  const platform::Value number = text::LeadingNumber(code);
-  return text::ToText(types->Call(L"ObtemDescricao", {&number, 1}));
+  const Value number = values::LeadingNumber(code);
+  return values::ToText(types->Call(L"ObtemDescricao", {&number, 1}));
 }
 
 }  // namespace kodra::reports

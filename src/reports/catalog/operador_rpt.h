@@ -10,7 +10,7 @@ namespace kodra::reports {
 
 // Whether a flag of the database stands for yes: its text starts with one of 1, Y, S, T and V, in either case, or with
 // the comma of the list that it is looked up in.
-bool EhVerdadeiro(const platform::Value& value);
+bool EhVerdadeiro(const Value& value);
 
 class COperadorRpt : public frame::ReportClass {
  public:

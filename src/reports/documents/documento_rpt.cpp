@@ -2,7 +2,7 @@
 
 #include "frame/parameter_reader.h"
 #include "sql/tradutor_sql.h"
-#include "text/format_date.h"
+#include "values/format_date.h"
 
 namespace kodra::reports {
 namespace {
@@ -18,16 +18,16 @@ constexpr Join kAssunto = {L"ASSUNTO a", L"d.COD_ASSUNTO = a.COD_ASSUNTO "};
 constexpr Join kGrupo = {L"GRUPO g", L"d.COD_GRUPO = g.COD_GRUPO"};
 
 // A whole day as bounds of the storage date; the database sees of them what the translator's date layout keeps.
-template <text::DatePattern kPattern>
-auto Bound(const text::Calendar& day) {
-  return sql::SQLToDate(day, text::DateBy<kPattern>(day), sql::fdYYYYMMDD);
+template <values::DatePattern kPattern>
+auto Bound(const values::Calendar& day) {
+  return sql::SQLToDate(day, values::DateBy<kPattern>(day), sql::fdYYYYMMDD);
 }
 
 void FilterPeriod(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
-  const platform::Date last = frame::ReadDate(parameters, L"DataArmazenamento2");
+  const Date last = frame::ReadDate(parameters, L"DataArmazenamento2");
   if (last.days == 0.0) return;
-  const text::Calendar firstDay = text::ToCalendar(frame::ReadDate(parameters, L"DataArmazenamento1"));
-  const text::Calendar lastDay = text::ToCalendar(last);
+  const values::Calendar firstDay = values::ToCalendar(frame::ReadDate(parameters, L"DataArmazenamento1"));
+  const values::Calendar lastDay = values::ToCalendar(last);
   builder.AddToWhere(L" AND d.DT_ARMAZ BETWEEN ", Bound<L"yyyy-mm-dd 00:00:00">(firstDay), L" AND ",
                      Bound<L"yyyy-mm-dd 23:59:59">(lastDay));
 }

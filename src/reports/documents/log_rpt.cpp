@@ -2,16 +2,15 @@
 
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
-#include "text/convert.h"
-#include "text/format_date.h"
-#include "text/numbers.h"
-#include "text/upper.h"
+#include "values/convert.h"
+#include "values/format_date.h"
+#include "values/numbers.h"
+#include "values/upper.h"
 
 namespace kodra::reports {
 namespace {
 
 namespace ad = platform::ad;
-using platform::Value;
 
 constexpr std::size_t kActionFields = 32;
 constexpr std::size_t kActionSize = 250;
@@ -25,21 +24,23 @@ std::wstring Shortened(std::wstring text, std::size_t count) {
 
 // The first characters of a text; null stays null.
 Value FirstCharacters(Value value, std::size_t count) {
-  if (value.Is<platform::Null>()) return value;
-  return Shortened(text::ToText(std::move(value)), count);
+  if (value.Is<Null>()) return value;
+  return Shortened(values::ToText(std::move(value)), count);
 }
 
 // The same, with null as the empty text.
 Value FirstCharactersOrEmpty(Value value, std::size_t count) {
-  return Shortened(text::ToTextOrEmpty(std::move(value)), count);
+  return Shortened(values::ToTextOrEmpty(std::move(value)), count);
 }
 
 Value TimeText(const Value& moment) {
-  if (moment.Is<platform::Null>()) return L"";
-  return text::FormatDate<L"hh:mm:ss">(text::ToDate(moment));
+  if (moment.Is<Null>()) return L"";
+  return values::FormatDate<L"hh:mm:ss">(values::ToDate(moment));
 }
 
-std::wstring ActionField(std::size_t number) { return L"ACAO" + text::NumberToText(static_cast<std::int64_t>(number)); }
+std::wstring ActionField(std::size_t number) {
+  return L"ACAO" + values::NumberToText(static_cast<std::int64_t>(number));
+}
 
 void FillAction(OutputDataset& output, const std::wstring& action) {
   for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number) {
@@ -68,7 +69,7 @@ void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
   Copy(event, L"Cod_Docto", output[4], 10, FirstCharactersOrEmpty);
   Copy(event, L"Tipo_Evento", output[5], 10);
   std::optional<Value> action = output[kFirstAction].LetText(event, L"Acao", kActionSize);
-  if (action) FillAction(output, text::ToText(*std::move(action)));
+  if (action) FillAction(output, values::ToText(*std::move(action)));
   output.Update();
 }
 
@@ -78,28 +79,28 @@ frame::ReportRows CLogRpt::RelatorioLog(platform::AutomationObject* obj) {
   return Report(L"RelatorioLog", [&]() -> frame::ReportRows {
     InicializaPS(obj);
     // Both live until the rows are filled: the events may be read through them.
-    const platform::ObjectRef filter = NewFilter(*obj);
-    const platform::ObjectRef reader = NewReader();
+    const ObjectRef filter = NewFilter(*obj);
+    const ObjectRef reader = NewReader();
     Value argument = filter;
-    const platform::ObjectRef events = platform::ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
+    const ObjectRef events = platform::ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
     return events ? Fill(*events) : nullptr;
   });
 }
 
-platform::ObjectRef CLogRpt::NewFilter(platform::AutomationObject& parameters) const {
-  platform::ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
+ObjectRef CLogRpt::NewFilter(platform::AutomationObject& parameters) const {
+  ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
   filter->Let(L"Acao", frame::ReadText(parameters, L"Acao"));
   filter->Let(L"Cod_Docto", frame::ReadText(parameters, L"CodDocto"));
   filter->Let(L"DataFinal", frame::ReadDate(parameters, L"DataFinal"));
   filter->Let(L"DataInicial", frame::ReadDate(parameters, L"DataInicial"));
   filter->Let(L"Maquina", frame::ReadText(parameters, L"MaquinaOrigem"));
   filter->Let(L"Nome_Operador", frame::ReadText(parameters, L"Operador"));
-  filter->Let(L"Tipo_Evento", text::UpperCase(frame::ReadText(parameters, L"Evento").substr(0, 3)));
+  filter->Let(L"Tipo_Evento", values::UpperCase(frame::ReadText(parameters, L"Evento").substr(0, 3)));
   return filter;
 }
 
-platform::ObjectRef CLogRpt::NewReader() const {
-  platform::ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
+ObjectRef CLogRpt::NewReader() const {
+  ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
   reader->Let(L"StringConexao", StringConexao());
   reader->Let(L"Caller", SourceOf(L"RelatorioLog"));
   return reader;

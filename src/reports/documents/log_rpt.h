@@ -15,8 +15,8 @@ class CLogRpt : public frame::ReportClass {
   frame::ReportRows RelatorioLog(platform::AutomationObject* obj);
 
  private:
-  platform::ObjectRef NewFilter(platform::AutomationObject& parameters) const;
-  platform::ObjectRef NewReader() const;
+  ObjectRef NewFilter(platform::AutomationObject& parameters) const;
+  ObjectRef NewReader() const;
   frame::ReportRows Fill(platform::AutomationObject& events) const;
 };
 

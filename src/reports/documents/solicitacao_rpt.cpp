@@ -5,13 +5,13 @@
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
 #include "sql/tradutor_sql.h"
-#include "text/format_date.h"
+#include "values/format_date.h"
 
 namespace kodra::reports {
 namespace {
 
 // Room for a statement with some requests.
-using Statement = text::LocalText<800>;
+using Statement = values::LocalText<800>;
 
 Statement DocumentsStatement(const std::wstring& requests) {
   return Statement(
@@ -28,7 +28,7 @@ Statement DocumentsStatement(const std::wstring& requests) {
 
 // The return sentence by the mode of the request, for one document or several.
 auto ReturnSentences(bool several, std::wstring_view date) {
-  return text::Written([several, date](text::Writer& out) {
+  return values::Written([several, date](values::Writer& out) {
     if (several)
       out.Append(
           L"WHEN 'P' THEN 'Os documentos serão retirados permanentemente.' "
@@ -44,7 +44,7 @@ auto ReturnSentences(bool several, std::wstring_view date) {
   });
 }
 
-Statement RequestStatement(const std::wstring& requests, const text::Fragment auto& sentences) {
+Statement RequestStatement(const std::wstring& requests, const values::Fragment auto& sentences) {
   return Statement(
       L"SELECT DISTINCT "
       L"CASE "
@@ -91,7 +91,7 @@ std::wstring DocumentLine(std::wstring_view document, std::wstring_view module, 
 frame::ReportRows CSolicitacaoRpt::RelatorioRetiradaOriginal(platform::AutomationObject* obj) {
   return Report(L"RelatorioRetiradaOriginal", [&] {
     InicializaPS(obj);
-    const platform::ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
+    const ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
     const std::wstring requests = frame::ReadText(*obj, L"CodSolicit");
     return FillSlip(requests, ReadDocuments(requests, *conversions));
   });
@@ -108,8 +108,8 @@ CSolicitacaoRpt::Slip CSolicitacaoRpt::ReadDocuments(const std::wstring& request
   SourceField shelf(*rows, L"PRATELEIRA");
   Slip slip;
   for (; !rows->Eof(); rows->MoveNext()) {
-    const platform::Value dateText = date.Text();
-    slip.returnDate = text::FormatDate<L"dd/mm/yyyy">(text::ToDate(conversions.Call(L"ToDate", {&dateText, 1})));
+    const Value dateText = date.Text();
+    slip.returnDate = values::FormatDate<L"dd/mm/yyyy">(values::ToDate(conversions.Call(L"ToDate", {&dateText, 1})));
     // Read one after the other: the order of a call's arguments is the compiler's.
     const std::wstring documentCode = document.Text();
     const std::wstring moduleCode = module.Text();
@@ -120,7 +120,7 @@ CSolicitacaoRpt::Slip CSolicitacaoRpt::ReadDocuments(const std::wstring& request
   }
   rows->Close();
   // A request without documents has no slip: its list was never made.
-  if (slip.lines.empty()) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
+  if (slip.lines.empty()) throw MakeRuntimeError(RuntimeError::kObjectNotSet);
   return slip;
 }
 

@@ -11,9 +11,10 @@ namespace {
 using data::JoinKind;
 
 // A column with the empty text in place of null, under a name.
-auto OrEmpty(text::Piece column, text::Piece name) {
-  return text::Written(
-      [value = sql::SQLNVL(column, sql::nvTexto, L""), name](text::Writer& out) { out.Append(value, L" AS ", name); });
+auto OrEmpty(values::Piece column, values::Piece name) {
+  return values::Written([value = sql::SQLNVL(column, sql::nvTexto, L""), name](values::Writer& out) {
+    out.Append(value, L" AS ", name);
+  });
 }
 
 void AddDepositoryColumns(data::SelectBuilder& builder) {
@@ -88,10 +89,10 @@ frame::ReportRows CCaixaRpt::DocsNoModulo(platform::AutomationObject* obj) {
 
 frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(platform::AutomationObject* obj) {
   try {
-    if (obj == nullptr) throw platform::MakeRuntimeError(platform::RuntimeError::kObjectNotSet);
+    if (obj == nullptr) throw MakeRuntimeError(RuntimeError::kObjectNotSet);
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
-    return OpenResult(text::LocalText<100>(L"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = '", MainModule(module),
-                                           L"' ORDER BY COD_DOCTO"));
+    return OpenResult(values::LocalText<100>(L"SELECT COD_DOCTO FROM DOCUMENTO WHERE NUM_CAIXA = '", MainModule(module),
+                                             L"' ORDER BY COD_DOCTO"));
   } catch (...) {
     throw CaughtErro();
   }

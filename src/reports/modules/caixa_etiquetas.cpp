@@ -60,7 +60,7 @@ frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
     const std::wstring_view once = builder.SQL();
     if (HasConexao()) return OpenResult(once);
     // Two opening labels go on each module.
-    return OpenResult(text::LocalText<2000>(once, L" UNION ALL ", once, L" ORDER BY NUM_CAIXA"));
+    return OpenResult(values::LocalText<2000>(once, L" UNION ALL ", once, L" ORDER BY NUM_CAIXA"));
   });
 }
 

@@ -2,22 +2,20 @@
 #include "reports/modules/caixa_rpt.h"
 
 #include "frame/cerro.h"
-#include "platform/password.h"
-#include "text/convert.h"
-#include "text/numbers.h"
+#include "values/convert.h"
+#include "values/numbers.h"
+#include "values/password.h"
 
 namespace kodra::reports {
 
 namespace ad = platform::ad;
-using platform::Value;
 
 void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
   if (!conexao_ && StringConexao().empty())
-    throw platform::Erro(platform::kErrBase + 9998, SourceOf(L"InicializaPS"),
-                         L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.");
+    throw Erro(kErrBase + 9998, SourceOf(L"InicializaPS"),
+               L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.");
   if (conexao_) SetStringConexao(conexao_.connection->ConnectionString());
-  if (obj == nullptr)
-    throw platform::Erro(platform::kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
+  if (obj == nullptr) throw Erro(kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");
   LearnTipoBanco();
 }
 
@@ -42,22 +40,21 @@ std::wstring CCaixaRpt::PassThroughLog(const std::wstring& line) {
   log_->Let(L"Ativar", !logFile_.empty());
   Value left = line;
   log_->CallByReference(L"DebugLog", left, {});
-  std::wstring announced = text::ToText(std::move(left));
-  return announced == line ? announced : platform::HidePassword(announced, StringConexao());
+  std::wstring announced = values::ToText(std::move(left));
+  return announced == line ? announced : values::HidePassword(announced, StringConexao());
 }
 
 void CCaixaRpt::RaiseLogged(std::wstring_view method) {
   frame::CErro erro;
   erro.SetErro(CaughtErro());
   const std::wstring source = SourceOf(method);
-  if (erro.Source() == platform::kApplicationTitle) erro.SetSource(source);
+  if (erro.Source() == kApplicationTitle) erro.SetSource(source);
   try {
-    WriteFailure(text::LocalText<200>(source, L": ----> saindo com o erro ", text::NumberToText(erro.Number()), L" em ",
-                                      erro.Source(), L": ", erro.Description()));
+    WriteFailure(values::LocalText<200>(source, L": ----> saindo com o erro ", values::NumberToText(erro.Number()),
+                                        L" em ", erro.Source(), L": ", erro.Description()));
   } catch (...) {  // NOLINT(bugprone-empty-catch): a listener that fails does not hide the error being reported
   }
-  throw platform::Erro(frame::kReportError, erro.Source(),
-                       std::wstring(frame::kReportErrorPrefix) + erro.Description());
+  throw Erro(frame::kReportError, erro.Source(), std::wstring(frame::kReportErrorPrefix) + erro.Description());
 }
 
 frame::ReportRows CCaixaRpt::OpenResult(std::wstring_view statement) {
@@ -86,8 +83,8 @@ void CCaixaRpt::OpenStatic(platform::Recordset& recordset, std::wstring_view sta
   recordset.Open(statement, connection, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
 }
 
-platform::ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) {
-  platform::ObjectRef object = Around().CreateObject(progId);
+ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) {
+  ObjectRef object = Around().CreateObject(progId);
   object->Let(L"StringConexao", StringConexao());
   object->Let(L"LogFile", logFile_);
   if (conexao_) object->Set(L"Conexao", conexao_.object);
@@ -95,33 +92,33 @@ platform::ObjectRef CCaixaRpt::CreateBusinessObject(const std::wstring& progId) 
 }
 
 std::wstring CCaixaRpt::SubordinateCode() {
-  const platform::ObjectRef modules = CreateBusinessObject(L"KodraBsnV3.ModulosBsn");
+  const ObjectRef modules = CreateBusinessObject(L"KodraBsnV3.ModulosBsn");
   Value databaseCode = TipoBanco();
   const Value alias = L"s";
-  return text::ToText(modules->CallByReference(L"NumCxSubordinadaSQL", databaseCode, {&alias, 1}));
+  return values::ToText(modules->CallByReference(L"NumCxSubordinadaSQL", databaseCode, {&alias, 1}));
 }
 
 CCaixaRpt::ClosedSubordinates CCaixaRpt::ObtemSubordinadosFechados(const std::wstring& module) {
   constexpr std::int32_t kClosedOnly = 1;
   const std::wstring source = SourceOf(L"ObtemSubordinadosFechados");
   DebugLog(source, L": gerando filtro");
-  platform::ObjectRef filter = Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
+  ObjectRef filter = Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
   filter->Let(L"NumCaixa", module);
   filter->Let(L"Fechados", kClosedOnly);
   DebugLog(source, L": obtendo dados");
-  platform::ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
+  ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
   Value argument = filter;
-  platform::ObjectRef modules = platform::ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
+  ObjectRef modules = platform::ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
   return {std::move(filter), std::move(reader), std::move(modules)};
 }
 
 void CCaixaRpt::RequireAny(const ClosedSubordinates& closed, const std::wstring& module) {
   const auto raise = [&](std::int32_t number, const wchar_t* description) {
-    throw platform::Erro(platform::kErrBase + number, std::wstring(platform::kApplicationTitle), description + module);
+    throw Erro(kErrBase + number, std::wstring(kApplicationTitle), description + module);
   };
   if (!closed.modules)
     raise(10, L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo ");
-  if (text::ToInt32(closed.modules->Get(L"Count")) == 0)
+  if (values::ToInt32(closed.modules->Get(L"Count")) == 0)
     raise(11, L"Não há módulos subordinados fechados associados ao módulo ");
 }
 

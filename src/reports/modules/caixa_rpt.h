@@ -58,7 +58,7 @@ class CCaixaRpt : public frame::ReportClass {
   // This class's checks: a connection or a connection string, then the parameter object; then the database code.
   void InicializaPS(const platform::AutomationObject* obj);
   // Writes a line to the log and announces it.
-  void DebugLog(const auto&... pieces) { WriteLog(text::LocalText<200>(pieces...)); }
+  void DebugLog(const auto&... pieces) { WriteLog(values::LocalText<200>(pieces...)); }
   void WriteLog(std::wstring_view text);
   // The same for the line of a failure, which is announced even when the log fails.
   void WriteFailure(std::wstring_view text);
@@ -82,14 +82,14 @@ class CCaixaRpt : public frame::ReportClass {
   frame::ReportRows NewStatic() const;
 
   // A business component, told where to read and where to log.
-  platform::ObjectRef CreateBusinessObject(const std::wstring& progId);
+  ObjectRef CreateBusinessObject(const std::wstring& progId);
   // The expression that gives a subordinate's 7-character code, over the alias s.
   std::wstring SubordinateCode();
   // A collection, null when the component returns none, with the objects that it came from and may be read through.
   struct ClosedSubordinates {
-    platform::ObjectRef filter;
-    platform::ObjectRef reader;
-    platform::ObjectRef modules;
+    ObjectRef filter;
+    ObjectRef reader;
+    ObjectRef modules;
   };
   // The closed subordinates of a module.
   ClosedSubordinates ObtemSubordinadosFechados(const std::wstring& module);
@@ -98,7 +98,7 @@ class CCaixaRpt : public frame::ReportClass {
 
   platform::ClientConnection conexao_;
   std::wstring logFile_;
-  platform::ObjectRef log_;
+  ObjectRef log_;
   std::function<void(const std::wstring&)> listener_;
 };
 

@@ -7,7 +7,7 @@
 #include "data/compiled_statement.h"
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
-#include "text/writer.h"
+#include "values/writer.h"
 
 namespace kodra::reports {
 namespace {
@@ -22,8 +22,8 @@ constexpr void SelectContainers(data::SelectBuilder& builder) {
   builder.SetOrderBy(L"NUM_CONTAINER, DESC_CONTAINER");
 }
 
-text::LocalText<200> ModulesStatement(const std::wstring& container) {
-  return text::LocalText<200>(
+values::LocalText<200> ModulesStatement(const std::wstring& container) {
+  return values::LocalText<200>(
       L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
       L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
       L"WHERE cx.CONTAINER='",
@@ -31,7 +31,7 @@ text::LocalText<200> ModulesStatement(const std::wstring& container) {
 }
 
 // Whole seconds from one date to another.
-double SecondsBetween(platform::Date from, platform::Date to) {
+double SecondsBetween(Date from, Date to) {
   constexpr double kSecondsADay = 86400;
   return std::round(to.days * kSecondsADay) - std::round(from.days * kSecondsADay);
 }
@@ -42,12 +42,12 @@ std::optional<ContainerLabel> ReadLabel(platform::Recordset& modules, platform::
   SourceField company(modules, L"NOME_EMPRESA");
   SourceField kind(modules, L"TIPO_GUARDA");
   SourceField date(modules, L"DATA_VENCIMENTO");
-  const platform::Value dateObject = (*date).AsObject();
+  const Value dateObject = (*date).AsObject();
   ContainerLabel label;
   for (; !modules.Eof(); modules.MoveNext()) {
     const std::wstring companyName = company.Text();
     const std::wstring moduleKind = kind.Text();
-    label.Add(text::ToDate(conversions.Call(L"ToDate", {&dateObject, 1})), moduleKind, companyName);
+    label.Add(values::ToDate(conversions.Call(L"ToDate", {&dateObject, 1})), moduleKind, companyName);
   }
   return label;
 }
@@ -58,7 +58,7 @@ void EnsureOpen(OutputDataset& output) {
 
 }  // namespace
 
-void ContainerLabel::Add(platform::Date date, std::wstring_view moduleKind, std::wstring_view companyName) {
+void ContainerLabel::Add(Date date, std::wstring_view moduleKind, std::wstring_view companyName) {
   company = companyName;
   if (date.days > 0) kind = L"T";
   if (kind != L"T") kind = moduleKind;
@@ -75,7 +75,7 @@ frame::ReportRows CContainerRpt::RelatorioContainers(platform::AutomationObject*
 frame::ReportRows CContainerRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
   return Report(L"EtiquetaAbertura", [&] {
     InicializaPS(obj);
-    const platform::ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
+    const ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
     OutputDataset output(Around());
     output.AppendText(L"CONTAINER", 10);
     output.Append(L"DATA_VENCIMENTO", ad::kDBDate);
@@ -110,12 +110,12 @@ frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(platform::AutomationObje
     const std::wstring second = frame::ReadText(*obj, L"Container2");
     const std::wstring third = frame::ReadText(*obj, L"Container3");
     return Open(
-        text::LocalText<200>(L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
-                             L"FROM CAIXA cx "
-                             L"WHERE cx.CONTAINER = '",
-                             first, L"' OR cx.CONTAINER = '", second, L"' OR cx.CONTAINER = '", third,
-                             L"' "
-                             L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA"));
+        values::LocalText<200>(L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
+                               L"FROM CAIXA cx "
+                               L"WHERE cx.CONTAINER = '",
+                               first, L"' OR cx.CONTAINER = '", second, L"' OR cx.CONTAINER = '", third,
+                               L"' "
+                               L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA"));
   });
 }
 

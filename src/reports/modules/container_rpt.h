@@ -9,12 +9,12 @@ namespace kodra::reports {
 
 // What a container's label says of its modules, gathered module by module.
 struct ContainerLabel {
-  platform::Date latest;  // the latest retention date; zero when no module has one
-  std::wstring kind;      // "T" as soon as a module has a retention date, else the retention kind of the last module
+  Date latest;        // the latest retention date; zero when no module has one
+  std::wstring kind;  // "T" as soon as a module has a retention date, else the retention kind of the last module
   std::wstring company;
 
   // Takes a module in: its retention date (zero: none), its retention kind and the company's name.
-  void Add(platform::Date date, std::wstring_view moduleKind, std::wstring_view companyName);
+  void Add(Date date, std::wstring_view moduleKind, std::wstring_view companyName);
 };
 
 class CContainerRpt : public frame::ReportClass {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/numbers.h"
+#include "values/numbers.h"
 
 namespace kodra::reports {
 
@@ -10,7 +10,7 @@ std::wstring_view MainModule(std::wstring_view code) { return code.substr(0, kMo
 
 std::wstring SubordinateNumber(std::wstring_view code) {
   constexpr std::size_t kDigits = 2;
-  return text::NumberToText(text::LeadingNumber(code.substr(code.size() - std::min(code.size(), kDigits))));
+  return values::NumberToText(values::LeadingNumber(code.substr(code.size() - std::min(code.size(), kDigits))));
 }
 
 bool NamesMainModule(std::wstring_view code) { return code.size() == kModuleCodeSize; }

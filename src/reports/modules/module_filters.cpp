@@ -1,13 +1,13 @@
 #include "reports/modules/module_filters.h"
 
 #include "frame/parameter_reader.h"
-#include "text/numbers.h"
+#include "values/numbers.h"
 
 namespace kodra::reports {
 
 void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
-  if (text::LeadingNumber(code) > 0) builder.AddToWhere(L" AND c.COD_DEPTO = '", code, L"'");
+  if (values::LeadingNumber(code) > 0) builder.AddToWhere(L" AND c.COD_DEPTO = '", code, L"'");
 }
 
 void FilterPregresso(data::SelectBuilder& builder, platform::AutomationObject& parameters) {

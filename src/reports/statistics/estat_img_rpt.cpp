@@ -8,7 +8,7 @@
 namespace kodra::reports {
 namespace {
 
-text::Piece CountColumns(std::wstring_view kind) {
+values::Piece CountColumns(std::wstring_view kind) {
   if (kind == L"P") return L", d.FRENTE, d.VERSO ";
   if (kind == L"F") return L", d.FRENTE ";
   return L", d.COD_DOCTO ";

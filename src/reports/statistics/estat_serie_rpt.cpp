@@ -8,14 +8,14 @@
 namespace kodra::reports {
 namespace {
 
-text::Piece Subtitle(std::wstring_view kind) {
+values::Piece Subtitle(std::wstring_view kind) {
   if (kind == L"F") return L"'(por número de folhas)' AS Subtitulo, ";
   if (kind == L"P") return L"'(por número de páginas)' AS Subtitulo, ";
   return L"'(por número de documentos)' AS Subtitulo, ";
 }
 
 // Pages are front pages whatever the subtitle says.
-text::Piece Total(std::wstring_view kind) {
+values::Piece Total(std::wstring_view kind) {
   if (kind == L"N") return L"COUNT(";
   return L"SUM(";
 }
@@ -33,7 +33,7 @@ frame::ReportRows CEstatSerieRpt::RelatorioEstatisticas(platform::AutomationObje
     const Period period = ReadPeriod(*obj);
     const std::wstring kind = frame::ReadText(*obj, L"TipoRpt");
     const StatedPeriod stated(period);
-    const text::LocalText<64> prefix(L"'", subgroup, L": '");
+    const values::LocalText<64> prefix(L"'", subgroup, L": '");
     data::SelectBuilder builder = NewBuilder();
     builder.SetColumns(StatisticsTitle(series), L" AS Titulo, ", Subtitle(kind), stated.Title(), L" AS Periodo, ",
                        sql::SQLStrConcat({prefix.View(), L"g.DESCR_GRUPO"}), L" AS Subgrupo, ",

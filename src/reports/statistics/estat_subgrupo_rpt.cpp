@@ -8,7 +8,7 @@
 namespace kodra::reports {
 namespace {
 
-text::Piece CountColumns(std::wstring_view kind) {
+values::Piece CountColumns(std::wstring_view kind) {
   if (kind == L"F") return L"g.DESCR_GRUPO, d.FRENTE";
   if (kind == L"P") return L"g.DESCR_GRUPO, d.FRENTE, d.VERSO";
   return L"g.DESCR_GRUPO, d.COD_DOCTO";

@@ -8,7 +8,7 @@ namespace kodra::reports {
 namespace {
 
 // One layout prints both kinds: front pages come with a back count of zero.
-text::Piece PageColumns(std::wstring_view kind) {
+values::Piece PageColumns(std::wstring_view kind) {
   if (kind == L"F") return L", d.FRENTE, 0 AS VERSO ";
   if (kind == L"P") return L", d.FRENTE, d.VERSO ";
   return L"";

@@ -5,7 +5,7 @@
 namespace kodra::reports {
 
 Period ReadPeriod(platform::AutomationObject& parameters) {
-  const platform::Date first = frame::ReadDate(parameters, L"DataInicial");
+  const Date first = frame::ReadDate(parameters, L"DataInicial");
   return {first, frame::ReadDate(parameters, L"DataFinal")};
 }
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/surroundings.h"
-#include "text/upper.h"
-#include "text/writer.h"
+#include "values/upper.h"
+#include "values/writer.h"
 
 namespace kodra::reports {
 
@@ -15,7 +15,8 @@ std::wstring TaxonomyName(const std::wstring& parameter, const std::wstring& con
 
 // The heading of a statistic by a level, as an SQL text literal: 'ESTATÍSTICAS POR <NAME>'.
 inline auto StatisticsTitle(std::wstring_view name) {
-  return text::Written([name](text::Writer& out) { out.Append(L"'ESTATÍSTICAS POR ", text::InUpperCase{name}, L"'"); });
+  return values::Written(
+      [name](values::Writer& out) { out.Append(L"'ESTATÍSTICAS POR ", values::InUpperCase{name}, L"'"); });
 }
 
 }  // namespace kodra::reports

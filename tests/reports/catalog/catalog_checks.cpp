@@ -1,4 +1,4 @@
-#include "reports/catalog/catalog_checks.h"
+#include "tests/reports/catalog/catalog_checks.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ struct Mishap {
 
 std::vector<Mishap> Mishaps() {
   return {
-      {Failure(platform::Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
+      {Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
       {Failure(std::bad_alloc()), "KodraRpt", "Memória insuficiente"},
       {Failure(std::runtime_error("unexpected")), "KodraRpt", "Erro interno"},
   };
@@ -104,8 +104,7 @@ void CheckRefused(const Subject& subject, const std::wstring& connectionString, 
                   const std::string& cause) {
   recorder::FakeSurroundings around;
   around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
-  const platform::ObjectRef parameters =
-      withParameters ? around.NewObject(L"Parametros", subject.parameters) : platform::ObjectRef{};
+  const ObjectRef parameters = withParameters ? around.NewObject(L"Parametros", subject.parameters) : ObjectRef{};
   const ReportCall call = subject.make(around, connectionString);
   EXPECT_EQ(RaisedBy([&] { call(parameters.get()); }), Framed(subject.name, cause));
 }
@@ -217,7 +216,7 @@ void CheckFrame(const Subject& subject) {
   Stage stage(subject, DatabaseOf(1));
   stage.around.ado.nativeErrors = {942};
   stage.around.journal.FailOn(L"Recordset1.Open",
-                              Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
+                              Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
   EXPECT_EQ(RaisedBy([&] { stage.Call(); }),
             Framed(subject.name, subject.firehose ? "[OraOLEDB]: A tabela ou view não existe [N:942]"
                                                   : "A tabela ou view não existe"));

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "frame/report_class.h"
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::reports {
 
@@ -67,7 +67,7 @@ class Stage {
   recorder::FakeSurroundings around;
 
  private:
-  platform::ObjectRef parameters_;
+  ObjectRef parameters_;
   ReportCall call_;
 };
 

@@ -4,12 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/catalog/catalog_checks.h"
+#include "tests/reports/catalog/catalog_checks.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Framed;
 using recorder::Lines;
 using recorder::RaisedBy;
@@ -117,7 +116,7 @@ TEST(CCDRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 }
 
 TEST(CCDRptTest, RefusesANullKindOfReport) {
-  Stage stage(Report({platform::Null{}}), DatabaseOf(2));
+  Stage stage(Report({Null{}}), DatabaseOf(2));
   EXPECT_EQ(RaisedBy([&] { stage.Call(); }), Framed("CCDRpt::RelatorioMidias", "Uso de 'Null' inválido"));
 }
 

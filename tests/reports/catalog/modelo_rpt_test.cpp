@@ -4,12 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/catalog/catalog_checks.h"
+#include "tests/reports/catalog/catalog_checks.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Framed;
 using recorder::RaisedBy;
 using recorder::Utf8;
@@ -125,7 +124,7 @@ TEST(CModeloRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 }
 
 TEST(CModeloRptTest, RefusesANullCode) {
-  Stage stage(Report(platform::Null{}), DatabaseOf(2));
+  Stage stage(Report(Null{}), DatabaseOf(2));
   EXPECT_EQ(RaisedBy([&] { stage.Call(); }), Framed("CModeloRpt::RelatorioModelos", "Uso de 'Null' inválido"));
 }
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "reports/catalog/catalog_checks.h"
+#include "tests/reports/catalog/catalog_checks.h"
 
 namespace kodra::reports {
 namespace {

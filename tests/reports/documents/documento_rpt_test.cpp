@@ -4,13 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/report_scene.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Date;
-using platform::Value;
 using recorder::Failure;
 using recorder::Framed;
 using recorder::Lines;
@@ -174,8 +172,7 @@ TEST_P(CDocumentoRptTest, LeavesAQuoteInTheDepartmentToTheDatabase) {
             ListingCalls(DatabaseOf(2), Statement(GetParam(), " AND d.COD_DEPTO = 'O'X'"), Reads("", "0", "O'X")));
   scene.Prepare();
   scene.Around().ado.nativeErrors = {105};
-  scene.Around().journal.FailOn(L"Recordset1.Open",
-                                Failure(platform::Erro(-2147217900, L"SQLNCLI11", L"Aspas não fechadas")));
+  scene.Around().journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217900, L"SQLNCLI11", L"Aspas não fechadas")));
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }), Framed(scene.Name(), "[SQLNCLI11]: Aspas não fechadas [N:105]"));
 }
 

@@ -4,15 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/report_scene.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Date;
-using platform::Null;
-using platform::ObjectRef;
-using platform::Value;
 using recorder::Answers;
 using recorder::FakeSurroundings;
 using recorder::Framed;
@@ -244,8 +240,7 @@ TEST(CLogRptTest, StandsOnTheFirstEvent) {
 }
 
 TEST(CLogRptTest, GivesNothingWithoutACollection) {
-  const std::pair<Value, std::string> kAnswers[] = {
-      {ObjectRef{}, "Nothing"}, {platform::Empty{}, "Empty"}, {Null{}, "Null"}};
+  const std::pair<Value, std::string> kAnswers[] = {{ObjectRef{}, "Nothing"}, {Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kAnswers) {
     Scene scene(Report(), DatabaseOf(2), Finding(answer));
     std::vector<std::string> lines = FindingLines(DatabaseOf(2), shown);

@@ -3,12 +3,11 @@
 
 #include "frame/parameter_object.h"
 #include "reports/documents/solicitacao_rpt.h"
-#include "reports/report_scene.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Framed;
 using recorder::Lines;
 
@@ -95,7 +94,7 @@ TEST(WithdrawnOriginalsTest, AreListedWithReturnedOnesForAnyFlagButZero) {
 
 TEST(WithdrawnOriginalsTest, RefuseAFlagThatIsNone) {
   EXPECT_EQ(Scene(Report(L"talvez"), DatabaseOf(2)).RunRaising(), Framed(kName, "Tipos incompatíveis"));
-  EXPECT_EQ(Scene(Report(platform::Null{}), DatabaseOf(2)).RunRaising(), Framed(kName, "Uso de 'Null' inválido"));
+  EXPECT_EQ(Scene(Report(Null{}), DatabaseOf(2)).RunRaising(), Framed(kName, "Uso de 'Null' inválido"));
 }
 
 TEST(WithdrawnOriginalsTest, NameThePropertyThatAnotherObjectDoesNotHave) {

@@ -1,8 +1,8 @@
 // A document's line on the withdrawal slip, without any database.
 #include <gtest/gtest.h>
 
-#include "recorder/journal.h"
 #include "reports/documents/solicitacao_rpt.h"
+#include "tests/recorder/journal.h"
 
 namespace kodra::reports {
 namespace {

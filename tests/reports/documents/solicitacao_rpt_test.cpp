@@ -4,14 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/report_scene.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Date;
-using platform::Null;
-using platform::Value;
 using recorder::FakeSurroundings;
 using recorder::Framed;
 using recorder::RaisedBy;

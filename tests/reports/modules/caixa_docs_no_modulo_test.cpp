@@ -1,7 +1,7 @@
 // The header and the documents of one module.
 #include <gtest/gtest.h>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {
@@ -123,14 +123,14 @@ TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
   CaixaStage onString(DatabaseOf(1), Path::kConnectionString);
   onString.around.ado.nativeErrors = {942};
   onString.around.journal.FailOn(L"Recordset1.Open",
-                                 recorder::Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
+                                 recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
   EXPECT_EQ(RaisedBy([&] { onString.report.DocsNoModuloSubRpt(CaixaStage::Own({}).get()); }),
             (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: A tabela não existe [N:942]"}));
   EXPECT_EQ(onString.heard, CallLines());
 
   CaixaStage onClients(DatabaseOf(1), Path::kClientConnection);
   onClients.around.journal.FailOn(L"Recordset1.Open",
-                                  recorder::Failure(platform::Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
+                                  recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
   EXPECT_EQ(RaisedBy([&] { onClients.report.DocsNoModuloSubRpt(CaixaStage::Own({}).get()); }),
             (Raised{-2147217865, "OraOLEDB", "A tabela não existe"}));
   EXPECT_EQ(onClients.heard, CallLines());
@@ -234,7 +234,7 @@ TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheReopenedRecordsetOnItsBlankRow
       stage.report.AutorizacaoDescarteModuloSubRpt(CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
   EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
   EXPECT_FALSE(rows->Eof());
-  EXPECT_EQ(rows->FieldByName(L"COD_DOCTO")->Get(), platform::Value(L" "));
+  EXPECT_EQ(rows->FieldByName(L"COD_DOCTO")->Get(), Value(L" "));
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheBlankRowForACodeOfAnyOtherLength) {

@@ -1,12 +1,11 @@
 // The labels of storage modules.
 #include <gtest/gtest.h>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::ObjectRef;
 using recorder::RaisedBy;
 
 const Parameters kThreeModules = {{L"Modulo1", L"AB001"}, {L"Modulo2", L"AB002"}, {L"Modulo3", L"AB003"}};
@@ -219,8 +218,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
-  const std::pair<platform::Value, const char*> kNoLists[] = {
-      {ObjectRef(), "Nothing"}, {platform::Empty{}, "Empty"}, {platform::Null{}, "Null"}};
+  const std::pair<Value, const char*> kNoLists[] = {{ObjectRef(), "Nothing"}, {Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kNoLists)
     for (const Path path : kPaths) {
       CaixaStage stage(DatabaseOf(2), path);

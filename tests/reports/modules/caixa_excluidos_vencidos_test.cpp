@@ -1,7 +1,7 @@
 // The listings of discarded modules and of modules due for discard.
 #include <gtest/gtest.h>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {

@@ -5,12 +5,11 @@
 #include <new>
 #include <stdexcept>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Erro;
 using recorder::Failure;
 using recorder::Raised;
 using recorder::Rows;
@@ -115,7 +114,7 @@ class Rehearsal {
     try {
       EXPECT_NE((stage.report.*tested_.method)(parameters_.get()), nullptr);
     } catch (...) {
-      return recorder::ToRaised(platform::CurrentErro());
+      return recorder::ToRaised(CurrentErro());
     }
     return {};
   }
@@ -127,7 +126,7 @@ class Rehearsal {
 
  private:
   const Case& tested_;
-  platform::ObjectRef parameters_;
+  ObjectRef parameters_;
   int atRest_ = 0;
 };
 

@@ -1,7 +1,7 @@
 // The listing of all modules and that of documents without classification.
 #include <gtest/gtest.h>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {

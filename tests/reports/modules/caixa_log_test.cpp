@@ -1,12 +1,11 @@
 // What CCaixaRpt logs, and the frame of its errors.
 #include <gtest/gtest.h>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Erro;
 using recorder::Failure;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -85,18 +84,18 @@ TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
 }
 
 // Makes the log leave a value in the place of each line.
-void LetTheLogLeave(CaixaStage& stage, const platform::Value& left) {
+void LetTheLogLeave(CaixaStage& stage, const Value& left) {
   stage.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&stage, left](const std::wstring& name) {
-    auto log = std::make_shared<recorder::FakeObject>(stage.around.journal, name,
-                                                      recorder::Answers{{L"DebugLog", {platform::Empty{}}}});
+    auto log =
+        std::make_shared<recorder::FakeObject>(stage.around.journal, name, recorder::Answers{{L"DebugLog", {Empty{}}}});
     log->Leave(L"DebugLog", left);
     return log;
   });
 }
 
 TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
-  const std::pair<platform::Value, std::string> kLeft[] = {
-      {L"mudada pelo log", "mudada pelo log"}, {L"", ""}, {5, "5"}, {platform::Empty{}, ""}};
+  const std::pair<Value, std::string> kLeft[] = {
+      {L"mudada pelo log", "mudada pelo log"}, {L"", ""}, {5, "5"}, {Empty{}, ""}};
   for (const auto& [left, announced] : kLeft) {
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     LetTheLogLeave(stage, left);
@@ -110,7 +109,7 @@ TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
 
 TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
-  LetTheLogLeave(stage, platform::Null{});
+  LetTheLogLeave(stage, Null{});
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
   EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaFechamentoSubordinada(CaixaStage::Own({}).get()); }),
             Reported(source, "Uso de 'Null' inválido"));
@@ -179,7 +178,7 @@ TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
     const std::string source = "KodraRpt.CCaixaRpt::" + name;
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
-    const platform::ObjectRef parameters = CaixaStage::Own({});
+    const ObjectRef parameters = CaixaStage::Own({});
     const CaixaMethod called = method;
     EXPECT_EQ(RaisedBy([&] { (stage.report.*called)(parameters.get()); }), Reported(source, "Falha provocada"));
     std::string line = source;
@@ -190,7 +189,7 @@ TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
 
 TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
-  const platform::ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
+  const ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
   EXPECT_EQ(
       RaisedBy([&] { stage.report.EtiquetaDivisoria(other.get()); }),
       Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", R"(O objeto de parâmetros não tem a propriedade "Modulo1".)"));
@@ -199,7 +198,7 @@ TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
 TEST(CCaixaRptLogTest, RefusesANullParameter) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   EXPECT_EQ(RaisedBy([&] {
-              stage.report.EtiquetaDivisoria(stage.Foreign({{L"Modulo1", platform::Null{}}}).get());
+              stage.report.EtiquetaDivisoria(stage.Foreign({{L"Modulo1", Null{}}}).get());
             }),
             Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", "Uso de 'Null' inválido"));
 }
@@ -267,7 +266,7 @@ TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
   for (const Need& need : kNeeds) {
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     stage.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
-                                Failure(platform::MakeRuntimeError(platform::RuntimeError::kCannotCreateObject)));
+                                Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
     EXPECT_EQ(RaisedBy([&] { (stage.report.*need.method)(CaixaStage::Own({}).get()); }),
               Reported("KodraRpt.CCaixaRpt::" + need.name, "O componente ActiveX não pode criar o objeto"));
     EXPECT_EQ(stage.heard.back(), "KodraRpt.CCaixaRpt::" + need.name +

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 namespace kodra::reports {
 namespace {
@@ -15,7 +15,7 @@ const CaixaMethod kDivisoria = &CCaixaRpt::EtiquetaDivisoria;
 constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
 
 // The error of a call with that parameter object.
-Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const platform::ObjectRef& parameters) {
+Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const ObjectRef& parameters) {
   stage.around.journal.Forget();
   return RaisedBy([&] { (stage.report.*method)(parameters.get()); });
 }
@@ -47,7 +47,7 @@ TEST(CCaixaRptTest, KeepsItsPropertiesAsTheyAreGiven) {
 
 TEST(CCaixaRptTest, AsksForAConnectionOrAConnectionStringBeforeAnythingElse) {
   for (const auto& [name, method] : FramedMethods())
-    for (const platform::ObjectRef& parameters : {CaixaStage::Own({}), platform::ObjectRef()}) {
+    for (const ObjectRef& parameters : {CaixaStage::Own({}), ObjectRef()}) {
       CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
       stage.report.SetStringConexao(L"");
       EXPECT_EQ(RaisedByCall(stage, method, parameters),

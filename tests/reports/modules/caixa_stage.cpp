@@ -1,4 +1,4 @@
-#include "reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_stage.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,6 @@
 namespace kodra::reports {
 namespace {
 
-using platform::ObjectRef;
-using platform::Value;
 using recorder::Utf8;
 
 std::wstring Wide(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
@@ -48,7 +46,7 @@ CaixaStage::CaixaStage(const Database& database, Path path) : database_(database
   around.Register(L"KodraBsnV3.ModulosBsn", {{L"NumCxSubordinadaSQL", {L"s.COD7"}}});
   around.Register(L"KodraBsnV3.ModulosFiltro", {});
   around.RegisterMaker(L"VantLog.FnLog", L"Log", [this](const std::wstring& name) {
-    return around.NewObject(name, {{L"DebugLog", {platform::Empty{}}}});
+    return around.NewObject(name, {{L"DebugLog", {Empty{}}}});
   });
   AnswerSubordinates(NewSubordinates(1));
   report.OnDebugLog([this](const std::wstring& line) { heard.push_back(Utf8(line)); });
@@ -214,7 +212,7 @@ void CheckStatic(const Database& database, CaixaMethod method, const Parameters&
 }
 
 recorder::Raised Reported(const std::string& source, const std::string& cause) {
-  return {platform::kErrBase + 8107, source, "Erro ao gerar dados para o relatório: " + cause};
+  return {kErrBase + 8107, source, "Erro ao gerar dados para o relatório: " + cause};
 }
 
 std::string Replaced(std::string text, const std::string& word, const std::string& replacement) {

@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
-#include "reports/catalog/catalog_checks.h"
 #include "reports/modules/caixa_rpt.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
+#include "tests/reports/catalog/catalog_checks.h"
 
 namespace kodra::reports {
 
@@ -26,7 +26,7 @@ enum class Path { kConnectionString, kClientConnection };
 inline constexpr Path kPaths[] = {Path::kConnectionString, Path::kClientConnection};
 
 // Values of CCaixaRptObj by name; a property that is not named has its initial value.
-using Parameters = std::vector<std::pair<std::wstring, platform::Value>>;
+using Parameters = std::vector<std::pair<std::wstring, Value>>;
 
 using CallLines = std::vector<std::string>;
 // The lines as Journal::Calls gives them.
@@ -39,15 +39,15 @@ class CaixaStage {
 
   // The client's parameter object: the component's own, which leaves no lines, or another one ("Parametros" in the
   // journal), which keeps its values as they are given.
-  static platform::ObjectRef Own(const Parameters& parameters);
-  platform::ObjectRef Foreign(const Parameters& parameters);
+  static ObjectRef Own(const Parameters& parameters);
+  ObjectRef Foreign(const Parameters& parameters);
   // Calls once in a new journal, drops the rows and gives all calls.
-  std::string Run(CaixaMethod method, const platform::ObjectRef& parameters);
+  std::string Run(CaixaMethod method, const ObjectRef& parameters);
   std::string Run(CaixaMethod method, const Parameters& parameters) { return Run(method, Own(parameters)); }
 
   // What ObtemSubordinados answers.
-  void AnswerSubordinates(const platform::Value& answer);
-  platform::ObjectRef NewSubordinates(std::int32_t count);
+  void AnswerSubordinates(const Value& answer);
+  ObjectRef NewSubordinates(std::int32_t count);
   void GiveLogFile(std::wstring path) { report.SetLogFile(std::move(path)); }
   void GiveClientConnection(const std::string& connectionString);
 

@@ -4,17 +4,13 @@
 #include <new>
 
 #include "frame/parameter_object.h"
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
 #include "reports/modules/container_rpt.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Date;
-using platform::Null;
-using platform::ObjectRef;
-using platform::Value;
 using recorder::Framed;
 using recorder::Lines;
 using recorder::Raised;
@@ -33,13 +29,13 @@ class Conversions final : public platform::AutomationObject, public recorder::Fa
 
   Value Call(std::wstring_view member, std::span<const Value> arguments) override {
     Note(L"Call", {member});
-    if (member != L"ToDate" || arguments.size() != 1) throw platform::MemberNotFound();
+    if (member != L"ToDate" || arguments.size() != 1) throw MemberNotFound();
     const Value value = platform::RequiredObject(arguments[0]).Get(L"Value");
     return value.Is<Null>() ? Value(Date{}) : value;
   }
-  Value Get(std::wstring_view) override { throw platform::MemberNotFound(); }
-  void Let(std::wstring_view, const Value&) override { throw platform::MemberNotFound(); }
-  void Set(std::wstring_view, const ObjectRef&) override { throw platform::MemberNotFound(); }
+  Value Get(std::wstring_view) override { throw MemberNotFound(); }
+  void Let(std::wstring_view, const Value&) override { throw MemberNotFound(); }
+  void Set(std::wstring_view, const ObjectRef&) override { throw MemberNotFound(); }
 };
 
 // The modules of a container, as the database has them.
@@ -311,7 +307,7 @@ TEST_F(EtiquetaAberturaDeContainerTest, AsksForTheConnectionStringAndTheParamete
 
 TEST_F(EtiquetaAberturaDeContainerTest, FailsWithoutTheConversions) {
   around_.journal.FailOn(L"CreateObject(\"VantLib.Conversoes\")",
-                         recorder::Failure(platform::MakeRuntimeError(platform::RuntimeError::kCannotCreateObject)));
+                         recorder::Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
   const ObjectRef parameters = around_.NewObject(L"Parametros", Containers(L"C1"));
   EXPECT_EQ(RaisedBy([&] { report_.EtiquetaAbertura(parameters.get()); }),
             Framed("CContainerRpt::EtiquetaAbertura", "O componente ActiveX não pode criar o objeto"));
@@ -321,7 +317,7 @@ TEST_F(EtiquetaAberturaDeContainerTest, FailsAsAWholeWhenALaterContainersQueryFa
   around_.ado.nativeErrors = {208};
   around_.ado.results = {ModuleRows({{L"C1", Null{}, L"E", L"Arquivo"}})};
   const ObjectRef parameters = around_.NewObject(L"Parametros", Containers(L"C1", L"C2"));
-  around_.journal.FailOn(L"Recordset3.Open", recorder::Failure(platform::Erro(-2147217865, L"SQLNCLI11", L"Sumiu")));
+  around_.journal.FailOn(L"Recordset3.Open", recorder::Failure(Erro(-2147217865, L"SQLNCLI11", L"Sumiu")));
   EXPECT_EQ(RaisedBy([&] { report_.EtiquetaAbertura(parameters.get()); }),
             Framed("CContainerRpt::EtiquetaAbertura", "[SQLNCLI11]: Sumiu [N:208]"));
   EXPECT_EQ(around_.journal.LiveObjects(), 1);  // the client's parameter object
@@ -346,8 +342,7 @@ TEST_F(EtiquetaAberturaDeContainerTest, EveryCallThatFailsReachesTheClientInTheF
   const std::string undisturbed = around_.journal.Calls();
   const int calls = around_.journal.CallCount();
   const std::tuple<std::exception_ptr, std::string, std::string> kMishaps[] = {
-      {recorder::Failure(platform::Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte",
-       "Falha provocada"},
+      {recorder::Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
       {recorder::Failure(std::bad_alloc()), "KodraRpt", "Memória insuficiente"},
   };
   around_.ado.nativeErrors = {942};

@@ -8,8 +8,6 @@
 namespace kodra::reports {
 namespace {
 
-using platform::Date;
-
 constexpr Date kNone = {};
 constexpr Date kEarlier = {45000};
 constexpr Date kLater = {45000.5};

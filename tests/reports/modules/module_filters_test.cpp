@@ -3,13 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Utf8;
@@ -62,8 +61,7 @@ TEST_F(ModuleFiltersTest, AddsTheBackCatalogueToTheCondition) {
 TEST_F(ModuleFiltersTest, AddsToTheConditionAsItStandsEachTime) {
   data::SelectBuilder builder;
   builder.SetWhere(L"(1=1)");
-  const platform::ObjectRef parameters =
-      around_.NewObject(L"Parametros", {{L"CodDepto", {L"7"}}, {L"ModoPregresso", {true}}});
+  const ObjectRef parameters = around_.NewObject(L"Parametros", {{L"CodDepto", {L"7"}}, {L"ModoPregresso", {true}}});
   FilterPregresso(builder, *parameters);
   FilterDepto(builder, *parameters);
   FilterPregresso(builder, *parameters);
@@ -78,8 +76,8 @@ TEST_F(ModuleFiltersTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 }
 
 TEST_F(ModuleFiltersTest, RefusesANull) {
-  EXPECT_EQ(RaisedBy([&] { OfDepto(platform::Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
-  EXPECT_EQ(RaisedBy([&] { OfPregresso(platform::Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
+  EXPECT_EQ(RaisedBy([&] { OfDepto(Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
+  EXPECT_EQ(RaisedBy([&] { OfPregresso(Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
 }
 
 }  // namespace

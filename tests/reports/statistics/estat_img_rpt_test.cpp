@@ -4,13 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/report_scene.h"
-#include "reports/statistics/march.h"
+#include "tests/reports/report_scene.h"
+#include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Framed;
 using recorder::Utf8;
 

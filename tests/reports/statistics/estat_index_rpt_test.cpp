@@ -4,13 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/report_scene.h"
-#include "reports/statistics/march.h"
+#include "tests/reports/report_scene.h"
+#include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::Failure;
 using recorder::Framed;
 using recorder::RaisedBy;
@@ -149,8 +148,8 @@ TEST(CEstatIndexRptByKeywordsTest, LeavesAMissingCountToTheDatabase) {
                          KeywordReads("")));
   scene.Prepare();
   scene.Around().ado.nativeErrors = {156};
-  scene.Around().journal.FailOn(
-      L"Recordset1.Open", Failure(platform::Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
+  scene.Around().journal.FailOn(L"Recordset1.Open",
+                                Failure(Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
             Framed(kByKeywords, "[SQLNCLI11]: Sintaxe incorreta próximo a 'AS' [N:156]"));
 }

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/statistics/march.h"
-#include "reports/statistics/taxonomy_fakes.h"
+#include "tests/reports/statistics/march.h"
+#include "tests/reports/statistics/taxonomy_fakes.h"
 
 namespace kodra::reports {
 namespace {

@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/value.h"
-#include "reports/catalog/catalog_checks.h"
+#include "tests/reports/catalog/catalog_checks.h"
+#include "values/value.h"
 
 namespace kodra::reports {
 
-inline constexpr platform::Date k1March2024 = {45352};
-inline constexpr platform::Date k31March2024 = {45382};
+inline constexpr Date k1March2024 = {45352};
+inline constexpr Date k31March2024 = {45382};
 
 // A condition on a column, without its name.
 struct Condition {

@@ -3,15 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
-#include "recorder/raised.h"
-#include "reports/statistics/march.h"
 #include "sql/tradutor_sql.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/recorder/raised.h"
+#include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Date;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -62,16 +61,16 @@ TEST(PeriodTest, StartsAndEndsOnTheZeroDateWhenItIsNotSet) {
 
 TEST(PeriodTest, HasNoConditionForADatabaseWithoutDialect) {
   for (const std::int32_t code : {0, 4, 8, -1})
-    EXPECT_EQ(RaisedBy([&] {
-                Between({k1March2024, k31March2024}, code, sql::fdDDMMYYYY);
-              }),
-              (Raised{platform::kErrBase + 1, "TradutorSQL.SQLToDate",
-                      "Não há entrada para o banco tipo " + std::to_string(code)}));
+    EXPECT_EQ(
+        RaisedBy([&] {
+          Between({k1March2024, k31March2024}, code, sql::fdDDMMYYYY);
+        }),
+        (Raised{kErrBase + 1, "TradutorSQL.SQLToDate", "Não há entrada para o banco tipo " + std::to_string(code)}));
 }
 
 TEST(PeriodTest, IsReadFromTheFirstDayToTheLast) {
   recorder::FakeSurroundings around;
-  const platform::ObjectRef parameters =
+  const ObjectRef parameters =
       around.NewObject(L"Parametros", {{L"DataInicial", {L"01/03/2024"}}, {L"DataFinal", {k31March2024}}});
   const Period period = ReadPeriod(*parameters);
   EXPECT_EQ(period.first, k1March2024);
@@ -84,7 +83,7 @@ TEST(PeriodTest, IsReadFromTheFirstDayToTheLast) {
 
 TEST(PeriodTest, IsNotReadFromWhatIsNoDate) {
   recorder::FakeSurroundings around;
-  const platform::ObjectRef parameters =
+  const ObjectRef parameters =
       around.NewObject(L"Parametros", {{L"DataInicial", {k1March2024}}, {L"DataFinal", {L"amanhã"}}});
   EXPECT_EQ(RaisedBy([&] { ReadPeriod(*parameters); }), (Raised{13, "KodraRpt", "Tipos incompatíveis"}));
 }

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/fake_surroundings.h"
+#include "tests/recorder/fake_surroundings.h"
 
 namespace kodra::reports {
 namespace {
@@ -61,7 +61,7 @@ TEST(ProductionFilterTest, InsertsCodesAsTheyAre) {
 
 TEST(ProductionFilterTest, IsReadFromOperatorToDepartment) {
   recorder::FakeSurroundings around;
-  const platform::ObjectRef parameters = around.NewObject(L"Parametros", {{L"CodOperador", {7}}, {L"CodDepto", {L""}}});
+  const ObjectRef parameters = around.NewObject(L"Parametros", {{L"CodOperador", {7}}, {L"CodDepto", {L""}}});
   const ProductionFilter filter = ReadProductionFilter(*parameters);
   EXPECT_EQ(filter.operatorCode, L"7");
   EXPECT_EQ(filter.departmentCode, L"");

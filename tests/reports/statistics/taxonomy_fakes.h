@@ -4,16 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "recorder/fake_surroundings.h"
-#include "reports/report_scene.h"
+#include "tests/recorder/fake_surroundings.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 
 // Makes the parameter component answer with those names.
-inline Preparation Naming(platform::Value series, platform::Value subgroup) {
+inline Preparation Naming(Value series, Value subgroup) {
   return [series = std::move(series), subgroup = std::move(subgroup)](recorder::FakeSurroundings& around) {
-    const platform::ObjectRef names = around.NewObject(L"Nomes", {{L"Serie", {series}}, {L"Subgrupo", {subgroup}}});
-    const platform::ObjectRef set = around.NewObject(L"Conjunto", {{L"Nomes", {names}}});
+    const ObjectRef names = around.NewObject(L"Nomes", {{L"Serie", {series}}, {L"Subgrupo", {subgroup}}});
+    const ObjectRef set = around.NewObject(L"Conjunto", {{L"Nomes", {names}}});
     around.Register(L"KodraParamSist.Obtedor", {{L"Obtem", {set}}});
   };
 }

@@ -3,13 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "recorder/raised.h"
-#include "reports/statistics/taxonomy_fakes.h"
+#include "tests/recorder/raised.h"
+#include "tests/reports/statistics/taxonomy_fakes.h"
 
 namespace kodra::reports {
 namespace {
 
-using platform::Value;
 using recorder::FakeSurroundings;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -26,7 +25,7 @@ TEST(TaxonomyNameTest, IsReadByItsParameter) {
 
 TEST(TaxonomyNameTest, IsTextWhateverItIsStoredAs) {
   const std::pair<Value, std::string> kNames[] = {
-      {L"", ""}, {platform::Null{}, ""}, {platform::Empty{}, ""}, {12, "12"}, {true, "Verdadeiro"}};
+      {L"", ""}, {Null{}, ""}, {Empty{}, ""}, {12, "12"}, {true, "Verdadeiro"}};
   for (const auto& [stored, name] : kNames) {
     FakeSurroundings around;
     Naming(stored, L"")(around);

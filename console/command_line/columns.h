@@ -1,0 +1,14 @@
+// UTF-8 text set in columns of the console.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kodra::console {
+
+// The number of characters in a UTF-8 text.
+std::size_t Width(std::string_view text);
+// The text with blanks behind it up to that many characters; a wider text as it is.
+std::string Padded(std::string_view text, std::size_t width);
+
+}  // namespace kodra::console

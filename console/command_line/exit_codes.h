@@ -1,0 +1,16 @@
+// How kodrarpt ends, for scripts that call it. The program's help lists the same codes.
+#pragma once
+
+namespace kodra::console {
+
+enum class ExitCode {
+  kOk = 0,
+  kReportError = 1,    // a report, or the database behind it, failed
+  kUsage = 2,          // the command line names something that does not exist
+  kConnection = 3,     // the database cannot be reached or refuses the user
+  kMismatch = 4,       // verifica: the database is not as the reports need it
+  kOutput = 5,         // a file cannot be read or written
+  kInterrupted = 130,  // Ctrl-C or another request to stop, as shells have it
+};
+
+}  // namespace kodra::console

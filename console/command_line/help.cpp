@@ -1,0 +1,80 @@
+#include "console/command_line/help.h"
+
+#include "console/command_line/columns.h"
+
+namespace kodra::console {
+namespace {
+
+// The option or argument that CLI11's message is about: it opens with the name, followed by a colon or a blank.
+std::string Subject(const CLI::ParseError& error) {
+  const std::string message = error.what();
+  return message.substr(0, message.find_first_of(": "));
+}
+
+std::string Line(const std::string& left, const std::string& right, std::size_t width) {
+  const std::string start = "  " + left;
+  if (right.empty()) return start + "\n";
+  if (Width(start) >= width) return start + "\n" + std::string(width, ' ') + right + "\n";
+  return Padded(start, width) + right + "\n";
+}
+
+}  // namespace
+
+const char* const kProgramFooter =
+    "Códigos de saída:\n"
+    "  0  tudo certo\n"
+    "  1  o relatório, ou o banco de dados, deu erro\n"
+    "  2  a linha de comando não está certa\n"
+    "  3  não foi possível conectar ao banco de dados\n"
+    "  4  verifica: o banco não está como os relatórios precisam\n"
+    "  5  não foi possível ler ou gravar um arquivo\n"
+    "  130  interrompido por Ctrl-C\n"
+    "\n"
+    "\"kodrarpt COMANDO --help\" explica um comando, com um exemplo.";
+
+HelpFormatter::HelpFormatter() {
+  label("Usage", "Uso");
+  label("OPTIONS", "OPÇÕES");
+  label("SUBCOMMAND", "COMANDO");
+  label("Positionals", "Argumentos");
+  label("REQUIRED", "(obrigatório)");
+  label("TEXT", "TEXTO");
+  label("INT", "NÚMERO");
+  label("UINT", "NÚMERO");
+  label("Env", "variável");
+  label("Needs", "com");
+  label("Excludes", "sem");
+}
+
+std::string HelpFormatter::make_group(std::string group, bool isPositional,
+                                      std::vector<const CLI::Option*> options) const {
+  if (group != kParameterGroup) return CLI::Formatter::make_group(std::move(group), isPositional, std::move(options));
+  return group + ":\n" +
+         Line("--NOME VALOR", "\"kodrarpt descreve RELATÓRIO\" mostra os nomes e os valores", get_column_width());
+}
+
+std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositional) const {
+  return Line(make_option_name(option, isPositional) + make_option_opts(option), make_option_desc(option),
+              get_column_width());
+}
+
+std::string HelpFormatter::make_subcommand(const CLI::App* command) const {
+  return Line(command->get_name(), command->get_description(), get_column_width());
+}
+
+std::string InPortuguese(const CLI::ParseError& error) {
+  const std::string& kind = error.get_name();
+  const std::string subject = Subject(error);
+  if (kind == "RequiredError") return subject == "A" ? "falta o comando" : "falta " + subject;
+  if (kind == "ArgumentMismatch") {
+    const bool tooMany = std::string(error.what()).find("At Most") != std::string::npos;
+    return tooMany ? subject + " foi dado mais de uma vez" : "falta o valor de " + subject;
+  }
+  if (kind == "ValidationError" || kind == "ConversionError") return "valor inválido para " + subject;
+  if (kind == "ExtrasError") return "argumento que o programa não conhece";
+  if (kind == "ExcludesError") return "opções que não combinam: " + subject;
+  if (kind == "RequiresError") return "falta uma opção que acompanha " + subject;
+  return std::string("linha de comando inválida: ") + error.what();
+}
+
+}  // namespace kodra::console

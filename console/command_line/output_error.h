@@ -1,0 +1,17 @@
+// What a command raises when a file cannot be read or written; the program ends with ExitCode::kOutput.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "values/utf8.h"
+
+namespace kodra::console {
+
+class OutputError : public std::runtime_error {
+ public:
+  // The message is shown to the user: Brazilian Portuguese.
+  explicit OutputError(const std::wstring& message) : std::runtime_error(values::ToUtf8(message)) {}
+};
+
+}  // namespace kodra::console

@@ -1,0 +1,121 @@
+#include "console/command_line/program.h"
+
+#include <algorithm>
+
+#include "console/command_line/connection_error.h"
+#include "console/command_line/help.h"
+#include "console/command_line/output_error.h"
+#include "console/command_line/suggest.h"
+#include "console/command_line/usage_error.h"
+#include "values/erro.h"
+#include "values/password.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+constexpr const char* kHelpFlags = "-h,--help";
+constexpr const char* kHelpText = "Mostra esta ajuda";
+
+bool IsOption(const std::string& argument) { return argument.size() > 1 && argument.front() == '-'; }
+
+// Complains about the first argument that the command did not take, a misspelt option before all.
+void CheckExtras(const CLI::App& command) {
+  const std::vector<std::string> extras = command.remaining();
+  if (extras.empty()) return;
+  const auto option = std::ranges::find_if(extras, IsOption);
+  if (option == extras.end()) throw UsageError("argumento a mais: \"" + extras.front() + "\"");
+  const std::string name = option->substr(0, option->find('='));
+  std::vector<std::string> known;
+  for (const CLI::Option* candidate : command.get_options())
+    if (candidate->nonpositional()) known.push_back(candidate->get_name());
+  throw UsageError("\"" + command.get_name() + "\" não tem a opção \"" + name + "\"" + DidYouMean(name, known));
+}
+
+std::string Described(const Erro& error) {
+  return values::ToUtf8(L"erro " + std::to_wstring(error.Number()) + L" em " + error.Source() + L":\n" +
+                        error.Description());
+}
+
+// A complaint may quote an argument, and an argument may be a connection string.
+std::string WithoutPasswords(const std::string& message, const std::vector<std::string>& arguments) {
+  std::wstring shown = values::FromUtf8(message);
+  for (const std::string& argument : arguments) shown = values::HidePassword(shown, values::FromUtf8(argument));
+  return values::ToUtf8(shown);
+}
+
+}  // namespace
+
+Program::Program(std::ostream& out, std::ostream& err)
+    : out_(out), err_(err), app_("Os relatórios do arquivo, sem o programa que os imprime.", "kodrarpt") {
+  app_.option_defaults()->group("Opções");
+  app_.set_help_flag(kHelpFlags, kHelpText);
+  app_.formatter(std::make_shared<HelpFormatter>());
+  app_.require_subcommand(1);
+  app_.footer(kProgramFooter);
+}
+
+CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> act) {
+  CLI::App* command = app_.add_subcommand(text.name, text.description);
+  command->group("Comandos");
+  command->set_help_flag(kHelpFlags, kHelpText);
+  command->footer(text.footer);
+  command->allow_extras();
+  command->callback([this, command, act = std::move(act)] {
+    CheckExtras(*command);
+    result_ = act();
+  });
+  return *command;
+}
+
+ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
+  try {
+    return Parse(arguments);
+  } catch (const UsageError& error) {
+    Complain(WithoutPasswords(error.what(), arguments));
+    return ExitCode::kUsage;
+  } catch (const OutputError& error) {
+    Complain(error.what());
+    return ExitCode::kOutput;
+  } catch (const ConnectionError& error) {
+    Complain("não foi possível conectar ao banco de dados: " + Described(error));
+    return ExitCode::kConnection;
+  } catch (const Erro& error) {
+    Complain(Described(error));
+    return ExitCode::kReportError;
+  } catch (const std::exception& error) {
+    Complain(std::string("erro interno: ") + error.what());
+    return ExitCode::kReportError;
+  }
+}
+
+ExitCode Program::Parse(std::vector<std::string> arguments) {
+  if (arguments.empty()) {
+    err_ << app_.help();
+    return ExitCode::kUsage;
+  }
+  CheckCommandName(arguments);
+  std::ranges::reverse(arguments);  // as CLI11 takes them
+  try {
+    app_.parse(std::move(arguments));
+  } catch (const CLI::Success& help) {
+    app_.exit(help, out_, err_);
+    return ExitCode::kOk;
+  } catch (const CLI::ParseError& error) {
+    for (const CLI::App* command : app_.get_subcommands()) CheckExtras(*command);
+    throw UsageError(InPortuguese(error));
+  }
+  return result_;
+}
+
+void Program::CheckCommandName(const std::vector<std::string>& arguments) const {
+  const std::string& name = arguments.front();
+  std::vector<std::string> known;
+  for (const CLI::App* command : Commands()) known.push_back(command->get_name());
+  if (IsOption(name) || std::ranges::find(known, name) != known.end()) return;
+  throw UsageError("não há o comando \"" + name + "\"" + DidYouMean(name, known));
+}
+
+void Program::Complain(const std::string& message) const { err_ << "kodrarpt: " << message << "\n"; }
+
+}  // namespace kodra::console

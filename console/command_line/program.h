@@ -1,0 +1,56 @@
+// kodrarpt: its commands, its help and its messages, apart from the process it runs in.
+//
+//   Program program(std::cout, std::cerr);
+//   AddLista(program);
+//   return static_cast<int>(program.Run({"lista"}));
+//
+// All text is UTF-8. Commands write results to Out() and everything else to Err().
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "console/command_line/exit_codes.h"
+
+namespace kodra::console {
+
+struct CommandText {
+  std::string name;
+  std::string description;
+  // What stands below the options in the command's help: an example, with what it does.
+  std::string footer;
+};
+
+class Program {
+ public:
+  // Both streams must outlive the program.
+  Program(std::ostream& out, std::ostream& err);
+
+  std::ostream& Out() const { return out_; }
+  std::ostream& Err() const { return err_; }
+
+  // Adds a command, to which the caller adds options. `act` runs when the command line is read and found right.
+  CLI::App& Add(const CommandText& text, std::function<ExitCode()> act);
+
+  // The commands added so far.
+  std::vector<const CLI::App*> Commands() const { return app_.get_subcommands({}); }
+
+  // Runs the command that the arguments (without the program's name) ask for. An error becomes a message and an exit
+  // code; nothing is thrown.
+  ExitCode Run(std::vector<std::string> arguments) noexcept;
+
+ private:
+  ExitCode Parse(std::vector<std::string> arguments);
+  void CheckCommandName(const std::vector<std::string>& arguments) const;
+  void Complain(const std::string& message) const;
+
+  std::ostream& out_;
+  std::ostream& err_;
+  CLI::App app_;
+  ExitCode result_ = ExitCode::kOk;
+};
+
+}  // namespace kodra::console

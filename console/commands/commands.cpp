@@ -1,0 +1,13 @@
+#include "console/commands/commands.h"
+
+namespace kodra::console {
+
+void AddCommands(Program& program) {
+  AddLista(program);
+  AddDescreve(program);
+  AddExecuta(program);
+  AddSql(program);
+  AddVerifica(program);
+}
+
+}  // namespace kodra::console

@@ -1,0 +1,205 @@
+// kodrarpt executa: runs a report and writes its rows.
+#include <optional>
+
+#include "console/command_line/connection_error.h"
+#include "console/command_line/console.h"
+#include "console/command_line/output_error.h"
+#include "console/command_line/parameters.h"
+#include "console/command_line/report_name.h"
+#include "console/command_line/suggest.h"
+#include "console/command_line/usage_error.h"
+#include "console/commands/commands.h"
+#include "console/formats/formats.h"
+#include "console/formats/html/preview_options.h"
+#include "console/reports/guide.h"
+#include "console/run/connection_options.h"
+#include "console/run/interruption.h"
+#include "console/run/machine.h"
+#include "console/run/progress.h"
+#include "console/run/stream_output.h"
+#include "console/run/target_file.h"
+#include "data/abre_cn.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+using values::FromUtf8;
+
+constexpr const char* kFooter =
+    "As datas de csv e json são ISO (2023-12-31T10:20:30) e os números têm ponto decimal; as de tabela são como as "
+    "lemos\n"
+    "(31/12/2023 10:20:30 e 1234,5), e as de xlsx são datas da planilha. O arquivo de --saida só aparece quando está\n"
+    "inteiro; com Ctrl-C, ou com um erro, fica o que havia antes.\n"
+    "\n"
+    "Exemplo:\n"
+    "  KODRARPT_SENHA=… kodrarpt executa CDocumentoRpt.RelatorioSintetico --conexao \"DSN=Acervo;UID=ana\" \\\n"
+    "      --DataArmazenamento1 01/01/2024 --DataArmazenamento2 31/12/2024 --formato csv --saida documentos.csv";
+
+// The options of the command, as they were typed.
+struct Options {
+  std::string report;
+  ConnectionOptions connection;
+  ReportParameters parameters;
+  std::string format = "tabela";
+  std::string target;
+  std::string separator = ",";
+  bool byteOrderMark = false;
+  bool jsonLines = false;
+  html::PreviewOptions preview;
+  std::string progress = "auto";
+};
+
+FormatOptions FormatOptionsOf(const Options& options) {
+  const std::string& separator = options.separator;
+  const bool tab = separator == "\\t" || Folded(separator) == "tab";
+  constexpr std::string_view kTaken = "\"\r\n";
+  if (!tab && (separator.size() != 1 || static_cast<unsigned char>(separator[0]) >= 0x80 ||
+               kTaken.find(separator[0]) != std::string_view::npos)) {
+    throw UsageError("--separador é um caractere, como ; ou , ou tab");
+  }
+  return {{.separator = tab ? '\t' : separator[0], .byteOrderMark = options.byteOrderMark},
+          options.jsonLines ? JsonShape::kLines : JsonShape::kArray,
+          options.preview.Options()};
+}
+
+Progress::Style ProgressStyle(const std::string& when) {
+  const bool watched = PersonIsWatching();
+  const Progress::Style shown = watched ? Progress::Style::kOneLine : Progress::Style::kOwnLines;
+  if (when == "sempre") return shown;
+  if (when == "nunca") return Progress::Style::kNone;
+  if (when == "auto") return watched ? shown : Progress::Style::kNone;
+  throw UsageError("--progresso é sempre, nunca ou auto" + DidYouMean(when, {"sempre", "nunca", "auto"}));
+}
+
+bool CanConnect(const std::wstring& connectionString, platform::Surroundings& surroundings) {
+  try {
+    data::AbreCn(connectionString, platform::ad::kUseServer, 0, surroundings);
+    return true;
+  } catch (const Erro&) {
+    return false;
+  }
+}
+
+// Writes the rows that are left; false when it was asked to stop.
+bool Write(frame::ReportRows rows, const Heading& heading, RowWriter& writer, Progress& progress) {
+  // A report without anything to list may give no recordset.
+  const std::unique_ptr<RowSource> source = rows ? NewRowSource(std::move(rows)) : nullptr;
+  writer.Begin(heading, source ? source->Columns() : std::vector<Column>{});
+  std::vector<Value> values;
+  while (source && source->Next(values)) {
+    if (Interruption::Requested()) return false;
+    writer.Row(values);
+    progress.Row();
+  }
+  if (Interruption::Requested()) return false;
+  writer.End();
+  return true;
+}
+
+// A run of a report: from its options to its rows in their place.
+class Run {
+ public:
+  Run(Program& program, const Options& options)
+      : program_(program),
+        method_(FindReport(options.report)),
+        parameters_(options.parameters.For(method_)),
+        format_(FormatNamed(options.format)),
+        formatOptions_(FormatOptionsOf(options)),
+        progressStyle_(ProgressStyle(options.progress)),
+        connection_(options.connection.Text()),
+        target_(FromUtf8(options.target)) {
+    if (NeedsFile(format_) && target_.empty()) throw UsageError("o formato " + options.format + " precisa de --saida");
+    const guide::Report& about = guide::About(method_);
+    heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
+                options.parameters.Given()};
+    formatOptions_.html.labels.containerModules = [this] { return ModulesOfContainers(); };
+  }
+
+  ExitCode Go() {
+    const Interruption interruption;
+    // Made before the report runs: a folder that is not there shows now and not an hour later.
+    std::optional<TargetFile> file;
+    if (!target_.empty()) file.emplace(target_);
+    StreamOutput standard(program_.Out());
+    Output& output = file ? static_cast<Output&>(*file) : standard;
+    const auto writer = NewWriter(format_, formatOptions_, output, file ? file->PathText() : std::wstring());
+    StreamOutput errors(program_.Err());
+    Progress progress(errors, progressStyle_, SteadySeconds);
+    try {
+      machine_ = NewMachine();
+      if (!Write(Open(machine_->Around()), heading_, *writer, progress)) {
+        progress.Abandon();
+        return ExitCode::kInterrupted;
+      }
+      if (file) file->Commit();
+      standard.Flush();
+    } catch (...) {
+      progress.Abandon();
+      // What fails because it was told to stop is no failure.
+      if (Interruption::Requested()) return ExitCode::kInterrupted;
+      throw;
+    }
+    progress.End();
+    return ExitCode::kOk;
+  }
+
+ private:
+  frame::ReportRows Open(platform::Surroundings& surroundings) {
+    try {
+      return method_.call(surroundings, connection_, &parameters_);
+    } catch (const Erro& error) {
+      if (CanConnect(connection_, surroundings)) throw;
+      throw ConnectionError(error);
+    }
+  }
+
+  // What the container labels say stands in each of the containers that were asked for.
+  html::ContainerModules ModulesOfContainers() {
+    const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
+    const auto source = NewRowSource(modules.call(machine_->Around(), connection_, &parameters_));
+    html::ContainerModules found;
+    std::vector<Value> values;
+    while (source->Next(values)) {
+      const html::RowReader row(source->Columns(), values);
+      found[row.Text(L"CONTAINER")].push_back(row.Text(L"NUM_CAIXA"));
+    }
+    return found;
+  }
+
+  Program& program_;
+  const reports::ReportMethod& method_;
+  frame::ParameterObject parameters_;
+  Format format_;
+  FormatOptions formatOptions_;
+  Progress::Style progressStyle_;
+  std::wstring connection_;
+  std::wstring target_;
+  Heading heading_;
+  std::unique_ptr<Machine> machine_;
+};
+
+}  // namespace
+
+void AddExecuta(Program& program) {
+  const auto options = std::make_shared<Options>();
+  CLI::App& command = program.Add({"executa", "Executa um relatório e grava as suas linhas", kFooter},
+                                  [&program, options] { return Run(program, *options).Go(); });
+  command.add_option("RELATÓRIO", options->report, "O relatório: classe.método, como \"kodrarpt lista\" os mostra")
+      ->option_text(" ")
+      ->required();
+  options->connection.AddTo(command);
+  command.add_option("--formato", options->format, FormatNames() + " (sem esta opção, tabela)")->option_text("FORMATO");
+  command.add_option("--saida", options->target, "O arquivo a gravar (sem esta opção, a saída padrão)")
+      ->option_text("ARQUIVO");
+  command.add_option("--separador", options->separator, "csv: o que separa as colunas, como ; ou tab")
+      ->option_text("CARACTERE");
+  command.add_flag("--bom", options->byteOrderMark, "csv: começa com a marca que diz UTF-8 a algumas planilhas");
+  command.add_flag("--json-linhas", options->jsonLines, "json: um objeto por linha, sem a lista em volta");
+  options->preview.AddTo(command);
+  command.add_option("--progresso", options->progress, "sempre, nunca ou auto: auto mostra a quem está num terminal")
+      ->option_text("QUANDO");
+  options->parameters.AddTo(command);
+}
+
+}  // namespace kodra::console

@@ -1,0 +1,168 @@
+// kodrarpt verifica: whether a database has what the reports read.
+#include <algorithm>
+
+#include "console/command_line/columns.h"
+#include "console/command_line/connection_error.h"
+#include "console/command_line/databases.h"
+#include "console/commands/commands.h"
+#include "console/reports/schema_probe.h"
+#include "console/run/connection_options.h"
+#include "console/run/machine.h"
+#include "data/abre_cn.h"
+#include "values/convert.h"
+#include "values/password.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+using values::ToUtf8;
+
+constexpr const char* kFooter =
+    "Nada é gravado e nenhuma linha é lida. Com tudo pronto o código de saída é 0; se falta algo, 4.\n"
+    "\n"
+    "Exemplo:\n"
+    "  KODRARPT_SENHA=… kodrarpt verifica --conexao \"DSN=Acervo;UID=ana\"";
+
+std::string NameOf(const Requirement& requirement) {
+  return ToUtf8(requirement.className) + "." + ToUtf8(requirement.method);
+}
+
+std::int32_t DatabaseCodeOf(const std::wstring& connection, platform::Surroundings& surroundings) {
+  const ObjectRef sibling = surroundings.CreateObject(std::wstring(kConnectionSibling));
+  sibling->Let(L"StrCon", connection);
+  return values::ToInt32(sibling->Get(L"TipoBanco"));
+}
+
+// The name of a database by its code; empty for one that the reports have no dialect for.
+std::string_view TitleOf(std::int32_t code) {
+  constexpr std::int32_t kOtherOracle = 5;
+  const auto known = Databases();
+  const auto found = std::ranges::find(known, code == kOtherOracle ? 1 : code, &Database::code);
+  return found == known.end() ? std::string_view() : found->title;
+}
+
+class Check {
+ public:
+  Check(std::ostream& out, std::wstring connection) : out_(out), connection_(std::move(connection)) {}
+
+  ExitCode Go() {
+    const std::unique_ptr<Machine> machine = NewMachine();
+    platform::Surroundings& surroundings = machine->Around();
+    const std::unique_ptr<platform::Connection> opened = Connect(surroundings);
+    const bool speaks = TellDatabase(surroundings);
+    SchemaProbe probe(surroundings, *opened);
+    for (const Requirement& requirement : Requirements()) {
+      for (const TableNeed& need : NeedsOf(requirement, *machine)) probe.Expect(need);
+    }
+    const std::size_t ready = TellReports(*machine, probe);
+    TellRefusals(probe);
+    return speaks && ready == Requirements().size() ? ExitCode::kOk : ExitCode::kMismatch;
+  }
+
+ private:
+  std::unique_ptr<platform::Connection> Connect(platform::Surroundings& surroundings) const {
+    try {
+      return data::AbreCn(connection_, platform::ad::kUseServer, 0, surroundings);
+    } catch (const Erro& error) {
+      throw ConnectionError(error);
+    }
+  }
+
+  // Whether the database is one that the reports have a dialect for.
+  bool TellDatabase(platform::Surroundings& surroundings) {
+    std::int32_t code = 0;
+    try {
+      code = DatabaseCodeOf(connection_, surroundings);
+    } catch (const Erro& error) {
+      out_ << "Banco de dados: não se sabe (" << ToUtf8(kConnectionSibling) << ": "
+           << ToUtf8(values::HidePassword(error.Description(), connection_)) << ")\n\n";
+      return false;
+    }
+    const std::string_view title = TitleOf(code);
+    out_ << "Banco de dados: " << (title.empty() ? "desconhecido" : title) << " (tipo " << code << ")\n";
+    if (title.empty()) out_ << "Os relatórios que usam datas ou conversões dão erro neste banco.\n";
+    out_ << "\n";
+    return !title.empty();
+  }
+
+  // One line a report; gives the number of those that are ready.
+  std::size_t TellReports(Machine& machine, SchemaProbe& probe) {
+    std::size_t width = 0;
+    for (const Requirement& requirement : Requirements()) width = std::max(width, Width(NameOf(requirement)));
+    std::size_t ready = 0;
+    for (const Requirement& requirement : Requirements()) {
+      const std::vector<std::wstring> missing = MissingOf(requirement, machine, probe);
+      out_ << Padded(NameOf(requirement), width + 2);
+      if (missing.empty()) {
+        ++ready;
+        out_ << "pronto\n";
+        continue;
+      }
+      out_ << "falta ";
+      for (std::size_t i = 0; i < missing.size(); ++i) out_ << (i == 0 ? "" : ", ") << ToUtf8(missing[i]);
+      out_ << "\n";
+    }
+    out_ << "\n" << ready << " de " << Requirements().size() << " relatórios prontos\n";
+    return ready;
+  }
+
+  void TellRefusals(const SchemaProbe& probe) {
+    if (probe.Refusals().empty()) return;
+    out_ << "\nO que o banco disse:\n";
+    for (const auto& [what, words] : probe.Refusals())
+      out_ << "  " << ToUtf8(what) << ": " << ToUtf8(values::HidePassword(words, connection_)) << "\n";
+  }
+
+  static std::vector<TableNeed> NeedsOf(const Requirement& requirement, const Machine& machine) {
+    std::vector<TableNeed> needs = TablesIn(requirement.tables);
+    // What installed siblings read is theirs to know.
+    if (machine.SiblingsAreInstalled()) return needs;
+    for (TableNeed& need : TablesIn(requirement.siblingTables)) needs.push_back(std::move(need));
+    return needs;
+  }
+
+  std::vector<std::wstring> MissingOf(const Requirement& requirement, Machine& machine, SchemaProbe& probe) {
+    std::vector<std::wstring> missing;
+    const auto add = [&](const std::wstring& what) {
+      if (std::ranges::find(missing, what) == missing.end()) missing.push_back(what);
+    };
+    for (const TableNeed& need : NeedsOf(requirement, machine)) {
+      for (const std::wstring& what : probe.Missing(need)) add(what);
+    }
+    std::vector<std::wstring> siblings = WordsIn(requirement.siblings);
+    siblings.emplace_back(kConnectionSibling);
+    for (const std::wstring& sibling : siblings) {
+      if (!Has(machine.Around(), sibling)) add(L"componente " + sibling);
+    }
+    return missing;
+  }
+
+  bool Has(platform::Surroundings& surroundings, const std::wstring& sibling) {
+    const auto known = siblings_.find(sibling);
+    if (known != siblings_.end()) return known->second;
+    bool made = true;
+    try {
+      surroundings.CreateObject(sibling);
+    } catch (const Erro&) {
+      made = false;
+    }
+    return siblings_[sibling] = made;
+  }
+
+  std::ostream& out_;
+  std::wstring connection_;
+  std::map<std::wstring, bool> siblings_;  // those asked for so far, and whether they can be made
+};
+
+}  // namespace
+
+void AddVerifica(Program& program) {
+  const auto connection = std::make_shared<ConnectionOptions>();
+  CLI::App& command =
+      program.Add({"verifica", "Confere se um banco de dados tem tudo o que os relatórios leem", kFooter},
+                  [&program, connection] { return Check(program.Out(), connection->Text()).Go(); });
+  connection->AddTo(command);
+}
+
+}  // namespace kodra::console

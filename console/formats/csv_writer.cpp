@@ -1,0 +1,52 @@
+#include "console/formats/csv_writer.h"
+
+#include "console/formats/cell_text.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+
+void CsvWriter::Begin(const Heading& /*heading*/, std::span<const Column> columns) {
+  if (options_.byteOrderMark) line_ += "\xEF\xBB\xBF";
+  for (const Column& column : columns) {
+    if (!kinds_.empty()) line_ += options_.separator;
+    kinds_.push_back(column.kind);
+    AppendText(values::ToUtf8(column.name));
+  }
+  if (kinds_.empty()) {
+    output_.Write(line_);
+  } else {
+    EndLine();
+  }
+}
+
+void CsvWriter::Row(std::span<const Value> values) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i > 0) line_ += options_.separator;
+    if (!IsNothing(values[i])) {
+      AppendText(IsoText(values[i], kinds_[i]));
+    } else if (values.size() == 1) {
+      AppendText({});
+    }
+  }
+  EndLine();
+}
+
+void CsvWriter::AppendText(std::string_view text) {
+  const bool quoted =
+      text.empty() || text.find_first_of("\"\r\n") != text.npos || text.find(options_.separator) != text.npos;
+  if (!quoted) {
+    line_ += text;
+    return;
+  }
+  line_ += '"';
+  for (const char c : text) line_.append(c == '"' ? 2 : 1, c);
+  line_ += '"';
+}
+
+void CsvWriter::EndLine() {
+  line_ += "\r\n";
+  output_.Write(line_);
+  line_.clear();
+}
+
+}  // namespace kodra::console

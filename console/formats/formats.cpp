@@ -1,0 +1,65 @@
+#include "console/formats/formats.h"
+
+#include <algorithm>
+#include <array>
+
+#include "console/command_line/suggest.h"
+#include "console/command_line/usage_error.h"
+#include "console/formats/table_writer.h"
+#include "console/formats/xlsx_writer.h"
+
+namespace kodra::console {
+namespace {
+
+struct Named {
+  std::string_view name;
+  Format format;
+};
+
+constexpr auto kFormats = std::to_array<Named>({
+    {"tabela", Format::kTable},
+    {"csv", Format::kCsv},
+    {"json", Format::kJson},
+    {"xlsx", Format::kXlsx},
+    {"html", Format::kHtml},
+});
+
+}  // namespace
+
+std::string FormatNames() {
+  std::string names;
+  for (const Named& entry : kFormats) names.append(names.empty() ? "" : ", ").append(entry.name);
+  return names;
+}
+
+Format FormatNamed(std::string_view name) {
+  const std::string folded = Folded(name);
+  const auto found = std::ranges::find(kFormats, folded, &Named::name);
+  if (found != kFormats.end()) return found->format;
+  std::vector<std::string> known;
+  known.reserve(std::size(kFormats));
+  for (const Named& entry : kFormats) known.emplace_back(entry.name);
+  throw UsageError("não há o formato \"" + std::string(name) + "\"" + DidYouMean(folded, known) + "; há " +
+                   FormatNames());
+}
+
+bool NeedsFile(Format format) { return format == Format::kXlsx; }
+
+std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options, Output& output,
+                                     const std::wstring& path) {
+  switch (format) {
+    case Format::kTable:
+      return std::make_unique<TableWriter>(output);
+    case Format::kCsv:
+      return std::make_unique<CsvWriter>(output, options.csv);
+    case Format::kJson:
+      return std::make_unique<JsonWriter>(output, options.json);
+    case Format::kXlsx:
+      return NewXlsxWriter(path);
+    case Format::kHtml:
+      return std::make_unique<html::HtmlWriter>(output, options.html);
+  }
+  return nullptr;
+}
+
+}  // namespace kodra::console

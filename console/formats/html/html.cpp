@@ -1,0 +1,72 @@
+#include "console/formats/html/html.h"
+
+#include <fmt/format.h>
+
+#include "values/utf8.h"
+
+namespace kodra::console::html {
+namespace {
+
+using values::ToUtf8;
+
+constexpr std::string_view kCommonStyle =
+    "*{box-sizing:border-box}"
+    "html{-webkit-print-color-adjust:exact;print-color-adjust:exact}"
+    "body{margin:0;color:#1b1f24;background:#fff;font:9pt/1.3 Arial,'Liberation Sans',Helvetica,sans-serif}";
+
+}  // namespace
+
+std::string Escaped(std::string_view utf8) {
+  std::string out;
+  out.reserve(utf8.size());
+  for (const char c : utf8) {
+    switch (c) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      // A character that no page may hold: control characters other than white space.
+      case '\t':
+      case '\n':
+      case '\r':
+        out += c;
+        break;
+      default:
+        out += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+    }
+  }
+  return out;
+}
+
+std::string Escaped(std::wstring_view text) { return Escaped(std::string_view(ToUtf8(text))); }
+
+std::string StyleText(std::wstring_view text) {
+  std::string out = "\"";
+  for (const char c : ToUtf8(text)) {
+    if (c == '"' || c == '\\' || c == '<' || static_cast<unsigned char>(c) < 0x20)
+      out += fmt::format("\\{:x} ", static_cast<unsigned char>(c));
+    else
+      out += c;
+  }
+  return out + '"';
+}
+
+std::string PageOpening(std::wstring_view title, std::string_view style) {
+  return fmt::format(
+      "<!DOCTYPE html>\n<html lang=\"pt-BR\">\n<head>\n<meta charset=\"utf-8\">\n"
+      "<meta name=\"viewport\" "
+      "content=\"width=device-width\">\n<title>{}</title>\n<style>{}{}</style>\n</head>\n<body>\n",
+      Escaped(title), kCommonStyle, style);
+}
+
+std::string PageClosing() { return "</body>\n</html>\n"; }
+
+}  // namespace kodra::console::html

@@ -1,0 +1,20 @@
+// Pieces of an HTML page: texts made safe to stand in it, and its frame.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kodra::console::html {
+
+// A text as it may stand between tags or in a quoted attribute, in UTF-8.
+std::string Escaped(std::wstring_view text);
+std::string Escaped(std::string_view utf8);
+
+// A text as a quoted string of a style sheet, in UTF-8.
+std::string StyleText(std::wstring_view text);
+
+// The page up to its body: self-contained, in Portuguese, with a title and its style.
+std::string PageOpening(std::wstring_view title, std::string_view style);
+std::string PageClosing();
+
+}  // namespace kodra::console::html

@@ -1,0 +1,31 @@
+// A report's rows as one self-contained page to print: a listing, a statistic or sheets of labels, as the report is.
+#pragma once
+
+#include <memory>
+
+#include "console/formats/html/label_writer.h"
+
+namespace kodra::console::html {
+
+struct HtmlOptions {
+  LabelOptions labels = {};
+  std::wstring issued = {};  // when the report was made, as it is printed; empty prints none
+};
+
+class HtmlWriter final : public RowWriter {
+ public:
+  // REQUIRES: `output` outlives the writer.
+  HtmlWriter(Output& output, HtmlOptions options) : output_(output), options_(std::move(options)) {}
+
+  // Raises UsageError for a report that has no layout.
+  void Begin(const Heading& heading, std::span<const Column> columns) override;
+  void Row(std::span<const Value> values) override { layout_->Row(values); }
+  void End() override { layout_->End(); }
+
+ private:
+  Output& output_;
+  HtmlOptions options_;
+  std::unique_ptr<RowWriter> layout_;
+};
+
+}  // namespace kodra::console::html

@@ -1,0 +1,37 @@
+// What stands on a label: a module's opening, closing and divider labels, and a container's.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "console/formats/html/preview_row.h"
+
+namespace kodra::console::html {
+
+struct Label {
+  std::wstring kind;         // "ABERTURA DE MÓDULO"
+  std::wstring company;      // beside the kind, may be empty
+  std::wstring number;       // the largest text
+  std::wstring description;  // may wrap over lines
+  std::wstring facts;        // one line of what is to be known
+  std::wstring barcode;      // the number that a scanner reads
+};
+
+// The modules that stand in each container, for the labels of containers.
+using ContainerModules = std::map<std::wstring, std::vector<std::wstring>>;
+
+// Makes a label of a row. Null for a report that gives no labels. For the labels of containers their modules are asked
+// for, once, if there is something to ask.
+using LabelMaker = std::function<Label(const RowReader& row)>;
+LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerModules()>& containerModules);
+// Whether a report gives labels.
+bool GivesLabels(const Heading& heading);
+
+// What is said of a module's retention: its kind (one letter), the date until which it is kept (none: zero or null) and
+// the years.
+std::wstring RetentionText(std::wstring_view kind, const Value& until, std::wstring_view years);
+
+}  // namespace kodra::console::html

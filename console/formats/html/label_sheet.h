@@ -1,0 +1,32 @@
+// Sheets of labels: how many labels stand on one and where. All lengths are millimetres.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kodra::console::html {
+
+struct LabelSheet {
+  std::string_view name;  // as people choose it: "a4-2x7" has two columns and seven rows
+  double pageWidth, pageHeight;
+  int columns, rows;
+  double labelWidth, labelHeight;
+  double left, top;              // of the first label
+  double columnPitch, rowPitch;  // from one label to the next
+  int Labels() const { return columns * rows; }
+};
+
+// Every sheet that can be chosen; the first is the usual one.
+std::span<const LabelSheet> LabelSheets();
+// The sheet of that name, or null.
+const LabelSheet* FindLabelSheet(std::string_view name);
+
+// Where a label stands on its sheet, counted from 0, row by row.
+struct LabelPlace {
+  int page;
+  double left, top;
+};
+LabelPlace PlaceOf(const LabelSheet& sheet, int index);
+
+}  // namespace kodra::console::html

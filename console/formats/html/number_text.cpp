@@ -1,0 +1,15 @@
+#include "console/formats/html/number_text.h"
+
+#include "values/numbers.h"
+
+namespace kodra::console::html {
+
+std::wstring NumberForPeople(double number) {
+  std::wstring text = values::NumberToText(number);
+  if (text.find(L'E') != text.npos) return text;
+  const std::size_t sign = text.starts_with(L'-') ? 1 : 0;
+  for (std::size_t at = std::min(text.find(L','), text.size()); at > sign + 3;) text.insert(at -= 3, 1, L'.');
+  return text;
+}
+
+}  // namespace kodra::console::html

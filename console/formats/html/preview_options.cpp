@@ -1,0 +1,52 @@
+#include "console/formats/html/preview_options.h"
+
+#include <fmt/format.h>
+
+#include "console/command_line/suggest.h"
+#include "console/command_line/usage_error.h"
+#include "values/format_date.h"
+
+namespace kodra::console::html {
+namespace {
+
+std::vector<std::string> SheetNames() {
+  std::vector<std::string> names;
+  for (const LabelSheet& sheet : LabelSheets()) names.emplace_back(sheet.name);
+  return names;
+}
+
+const LabelSheet& SheetNamed(const std::string& name) {
+  const std::string folded = Folded(name);
+  if (const LabelSheet* sheet = FindLabelSheet(folded)) return *sheet;
+  throw UsageError(fmt::format("não há a folha \"{}\"{}; há {}", name, DidYouMean(folded, SheetNames()),
+                               fmt::join(SheetNames(), ", ")));
+}
+
+}  // namespace
+
+void PreviewOptions::AddTo(CLI::App& command) {
+  command
+      .add_option("--folha", sheet_,
+                  fmt::format("html, etiquetas: a folha, papel-colunasxlinhas: {} (sem esta opção, {})",
+                              fmt::join(SheetNames(), ", "), sheet_))
+      ->option_text("FOLHA");
+  command
+      .add_option("--primeira", firstLabel_,
+                  "html, etiquetas: a primeira livre da folha, contada por linhas (sem esta opção, 1)")
+      ->option_text("NÚMERO");
+  command.add_option("--copias", copies_, "html, etiquetas: quantas de cada (sem esta opção, 1)")
+      ->option_text("NÚMERO");
+}
+
+HtmlOptions PreviewOptions::Options() const {
+  const LabelSheet& sheet = SheetNamed(sheet_);
+  if (firstLabel_ < 1 || firstLabel_ > sheet.Labels())
+    throw UsageError(fmt::format("a folha {} tem as etiquetas 1 a {}: --primeira {} não há", sheet.name, sheet.Labels(),
+                                 firstLabel_));
+  if (copies_ < 1 || copies_ > kMostCopies)
+    throw UsageError(fmt::format("--copias vai de 1 a {}: {} não", kMostCopies, copies_));
+  return {{.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_},
+          values::FormatDate<L"dd/mm/yyyy hh:nn">(values::Now())};
+}
+
+}  // namespace kodra::console::html

@@ -1,0 +1,27 @@
+// The options by which a command is told how to print: the sheet of labels, where to begin on it, and how many of each.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "console/formats/html/html_writer.h"
+
+namespace kodra::console::html {
+
+class PreviewOptions {
+ public:
+  void AddTo(CLI::App& command);
+
+  // The options, with the present time as the time of issue. Raises UsageError for a sheet that does not exist, a first
+  // label that is not on the sheet, and a number of copies below one or above kMostCopies.
+  HtmlOptions Options() const;
+
+ private:
+  std::string sheet_{LabelSheets().front().name};
+  int firstLabel_ = 1;
+  int copies_ = 1;
+};
+
+inline constexpr int kMostCopies = 1000;
+
+}  // namespace kodra::console::html

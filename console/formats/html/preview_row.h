@@ -1,0 +1,45 @@
+// A row read by column name, for layouts that know what they print.
+#pragma once
+
+#include <algorithm>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/formats/cell_text.h"
+#include "console/formats/row_writer.h"
+
+namespace kodra::console::html {
+
+class RowReader {
+ public:
+  // REQUIRES: both outlive the reader.
+  RowReader(std::span<const Column> columns, std::span<const Value> values) : columns_(columns), values_(values) {}
+
+  bool Has(std::wstring_view column) const { return IndexOf(column) < columns_.size(); }
+  // The value, or Empty for a column that the report does not have. Databases differ in the case of names.
+  Value Get(std::wstring_view column) const {
+    const std::size_t index = IndexOf(column);
+    return index < values_.size() ? values_[index] : Value();
+  }
+  // As people read it, without blanks at the end, as fixed-width columns have them.
+  std::wstring Text(std::wstring_view column) const {
+    std::wstring text = BrazilianText(Get(column));
+    text.erase(text.find_last_not_of(L' ') + 1);
+    return text;
+  }
+
+ private:
+  std::size_t IndexOf(std::wstring_view column) const {
+    const auto same = [](wchar_t a, wchar_t b) { return (a | 0x20) == (b | 0x20); };
+    const auto found =
+        std::ranges::find_if(columns_, [&](const Column& c) { return std::ranges::equal(c.name, column, same); });
+    return static_cast<std::size_t>(found - columns_.begin());
+  }
+
+  std::span<const Column> columns_;
+  std::span<const Value> values_;
+};
+
+}  // namespace kodra::console::html

@@ -1,0 +1,67 @@
+// Statistics grouped and totalled, as the front end's layouts do with the rows that the reports give.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "console/formats/html/preview_row.h"
+
+namespace kodra::console::html {
+
+// A line of a statistic: a group's name and its sums, one a measure.
+struct StatisticsLine {
+  std::wstring name;
+  std::vector<double> sums;
+};
+
+// Lines under one heading, with what they sum to.
+struct StatisticsBlock {
+  std::wstring name;  // empty where the statistic has no second level
+  std::vector<StatisticsLine> lines;
+  std::vector<double> sums;
+};
+
+struct Statistics {
+  std::wstring title, subtitle;
+  // What is said once: "Operador", and who.
+  std::vector<std::pair<std::wstring, std::wstring>> facts;
+  std::wstring groupCaption;           // of the lines' names: "Dia"
+  std::vector<std::wstring> measures;  // "Documentos", "Páginas"
+  std::vector<StatisticsBlock> blocks;
+  std::vector<double> sums;
+};
+
+// Gathers a report's rows. Memory grows with the groups, not with the rows.
+class StatisticsGatherer {
+ public:
+  // Whether a report is a statistic.
+  static bool Knows(const Heading& heading);
+
+  // REQUIRES: Knows(heading).
+  StatisticsGatherer(const Heading& heading, std::span<const Column> columns);
+
+  void Add(const RowReader& row);
+  Statistics Result() const;
+
+ private:
+  struct Plan;
+  static const Plan* PlanOf(const Heading& heading);
+
+  // A place in the order of lines: the days by date, texts by alphabet.
+  struct Key {
+    std::wstring order, name;
+    bool operator<(const Key& other) const { return order != other.order ? order < other.order : name < other.name; }
+  };
+  Key KeyOf(const RowReader& row, std::wstring_view column) const;
+  std::vector<double> MeasuresOf(const RowReader& row) const;
+
+  const Plan* plan_;
+  bool hasVerso_, hasFrente_;
+  Statistics heading_;
+  bool first_ = true;
+  std::map<Key, std::map<Key, std::vector<double>>> groups_;
+};
+
+}  // namespace kodra::console::html

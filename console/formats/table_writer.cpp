@@ -1,0 +1,91 @@
+#include "console/formats/table_writer.h"
+
+#include <algorithm>
+
+#include "console/formats/cell_text.h"
+#include "console/formats/display_width.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+constexpr std::wstring_view kBetween = L"  ";
+
+bool IsBlankControl(wchar_t c) { return c == L'\t' || c == L'\n' || c == L'\r' || c == L'\v' || c == L'\f'; }
+bool IsControl(wchar_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029; }
+
+std::wstring OnOneLine(std::wstring_view text) {
+  std::wstring shown;
+  shown.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (IsBlankControl(text[i])) {
+      // CR LF is one line end.
+      if (text[i] == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n') ++i;
+      shown += L' ';
+    } else {
+      shown += IsControl(text[i]) ? L'\xFFFD' : text[i];
+    }
+  }
+  return shown;
+}
+
+}  // namespace
+
+void TableWriter::Begin(const Heading& /*heading*/, std::span<const Column> columns) {
+  for (const Column& column : columns) {
+    names_.push_back(OnOneLine(column.name));
+    toTheRight_.push_back(column.kind == ColumnKind::kNumber);
+  }
+  widths_.resize(columns.size());
+  Measure(names_);
+}
+
+void TableWriter::Row(std::span<const Value> values) {
+  Line cells;
+  cells.reserve(values.size());
+  for (const Value& value : values) cells.push_back(OnOneLine(BrazilianText(value)));
+  ++count_;
+  if (!measuring_) {
+    WriteLine(cells);
+    return;
+  }
+  Measure(cells);
+  kept_.push_back(std::move(cells));
+  if (kept_.size() == kMeasured) WriteKept();
+}
+
+void TableWriter::End() {
+  if (measuring_) WriteKept();
+  output_.Write(values::ToUtf8(L"(" + CountText(count_) + (count_ == 1 ? L" linha)\n" : L" linhas)\n")));
+}
+
+void TableWriter::Measure(const Line& cells) {
+  for (std::size_t i = 0; i < cells.size(); ++i) widths_[i] = std::max(widths_[i], DisplayWidth(cells[i]));
+}
+
+void TableWriter::WriteKept() {
+  measuring_ = false;
+  if (names_.empty()) return;
+  WriteLine(names_);
+  Line rule;
+  for (const std::size_t width : widths_) rule.emplace_back(width, L'─');
+  WriteLine(rule);
+  for (const Line& cells : kept_) WriteLine(cells);
+  kept_ = {};
+}
+
+void TableWriter::WriteLine(const Line& cells) {
+  std::wstring line;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (i > 0) line += kBetween;
+    const std::size_t width = DisplayWidth(cells[i]);
+    const std::size_t missing = widths_[i] > width ? widths_[i] - width : 0;
+    if (toTheRight_[i]) line.append(missing, L' ');
+    line += cells[i];
+    if (!toTheRight_[i]) line.append(missing, L' ');
+  }
+  line.erase(line.find_last_not_of(L' ') + 1);
+  output_.Write(values::ToUtf8(line) + "\n");
+}
+
+}  // namespace kodra::console

@@ -1,0 +1,173 @@
+#include "console/formats/xlsx_writer.h"
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "console/command_line/output_error.h"
+#include "console/formats/cell_text.h"
+#include "console/formats/display_width.h"
+#include "console/formats/xlsx_path.h"
+#include "values/dates.h"
+#include "values/decimal.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+using values::FromUtf8;
+using values::ToUtf8;
+
+// The first day that a spreadsheet counts as an automation date does: it takes 1900 for a leap year.
+constexpr double kFirstCountedDay = 61;
+// The largest number without decimals that a spreadsheet shows digit by digit.
+constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
+// In characters; a wider text is there all the same.
+constexpr std::size_t kWidestColumn = 60;
+constexpr std::size_t kNarrowestColumn = 8;
+// The arrow of the filter takes its room beside a name.
+constexpr std::size_t kFilterWidth = 3;
+
+bool KeepsDigits(const Decimal& number) {
+  const Decimal shortest = values::WithoutTrailingZeros(number);
+  return shortest.high == 0 && shortest.low <= kMostDigits;
+}
+
+// Whether a spreadsheet, which holds doubles of 15 digits, shows the number as it is.
+bool FitsASpreadsheet(const Value& value, double number) {
+  if (value.Is<std::int64_t>() || value.Is<std::uint64_t>()) return std::abs(number) <= double{kMostDigits};
+  if (value.Is<Currency>()) return KeepsDigits(values::ToDecimal(value.As<Currency>()));
+  if (value.Is<Decimal>()) return KeepsDigits(value.As<Decimal>());
+  return std::isfinite(number);
+}
+
+struct FreeWorkbook {
+  void operator()(lxw_workbook* workbook) const { lxw_workbook_free(workbook); }
+};
+
+class XlsxWriter final : public RowWriter {
+ public:
+  explicit XlsxWriter(const std::wstring& path) {
+    lxw_workbook_options options{};
+    options.constant_memory = LXW_TRUE;
+    workbook_.reset(workbook_new_opt(XlsxPath(path).c_str(), &options));
+    if (workbook_) sheet_ = workbook_add_worksheet(workbook_.get(), "Relatório");
+    if (sheet_ == nullptr) throw OutputError(L"não foi possível criar a planilha.");
+    bold_ = workbook_add_format(workbook_.get());
+    format_set_bold(bold_);
+    day_ = NewFormat("dd/mm/yyyy");
+    moment_ = NewFormat("dd/mm/yyyy hh:mm:ss");
+  }
+
+  void Begin(const Heading& heading, std::span<const Column> columns) override {
+    SetProperties(heading);
+    for (const Column& column : columns) {
+      const auto at = static_cast<lxw_col_t>(names_.size());
+      names_.push_back(column.name);
+      kinds_.push_back(column.kind);
+      widths_.push_back(std::max(kNarrowestColumn, DisplayWidth(column.name) + kFilterWidth));
+      Check(worksheet_write_string(sheet_, 0, at, ToUtf8(column.name).c_str(), bold_), at);
+    }
+  }
+
+  void Row(std::span<const Value> values) override {
+    if (++row_ >= LXW_ROW_MAX) {
+      throw OutputError(L"o relatório tem mais linhas do que cabem em uma planilha (" + CountText(LXW_ROW_MAX - 1) +
+                        L"): use --formato csv.");
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      const auto at = static_cast<lxw_col_t>(i);
+      if (!IsNothing(values[i])) Check(WriteCell(at, values[i]), at);
+    }
+  }
+
+  void End() override {
+    for (std::size_t i = 0; i < widths_.size(); ++i) {
+      const auto at = static_cast<lxw_col_t>(i);
+      const auto width = static_cast<double>(std::min(kWidestColumn, widths_[i] + 1));
+      Check(worksheet_set_column(sheet_, at, at, width, nullptr), at);
+    }
+    if (!names_.empty()) {
+      worksheet_freeze_panes(sheet_, 1, 0);
+      Check(worksheet_autofilter(sheet_, 0, 0, row_, static_cast<lxw_col_t>(names_.size() - 1)), 0);
+    }
+    // Closing frees the workbook whether it succeeds or not.
+    const lxw_error error = workbook_close(workbook_.release());
+    if (error != LXW_NO_ERROR)
+      throw OutputError(L"não foi possível gravar a planilha: " + FromUtf8(lxw_strerror(error)));
+  }
+
+ private:
+  lxw_format* NewFormat(const char* pattern) {
+    lxw_format* format = workbook_add_format(workbook_.get());
+    format_set_num_format(format, pattern);
+    return format;
+  }
+
+  void SetProperties(const Heading& heading) {
+    std::string title = ToUtf8(heading.title);
+    std::wstring text;
+    for (const auto& [name, value] : heading.parameters)
+      text.append(text.empty() ? L"" : L"; ").append(name).append(L": ").append(value);
+    std::string comments = ToUtf8(text);
+    lxw_doc_properties properties{};
+    properties.title = title.data();
+    properties.comments = comments.data();
+    workbook_set_properties(workbook_.get(), &properties);
+  }
+
+  lxw_error WriteCell(lxw_col_t at, const Value& value) {
+    if (value.Is<bool>()) return worksheet_write_boolean(sheet_, row_, at, value.As<bool>() ? 1 : 0, nullptr);
+    if (value.Is<Date>()) return WriteDate(at, value.As<Date>());
+    const std::optional<double> number = NumberIn(value);
+    if (number && FitsASpreadsheet(value, *number)) return WriteNumber(at, *number);
+    return WriteText(at, BrazilianText(value));
+  }
+
+  lxw_error WriteDate(lxw_col_t at, Date date) {
+    if (date.days < kFirstCountedDay) return WriteText(at, BrazilianText(date));
+    const bool day = kinds_[at] != ColumnKind::kMoment && date.days == std::floor(date.days);
+    Widen(at, day ? std::size_t{10} : std::size_t{19});
+    return worksheet_write_number(sheet_, row_, at, date.days, day ? day_ : moment_);
+  }
+
+  lxw_error WriteNumber(lxw_col_t at, double number) {
+    Widen(at, BrazilianText(number).size());
+    return worksheet_write_number(sheet_, row_, at, number, nullptr);
+  }
+
+  lxw_error WriteText(lxw_col_t at, const std::wstring& text) {
+    if (text.empty()) return LXW_NO_ERROR;
+    Widen(at, DisplayWidth(text));
+    return worksheet_write_string(sheet_, row_, at, ToUtf8(text).c_str(), nullptr);
+  }
+
+  void Widen(lxw_col_t at, std::size_t width) { widths_[at] = std::max(widths_[at], width); }
+
+  void Check(lxw_error error, lxw_col_t at) const {
+    if (error == LXW_NO_ERROR) return;
+    const std::wstring where = L"linha " + CountText(row_) + L", coluna " + names_[at];
+    if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {
+      throw OutputError(L"um texto é mais longo do que cabe em uma célula de planilha (" + where +
+                        L"): use --formato csv.");
+    }
+    throw OutputError(L"não foi possível escrever na planilha (" + where + L"): " + FromUtf8(lxw_strerror(error)));
+  }
+
+  std::unique_ptr<lxw_workbook, FreeWorkbook> workbook_;
+  lxw_worksheet* sheet_ = nullptr;
+  lxw_format* bold_ = nullptr;
+  lxw_format* day_ = nullptr;
+  lxw_format* moment_ = nullptr;
+  std::vector<std::wstring> names_;
+  std::vector<ColumnKind> kinds_;
+  std::vector<std::size_t> widths_;
+  lxw_row_t row_ = 0;  // the one written last; 0 is the names'
+};
+
+}  // namespace
+
+std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path) { return std::make_unique<XlsxWriter>(path); }
+
+}  // namespace kodra::console

@@ -1,0 +1,15 @@
+// kodrarpt: the reports of the archive on a console.
+#include <iostream>
+
+#include "console/command_line/console.h"
+#include "console/command_line/program.h"
+#include "console/commands/commands.h"
+
+int main(int count, char** values) {
+  const kodra::console::Utf8Console console;
+  kodra::console::Program program(std::cout, std::cerr);
+  kodra::console::AddCommands(program);
+  const auto code = program.Run(kodra::console::Arguments(count, values));
+  std::cout.flush();
+  return static_cast<int>(std::cout ? code : kodra::console::ExitCode::kOutput);
+}

@@ -1,0 +1,68 @@
+#include "console/run/interruption.h"
+
+#include <array>
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+#include "console/command_line/exit_codes.h"
+
+namespace kodra::console {
+namespace {
+
+#ifdef _WIN32
+constexpr std::array kSignals = {SIGINT, SIGTERM, SIGBREAK};
+#else
+constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
+#endif
+
+using Handler = void (*)(int);
+
+// What the handler reads and writes: nothing else may be touched while a signal is answered.
+std::atomic<bool> requested{false};
+std::atomic<bool> unfinished{false};
+std::array<char, 4096> unfinishedPath{};
+std::array<Handler, kSignals.size()> former{};
+
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+void Answer(int signal) {
+  // Windows forgets the handler with each signal.
+  std::signal(signal, &Answer);
+  if (!requested.exchange(true)) return;
+#ifndef _WIN32
+  if (unfinished) unlink(unfinishedPath.data());
+#endif
+  std::_Exit(static_cast<int>(ExitCode::kInterrupted));
+}
+
+}  // namespace
+
+Interruption::Interruption() {
+  requested = false;
+  for (std::size_t i = 0; i < kSignals.size(); ++i) {
+    former[i] = std::signal(kSignals[i], &Answer);
+    // Who started the program without these requests (nohup, a job in the background) means it.
+    if (former[i] == SIG_IGN) std::signal(kSignals[i], SIG_IGN);
+  }
+}
+
+Interruption::~Interruption() {
+  for (std::size_t i = 0; i < kSignals.size(); ++i) std::signal(kSignals[i], former[i]);
+}
+
+bool Interruption::Requested() noexcept { return requested; }
+
+void Interruption::RemoveAtOnce(const std::string& path) noexcept {
+  unfinished = false;
+  if (path.empty() || path.size() >= unfinishedPath.size()) return;
+  std::memcpy(unfinishedPath.data(), path.c_str(), path.size() + 1);
+  unfinished = true;
+}
+
+}  // namespace kodra::console

@@ -1,0 +1,56 @@
+#include "console/statements/notes.h"
+
+#include <array>
+
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+struct ComponentNote {
+  std::wstring_view progId;
+  std::string_view note;
+};
+
+constexpr auto kComponentNotes = std::to_array<ComponentNote>({
+    {L"KodraParamSist.Obtedor",
+     "entre < e > está o nome do parâmetro do sistema: o relatório põe ali o valor da instalação, em maiúsculas no "
+     "título"},
+    {L"KodraBsnV3.ModulosBsn",
+     "a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode dar outra"},
+    {L"KodraBsnV3.ObtedorDeModulos",
+     "a instrução só é enviada se o componente KodraBsnV3.ObtedorDeModulos encontrar um subordinado fechado"},
+    {L"KodraRegEvt.RegEvtDAO",
+     "o relatório não envia nenhuma instrução: os eventos vêm do componente KodraRegEvt.RegEvtDAO"},
+});
+
+struct MethodNote {
+  std::wstring_view method;
+  std::string_view note;
+};
+
+constexpr auto kMethodNotes = std::to_array<MethodNote>({
+    {L"RelatorioRetiradaOriginal",
+     "a segunda instrução depende dos dados da primeira: 30/12/1899 está no lugar da data de devolução do último "
+     "documento, e com dois documentos ou mais as frases vão para o plural"},
+    {L"AutorizacaoDescarteModuloSubRpt", "a segunda instrução só é enviada se a primeira não der nenhuma linha"},
+});
+
+std::string MarkerNote(const std::wstring& value) {
+  return "o parâmetro ? recebe o texto '" + values::ToUtf8(value) + "'";
+}
+
+}  // namespace
+
+std::vector<std::string> NotesOn(const reports::ReportMethod& method, const Captured& captured) {
+  std::vector<std::string> notes;
+  for (const auto& [progId, note] : kComponentNotes)
+    if (captured.components.contains(std::wstring(progId))) notes.emplace_back(note);
+  for (const auto& [name, note] : kMethodNotes)
+    if (name == method.method) notes.emplace_back(note);
+  for (const Statement& statement : captured.statements)
+    for (const std::wstring& value : statement.parameters) notes.push_back(MarkerNote(value));
+  return notes;
+}
+
+}  // namespace kodra::console

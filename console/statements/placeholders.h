@@ -1,0 +1,15 @@
+// What answers in the place of the sibling components when a report runs without them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/automation.h"
+
+namespace kodra::console {
+
+// A system parameter stands as its name between angle brackets, a collection has one member, a date is the zero date.
+// The code of a subordinate module is the expression of the sibling components that stand in siblings.
+ObjectRef NewPlaceholder(const std::wstring& progId, std::int32_t databaseCode);
+
+}  // namespace kodra::console

@@ -1,0 +1,75 @@
+// ADODB.Command: a statement with parameters.
+#pragma once
+
+#include <vector>
+
+#include "odbc/adodb/connection_object.h"
+#include "odbc/adodb/parameter_objects.h"
+#include "odbc/engine/command.h"
+
+namespace kodra::adodb {
+
+class CommandObject final : public DispatchObject<_Command, Command25, Command15, _ADO> {
+ public:
+  // The command as it would run now, with the present values of its parameters.
+  odbc::Command& Prepare();
+  const com_ptr<ConnectionObject>& Connection() const noexcept { return connection_; }
+
+  std::int32_t ParameterCount() const noexcept { return static_cast<std::int32_t>(parameters_.size()); }
+  // REQUIRES: 0 <= index < ParameterCount().
+  const com_ptr<ParameterObject>& ParameterAt(std::int32_t index) const;
+  // The position named by a name or number; an unknown one raises ControlError::kItemNotFound.
+  std::int32_t ParameterIndex(const Argument& index) const;
+  void AppendParameter(const com_ptr<ParameterObject>& parameter);
+  void RemoveParameter(std::int32_t index);
+
+  HRESULT __stdcall get_Properties(Properties** properties) noexcept override;
+  // Null when there is none.
+  HRESULT __stdcall get_ActiveConnection(_Connection** connection) noexcept override;
+  HRESULT __stdcall putref_ActiveConnection(_Connection* connection) noexcept override;
+  HRESULT __stdcall put_ActiveConnection(VARIANT connection) noexcept override;
+  HRESULT __stdcall get_CommandText(BSTR* text) noexcept override;
+  HRESULT __stdcall put_CommandText(BSTR text) noexcept override;
+  HRESULT __stdcall get_CommandTimeout(LONG* seconds) noexcept override;
+  HRESULT __stdcall put_CommandTimeout(LONG seconds) noexcept override;
+  HRESULT __stdcall get_Prepared(VARIANT_BOOL* prepared) noexcept override;
+  HRESULT __stdcall put_Prepared(VARIANT_BOOL prepared) noexcept override;
+  // `values`, when given, is an array that replaces the values of the first parameters.
+  HRESULT __stdcall Execute(VARIANT* affected, VARIANT* values, LONG options, _Recordset** rows) noexcept override;
+  HRESULT __stdcall CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction, ADO_LONGPTR size,
+                                    VARIANT value, _Parameter** parameter) noexcept override;
+  HRESULT __stdcall get_Parameters(Parameters** parameters) noexcept override;
+  HRESULT __stdcall get_CommandType(CommandTypeEnum* type) noexcept override;
+  HRESULT __stdcall put_CommandType(CommandTypeEnum type) noexcept override;
+  HRESULT __stdcall get_Name(BSTR* name) noexcept override;
+  HRESULT __stdcall put_Name(BSTR name) noexcept override;
+  HRESULT __stdcall get_State(LONG* state) noexcept override;
+
+  // Not used by any client here.
+  HRESULT __stdcall Cancel() noexcept override { return NotImplemented(L"Command.Cancel"); }
+  HRESULT __stdcall putref_CommandStream(IUnknown*) noexcept override {
+    return NotImplemented(L"Command.CommandStream");
+  }
+  HRESULT __stdcall get_CommandStream(VARIANT*) noexcept override { return NotImplemented(L"Command.CommandStream"); }
+  HRESULT __stdcall put_Dialect(BSTR) noexcept override { return NotImplemented(L"Command.Dialect"); }
+  HRESULT __stdcall get_Dialect(BSTR*) noexcept override { return NotImplemented(L"Command.Dialect"); }
+  HRESULT __stdcall put_NamedParameters(VARIANT_BOOL) noexcept override {
+    return NotImplemented(L"Command.NamedParameters");
+  }
+  HRESULT __stdcall get_NamedParameters(VARIANT_BOOL*) noexcept override {
+    return NotImplemented(L"Command.NamedParameters");
+  }
+
+ protected:
+  HRESULT GetItem(const VARIANT& index, com_ptr<IDispatch>& parameter) noexcept override;
+  HRESULT PutItem(const VARIANT& index, const VARIANT& value) noexcept override;
+
+ private:
+  void Use(const com_ptr<ConnectionObject>& connection);
+
+  odbc::Command command_;
+  com_ptr<ConnectionObject> connection_;
+  std::vector<com_ptr<ParameterObject>> parameters_;
+};
+
+}  // namespace kodra::adodb

@@ -1,0 +1,50 @@
+// How an error leaves an ADO object: the HRESULT, and the thread's IErrorInfo with number, source and description.
+#pragma once
+
+#include <string_view>
+
+#include "ado/adoint.h"
+#include "odbc/engine/errors.h"
+#include "values/erro.h"
+
+namespace kodra::adodb {
+
+using odbc::ControlError;
+
+// Turns the exception being handled into the HRESULT of an entry point of `interface`, and leaves its IErrorInfo.
+// REQUIRES: called inside a catch block.
+HRESULT ReportException(REFIID interfaceId) noexcept;
+
+// The body of an entry point: nothing that it raises crosses into the client.
+template <class Interface, class Body>
+HRESULT Guarded(const Body& body) noexcept {
+  try {
+    body();
+    return S_OK;
+  } catch (...) {
+    return ReportException(__uuidof(Interface));
+  }
+}
+
+// Raises ADO's error of that number with its text, and ADO itself as the source; the overload in odbc names
+// an object.
+[[noreturn]] inline void Raise(ControlError error) { odbc::Raise(error, L"ADODB"); }
+
+// Raises E_NOTIMPL with a text that names the member, or the use of it, that does not exist here.
+[[noreturn]] void RaiseNotImplemented(const wchar_t* what);
+
+// The answer of a member that exists for the interface's sake only.
+HRESULT NotImplemented(const wchar_t* member) noexcept;
+
+// What IDispatch::Invoke answers for a member that gave `result`: a failure is DISP_E_EXCEPTION, with the thread's
+// IErrorInfo moved into `exception` where there is one.
+HRESULT Described(HRESULT result, EXCEPINFO* exception) noexcept;
+
+// Checks where a result goes: a null pointer raises ControlError::kInvalidArgument.
+template <class T>
+T& Out(T* result) {
+  if (result == nullptr) Raise(ControlError::kInvalidArgument);
+  return *result;
+}
+
+}  // namespace kodra::adodb

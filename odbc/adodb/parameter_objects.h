@@ -1,0 +1,68 @@
+// ADODB.Parameter, and the Parameters collection of a command.
+#pragma once
+
+#include <string>
+
+#include "odbc/adodb/collection_object.h"
+#include "odbc/engine/types.h"
+
+namespace kodra::adodb {
+
+class CommandObject;
+
+// A parameter stands on its own until it is appended; afterwards the command reads it whenever it runs.
+class ParameterObject final : public DispatchObject<_Parameter, _ADO> {
+ public:
+  ParameterObject() = default;
+  explicit ParameterObject(odbc::Parameter parameter) : parameter_(std::move(parameter)) {}
+
+  const odbc::Parameter& Definition() const noexcept { return parameter_; }
+
+  HRESULT __stdcall get_Properties(Properties** properties) noexcept override;
+  HRESULT __stdcall get_Name(BSTR* name) noexcept override;
+  HRESULT __stdcall put_Name(BSTR name) noexcept override;
+  HRESULT __stdcall get_Value(VARIANT* value) noexcept override;
+  HRESULT __stdcall put_Value(VARIANT value) noexcept override;
+  HRESULT __stdcall get_Type(DataTypeEnum* type) noexcept override;
+  HRESULT __stdcall put_Type(DataTypeEnum type) noexcept override;
+  HRESULT __stdcall get_Direction(ParameterDirectionEnum* direction) noexcept override;
+  HRESULT __stdcall put_Direction(ParameterDirectionEnum direction) noexcept override;
+  HRESULT __stdcall get_Size(ADO_LONGPTR* size) noexcept override;
+  HRESULT __stdcall put_Size(ADO_LONGPTR size) noexcept override;
+
+  // Not used by any client here.
+  HRESULT __stdcall get_Precision(unsigned char*) noexcept override { return NotImplemented(L"Parameter.Precision"); }
+  HRESULT __stdcall put_Precision(unsigned char) noexcept override { return NotImplemented(L"Parameter.Precision"); }
+  HRESULT __stdcall get_NumericScale(unsigned char*) noexcept override {
+    return NotImplemented(L"Parameter.NumericScale");
+  }
+  HRESULT __stdcall put_NumericScale(unsigned char) noexcept override {
+    return NotImplemented(L"Parameter.NumericScale");
+  }
+  HRESULT __stdcall AppendChunk(VARIANT) noexcept override { return NotImplemented(L"Parameter.AppendChunk"); }
+  HRESULT __stdcall get_Attributes(LONG*) noexcept override { return NotImplemented(L"Parameter.Attributes"); }
+  HRESULT __stdcall put_Attributes(LONG) noexcept override { return NotImplemented(L"Parameter.Attributes"); }
+
+ private:
+  odbc::Parameter parameter_;
+};
+
+class ParametersObject final : public CollectionObject<Parameters, _DynaCollection> {
+ public:
+  explicit ParametersObject(com_ptr<CommandObject> command) : command_(std::move(command)) {}
+
+  HRESULT __stdcall get_Item(VARIANT index, _Parameter** parameter) noexcept override;
+  // An incomplete parameter raises ControlError::kInvalidParamInfo, what is no parameter kInvalidArgument.
+  HRESULT __stdcall Append(IDispatch* parameter) noexcept override;
+  HRESULT __stdcall Delete(VARIANT index) noexcept override;
+
+ protected:
+  std::int32_t Size() override;
+  com_ptr<IDispatch> Member(std::int32_t index) override;
+  HRESULT PutItem(const VARIANT& index, const VARIANT& value) noexcept override;
+
+ private:
+  com_ptr<CommandObject> command_;
+};
+
+}  // namespace kodra::adodb

@@ -1,0 +1,58 @@
+// One column of a result: the memory that the driver writes a block of its cells into, and the cells as Values.
+//
+//   integers            int32; int64 for adUnsignedInt and adBigInt, uint64 for adUnsignedBigInt beyond it
+//   single, double      float, double
+//   decimal, numeric    Decimal; decimals beyond its digits are rounded, and a whole part beyond them makes it a double
+//   character data      text of any length
+//   bit                 bool
+//   date, time, stamp   Date
+//   binary              text of two hexadecimal digits a byte
+//   null                Null
+//
+// Where types vary by row (driver_manners.h) a cell is read as the text that stands for it and then as the column's
+// type; one that is not of that type keeps what it is: a whole number beyond 32 bits is int64, a fraction in an integer
+// column double, "amanhã" in a date column text.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "odbc/engine/statement.h"
+
+namespace kodra::odbc {
+
+class ColumnBuffer {
+ public:
+  // See driver_manners.h.
+  ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8);
+
+  // A cell may be longer than any buffer worth binding: it is read on its own, which needs one row a block.
+  bool IsLong() const { return long_; }
+  std::size_t CellBytes() const { return cellBytes_; }
+
+  // Binds the column (counted from 1) for blocks of `rows`. A long one is left unbound.
+  void Bind(const Statement& statement, SQLUSMALLINT number, std::size_t rows);
+  // After the fetch of a block of one row: reads a cell that is long, or that its buffer cut off.
+  void ReadLateCell(const Statement& statement, SQLUSMALLINT number);
+  // REQUIRES: a row of the block fetched last.
+  Value Cell(std::size_t row) const;
+
+ private:
+  enum class Wire { kText, kUtf8, kParsedText, kInteger, kDouble, kBit, kDate, kTime, kTimestamp, kBinary };
+
+  void ChooseWire(const Column& column, bool typesVaryByRow, bool textIsUtf8);
+  SQLSMALLINT CType() const;
+  Value TextCell(const std::byte* bytes, std::size_t length) const;
+  Value FixedCell(const std::byte* bytes) const;
+
+  Wire wire_ = Wire::kText;
+  std::int32_t adoType_;
+  bool long_ = false;
+  std::size_t cellBytes_ = 0;
+  std::vector<std::byte> cells_;
+  std::vector<SQLLEN> lengths_;
+  std::optional<Value> late_;
+};
+
+}  // namespace kodra::odbc

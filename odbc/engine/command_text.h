@@ -1,0 +1,15 @@
+// The statement that a source text stands for under ADO's command types.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace kodra::odbc {
+
+// A table's name becomes "select * from <name>", a procedure's "{call <name>(?,…)}" with a mark for each parameter; any
+// other text is the statement itself. `options` is what an Open or Execute was given; where it names no type,
+// `commandType` counts. An empty text raises 80040E0C.
+std::wstring StatementText(const std::wstring& text, std::int32_t options, std::int32_t commandType,
+                           std::size_t parameterCount);
+
+}  // namespace kodra::odbc

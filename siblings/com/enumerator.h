@@ -1,0 +1,14 @@
+// The enumerator behind `For Each` over a collection.
+#pragma once
+
+#include <vector>
+
+#include "ado/com_ptr.h"
+#include "values/value.h"
+
+namespace kodra::siblings {
+
+// An IEnumVARIANT over these values; their objects are handed out as faces, made when their turn comes.
+ado::com_ptr<IUnknown> MakeEnumerator(std::vector<Value> values);
+
+}  // namespace kodra::siblings

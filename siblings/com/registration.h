@@ -1,0 +1,13 @@
+// The machine-wide registry entries of the sibling components.
+#pragma once
+
+#include <windows.h>
+
+namespace kodra::siblings {
+
+// Enters every class with the module's own path: S_OK, or SELFREG_E_CLASS when a key cannot be written.
+HRESULT RegisterClasses(HMODULE module);
+// Removes them; those already gone do not matter.
+HRESULT UnregisterClasses();
+
+}  // namespace kodra::siblings

@@ -1,0 +1,10 @@
+// ADO's interfaces, declared in the build folder from their IDL. They stand in the global namespace, where
+// `Connection`, `Field` and `Fields` are ADO's: inside kodra::platform write ::Field for those.
+#pragma once
+
+#include "ado/automation_headers.h"
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wwrite-strings"  // the generated default arguments are literal BSTRs
+#include <msado15.h>
+#pragma GCC diagnostic pop

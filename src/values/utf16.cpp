@@ -1,0 +1,79 @@
+#include "values/utf16.h"
+
+namespace kodra::values {
+namespace {
+
+constexpr char32_t kFirstBeyondOneUnit = 0x10000;
+constexpr char32_t kLastCodePoint = 0x10FFFF;
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+template <class Text>
+void AppendAsUtf16(char32_t point, Text& out) {
+  using Unit = typename Text::value_type;
+  if (point > kLastCodePoint) point = kReplacement;
+  if (point < kFirstBeyondOneUnit) {
+    out.push_back(static_cast<Unit>(point));
+    return;
+  }
+  point -= kFirstBeyondOneUnit;
+  out.push_back(static_cast<Unit>(0xD800 + (point >> 10)));
+  out.push_back(static_cast<Unit>(0xDC00 + (point & 0x3FF)));
+}
+
+// Replaces what the text held.
+template <class Text>
+void WriteAsUtf32(std::u16string_view text, Text& out) {
+  using Unit = typename Text::value_type;
+  out.resize(text.size());
+  std::size_t filled = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t point = text[i];
+    if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+      point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (text[i + 1] - 0xDC00U);
+      ++i;
+    }
+    out[filled++] = static_cast<Unit>(point);
+  }
+  out.resize(filled);
+}
+
+}  // namespace
+
+std::u16string ToUtf16(std::wstring_view text) {
+  std::u16string out;
+  out.reserve(text.size());
+  if constexpr (sizeof(wchar_t) == sizeof(char16_t)) {
+    for (wchar_t unit : text) out.push_back(static_cast<char16_t>(unit));
+  } else {
+    for (wchar_t unit : text) AppendAsUtf16(static_cast<char32_t>(unit), out);
+  }
+  return out;
+}
+
+std::wstring FromUtf16(std::u16string_view text) {
+  if constexpr (sizeof(wchar_t) == sizeof(char16_t)) {
+    return {text.begin(), text.end()};
+  } else {
+    std::wstring out;
+    WriteAsUtf32(text, out);
+    return out;
+  }
+}
+
+std::u16string Utf16FromUtf32(std::u32string_view text) {
+  std::u16string out;
+  out.reserve(text.size());
+  for (char32_t point : text) AppendAsUtf16(point, out);
+  return out;
+}
+
+std::u32string Utf32FromUtf16(std::u16string_view text) {
+  std::u32string out;
+  WriteAsUtf32(text, out);
+  return out;
+}
+
+}  // namespace kodra::values

@@ -1,0 +1,18 @@
+// The text of ODBC's wide functions: UTF-16, while wchar_t is 32 bits on Linux and 16 on Windows.
+//
+// Nothing is refused: an unpaired surrogate travels as the single unit it is, in both directions, and an embedded
+// zero is a character like any other.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kodra::values {
+
+std::u16string ToUtf16(std::wstring_view text);
+std::wstring FromUtf16(std::u16string_view text);
+// A code point beyond 10FFFF, which UTF-16 cannot write, becomes U+FFFD.
+std::u16string Utf16FromUtf32(std::u32string_view text);
+std::u32string Utf32FromUtf16(std::u16string_view text);
+
+}  // namespace kodra::values

@@ -1,0 +1,74 @@
+#include "values/utf8.h"
+
+#include <cstdint>
+
+#include "values/utf16.h"
+
+namespace kodra::values {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsScalar(char32_t point) { return point < 0xD800 || (point >= 0xE000 && point <= 0x10FFFF); }
+
+void Append(char32_t point, std::string& bytes) {
+  const auto next = [&](int shift) { bytes.push_back(static_cast<char>(0x80U | ((point >> shift) & 0x3FU))); };
+  if (point < 0x80) {
+    bytes.push_back(static_cast<char>(point));
+  } else if (point < 0x800) {
+    bytes.push_back(static_cast<char>(0xC0U | (point >> 6)));
+    next(0);
+  } else if (point < 0x10000) {
+    bytes.push_back(static_cast<char>(0xE0U | (point >> 12)));
+    next(6);
+    next(0);
+  } else {
+    bytes.push_back(static_cast<char>(0xF0U | (point >> 18)));
+    next(12);
+    next(6);
+    next(0);
+  }
+}
+
+struct Decoded {
+  char32_t point;
+  std::size_t bytes;
+};
+
+// The character that the bytes begin with. REQUIRES: there is a byte.
+Decoded First(std::string_view bytes) {
+  const auto at = [&](std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); };
+  const std::uint8_t lead = at(0);
+  if (lead < 0x80) return {lead, 1};
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  if (lead < 0xC0 || lead > 0xF7 || bytes.size() < length) return {kReplacement, 1};
+  char32_t point = lead & (0x7FU >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((at(i) & 0xC0U) != 0x80) return {kReplacement, 1};
+    point = (point << 6) | (at(i) & 0x3FU);
+  }
+  return IsScalar(point) && point >= kLeast[length] ? Decoded{point, length} : Decoded{kReplacement, 1};
+}
+
+}  // namespace
+
+std::string ToUtf8(std::wstring_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (const char32_t point : Utf32FromUtf16(ToUtf16(text))) Append(IsScalar(point) ? point : kReplacement, bytes);
+  return bytes;
+}
+
+std::wstring FromUtf8(std::string_view bytes) {
+  std::u32string points;
+  points.reserve(bytes.size());
+  while (!bytes.empty()) {
+    const auto [point, length] = First(bytes);
+    points.push_back(point);
+    bytes.remove_prefix(length);
+  }
+  return FromUtf16(Utf16FromUtf32(points));
+}
+
+}  // namespace kodra::values

@@ -1,0 +1,19 @@
+// Writes the sample archive for an engine, row by row: memory does not grow with its size.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "testbed/archive/generator.h"
+
+namespace kodra::testbed {
+
+// Writes an SQLite database file at a path (UTF-8), in one transaction. A file already there is replaced only when
+// the new one is complete. Raises std::runtime_error with what the engine said.
+void WriteSqlite(const std::string& path, Size size);
+
+// Writes an SQL script in UTF-8 that drops, makes and fills the tables in the client's current database: what the
+// mariadb and mysql clients take on their standard input. Raises std::runtime_error when the stream fails.
+void WriteMySql(std::ostream& script, Size size);
+
+}  // namespace kodra::testbed

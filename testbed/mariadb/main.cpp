@@ -1,0 +1,89 @@
+// kodra-mariadb: runs a command with a database of its own on a private MariaDB server.
+//
+//   kodra-mariadb acervo.sql -- ./relatorios --verbose
+//
+// The command finds the ODBC connection string of the database in the environment variable KODRA_MYSQL. The program
+// ends with the command's exit code; the server is gone by then. An interruption is the command's to answer.
+#include <signal.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "testbed/mariadb/child_process.h"
+#include "testbed/mariadb/mariadb_server.h"
+
+namespace {
+
+using kodra::testbed::MariaDbServer;
+
+constexpr wchar_t kDatabase[] = L"arquivo";
+constexpr int kFailed = 125;  // what went wrong is ours, not the command's
+
+std::atomic<int> interruptedBy{0};
+std::atomic<pid_t> running{0};
+
+void OnInterruption(int signal, siginfo_t* info, void*) {
+  interruptedBy = signal;
+  // A key pressed at the terminal reaches the command by itself; what another process sends, we pass on.
+  const pid_t command = running;
+  if (command != 0 && info->si_code <= 0) kill(command, signal);
+}
+
+void AnswerInterruptions() {
+  struct sigaction action {};
+  action.sa_sigaction = OnInterruption;
+  action.sa_flags = SA_SIGINFO;
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) sigaction(signal, &action, nullptr);
+}
+
+int RunCommand(const std::vector<std::string>& command, const MariaDbServer& server) {
+  const std::string connection = std::filesystem::path(server.ConnectionString(kDatabase)).string();
+  setenv("KODRA_MYSQL", connection.c_str(), 1);
+  // Nothing interrupts between the last look and the moment when there is a command to pass it on to.
+  sigset_t all;
+  sigset_t before;
+  sigfillset(&all);
+  sigprocmask(SIG_BLOCK, &all, &before);
+  if (interruptedBy == 0) running = kodra::testbed::Spawn({.command = command});
+  sigprocmask(SIG_SETMASK, &before, nullptr);
+  if (running == 0) return 128 + interruptedBy;
+  const int status = kodra::testbed::WaitFor(running);
+  running = 0;
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app(
+      "Executa um comando com um servidor MariaDB só dele: a variável de ambiente KODRA_MYSQL traz a string de "
+      "conexão ODBC do banco.");
+  app.footer("Uso: kodra-mariadb SCRIPT.sql -- COMANDO [ARGUMENTO]...");
+  std::string script;
+  app.add_option("script", script, "Script SQL que cria e enche o banco")->required()->check(CLI::ExistingFile);
+  // Everything after the first "--" is the command's, whatever it looks like.
+  char** const end = argv + argc;
+  char** const separator = std::find(argv, end, std::string_view("--"));
+  CLI11_PARSE(app, static_cast<int>(separator - argv), argv);
+  const std::vector<std::string> command(separator == end ? end : separator + 1, end);
+  if (command.empty()) {
+    std::cerr << "kodra-mariadb: falta o comando, depois de --\n";
+    return kFailed;
+  }
+
+  AnswerInterruptions();
+  try {
+    const MariaDbServer server;
+    server.CreateDatabase(kDatabase);
+    server.RunScript(kDatabase, script);
+    return RunCommand(command, server);
+  } catch (const std::exception& error) {
+    if (interruptedBy != 0) return 128 + interruptedBy;
+    std::cerr << "kodra-mariadb: " << error.what() << "\n";
+    return kFailed;
+  }
+}

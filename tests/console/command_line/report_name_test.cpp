@@ -1,0 +1,63 @@
+// A report by the name that the user gives it.
+#include "console/command_line/report_name.h"
+
+#include <gtest/gtest.h>
+
+#include "console/command_line/usage_error.h"
+
+namespace kodra::console {
+namespace {
+
+std::string Found(std::string_view name) { return NameOf(FindReport(name)); }
+
+std::string Complaint(std::string_view name) {
+  try {
+    return "found " + Found(name);
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+}
+
+TEST(FindReportTest, FindsEveryReportByItsFullName) {
+  for (const reports::ReportMethod& method : reports::ReportMethods()) EXPECT_EQ(&FindReport(NameOf(method)), &method);
+}
+
+TEST(FindReportTest, DoesNotMindLetterCaseAndAccents) {
+  EXPECT_EQ(Found("cdeptorpt.RELATÓRIODEPTOS"), "CDeptoRpt.RelatorioDeptos");
+}
+
+TEST(FindReportTest, TakesAClassWithOneMethodAndAMethodOfOneClass) {
+  EXPECT_EQ(Found("CTipo_CaixaRpt"), "CTipo_CaixaRpt.RelatorioTiposModulo");
+  EXPECT_EQ(Found("modulosvencidos"), "CCaixaRpt.ModulosVencidos");
+}
+
+TEST(FindReportTest, TakesTheSourceOfAnErrorForAName) {
+  EXPECT_EQ(Found("KodraRpt.CLogRpt::RelatorioLog"), "CLogRpt.RelatorioLog");
+}
+
+TEST(FindReportTest, ListsTheCandidatesOfAnAmbiguousName) {
+  EXPECT_EQ(Complaint("CEstatIndexRpt"),
+            "\"CEstatIndexRpt\" pode ser um destes relatórios:\n"
+            "  CEstatIndexRpt.RelatorioEstatisticasPorDocumento\n"
+            "  CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave");
+  EXPECT_EQ(Complaint("etiquetaabertura"),
+            "\"etiquetaabertura\" pode ser um destes relatórios:\n"
+            "  CCaixaRpt.EtiquetaAbertura\n"
+            "  CContainerRpt.EtiquetaAbertura");
+}
+
+TEST(FindReportTest, SuggestsTheNearestName) {
+  EXPECT_EQ(Complaint("CDetpoRpt"),
+            "não há o relatório \"CDetpoRpt\" (quis dizer \"CDeptoRpt\"?); \"kodrarpt lista\" mostra todos");
+  EXPECT_EQ(Complaint("CCaixaRpt.ModulosVencido"),
+            "não há o relatório \"CCaixaRpt.ModulosVencido\" (quis dizer \"CCaixaRpt.ModulosVencidos\"?); "
+            "\"kodrarpt lista\" mostra todos");
+}
+
+TEST(FindReportTest, SuggestsNothingForANameLikeNone) {
+  EXPECT_EQ(Complaint("zzzzz"), "não há o relatório \"zzzzz\"; \"kodrarpt lista\" mostra todos");
+  EXPECT_EQ(Complaint(""), "não há o relatório \"\"; \"kodrarpt lista\" mostra todos");
+}
+
+}  // namespace
+}  // namespace kodra::console

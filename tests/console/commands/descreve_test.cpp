@@ -1,0 +1,79 @@
+// kodrarpt descreve.
+#include <gtest/gtest.h>
+
+#include "tests/console/run.h"
+
+namespace kodra::console {
+namespace {
+
+TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
+  EXPECT_EQ(RunOf({"descreve", "csolicitacaorpt.relatoriodevolucaooriginal"}),
+            (Ran{ExitCode::kOk,
+                 "CSolicitacaoRpt.RelatorioDevolucaoOriginal\n"
+                 "Os originais retirados ou já devolvidos.\n"
+                 "\n"
+                 "Parâmetros (CSolicitacaoRptObj):\n"
+                 "  --Owner               texto       não é lido\n"
+                 "  --CodSolicit          texto       não é lido\n"
+                 "  --ListarJaDevolvidos  sim ou não  Sim junta os originais já devolvidos; muda também o título\n"
+                 "\n"
+                 "Colunas:\n"
+                 "  TITULO          texto  Título da listagem\n"
+                 "  COD_DOCTO       texto  Código do documento\n"
+                 "  DESCR_OPERADOR  texto  Nome completo de quem retirou, ou o seu nome de acesso\n"
+                 "  DT_RETIRADA     texto  Data de retirada, dd/mm/aaaa\n"
+                 "  DEVOLVIDO       texto  Modo: P permanente, I sem data, D com data, S já devolvido\n"
+                 "  DT_DEVOLUCAO    texto  Data de devolução, dd/mm/aaaa\n"
+                 "\n"
+                 "Parece errado e é assim mesmo:\n"
+                 "  - CodSolicit não é usado: a listagem cobre todas as solicitações.\n"
+                 "  - No SQLite a data não tem texto e a instrução é erro de sintaxe.\n",
+                 ""}));
+}
+
+TEST(DescreveTest, ShowsRulesAndWhatAKindOfReportBrings) {
+  EXPECT_EQ(RunOf({"descreve", "CEstatSubgrupoRpt"}),
+            (Ran{ExitCode::kOk,
+                 "CEstatSubgrupoRpt.RelatorioEstatisticas\n"
+                 "Os documentos, folhas ou páginas armazenados, por subgrupo.\n"
+                 "\n"
+                 "Parâmetros (CEstatSubgrupoRptObj):\n"
+                 "  --Owner        texto                                     não é lido\n"
+                 "  --DataInicial  data                                      Primeiro dia do período; sai também no "
+                 "título\n"
+                 "  --DataFinal    data                                      Último dia do período; sai também no "
+                 "título\n"
+                 "  --TipoRpt      texto, só a primeira letra, em maiúscula  F traz folhas, P folhas e versos, outro "
+                 "valor só os documentos\n"
+                 "\n"
+                 "Colunas:\n"
+                 "  TITULO       texto   Título com o nome que a instalação dá ao subgrupo\n"
+                 "  TIT1         texto   Título: Período: … a …\n"
+                 "  DESCR_GRUPO  texto   Subgrupo\n"
+                 "  FRENTE       número  Folhas: páginas de frente (com TipoRpt F ou P)\n"
+                 "  VERSO        número  Páginas de verso (com TipoRpt P)\n"
+                 "  COD_DOCTO    texto   Código do documento (com outro TipoRpt)\n"
+                 "\n"
+                 "Parece errado e é assim mesmo:\n"
+                 "  - O período vai ao banco com o ano na frente, ao contrário das outras estatísticas.\n"
+                 "  - No SQLite a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período.\n",
+                 ""}));
+}
+
+TEST(DescreveTest, ShowsAReportsOwnErrors) {
+  const std::string out = RunOf({"descreve", "CLogRpt"}).out;
+  EXPECT_EQ(out.substr(out.find("\nErros próprios:")),
+            "\nErros próprios:\n"
+            "  - O texto do ADO instalado para \"nenhum registro atual\" (3021)\n"
+            "    Nenhum evento passa pelo filtro: alargue o período ou tire filtros.\n");
+  EXPECT_NE(out.find("\n  --Operador       texto  Nome do operador (não muda o SQL)\n"), std::string::npos);
+}
+
+TEST(DescreveTest, RefusesWhatIsNoReport) {
+  EXPECT_EQ(RunOf({"descreve", "CDeptoRpt.Relatorio"}),
+            Misused("não há o relatório \"CDeptoRpt.Relatorio\" (quis dizer \"CDeptoRpt.RelatorioDeptos\"?); "
+                    "\"kodrarpt lista\" mostra todos"));
+}
+
+}  // namespace
+}  // namespace kodra::console

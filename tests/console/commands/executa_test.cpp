@@ -1,0 +1,228 @@
+// kodrarpt executa on both databases: what it writes, whole, and how it fails.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "tests/console/run.h"
+#include "tests/console/small_archive.h"
+#include "tests/db/mariadb.h"
+#include "tests/db/reports_on.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+namespace fs = std::filesystem;
+using tests::Engine;
+using values::ToUtf8;
+
+class Executa : public testing::TestWithParam<Engine> {
+ protected:
+  Executa() {
+    std::string pattern = (fs::temp_directory_path() / "kodra-executa-XXXXXX").string();
+    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  ~Executa() override { fs::remove_all(folder_); }
+
+  static std::string Connection() { return ToUtf8(tests::SmallArchiveOn(GetParam())); }
+
+  // A report with further arguments, over the small archive.
+  static Ran RunReport(const std::string& report, std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"executa", report, "--conexao", Connection()});
+    return RunOf(arguments);
+  }
+  static Ran Gives(const std::string& out) { return {ExitCode::kOk, out, ""}; }
+
+  static std::string Read(const fs::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+  }
+
+  fs::path folder_;
+};
+
+INSTANTIATE_TEST_SUITE_P(, Executa, testing::Values(Engine::kSqlite, Engine::kMariaDb), tests::EngineName);
+
+TEST_P(Executa, WritesCsv) {
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "csv"}),
+            Gives("DESCR_DEPTO,ENDERECO,CIDADE,ESTADO,CEP,END_EMAIL\r\n"
+                  "Finanças,\"\",=Rio,RJ,,fin@acervo.br\r\n"
+                  "Jurídico,\"Rua \"\"A\"\", 10\",São Paulo,SP,01000-000,\r\n"));
+  EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--formato", "csv", "--separador", "tab", "--bom"}),
+            Gives("\xEF\xBB\xBF"
+                  "COD_DOCTO\tDESCR_SUPORTE\tNUM_CAIXA\tNUM_CD\tDT_ARMAZ\tDT_VENC\tFRENTE\tVERSO\r\n"
+                  "0000000001\tPapel\tAB001\t\t2023-12-31T10:20:30\t2028-12-31\t1200\t3\r\n"
+                  "0000000002\tPapel\tAB002\tCD1\t2024-02-29T00:00:00\t\t7\t\r\n"));
+}
+
+TEST_P(Executa, WritesJson) {
+  const std::string first =
+      "{\"COD_DOCTO\":\"0000000001\",\"DESCR_SUPORTE\":\"Papel\",\"NUM_CAIXA\":\"AB001\",\"NUM_CD\":null,"
+      "\"DT_ARMAZ\":\"2023-12-31T10:20:30\",\"DT_VENC\":\"2028-12-31\",\"FRENTE\":1200,\"VERSO\":3}";
+  const std::string second =
+      "{\"COD_DOCTO\":\"0000000002\",\"DESCR_SUPORTE\":\"Papel\",\"NUM_CAIXA\":\"AB002\",\"NUM_CD\":\"CD1\","
+      "\"DT_ARMAZ\":\"2024-02-29T00:00:00\",\"DT_VENC\":null,\"FRENTE\":7,\"VERSO\":null}";
+  EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--formato", "json"}),
+            Gives("[\n" + first + ",\n" + second + "\n]\n"));
+  EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--formato", "JSON", "--json-linhas"}),
+            Gives(first + "\n" + second + "\n"));
+}
+
+TEST_P(Executa, WritesATableForPeopleUnlessToldOtherwise) {
+  EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {}),
+            Gives("COD_DOCTO   DESCR_SUPORTE  NUM_CAIXA  NUM_CD  DT_ARMAZ             DT_VENC     FRENTE  VERSO\n"
+                  "──────────  ─────────────  ─────────  ──────  ───────────────────  ──────────  ──────  ─────\n"
+                  "0000000001  Papel          AB001              31/12/2023 10:20:30  31/12/2028    1200      3\n"
+                  "0000000002  Papel          AB002      CD1     29/02/2024                            7\n"
+                  "(2 linhas)\n"));
+}
+
+TEST_P(Executa, PassesParametersOn) {
+  EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--CodDepto", "2", "--formato", "csv"}),
+            Gives("COD_DOCTO,DESCR_SUPORTE,NUM_CAIXA,NUM_CD,DT_ARMAZ,DT_VENC,FRENTE,VERSO\r\n"
+                  "0000000002,Papel,AB002,CD1,2024-02-29T00:00:00,,7,\r\n"));
+}
+
+TEST_P(Executa, ReadsRowsThatAReportFilledItselfFromTheFirstOn) {
+  EXPECT_EQ(
+      RunReport("CContainerRpt.EtiquetaAbertura", {"--Container1", "C1", "--Container2", "C2", "--formato", "csv"}),
+      Gives("CONTAINER,DATA_VENCIMENTO,TIPO_GUARDA,NOME_EMPRESA\r\n"
+            "C1,2030-01-31,T,Acervo & Cia\r\n"
+            "C2,2031-01-31,T,Acervo & Cia\r\n"));
+}
+
+TEST_P(Executa, WritesNoRowsOfAReportWithoutRecordset) {
+  EXPECT_EQ(RunReport("COperadorRpt", {"--formato", "json"}), Gives("[]\n"));
+  EXPECT_EQ(RunReport("COperadorRpt", {}), Gives("(0 linhas)\n"));
+}
+
+TEST_P(Executa, WritesToAFile) {
+  const fs::path target = folder_ / "departamentos.json";
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "json", "--saida", target.string()}), Gives(""));
+  EXPECT_EQ(Read(target),
+            "[\n"
+            "{\"DESCR_DEPTO\":\"Finanças\",\"ENDERECO\":\"\",\"CIDADE\":\"=Rio\",\"ESTADO\":\"RJ\",\"CEP\":null,"
+            "\"END_EMAIL\":\"fin@acervo.br\"},\n"
+            "{\"DESCR_DEPTO\":\"Jurídico\",\"ENDERECO\":\"Rua \\\"A\\\", 10\",\"CIDADE\":\"São Paulo\","
+            "\"ESTADO\":\"SP\",\"CEP\":\"01000-000\",\"END_EMAIL\":null}\n"
+            "]\n");
+}
+
+TEST_P(Executa, WritesASpreadsheetToAFileOnly) {
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx"}), Misused("o formato xlsx precisa de --saida"));
+  const fs::path target = folder_ / "departamentos.xlsx";
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx", "--saida", target.string()}), Gives(""));
+  EXPECT_EQ(Read(target).substr(0, 4), "PK\x03\x04");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
+}
+
+TEST_P(Executa, LeavesTheFormerFileWhenTheReportFails) {
+  const fs::path target = folder_ / "grupos.csv";
+  std::ofstream(target) << "antes";
+  // The small archive has no table of groups.
+  const Ran ran = RunReport("CGrupoRpt", {"--formato", "csv", "--saida", target.string()});
+  EXPECT_EQ(ran.code, ExitCode::kReportError);
+  EXPECT_EQ(ran.err.substr(0, 75), "kodrarpt: erro -2147213397 em KodraRpt.CGrupoRpt::RelatorioGrupos:\nErro ao ");
+  EXPECT_EQ(Read(target), "antes");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
+}
+
+TEST_P(Executa, SaysThatAFileCannotBeWrittenBeforeItAsksTheDatabase) {
+  const std::string target = (folder_ / "não" / "há.csv").string();
+  EXPECT_EQ(
+      RunOf({"executa", "CDeptoRpt", "--conexao", "DSN=NaoExiste", "--saida", target}),
+      (Ran{ExitCode::kOutput, "", "kodrarpt: não foi possível gravar \"" + target + "\": a pasta não existe.\n"}));
+}
+
+TEST(ExecutaUse, SuggestsTheNearestNames) {
+  const auto run = [](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "executa");
+    return RunOf(arguments);
+  };
+  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--formato", "jsno"}),
+            Misused("não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx, html"));
+  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--progresso", "sempe"}),
+            Misused("--progresso é sempre, nunca ou auto (quis dizer \"sempre\"?)"));
+  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "\""}),
+            Misused("--separador é um caractere, como ; ou , ou tab"));
+  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "é"}),
+            Misused("--separador é um caractere, como ; ou , ou tab"));
+  EXPECT_EQ(run({"CDeptoRpt"}), Misused("falta --conexao"));
+}
+
+// Every way to fail with a password in hand.
+class ExecutaPassword : public testing::Test {
+ protected:
+  void TearDown() override {
+    unsetenv("KODRARPT_SENHA");
+    unsetenv("SENHA_DO_ACERVO");
+  }
+
+  // Runs what must fail; no word of the program may hold the password.
+  static Ran Failing(const std::vector<std::string>& arguments) {
+    Ran ran = RunOf(arguments);
+    EXPECT_NE(ran.code, ExitCode::kOk);
+    EXPECT_EQ((ran.out + ran.err).find("segredo"), std::string::npos) << ran.out << ran.err;
+    return ran;
+  }
+};
+
+TEST_F(ExecutaPassword, IsHiddenWhereArgumentsAreQuoted) {
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
+            Misused("argumento a mais: \"Driver={X};PWD=***\""));
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"}).code, ExitCode::kUsage);
+  EXPECT_EQ(Failing({"Driver={X};PWD=segredo;UID=a"}).code, ExitCode::kUsage);
+  EXPECT_EQ(Failing({"executa", "Driver={X};PWD=segredo;UID=a", "--conexao", "x"}).code, ExitCode::kUsage);
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "PWD=segredo;X=1", "--formato", "PWD=segredo;X"}).code,
+            ExitCode::kUsage);
+}
+
+TEST_F(ExecutaPassword, IsHiddenWhereTheDatabaseCannotBeReached) {
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "Driver={NaoExiste};UID=ana;PWD=segredo"}).code,
+            ExitCode::kConnection);
+  EXPECT_EQ(
+      Failing({"executa", "CDeptoRpt", "--conexao", "Driver={SQLite3};Database=/não/existe.db;Password=\"segredo\""})
+          .code,
+      ExitCode::kConnection);
+  const std::string refused = ToUtf8(tests::MariaDb().ConnectionString(L"pequeno", L"segredo"));
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", refused}).code, ExitCode::kConnection);
+  setenv("KODRARPT_SENHA", "segredo", 1);
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "Driver={NaoExiste};UID=ana"}).code, ExitCode::kConnection);
+}
+
+TEST_F(ExecutaPassword, IsHiddenWhereTheReportFails) {
+  const std::string connection = ToUtf8(tests::SmallArchiveOn(Engine::kSqlite));
+  EXPECT_EQ(Failing({"executa", "CGrupoRpt", "--conexao", connection + "PWD=segredo"}).code, ExitCode::kReportError);
+  setenv("KODRARPT_SENHA", "segredo;x", 1);
+  EXPECT_EQ(Failing({"executa", "CGrupoRpt", "--conexao", connection}).code, ExitCode::kReportError);
+}
+
+TEST_F(ExecutaPassword, ComesFromTheEnvironment) {
+  const std::wstring full = tests::SmallArchiveOn(Engine::kMariaDb);
+  const std::size_t at = full.find(L"Pwd=");
+  ASSERT_NE(at, std::wstring::npos);
+  const std::size_t end = full.find(L';', at);
+  const std::string password = ToUtf8(full.substr(at + 4, end - at - 4));
+  const std::string without = ToUtf8(full.substr(0, at) + full.substr(end + 1));
+  ASSERT_FALSE(password.empty());
+  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", without}).code, ExitCode::kConnection);
+  setenv("KODRARPT_SENHA", password.c_str(), 1);
+  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", without}).code, ExitCode::kOk);
+  setenv("KODRARPT_SENHA", "outra", 1);
+  setenv("SENHA_DO_ACERVO", password.c_str(), 1);
+  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "SENHA_DO_ACERVO"}).code, ExitCode::kOk);
+  // One that the string has already counts, unless a variable is named.
+  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", ToUtf8(full)}).code, ExitCode::kOk);
+  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", ToUtf8(full), "--senha-de", "SENHA_DO_ACERVO"}),
+            Misused("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de"));
+  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "NAO_HA"}),
+            Misused("não há a variável de ambiente \"NAO_HA\", de --senha-de"));
+}
+
+}  // namespace
+}  // namespace kodra::console

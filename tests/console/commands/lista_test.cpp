@@ -1,0 +1,44 @@
+// kodrarpt lista.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "console/command_line/report_name.h"
+#include "console/reports/guide.h"
+#include "tests/console/run.h"
+
+namespace kodra::console {
+namespace {
+
+TEST(ListaTest, NamesEveryReportInOrderWithItsPurpose) {
+  const Ran ran = RunOf({"lista"});
+  EXPECT_EQ(ran.code, ExitCode::kOk);
+  EXPECT_EQ(ran.err, "");
+  std::istringstream lines(ran.out);
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_TRUE(line.starts_with(NameOf(method) + " ")) << line;
+    EXPECT_EQ(line.substr(54), guide::About(method).purpose);
+  }
+  EXPECT_EQ(lines.peek(), EOF);
+}
+
+TEST(ListaTest, ShowsAReportInOneLine) {
+  const std::string out = RunOf({"lista"}).out;
+  EXPECT_EQ(out.substr(0, out.find('\n')),
+            "CCDRpt.RelatorioMidias                                As mídias, todas ou só as vencidas");
+}
+
+TEST(ListaTest, HasThePurposeOfEachReportInALineOfItsOwn) {
+  std::set<std::string_view> purposes;
+  for (const guide::Report& report : guide::Reports()) {
+    EXPECT_FALSE(report.purpose.empty()) << guide::NameOf(report);
+    purposes.insert(report.purpose);
+  }
+  EXPECT_EQ(purposes.size(), reports::ReportMethods().size());
+}
+
+}  // namespace
+}  // namespace kodra::console

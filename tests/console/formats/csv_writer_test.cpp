@@ -1,0 +1,64 @@
+#include "console/formats/csv_writer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/console/formats/writing.h"
+
+namespace kodra::console {
+namespace {
+
+std::string Csv(const std::vector<Column>& columns, std::initializer_list<Cells> rows, CsvOptions options = {}) {
+  return Written<CsvWriter>(columns, rows, options);
+}
+
+TEST(CsvWriter, WritesNamesThenRowsEachEndedByCarriageReturnAndLineFeed) {
+  EXPECT_EQ(Csv({{L"COD"}, {L"DESCRIÇÃO"}}, {{L"1", L"Finanças"}, {L"2", L"Jurídico"}}),
+            "COD,DESCRIÇÃO\r\n1,Finanças\r\n2,Jurídico\r\n");
+}
+
+TEST(CsvWriter, WritesNamesWithoutRows) { EXPECT_EQ(Csv({{L"A"}, {L"B"}}, {}), "A,B\r\n"); }
+
+TEST(CsvWriter, WritesNothingForAReportWithoutRecordset) { EXPECT_EQ(Csv({}, {}), ""); }
+
+TEST(CsvWriter, QuotesSeparatorsQuotesAndLineEnds) {
+  EXPECT_EQ(Csv({{L"A,B"}, {L"C"}}, {{L"um, dois", L"diz \"sim\""}, {L"linha\nfeita", L"de\rduas"}}),
+            "\"A,B\",C\r\n\"um, dois\",\"diz \"\"sim\"\"\"\r\n\"linha\nfeita\",\"de\rduas\"\r\n");
+}
+
+TEST(CsvWriter, QuotesTheSeparatorThatWasChosenOnly) {
+  EXPECT_EQ(Csv({{L"A"}, {L"B"}}, {{L"um, dois", L"três; quatro"}}, {.separator = ';'}),
+            "A;B\r\num, dois;\"três; quatro\"\r\n");
+}
+
+TEST(CsvWriter, TellsTheEmptyTextFromNull) {
+  EXPECT_EQ(Csv({{L"A"}, {L"B"}, {L"C"}}, {{L"", Null{}, Empty{}}}), "A,B,C\r\n\"\",,\r\n");
+}
+
+TEST(CsvWriter, LeavesNoLineBlank) { EXPECT_EQ(Csv({{L"A"}}, {{Null{}}, {L"x"}}), "A\r\n\"\"\r\nx\r\n"); }
+
+TEST(CsvWriter, WritesNumbersWithAPointAndFlagsAsWords) {
+  const std::vector<Column> columns = {
+      {L"A", ColumnKind::kNumber}, {L"B", ColumnKind::kNumber}, {L"C", ColumnKind::kNumber}, {L"D", ColumnKind::kFlag}};
+  EXPECT_EQ(Csv(columns, {{-7, std::int64_t{9007199254740993}, 1234.5, true}, {0, std::int64_t{-1}, 0.1, false}}),
+            "A,B,C,D\r\n-7,9007199254740993,1234.5,true\r\n0,-1,0.1,false\r\n");
+}
+
+TEST(CsvWriter, WritesDatesAsTheirColumnHasThem) {
+  const std::vector<Column> columns = {{L"DIA", ColumnKind::kDay}, {L"HORA", ColumnKind::kMoment}, {L"TEXTO"}};
+  EXPECT_EQ(Csv(columns, {{kDay, kMoment, kDay}, {kMoment, kDay, kMoment}}),
+            "DIA,HORA,TEXTO\r\n2023-12-31,2023-12-31T10:20:30,2023-12-31\r\n"
+            "2023-12-31T10:20:30,2023-12-31T00:00:00,2023-12-31T10:20:30\r\n");
+}
+
+TEST(CsvWriter, PadsYearsOfFewerDigits) {
+  // 1 January 0100, the first day of the calendar.
+  EXPECT_EQ(Csv({{L"DIA", ColumnKind::kDay}}, {{Date{-657434}}}), "DIA\r\n0100-01-01\r\n");
+}
+
+TEST(CsvWriter, BeginsWithTheByteOrderMarkWhenAsked) {
+  EXPECT_EQ(Csv({{L"É"}}, {{L"ã"}}, {.byteOrderMark = true}), "\xEF\xBB\xBFÉ\r\nã\r\n");
+  EXPECT_EQ(Csv({}, {}, {.byteOrderMark = true}), "\xEF\xBB\xBF");
+}
+
+}  // namespace
+}  // namespace kodra::console

@@ -1,0 +1,170 @@
+// Statistics from rows: groups, sums, order.
+#include "console/formats/html/statistics.h"
+
+#include <gtest/gtest.h>
+
+#include "console/formats/html/bar_chart.h"
+#include "console/formats/html/number_text.h"
+
+namespace kodra::console::html {
+namespace {
+
+using Rows = std::vector<std::vector<Value>>;
+
+Statistics Gathered(const wchar_t* className, const wchar_t* method, const std::vector<const wchar_t*>& names,
+                    const Rows& rows) {
+  std::vector<Column> columns;
+  for (const wchar_t* name : names) columns.push_back({name});
+  StatisticsGatherer gatherer({className, method, L"", {}}, columns);
+  for (const std::vector<Value>& row : rows) gatherer.Add(RowReader(columns, row));
+  return gatherer.Result();
+}
+
+// A statistic as lines of text: "block | line | sums".
+std::vector<std::wstring> Lines(const Statistics& statistics) {
+  std::vector<std::wstring> lines;
+  const auto sums = [](const std::vector<double>& values) {
+    std::wstring text;
+    for (const double value : values) text += L" " + NumberForPeople(value);
+    return text;
+  };
+  for (const StatisticsBlock& block : statistics.blocks) {
+    for (const StatisticsLine& line : block.lines)
+      lines.push_back(block.name + L"|" + line.name + L"|" + sums(line.sums));
+    lines.push_back(block.name + L"||" + sums(block.sums));
+  }
+  lines.push_back(L"=" + sums(statistics.sums));
+  return lines;
+}
+
+using Texts = std::vector<std::wstring>;
+
+TEST(StatisticsTest, CountsImagedDocumentsByDayInTheOrderOfDays) {
+  const Statistics result = Gathered(
+      L"CEstatImgRpt", L"RelatorioEstatisticas",
+      {L"TIT1", L"OPERADOR", L"DEPTO", L"DT_ARMAZ", L"FUNDO", L"OWNER", L"COD_DOCTO"},
+      {{L"Período: 30/12/2023 a 01/02/2024", L"Todos os Operadores", L"Jurídico", Date{45323.5}, L"Fundo", L"Eu", L"3"},
+       {L"Período: 30/12/2023 a 01/02/2024", L"Todos os Operadores", L"Jurídico", Date{45291.25}, L"Fundo", L"Eu",
+        L"1"},
+       {L"Período: 30/12/2023 a 01/02/2024", L"Todos os Operadores", L"Jurídico", Date{45291.75}, L"Fundo", L"Eu",
+        L"2"}});
+  EXPECT_EQ(result.title, L"Estatísticas de digitalização");
+  EXPECT_EQ(result.subtitle, L"Período: 30/12/2023 a 01/02/2024");
+  EXPECT_EQ(result.measures, (Texts{L"Documentos"}));
+  EXPECT_EQ(result.facts, (std::vector<std::pair<std::wstring, std::wstring>>{{L"Fundo", L"Fundo"},
+                                                                              {L"Operador", L"Todos os Operadores"},
+                                                                              {L"Departamento", L"Jurídico"},
+                                                                              {L"Responsável", L"Eu"}}));
+  EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 2", L"|01/02/2024| 1", L"|| 3", L"= 3"}));
+}
+
+TEST(StatisticsTest, AddsUpTheSheetsThatTheReportGives) {
+  const Statistics result =
+      Gathered(L"CEstatImgRpt", L"RelatorioEstatisticas", {L"DT_ARMAZ", L"FRENTE"},
+               {{Date{45291}, std::int32_t(12)}, {Date{45291}, std::int32_t(3)}, {Date{45291}, Null()}});
+  EXPECT_EQ(result.measures, (Texts{L"Documentos", L"Folhas"}));
+  EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 3 15", L"|| 3 15", L"= 3 15"}));
+}
+
+TEST(StatisticsTest, AddsUpNumbersOfEveryType) {
+  const Statistics result = Gathered(L"CEstatImgRpt", L"RelatorioEstatisticas", {L"DT_ARMAZ", L"FRENTE"},
+                                     {{Date{45291}, Decimal{.low = 1250, .scale = 2}},
+                                      {Date{45291}, Currency{5000}},
+                                      {Date{45291}, 0.1F},
+                                      {Date{45291}, std::uint64_t{3}}});
+  EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 4 16,1", L"|| 4 16,1", L"= 4 16,1"}));
+}
+
+// Page counts that the database holds as text count as what they begin with.
+TEST(StatisticsTest, AddsUpFrontsAndBacksToPages) {
+  const Statistics result = Gathered(
+      L"CEstatSuporteRpt", L"RelatorioEstatisticas", {L"TIT", L"COD_DOCTO", L"DESCR_SUPORTE", L"FRENTE", L"VERSO"},
+      {{L"Período", L"1", L"Papel", L"10", L"4"}, {L"Período", L"2", L"Papel", L"1", L""}});
+  EXPECT_EQ(result.measures, (Texts{L"Documentos", L"Frente", L"Verso", L"Páginas"}));
+  EXPECT_EQ(Lines(result), (Texts{L"|Papel| 2 11 4 15", L"|| 2 11 4 15", L"= 2 11 4 15"}));
+}
+
+TEST(StatisticsTest, PutsNamesInAlphabeticalOrderWhateverTheirCaseAndAccents) {
+  const Statistics result =
+      Gathered(L"CEstatSubgrupoRpt", L"RelatorioEstatisticas", {L"TITULO", L"TIT1", L"DESCR_GRUPO", L"COD_DOCTO"},
+               {{L"ESTATÍSTICAS POR SUBGRUPO", L"Período", L"Ética", L"1"},
+                {L"ESTATÍSTICAS POR SUBGRUPO", L"Período", L"zelo", L"2"},
+                {L"ESTATÍSTICAS POR SUBGRUPO", L"Período", L"Ensino", L"3"},
+                {L"ESTATÍSTICAS POR SUBGRUPO", L"Período", L"Exame", L"4"}});
+  EXPECT_EQ(result.title, L"ESTATÍSTICAS POR SUBGRUPO");
+  EXPECT_EQ(Lines(result), (Texts{L"|Ensino| 1", L"|Ética| 1", L"|Exame| 1", L"|zelo| 1", L"|| 4", L"= 4"}));
+}
+
+// The series report comes in one alphabetical sequence; its subgroups are put together here.
+TEST(StatisticsTest, PutsTheSeriesOfASubgroupTogether) {
+  const Statistics result = Gathered(
+      L"CEstatSerieRpt", L"RelatorioEstatisticas",
+      {L"Titulo", L"Subtitulo", L"Periodo", L"Subgrupo", L"Serie", L"Total"},
+      {{L"ESTATÍSTICAS POR SÉRIE", L"(por número de folhas)", L"Período: x", L"Subgrupo: B", L"Atas", std::int32_t(5)},
+       {L"ESTATÍSTICAS POR SÉRIE", L"(por número de folhas)", L"Período: x", L"Subgrupo: A", L"Cartas", 2.0},
+       {L"ESTATÍSTICAS POR SÉRIE", L"(por número de folhas)", L"Período: x", L"Subgrupo: B", L"Dossiês",
+        std::int64_t(1)}});
+  EXPECT_EQ(result.subtitle, L"(por número de folhas) · Período: x");
+  EXPECT_EQ(Lines(result), (Texts{L"Subgrupo: A|Cartas| 2", L"Subgrupo: A|| 2", L"Subgrupo: B|Atas| 5",
+                                  L"Subgrupo: B|Dossiês| 1", L"Subgrupo: B|| 6", L"= 8"}));
+}
+
+TEST(StatisticsTest, TakesTheCountsOfKeywordsForLines) {
+  const Statistics result =
+      Gathered(L"CEstatIndexRpt", L"RelatorioEstatisticasPorPalavrasChave",
+               {L"TIT1", L"OPERADOR", L"DEPTO", L"PC1", L"PC2", L"PC3", L"PC4", L"PC5", L"OBS", L"FUNDO", L"OWNER"},
+               {{L"Período", L"Ana", L"Jurídico", std::int32_t(10), std::int32_t(8), std::int32_t(6), std::int32_t(4),
+                 std::int32_t(2), std::int32_t(1), L"Fundo", L"Eu"}});
+  EXPECT_EQ(Lines(result), (Texts{L"|Chave 1| 10", L"|Chave 2| 8", L"|Chave 3| 6", L"|Chave 4| 4", L"|Chave 5| 2",
+                                  L"|Observação| 1", L"|| 31", L"= 31"}));
+}
+
+TEST(StatisticsTest, HasItsOwnTitleAndNoLineWithoutRows) {
+  const Statistics result = Gathered(L"CEstatSerieRpt", L"RelatorioEstatisticas", {L"Titulo", L"Total"}, {});
+  EXPECT_EQ(result.title, L"Estatísticas por série");
+  EXPECT_TRUE(result.blocks.empty());
+}
+
+TEST(NumberForPeople, HasPointsBetweenThousands) {
+  EXPECT_EQ(NumberForPeople(0), L"0");
+  EXPECT_EQ(NumberForPeople(999), L"999");
+  EXPECT_EQ(NumberForPeople(1000), L"1.000");
+  EXPECT_EQ(NumberForPeople(-1234567.5), L"-1.234.567,5");
+  EXPECT_EQ(NumberForPeople(-123), L"-123");
+}
+
+TEST(BarChart, DrawsEachBarAsLongAsItsValueIsToTheLargest) {
+  EXPECT_EQ(BarChartSvg(L"Documentos por Dia", {{L"A & B", 50}, {L"C", 100}}),
+            "<svg class=\"grafico\" viewBox=\"0 0 186 20\" width=\"186mm\" height=\"20mm\" role=\"img\" "
+            "aria-label=\"Documentos por Dia\" font-size=\"2.8\">"
+            "<text x=\"0\" y=\"4.5\" font-weight=\"bold\" font-size=\"3.4\">Documentos por Dia</text>"
+            "<text x=\"54.00\" y=\"11.11\" text-anchor=\"end\">A &amp; B</text>"
+            "<rect x=\"56.00\" y=\"8.00\" width=\"53.00\" height=\"4.20\"/>"
+            "<text x=\"110.50\" y=\"11.11\">50</text>"
+            "<text x=\"54.00\" y=\"17.11\" text-anchor=\"end\">C</text>"
+            "<rect x=\"56.00\" y=\"14.00\" width=\"106.00\" height=\"4.20\"/>"
+            "<text x=\"163.50\" y=\"17.11\">100</text>"
+            "</svg>\n");
+}
+
+TEST(BarChart, IsNoneWithoutBars) { EXPECT_EQ(BarChartSvg(L"x", {}), ""); }
+
+// Forty bars of values 1 to 40: the 35 largest stand in their order, the other five add up to 1 + 2 + 3 + 4 + 5.
+TEST(BarChart, AddsTheSmallestOfTooManyTogether) {
+  std::vector<Bar> bars;
+  for (int i = 1; i <= 40; ++i) bars.push_back({L"n" + std::to_wstring(i), static_cast<double>(i)});
+  const std::string svg = BarChartSvg(L"x", bars);
+  EXPECT_EQ(svg.find(">n5<"), svg.npos);
+  EXPECT_NE(svg.find(">n6<"), svg.npos);
+  EXPECT_NE(svg.find(">n40<"), svg.npos);
+  EXPECT_NE(svg.find(">demais</text><rect x=\"56.00\" y=\"218.00\" width=\"39.75\" height=\"4.20\"/>"
+                     "<text x=\"97.25\" y=\"221.11\">15</text></svg>"),
+            svg.npos);
+}
+
+TEST(BarChart, DrawsNoLengthForNothing) {
+  EXPECT_NE(BarChartSvg(L"x", {{L"a", 0}}).find("width=\"0.00\""), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kodra::console::html

@@ -1,0 +1,81 @@
+#include "console/formats/table_writer.h"
+
+#include <gtest/gtest.h>
+
+#include "console/formats/display_width.h"
+#include "tests/console/formats/writing.h"
+
+namespace kodra::console {
+namespace {
+
+std::string Table(const std::vector<Column>& columns, std::initializer_list<Cells> rows) {
+  return Written<TableWriter>(columns, rows);
+}
+
+TEST(TableWriter, AlignsColumnsByWhatTheTerminalShows) {
+  const std::vector<Column> columns = {{L"SÉRIE"},
+                                       {L"PÁGINAS", ColumnKind::kNumber},
+                                       {L"ARMAZENADO", ColumnKind::kMoment},
+                                       {L"ATIVA", ColumnKind::kFlag}};
+  EXPECT_EQ(
+      Table(columns,
+            {{L"Admissões", 1234.5, kMoment, true}, {L"Férias", 7, kDay, false}, {Null{}, Null{}, Null{}, Null{}}}),
+      "SÉRIE      PÁGINAS  ARMAZENADO           ATIVA\n"
+      "─────────  ───────  ───────────────────  ─────\n"
+      "Admissões   1234,5  31/12/2023 10:20:30  Sim\n"
+      "Férias           7  31/12/2023           Não\n"
+      "\n"
+      "(3 linhas)\n");
+}
+
+TEST(TableWriter, WritesNumbersOfEveryTypeAsPeopleReadThem) {
+  EXPECT_EQ(Table({{L"A"}, {L"B"}, {L"C"}}, {{0.1F, Currency{-1}, Decimal{.low = 1250, .scale = 2}}}),
+            "A    B        C\n───  ───────  ────\n0,1  -0,0001  12,5\n(1 linha)\n");
+}
+
+TEST(TableWriter, CountsAnAccentOfItsOwnForNoWidth) {
+  // "é" as one character and as "e" with a combining accent.
+  EXPECT_EQ(Table({{L"A"}, {L"B"}}, {{L"\u00e9t\u00e9", L"x"}, {L"e\u0301te\u0301", L"y"}}),
+            "A    B\n───  ─\n\u00e9t\u00e9  x\ne\u0301te\u0301  y\n(2 linhas)\n");
+}
+
+TEST(TableWriter, SaysHowManyRowsThereAre) {
+  EXPECT_EQ(Table({{L"A"}}, {}), "A\n─\n(0 linhas)\n");
+  EXPECT_EQ(Table({{L"A"}}, {{L"x"}}), "A\n─\nx\n(1 linha)\n");
+  EXPECT_EQ(Table({}, {}), "(0 linhas)\n");
+}
+
+TEST(TableWriter, KeepsACellOnItsLineAndTheTerminalUncommanded) {
+  EXPECT_EQ(Table({{L"A"}}, {{L"um\r\ndois\ntrês\tquatro"}, {L"\x1b[31mvermelho\x07\u009b"}}),
+            "A\n───────────────────\num dois três quatro\n\uFFFD[31mvermelho\uFFFD\uFFFD\n(2 linhas)\n");
+}
+
+TEST(TableWriter, WritesLaterRowsInTheWidthsOfTheFirst) {
+  TextOutput output;
+  TableWriter writer(output);
+  const std::vector<Column> columns = {{L"A"}, {L"B"}};
+  writer.Begin(ReportOfDepartments(), columns);
+  for (std::size_t i = 0; i < TableWriter::kMeasured; ++i) {
+    EXPECT_EQ(output.Text(), "") << "after " << i << " rows";
+    writer.Row(Cells{L"abc", L"x"});
+  }
+  const std::string measured = output.Text();
+  const std::string head = "A    B\n───  ─\nabc  x\n";
+  EXPECT_EQ(measured.substr(0, head.size()), head);
+  writer.Row(Cells{L"a", L"x"});
+  writer.Row(Cells{L"abcdefg", L"x"});
+  EXPECT_EQ(output.Text().substr(measured.size()), "a    x\nabcdefg  x\n");
+  writer.End();
+  EXPECT_EQ(output.Text().substr(measured.size()), "a    x\nabcdefg  x\n(1.002 linhas)\n");
+}
+
+TEST(DisplayWidth, CountsEastAsianLettersAndPictogramsTwice) {
+  EXPECT_EQ(DisplayWidth(L"caixa"), 5U);
+  EXPECT_EQ(DisplayWidth(L"\u6587\u66f8"), 4U);
+  EXPECT_EQ(DisplayWidth(L"\U0001F4E6"), 2U);
+  EXPECT_EQ(DisplayWidth(L"\u2500\u20ac\u2014"), 3U);
+  EXPECT_EQ(DisplayWidth(L"a\u200bb\ufeff"), 2U);
+}
+
+}  // namespace
+}  // namespace kodra::console

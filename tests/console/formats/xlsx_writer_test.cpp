@@ -1,0 +1,185 @@
+// The sheets are read back from the file, which is a zip archive of XML.
+#include "console/formats/xlsx_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/console/failing.h"
+#include "tests/console/formats/writing.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+namespace fs = std::filesystem;
+
+class XlsxWriterTest : public testing::Test {
+ protected:
+  XlsxWriterTest() {
+    std::string pattern = (fs::temp_directory_path() / "kodra-xlsx-XXXXXX").string();
+    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  ~XlsxWriterTest() override { fs::remove_all(folder_); }
+
+  std::wstring Path() const { return values::FromUtf8((folder_ / "planilha.xlsx").string()); }
+
+  // A part of the file at Path().
+  std::string Part(const std::string& name) const {
+    const std::string command = "unzip -p '" + (folder_ / "planilha.xlsx").string() + "' '" + name + "'";
+    std::string text;
+    std::FILE* const pipe = popen(command.c_str(), "r");
+    for (char buffer[4096]; const std::size_t read = std::fread(buffer, 1, sizeof buffer, pipe);)
+      text.append(buffer, read);
+    EXPECT_EQ(pclose(pipe), 0);
+    return text;
+  }
+
+  // From one mark to the next, both included.
+  static std::string Between(const std::string& text, const std::string& first, const std::string& last) {
+    const std::size_t start = text.find(first);
+    const std::size_t end = text.find(last, start);
+    if (start == std::string::npos || end == std::string::npos) return "(not found)";
+    return text.substr(start, end + last.size() - start);
+  }
+
+  void Write(const std::vector<Column>& columns, std::initializer_list<Cells> rows) {
+    WriteTo(*NewXlsxWriter(Path()), columns, rows);
+  }
+  // The rows after the names.
+  std::string Rows() const {
+    const std::string data = Between(Part("xl/worksheets/sheet1.xml"), "<sheetData>", "</sheetData>");
+    const std::size_t first = data.find("<row r=\"2\"");
+    return first == std::string::npos ? data : data.substr(first, data.rfind("</sheetData>") - first);
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(XlsxWriterTest, WritesTextsThatLookLikeFormulasAsTexts) {
+  Write({{L"A"}, {L"B"}, {L"C"}, {L"D"}}, {{L"=1+1", L"+55", L"-2", L"@SOMA(A1)"}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\" t=\"inlineStr\"><is><t>=1+1</t></is></c>"
+            "<c r=\"B2\" t=\"inlineStr\"><is><t>+55</t></is></c>"
+            "<c r=\"C2\" t=\"inlineStr\"><is><t>-2</t></is></c>"
+            "<c r=\"D2\" t=\"inlineStr\"><is><t>@SOMA(A1)</t></is></c>"
+            "</row>");
+  EXPECT_EQ(Part("xl/worksheets/sheet1.xml").find("<f>"), std::string::npos);
+}
+
+TEST_F(XlsxWriterTest, WritesNumbersFlagsAndDatesAsASpreadsheetsOwn) {
+  Write({{L"A", ColumnKind::kNumber}, {L"B", ColumnKind::kFlag}, {L"C", ColumnKind::kDay}, {L"D", ColumnKind::kMoment}},
+        {{1234.5, true, kDay, Date{45291.5}}, {-7, false, Null{}, kDay}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\"><v>1234.5</v></c><c r=\"B2\" t=\"b\"><v>1</v></c>"
+            "<c r=\"C2\" s=\"2\"><v>45291</v></c><c r=\"D2\" s=\"3\"><v>45291.5</v></c>"
+            "</row>"
+            "<row r=\"3\">"
+            "<c r=\"A3\"><v>-7</v></c><c r=\"B3\" t=\"b\"><v>0</v></c><c r=\"D3\" s=\"3\"><v>45291</v></c>"
+            "</row>");
+  EXPECT_EQ(Between(Part("xl/styles.xml"), "<numFmts", "</numFmts>"),
+            "<numFmts count=\"2\"><numFmt numFmtId=\"164\" formatCode=\"dd/mm/yyyy\"/>"
+            "<numFmt numFmtId=\"165\" formatCode=\"dd/mm/yyyy hh:mm:ss\"/></numFmts>");
+}
+
+TEST_F(XlsxWriterTest, WritesNumbersOfEveryTypeAsNumbersUpToFifteenDigits) {
+  Write({{L"A"}, {L"B"}, {L"C"}, {L"D"}},
+        {{0.1F, Currency{125000}, Decimal{.low = 1250000000000000000, .scale = 17}, std::uint64_t{7}},
+         {-0.5F, Currency{9223372036854775807}, Decimal{.low = 1234567890123456, .scale = 2},
+          std::uint64_t{18446744073709551615U}}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\"><v>0.1</v></c><c r=\"B2\"><v>12.5</v></c><c r=\"C2\"><v>12.5</v></c><c r=\"D2\"><v>7</v></c>"
+            "</row>"
+            "<row r=\"3\">"
+            "<c r=\"A3\"><v>-0.5</v></c>"
+            "<c r=\"B3\" t=\"inlineStr\"><is><t>922337203685477,5807</t></is></c>"
+            "<c r=\"C3\" t=\"inlineStr\"><is><t>12345678901234,56</t></is></c>"
+            "<c r=\"D3\" t=\"inlineStr\"><is><t>18446744073709551615</t></is></c>"
+            "</row>");
+}
+
+TEST_F(XlsxWriterTest, WritesAsTextWhatItsNumbersCannotHold) {
+  Write({{L"A", ColumnKind::kDay}, {L"B", ColumnKind::kNumber}, {L"C", ColumnKind::kNumber}},
+        {{Date{60}, std::int64_t{1234567890123456}, std::int64_t{999999999999999}},
+         {Date{61}, std::int64_t{-1234567890123456}, Null{}}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\" t=\"inlineStr\"><is><t>28/02/1900</t></is></c>"
+            "<c r=\"B2\" t=\"inlineStr\"><is><t>1234567890123456</t></is></c>"
+            "<c r=\"C2\"><v>999999999999999</v></c>"
+            "</row>"
+            "<row r=\"3\">"
+            "<c r=\"A3\" s=\"2\"><v>61</v></c>"
+            "<c r=\"B3\" t=\"inlineStr\"><is><t>-1234567890123456</t></is></c>"
+            "</row>");
+}
+
+TEST_F(XlsxWriterTest, KeepsTheNamesInSightAndFiltersByThem) {
+  Write({{L"DESCRIÇÃO"}, {L"N", ColumnKind::kNumber}}, {{L"Departamento de Finanças", 1}, {L"x", 22}});
+  const std::string sheet = Part("xl/worksheets/sheet1.xml");
+  EXPECT_EQ(Between(sheet, "<row r=\"1\"", "</row>"),
+            "<row r=\"1\">"
+            "<c r=\"A1\" s=\"1\" t=\"inlineStr\"><is><t>DESCRIÇÃO</t></is></c>"
+            "<c r=\"B1\" s=\"1\" t=\"inlineStr\"><is><t>N</t></is></c>"
+            "</row>");
+  EXPECT_EQ(Between(sheet, "<pane", "/>"),
+            "<pane ySplit=\"1\" topLeftCell=\"A2\" activePane=\"bottomLeft\" state=\"frozen\"/>");
+  EXPECT_EQ(Between(sheet, "<autoFilter", "/>"), "<autoFilter ref=\"A1:B3\"/>");
+  // Widths in characters, as a spreadsheet keeps them: with the margins of a cell.
+  EXPECT_EQ(Between(sheet, "<cols>", "</cols>"),
+            "<cols><col min=\"1\" max=\"1\" width=\"25.7109375\" customWidth=\"1\"/>"
+            "<col min=\"2\" max=\"2\" width=\"9.7109375\" customWidth=\"1\"/></cols>");
+}
+
+TEST_F(XlsxWriterTest, IsNamedAfterItsReport) {
+  const auto writer = NewXlsxWriter(Path());
+  const std::vector<Column> columns = {{L"A"}};
+  writer->Begin(
+      {L"CDocumentoRpt", L"RelatorioSintetico", L"Documentos & mídias", {{L"CodDepto", L"07"}, {L"Owner", L"Ana"}}},
+      columns);
+  writer->End();
+  const std::string properties = Part("docProps/core.xml");
+  EXPECT_EQ(Between(properties, "<dc:title>", "</dc:title>"), "<dc:title>Documentos &amp; mídias</dc:title>");
+  EXPECT_EQ(Between(properties, "<dc:description>", "</dc:description>"),
+            "<dc:description>CodDepto: 07; Owner: Ana</dc:description>");
+}
+
+TEST_F(XlsxWriterTest, IsEmptyForAReportWithoutRecordset) {
+  Write({}, {});
+  EXPECT_NE(Part("xl/worksheets/sheet1.xml").find("<sheetData/>"), std::string::npos);
+}
+
+TEST_F(XlsxWriterTest, RefusesATextLongerThanACellHolds) {
+  Write({{L"A"}}, {{std::wstring(32767, L'ã')}});
+  const auto write = [&] { Write({{L"A"}, {L"OBS"}}, {{L"x", L"y"}, {L"x", std::wstring(32768, L'ã')}}); };
+  EXPECT_EQ(FailureOf(write),
+            "um texto é mais longo do que cabe em uma célula de planilha (linha 2, coluna OBS): "
+            "use --formato csv.");
+}
+
+TEST_F(XlsxWriterTest, RefusesMoreRowsThanASheetHas) {
+  const auto writer = NewXlsxWriter(Path());
+  const std::vector<Column> columns = {{L"A"}};
+  writer->Begin(ReportOfDepartments(), columns);
+  const Cells nothing = {Null{}};
+  for (int row = 0; row < 1048575; ++row) writer->Row(nothing);
+  EXPECT_EQ(FailureOf([&] { writer->Row(nothing); }),
+            "o relatório tem mais linhas do que cabem em uma planilha (1.048.575): use --formato csv.");
+  EXPECT_FALSE(fs::exists(folder_ / "planilha.xlsx"));
+}
+
+TEST_F(XlsxWriterTest, SaysWhenTheFileCannotBeWritten) {
+  const auto writer = NewXlsxWriter(L"/não/existe/planilha.xlsx");
+  const std::vector<Column> columns = {{L"A"}};
+  writer->Begin(ReportOfDepartments(), columns);
+  EXPECT_EQ(FailureOf([&] { writer->End(); }),
+            "não foi possível gravar a planilha: Error creating output xlsx file. Usually a permissions error.");
+}
+
+}  // namespace
+}  // namespace kodra::console

@@ -1,0 +1,85 @@
+#include "console/run/progress.h"
+
+#include <gtest/gtest.h>
+
+namespace kodra::console {
+namespace {
+
+using Style = Progress::Style;
+
+// A report whose rows come when the test says.
+struct Watched {
+  explicit Watched(Style style) : progress(errors, style, [this] { return now; }) {}
+  void Rows(int count) {
+    for (int i = 0; i < count; ++i) progress.Row();
+  }
+
+  double now = 100;
+  TextOutput errors;
+  Progress progress;
+};
+
+TEST(Progress, ShowsNothingOfARunShorterThanASecond) {
+  Watched run(Style::kOneLine);
+  run.now = 100.99;
+  run.Rows(5000);
+  run.progress.End();
+  EXPECT_EQ(run.errors.Text(), "");
+}
+
+TEST(Progress, ShowsCountAndRateTwiceASecondAfterTheFirst) {
+  Watched run(Style::kOneLine);
+  run.Rows(999);
+  run.now = 101;
+  run.Rows(2);  // at the same moment
+  EXPECT_EQ(run.errors.Text(), "\r1.000 linhas, 1.000 por segundo");
+  run.now = 101.4;
+  run.Rows(1);
+  EXPECT_EQ(run.errors.Text(), "\r1.000 linhas, 1.000 por segundo");
+  run.now = 101.5;
+  run.Rows(1);
+  EXPECT_EQ(run.errors.Text(), "\r1.000 linhas, 1.000 por segundo\r1.003 linhas, 668 por segundo  ");
+}
+
+TEST(Progress, EndsWithTheSumOverTheCount) {
+  Watched run(Style::kOneLine);
+  run.now = 101;
+  run.Rows(1);
+  EXPECT_EQ(run.errors.Text(), "\r1 linha, 1 por segundo");
+  run.Rows(1999999);
+  run.now = 108.04;
+  run.progress.End();
+  EXPECT_EQ(run.errors.Text(), "\r1 linha, 1 por segundo\r2.000.000 linhas em 8 s (248.756 por segundo)\n");
+}
+
+TEST(Progress, PutsEachCountOnItsOwnLineInALog) {
+  Watched run(Style::kOwnLines);
+  run.now = 102;
+  run.Rows(10);
+  run.now = 102.25;
+  run.progress.End();
+  EXPECT_EQ(run.errors.Text(), "1 linha, 0 por segundo\n10 linhas em 2,3 s (4 por segundo)\n");
+}
+
+TEST(Progress, LeavesItsLineForAnotherMessage) {
+  Watched run(Style::kOneLine);
+  run.progress.Abandon();
+  EXPECT_EQ(run.errors.Text(), "");
+  run.now = 101;
+  run.Rows(1);
+  run.progress.Abandon();
+  run.progress.Abandon();
+  EXPECT_EQ(run.errors.Text(), "\r1 linha, 1 por segundo\n");
+}
+
+TEST(Progress, CountsWithoutShowing) {
+  Watched run(Style::kNone);
+  run.now = 200;
+  run.Rows(3);
+  run.progress.End();
+  EXPECT_EQ(run.errors.Text(), "");
+  EXPECT_EQ(run.progress.Rows(), 3U);
+}
+
+}  // namespace
+}  // namespace kodra::console

@@ -1,0 +1,113 @@
+#include "console/run/target_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "tests/console/failing.h"
+#include "values/utf8.h"
+
+namespace kodra::console {
+namespace {
+
+namespace fs = std::filesystem;
+
+class TargetFileTest : public testing::Test {
+ protected:
+  TargetFileTest() {
+    std::string pattern = (fs::temp_directory_path() / "kodra-target-XXXXXX").string();
+    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  ~TargetFileTest() override { fs::remove_all(folder_); }
+
+  fs::path At(const char* name) const { return folder_ / name; }
+  static std::wstring Wide(const fs::path& path) { return values::FromUtf8(path.string()); }
+  static void Write(const fs::path& path, const std::string& text) { std::ofstream(path) << text; }
+  static std::string Read(const fs::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+  }
+  // The names in the folder.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(TargetFileTest, IsThereOnlyOnceItIsComplete) {
+  {
+    TargetFile file(Wide(At("relatório.csv")));
+    file.Write("A,B\r\n");
+    EXPECT_FALSE(fs::exists(At("relatório.csv")));
+    file.Commit();
+    EXPECT_EQ(Read(At("relatório.csv")), "A,B\r\n");
+  }
+  EXPECT_EQ(Names(), std::vector<std::string>{"relatório.csv"});
+}
+
+TEST_F(TargetFileTest, LeavesTheFormerFileUntouchedWithoutCommit) {
+  Write(At("a.csv"), "antes");
+  {
+    TargetFile file(Wide(At("a.csv")));
+    file.Write(std::string(100000, 'x'));
+    EXPECT_EQ(Names().size(), 2U);
+  }
+  EXPECT_EQ(Names(), std::vector<std::string>{"a.csv"});
+  EXPECT_EQ(Read(At("a.csv")), "antes");
+}
+
+TEST_F(TargetFileTest, KeepsThePermissionsOfTheFormerFile) {
+  Write(At("a.csv"), "antes");
+  fs::permissions(At("a.csv"), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  TargetFile file(Wide(At("a.csv")));
+  file.Commit();
+  EXPECT_EQ(fs::status(At("a.csv")).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(Read(At("a.csv")), "");
+}
+
+TEST_F(TargetFileTest, ReplacesWhatALinkLeadsTo) {
+  Write(At("a.csv"), "antes");
+  fs::create_symlink(At("a.csv"), At("link.csv"));
+  TargetFile file(Wide(At("link.csv")));
+  file.Write("depois");
+  file.Commit();
+  EXPECT_TRUE(fs::is_symlink(At("link.csv")));
+  EXPECT_EQ(Read(At("a.csv")), "depois");
+}
+
+TEST_F(TargetFileTest, WritesToADeviceDirectly) {
+  TargetFile file(L"/dev/null");
+  EXPECT_EQ(file.Path(), "/dev/null");
+  file.Write("x");
+  file.Commit();
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(TargetFileTest, SaysWhyItCannotBeMade) {
+  const auto failure = [](const fs::path& path) { return FailureOf([&] { TargetFile file(Wide(path)); }); };
+  const std::string missing = At("não/há.csv").string();
+  EXPECT_EQ(failure(missing), "não foi possível gravar \"" + missing + "\": a pasta não existe.");
+  EXPECT_EQ(failure(folder_), "não foi possível gravar \"" + folder_.string() + "\": é uma pasta.");
+  Write(At("a.csv"), "antes");
+  const std::string below = (At("a.csv") / "b.csv").string();
+  EXPECT_EQ(failure(below),
+            "não foi possível gravar \"" + below + "\": o caminho passa por um arquivo que não é pasta.");
+}
+
+TEST_F(TargetFileTest, SaysThatTheDiskIsFull) {
+  TargetFile file(L"/dev/full");
+  file.Write("x");
+  EXPECT_EQ(FailureOf([&] { file.Commit(); }), "não foi possível gravar \"/dev/full\": o disco está cheio.");
+}
+
+}  // namespace
+}  // namespace kodra::console

@@ -1,0 +1,75 @@
+// What a call raised, as a value that a test can compare whole and GoogleTest can print.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "values/erro.h"
+
+namespace kodra::tests {
+
+struct Raised {
+  std::int32_t number = 0;
+  std::wstring source;
+  std::wstring description;
+  bool operator==(const Raised&) const = default;
+
+  friend void PrintTo(const Raised& raised, std::ostream* out) {
+    *out << raised.number << " (" << std::hex << raised.number << std::dec << ") from \"";
+    for (wchar_t c : raised.source) *out << static_cast<char>(c < 128 ? c : '?');
+    *out << "\": \"";
+    for (wchar_t c : raised.description) *out << static_cast<char>(c < 128 ? c : '?');
+    *out << '"';
+  }
+};
+
+// Number 0 stands for a call that raised nothing.
+template <class Call>
+Raised RaisedBy(Call&& call) {
+  try {
+    call();
+  } catch (const Erro& erro) {
+    return {erro.Number(), erro.Source(), erro.Description()};
+  }
+  return {};
+}
+
+// The errors that most tests expect, from a given source.
+inline Raised NoCurrentRecord(const wchar_t* source) {
+  return {3021, source,
+          L"Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current "
+          L"record."};
+}
+inline Raised ObjectClosed(const wchar_t* source) {
+  return {3704, source, L"Operation is not allowed when the object is closed."};
+}
+inline Raised ObjectOpen(const wchar_t* source) {
+  return {3705, source, L"Operation is not allowed when the object is open."};
+}
+inline Raised InvalidConnection(const wchar_t* source) {
+  return {3709, source,
+          L"The connection cannot be used to perform this operation. It is either closed or invalid in this context."};
+}
+inline Raised InvalidArgument(const wchar_t* source) {
+  return {3001, source,
+          L"Arguments are of the wrong type, are out of acceptable range, or are in conflict with one another."};
+}
+inline Raised ItemNotFound(const wchar_t* source) {
+  return {3265, source, L"Item cannot be found in the collection corresponding to the requested name or ordinal."};
+}
+inline Raised NotUpdatable() {
+  return {3251, L"ADODB.Recordset",
+          L"Current Recordset does not support updating. This may be a limitation of the provider, or of the selected "
+          L"locktype."};
+}
+inline Raised NotAllowedHere(const wchar_t* source) {
+  return {3219, source, L"Operation is not allowed in this context."};
+}
+inline Raised MultipleStep() {
+  return {static_cast<std::int32_t>(0x80040E21U), L"Microsoft Cursor Engine",
+          L"Multiple-step operation generated errors. Check each status value."};
+}
+
+}  // namespace kodra::tests

@@ -1,0 +1,70 @@
+#include "siblings/ini_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "tests/testbed/sqlite_reader.h"
+#include "values/utf8.h"
+
+namespace kodra::siblings {
+namespace {
+
+std::string FindIn(const IniFile& file, std::wstring_view section, std::wstring_view key) {
+  const auto value = file.Find(section, key);
+  return value ? values::ToUtf8(L"'" + *value + L"'") : "none";
+}
+
+TEST(IniFile, FindsAKeyInItsSectionInAnyLetterCase) {
+  const IniFile file(L"[Nomes]\nGrupo=Fundo\n[Senha]\nGrupo=Outro\n");
+  EXPECT_EQ(FindIn(file, L"NOMES", L"grupo"), "'Fundo'");
+  EXPECT_EQ(FindIn(file, L"Senha", L"Grupo"), "'Outro'");
+  EXPECT_EQ(FindIn(file, L"Geral", L"Grupo"), "none");
+  EXPECT_EQ(FindIn(file, L"Nomes", L"Serie"), "none");
+}
+
+TEST(IniFile, PassesOverBlanksCommentsAndLinesOfNoMeaning) {
+  const IniFile file(L"; Grupo=a\r\n\r\n  [ Nomes ]  \r\n# Grupo=b\r\nsem sinal\r\n\tGrupo =  Fundo geral \r\n");
+  EXPECT_EQ(FindIn(file, L"Nomes", L"Grupo"), "'Fundo geral'");
+}
+
+TEST(IniFile, TakesOnePairOfQuotesAway) {
+  const IniFile file(L"[n]\na=\" x \"\nb='y'\nc=\"z'\nd=\"\"\ne=\"");
+  EXPECT_EQ(FindIn(file, L"n", L"a"), "' x '");
+  EXPECT_EQ(FindIn(file, L"n", L"b"), "'y'");
+  EXPECT_EQ(FindIn(file, L"n", L"c"), "'\"z''");
+  EXPECT_EQ(FindIn(file, L"n", L"d"), "''");
+  EXPECT_EQ(FindIn(file, L"n", L"e"), "'\"'");
+}
+
+TEST(IniFile, LetsTheFirstOfTwoEqualKeysCountAndKeepsLaterEqualsSigns) {
+  const IniFile file(L"[n]\na=1=2\nA=3");
+  EXPECT_EQ(FindIn(file, L"n", L"a"), "'1=2'");
+}
+
+TEST(IniFile, ReadsUtf8WithAndWithoutAMark) {
+  EXPECT_EQ(DecodeText("S\xc3\xa9rie"), L"Série");
+  EXPECT_EQ(DecodeText("\xef\xbb\xbfS\xc3\xa9rie"), L"Série");
+  EXPECT_EQ(DecodeText("\xe2\x82\xac"), L"€");
+}
+
+TEST(IniFile, ReadsBytesThatAreNoUtf8AsWindows1252) {
+  EXPECT_EQ(DecodeText("S\xe9rie"), L"Série");
+  EXPECT_EQ(DecodeText("Pre\xe7o em \x80 \x96 n\xe3o"), L"Preço em € – não");
+  EXPECT_EQ(DecodeText("fim \xc3"), L"fim Ã");
+  EXPECT_EQ(DecodeText("\xc0\xaf"), L"À¯");
+  EXPECT_EQ(DecodeText("\xed\xa0\x80"), L"í\u00a0€");
+}
+
+TEST(IniFile, ReadsAFileAtAPathWithAccents) {
+  const testbed::TemporaryFile path("configuração.ini");
+  std::ofstream(path.Path(), std::ios::binary) << "[Nomes]\r\nSerie=Dossi\xea\r\n";
+  const auto file = IniFile::Read(DecodeText(path.Path()));
+  ASSERT_TRUE(file.has_value());
+  EXPECT_EQ(FindIn(*file, L"Nomes", L"Serie"), "'Dossiê'");
+}
+
+TEST(IniFile, GivesNothingForAFileThatIsNotThere) { EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value()); }
+
+}  // namespace
+}  // namespace kodra::siblings

@@ -1,0 +1,178 @@
+// The reference pages: what is read from the IDL, and what is written of it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "console/reports/errors.h"
+#include "console/reports/report_methods.h"
+#include "frame/parameter_object.h"
+#include "tools/reference/pages.h"
+#include "values/erro.h"
+#include "values/utf8.h"
+
+namespace kodra::console::reference {
+namespace {
+
+using values::ToUtf8;
+
+std::string Read(const std::filesystem::path& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+const std::vector<Class>& Classes() {
+  static const std::vector<Class> classes = [] {
+    std::ifstream idl(KODRA_SOURCE_DIR "/idl/kodrarpt.idl");
+    return ReadIdl(idl);
+  }();
+  return classes;
+}
+
+const Class& Named(std::string_view name) { return *std::ranges::find(Classes(), name, &Class::name); }
+
+std::vector<std::string> MemberNames(const Class& of) {
+  std::vector<std::string> names;
+  for (const Member& member : of.members) names.push_back(member.name);
+  return names;
+}
+
+TEST(ReadIdlTest, FindsEveryClass) {
+  EXPECT_EQ(Classes().size(), 48U);
+  EXPECT_EQ(std::ranges::count_if(Classes(), &Class::isCreatable), 47);
+  EXPECT_FALSE(Named("OperadorObj").isCreatable);
+}
+
+TEST(ReadIdlTest, TakesTheAccessorsOfAPropertyForOneMember) {
+  const Class& caixa = Named("CCaixaRpt");
+  EXPECT_EQ(caixa.members.size(), 14U);
+  EXPECT_EQ(caixa.members[1].name, "Conexao");
+  EXPECT_EQ(caixa.members[1].id, 2);
+  EXPECT_EQ(caixa.members[1].kind, Member::Kind::kProperty);
+  EXPECT_EQ(caixa.members[1].type, "IDispatch");
+  EXPECT_EQ(caixa.events, std::vector<std::string>{"DebugLog"});
+}
+
+TEST(ReadIdlTest, FindsTheArgumentAndTheResultOfAMethod) {
+  const Member& method = Named("CDeptoRpt").members[1];
+  EXPECT_EQ(method.name, "RelatorioDeptos");
+  EXPECT_EQ(method.kind, Member::Kind::kMethod);
+  EXPECT_EQ(method.argument, "obj");
+  EXPECT_EQ(Named("About").members[1].type, "BSTR");
+  EXPECT_EQ(Named("About").members[1].argument, "");
+}
+
+TEST(ReadIdlTest, RefusesAClassWithoutItsInterface) {
+  std::istringstream idl("    coclass X\n    {\n        [default] interface IX;\n");
+  EXPECT_THROW(ReadIdl(idl), std::runtime_error);
+}
+
+// The tables that the pages are made of and the IDL must name the same members in the same order.
+TEST(ReferenceTest, HasThePropertiesOfTheParameterClasses) {
+  for (const frame::ParameterClass& parameterClass : frame::ParameterClasses()) {
+    std::vector<std::string> names;
+    for (const frame::Property& property : parameterClass.properties) names.push_back(ToUtf8(property.name));
+    EXPECT_EQ(MemberNames(Named(ToUtf8(parameterClass.name))), names);
+  }
+}
+
+TEST(ReferenceTest, HasTheReportMethods) {
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    const std::vector<std::string> names = MemberNames(Named(ToUtf8(method.className)));
+    EXPECT_NE(std::ranges::find(names, ToUtf8(method.method)), names.end()) << ToUtf8(method.method);
+  }
+}
+
+TEST(PagesTest, AreOneForEachClassTheErrorsAndTheIndex) {
+  const auto pages = Pages(Classes());
+  EXPECT_EQ(pages.size(), Classes().size() + 2);
+  for (const Class& of : Classes()) {
+    EXPECT_NE(pages.at("README.md").find("(" + of.name + ".md)"), std::string::npos) << of.name;
+    EXPECT_TRUE(pages.at(of.name + ".md").starts_with("# " + of.name + "\n")) << of.name;
+  }
+}
+
+TEST(PagesTest, ShowAParameterClassWhole) {
+  EXPECT_EQ(Pages(Classes()).at("CModeloRptObj.md"),
+            "# CModeloRptObj\n"
+            "\n"
+            "Objeto de parâmetros, `CreateObject(\"KodraRpt.CModeloRptObj\")`.\n"
+            "\n"
+            "## Membros\n"
+            "\n"
+            "| Membro | Id | O que é | Descrição |\n"
+            "| --- | --- | --- | --- |\n"
+            "| `Owner` | 1 | propriedade, texto | texto |\n"
+            "| `CodModelo` | 2 | propriedade, texto | texto, sem espaços nas pontas |\n"
+            "\n"
+            "## Quem lê\n"
+            "\n"
+            "- [`CModeloRpt.RelatorioModelos`](CModeloRpt.md): `CodModelo`\n"
+            "\n"
+            "## Exemplo\n"
+            "\n"
+            "```vb\n"
+            "Set parametros = CreateObject(\"KodraRpt.CModeloRptObj\")\n"
+            "parametros.Owner = \"Arquivo Geral\"\n"
+            "```\n");
+}
+
+TEST(PagesTest, LinkOnlyToFilesThatAreThere) {
+  const auto pages = Pages(Classes());
+  const std::regex link(R"(\]\(([^)]+)\))");
+  for (const auto& [name, text] : pages) {
+    for (std::sregex_iterator at(text.begin(), text.end(), link), end; at != end; ++at) {
+      const std::string target = (*at)[1];
+      const bool isThere =
+          pages.contains(target) ||
+          (target.starts_with("../") && std::filesystem::exists(KODRA_SOURCE_DIR "/docs/" + target.substr(3)));
+      EXPECT_TRUE(isThere) << name << " " << target;
+    }
+  }
+}
+
+// The texts of the errors in the sources, as the sources write them.
+std::string Sources() {
+  std::string all;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(KODRA_SOURCE_DIR "/src"))
+    if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h") all += Read(entry.path());
+  // A text in two literals is one text, and a quote in it is a quote.
+  all = std::regex_replace(all, std::regex("\"\\s*\n\\s*L\""), "");
+  return std::regex_replace(all, std::regex(R"(\\")"), "\"");
+}
+
+TEST(ErrorsTest, StandInTheSourcesAsTheyAreTold) {
+  const std::string sources = Sources();
+  for (const auto errors : {guide::Errors(), guide::Causes()}) {
+    for (const guide::Error& error : errors) {
+      const std::string text(error.text.substr(0, error.text.find("…")));
+      EXPECT_NE(sources.find("L\"" + text), std::string::npos) << text;
+    }
+  }
+}
+
+// Every number that the component adds to the base of its errors is told.
+TEST(ErrorsTest, TellEveryNumberOfTheComponentsOwn) {
+  std::set<std::int32_t> told;
+  for (const auto errors : {guide::Errors(), guide::Causes()})
+    for (const guide::Error& error : errors) told.insert(error.number);
+  const std::string sources = Sources();
+  const std::regex number(R"(kErrBase \+ (\d+))");
+  int found = 0;
+  for (std::sregex_iterator at(sources.begin(), sources.end(), number), end; at != end; ++at, ++found)
+    EXPECT_TRUE(told.contains(kErrBase + std::stoi((*at)[1]))) << (*at)[0];
+  EXPECT_GT(found, 5);
+}
+
+TEST(ErrorsTest, AreNumberedAsAClientSeesThem) {
+  EXPECT_EQ(guide::NumberWords(-2147213397), "80041FAB (-2147213397)");
+  EXPECT_EQ(guide::NumberWords(429), "429");
+}
+
+}  // namespace
+}  // namespace kodra::console::reference

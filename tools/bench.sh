@@ -1,0 +1,111 @@
+# The benchmarks, and the check that they work.
+
+# Every line that the benchmarks print.
+bench_names=(statement_assembly small_report streamed_rows streamed_memory dataset_rows_log dataset_rows_operadores
+  dataset_rows script_peer dll_size load_and_create)
+
+# A file that the benchmarks read, made anew only when the tool that makes it is newer: bench_archive NAME OPTION…
+bench_archive() {
+  local file=build/bench/$1.db
+  shift
+  if [ "$file" -nt build/native/kodra-bench-archives ]; then return; fi
+  rm -f "$file"
+  logged bench-archive build/native/kodra-bench-archives "$file" "$@"
+}
+
+build_benches() {
+  build_preset native kodra-bench-statements kodra-bench-archives kodra-bench-plot
+  build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra-bench kodra_bench_empty
+  mkdir -p build/bench
+}
+
+# Whether a line is wanted: it begins with one of the names, or there are none: bench_wanted LINE [NAME…].
+bench_wanted() {
+  local line=$1 name
+  shift
+  [ $# = 0 ] && return
+  for name; do [[ $line == "$name"* ]] && return; done
+  return 1
+}
+
+# Runs a program in Wine on one core, the Wine server with it. Waking another core costs a virtual machine more than
+# most requests to the server, and whether it must depends on what else runs: on one core figures repeat.
+box_on_one_core() (
+  taskset -cp "$(taskset -cp $BASHPID | sed 's/.*[ ,-]//')" $BASHPID >/dev/null
+  wine_environment run wineserver -w 2>>"$logs/wine.log" || true
+  wine_environment run "$@" 2>>"$logs/wine.log"
+)
+
+# Runs the benchmarks that begin with one of the names, without names all; their lines go to the screen and, for other
+# programs, to build/bench/resultados.tsv. Gives 0 when every limit is met, 1 when one is not, more when a benchmark
+# failed: run_benches ROUNDS SIZE [NAME…].
+run_benches() {
+  local rounds=$1 size=$2 status=0 one=0 line chosen=() results=build/bench/resultados.tsv
+  shift 2
+  printf 'nome\trazao\tcomponente\tdireto\tunidade\tlimite\tcumprido\n' >"$results"
+  if bench_wanted statement_assembly "$@"; then
+    build/native/kodra-bench-statements --rounds "$rounds" --results "$results" || status=$?
+  fi
+  local program=(wine build/win32/kodra-bench.exe "$(windows_path build/bench)" "$size")
+  for line in "${bench_names[@]}" growth; do
+    case $line in statement_assembly | load_and_create) continue ;; esac
+    if bench_wanted "$line" "$@"; then chosen+=("$line"); fi
+  done
+  if [ ${#chosen[@]} != 0 ]; then
+    box_on_one_core "${program[@]}" "${chosen[@]}" || one=$?
+    [ "$one" -le "$status" ] || status=$one
+  fi
+  # Few requests, and mostly what the machine does with a file: measured as programs load it, on any core.
+  if bench_wanted load_and_create "$@"; then
+    one=0
+    wine_environment run wineserver -w 2>>"$logs/wine.log" || true
+    wine_environment run "${program[@]}" load_and_create 2>>"$logs/wine.log" || one=$?
+    [ "$one" -le "$status" ] || status=$one
+  fi
+  return "$status"
+}
+
+# Every benchmark, or those that begin with one of the names; `growth` is the drawing.
+bench() {
+  local name line known
+  for name; do
+    known=
+    for line in "${bench_names[@]}" growth; do [[ $line != "$name"* ]] || known=1; done
+    [ "$known" ] || die "não há medida que comece com \"$name\": ${bench_names[*]} growth"
+  done
+  setup
+  build_benches
+  step "gera os acervos de medida (uma vez)"
+  local documents
+  for documents in 1000 10000 100000 1000000; do bench_archive "acervo-$documents" --documents "$documents"; done
+  bench_archive registros-20000 --documents 100 --registers 20000
+  with_wine
+  step "o que o componente acrescenta ao que é preciso fazer de qualquer modo"
+  local status=0
+  run_benches 200 full "$@" || status=$?
+  if bench_wanted growth "$@"; then
+    build/native/kodra-bench-plot build/bench/crescimento.tsv build/bench/crescimento.svg
+    echo "como o custo cresce: build/bench/crescimento.svg"
+  fi
+  return "$status"
+}
+
+# The benchmarks at a small size, as a check that each works: both sides do the same, and each line has its figures.
+test_bench() {
+  build_benches
+  bench_archive acervo-1000 --documents 1000
+  bench_archive registros-1000 --documents 100 --registers 1000
+  step "os bancos de medida, em tamanho pequeno"
+  with_wine
+  local status=0 name broken=()
+  run_benches 2 small >"$logs/bench.log" 2>&1 </dev/null || status=$?
+  for name in "${bench_names[@]}"; do
+    awk -F '\t' -v name="$name" '$1 == name && $2 > 0 && $3 > 0 { found = 1 } END { exit !found }' \
+      build/bench/resultados.tsv || broken+=("$name")
+  done
+  passed=$((passed + ${#bench_names[@]} - ${#broken[@]}))
+  failed=$((failed + ${#broken[@]}))
+  if [ "$status" -gt 1 ] && [ ${#broken[@]} = 0 ]; then failed=$((failed + 1)); fi
+  printf '  %-12s %5d ok %5d falhas\n' bench $((${#bench_names[@]} - ${#broken[@]})) ${#broken[@]}
+  if [ "$status" -gt 1 ] || [ ${#broken[@]} != 0 ]; then tail -n 40 "$logs/bench.log"; fi
+}

@@ -1,0 +1,64 @@
+# The console program as a Windows program.
+
+test_groups+=(console)
+
+# Runs kodrarpt in both worlds with the same arguments; both must write the same bytes and end alike.
+same() {
+  local native=$PWD/build/console/native windows=$PWD/build/console/windows
+  build/native/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
+  wine_environment run wine build/win32/console/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
+  sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a word of the Wine server itself when it starts
+  if [ -s "$native" ] && cmp -s "$native" "$windows"; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    echo "  kodrarpt $* escreve outra coisa no Windows:"
+    diff "$native" "$windows" | head -n 10 || true
+  fi
+}
+
+# Writes a report as a spreadsheet in both worlds, to a name with accents; the sheets must have the same cells.
+same_sheet() {
+  local name=planilha-ação.xlsx folder=build/console
+  rm -rf "$folder/native-sheet" "$folder/windows-sheet"
+  mkdir -p "$folder/native-sheet" "$folder/windows-sheet"
+  build/native/kodrarpt executa "$@" --formato xlsx --saida "$folder/native-sheet/$name" || true
+  wine_environment run wine build/win32/console/kodrarpt.exe executa "$@" --formato xlsx --saida "$folder/windows-sheet/$name" \
+    2>>"$logs/wine.log" || true
+  if unzip -p "$folder/native-sheet/$name" xl/worksheets/sheet1.xml xl/styles.xml >"$folder/native" 2>&1 &&
+    unzip -p "$folder/windows-sheet/$name" xl/worksheets/sheet1.xml xl/styles.xml >"$folder/windows" 2>&1 &&
+    cmp -s "$folder/native" "$folder/windows"; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    echo "  kodrarpt $* escreve outra planilha no Windows"
+  fi
+}
+
+test_console() {
+  build_preset native kodrarpt kodra-demo-data
+  build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
+  archive build/test/acervo.db 500
+  step "kodrarpt no Wine, byte por byte como no Linux"
+  mkdir -p build/console
+  same --help
+  same lista
+  same descreve CDocumentoRpt.RelatorioAnalítico
+  same sql CModeloRpt --banco todos --bonito --CodModelo "ofício nº 7 – «café» €"
+  same sql CEstatSerieRpt --banco mysql --DataInicial 01/03/2024 --DataFinal 31/03/2024
+  same sql CModeloRpt --banco oracle --CodModelo 'um "dois" tr\ês'
+  same sql CDeptoRpt --banco açúcar
+  same lísta
+  # The same rows through ADO and the siblings by ProgID as through ODBC and the siblings that are linked in.
+  with_wine
+  local report format connection="Driver={SQLite3};Database=$PWD/build/test/acervo.db"
+  for report in CDeptoRpt.RelatorioDeptos CDocumentoRpt.RelatorioAnalitico CCaixaRpt.RelatoriosModulos \
+    COperadorRpt.RelatorioOperadores; do
+    for format in csv json tabela; do
+      same executa "$report" --conexao "$connection" --formato "$format"
+    done
+  done
+  same executa CDeptoRpt --conexao "$connection" --formato cvs
+  same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
+  same verifica --conexao "$connection"
+}

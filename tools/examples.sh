@@ -1,0 +1,50 @@
+# The examples that can run here, in Wine, on the sample archive.
+
+test_groups+=(examples)
+
+# What an example prints and the code that it ends with: run_example vbscript|cpp ARGUMENT….
+run_example() {
+  local language=$1 status=0
+  shift
+  case $language in
+    vbscript) brazilian_script examples/vbscript/acervo.vbs -- "$@" </dev/null || status=$? ;;
+    cpp) wine_environment run wine build/win32/examples/cpp/kodra_exemplo.exe "$@" 2>>"$logs/wine.log" </dev/null | tr -d '\r' ||
+      status=$? ;;
+  esac
+  echo "código $status"
+}
+
+# Compares what an example printed with the text that it must print: check_example NAME EXPECTED ACTUAL.
+check_example() {
+  if [ "$2" = "$3" ]; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    printf '  %s não imprime o que deve:\n' "$1"
+    diff <(echo "$2") <(echo "$3") || true
+  fi
+}
+
+test_examples() {
+  build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra_exemplo
+  build_preset native kodra-demo-data
+  archive build/test/acervo.db 500
+  step "exemplos no Wine, sobre o acervo de exemplo"
+  with_wine
+  local language labels missing=$PWD/build/test/ausente.db archive=$PWD/build/test/acervo.db refused
+  refused="Erro -2147213397 em KodraRpt.CDeptoRpt::RelatorioDeptos: Erro ao gerar dados para o relatório: "
+  refused+="[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"$missing\" não encontrado."
+  for language in vbscript cpp; do
+    labels=$(cat tests/examples/acervo.txt)
+    # Code page 850 has no dash.
+    [ "$language" = vbscript ] && labels=${labels//–/-}
+    check_example "$language" "$labels"$'\n'"código 0" \
+      "$(run_example "$language" "Driver={SQLite3};Database=$archive" AA001)"
+    check_example "$language, sem banco" "$refused"$'\n'"código 1" \
+      "$(run_example "$language" "Driver={SQLite3};Database=$missing" AA001)"
+  done
+  # The others say in their head that no test runs them.
+  for language in vba powershell python delphi; do
+    check_example "$language, o seu começo" 1 "$(head -n 12 examples/$language/*.* | grep -c 'Os testes não executam este exemplo')"
+  done
+}

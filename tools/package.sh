@@ -1,0 +1,280 @@
+# Installation: the zip, the MSI, and their tests in Wine.
+
+package_packages=(wixl msitools zip g++-mingw-w64-x86-64-posix)
+test_packages+=("${package_packages[@]}" unzip faketime)
+test_groups+=(package)
+
+version_part() { sed -n "s/^#define KODRA_VERSION_$1 //p" src/frame/version.h; }
+
+# A GUID that is always the same for a name.
+name_guid() {
+  local hash
+  hash=$(printf 'KodraRpt %s' "$1" | sha1sum | tr a-f A-F)
+  printf '%s-%s-5%s-8%s-%s\n' "${hash:0:8}" "${hash:8:4}" "${hash:12:3}" "${hash:15:3}" "${hash:18:12}"
+}
+
+# Puts files into a folder of the staged package, as Windows' own programs read them: put FOLDER FILE…
+put() {
+  local folder=$stage/$1 file
+  shift
+  mkdir -p "$folder"
+  for file; do
+    case $file in
+      *.vbs | *.bas | *.cls | *.frm | *.txt) sed 's/$/\r/' "$file" | iconv -f UTF-8 -t CP1252 >"$folder/${file##*/}" ;;
+      *) cp "$file" "$folder" ;;
+    esac
+  done
+}
+
+# Puts a folder of the repository as a folder of the package: put_tree FOLDER SOURCE
+put_tree() {
+  local file place
+  while read -r file; do
+    place=${file%/*}
+    put "$1${place#"$2"}" "$file"
+  done < <(git -c core.quotepath=off ls-files "$2" ':!*CMakeLists.txt')
+}
+
+# The licences of what the console program is linked with, as Debian's packages have them.
+licences() {
+  local library
+  for library in libcli11-dev libfmt-dev nlohmann-json3-dev libxlsxwriter-dev libz-mingw-w64-dev \
+    gcc-mingw-w64-i686-posix-runtime; do
+    printf '==== %s ====\n\n' "$library"
+    cat "/usr/share/doc/$library/copyright"
+    printf '\n'
+  done | sed 's/$/\r/'
+}
+
+# What is in a package.
+stage_files() {
+  sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
+  put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
+  put console build/win32/console/kodrarpt.exe
+  licences >"$stage/console/LICENCAS.txt"
+  cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
+  put_tree docs docs
+  put_tree exemplos examples
+  cat testbed/archive/cliente.vbs testbed/archive/tabela.vbs | sed 's/$/\r/' | iconv -f UTF-8 -t CP1252 >"$stage/exemplos/cliente.vbs"
+}
+
+# In the zip only: the manifests, and the component for 64-bit programs.
+stage_unregistered() {
+  local architecture folder
+  for architecture in x86 amd64; do
+    folder=$stage
+    [ $architecture = x86 ] || folder=$stage/x64
+    mkdir -p "$folder"
+    awk -f packaging/manifest.awk -v version="$assembly_version" -v architecture=$architecture \
+      build/package/rows.txt >"$folder/KodraRpt.Classes.manifest"
+    sed "s/@version@/$assembly_version/; s/@architecture@/$architecture/" packaging/programa.exe.manifest \
+      >"$folder/programa.exe.manifest"
+  done
+  cp build/win64/KodraRpt.dll "$stage/x64"
+}
+
+# Modes and times that do not tell who made the package, nor when.
+settle() {
+  find "$1" -type d -exec chmod 755 {} +
+  find "$1" -type f -exec chmod 644 {} +
+  find "$1" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
+}
+
+# A file's or folder's name as the installer's tables want it: SHORT|long where the long one is not short already.
+installer_name() {
+  local name=$1 stem=${1%.*} extension=""
+  [[ $name == *.* ]] && extension=.${name##*.}
+  if [[ $name =~ ^[A-Za-z0-9_-]{1,8}(\.[A-Za-z0-9_-]{1,3})?$ ]]; then echo "$name"; return; fi
+  stem=$(name_guid "name $stem")
+  extension=${extension:0:4}
+  echo "${stem:0:8}${extension^^}|$name"
+}
+
+# The installer's entries for a staged folder, but the DLL's; on descriptor 3 the references to their components.
+installer_folder() {
+  local folder=$1 path id
+  for path in "$folder"/*; do
+    id=$(name_guid "place ${path#"$stage"}")
+    if [ -d "$path" ]; then
+      printf '<Directory Id="d%s" Name="%s">\n' "${id//-/}" "$(installer_name "${path##*/}")"
+      installer_folder "$path"
+      echo '</Directory>'
+    elif [ "$path" != "$stage/KodraRpt.dll" ]; then
+      printf '<Component Id="c%s" Guid="%s">' "${id//-/}" "$id"
+      printf '<File Id="f%s" Name="%s" Source="%s" KeyPath="yes"/></Component>\n' \
+        "${id//-/}" "$(installer_name "${path##*/}")" "${path#"$stage"/}"
+      printf '<ComponentRef Id="c%s"/>\n' "${id//-/}" >&3
+    fi
+  done
+}
+
+include_file() { echo '<Include xmlns="http://schemas.microsoft.com/wix/2006/wi">'; cat; echo '</Include>'; }
+
+# The MSI of the staged files, which wixl finds by relative paths only: make_msi FILE
+make_msi() {
+  local msi=$1 parts=$folder/parts
+  awk -f packaging/registry_wxi.awk build/package/rows.txt >"$parts/registry.wxi"
+  installer_folder "$stage" 3>"$parts/components" | include_file >"$parts/files.wxi"
+  include_file <"$parts/components" >"$parts/components.wxi"
+  (
+    wxs=$PWD/packaging/kodrarpt.wxs
+    cd "$stage" || exit
+    wixl -I "$parts" -D "Version=$version" -D "ProductCode=$(name_guid "product $version")" -o "$msi" "$wxs"
+  )
+  finish_msi "$msi" "$parts"
+}
+
+# The checksum of each file in a folder.
+sums() { (cd "$1" && find . -type f | sort | sed 's,^\./,,' | xargs sha256sum); }
+
+# What wixl has no word for: the DLL's version, which an upgrade compares; the code page of the texts; and a summary that
+# says Portuguese, is of the package's own day, and has a code that depends on nothing but what is installed.
+finish_msi() {
+  local msi=$1 parts=$2 day code
+  day=$(date -u -d "@$SOURCE_DATE_EPOCH" '+%Y/%m/%d %H:%M:%S')
+  code=$(name_guid "package $version $(cat packaging/kodrarpt.wxs "$parts/registry.wxi"; sums "$stage")")
+  printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$parts/_ForceCodepage.idt"
+  msiinfo export "$msi" _SummaryInformation >"$parts/summary"
+  sed -E "s/^7\t[^\r]*/7\tIntel;1046/; s/^9\t[^\r]*/9\t{$code}/; s#^(12|13)\t[^\r]*#\1\t$day#" \
+    "$parts/summary" >"$parts/_SummaryInformation.idt"
+  (
+    cd "$parts" || exit
+    msibuild "$msi" -i _ForceCodepage.idt
+    msibuild "$msi" -q "UPDATE \`File\` SET \`Version\`='$assembly_version', \`Language\`='1046' WHERE \`File\`='KodraRpt.dll'"
+    msibuild "$msi" -i _SummaryInformation.idt
+  )
+}
+
+# What is said of the package besides its files: settings FOLDER [REVISION]
+settings() {
+  local revision=${2:-$(version_part REVISION)}
+  folder=$(readlink -f "$1")
+  version=$(version_part MAJOR).$(version_part MINOR).$revision
+  assembly_version=$(version_part MAJOR).$(version_part MINOR).0.$revision
+  stage=$folder/KodraRpt-$version
+  export TZ=UTC LC_ALL=C.UTF-8 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+}
+
+# Stages the files of what is built and makes their MSI: stage_and_make_msi FOLDER [REVISION]
+stage_and_make_msi() {
+  settings "$@"
+  rm -rf "$stage" "$stage".* "$folder/parts"
+  mkdir -p "$stage" "$folder/parts"
+  stage_files
+  settle "$stage"
+  make_msi "$stage.msi"
+}
+
+# The MSI, the zip and their checksums: make_package FOLDER
+make_package() (
+  stage_and_make_msi "$1"
+  stage_unregistered
+  sums "$stage" >"$folder/parts/sums"
+  mv "$folder/parts/sums" "$stage/SHA256SUMS"
+  settle "$stage"
+  cd "$folder" || exit
+  find "KodraRpt-$version" -type f | sort | zip -q -X -9 "KodraRpt-$version.zip" -@
+  sha256sum "KodraRpt-$version.msi" "KodraRpt-$version.zip" >SHA256SUMS
+)
+
+# The same files as the next revision, for the test of an upgrade: make_later_msi FOLDER
+make_later_msi() (stage_and_make_msi "$1" $(($(version_part REVISION) + 1)))
+
+# What the DLL registers, as rows, with [#KodraRpt.dll] for its path and [INSTALLDIR] for its folder.
+registry_rows() {
+  local folder
+  folder=$(windows_path build/win32)
+  wine_environment run wine build/win32/tools/kodra_registry_rows.exe "$folder\\KodraRpt.dll" 2>>"$logs/wine.log" | tr -d '\r' |
+    sort | FOLDER="$folder\\" awk -F '\t' -v OFS='\t' '
+      $3 == ENVIRON["FOLDER"] { $3 = "[INSTALLDIR]" }
+      $3 == ENVIRON["FOLDER"] "KodraRpt.dll" { $3 = "[#KodraRpt.dll]" }
+      { print }'
+}
+
+build_package() {
+  build_preset win32 KodraRpt kodrarpt kodra_registry_rows
+  build_preset win64 KodraRpt
+  step "faz os pacotes"
+  mkdir -p build/package
+  registry_rows >build/package/rows.txt
+  logged package ./kodra pack build/package
+}
+
+package() {
+  setup "${package_packages[@]}"
+  build_package
+  (cd build/package && sha256sum -- *.msi *.zip && ls -l -- *.msi *.zip)
+}
+
+# The tests of installation have a Wine prefix of their own: a Windows that never saw the component.
+prefix=/root/.wine-package
+in_prefix() { wine_environment run env WINEPREFIX=$prefix "$@"; }
+
+# Makes the prefix once; afterwards gives it back its first registry and takes away what an interrupted run left.
+fresh_prefix() {
+  # shellcheck disable=SC2016  # the environment's own shell expands it
+  in_prefix sh -ec '
+    first=$WINEPREFIX/kodra-first
+    if [ ! -e "$first/system.reg" ]; then
+      rm -rf "$WINEPREFIX"
+      wine wineboot -i
+      wineserver -w
+      mkdir "$first.new"
+      cp "$WINEPREFIX"/*.reg "$first.new"
+      mv "$first.new" "$first"
+    fi
+    wineserver -k || true
+    cp "$first"/*.reg "$WINEPREFIX"
+    rm -rf "$WINEPREFIX/drive_c/Program Files/KodraRpt" "$WINEPREFIX"/drive_c/windows/Installer/*'
+}
+# Two packages of the same build, made in different folders, on different days and by users with different habits, must
+# be the same bytes.
+test_reproducible() {
+  local other=build/package/again file
+  mkdir -p "$other"
+  (umask 077; TZ=America/Sao_Paulo LC_ALL=C faketime -f +400d ./kodra pack "$other") >"$logs/pack-again.log" 2>&1
+  for file in "KodraRpt-$version".{zip,msi}; do
+    if cmp "build/package/$file" "$other/$file" >>"$logs/pack-again.log" 2>&1; then
+      passed=$((passed + 1))
+    else
+      failed=$((failed + 1))
+      echo "  $file não sai igual (veja $logs/pack-again.log)"
+    fi
+  done
+}
+
+test_package() {
+  build_package
+  build_preset win32 kodra_test_package kodra_ado kodra_siblings_com
+  build_preset win64 kodra_test_package
+  build_preset native kodra-demo-data
+  archive build/test/acervo.db 500
+  step "testes de instalação no Wine, sem o componente registrado"
+  local packages=$PWD/build/package log=$PWD/$logs/test-package.log status=0 version
+  version=$(version_part MAJOR).$(version_part MINOR).$(version_part REVISION)
+  test_reproducible
+  rm -rf build/package/unpacked build/package/later
+  unzip -q "build/package/KodraRpt-$version.zip" -d build/package/unpacked
+  mkdir -p build/package/later
+  logged later-msi ./kodra pack-later build/package/later
+  lock_wine
+  logged wine-package fresh_prefix
+  KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version KODRA_MSI=$packages/KodraRpt-$version.msi \
+    KODRA_LATER_MSI=$(echo "$packages"/later/*.msi) KODRA_ARCHIVE=$PWD/build/test/acervo.db KODRA_BIN=$PWD/build/win32 \
+    in_prefix wine build/win32/tests/kodra_test_package.exe >"$log" 2>&1 </dev/null || status=$?
+  tr -d '\r' <"$log" >"$log.txt"
+  count package "$log.txt" "$status"
+  test_unregistered_64
+}
+
+# The manifests for 64-bit programs. The script client itself needs the ADO of the 32-bit Wine environment.
+test_unregistered_64() {
+  local log=$PWD/$logs/test-package-64.log status=0
+  ready_wine64
+  # An interrupted run of the other 64-bit tests leaves it registered.
+  wine64 regsvr32 /s /u "$(windows_path build/win64)\\KodraRpt.dll" >"$log" 2>&1 || true
+  KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version/x64 \
+    wine64 build/win64/tests/kodra_test_package.exe '--gtest_filter=-*.TheScriptClient*' >"$log" 2>&1 </dev/null || status=$?
+  tr -d '\r' <"$log" >"$log.txt"
+  count package-64 "$log.txt" "$status"
+}

@@ -1,0 +1,232 @@
+#include "tools/reference/pages.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "console/command_line/report_name.h"
+#include "console/reports/errors.h"
+#include "console/reports/words.h"
+#include "frame/parameter_object.h"
+#include "tools/reference/markdown.h"
+#include "values/utf8.h"
+
+namespace kodra::console::reference {
+namespace {
+
+using reports::ReportMethod;
+using values::ToUtf8;
+
+// What there is to say of the members that no table has.
+struct MemberNote {
+  std::string_view name;
+  std::string_view note;
+};
+constexpr MemberNote kMemberNotes[] = {
+    {"StringConexao", "String de conexão do ADO; defina antes do primeiro relatório"},
+    {"Conexao", "Conexão aberta do cliente, no lugar de StringConexao; o componente não a abre, fecha nem muda"},
+    {"LogFile", "Arquivo do log de depuração; vazio desliga o arquivo, não o evento DebugLog"},
+    {"Executavel", "Caminho completo do arquivo do componente"},
+    {"Versao", "Versão do componente: maior, menor e revisão"},
+    {"ToString", "Todas as propriedades em um texto só"},
+};
+
+std::vector<const ReportMethod*> MethodsOf(const std::string& className) {
+  std::vector<const ReportMethod*> methods;
+  for (const ReportMethod& method : reports::ReportMethods())
+    if (ToUtf8(method.className) == className) methods.push_back(&method);
+  return methods;
+}
+
+const frame::ParameterClass* ParameterClassOf(const std::string& className) {
+  for (const frame::ParameterClass& candidate : frame::ParameterClasses())
+    if (ToUtf8(candidate.name) == className) return &candidate;
+  return nullptr;
+}
+
+std::string TypeWord(const std::string& idlType) {
+  if (idlType == "BSTR") return "texto";
+  if (idlType == "DATE") return "data";
+  if (idlType == "VARIANT_BOOL") return "sim ou não";
+  return "objeto";
+}
+
+// What a member is: a method's finality, a property's rule, or what the notes say.
+std::string Described(const Class& of, const Member& member) {
+  for (const ReportMethod* method : MethodsOf(of.name))
+    if (ToUtf8(method->method) == member.name) return std::string(guide::About(*method).purpose);
+  if (const frame::ParameterClass* known = ParameterClassOf(of.name)) {
+    const auto property = std::ranges::find_if(
+        known->properties, [&](const frame::Property& candidate) { return ToUtf8(candidate.name) == member.name; });
+    return std::string(guide::RuleWords(property->rule)) +
+           (property->initial.empty() ? "" : "; um objeto novo traz " + ToUtf8(property->initial));
+  }
+  for (const auto& [name, note] : kMemberNotes)
+    if (name == member.name) return std::string(note);
+  return TypeWord(member.type);
+}
+
+std::string KindWords(const Member& member) {
+  switch (member.kind) {
+    case Member::Kind::kProperty:
+      return "propriedade, " + TypeWord(member.type);
+    case Member::Kind::kReadOnlyProperty:
+      return "propriedade só de leitura, " + TypeWord(member.type);
+    case Member::Kind::kMethod:
+      break;
+  }
+  if (member.argument.empty()) return "método, dá " + TypeWord(member.type);
+  return "método de `" + member.argument + "`, dá um Recordset";
+}
+
+std::string Members(const Class& of) {
+  Table table({"Membro", "Id", "O que é", "Descrição"});
+  for (const Member& member : of.members)
+    table.Add({"`" + member.name + "`", std::to_string(member.id), KindWords(member), Described(of, member)});
+  return "## Membros\n\n" + table.Text();
+}
+
+// A value as a script writes it.
+std::string Literal(const frame::Property& property, std::string_view sample) {
+  if (property.rule == frame::PropertyRule::kFlag) return "True";
+  if (property.rule == frame::PropertyRule::kDate)
+    return "DateSerial(" + std::string(sample.substr(6, 4)) + ", " +
+           std::to_string(std::stoi(std::string(sample.substr(3, 2)))) + ", " +
+           std::to_string(std::stoi(std::string(sample.substr(0, 2)))) + ")";
+  return "\"" + std::string(sample) + "\"";
+}
+
+std::string Sample(const ReportMethod& method) {
+  const std::string className = ToUtf8(method.className);
+  const std::string parameterClass = ToUtf8(method.parameterClass);
+  std::string script =
+      "Set relatorio = CreateObject(\"KodraRpt." + className +
+      "\")\n"
+      "Set parametros = CreateObject(\"KodraRpt." +
+      parameterClass +
+      "\")\n"
+      "relatorio.StringConexao = \"Provider=MSDASQL;Driver={SQLite3};Database=C:\\acervo\\acervo.db\"\n";
+  std::string command = "kodrarpt sql " + NameOf(method) + " --banco todos";
+  for (const guide::Parameter& parameter : guide::About(method).parameters) {
+    const auto properties = ParameterClassOf(parameterClass)->properties;
+    const auto property = std::ranges::find_if(
+        properties, [&](const frame::Property& candidate) { return ToUtf8(candidate.name) == parameter.name; });
+    script += "parametros." + std::string(parameter.name) + " = " + Literal(*property, parameter.sample) + "\n";
+    const bool isQuoted = parameter.sample.find(' ') != std::string_view::npos;
+    const std::string quote = isQuoted ? "\"" : "";
+    command.append(" --").append(parameter.name).append(" ");
+    command.append(quote).append(parameter.sample).append(quote);
+  }
+  script += "Set linhas = relatorio." + ToUtf8(method.method) + "(parametros)\n";
+  return "```vb\n" + script + "```\n\n" + "```sh\n" + command + "\n```\n";
+}
+
+std::string MethodSection(const ReportMethod& method) {
+  const guide::Report& report = guide::About(method);
+  const std::string parameterClass = ToUtf8(method.parameterClass);
+  std::string text = "## " + ToUtf8(method.method) + "\n\n" + std::string(report.purpose) + ".\n\n";
+  text += "Recebe um [`" + parameterClass + "`](" + parameterClass + ".md) e dá um `Recordset`.\n\n";
+  Table parameters({"Parâmetro", "O que faz", "Muda o SQL"});
+  for (const guide::Parameter& parameter : report.parameters)
+    parameters.Add(
+        {"`" + std::string(parameter.name) + "`", std::string(parameter.effect), parameter.changesSql ? "sim" : "não"});
+  text += report.parameters.empty() ? "Não lê nenhum parâmetro.\n\n" : parameters.Text() + "\n";
+  Table columns({"Coluna", "Tipo", "O que é"});
+  for (const guide::Column& column : report.columns)
+    columns.Add(
+        {"`" + std::string(column.name) + "`", std::string(guide::TypeWord(column.type)), guide::MeaningWords(column)});
+  text += columns.Text();
+  if (!report.oddities.empty()) text += "\nParece errado e é assim mesmo ([mais](../behaviours.md)):\n\n";
+  for (const guide::Oddity& oddity : report.oddities) text += "- " + std::string(oddity.text) + ".\n";
+  if (!report.failures.empty()) text += "\nErros próprios, além dos [comuns](erros.md):\n\n";
+  for (const guide::Failure& failure : report.failures)
+    text += "- \"" + std::string(failure.cause) + "\": " + std::string(failure.remedy) + ".\n";
+  return text + "\nExemplo:\n\n" + Sample(method);
+}
+
+std::string ReportPage(const Class& of) {
+  std::string text = "# " + of.name + "\n\nClasse de relatório, `CreateObject(\"KodraRpt." + of.name + "\")`.\n\n";
+  text += Members(of);
+  for (const std::string& event : of.events)
+    text += "\nEvento `" + event + "`: traz cada linha do log no momento em que é escrita.\n";
+  for (const ReportMethod* method : MethodsOf(of.name)) text += "\n" + MethodSection(*method);
+  return text;
+}
+
+std::string ParameterPage(const Class& of) {
+  std::string text = "# " + of.name + "\n\nObjeto de parâmetros, `CreateObject(\"KodraRpt." + of.name + "\")`.\n\n";
+  text += Members(of) + "\n## Quem lê\n\n";
+  for (const ReportMethod& method : reports::ReportMethods()) {
+    if (ToUtf8(method.parameterClass) != of.name) continue;
+    text += "- [`" + NameOf(method) + "`](" + ToUtf8(method.className) + ".md):";
+    const auto parameters = guide::About(method).parameters;
+    for (const guide::Parameter& parameter : parameters)
+      text += (&parameter == parameters.data() ? " `" : ", `") + std::string(parameter.name) + "`";
+    text += parameters.empty() ? " nenhuma, mas exige o objeto\n" : "\n";
+  }
+  return text + "\n## Exemplo\n\n```vb\nSet parametros = CreateObject(\"KodraRpt." + of.name + "\")\nparametros." +
+         of.members.front().name +
+         (of.members.front().type == "DATE" ? " = DateSerial(2024, 2, 1)" : " = \"Arquivo Geral\"") + "\n```\n";
+}
+
+std::string OtherPage(const Class& of) {
+  std::string text = "# " + of.name + "\n\n";
+  if (of.isCreatable)
+    text += "O que o componente diz de si, `CreateObject(\"KodraRpt." + of.name + "\")`.\n\n";
+  else
+    text += "Um operador do arquivo. O cliente não cria objetos desta classe.\n\n";
+  text += Members(of);
+  if (of.isCreatable)
+    text += "\n## Exemplo\n\n```vb\nWScript.Echo CreateObject(\"KodraRpt." + of.name + "\")." + of.members.back().name +
+            "\n```\n";
+  return text;
+}
+
+std::string ErrorTable(std::span<const guide::Error> errors) {
+  Table table({"Número", "Texto", "O que fazer"});
+  for (const guide::Error& error : errors)
+    table.Add({guide::NumberWords(error.number), std::string(error.text), std::string(error.remedy) + "."});
+  return table.Text();
+}
+
+std::string ErrorsPage() {
+  return "# Erros\n\n"
+         "O que muda de uma vez para outra está como … no texto.\n\n"
+         "## O que o cliente recebe\n\n" +
+         ErrorTable(guide::Errors()) +
+         "\n## As causas\n\n"
+         "O número da causa se perde no caminho, e fora de `CCaixaRpt` a fonte também: ela chega só na descrição do "
+         "erro\n80041FAB. Só `DocsNoModuloSubRpt` deixa o erro passar como é. O que falhou ao abrir o banco traz antes "
+         "os nomes entre\ncolchetes, como `[modADO.AbreCn]: `, e depois o código do banco, como ` [N:942]`.\n\n" +
+         ErrorTable(guide::Causes());
+}
+
+std::string Index(const std::vector<Class>& classes) {
+  std::string text =
+      "# Referência\n\n"
+      "As classes públicas de KodraRpt, feitas da IDL e do guia de `kodrarpt`; `./kodra reference` as escreve de "
+      "novo.\n"
+      "Os erros, com o que fazer, estão em [erros](erros.md).\n\n";
+  Table table({"Classe", "O que faz"});
+  for (const Class& of : classes) {
+    std::string what = ParameterClassOf(of.name) != nullptr ? "Parâmetros" : "";
+    for (const ReportMethod* method : MethodsOf(of.name))
+      what += (what.empty() ? "" : "; ") + std::string(guide::About(*method).purpose);
+    if (what.empty()) what = of.isCreatable ? "Versão e arquivo do componente" : "Um operador";
+    table.Add({"[`" + of.name + "`](" + of.name + ".md)", what});
+  }
+  return text + table.Text();
+}
+
+}  // namespace
+
+std::map<std::string, std::string> Pages(const std::vector<Class>& classes) {
+  std::map<std::string, std::string> pages = {{"README.md", Index(classes)}, {"erros.md", ErrorsPage()}};
+  for (const Class& of : classes) {
+    const bool isReport = !MethodsOf(of.name).empty();
+    const bool isParameters = ParameterClassOf(of.name) != nullptr;
+    pages[of.name + ".md"] = isReport ? ReportPage(of) : isParameters ? ParameterPage(of) : OtherPage(of);
+  }
+  return pages;
+}
+
+}  // namespace kodra::console::reference

@@ -1,0 +1,15 @@
+// The reference pages: one for each public class, one for the errors and one that lists them, in Markdown.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tools/reference/idl.h"
+
+namespace kodra::console::reference {
+
+// The pages' texts by the names of their files.
+std::map<std::string, std::string> Pages(const std::vector<Class>& classes);
+
+}  // namespace kodra::console::reference

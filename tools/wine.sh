@@ -1,0 +1,49 @@
+# The Wine environment with the component registered, and the sample archive that runs in it.
+
+# The sample archive in SQLite: archive FILE DOCUMENTS. Made anew only when the tool that makes it is newer.
+archive() {
+  local file=$1 documents=$2
+  [ "$file" -nt build/native/kodra-demo-data ] && return
+  mkdir -p "$(dirname "$file")"
+  rm -f "$file"
+  logged archive build/native/kodra-demo-data sqlite "$file" --documents "$documents"
+}
+
+windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; }
+
+# Registers the component and what it needs in Wine.
+register() {
+  local dll
+  for dll in kodra_ado kodra_siblings KodraRpt; do
+    wine_environment run wine regsvr32 /s "$(windows_path build/win32/$dll.dll)" 2>>"$logs/wine.log" ||
+      die "não foi possível registrar $dll.dll (veja $logs/wine.log)"
+  done
+}
+
+# One run at a time may use the Wine environment.
+lock_wine() {
+  mkdir -p "$logs"
+  as_root mkdir -p "$KODRA_CACHE"
+  as_root touch "$KODRA_CACHE/use.lock"
+  exec 8<"$KODRA_CACHE/use.lock"
+  flock 8
+}
+
+with_wine() {
+  lock_wine
+  register
+}
+
+# Runs a VBScript written in UTF-8, of one file or more: script FILE… -- ARGUMENT…. Wine reads scripts in the Windows
+# code page of Western Europe.
+script() {
+  local files=()
+  while [ "$1" != -- ]; do files+=("$1"); shift; done
+  shift
+  mkdir -p build/demo
+  cat "${files[@]}" | iconv -f UTF-8 -t CP1252 >build/demo/script.vbs
+  wine_environment run env LC_ALL="${script_locale:-C.UTF-8}" wine cscript //nologo build/demo/script.vbs "$@" 2>>"$logs/wine.log"
+}
+
+# The same as on a Brazilian Windows, whose console has code page 850, with what the script prints in UTF-8.
+brazilian_script() { script_locale=pt_BR.UTF-8 script "$@" | iconv -f CP850 -t UTF-8 | tr -d '\r'; }
