@@ -89,8 +89,23 @@ test_native() {
   done
 }
 
+# Every source in src/ is part of the DLL: the linker's map names the objects that it took.
+test_linked_sources() {
+  local source missing=()
+  while read -r source; do
+    grep -qE "[/(]${source##*/}\.obj" build/win32/KodraRpt.map || missing+=("$source")
+  done < <(git ls-files 'src/*.cpp')
+  if [ ${#missing[@]} = 0 ]; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    printf '  KodraRpt.dll não contém: %s\n' "${missing[@]}"
+  fi
+}
+
 test_wine() {
   build_preset win32
+  test_linked_sources
   build_preset native kodra-demo-data kodra-mariadb
   archive build/test/acervo.db 500
   logged acervo build/native/kodra-demo-data mysql build/test/acervo.sql --documents 500
