@@ -1,6 +1,7 @@
 #include "odbc/engine/session.h"
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
 
 #include "odbc/engine/connection_string.h"
@@ -59,6 +60,13 @@ std::vector<ProviderError> Diagnostics(SQLSMALLINT handleType, SQLHANDLE handle,
   }
 }
 
+// Connections are made and ended one at a time: Wine's driver manager loses one now and then where several threads do
+// so at once, and says nothing of why.
+std::mutex& Connecting() {
+  static std::mutex mutex;
+  return mutex;
+}
+
 SQLUINTEGER OdbcIsolation(std::int32_t level) {
   switch (level) {
     case 256:
@@ -89,6 +97,7 @@ void Session::Open(const std::wstring& user, const std::wstring& password) {
   const std::wstring odbc = ToOdbcConnectionString(properties_.connectionString, user, password);
   std::u16string wide = values::ToUtf16(WithStreaming(odbc));
   const Utf8Locale narrowTextIsUtf8;
+  const std::lock_guard oneAtATime(Connecting());
   SQLHDBC handle = nullptr;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, Environment(), &handle))) {
     Fail(SQL_HANDLE_ENV, Environment(), Stage::kConnect);
@@ -119,6 +128,7 @@ void Session::Close() noexcept {
   for (Recordset* recordset : std::exchange(recordsets_, {})) recordset->ConnectionClosed();
   if (inTransaction_) SQLEndTran(SQL_HANDLE_DBC, handle_, SQL_ROLLBACK);
   inTransaction_ = false;
+  const std::lock_guard oneAtATime(Connecting());
   SQLDisconnect(handle_);
   SQLFreeHandle(SQL_HANDLE_DBC, handle_);
   handle_ = nullptr;
