@@ -88,7 +88,7 @@ HRESULT ForEachClass(const Step& step) noexcept {
 }  // namespace
 }  // namespace kodra::adodb
 
-using namespace kodra::adodb;  // the entry points below are C functions, which stand in no namespace
+using namespace kodra::adodb;  // the entry points below are C functions, which are in no namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {

@@ -125,7 +125,7 @@ std::wstring PlainText(const Decimal& number) {
   Decimal rest = WithoutTrailingZeros(number);
   std::wstring text;
   const auto scale = static_cast<std::size_t>(rest.scale);
-  // From the last digit to the first; a zero stands before the point when there is nothing else.
+  // From the last digit to the first; a zero is written before the point when there is nothing else.
   while (!IsZero(rest) || text.size() <= scale) text += static_cast<wchar_t>(L'0' + TakeLastDigit(rest));
   if (scale > 0) text.insert(scale, 1, L'.');
   if (number.negative && !IsZero(number)) text += L'-';

@@ -210,7 +210,7 @@ TEST(ReportErrors, AnErrorOfTheParameterObjectWithoutATextHasThatOfItsNumber) {
 
 TEST(ReportErrors, APropertyThatHoldsNoTextIsTheCause) {
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"TipoRpt", Var::Null()), L"Uso de 'Null' inválido");
-  // An object stands for its default property, which this one does not have.
+  // An object is read as its default property, which this one does not have.
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"TipoRpt", Var(ParametersOf(kMedia).get())),
                 L"O objeto não aceita esta propriedade ou método");
 }
