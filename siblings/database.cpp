@@ -34,22 +34,21 @@ std::vector<Row> ReadOwn(platform::Surroundings& surroundings, const std::wstrin
 }
 
 // The result of a member with one argument.
-Value CallWith(platform::AutomationObject& object, std::wstring_view member, const Value& argument) {
+Value CallWith(AutomationObject& object, std::wstring_view member, const Value& argument) {
   return object.Call(member, {&argument, 1});
 }
 
-std::vector<Row> ReadLateBound(platform::AutomationObject& connection, const std::wstring& statement,
-                               const Columns& columns) {
-  const ObjectRef recordset = platform::ObjectIn(CallWith(connection, L"Execute", statement));
-  const ObjectRef list = platform::ObjectIn(platform::RequiredObject(recordset).Get(L"Fields"));
+std::vector<Row> ReadLateBound(AutomationObject& connection, const std::wstring& statement, const Columns& columns) {
+  const ObjectRef recordset = ObjectIn(CallWith(connection, L"Execute", statement));
+  const ObjectRef list = ObjectIn(RequiredObject(recordset).Get(L"Fields"));
   std::vector<ObjectRef> fields;
   for (const std::wstring_view column : columns) {
-    fields.push_back(platform::ObjectIn(CallWith(platform::RequiredObject(list), L"Item", column)));
+    fields.push_back(ObjectIn(CallWith(RequiredObject(list), L"Item", column)));
   }
   std::vector<Row> rows;
   for (; !values::ToBool(recordset->Get(L"EOF")); recordset->Call(L"MoveNext", {})) {
     Row& row = rows.emplace_back();
-    for (const ObjectRef& field : fields) row.push_back(platform::RequiredObject(field).Get(L"Value"));
+    for (const ObjectRef& field : fields) row.push_back(RequiredObject(field).Get(L"Value"));
   }
   recordset->Call(L"Close", {});
   return rows;

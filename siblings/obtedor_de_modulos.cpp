@@ -66,7 +66,7 @@ Value ObtedorDeModulos::Find(const std::wstring& module, const std::wstring& con
 }
 
 Value ObtedorDeModulos::ObtemSubordinados(std::span<const Value> arguments) {
-  platform::AutomationObject& filter = platform::RequiredObject(arguments[0]);
+  AutomationObject& filter = RequiredObject(arguments[0]);
   const std::wstring module = values::ToText(filter.Get(L"NumCaixa"));
   return Find(module, ClosedCondition(values::ToInt32(filter.Get(L"Fechados"))));
 }

@@ -51,7 +51,7 @@ std::wstring Literally(std::wstring_view text) {
 // The conditions of a statement, gathered from the members of a filter that say something.
 class Conditions {
  public:
-  Conditions(const Database& database, platform::AutomationObject& filter) : database_(database), filter_(filter) {}
+  Conditions(const Database& database, AutomationObject& filter) : database_(database), filter_(filter) {}
 
   void Contains(std::wstring_view column, std::wstring_view member) {
     const std::wstring text = values::ToText(filter_.Get(member));
@@ -86,11 +86,11 @@ class Conditions {
   }
 
   const Database& database_;
-  platform::AutomationObject& filter_;
+  AutomationObject& filter_;
   std::wstring text_;
 };
 
-std::wstring ClauseOf(const Database& database, platform::AutomationObject& filter) {
+std::wstring ClauseOf(const Database& database, AutomationObject& filter) {
   Conditions conditions(database, filter);
   conditions.Contains(L"e.ACAO", L"Acao");
   conditions.Equals(L"e.COD_DOCTO", L"Cod_Docto");
@@ -108,7 +108,7 @@ Value RegEvtDao::Localiza(std::span<const Value> arguments) {
   if (stringConexao_.empty()) {
     throw ForeignErro(kErrBase + 1, L"KodraRegEvt.RegEvtDAO::Localiza", L"É preciso definir \"StringConexao\".");
   }
-  platform::AutomationObject& filter = platform::RequiredObject(arguments[0]);
+  AutomationObject& filter = RequiredObject(arguments[0]);
   const Database database(surroundings_, stringConexao_);
   const std::wstring statement =
       L"SELECT e.DATA_INICIAL, e.NOME_OPERADOR, e.MAQUINA, e.COD_DOCTO, e.TIPO_EVENTO, e.ACAO "

@@ -19,7 +19,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 #include "values/convert.h"
 #include "values/erro.h"
 #include "values/upper.h"
@@ -36,7 +36,7 @@ struct Member {
 };
 
 template <class T>
-class Sibling : public platform::AutomationObject {
+class Sibling : public AutomationObject {
  public:
   Value Get(std::wstring_view member) override { return For(member, &Member<T>::get)(Self()); }
 
@@ -98,7 +98,7 @@ Member<ClassOf<kField>> Reference(std::wstring_view name) {
   using T = ClassOf<kField>;
   return {.name = name,
           .get = [](T& self) { return Value(self.*kField); },
-          .let = [](T& self, const Value& value) { self.*kField = platform::ObjectIn(value); },
+          .let = [](T& self, const Value& value) { self.*kField = ObjectIn(value); },
           .set = [](T& self, const ObjectRef& object) { self.*kField = object; }};
 }
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/automation.h"
 #include "platform/surroundings.h"
+#include "values/automation.h"
 
 namespace kodra::siblings {
 

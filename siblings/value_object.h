@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::siblings {
 
-class ValueObject final : public platform::AutomationObject {
+class ValueObject final : public AutomationObject {
  public:
   using Entry = std::pair<std::wstring, Value>;
 

@@ -31,7 +31,7 @@ class Fresh {
 };
 
 // Every sibling in one: each knows all members that a report asks for.
-class Sibling final : public platform::AutomationObject {
+class Sibling final : public AutomationObject {
  public:
   explicit Sibling(NullPlatform& around) : around_(around) {}
 

@@ -43,13 +43,13 @@ class NullPlatform final : public platform::Surroundings {
 
  private:
   // All siblings in one.
-  std::unique_ptr<platform::AutomationObject> sibling_;
+  std::unique_ptr<AutomationObject> sibling_;
 };
 
 // The client's parameter object: gives its values with the watch stopped.
-class ClientParameters final : public platform::AutomationObject {
+class ClientParameters final : public AutomationObject {
  public:
-  ClientParameters(platform::AutomationObject& values, Watch& watch) : values_(values), watch_(watch) {}
+  ClientParameters(AutomationObject& values, Watch& watch) : values_(values), watch_(watch) {}
 
   Value Get(std::wstring_view member) override;
   void Let(std::wstring_view member, const Value& value) override { values_.Let(member, value); }
@@ -59,7 +59,7 @@ class ClientParameters final : public platform::AutomationObject {
   }
 
  private:
-  platform::AutomationObject& values_;
+  AutomationObject& values_;
   Watch& watch_;
 };
 

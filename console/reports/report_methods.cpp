@@ -31,9 +31,9 @@
 namespace kodra::reports {
 namespace {
 
-template <class Report, frame::ReportRows (Report::*kMethod)(platform::AutomationObject*)>
+template <class Report, frame::ReportRows (Report::*kMethod)(AutomationObject*)>
 frame::ReportRows CallOn(platform::Surroundings& surroundings, const std::wstring& connectionString,
-                         platform::AutomationObject* obj) {
+                         AutomationObject* obj) {
   Report report(surroundings);
   report.SetStringConexao(connectionString);
   return (report.*kMethod)(obj);

@@ -20,7 +20,7 @@ struct ReportMethod {
   std::wstring_view parameterClass;
   // Calls the method of a new report object that reads at that connection string; raises what the method raises.
   frame::ReportRows (*call)(platform::Surroundings& surroundings, const std::wstring& connectionString,
-                            platform::AutomationObject* obj);
+                            AutomationObject* obj);
 };
 
 // The methods of all report classes: catalogs, operators, documents, requests, log, modules, containers, statistics.

@@ -5,11 +5,11 @@
 #include <map>
 #include <string>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::console {
 
-class Placeholder final : public platform::AutomationObject {
+class Placeholder final : public AutomationObject {
  public:
   // What a property or method answers, by its name, from the arguments of the call.
   using Answer = std::function<Value(std::span<const Value>)>;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::console {
 

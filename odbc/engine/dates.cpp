@@ -1,27 +1,18 @@
 #include "odbc/engine/dates.h"
 
-#include <chrono>
 #include <cmath>
 #include <cwchar>
 
 #include "values/characters.h"
+#include "values/dates.h"
 
 namespace kodra::odbc {
 namespace {
 
-using std::chrono::day;
-using std::chrono::days;
-using std::chrono::month;
-using std::chrono::sys_days;
-using std::chrono::year;
-using std::chrono::year_month_day;
-
-constexpr sys_days kDayZero{year{1899} / 12 / 30};
 constexpr double kMillisecondsADay = 86400000.0;
 
 bool Exists(const CivilTime& t) {
-  const year_month_day date{year{t.year}, month{static_cast<unsigned>(t.month)}, day{static_cast<unsigned>(t.day)}};
-  return date.ok() && t.hour < 24 && t.minute < 60 && t.second < 60;
+  return values::IsCivilDay({t.year, t.month, t.day}) && t.hour < 24 && t.minute < 60 && t.second < 60;
 }
 
 // Takes parts of a date off the front of a text.
@@ -79,11 +70,8 @@ bool ReadDate(Parts& parts, CivilTime& t) {
 }  // namespace
 
 Date DateOf(const CivilTime& t) {
-  const year_month_day date{year{t.year}, month{static_cast<unsigned>(t.month)}, day{static_cast<unsigned>(t.day)}};
-  const auto whole = static_cast<double>((sys_days{date} - kDayZero).count());
-  const double part = (((t.hour * 60.0 + t.minute) * 60.0 + t.second) * 1000.0 + t.millisecond) / kMillisecondsADay;
-  // The time of day counts away from zero: -1.25 is six in the morning of 29 December 1899.
-  return {whole < 0 ? whole - part : whole + part};
+  const double time = (((t.hour * 60.0 + t.minute) * 60.0 + t.second) * 1000.0 + t.millisecond) / kMillisecondsADay;
+  return values::FromDayAndTime(values::DayNumber({t.year, t.month, t.day}), time);
 }
 
 CivilTime CivilOf(Date date) {
@@ -93,12 +81,12 @@ CivilTime CivilOf(Date date) {
     whole += 1;
     milliseconds = 0;
   }
-  const year_month_day civil{kDayZero + days{static_cast<int>(whole)}};
+  const values::CivilDay day = values::DayOfNumber(static_cast<std::int32_t>(whole));
   auto rest = static_cast<std::int32_t>(milliseconds);
   CivilTime t;
-  t.year = static_cast<int>(civil.year());
-  t.month = static_cast<std::int32_t>(static_cast<unsigned>(civil.month()));
-  t.day = static_cast<std::int32_t>(static_cast<unsigned>(civil.day()));
+  t.year = day.year;
+  t.month = day.month;
+  t.day = day.day;
   t.millisecond = rest % 1000;
   rest /= 1000;
   t.second = rest % 60;

@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "ado/com_ptr.h"
-#include "platform/automation.h"
 #include "siblings/com/module_lock.h"
+#include "values/automation.h"
 
 namespace kodra::siblings {
 

@@ -10,7 +10,7 @@ namespace com = ado;
 using com::com_ptr;
 
 Value Ouvinte::Conecta(std::span<const Value> arguments) {
-  for (const Value& argument : arguments) platform::RequiredObject(argument);
+  for (const Value& argument : arguments) RequiredObject(argument);
   const com_ptr<IDispatch> source = com::DispatchOf(arguments[0].As<ObjectRef>());
   Disconnect();
   EventSet events = EventsOf(source.get());

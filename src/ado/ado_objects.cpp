@@ -30,8 +30,7 @@ class AdoField final : public platform::Field {
     return ToValue(*value);
   }
   void Let(const Value& value) override { Put(ScopedVariant(value)); }
-  std::optional<Value> LetText(platform::AutomationObject& object, std::wstring_view member,
-                               std::size_t longest) override {
+  std::optional<Value> LetText(AutomationObject& object, std::wstring_view member, std::size_t longest) override {
     if (typeid(object) != typeid(DispatchObject)) return platform::Field::LetText(object, member, longest);
     const ScopedVariant read = static_cast<DispatchObject&>(object).GetVariant(member);
     const VARIANT& value = *read;

@@ -110,7 +110,7 @@ void DispatchObject::ForEach(const std::function<void(const Value&)>& visit) {
   EXCEPINFO info = {};
   const HRESULT hr = object_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT,
                                      DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none, enumeration.put(), &info, nullptr);
-  if (hr == DISP_E_MEMBERNOTFOUND) return platform::AutomationObject::ForEach(visit);
+  if (hr == DISP_E_MEMBERNOTFOUND) return AutomationObject::ForEach(visit);
   if (FAILED(hr)) Raise(hr, info);
   const VARTYPE type = V_VT(enumeration.get());
   com_ptr<IEnumVARIANT> members;

@@ -5,13 +5,13 @@
 
 #include "ado/automation_headers.h"
 #include "ado/com_ptr.h"
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::ado {
 
 class ScopedVariant;
 
-class DispatchObject final : public platform::AutomationObject {
+class DispatchObject final : public AutomationObject {
  public:
   // Shares the object. REQUIRES: not null.
   explicit DispatchObject(IDispatch* object) : object_(object) {}

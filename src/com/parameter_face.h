@@ -10,7 +10,7 @@ namespace kodra::com {
 // answered inside this copy of the DLL only and has no proxy: the objects of another copy or another apartment are read
 // through IDispatch.
 struct IParameters : IUnknown {
-  virtual platform::AutomationObject& Parameters() noexcept = 0;
+  virtual AutomationObject& Parameters() noexcept = 0;
 };
 
 // The id of IParameters, which is another one in every copy of the DLL that a process has loaded: exceptions do not
@@ -30,7 +30,7 @@ class ParameterMembers final : public IParameters {
   STDMETHODIMP QueryInterface(REFIID iid, void** face) noexcept override { return object_.QueryInterface(iid, face); }
   STDMETHODIMP_(ULONG) AddRef() noexcept override { return object_.AddRef(); }
   STDMETHODIMP_(ULONG) Release() noexcept override { return object_.Release(); }
-  platform::AutomationObject& Parameters() noexcept override { return parameters_; }
+  AutomationObject& Parameters() noexcept override { return parameters_; }
 
   HRESULT Get(std::wstring_view name, BSTR* value) noexcept;
   HRESULT Get(std::wstring_view name, DATE* value) noexcept;

@@ -15,10 +15,10 @@ namespace {
 
 // The parameter object that a client passed, as a report reads it: one of our own directly, any other through
 // IDispatch, null as null. Keeps the client's object alive.
-std::shared_ptr<platform::AutomationObject> ParametersOf(IDispatch* obj) {
+std::shared_ptr<AutomationObject> ParametersOf(IDispatch* obj) {
   const auto own = com_ptr<IDispatch>(obj).as<IParameters>(ParametersId());
   if (!own) return ado::WrapDispatch(obj);
-  return {&own->Parameters(), [own](platform::AutomationObject*) {}};
+  return {&own->Parameters(), [own](AutomationObject*) {}};
 }
 
 // The recordset as the client gets it, with a reference of the client's; null for a report without one.

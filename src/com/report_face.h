@@ -9,7 +9,7 @@ namespace kodra::com {
 HRESULT GetStringConexao(const frame::ReportClass& report, REFIID iid, BSTR* value) noexcept;
 HRESULT LetStringConexao(frame::ReportClass& report, REFIID iid, BSTR value) noexcept;
 
-using ReportMethod = frame::ReportRows (frame::ReportClass::*)(platform::AutomationObject*);
+using ReportMethod = frame::ReportRows (frame::ReportClass::*)(AutomationObject*);
 
 // Runs a report method on the client's parameter object. `object` is the COM object of the report, `iid` its dual
 // interface. Both objects stay alive for the call, whatever the client releases meanwhile.
@@ -27,7 +27,7 @@ class ReportFace : public DualObject<Class, Interface> {
   }
 
  protected:
-  using Method = frame::ReportRows (ReportClass::*)(platform::AutomationObject*);
+  using Method = frame::ReportRows (ReportClass::*)(AutomationObject*);
 
   ReportClass& Report() noexcept { return report_; }
 

@@ -45,16 +45,16 @@ Value ObtemParametroSistema(const std::wstring& name, const std::wstring& source
                             platform::Surroundings& surroundings) {
   const Value reader = CriaObjeto(L"KodraParamSist.Obtedor", kSource, surroundings);
   if (source.empty()) throw Erro(kErrBase + 1, kSource, L"Arquivo INI ou String de Conexão não informada.");
-  platform::RequiredObject(reader).Let(LooksLikeConnectionString(source) ? L"StringConexao" : L"ArquivoIni", source);
-  const Value set = platform::RequiredObject(reader).Call(L"Obtem", {});
+  RequiredObject(reader).Let(LooksLikeConnectionString(source) ? L"StringConexao" : L"ArquivoIni", source);
+  const Value set = RequiredObject(reader).Call(L"Obtem", {});
 
   const std::wstring upper = values::UpperCase(name);
   const auto* parameter = std::find_if(kParameters.begin(), kParameters.end(),
                                        [&](const Parameter& candidate) { return candidate.name == upper; });
   if (parameter == kParameters.end()) throw Erro(kErrBase + 2, kSource, L"Parâmetro desconhecido: \"" + name + L"\".");
-  if (parameter->group.empty()) return platform::RequiredObject(set).Get(parameter->member);
-  const Value group = platform::RequiredObject(set).Get(parameter->group);
-  return platform::RequiredObject(group).Get(parameter->member);
+  if (parameter->group.empty()) return RequiredObject(set).Get(parameter->member);
+  const Value group = RequiredObject(set).Get(parameter->group);
+  return RequiredObject(group).Get(parameter->member);
 }
 
 }  // namespace kodra::data

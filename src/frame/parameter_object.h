@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::frame {
 
@@ -42,7 +42,7 @@ std::span<const ParameterClass> ParameterClasses();
 // The class of that exact name. REQUIRES: there is one.
 const ParameterClass& ParameterClassNamed(std::wstring_view name);
 
-class ParameterObject final : public platform::AutomationObject {
+class ParameterObject final : public AutomationObject {
  public:
   // REQUIRES: the class outlives the object (those of ParameterClasses() do).
   explicit ParameterObject(const ParameterClass& parameterClass);

@@ -6,7 +6,7 @@
 namespace kodra::frame {
 namespace {
 
-Value Read(platform::AutomationObject& parameters, values::Piece property) {
+Value Read(AutomationObject& parameters, values::Piece property) {
   try {
     return parameters.Get(property);
   } catch (const MemberNotFound& erro) {
@@ -17,15 +17,15 @@ Value Read(platform::AutomationObject& parameters, values::Piece property) {
 
 }  // namespace
 
-std::wstring ReadText(platform::AutomationObject& parameters, values::Piece property) {
+std::wstring ReadText(AutomationObject& parameters, values::Piece property) {
   return values::ToText(Read(parameters, property));
 }
 
-Date ReadDate(platform::AutomationObject& parameters, values::Piece property) {
+Date ReadDate(AutomationObject& parameters, values::Piece property) {
   return values::ToDate(Read(parameters, property));
 }
 
-bool ReadFlag(platform::AutomationObject& parameters, values::Piece property) {
+bool ReadFlag(AutomationObject& parameters, values::Piece property) {
   return values::ToBool(Read(parameters, property));
 }
 

@@ -25,7 +25,7 @@ ReportClass::Call::~Call() {
   report_.tipoBanco_ = reportsCode_;
 }
 
-void ReportClass::InicializaPS(const platform::AutomationObject* obj) {
+void ReportClass::InicializaPS(const AutomationObject* obj) {
   if (stringConexao_.empty())
     throw Erro(kErrBase + 9998, SourceOf(L"InicializaPS"), L"É preciso definir a propriedade \"StringConexao\".");
   if (obj == nullptr) throw Erro(kErrBase + 9999, SourceOf(L"InicializaPS"), L"Objeto não definido.");

@@ -6,7 +6,7 @@
 //   class CDeptoRpt : public ReportClass {
 //    public:
 //     explicit CDeptoRpt(platform::Surroundings& surroundings) : ReportClass(L"CDeptoRpt", surroundings) {}
-//     ReportRows RelatorioDeptos(platform::AutomationObject* obj) {
+//     ReportRows RelatorioDeptos(AutomationObject* obj) {
 //       return Report(L"RelatorioDeptos", [&] {
 //         InicializaPS(obj);
 //         return Open(…);
@@ -67,7 +67,7 @@ class ReportClass {
 
   // Checks the connection string, then the parameter object; learns the database code from the connection component
   // and hands it to the translator. Raises kErrBase + 9998 (no connection string) and kErrBase + 9999 (null object).
-  void InicializaPS(const platform::AutomationObject* obj);
+  void InicializaPS(const AutomationObject* obj);
 
   // The second half of InicializaPS: asks the connection component for the database code.
   void LearnTipoBanco();

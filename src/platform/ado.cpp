@@ -1,6 +1,6 @@
 #include "platform/ado.h"
 
-#include "platform/automation.h"
+#include "values/automation.h"
 #include "values/erro.h"
 
 namespace kodra::platform {

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "platform/ado.h"
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::platform {
 

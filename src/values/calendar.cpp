@@ -17,14 +17,14 @@ constexpr std::int32_t kFirstYear = 100;
 constexpr std::int32_t kLastYear = 9999;
 constexpr std::int32_t kSecondsPerDay = 24 * 60 * 60;
 
-constexpr year_month_day DayOf(std::int32_t year, std::int32_t month, std::int32_t day) {
+constexpr year_month_day DateOf(std::int32_t year, std::int32_t month, std::int32_t day) {
   return {std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
           std::chrono::day{static_cast<unsigned>(day)}};
 }
 
-constexpr sys_days kDayZero = DayOf(1899, 12, 30);
-constexpr std::int32_t kFirstDay = (sys_days{DayOf(kFirstYear, 1, 1)} - kDayZero).count();
-constexpr std::int32_t kLastDay = (sys_days{DayOf(kLastYear, 12, 31)} - kDayZero).count();
+constexpr sys_days kDayZero = DateOf(1899, 12, 30);
+constexpr std::int32_t kFirstDay = (sys_days{DateOf(kFirstYear, 1, 1)} - kDayZero).count();
+constexpr std::int32_t kLastDay = (sys_days{DateOf(kLastYear, 12, 31)} - kDayZero).count();
 
 std::tm LocalNow() {
   const std::time_t now = std::time(nullptr);
@@ -41,14 +41,29 @@ std::tm LocalNow() {
 
 bool IsDay(std::int32_t year, std::int32_t month, std::int32_t day) noexcept {
   if (year < kFirstYear || year > kLastYear || month < 1 || month > 12 || day < 1 || day > 31) return false;
-  return DayOf(year, month, day).ok();
+  return IsCivilDay({year, month, day});
+}
+
+bool IsCivilDay(CivilDay day) noexcept { return DateOf(day.year, day.month, day.day).ok(); }
+
+std::int32_t DayNumber(CivilDay day) noexcept {
+  return (sys_days{DateOf(day.year, day.month, day.day)} - kDayZero).count();
+}
+
+CivilDay DayOfNumber(std::int32_t number) noexcept {
+  const year_month_day date{kDayZero + days{number}};
+  return {.year = static_cast<int>(date.year()),
+          .month = static_cast<std::int32_t>(static_cast<unsigned>(date.month())),
+          .day = static_cast<std::int32_t>(static_cast<unsigned>(date.day()))};
+}
+
+Date FromDayAndTime(std::int32_t dayNumber, double time) noexcept {
+  return {dayNumber < 0 ? dayNumber - time : dayNumber + time};
 }
 
 Date FromCalendar(const Calendar& calendar) {
-  const auto whole =
-      static_cast<double>((sys_days{DayOf(calendar.year, calendar.month, calendar.day)} - kDayZero).count());
   const double time = (calendar.hour * 3600 + calendar.minute * 60 + calendar.second) / double{kSecondsPerDay};
-  return {whole < 0 ? whole - time : whole + time};
+  return FromDayAndTime(DayNumber({calendar.year, calendar.month, calendar.day}), time);
 }
 
 Calendar ToCalendar(Date date) {
@@ -65,10 +80,10 @@ Calendar ToCalendar(Date date) {
   }
   if (dayNumber > kLastDay) throw MakeRuntimeError(RuntimeError::kOverflow);
 
-  const year_month_day day{kDayZero + days{dayNumber}};
-  return {.year = static_cast<int>(day.year()),
-          .month = static_cast<std::int32_t>(static_cast<unsigned>(day.month())),
-          .day = static_cast<std::int32_t>(static_cast<unsigned>(day.day())),
+  const CivilDay day = DayOfNumber(dayNumber);
+  return {.year = day.year,
+          .month = day.month,
+          .day = day.day,
           .hour = seconds / 3600,
           .minute = seconds / 60 % 60,
           .second = seconds % 60};

@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 #include "values/decimal.h"
 #include "values/erro.h"
 #include "values/format_date.h"
@@ -13,8 +13,6 @@
 
 namespace kodra::values {
 namespace {
-
-using platform::DefaultValue;
 
 [[noreturn]] void Refuse(Null) { throw MakeRuntimeError(RuntimeError::kInvalidUseOfNull); }
 
@@ -57,9 +55,9 @@ struct Int32Of {
     return static_cast<std::int32_t>(value);
   }
   std::int32_t operator()(double value) const { return Narrow(RoundToEven(value)); }
-  std::int32_t operator()(Currency value) const { return (*this)(values::ToDecimal(value)); }
+  std::int32_t operator()(Currency value) const { return (*this)(ToDecimal(value)); }
   std::int32_t operator()(const Decimal& value) const {
-    const std::optional<std::int64_t> whole = values::RoundToInteger(value);
+    const std::optional<std::int64_t> whole = RoundToInteger(value);
     if (!whole) Overflow();
     return Narrow(*whole);
   }
@@ -87,8 +85,8 @@ struct DateOf {
   Date operator()(Number value) const {
     return Checked(static_cast<double>(value));
   }
-  Date operator()(Currency value) const { return (*this)(values::ToDecimal(value)); }
-  Date operator()(const Decimal& value) const { return Checked(values::ToDouble(value)); }
+  Date operator()(Currency value) const { return (*this)(ToDecimal(value)); }
+  Date operator()(const Decimal& value) const { return Checked(ToDouble(value)); }
   Date operator()(Date value) const { return value; }
   Date operator()(const std::wstring& value) const {
     if (const std::optional<Date> date = ParseDate(value)) return *date;

@@ -1,6 +1,6 @@
 // Conversions of a value as the automation runtime makes them under Brazilian Portuguese.
 //
-// An object is converted by way of its default property (platform::DefaultValue). Each raises a runtime error for a
+// An object is converted by way of its default property (DefaultValue). Each raises a runtime error for a
 // value that it cannot convert: RuntimeError::kInvalidUseOfNull for Null, RuntimeError::kObjectNotSet for a null
 // object, RuntimeError::kMemberNotFound for an object without default property.
 #pragma once

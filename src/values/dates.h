@@ -28,6 +28,22 @@ struct Calendar {
 // Whether the day exists: year 100 to 9999, month 1 to 12, day within its month.
 bool IsDay(std::int32_t year, std::int32_t month, std::int32_t day) noexcept;
 
+// A day of the Gregorian calendar, of any year; IsCivilDay() tells whether it exists.
+struct CivilDay {
+  std::int32_t year;
+  std::int32_t month;
+  std::int32_t day;
+};
+
+bool IsCivilDay(CivilDay day) noexcept;
+
+// The number of a day, counted from 30 December 1899, and the day of a number. REQUIRES: the day exists.
+std::int32_t DayNumber(CivilDay day) noexcept;
+CivilDay DayOfNumber(std::int32_t number) noexcept;
+
+// The date of a day number and a time of day, as a fraction of a day from 0 to below 1.
+Date FromDayAndTime(std::int32_t dayNumber, double time) noexcept;
+
 // REQUIRES: IsDay(year, month, day), hour 0 to 23, minute and second 0 to 59.
 Date FromCalendar(const Calendar& calendar);
 

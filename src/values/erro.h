@@ -34,7 +34,7 @@ class Erro : public std::exception {
 };
 
 // An error whose words come from outside the component: from a provider, a sibling or a client's object. They may
-// repeat a connection string, so whoever adds words of the component's own asks CurrentErro of platform/password.h for
+// repeat a connection string, so whoever adds words of the component's own asks CurrentErro of values/password.h for
 // them.
 class ForeignErro : public Erro {
  public:

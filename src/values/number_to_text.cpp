@@ -101,10 +101,10 @@ std::wstring NumberToText(std::int64_t number) { return IntegerToText(number); }
 
 std::wstring NumberToText(std::uint64_t number) { return IntegerToText(number); }
 
-std::wstring NumberToText(Currency number) { return NumberToText(values::ToDecimal(number)); }
+std::wstring NumberToText(Currency number) { return NumberToText(ToDecimal(number)); }
 
 std::wstring NumberToText(const Decimal& number) {
-  std::wstring text = values::PlainText(number);
+  std::wstring text = PlainText(number);
   std::ranges::replace(text, L'.', L',');
   return text;
 }

@@ -14,11 +14,9 @@
 
 namespace kodra {
 
-namespace platform {
 class AutomationObject;
-}
 // A shared reference to an automation object; null stands for "Nothing".
-using ObjectRef = std::shared_ptr<platform::AutomationObject>;
+using ObjectRef = std::shared_ptr<AutomationObject>;
 
 struct Empty {  // a variant never assigned
   bool operator==(const Empty&) const = default;

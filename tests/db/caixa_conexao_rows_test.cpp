@@ -20,7 +20,7 @@ class CaixaConexaoRows : public OnBoth {
     report.OnDebugLog([this](const std::wstring& line) { lines.push_back(line); });
   }
 
-  using Method = frame::ReportRows (CCaixaRpt::*)(platform::AutomationObject*);
+  using Method = frame::ReportRows (CCaixaRpt::*)(AutomationObject*);
   frame::ReportRows OpenOn(Method method, Properties properties = {}) {
     auto obj = Parameters(L"CCaixaRptObj", properties);
     return (report.*method)(&obj);

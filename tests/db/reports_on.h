@@ -51,18 +51,18 @@ class Reports {
 
   // What a report method gives to a client who sets its connection string and passes these parameters.
   template <class Report>
-  frame::ReportRows Open(frame::ReportRows (Report::*method)(platform::AutomationObject*), frame::ParameterObject obj) {
+  frame::ReportRows Open(frame::ReportRows (Report::*method)(AutomationObject*), frame::ParameterObject obj) {
     Report report(machine_);
     report.SetStringConexao(connection_);
     return (report.*method)(&obj);
   }
   template <class Report>
-  Table RowsOf(frame::ReportRows (Report::*method)(platform::AutomationObject*), frame::ParameterObject obj) {
+  Table RowsOf(frame::ReportRows (Report::*method)(AutomationObject*), frame::ParameterObject obj) {
     return Read(*Open(method, std::move(obj)));
   }
   // What it raises.
   template <class Report>
-  Raised ErrorOf(frame::ReportRows (Report::*method)(platform::AutomationObject*), frame::ParameterObject obj) {
+  Raised ErrorOf(frame::ReportRows (Report::*method)(AutomationObject*), frame::ParameterObject obj) {
     return RaisedBy([&] { Open(method, std::move(obj)); });
   }
 

@@ -47,9 +47,8 @@ class SiblingsOnMariaDb : public testing::Test {
   // What a member says of each item of a collection, in its order; nothing for no collection.
   static std::vector<std::wstring> Texts(const Value& collection, const wchar_t* member) {
     std::vector<std::wstring> texts;
-    if (const ObjectRef items = platform::ObjectIn(collection)) {
-      items->ForEach(
-          [&](const Value& item) { texts.push_back(values::ToText(platform::RequiredObject(item).Get(member))); });
+    if (const ObjectRef items = ObjectIn(collection)) {
+      items->ForEach([&](const Value& item) { texts.push_back(values::ToText(RequiredObject(item).Get(member))); });
     }
     return texts;
   }

@@ -89,7 +89,7 @@ class FixedStrCon final : public siblings::Sibling<FixedStrCon> {
   std::int32_t code_;
 };
 
-using ModuleMethod = frame::ReportRows (reports::CCaixaRpt::*)(platform::AutomationObject*);
+using ModuleMethod = frame::ReportRows (reports::CCaixaRpt::*)(AutomationObject*);
 
 ModuleMethod ModuleMethodNamed(std::wstring_view name) {
   using reports::CCaixaRpt;

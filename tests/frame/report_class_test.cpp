@@ -31,13 +31,13 @@ class ProbeReport : public ReportClass {
   using ReportClass::Open;
   using ReportClass::TipoBanco;
 
-  ReportRows RelatorioProva(platform::AutomationObject* obj, const std::function<ReportRows()>& body) {
+  ReportRows RelatorioProva(AutomationObject* obj, const std::function<ReportRows()>& body) {
     return Report(L"RelatorioProva", [&] {
       InicializaPS(obj);
       return body();
     });
   }
-  ReportRows RelatorioProva(platform::AutomationObject* obj) {
+  ReportRows RelatorioProva(AutomationObject* obj) {
     return RelatorioProva(obj, [this] { return Open(L"SELECT " + ToString(sql::SQLDataAtual())); });
   }
 };

@@ -18,7 +18,7 @@ namespace {
 using tests::Raised;
 using tests::RaisedBy;
 
-class Nothing : public platform::AutomationObject {
+class Nothing : public AutomationObject {
  public:
   Value Get(std::wstring_view) override { return Empty{}; }
   void Let(std::wstring_view, const Value&) override {}

@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-#include "platform/automation.h"
 #include "tests/recorder/journal.h"
+#include "values/automation.h"
 
 namespace kodra::recorder {
 
@@ -14,7 +14,7 @@ namespace kodra::recorder {
 // A member without answers is unknown to the object (error 438); any property may be assigned.
 using Answers = std::map<std::wstring, std::deque<Value>>;
 
-class FakeObject final : public platform::AutomationObject, public Fake {
+class FakeObject final : public AutomationObject, public Fake {
  public:
   FakeObject(Journal& journal, std::wstring name, Answers answers)
       : Fake(journal, std::move(name)), answers_(std::move(answers)) {}

@@ -18,7 +18,7 @@ using recorder::RaisedBy;
 using Action = std::function<void()>;
 
 // A client's parameter object that does something each time a property of it is read.
-class BusyParameters final : public platform::AutomationObject {
+class BusyParameters final : public AutomationObject {
  public:
   BusyParameters(std::map<std::wstring, Value> properties, Action action)
       : properties_(std::move(properties)), action_(std::move(action)) {}

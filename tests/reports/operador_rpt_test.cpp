@@ -213,7 +213,7 @@ INSTANTIATE_TEST_SUITE_P(Codes, COperadorRptTypeTest,
                                          TypeCode{L"-2", "-2"}));
 
 TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
-  struct Types final : platform::AutomationObject {
+  struct Types final : AutomationObject {
     Value Get(std::wstring_view) override { return {}; }
     void Let(std::wstring_view, const Value&) override {}
     void Set(std::wstring_view, const ObjectRef&) override {}

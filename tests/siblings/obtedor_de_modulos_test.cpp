@@ -22,8 +22,8 @@ std::wstring CodeOf(const CaixaSubordinada& module) {
 // The codes of a collection in its order.
 std::vector<std::wstring> CodesIn(const Value& collection) {
   std::vector<std::wstring> codes;
-  platform::RequiredObject(collection).ForEach([&](const Value& module) {
-    codes.push_back(values::ToText(platform::RequiredObject(module).Get(L"NumCaixa")));
+  RequiredObject(collection).ForEach([&](const Value& module) {
+    codes.push_back(values::ToText(RequiredObject(module).Get(L"NumCaixa")));
   });
   return codes;
 }
@@ -80,14 +80,14 @@ TEST_F(ObtedorDeModulosTest, GivesNothingForAModuleThatTheArchiveDoesNotHave) {
 }
 
 TEST_F(ObtedorDeModulosTest, GivesAnEmptyCollectionForAModuleWithoutSuchSubordinates) {
-  EXPECT_EQ(platform::RequiredObject(Subordinates(L"AA000", 1)).Get(L"Count"), Value(0));
+  EXPECT_EQ(RequiredObject(Subordinates(L"AA000", 1)).Get(L"Count"), Value(0));
 }
 
 TEST_F(ObtedorDeModulosTest, GivesEachSubordinateAsItsRowHasIt) {
   std::size_t compared = 0;
   for (const CaixaSubordinada& row : archive->Of<CaixaSubordinada>()) {
-    platform::RequiredObject(Subordinates(row.numCaixa, 0)).ForEach([&](const Value& value) {
-      platform::AutomationObject& module = platform::RequiredObject(value);
+    RequiredObject(Subordinates(row.numCaixa, 0)).ForEach([&](const Value& value) {
+      AutomationObject& module = RequiredObject(value);
       if (module.Get(L"NumCaixa") != Value(CodeOf(row))) return;
       const auto expect = [&](const wchar_t* member, const std::wstring& expected) {
         EXPECT_EQ(values::ToTextOrEmpty(module.Get(member)), expected) << CodeOf(row).c_str();

@@ -34,7 +34,7 @@ std::wstring Line(const Evento& event) {
                                                      L"|" + event.codDocto.value_or(L"") + L"|" +
                                                      event.tipoEvento.value_or(L"") + L"|" + event.acao.value_or(L""));
 }
-std::wstring Line(platform::AutomationObject& event) {
+std::wstring Line(AutomationObject& event) {
   std::wstring rest;
   for (const wchar_t* member : {L"Nome_Operador", L"Maquina", L"Cod_Docto", L"Tipo_Evento", L"Acao"}) {
     rest += (rest.empty() && member == std::wstring_view(L"Nome_Operador") ? L"" : L"|") +
@@ -55,8 +55,8 @@ class RegEvtDaoTest : public ArchiveOnSqlite {
   std::vector<std::wstring> Found(const Settings& settings) {
     std::vector<std::wstring> lines;
     const Value events = Find(settings);
-    if (const ObjectRef collection = platform::ObjectIn(events)) {
-      collection->ForEach([&](const Value& event) { lines.push_back(Line(platform::RequiredObject(event))); });
+    if (const ObjectRef collection = ObjectIn(events)) {
+      collection->ForEach([&](const Value& event) { lines.push_back(Line(RequiredObject(event))); });
     }
     return lines;
   }
@@ -155,8 +155,8 @@ TEST_F(RegEvtDaoTest, GivesNothingWhenNoEventMatches) {
 TEST_F(RegEvtDaoTest, GivesTextsForNulls) {
   const auto events = Find({{L"Tipo_Evento", L"INC"}});
   bool isEmpty = false;
-  platform::RequiredObject(events).ForEach(
-      [&](const Value& event) { isEmpty = isEmpty || platform::RequiredObject(event).Get(L"Acao") == Value(L""); });
+  RequiredObject(events).ForEach(
+      [&](const Value& event) { isEmpty = isEmpty || RequiredObject(event).Get(L"Acao") == Value(L""); });
   EXPECT_TRUE(isEmpty);  // row 12 of the log has no action
 }
 

@@ -1,12 +1,12 @@
 #include <vector>
 
-#include "platform/automation.h"
 #include "tests/sql/dialect_codes.h"
+#include "values/automation.h"
 
 namespace kodra::sql {
 namespace {
 
-class SomeObject final : public platform::AutomationObject {
+class SomeObject final : public AutomationObject {
  public:
   Value Get(std::wstring_view) override { return L"never asked"; }
   void Let(std::wstring_view, const Value&) override {}

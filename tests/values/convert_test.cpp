@@ -5,13 +5,13 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/automation.h"
+#include "values/automation.h"
 #include "values/erro.h"
 
 namespace kodra::values {
 namespace {
 
-class SomeObject final : public platform::AutomationObject {
+class SomeObject final : public AutomationObject {
  public:
   Value Get(std::wstring_view) override { return L"never asked"; }
   void Let(std::wstring_view, const Value&) override {}
@@ -19,7 +19,7 @@ class SomeObject final : public platform::AutomationObject {
   Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
 };
 
-class WithDefault final : public platform::AutomationObject {
+class WithDefault final : public AutomationObject {
  public:
   explicit WithDefault(Value value) : default_(std::move(value)) {}
   Value Get(std::wstring_view) override { return L"never asked"; }

@@ -3,8 +3,8 @@
 
 #include "ado/automation_object.h"
 #include "ado/com_surroundings.h"
-#include "platform/automation.h"
 #include "tests/wine/foreign_object.h"
+#include "values/automation.h"
 #include "values/erro.h"
 
 namespace kodra::ado {
@@ -66,7 +66,7 @@ TEST_F(FieldText, AnythingElseIsGivenBackAsItIs) {
 }
 
 // One of the component's own objects, which is not reached by way of COM.
-class OwnObject final : public platform::AutomationObject {
+class OwnObject final : public AutomationObject {
  public:
   Value Get(std::wstring_view member) override { return std::wstring(member); }
   void Let(std::wstring_view, const Value&) override {}

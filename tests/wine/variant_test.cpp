@@ -263,7 +263,7 @@ TEST(LateBoundObject, WithoutDefaultPropertyHasNoText) {
 }
 
 // An object that is no COM object.
-class Portable final : public platform::AutomationObject {
+class Portable final : public AutomationObject {
  public:
   Value Get(std::wstring_view) override { return {}; }
   void Let(std::wstring_view, const Value&) override {}

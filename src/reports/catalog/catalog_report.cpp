@@ -2,7 +2,7 @@
 
 namespace kodra::reports {
 
-frame::ReportRows CatalogReport::ListWhole(std::wstring_view method, const platform::AutomationObject* obj,
+frame::ReportRows CatalogReport::ListWhole(std::wstring_view method, const AutomationObject* obj,
                                            std::wstring_view statement) {
   return Report(method, [&] {
     InicializaPS(obj);

@@ -43,8 +43,7 @@ class CatalogReport : public frame::ReportClass {
   using ReportClass::ReportClass;
 
   // A report method that lists a register whole: of the parameter object only its presence is checked.
-  frame::ReportRows ListWhole(std::wstring_view method, const platform::AutomationObject* obj,
-                              std::wstring_view statement);
+  frame::ReportRows ListWhole(std::wstring_view method, const AutomationObject* obj, std::wstring_view statement);
 };
 
 }  // namespace kodra::reports

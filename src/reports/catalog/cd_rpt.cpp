@@ -6,11 +6,11 @@
 namespace kodra::reports {
 namespace {
 
-bool WantsExpired(platform::AutomationObject& parameters) { return frame::ReadText(parameters, L"TipoRpt") == L"V"; }
+bool WantsExpired(AutomationObject& parameters) { return frame::ReadText(parameters, L"TipoRpt") == L"V"; }
 
 }  // namespace
 
-frame::ReportRows CCDRpt::RelatorioMidias(platform::AutomationObject* obj) {
+frame::ReportRows CCDRpt::RelatorioMidias(AutomationObject* obj) {
   return Report(L"RelatorioMidias", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();

@@ -10,7 +10,7 @@ class CCDRpt : public CatalogReport {
   explicit CCDRpt(platform::Surroundings& surroundings) : CatalogReport(L"CCDRpt", surroundings) {}
 
   // Reads TipoRpt: "V" lists the media recorded longer ago than their type's validity in years, anything else all.
-  frame::ReportRows RelatorioMidias(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioMidias(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

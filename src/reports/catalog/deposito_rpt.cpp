@@ -11,7 +11,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CDepositoRpt::RelatorioDepositos(platform::AutomationObject* obj) {
+frame::ReportRows CDepositoRpt::RelatorioDepositos(AutomationObject* obj) {
   return ListWhole(L"RelatorioDepositos", obj, kListStatement<kList>);
 }
 

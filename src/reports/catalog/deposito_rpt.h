@@ -9,7 +9,7 @@ class CDepositoRpt : public CatalogReport {
  public:
   explicit CDepositoRpt(platform::Surroundings& surroundings) : CatalogReport(L"CDepositoRpt", surroundings) {}
 
-  frame::ReportRows RelatorioDepositos(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioDepositos(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -11,7 +11,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CDeptoRpt::RelatorioDeptos(platform::AutomationObject* obj) {
+frame::ReportRows CDeptoRpt::RelatorioDeptos(AutomationObject* obj) {
   return ListWhole(L"RelatorioDeptos", obj, kListStatement<kList>);
 }
 

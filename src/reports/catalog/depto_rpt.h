@@ -9,7 +9,7 @@ class CDeptoRpt : public CatalogReport {
  public:
   explicit CDeptoRpt(platform::Surroundings& surroundings) : CatalogReport(L"CDeptoRpt", surroundings) {}
 
-  frame::ReportRows RelatorioDeptos(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioDeptos(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

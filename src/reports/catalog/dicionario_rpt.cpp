@@ -21,7 +21,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CDicionarioRpt::RelatorioTermosControlados(platform::AutomationObject* obj) {
+frame::ReportRows CDicionarioRpt::RelatorioTermosControlados(AutomationObject* obj) {
   return ListWhole(L"RelatorioTermosControlados", obj, kListStatement<kList>);
 }
 

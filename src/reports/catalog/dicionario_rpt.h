@@ -9,7 +9,7 @@ class CDicionarioRpt : public CatalogReport {
  public:
   explicit CDicionarioRpt(platform::Surroundings& surroundings) : CatalogReport(L"CDicionarioRpt", surroundings) {}
 
-  frame::ReportRows RelatorioTermosControlados(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioTermosControlados(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

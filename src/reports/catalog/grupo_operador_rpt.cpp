@@ -11,7 +11,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CGrupoOperadorRpt::RelatorioGruposOperadores(platform::AutomationObject* obj) {
+frame::ReportRows CGrupoOperadorRpt::RelatorioGruposOperadores(AutomationObject* obj) {
   return ListWhole(L"RelatorioGruposOperadores", obj, kListStatement<kList>);
 }
 

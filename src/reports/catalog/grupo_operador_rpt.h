@@ -10,7 +10,7 @@ class CGrupoOperadorRpt : public CatalogReport {
   explicit CGrupoOperadorRpt(platform::Surroundings& surroundings)
       : CatalogReport(L"CGrupoOperadorRpt", surroundings) {}
 
-  frame::ReportRows RelatorioGruposOperadores(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioGruposOperadores(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -11,7 +11,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CGrupoRpt::RelatorioGrupos(platform::AutomationObject* obj) {
+frame::ReportRows CGrupoRpt::RelatorioGrupos(AutomationObject* obj) {
   return ListWhole(L"RelatorioGrupos", obj, kListStatement<kList>);
 }
 

@@ -9,7 +9,7 @@ class CGrupoRpt : public CatalogReport {
  public:
   explicit CGrupoRpt(platform::Surroundings& surroundings) : CatalogReport(L"CGrupoRpt", surroundings) {}
 
-  frame::ReportRows RelatorioGrupos(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioGrupos(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

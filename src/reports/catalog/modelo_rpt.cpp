@@ -44,7 +44,7 @@ void Detach(platform::Command& command) {
 
 }  // namespace
 
-frame::ReportRows CModeloRpt::RelatorioModelos(platform::AutomationObject* obj) {
+frame::ReportRows CModeloRpt::RelatorioModelos(AutomationObject* obj) {
   return Report(L"RelatorioModelos", [&] {
     InicializaPS(obj);
     const std::wstring code = frame::ReadText(*obj, L"CodModelo");

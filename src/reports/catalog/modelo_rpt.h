@@ -11,7 +11,7 @@ class CModeloRpt : public CatalogReport {
 
   // Reads CodModelo: empty lists every model, else the one with that code, in any letter case. The code travels as a
   // parameter of the command, at most 128 characters long. The rows stand at the client and survive their connection.
-  frame::ReportRows RelatorioModelos(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioModelos(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

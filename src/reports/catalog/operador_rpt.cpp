@@ -33,7 +33,7 @@ bool EhVerdadeiro(const Value& value) {
   return !text.empty() && kYes.find(values::UpperCase(text.front())) != std::wstring_view::npos;
 }
 
-frame::ReportRows COperadorRpt::RelatorioOperadores(platform::AutomationObject* obj) {
+frame::ReportRows COperadorRpt::RelatorioOperadores(AutomationObject* obj) {
   const Call call(*this);
   std::wstring step;
   try {

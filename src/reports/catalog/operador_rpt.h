@@ -18,7 +18,7 @@ class COperadorRpt : public frame::ReportClass {
 
   // Operators marked as deleted are left out; type codes are replaced by their descriptions. Reads no property of the
   // parameter object. Without operators the result is null. An error names the step that failed.
-  frame::ReportRows RelatorioOperadores(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioOperadores(AutomationObject* obj);
 
  private:
   std::vector<OperadorObj> ReadOperators() const;

@@ -37,7 +37,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CSerieRpt::RelatorioSeries(platform::AutomationObject* obj) {
+frame::ReportRows CSerieRpt::RelatorioSeries(AutomationObject* obj) {
   return ListWhole(L"RelatorioSeries", obj, kListStatement<kList>);
 }
 

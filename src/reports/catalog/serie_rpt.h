@@ -11,7 +11,7 @@ class CSerieRpt : public CatalogReport {
 
   // OBRIGATORIA1 to OBRIGATORIA5 tell whether a key must be filled: 'S' or 'N', empty for a key without description.
   // Key 1 is always mandatory.
-  frame::ReportRows RelatorioSeries(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioSeries(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

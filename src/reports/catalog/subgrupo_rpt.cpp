@@ -14,7 +14,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CSubgrupoRpt::RelatorioSubgrupos(platform::AutomationObject* obj) {
+frame::ReportRows CSubgrupoRpt::RelatorioSubgrupos(AutomationObject* obj) {
   return ListWhole(L"RelatorioSubgrupos", obj, kListStatement<kList>);
 }
 

@@ -9,7 +9,7 @@ class CSubgrupoRpt : public CatalogReport {
  public:
   explicit CSubgrupoRpt(platform::Surroundings& surroundings) : CatalogReport(L"CSubgrupoRpt", surroundings) {}
 
-  frame::ReportRows RelatorioSubgrupos(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioSubgrupos(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

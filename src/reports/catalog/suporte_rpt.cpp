@@ -11,7 +11,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CSuporteRpt::RelatorioSuportes(platform::AutomationObject* obj) {
+frame::ReportRows CSuporteRpt::RelatorioSuportes(AutomationObject* obj) {
   return ListWhole(L"RelatorioSuportes", obj, kListStatement<kList>);
 }
 

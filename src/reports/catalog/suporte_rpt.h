@@ -9,7 +9,7 @@ class CSuporteRpt : public CatalogReport {
  public:
   explicit CSuporteRpt(platform::Surroundings& surroundings) : CatalogReport(L"CSuporteRpt", surroundings) {}
 
-  frame::ReportRows RelatorioSuportes(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioSuportes(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -12,7 +12,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CTipo_CaixaRpt::RelatorioTiposModulo(platform::AutomationObject* obj) {
+frame::ReportRows CTipo_CaixaRpt::RelatorioTiposModulo(AutomationObject* obj) {
   return ListWhole(L"RelatorioTiposModulo", obj, kListStatement<kList>);
 }
 

@@ -9,7 +9,7 @@ class CTipo_CaixaRpt : public CatalogReport {
  public:
   explicit CTipo_CaixaRpt(platform::Surroundings& surroundings) : CatalogReport(L"CTipo_CaixaRpt", surroundings) {}
 
-  frame::ReportRows RelatorioTiposModulo(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioTiposModulo(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

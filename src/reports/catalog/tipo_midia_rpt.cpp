@@ -11,7 +11,7 @@ constexpr CatalogList kList = {
 
 }  // namespace
 
-frame::ReportRows CTipo_MidiaRpt::RelatorioTiposMidia(platform::AutomationObject* obj) {
+frame::ReportRows CTipo_MidiaRpt::RelatorioTiposMidia(AutomationObject* obj) {
   return ListWhole(L"RelatorioTiposMidia", obj, kListStatement<kList>);
 }
 

@@ -9,7 +9,7 @@ class CTipo_MidiaRpt : public CatalogReport {
  public:
   explicit CTipo_MidiaRpt(platform::Surroundings& surroundings) : CatalogReport(L"CTipo_MidiaRpt", surroundings) {}
 
-  frame::ReportRows RelatorioTiposMidia(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioTiposMidia(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

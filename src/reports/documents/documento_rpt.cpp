@@ -23,7 +23,7 @@ auto Bound(const values::Calendar& day) {
   return sql::SQLToDate(day, values::DateBy<kPattern>(day), sql::fdYYYYMMDD);
 }
 
-void FilterPeriod(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
+void FilterPeriod(data::SelectBuilder& builder, AutomationObject& parameters) {
   const Date last = frame::ReadDate(parameters, L"DataArmazenamento2");
   if (last.days == 0.0) return;
   const values::Calendar firstDay = values::ToCalendar(frame::ReadDate(parameters, L"DataArmazenamento1"));
@@ -32,7 +32,7 @@ void FilterPeriod(data::SelectBuilder& builder, platform::AutomationObject& para
                      Bound<L"yyyy-mm-dd 23:59:59">(lastDay));
 }
 
-void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
+void FilterDepto(data::SelectBuilder& builder, AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
   if (code.empty()) return;
   builder.AddToWhere(L" AND d.COD_DEPTO = '", code, L"'");
@@ -47,8 +47,7 @@ struct CDocumentoRpt::Listing {
   std::wstring_view where;
 };
 
-frame::ReportRows CDocumentoRpt::List(std::wstring_view method, platform::AutomationObject* obj,
-                                      const Listing& listing) {
+frame::ReportRows CDocumentoRpt::List(std::wstring_view method, AutomationObject* obj, const Listing& listing) {
   return Report(method, [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
@@ -64,7 +63,7 @@ frame::ReportRows CDocumentoRpt::List(std::wstring_view method, platform::Automa
   });
 }
 
-frame::ReportRows CDocumentoRpt::RelatorioSintetico(platform::AutomationObject* obj) {
+frame::ReportRows CDocumentoRpt::RelatorioSintetico(AutomationObject* obj) {
   static constexpr Listing kListing = {
       .columns =
           L"d.COD_DOCTO, s.DESCR_SUPORTE, d.NUM_CAIXA, d.NUM_CD, "
@@ -75,7 +74,7 @@ frame::ReportRows CDocumentoRpt::RelatorioSintetico(platform::AutomationObject* 
   return List(L"RelatorioSintetico", obj, kListing);
 }
 
-frame::ReportRows CDocumentoRpt::RelatorioAnalitico(platform::AutomationObject* obj) {
+frame::ReportRows CDocumentoRpt::RelatorioAnalitico(AutomationObject* obj) {
   static constexpr Listing kListing = {
       .columns =
           L"d.COD_DOCTO, g.DESCR_GRUPO, a.DESCR_ASSUNTO, "
@@ -88,7 +87,7 @@ frame::ReportRows CDocumentoRpt::RelatorioAnalitico(platform::AutomationObject* 
   return List(L"RelatorioAnalitico", obj, kListing);
 }
 
-frame::ReportRows CDocumentoRpt::RelatorioInventarios(platform::AutomationObject* obj) {
+frame::ReportRows CDocumentoRpt::RelatorioInventarios(AutomationObject* obj) {
   static constexpr Listing kListing = {
       .columns =
           L"d.COD_DOCTO, g.DESCR_GRUPO, a.DESCR_ASSUNTO, d.NUM_CAIXA, d.MACO, d.DT_ARMAZ, "

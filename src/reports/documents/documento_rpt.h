@@ -13,15 +13,15 @@ class CDocumentoRpt : public frame::ReportClass {
   // (a text other than empty switches the department on).
 
   // One line a document, also of those not classified yet.
-  frame::ReportRows RelatorioSintetico(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioSintetico(AutomationObject* obj);
   // Classified documents with their taxonomy, index keys and operator.
-  frame::ReportRows RelatorioAnalitico(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioAnalitico(AutomationObject* obj);
   // Documents registered as inventory entries (extension "#INV"), with the captions of their series' keys.
-  frame::ReportRows RelatorioInventarios(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioInventarios(AutomationObject* obj);
 
  private:
   struct Listing;
-  frame::ReportRows List(std::wstring_view method, platform::AutomationObject* obj, const Listing& listing);
+  frame::ReportRows List(std::wstring_view method, AutomationObject* obj, const Listing& listing);
 };
 
 }  // namespace kodra::reports

@@ -53,13 +53,13 @@ void FillAction(OutputDataset& output, const std::wstring& action) {
 }
 
 // A member of an event in a field of `size` characters, by way of `convert` unless it is a text that fits as it is.
-void Copy(platform::AutomationObject& event, std::wstring_view member, platform::Field& field, std::size_t size,
+void Copy(AutomationObject& event, std::wstring_view member, platform::Field& field, std::size_t size,
           Value (*convert)(Value, std::size_t) = FirstCharacters) {
   std::optional<Value> other = field.LetText(event, member, size);
   if (other) field.Let(convert(*std::move(other), size));
 }
 
-void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
+void FillEvent(OutputDataset& output, AutomationObject& event) {
   output.AddNew();
   const Value moment = event.Get(L"DataInicial");
   output[0].Let(moment);
@@ -75,19 +75,19 @@ void FillEvent(OutputDataset& output, platform::AutomationObject& event) {
 
 }  // namespace
 
-frame::ReportRows CLogRpt::RelatorioLog(platform::AutomationObject* obj) {
+frame::ReportRows CLogRpt::RelatorioLog(AutomationObject* obj) {
   return Report(L"RelatorioLog", [&]() -> frame::ReportRows {
     InicializaPS(obj);
     // Both live until the rows are filled: the events may be read through them.
     const ObjectRef filter = NewFilter(*obj);
     const ObjectRef reader = NewReader();
     Value argument = filter;
-    const ObjectRef events = platform::ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
+    const ObjectRef events = ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
     return events ? Fill(*events) : nullptr;
   });
 }
 
-ObjectRef CLogRpt::NewFilter(platform::AutomationObject& parameters) const {
+ObjectRef CLogRpt::NewFilter(AutomationObject& parameters) const {
   ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
   filter->Let(L"Acao", frame::ReadText(parameters, L"Acao"));
   filter->Let(L"Cod_Docto", frame::ReadText(parameters, L"CodDocto"));
@@ -106,7 +106,7 @@ ObjectRef CLogRpt::NewReader() const {
   return reader;
 }
 
-frame::ReportRows CLogRpt::Fill(platform::AutomationObject& events) const {
+frame::ReportRows CLogRpt::Fill(AutomationObject& events) const {
   OutputDataset output(Around());
   output.Append(L"DATA", ad::kDBTimeStamp);
   output.AppendText(L"HORA", 8);
@@ -116,7 +116,7 @@ frame::ReportRows CLogRpt::Fill(platform::AutomationObject& events) const {
   output.AppendText(L"COD_ACAO", 10);
   for (std::size_t number = 1; number <= kActionFields; ++number) output.AppendText(ActionField(number), kActionSize);
   output.Open();
-  events.ForEach([&](const Value& event) { FillEvent(output, platform::RequiredObject(event)); });
+  events.ForEach([&](const Value& event) { FillEvent(output, RequiredObject(event)); });
   output.MoveFirst();
   return output.Release();
 }

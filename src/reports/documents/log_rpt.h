@@ -12,12 +12,12 @@ class CLogRpt : public frame::ReportClass {
   // Reads MaquinaOrigem, Operador, Acao, Evento (its first three characters), CodDocto, DataInicial and DataFinal and
   // hands them to the event-log component, which decides what they mean. An action text is cut into fields of 250
   // characters, ACAO1 to ACAO32. Null when the component gives no collection.
-  frame::ReportRows RelatorioLog(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioLog(AutomationObject* obj);
 
  private:
-  ObjectRef NewFilter(platform::AutomationObject& parameters) const;
+  ObjectRef NewFilter(AutomationObject& parameters) const;
   ObjectRef NewReader() const;
-  frame::ReportRows Fill(platform::AutomationObject& events) const;
+  frame::ReportRows Fill(AutomationObject& events) const;
 };
 
 }  // namespace kodra::reports

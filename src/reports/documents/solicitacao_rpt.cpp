@@ -88,7 +88,7 @@ std::wstring DocumentLine(std::wstring_view document, std::wstring_view module, 
   return line;
 }
 
-frame::ReportRows CSolicitacaoRpt::RelatorioRetiradaOriginal(platform::AutomationObject* obj) {
+frame::ReportRows CSolicitacaoRpt::RelatorioRetiradaOriginal(AutomationObject* obj) {
   return Report(L"RelatorioRetiradaOriginal", [&] {
     InicializaPS(obj);
     const ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
@@ -98,7 +98,7 @@ frame::ReportRows CSolicitacaoRpt::RelatorioRetiradaOriginal(platform::Automatio
 }
 
 CSolicitacaoRpt::Slip CSolicitacaoRpt::ReadDocuments(const std::wstring& requests,
-                                                     platform::AutomationObject& conversions) const {
+                                                     AutomationObject& conversions) const {
   const frame::ReportRows rows = Open(DocumentsStatement(requests));
   SourceField date(*rows, L"DT_DEVOLUCAO");
   SourceField document(*rows, L"COD_DOCTO");
@@ -149,7 +149,7 @@ frame::ReportRows CSolicitacaoRpt::FillSlip(const std::wstring& requests, const 
   return output.Release();
 }
 
-frame::ReportRows CSolicitacaoRpt::RelatorioDevolucaoOriginal(platform::AutomationObject* obj) {
+frame::ReportRows CSolicitacaoRpt::RelatorioDevolucaoOriginal(AutomationObject* obj) {
   return Report(L"RelatorioDevolucaoOriginal", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();

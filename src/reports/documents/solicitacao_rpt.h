@@ -17,13 +17,13 @@ class CSolicitacaoRpt : public frame::ReportClass {
 
   // Reads CodSolicit: one request code or several with commas between them. One row a document, made in memory, with
   // the operator, the return sentence and the remark of the request that the database gives first.
-  frame::ReportRows RelatorioRetiradaOriginal(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioRetiradaOriginal(AutomationObject* obj);
   // Reads ListarJaDevolvidos: false leaves out what has come back.
-  frame::ReportRows RelatorioDevolucaoOriginal(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioDevolucaoOriginal(AutomationObject* obj);
 
  private:
   struct Slip;
-  Slip ReadDocuments(const std::wstring& requests, platform::AutomationObject& conversions) const;
+  Slip ReadDocuments(const std::wstring& requests, AutomationObject& conversions) const;
   frame::ReportRows FillSlip(const std::wstring& requests, const Slip& slip) const;
 };
 

@@ -71,7 +71,7 @@ void SelectBlankRow(data::SelectBuilder& builder) {
 
 }  // namespace
 
-frame::ReportRows CCaixaRpt::DocsNoModulo(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::DocsNoModulo(AutomationObject* obj) {
   return Logged(L"DocsNoModulo", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
@@ -87,7 +87,7 @@ frame::ReportRows CCaixaRpt::DocsNoModulo(platform::AutomationObject* obj) {
   });
 }
 
-frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(AutomationObject* obj) {
   try {
     if (obj == nullptr) throw MakeRuntimeError(RuntimeError::kObjectNotSet);
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
@@ -98,7 +98,7 @@ frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(platform::AutomationObject* obj)
   }
 }
 
-frame::ReportRows CCaixaRpt::AutorizacaoDescarteModuloSubRpt(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::AutorizacaoDescarteModuloSubRpt(AutomationObject* obj) {
   constexpr std::wstring_view kMethod = L"AutorizacaoDescarteModuloSubRpt";
   return Logged(kMethod, [&] {
     InicializaPS(obj);

@@ -20,7 +20,7 @@ struct Modules {
   std::wstring third;
 };
 
-Modules ReadModules(platform::AutomationObject& parameters) {
+Modules ReadModules(AutomationObject& parameters) {
   Modules modules;
   modules.first = frame::ReadText(parameters, L"Modulo1");
   modules.second = frame::ReadText(parameters, L"Modulo2");
@@ -43,7 +43,7 @@ void AddAnySubordinate(data::SelectBuilder& builder, const Modules& modules) {
 
 }  // namespace
 
-frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::EtiquetaAbertura(AutomationObject* obj) {
   return Logged(L"EtiquetaAbertura", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
@@ -64,7 +64,7 @@ frame::ReportRows CCaixaRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
   });
 }
 
-frame::ReportRows CCaixaRpt::EtiquetaFechamento(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::EtiquetaFechamento(AutomationObject* obj) {
   return Logged(L"EtiquetaFechamento", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
@@ -81,7 +81,7 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamento(platform::AutomationObject* obj)
   });
 }
 
-frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(AutomationObject* obj) {
   return Logged(L"EtiquetaFechamentoSubordinada", [&] {
     InicializaPS(obj);
     const std::wstring module = frame::ReadText(*obj, L"Modulo1");
@@ -101,7 +101,7 @@ frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(platform::AutomationO
   });
 }
 
-frame::ReportRows CCaixaRpt::EtiquetaDivisoria(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::EtiquetaDivisoria(AutomationObject* obj) {
   return Logged(L"EtiquetaDivisoria", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();

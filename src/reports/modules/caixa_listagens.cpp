@@ -19,7 +19,7 @@ void AddTotalsOfModule(data::SelectBuilder& builder) {
 
 }  // namespace
 
-frame::ReportRows CCaixaRpt::ModulosExcluidos(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::ModulosExcluidos(AutomationObject* obj) {
   return Logged(L"ModulosExcluidos", [&] {
     InicializaPS(obj);
     data::SelectBuilder main = NewBuilder();
@@ -44,7 +44,7 @@ frame::ReportRows CCaixaRpt::ModulosExcluidos(platform::AutomationObject* obj) {
   });
 }
 
-frame::ReportRows CCaixaRpt::ModulosVencidos(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::ModulosVencidos(AutomationObject* obj) {
   return Logged(L"ModulosVencidos", [&] {
     InicializaPS(obj);
     sql::DefineTipoBanco(TipoBanco());
@@ -81,7 +81,7 @@ frame::ReportRows CCaixaRpt::ModulosVencidos(platform::AutomationObject* obj) {
   });
 }
 
-frame::ReportRows CCaixaRpt::DocsNaoIndexadosNosModulos(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::DocsNaoIndexadosNosModulos(AutomationObject* obj) {
   return Logged(L"DocsNaoIndexadosNosModulos", [&] {
     InicializaPS(obj);
     data::SelectBuilder builder = NewBuilder();
@@ -96,7 +96,7 @@ frame::ReportRows CCaixaRpt::DocsNaoIndexadosNosModulos(platform::AutomationObje
   });
 }
 
-frame::ReportRows CCaixaRpt::RelatoriosModulos(platform::AutomationObject* obj) {
+frame::ReportRows CCaixaRpt::RelatoriosModulos(AutomationObject* obj) {
   return Logged(L"RelatoriosModulos", [&] {
     InicializaPS(obj);
     data::SelectBuilder main = NewBuilder();

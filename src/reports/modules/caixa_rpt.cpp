@@ -10,7 +10,7 @@ namespace kodra::reports {
 
 namespace ad = platform::ad;
 
-void CCaixaRpt::InicializaPS(const platform::AutomationObject* obj) {
+void CCaixaRpt::InicializaPS(const AutomationObject* obj) {
   if (!conexao_ && StringConexao().empty())
     throw Erro(kErrBase + 9998, SourceOf(L"InicializaPS"),
                L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.");
@@ -108,7 +108,7 @@ CCaixaRpt::ClosedSubordinates CCaixaRpt::ObtemSubordinadosFechados(const std::ws
   DebugLog(source, L": obtendo dados");
   ObjectRef reader = CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
   Value argument = filter;
-  ObjectRef modules = platform::ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
+  ObjectRef modules = ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
   return {std::move(filter), std::move(reader), std::move(modules)};
 }
 

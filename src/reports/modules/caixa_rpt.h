@@ -31,32 +31,32 @@ class CCaixaRpt : public frame::ReportClass {
   void OnDebugLog(std::function<void(const std::wstring&)> listener) { listener_ = std::move(listener); }
 
   // Labels. Read Modulo1 to Modulo3; EtiquetaAbertura also Tipo ("S": subordinate modules), the last two Modulo1 only.
-  frame::ReportRows EtiquetaAbertura(platform::AutomationObject* obj);
-  frame::ReportRows EtiquetaFechamento(platform::AutomationObject* obj);
+  frame::ReportRows EtiquetaAbertura(AutomationObject* obj);
+  frame::ReportRows EtiquetaFechamento(AutomationObject* obj);
   // The labels of every subordinate once at least one is closed.
-  frame::ReportRows EtiquetaFechamentoSubordinada(platform::AutomationObject* obj);
+  frame::ReportRows EtiquetaFechamentoSubordinada(AutomationObject* obj);
   // One row a document of the module; a subordinate's code gives those of its parent.
-  frame::ReportRows EtiquetaDivisoria(platform::AutomationObject* obj);
+  frame::ReportRows EtiquetaDivisoria(AutomationObject* obj);
 
   // Modules whose contents were discarded. Reads CodDepto and ModoPregresso.
-  frame::ReportRows ModulosExcluidos(platform::AutomationObject* obj);
+  frame::ReportRows ModulosExcluidos(AutomationObject* obj);
   // Modules due for discard. Reads CodDepto and ModoPregresso.
-  frame::ReportRows ModulosVencidos(platform::AutomationObject* obj);
+  frame::ReportRows ModulosVencidos(AutomationObject* obj);
   // One module with its place and depository. Reads Modulo1 and CodDepto.
-  frame::ReportRows DocsNoModulo(platform::AutomationObject* obj);
+  frame::ReportRows DocsNoModulo(AutomationObject* obj);
   // The documents of one module, for a layout within another: it relies on an earlier call of the same object, and its
   // errors reach the client as they are. Reads Modulo1.
-  frame::ReportRows DocsNoModuloSubRpt(platform::AutomationObject* obj);
+  frame::ReportRows DocsNoModuloSubRpt(AutomationObject* obj);
   // How many documents of each module are not classified. Reads CodDepto.
-  frame::ReportRows DocsNaoIndexadosNosModulos(platform::AutomationObject* obj);
+  frame::ReportRows DocsNaoIndexadosNosModulos(AutomationObject* obj);
   // Every module with its place. Reads CodDepto, SomenteExistentes, ModoPregresso and Ordenacao ("D": by description).
-  frame::ReportRows RelatoriosModulos(platform::AutomationObject* obj);
+  frame::ReportRows RelatoriosModulos(AutomationObject* obj);
   // The documents of one module with their totals, or one blank row. Reads Modulo1.
-  frame::ReportRows AutorizacaoDescarteModuloSubRpt(platform::AutomationObject* obj);
+  frame::ReportRows AutorizacaoDescarteModuloSubRpt(AutomationObject* obj);
 
  private:
   // This class's checks: a connection or a connection string, then the parameter object; then the database code.
-  void InicializaPS(const platform::AutomationObject* obj);
+  void InicializaPS(const AutomationObject* obj);
   // Writes a line to the log and announces it.
   void DebugLog(const auto&... pieces) { WriteLog(values::LocalText<200>(pieces...)); }
   void WriteLog(std::wstring_view text);

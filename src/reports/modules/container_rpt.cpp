@@ -37,7 +37,7 @@ double SecondsBetween(Date from, Date to) {
 }
 
 // The label of the container whose modules these are; nothing when there is none.
-std::optional<ContainerLabel> ReadLabel(platform::Recordset& modules, platform::AutomationObject& conversions) {
+std::optional<ContainerLabel> ReadLabel(platform::Recordset& modules, AutomationObject& conversions) {
   if (modules.Eof()) return std::nullopt;
   SourceField company(modules, L"NOME_EMPRESA");
   SourceField kind(modules, L"TIPO_GUARDA");
@@ -65,14 +65,14 @@ void ContainerLabel::Add(Date date, std::wstring_view moduleKind, std::wstring_v
   if (SecondsBetween(latest, date) > 0) latest = date;
 }
 
-frame::ReportRows CContainerRpt::RelatorioContainers(platform::AutomationObject* obj) {
+frame::ReportRows CContainerRpt::RelatorioContainers(AutomationObject* obj) {
   return Report(L"RelatorioContainers", [&] {
     InicializaPS(obj);
     return Open(data::kCompiledStatement<SelectContainers>);
   });
 }
 
-frame::ReportRows CContainerRpt::EtiquetaAbertura(platform::AutomationObject* obj) {
+frame::ReportRows CContainerRpt::EtiquetaAbertura(AutomationObject* obj) {
   return Report(L"EtiquetaAbertura", [&] {
     InicializaPS(obj);
     const ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
@@ -103,7 +103,7 @@ frame::ReportRows CContainerRpt::EtiquetaAbertura(platform::AutomationObject* ob
   });
 }
 
-frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(platform::AutomationObject* obj) {
+frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(AutomationObject* obj) {
   return Report(L"EtiquetaAberturaSubRpt", [&] {
     InicializaPS(obj);
     const std::wstring first = frame::ReadText(*obj, L"Container1");

@@ -22,12 +22,12 @@ class CContainerRpt : public frame::ReportClass {
   explicit CContainerRpt(platform::Surroundings& surroundings) : ReportClass(L"CContainerRpt", surroundings) {}
 
   // Every container.
-  frame::ReportRows RelatorioContainers(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioContainers(AutomationObject* obj);
   // Reads Container1 to Container3: one row, made in memory, for each that holds a module. The first
   // row is the current one.
-  frame::ReportRows EtiquetaAbertura(platform::AutomationObject* obj);
+  frame::ReportRows EtiquetaAbertura(AutomationObject* obj);
   // Reads Container1 to Container3: their modules.
-  frame::ReportRows EtiquetaAberturaSubRpt(platform::AutomationObject* obj);
+  frame::ReportRows EtiquetaAberturaSubRpt(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

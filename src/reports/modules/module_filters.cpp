@@ -5,12 +5,12 @@
 
 namespace kodra::reports {
 
-void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
+void FilterDepto(data::SelectBuilder& builder, AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
   if (values::LeadingNumber(code) > 0) builder.AddToWhere(L" AND c.COD_DEPTO = '", code, L"'");
 }
 
-void FilterPregresso(data::SelectBuilder& builder, platform::AutomationObject& parameters) {
+void FilterPregresso(data::SelectBuilder& builder, AutomationObject& parameters) {
   if (frame::ReadFlag(parameters, L"ModoPregresso")) builder.AddToWhere(L" AND c.DOCS_PREGRESSOS = 1");
 }
 

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "data/select_builder.h"
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::reports {
 
 // Only modules of a department: CodDepto, when its value as a number is above zero. The code goes in as it is given.
-void FilterDepto(data::SelectBuilder& builder, platform::AutomationObject& parameters);
+void FilterDepto(data::SelectBuilder& builder, AutomationObject& parameters);
 
 // Only modules of the back catalogue: ModoPregresso.
-void FilterPregresso(data::SelectBuilder& builder, platform::AutomationObject& parameters);
+void FilterPregresso(data::SelectBuilder& builder, AutomationObject& parameters);
 
 }  // namespace kodra::reports

@@ -16,7 +16,7 @@ values::Piece CountColumns(std::wstring_view kind) {
 
 }  // namespace
 
-frame::ReportRows CEstatImgRpt::RelatorioEstatisticas(platform::AutomationObject* obj) {
+frame::ReportRows CEstatImgRpt::RelatorioEstatisticas(AutomationObject* obj) {
   return Report(L"RelatorioEstatisticas", [&] {
     InicializaPS(obj);
     const Period period = ReadPeriod(*obj);

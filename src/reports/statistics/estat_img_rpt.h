@@ -12,7 +12,7 @@ class CEstatImgRpt : public frame::ReportClass {
   // Reads Owner, DataInicial, DataFinal, CodOperador and CodDepto (empty: all) and TipoRpt: "P" gives front and back
   // pages, "F" front pages, anything else the document code. The placeholder module AA000 and the born-digital support
   // are not production and never listed.
-  frame::ReportRows RelatorioEstatisticas(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioEstatisticas(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -7,7 +7,7 @@
 
 namespace kodra::reports {
 
-frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorDocumento(platform::AutomationObject* obj) {
+frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorDocumento(AutomationObject* obj) {
   return Report(L"RelatorioEstatisticasPorDocumento", [&] {
     InicializaPS(obj);
     const Period period = ReadPeriod(*obj);
@@ -32,7 +32,7 @@ frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorDocumento(platform::Au
   });
 }
 
-frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave(platform::AutomationObject* obj) {
+frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave(AutomationObject* obj) {
   return Report(L"RelatorioEstatisticasPorPalavrasChave", [&] {
     InicializaPS(obj);
     const StatedPeriod period(ReadPeriod(*obj));

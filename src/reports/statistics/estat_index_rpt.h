@@ -11,10 +11,10 @@ class CEstatIndexRpt : public frame::ReportClass {
 
   // Reads Owner, DataInicial, DataFinal, CodOperador (the one who indexed) and CodDepto (empty: all): one row a
   // document.
-  frame::ReportRows RelatorioEstatisticasPorDocumento(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioEstatisticasPorDocumento(AutomationObject* obj);
   // Reads Owner, DataInicial, DataFinal, DescrOperador, DescrDepto, NumeroPC1 to NumeroPC5 and NumeroObs: one row with
   // the counts that the client made, which stand in the statement as they are given.
-  frame::ReportRows RelatorioEstatisticasPorPalavrasChave(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioEstatisticasPorPalavrasChave(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

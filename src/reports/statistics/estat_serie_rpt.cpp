@@ -25,7 +25,7 @@ Period ToTheDayAfter(const Period& period) { return {period.first, {period.last.
 
 }  // namespace
 
-frame::ReportRows CEstatSerieRpt::RelatorioEstatisticas(platform::AutomationObject* obj) {
+frame::ReportRows CEstatSerieRpt::RelatorioEstatisticas(AutomationObject* obj) {
   return Report(L"RelatorioEstatisticas", [&] {
     InicializaPS(obj);
     const std::wstring series = TaxonomyName(L"NOME_SERIE", StringConexao(), Around());

@@ -11,7 +11,7 @@ class CEstatSerieRpt : public frame::ReportClass {
 
   // Reads DataInicial, DataFinal, CodGrupo and TipoRpt: "N" counts documents, anything else sums front pages; "F" and
   // "P" differ in the subtitle only. Title and subgroup have the installation's own names.
-  frame::ReportRows RelatorioEstatisticas(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioEstatisticas(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -16,7 +16,7 @@ values::Piece CountColumns(std::wstring_view kind) {
 
 }  // namespace
 
-frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(platform::AutomationObject* obj) {
+frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(AutomationObject* obj) {
   return Report(L"RelatorioEstatisticas", [&] {
     InicializaPS(obj);
     const std::wstring name = TaxonomyName(L"NOME_SUBGRUPO", StringConexao(), Around());

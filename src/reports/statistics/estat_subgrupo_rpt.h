@@ -11,7 +11,7 @@ class CEstatSubgrupoRpt : public frame::ReportClass {
 
   // Reads DataInicial, DataFinal and TipoRpt: "F" gives front pages, "P" front and back pages, anything else the
   // document code. The title has the installation's own name for a subgroup.
-  frame::ReportRows RelatorioEstatisticas(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioEstatisticas(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -16,7 +16,7 @@ values::Piece PageColumns(std::wstring_view kind) {
 
 }  // namespace
 
-frame::ReportRows CEstatSuporteRpt::RelatorioEstatisticas(platform::AutomationObject* obj) {
+frame::ReportRows CEstatSuporteRpt::RelatorioEstatisticas(AutomationObject* obj) {
   return Report(L"RelatorioEstatisticas", [&] {
     InicializaPS(obj);
     const Period period = ReadPeriod(*obj);

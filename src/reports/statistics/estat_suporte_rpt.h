@@ -11,7 +11,7 @@ class CEstatSuporteRpt : public frame::ReportClass {
 
   // Reads DataInicial, DataFinal and TipoRpt: "F" gives front pages with a back count of 0, "P" front and back pages,
   // anything else neither.
-  frame::ReportRows RelatorioEstatisticas(platform::AutomationObject* obj);
+  frame::ReportRows RelatorioEstatisticas(AutomationObject* obj);
 };
 
 }  // namespace kodra::reports

@@ -4,7 +4,7 @@
 
 namespace kodra::reports {
 
-Period ReadPeriod(platform::AutomationObject& parameters) {
+Period ReadPeriod(AutomationObject& parameters) {
   const Date first = frame::ReadDate(parameters, L"DataInicial");
   return {first, frame::ReadDate(parameters, L"DataFinal")};
 }

@@ -1,8 +1,8 @@
 // The period of a statistic: the dates that a client chose, as a heading and as bounds.
 #pragma once
 
-#include "platform/automation.h"
 #include "sql/tradutor_sql.h"
+#include "values/automation.h"
 #include "values/format_date.h"
 
 namespace kodra::reports {
@@ -14,7 +14,7 @@ struct Period {
 };
 
 // Reads DataInicial and DataFinal.
-Period ReadPeriod(platform::AutomationObject& parameters);
+Period ReadPeriod(AutomationObject& parameters);
 
 // What a statement says of a period. Its fragments look into it until they are written.
 class StatedPeriod {

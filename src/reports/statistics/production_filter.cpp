@@ -29,7 +29,7 @@ void ProductionFilter::AddConditions(data::SelectBuilder& builder, std::wstring_
   if (!departmentCode.empty()) builder.AddToWhere(L" AND d.COD_DEPTO = '", departmentCode, L"'");
 }
 
-ProductionFilter ReadProductionFilter(platform::AutomationObject& parameters) {
+ProductionFilter ReadProductionFilter(AutomationObject& parameters) {
   std::wstring operatorCode = frame::ReadText(parameters, L"CodOperador");
   return {std::move(operatorCode), frame::ReadText(parameters, L"CodDepto")};
 }

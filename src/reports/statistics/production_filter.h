@@ -4,7 +4,7 @@
 #include <string>
 
 #include "data/select_builder.h"
-#include "platform/automation.h"
+#include "values/automation.h"
 
 namespace kodra::reports {
 
@@ -26,6 +26,6 @@ struct ProductionFilter {
 };
 
 // Reads CodOperador and CodDepto.
-ProductionFilter ReadProductionFilter(platform::AutomationObject& parameters);
+ProductionFilter ReadProductionFilter(AutomationObject& parameters);
 
 }  // namespace kodra::reports

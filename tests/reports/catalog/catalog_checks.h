@@ -15,7 +15,7 @@
 namespace kodra::reports {
 
 // A report object's method, ready to be called.
-using ReportCall = std::function<frame::ReportRows(platform::AutomationObject*)>;
+using ReportCall = std::function<frame::ReportRows(AutomationObject*)>;
 
 // A report method under test.
 struct Subject {
@@ -30,12 +30,12 @@ struct Subject {
 };
 
 template <class Report>
-Subject SubjectOf(std::string name, frame::ReportRows (Report::*method)(platform::AutomationObject*),
+Subject SubjectOf(std::string name, frame::ReportRows (Report::*method)(AutomationObject*),
                   recorder::Answers parameters = {}) {
   const auto make = [method](platform::Surroundings& around, const std::wstring& connectionString) -> ReportCall {
     const auto report = std::make_shared<Report>(around);
     report->SetStringConexao(connectionString);
-    return [report, method](platform::AutomationObject* obj) { return ((*report).*method)(obj); };
+    return [report, method](AutomationObject* obj) { return ((*report).*method)(obj); };
   };
   return {std::move(name), std::move(parameters), make};
 }

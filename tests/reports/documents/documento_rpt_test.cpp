@@ -21,7 +21,7 @@ constexpr Date k31March2024 = {45382};
 // A listing: its method, and its statement up to where the filters stand.
 struct Listing {
   const char* method;
-  frame::ReportRows (CDocumentoRpt::*call)(platform::AutomationObject*);
+  frame::ReportRows (CDocumentoRpt::*call)(AutomationObject*);
   const char* unfiltered;
 };
 

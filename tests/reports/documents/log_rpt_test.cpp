@@ -181,10 +181,9 @@ TEST(CLogRptTest, CopiesWhatTheEventLogFindsOnEveryDatabase) {
 }
 
 // A collection of one event that is read through the component's reader and its filter, so that it needs both.
-class ReadingCollection final : public platform::AutomationObject {
+class ReadingCollection final : public AutomationObject {
  public:
-  ReadingCollection(std::weak_ptr<platform::AutomationObject> filter, std::weak_ptr<platform::AutomationObject> reader,
-                    ObjectRef event)
+  ReadingCollection(std::weak_ptr<AutomationObject> filter, std::weak_ptr<AutomationObject> reader, ObjectRef event)
       : filter_(std::move(filter)), reader_(std::move(reader)), event_(std::move(event)) {}
 
   Value Get(std::wstring_view) override { return std::int32_t{filter_.expired() || reader_.expired() ? 0 : 1}; }
@@ -195,18 +194,18 @@ class ReadingCollection final : public platform::AutomationObject {
   void Set(std::wstring_view, const ObjectRef&) override { FAIL() << "a collection is only read"; }
 
  private:
-  std::weak_ptr<platform::AutomationObject> filter_;
-  std::weak_ptr<platform::AutomationObject> reader_;
+  std::weak_ptr<AutomationObject> filter_;
+  std::weak_ptr<AutomationObject> reader_;
   ObjectRef event_;
 };
 
 // A reader that finds such a collection.
-class Reader final : public platform::AutomationObject, public std::enable_shared_from_this<Reader> {
+class Reader final : public AutomationObject, public std::enable_shared_from_this<Reader> {
  public:
   explicit Reader(ObjectRef event) : event_(std::move(event)) {}
 
   Value Call(std::wstring_view, std::span<const Value> arguments) override {
-    return ObjectRef(std::make_shared<ReadingCollection>(platform::ObjectIn(arguments[0]), weak_from_this(), event_));
+    return ObjectRef(std::make_shared<ReadingCollection>(ObjectIn(arguments[0]), weak_from_this(), event_));
   }
   Value Get(std::wstring_view) override { return {}; }
   void Let(std::wstring_view, const Value&) override {}

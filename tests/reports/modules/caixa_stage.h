@@ -16,7 +16,7 @@
 
 namespace kodra::reports {
 
-using CaixaMethod = frame::ReportRows (CCaixaRpt::*)(platform::AutomationObject*);
+using CaixaMethod = frame::ReportRows (CCaixaRpt::*)(AutomationObject*);
 
 // The methods that have the frame, by name: all but DocsNoModuloSubRpt.
 const std::vector<std::pair<std::string, CaixaMethod>>& FramedMethods();

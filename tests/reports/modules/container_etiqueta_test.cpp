@@ -23,14 +23,14 @@ recorder::Answers Containers(const wchar_t* first, const wchar_t* second = L"", 
 }
 
 // A component that converts a field that it is given, and refuses anything else.
-class Conversions final : public platform::AutomationObject, public recorder::Fake {
+class Conversions final : public AutomationObject, public recorder::Fake {
  public:
   Conversions(recorder::Journal& journal, std::wstring name) : Fake(journal, std::move(name)) {}
 
   Value Call(std::wstring_view member, std::span<const Value> arguments) override {
     Note(L"Call", {member});
     if (member != L"ToDate" || arguments.size() != 1) throw MemberNotFound();
-    const Value value = platform::RequiredObject(arguments[0]).Get(L"Value");
+    const Value value = RequiredObject(arguments[0]).Get(L"Value");
     return value.Is<Null>() ? Value(Date{}) : value;
   }
   Value Get(std::wstring_view) override { throw MemberNotFound(); }

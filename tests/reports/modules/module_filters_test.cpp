@@ -15,7 +15,7 @@ using recorder::Utf8;
 
 class ModuleFiltersTest : public testing::Test {
  protected:
-  using Filter = void (*)(data::SelectBuilder&, platform::AutomationObject&);
+  using Filter = void (*)(data::SelectBuilder&, AutomationObject&);
 
   // The condition that a filter leaves of one, when the property that it reads has a value.
   std::string Filtered(Filter filter, const wchar_t* property, const Value& value,

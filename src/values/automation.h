@@ -11,7 +11,7 @@
 
 #include "values/value.h"
 
-namespace kodra::platform {
+namespace kodra {
 
 class AutomationObject {
  public:
@@ -49,4 +49,4 @@ AutomationObject& RequiredObject(const Value& value);
 // when one object leads to the next without end.
 Value DefaultValue(const ObjectRef& object);
 
-}  // namespace kodra::platform
+}  // namespace kodra

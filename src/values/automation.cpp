@@ -1,10 +1,10 @@
-#include "platform/automation.h"
+#include "values/automation.h"
 
 #include <vector>
 
 #include "values/erro.h"
 
-namespace kodra::platform {
+namespace kodra {
 
 Value AutomationObject::CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) {
   std::vector<Value> arguments = {first};
@@ -45,4 +45,4 @@ Value DefaultValue(const ObjectRef& object) {
   return value;
 }
 
-}  // namespace kodra::platform
+}  // namespace kodra
