@@ -1,4 +1,4 @@
-// The list of report methods.
+// The list of report methods, as the IDL has them.
 #include "console/reports/report_methods.h"
 
 #include <algorithm>
@@ -39,53 +39,21 @@ frame::ReportRows CallOn(platform::Surroundings& surroundings, const std::wstrin
   return (report.*kMethod)(obj);
 }
 
-// An entry; a report's parameter class is named after the report.
-#define KODRA_METHOD(report, method) \
-  ReportMethod { L## #report, L## #method, L## #report L"Obj", &CallOn<report, &report::method> }
-
-constexpr auto kMethods = std::to_array<ReportMethod>({
-    KODRA_METHOD(CCDRpt, RelatorioMidias),
-    KODRA_METHOD(CTipo_MidiaRpt, RelatorioTiposMidia),
-    KODRA_METHOD(CSuporteRpt, RelatorioSuportes),
-    KODRA_METHOD(CSerieRpt, RelatorioSeries),
-    KODRA_METHOD(CDepositoRpt, RelatorioDepositos),
-    KODRA_METHOD(CDicionarioRpt, RelatorioTermosControlados),
-    KODRA_METHOD(CDeptoRpt, RelatorioDeptos),
-    KODRA_METHOD(CGrupoRpt, RelatorioGrupos),
-    KODRA_METHOD(CModeloRpt, RelatorioModelos),
-    KODRA_METHOD(CTipo_CaixaRpt, RelatorioTiposModulo),
-    KODRA_METHOD(CGrupoOperadorRpt, RelatorioGruposOperadores),
-    KODRA_METHOD(CSubgrupoRpt, RelatorioSubgrupos),
-    KODRA_METHOD(COperadorRpt, RelatorioOperadores),
-    KODRA_METHOD(CDocumentoRpt, RelatorioSintetico),
-    KODRA_METHOD(CDocumentoRpt, RelatorioAnalitico),
-    KODRA_METHOD(CDocumentoRpt, RelatorioInventarios),
-    KODRA_METHOD(CSolicitacaoRpt, RelatorioRetiradaOriginal),
-    KODRA_METHOD(CSolicitacaoRpt, RelatorioDevolucaoOriginal),
-    KODRA_METHOD(CLogRpt, RelatorioLog),
-    KODRA_METHOD(CCaixaRpt, EtiquetaAbertura),
-    KODRA_METHOD(CCaixaRpt, EtiquetaFechamento),
-    KODRA_METHOD(CCaixaRpt, EtiquetaFechamentoSubordinada),
-    KODRA_METHOD(CCaixaRpt, EtiquetaDivisoria),
-    KODRA_METHOD(CCaixaRpt, ModulosExcluidos),
-    KODRA_METHOD(CCaixaRpt, ModulosVencidos),
-    KODRA_METHOD(CCaixaRpt, DocsNoModulo),
-    KODRA_METHOD(CCaixaRpt, DocsNoModuloSubRpt),
-    KODRA_METHOD(CCaixaRpt, DocsNaoIndexadosNosModulos),
-    KODRA_METHOD(CCaixaRpt, RelatoriosModulos),
-    KODRA_METHOD(CCaixaRpt, AutorizacaoDescarteModuloSubRpt),
-    KODRA_METHOD(CContainerRpt, RelatorioContainers),
-    KODRA_METHOD(CContainerRpt, EtiquetaAbertura),
-    KODRA_METHOD(CContainerRpt, EtiquetaAberturaSubRpt),
-    KODRA_METHOD(CEstatImgRpt, RelatorioEstatisticas),
-    KODRA_METHOD(CEstatIndexRpt, RelatorioEstatisticasPorDocumento),
-    KODRA_METHOD(CEstatIndexRpt, RelatorioEstatisticasPorPalavrasChave),
-    KODRA_METHOD(CEstatSuporteRpt, RelatorioEstatisticas),
-    KODRA_METHOD(CEstatSubgrupoRpt, RelatorioEstatisticas),
-    KODRA_METHOD(CEstatSerieRpt, RelatorioEstatisticas),
-});
-
-#undef KODRA_METHOD
+// A report's parameter class is named after the report.
+constexpr auto kMethods = [] {
+  auto methods = std::to_array<ReportMethod>({
+#define KODRA_REPORT_CLASS(NAME, METHODS) METHODS
+#define KODRA_REPORT_METHOD(CLASS, NAME) {L## #CLASS, L## #NAME, L## #CLASS L"Obj", &CallOn<CLASS, &CLASS::NAME>},
+#include "idl/public_classes.def"
+  });
+  // People read about modules before containers; the IDL has CCaixaRpt last.
+  const auto containers = std::ranges::find(methods, L"CContainerRpt", &ReportMethod::className);
+  const auto modules = std::ranges::find(methods, L"CCaixaRpt", &ReportMethod::className);
+  const auto rest = std::find_if(modules, methods.end(),
+                                 [&](const ReportMethod& method) { return method.className != modules->className; });
+  std::rotate(containers, modules, rest);
+  return methods;
+}();
 
 }  // namespace
 

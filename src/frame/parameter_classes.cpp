@@ -1,6 +1,5 @@
-// The table of the parameter classes.
+// The table of the parameter classes: their properties as the IDL has them, with what the IDL cannot say.
 #include <algorithm>
-#include <array>
 
 #include "frame/parameter_object.h"
 
@@ -9,98 +8,62 @@ namespace {
 
 using enum PropertyRule;
 
-constexpr Property kOwner = {L"Owner", kText};
-constexpr Property kDataInicial = {L"DataInicial", kDate};
-constexpr Property kDataFinal = {L"DataFinal", kDate};
-constexpr Property kTipoRpt = {L"TipoRpt", kInitial};
-constexpr Property kCodOperador = {L"CodOperador", kTrimmed};
-constexpr Property kCodDepto = {L"CodDepto", kTrimmed};
+// The rule of a property by its type in the IDL.
+constexpr PropertyRule kRuleOfBSTR = kText;
+constexpr PropertyRule kRuleOfDATE = kDate;
+constexpr PropertyRule kRuleOfVARIANT_BOOL = kFlag;
 
-constexpr auto kOwnerOnly = std::to_array<Property>({kOwner});
-// Its one-letter TipoRpt starts empty: the series report depends on that.
-constexpr auto kEstatSerie =
-    std::to_array<Property>({kDataInicial, kDataFinal, kOwner, kTipoRpt, {L"CodGrupo", kText}});
-constexpr auto kCD = std::to_array<Property>({kOwner, kTipoRpt});
-constexpr auto kContainer =
-    std::to_array<Property>({kOwner, {L"Container1", kText}, {L"Container2", kText}, {L"Container3", kText}});
-constexpr auto kDocumento = std::to_array<Property>(
-    {kOwner, {L"DataArmazenamento1", kDate}, {L"DataArmazenamento2", kDate}, {L"CodDepto", kText}});
-constexpr auto kLog = std::to_array<Property>({
-    kOwner,
-    {L"MaquinaOrigem", kText},
-    {L"Operador", kText},
-    {L"Acao", kText},
-    {L"Evento", kText},
-    {L"CodDocto", kText},
-    kDataInicial,
-    kDataFinal,
-});
-constexpr auto kModelo = std::to_array<Property>({kOwner, {L"CodModelo", kTrimmed}});
-constexpr auto kEstatImg =
-    std::to_array<Property>({kOwner, kDataInicial, kDataFinal, kCodOperador, kCodDepto, kTipoRpt});
-constexpr auto kEstatIndex = std::to_array<Property>({
-    kOwner,
-    kCodOperador,
-    kCodDepto,
-    {L"DescrDepto", kText},
-    {L"DescrOperador", kText},
-    kDataInicial,
-    kDataFinal,
-    {L"NumeroPC1", kText},
-    {L"NumeroPC2", kText},
-    {L"NumeroPC3", kText},
-    {L"NumeroPC4", kText},
-    {L"NumeroPC5", kText},
-    {L"NumeroObs", kText},
-});
-constexpr auto kEstatPeriodo = std::to_array<Property>({kOwner, kDataInicial, kDataFinal, kTipoRpt});
-constexpr auto kSolicitacao = std::to_array<Property>({kOwner, {L"CodSolicit", kText}, {L"ListarJaDevolvidos", kFlag}});
-constexpr auto kCaixa = std::to_array<Property>({
-    kOwner,
-    {L"Modulo1", kText},
-    {L"Modulo2", kText},
-    {L"Modulo3", kText},
-    {L"Ordenacao", kInitial, L"N"},  // by module number
-    {L"SomenteExistentes", kFlag},
-    {L"Tipo", kInitial},
-    {L"CodDepto", kText},
-    {L"CodSerie", kText},
-    {L"ModoPregresso", kFlag},
-});
+// A text property that does not keep every text as it was given, or does not start empty.
+struct SpecialText {
+  std::wstring_view className;
+  Property property;
+};
+constexpr SpecialText kSpecialTexts[] = {
+    {L"CEstatSerieRptObj", {L"TipoRpt", kInitial}},
+    {L"CCDRptObj", {L"TipoRpt", kInitial}},
+    {L"CModeloRptObj", {L"CodModelo", kTrimmed}},
+    {L"CEstatImgRptObj", {L"CodOperador", kTrimmed}},
+    {L"CEstatImgRptObj", {L"CodDepto", kTrimmed}},
+    {L"CEstatImgRptObj", {L"TipoRpt", kInitial}},
+    {L"CEstatIndexRptObj", {L"CodOperador", kTrimmed}},
+    {L"CEstatIndexRptObj", {L"CodDepto", kTrimmed}},
+    {L"CEstatSuporteRptObj", {L"TipoRpt", kInitial}},
+    {L"CEstatSubgrupoRptObj", {L"TipoRpt", kInitial}},
+    {L"CCaixaRptObj", {L"Ordenacao", kInitial, L"N"}},  // by module number
+    {L"CCaixaRptObj", {L"Tipo", kInitial}},
+};
 
-constexpr auto kClasses = std::to_array<ParameterClass>({
-    {L"CEstatSerieRptObj", kEstatSerie},
-    {L"CCDRptObj", kCD},
-    {L"CTipo_CaixaRptObj", kOwnerOnly},
-    {L"CSuporteRptObj", kOwnerOnly},
-    {L"CSubgrupoRptObj", kOwnerOnly},
-    {L"CSerieRptObj", kOwnerOnly},
-    {L"COperadorRptObj", kOwnerOnly},
-    {L"CContainerRptObj", kContainer},
-    {L"CDepositoRptObj", kOwnerOnly},
-    {L"CDicionarioRptObj", kOwnerOnly},
-    {L"CDeptoRptObj", kOwnerOnly},
-    {L"CDocumentoRptObj", kDocumento},
-    {L"CGrupoRptObj", kOwnerOnly},
-    {L"CLogRptObj", kLog},
-    {L"CModeloRptObj", kModelo},
-    {L"CEstatImgRptObj", kEstatImg},
-    {L"CEstatIndexRptObj", kEstatIndex},
-    {L"CEstatSuporteRptObj", kEstatPeriodo},
-    {L"CEstatSubgrupoRptObj", kEstatPeriodo},
-    {L"CTipo_MidiaRptObj", kOwnerOnly},
-    {L"CSolicitacaoRptObj", kSolicitacao},
-    {L"CGrupoOperadorRptObj", kOwnerOnly},
-    {L"CCaixaRptObj", kCaixa},
-});
+constexpr Property PropertyOf(std::wstring_view className, std::wstring_view name, PropertyRule ruleOfType) {
+  for (const SpecialText& special : kSpecialTexts)
+    if (ruleOfType == kText && special.className == className && special.property.name == name) return special.property;
+  return {name, ruleOfType};
+}
+
+// The properties of each class.
+#define KODRA_PARAMETER_CLASS(NAME, PROPERTIES) constexpr Property k##NAME[] = {PROPERTIES};
+#define KODRA_PARAMETER_PROPERTY(CLASS, NAME, TYPE) PropertyOf(L## #CLASS, L## #NAME, kRuleOf##TYPE),
+#include "idl/public_classes.def"
+
+constexpr ParameterClass kClasses[] = {
+#define KODRA_PARAMETER_CLASS(NAME, PROPERTIES) {L## #NAME, k##NAME},
+#include "idl/public_classes.def"
+};
+
+constexpr bool IsInItsClass(const SpecialText& special) {
+  const auto* const found = std::ranges::find(kClasses, special.className, &ParameterClass::name);
+  return found != std::end(kClasses) && std::ranges::any_of(found->properties, [&](const Property& property) {
+           return property.name == special.property.name && property.rule == special.property.rule;
+         });
+}
+static_assert(std::ranges::all_of(kSpecialTexts, IsInItsClass),
+              "kSpecialTexts has a property that is no text property of its class in the IDL");
 
 }  // namespace
 
 std::span<const ParameterClass> ParameterClasses() { return kClasses; }
 
 const ParameterClass& ParameterClassNamed(std::wstring_view name) {
-  return *std::find_if(kClasses.begin(), kClasses.end(),
-                       [&](const ParameterClass& candidate) { return candidate.name == name; });
+  return *std::ranges::find(kClasses, name, &ParameterClass::name);
 }
 
 }  // namespace kodra::frame

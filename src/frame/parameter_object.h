@@ -1,6 +1,7 @@
 // The parameter objects: one plain property bag per report family, with the values that some properties normalise.
 //
-// What differs between the 23 classes is a table: the class, and its properties in interface order with their rule.
+// What differs between the 23 classes is a table made from the IDL: the class, and its properties in interface order
+// with their rule.
 // A client's object answers by member name like any automation object.
 //
 //   ParameterObject depto(ParameterClassNamed(L"CDeptoRptObj"));

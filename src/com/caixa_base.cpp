@@ -1,4 +1,4 @@
-#include "com/caixa_face.h"
+#include "com/caixa_base.h"
 
 #include "ado/ado_objects.h"
 #include "ado/automation_object.h"
@@ -19,26 +19,26 @@ platform::ClientConnection ClientConnectionOf(IDispatch* object) {
 
 }  // namespace
 
-CCaixaRptFace::CCaixaRptFace() : events_(static_cast<ICCaixaRpt&>(*this), __uuidof(DCCaixaRptEvents)) {
+CaixaBase::CaixaBase() : events_(static_cast<ICCaixaRpt&>(*this), __uuidof(DCCaixaRptEvents)) {
   constexpr DISPID kDebugLog = 1;
   Offer(IID_IConnectionPointContainer, events_);
   Report().OnDebugLog([this](const std::wstring& line) { events_.Fire(kDebugLog, line); });
 }
 
-STDMETHODIMP CCaixaRptFace::get_Conexao(IDispatch** value) noexcept {
+STDMETHODIMP CaixaBase::get_Conexao(IDispatch** value) noexcept {
   return FillAtBoundary(__uuidof(ICCaixaRpt), value,
                         [&] { return ado::DispatchOf(Report().Conexao().object).detach(); });
 }
 
-STDMETHODIMP CCaixaRptFace::putref_Conexao(IDispatch* value) noexcept {
+STDMETHODIMP CaixaBase::putref_Conexao(IDispatch* value) noexcept {
   return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetConexao(ClientConnectionOf(value)); });
 }
 
-STDMETHODIMP CCaixaRptFace::get_LogFile(BSTR* value) noexcept {
+STDMETHODIMP CaixaBase::get_LogFile(BSTR* value) noexcept {
   return FillAtBoundary(__uuidof(ICCaixaRpt), value, [&] { return ado::ScopedBstr(Report().LogFile()).detach(); });
 }
 
-STDMETHODIMP CCaixaRptFace::put_LogFile(BSTR value) noexcept {
+STDMETHODIMP CaixaBase::put_LogFile(BSTR value) noexcept {
   return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetLogFile(ado::ToWide(value)); });
 }
 

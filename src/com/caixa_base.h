@@ -1,0 +1,26 @@
+// What the COM class of the module reports has beyond a report class: a client's connection, a log file and an event.
+#pragma once
+
+#include "com/event_source.h"
+#include "com/kodrarpt_h.h"
+#include "com/report_face.h"
+#include "reports/modules/caixa_rpt.h"
+
+namespace kodra::com {
+
+class CaixaBase : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::CCaixaRpt> {
+ public:
+  STDMETHODIMP get_Conexao(IDispatch** value) noexcept override;
+  // An object that is no ADO connection raises RuntimeError::kTypeMismatch; null takes the connection away.
+  STDMETHODIMP putref_Conexao(IDispatch* value) noexcept override;
+  STDMETHODIMP get_LogFile(BSTR* value) noexcept override;
+  STDMETHODIMP put_LogFile(BSTR value) noexcept override;
+
+ protected:
+  CaixaBase();
+
+ private:
+  EventSource events_;
+};
+
+}  // namespace kodra::com
