@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "ado/adoint.h"
-#include "ado/com_ptr.h"
+#include "comkit/com_ptr.h"
 
 namespace kodra::bench {
 
-using ado::com_ptr;
+using comkit::com_ptr;
 
 // Ends the benchmark when a call fails.
 inline void Must(HRESULT hr, const char* what) {

@@ -8,6 +8,7 @@ namespace kodra::console {
 namespace {
 
 using namespace ado;
+using namespace comkit;
 
 class WindowsMachine final : public Machine {
  public:

@@ -27,7 +27,7 @@ VARIANT LargeInteger(std::uint64_t value) { return ScopedVariant(Value(Decimal{.
 
 // What the object gives when its name alone is written, such as the value of a field.
 ScopedVariant DefaultProperty(IUnknown* object) {
-  const auto dispatch = ado::com_ptr<IUnknown>(object).as<IDispatch>();
+  const auto dispatch = comkit::com_ptr<IUnknown>(object).as<IDispatch>();
   DISPPARAMS none{};
   ScopedVariant result;
   if (!dispatch || FAILED(dispatch->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
@@ -92,6 +92,6 @@ VARIANT ToVariant(const Value& value) {
   return ScopedVariant(value).detach();
 }
 
-BSTR ToBstr(const std::wstring& text) { return ado::ScopedBstr(text).detach(); }
+BSTR ToBstr(const std::wstring& text) { return comkit::ScopedBstr(text).detach(); }
 
 }  // namespace kodra::adodb

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "ado/adoint.h"
-#include "ado/com_ptr.h"
 #include "ado/variant.h"
+#include "comkit/com_ptr.h"
 #include "odbc/adodb/errors.h"
 #include "values/value.h"
 
@@ -26,7 +26,7 @@ class Argument {
   bool IsObject() const noexcept { return V_VT(&*variant_) == VT_DISPATCH || V_VT(&*variant_) == VT_UNKNOWN; }
   bool IsArray() const noexcept { return (V_VT(&*variant_) & VT_ARRAY) != 0; }
   // REQUIRES: IsText().
-  std::wstring Text() const { return ado::ToWide(V_BSTR(&*variant_)); }
+  std::wstring Text() const { return comkit::ToWide(V_BSTR(&*variant_)); }
   // Null is "Nothing". REQUIRES: IsObject().
   IUnknown* Object() const noexcept { return V_UNKNOWN(&*variant_); }
   // The value to store: of an object, its default property; Empty when missing. A kind of value that no field holds

@@ -12,25 +12,25 @@
 namespace kodra::adodb {
 
 // An enumerator over the members that a collection had when it was asked.
-com_ptr<IUnknown> MakeEnumerator(std::vector<com_ptr<IDispatch>> members);
+com_ptr<IUnknown> MakeEnumerator(const std::vector<com_ptr<IDispatch>>& objects);
 
 template <class Interface, class... Older>
 class CollectionObject : public DispatchObject<Interface, _Collection, Older...> {
  public:
-  HRESULT __stdcall get_Count(LONG* count) noexcept override {
+  STDMETHODIMP get_Count(LONG* count) noexcept override {
     return this->Get(count, [&] { return Size(); });
   }
   // NOLINTNEXTLINE(bugprone-reserved-identifier): automation's own name for it
-  HRESULT __stdcall _NewEnum(IUnknown** enumerator) noexcept override {
+  STDMETHODIMP _NewEnum(IUnknown** enumerator) noexcept override {
     return this->Get(enumerator, [&] {
       std::vector<com_ptr<IDispatch>> members;
       members.reserve(static_cast<std::size_t>(Size()));
       for (std::int32_t i = 0; i < Size(); ++i) members.push_back(Member(i));
-      return MakeEnumerator(std::move(members));
+      return MakeEnumerator(members);
     });
   }
   // Every collection here is always current.
-  HRESULT __stdcall Refresh() noexcept override { return S_OK; }
+  STDMETHODIMP Refresh() noexcept override { return S_OK; }
 
  protected:
   virtual std::int32_t Size() = 0;

@@ -5,7 +5,7 @@
 
 namespace kodra::adodb {
 
-using ado::ToWide;
+using comkit::ToWide;
 
 odbc::Command& CommandObject::Prepare() {
   for (std::int32_t i = 0; i < ParameterCount(); ++i) command_.SetParameter(i, ParameterAt(i)->Definition());
@@ -43,42 +43,42 @@ void CommandObject::Use(const com_ptr<ConnectionObject>& connection) {
   connection_ = connection;
 }
 
-HRESULT CommandObject::get_Properties(Properties** properties) noexcept {
+STDMETHODIMP CommandObject::get_Properties(Properties** properties) noexcept {
   return Get(properties, [] { return Make<PropertiesObject>(); });
 }
-HRESULT CommandObject::get_ActiveConnection(_Connection** connection) noexcept {
+STDMETHODIMP CommandObject::get_ActiveConnection(_Connection** connection) noexcept {
   return Get(connection, [&] { return connection_; });
 }
-HRESULT CommandObject::putref_ActiveConnection(_Connection* connection) noexcept {
+STDMETHODIMP CommandObject::putref_ActiveConnection(_Connection* connection) noexcept {
   return Guard([&] {
     const auto own = OwnObjectOf<ConnectionObject>(connection);
     if (!own && connection != nullptr) Raise(ControlError::kInvalidArgument, odbc::kCommandSource);
     Use(own);
   });
 }
-HRESULT CommandObject::put_ActiveConnection(VARIANT connection) noexcept {
+STDMETHODIMP CommandObject::put_ActiveConnection(VARIANT connection) noexcept {
   return Guard([&] { Use(ConnectionOf(Argument(connection)).value_or(nullptr)); });
 }
-HRESULT CommandObject::get_CommandText(BSTR* text) noexcept {
+STDMETHODIMP CommandObject::get_CommandText(BSTR* text) noexcept {
   return Get(text, [&] { return command_.CommandText(); });
 }
-HRESULT CommandObject::put_CommandText(BSTR text) noexcept {
+STDMETHODIMP CommandObject::put_CommandText(BSTR text) noexcept {
   return Guard([&] { command_.SetCommandText(ToWide(text)); });
 }
-HRESULT CommandObject::get_CommandTimeout(LONG* seconds) noexcept {
+STDMETHODIMP CommandObject::get_CommandTimeout(LONG* seconds) noexcept {
   return Get(seconds, [&] { return command_.CommandTimeout(); });
 }
-HRESULT CommandObject::put_CommandTimeout(LONG seconds) noexcept {
+STDMETHODIMP CommandObject::put_CommandTimeout(LONG seconds) noexcept {
   return Guard([&] { command_.SetCommandTimeout(seconds); });
 }
-HRESULT CommandObject::get_Prepared(VARIANT_BOOL* prepared) noexcept {
+STDMETHODIMP CommandObject::get_Prepared(VARIANT_BOOL* prepared) noexcept {
   return Get(prepared, [&] { return command_.Prepared(); });
 }
-HRESULT CommandObject::put_Prepared(VARIANT_BOOL prepared) noexcept {
+STDMETHODIMP CommandObject::put_Prepared(VARIANT_BOOL prepared) noexcept {
   return Guard([&] { command_.SetPrepared(prepared != VARIANT_FALSE); });
 }
 
-HRESULT CommandObject::Execute(VARIANT* affected, VARIANT* values, LONG options, _Recordset** rows) noexcept {
+STDMETHODIMP CommandObject::Execute(VARIANT* affected, VARIANT* values, LONG options, _Recordset** rows) noexcept {
   if (rows != nullptr) *rows = nullptr;
   return Guard([&] {
     Prepare();
@@ -92,29 +92,29 @@ HRESULT CommandObject::Execute(VARIANT* affected, VARIANT* values, LONG options,
   });
 }
 
-HRESULT CommandObject::CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction, ADO_LONGPTR size,
-                                       VARIANT value, _Parameter** parameter) noexcept {
+STDMETHODIMP CommandObject::CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction,
+                                            ADO_LONGPTR size, VARIANT value, _Parameter** parameter) noexcept {
   return Get(parameter, [&] {
     return Make<ParameterObject>(odbc::Parameter{ToWide(name), type, direction, size, Argument(value).AsValue()});
   });
 }
-HRESULT CommandObject::get_Parameters(Parameters** parameters) noexcept {
+STDMETHODIMP CommandObject::get_Parameters(Parameters** parameters) noexcept {
   return Get(parameters, [&] { return Make<ParametersObject>(com_ptr<CommandObject>(this)); });
 }
-HRESULT CommandObject::get_CommandType(CommandTypeEnum* type) noexcept {
+STDMETHODIMP CommandObject::get_CommandType(CommandTypeEnum* type) noexcept {
   return Get(type, [&] { return command_.CommandType(); });
 }
-HRESULT CommandObject::put_CommandType(CommandTypeEnum type) noexcept {
+STDMETHODIMP CommandObject::put_CommandType(CommandTypeEnum type) noexcept {
   return Guard([&] { command_.SetCommandType(type); });
 }
-HRESULT CommandObject::get_Name(BSTR* name) noexcept {
+STDMETHODIMP CommandObject::get_Name(BSTR* name) noexcept {
   return Get(name, [&] { return command_.Name(); });
 }
-HRESULT CommandObject::put_Name(BSTR name) noexcept {
+STDMETHODIMP CommandObject::put_Name(BSTR name) noexcept {
   return Guard([&] { command_.SetName(ToWide(name)); });
 }
 // A command is busy only inside its own calls, which are never asynchronous.
-HRESULT CommandObject::get_State(LONG* state) noexcept {
+STDMETHODIMP CommandObject::get_State(LONG* state) noexcept {
   return Get(state, [] { return platform::ad::kStateClosed; });
 }
 

@@ -6,34 +6,34 @@
 
 namespace kodra::adodb {
 
-using ado::ToWide;
+using comkit::ToWide;
 
-HRESULT ConnectionObject::get_Properties(Properties** properties) noexcept {
+STDMETHODIMP ConnectionObject::get_Properties(Properties** properties) noexcept {
   return Get(properties, [] { return Make<PropertiesObject>(); });
 }
-HRESULT ConnectionObject::get_ConnectionString(BSTR* text) noexcept {
+STDMETHODIMP ConnectionObject::get_ConnectionString(BSTR* text) noexcept {
   return Get(text, [&] { return connection_.ConnectionString(); });
 }
-HRESULT ConnectionObject::put_ConnectionString(BSTR text) noexcept {
+STDMETHODIMP ConnectionObject::put_ConnectionString(BSTR text) noexcept {
   return Guard([&] { connection_.SetConnectionString(ToWide(text)); });
 }
-HRESULT ConnectionObject::get_CommandTimeout(LONG* seconds) noexcept {
+STDMETHODIMP ConnectionObject::get_CommandTimeout(LONG* seconds) noexcept {
   return Get(seconds, [&] { return connection_.CommandTimeout(); });
 }
-HRESULT ConnectionObject::put_CommandTimeout(LONG seconds) noexcept {
+STDMETHODIMP ConnectionObject::put_CommandTimeout(LONG seconds) noexcept {
   return Guard([&] { connection_.SetCommandTimeout(seconds); });
 }
-HRESULT ConnectionObject::get_ConnectionTimeout(LONG* seconds) noexcept {
+STDMETHODIMP ConnectionObject::get_ConnectionTimeout(LONG* seconds) noexcept {
   return Get(seconds, [&] { return connection_.ConnectionTimeout(); });
 }
-HRESULT ConnectionObject::put_ConnectionTimeout(LONG seconds) noexcept {
+STDMETHODIMP ConnectionObject::put_ConnectionTimeout(LONG seconds) noexcept {
   return Guard([&] { connection_.SetConnectionTimeout(seconds); });
 }
-HRESULT ConnectionObject::get_Version(BSTR* version) noexcept {
+STDMETHODIMP ConnectionObject::get_Version(BSTR* version) noexcept {
   return Get(version, [] { return std::wstring(L"2.8"); });
 }
 
-HRESULT ConnectionObject::Open(BSTR text, BSTR user, BSTR password, LONG options) noexcept {
+STDMETHODIMP ConnectionObject::Open(BSTR text, BSTR user, BSTR password, LONG options) noexcept {
   return Guard([&] {
     const std::wstring given = ToWide(text);
     if (given.empty()) {
@@ -43,64 +43,64 @@ HRESULT ConnectionObject::Open(BSTR text, BSTR user, BSTR password, LONG options
     }
   });
 }
-HRESULT ConnectionObject::Close() noexcept {
+STDMETHODIMP ConnectionObject::Close() noexcept {
   return Guard([&] { connection_.Close(); });
 }
-HRESULT ConnectionObject::get_State(LONG* state) noexcept {
+STDMETHODIMP ConnectionObject::get_State(LONG* state) noexcept {
   return Get(state, [&] { return connection_.State(); });
 }
 
-HRESULT ConnectionObject::Execute(BSTR statement, VARIANT* affected, LONG options, _Recordset** rows) noexcept {
+STDMETHODIMP ConnectionObject::Execute(BSTR statement, VARIANT* affected, LONG options, _Recordset** rows) noexcept {
   if (rows != nullptr) *rows = nullptr;
   return Guard([&] {
     StoreExecution(connection_.Query(ToWide(statement), options), com_ptr<ConnectionObject>(this), options, affected,
                    rows);
   });
 }
-HRESULT ConnectionObject::BeginTrans(LONG* level) noexcept {
+STDMETHODIMP ConnectionObject::BeginTrans(LONG* level) noexcept {
   return Guard([&] {
     const std::int32_t begun = connection_.BeginTrans();
     if (level != nullptr) *level = begun;
   });
 }
-HRESULT ConnectionObject::CommitTrans() noexcept {
+STDMETHODIMP ConnectionObject::CommitTrans() noexcept {
   return Guard([&] { connection_.CommitTrans(); });
 }
-HRESULT ConnectionObject::RollbackTrans() noexcept {
+STDMETHODIMP ConnectionObject::RollbackTrans() noexcept {
   return Guard([&] { connection_.RollbackTrans(); });
 }
-HRESULT ConnectionObject::get_Errors(Errors** errors) noexcept {
+STDMETHODIMP ConnectionObject::get_Errors(Errors** errors) noexcept {
   return Get(errors, [&] { return Make<ErrorsObject>(connection_.SharedSession()); });
 }
 
-HRESULT ConnectionObject::get_DefaultDatabase(BSTR* name) noexcept {
+STDMETHODIMP ConnectionObject::get_DefaultDatabase(BSTR* name) noexcept {
   return Get(name, [&] { return connection_.DefaultDatabase(); });
 }
-HRESULT ConnectionObject::put_DefaultDatabase(BSTR name) noexcept {
+STDMETHODIMP ConnectionObject::put_DefaultDatabase(BSTR name) noexcept {
   return Guard([&] { connection_.SetDefaultDatabase(ToWide(name)); });
 }
-HRESULT ConnectionObject::get_IsolationLevel(IsolationLevelEnum* level) noexcept {
+STDMETHODIMP ConnectionObject::get_IsolationLevel(IsolationLevelEnum* level) noexcept {
   return Get(level, [&] { return connection_.IsolationLevel(); });
 }
-HRESULT ConnectionObject::put_IsolationLevel(IsolationLevelEnum level) noexcept {
+STDMETHODIMP ConnectionObject::put_IsolationLevel(IsolationLevelEnum level) noexcept {
   return Guard([&] { connection_.SetIsolationLevel(level); });
 }
-HRESULT ConnectionObject::get_CursorLocation(CursorLocationEnum* location) noexcept {
+STDMETHODIMP ConnectionObject::get_CursorLocation(CursorLocationEnum* location) noexcept {
   return Get(location, [&] { return connection_.CursorLocation(); });
 }
-HRESULT ConnectionObject::put_CursorLocation(CursorLocationEnum location) noexcept {
+STDMETHODIMP ConnectionObject::put_CursorLocation(CursorLocationEnum location) noexcept {
   return Guard([&] { connection_.SetCursorLocation(location); });
 }
-HRESULT ConnectionObject::get_Mode(ConnectModeEnum* mode) noexcept {
+STDMETHODIMP ConnectionObject::get_Mode(ConnectModeEnum* mode) noexcept {
   return Get(mode, [&] { return connection_.Mode(); });
 }
-HRESULT ConnectionObject::put_Mode(ConnectModeEnum mode) noexcept {
+STDMETHODIMP ConnectionObject::put_Mode(ConnectModeEnum mode) noexcept {
   return Guard([&] { connection_.SetMode(mode); });
 }
-HRESULT ConnectionObject::get_Provider(BSTR* name) noexcept {
+STDMETHODIMP ConnectionObject::get_Provider(BSTR* name) noexcept {
   return Get(name, [&] { return connection_.Provider(); });
 }
-HRESULT ConnectionObject::put_Provider(BSTR name) noexcept {
+STDMETHODIMP ConnectionObject::put_Provider(BSTR name) noexcept {
   return Guard([&] { connection_.SetProvider(ToWide(name)); });
 }
 

@@ -1,25 +1,23 @@
-// The common ground of the ADO objects: reference counting, QueryInterface, and IDispatch by the type library.
+// The common ground of the ADO objects: IDispatch by the type library, and error information.
 //
 //   class ErrorObject final : public DispatchObject<ADOError> { … };
 //   com_ptr<ADOError> error = Make<ErrorObject>(…);
 //
-// An object is born with no reference; Make gives the first. Counting is safe on any thread, everything else belongs to
-// the thread that made the object.
+// Counting references is safe on any thread, everything else belongs to the thread that made the object.
 #pragma once
 
-#include <atomic>
 #include <type_traits>
 #include <utility>
 
 #include "ado/adoint.h"
-#include "ado/com_ptr.h"
+#include "comkit/com_ptr.h"
+#include "comkit/object.h"
 #include "odbc/adodb/arguments.h"
 #include "odbc/adodb/errors.h"
-#include "odbc/adodb/module.h"
 
 namespace kodra::adodb {
 
-using ado::com_ptr;
+using comkit::com_ptr;
 
 // Answered by the objects of this DLL alone, so that one recognises another behind a client's interface pointer.
 inline constexpr IID kOwnObjectId{0x3b6f2f0e, 0x7c1d, 0x4b59, {0x9a, 0x2e, 0x51, 0x7d, 0x0c, 0x84, 0xe6, 0x13}};
@@ -34,28 +32,14 @@ class OwnObject {
 
 // `Older` are the interfaces that `Interface` extends and that answer to ids of their own.
 template <class Interface, class... Older>
-class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObject {
+class DispatchObject : public comkit::Object<Interface, ISupportErrorInfo>, public OwnObject {
  public:
-  HRESULT __stdcall QueryInterface(REFIID id, void** out) noexcept override {
-    if (out == nullptr) return E_POINTER;
-    *out = Find(id);
-    if (*out == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG __stdcall AddRef() noexcept override { return ++references_; }
-  ULONG __stdcall Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
-  HRESULT __stdcall GetTypeInfoCount(UINT* count) noexcept override {
+  STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
     if (count == nullptr) return E_POINTER;
     *count = 1;
     return S_OK;
   }
-  HRESULT __stdcall GetTypeInfo(UINT index, LCID, ITypeInfo** out) noexcept override {
+  STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** out) noexcept override {
     if (out == nullptr) return E_POINTER;
     *out = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
@@ -63,11 +47,11 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
     com_ptr<ITypeInfo>(Type()).copy_to(out);
     return S_OK;
   }
-  HRESULT __stdcall GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
     return Type() == nullptr ? TYPE_E_CANTLOADLIBRARY : Type()->GetIDsOfNames(names, count, ids);
   }
-  HRESULT __stdcall Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                           EXCEPINFO* exception, UINT* badArgument) noexcept override {
+  STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                      EXCEPINFO* exception, UINT* badArgument) noexcept override {
     if (Type() == nullptr) return TYPE_E_CANTLOADLIBRARY;
     const HRESULT item = InvokeItem(member, flags, arguments, result, exception);
     if (item != DISP_E_MEMBERNOTFOUND) return item;
@@ -77,9 +61,7 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
     return called;
   }
 
-  HRESULT __stdcall InterfaceSupportsErrorInfo(REFIID id) noexcept override {
-    return IsOwnInterface(id) ? S_OK : S_FALSE;
-  }
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) noexcept override { return IsOwnInterface(id) ? S_OK : S_FALSE; }
 
  protected:
   // object(index) = value, which scripts write for object(index).Value = value.
@@ -103,15 +85,15 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
     return Guard([&] { Store(out, read()); });
   }
 
+  void* Find(REFIID id) noexcept override {
+    if (IsOwnInterface(id)) return static_cast<Interface*>(this);
+    if (id == kOwnObjectId) return static_cast<OwnObject*>(this);
+    return comkit::Object<Interface, ISupportErrorInfo>::Find(id);
+  }
+
  private:
   static bool IsOwnInterface(REFIID id) noexcept {
     return id == __uuidof(Interface) || id == IID_IDispatch || (... || (id == __uuidof(Older)));
-  }
-  void* Find(REFIID id) noexcept {
-    if (id == IID_IUnknown || IsOwnInterface(id)) return static_cast<Interface*>(this);
-    if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
-    if (id == kOwnObjectId) return static_cast<OwnObject*>(this);
-    return nullptr;
   }
   // DISP_E_MEMBERNOTFOUND when the call is neither object(index) nor object(index) = value.
   HRESULT InvokeItem(DISPID member, WORD flags, DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception) noexcept {
@@ -125,19 +107,21 @@ class DispatchObject : public Interface, public ISupportErrorInfo, public OwnObj
     if (SUCCEEDED(read) && result != nullptr) *result = ado::ScopedVariant::Object(item.get()).detach();
     return read;
   }
-  // Kept until the process ends: releasing it while the DLL is being unloaded would call into other DLLs.
+  // Null when the type library cannot be read. Kept until the process ends: releasing it while the DLL is being
+  // unloaded would call into other DLLs.
   static ITypeInfo* Type() noexcept {
-    static ITypeInfo* const type = TypeInfoOf(__uuidof(Interface)).detach();
+    static ITypeInfo* const type = [] {
+      ITypeInfo* info = nullptr;
+      Guard([&] { comkit::TypeInfoOf(__uuidof(Interface), &info); });
+      return info;
+    }();
     return type;
   }
-
-  std::atomic<ULONG> references_{0};
-  ModuleReference module_;
 };
 
 template <class Object, class... Arguments>
 com_ptr<Object> Make(Arguments&&... arguments) {
-  return com_ptr<Object>(new Object(std::forward<Arguments>(arguments)...));
+  return com_ptr<Object>::adopt(new Object(std::forward<Arguments>(arguments)...));
 }
 
 // The object of this DLL behind an interface pointer, null when it is another class's or null itself.

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "ado/adoint.h"
+#include "comkit/boundary.h"
 #include "odbc/engine/errors.h"
 #include "values/erro.h"
 
@@ -11,19 +12,10 @@ namespace kodra::adodb {
 
 using odbc::ControlError;
 
-// Turns the exception being handled into the HRESULT of an entry point of `interface`, and leaves its IErrorInfo.
-// REQUIRES: called inside a catch block.
-HRESULT ReportException(REFIID interfaceId) noexcept;
-
-// The body of an entry point: nothing that it raises crosses into the client.
+// The body of an entry point of `Interface`: nothing that it raises crosses into the client.
 template <class Interface, class Body>
 HRESULT Guarded(const Body& body) noexcept {
-  try {
-    body();
-    return S_OK;
-  } catch (...) {
-    return ReportException(__uuidof(Interface));
-  }
+  return comkit::AtBoundary(__uuidof(Interface), body);
 }
 
 // Raises ADO's error of that number with its text, and ADO itself as the source; the overload in odbc names

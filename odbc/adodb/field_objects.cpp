@@ -5,48 +5,49 @@
 
 namespace kodra::adodb {
 
-HRESULT FieldObject::get_Properties(Properties** properties) noexcept {
+STDMETHODIMP FieldObject::get_Properties(Properties** properties) noexcept {
   return Get(properties, [] { return Make<PropertiesObject>(); });
 }
-HRESULT FieldObject::get_ActualSize(ADO_LONGPTR* size) noexcept {
+STDMETHODIMP FieldObject::get_ActualSize(ADO_LONGPTR* size) noexcept {
   return Get(size, [&] { return recordset_->Odbc().FieldActualSize(index_); });
 }
-HRESULT FieldObject::get_Attributes(LONG* attributes) noexcept {
+STDMETHODIMP FieldObject::get_Attributes(LONG* attributes) noexcept {
   return Get(attributes, [&] { return recordset_->Odbc().FieldAt(index_).attributes; });
 }
-HRESULT FieldObject::get_DefinedSize(ADO_LONGPTR* size) noexcept {
+STDMETHODIMP FieldObject::get_DefinedSize(ADO_LONGPTR* size) noexcept {
   return Get(size, [&] { return recordset_->Odbc().FieldAt(index_).definedSize; });
 }
-HRESULT FieldObject::get_Name(BSTR* name) noexcept {
+STDMETHODIMP FieldObject::get_Name(BSTR* name) noexcept {
   return Get(name, [&] { return recordset_->Odbc().FieldAt(index_).name; });
 }
-HRESULT FieldObject::get_Type(DataTypeEnum* type) noexcept {
+STDMETHODIMP FieldObject::get_Type(DataTypeEnum* type) noexcept {
   return Get(type, [&] { return recordset_->Odbc().FieldAt(index_).type; });
 }
-HRESULT FieldObject::get_Value(VARIANT* value) noexcept {
+STDMETHODIMP FieldObject::get_Value(VARIANT* value) noexcept {
   return Get(value, [&] { return recordset_->Odbc().FieldValue(index_); });
 }
-HRESULT FieldObject::put_Value(VARIANT value) noexcept {
+STDMETHODIMP FieldObject::put_Value(VARIANT value) noexcept {
   return Guard([&] { recordset_->Odbc().SetFieldValue(index_, Argument(value).AsValue()); });
 }
-HRESULT FieldObject::get_Precision(unsigned char* digits) noexcept {
+STDMETHODIMP FieldObject::get_Precision(unsigned char* digits) noexcept {
   return Get(digits, [&] { return recordset_->Odbc().FieldAt(index_).precision; });
 }
-HRESULT FieldObject::get_NumericScale(unsigned char* digits) noexcept {
+STDMETHODIMP FieldObject::get_NumericScale(unsigned char* digits) noexcept {
   return Get(digits, [&] { return recordset_->Odbc().FieldAt(index_).numericScale; });
 }
 
-HRESULT FieldsObject::get_Item(VARIANT index, Field** field) noexcept {
+STDMETHODIMP FieldsObject::get_Item(VARIANT index, Field** field) noexcept {
   return Get(field, [&] { return Make<FieldObject>(recordset_, recordset_->FieldIndex(Argument(index))); });
 }
-HRESULT FieldsObject::_Append(BSTR name, DataTypeEnum type, ADO_LONGPTR size, FieldAttributeEnum attributes) noexcept {
-  return Guard([&] { recordset_->Odbc().AppendField(ado::ToWide(name), type, size, attributes); });
+STDMETHODIMP FieldsObject::_Append(BSTR name, DataTypeEnum type, ADO_LONGPTR size,
+                                   FieldAttributeEnum attributes) noexcept {
+  return Guard([&] { recordset_->Odbc().AppendField(comkit::ToWide(name), type, size, attributes); });
 }
-HRESULT FieldsObject::Append(BSTR name, DataTypeEnum type, ADO_LONGPTR size, FieldAttributeEnum attributes,
-                             VARIANT value) noexcept {
+STDMETHODIMP FieldsObject::Append(BSTR name, DataTypeEnum type, ADO_LONGPTR size, FieldAttributeEnum attributes,
+                                  VARIANT value) noexcept {
   return Guard([&] {
     if (!Argument(value).IsMissing()) RaiseNotImplemented(L"Fields.Append with a value");
-    recordset_->Odbc().AppendField(ado::ToWide(name), type, size, attributes);
+    recordset_->Odbc().AppendField(comkit::ToWide(name), type, size, attributes);
   });
 }
 

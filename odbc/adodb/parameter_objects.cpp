@@ -5,49 +5,49 @@
 
 namespace kodra::adodb {
 
-using ado::ToWide;
+using comkit::ToWide;
 
-HRESULT ParameterObject::get_Properties(Properties** properties) noexcept {
+STDMETHODIMP ParameterObject::get_Properties(Properties** properties) noexcept {
   return Get(properties, [] { return Make<PropertiesObject>(); });
 }
-HRESULT ParameterObject::get_Name(BSTR* name) noexcept {
+STDMETHODIMP ParameterObject::get_Name(BSTR* name) noexcept {
   return Get(name, [&] { return parameter_.name; });
 }
-HRESULT ParameterObject::put_Name(BSTR name) noexcept {
+STDMETHODIMP ParameterObject::put_Name(BSTR name) noexcept {
   return Guard([&] { parameter_.name = ToWide(name); });
 }
-HRESULT ParameterObject::get_Value(VARIANT* value) noexcept {
+STDMETHODIMP ParameterObject::get_Value(VARIANT* value) noexcept {
   return Get(value, [&] { return parameter_.value; });
 }
-HRESULT ParameterObject::put_Value(VARIANT value) noexcept {
+STDMETHODIMP ParameterObject::put_Value(VARIANT value) noexcept {
   return Guard([&] { parameter_.value = Argument(value).AsValue(); });
 }
-HRESULT ParameterObject::get_Type(DataTypeEnum* type) noexcept {
+STDMETHODIMP ParameterObject::get_Type(DataTypeEnum* type) noexcept {
   return Get(type, [&] { return parameter_.type; });
 }
-HRESULT ParameterObject::put_Type(DataTypeEnum type) noexcept {
+STDMETHODIMP ParameterObject::put_Type(DataTypeEnum type) noexcept {
   return Guard([&] { parameter_.type = type; });
 }
-HRESULT ParameterObject::get_Direction(ParameterDirectionEnum* direction) noexcept {
+STDMETHODIMP ParameterObject::get_Direction(ParameterDirectionEnum* direction) noexcept {
   return Get(direction, [&] { return parameter_.direction; });
 }
-HRESULT ParameterObject::put_Direction(ParameterDirectionEnum direction) noexcept {
+STDMETHODIMP ParameterObject::put_Direction(ParameterDirectionEnum direction) noexcept {
   return Guard([&] { parameter_.direction = direction; });
 }
-HRESULT ParameterObject::get_Size(ADO_LONGPTR* size) noexcept {
+STDMETHODIMP ParameterObject::get_Size(ADO_LONGPTR* size) noexcept {
   return Get(size, [&] { return parameter_.size; });
 }
-HRESULT ParameterObject::put_Size(ADO_LONGPTR size) noexcept {
+STDMETHODIMP ParameterObject::put_Size(ADO_LONGPTR size) noexcept {
   return Guard([&] { parameter_.size = size; });
 }
 
-HRESULT ParametersObject::get_Item(VARIANT index, _Parameter** parameter) noexcept {
+STDMETHODIMP ParametersObject::get_Item(VARIANT index, _Parameter** parameter) noexcept {
   return Get(parameter, [&] { return command_->ParameterAt(command_->ParameterIndex(Argument(index))); });
 }
-HRESULT ParametersObject::Append(IDispatch* parameter) noexcept {
+STDMETHODIMP ParametersObject::Append(IDispatch* parameter) noexcept {
   return Guard([&] { command_->AppendParameter(OwnObjectOf<ParameterObject>(parameter)); });
 }
-HRESULT ParametersObject::Delete(VARIANT index) noexcept {
+STDMETHODIMP ParametersObject::Delete(VARIANT index) noexcept {
   return Guard([&] { command_->RemoveParameter(command_->ParameterIndex(Argument(index))); });
 }
 

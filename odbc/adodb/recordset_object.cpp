@@ -8,7 +8,7 @@ namespace kodra::adodb {
 namespace {
 
 using ado::ScopedVariant;
-using ado::ToWide;
+using comkit::ToWide;
 
 platform::ActiveConnection Target(const std::optional<com_ptr<ConnectionObject>>& connection) {
   if (!connection) return std::monostate{};
@@ -32,7 +32,7 @@ std::int32_t RecordsetObject::FieldIndex(const Argument& index) {
   return position;
 }
 
-HRESULT RecordsetObject::get_Properties(Properties** properties) noexcept {
+STDMETHODIMP RecordsetObject::get_Properties(Properties** properties) noexcept {
   return Get(properties, [] { return Make<PropertiesObject>(); });
 }
 
@@ -41,65 +41,65 @@ void RecordsetObject::Use(const Argument& argument) {
   recordset_->SetActiveConnection(Target(connection));
   connection_ = connection;
 }
-HRESULT RecordsetObject::get_ActiveConnection(VARIANT* connection) noexcept {
+STDMETHODIMP RecordsetObject::get_ActiveConnection(VARIANT* connection) noexcept {
   return Guard([&] { Out(connection) = ObjectVariant(connection_.get()); });
 }
-HRESULT RecordsetObject::putref_ActiveConnection(IDispatch* connection) noexcept {
+STDMETHODIMP RecordsetObject::putref_ActiveConnection(IDispatch* connection) noexcept {
   return Guard([&] { Use(Argument(*ScopedVariant::Object(connection))); });
 }
-HRESULT RecordsetObject::put_ActiveConnection(VARIANT connection) noexcept {
+STDMETHODIMP RecordsetObject::put_ActiveConnection(VARIANT connection) noexcept {
   return Guard([&] { Use(Argument(connection)); });
 }
 
-HRESULT RecordsetObject::get_Source(VARIANT* source) noexcept {
+STDMETHODIMP RecordsetObject::get_Source(VARIANT* source) noexcept {
   return Guard([&] { Out(source) = command_ ? ObjectVariant(command_.get()) : ToVariant(recordset_->Source()); });
 }
-HRESULT RecordsetObject::putref_Source(IDispatch* source) noexcept {
+STDMETHODIMP RecordsetObject::putref_Source(IDispatch* source) noexcept {
   return Guard([&] {
     if (recordset_->State() != adStateClosed) Raise(ControlError::kObjectOpen, odbc::kRecordsetSource);
     command_ = CommandOf(source);
   });
 }
-HRESULT RecordsetObject::put_Source(BSTR source) noexcept {
+STDMETHODIMP RecordsetObject::put_Source(BSTR source) noexcept {
   return Guard([&] {
     recordset_->SetSource(ToWide(source));
     command_ = nullptr;
   });
 }
 
-HRESULT RecordsetObject::get_CursorLocation(CursorLocationEnum* location) noexcept {
+STDMETHODIMP RecordsetObject::get_CursorLocation(CursorLocationEnum* location) noexcept {
   return Get(location, [&] { return recordset_->CursorLocation(); });
 }
-HRESULT RecordsetObject::put_CursorLocation(CursorLocationEnum location) noexcept {
+STDMETHODIMP RecordsetObject::put_CursorLocation(CursorLocationEnum location) noexcept {
   return Guard([&] { recordset_->SetCursorLocation(location); });
 }
-HRESULT RecordsetObject::get_CursorType(CursorTypeEnum* type) noexcept {
+STDMETHODIMP RecordsetObject::get_CursorType(CursorTypeEnum* type) noexcept {
   return Get(type, [&] { return recordset_->CursorType(); });
 }
-HRESULT RecordsetObject::put_CursorType(CursorTypeEnum type) noexcept {
+STDMETHODIMP RecordsetObject::put_CursorType(CursorTypeEnum type) noexcept {
   return Guard([&] { recordset_->SetCursorType(type); });
 }
-HRESULT RecordsetObject::get_LockType(LockTypeEnum* type) noexcept {
+STDMETHODIMP RecordsetObject::get_LockType(LockTypeEnum* type) noexcept {
   return Get(type, [&] { return recordset_->LockType(); });
 }
-HRESULT RecordsetObject::put_LockType(LockTypeEnum type) noexcept {
+STDMETHODIMP RecordsetObject::put_LockType(LockTypeEnum type) noexcept {
   return Guard([&] { recordset_->SetLockType(type); });
 }
-HRESULT RecordsetObject::get_CacheSize(LONG* rows) noexcept {
+STDMETHODIMP RecordsetObject::get_CacheSize(LONG* rows) noexcept {
   return Get(rows, [&] { return recordset_->CacheSize(); });
 }
-HRESULT RecordsetObject::put_CacheSize(LONG rows) noexcept {
+STDMETHODIMP RecordsetObject::put_CacheSize(LONG rows) noexcept {
   return Guard([&] { recordset_->SetCacheSize(rows); });
 }
-HRESULT RecordsetObject::get_MaxRecords(ADO_LONGPTR* rows) noexcept {
+STDMETHODIMP RecordsetObject::get_MaxRecords(ADO_LONGPTR* rows) noexcept {
   return Get(rows, [&] { return recordset_->MaxRecords(); });
 }
-HRESULT RecordsetObject::put_MaxRecords(ADO_LONGPTR rows) noexcept {
+STDMETHODIMP RecordsetObject::put_MaxRecords(ADO_LONGPTR rows) noexcept {
   return Guard([&] { recordset_->SetMaxRecords(rows); });
 }
 
-HRESULT RecordsetObject::Open(VARIANT source, VARIANT connection, CursorTypeEnum cursorType, LockTypeEnum lockType,
-                              LONG options) noexcept {
+STDMETHODIMP RecordsetObject::Open(VARIANT source, VARIANT connection, CursorTypeEnum cursorType, LockTypeEnum lockType,
+                                   LONG options) noexcept {
   return Guard([&] {
     const Argument what(source);
     const auto where = ConnectionOf(Argument(connection));
@@ -124,16 +124,16 @@ HRESULT RecordsetObject::Open(VARIANT source, VARIANT connection, CursorTypeEnum
     }
   });
 }
-HRESULT RecordsetObject::Requery(LONG) noexcept {
+STDMETHODIMP RecordsetObject::Requery(LONG) noexcept {
   return Guard([&] { recordset_->Requery(); });
 }
-HRESULT RecordsetObject::Close() noexcept {
+STDMETHODIMP RecordsetObject::Close() noexcept {
   return Guard([&] { recordset_->Close(); });
 }
-HRESULT RecordsetObject::get_State(LONG* state) noexcept {
+STDMETHODIMP RecordsetObject::get_State(LONG* state) noexcept {
   return Get(state, [&] { return recordset_->State(); });
 }
-HRESULT RecordsetObject::Supports(CursorOptionEnum options, VARIANT_BOOL* supported) noexcept {
+STDMETHODIMP RecordsetObject::Supports(CursorOptionEnum options, VARIANT_BOOL* supported) noexcept {
   return Get(supported, [&] {
     std::uint32_t able = 0;
     if (recordset_->IsUpdatable()) able |= static_cast<std::uint32_t>(adAddNew) | adDelete | adUpdate;
@@ -142,41 +142,41 @@ HRESULT RecordsetObject::Supports(CursorOptionEnum options, VARIANT_BOOL* suppor
   });
 }
 
-HRESULT RecordsetObject::get_BOF(VARIANT_BOOL* atStart) noexcept {
+STDMETHODIMP RecordsetObject::get_BOF(VARIANT_BOOL* atStart) noexcept {
   return Get(atStart, [&] { return recordset_->Bof(); });
 }
-HRESULT RecordsetObject::get_EOF(VARIANT_BOOL* atEnd) noexcept {
+STDMETHODIMP RecordsetObject::get_EOF(VARIANT_BOOL* atEnd) noexcept {
   return Get(atEnd, [&] { return recordset_->Eof(); });
 }
-HRESULT RecordsetObject::MoveFirst() noexcept {
+STDMETHODIMP RecordsetObject::MoveFirst() noexcept {
   return Guard([&] { recordset_->MoveFirst(); });
 }
-HRESULT RecordsetObject::MoveNext() noexcept {
+STDMETHODIMP RecordsetObject::MoveNext() noexcept {
   return Guard([&] { recordset_->MoveNext(); });
 }
-HRESULT RecordsetObject::MovePrevious() noexcept {
+STDMETHODIMP RecordsetObject::MovePrevious() noexcept {
   return Guard([&] { recordset_->MovePrevious(); });
 }
-HRESULT RecordsetObject::MoveLast() noexcept {
+STDMETHODIMP RecordsetObject::MoveLast() noexcept {
   return Guard([&] { recordset_->MoveLast(); });
 }
-HRESULT RecordsetObject::Move(ADO_LONGPTR count, VARIANT start) noexcept {
+STDMETHODIMP RecordsetObject::Move(ADO_LONGPTR count, VARIANT start) noexcept {
   return Guard([&] {
     if (!Argument(start).IsMissing()) RaiseNotImplemented(L"Move from a bookmark");
     recordset_->Move(count);
   });
 }
-HRESULT RecordsetObject::get_RecordCount(ADO_LONGPTR* count) noexcept {
+STDMETHODIMP RecordsetObject::get_RecordCount(ADO_LONGPTR* count) noexcept {
   return Get(count, [&] { return recordset_->RecordCount(); });
 }
-HRESULT RecordsetObject::get_AbsolutePosition(PositionEnum_Param* position) noexcept {
+STDMETHODIMP RecordsetObject::get_AbsolutePosition(PositionEnum_Param* position) noexcept {
   return Get(position, [&] { return recordset_->AbsolutePosition(); });
 }
-HRESULT RecordsetObject::put_AbsolutePosition(PositionEnum_Param position) noexcept {
+STDMETHODIMP RecordsetObject::put_AbsolutePosition(PositionEnum_Param position) noexcept {
   return Guard([&] { recordset_->SetAbsolutePosition(position); });
 }
 
-HRESULT RecordsetObject::get_Fields(Fields** fields) noexcept {
+STDMETHODIMP RecordsetObject::get_Fields(Fields** fields) noexcept {
   return Get(fields, [&] { return Make<FieldsObject>(com_ptr<RecordsetObject>(this)); });
 }
 HRESULT RecordsetObject::GetItem(const VARIANT& index, com_ptr<IDispatch>& field) noexcept {
@@ -185,13 +185,13 @@ HRESULT RecordsetObject::GetItem(const VARIANT& index, com_ptr<IDispatch>& field
     field = com_ptr<IDispatch>(Make<FieldObject>(com_ptr<RecordsetObject>(this), position).get());
   });
 }
-HRESULT RecordsetObject::get_Collect(VARIANT index, VARIANT* value) noexcept {
+STDMETHODIMP RecordsetObject::get_Collect(VARIANT index, VARIANT* value) noexcept {
   return Get(value, [&] { return recordset_->FieldValue(FieldIndex(Argument(index))); });
 }
-HRESULT RecordsetObject::put_Collect(VARIANT index, VARIANT value) noexcept {
+STDMETHODIMP RecordsetObject::put_Collect(VARIANT index, VARIANT value) noexcept {
   return Guard([&] { recordset_->SetFieldValue(FieldIndex(Argument(index)), Argument(value).AsValue()); });
 }
-HRESULT RecordsetObject::GetRows(LONG count, VARIANT start, VARIANT fields, VARIANT* rows) noexcept {
+STDMETHODIMP RecordsetObject::GetRows(LONG count, VARIANT start, VARIANT fields, VARIANT* rows) noexcept {
   return Guard([&] {
     VARIANT& result = Out(rows);
     if (!Argument(start).IsMissing()) RaiseNotImplemented(L"GetRows from a bookmark");
@@ -210,7 +210,7 @@ void RecordsetObject::SetFields(const Argument& fields, const Argument& values) 
   if (names.size() != given.size()) Raise(ControlError::kInvalidArgument, odbc::kRecordsetSource);
   for (std::size_t i = 0; i < names.size(); ++i) recordset_->SetFieldValue(FieldIndex(names[i]), given[i].AsValue());
 }
-HRESULT RecordsetObject::AddNew(VARIANT fields, VARIANT values) noexcept {
+STDMETHODIMP RecordsetObject::AddNew(VARIANT fields, VARIANT values) noexcept {
   return Guard([&] {
     recordset_->AddNew();
     const Argument names(fields);
@@ -219,23 +219,23 @@ HRESULT RecordsetObject::AddNew(VARIANT fields, VARIANT values) noexcept {
     recordset_->Update();
   });
 }
-HRESULT RecordsetObject::Update(VARIANT fields, VARIANT values) noexcept {
+STDMETHODIMP RecordsetObject::Update(VARIANT fields, VARIANT values) noexcept {
   return Guard([&] {
     const Argument names(fields);
     if (!names.IsMissing()) SetFields(names, Argument(values));
     recordset_->Update();
   });
 }
-HRESULT RecordsetObject::CancelUpdate() noexcept {
+STDMETHODIMP RecordsetObject::CancelUpdate() noexcept {
   return Guard([&] { recordset_->CancelUpdate(); });
 }
-HRESULT RecordsetObject::Delete(AffectEnum rows) noexcept {
+STDMETHODIMP RecordsetObject::Delete(AffectEnum rows) noexcept {
   return Guard([&] {
     if (rows != adAffectCurrent) RaiseNotImplemented(L"Delete of more than the current row");
     recordset_->Delete();
   });
 }
-HRESULT RecordsetObject::get_EditMode(EditModeEnum* mode) noexcept {
+STDMETHODIMP RecordsetObject::get_EditMode(EditModeEnum* mode) noexcept {
   return Get(mode, [&] { return recordset_->EditMode(); });
 }
 

@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "comkit/registry.h"
+
 namespace kodra::adodb {
 namespace {
 
@@ -13,7 +15,7 @@ struct ServerValue {
   const wchar_t* name;
   const wchar_t* kept;
 };
-constexpr ServerValue kPath{nullptr, L"KodraReplaced"};
+constexpr ServerValue kPath{L"", L"KodraReplaced"};
 constexpr ServerValue kModel{L"ThreadingModel", L"KodraReplacedModel"};
 
 // An open registry key, closed with it.
@@ -34,30 +36,14 @@ class Key {
 
 std::wstring PathOf(const std::wstring& key) { return L"Software\\Classes\\" + key; }
 
-std::wstring ClassKey(REFCLSID id) {
-  wchar_t text[40];
-  StringFromGUID2(id, text, 40);
-  return std::wstring(L"CLSID\\") + text;
+std::wstring ClassKey(REFCLSID id) { return L"CLSID\\" + comkit::GuidText(id); }
+
+LSTATUS SetText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
+  return comkit::WriteRow(HKEY_LOCAL_MACHINE, {key, name, text});
 }
 
-std::wstring ClassIdText(REFCLSID id) { return ClassKey(id).substr(6); }
-
-LSTATUS SetText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
-  return RegSetKeyValueW(HKEY_LOCAL_MACHINE, PathOf(key).c_str(), name, REG_SZ, text.c_str(),
-                         (static_cast<DWORD>(text.size()) + 1) * sizeof(wchar_t));
-}
-
-std::optional<std::wstring> GetText(const std::wstring& key, const wchar_t* name) {
-  DWORD bytes = 0;
-  const std::wstring path = PathOf(key);
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, path.c_str(), name, RRF_RT_REG_SZ, nullptr, nullptr, &bytes) != ERROR_SUCCESS)
-    return std::nullopt;
-  std::wstring text(bytes / sizeof(wchar_t), L'\0');
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text.data(), &bytes) !=
-      ERROR_SUCCESS)
-    return std::nullopt;
-  text.resize(bytes / sizeof(wchar_t) - 1);
-  return text;
+std::optional<std::wstring> GetText(const std::wstring& key, const std::wstring& name) {
+  return comkit::ReadText(HKEY_LOCAL_MACHINE, key, name);
 }
 
 // Makes the key unless it is there, and marks what was made.
@@ -73,12 +59,12 @@ LSTATUS MakeKey(const std::wstring& key) {
 // A key made here goes whole; one that stood before stays.
 LSTATUS RemoveKey(const std::wstring& key) {
   if (!GetText(key, kMadeHere)) return ERROR_SUCCESS;
-  return RegDeleteTreeW(HKEY_LOCAL_MACHINE, PathOf(key).c_str());
+  return comkit::DeleteKey(HKEY_LOCAL_MACHINE, key);
 }
 
 LSTATUS RegisterProgId(const std::wstring& progId, REFCLSID id) {
   LSTATUS status = MakeKey(progId);
-  if (status == ERROR_SUCCESS) status = SetText(progId + L"\\CLSID", nullptr, ClassIdText(id));
+  if (status == ERROR_SUCCESS) status = SetText(progId + L"\\CLSID", L"", comkit::GuidText(id));
   return status;
 }
 

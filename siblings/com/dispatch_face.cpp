@@ -2,10 +2,9 @@
 
 #include <oleauto.h>
 
-#include <new>
-
 #include "ado/automation_object.h"
 #include "ado/variant.h"
+#include "comkit/boundary.h"
 #include "siblings/com/enumerator.h"
 #include "values/erro.h"
 #include "values/upper.h"
@@ -13,20 +12,18 @@
 namespace kodra::siblings {
 namespace {
 
-namespace com = ado;
-
 // Positional arguments come from the last to the first, after the named ones.
 std::vector<Value> Arguments(const DISPPARAMS& parameters) {
   std::vector<Value> arguments;
-  for (UINT i = parameters.cArgs; i-- > parameters.cNamedArgs;) arguments.push_back(com::ToValue(parameters.rgvarg[i]));
+  for (UINT i = parameters.cArgs; i-- > parameters.cNamedArgs;) arguments.push_back(ado::ToValue(parameters.rgvarg[i]));
   return arguments;
 }
 
 HRESULT Report(const Erro& erro, EXCEPINFO* info) {
   if (erro.Number() == static_cast<std::int32_t>(RuntimeError::kMemberNotFound)) return DISP_E_MEMBERNOTFOUND;
-  if (info == nullptr) return com::HresultOf(erro.Number());
+  if (info == nullptr) return ado::HresultOf(erro.Number());
   *info = EXCEPINFO{};
-  info->scode = com::HresultOf(erro.Number());
+  info->scode = ado::HresultOf(erro.Number());
   info->bstrSource = SysAllocString(erro.Source().c_str());
   info->bstrDescription = SysAllocString(erro.Description().c_str());
   return DISP_E_EXCEPTION;
@@ -37,37 +34,22 @@ HRESULT Report(const Erro& erro, EXCEPINFO* info) {
 Value Outward(const Value& value) {
   if (!value.Is<ObjectRef>()) return value;
   const ObjectRef& object = value.As<ObjectRef>();
-  if (!object || dynamic_cast<const com::DispatchObject*>(object.get()) != nullptr) return value;
-  return com::WrapDispatch(DispatchFace::Make(object).get());
+  if (!object || dynamic_cast<const ado::DispatchObject*>(object.get()) != nullptr) return value;
+  return ado::WrapDispatch(DispatchFace::Make(object).get());
 }
 
-com::com_ptr<IDispatch> DispatchFace::Make(ObjectRef object) {
+comkit::com_ptr<IDispatch> DispatchFace::Make(ObjectRef object) {
   if (!object) return {};
-  return com::com_ptr<IDispatch>::adopt(new DispatchFace(std::move(object)));
+  return comkit::com_ptr<IDispatch>::adopt(new DispatchFace(std::move(object)));
 }
 
-HRESULT DispatchFace::QueryInterface(REFIID iid, void** out) {
-  if (out == nullptr) return E_POINTER;
-  *out = nullptr;
-  if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IDispatch)) return E_NOINTERFACE;
-  *out = static_cast<IDispatch*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG DispatchFace::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
-HRESULT DispatchFace::GetTypeInfoCount(UINT* count) {
+STDMETHODIMP DispatchFace::GetTypeInfoCount(UINT* count) {
   if (count == nullptr) return E_POINTER;
   *count = 0;
   return S_OK;
 }
 
-HRESULT DispatchFace::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
+STDMETHODIMP DispatchFace::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
   if (out != nullptr) *out = nullptr;
   return DISP_E_BADINDEX;
 }
@@ -87,21 +69,19 @@ std::optional<std::wstring> DispatchFace::NameOf(DISPID id) const {
   return names_[static_cast<std::size_t>(id) - 1];
 }
 
-HRESULT DispatchFace::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) try {
+STDMETHODIMP DispatchFace::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
-  ids[0] = IdOf(names[0]);
-  if (count == 1) return S_OK;
+  const HRESULT hr = comkit::AtBoundary(IID_IDispatch, [&] { ids[0] = IdOf(names[0]); });
+  if (FAILED(hr) || count == 1) return hr;
   // Arguments have no names here.
   for (UINT i = 1; i < count; ++i) ids[i] = DISPID_UNKNOWN;
   return DISP_E_UNKNOWNNAME;
-} catch (const std::bad_alloc&) {
-  return E_OUTOFMEMORY;
 }
 
 Value DispatchFace::Perform(const std::wstring& member, WORD kind, const DISPPARAMS& parameters) {
   if ((kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
     if (parameters.cArgs != 1) throw MemberNotFound();
-    const Value value = com::ToValue(parameters.rgvarg[0]);
+    const Value value = ado::ToValue(parameters.rgvarg[0]);
     if ((kind & DISPATCH_PROPERTYPUTREF) != 0 && value.Is<ObjectRef>()) {
       object_->Set(member, value.As<ObjectRef>());
     } else {
@@ -114,25 +94,25 @@ Value DispatchFace::Perform(const std::wstring& member, WORD kind, const DISPPAR
   return Outward(readOnly ? object_->Get(member) : object_->Call(member, arguments));
 }
 
-com::com_ptr<IUnknown> DispatchFace::Enumerate() {
+comkit::com_ptr<IUnknown> DispatchFace::Enumerate() {
   std::vector<Value> members;
   object_->ForEach([&](const Value& member) { members.push_back(member); });
   return MakeEnumerator(std::move(members));
 }
 
-HRESULT DispatchFace::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
-                             EXCEPINFO* info, UINT*) try {
+STDMETHODIMP DispatchFace::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
+                                  EXCEPINFO* info, UINT*) try {
   if (parameters == nullptr) return E_INVALIDARG;
   // The object may be released, or learn names, during the call.
-  const com::com_ptr<IDispatch> keep(this);
-  com::ScopedVariant answer;
+  const comkit::com_ptr<IDispatch> keep(this);
+  ado::ScopedVariant answer;
   if (id == DISPID_NEWENUM) {
     V_UNKNOWN(answer.get()) = Enumerate().detach();
     V_VT(answer.get()) = VT_UNKNOWN;
   } else {
     const std::optional<std::wstring> member = NameOf(id);
     if (!member) return DISP_E_MEMBERNOTFOUND;
-    *answer.put() = com::ScopedVariant(Perform(*member, kind, *parameters)).detach();
+    *answer.put() = ado::ScopedVariant(Perform(*member, kind, *parameters)).detach();
   }
   if (result != nullptr) *result = answer.detach();
   return S_OK;

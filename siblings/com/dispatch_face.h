@@ -6,17 +6,12 @@
 // visits a collection. Used on the thread that made it.
 #pragma once
 
-#include <windows.h>
-// Needs the types above.
-#include <oaidl.h>
-
-#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "ado/com_ptr.h"
-#include "siblings/com/module_lock.h"
+#include "comkit/com_ptr.h"
+#include "comkit/object.h"
 #include "values/automation.h"
 
 namespace kodra::siblings {
@@ -24,34 +19,26 @@ namespace kodra::siblings {
 // A result as a client may have it: an object of portable code gets a face, one that came from COM goes back as it is.
 Value Outward(const Value& value);
 
-class DispatchFace final : public IDispatch {
+class DispatchFace final : public comkit::Object<IDispatch> {
  public:
   // A face of its own for an object; null gives null.
-  static ado::com_ptr<IDispatch> Make(ObjectRef object);
+  static comkit::com_ptr<IDispatch> Make(ObjectRef object);
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override;
-
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
-                                          DISPID* ids) override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters,
-                                   VARIANT* result, EXCEPINFO* info, UINT* badArgument) override;
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override;
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
+  STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters, VARIANT* result,
+                      EXCEPINFO* info, UINT* badArgument) override;
 
  private:
   explicit DispatchFace(ObjectRef object) : object_(std::move(object)) {}
-  ~DispatchFace() = default;
 
   DISPID IdOf(std::wstring_view name);
   // The name that an id stands for; nothing for an id that was not given out.
   std::optional<std::wstring> NameOf(DISPID id) const;
   Value Perform(const std::wstring& member, WORD kind, const DISPPARAMS& parameters);
-  ado::com_ptr<IUnknown> Enumerate();
+  comkit::com_ptr<IUnknown> Enumerate();
 
-  ModuleLock lock_;
-  std::atomic<ULONG> references_ = 1;
   ObjectRef object_;
   std::vector<std::wstring> names_;  // a name's id is its place, from 1
 };

@@ -3,12 +3,12 @@
 
 #include <vector>
 
-#include "ado/com_ptr.h"
+#include "comkit/com_ptr.h"
 #include "values/value.h"
 
 namespace kodra::siblings {
 
 // An IEnumVARIANT over these values; their objects are handed out as faces, made when their turn comes.
-ado::com_ptr<IUnknown> MakeEnumerator(std::vector<Value> values);
+comkit::com_ptr<IUnknown> MakeEnumerator(std::vector<Value> values);
 
 }  // namespace kodra::siblings

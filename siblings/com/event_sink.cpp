@@ -9,14 +9,13 @@
 namespace kodra::siblings {
 namespace {
 
-namespace com = ado;
-using com::com_ptr;
+using comkit::com_ptr;
 
 // A type's attributes, given back at the end.
 class TypeAttributes {
  public:
   explicit TypeAttributes(const com_ptr<ITypeInfo>& type) : type_(type) {
-    com::Check(type->GetTypeAttr(&attributes_), type);
+    ado::Check(type->GetTypeAttr(&attributes_), type);
   }
   TypeAttributes(const TypeAttributes&) = delete;
   TypeAttributes& operator=(const TypeAttributes&) = delete;
@@ -34,12 +33,12 @@ com_ptr<ITypeInfo> DefaultSource(const com_ptr<ITypeInfo>& coclass) {
   const TypeAttributes attributes(coclass);
   for (UINT i = 0; i < attributes->cImplTypes; ++i) {
     int flags = 0;
-    com::Check(coclass->GetImplTypeFlags(i, &flags), coclass);
+    ado::Check(coclass->GetImplTypeFlags(i, &flags), coclass);
     if ((flags & kDefaultSource) != kDefaultSource) continue;
     HREFTYPE reference = 0;
     com_ptr<ITypeInfo> events;
-    com::Check(coclass->GetRefTypeOfImplType(i, &reference), coclass);
-    com::Check(coclass->GetRefTypeInfo(reference, events.put()), coclass);
+    ado::Check(coclass->GetRefTypeOfImplType(i, &reference), coclass);
+    ado::Check(coclass->GetRefTypeInfo(reference, events.put()), coclass);
     return events;
   }
   return {};
@@ -48,13 +47,13 @@ com_ptr<ITypeInfo> DefaultSource(const com_ptr<ITypeInfo>& coclass) {
 // The id and the name of a type's function.
 std::pair<DISPID, std::wstring> FunctionAt(const com_ptr<ITypeInfo>& type, UINT index) {
   FUNCDESC* description = nullptr;
-  com::Check(type->GetFuncDesc(index, &description), type);
+  ado::Check(type->GetFuncDesc(index, &description), type);
   const DISPID id = description->memid;
   type->ReleaseFuncDesc(description);
-  com::ScopedBstr name;
+  comkit::ScopedBstr name;
   UINT count = 0;
-  com::Check(type->GetNames(id, name.put(), 1, &count), type);
-  return {id, com::ToWide(name.get())};
+  ado::Check(type->GetNames(id, name.put(), 1, &count), type);
+  return {id, comkit::ToWide(name.get())};
 }
 
 // A listener's methods. Script engines answer by IDispatchEx, some of them by nothing else.
@@ -66,7 +65,7 @@ class Listener {
   DISPID IdOf(const std::wstring& name, LCID locale) const {
     DISPID id = DISPID_UNKNOWN;
     if (scripted_) {
-      const com::ScopedBstr text(name);
+      const comkit::ScopedBstr text(name);
       return SUCCEEDED(scripted_->GetDispID(text.get(), fdexNameCaseInsensitive, &id)) ? id : DISPID_UNKNOWN;
     }
     std::wstring copy = name;
@@ -89,7 +88,7 @@ class Listener {
 EventSet EventsOf(IUnknown* source) {
   const auto described = com_ptr<IUnknown>(source).as<IProvideClassInfo>();
   com_ptr<ITypeInfo> coclass;
-  if (described) com::Check(described->GetClassInfo(coclass.put()), described);
+  if (described) ado::Check(described->GetClassInfo(coclass.put()), described);
   const com_ptr<ITypeInfo> events = coclass ? DefaultSource(coclass) : com_ptr<ITypeInfo>();
   if (!events) {
     throw Erro(kErrBase + 1, L"KodraSuporte.Ouvinte::Conecta", L"O objeto não anuncia eventos.");
@@ -100,38 +99,22 @@ EventSet EventsOf(IUnknown* source) {
   return set;
 }
 
-HRESULT EventSink::QueryInterface(REFIID iid, void** out) {
-  if (out == nullptr) return E_POINTER;
-  *out = nullptr;
-  const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, events_.iid);
-  if (!known) return E_NOINTERFACE;
-  *out = static_cast<IDispatch*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG EventSink::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
-HRESULT EventSink::GetTypeInfoCount(UINT* count) {
+STDMETHODIMP EventSink::GetTypeInfoCount(UINT* count) {
   if (count == nullptr) return E_POINTER;
   *count = 0;
   return S_OK;
 }
 
-HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
+STDMETHODIMP EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
   if (out != nullptr) *out = nullptr;
   return DISP_E_BADINDEX;
 }
 
 // Sources call events by id.
-HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) { return DISP_E_UNKNOWNNAME; }
+STDMETHODIMP EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) { return DISP_E_UNKNOWNNAME; }
 
-HRESULT EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS* parameters, VARIANT* result,
-                          EXCEPINFO* info, UINT*) try {
+STDMETHODIMP EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS* parameters, VARIANT* result,
+                               EXCEPINFO* info, UINT*) try {
   if (parameters == nullptr) return E_INVALIDARG;
   const auto event = events_.names.find(id);
   if (event == events_.names.end()) return DISP_E_MEMBERNOTFOUND;
@@ -140,8 +123,8 @@ HRESULT EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS* para
   const DISPID method = listener.IdOf(event->second, locale);
   if (method == DISPID_UNKNOWN) return S_OK;
 
-  static_assert(sizeof(com::ScopedVariant) == sizeof(VARIANT));
-  std::vector<com::ScopedVariant> values(parameters->cArgs);
+  static_assert(sizeof(ado::ScopedVariant) == sizeof(VARIANT));
+  std::vector<ado::ScopedVariant> values(parameters->cArgs);
   for (UINT i = 0; i < parameters->cArgs; ++i) {
     const HRESULT copied = VariantCopyInd(values[i].put(), &parameters->rgvarg[i]);
     if (FAILED(copied)) return copied;

@@ -1,13 +1,12 @@
 // Events of any source, passed on to an object late-bound, by their names.
 #pragma once
 
-#include <atomic>
 #include <map>
 #include <string>
 
-#include "ado/automation_headers.h"
-#include "ado/com_ptr.h"
-#include "siblings/com/module_lock.h"
+#include "comkit/automation_headers.h"
+#include "comkit/com_ptr.h"
+#include "comkit/object.h"
 
 namespace kodra::siblings {
 
@@ -23,32 +22,29 @@ EventSet EventsOf(IUnknown* source);
 
 // Calls the listener's method of an event's name with the event's arguments, by value; an event without such a method
 // goes by. What the method raises goes back to the source. Keeps the listener alive.
-class EventSink final : public IDispatch {
+class EventSink final : public comkit::Object<IDispatch> {
  public:
-  static ado::com_ptr<IUnknown> Make(EventSet events, ado::com_ptr<IDispatch> listener) {
-    return ado::com_ptr<IUnknown>::adopt(new EventSink(std::move(events), std::move(listener)));
+  static comkit::com_ptr<IUnknown> Make(EventSet events, comkit::com_ptr<IDispatch> listener) {
+    return comkit::com_ptr<IUnknown>::adopt(new EventSink(std::move(events), std::move(listener)));
   }
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override;
-
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override;
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
-                                          DISPID* ids) override;
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters,
-                                   VARIANT* result, EXCEPINFO* info, UINT* badArgument) override;
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override;
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
+  STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD kind, DISPPARAMS* parameters, VARIANT* result,
+                      EXCEPINFO* info, UINT* badArgument) override;
 
  private:
-  EventSink(EventSet events, ado::com_ptr<IDispatch> listener)
-      : events_(std::move(events)), listener_(std::move(listener)) {}
-  ~EventSink() = default;
+  // It is the source's own dispinterface too.
+  void* Find(REFIID iid) noexcept override {
+    return comkit::Object<IDispatch>::Find(iid == events_.iid ? IID_IDispatch : iid);
+  }
 
-  ModuleLock lock_;
-  std::atomic<ULONG> references_ = 1;
+  EventSink(EventSet events, comkit::com_ptr<IDispatch> listener)
+      : events_(std::move(events)), listener_(std::move(listener)) {}
+
   EventSet events_;
-  ado::com_ptr<IDispatch> listener_;
+  comkit::com_ptr<IDispatch> listener_;
 };
 
 }  // namespace kodra::siblings

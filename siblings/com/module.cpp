@@ -1,20 +1,12 @@
 // kodra_siblings.dll: the sibling components as an in-process server for late-bound clients.
-#include <windows.h>
-// Needs the types above.
-#include <objbase.h>
-
-#include <atomic>
-
+#include "comkit/class_factory.h"
 #include "odbc/engine/surroundings.h"
 #include "siblings/com/dispatch_face.h"
 #include "siblings/com/dll_classes.h"
-#include "siblings/com/module_lock.h"
 #include "siblings/com/registration.h"
 
 namespace kodra::siblings {
 namespace {
-
-HMODULE module = nullptr;
 
 // Where the siblings read data. Made on first use, never destroyed: objects may outlive every other static.
 platform::Surroundings& Machine() {
@@ -22,56 +14,15 @@ platform::Surroundings& Machine() {
   return *machine;
 }
 
-class Factory final : public IClassFactory {
- public:
-  explicit Factory(const SiblingClass& entry) : entry_(entry) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
-    if (out == nullptr) return E_POINTER;
-    *out = nullptr;
-    if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IClassFactory)) return E_NOINTERFACE;
-    *out = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** out) override try {
-    if (out == nullptr) return E_POINTER;
-    *out = nullptr;
-    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    return DispatchFace::Make(entry_.create(Machine()))->QueryInterface(iid, out);
-  } catch (...) {
-    return E_OUTOFMEMORY;
-  }
-
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    ModuleLock::Add(lock ? 1 : -1);
-    return S_OK;
-  }
-
- private:
-  ~Factory() = default;
-
-  ModuleLock lock_;
-  std::atomic<ULONG> references_ = 1;
-  const SiblingClass& entry_;
-};
-
 }  // namespace
 }  // namespace kodra::siblings
 
+// What a sibling raises in a call travels as EXCEPINFO; beside that only memory can fail.
+HRESULT kodra::comkit::CurrentHresult(REFIID) noexcept { return E_OUTOFMEMORY; }
+
 // NOLINTNEXTLINE(misc-unused-parameters): the system gives all three.
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
-  if (reason == DLL_PROCESS_ATTACH) {
-    kodra::siblings::module = instance;
-    DisableThreadLibraryCalls(instance);
-  }
+  if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
   return TRUE;
 }
 
@@ -81,19 +32,19 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** out) try {
   for (const auto& entry : kodra::siblings::DllClasses()) {
     CLSID known;
     if (FAILED(CLSIDFromString(std::wstring(entry.clsid).c_str(), &known)) || !IsEqualCLSID(known, clsid)) continue;
-    auto* factory = new kodra::siblings::Factory(entry);
-    const HRESULT hr = factory->QueryInterface(iid, out);
-    factory->Release();
-    return hr;
+    const auto make = [&entry] {
+      return kodra::siblings::DispatchFace::Make(entry.create(kodra::siblings::Machine()));
+    };
+    return kodra::comkit::CreateFactory(make, iid, out);
   }
   return CLASS_E_CLASSNOTAVAILABLE;
 } catch (...) {
   return E_OUTOFMEMORY;
 }
 
-STDAPI DllCanUnloadNow() { return kodra::siblings::ModuleLock::Any() ? S_FALSE : S_OK; }
+STDAPI DllCanUnloadNow() { return kodra::comkit::ModuleInUse() ? S_FALSE : S_OK; }
 
-STDAPI DllRegisterServer() try { return kodra::siblings::RegisterClasses(kodra::siblings::module); } catch (...) {
+STDAPI DllRegisterServer() try { return kodra::siblings::RegisterClasses(); } catch (...) {
   return E_OUTOFMEMORY;
 }
 

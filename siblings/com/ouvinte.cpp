@@ -6,20 +6,19 @@
 
 namespace kodra::siblings {
 
-namespace com = ado;
-using com::com_ptr;
+using comkit::com_ptr;
 
 Value Ouvinte::Conecta(std::span<const Value> arguments) {
   for (const Value& argument : arguments) RequiredObject(argument);
-  const com_ptr<IDispatch> source = com::DispatchOf(arguments[0].As<ObjectRef>());
+  const com_ptr<IDispatch> source = ado::DispatchOf(arguments[0].As<ObjectRef>());
   Disconnect();
   EventSet events = EventsOf(source.get());
   const auto container = source.as<IConnectionPointContainer>();
-  if (!container) throw com::ErrorOf(E_NOINTERFACE, nullptr, IID_NULL);
+  if (!container) throw ado::ErrorOf(E_NOINTERFACE, nullptr, IID_NULL);
   com_ptr<IConnectionPoint> point;
-  com::Check(container->FindConnectionPoint(events.iid, point.put()), container);
-  const auto sink = EventSink::Make(std::move(events), com::DispatchOf(arguments[1].As<ObjectRef>()));
-  com::Check(point->Advise(sink.get(), &cookie_), point);
+  ado::Check(container->FindConnectionPoint(events.iid, point.put()), container);
+  const auto sink = EventSink::Make(std::move(events), ado::DispatchOf(arguments[1].As<ObjectRef>()));
+  ado::Check(point->Advise(sink.get(), &cookie_), point);
   point_ = std::move(point);
   return {};
 }

@@ -13,8 +13,8 @@
 // first connection; so do Desconecta and the object's end. Conecta raises kErrBase + 1 for a source without events.
 #pragma once
 
-#include "ado/automation_headers.h"
-#include "ado/com_ptr.h"
+#include "comkit/automation_headers.h"
+#include "comkit/com_ptr.h"
 #include "siblings/sibling.h"
 
 namespace kodra::siblings {
@@ -33,7 +33,7 @@ class Ouvinte final : public Sibling<Ouvinte> {
   Value Desconecta(std::span<const Value> arguments);
   void Disconnect() noexcept;
 
-  ado::com_ptr<IConnectionPoint> point_;  // null while not connected
+  comkit::com_ptr<IConnectionPoint> point_;  // null while not connected
   DWORD cookie_ = 0;
 };
 

@@ -5,8 +5,8 @@
 
 namespace kodra::siblings {
 
-// Enters every class with the module's own path: S_OK, or SELFREG_E_CLASS when a key cannot be written.
-HRESULT RegisterClasses(HMODULE module);
+// Enters every class with the DLL's own path: S_OK, or SELFREG_E_CLASS when a key cannot be written.
+HRESULT RegisterClasses();
 // Removes them; those already gone do not matter.
 HRESULT UnregisterClasses();
 

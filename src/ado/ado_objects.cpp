@@ -6,6 +6,11 @@
 #include "ado/variant.h"
 
 namespace kodra::ado {
+
+using comkit::com_ptr;
+using comkit::ScopedBstr;
+using comkit::ToWide;
+
 namespace {
 
 // For a call that hands out an object: raises ErrorOf when it failed, RuntimeError::kObjectNotSet when it succeeded and

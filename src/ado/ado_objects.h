@@ -4,14 +4,14 @@
 #include <memory>
 
 #include "ado/adoint.h"
-#include "ado/com_ptr.h"
+#include "comkit/com_ptr.h"
 #include "platform/ado.h"
 
 namespace kodra::ado {
 
 class AdoConnection final : public platform::Connection {
  public:
-  explicit AdoConnection(com_ptr<_Connection> connection) : connection_(std::move(connection)) {}
+  explicit AdoConnection(comkit::com_ptr<_Connection> connection) : connection_(std::move(connection)) {}
 
   std::wstring ConnectionString() override;
   void SetConnectionString(const std::wstring& text) override;
@@ -26,12 +26,12 @@ class AdoConnection final : public platform::Connection {
   _Connection* Interface() const noexcept { return connection_.get(); }
 
  private:
-  com_ptr<_Connection> connection_;
+  comkit::com_ptr<_Connection> connection_;
 };
 
 class AdoCommand final : public platform::Command {
  public:
-  explicit AdoCommand(com_ptr<_Command> command) : command_(std::move(command)) {}
+  explicit AdoCommand(comkit::com_ptr<_Command> command) : command_(std::move(command)) {}
 
   void SetActiveConnection(platform::Connection* connection) override;
   bool HasActiveConnection() override;
@@ -43,12 +43,12 @@ class AdoCommand final : public platform::Command {
   _Command* Interface() const noexcept { return command_.get(); }
 
  private:
-  com_ptr<_Command> command_;
+  comkit::com_ptr<_Command> command_;
 };
 
 class AdoRecordset final : public platform::Recordset {
  public:
-  explicit AdoRecordset(com_ptr<_Recordset> recordset) : recordset_(std::move(recordset)) {}
+  explicit AdoRecordset(comkit::com_ptr<_Recordset> recordset) : recordset_(std::move(recordset)) {}
 
   void SetCursorLocation(std::int32_t location) override;
   void SetCursorType(std::int32_t type) override;
@@ -69,9 +69,9 @@ class AdoRecordset final : public platform::Recordset {
   _Recordset* Interface() const noexcept { return recordset_.get(); }
 
  private:
-  com_ptr<::Fields> FieldList();
+  comkit::com_ptr<::Fields> FieldList();
 
-  com_ptr<_Recordset> recordset_;
+  comkit::com_ptr<_Recordset> recordset_;
 };
 
 }  // namespace kodra::ado

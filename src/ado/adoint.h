@@ -2,7 +2,7 @@
 // `Connection`, `Field` and `Fields` are ADO's: inside kodra::platform write ::Field for those.
 #pragma once
 
-#include "ado/automation_headers.h"
+#include "comkit/automation_headers.h"
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wwrite-strings"  // the generated default arguments are literal BSTRs

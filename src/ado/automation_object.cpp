@@ -3,6 +3,9 @@
 #include "ado/variant.h"
 
 namespace kodra::ado {
+
+using comkit::com_ptr;
+
 namespace {
 
 // A member's name as GetIDsOfNames takes it: terminated, writable. Only an unusually long one takes memory of its own.

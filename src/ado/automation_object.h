@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "ado/automation_headers.h"
-#include "ado/com_ptr.h"
+#include "comkit/automation_headers.h"
+#include "comkit/com_ptr.h"
 #include "values/automation.h"
 
 namespace kodra::ado {
@@ -37,7 +37,7 @@ class DispatchObject final : public AutomationObject {
   ScopedVariant InvokeMethod(std::wstring_view member, std::vector<ScopedVariant>& reversed);
   ScopedVariant Invoke(DISPID id, WORD kind, VARIANT* arguments, UINT count);
 
-  com_ptr<IDispatch> object_;
+  comkit::com_ptr<IDispatch> object_;
 };
 
 // A late-bound object over an IDispatch; null gives null.
@@ -45,6 +45,6 @@ ObjectRef WrapDispatch(IDispatch* object);
 
 // The IDispatch that an ObjectRef stands for; null gives null. An object that did not come from WrapDispatch raises
 // RuntimeError::kTypeMismatch.
-com_ptr<IDispatch> DispatchOf(const ObjectRef& object);
+comkit::com_ptr<IDispatch> DispatchOf(const ObjectRef& object);
 
 }  // namespace kodra::ado

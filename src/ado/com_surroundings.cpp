@@ -5,6 +5,9 @@
 #include "ado/variant.h"
 
 namespace kodra::ado {
+
+using comkit::com_ptr;
+
 namespace {
 
 // Makes an in-process or local object from the class id that the registry gives for its ProgID.

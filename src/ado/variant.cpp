@@ -5,15 +5,14 @@
 #include "ado/automation_object.h"
 
 namespace kodra::ado {
+
+using comkit::com_ptr;
+using comkit::ScopedBstr;
+using comkit::ToWide;
+
 namespace {
 
 constexpr HRESULT kControlErrors = static_cast<HRESULT>(0x800A0000U);
-
-BSTR NewBstr(std::wstring_view text) {
-  BSTR result = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-  if (result == nullptr) throw MakeRuntimeError(RuntimeError::kOutOfMemory);
-  return result;
-}
 
 // Fills a VARIANT from each kind of value.
 struct VariantWriter {
@@ -62,7 +61,7 @@ struct VariantWriter {
     V_DATE(&out) = v.days;
   }
   void operator()(const std::wstring& v) const {
-    V_BSTR(&out) = NewBstr(v);
+    V_BSTR(&out) = ScopedBstr(v).detach();
     V_VT(&out) = VT_BSTR;
   }
   void operator()(const ObjectRef& v) const {
@@ -173,7 +172,7 @@ ScopedVariant ScopedVariant::Missing() noexcept {
 
 ScopedVariant ScopedVariant::Text(std::wstring_view text) {
   ScopedVariant result;
-  V_BSTR(&result.variant_) = NewBstr(text);
+  V_BSTR(&result.variant_) = ScopedBstr(text).detach();
   V_VT(&result.variant_) = VT_BSTR;
   return result;
 }
@@ -212,10 +211,6 @@ VARIANT ScopedVariant::detach() noexcept {
   VariantInit(&variant_);
   return result;
 }
-
-ScopedBstr::ScopedBstr(std::wstring_view text) : text_(NewBstr(text)) {}
-
-std::wstring ToWide(BSTR text) { return text == nullptr ? std::wstring() : std::wstring(text, SysStringLen(text)); }
 
 bool LeadsToValue(const VARIANT& variant) noexcept {
   constexpr VARTYPE kToVariant = VT_BYREF | VT_VARIANT;

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "ado/automation_headers.h"
-#include "ado/com_ptr.h"
+#include "comkit/bstr.h"
+#include "comkit/com_ptr.h"
 #include "values/erro.h"
 #include "values/value.h"
 
@@ -46,37 +46,6 @@ class ScopedVariant {
   VARIANT variant_;
 };
 
-// A BSTR that frees itself.
-class ScopedBstr {
- public:
-  ScopedBstr() noexcept = default;
-  // Out of memory raises RuntimeError::kOutOfMemory.
-  explicit ScopedBstr(std::wstring_view text);
-  ScopedBstr(const ScopedBstr&) = delete;
-  ScopedBstr& operator=(const ScopedBstr&) = delete;
-  ~ScopedBstr() { SysFreeString(text_); }
-
-  BSTR get() const noexcept { return text_; }
-  BSTR* put() noexcept {
-    SysFreeString(text_);
-    text_ = nullptr;
-    return &text_;
-  }
-  // Where a function may replace the text.
-  BSTR* inout() noexcept { return &text_; }
-  BSTR detach() noexcept {
-    BSTR text = text_;
-    text_ = nullptr;
-    return text;
-  }
-
- private:
-  BSTR text_ = nullptr;
-};
-
-// The text of a BSTR, embedded zeros included; a null BSTR is the empty text.
-std::wstring ToWide(BSTR text);
-
 // Whether the value of a VARIANT can be reached: a reference must not be null, and a reference to a VARIANT must not
 // lead to another such reference.
 bool LeadsToValue(const VARIANT& variant) noexcept;
@@ -99,7 +68,7 @@ ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info);
 
 // Raises ErrorOf when the call failed.
 template <class T>
-void Check(HRESULT hr, const com_ptr<T>& object) {
+void Check(HRESULT hr, const comkit::com_ptr<T>& object) {
   if (FAILED(hr)) throw ErrorOf(hr, object.get(), __uuidof(T));
 }
 

@@ -1,9 +1,10 @@
 // The COM class About.
 #pragma once
 
-#include "ado/variant.h"
 #include "com/dual_object.h"
 #include "com/kodrarpt_h.h"
+#include "com/module_surroundings.h"
+#include "comkit/bstr.h"
 #include "frame/about.h"
 
 namespace kodra::com {
@@ -11,14 +12,14 @@ namespace kodra::com {
 class AboutFace final : public DualObject<::About, IAbout> {
  public:
   STDMETHODIMP Executavel(BSTR* text) noexcept override {
-    return FillAtBoundary(__uuidof(IAbout), text, [&] { return ado::ScopedBstr(about_.Executavel()).detach(); });
+    return FillAtBoundary(__uuidof(IAbout), text, [&] { return comkit::ScopedBstr(about_.Executavel()).detach(); });
   }
   STDMETHODIMP Versao(BSTR* text) noexcept override {
-    return FillAtBoundary(__uuidof(IAbout), text, [&] { return ado::ScopedBstr(about_.Versao()).detach(); });
+    return FillAtBoundary(__uuidof(IAbout), text, [&] { return comkit::ScopedBstr(about_.Versao()).detach(); });
   }
 
  private:
-  frame::About about_{ModulePath(), ModuleSurroundings()};
+  frame::About about_{comkit::ModulePath(), ModuleSurroundings()};
 };
 
 }  // namespace kodra::com

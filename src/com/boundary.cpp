@@ -1,13 +1,12 @@
-#include "com/boundary.h"
+// The one place where the component's exceptions become COM errors: with number, source and description of an Erro, and
+// for anything else what CurrentErro() makes of it.
+#include "comkit/boundary.h"
 
 #include "ado/variant.h"
 #include "values/erro.h"
 
-namespace kodra::com {
+namespace kodra::comkit {
 namespace {
-
-using ado::com_ptr;
-using ado::ScopedBstr;
 
 void Publish(const Erro& erro, REFIID iid) {
   com_ptr<ICreateErrorInfo> info;
@@ -32,9 +31,4 @@ HRESULT CurrentHresult(REFIID iid) noexcept {
   }
 }
 
-HRESULT RefuseAbsentOut() noexcept {
-  SetErrorInfo(0, nullptr);  // for the same reason
-  return E_POINTER;
-}
-
-}  // namespace kodra::com
+}  // namespace kodra::comkit

@@ -6,7 +6,7 @@
 
 namespace kodra::com {
 
-using ado::com_ptr;
+using comkit::com_ptr;
 
 namespace {
 
@@ -21,8 +21,12 @@ platform::ClientConnection ClientConnectionOf(IDispatch* object) {
 
 CaixaBase::CaixaBase() : events_(static_cast<ICCaixaRpt&>(*this), __uuidof(DCCaixaRptEvents)) {
   constexpr DISPID kDebugLog = 1;
-  Offer(IID_IConnectionPointContainer, events_);
   Report().OnDebugLog([this](const std::wstring& line) { events_.Fire(kDebugLog, line); });
+}
+
+void* CaixaBase::Find(REFIID iid) noexcept {
+  if (iid == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(&events_);
+  return ReportFace::Find(iid);
 }
 
 STDMETHODIMP CaixaBase::get_Conexao(IDispatch** value) noexcept {
@@ -35,11 +39,11 @@ STDMETHODIMP CaixaBase::putref_Conexao(IDispatch* value) noexcept {
 }
 
 STDMETHODIMP CaixaBase::get_LogFile(BSTR* value) noexcept {
-  return FillAtBoundary(__uuidof(ICCaixaRpt), value, [&] { return ado::ScopedBstr(Report().LogFile()).detach(); });
+  return FillAtBoundary(__uuidof(ICCaixaRpt), value, [&] { return comkit::ScopedBstr(Report().LogFile()).detach(); });
 }
 
 STDMETHODIMP CaixaBase::put_LogFile(BSTR value) noexcept {
-  return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetLogFile(ado::ToWide(value)); });
+  return AtBoundary(__uuidof(ICCaixaRpt), [&] { Report().SetLogFile(comkit::ToWide(value)); });
 }
 
 }  // namespace kodra::com

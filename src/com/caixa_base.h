@@ -18,6 +18,7 @@ class CaixaBase : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::CCaixaRpt>
 
  protected:
   CaixaBase();
+  void* Find(REFIID iid) noexcept override;
 
  private:
   EventSource events_;

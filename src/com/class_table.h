@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "ado/automation_headers.h"
+#include "comkit/automation_headers.h"
 
 namespace kodra::com {
 

@@ -1,12 +1,12 @@
 // The DLL's entry points.
 #include <algorithm>
 
-#include "com/boundary.h"
-#include "com/class_factory.h"
+#include "com/class_table.h"
 #include "com/registration.h"
+#include "comkit/class_factory.h"
 
-using kodra::com::AtBoundary;
 using kodra::com::Scope;
+using kodra::comkit::AtBoundary;
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
   if (object == nullptr) return E_POINTER;
@@ -14,15 +14,11 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
   const auto classes = kodra::com::PublicClasses();
   const auto found = std::find_if(classes.begin(), classes.end(), [&](const auto& c) { return c.id == classId; });
   if (found == classes.end()) return CLASS_E_CLASSNOTAVAILABLE;
-  HRESULT result = E_FAIL;
-  const HRESULT hr = AtBoundary(IID_IUnknown, [&] {
-    using kodra::com::ClassFactory;
-    result = kodra::ado::com_ptr<ClassFactory>::adopt(new ClassFactory(*found))->QueryInterface(iid, object);
-  });
-  return FAILED(hr) ? hr : result;
+  const auto make = [create = found->create] { return kodra::comkit::com_ptr<IUnknown>::adopt(create()); };
+  return kodra::comkit::CreateFactory(make, iid, object);
 }
 
-STDAPI DllCanUnloadNow() { return kodra::com::ModuleInUse() ? S_FALSE : S_OK; }
+STDAPI DllCanUnloadNow() { return kodra::comkit::ModuleInUse() ? S_FALSE : S_OK; }
 
 STDAPI DllRegisterServer() {
   return AtBoundary(IID_IUnknown, [] { kodra::com::RegisterModule(Scope::kAllUsers); });

@@ -1,50 +1,76 @@
-// The base of every public object: the IUnknown and IDispatch of its dual interface, by its ObjectCore.
+// The base of every public object: IDispatch by the type library, and what automation asks besides.
 //
 // Class is the coclass of the type library, Interface its default dual interface. A derived class adds the members.
-// The object starts with one reference, which belongs to its creator.
 //
 //   class AboutFace final : public DualObject<::About, IAbout> { … };
 #pragma once
 
-#include "com/boundary.h"
-#include "com/object_core.h"
+#include "comkit/boundary.h"
+#include "comkit/object.h"
 
 namespace kodra::com {
 
-// All of this is compiled for each class anew: only what the vtable of Interface asks for stands here.
-template <class Class, class Interface>
-class DualObject : public Interface {
+using comkit::AtBoundary;
+using comkit::FillAtBoundary;
+
+// An object as the type library describes it. It is a part of its object and the same code for all classes. Its own
+// interfaces are faces of the object: references to them are references to the object.
+class Description final : public ISupportErrorInfo, public IProvideClassInfo {
  public:
-  DualObject(const DualObject&) = delete;
-  DualObject& operator=(const DualObject&) = delete;
+  // `object` owns this and is of the coclass `classId` with the dual interface `iid`. REQUIRES: both ids are constants.
+  Description(IDispatch& object, REFCLSID classId, REFIID iid) noexcept
+      : object_(object), classId_(classId), iid_(iid) {}
+  Description(const Description&) = delete;
+  Description& operator=(const Description&) = delete;
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** face) noexcept override { return core_.Query(iid, face); }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return core_.Reference(); }
-  STDMETHODIMP_(ULONG) Release() noexcept override {
-    const ULONG left = core_.Unreference();
-    if (left == 0) delete this;
-    return left;
+  // What the object's entry points of IDispatch do.
+  HRESULT TypeInfo(UINT index, ITypeInfo** info) const noexcept;
+  HRESULT MemberIds(LPOLESTR* names, UINT count, DISPID* ids) const noexcept;
+  HRESULT InvokeMember(DISPID member, WORD kind, DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                       UINT* badArgument) noexcept;
+  // The face of that interface, null when it is none of those here.
+  void* Find(REFIID iid) noexcept;
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** face) noexcept override { return object_.QueryInterface(iid, face); }
+  STDMETHODIMP_(ULONG) AddRef() noexcept override { return object_.AddRef(); }
+  STDMETHODIMP_(ULONG) Release() noexcept override { return object_.Release(); }
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override { return iid == iid_ ? S_OK : S_FALSE; }
+  STDMETHODIMP GetClassInfo(ITypeInfo** info) noexcept override;
+
+ private:
+  IDispatch& object_;
+  const CLSID& classId_;
+  const IID& iid_;
+};
+
+// All of this is compiled for each class anew.
+template <class Class, class Interface>
+class DualObject : public comkit::Object<Interface> {
+ public:
+  STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
+    if (count == nullptr) return E_POINTER;
+    *count = 1;
+    return S_OK;
   }
-
-  STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override { return core_.TypeInfoCount(count); }
-  STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override { return core_.TypeInfo(index, info); }
+  STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
+    return description_.TypeInfo(index, info);
+  }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept override {
-    return core_.MemberIds(names, count, ids);
+    return description_.MemberIds(names, count, ids);
   }
   STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD kind, DISPPARAMS* arguments, VARIANT* result,
                       EXCEPINFO* exception, UINT* badArgument) noexcept override {
-    return core_.InvokeMember(member, kind, arguments, result, exception, badArgument);
+    return description_.InvokeMember(member, kind, arguments, result, exception, badArgument);
   }
 
  protected:
-  DualObject() noexcept : core_(*this, __uuidof(Class), __uuidof(Interface)) {}
-  virtual ~DualObject() = default;
-
-  // Adds one interface beyond the standard ones, as ObjectCore::Offer does.
-  void Offer(REFIID id, IUnknown& face) noexcept { core_.Offer(id, face); }
+  void* Find(REFIID iid) noexcept override {
+    void* const face = comkit::Object<Interface>::Find(iid);
+    return face != nullptr ? face : description_.Find(iid);
+  }
 
  private:
-  ObjectCore core_;
+  Description description_{*this, __uuidof(Class), __uuidof(Interface)};
 };
 
 }  // namespace kodra::com

@@ -3,12 +3,14 @@
 #include <utility>
 
 #include "ado/variant.h"
-#include "com/boundary.h"
-#include "com/com_enumerator.h"
+#include "comkit/boundary.h"
+#include "comkit/enumerator.h"
 
 namespace kodra::com {
 
-using ado::com_ptr;
+using comkit::AtBoundary;
+using comkit::com_ptr;
+using comkit::FillAtBoundary;
 
 namespace {
 
@@ -37,7 +39,7 @@ EventPoint::~EventPoint() {
 
 void EventPoint::Fire(DISPID event, const std::wstring& text) {
   for (const auto& sink : Snapshot()) {
-    ado::ScopedBstr copy(text);
+    comkit::ScopedBstr copy(text);
     VARIANT argument;
     V_VT(&argument) = VT_BYREF | VT_BSTR;
     V_BSTRREF(&argument) = copy.inout();
@@ -64,7 +66,8 @@ STDMETHODIMP EventPoint::QueryInterface(REFIID iid, void** object) noexcept {
 
 STDMETHODIMP EventSource::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept {
   return FillAtBoundary(IID_IConnectionPointContainer, points, [&] {
-    return new ComEnumerator<IEnumConnectionPoints, IConnectionPoint*, Point>({{com_ptr<IConnectionPoint>(&point_)}});
+    return new comkit::Enumerator<IEnumConnectionPoints, IConnectionPoint*, Point>(
+        {{com_ptr<IConnectionPoint>(&point_)}});
   });
 }
 
@@ -112,7 +115,7 @@ STDMETHODIMP EventPoint::EnumConnections(IEnumConnections** connections) noexcep
   return FillAtBoundary(IID_IConnectionPoint, connections, [&] {
     std::vector<Connection> members;
     for (const auto& [cookie, sink] : sinks_) members.push_back({sink, cookie});
-    return new ComEnumerator<IEnumConnections, CONNECTDATA, Connection>(std::move(members));
+    return new comkit::Enumerator<IEnumConnections, CONNECTDATA, Connection>(std::move(members));
   });
 }
 

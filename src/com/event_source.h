@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "ado/automation_headers.h"
-#include "ado/com_ptr.h"
+#include "comkit/automation_headers.h"
+#include "comkit/com_ptr.h"
 
 namespace kodra::com {
 
@@ -37,12 +37,12 @@ class EventPoint final : public IConnectionPoint {
   STDMETHODIMP EnumConnections(IEnumConnections** connections) noexcept override;
 
  private:
-  std::vector<ado::com_ptr<IDispatch>> Snapshot() const;
+  std::vector<comkit::com_ptr<IDispatch>> Snapshot() const;
 
   IUnknown& object_;
   const IID events_;
   // By cookie, in the order of their coming.
-  std::map<DWORD, ado::com_ptr<IDispatch>> sinks_;
+  std::map<DWORD, comkit::com_ptr<IDispatch>> sinks_;
   DWORD lastCookie_ = 0;
 };
 

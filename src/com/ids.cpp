@@ -1,5 +1,5 @@
 // The one place where the ids of idl/kodrarpt.idl are stored.
-#include "ado/automation_headers.h"
+#include "comkit/automation_headers.h"
 
 // Turns the declarations of the next header into definitions.
 #include <initguid.h>

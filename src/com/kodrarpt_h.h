@@ -2,7 +2,7 @@
 // inside kodra write ::CDeptoRpt for the coclass.
 #pragma once
 
-#include "ado/automation_headers.h"
+#include "comkit/automation_headers.h"
 
 // Needs the declarations above.
 #include <kodrarpt.h>

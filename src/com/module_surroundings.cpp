@@ -1,6 +1,6 @@
 // What the DLL runs on: apart from the rest of the module, so that a test can put the faces on surroundings of its own.
+#include "com/module_surroundings.h"
 #include "ado/com_surroundings.h"
-#include "com/module.h"
 
 namespace kodra::com {
 

@@ -6,8 +6,8 @@
 
 namespace kodra::com {
 
-using ado::ScopedBstr;
-using ado::ToWide;
+using comkit::ScopedBstr;
+using comkit::ToWide;
 
 IID ParametersId() noexcept {
   static const char inThisCopy = 0;

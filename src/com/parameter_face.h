@@ -48,8 +48,12 @@ class ParameterMembers final : public IParameters {
 template <class Class, class Interface>
 class ParameterFace : public DualObject<Class, Interface> {
  protected:
-  explicit ParameterFace(std::wstring_view className) : members_(*this, className, __uuidof(Interface)) {
-    this->Offer(ParametersId(), members_);
+  explicit ParameterFace(std::wstring_view className)
+      : members_(*static_cast<Interface*>(this), className, __uuidof(Interface)) {}
+
+  void* Find(REFIID iid) noexcept override {
+    if (iid == ParametersId()) return static_cast<IParameters*>(&members_);
+    return DualObject<Class, Interface>::Find(iid);
   }
 
   ParameterMembers members_;

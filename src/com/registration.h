@@ -1,23 +1,7 @@
-// What the component writes into the class registry, as rows: the ProgID and the class id of each public class.
-//
-// The same rows are written, removed, packed into installers and compared by tests.
+// The component in the class registry: the ProgID and the class id of each public class, and the type library.
 #pragma once
 
-#include <string>
-#include <vector>
-
 namespace kodra::com {
-
-struct RegistryRow {
-  // Below the root of the classes.
-  std::wstring key;
-  // Empty for the key's default value.
-  std::wstring name;
-  std::wstring value;
-};
-
-// The rows that register a DLL at `modulePath`. The type library's own rows are Automation's business.
-std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath);
 
 // For whom the component is registered.
 enum class Scope {

@@ -9,7 +9,7 @@
 
 namespace kodra::com {
 
-using ado::com_ptr;
+using comkit::com_ptr;
 
 namespace {
 
@@ -31,11 +31,11 @@ IDispatch* HandOver(frame::ReportRows rows) noexcept {
 }  // namespace
 
 HRESULT GetStringConexao(const frame::ReportClass& report, REFIID iid, BSTR* value) noexcept {
-  return FillAtBoundary(iid, value, [&] { return ado::ScopedBstr(report.StringConexao()).detach(); });
+  return FillAtBoundary(iid, value, [&] { return comkit::ScopedBstr(report.StringConexao()).detach(); });
 }
 
 HRESULT LetStringConexao(frame::ReportClass& report, REFIID iid, BSTR value) noexcept {
-  return AtBoundary(iid, [&] { report.SetStringConexao(ado::ToWide(value)); });
+  return AtBoundary(iid, [&] { report.SetStringConexao(comkit::ToWide(value)); });
 }
 
 HRESULT RunReport(IDispatch& object, REFIID iid, frame::ReportClass& report, ReportMethod method, IDispatch* obj,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "com/dual_object.h"
+#include "com/module_surroundings.h"
 #include "frame/report_class.h"
 
 namespace kodra::com {

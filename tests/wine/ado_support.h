@@ -8,11 +8,11 @@
 #include <string>
 
 #include "ado/adoint.h"
-#include "ado/com_ptr.h"
+#include "comkit/com_ptr.h"
 
 namespace kodra::wine {
 
-using ado::com_ptr;
+using comkit::com_ptr;
 
 // What an IErrorInfo said, with the HRESULT that came with it.
 struct ComError {

@@ -1,7 +1,7 @@
 // Automation as a client in another language does it: objects by name, members by name, and whole errors.
 //
-// The tests of the COM face go through these few functions and not through the component's own code for COM, so that
-// nothing is checked with itself.
+// The tests of the COM face go through these few functions and not through comkit/, the code for COM that the component
+// is made of: nothing is checked with itself. That they resemble each other is intended.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // The owned interface reference: who holds how many references after each operation.
-#include "ado/com_ptr.h"
+#include "comkit/com_ptr.h"
 
 #include <gtest/gtest.h>
 
-namespace kodra::ado {
+namespace kodra::comkit {
 namespace {
 
 // Counts what it is asked, and stays.
@@ -177,4 +177,4 @@ TEST(ComPtr, AnInterfaceThatIsRefusedIsNoneWhateverTheObjectLeaves) {
 }
 
 }  // namespace
-}  // namespace kodra::ado
+}  // namespace kodra::comkit

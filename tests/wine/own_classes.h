@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "com/class_table.h"
-#include "com/module.h"
+#include "comkit/module.h"
 #include "tests/wine/stand_in.h"
 
 namespace kodra::face {
@@ -20,7 +20,7 @@ class OwnClasses {
   }
 
   // Whether an object of them is alive.
-  static bool AnyAlive() { return com::ModuleInUse(); }
+  static bool AnyAlive() { return comkit::ModuleInUse(); }
 
  private:
   std::vector<std::unique_ptr<StandIn>> standIns_;

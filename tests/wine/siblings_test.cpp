@@ -192,6 +192,17 @@ TEST_F(SiblingsModule, StaysLoadedWhileItIsLocked) {
   EXPECT_EQ(CanUnloadNow(), S_OK);
 }
 
+TEST_F(SiblingsModule, RefusesAnUnlockWithoutALockAndStaysLoadedForItsObjects) {
+  CLSID id;
+  ASSERT_EQ(CLSIDFromProgID(kStrCon, &id), S_OK);
+  Ref<IClassFactory> factory;
+  ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
+  EXPECT_EQ(factory->LockServer(FALSE), E_UNEXPECTED);
+  EXPECT_EQ(CanUnloadNow(), S_FALSE);
+  factory = {};
+  EXPECT_EQ(CanUnloadNow(), S_OK);
+}
+
 TEST_F(SiblingsModule, RefusesAClassThatItDoesNotHave) {
   using GetClass = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
   const FARPROC found = GetProcAddress(module_, "DllGetClassObject");

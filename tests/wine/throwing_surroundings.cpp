@@ -1,6 +1,6 @@
 // The surroundings of the classes that the test program holds: Windows' own, each call of which may be one to throw.
 #include "ado/com_surroundings.h"
-#include "com/module.h"
+#include "com/module_surroundings.h"
 #include "tests/wine/faults_injector.h"
 
 namespace kodra::com {

@@ -407,7 +407,7 @@ class Supporting final : public ISupportErrorInfo {
 };
 
 void LeaveErrorInfo(const wchar_t* description = L"Falhou.") {
-  com_ptr<ICreateErrorInfo> info;
+  comkit::com_ptr<ICreateErrorInfo> info;
   ASSERT_EQ(S_OK, CreateErrorInfo(info.put()));
   info->SetSource(face::Bstr(L"ADODB.Connection"));
   if (description != nullptr) info->SetDescription(face::Bstr(description));

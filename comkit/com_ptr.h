@@ -7,9 +7,9 @@
 
 #include <utility>
 
-#include "ado/automation_headers.h"
+#include "comkit/automation_headers.h"
 
-namespace kodra::ado {
+namespace kodra::comkit {
 
 template <class T>
 class com_ptr {
@@ -74,4 +74,4 @@ class com_ptr {
   T* p_ = nullptr;
 };
 
-}  // namespace kodra::ado
+}  // namespace kodra::comkit

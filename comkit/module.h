@@ -1,15 +1,16 @@
-// The DLL as a COM server: how many objects and locks keep it loaded, its own path and its type library.
+// The DLL as a COM server: what keeps it loaded, its own path and its type library.
+//
+// Each DLL that links the kit has a module of its own. Any thread may call these functions.
 #pragma once
 
 #include <string>
 
-#include "ado/com_ptr.h"
-#include "platform/surroundings.h"
+#include "comkit/automation_headers.h"
 
-namespace kodra::com {
+namespace kodra::comkit {
 
 // One more, or one less, object that keeps the DLL loaded. While there is none, nor a lock, the DLL may be unloaded and
-// holds no type library. May be called from any thread.
+// holds no type library.
 void HoldModule() noexcept;
 void UnholdModule() noexcept;
 
@@ -27,17 +28,14 @@ class ModuleLock {
   ~ModuleLock() { UnholdModule(); }
 };
 
-// Whether anything keeps the DLL loaded. May be asked from any thread.
+// Whether anything keeps the DLL loaded.
 bool ModuleInUse() noexcept;
 
 // The full path of the DLL.
 std::wstring ModulePath();
 
-// The description of a type (an interface or a class) in the DLL's own type library, which needs no registration.
-// REQUIRES: a ModuleLock exists. Raises Erro when the library cannot be read.
-ado::com_ptr<ITypeInfo> TypeInfoOf(REFGUID id);
+// The description of a type (an interface or a class) in the DLL's own type library, which needs no registration; an
+// error when the library cannot be read. May raise std::bad_alloc. REQUIRES: a ModuleLock exists.
+HRESULT TypeInfoOf(REFGUID id, ITypeInfo** info);
 
-// What every object of the component runs on.
-platform::Surroundings& ModuleSurroundings();
-
-}  // namespace kodra::com
+}  // namespace kodra::comkit

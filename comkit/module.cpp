@@ -1,14 +1,12 @@
-#include "com/module.h"
+#include "comkit/module.h"
 
 #include <mutex>
 #include <utility>
 
-#include "ado/variant.h"
+#include "comkit/com_ptr.h"
 
-namespace kodra::com {
+namespace kodra::comkit {
 namespace {
-
-using ado::com_ptr;
 
 // Windows' own lock, which needs no making and no library of threads.
 class Lock {
@@ -31,15 +29,6 @@ HMODULE OwnModule() {
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                      reinterpret_cast<LPCWSTR>(&OwnModule), &module);
   return module;
-}
-
-com_ptr<ITypeLib> Library() {
-  const std::lock_guard lock(g_lock);
-  if (g_library == nullptr) {
-    const HRESULT hr = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &g_library);
-    if (FAILED(hr)) throw ado::ErrorOf(hr, nullptr, IID_NULL);
-  }
-  return com_ptr<ITypeLib>(g_library);
 }
 
 }  // namespace
@@ -84,11 +73,17 @@ std::wstring ModulePath() {
   }
 }
 
-com_ptr<ITypeInfo> TypeInfoOf(REFGUID id) {
-  const auto library = Library();
-  com_ptr<ITypeInfo> info;
-  ado::Check(library->GetTypeInfoOfGuid(id, info.put()), library);
-  return info;
+HRESULT TypeInfoOf(REFGUID id, ITypeInfo** info) {
+  com_ptr<ITypeLib> library;
+  {
+    const std::lock_guard lock(g_lock);
+    if (g_library == nullptr) {
+      const HRESULT hr = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &g_library);
+      if (FAILED(hr)) return hr;
+    }
+    library = com_ptr<ITypeLib>(g_library);
+  }
+  return library->GetTypeInfoOfGuid(id, info);
 }
 
-}  // namespace kodra::com
+}  // namespace kodra::comkit

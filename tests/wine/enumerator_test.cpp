@@ -1,0 +1,54 @@
+// The enumerators of comkit/ where a member cannot be handed out. What they do otherwise is tested through the objects
+// that have them.
+#include "comkit/enumerator.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "tests/wine/automation.h"
+
+namespace kodra::face {
+namespace {
+
+// A number, or nothing but an exception.
+struct Member {
+  std::optional<int> number;
+  void CopyTo(VARIANT* out) const {
+    if (!number) throw std::bad_alloc();
+    out->vt = VT_I4;
+    out->lVal = *number;
+  }
+};
+
+constexpr auto kOutOfMemory = static_cast<HRESULT>(0x800A0007);
+
+Ref<IEnumVARIANT> Over(std::vector<Member> members) {
+  return Ref<IEnumVARIANT>::Owning(new comkit::Enumerator<IEnumVARIANT, VARIANT, Member>(std::move(members)));
+}
+
+TEST(Enumerator, HandsOutWhatIsBeforeAMemberThatFails) {
+  const auto enumerator = Over({{1}, {2}, {}});
+  VARIANT out[3] = {};
+  ULONG fetched = 9;
+  EXPECT_EQ(S_FALSE, enumerator->Next(3, out, &fetched));
+  EXPECT_EQ(2U, fetched);
+  EXPECT_EQ(1, out[0].lVal);
+  EXPECT_EQ(2, out[1].lVal);
+}
+
+TEST(Enumerator, FailsWhereItBeginsWithAMemberThatFailsAndStaysThere) {
+  const auto enumerator = Over({{}, {2}});
+  VARIANT out[2] = {};
+  ULONG fetched = 9;
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(kOutOfMemory, enumerator->Next(2, out, &fetched));
+    EXPECT_EQ(0U, fetched);
+  }
+  EXPECT_EQ(S_OK, enumerator->Skip(1));
+  EXPECT_EQ(S_OK, enumerator->Next(1, out, nullptr));
+  EXPECT_EQ(2, out[0].lVal);
+}
+
+}  // namespace
+}  // namespace kodra::face
