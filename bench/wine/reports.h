@@ -11,7 +11,7 @@ namespace kodra::bench {
 template <class Report>
 class Caller {
  public:
-  using Method = HRESULT (__stdcall Report::*)(IDispatch*, IDispatch**);
+  using Method = HRESULT (STDMETHODCALLTYPE Report::*)(IDispatch*, IDispatch**);
 
   // `name` is the report class, "CDeptoRpt".
   Caller(const std::wstring& name, Method method, const std::wstring& connectionString)

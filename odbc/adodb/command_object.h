@@ -23,40 +23,38 @@ class CommandObject final : public DispatchObject<_Command, Command25, Command15
   void AppendParameter(const com_ptr<ParameterObject>& parameter);
   void RemoveParameter(std::int32_t index);
 
-  HRESULT __stdcall get_Properties(Properties** properties) noexcept override;
+  STDMETHODIMP get_Properties(Properties** properties) noexcept override;
   // Null when there is none.
-  HRESULT __stdcall get_ActiveConnection(_Connection** connection) noexcept override;
-  HRESULT __stdcall putref_ActiveConnection(_Connection* connection) noexcept override;
-  HRESULT __stdcall put_ActiveConnection(VARIANT connection) noexcept override;
-  HRESULT __stdcall get_CommandText(BSTR* text) noexcept override;
-  HRESULT __stdcall put_CommandText(BSTR text) noexcept override;
-  HRESULT __stdcall get_CommandTimeout(LONG* seconds) noexcept override;
-  HRESULT __stdcall put_CommandTimeout(LONG seconds) noexcept override;
-  HRESULT __stdcall get_Prepared(VARIANT_BOOL* prepared) noexcept override;
-  HRESULT __stdcall put_Prepared(VARIANT_BOOL prepared) noexcept override;
+  STDMETHODIMP get_ActiveConnection(_Connection** connection) noexcept override;
+  STDMETHODIMP putref_ActiveConnection(_Connection* connection) noexcept override;
+  STDMETHODIMP put_ActiveConnection(VARIANT connection) noexcept override;
+  STDMETHODIMP get_CommandText(BSTR* text) noexcept override;
+  STDMETHODIMP put_CommandText(BSTR text) noexcept override;
+  STDMETHODIMP get_CommandTimeout(LONG* seconds) noexcept override;
+  STDMETHODIMP put_CommandTimeout(LONG seconds) noexcept override;
+  STDMETHODIMP get_Prepared(VARIANT_BOOL* prepared) noexcept override;
+  STDMETHODIMP put_Prepared(VARIANT_BOOL prepared) noexcept override;
   // `values`, when given, is an array that replaces the values of the first parameters.
-  HRESULT __stdcall Execute(VARIANT* affected, VARIANT* values, LONG options, _Recordset** rows) noexcept override;
-  HRESULT __stdcall CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction, ADO_LONGPTR size,
-                                    VARIANT value, _Parameter** parameter) noexcept override;
-  HRESULT __stdcall get_Parameters(Parameters** parameters) noexcept override;
-  HRESULT __stdcall get_CommandType(CommandTypeEnum* type) noexcept override;
-  HRESULT __stdcall put_CommandType(CommandTypeEnum type) noexcept override;
-  HRESULT __stdcall get_Name(BSTR* name) noexcept override;
-  HRESULT __stdcall put_Name(BSTR name) noexcept override;
-  HRESULT __stdcall get_State(LONG* state) noexcept override;
+  STDMETHODIMP Execute(VARIANT* affected, VARIANT* values, LONG options, _Recordset** rows) noexcept override;
+  STDMETHODIMP CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction, ADO_LONGPTR size,
+                               VARIANT value, _Parameter** parameter) noexcept override;
+  STDMETHODIMP get_Parameters(Parameters** parameters) noexcept override;
+  STDMETHODIMP get_CommandType(CommandTypeEnum* type) noexcept override;
+  STDMETHODIMP put_CommandType(CommandTypeEnum type) noexcept override;
+  STDMETHODIMP get_Name(BSTR* name) noexcept override;
+  STDMETHODIMP put_Name(BSTR name) noexcept override;
+  STDMETHODIMP get_State(LONG* state) noexcept override;
 
   // Not used by any client here.
-  HRESULT __stdcall Cancel() noexcept override { return NotImplemented(L"Command.Cancel"); }
-  HRESULT __stdcall putref_CommandStream(IUnknown*) noexcept override {
-    return NotImplemented(L"Command.CommandStream");
-  }
-  HRESULT __stdcall get_CommandStream(VARIANT*) noexcept override { return NotImplemented(L"Command.CommandStream"); }
-  HRESULT __stdcall put_Dialect(BSTR) noexcept override { return NotImplemented(L"Command.Dialect"); }
-  HRESULT __stdcall get_Dialect(BSTR*) noexcept override { return NotImplemented(L"Command.Dialect"); }
-  HRESULT __stdcall put_NamedParameters(VARIANT_BOOL) noexcept override {
+  STDMETHODIMP Cancel() noexcept override { return NotImplemented(L"Command.Cancel"); }
+  STDMETHODIMP putref_CommandStream(IUnknown*) noexcept override { return NotImplemented(L"Command.CommandStream"); }
+  STDMETHODIMP get_CommandStream(VARIANT*) noexcept override { return NotImplemented(L"Command.CommandStream"); }
+  STDMETHODIMP put_Dialect(BSTR) noexcept override { return NotImplemented(L"Command.Dialect"); }
+  STDMETHODIMP get_Dialect(BSTR*) noexcept override { return NotImplemented(L"Command.Dialect"); }
+  STDMETHODIMP put_NamedParameters(VARIANT_BOOL) noexcept override {
     return NotImplemented(L"Command.NamedParameters");
   }
-  HRESULT __stdcall get_NamedParameters(VARIANT_BOOL*) noexcept override {
+  STDMETHODIMP get_NamedParameters(VARIANT_BOOL*) noexcept override {
     return NotImplemented(L"Command.NamedParameters");
   }
 

@@ -15,40 +15,40 @@ class ConnectionObject final : public DispatchObject<_Connection, Connection15, 
  public:
   odbc::Connection& Odbc() noexcept { return connection_; }
 
-  HRESULT __stdcall get_Properties(Properties** properties) noexcept override;
-  HRESULT __stdcall get_ConnectionString(BSTR* text) noexcept override;
-  HRESULT __stdcall put_ConnectionString(BSTR text) noexcept override;
-  HRESULT __stdcall get_CommandTimeout(LONG* seconds) noexcept override;
-  HRESULT __stdcall put_CommandTimeout(LONG seconds) noexcept override;
-  HRESULT __stdcall get_ConnectionTimeout(LONG* seconds) noexcept override;
-  HRESULT __stdcall put_ConnectionTimeout(LONG seconds) noexcept override;
-  HRESULT __stdcall get_Version(BSTR* version) noexcept override;
-  HRESULT __stdcall Open(BSTR text, BSTR user, BSTR password, LONG options) noexcept override;
-  HRESULT __stdcall Close() noexcept override;
-  HRESULT __stdcall get_State(LONG* state) noexcept override;
-  HRESULT __stdcall Execute(BSTR statement, VARIANT* affected, LONG options, _Recordset** rows) noexcept override;
-  HRESULT __stdcall BeginTrans(LONG* level) noexcept override;
-  HRESULT __stdcall CommitTrans() noexcept override;
-  HRESULT __stdcall RollbackTrans() noexcept override;
-  HRESULT __stdcall get_Errors(Errors** errors) noexcept override;
-  HRESULT __stdcall get_DefaultDatabase(BSTR* name) noexcept override;
-  HRESULT __stdcall put_DefaultDatabase(BSTR name) noexcept override;
-  HRESULT __stdcall get_IsolationLevel(IsolationLevelEnum* level) noexcept override;
-  HRESULT __stdcall put_IsolationLevel(IsolationLevelEnum level) noexcept override;
-  HRESULT __stdcall get_CursorLocation(CursorLocationEnum* location) noexcept override;
-  HRESULT __stdcall put_CursorLocation(CursorLocationEnum location) noexcept override;
-  HRESULT __stdcall get_Mode(ConnectModeEnum* mode) noexcept override;
-  HRESULT __stdcall put_Mode(ConnectModeEnum mode) noexcept override;
-  HRESULT __stdcall get_Provider(BSTR* name) noexcept override;
-  HRESULT __stdcall put_Provider(BSTR name) noexcept override;
+  STDMETHODIMP get_Properties(Properties** properties) noexcept override;
+  STDMETHODIMP get_ConnectionString(BSTR* text) noexcept override;
+  STDMETHODIMP put_ConnectionString(BSTR text) noexcept override;
+  STDMETHODIMP get_CommandTimeout(LONG* seconds) noexcept override;
+  STDMETHODIMP put_CommandTimeout(LONG seconds) noexcept override;
+  STDMETHODIMP get_ConnectionTimeout(LONG* seconds) noexcept override;
+  STDMETHODIMP put_ConnectionTimeout(LONG seconds) noexcept override;
+  STDMETHODIMP get_Version(BSTR* version) noexcept override;
+  STDMETHODIMP Open(BSTR text, BSTR user, BSTR password, LONG options) noexcept override;
+  STDMETHODIMP Close() noexcept override;
+  STDMETHODIMP get_State(LONG* state) noexcept override;
+  STDMETHODIMP Execute(BSTR statement, VARIANT* affected, LONG options, _Recordset** rows) noexcept override;
+  STDMETHODIMP BeginTrans(LONG* level) noexcept override;
+  STDMETHODIMP CommitTrans() noexcept override;
+  STDMETHODIMP RollbackTrans() noexcept override;
+  STDMETHODIMP get_Errors(Errors** errors) noexcept override;
+  STDMETHODIMP get_DefaultDatabase(BSTR* name) noexcept override;
+  STDMETHODIMP put_DefaultDatabase(BSTR name) noexcept override;
+  STDMETHODIMP get_IsolationLevel(IsolationLevelEnum* level) noexcept override;
+  STDMETHODIMP put_IsolationLevel(IsolationLevelEnum level) noexcept override;
+  STDMETHODIMP get_CursorLocation(CursorLocationEnum* location) noexcept override;
+  STDMETHODIMP put_CursorLocation(CursorLocationEnum location) noexcept override;
+  STDMETHODIMP get_Mode(ConnectModeEnum* mode) noexcept override;
+  STDMETHODIMP put_Mode(ConnectModeEnum mode) noexcept override;
+  STDMETHODIMP get_Provider(BSTR* name) noexcept override;
+  STDMETHODIMP put_Provider(BSTR name) noexcept override;
 
   // Not used by any client here.
-  HRESULT __stdcall get_Attributes(LONG*) noexcept override { return NotImplemented(L"Connection.Attributes"); }
-  HRESULT __stdcall put_Attributes(LONG) noexcept override { return NotImplemented(L"Connection.Attributes"); }
-  HRESULT __stdcall OpenSchema(SchemaEnum, VARIANT, VARIANT, _Recordset**) noexcept override {
+  STDMETHODIMP get_Attributes(LONG*) noexcept override { return NotImplemented(L"Connection.Attributes"); }
+  STDMETHODIMP put_Attributes(LONG) noexcept override { return NotImplemented(L"Connection.Attributes"); }
+  STDMETHODIMP OpenSchema(SchemaEnum, VARIANT, VARIANT, _Recordset**) noexcept override {
     return NotImplemented(L"Connection.OpenSchema");
   }
-  HRESULT __stdcall Cancel() noexcept override { return NotImplemented(L"Connection.Cancel"); }
+  STDMETHODIMP Cancel() noexcept override { return NotImplemented(L"Connection.Cancel"); }
 
  private:
   odbc::Connection connection_;

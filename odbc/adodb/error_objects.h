@@ -11,25 +11,25 @@ class ErrorObject final : public DispatchObject<Error> {
  public:
   explicit ErrorObject(odbc::ProviderError error) : error_(std::move(error)) {}
 
-  HRESULT __stdcall get_Number(LONG* number) noexcept override {
+  STDMETHODIMP get_Number(LONG* number) noexcept override {
     return Get(number, [&] { return error_.number; });
   }
-  HRESULT __stdcall get_Source(BSTR* source) noexcept override {
+  STDMETHODIMP get_Source(BSTR* source) noexcept override {
     return Get(source, [&] { return error_.source; });
   }
-  HRESULT __stdcall get_Description(BSTR* description) noexcept override {
+  STDMETHODIMP get_Description(BSTR* description) noexcept override {
     return Get(description, [&] { return error_.description; });
   }
-  HRESULT __stdcall get_HelpFile(BSTR* path) noexcept override {
+  STDMETHODIMP get_HelpFile(BSTR* path) noexcept override {
     return Get(path, [] { return std::wstring(); });
   }
-  HRESULT __stdcall get_HelpContext(LONG* context) noexcept override {
+  STDMETHODIMP get_HelpContext(LONG* context) noexcept override {
     return Get(context, [] { return 0; });
   }
-  HRESULT __stdcall get_SQLState(BSTR* state) noexcept override {
+  STDMETHODIMP get_SQLState(BSTR* state) noexcept override {
     return Get(state, [&] { return error_.sqlState; });
   }
-  HRESULT __stdcall get_NativeError(LONG* code) noexcept override {
+  STDMETHODIMP get_NativeError(LONG* code) noexcept override {
     return Get(code, [&] { return error_.nativeError; });
   }
 
@@ -42,10 +42,10 @@ class ErrorsObject final : public CollectionObject<Errors> {
  public:
   explicit ErrorsObject(std::shared_ptr<odbc::Session> session) : connection_(std::move(session)) {}
 
-  HRESULT __stdcall get_Item(VARIANT index, Error** error) noexcept override {
+  STDMETHODIMP get_Item(VARIANT index, Error** error) noexcept override {
     return Get(error, [&] { return At(CheckedIndex(Argument(index).AsInteger())); });
   }
-  HRESULT __stdcall Clear() noexcept override {
+  STDMETHODIMP Clear() noexcept override {
     return Guard([&] { connection_.ClearErrors(); });
   }
 

@@ -18,30 +18,26 @@ class ParameterObject final : public DispatchObject<_Parameter, _ADO> {
 
   const odbc::Parameter& Definition() const noexcept { return parameter_; }
 
-  HRESULT __stdcall get_Properties(Properties** properties) noexcept override;
-  HRESULT __stdcall get_Name(BSTR* name) noexcept override;
-  HRESULT __stdcall put_Name(BSTR name) noexcept override;
-  HRESULT __stdcall get_Value(VARIANT* value) noexcept override;
-  HRESULT __stdcall put_Value(VARIANT value) noexcept override;
-  HRESULT __stdcall get_Type(DataTypeEnum* type) noexcept override;
-  HRESULT __stdcall put_Type(DataTypeEnum type) noexcept override;
-  HRESULT __stdcall get_Direction(ParameterDirectionEnum* direction) noexcept override;
-  HRESULT __stdcall put_Direction(ParameterDirectionEnum direction) noexcept override;
-  HRESULT __stdcall get_Size(ADO_LONGPTR* size) noexcept override;
-  HRESULT __stdcall put_Size(ADO_LONGPTR size) noexcept override;
+  STDMETHODIMP get_Properties(Properties** properties) noexcept override;
+  STDMETHODIMP get_Name(BSTR* name) noexcept override;
+  STDMETHODIMP put_Name(BSTR name) noexcept override;
+  STDMETHODIMP get_Value(VARIANT* value) noexcept override;
+  STDMETHODIMP put_Value(VARIANT value) noexcept override;
+  STDMETHODIMP get_Type(DataTypeEnum* type) noexcept override;
+  STDMETHODIMP put_Type(DataTypeEnum type) noexcept override;
+  STDMETHODIMP get_Direction(ParameterDirectionEnum* direction) noexcept override;
+  STDMETHODIMP put_Direction(ParameterDirectionEnum direction) noexcept override;
+  STDMETHODIMP get_Size(ADO_LONGPTR* size) noexcept override;
+  STDMETHODIMP put_Size(ADO_LONGPTR size) noexcept override;
 
   // Not used by any client here.
-  HRESULT __stdcall get_Precision(unsigned char*) noexcept override { return NotImplemented(L"Parameter.Precision"); }
-  HRESULT __stdcall put_Precision(unsigned char) noexcept override { return NotImplemented(L"Parameter.Precision"); }
-  HRESULT __stdcall get_NumericScale(unsigned char*) noexcept override {
-    return NotImplemented(L"Parameter.NumericScale");
-  }
-  HRESULT __stdcall put_NumericScale(unsigned char) noexcept override {
-    return NotImplemented(L"Parameter.NumericScale");
-  }
-  HRESULT __stdcall AppendChunk(VARIANT) noexcept override { return NotImplemented(L"Parameter.AppendChunk"); }
-  HRESULT __stdcall get_Attributes(LONG*) noexcept override { return NotImplemented(L"Parameter.Attributes"); }
-  HRESULT __stdcall put_Attributes(LONG) noexcept override { return NotImplemented(L"Parameter.Attributes"); }
+  STDMETHODIMP get_Precision(unsigned char*) noexcept override { return NotImplemented(L"Parameter.Precision"); }
+  STDMETHODIMP put_Precision(unsigned char) noexcept override { return NotImplemented(L"Parameter.Precision"); }
+  STDMETHODIMP get_NumericScale(unsigned char*) noexcept override { return NotImplemented(L"Parameter.NumericScale"); }
+  STDMETHODIMP put_NumericScale(unsigned char) noexcept override { return NotImplemented(L"Parameter.NumericScale"); }
+  STDMETHODIMP AppendChunk(VARIANT) noexcept override { return NotImplemented(L"Parameter.AppendChunk"); }
+  STDMETHODIMP get_Attributes(LONG*) noexcept override { return NotImplemented(L"Parameter.Attributes"); }
+  STDMETHODIMP put_Attributes(LONG) noexcept override { return NotImplemented(L"Parameter.Attributes"); }
 
  private:
   odbc::Parameter parameter_;
@@ -51,10 +47,10 @@ class ParametersObject final : public CollectionObject<Parameters, _DynaCollecti
  public:
   explicit ParametersObject(com_ptr<CommandObject> command) : command_(std::move(command)) {}
 
-  HRESULT __stdcall get_Item(VARIANT index, _Parameter** parameter) noexcept override;
+  STDMETHODIMP get_Item(VARIANT index, _Parameter** parameter) noexcept override;
   // An incomplete parameter raises ControlError::kInvalidParamInfo, what is no parameter kInvalidArgument.
-  HRESULT __stdcall Append(IDispatch* parameter) noexcept override;
-  HRESULT __stdcall Delete(VARIANT index) noexcept override;
+  STDMETHODIMP Append(IDispatch* parameter) noexcept override;
+  STDMETHODIMP Delete(VARIANT index) noexcept override;
 
  protected:
   std::int32_t Size() override;

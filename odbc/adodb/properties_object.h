@@ -7,7 +7,7 @@ namespace kodra::adodb {
 
 class PropertiesObject final : public CollectionObject<Properties> {
  public:
-  HRESULT __stdcall get_Item(VARIANT, Property** property) noexcept override {
+  STDMETHODIMP get_Item(VARIANT, Property** property) noexcept override {
     return this->Get(property, [&]() -> com_ptr<Property> { Raise(ControlError::kItemNotFound); });
   }
 
