@@ -2,11 +2,26 @@
 #include <algorithm>
 
 #include "com/class_table.h"
+#include "com/library_threads.h"
 #include "com/registration.h"
 #include "comkit/class_factory.h"
 
 using kodra::com::Scope;
 using kodra::comkit::AtBoundary;
+
+namespace __gnu_cxx {
+// The C++ library's: frees the memory that it keeps for exceptions when there is no other.
+void __freeres();  // NOLINT(bugprone-reserved-identifier)
+}  // namespace __gnu_cxx
+
+// When the DLL goes before the process does, it gives back what the C++ library would keep.
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
+  if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
+    kodra::com::ReleaseThreadValues();
+    __gnu_cxx::__freeres();
+  }
+  return TRUE;
+}
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
   if (object == nullptr) return E_POINTER;

@@ -1,13 +1,12 @@
-// The few POSIX thread functions that the C++ library calls when an exception is thrown, on Windows' own means.
+// The POSIX thread functions that the C++ library calls, on Windows' own means.
 //
-// The library's own set (winpthread) is made for programs that start threads, and lives as long as the process: when
-// the DLL is loaded it takes a slot of thread-local storage, events and a handler for exceptions, and it does not give
-// all of them back when the DLL goes. A client that lets COM unload the component whenever it is idle would run out of
-// slots after 1,088 times. These functions take one fiber-local value, and nothing before the first exception.
+// With the library's own set (winpthread), and with the compiler's win32 thread model too, each load of the DLL takes a
+// slot of thread-local storage for good, so that the 1,089th load in a process fails. These functions take one
+// fiber-local value, which ReleaseThreadValues gives back.
 //
 // The library's headers declare them otherwise, for programs that link the whole set: what counts here is what its
 // compiled code passes, a number of a pointer's size for a mutex and a long for a once.
-#include "com/lean_threads.h"
+#include "com/library_threads.h"
 
 #include <windows.h>
 
