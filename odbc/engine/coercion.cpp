@@ -8,15 +8,13 @@
 #include "odbc/engine/dates.h"
 #include "odbc/engine/types.h"
 #include "values/decimal.h"
+#include "values/numbers.h"
 #include "values/upper.h"
 
 namespace kodra::odbc {
 
 namespace ad = platform::ad;
 namespace {
-
-// Digits, sign, point and exponent of any number that a double or a 64-bit integer holds, with room to spare.
-constexpr std::size_t kLongestNumber = 400;
 
 std::optional<double> AsNumber(const Value& value) {
   if (value.Is<Empty>()) return 0.0;
@@ -30,7 +28,7 @@ std::optional<double> AsNumber(const Value& value) {
   if (value.Is<Decimal>()) return values::ToDouble(value.As<Decimal>());
   if (value.Is<Date>()) return value.As<Date>().days;
   if (value.Is<std::wstring>()) {
-    const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
+    const std::optional<Value> number = values::ParseInvariantNumber(value.As<std::wstring>());
     return number ? AsNumber(*number) : std::nullopt;
   }
   return std::nullopt;
@@ -42,7 +40,7 @@ std::optional<std::int64_t> AsInteger(const Value& value) {
   if (value.Is<Currency>()) return values::RoundToInteger(values::ToDecimal(value.As<Currency>()));
   if (value.Is<Decimal>()) return values::RoundToInteger(value.As<Decimal>());
   if (value.Is<std::wstring>()) {
-    const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
+    const std::optional<Value> number = values::ParseInvariantNumber(value.As<std::wstring>());
     return number ? AsInteger(*number) : std::nullopt;
   }
   const std::optional<double> number = AsNumber(value);
@@ -54,7 +52,7 @@ std::optional<std::int64_t> AsInteger(const Value& value) {
 std::optional<Value> AsUnsignedBigInteger(const Value& value) {
   if (value.Is<std::uint64_t>()) return value;
   if (value.Is<std::wstring>()) {
-    const std::optional<Value> number = ParseNumber(value.As<std::wstring>());
+    const std::optional<Value> number = values::ParseInvariantNumber(value.As<std::wstring>());
     return number ? AsUnsignedBigInteger(*number) : std::nullopt;
   }
   const std::optional<std::int64_t> number = AsInteger(value);
@@ -101,7 +99,7 @@ std::optional<Value> AsDouble(const Value& value) {
 // The fewest digits that stand for the number and no other of its type.
 template <class Floating, class... Format>
 std::wstring NumberText(Floating number, Format... format) {
-  char text[kLongestNumber];
+  char text[400];  // the longest without an exponent has 309 digits
   const auto end = std::to_chars(text, text + sizeof text, number, format...).ptr;
   return {text, end};
 }
@@ -216,31 +214,6 @@ std::int64_t FixedSize(std::int32_t type) {
     default:
       return 0;
   }
-}
-
-std::optional<Value> ParseNumber(std::wstring_view text) {
-  char ascii[kLongestNumber];
-  if (text.size() > sizeof ascii) return std::nullopt;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] < L' ' || text[i] > L'~') return std::nullopt;
-    ascii[i] = static_cast<char>(text[i]);
-  }
-  const char* const end = ascii + text.size();
-  std::int64_t whole = 0;
-  if (const auto read = std::from_chars(ascii, end, whole); read.ec == std::errc() && read.ptr == end) {
-    if (whole >= std::numeric_limits<std::int32_t>::min() && whole <= std::numeric_limits<std::int32_t>::max()) {
-      return Value(static_cast<std::int32_t>(whole));
-    }
-    return Value(whole);
-  }
-  std::uint64_t unsignedWhole = 0;
-  if (const auto read = std::from_chars(ascii, end, unsignedWhole); read.ec == std::errc() && read.ptr == end) {
-    return Value(unsignedWhole);
-  }
-  double number = 0;
-  const auto read = std::from_chars(ascii, end, number);
-  if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return std::nullopt;
-  return Value(number);
 }
 
 std::optional<Value> Coerce(const Value& value, std::int32_t type, std::int64_t size) {

@@ -10,7 +10,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 #include "values/value.h"
 
@@ -28,8 +27,5 @@ std::int64_t FixedSize(std::int32_t adoType);
 // text with a decimal point, booleans "True" and "False", dates the ISO form; text becomes a date from the ISO form
 // only.
 std::optional<Value> Coerce(const Value& value, std::int32_t adoType, std::int64_t size);
-
-// A whole text read as a number: int32, int64, uint64 or double, the narrowest that holds it.
-std::optional<Value> ParseNumber(std::wstring_view text);
 
 }  // namespace kodra::odbc

@@ -6,6 +6,7 @@
 #include "odbc/engine/coercion.h"
 #include "odbc/engine/dates.h"
 #include "values/decimal.h"
+#include "values/numbers.h"
 #include "values/utf16.h"
 #include "values/utf8.h"
 
@@ -79,7 +80,7 @@ std::optional<Value> ParsedDecimal(std::wstring text) {
 // What a text stands for in a column of the type, or the text itself when it stands for nothing of it.
 Value Parsed(std::wstring text, std::int32_t type) {
   if (IsWholeType(type)) {
-    const std::optional<Value> number = ParseNumber(text);
+    const std::optional<Value> number = values::ParseInvariantNumber(text);
     if (!number) return Value(std::move(text));
     if (number->Is<std::int32_t>()) return WholeNumber(number->As<std::int32_t>(), type);
     return *number;

@@ -1,7 +1,8 @@
 // Numbers as the system writes and reads them: decimal comma, the same on every machine.
 //
 // A text is read in one of the automation runtime's two ways: LeadingNumber takes any text and knows only the decimal
-// point; ParseNumber takes a whole text in the Brazilian form. Both take hexadecimal (&H) and octal (&O).
+// point; ParseNumber takes a whole text in the Brazilian form. Both take hexadecimal (&H) and octal (&O). Databases
+// write numbers in the invariant form, which ParseInvariantNumber reads.
 #pragma once
 
 #include <cstdint>
@@ -24,6 +25,12 @@ double LeadingNumber(std::wstring_view text);
 //   "1.234,5" 1234.5    "1.5" 15    "(2)" -2    "R$ 10" 10    "&H10" 16
 // Raises RuntimeError::kOverflow as LeadingNumber does.
 std::optional<double> ParseNumber(std::wstring_view text);
+
+// Reads a whole text as a number in the invariant form: perhaps "-", digits, "." before the decimals, perhaps an
+// exponent; nothing when it is none or beyond a double. The value is of the first of int32, int64, uint64 and double
+// that holds it; one with a decimal point or an exponent is a double.
+//   "-5" -5    "2147483648" an int64    "1.0" a double    "1e3" 1000.0    "+5", " 5", "1,5", "&H10" nothing
+std::optional<Value> ParseInvariantNumber(std::wstring_view text);
 
 // A number as text: up to 15 significant digits, decimal comma. Numbers of 1E+15 and above have an exponent, and so
 // have small ones that need more than 15 decimals: "1,5", "0,00001", "1E+15", "8,33333333333333E-02".

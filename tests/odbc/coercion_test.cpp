@@ -145,20 +145,5 @@ TEST(Coercion, ExactNumbersBecomeTheOtherTypesToo) {
   EXPECT_EQ(Coerce(Decimal{.low = 438322500, .scale = 4}, ad::kDBTimeStamp, 0), Held(Date{43832.25}));
 }
 
-TEST(Coercion, NumbersReadFromTextTakeTheNarrowestType) {
-  EXPECT_EQ(ParseNumber(L"-5"), Held(-5));
-  EXPECT_EQ(ParseNumber(L"2147483648"), Held(std::int64_t{2147483648}));
-  EXPECT_EQ(ParseNumber(L"18446744073709551615"), Held(std::uint64_t{18446744073709551615U}));
-  EXPECT_EQ(ParseNumber(L"18446744073709551616"), Held(18446744073709551616.0));
-  EXPECT_EQ(ParseNumber(L"1e3"), Held(1000.0));
-}
-
-TEST(Coercion, WhatOnlyLooksLikeANumberIsNone) {
-  for (const wchar_t* text : {L"", L" 5", L"5 ", L"+5", L"inf", L"nan", L"0x10", L"٣", L"1e999", L"1,5"}) {
-    EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
-  }
-  EXPECT_EQ(ParseNumber(std::wstring(1000, L'9')), std::nullopt);
-}
-
 }  // namespace
 }  // namespace kodra::odbc

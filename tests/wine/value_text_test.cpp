@@ -3,11 +3,13 @@
 // Where Wine is known to differ from Windows, the value is listed with both texts and the reason.
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <limits>
 
 #include "ado/variant.h"
 #include "tests/wine/automation.h"
 #include "values/convert.h"
+#include "values/numbers.h"
 
 namespace kodra::ado {
 namespace {
@@ -99,6 +101,22 @@ TEST(ValueText, OfSmallIntegersIsAutomationsOwn) {
   check(VT_UI4, 4294967295, L"4294967295");
   check(VT_INT, -1, L"-1");
   check(VT_UINT, 4294967295, L"4294967295");
+}
+
+// The client says how many bits the processor calculates with: 53 by default, 64 in programs made by Delphi and GCC.
+// The first number is one that a multiplication with 64 bits rounds twice.
+TEST(ValueText, IsReadAsTheNearestNumberInEveryClient) {
+  const unsigned before = _controlfp(0, 0);
+  for (const unsigned precision : {_PC_53, _PC_64}) {
+    _controlfp(precision, _MCW_PC);
+    EXPECT_EQ(115100940185e15, values::ParseNumber(L"115100940185e15"));
+    EXPECT_EQ(115100940185e15, values::LeadingNumber(L"115100940185e15"));
+    EXPECT_EQ(std::optional<Value>(115100940185e15), values::ParseInvariantNumber(L"115100940185e15"));
+    EXPECT_EQ(0.1, values::ParseNumber(L"0,1"));
+    EXPECT_EQ(9007199254740992.0, values::ParseNumber(L"9007199254740993"));
+    EXPECT_EQ(L"0,666666666666667", OurText(*ScopedVariant(2.0 / 3)));
+  }
+  _controlfp(before, _MCW_PC);
 }
 
 TEST(ValueText, IsThatOfWindowsWhereWineDiffers) {
