@@ -46,7 +46,7 @@ class Results {
     const bool met = sound && ratio <= line.limit;
     unsound_ = unsound_ || !sound;
     missed_ = missed_ || !met;
-    std::printf("%-20s %8.3f   ", line.name, ratio);
+    std::printf("%-20s %8.*f   ", line.name, ratio < 0.01 ? 6 : 3, ratio);
     if (bare > 0)
       std::printf("%12.2f %-3s contra %12.2f %-3s", component, line.unit, bare, line.unit);
     else

@@ -90,7 +90,7 @@ class NullRecordset final : public platform::Recordset {
   void Open(const platform::RecordsetSource& source, const platform::ActiveConnection&, std::int32_t, std::int32_t,
             std::int32_t) override {
     around_.watch.Stop();
-    if (const auto* statement = std::get_if<std::wstring_view>(&source)) around_.Arrive(*statement);
+    if (std::holds_alternative<std::wstring_view>(source)) around_.StatementArrives();
     open_ = true;
     around_.watch.Restart();
   }
@@ -127,9 +127,9 @@ class NullCommand final : public platform::Command {
 
   void SetActiveConnection(platform::Connection*) override { const Pause pause(around_.watch); }
   bool HasActiveConnection() override { return true; }
-  void SetCommandText(std::wstring_view text) override {
+  void SetCommandText(std::wstring_view) override {
     around_.watch.Stop();
-    around_.Arrive(text);
+    around_.StatementArrives();
     around_.watch.Restart();
   }
   void SetCommandType(std::int32_t) override {}

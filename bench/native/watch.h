@@ -1,5 +1,4 @@
-// A stopwatch that is stopped and let go many times within some hundred nanoseconds. The clock may be coarser than what
-// it measures: a figure is the sum over many runs.
+// A stopwatch that is stopped and let go many times within some hundred nanoseconds.
 #pragma once
 
 #include "bench/measure.h"
@@ -10,7 +9,6 @@ class Watch {
  public:
   void Restart() {
     own_ = Clock::duration::zero();
-    stops_ = 0;
     running_ = true;
     since_ = Clock::now();
   }
@@ -18,7 +16,6 @@ class Watch {
   void Stop() {
     if (!running_) return;
     own_ += Clock::now() - since_;
-    ++stops_;
     running_ = false;
   }
   void Go() {
@@ -27,12 +24,9 @@ class Watch {
   }
   // The seconds while it ran.
   double Own() const { return Seconds(own_); }
-  // How often it was stopped: each time has cost a look at the clock.
-  int Stops() const { return stops_; }
 
  private:
   Clock::duration own_{};
-  int stops_ = 0;
   bool running_ = false;
   Clock::time_point since_{};
 };
