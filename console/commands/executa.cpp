@@ -162,7 +162,7 @@ class Run {
     std::vector<Value> values;
     while (source->Next(values)) {
       const html::RowReader row(source->Columns(), values);
-      found[row.Text(L"CONTAINER")].push_back(row.Text(L"NUM_CAIXA"));
+      found[row.Text("CONTAINER")].push_back(row.Text("NUM_CAIXA"));
     }
     return found;
   }

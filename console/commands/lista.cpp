@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "console/command_line/columns.h"
+#include "console/command_line/report_name.h"
 #include "console/commands/commands.h"
 #include "console/reports/guide.h"
 
@@ -14,9 +15,9 @@ constexpr const char* kFooter =
 
 ExitCode Lista(std::ostream& out) {
   std::size_t width = 0;
-  for (const guide::Report& report : guide::Reports()) width = std::max(width, Width(guide::NameOf(report)));
-  for (const guide::Report& report : guide::Reports())
-    out << Padded(guide::NameOf(report), width + 2) << report.purpose << "\n";
+  for (const reports::ReportMethod& method : reports::ReportMethods()) width = std::max(width, Width(NameOf(method)));
+  for (const reports::ReportMethod& method : reports::ReportMethods())
+    out << Padded(NameOf(method), width + 2) << guide::About(method).purpose << "\n";
   return ExitCode::kOk;
 }
 

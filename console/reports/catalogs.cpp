@@ -1,181 +1,204 @@
 // The guide to the catalogs.
-#include <array>
-
 #include "console/reports/families.h"
 
 namespace kodra::console::guide {
-namespace {
 
-constexpr Parameter kTipoRpt[] = {
-    {"TipoRpt", "V, ou qualquer texto que comece com v, lista só as mídias vencidas; outro valor lista todas", "V"}};
-constexpr Column kMidias[] = {
-    {"NUM_CD", kText, "Número da mídia"},
-    kDocInicial,
-    kDocFinal,
-    {"DATA_GRAVACAO", kDate, "Data de gravação"},
-    {"RELATORIO", kText, "Título: Todas as Mídias ou Mídias Vencidas"},
-};
-constexpr Oddity kMidiasOddities[] = {
-    {"Sem V a lista não olha o tipo; com V a mídia sem tipo fica de fora",
-     "Media without \"V\" are listed without their type."},
-    {"TipoRpt é lido duas vezes: um objeto próprio do cliente que mude de resposta mistura título e lista",
-     "TipoRpt is read twice."},
-    {"No SQLite a soma dos anos de validade sai entre aspas e nenhuma mídia vence",
-     "On SQLite a date is added to a quoted name."},
-};
+std::vector<Report> Catalogs() {
+  return {
+      {.className = "CCDRpt",
+       .method = "RelatorioMidias",
+       .purpose = "As mídias, todas ou só as vencidas",
+       .parameters = {{"TipoRpt",
+                       "V, ou qualquer texto que comece com v, lista só as mídias vencidas; outro valor lista todas",
+                       "V",
+                       true,
+                       {"T"}}},
+       .columns = {{"NUM_CD", kText, "Número da mídia", "Mídia"},
+                   kDocInicial,
+                   kDocFinal,
+                   {"DATA_GRAVACAO", kDate, "Data de gravação", "Gravação"},
+                   {"RELATORIO", kText, "Título: Todas as Mídias ou Mídias Vencidas", {}, kTitle}},
+       .oddities = {{"Sem V a lista não olha o tipo; com V a mídia sem tipo fica de fora",
+                     "Media without \"V\" are listed without their type."},
+                    {"TipoRpt é lido duas vezes: um objeto próprio do cliente que mude de resposta mistura título e "
+                     "lista",
+                     "TipoRpt is read twice."},
+                    {"No SQLite a soma dos anos de validade sai entre aspas e nenhuma mídia vence",
+                     "On SQLite a date is added to a quoted name."}},
+       .page = {kListing, "Mídias"}},
 
-constexpr Column kTiposMidia[] = {
-    {"DESCR_MIDIA", kText, "Tipo de mídia"},
-    {"VALIDADE_MIDIA", kNumber, "Validade, em anos"},
-    {"CAPACIDADE_MIDIA", kNumber, "Capacidade"},
-};
+      {.className = "CTipo_MidiaRpt",
+       .method = "RelatorioTiposMidia",
+       .purpose = "Os tipos de mídia, com validade e capacidade",
+       .columns = {{"DESCR_MIDIA", kText, "Tipo de mídia", "Tipo de mídia"},
+                   {"VALIDADE_MIDIA", kNumber, "Validade, em anos", "Validade (anos)"},
+                   {"CAPACIDADE_MIDIA", kNumber, "Capacidade", "Capacidade"}},
+       .page = {kListing, "Tipos de mídia"}},
 
-constexpr Column kSuportes[] = {kDescrSuporte};
+      {.className = "CSuporteRpt",
+       .method = "RelatorioSuportes",
+       .purpose = "Os suportes dos documentos",
+       .columns = {kDescrSuporte},
+       .page = {kListing, "Suportes"}},
 
-constexpr Column kSeries[] = {
-    {"DESCR_CLASSE", kText, "Grupo"},
-    kDescrGrupo,
-    kDescrAssunto,
-    {"OBS_ASSUNTO", kText, "Observação da série"},
-    {"DONO", kText, "Código do operador responsável"},
-    {"SERIE_ATIVA", kText, "Se a série está ativa, como está no banco"},
-    KODRA_FIVE_COLUMNS("DESCR_CHAVE", "Legenda da chave"),
-    {"OBRIGATORIA1", kText, "S: a chave 1 é sempre obrigatória"},
-    {"OBRIGATORIA2", kText, "Se a chave 2 é obrigatória: S, N, ou vazio sem a chave"},
-    {"OBRIGATORIA3", kText, "Se a chave 3 é obrigatória: S, N, ou vazio sem a chave"},
-    {"OBRIGATORIA4", kText, "Se a chave 4 é obrigatória: S, N, ou vazio sem a chave"},
-    {"OBRIGATORIA5", kText, "Se a chave 5 é obrigatória: S, N, ou vazio sem a chave"},
-    KODRA_FIVE_COLUMNS("MASK", "Máscara da chave"),
-    {"DESCR_OPERADOR", kText, "Operador responsável; nulo sem responsável"},
-    {"NOMEGRUPO", kText, "Como a instalação chama o grupo"},
-    {"NOMESUBGRUPO", kText, "Como a instalação chama o subgrupo"},
-    {"NOMESERIE", kText, "Como a instalação chama a série"},
-    {"NOMESERIEPLURAL", kText, "Como a instalação chama as séries"},
-};
+      {.className = "CSerieRpt",
+       .method = "RelatorioSeries",
+       .purpose = "As séries por grupo e subgrupo, com as suas chaves",
+       .columns =
+           {{"DESCR_CLASSE", kText, "Grupo", "Grupo", kColumn, "NOMEGRUPO"},
+            {"DESCR_GRUPO", kText, "Subgrupo", "Subgrupo", kColumn, "NOMESUBGRUPO"},
+            {"DESCR_ASSUNTO", kText, "Série", "Série", kColumn, "NOMESERIE"},
+            {"OBS_ASSUNTO", kText, "Observação da série", "Observação", kDetail},
+            {"DONO", kText, "Código do operador responsável", {}, kNowhere},
+            {"SERIE_ATIVA", kText, "Se a série está ativa, como está no banco", "Ativa"},
+            {"DESCR_CHAVE1", kText, "Legenda da chave 1", "Chave 1", kDetail},
+            {"DESCR_CHAVE2", kText, "Legenda da chave 2", "Chave 2", kDetail},
+            {"DESCR_CHAVE3", kText, "Legenda da chave 3", "Chave 3", kDetail},
+            {"DESCR_CHAVE4", kText, "Legenda da chave 4", "Chave 4", kDetail},
+            {"DESCR_CHAVE5", kText, "Legenda da chave 5", "Chave 5", kDetail},
+            {"OBRIGATORIA1", kText, "S: a chave 1 é sempre obrigatória", "obrigatória", kDetail},
+            {"OBRIGATORIA2", kText, "Se a chave 2 é obrigatória: S, N, ou vazio sem a chave", "obrigatória", kDetail},
+            {"OBRIGATORIA3", kText, "Se a chave 3 é obrigatória: S, N, ou vazio sem a chave", "obrigatória", kDetail},
+            {"OBRIGATORIA4", kText, "Se a chave 4 é obrigatória: S, N, ou vazio sem a chave", "obrigatória", kDetail},
+            {"OBRIGATORIA5", kText, "Se a chave 5 é obrigatória: S, N, ou vazio sem a chave", "obrigatória", kDetail},
+            {"MASK1", kText, "Máscara da chave 1", "máscara", kDetail},
+            {"MASK2", kText, "Máscara da chave 2", "máscara", kDetail},
+            {"MASK3", kText, "Máscara da chave 3", "máscara", kDetail},
+            {"MASK4", kText, "Máscara da chave 4", "máscara", kDetail},
+            {"MASK5", kText, "Máscara da chave 5", "máscara", kDetail},
+            {"DESCR_OPERADOR", kText, "Operador responsável; nulo sem responsável", "Dono"},
+            {"NOMEGRUPO", kText, "Como a instalação chama o grupo", {}, kNowhere},
+            {"NOMESUBGRUPO", kText, "Como a instalação chama o subgrupo", {}, kNowhere},
+            {"NOMESERIE", kText, "Como a instalação chama a série", {}, kNowhere},
+            {"NOMESERIEPLURAL", kText, "Como a instalação chama as séries", {}, kNowhere}},
+       .page = {.kind = kListing,
+                .title = "Séries",
+                .first = {"DESCR_CLASSE", "DESCR_GRUPO",  "DESCR_ASSUNTO", "DESCR_OPERADOR", "OBS_ASSUNTO",
+                          "DESCR_CHAVE1", "OBRIGATORIA1", "MASK1",         "DESCR_CHAVE2",   "OBRIGATORIA2",
+                          "MASK2",        "DESCR_CHAVE3", "OBRIGATORIA3",  "MASK3",          "DESCR_CHAVE4",
+                          "OBRIGATORIA4", "MASK4",        "DESCR_CHAVE5",  "OBRIGATORIA5",   "MASK5"}}},
 
-constexpr Column kDepositos[] = {
-    {"NOME", kText, "Depósito"}, {"ENDERECO", kText, "Endereço"},
-    {"CIDADE", kText, "Cidade"}, {"ESTADO", kText, "Estado"},
-    {"CEP", kText, "CEP"},       {"TELEFONE", kText, "Telefone"},
-    {"FAX", kText, "Fax"},       {"CONTATO", kText, "Pessoa de contato"},
-};
+      {.className = "CDepositoRpt",
+       .method = "RelatorioDepositos",
+       .purpose = "Os depósitos, com endereço e contato",
+       .columns = {{"NOME", kText, "Depósito", "Depósito"},
+                   {"ENDERECO", kText, "Endereço", "Endereço"},
+                   {"CIDADE", kText, "Cidade", "Cidade"},
+                   {"ESTADO", kText, "Estado", "UF"},
+                   {"CEP", kText, "CEP", "CEP"},
+                   {"TELEFONE", kText, "Telefone", "Telefone"},
+                   {"FAX", kText, "Fax", "Fax"},
+                   {"CONTATO", kText, "Pessoa de contato", "Contato"}},
+       .page = {kListing, "Depósitos"}},
 
-constexpr Column kTermos[] = {
-    kDescrGrupo,
-    kDescrAssunto,
-    {"COD_PALAVRA", kText, "Código do termo"},
-    KODRA_FIVE_COLUMNS("DESCR_CHAVE", "Legenda da chave"),
-    {"DESCR_DICIONARIO", kText, "Termo controlado"},
-};
+      {.className = "CDicionarioRpt",
+       .method = "RelatorioTermosControlados",
+       .purpose = "Os termos controlados das chaves de cada série",
+       .columns = {kDescrGrupo,
+                   kDescrAssunto,
+                   {"COD_PALAVRA", kText, "Código do termo", "Chave"},
+                   {"DESCR_CHAVE1", kText, "Legenda da chave 1", "Chave 1", kDetail},
+                   {"DESCR_CHAVE2", kText, "Legenda da chave 2", "Chave 2", kDetail},
+                   {"DESCR_CHAVE3", kText, "Legenda da chave 3", "Chave 3", kDetail},
+                   {"DESCR_CHAVE4", kText, "Legenda da chave 4", "Chave 4", kDetail},
+                   {"DESCR_CHAVE5", kText, "Legenda da chave 5", "Chave 5", kDetail},
+                   {"DESCR_DICIONARIO", kText, "Termo controlado", "Termo"}},
+       .page = {kListing, "Termos controlados"}},
 
-constexpr Column kDeptos[] = {
-    {"DESCR_DEPTO", kText, "Departamento"},
-    {"ENDERECO", kText, "Endereço"},
-    {"CIDADE", kText, "Cidade"},
-    {"ESTADO", kText, "Estado"},
-    {"CEP", kText, "CEP"},
-    {"END_EMAIL", kText, "E-mail"},
-};
+      {.className = "CDeptoRpt",
+       .method = "RelatorioDeptos",
+       .purpose = "Os departamentos, com endereço",
+       .columns = {{"DESCR_DEPTO", kText, "Departamento", "Departamento"},
+                   {"ENDERECO", kText, "Endereço", "Endereço"},
+                   {"CIDADE", kText, "Cidade", "Cidade"},
+                   {"ESTADO", kText, "Estado", "UF"},
+                   {"CEP", kText, "CEP", "CEP"},
+                   {"END_EMAIL", kText, "E-mail", "Correio eletrônico"}},
+       .page = {kListing, "Departamentos"}},
 
-constexpr Column kGrupos[] = {{"DESCR_CLASSE", kText, "Grupo"}, {"OBS_CLASSE", kText, "Observação do grupo"}};
+      {.className = "CGrupoRpt",
+       .method = "RelatorioGrupos",
+       .purpose = "Os grupos da classificação",
+       .columns = {{"DESCR_CLASSE", kText, "Grupo", "Grupo"},
+                   {"OBS_CLASSE", kText, "Observação do grupo", "Observação"}},
+       .page = {kListing, "Grupos"}},
 
-constexpr Parameter kCodModelo[] = {
-    {"CodModelo", "Código do modelo, em qualquer caixa e sem os espaços das pontas; vazio lista todos", "OFICIO"}};
-constexpr Column kModelos[] = {
-    {"GRUPO", kText, "Grupo; nulo se o subgrupo não tem"},
-    {"SUBGRUPO", kText, "Subgrupo"},
-    {"SERIE", kText, "Série"},
-    KODRA_FIVE_COLUMNS("DESCR_CHAVE", "Legenda da chave"),
-    KODRA_FIVE_COLUMNS("CHAVE", "Valor da chave"),
-    {"VALIDADE", kNumber, "Validade, em anos"},
-};
-constexpr Oddity kModelosOddities[] = {{"O código é cortado em 128 caracteres antes de perder os espaços",
-                                        "A model's code is cut to 128 characters before it is trimmed."}};
+      {.className = "CModeloRpt",
+       .method = "RelatorioModelos",
+       .purpose = "Os modelos de documento, todos ou um só",
+       .parameters = {{"CodModelo",
+                       "Código do modelo, em qualquer caixa e sem os espaços das pontas; vazio lista todos", "OFICIO"}},
+       .columns = {{"GRUPO", kText, "Grupo; nulo se o subgrupo não tem", "Grupo"},
+                   {"SUBGRUPO", kText, "Subgrupo", "Subgrupo"},
+                   {"SERIE", kText, "Série", "Série"},
+                   {"DESCR_CHAVE1", kText, "Legenda da chave 1", {}, kNowhere},
+                   {"DESCR_CHAVE2", kText, "Legenda da chave 2", {}, kNowhere},
+                   {"DESCR_CHAVE3", kText, "Legenda da chave 3", {}, kNowhere},
+                   {"DESCR_CHAVE4", kText, "Legenda da chave 4", {}, kNowhere},
+                   {"DESCR_CHAVE5", kText, "Legenda da chave 5", {}, kNowhere},
+                   {"CHAVE1", kText, "Valor da chave 1", "Chave 1", kDetail, "DESCR_CHAVE1"},
+                   {"CHAVE2", kText, "Valor da chave 2", "Chave 2", kDetail, "DESCR_CHAVE2"},
+                   {"CHAVE3", kText, "Valor da chave 3", "Chave 3", kDetail, "DESCR_CHAVE3"},
+                   {"CHAVE4", kText, "Valor da chave 4", "Chave 4", kDetail, "DESCR_CHAVE4"},
+                   {"CHAVE5", kText, "Valor da chave 5", "Chave 5", kDetail, "DESCR_CHAVE5"},
+                   {"VALIDADE", kNumber, "Validade, em anos", "Validade"}},
+       .oddities = {{"O código é cortado em 128 caracteres antes de perder os espaços",
+                     "A model's code is cut to 128 characters before it is trimmed."}},
+       .page = {kListing, "Modelos de documento"}},
 
-constexpr Column kTiposModulo[] = {
-    {"DESCR_TIPO_CX", kText, "Tipo de módulo"},
-    {"NUM_MAX_DOCS", kNumber, "Máximo de documentos"},
-    {"NUM_MAX_FOLHAS", kNumber, "Máximo de folhas"},
-};
+      {.className = "CTipo_CaixaRpt",
+       .method = "RelatorioTiposModulo",
+       .purpose = "Os tipos de módulo, com a sua capacidade",
+       .columns = {{"DESCR_TIPO_CX", kText, "Tipo de módulo", "Tipo de módulo"},
+                   {"NUM_MAX_DOCS", kNumber, "Máximo de documentos", "Máximo de documentos"},
+                   {"NUM_MAX_FOLHAS", kNumber, "Máximo de folhas", "Máximo de folhas"}},
+       .page = {kListing, "Tipos de módulo"}},
 
-constexpr Column kGruposOperadores[] = {{"DESCR_GRPOP", kText, "Grupo de operadores"},
-                                        {"OBS_GRPOP", kText, "Observação do grupo"}};
+      {.className = "CGrupoOperadorRpt",
+       .method = "RelatorioGruposOperadores",
+       .purpose = "Os grupos de operadores",
+       .columns = {{"DESCR_GRPOP", kText, "Grupo de operadores", "Grupo de operadores"},
+                   {"OBS_GRPOP", kText, "Observação do grupo", "Observação"}},
+       .page = {kListing, "Grupos de operadores"}},
 
-constexpr Column kSubgrupos[] = {
-    {"DESCR_CLASSE", kText, "Grupo"},
-    kDescrGrupo,
-    {"OBS_GRUPO", kText, "Observação do subgrupo"},
-    {"IDC_ATIVO", kText, "Se o subgrupo está ativo, como está no banco"},
-};
-constexpr Oddity kSubgruposOddities[] = {{"No SQL os apelidos se cruzam: g é o grupo (CLASSE), sb o subgrupo (GRUPO)",
-                                          "In the subgroups the aliases cross over:"}};
+      {.className = "CSubgrupoRpt",
+       .method = "RelatorioSubgrupos",
+       .purpose = "Os subgrupos da classificação, por grupo",
+       .columns = {{"DESCR_CLASSE", kText, "Grupo", "Grupo"},
+                   kDescrGrupo,
+                   {"OBS_GRUPO", kText, "Observação do subgrupo", "Observação"},
+                   {"IDC_ATIVO", kText, "Se o subgrupo está ativo, como está no banco", "Ativo"}},
+       .oddities = {{"No SQL os apelidos se cruzam: g é o grupo (CLASSE), sb o subgrupo (GRUPO)",
+                     "In the subgroups the aliases cross over:"}},
+       .page = {kListing, "Subgrupos"}},
 
-constexpr Column kOperadores[] = {
-    {"DESCR_OPERADOR", kText, "Nome de acesso"},
-    {"NOME_COMPLETO", kText, "Nome completo"},
-    {"DESCR_TIPO", kText, "Tipo de operador, pelo componente KodraBsnV3.ObtedorDeTiposOperadores"},
-    {"DESCR_DEPTO", kText, "Departamento"},
-    {"CHAPA", kText, "Número da chapa"},
-    {"RAMAL", kText, "Ramal"},
-    {"DESCR_GRUPO_OP", kText, "Grupo de operadores"},
-    {"ATIVO", kFlag, "Se o operador está ativo"},
-};
-constexpr Oddity kOperadoresOddities[] = {
-    {"Uma marca de ativo que começa com vírgula vale como sim", "Operators: a comma means yes."},
-    {"O erro diz a etapa, não \"Erro ao gerar dados para o relatório\"",
-     "Operators: an error names its step and not the report."},
-    {"Sem operadores o resultado é Nothing, sem erro", "Operators: none is no recordset."},
-    {"Um texto de mais de 255 caracteres é erro", "Operators: a text longer than 255 characters fails the report."},
-};
-constexpr Failure kOperadoresFailures[] = {
-    {"Erro : …", "O que falhou antes do banco está depois dos dois-pontos: a StringConexao ou o objeto de parâmetros"},
-    {"Erro ao obter dados do SGBD: …", "Veja a causa que o banco deu, depois dos dois-pontos"},
-    {"Erro ao preencher conjunto de dados de saída: …",
-     "Um texto do operador passa de 255 caracteres, ou o componente KodraBsnV3.ObtedorDeTiposOperadores falhou"},
-};
-
-constexpr auto kReports = std::to_array<Report>({
-    {"CCDRpt", "RelatorioMidias", "As mídias, todas ou só as vencidas", kTipoRpt, kMidias, kMidiasOddities, {}},
-    {"CTipo_MidiaRpt", "RelatorioTiposMidia", "Os tipos de mídia, com validade e capacidade", {}, kTiposMidia, {}, {}},
-    {"CSuporteRpt", "RelatorioSuportes", "Os suportes dos documentos", {}, kSuportes, {}, {}},
-    {"CSerieRpt", "RelatorioSeries", "As séries por grupo e subgrupo, com as suas chaves", {}, kSeries, {}, {}},
-    {"CDepositoRpt", "RelatorioDepositos", "Os depósitos, com endereço e contato", {}, kDepositos, {}, {}},
-    {"CDicionarioRpt",
-     "RelatorioTermosControlados",
-     "Os termos controlados das chaves de cada série",
-     {},
-     kTermos,
-     {},
-     {}},
-    {"CDeptoRpt", "RelatorioDeptos", "Os departamentos, com endereço", {}, kDeptos, {}, {}},
-    {"CGrupoRpt", "RelatorioGrupos", "Os grupos da classificação", {}, kGrupos, {}, {}},
-    {"CModeloRpt",
-     "RelatorioModelos",
-     "Os modelos de documento, todos ou um só",
-     kCodModelo,
-     kModelos,
-     kModelosOddities,
-     {}},
-    {"CTipo_CaixaRpt", "RelatorioTiposModulo", "Os tipos de módulo, com a sua capacidade", {}, kTiposModulo, {}, {}},
-    {"CGrupoOperadorRpt", "RelatorioGruposOperadores", "Os grupos de operadores", {}, kGruposOperadores, {}, {}},
-    {"CSubgrupoRpt",
-     "RelatorioSubgrupos",
-     "Os subgrupos da classificação, por grupo",
-     {},
-     kSubgrupos,
-     kSubgruposOddities,
-     {}},
-    {"COperadorRpt",
-     "RelatorioOperadores",
-     "Os operadores, com departamento, grupo, tipo e ramal",
-     {},
-     kOperadores,
-     kOperadoresOddities,
-     kOperadoresFailures},
-});
-
-}  // namespace
-
-std::span<const Report> Catalogs() { return kReports; }
+      {.className = "COperadorRpt",
+       .method = "RelatorioOperadores",
+       .purpose = "Os operadores, com departamento, grupo, tipo e ramal",
+       .columns = {{"DESCR_OPERADOR", kText, "Nome de acesso", "Operador"},
+                   {"NOME_COMPLETO", kText, "Nome completo", "Nome completo"},
+                   {"DESCR_TIPO", kText, "Tipo de operador, pelo componente KodraBsnV3.ObtedorDeTiposOperadores",
+                    "Tipo"},
+                   {"DESCR_DEPTO", kText, "Departamento", "Departamento"},
+                   {"CHAPA", kText, "Número da chapa", "Chapa"},
+                   {"RAMAL", kText, "Ramal", "Ramal"},
+                   {"DESCR_GRUPO_OP", kText, "Grupo de operadores", "Grupo de operadores"},
+                   {"ATIVO", kFlag, "Se o operador está ativo", "Ativo"}},
+       .oddities = {{"Uma marca de ativo que começa com vírgula vale como sim", "Operators: a comma means yes."},
+                    {"O erro diz a etapa, não \"Erro ao gerar dados para o relatório\"",
+                     "Operators: an error names its step and not the report."},
+                    {"Sem operadores o resultado é Nothing, sem erro", "Operators: none is no recordset."},
+                    {"Um texto de mais de 255 caracteres é erro",
+                     "Operators: a text longer than 255 characters fails the report."}},
+       .failures = {{"Erro : …",
+                     "O que falhou antes do banco está depois dos dois-pontos: a StringConexao ou o objeto de "
+                     "parâmetros"},
+                    {"Erro ao obter dados do SGBD: …", "Veja a causa que o banco deu, depois dos dois-pontos"},
+                    {"Erro ao preencher conjunto de dados de saída: …",
+                     "Um texto do operador passa de 255 caracteres, ou o componente "
+                     "KodraBsnV3.ObtedorDeTiposOperadores falhou"}},
+       .page = {kListing, "Operadores"}},
+  };
+}
 
 }  // namespace kodra::console::guide

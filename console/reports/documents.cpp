@@ -1,18 +1,16 @@
 // The guide to documents, requests and the event log.
-#include <array>
-
 #include "console/reports/families.h"
 
 namespace kodra::console::guide {
 namespace {
 
-constexpr Parameter kDocumentFilter[] = {
+const std::vector<Parameter> kDocumentFilter = {
     {"DataArmazenamento1", "Primeiro dia do período de armazenamento; só conta se DataArmazenamento2 for dada",
      "01/02/2024"},
     {"DataArmazenamento2", "Último dia do período; é ela que liga o filtro", "29/02/2024"},
     {"CodDepto", "Código do departamento, como está no banco; vazio não filtra", "001"},
 };
-constexpr Oddity kDocumentOddities[] = {
+const std::vector<Oddity> kDocumentOddities = {
     {"Só a segunda data liga o período; sozinha, o período começa em 30/12/1899",
      "Only the second date switches the period on."},
     {"Os limites levam a hora, mas quem decide o que o banco vê deles é o dialeto",
@@ -21,166 +19,162 @@ constexpr Oddity kDocumentOddities[] = {
     kPastedFilters,
 };
 
-constexpr Column kSintetico[] = {kCodDocto, kDescrSuporte, kNumCaixa, kNumCd, kDtArmaz, kDtVenc, kFrente, kVerso};
-
-constexpr Column kAnalitico[] = {
-    kCodDocto,
-    kDescrGrupo,
-    kDescrAssunto,
-    KODRA_FIVE_COLUMNS("DESCR_CHAVE", "Valor da chave"),
-    {"DESCR_OPERADOR", kText, "Operador que armazenou"},
-    kDescrSuporte,
-    kDtArmaz,
-    {"ARQUIVO", kText, "Arquivo da cópia digital"},
-    {"OBS", kText, "Observação do documento"},
-    kFrente,
-    kNumCaixa,
-    kDtVenc,
-    kVerso,
-    kNumCd,
-};
-
-constexpr Column kInventarios[] = {
-    kCodDocto,
-    kDescrGrupo,
-    kDescrAssunto,
-    kNumCaixa,
-    {"MACO", kText, "Maço"},
-    kDtArmaz,
-    KODRA_FIVE_COLUMNS("ACHAVE", "Legenda da chave"),
-    KODRA_FIVE_COLUMNS("DESCR_CHAVE", "Valor da chave"),
-    {"OBS", kText, "Observação do documento"},
-};
-
-constexpr Parameter kCodSolicit[] = {
-    {"CodSolicit", "Código da solicitação, ou vários separados por vírgula; entra no SQL sem aspas", "1"}};
-constexpr Column kRetirada[] = {
-    {"OPERADOR", kText, "Nome completo de quem retira, ou o seu nome de acesso"},
-    {"DOCUMENTOS", kText, "Linha pronta: documento, módulo e lugar"},
-    {"DEVOLUCAO", kText, "Frase pronta sobre a devolução"},
-    {"OBS_SOLICIT", kText, "Observação da solicitação, ou -"},
-};
-constexpr Oddity kRetiradaOddities[] = {
-    {"Várias solicitações saem em uma guia só, com o operador, a frase e a observação da primeira que o banco der",
-     "Withdrawal: several requests share one sentence."},
-    {"Sem documento é erro, não uma guia vazia", "Withdrawal: no document is an error,"},
-    {"O recordset vem parado na última linha", "Withdrawal: the slip stands on its last row."},
-};
-constexpr Failure kRetiradaFailures[] = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
-                                          "A solicitação não tem documento em nenhum módulo: confira CodSolicit"}};
-
-constexpr Parameter kListarJaDevolvidos[] = {
-    {"ListarJaDevolvidos", "Sim junta os originais já devolvidos; muda também o título", "sim"}};
-constexpr Column kDevolucao[] = {
-    {"TITULO", kText, "Título da listagem"},
-    kCodDocto,
-    {"DESCR_OPERADOR", kText, "Nome completo de quem retirou, ou o seu nome de acesso"},
-    {"DT_RETIRADA", kText, "Data de retirada, dd/mm/aaaa"},
-    {"DEVOLVIDO", kText, "Modo: P permanente, I sem data, D com data, S já devolvido"},
-    {"DT_DEVOLUCAO", kText, "Data de devolução, dd/mm/aaaa"},
-};
-constexpr Oddity kDevolucaoOddities[] = {
-    {"CodSolicit não é usado: a listagem cobre todas as solicitações", "Returned originals: CodSolicit is not used."},
-    {"No SQLite a data não tem texto e a instrução é erro de sintaxe", "On SQLite a date has no text."},
-};
-
-constexpr Parameter kLogFilter[] = {
-    {"MaquinaOrigem", "Computador de onde veio o evento", "BALCAO01", false},
-    {"Operador", "Nome do operador", "MARIA", false},
-    {"Acao", "Texto da ação", "retirada", false},
-    {"Evento", "Tipo de evento; contam os três primeiros caracteres, em maiúsculas", "ALT", false},
-    {"CodDocto", "Código do documento", "D000001", false},
-    {"DataInicial", "Primeiro dia", "01/02/2024", false},
-    {"DataFinal", "Último dia", "29/02/2024", false},
-};
-#define KODRA_ACAO(number) \
-  Column { "ACAO" number, kText, "Parte " number " da ação, até 250 caracteres" }
-constexpr Column kLog[] = {
-    {"DATA", kDate, "Data e hora do evento"},
-    {"HORA", kText, "Hora do evento, hh:mm:ss"},
-    {"DESCR_OPERADOR", kText, "Operador, até 250 caracteres"},
-    {"MAQUINA", kText, "Computador, até 250 caracteres"},
-    {"COD_DOCTO", kText, "Código do documento, até 10 caracteres"},
-    {"COD_ACAO", kText, "Tipo do evento, até 10 caracteres"},
-    KODRA_ACAO("1"),
-    KODRA_ACAO("2"),
-    KODRA_ACAO("3"),
-    KODRA_ACAO("4"),
-    KODRA_ACAO("5"),
-    KODRA_ACAO("6"),
-    KODRA_ACAO("7"),
-    KODRA_ACAO("8"),
-    KODRA_ACAO("9"),
-    KODRA_ACAO("10"),
-    KODRA_ACAO("11"),
-    KODRA_ACAO("12"),
-    KODRA_ACAO("13"),
-    KODRA_ACAO("14"),
-    KODRA_ACAO("15"),
-    KODRA_ACAO("16"),
-    KODRA_ACAO("17"),
-    KODRA_ACAO("18"),
-    KODRA_ACAO("19"),
-    KODRA_ACAO("20"),
-    KODRA_ACAO("21"),
-    KODRA_ACAO("22"),
-    KODRA_ACAO("23"),
-    KODRA_ACAO("24"),
-    KODRA_ACAO("25"),
-    KODRA_ACAO("26"),
-    KODRA_ACAO("27"),
-    KODRA_ACAO("28"),
-    KODRA_ACAO("29"),
-    KODRA_ACAO("30"),
-    KODRA_ACAO("31"),
-    KODRA_ACAO("32"),
-};
-#undef KODRA_ACAO
-constexpr Oddity kLogOddities[] = {
-    {"Uma ação de mais de 8000 caracteres é erro, porque não há campo ACAO33",
-     "Log: an action longer than 8000 characters fails the report,"},
-    {"Nenhum evento é erro; nenhuma coleção é Nothing", "Log: no event is an error, no collection is Nothing."},
-};
-constexpr Failure kLogFailures[] = {{"O texto do ADO instalado para \"nenhum registro atual\" (3021)",
-                                     "Nenhum evento passa pelo filtro: alargue o período ou tire filtros"}};
-
-constexpr auto kReports = std::to_array<Report>({
-    {"CDocumentoRpt",
-     "RelatorioSintetico",
-     "Os documentos em resumo: suporte, lugar, datas, folhas",
-     kDocumentFilter,
-     kSintetico,
-     kDocumentOddities,
-     {}},
-    {"CDocumentoRpt",
-     "RelatorioAnalitico",
-     "Os documentos em detalhe: classificação, chaves, arquivo",
-     kDocumentFilter,
-     kAnalitico,
-     kDocumentOddities,
-     {}},
-    {"CDocumentoRpt",
-     "RelatorioInventarios",
-     "Os documentos de inventário, com as chaves e as suas legendas",
-     kDocumentFilter,
-     kInventarios,
-     kDocumentOddities,
-     {}},
-    {"CSolicitacaoRpt", "RelatorioRetiradaOriginal", "A guia de retirada dos originais de solicitações", kCodSolicit,
-     kRetirada, kRetiradaOddities, kRetiradaFailures},
-    {"CSolicitacaoRpt",
-     "RelatorioDevolucaoOriginal",
-     "Os originais retirados ou já devolvidos",
-     kListarJaDevolvidos,
-     kDevolucao,
-     kDevolucaoOddities,
-     {}},
-    {"CLogRpt", "RelatorioLog", "Os eventos do registro, por período, operador e tipo", kLogFilter, kLog, kLogOddities,
-     kLogFailures},
-});
-
 }  // namespace
 
-std::span<const Report> Documents() { return kReports; }
+std::vector<Report> Documents() {
+  return {
+      {.className = "CDocumentoRpt",
+       .method = "RelatorioSintetico",
+       .purpose = "Os documentos em resumo: suporte, lugar, datas, folhas",
+       .parameters = kDocumentFilter,
+       .columns = {kCodDocto, kDescrSuporte, kNumCaixa, kNumCd, kDtArmaz, kDtVenc, kFrente, kVerso},
+       .oddities = kDocumentOddities,
+       .page = {kListing, "Documentos: relatório sintético"}},
+
+      {.className = "CDocumentoRpt",
+       .method = "RelatorioAnalitico",
+       .purpose = "Os documentos em detalhe: classificação, chaves, arquivo",
+       .parameters = kDocumentFilter,
+       .columns = {kCodDocto,
+                   kDescrGrupo,
+                   kDescrAssunto,
+                   {"DESCR_CHAVE1", kText, "Valor da chave 1", "Chave 1", kDetail},
+                   {"DESCR_CHAVE2", kText, "Valor da chave 2", "Chave 2", kDetail},
+                   {"DESCR_CHAVE3", kText, "Valor da chave 3", "Chave 3", kDetail},
+                   {"DESCR_CHAVE4", kText, "Valor da chave 4", "Chave 4", kDetail},
+                   {"DESCR_CHAVE5", kText, "Valor da chave 5", "Chave 5", kDetail},
+                   {"DESCR_OPERADOR", kText, "Operador que armazenou", "Operador", kDetail},
+                   kDescrSuporte,
+                   kDtArmaz,
+                   {"ARQUIVO", kText, "Arquivo da cópia digital", "Arquivo", kDetail},
+                   {"OBS", kText, "Observação do documento", "Observação", kDetail},
+                   kFrente,
+                   kNumCaixa,
+                   kDtVenc,
+                   kVerso,
+                   kNumCd},
+       .oddities = kDocumentOddities,
+       .page = {.kind = kListing,
+                .title = "Documentos: relatório analítico",
+                .first = {"COD_DOCTO", "DESCR_GRUPO", "DESCR_ASSUNTO", "DESCR_SUPORTE", "NUM_CAIXA", "NUM_CD",
+                          "DT_ARMAZ", "DT_VENC"}}},
+
+      {.className = "CDocumentoRpt",
+       .method = "RelatorioInventarios",
+       .purpose = "Os documentos de inventário, com as chaves e as suas legendas",
+       .parameters = kDocumentFilter,
+       .columns = {kCodDocto,
+                   kDescrGrupo,
+                   kDescrAssunto,
+                   kNumCaixa,
+                   {"MACO", kText, "Maço", "Maço"},
+                   kDtArmaz,
+                   {"ACHAVE1", kText, "Legenda da chave 1", {}, kNowhere},
+                   {"ACHAVE2", kText, "Legenda da chave 2", {}, kNowhere},
+                   {"ACHAVE3", kText, "Legenda da chave 3", {}, kNowhere},
+                   {"ACHAVE4", kText, "Legenda da chave 4", {}, kNowhere},
+                   {"ACHAVE5", kText, "Legenda da chave 5", {}, kNowhere},
+                   {"DESCR_CHAVE1", kText, "Valor da chave 1", "Chave 1", kDetail, "ACHAVE1"},
+                   {"DESCR_CHAVE2", kText, "Valor da chave 2", "Chave 2", kDetail, "ACHAVE2"},
+                   {"DESCR_CHAVE3", kText, "Valor da chave 3", "Chave 3", kDetail, "ACHAVE3"},
+                   {"DESCR_CHAVE4", kText, "Valor da chave 4", "Chave 4", kDetail, "ACHAVE4"},
+                   {"DESCR_CHAVE5", kText, "Valor da chave 5", "Chave 5", kDetail, "ACHAVE5"},
+                   {"OBS", kText, "Observação do documento", "Observação", kDetail}},
+       .oddities = kDocumentOddities,
+       .page = {kListing, "Documentos: inventários"}},
+
+      {.className = "CSolicitacaoRpt",
+       .method = "RelatorioRetiradaOriginal",
+       .purpose = "A guia de retirada dos originais de solicitações",
+       .parameters = {{"CodSolicit", "Código da solicitação, ou vários separados por vírgula; entra no SQL sem aspas",
+                       "1"}},
+       .columns = {{"OPERADOR", kText, "Nome completo de quem retira, ou o seu nome de acesso", "Operador", kFact},
+                   {"DOCUMENTOS", kText, "Linha pronta: documento, módulo e lugar", "Documentos"},
+                   {"DEVOLUCAO", kText, "Frase pronta sobre a devolução", "Devolução", kFact},
+                   {"OBS_SOLICIT", kText, "Observação da solicitação, ou -", "Observação", kFact}},
+       .oddities = {{"Várias solicitações saem em uma guia só, com o operador, a frase e a observação da primeira que "
+                     "o banco der",
+                     "Withdrawal: several requests share one sentence."},
+                    {"Sem documento é erro, não uma guia vazia", "Withdrawal: no document is an error,"},
+                    {"O recordset vem parado na última linha", "Withdrawal: the slip stands on its last row."}},
+       .failures = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
+                     "A solicitação não tem documento em nenhum módulo: confira CodSolicit"}},
+       .page = {kListing, "Retirada de originais"},
+       .sqlNote = "a segunda instrução depende dos dados da primeira: 30/12/1899 está no lugar da data de devolução do "
+                  "último documento, e com dois documentos ou mais as frases vão para o plural"},
+
+      {.className = "CSolicitacaoRpt",
+       .method = "RelatorioDevolucaoOriginal",
+       .purpose = "Os originais retirados ou já devolvidos",
+       .parameters = {{"ListarJaDevolvidos", "Sim junta os originais já devolvidos; muda também o título", "sim"}},
+       .columns = {{"TITULO", kText, "Título da listagem", {}, kTitle},
+                   kCodDocto,
+                   {"DESCR_OPERADOR", kText, "Nome completo de quem retirou, ou o seu nome de acesso", "Operador"},
+                   {"DT_RETIRADA", kText, "Data de retirada, dd/mm/aaaa", "Retirada"},
+                   {"DEVOLVIDO", kText, "Modo: P permanente, I sem data, D com data, S já devolvido", "Devolução"},
+                   {"DT_DEVOLUCAO", kText, "Data de devolução, dd/mm/aaaa", "Data da devolução"}},
+       .oddities = {{"CodSolicit não é usado: a listagem cobre todas as solicitações",
+                     "Returned originals: CodSolicit is not used."},
+                    {"No SQLite a data não tem texto e a instrução é erro de sintaxe",
+                     "On SQLite a date has no text."}},
+       .page = {kListing, "Originais retirados"}},
+
+      {.className = "CLogRpt",
+       .method = "RelatorioLog",
+       .purpose = "Os eventos do registro, por período, operador e tipo",
+       .parameters = {{"MaquinaOrigem", "Computador de onde veio o evento", "BALCAO01", false},
+                      {"Operador", "Nome do operador", "MARIA", false},
+                      {"Acao", "Texto da ação", "retirada", false},
+                      {"Evento", "Tipo de evento; contam os três primeiros caracteres, em maiúsculas", "ALT", false},
+                      {"CodDocto", "Código do documento", "D000001", false},
+                      {"DataInicial", "Primeiro dia", "01/02/2024", false},
+                      {"DataFinal", "Último dia", "29/02/2024", false}},
+       .columns = {{"DATA", kDate, "Data e hora do evento", "Data"},
+                   {"HORA", kText, "Hora do evento, hh:mm:ss", "Hora"},
+                   {"DESCR_OPERADOR", kText, "Operador, até 250 caracteres", "Operador"},
+                   {"MAQUINA", kText, "Computador, até 250 caracteres", "Máquina"},
+                   {"COD_DOCTO", kText, "Código do documento, até 10 caracteres", "Documento"},
+                   {"COD_ACAO", kText, "Tipo do evento, até 10 caracteres", "Evento"},
+                   {"ACAO1", kText, "Parte 1 da ação, até 250 caracteres", "Ação", kDetail},
+                   {"ACAO2", kText, "Parte 2 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO3", kText, "Parte 3 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO4", kText, "Parte 4 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO5", kText, "Parte 5 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO6", kText, "Parte 6 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO7", kText, "Parte 7 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO8", kText, "Parte 8 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO9", kText, "Parte 9 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO10", kText, "Parte 10 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO11", kText, "Parte 11 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO12", kText, "Parte 12 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO13", kText, "Parte 13 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO14", kText, "Parte 14 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO15", kText, "Parte 15 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO16", kText, "Parte 16 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO17", kText, "Parte 17 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO18", kText, "Parte 18 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO19", kText, "Parte 19 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO20", kText, "Parte 20 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO21", kText, "Parte 21 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO22", kText, "Parte 22 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO23", kText, "Parte 23 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO24", kText, "Parte 24 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO25", kText, "Parte 25 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO26", kText, "Parte 26 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO27", kText, "Parte 27 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO28", kText, "Parte 28 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO29", kText, "Parte 29 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO30", kText, "Parte 30 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO31", kText, "Parte 31 da ação, até 250 caracteres", {}, kContinuation},
+                   {"ACAO32", kText, "Parte 32 da ação, até 250 caracteres", {}, kContinuation}},
+       .oddities = {{"Uma ação de mais de 8000 caracteres é erro, porque não há campo ACAO33",
+                     "Log: an action longer than 8000 characters fails the report,"},
+                    {"Nenhum evento é erro; nenhuma coleção é Nothing",
+                     "Log: no event is an error, no collection is Nothing."}},
+       .failures = {{"O texto do ADO instalado para \"nenhum registro atual\" (3021)",
+                     "Nenhum evento passa pelo filtro: alargue o período ou tire filtros"}},
+       .page = {kListing, "Registro de eventos"}},
+  };
+}
 
 }  // namespace kodra::console::guide

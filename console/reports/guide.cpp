@@ -1,25 +1,37 @@
 #include "console/reports/guide.h"
 
-#include <vector>
+#include <algorithm>
 
 #include "console/reports/families.h"
 
 namespace kodra::console::guide {
 
-std::span<const Report> Reports() {
+const std::vector<Report>& Reports() {
   static const std::vector<Report> reports = [] {
     std::vector<Report> all;
-    for (const auto family : {Catalogs(), Documents(), ModuleLabels(), ModuleListings(), Containers(), Statistics()})
+    for (const auto& family : {Catalogs(), Documents(), ModuleLabels(), ModuleListings(), Containers(), Statistics()})
       all.insert(all.end(), family.begin(), family.end());
     return all;
   }();
   return reports;
 }
 
-const Report& About(const reports::ReportMethod& method) {
-  return Reports()[static_cast<std::size_t>(&method - reports::ReportMethods().data())];
+const Report* Find(std::wstring_view className, std::wstring_view method) {
+  const auto found = std::ranges::find_if(Reports(), [&](const Report& report) {
+    return std::ranges::equal(report.className, className) && std::ranges::equal(report.method, method);
+  });
+  return found == Reports().end() ? nullptr : &*found;
 }
 
-std::string NameOf(const Report& report) { return std::string(report.className) + "." + std::string(report.method); }
+const Report& About(const reports::ReportMethod& method) { return *Find(method.className, method.method); }
+
+std::vector<const Column*> ColumnsIn(Place place, const Report& report) {
+  std::vector<const Column*> columns;
+  for (const Column& column : report.columns)
+    if (column.place == place) columns.push_back(&column);
+  const auto& first = report.page.first;
+  std::ranges::stable_sort(columns, {}, [&](const Column* column) { return std::ranges::find(first, column->name); });
+  return columns;
+}
 
 }  // namespace kodra::console::guide

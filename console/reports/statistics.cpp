@@ -1,179 +1,159 @@
 // The guide to the statistics.
-#include <array>
-
 #include "console/reports/families.h"
 
 namespace kodra::console::guide {
 namespace {
 
-constexpr Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; sai também no título", "01/02/2024"};
-constexpr Parameter kLastDay = {"DataFinal", "Último dia do período; sai também no título", "29/02/2024"};
-constexpr Parameter kOwnerText = {"Owner", "Texto que volta na coluna OWNER", "Arquivo Geral"};
-constexpr Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio é todos", "001"};
+const Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; sai também no título", "01/02/2024"};
+const Parameter kLastDay = {"DataFinal", "Último dia do período; sai também no título", "29/02/2024"};
+const Parameter kOwnerText = {"Owner", "Texto que volta na coluna OWNER", "Arquivo Geral"};
+const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio é todos", "001"};
+// Of the statistics by support and by subgroup.
+const Parameter kCounted = {
+    "TipoRpt", "F traz folhas, P folhas e versos, outro valor só os documentos", "F", true, {"P", "N"}};
 
-constexpr Column kPeriodTitle = {"TIT1", kText, "Título: Período: … a …"};
-constexpr Column kOperador = {"OPERADOR", kText, "Operador do filtro, ou Todos os Operadores"};
-constexpr Column kDepto = {"DEPTO", kText, "Departamento do filtro, ou Todos os Departamentos"};
+constexpr Column kPeriod = {"TIT1", kText, "Título: Período: … a …", {}, kSubtitle};
+constexpr Column kOperador = {"OPERADOR", kText, "Operador do filtro, ou Todos os Operadores", "Operador", kFact};
+constexpr Column kDepto = {"DEPTO", kText, "Departamento do filtro, ou Todos os Departamentos", "Departamento", kFact};
+constexpr Column kFundo = {"FUNDO", kText, "Nome da organização", "Fundo", kFact};
+constexpr Column kOwner = {"OWNER", kText, "O parâmetro Owner", "Responsável", kFact};
+// What is counted, by the kind of report that was asked for.
+constexpr Column kSheets = {.name = "FRENTE", .type = kNumber, .meaning = "Folhas: páginas de frente", .kinds = "FP"};
+constexpr Column kBacks = {.name = "VERSO", .type = kNumber, .meaning = "Páginas de verso", .kinds = "P"};
+constexpr Column kDocument = {.name = "COD_DOCTO", .type = kText, .meaning = "Código do documento", .kinds = "*"};
 
-constexpr Parameter kImagingParameters[] = {
-    kOwnerText, kFirstDay,
-    kLastDay,   {"CodOperador", "Código do operador que armazenou; vazio é todos", "001"},
-    kCodDepto,  {"TipoRpt", "P traz folhas e versos, F só folhas, outro valor o código do documento", "P"},
-};
-constexpr Column kImaging[] = {
-    kPeriodTitle,
-    kOperador,
-    kDepto,
-    kDtArmaz,
-    kFundo,
-    kOwner,
-    {"FRENTE", kNumber, "Folhas: páginas de frente", "FP"},
-    {"VERSO", kNumber, "Páginas de verso", "P"},
-    {"COD_DOCTO", kText, "Código do documento", "*"},
-};
-constexpr Oddity kImagingOddities[] = {
-    {"O módulo AA000 e o suporte DIGITAL não contam; nas outras estatísticas contam",
-     "Imaging leaves out AA000 and the support DIGITAL; the other statistics count them."},
-    kBrokenPeriodOnSqlite,
-    kPastedFilters,
-};
-
-constexpr Parameter kByDocumentParameters[] = {
-    kOwnerText, {"CodOperador", "Código do operador que indexou; vazio é todos", "001"}, kCodDepto, kFirstDay, kLastDay,
-};
-constexpr Column kByDocument[] = {
-    kPeriodTitle, kOperador, kDepto, {"DATA_INDEXACAO", kDate, "Data de indexação, com hora"},
-    kCodDocto,    kFundo,    kOwner,
-};
-constexpr Oddity kByDocumentOddities[] = {kBrokenPeriodOnSqlite, kPastedFilters};
-
-#define KODRA_COUNT(number)                                                                                          \
-  Parameter {                                                                                                        \
-    "NumeroPC" number, "Documentos com a palavra-chave " number ", contados pelo cliente; vai sem aspas", number "2" \
-  }
-constexpr Parameter kByKeywordsParameters[] = {
-    kOwnerText,
-    {"DescrDepto", "Texto que volta na coluna DEPTO", "Todos os Departamentos"},
-    {"DescrOperador", "Texto que volta na coluna OPERADOR", "Todos os Operadores"},
-    {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024"},
-    {"DataFinal", "Último dia do período, só para o título", "29/02/2024"},
-    KODRA_COUNT("1"),
-    KODRA_COUNT("2"),
-    KODRA_COUNT("3"),
-    KODRA_COUNT("4"),
-    KODRA_COUNT("5"),
-    {"NumeroObs", "Documentos com observação, contados pelo cliente; vai sem aspas", "7"},
-};
-#undef KODRA_COUNT
-constexpr Column kByKeywords[] = {
-    kPeriodTitle,
-    {"OPERADOR", kText, "O parâmetro DescrOperador"},
-    {"DEPTO", kText, "O parâmetro DescrDepto"},
-    {"PC1", kNumber, "O parâmetro NumeroPC1"},
-    {"PC2", kNumber, "O parâmetro NumeroPC2"},
-    {"PC3", kNumber, "O parâmetro NumeroPC3"},
-    {"PC4", kNumber, "O parâmetro NumeroPC4"},
-    {"PC5", kNumber, "O parâmetro NumeroPC5"},
-    {"OBS", kNumber, "O parâmetro NumeroObs"},
-    kFundo,
-    kOwner,
-};
-constexpr Oddity kByKeywordsOddities[] = {
-    {"Um número vazio deixa a instrução com erro de sintaxe", "A count left empty is invalid SQL."}};
-constexpr Failure kByKeywordsFailures[] = {
-    {"Erro de sintaxe do banco", "Dê um número a NumeroPC1 até NumeroPC5 e a NumeroObs, mesmo que seja 0"}};
-
-constexpr Parameter kBySupportParameters[] = {
-    kFirstDay, kLastDay, {"TipoRpt", "F traz folhas, P folhas e versos, outro valor só os documentos", "F"}};
-constexpr Column kBySupport[] = {
-    {"TIT", kText, "Título: Período: … a …"},
-    kCodDocto,
-    kDescrSuporte,
-    {"FRENTE", kNumber, "Folhas: páginas de frente", "FP"},
-    {"VERSO", kNumber, "Páginas de verso; 0 com TipoRpt F", "FP"},
-};
-constexpr Oddity kBySupportOddities[] = {
-    {"Com F as folhas vêm com um verso sempre 0", "Front pages come with a back count of 0"},
-    kBrokenPeriodOnSqlite,
-};
-
-constexpr Column kBySubgroup[] = {
-    {"TITULO", kText, "Título com o nome que a instalação dá ao subgrupo"},
-    kPeriodTitle,
-    kDescrGrupo,
-    {"FRENTE", kNumber, "Folhas: páginas de frente", "FP"},
-    {"VERSO", kNumber, "Páginas de verso", "P"},
-    {"COD_DOCTO", kText, "Código do documento", "*"},
-};
-constexpr Oddity kBySubgroupOddities[] = {
-    {"O período vai ao banco com o ano na frente, ao contrário das outras estatísticas",
-     "The subgroup statistics read the date year first,"},
-    kBrokenPeriodOnSqlite,
-};
-
-constexpr Parameter kBySeriesParameters[] = {
-    kFirstDay,
-    {"DataFinal", "Último dia do período; a instrução vai até o dia seguinte, inclusive", "29/02/2024"},
-    {"TipoRpt", "N conta documentos; F, P e qualquer outro somam as folhas", "N"},
-    {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001"},
-};
-constexpr Column kBySeries[] = {
-    {"Titulo", kText, "Título com o nome que a instalação dá à série"},
-    {"Subtitulo", kText, "O que se conta: folhas, páginas ou documentos"},
-    {"Periodo", kText, "Período: … a …"},
-    {"Subgrupo", kText, "O nome que a instalação dá ao subgrupo, e o subgrupo"},
-    {"Serie", kText, "Série"},
-    {"Total", kNumber, "Documentos, com TipoRpt N; senão, soma das folhas"},
-};
-constexpr Oddity kBySeriesOddities[] = {
-    {"F e P só mudam o subtítulo: as duas somam as folhas, como qualquer valor que não seja N",
-     "Pages are front pages in the series statistics."},
-    {"A meia-noite do dia seguinte ao último conta", "The series statistics end a day later."},
-    kBrokenPeriodOnSqlite,
-};
-
-constexpr auto kReports = std::to_array<Report>({
-    {"CEstatImgRpt",
-     "RelatorioEstatisticas",
-     "A produção da digitalização em um período",
-     kImagingParameters,
-     kImaging,
-     kImagingOddities,
-     {}},
-    {"CEstatIndexRpt",
-     "RelatorioEstatisticasPorDocumento",
-     "Os documentos indexados em um período",
-     kByDocumentParameters,
-     kByDocument,
-     kByDocumentOddities,
-     {}},
-    {"CEstatIndexRpt", "RelatorioEstatisticasPorPalavrasChave", "Os totais de palavras-chave que o cliente contou",
-     kByKeywordsParameters, kByKeywords, kByKeywordsOddities, kByKeywordsFailures},
-    {"CEstatSuporteRpt",
-     "RelatorioEstatisticas",
-     "Os documentos, folhas ou páginas armazenados, por suporte",
-     kBySupportParameters,
-     kBySupport,
-     kBySupportOddities,
-     {}},
-    {"CEstatSubgrupoRpt",
-     "RelatorioEstatisticas",
-     "Os documentos, folhas ou páginas armazenados, por subgrupo",
-     kBySupportParameters,
-     kBySubgroup,
-     kBySubgroupOddities,
-     {}},
-    {"CEstatSerieRpt",
-     "RelatorioEstatisticas",
-     "Os totais armazenados por série de um subgrupo",
-     kBySeriesParameters,
-     kBySeries,
-     kBySeriesOddities,
-     {}},
-});
+constexpr Oddity kBrokenPeriodOnSqlite = {
+    "No SQLite a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período",
+    "On SQLite a date bound is not quoted."};
 
 }  // namespace
 
-std::span<const Report> Statistics() { return kReports; }
+std::vector<Report> Statistics() {
+  return {
+      {.className = "CEstatImgRpt",
+       .method = "RelatorioEstatisticas",
+       .purpose = "A produção da digitalização em um período",
+       .parameters = {kOwnerText,
+                      kFirstDay,
+                      kLastDay,
+                      {"CodOperador", "Código do operador que armazenou; vazio é todos", "001"},
+                      kCodDepto,
+                      {"TipoRpt",
+                       "P traz folhas e versos, F só folhas, outro valor o código do documento",
+                       "P",
+                       true,
+                       {"F", "N"}}},
+       .columns = {kPeriod,
+                   kOperador,
+                   kDepto,
+                   {"DT_ARMAZ", kDate, "Data de armazenamento, com hora", "Dia", kLine},
+                   kFundo,
+                   kOwner,
+                   kSheets,
+                   kBacks,
+                   kDocument},
+       .oddities = {{"O módulo AA000 e o suporte DIGITAL não contam; nas outras estatísticas contam",
+                     "Imaging leaves out AA000 and the support DIGITAL; the other statistics count them."},
+                    kBrokenPeriodOnSqlite,
+                    kPastedFilters},
+       .page = {.kind = kStatistic, .title = "Estatísticas de digitalização", .first = {"FUNDO"}}},
+
+      {.className = "CEstatIndexRpt",
+       .method = "RelatorioEstatisticasPorDocumento",
+       .purpose = "Os documentos indexados em um período",
+       .parameters = {kOwnerText,
+                      {"CodOperador", "Código do operador que indexou; vazio é todos", "001"},
+                      kCodDepto,
+                      kFirstDay,
+                      kLastDay},
+       .columns = {kPeriod,
+                   kOperador,
+                   kDepto,
+                   {"DATA_INDEXACAO", kDate, "Data de indexação, com hora", "Dia", kLine},
+                   kCodDocto,
+                   kFundo,
+                   kOwner},
+       .oddities = {kBrokenPeriodOnSqlite, kPastedFilters},
+       .page = {.kind = kStatistic, .title = "Estatísticas de indexação por documento", .first = {"FUNDO"}}},
+
+      {.className = "CEstatIndexRpt",
+       .method = "RelatorioEstatisticasPorPalavrasChave",
+       .purpose = "Os totais de palavras-chave que o cliente contou",
+       .parameters = {kOwnerText,
+                      {"DescrDepto", "Texto que volta na coluna DEPTO", "Todos os Departamentos"},
+                      {"DescrOperador", "Texto que volta na coluna OPERADOR", "Todos os Operadores"},
+                      {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024"},
+                      {"DataFinal", "Último dia do período, só para o título", "29/02/2024"},
+                      {"NumeroPC1", "Documentos com a palavra-chave 1, contados pelo cliente; vai sem aspas", "12"},
+                      {"NumeroPC2", "Documentos com a palavra-chave 2, contados pelo cliente; vai sem aspas", "22"},
+                      {"NumeroPC3", "Documentos com a palavra-chave 3, contados pelo cliente; vai sem aspas", "32"},
+                      {"NumeroPC4", "Documentos com a palavra-chave 4, contados pelo cliente; vai sem aspas", "42"},
+                      {"NumeroPC5", "Documentos com a palavra-chave 5, contados pelo cliente; vai sem aspas", "52"},
+                      {"NumeroObs", "Documentos com observação, contados pelo cliente; vai sem aspas", "7"}},
+       .columns = {kPeriod,
+                   {"OPERADOR", kText, "O parâmetro DescrOperador", "Operador", kFact},
+                   {"DEPTO", kText, "O parâmetro DescrDepto", "Departamento", kFact},
+                   {"PC1", kNumber, "O parâmetro NumeroPC1", "Chave 1", kCount},
+                   {"PC2", kNumber, "O parâmetro NumeroPC2", "Chave 2", kCount},
+                   {"PC3", kNumber, "O parâmetro NumeroPC3", "Chave 3", kCount},
+                   {"PC4", kNumber, "O parâmetro NumeroPC4", "Chave 4", kCount},
+                   {"PC5", kNumber, "O parâmetro NumeroPC5", "Chave 5", kCount},
+                   {"OBS", kNumber, "O parâmetro NumeroObs", "Observação", kCount},
+                   kFundo,
+                   kOwner},
+       .oddities = {{"Um número vazio deixa a instrução com erro de sintaxe", "A count left empty is invalid SQL."}},
+       .failures = {{"Erro de sintaxe do banco",
+                     "Dê um número a NumeroPC1 até NumeroPC5 e a NumeroObs, mesmo que seja 0"}},
+       .page = {kStatistic, "Estatísticas de indexação por palavras-chave", "Chave", {"FUNDO"}}},
+
+      {.className = "CEstatSuporteRpt",
+       .method = "RelatorioEstatisticas",
+       .purpose = "Os documentos, folhas ou páginas armazenados, por suporte",
+       .parameters = {kFirstDay, kLastDay, kCounted},
+       .columns = {{"TIT", kText, "Título: Período: … a …", {}, kSubtitle},
+                   kCodDocto,
+                   {"DESCR_SUPORTE", kText, "Suporte", "Suporte", kLine},
+                   kSheets,
+                   {.name = "VERSO", .type = kNumber, .meaning = "Páginas de verso; 0 com TipoRpt F", .kinds = "FP"}},
+       .oddities = {{"Com F as folhas vêm com um verso sempre 0", "Front pages come with a back count of 0"},
+                    kBrokenPeriodOnSqlite},
+       .page = {kStatistic, "Estatísticas por suporte"}},
+
+      {.className = "CEstatSubgrupoRpt",
+       .method = "RelatorioEstatisticas",
+       .purpose = "Os documentos, folhas ou páginas armazenados, por subgrupo",
+       .parameters = {kFirstDay, kLastDay, kCounted},
+       .columns = {{"TITULO", kText, "Título com o nome que a instalação dá ao subgrupo", {}, kTitle},
+                   kPeriod,
+                   {"DESCR_GRUPO", kText, "Subgrupo", "Subgrupo", kLine},
+                   kSheets,
+                   kBacks,
+                   kDocument},
+       .oddities = {{"O período vai ao banco com o ano na frente, ao contrário das outras estatísticas",
+                     "The subgroup statistics read the date year first,"},
+                    kBrokenPeriodOnSqlite},
+       .page = {kStatistic, "Estatísticas por subgrupo"}},
+
+      {.className = "CEstatSerieRpt",
+       .method = "RelatorioEstatisticas",
+       .purpose = "Os totais armazenados por série de um subgrupo",
+       .parameters = {kFirstDay,
+                      {"DataFinal", "Último dia do período; a instrução vai até o dia seguinte, inclusive",
+                       "29/02/2024"},
+                      {"TipoRpt", "N conta documentos; F, P e qualquer outro somam as folhas", "N", true, {"F", "P"}},
+                      {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001"}},
+       .columns = {{"Titulo", kText, "Título com o nome que a instalação dá à série", {}, kTitle},
+                   {"Subtitulo", kText, "O que se conta: folhas, páginas ou documentos", {}, kSubtitle},
+                   {"Periodo", kText, "Período: … a …", {}, kSubtitle},
+                   {"Subgrupo", kText, "O nome que a instalação dá ao subgrupo, e o subgrupo", {}, kBlock},
+                   {"Serie", kText, "Série", "Série", kLine},
+                   {"Total", kNumber, "Documentos, com TipoRpt N; senão, soma das folhas", "Total", kTotal}},
+       .oddities = {{"F e P só mudam o subtítulo: as duas somam as folhas, como qualquer valor que não seja N",
+                     "Pages are front pages in the series statistics."},
+                    {"A meia-noite do dia seguinte ao último conta", "The series statistics end a day later."},
+                    kBrokenPeriodOnSqlite},
+       .page = {kStatistic, "Estatísticas por série"}},
+  };
+}
 
 }  // namespace kodra::console::guide

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "console/reports/guide.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -24,18 +25,6 @@ constexpr auto kComponentNotes = std::to_array<ComponentNote>({
      "o relatório não envia nenhuma instrução: os eventos vêm do componente KodraRegEvt.RegEvtDAO"},
 });
 
-struct MethodNote {
-  std::wstring_view method;
-  std::string_view note;
-};
-
-constexpr auto kMethodNotes = std::to_array<MethodNote>({
-    {L"RelatorioRetiradaOriginal",
-     "a segunda instrução depende dos dados da primeira: 30/12/1899 está no lugar da data de devolução do último "
-     "documento, e com dois documentos ou mais as frases vão para o plural"},
-    {L"AutorizacaoDescarteModuloSubRpt", "a segunda instrução só é enviada se a primeira não der nenhuma linha"},
-});
-
 std::string MarkerNote(const std::wstring& value) {
   return "o parâmetro ? recebe o texto '" + values::ToUtf8(value) + "'";
 }
@@ -46,8 +35,7 @@ std::vector<std::string> NotesOn(const reports::ReportMethod& method, const Capt
   std::vector<std::string> notes;
   for (const auto& [progId, note] : kComponentNotes)
     if (captured.components.contains(std::wstring(progId))) notes.emplace_back(note);
-  for (const auto& [name, note] : kMethodNotes)
-    if (name == method.method) notes.emplace_back(note);
+  if (const std::string_view note = guide::About(method).sqlNote; !note.empty()) notes.emplace_back(note);
   for (const Statement& statement : captured.statements)
     for (const std::wstring& value : statement.parameters) notes.push_back(MarkerNote(value));
   return notes;

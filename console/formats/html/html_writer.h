@@ -17,7 +17,7 @@ class HtmlWriter final : public RowWriter {
   // REQUIRES: `output` outlives the writer.
   HtmlWriter(Output& output, HtmlOptions options) : output_(output), options_(std::move(options)) {}
 
-  // Raises UsageError for a report that has no layout.
+  // Raises UsageError for a name that is no report.
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override { layout_->Row(values); }
   void End() override { layout_->End(); }

@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "console/reports/guide.h"
+
 namespace kodra::console::html {
 namespace {
 
@@ -28,28 +30,28 @@ std::wstring Joined(const std::wstring& first, const std::wstring& second) {
 }
 
 Label OpeningLabel(const RowReader& row) {
-  const std::wstring number = row.Text(L"NUM_CAIXA");
+  const std::wstring number = row.Text("NUM_CAIXA");
   return {.kind = L"ABERTURA DE MÓDULO",
           .number = number,
-          .description = row.Text(L"DESC_CAIXA"),
-          .facts = RetentionText(row.Text(L"TIPO_GUARDA"), {}, row.Text(L"ANOS_VENCIMENTO")),
+          .description = row.Text("DESC_CAIXA"),
+          .facts = RetentionText(row.Text("TIPO_GUARDA"), {}, row.Text("ANOS_VENCIMENTO")),
           .barcode = number};
 }
 
 Label ClosingLabel(const RowReader& row) {
-  const std::wstring number = row.Text(L"NUM_CAIXA");
+  const std::wstring number = row.Text("NUM_CAIXA");
   return {.kind = L"FECHAMENTO DE MÓDULO",
-          .company = row.Text(L"Nome_Empresa"),
+          .company = row.Text("Nome_Empresa"),
           .number = number,
-          .description = row.Text(L"DESC_CAIXA"),
-          .facts = Joined(DocumentsText(row.Text(L"DOC_INICIAL"), row.Text(L"DOC_FINAL")),
-                          RetentionText(row.Text(L"TIPO_GUARDA"), row.Get(L"DATA_VENCIMENTO"), L"")),
+          .description = row.Text("DESC_CAIXA"),
+          .facts = Joined(DocumentsText(row.Text("DOC_INICIAL"), row.Text("DOC_FINAL")),
+                          RetentionText(row.Text("TIPO_GUARDA"), row.Get("DATA_VENCIMENTO"), L"")),
           .barcode = number};
 }
 
 // A divider stands before a document within the module, whose number is not among the columns.
 Label DividerLabel(const RowReader& row, const std::wstring& module) {
-  return {.kind = L"DIVISÓRIA", .number = row.Text(L"COD_DOCTO"), .facts = L"módulo " + module, .barcode = module};
+  return {.kind = L"DIVISÓRIA", .number = row.Text("COD_DOCTO"), .facts = L"módulo " + module, .barcode = module};
 }
 
 std::wstring ModulesText(const std::vector<std::wstring>& modules) {
@@ -59,14 +61,14 @@ std::wstring ModulesText(const std::vector<std::wstring>& modules) {
 }
 
 Label ContainerLabelOf(const RowReader& row, const ContainerModules& containerModules) {
-  const std::wstring number = row.Text(L"CONTAINER");
+  const std::wstring number = row.Text("CONTAINER");
   const auto modules = containerModules.find(number);
   return {
       .kind = L"ABERTURA DE CONTAINER",
-      .company = row.Text(L"NOME_EMPRESA"),
+      .company = row.Text("NOME_EMPRESA"),
       .number = number,
       .description = modules == containerModules.end() ? std::wstring() : L"Módulos: " + ModulesText(modules->second),
-      .facts = RetentionText(row.Text(L"TIPO_GUARDA"), row.Get(L"DATA_VENCIMENTO"), L""),
+      .facts = RetentionText(row.Text("TIPO_GUARDA"), row.Get("DATA_VENCIMENTO"), L""),
       .barcode = number};
 }
 
@@ -82,24 +84,25 @@ std::wstring RetentionText(std::wstring_view kind, const Value& until, std::wstr
   return text;
 }
 
-bool GivesLabels(const Heading& heading) { return LabelMakerOf(heading, {}) != nullptr; }
-
 LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerModules()>& containerModules) {
-  const auto is = [&](std::wstring_view className, std::wstring_view method) {
-    return heading.className == className && heading.method == method;
-  };
-  if (is(L"CCaixaRpt", L"EtiquetaAbertura")) return OpeningLabel;
-  if (is(L"CCaixaRpt", L"EtiquetaFechamento") || is(L"CCaixaRpt", L"EtiquetaFechamentoSubordinada"))
-    return ClosingLabel;
-  if (is(L"CCaixaRpt", L"EtiquetaDivisoria")) {
-    return [module = ParameterNamed(heading, L"Modulo1").substr(0, kModuleDigits)](const RowReader& row) {
-      return DividerLabel(row, module);
-    };
-  }
-  if (is(L"CContainerRpt", L"EtiquetaAbertura")) {
-    return [modules = containerModules ? containerModules() : ContainerModules()](const RowReader& row) {
-      return ContainerLabelOf(row, modules);
-    };
+  const guide::Report* report = guide::Find(heading.className, heading.method);
+  if (report == nullptr) return nullptr;
+  switch (report->page.kind) {
+    case guide::PageKind::kOpeningLabels:
+      return OpeningLabel;
+    case guide::PageKind::kClosingLabels:
+      return ClosingLabel;
+    case guide::PageKind::kDividerLabels:
+      return [module = ParameterNamed(heading, L"Modulo1").substr(0, kModuleDigits)](const RowReader& row) {
+        return DividerLabel(row, module);
+      };
+    case guide::PageKind::kContainerLabels:
+      return [modules = containerModules ? containerModules() : ContainerModules()](const RowReader& row) {
+        return ContainerLabelOf(row, modules);
+      };
+    case guide::PageKind::kListing:
+    case guide::PageKind::kStatistic:
+      break;
   }
   return nullptr;
 }

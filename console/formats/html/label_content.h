@@ -23,12 +23,10 @@ struct Label {
 // The modules that stand in each container, for the labels of containers.
 using ContainerModules = std::map<std::wstring, std::vector<std::wstring>>;
 
-// Makes a label of a row. Null for a report that gives no labels. For the labels of containers their modules are asked
+// Makes a label of a row. Null for a report that has no labels. For the labels of containers their modules are asked
 // for, once, if there is something to ask.
 using LabelMaker = std::function<Label(const RowReader& row)>;
 LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerModules()>& containerModules);
-// Whether a report gives labels.
-bool GivesLabels(const Heading& heading);
 
 // What is said of a module's retention: its kind (one letter), the date until which it is kept (none: zero or null) and
 // the years.

@@ -4,6 +4,7 @@
 
 #include "console/formats/html/html.h"
 #include "console/formats/html/page_style.h"
+#include "values/utf8.h"
 
 namespace kodra::console::html {
 namespace {
@@ -24,18 +25,30 @@ constexpr std::string_view kListingStyle =
     ".inteiro{white-space:nowrap}"
     ".soma td{border-top:.4mm solid #1f4e5f;font-weight:bold}";
 
-std::wstring JoinedColumns(const RowReader& row, std::wstring_view column) {
-  if (!column.ends_with(L'*')) return row.Text(column);
-  column.remove_suffix(1);
+// The text of a column and of those in which it continues.
+std::wstring WholeText(const guide::Column& column, const guide::Report& report, const RowReader& row) {
   std::wstring text;
-  for (int i = 1; row.Has(std::wstring(column) + std::to_wstring(i)); ++i)
-    text += BrazilianText(row.Get(std::wstring(column) + std::to_wstring(i)));
-  return text;
+  int parts = 0;
+  bool isWithin = false;
+  for (const guide::Column& each : report.columns) {
+    if (each.place != guide::Place::kContinuation) isWithin = each.name == column.name;
+    if (!isWithin) continue;
+    text += BrazilianText(row.Get(each.name));
+    ++parts;
+  }
+  return parts == 1 ? row.Text(column.name) : text;
 }
 
-std::wstring CaptionOf(const LayoutColumn& column, const RowReader& row) {
+// The text of the title column, or else the page's own title.
+std::wstring TitleOf(const guide::Report& report, const RowReader& first) {
+  std::wstring title;
+  for (const guide::Column* column : guide::ColumnsIn(guide::Place::kTitle, report)) title = first.Text(column->name);
+  return title.empty() ? values::FromUtf8(report.page.title) : title;
+}
+
+std::wstring CaptionOf(const guide::Column& column, const RowReader& row) {
   std::wstring caption = column.captionColumn.empty() ? std::wstring() : row.Text(column.captionColumn);
-  return caption.empty() ? std::wstring(column.caption) : caption;
+  return caption.empty() ? values::FromUtf8(column.caption) : caption;
 }
 
 // Codes and single words of at most this length stay whole; a longer one may be broken.
@@ -52,60 +65,61 @@ std::string_view StyleOf(const Value& value) {
   return text.size() <= kUnbrokenLength && !text.empty() && text.find(L' ') == text.npos ? " class=\"inteiro\"" : "";
 }
 
+std::string CellHtml(const guide::Column& column, const RowReader& row) {
+  return fmt::format("<td{}>{}</td>", StyleOf(row.Get(column.name)), Escaped(row.Text(column.name)));
+}
+
 }  // namespace
 
 void ListingWriter::Begin(const Heading& heading, std::span<const Column> columns) {
   heading_ = heading;
-  layout_ = FindListingLayout(heading.className, heading.method);
+  report_ = guide::Find(heading.className, heading.method);
+  shown_ = guide::ColumnsIn(guide::Place::kColumn, *report_);
+  details_ = guide::ColumnsIn(guide::Place::kDetail, *report_);
   columns_.assign(columns.begin(), columns.end());
 }
 
 void ListingWriter::OpenTable(const RowReader& first) {
-  std::wstring title = layout_->titleColumn.empty() ? std::wstring() : first.Text(layout_->titleColumn);
-  if (title.empty()) title = layout_->title;
-  std::string html = PageOpening(
-      title, SheetStyle(layout_->columns.size() > kPortraitColumns, title, issued_) + std::string(kListingStyle));
+  const std::wstring title = TitleOf(*report_, first);
+  std::string html =
+      PageOpening(title, SheetStyle(shown_.size() > kPortraitColumns, title, issued_) + std::string(kListingStyle));
   html += kPageTop;
   html += "<table>\n<thead>\n";
-  html += fmt::format("<tr><th class=\"titulo\" colspan=\"{}\"><h1>{}</h1>{}", layout_->columns.size(), Escaped(title),
+  html += fmt::format("<tr><th class=\"titulo\" colspan=\"{}\"><h1>{}</h1>{}", shown_.size(), Escaped(title),
                       ParametersHtml(heading_));
-  for (const LayoutColumn& fact : layout_->facts) {
-    if (const std::wstring text = first.Text(fact.column); !text.empty())
-      html += fmt::format("<p><b>{}:</b> {}</p>", Escaped(fact.caption), Escaped(text));
+  for (const guide::Column* fact : guide::ColumnsIn(guide::Place::kFact, *report_)) {
+    if (const std::wstring text = first.Text(fact->name); !text.empty())
+      html += fmt::format("<p><b>{}:</b> {}</p>", Escaped(fact->caption), Escaped(text));
   }
   html += "</th></tr>\n<tr>";
-  for (const LayoutColumn& column : layout_->columns)
-    html += fmt::format("<th{}>{}</th>", HeadStyleOf(first.Get(column.column)), Escaped(CaptionOf(column, first)));
+  for (const guide::Column* column : shown_)
+    html += fmt::format("<th{}>{}</th>", HeadStyleOf(first.Get(column->name)), Escaped(CaptionOf(*column, first)));
   output_.Write(html + "</tr>\n</thead>\n");
-}
-
-std::string ListingWriter::CellHtml(const LayoutColumn& column, const RowReader& row) const {
-  return fmt::format("<td{}>{}</td>", StyleOf(row.Get(column.column)), Escaped(JoinedColumns(row, column.column)));
 }
 
 std::string ListingWriter::DetailsHtml(const RowReader& row) const {
   std::string html;
-  for (const LayoutColumn& detail : layout_->details) {
-    const std::wstring text = JoinedColumns(row, detail.column);
+  for (const guide::Column* detail : details_) {
+    const std::wstring text = WholeText(*detail, *report_, row);
     if (text.empty()) continue;
-    html += fmt::format("{}<b>{}:</b> {}", html.empty() ? "" : " · ", Escaped(CaptionOf(detail, row)), Escaped(text));
+    html += fmt::format("{}<b>{}:</b> {}", html.empty() ? "" : " · ", Escaped(CaptionOf(*detail, row)), Escaped(text));
   }
   if (html.empty()) return html;
-  return fmt::format("<tr><td class=\"detalhe\" colspan=\"{}\">{}</td></tr>", layout_->columns.size(), html);
+  return fmt::format("<tr><td class=\"detalhe\" colspan=\"{}\">{}</td></tr>", shown_.size(), html);
 }
 
 void ListingWriter::Row(std::span<const Value> values) {
   const RowReader row(columns_, values);
   if (rows_++ == 0) OpenTable(row);
   std::string html = "<tbody><tr>";
-  for (const LayoutColumn& column : layout_->columns) html += CellHtml(column, row);
+  for (const guide::Column* column : shown_) html += CellHtml(*column, row);
   output_.Write(html + "</tr>" + DetailsHtml(row) + "</tbody>\n");
 }
 
 void ListingWriter::End() {
   if (rows_ == 0) OpenTable(RowReader(columns_, {}));
   output_.Write(fmt::format("<tbody class=\"soma\"><tr><td colspan=\"{}\">{}</td></tr></tbody>\n</table>\n{}{}",
-                            layout_->columns.size(), Escaped(RowCountText(rows_)), kPageBottom, PageClosing()));
+                            shown_.size(), Escaped(RowCountText(rows_)), kPageBottom, PageClosing()));
 }
 
 }  // namespace kodra::console::html

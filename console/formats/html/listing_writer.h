@@ -5,7 +5,7 @@
 #include "console/formats/html/preview_row.h"
 #include "console/formats/output.h"
 #include "console/formats/row_writer.h"
-#include "console/reports/listing_layout.h"
+#include "console/reports/guide.h"
 
 namespace kodra::console::html {
 
@@ -20,14 +20,15 @@ class ListingWriter final : public RowWriter {
   void End() override;
 
  private:
-  // Everything above the rows; the first of them, if any, gives the texts that are the same in all.
+  // Writes everything above the rows; texts that are the same in all of them are taken from the first.
   void OpenTable(const RowReader& first);
-  std::string CellHtml(const LayoutColumn& column, const RowReader& row) const;
   std::string DetailsHtml(const RowReader& row) const;
 
   Output& output_;
   std::wstring issued_;
-  const ListingLayout* layout_ = nullptr;
+  const guide::Report* report_ = nullptr;
+  std::vector<const guide::Column*> shown_;  // in the table
+  std::vector<const guide::Column*> details_;
   Heading heading_;
   std::vector<Column> columns_;
   std::uint64_t rows_ = 0;

@@ -17,22 +17,22 @@ class RowReader {
   // REQUIRES: both outlive the reader.
   RowReader(std::span<const Column> columns, std::span<const Value> values) : columns_(columns), values_(values) {}
 
-  bool Has(std::wstring_view column) const { return IndexOf(column) < columns_.size(); }
-  // The value, or Empty for a column that the report does not have. Databases differ in the case of names.
-  Value Get(std::wstring_view column) const {
+  bool Has(std::string_view column) const { return IndexOf(column) < columns_.size(); }
+  // The value, or Empty for a column that the report does not have. Databases differ in the letter case of names.
+  Value Get(std::string_view column) const {
     const std::size_t index = IndexOf(column);
     return index < values_.size() ? values_[index] : Value();
   }
   // As people read it, without blanks at the end, as fixed-width columns have them.
-  std::wstring Text(std::wstring_view column) const {
+  std::wstring Text(std::string_view column) const {
     std::wstring text = BrazilianText(Get(column));
     text.erase(text.find_last_not_of(L' ') + 1);
     return text;
   }
 
  private:
-  std::size_t IndexOf(std::wstring_view column) const {
-    const auto same = [](wchar_t a, wchar_t b) { return (a | 0x20) == (b | 0x20); };
+  std::size_t IndexOf(std::string_view column) const {
+    const auto same = [](wchar_t a, char b) { return (a | 0x20) == (b | 0x20); };
     const auto found =
         std::ranges::find_if(columns_, [&](const Column& c) { return std::ranges::equal(c.name, column, same); });
     return static_cast<std::size_t>(found - columns_.begin());

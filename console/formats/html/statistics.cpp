@@ -1,40 +1,17 @@
-// What each statistic groups by and adds up.
 #include "console/formats/html/statistics.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "values/format_date.h"
 #include "values/numbers.h"
+#include "values/utf8.h"
 
 namespace kodra::console::html {
 
-struct StatisticsGatherer::Plan {
-  std::wstring_view className, method;
-  std::wstring_view title;        // where titleColumn is empty
-  std::wstring_view titleColumn;  // its text is the title
-  std::wstring_view subtitle;     // columns, apart by blanks
-  std::wstring_view outer;        // the column of the first level, or none
-  std::wstring_view group;        // the column of the lines, or none: the columns of counts are the lines
-  std::wstring_view groupCaption;
-  std::wstring_view total;  // a column that the report has already added up, or none
-};
-
 namespace {
 
-struct Fact {
-  std::wstring_view column, caption;
-};
-constexpr auto kFacts = std::to_array<Fact>(
-    {{L"FUNDO", L"Fundo"}, {L"OPERADOR", L"Operador"}, {L"DEPTO", L"Departamento"}, {L"OWNER", L"Responsável"}});
-
-constexpr auto kKeywordCounts = std::to_array<Fact>({{L"PC1", L"Chave 1"},
-                                                     {L"PC2", L"Chave 2"},
-                                                     {L"PC3", L"Chave 3"},
-                                                     {L"PC4", L"Chave 4"},
-                                                     {L"PC5", L"Chave 5"},
-                                                     {L"OBS", L"Observação"}});
+using guide::Place;
 
 // The letters of Portuguese that differ from a plain letter only by an accent, and that letter.
 constexpr std::wstring_view kAccented = L"áàâãäéèêëíìîïóòôõöúùûüçñÁÀÂÃÄÉÈÊËÍÌÎÏÓÒÔÕÖÚÙÛÜÇÑ";
@@ -61,50 +38,36 @@ void AddTo(std::vector<double>& sums, const std::vector<double>& more) {
   for (std::size_t i = 0; i < more.size(); ++i) sums[i] += more[i];
 }
 
-std::wstring JoinedTexts(const RowReader& row, std::wstring_view columns) {
+std::wstring JoinedTexts(const RowReader& row, const std::vector<const guide::Column*>& columns) {
   std::wstring text;
-  while (!columns.empty()) {
-    const std::wstring_view column = columns.substr(0, columns.find(L' '));
-    columns.remove_prefix(std::min(column.size() + 1, columns.size()));
-    const std::wstring part = row.Text(column);
+  for (const guide::Column* column : columns) {
+    const std::wstring part = row.Text(column->name);
     if (!part.empty()) text += (text.empty() ? L"" : L" · ") + part;
   }
   return text;
 }
 
-}  // namespace
-
-const StatisticsGatherer::Plan* StatisticsGatherer::PlanOf(const Heading& heading) {
-  static constexpr auto kPlans = std::to_array<Plan>({
-      {L"CEstatImgRpt", L"RelatorioEstatisticas", L"Estatísticas de digitalização", L"", L"TIT1", L"", L"DT_ARMAZ",
-       L"Dia", L""},
-      {L"CEstatIndexRpt", L"RelatorioEstatisticasPorDocumento", L"Estatísticas de indexação por documento", L"",
-       L"TIT1", L"", L"DATA_INDEXACAO", L"Dia", L""},
-      {L"CEstatIndexRpt", L"RelatorioEstatisticasPorPalavrasChave", L"Estatísticas de indexação por palavras-chave",
-       L"", L"TIT1", L"", L"", L"Chave", L""},
-      {L"CEstatSuporteRpt", L"RelatorioEstatisticas", L"Estatísticas por suporte", L"", L"TIT", L"", L"DESCR_SUPORTE",
-       L"Suporte", L""},
-      {L"CEstatSubgrupoRpt", L"RelatorioEstatisticas", L"Estatísticas por subgrupo", L"TITULO", L"TIT1", L"",
-       L"DESCR_GRUPO", L"Subgrupo", L""},
-      {L"CEstatSerieRpt", L"RelatorioEstatisticas", L"Estatísticas por série", L"Titulo", L"Subtitulo Periodo",
-       L"Subgrupo", L"Serie", L"Série", L"Total"},
-  });
-  const auto found = std::ranges::find_if(
-      kPlans, [&](const Plan& plan) { return plan.className == heading.className && plan.method == heading.method; });
-  return found == kPlans.end() ? nullptr : &*found;
+// The one column in a place, or null.
+const guide::Column* ColumnIn(Place place, const guide::Report& report) {
+  const auto columns = guide::ColumnsIn(place, report);
+  return columns.empty() ? nullptr : columns.front();
 }
 
-bool StatisticsGatherer::Knows(const Heading& heading) { return PlanOf(heading) != nullptr; }
+}  // namespace
 
 StatisticsGatherer::StatisticsGatherer(const Heading& heading, std::span<const Column> columns)
-    : plan_(PlanOf(heading)) {
+    : report_(*guide::Find(heading.className, heading.method)),
+      block_(ColumnIn(Place::kBlock, report_)),
+      line_(ColumnIn(Place::kLine, report_)),
+      total_(ColumnIn(Place::kTotal, report_)),
+      counts_(guide::ColumnsIn(Place::kCount, report_)) {
   const RowReader row(columns, {});
-  hasFrente_ = row.Has(L"FRENTE");
-  hasVerso_ = row.Has(L"VERSO");
-  heading_.title = plan_->title;
-  heading_.groupCaption = plan_->groupCaption;
-  if (!plan_->total.empty())
-    heading_.measures = {L"Total"};
+  hasFrente_ = row.Has("FRENTE");
+  hasVerso_ = row.Has("VERSO");
+  heading_.title = values::FromUtf8(report_.page.title);
+  heading_.groupCaption = values::FromUtf8(line_ != nullptr ? line_->caption : report_.page.lineCaption);
+  if (total_ != nullptr)
+    heading_.measures = {values::FromUtf8(total_->caption)};
   else if (hasVerso_)
     heading_.measures = {L"Documentos", L"Frente", L"Verso", L"Páginas"};
   else if (hasFrente_)
@@ -115,44 +78,48 @@ StatisticsGatherer::StatisticsGatherer(const Heading& heading, std::span<const C
 }
 
 std::vector<double> StatisticsGatherer::MeasuresOf(const RowReader& row) const {
-  if (!plan_->total.empty()) return {NumberOf(row.Get(plan_->total))};
+  if (total_ != nullptr) return {NumberOf(row.Get(total_->name))};
   std::vector<double> sums = {1};
-  if (hasFrente_) sums.push_back(NumberOf(row.Get(L"FRENTE")));
+  if (hasFrente_) sums.push_back(NumberOf(row.Get("FRENTE")));
   if (hasVerso_) {
-    sums.push_back(NumberOf(row.Get(L"VERSO")));
+    sums.push_back(NumberOf(row.Get("VERSO")));
     sums.push_back(sums[1] + sums[2]);
   }
   return sums;
 }
 
-StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, std::wstring_view column) const {
-  if (column.empty()) return {};
-  const Value value = row.Get(column);
+StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, const guide::Column* column) {
+  if (column == nullptr) return {};
+  const Value value = row.Get(column->name);
   if (value.Is<Date>()) {
     const Date day{std::floor(value.As<Date>().days)};
     return {values::FormatDate<L"yyyymmdd">(day), values::FormatDate<L"dd/mm/yyyy">(day)};
   }
-  std::wstring name = row.Text(column);
+  std::wstring name = row.Text(column->name);
   return {AlphabeticalOrder(name), name};
 }
 
 void StatisticsGatherer::Add(const RowReader& row) {
-  if (std::exchange(first_, false)) {
-    if (const std::wstring title = row.Text(plan_->titleColumn); !title.empty()) heading_.title = title;
-    heading_.subtitle = JoinedTexts(row, plan_->subtitle);
-    for (const Fact& fact : kFacts) {
-      if (std::wstring text = row.Text(fact.column); !text.empty())
-        heading_.facts.emplace_back(fact.caption, std::move(text));
-    }
-  }
-  if (plan_->group.empty()) {
-    for (std::size_t i = 0; i < kKeywordCounts.size(); ++i) {
-      const Key key = {std::to_wstring(i), std::wstring(kKeywordCounts[i].caption)};
-      AddTo(groups_[{}][key], {NumberOf(row.Get(kKeywordCounts[i].column))});
-    }
+  if (std::exchange(first_, false)) TakeHeading(row);
+  if (line_ != nullptr) {
+    AddTo(groups_[KeyOf(row, block_)][KeyOf(row, line_)], MeasuresOf(row));
     return;
   }
-  AddTo(groups_[KeyOf(row, plan_->outer)][KeyOf(row, plan_->group)], MeasuresOf(row));
+  for (std::size_t i = 0; i < counts_.size(); ++i) {
+    const Key key = {std::to_wstring(i), values::FromUtf8(counts_[i]->caption)};
+    AddTo(groups_[{}][key], {NumberOf(row.Get(counts_[i]->name))});
+  }
+}
+
+void StatisticsGatherer::TakeHeading(const RowReader& first) {
+  if (const guide::Column* title = ColumnIn(Place::kTitle, report_); title != nullptr) {
+    if (std::wstring text = first.Text(title->name); !text.empty()) heading_.title = std::move(text);
+  }
+  heading_.subtitle = JoinedTexts(first, guide::ColumnsIn(Place::kSubtitle, report_));
+  for (const guide::Column* fact : guide::ColumnsIn(Place::kFact, report_)) {
+    if (std::wstring text = first.Text(fact->name); !text.empty())
+      heading_.facts.emplace_back(values::FromUtf8(fact->caption), std::move(text));
+  }
 }
 
 Statistics StatisticsGatherer::Result() const {

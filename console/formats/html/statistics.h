@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "console/formats/html/preview_row.h"
+#include "console/reports/guide.h"
 
 namespace kodra::console::html {
 
@@ -36,28 +37,29 @@ struct Statistics {
 // Gathers a report's rows. Memory grows with the groups, not with the rows.
 class StatisticsGatherer {
  public:
-  // Whether a report is a statistic.
-  static bool Knows(const Heading& heading);
-
-  // REQUIRES: Knows(heading).
+  // REQUIRES: the report of that heading is a statistic.
   StatisticsGatherer(const Heading& heading, std::span<const Column> columns);
 
   void Add(const RowReader& row);
   Statistics Result() const;
 
  private:
-  struct Plan;
-  static const Plan* PlanOf(const Heading& heading);
-
   // A place in the order of lines: the days by date, texts by alphabet.
   struct Key {
     std::wstring order, name;
     bool operator<(const Key& other) const { return order != other.order ? order < other.order : name < other.name; }
   };
-  Key KeyOf(const RowReader& row, std::wstring_view column) const;
+  static Key KeyOf(const RowReader& row, const guide::Column* column);
   std::vector<double> MeasuresOf(const RowReader& row) const;
+  // Takes title, subtitle and facts from the first row.
+  void TakeHeading(const RowReader& first);
 
-  const Plan* plan_;
+  const guide::Report& report_;
+  // Null where the report has none.
+  const guide::Column* block_;
+  const guide::Column* line_;
+  const guide::Column* total_;
+  std::vector<const guide::Column*> counts_;
   bool hasVerso_, hasFrente_;
   Statistics heading_;
   bool first_ = true;

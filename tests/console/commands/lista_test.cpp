@@ -34,7 +34,7 @@ TEST(ListaTest, ShowsAReportInOneLine) {
 TEST(ListaTest, HasThePurposeOfEachReportInALineOfItsOwn) {
   std::set<std::string_view> purposes;
   for (const guide::Report& report : guide::Reports()) {
-    EXPECT_FALSE(report.purpose.empty()) << guide::NameOf(report);
+    EXPECT_FALSE(report.purpose.empty()) << report.method;
     purposes.insert(report.purpose);
   }
   EXPECT_EQ(purposes.size(), reports::ReportMethods().size());

@@ -1,11 +1,12 @@
-// The guide against the component: its methods, its parameter classes, its statements and its list of behaviours. Its
-// columns are checked against real rows in db/guide_rows_test.cpp.
+// The guide against the component: its methods, its parameter classes, its statements and its list of behaviours, and
+// what its entries say of the printed page. Its columns are checked against real rows in db/guide_rows_test.cpp.
 #include "console/reports/guide.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "console/command_line/databases.h"
@@ -18,7 +19,9 @@ namespace kodra::console {
 namespace {
 
 using enum frame::PropertyRule;
+using guide::PageKind;
 using guide::Parameter;
+using guide::Place;
 using reports::ReportMethod;
 using values::ToUtf8;
 
@@ -51,10 +54,23 @@ std::wstring Sent(const ReportMethod& method, frame::ParameterObject object) {
   return sent;
 }
 
-TEST(GuideTest, HasTheReportsInTheirOrder) {
-  ASSERT_EQ(guide::Reports().size(), reports::ReportMethods().size());
+std::string NameOfEntry(const guide::Report& report) {
+  return std::string(report.className) + "." + std::string(report.method);
+}
+
+TEST(GuideTest, HasOneEntryForEachMethodAndNoOther) {
+  std::multiset<std::string> entries;
+  for (const guide::Report& report : guide::Reports()) entries.insert(NameOfEntry(report));
+  std::multiset<std::string> methods;
+  for (const ReportMethod& method : reports::ReportMethods()) methods.insert(NameOf(method));
+  EXPECT_EQ(entries, methods);
+}
+
+TEST(GuideTest, FindsTheEntryOfAMethodByItsExactNames) {
   for (const ReportMethod& method : reports::ReportMethods())
-    EXPECT_EQ(guide::NameOf(guide::About(method)), NameOf(method));
+    EXPECT_EQ(NameOfEntry(guide::About(method)), NameOf(method));
+  EXPECT_EQ(guide::Find(L"CDeptoRpt", L"RELATORIODEPTOS"), nullptr);
+  EXPECT_EQ(guide::Find(L"CGrupoRpt", L"RelatorioDeptos"), nullptr);
 }
 
 TEST(GuideTest, DescribesParametersThatTheirClassesHave) {
@@ -95,11 +111,111 @@ TEST(GuideTest, LinksEachOddityToItsEntry) {
 
 TEST(GuideTest, EndsNoSentence) {
   for (const guide::Report& report : guide::Reports()) {
-    EXPECT_FALSE(report.purpose.empty() || report.purpose.ends_with('.')) << guide::NameOf(report);
+    EXPECT_FALSE(report.purpose.empty() || report.purpose.ends_with('.')) << NameOfEntry(report);
+    EXPECT_FALSE(report.sqlNote.ends_with('.')) << report.sqlNote;
     for (const guide::Oddity& oddity : report.oddities) EXPECT_FALSE(oddity.text.ends_with('.')) << oddity.text;
     for (const Parameter& parameter : report.parameters)
       EXPECT_FALSE(parameter.effect.ends_with('.')) << parameter.effect;
   }
+}
+
+// The places of a page that each kind has.
+std::set<Place> PlacesOn(PageKind kind) {
+  switch (kind) {
+    case PageKind::kListing:
+      return {Place::kColumn, Place::kDetail, Place::kContinuation, Place::kTitle, Place::kFact, Place::kNowhere};
+    case PageKind::kStatistic:
+      return {Place::kColumn, Place::kTitle, Place::kSubtitle, Place::kFact,
+              Place::kBlock,  Place::kLine,  Place::kCount,    Place::kTotal};
+    default:
+      return {Place::kColumn};
+  }
+}
+
+TEST(GuideTest, PutsColumnsWhereTheirPageHasAPlace) {
+  for (const guide::Report& report : guide::Reports()) {
+    for (const guide::Column& column : report.columns)
+      EXPECT_TRUE(PlacesOn(report.page.kind).contains(column.place)) << NameOfEntry(report) << " " << column.name;
+  }
+}
+
+TEST(GuideTest, HasACaptionForEachColumnThatIsPrintedBehindOrBelowOne) {
+  for (const guide::Report& report : guide::Reports()) {
+    if (report.page.kind != PageKind::kListing && report.page.kind != PageKind::kStatistic) continue;
+    EXPECT_FALSE(report.page.title.empty()) << NameOfEntry(report);
+    const bool isListing = report.page.kind == PageKind::kListing;
+    EXPECT_TRUE(!isListing || !guide::ColumnsIn(Place::kColumn, report).empty()) << NameOfEntry(report);
+    for (const guide::Column& column : report.columns) {
+      const bool hasCaption = (column.place == Place::kColumn && isListing) || column.place == Place::kDetail ||
+                              column.place == Place::kFact || column.place == Place::kLine ||
+                              column.place == Place::kCount || column.place == Place::kTotal;
+      EXPECT_TRUE(!hasCaption || !column.caption.empty()) << NameOfEntry(report) << " " << column.name;
+    }
+  }
+}
+
+TEST(GuideTest, TakesCaptionsAndTheOrderOnPaperFromColumnsOfTheReport) {
+  for (const guide::Report& report : guide::Reports()) {
+    const auto named = [&](std::string_view name) {
+      return std::ranges::find(report.columns, name, &guide::Column::name);
+    };
+    for (const std::string_view name : report.page.first)
+      EXPECT_NE(named(name), report.columns.end()) << NameOfEntry(report) << " " << name;
+    for (const guide::Column& column : report.columns) {
+      if (column.captionColumn.empty()) continue;
+      ASSERT_NE(named(column.captionColumn), report.columns.end())
+          << NameOfEntry(report) << " " << column.captionColumn;
+      EXPECT_EQ(named(column.captionColumn)->place, Place::kNowhere)
+          << NameOfEntry(report) << " " << column.captionColumn;
+    }
+  }
+}
+
+TEST(GuideTest, ContinuesOnlyDetails) {
+  for (const guide::Report& report : guide::Reports()) {
+    Place before = Place::kNowhere;
+    for (const guide::Column& column : report.columns) {
+      if (column.place != Place::kContinuation)
+        before = column.place;
+      else
+        EXPECT_EQ(before, Place::kDetail) << NameOfEntry(report) << " " << column.name;
+    }
+  }
+}
+
+// A statistic has one column of lines, or counts that are the lines and a caption for them.
+TEST(GuideTest, SaysOfEachStatisticWhatItsLinesAre) {
+  int statistics = 0;
+  for (const guide::Report& report : guide::Reports()) {
+    if (report.page.kind != PageKind::kStatistic) continue;
+    ++statistics;
+    const bool hasCounts = !guide::ColumnsIn(Place::kCount, report).empty();
+    EXPECT_EQ(guide::ColumnsIn(Place::kLine, report).size(), hasCounts ? 0U : 1U) << NameOfEntry(report);
+    EXPECT_EQ(report.page.lineCaption.empty(), !hasCounts) << NameOfEntry(report);
+  }
+  EXPECT_EQ(statistics, 6);
+}
+
+std::vector<std::string> NamesIn(Place place, const wchar_t* className, const wchar_t* method) {
+  std::vector<std::string> names;
+  for (const guide::Column* column : guide::ColumnsIn(place, *guide::Find(className, method)))
+    names.emplace_back(column->name);
+  return names;
+}
+
+TEST(GuideTest, PutsColumnsInTheirOrderOnPaper) {
+  EXPECT_EQ(
+      NamesIn(Place::kColumn, L"CSerieRpt", L"RelatorioSeries"),
+      (std::vector<std::string>{"DESCR_CLASSE", "DESCR_GRUPO", "DESCR_ASSUNTO", "DESCR_OPERADOR", "SERIE_ATIVA"}));
+  EXPECT_EQ(NamesIn(Place::kDetail, L"CSerieRpt", L"RelatorioSeries"),
+            (std::vector<std::string>{"OBS_ASSUNTO", "DESCR_CHAVE1", "OBRIGATORIA1", "MASK1", "DESCR_CHAVE2",
+                                      "OBRIGATORIA2", "MASK2", "DESCR_CHAVE3", "OBRIGATORIA3", "MASK3", "DESCR_CHAVE4",
+                                      "OBRIGATORIA4", "MASK4", "DESCR_CHAVE5", "OBRIGATORIA5", "MASK5"}));
+  EXPECT_EQ(NamesIn(Place::kColumn, L"CDocumentoRpt", L"RelatorioAnalitico"),
+            (std::vector<std::string>{"COD_DOCTO", "DESCR_GRUPO", "DESCR_ASSUNTO", "DESCR_SUPORTE", "NUM_CAIXA",
+                                      "NUM_CD", "DT_ARMAZ", "DT_VENC", "FRENTE", "VERSO"}));
+  EXPECT_EQ(NamesIn(Place::kFact, L"CEstatImgRpt", L"RelatorioEstatisticas"),
+            (std::vector<std::string>{"FUNDO", "OPERADOR", "DEPTO", "OWNER"}));
 }
 
 }  // namespace

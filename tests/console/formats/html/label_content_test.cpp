@@ -108,8 +108,8 @@ TEST(LabelContent, ReadsNamesInAnyCaseAndFixedWidthColumnsWithoutTheirBlanks) {
 }
 
 TEST(LabelContent, IsNoneOfAListing) {
-  EXPECT_FALSE(GivesLabels({L"CCaixaRpt", L"RelatoriosModulos", L"", {}}));
-  EXPECT_FALSE(GivesLabels({L"CContainerRpt", L"EtiquetaAberturaSubRpt", L"", {}}));
+  EXPECT_EQ(LabelMakerOf({L"CCaixaRpt", L"RelatoriosModulos", L"", {}}, {}), nullptr);
+  EXPECT_EQ(LabelMakerOf({L"CContainerRpt", L"EtiquetaAberturaSubRpt", L"", {}}, {}), nullptr);
 }
 
 }  // namespace
