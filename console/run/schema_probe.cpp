@@ -1,4 +1,4 @@
-#include "console/reports/schema_probe.h"
+#include "console/run/schema_probe.h"
 
 namespace kodra::console {
 namespace {
