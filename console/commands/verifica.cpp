@@ -4,10 +4,12 @@
 #include "console/command_line/columns.h"
 #include "console/command_line/connection_error.h"
 #include "console/command_line/databases.h"
+#include "console/command_line/report_name.h"
 #include "console/commands/commands.h"
 #include "console/run/connection_options.h"
 #include "console/run/machine.h"
 #include "console/run/schema_probe.h"
+#include "console/statements/needs.h"
 #include "data/abre_cn.h"
 #include "values/convert.h"
 #include "values/password.h"
@@ -24,12 +26,31 @@ constexpr const char* kFooter =
     "Exemplo:\n"
     "  KODRARPT_SENHA=… kodrarpt verifica --conexao \"DSN=Acervo;UID=ana\"";
 
-std::string NameOf(const Requirement& requirement) {
-  return ToUtf8(requirement.className) + "." + ToUtf8(requirement.method);
+constexpr const wchar_t* kConnectionSibling = L"KodraConexao.StrCon";
+
+struct Report {
+  std::string name;
+  // The siblings' own tables among them unless the siblings are installed: what those read is theirs to know.
+  std::vector<TableNeed> tables;
+  // Each report needs kConnectionSibling, and names it last.
+  std::vector<std::wstring> siblings;
+};
+
+std::vector<Report> ReportsWith(const Machine& machine) {
+  std::vector<Report> all;
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    Needs needs = NeedsOf(method);
+    if (!machine.SiblingsAreInstalled())
+      needs.tables.insert(needs.tables.end(), needs.siblingTables.begin(), needs.siblingTables.end());
+    std::erase(needs.siblings, kConnectionSibling);
+    needs.siblings.emplace_back(kConnectionSibling);
+    all.push_back({NameOf(method), std::move(needs.tables), std::move(needs.siblings)});
+  }
+  return all;
 }
 
 std::int32_t DatabaseCodeOf(const std::wstring& connection, platform::Surroundings& surroundings) {
-  const ObjectRef sibling = surroundings.CreateObject(std::wstring(kConnectionSibling));
+  const ObjectRef sibling = surroundings.CreateObject(kConnectionSibling);
   sibling->Let(L"StrCon", connection);
   return values::ToInt32(sibling->Get(L"TipoBanco"));
 }
@@ -52,12 +73,12 @@ class Check {
     const std::unique_ptr<platform::Connection> opened = Connect(surroundings);
     const bool speaks = TellDatabase(surroundings);
     SchemaProbe probe(surroundings, *opened);
-    for (const Requirement& requirement : Requirements()) {
-      for (const TableNeed& need : NeedsOf(requirement, *machine)) probe.Expect(need);
-    }
-    const std::size_t ready = TellReports(*machine, probe);
+    const std::vector<Report> reports = ReportsWith(*machine);
+    for (const Report& report : reports)
+      for (const TableNeed& need : report.tables) probe.Expect(need);
+    const std::size_t ready = TellReports(reports, surroundings, probe);
     TellRefusals(probe);
-    return speaks && ready == Requirements().size() ? ExitCode::kOk : ExitCode::kMismatch;
+    return speaks && ready == reports.size() ? ExitCode::kOk : ExitCode::kMismatch;
   }
 
  private:
@@ -86,14 +107,15 @@ class Check {
     return !title.empty();
   }
 
-  // One line a report; gives the number of those that are ready.
-  std::size_t TellReports(Machine& machine, SchemaProbe& probe) {
+  // Tells one line for each report; returns the number of those that are ready.
+  std::size_t TellReports(const std::vector<Report>& reports, platform::Surroundings& surroundings,
+                          SchemaProbe& probe) {
     std::size_t width = 0;
-    for (const Requirement& requirement : Requirements()) width = std::max(width, Width(NameOf(requirement)));
+    for (const Report& report : reports) width = std::max(width, Width(report.name));
     std::size_t ready = 0;
-    for (const Requirement& requirement : Requirements()) {
-      const std::vector<std::wstring> missing = MissingOf(requirement, machine, probe);
-      out_ << Padded(NameOf(requirement), width + 2);
+    for (const Report& report : reports) {
+      const std::vector<std::wstring> missing = MissingOf(report, surroundings, probe);
+      out_ << Padded(report.name, width + 2);
       if (missing.empty()) {
         ++ready;
         out_ << "pronto\n";
@@ -103,7 +125,7 @@ class Check {
       for (std::size_t i = 0; i < missing.size(); ++i) out_ << (i == 0 ? "" : ", ") << ToUtf8(missing[i]);
       out_ << "\n";
     }
-    out_ << "\n" << ready << " de " << Requirements().size() << " relatórios prontos\n";
+    out_ << "\n" << ready << " de " << reports.size() << " relatórios prontos\n";
     return ready;
   }
 
@@ -114,27 +136,15 @@ class Check {
       out_ << "  " << ToUtf8(what) << ": " << ToUtf8(values::HidePassword(words, connection_)) << "\n";
   }
 
-  static std::vector<TableNeed> NeedsOf(const Requirement& requirement, const Machine& machine) {
-    std::vector<TableNeed> needs = TablesIn(requirement.tables);
-    // What installed siblings read is theirs to know.
-    if (machine.SiblingsAreInstalled()) return needs;
-    for (TableNeed& need : TablesIn(requirement.siblingTables)) needs.push_back(std::move(need));
-    return needs;
-  }
-
-  std::vector<std::wstring> MissingOf(const Requirement& requirement, Machine& machine, SchemaProbe& probe) {
+  std::vector<std::wstring> MissingOf(const Report& report, platform::Surroundings& surroundings, SchemaProbe& probe) {
     std::vector<std::wstring> missing;
     const auto add = [&](const std::wstring& what) {
       if (std::ranges::find(missing, what) == missing.end()) missing.push_back(what);
     };
-    for (const TableNeed& need : NeedsOf(requirement, machine)) {
+    for (const TableNeed& need : report.tables)
       for (const std::wstring& what : probe.Missing(need)) add(what);
-    }
-    std::vector<std::wstring> siblings = WordsIn(requirement.siblings);
-    siblings.emplace_back(kConnectionSibling);
-    for (const std::wstring& sibling : siblings) {
-      if (!Has(machine.Around(), sibling)) add(L"componente " + sibling);
-    }
+    for (const std::wstring& sibling : report.siblings)
+      if (!Has(surroundings, sibling)) add(L"componente " + sibling);
     return missing;
   }
 

@@ -1,5 +1,7 @@
 #include "console/run/schema_probe.h"
 
+#include "values/erro.h"
+
 namespace kodra::console {
 namespace {
 

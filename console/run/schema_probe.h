@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "console/reports/requirements.h"
+#include "console/statements/tables_read.h"
 #include "platform/surroundings.h"
 
 namespace kodra::console {

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <cstdint>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -23,8 +22,8 @@ struct Statement {
 struct Captured {
   // In the order in which the report sends them.
   std::vector<Statement> statements;
-  // The ProgIDs of the components that it asked.
-  std::set<std::wstring> components;
+  // The ProgIDs of the components that it asked for, each once, in the order of the asking.
+  std::vector<std::wstring> components;
 };
 
 // Raises what the report raises.

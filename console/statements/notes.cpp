@@ -1,5 +1,6 @@
 #include "console/statements/notes.h"
 
+#include <algorithm>
 #include <array>
 
 #include "console/reports/guide.h"
@@ -34,7 +35,7 @@ std::string MarkerNote(const std::wstring& value) {
 std::vector<std::string> NotesOn(const reports::ReportMethod& method, const Captured& captured) {
   std::vector<std::string> notes;
   for (const auto& [progId, note] : kComponentNotes)
-    if (captured.components.contains(std::wstring(progId))) notes.emplace_back(note);
+    if (std::ranges::find(captured.components, progId) != captured.components.end()) notes.emplace_back(note);
   if (const std::string_view note = guide::About(method).sqlNote; !note.empty()) notes.emplace_back(note);
   for (const Statement& statement : captured.statements)
     for (const std::wstring& value : statement.parameters) notes.push_back(MarkerNote(value));
