@@ -11,7 +11,7 @@ namespace kodra::console {
 class Utf8Console {
  public:
   Utf8Console();
-  ~Utf8Console();  // NOLINT(performance-trivially-destructible): on Windows it gives the character set back
+  ~Utf8Console();  // NOLINT(performance-trivially-destructible): on Windows it restores the character set
   Utf8Console(const Utf8Console&) = delete;
   Utf8Console& operator=(const Utf8Console&) = delete;
 

@@ -1,4 +1,4 @@
-// The databases by the names that the command line gives them.
+// The databases by their names on the command line.
 #pragma once
 
 #include <cstdint>

@@ -14,7 +14,7 @@
 namespace kodra::console {
 namespace {
 
-// Day, month and year, or year, month and day; then hour, minute and second, as far as they stand there.
+// Day, month and year, or year, month and day; then hour, minute and second, as far as they are given.
 std::optional<values::Calendar> ReadDate(const std::string& typed) {
   static const std::regex pattern(
       R"((?:(\d{1,2})/(\d{1,2})/(\d{4})|(\d{4})-(\d{2})-(\d{2}))(?:[ T](\d{1,2}):(\d{2})(?::(\d{2}))?)?)");

@@ -20,7 +20,7 @@ namespace kodra::console {
 struct CommandText {
   std::string name;
   std::string description;
-  // What stands below the options in the command's help: an example, with what it does.
+  // The text below the options in the command's help: an example, with what it does.
   std::string footer;
 };
 

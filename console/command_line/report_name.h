@@ -1,4 +1,4 @@
-// A report by the name that the user gives it.
+// A report by the name that the user typed.
 #pragma once
 
 #include <string>

@@ -83,7 +83,7 @@ bool CanConnect(const std::wstring& connectionString, platform::Surroundings& su
 
 // Writes the rows that are left; false when it was asked to stop.
 bool Write(frame::ReportRows rows, const Heading& heading, RowWriter& writer, Progress& progress) {
-  // A report without anything to list may give no recordset.
+  // A report without anything to list may return no recordset.
   const std::unique_ptr<RowSource> source = rows ? NewRowSource(std::move(rows)) : nullptr;
   writer.Begin(heading, source ? source->Columns() : std::vector<Column>{});
   std::vector<Value> values;
@@ -154,7 +154,7 @@ class Run {
     }
   }
 
-  // What the container labels say stands in each of the containers that were asked for.
+  // The modules in each of the containers that were asked for, for their labels.
   html::ContainerModules ModulesOfContainers() {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
     const auto source = NewRowSource(modules.call(machine_->Around(), connection_, &parameters_));

@@ -1,5 +1,5 @@
-// Comma-separated values as RFC 4180 has them: a line of names, a line a row, each ended by CR LF, in UTF-8 and ISO
-// form.
+// Comma-separated values as RFC 4180 has them: a line of names and one line for each row, each ended by CR LF, in UTF-8
+// and ISO form.
 //
 // A cell is quoted when it holds the separator, a quote or a line end. The empty text is "" and null is nothing between
 // two separators, so that a reader can tell them; the null of a row's only column is "" too, as no line is ever blank.

@@ -1,4 +1,4 @@
-// The formats by the names that the command line gives them.
+// The formats by their names on the command line.
 #pragma once
 
 #include <memory>

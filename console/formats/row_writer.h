@@ -1,4 +1,4 @@
-// A format that a report's rows are written in: told what is written, then row by row, then that it is complete.
+// Writes the rows of a report in one format.
 //
 //   CsvWriter writer(output, {});
 //   writer.Begin(heading, columns);
@@ -46,7 +46,7 @@ class RowWriter {
  public:
   virtual ~RowWriter() = default;
 
-  // Called once and first. A report that gives no recordset has no columns.
+  // Called once and first. A report that returns no recordset has no columns.
   virtual void Begin(const Heading& heading, std::span<const Column> columns) = 0;
   // A value for each column.
   virtual void Row(std::span<const Value> values) = 0;

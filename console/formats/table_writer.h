@@ -5,9 +5,9 @@
 //   Notas de admissão     1.5  …
 //
 // Columns are as wide as what the first rows hold; these are kept until the widths are known, later ones are written as
-// they come, and a later cell that is wider moves the rest of its line. Numbers stand to the right. Nothing is cut off.
-// Line ends and tabs within a cell show as one blank, other control characters, which could command the terminal, as
-// U+FFFD.
+// they come, and a later cell that is wider moves the rest of its line. Numbers are aligned to the right. Nothing is
+// cut off. Line ends and tabs within a cell show as one blank, other control characters, which could command the
+// terminal, as U+FFFD.
 #pragma once
 
 #include "console/formats/output.h"

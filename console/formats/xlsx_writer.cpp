@@ -23,7 +23,7 @@ using values::ToUtf8;
 constexpr double kFirstCountedDay = 61;
 // The largest number without decimals that a spreadsheet shows digit by digit.
 constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
-// In characters; a wider text is there all the same.
+// In characters. A wider text is kept whole, but not shown whole.
 constexpr std::size_t kWidestColumn = 60;
 constexpr std::size_t kNarrowestColumn = 8;
 // The arrow of the filter takes its room beside a name.

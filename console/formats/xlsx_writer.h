@@ -13,7 +13,7 @@
 
 namespace kodra::console {
 
-// Writes a spreadsheet at a path; a file that is there is replaced at End. The writer raises OutputError when a row or
+// Writes a spreadsheet at a path; an existing file is replaced at End. The writer raises OutputError when a row or
 // text is more than a sheet holds (1,048,575 rows, 32,767 characters) or the file cannot be written. On a system
 // without the library this raises OutputError.
 std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path);

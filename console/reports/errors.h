@@ -10,7 +10,7 @@ namespace kodra::console::guide {
 
 struct Error {
   std::int32_t number;
-  // As the component writes it; … stands for what changes.
+  // As the component writes it, with … for what changes.
   std::string_view text;
   // Where it comes from and what to do, Brazilian Portuguese in UTF-8, a sentence without a full stop.
   std::string_view remedy;

@@ -6,7 +6,7 @@
 //     …
 //   }
 //
-// The first request is only noted. A second one ends the program where it stands, as a database may not answer for
+// The first request is only noted. A second one ends the program at once, as a database may not answer for
 // long, but not before the file named by RemoveAtOnce is gone. One object at a time; it puts the former answers back.
 #pragma once
 

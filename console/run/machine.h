@@ -25,7 +25,7 @@ class Machine {
 // One at a time; its thread is the one that uses it.
 std::unique_ptr<Machine> NewMachine();
 
-// The rows that a report gave, read once from the first to the last.
+// The rows of a report, read once from the first to the last.
 class RowSource {
  public:
   virtual ~RowSource() = default;
@@ -35,7 +35,7 @@ class RowSource {
   virtual bool Next(std::vector<Value>& values) = 0;
 };
 
-// REQUIRES: `rows` come from a machine of NewMachine, stand where the report left them, and are not null.
+// REQUIRES: `rows` come from a machine of NewMachine, are positioned where the report left them, and are not null.
 std::unique_ptr<RowSource> NewRowSource(frame::ReportRows rows);
 
 // What a column of an ADO data type (DataTypeEnum) holds.

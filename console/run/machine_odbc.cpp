@@ -24,7 +24,8 @@ class OdbcRows final : public RowSource {
       const odbc::FieldInfo& field = rows_.FieldAt(i);
       columns_.push_back({field.name, KindOfType(field.type)});
     }
-    // Rows that a report filled itself may stand on the last one; a stream's number is unknown, and it is at its first.
+    // Rows that a report filled itself may be positioned on the last one. A stream has no count and is at its first
+    // row.
     if (rows_.RecordCount() > 0) rows_.MoveFirst();
   }
 

@@ -45,8 +45,8 @@ class AdoRows final : public RowSource {
       columns_.push_back({ToWide(name.get()), KindOfType(type)});
       fields_.push_back(std::move(field));
     }
-    // Rows that a report filled itself may stand on the last one. Elsewhere the first row is the current one, and a
-    // stream would be read anew for it.
+    // Rows that a report filled itself may be positioned on the last one. Elsewhere the first row is the current one,
+    // and a stream would be read anew for it.
     long records = -1;
     Check(recordset->get_RecordCount(&records), recordset);
     if (records > 0) owner_->MoveFirst();

@@ -1,4 +1,4 @@
-// What a person who waits sees of a long report: how many rows were written, and how fast.
+// The progress of a long report for a person who waits: how many rows were written, and how fast.
 //
 //   Progress progress(errors, Progress::Style::kOneLine, SteadySeconds);
 //   for (…) progress.Row();
@@ -37,7 +37,7 @@ class Progress {
   std::uint64_t Rows() const { return rows_; }
   // Shows the sum, if anything was shown. Called once, and not after a failure.
   void End();
-  // Leaves the line that a count stands on, so that another message begins on its own.
+  // Ends the line of the last count, so that another message begins on a line of its own.
   void Abandon();
 
  private:
@@ -50,7 +50,7 @@ class Progress {
   double start_;
   double next_;  // when the count shows again
   std::uint64_t rows_ = 0;
-  std::size_t shown_ = 0;  // the width of what stands on the line
+  std::size_t shown_ = 0;  // the width of the text on the line
 };
 
 }  // namespace kodra::console

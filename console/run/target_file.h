@@ -1,4 +1,4 @@
-// Files that are there complete or not at all.
+// Files that exist complete or not at all.
 #pragma once
 
 #include <cstdio>
@@ -10,7 +10,7 @@
 
 namespace kodra::console {
 
-// A file being written under a temporary name beside its target, which Commit gives it.
+// A file being written under a temporary name beside its target. Commit renames it to the target.
 //
 //   TargetFile file(L"relatório.csv");
 //   file.Write("…");

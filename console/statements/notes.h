@@ -8,7 +8,7 @@
 
 namespace kodra::console {
 
-// One sentence each, Brazilian Portuguese in UTF-8: what stands for values that are only known at the installation, and
+// One sentence each, Brazilian Portuguese in UTF-8: what replaces values that are only known at the installation, and
 // which statement depends on the data of another.
 std::vector<std::string> NotesOn(const reports::ReportMethod& method, const Captured& captured);
 

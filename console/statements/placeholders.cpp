@@ -1,36 +1,49 @@
 #include "console/statements/placeholders.h"
 
-#include "console/statements/placeholder.h"
+#include <map>
+
 #include "siblings/modulos_bsn.h"
 
 namespace kodra::console {
 namespace {
 
-using Answer = Placeholder::Answer;
-using Answers = Placeholder::Answers;
+// What a component answers when a property or method of that name is asked, whatever the arguments.
+using Answers = std::map<std::wstring, Value, std::less<>>;
 
-Answer Always(Value value) {
-  return [value = std::move(value)](std::span<const Value>) { return value; };
-}
+class Placeholder final : public AutomationObject {
+ public:
+  explicit Placeholder(Answers answers) : answers_(std::move(answers)) {}
+
+  Value Get(std::wstring_view member) override { return Call(member, {}); }
+  void Let(std::wstring_view, const Value&) override {}
+  void Set(std::wstring_view, const ObjectRef&) override {}
+  // Empty for a member without an answer.
+  Value Call(std::wstring_view member, std::span<const Value>) override {
+    const auto answer = answers_.find(member);
+    return answer == answers_.end() ? Value() : answer->second;
+  }
+
+ private:
+  Answers answers_;
+};
 
 Value Object(Answers answers) { return ObjectRef(std::make_shared<Placeholder>(std::move(answers))); }
 
 Value SystemParameters() {
-  return Object({{L"Nomes", Always(Object({{L"Grupo", Always(L"<NOME_GRUPO>")},
-                                           {L"Subgrupo", Always(L"<NOME_SUBGRUPO>")},
-                                           {L"Serie", Always(L"<NOME_SERIE>")},
-                                           {L"Serie_Plural", Always(L"<NOME_SERIE_PLURAL>")}}))}});
+  return Object({{L"Nomes", Object({{L"Grupo", L"<NOME_GRUPO>"},
+                                    {L"Subgrupo", L"<NOME_SUBGRUPO>"},
+                                    {L"Serie", L"<NOME_SERIE>"},
+                                    {L"Serie_Plural", L"<NOME_SERIE_PLURAL>"}})}});
 }
 
 Answers AnswersOf(const std::wstring& progId, std::int32_t databaseCode) {
-  if (progId == L"KodraConexao.StrCon") return {{L"TipoBanco", Always(databaseCode)}};
-  if (progId == L"KodraParamSist.Obtedor") return {{L"Obtem", Always(SystemParameters())}};
+  if (progId == L"KodraConexao.StrCon") return {{L"TipoBanco", databaseCode}};
+  if (progId == L"KodraParamSist.Obtedor") return {{L"Obtem", SystemParameters()}};
   if (progId == L"KodraBsnV3.ModulosBsn")
-    return {{L"NumCxSubordinadaSQL", Always(siblings::SubordinateCode(databaseCode, L"s"))}};
-  if (progId == L"KodraBsnV3.ObtedorDeModulos")
-    return {{L"ObtemSubordinados", Always(Object({{L"Count", Always(std::int32_t{1})}}))}};
-  if (progId == L"KodraBsnV3.ObtedorDeTiposOperadores") return {{L"ObtemDescricao", Always(L"")}};
-  if (progId == L"VantLib.Conversoes") return {{L"ToDate", Always(Date{})}};
+    return {{L"NumCxSubordinadaSQL", siblings::SubordinateCode(databaseCode, L"s")}};
+  if (progId == L"KodraBsnV3.ObtedorDeModulos") return {{L"ObtemSubordinados", Object({{L"Count", std::int32_t{1}}})}};
+  if (progId == L"KodraBsnV3.ObtedorDeTiposOperadores") return {{L"ObtemDescricao", L""}};
+  if (progId == L"VantLib.Conversoes") return {{L"ToDate", Date{}}};
   return {};
 }
 

@@ -8,8 +8,9 @@
 
 namespace kodra::console {
 
-// A system parameter stands as its name between angle brackets, a collection has one member, a date is the zero date.
-// The code of a subordinate module is the expression of the sibling components in siblings/.
+// An object in the place of the component of that ProgID. It takes every assignment. A system parameter is its name
+// between angle brackets, a collection has one member, and a date is the zero date. The code of a subordinate module is
+// the expression of the sibling components in siblings/.
 ObjectRef NewPlaceholder(const std::wstring& progId, std::int32_t databaseCode);
 
 }  // namespace kodra::console

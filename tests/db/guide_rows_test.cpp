@@ -1,4 +1,4 @@
-// What the console program's guide says of the reports, against what they give on both databases.
+// What the console program's guide says of the reports, against their rows on both databases.
 #include <algorithm>
 #include <map>
 #include <optional>

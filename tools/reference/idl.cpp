@@ -7,7 +7,7 @@
 namespace kodra::console::reference {
 namespace {
 
-// The IDL as it is written: a declaration a line.
+// The IDL has one declaration on each line.
 const std::regex kInterface(R"(\s*(?:disp)?interface (\w+)(?: : IDispatch)?)");
 const std::regex kMember(R"(\s*\[id\((\d+)\)(?:, (prop\w+))?\] \w+ (\w+)\((.*)\);)");
 const std::regex kAttributes(R"(\s*\[uuid\([^)]*\)(.*)\])");
@@ -16,7 +16,7 @@ const std::regex kUse(R"(\s*\[default(, source)?\] (?:disp)?interface (\w+);)");
 const std::regex kResult(R"(\[out, retval\] (\w+)(\**) \w+)");
 const std::regex kArgument(R"(^\[in\] [\w*]+ (\w+), )");
 
-// What a pointer to a type gives: one star is the way back to the caller, an interface keeps its own.
+// The type that an out parameter returns: one star is the way back to the caller, an interface keeps its own.
 std::string ResultOf(const std::string& arguments) {
   std::smatch match;
   return std::regex_search(arguments, match, kResult) ? match[1].str() : std::string();

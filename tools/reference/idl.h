@@ -13,7 +13,7 @@ struct Member {
   int id = 0;
   Kind kind = Kind::kMethod;
   std::string name;
-  // The IDL's type of a property, or of what a method gives.
+  // The IDL's type of a property, or of what a method returns.
   std::string type;
   // The name of a method's argument; empty without one.
   std::string argument;

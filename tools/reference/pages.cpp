@@ -16,7 +16,7 @@ namespace {
 using reports::ReportMethod;
 using values::ToUtf8;
 
-// What there is to say of the members that no table has.
+// Descriptions of the members that are in no table.
 struct MemberNote {
   std::string_view name;
   std::string_view note;
@@ -50,7 +50,7 @@ std::string TypeWord(const std::string& idlType) {
   return "objeto";
 }
 
-// What a member is: a method's finality, a property's rule, or what the notes say.
+// The description of a member: a method's purpose, a property's rule, or a note.
 std::string Described(const Class& of, const Member& member) {
   for (const ReportMethod* method : MethodsOf(of.name))
     if (ToUtf8(method->method) == member.name) return std::string(guide::About(*method).purpose);

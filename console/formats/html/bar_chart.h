@@ -11,8 +11,8 @@ struct Bar {
   double value;
 };
 
-// One bar a name, in their order, as long as their values are to the largest. More than kMostBars are drawn as the
-// largest ones, in their order, and one "demais" for the sum of the others. Empty without a bar.
+// One bar for each name, in their order, each as long as its value is in proportion to the largest. More than kMostBars
+// are drawn as the largest ones, in their order, and one "demais" for the sum of the others. Empty without a bar.
 inline constexpr std::size_t kMostBars = 36;
 std::string BarChartSvg(std::wstring_view caption, const std::vector<Bar>& bars);
 

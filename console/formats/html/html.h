@@ -1,4 +1,4 @@
-// Pieces of an HTML page: texts made safe to stand in it, and its frame.
+// Pieces of an HTML page: escaped texts, and the frame of the page.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace kodra::console::html {
 
-// A text as it may stand between tags or in a quoted attribute, in UTF-8.
+// A text escaped for use between tags or in a quoted attribute, in UTF-8.
 std::string Escaped(std::wstring_view text);
 std::string Escaped(std::string_view utf8);
 

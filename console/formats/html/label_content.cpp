@@ -17,7 +17,7 @@ std::wstring ParameterNamed(const Heading& heading, std::wstring_view name) {
   return {};
 }
 
-// "de A a B", with what is there of the two.
+// "documentos A a B", or with the one that is known.
 std::wstring DocumentsText(const std::wstring& first, const std::wstring& last) {
   if (first.empty() && last.empty()) return {};
   if (last.empty()) return L"documentos desde " + first;
@@ -49,7 +49,7 @@ Label ClosingLabel(const RowReader& row) {
           .barcode = number};
 }
 
-// A divider stands before a document within the module, whose number is not among the columns.
+// A divider is put before a document within the module, whose number is not among the columns.
 Label DividerLabel(const RowReader& row, const std::wstring& module) {
   return {.kind = L"DIVISÓRIA", .number = row.Text("COD_DOCTO"), .facts = L"módulo " + module, .barcode = module};
 }

@@ -1,4 +1,4 @@
-// What stands on a label: a module's opening, closing and divider labels, and a container's.
+// What a label says: the opening, closing and divider labels of modules, and the labels of containers.
 #pragma once
 
 #include <functional>
@@ -16,15 +16,15 @@ struct Label {
   std::wstring company;      // beside the kind, may be empty
   std::wstring number;       // the largest text
   std::wstring description;  // may wrap over lines
-  std::wstring facts;        // one line of what is to be known
+  std::wstring facts;        // one line: documents, retention or module
   std::wstring barcode;      // the number that a scanner reads
 };
 
-// The modules that stand in each container, for the labels of containers.
+// The modules in each container, for the labels of containers.
 using ContainerModules = std::map<std::wstring, std::vector<std::wstring>>;
 
-// Makes a label of a row. Null for a report that has no labels. For the labels of containers their modules are asked
-// for, once, if there is something to ask.
+// Makes a label from a row. LabelMakerOf returns null for a report that has no labels; for labels of containers it asks
+// `containerModules` once, unless that is empty.
 using LabelMaker = std::function<Label(const RowReader& row)>;
 LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerModules()>& containerModules);
 

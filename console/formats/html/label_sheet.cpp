@@ -10,7 +10,7 @@ namespace {
 constexpr double kA4Width = 210, kA4Height = 297;
 constexpr double kLetterWidth = 215.9, kLetterHeight = 279.4;
 
-// A sheet whose labels stand in the middle of the page, with the same gap between all columns and none between rows.
+// A sheet whose labels are centred on the page, with the same gap between all columns and none between rows.
 constexpr LabelSheet Centred(std::string_view name, double pageWidth, double pageHeight, int columns, int rows,
                              double width, double height, double gap) {
   const double used = columns * width + (columns - 1) * gap;

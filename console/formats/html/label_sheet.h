@@ -1,4 +1,4 @@
-// Sheets of labels: how many labels stand on one and where. All lengths are millimetres.
+// Sheets of labels: how many labels a sheet has and where. All lengths are millimetres.
 #pragma once
 
 #include <span>
@@ -22,7 +22,7 @@ std::span<const LabelSheet> LabelSheets();
 // The sheet of that name, or null.
 const LabelSheet* FindLabelSheet(std::string_view name);
 
-// Where a label stands on its sheet, counted from 0, row by row.
+// Where a label is on its sheet. Labels are counted from 0, row by row.
 struct LabelPlace {
   int page;
   double left, top;

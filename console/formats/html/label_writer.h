@@ -19,7 +19,7 @@ struct LabelOptions {
 class LabelWriter final : public RowWriter {
  public:
   // REQUIRES: `output` outlives the writer; the first label is on the sheet and there is at least one copy; the report
-  // of Begin gives labels.
+  // of Begin has labels.
   LabelWriter(Output& output, LabelOptions options) : output_(output), options_(std::move(options)) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;

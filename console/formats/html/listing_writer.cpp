@@ -9,7 +9,7 @@
 namespace kodra::console::html {
 namespace {
 
-// More columns than these stand on the long side of the sheet.
+// A listing with more columns is printed in landscape.
 constexpr std::size_t kPortraitColumns = 6;
 
 constexpr std::string_view kListingStyle =
@@ -54,7 +54,7 @@ std::wstring CaptionOf(const guide::Column& column, const RowReader& row) {
 // Codes and single words of at most this length stay whole; a longer one may be broken.
 constexpr std::size_t kUnbrokenLength = 14;
 
-// A heading stands above the figures of its column.
+// A heading is aligned like the figures of its column.
 std::string_view HeadStyleOf(const Value& value) { return NumberIn(value) ? " class=\"numero\"" : ""; }
 
 std::string_view StyleOf(const Value& value) {

@@ -9,11 +9,11 @@
 
 namespace kodra::console::html {
 
-// A4, upright or on its long side, with the title and the time of issue at the foot's left and "Página 1 de 2" at its
+// A4, portrait or landscape, with the title and the time of issue at the left of the foot and "Página 1 de 2" at its
 // right.
 std::string SheetStyle(bool landscape, std::wstring_view title, std::wstring_view issued);
 
-// What stands around the content of the page's body.
+// The markup around the content of the page's body.
 inline constexpr std::string_view kPageTop = "<main>\n";
 inline constexpr std::string_view kPageBottom = "</main>\n";
 

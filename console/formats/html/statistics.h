@@ -1,4 +1,4 @@
-// Statistics grouped and totalled, as the front end's layouts do with the rows that the reports give.
+// Statistics grouped and totalled, as the front end's layouts do it with the rows of the reports.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace kodra::console::html {
 
-// A line of a statistic: a group's name and its sums, one a measure.
+// A line of a statistic: a group's name and its sums, one for each measure.
 struct StatisticsLine {
   std::wstring name;
   std::vector<double> sums;

@@ -48,7 +48,7 @@ std::string TableHtml(const Statistics& statistics) {
   return html + "<tbody>\n" + LineHtml("total", L"Total geral", statistics.sums) + "</tbody>\n</table>\n";
 }
 
-// Days in their order added up by month: "31/12/2023" stands under "12/2023".
+// Days, in order, added up by month: "31/12/2023" counts for "12/2023".
 std::vector<Bar> ByMonth(const std::vector<Bar>& days) {
   std::vector<Bar> months;
   for (const Bar& day : days) {

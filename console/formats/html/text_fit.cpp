@@ -53,14 +53,14 @@ int Lines(std::wstring_view text, double width, double size, bool bold) {
   return lines;
 }
 
-// The largest size at which a text stands, or the smallest size with as much of the text as stands in it.
-template <class StandsAt>
-FittedText Fit(std::wstring_view text, double largest, double smallest, StandsAt standsAt) {
+// The largest size at which a text fits, or the smallest size with as much of the text as fits.
+template <class FitsAt>
+FittedText Fit(std::wstring_view text, double largest, double smallest, FitsAt fitsAt) {
   for (double size = largest; size > smallest; size *= kStep) {
-    if (standsAt(text, size)) return {std::wstring(text), size};
+    if (fitsAt(text, size)) return {std::wstring(text), size};
   }
   std::wstring cut(text);
-  while (text.size() > 1 && !standsAt(cut, smallest)) {
+  while (text.size() > 1 && !fitsAt(cut, smallest)) {
     text.remove_suffix(1);
     cut = std::wstring(text) + L"…";
   }
@@ -69,14 +69,14 @@ FittedText Fit(std::wstring_view text, double largest, double smallest, StandsAt
 
 }  // namespace
 
-bool Stands(std::wstring_view text, Box box, double size, bool bold) {
+bool Fits(std::wstring_view text, Box box, double size, bool bold) {
   return Lines(text, box.width, size, bold) * size * kLineHeight <= box.height;
 }
 
 FittedText FitText(std::wstring_view text, Box box, double largest, double smallest, bool bold) {
   largest = std::max(smallest, std::min(largest, box.height / kLineHeight));
   return Fit(text, largest, smallest,
-             [&](std::wstring_view tried, double size) { return Stands(tried, box, size, bold); });
+             [&](std::wstring_view tried, double size) { return Fits(tried, box, size, bold); });
 }
 
 FittedText FitLine(std::wstring_view text, double width, double largest, double smallest, bool bold) {

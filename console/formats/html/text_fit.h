@@ -1,4 +1,4 @@
-// The size of letters that lets a text stand in a box, without a browser to ask.
+// The size of letters at which a text fits into a box, without a browser to ask.
 #pragma once
 
 #include <string>
@@ -11,11 +11,11 @@ struct Box {
   double width, height;
 };
 
-// How far one line's base stands from the next, in letter sizes: what the pages' style says of every fitted text.
+// The distance from one line's base to the next, in letter sizes; the pages' style sets it for every fitted text.
 inline constexpr double kLineHeight = 1.15;
 
 struct FittedText {
-  std::wstring text;  // shortened with an ellipsis when it stands nowhere in full
+  std::wstring text;  // shortened with an ellipsis if it does not fit in full
   double size;        // of the letters, in millimetres
 };
 
@@ -26,7 +26,7 @@ FittedText FitText(std::wstring_view text, Box box, double largest, double small
 // The same on one line that is never wrapped.
 FittedText FitLine(std::wstring_view text, double width, double largest, double smallest, bool bold = false);
 
-// Whether a text wrapped at blanks stands in the box in letters of that size.
-bool Stands(std::wstring_view text, Box box, double size, bool bold = false);
+// Whether a text wrapped at blanks fits into the box in letters of that size.
+bool Fits(std::wstring_view text, Box box, double size, bool bold = false);
 
 }  // namespace kodra::console::html

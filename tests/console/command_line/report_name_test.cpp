@@ -1,4 +1,4 @@
-// A report by the name that the user gives it.
+// A report by the name that the user typed.
 #include "console/command_line/report_name.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// kodrarpt executa --formato html on both databases: the page that a report gives, and how the sheet of labels is
+// kodrarpt executa --formato html on both databases: the page of a report, and how the sheet of labels is
 // chosen.
 #include <gtest/gtest.h>
 

@@ -20,7 +20,7 @@ inline void WriteTo(RowWriter& writer, const std::vector<Column>& columns, std::
   writer.End();
 }
 
-// The whole text that a writer made with these options gives.
+// The whole text that a writer with these options writes.
 template <class Writer, class... Options>
 std::string Written(const std::vector<Column>& columns, std::initializer_list<Cells> rows, Options... options) {
   TextOutput output;

@@ -14,7 +14,7 @@
 namespace kodra::reports {
 namespace {
 
-TEST(ReportMethods, AreThirtyNineAndEachStandsOnce) {
+TEST(ReportMethods, AreThirtyNineAndEachIsThereOnce) {
   std::set<std::pair<std::wstring_view, std::wstring_view>> names;
   for (const ReportMethod& entry : ReportMethods()) names.emplace(entry.className, entry.method);
   EXPECT_EQ(ReportMethods().size(), 39U);

@@ -25,7 +25,7 @@ std::vector<std::wstring> TextsOf(const reports::ReportMethod& method, std::int3
   return texts;
 }
 
-// What a layout stands for: each line break outside of quotes, with two blanks of indentation where there are any, is
+// The text that was laid out: each line break outside of quotes, with two blanks of indentation where there are any, is
 // one blank.
 std::string WithoutLayout(const std::string& lines) {
   std::string text;

@@ -16,7 +16,8 @@ class Browser {
   Browser(const Browser&) = delete;
   Browser& operator=(const Browser&) = delete;
 
-  // Shows the pages side by side and evaluates a JavaScript function, `(document) => value`, on each; gives the values.
+  // Shows the pages side by side and evaluates a JavaScript function, `(document) => value`, on each; returns the
+  // values.
   nlohmann::json Evaluate(const std::vector<std::string>& pages, const std::string& function);
 
   // A page printed.

@@ -57,7 +57,7 @@ TEST(Code128, GivesEverySymbolElevenModules) {
   EXPECT_EQ(Code128Modules(digits), (1 + 100 + 1) * 11 + 13 + 20);
 }
 
-// Bars stand at even places of the widths; the first begins after the quiet zone.
+// Bars are at the even places of the widths; the first begins after the quiet zone.
 TEST(Code128, DrawsItsBars) {
   EXPECT_EQ(Code128Svg("A"),
             "<svg class=\"barras\" viewBox=\"0 0 66 1\" preserveAspectRatio=\"none\" shape-rendering=\"crispEdges\" "

@@ -1,4 +1,4 @@
-// What stands on each label.
+// What each label says.
 #include "console/formats/html/label_content.h"
 
 #include <gtest/gtest.h>

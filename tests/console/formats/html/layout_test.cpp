@@ -1,4 +1,4 @@
-// The pages in a browser: nothing is cut off, each label stands in its cell, sheets are counted, barcodes are read.
+// The pages in a browser: nothing is cut off, each label is in its cell, sheets are counted, barcodes are read.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -149,7 +149,7 @@ TEST(BarChart, DrawsEachBarAsLongAsItsValueIsToTheLargest) {
 
 TEST(BarChart, IsNoneWithoutBars) { EXPECT_EQ(BarChartSvg(L"x", {}), ""); }
 
-// Forty bars of values 1 to 40: the 35 largest stand in their order, the other five add up to 1 + 2 + 3 + 4 + 5.
+// Forty bars of values 1 to 40: the 35 largest keep their order, the other five add up to 1 + 2 + 3 + 4 + 5.
 TEST(BarChart, AddsTheSmallestOfTooManyTogether) {
   std::vector<Bar> bars;
   for (int i = 1; i <= 40; ++i) bars.push_back({L"n" + std::to_wstring(i), static_cast<double>(i)});

@@ -1,6 +1,5 @@
-// The pages as text: what a listing, a statistic and a sheet of labels hold, and which report gives which.
+// The pages as text: what a listing, a statistic and a sheet of labels contain.
 #include <gtest/gtest.h>
-
 
 #include "console/command_line/usage_error.h"
 #include "console/formats/html/html_writer.h"
@@ -21,7 +20,7 @@ std::string Page(const Heading& heading, const std::vector<Column>& columns, con
   return output.Text();
 }
 
-// What stands in the page's body.
+// The content of the page's body.
 std::string Body(const std::string& page) {
   const auto begin = page.find("<body>\n") + 7;
   return page.substr(begin, page.find("</body>") - begin);
