@@ -6,7 +6,7 @@
 #include "console/command_line/parameter_value.h"
 #include "console/command_line/report_name.h"
 #include "console/reports/guide.h"
-#include "tests/db/reports_on.h"
+#include "tests/db/rows_driver.h"
 #include "values/erro.h"
 #include "values/utf8.h"
 
@@ -15,6 +15,8 @@ namespace {
 
 using console::guide::ValueType;
 using reports::ReportMethod;
+using rows::Engine;
+using rows::Table;
 using values::FromUtf8;
 using values::ToUtf8;
 
@@ -85,13 +87,13 @@ bool HasKinds(const ReportMethod& method) {
   return std::ranges::any_of(columns, [](const console::guide::Column& column) { return !column.kinds.empty(); });
 }
 
-class GuideRows : public OnBoth {
+class GuideRows : public rows::OnBothEngines {
  protected:
   // The rows of a report; nothing where this database refuses its statement.
   std::optional<Table> RowsOf(const ReportMethod& method, std::string_view kind) {
     frame::ParameterObject parameters = ParametersOf(method, kind);
     try {
-      return Read(*method.call(Machine(), ConnectionString(), &parameters));
+      return Read(*method.call(machine_, Sample(), &parameters));
     } catch (const Erro& error) {
       EXPECT_TRUE(GetParam() == Engine::kSqlite && method.method == L"RelatorioDevolucaoOriginal")
           << ToUtf8(error.Description());
@@ -121,8 +123,10 @@ class GuideRows : public OnBoth {
     }
     EXPECT_TRUE(isSeen || GetParam() == Engine::kSqlite || MayBeEmpty(column)) << "only nulls in " << column.name;
   }
+
+  Machine machine_;
 };
-KODRA_ON_BOTH_DATABASES(GuideRows);
+INSTANTIATE_TEST_SUITE_P(, GuideRows, rows::BothEngines(), rows::EngineName);
 
 TEST_P(GuideRows, HaveTheColumnsOfTheGuideInOrderAndOfItsTypes) {
   for (const ReportMethod& method : reports::ReportMethods()) {

@@ -1,26 +1,16 @@
 #include "tests/db/sample.h"
 
-#include <filesystem>
 #include <fstream>
-#include <functional>
 
 #include "odbc/engine/connection.h"
 #include "testbed/archive/writer.h"
 #include "tests/db/mariadb.h"
 #include "tests/db/temporary_folder.h"
-#include "values/utf8.h"
 
 namespace kodra::tests {
 namespace {
 
 namespace fs = std::filesystem;
-
-using odbc::Connection;
-using testbed::Caixa;
-using testbed::CaixaSubordinada;
-using testbed::Container;
-
-constexpr testbed::Size kSize{.documents = 600};
 
 // Gone when the test program ends.
 const TemporaryFolder& ProgramFolder() {
@@ -28,107 +18,35 @@ const TemporaryFolder& ProgramFolder() {
   return folder;
 }
 
-CaixaSubordinada Subordinate(const testbed::Text& parent, std::int64_t number, const testbed::MaybeText& kind,
-                             testbed::MaybeDay due = {}) {
-  CaixaSubordinada module;
-  module.numCaixa = parent;
-  module.numSeq = number;
-  module.tipoGuarda = kind;
-  module.dataVencimento = due;
-  return module;
-}
+std::wstring SqliteString(const fs::path& path) { return L"Driver={SQLite3};Database=" + path.wstring() + L";"; }
 
-// Calls visit with each row that comes to the generated ones.
-template <class Visitor>
-void ForEachExtraRow(Visitor&& visit) {
-  Caixa dueToday;
-  dueToday.numCaixa = L"ZZ001";
-  dueToday.descCaixa = L"Vence hoje";
-  dueToday.tipoGuarda = L"T";
-  dueToday.dataVencimento = Today();
-  dueToday.codDepto = L"001";
-  dueToday.container = L"CT9002";
-  Caixa dueTomorrow = dueToday;
-  dueTomorrow.container.reset();
-  dueTomorrow.numCaixa = L"ZZ002";
-  dueTomorrow.descCaixa = L"Vence amanhã";
-  dueTomorrow.dataVencimento = Today() + std::chrono::days(1);
-  // Its kind is nobody's: only its subordinates are ever listed by kind.
-  Caixa parent;
-  parent.numCaixa = L"ZZ003";
-  parent.descCaixa = L"Tem subordinados";
-  parent.codDepto = L"002";
-  parent.container = L"CT9001";
-  Caixa discarded;
-  discarded.numCaixa = L"ZZ004";
-  discarded.descCaixa = L"Descartado, fora do acervo pregresso";
-  discarded.tipoGuarda = L"E";
-  discarded.docsPregressos = 0;
-  discarded.container = L"CT9001";
-  Caixa besideDueToday = discarded;
-  besideDueToday.numCaixa = L"ZZ005";
-  besideDueToday.container = dueToday.container;
-  for (const Caixa& module : {dueToday, dueTomorrow, parent, discarded, besideDueToday}) visit(module);
-  visit(Container{L"CT9001", L"Só módulos sem prazo"});
-  visit(Container{L"CT9002", L"Um módulo com prazo e um descartado"});
-  visit(Subordinate(L"ZZ003", 1, L"T", Today()));
-  visit(Subordinate(L"ZZ003", 2, L"T", Today() + std::chrono::days(1)));
-  // A code has room for two digits only. Of 103 MariaDB keeps the first two and SQLite the last two, so on either
-  // database one of these rows is another's double.
-  for (const std::int64_t number : {3, 10, 103}) visit(Subordinate(L"ZZ003", number, L"E"));
-}
-
-std::wstring Literal(const testbed::Cell& cell) {
-  if (const auto* number = std::get_if<std::int64_t>(&cell)) return std::to_wstring(*number);
-  if (const auto* text = std::get_if<std::wstring_view>(&cell)) return L"'" + std::wstring(*text) + L"'";
-  const auto quoted = [](const std::string& iso) { return L"'" + std::wstring(iso.begin(), iso.end()) + L"'"; };
-  if (const auto* day = std::get_if<testbed::Day>(&cell)) return quoted(testbed::IsoText(*day));
-  if (const auto* moment = std::get_if<testbed::Moment>(&cell)) return quoted(testbed::IsoText(*moment));
-  return L"NULL";
-}
-
-template <class Record>
-void Insert(Connection& connection, const Record& record) {
-  const testbed::Table<Record>& table = testbed::TableOf<Record>();
-  std::vector<testbed::Cell> cells;
-  table.Read(record, cells);
-  std::wstring values;
-  for (const testbed::Cell& cell : cells) values.append(values.empty() ? L"" : L",").append(Literal(cell));
-  connection.Execute(L"INSERT INTO " + InsertTarget(table.shape) + L" VALUES (" + values + L")",
-                     platform::ad::kCmdText);
-}
-
-void InsertExtraRows(const std::wstring& connectionString) {
-  Connection connection;
+void Run(const std::wstring& connectionString, const std::vector<std::wstring>& statements) {
+  odbc::Connection connection;
   connection.Open(connectionString, L"", L"", platform::ad::kUnspecified);
-  ForEachExtraRow([&](const auto& record) { Insert(connection, record); });
+  for (const std::wstring& statement : statements) connection.Execute(statement, platform::ad::kCmdText);
 }
 
 void CreateTables(const std::wstring& connectionString, testbed::Engine engine) {
-  Connection connection;
-  connection.Open(connectionString, L"", L"", platform::ad::kUnspecified);
-  for (const testbed::TableShape& table : testbed::AllShapes()) {
-    connection.Execute(CreateTable(table, engine), platform::ad::kCmdText);
-  }
+  std::vector<std::wstring> statements;
+  for (const testbed::TableShape& table : testbed::AllShapes()) statements.push_back(CreateTable(table, engine));
+  Run(connectionString, statements);
 }
 
-std::wstring SqliteString(const fs::path& path) { return L"Driver={SQLite3};Database=" + path.wstring() + L";"; }
-
-std::wstring SampleOnSqlite() {
+fs::path MakeSampleFile() {
   const fs::path path = ProgramFolder() / "acervo.db";
-  testbed::WriteSqlite(path, kSize);
-  InsertExtraRows(SqliteString(path));
-  return SqliteString(path);
+  testbed::WriteSqlite(path, rows::kSampleSize);
+  Run(SqliteString(path), rows::ExtraRowStatements());
+  return path;
 }
 
 std::wstring SampleOnMariaDb() {
   const fs::path path = ProgramFolder() / "acervo.sql";
   std::ofstream script(path, std::ios::binary);
-  testbed::WriteMySql(script, kSize);
+  testbed::WriteMySql(script, rows::kSampleSize);
   script.close();
   MariaDb().CreateDatabase(L"acervo");
   MariaDb().RunScript(L"acervo", path);
-  InsertExtraRows(MariaDb().ConnectionString(L"acervo"));
+  Run(MariaDb().ConnectionString(L"acervo"), rows::ExtraRowStatements());
   return MariaDb().ConnectionString(L"acervo");
 }
 
@@ -146,20 +64,13 @@ std::wstring EmptyOnMariaDb() {
 
 }  // namespace
 
-const testbed::Archive& SampleArchive() {
-  static const testbed::Archive archive = [] {
-    testbed::Archive rows = testbed::Generate(kSize);
-    ForEachExtraRow([&]<class Record>(const Record& record) { rows.Of<Record>().push_back(record); });
-    return rows;
-  }();
-  return archive;
+std::filesystem::path SampleFile() {
+  static const fs::path file = MakeSampleFile();
+  return file;
 }
 
 std::wstring SampleOn(Engine engine) {
-  if (engine == Engine::kSqlite) {
-    static const std::wstring sqlite = SampleOnSqlite();
-    return sqlite;
-  }
+  if (engine == Engine::kSqlite) return SqliteString(SampleFile());
   static const std::wstring mariaDb = SampleOnMariaDb();
   return mariaDb;
 }
@@ -172,7 +83,5 @@ std::wstring EmptyOn(Engine engine) {
   static const std::wstring mariaDb = EmptyOnMariaDb();
   return mariaDb;
 }
-
-testbed::Day Today() { return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now()); }
 
 }  // namespace kodra::tests

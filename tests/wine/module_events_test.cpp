@@ -132,8 +132,8 @@ TEST_F(ModuleEvents, LeaveTheReportItsDatabaseWhenASinkRunsItOnAnother) {
   };
   const auto listener = Listener::New();
   Advise(listener);
-  for (const Engine engine : {Engine::kSQLite, Engine::kMariaDb}) {
-    const Engine other = engine == Engine::kSQLite ? Engine::kMariaDb : Engine::kSQLite;
+  for (const Engine engine : {Engine::kSqlite, Engine::kMariaDb}) {
+    const Engine other = engine == Engine::kSqlite ? Engine::kMariaDb : Engine::kSqlite;
     ASSERT_EQ(S_OK, Put(report, L"StringConexao", ConnectionOn(engine)).hr);
     listener->then = [] { return S_OK; };
     const Rows undisturbed = run(L"EtiquetaFechamentoSubordinada");

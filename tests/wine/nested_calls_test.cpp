@@ -7,7 +7,7 @@ namespace {
 
 class NestedCalls : public OnBothDatabases {
  protected:
-  Engine Other() const { return GetParam() == Engine::kSQLite ? Engine::kMariaDb : Engine::kSQLite; }
+  Engine Other() const { return GetParam() == Engine::kSqlite ? Engine::kMariaDb : Engine::kSqlite; }
   // The expired media, by parameters that do something each time they are read.
   Rows ExpiredMedia(const std::function<void()>& action) const {
     const auto parameters = ForeignObject::With(L"TipoRpt", [action](VARIANT* result, EXCEPINFO*) {
@@ -18,11 +18,11 @@ class NestedCalls : public OnBothDatabases {
     return ReadAll(Got(RunReport(L"CCDRpt", L"RelatorioMidias", Var(parameters.get()), Connection())).object());
   }
 };
-KODRA_ON_BOTH_DATABASES(NestedCalls);
+INSTANTIATE_TEST_SUITE_P(, NestedCalls, rows::BothEngines(), rows::EngineName);
 
 TEST_P(NestedCalls, OfAClientsParameterObjectLeaveTheReportItsDatabase) {
   const Rows undisturbed = ExpiredMedia([] {});
-  EXPECT_EQ(GetParam() == Engine::kSQLite, undisturbed.rows.empty());  // SQLite's condition reads no column
+  EXPECT_EQ(GetParam() == Engine::kSqlite, undisturbed.rows.empty());  // SQLite's condition reads no column
   const ArchiveClient other(Other());
   ExpectRows(undisturbed, ExpiredMedia([&] {
                other.RowsOf(L"CCDRpt", L"RelatorioMidias", {{L"TipoRpt", L"V"}});

@@ -1,23 +1,18 @@
-// The sample archive on one database as its client reaches it: its tables, and the reports run by ProgID and member
-// name.
+// The sample archive on one database as its client reaches it: the reports run by ProgID and member name.
 //
-//   class SupportRows : public OnBothDatabases {};
-//   KODRA_ON_BOTH_DATABASES(SupportRows);
-//   TEST_P(SupportRows, ...) { ExpectRows(..., RowsOf(L"CSuporteRpt", L"RelatorioSuportes"), {L"DESCR_SUPORTE"}); }
+//   const ArchiveClient client(Engine::kMariaDb);
+//   const Rows supports = client.RowsOf(L"CSuporteRpt", L"RelatorioSuportes");
 #pragma once
 
-#include <functional>
-#include <map>
-#include <set>
-
+#include "tests/rows/engine.h"
 #include "tests/wine/rows.h"
 
 namespace kodra::face {
 
-enum class Engine { kSQLite, kMariaDb };
+using rows::Engine;
 
 inline std::wstring ConnectionOn(Engine engine) {
-  return engine == Engine::kSQLite ? ArchiveConnection() : Variable(L"KODRA_MYSQL");
+  return engine == Engine::kSqlite ? ArchiveConnection() : Variable(L"KODRA_MYSQL");
 }
 
 // Values of a parameter object.
@@ -39,7 +34,7 @@ inline std::wstring RefusedBySQLite(const std::wstring& message) {
   return L"[Microsoft OLE DB Provider for ODBC Drivers]: [SQLite]" + message + L" (1) [N:1]";
 }
 
-// A day written "2024-05-31", as a date and as people in Brazil write it.
+// A day written "2024-05-31".
 inline Var DayOf(const std::wstring& iso) {
   SYSTEMTIME time = {};
   time.wYear = static_cast<WORD>(std::stoi(iso.substr(0, 4)));
@@ -49,10 +44,6 @@ inline Var DayOf(const std::wstring& iso) {
   EXPECT_TRUE(SystemTimeToVariantTime(&time, &days));
   return Var::Date(days);
 }
-inline std::wstring Brazilian(const std::wstring& iso) {
-  return iso.substr(8, 2) + L"/" + iso.substr(5, 2) + L"/" + iso.substr(0, 4);
-}
-
 inline std::wstring OrEmpty(const Cell& cell) { return cell.value_or(L""); }
 
 // Reads a recordset from its first row, wherever it stands.
@@ -67,29 +58,6 @@ class ArchiveClient {
 
   std::wstring Connection() const { return ConnectionOn(engine_); }
 
-  // A table; read once for the whole program.
-  const Table& TableOf(const std::wstring& name) const {
-    static std::map<std::pair<Engine, std::wstring>, Table> tables;
-    const auto key = std::pair(engine_, name);
-    auto found = tables.find(key);
-    if (found == tables.end()) found = tables.emplace(key, Table(name, Connection())).first;
-    return found->second;
-  }
-  std::vector<Row> All(const std::wstring& table) const { return TableOf(table).rows(); }
-  // The row that a join finds by a code.
-  std::optional<Row> Find(const std::wstring& table, const std::wstring& column, const Cell& value) const {
-    const std::vector<Row> found = TableOf(table).Where(column, value);
-    EXPECT_GE(1U, found.size()) << testing::PrintToString(table);
-    if (found.empty()) return std::nullopt;
-    return found.front();
-  }
-  // The row of a code that is there.
-  Row RowOf(const std::wstring& table, const std::wstring& column, const Cell& value) const {
-    return Find(table, column, value).value();
-  }
-  // The organisation that the reports name.
-  Cell Company() const { return RowOf(L"PARAMETRO", L"CODIGO", L"1")[L"EMPRESA"]; }
-
   Outcome OutcomeOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
     return RunReport(report, method, Var(ParametersOf(report, properties).get()), Connection());
   }
@@ -98,11 +66,6 @@ class ArchiveClient {
   }
   Rows RowsOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
     return ReadAll(Open(report, method, properties));
-  }
-  Failure ErrorOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
-    const Outcome outcome = OutcomeOf(report, method, properties);
-    EXPECT_FALSE(outcome.value.object());
-    return outcome.failure;
   }
 
  private:
@@ -114,34 +77,6 @@ class OnBothDatabases : public testing::TestWithParam<Engine>, protected Archive
  protected:
   OnBothDatabases() : ArchiveClient(GetParam()) {}
 };
-
-inline std::string EngineName(const testing::TestParamInfo<Engine>& info) {
-  return info.param == Engine::kSQLite ? "OnSQLite" : "OnMariaDb";
-}
-
-#define KODRA_ON_BOTH_DATABASES(suite) \
-  INSTANTIATE_TEST_SUITE_P(, suite, testing::Values(Engine::kSQLite, Engine::kMariaDb), EngineName)
-
-// Tests of what is one database's own.
-template <Engine kEngine>
-class OnOneDatabase : public testing::Test, protected ArchiveClient {
- protected:
-  OnOneDatabase() : ArchiveClient(kEngine) {}
-};
-using OnSQLite = OnOneDatabase<Engine::kSQLite>;
-using OnMariaDb = OnOneDatabase<Engine::kMariaDb>;
-
-// Compares columns, values and the place of every row.
-inline void ExpectExactly(const Rows& expected, const Rows& actual) {
-  ASSERT_EQ(expected.columns, actual.columns);
-  ASSERT_EQ(expected.rows.size(), actual.rows.size());
-  for (std::size_t i = 0; i < expected.rows.size(); ++i) EXPECT_EQ(expected.rows[i], actual.rows[i]) << i;
-}
-
-inline void ExpectNoRows(const Names& columns, const Rows& actual) {
-  EXPECT_EQ(columns, actual.columns);
-  EXPECT_EQ(std::vector<Cells>(), actual.rows);
-}
 
 // A copy of the archive in SQLite with changes of the test's own.
 class OwnArchive {

@@ -1,5 +1,4 @@
-// What stands in a recordset, and the archive's tables read one by one: from these a test works out by itself what a
-// report must give.
+// What a recordset contains, as texts, and a report run the way its client does it.
 #pragma once
 
 #include <algorithm>
@@ -76,34 +75,6 @@ inline Rows ReadAll(const Ref<IDispatch>& recordset) {
   }
   return result;
 }
-
-// A table of the archive.
-class Table {
- public:
-  explicit Table(const std::wstring& name, const std::wstring& connection = ArchiveConnection()) {
-    const auto recordset = Create(L"ADODB.Recordset");
-    const Outcome opened = Call(recordset, L"Open", {L"SELECT * FROM " + name, connection, 0, 1, 1});
-    EXPECT_EQ(S_OK, opened.hr) << testing::PrintToString(opened.failure);
-    if (opened.hr == S_OK) content_ = ReadAll(recordset);
-    EXPECT_FALSE(content_.rows.empty()) << testing::PrintToString(name);
-  }
-
-  std::vector<Row> rows() const {
-    std::vector<Row> rows;
-    for (const Cells& cells : content_.rows) rows.emplace_back(content_.columns, cells);
-    return rows;
-  }
-  // The rows in which a column has the value; a null has none that equals it.
-  std::vector<Row> Where(const std::wstring& column, const Cell& value) const {
-    std::vector<Row> found;
-    for (const Row& row : rows())
-      if (value && row[column] == value) found.push_back(row);
-    return found;
-  }
-
- private:
-  Rows content_;
-};
 
 // A report's recordset by the client's way: create, connect, fill the parameter object, call.
 inline Outcome RunReport(const std::wstring& name, const std::wstring& method, const Var& obj,

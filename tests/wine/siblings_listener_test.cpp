@@ -3,8 +3,10 @@
 #include <functional>
 #include <sstream>
 
+#include "tests/rows/sample.h"
+#include "tests/wine/automation.h"
 #include "tests/wine/client_object.h"
-#include "tests/wine/rows.h"
+#include "tests/wine/environment.h"
 #include "tests/wine/siblings_script.h"
 
 namespace kodra::siblings {
@@ -161,9 +163,8 @@ TEST_F(SiblingsListener, KeepsNothingOfTheReportAlive) {
 
 // A module with closed subordinates.
 std::wstring SomeClosedParent() {
-  const face::Table table(L"CAIXA_SUBORDINADA");
-  for (const face::Row& row : table.rows()) {
-    if (row[L"DATA_FECHAMENTO"]) return row[L"NUM_CAIXA"].value();
+  for (const testbed::CaixaSubordinada& subordinate : rows::All<testbed::CaixaSubordinada>()) {
+    if (subordinate.dataFechamento) return subordinate.numCaixa;
   }
   return L"(none)";
 }

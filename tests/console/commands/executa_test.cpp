@@ -9,7 +9,7 @@
 #include "tests/console/run.h"
 #include "tests/console/small_archive.h"
 #include "tests/db/mariadb.h"
-#include "tests/db/reports_on.h"
+#include "tests/db/sample.h"
 #include "values/utf8.h"
 
 namespace kodra::console {

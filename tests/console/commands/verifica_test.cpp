@@ -3,7 +3,7 @@
 
 #include "tests/console/run.h"
 #include "tests/db/mariadb.h"
-#include "tests/db/reports_on.h"
+#include "tests/db/sample.h"
 #include "tests/db/sqlite_file.h"
 #include "values/utf8.h"
 
