@@ -1,7 +1,7 @@
 // The module reports over a connection of the client's: main modules only and each of them once, the connection as it
 // was, and rows that stay with the client.
 #include "tests/rows/module_rows.h"
-#include "tests/wine/rows_driver.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {
@@ -9,7 +9,6 @@ namespace {
 using rows::ExpectExactly;
 using rows::ExpectRows;
 using rows::Listed;
-using rows::Table;
 
 constexpr int kOpen = 1;
 constexpr int kClientSide = 3;
@@ -26,7 +25,7 @@ class ModuleRowsOverConexao : public rows::OnBothEngines {
     return Got(Call(report_, method, {Var(ParametersOf(L"CCaixaRpt", properties).get())})).object();
   }
   Table Result(const std::wstring& method, const Properties& properties = {}) const {
-    return ReadTable(Open(method, properties));
+    return ReadAll(Open(method, properties));
   }
 
   // The eleven methods, each with parameters that give rows.
@@ -110,7 +109,7 @@ TEST_P(ModuleRowsOverConexao, LeaveTheConnectionOpenAsItWasAndTheClients) {
     EXPECT_FALSE(Result(method, properties).rows.empty());
     EXPECT_EQ(before, state());
     const auto counted = Got(Call(connection_, L"Execute", {L"SELECT COUNT(*) AS N FROM PARAMETRO"})).object();
-    EXPECT_EQ(rows::Cell(std::int64_t{2}), ReadTable(counted).rows.at(0).at(0));
+    EXPECT_EQ(rows::Cell(std::int64_t{2}), ReadAll(counted).rows.at(0).at(0));
   }
   EXPECT_EQ(before[0], Got(Get(report_, L"StringConexao")).text());
 }
@@ -134,10 +133,9 @@ TEST_P(ModuleRowsOverConexao, AreHeldByTheClientAndReadWithoutTheirConnection) {
     EXPECT_EQ(static_cast<int>(whole.rows.size()), Got(Get(held, L"RecordCount")).number());
     ASSERT_EQ(S_OK, PutRef(held, L"ActiveConnection", {}).hr);
     ASSERT_EQ(S_OK, Call(connection_, L"Close").hr);
-    const Table read = ReadTable(held);
+    const Table read = ReadAll(held);
     ExpectRows(read, whole);
-    ASSERT_EQ(S_OK, Call(held, L"MoveFirst").hr);
-    ExpectExactly(ReadTable(held), read);
+    ExpectExactly(ReadFromFirst(held), read);
     ASSERT_EQ(S_OK, Call(connection_, L"Open").hr);
   }
 }
@@ -170,7 +168,7 @@ TEST_P(ModuleRowsOverConexao, ReleaseTheConnectionWithTheReport) {
   ASSERT_EQ(S_OK, PutRef(report, L"Conexao", connection).hr);
   auto modules = Got(Call(report, L"ModulosExcluidos", {Var(ParametersOf(L"CCaixaRpt").get())})).object();
   EXPECT_EQ(0U, report.Release());
-  EXPECT_FALSE(ReadTable(modules).rows.empty());
+  EXPECT_FALSE(ReadAll(modules).rows.empty());
   EXPECT_EQ(0U, modules.Release());
   EXPECT_EQ(0U, connection.Release());
 }

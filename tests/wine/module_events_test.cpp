@@ -136,7 +136,7 @@ TEST_F(ModuleEvents, LeaveTheReportItsDatabaseWhenASinkRunsItOnAnother) {
     const Engine other = engine == Engine::kSqlite ? Engine::kMariaDb : Engine::kSqlite;
     ASSERT_EQ(S_OK, Put(report, L"StringConexao", ConnectionOn(engine)).hr);
     listener->then = [] { return S_OK; };
-    const Rows undisturbed = run(L"EtiquetaFechamentoSubordinada");
+    const Table undisturbed = run(L"EtiquetaFechamentoSubordinada");
     EXPECT_EQ(3U, undisturbed.rows.size());
     std::size_t inner = 0;
     listener->then = [&] {
@@ -144,7 +144,7 @@ TEST_F(ModuleEvents, LeaveTheReportItsDatabaseWhenASinkRunsItOnAnother) {
       inner += run(L"EtiquetaDivisoria").rows.size();
       return Put(report, L"StringConexao", ConnectionOn(engine)).hr;
     };
-    ExpectRows(undisturbed, run(L"EtiquetaFechamentoSubordinada"), {L"NUM_CAIXA"});
+    rows::ExpectRows(run(L"EtiquetaFechamentoSubordinada"), undisturbed, {L"NUM_CAIXA"});
     EXPECT_LT(0U, inner);
   }
 }

@@ -1,13 +1,14 @@
 // What a client may pass to a report as its parameter object.
+#include "tests/rows/driver.h"
 #include "tests/wine/foreign_object.h"
-#include "tests/wine/rows_driver.h"
+#include "tests/wine/rows.h"
 
 namespace kodra::face {
 namespace {
 
 TEST(CatalogRows, AClientsOwnParameterObjectIsReadByMemberName) {
   const auto rowsWith = [](const wchar_t* report, const wchar_t* method, const wchar_t* property, const Var& value) {
-    return ReadTable(OpenReport(report, method, ForeignObject::With(property, value)));
+    return ReadAll(OpenReport(report, method, ForeignObject::With(property, value)));
   };
   EXPECT_TRUE(rowsWith(L"CCDRpt", L"RelatorioMidias", L"TIPORPT", L"V").rows.empty());
   EXPECT_FALSE(rowsWith(L"CCDRpt", L"RelatorioMidias", L"TipoRpt", L"v").rows.empty());
@@ -17,7 +18,7 @@ TEST(CatalogRows, AClientsOwnParameterObjectIsReadByMemberName) {
 }
 
 TEST(CatalogRows, AParameterObjectOfAnotherReportServesAReportThatReadsNone) {
-  EXPECT_FALSE(ReadTable(OpenReport(L"CDeptoRpt", L"RelatorioDeptos", Create(L"KodraRpt.CLogRptObj"))).rows.empty());
+  EXPECT_FALSE(ReadAll(OpenReport(L"CDeptoRpt", L"RelatorioDeptos", Create(L"KodraRpt.CLogRptObj"))).rows.empty());
 }
 
 TEST(OperatorsParameterObject, ThatIsNothingIsAnErrorBeforeTheFirstStep) {

@@ -37,7 +37,7 @@ TEST(ReportRecordset, OfModelsIsHeldByTheClient) {
 
 TEST(ReportRecordset, OfModelsIsReadableTwice) {
   const auto recordset = OpenReport(L"CModeloRpt", L"RelatorioModelos");
-  const Rows first = ReadAll(recordset);
+  const Table first = ReadAll(recordset);
   EXPECT_FALSE(first.rows.empty());
   EXPECT_EQ(static_cast<int>(first.rows.size()), Number(recordset, L"RecordCount"));
   ASSERT_EQ(S_OK, Call(recordset, L"MoveFirst").hr);
@@ -79,8 +79,8 @@ TEST(ReportRecordset, OneReportGivesSeveralThatAreReadInTurns) {
   const auto one = Got(Call(report, L"RelatorioDeptos", {parameters})).object();
   const auto other = Got(Call(report, L"RelatorioDeptos", {parameters})).object();
   ASSERT_EQ(S_OK, Call(one, L"MoveNext").hr);
-  const Rows whole = ReadAll(other);
-  Rows rest = ReadAll(one);
+  const Table whole = ReadAll(other);
+  Table rest = ReadAll(one);
   rest.rows.insert(rest.rows.begin(), whole.rows.front());
   EXPECT_EQ(whole.rows, rest.rows);
 }

@@ -113,7 +113,7 @@ TEST_F(ReportsRecordset, OfOneModuleIsHeldByTheClient) {
     EXPECT_EQ(kOpen, Number(recordset, L"State"));
     EXPECT_EQ(kClient, Number(recordset, L"CursorLocation"));
     EXPECT_EQ(kStatic, Number(recordset, L"CursorType"));
-    const Rows first = ReadAll(recordset);
+    const Table first = ReadAll(recordset);
     EXPECT_EQ(static_cast<int>(first.rows.size()), Number(recordset, L"RecordCount"));
     EXPECT_EQ(first.rows, ReadFromFirst(recordset).rows);
   }
@@ -130,7 +130,7 @@ TEST_F(ReportsRecordset, ReadsOnWhenReportAndParametersAreGone) {
       EXPECT_EQ(0U, parameters.Release());
       EXPECT_EQ(0U, report.Release());
       CoFreeUnusedLibrariesEx(0, 0);
-      const Rows rows = ReadAll(recordset);
+      const Table rows = ReadAll(recordset);
       EXPECT_FALSE(rows.rows.empty());
       EXPECT_EQ(ReadAll(OpenOf(method)).rows.size(), rows.rows.size());
       EXPECT_EQ(0U, recordset.Release());
@@ -150,7 +150,7 @@ TEST_F(ReportsRecordset, MadeInMemoryIsTheClientsToChange) {
   for (const Method& method : MadeInMemory()) {
     SCOPED_TRACE(Named(method));
     const auto recordset = OpenOf(method);
-    const Rows before = ReadFromFirst(recordset);
+    const Table before = ReadFromFirst(recordset);
     ASSERT_EQ(S_OK, Call(recordset, L"MoveFirst").hr);
     const int position = method.report == std::wstring(L"CLogRpt") ? 1 : 0;  // of the first text
     const auto text = FieldOf(recordset, position);
@@ -159,10 +159,10 @@ TEST_F(ReportsRecordset, MadeInMemoryIsTheClientsToChange) {
     ASSERT_EQ(S_OK, Call(recordset, L"AddNew").hr);
     ASSERT_EQ(S_OK, Put(text, L"Value", L"novo").hr);
     ASSERT_EQ(S_OK, Call(recordset, L"Update").hr);
-    const Rows after = ReadFromFirst(recordset);
+    const Table after = ReadFromFirst(recordset);
     ASSERT_EQ(before.rows.size() + 1, after.rows.size());
-    EXPECT_EQ(L"mudado", after.rows.front().at(position));
-    EXPECT_EQ(L"novo", after.rows.back().at(position));
+    EXPECT_EQ(rows::Cell(L"mudado"), after.rows.front().at(position));
+    EXPECT_EQ(rows::Cell(L"novo"), after.rows.back().at(position));
     for (std::size_t i = 1; i < before.rows.size(); ++i) EXPECT_EQ(before.rows[i], after.rows[i]);
   }
 }
@@ -209,7 +209,7 @@ TEST_F(ReportsRecordset, MadeInMemoryHasFieldsOfTheirTypeAndSize) {
 
 TEST(ReportsRecordsetOfOwnArchive, MadeInMemoryReadsWhenTheDatabaseIsGone) {
   const OwnArchive archive({});
-  std::vector<std::pair<Ref<IDispatch>, Rows>> recordsets;
+  std::vector<std::pair<Ref<IDispatch>, Table>> recordsets;
   for (const Method& method : MadeInMemory()) {
     const auto parameters = ParametersOf(method.report, method.properties);
     const auto run = [&] {
@@ -220,7 +220,7 @@ TEST(ReportsRecordsetOfOwnArchive, MadeInMemoryReadsWhenTheDatabaseIsGone) {
   archive.Delete();
   for (const auto& [recordset, whole] : recordsets) {
     EXPECT_FALSE(whole.rows.empty());
-    ExpectRows(whole, ReadFromFirst(recordset), {});
+    rows::ExpectRows(ReadFromFirst(recordset), whole);
   }
 }
 
@@ -231,8 +231,8 @@ TEST_F(ReportsRecordset, OneReportGivesSeveralThatAreReadInTurns) {
   const auto one = Got(Call(report, L"RelatorioSintetico", {parameters})).object();
   const auto other = Got(Call(report, L"RelatorioAnalitico", {parameters})).object();
   ASSERT_EQ(S_OK, Call(one, L"MoveNext").hr);
-  const Rows detail = ReadAll(other);
-  const Rows rest = ReadAll(one);
+  const Table detail = ReadAll(other);
+  const Table rest = ReadAll(one);
   EXPECT_EQ(RowsOf(L"CDocumentoRpt", L"RelatorioAnalitico").rows, detail.rows);
   EXPECT_EQ(RowsOf(L"CDocumentoRpt", L"RelatorioSintetico").rows.size(), rest.rows.size() + 1);
 }

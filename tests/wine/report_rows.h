@@ -1,7 +1,7 @@
 // The sample archive on one database as its client reaches it: the reports run by ProgID and member name.
 //
 //   const ArchiveClient client(Engine::kMariaDb);
-//   const Rows supports = client.RowsOf(L"CSuporteRpt", L"RelatorioSuportes");
+//   const Table supports = client.RowsOf(L"CSuporteRpt", L"RelatorioSuportes");
 #pragma once
 
 #include "tests/rows/engine.h"
@@ -29,10 +29,6 @@ inline Ref<IDispatch> ParametersOf(const std::wstring& report, const Properties&
 inline Failure Framed(const std::wstring& source, const std::wstring& cause) {
   return {0x80041FAB, L"KodraRpt." + source, L"Erro ao gerar dados para o relatório: " + cause};
 }
-// What the shared opener makes of SQLite's refusal of a statement.
-inline std::wstring RefusedBySQLite(const std::wstring& message) {
-  return L"[Microsoft OLE DB Provider for ODBC Drivers]: [SQLite]" + message + L" (1) [N:1]";
-}
 
 // A day written "2024-05-31".
 inline Var DayOf(const std::wstring& iso) {
@@ -44,13 +40,6 @@ inline Var DayOf(const std::wstring& iso) {
   EXPECT_TRUE(SystemTimeToVariantTime(&time, &days));
   return Var::Date(days);
 }
-inline std::wstring OrEmpty(const Cell& cell) { return cell.value_or(L""); }
-
-// Reads a recordset from its first row, wherever it stands.
-inline Rows ReadFromFirst(const Ref<IDispatch>& recordset) {
-  EXPECT_EQ(S_OK, Call(recordset, L"MoveFirst").hr);
-  return ReadAll(recordset);
-}
 
 class ArchiveClient {
  public:
@@ -58,13 +47,11 @@ class ArchiveClient {
 
   std::wstring Connection() const { return ConnectionOn(engine_); }
 
-  Outcome OutcomeOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
-    return RunReport(report, method, Var(ParametersOf(report, properties).get()), Connection());
-  }
   Ref<IDispatch> Open(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
-    return Got(OutcomeOf(report, method, properties)).object();
+    const auto parameters = ParametersOf(report, properties);
+    return Got(RunReport(report, method, Var(parameters.get()), Connection())).object();
   }
-  Rows RowsOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
+  Table RowsOf(const std::wstring& report, const std::wstring& method, const Properties& properties = {}) const {
     return ReadAll(Open(report, method, properties));
   }
 

@@ -105,13 +105,11 @@ TEST_F(ReportSiblings, OfTheOperatorsAreAskedAnewForEveryRowByNumber) {
                 return VariantCopy(result, const_cast<VARIANT*>(&answer.raw()));
               });
   const auto parameters = ParametersOf(L"COperadorRpt");
-  const Rows rows = ReadAll(
+  const Table rows = ReadAll(
       Got(RunReport(L"COperadorRpt", L"RelatorioOperadores", Var(parameters.get()), archive.Connection())).object());
   Names expected;
-  std::vector<Cell> descriptions;
-  for (const Cells& cells : rows.rows) descriptions.push_back(Row(rows.columns, cells)[L"DESCR_TIPO"]);
   // By login: antonio.queiros, conceicao.falcao, joao.goncalves.
-  EXPECT_EQ((std::vector<Cell>{L"tipo -1.5", L"tipo 0", L"tipo 12"}), descriptions);
+  EXPECT_EQ((std::vector<Value>{L"tipo -1.5", L"tipo 0", L"tipo 12"}), rows.Column(L"DESCR_TIPO"));
   for (const wchar_t* number : {L"-1.5", L"0", L"12"}) {
     expected.push_back(L"Tipos.StringConexao := '" + archive.Connection() + L"'");
     expected.push_back(std::wstring(L"Tipos.ObtemDescricao ") + number);
@@ -141,9 +139,9 @@ TEST_F(ReportSiblings, OfModulesGetConnectionStringAndLogFileAndTheirTextIsTheCo
   const auto report = Create(L"KodraRpt.CCaixaRpt");
   EXPECT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
   const auto parameters = ParametersOf(L"CCaixaRpt", {{L"Modulo1", L"AA00102"}});
-  const Rows rows = ReadAll(Got(Call(report, L"DocsNoModulo", {Var(parameters.get())})).object());
+  const Table rows = ReadAll(Got(Call(report, L"DocsNoModulo", {Var(parameters.get())})).object());
   ASSERT_EQ(1U, rows.rows.size());
-  EXPECT_EQ(L"código 2", rows.rows[0][0]);
+  EXPECT_EQ(Value(L"código 2"), rows.rows[0][0]);
   EXPECT_EQ((Names{L"Bsn.StringConexao := '" + ArchiveConnection() + L"'", L"Bsn.LogFile := ''",
                    L"Bsn.NumCxSubordinadaSQL 7 's'", L"Bsn gone"}),
             *calls_);
@@ -189,19 +187,18 @@ TEST_F(ReportSiblings, OfContainersGetTheFieldItselfForEveryModule) {
       Replace(L"VantLib.Conversoes", L"Conversoes",
               [&](const std::wstring&, const std::vector<Var>& arguments, VARIANT* result, EXCEPINFO*) {
                 const auto field = arguments.at(0).object();
-                fields.push_back(OrEmpty(Got(Get(field, L"Name")).text()) + L" " +
-                                 CellOf(Got(Get(field, L"Value"))).value_or(L"null"));
+                fields.push_back(TextOf(Got(Get(field, L"Name"))) + L" " + TextOf(Got(Get(field, L"Value"))));
                 const Var day = DayOf(L"2001-02-03");
                 return VariantCopy(result, const_cast<VARIANT*>(&day.raw()));
               });
   const auto parameters = ParametersOf(L"CContainerRpt", {{L"Container1", L"CT0003"}});
-  const Rows labels = ReadFromFirst(
+  const Table labels = ReadFromFirst(
       Got(RunReport(L"CContainerRpt", L"EtiquetaAbertura", Var(parameters.get()), archive.Connection())).object());
   EXPECT_EQ((Names{L"Conversoes.ToDate (object)", L"Conversoes.ToDate (object)", L"Conversoes gone"}), *calls_);
-  EXPECT_EQ((std::multiset<std::wstring>{L"DATA_VENCIMENTO 2085-06-21 00:00:00", L"DATA_VENCIMENTO null"}),
+  EXPECT_EQ((std::multiset<std::wstring>{L"DATA_VENCIMENTO 2085-06-21 00:00:00", L"DATA_VENCIMENTO (null)"}),
             std::multiset<std::wstring>(fields.begin(), fields.end()));
   ASSERT_EQ(1U, labels.rows.size());
-  EXPECT_EQ(L"2001-02-03 00:00:00", labels.rows[0][1]);
+  EXPECT_EQ(rows::Cell(testbed::Day(std::chrono::year(2001) / 2 / 3)), labels.rows[0][1]);
 }
 
 }  // namespace

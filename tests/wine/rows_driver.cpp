@@ -1,67 +1,16 @@
-#include "tests/wine/rows_driver.h"
-
+#include "tests/rows/driver.h"
 #include "tests/rows/sample.h"
-
-namespace kodra::face {
-
-Var VarOf(const Value& value) {
-  if (value.Is<bool>()) return value.As<bool>();
-  if (value.Is<Date>()) return Var::Date(value.As<Date>().days);
-  return value.As<std::wstring>();
-}
-
-Value ValueOf(const Var& field) {
-  const VARIANT& raw = field.raw();
-  switch (raw.vt) {
-    case VT_EMPTY:
-      return Empty{};
-    case VT_NULL:
-      return Null{};
-    case VT_BOOL:
-      return raw.boolVal != VARIANT_FALSE;
-    case VT_I4:
-      return std::int32_t{raw.lVal};
-    case VT_R8:
-      return raw.dblVal;
-    case VT_DATE:
-      return Date{raw.date};
-    case VT_BSTR:
-      return std::wstring(raw.bstrVal, SysStringLen(raw.bstrVal));
-    case VT_I8:
-      return std::int64_t{raw.llVal};
-    case VT_DECIMAL: {
-      double number = 0;
-      EXPECT_EQ(S_OK, VarR8FromDec(const_cast<DECIMAL*>(&raw.decVal), &number));
-      return number;
-    }
-    default:
-      ADD_FAILURE() << "a field of VARTYPE " << raw.vt;
-      return Empty{};
-  }
-}
-
-rows::Table ReadTable(const Ref<IDispatch>& recordset) {
-  rows::Table table({});
-  std::vector<Ref<IDispatch>> fields;
-  const auto collection = Got(Get(recordset, L"Fields")).object();
-  for (int i = 0; i < Got(Get(collection, L"Count")).number(); ++i) {
-    fields.push_back(Got(Call(collection, L"Item", {i})).object());
-    table.columns.push_back(Got(Get(fields.back(), L"Name")).text().value());
-  }
-  while (Got(Get(recordset, L"EOF")).raw().boolVal == VARIANT_FALSE) {
-    rows::Table::Row& row = table.rows.emplace_back();
-    for (const auto& field : fields) row.push_back(rows::Cell(ValueOf(Got(Get(field, L"Value")))));
-    const HRESULT moved = Call(recordset, L"MoveNext").hr;
-    EXPECT_EQ(S_OK, moved);
-    if (moved != S_OK) break;
-  }
-  return table;
-}
-
-}  // namespace kodra::face
+#include "tests/wine/report_rows.h"
 
 namespace kodra::rows {
 namespace {
+
+// A value that a client sets in a parameter object.
+face::Var VarOf(const Value& value) {
+  if (value.Is<bool>()) return value.As<bool>();
+  if (value.Is<Date>()) return face::Var::Date(value.As<Date>().days);
+  return value.As<std::wstring>();
+}
 
 // The archives are databases of their own beside those that the program is given: tests of other things read those.
 std::wstring OnMariaDb(const std::wstring& database) {
@@ -125,7 +74,7 @@ const face::OwnFile& EmptyFile() {
 Outcome Run(const Report& report, const Properties& properties, const std::wstring& connectionString, From from) {
   const auto parameters = face::ParametersOf(report.className);
   for (const auto& [name, value] : properties)
-    EXPECT_EQ(S_OK, face::Put(parameters, name, face::VarOf(value)).hr) << testing::PrintToString(name);
+    EXPECT_EQ(S_OK, face::Put(parameters, name, VarOf(value)).hr) << testing::PrintToString(name);
   const face::Outcome called =
       face::RunReport(report.className, report.method, face::Var(parameters.get()), connectionString);
   Outcome outcome;
@@ -135,17 +84,15 @@ Outcome Run(const Report& report, const Properties& properties, const std::wstri
   } else {
     EXPECT_EQ(VT_DISPATCH, called.value.type());
   }
-  if (const auto recordset = called.value.object()) {
-    if (from == From::kFirstRow) EXPECT_EQ(S_OK, face::Call(recordset, L"MoveFirst").hr);
-    outcome.rows = face::ReadTable(recordset);
-  }
+  if (const auto recordset = called.value.object())
+    outcome.rows = from == From::kFirstRow ? face::ReadFromFirst(recordset) : face::ReadAll(recordset);
   return outcome;
 }
 
 Table Query(const std::wstring& statement, const std::wstring& connectionString) {
   const auto recordset = face::Create(L"ADODB.Recordset");
   face::Got(face::Call(recordset, L"Open", {statement, connectionString, 0, 1, 1}));
-  return face::ReadTable(recordset);
+  return face::ReadAll(recordset);
 }
 
 void Execute(const std::vector<std::wstring>& statements, const std::wstring& connectionString) {

@@ -62,12 +62,12 @@ TEST(ScriptClient, ReadsNumberSourceAndDescriptionOfEveryFailure) {
 }
 
 // Rows as the script joins them: nothing for a null.
-std::wstring Joined(const Rows& rows) {
+std::wstring Joined(const Table& table) {
   std::wstring text;
-  for (const auto& name : rows.columns) text += name + L"|";
+  for (const auto& name : table.columns) text += name + L"|";
   text += L"\n";
-  for (const Cells& cells : rows.rows) {
-    for (const Cell& cell : cells) text += cell.value_or(L"") + L"|";
+  for (const Table::Row& row : table.rows) {
+    for (const Value& value : row) text += (value.Is<Null>() ? L"" : value.As<std::wstring>()) + L"|";
     text += L"\n";
   }
   return text;
@@ -76,7 +76,7 @@ std::wstring Joined(const Rows& rows) {
 TEST(ScriptClient, ReadsTheRowsOfAReport) {
   for (const auto& [name, method] : {std::pair(L"CDepositoRpt", L"RelatorioDepositos"),  //
                                      std::pair(L"CSuporteRpt", L"RelatorioSuportes")}) {
-    const Rows expected = ReadAll(OpenReport(name, method));
+    const Table expected = ReadAll(OpenReport(name, method));
     EXPECT_LT(3U, expected.rows.size());
     EXPECT_EQ(Joined(expected), Output(L"report.vbs", {ArchiveConnection(), name, method}));
   }

@@ -5,6 +5,8 @@
 //   ... the report creates it by ProgID, and `*calls` has what it did with it ...
 #pragma once
 
+#include <algorithm>
+#include <cwchar>
 #include <functional>
 #include <memory>
 
@@ -12,6 +14,17 @@
 #include "tests/wine/rows.h"
 
 namespace kodra::face {
+
+// A value as text, a date as "2024-05-31 08:30:00".
+inline std::wstring TextOf(const Var& value) {
+  SYSTEMTIME time;
+  if (value.type() != VT_DATE || !VariantTimeToSystemTime(value.raw().date, &time))
+    return value.text().value_or(L"(null)");
+  wchar_t text[32];
+  swprintf(text, 32, L"%04u-%02u-%02u %02u:%02u:%02u", time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute,
+           time.wSecond);
+  return text;
+}
 
 // Answers to any member name and writes down each use of it: "DAO.Caller := texto", "DAO.Localiza(objeto)".
 class RecordingObject final : public ClientObject {
@@ -65,7 +78,7 @@ class RecordingObject final : public ClientObject {
     if (value.type() == VT_DISPATCH) return value.object() ? L"(object)" : L"(nothing)";
     if (value.type() == VT_BOOL) return value.raw().boolVal == VARIANT_FALSE ? L"False" : L"True";
     if (value.type() == VT_BSTR) return L"'" + value.text().value() + L"'";
-    return CellOf(value).value_or(L"(null)");
+    return TextOf(value);
   }
 
   std::wstring name_;
