@@ -27,7 +27,7 @@ Value FnLog::DebugLog(std::span<const Value> arguments) {
   if (!ativar_ || logFile_.empty()) return {};
   std::replace_if(
       text.begin(), text.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
-  Append(logFile_, values::ToUtf8(values::FormatDate<L"dd/mm/yyyy hh:nn:ss">(values::Now()) + L" " + text + L"\r\n"));
+  Append(logFile_, values::ToUtf8(values::FormatDate(values::Now(), L"dd/mm/yyyy hh:nn:ss") + L" " + text + L"\r\n"));
   return {};
 }
 

@@ -63,7 +63,7 @@ class Conditions {
   }
   void From(std::wstring_view column, std::wstring_view member) {
     const Date date = values::ToDate(filter_.Get(member));
-    if (date.days != 0) Add(column, L" >= " + values::FormatDate<L"'yyyy-mm-dd hh:nn:ss'">(date));
+    if (date.days != 0) Add(column, L" >= " + values::FormatDate(date, L"'yyyy-mm-dd hh:nn:ss'"));
   }
   // The last second counts to its end, also where moments are kept with fractions.
   void To(std::wstring_view column, std::wstring_view member) {
@@ -71,8 +71,8 @@ class Conditions {
     if (date.days == 0) return;
     const values::Calendar moment = values::ToCalendar(date);
     const bool wholeDay = moment.hour == 0 && moment.minute == 0 && moment.second == 0;
-    Add(column, L" <= " + (wholeDay ? values::FormatDate<L"'yyyy-mm-dd 23:59:59.999'">(date)
-                                    : values::FormatDate<L"'yyyy-mm-dd hh:nn:ss.999'">(date)));
+    Add(column, L" <= " + (wholeDay ? values::FormatDate(date, L"'yyyy-mm-dd 23:59:59.999'")
+                                    : values::FormatDate(date, L"'yyyy-mm-dd hh:nn:ss.999'")));
   }
 
   // The WHERE clause with a blank behind it; empty when there is no condition.

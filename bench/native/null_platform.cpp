@@ -105,6 +105,8 @@ class NullRecordset final : public platform::Recordset {
     const Fresh fresh(around_.watch);
     atEnd_ = true;
   }
+  std::int64_t RecordCount() override { return -1; }
+  std::vector<platform::Column> Columns() override { return {}; }
   void AppendField(const std::wstring&, std::int32_t, std::int32_t, std::int32_t) override {
     const Fresh fresh(around_.watch);
   }

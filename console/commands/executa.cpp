@@ -16,6 +16,7 @@
 #include "console/run/interruption.h"
 #include "console/run/machine.h"
 #include "console/run/progress.h"
+#include "console/run/row_source.h"
 #include "console/run/stream_output.h"
 #include "console/run/target_file.h"
 #include "data/abre_cn.h"
@@ -83,8 +84,9 @@ bool CanConnect(const std::wstring& connectionString, platform::Surroundings& su
 
 // Writes the rows that are left; false when it was asked to stop.
 bool Write(frame::ReportRows rows, const Heading& heading, RowWriter& writer, Progress& progress) {
-  // A report without anything to list may return no recordset.
-  const std::unique_ptr<RowSource> source = rows ? NewRowSource(std::move(rows)) : nullptr;
+  // A report without anything to list may give no recordset.
+  std::optional<RowSource> source;
+  if (rows) source.emplace(std::move(rows));
   writer.Begin(heading, source ? source->Columns() : std::vector<Column>{});
   std::vector<Value> values;
   while (source && source->Next(values)) {
@@ -157,11 +159,11 @@ class Run {
   // The modules in each of the containers that were asked for, for their labels.
   html::ContainerModules ModulesOfContainers() {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
-    const auto source = NewRowSource(modules.call(machine_->Around(), connection_, &parameters_));
+    RowSource source(modules.call(machine_->Around(), connection_, &parameters_));
     html::ContainerModules found;
     std::vector<Value> values;
-    while (source->Next(values)) {
-      const html::RowReader row(source->Columns(), values);
+    while (source.Next(values)) {
+      const html::RowReader row(source.Columns(), values);
       found[row.Text("CONTAINER")].push_back(row.Text("NUM_CAIXA"));
     }
     return found;

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "frame/report_class.h"
+#include "frame/report_call.h"
 #include "values/erro.h"
 
 namespace kodra::console::guide {

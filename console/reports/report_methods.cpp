@@ -4,46 +4,30 @@
 #include <algorithm>
 #include <array>
 
-#include "reports/catalog/cd_rpt.h"
-#include "reports/catalog/deposito_rpt.h"
-#include "reports/catalog/depto_rpt.h"
-#include "reports/catalog/dicionario_rpt.h"
-#include "reports/catalog/grupo_operador_rpt.h"
-#include "reports/catalog/grupo_rpt.h"
-#include "reports/catalog/modelo_rpt.h"
-#include "reports/catalog/operador_rpt.h"
-#include "reports/catalog/serie_rpt.h"
-#include "reports/catalog/subgrupo_rpt.h"
-#include "reports/catalog/suporte_rpt.h"
-#include "reports/catalog/tipo_caixa_rpt.h"
-#include "reports/catalog/tipo_midia_rpt.h"
-#include "reports/documents/documento_rpt.h"
-#include "reports/documents/log_rpt.h"
-#include "reports/documents/solicitacao_rpt.h"
-#include "reports/modules/caixa_rpt.h"
-#include "reports/modules/container_rpt.h"
-#include "reports/statistics/estat_img_rpt.h"
-#include "reports/statistics/estat_index_rpt.h"
-#include "reports/statistics/estat_serie_rpt.h"
-#include "reports/statistics/estat_subgrupo_rpt.h"
-#include "reports/statistics/estat_suporte_rpt.h"
+#include "reports/reports.h"
 
 namespace kodra::reports {
 namespace {
 
-template <class Report, frame::ReportRows (Report::*kMethod)(AutomationObject*)>
-frame::ReportRows CallOn(platform::Surroundings& surroundings, const std::wstring& connectionString,
+// Runs a report of a new object.
+template <class Call>
+frame::ReportRows RunNew(std::wstring_view className, std::wstring_view method, frame::ReportRows (*report)(Call&),
+                         platform::Surroundings& surroundings, const std::wstring& connectionString,
                          AutomationObject* obj) {
-  Report report(surroundings);
-  report.SetStringConexao(connectionString);
-  return (report.*kMethod)(obj);
+  typename Call::Object object(className, surroundings);
+  object.SetStringConexao(connectionString);
+  return frame::Run(object, method, report, obj);
 }
 
 // A report's parameter class is named after the report.
 constexpr auto kMethods = [] {
   auto methods = std::to_array<ReportMethod>({
 #define KODRA_REPORT_CLASS(NAME, METHODS) METHODS
-#define KODRA_REPORT_METHOD(CLASS, NAME) {L## #CLASS, L## #NAME, L## #CLASS L"Obj", &CallOn<CLASS, &CLASS::NAME>},
+#define KODRA_REPORT_METHOD(CLASS, NAME)                                                             \
+  {L## #CLASS, L## #NAME, L## #CLASS L"Obj",                                                         \
+   [](platform::Surroundings& surroundings, const std::wstring& connection, AutomationObject* obj) { \
+     return RunNew(L## #CLASS, L## #NAME, &CLASS::NAME, surroundings, connection, obj);              \
+   }},
 #include "idl/public_classes.def"
   });
   // People read about modules before containers; the IDL has CCaixaRpt last.

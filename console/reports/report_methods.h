@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/report_class.h"
+#include "frame/report_call.h"
 
 namespace kodra::reports {
 

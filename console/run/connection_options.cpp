@@ -17,7 +17,7 @@ std::optional<std::wstring> Variable(const std::string& name) {
   const wchar_t* const value = _wgetenv(FromUtf8(name).c_str());
   return value == nullptr ? std::nullopt : std::optional<std::wstring>(value);
 #else
-  const char* const value = std::getenv(name.c_str());  // NOLINT(concurrency-mt-unsafe): nothing sets variables here
+  const char* const value = std::getenv(name.c_str());
   return value == nullptr ? std::nullopt : std::optional(FromUtf8(value));
 #endif
 }

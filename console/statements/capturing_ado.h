@@ -58,6 +58,8 @@ class CapturingRecordset final : public platform::Recordset {
   void MoveFirst() override { current_ = 0; }
   void MoveNext() override { ++current_; }
 
+  std::int64_t RecordCount() override { return -1; }
+  std::vector<platform::Column> Columns() override { return {}; }
   void AppendField(const std::wstring&, std::int32_t, std::int32_t, std::int32_t) override {}
   std::unique_ptr<platform::Field> FieldByName(const std::wstring& name) override;
   void AddNew() override {}

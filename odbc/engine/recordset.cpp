@@ -183,6 +183,13 @@ std::int32_t Recordset::FieldIndex(const std::wstring& name) const {
   return static_cast<std::int32_t>(found - fields_.begin());
 }
 
+std::vector<platform::Column> Recordset::Columns() {
+  std::vector<platform::Column> columns;
+  for (std::int32_t i = 0; i < FieldCount(); ++i)
+    columns.push_back({FieldAt(i).name, FieldAt(i).type, std::make_unique<RecordsetField>(*this, i)});
+  return columns;
+}
+
 std::unique_ptr<platform::Field> Recordset::FieldByName(const std::wstring& name) {
   return std::make_unique<RecordsetField>(*this, FieldIndex(name));
 }

@@ -85,7 +85,7 @@ class Recordset : public platform::Recordset {
   // Moves `count` rows from the current one, stopping beyond the first or last.
   void Move(std::int64_t count);
   // -1 while the number is not known, as on a stream.
-  std::int64_t RecordCount();
+  std::int64_t RecordCount() override;
   // The 1-based number of the current row, or ad::kPosUnknown, ad::kPosBOF, ad::kPosEOF.
   std::int64_t AbsolutePosition();
   void SetAbsolutePosition(std::int64_t position);
@@ -94,6 +94,7 @@ class Recordset : public platform::Recordset {
                    std::int32_t attributes) override;
   std::int32_t FieldCount() const;
   const FieldInfo& FieldAt(std::int32_t index) const;
+  std::vector<platform::Column> Columns() override;
   // Without regard to letter case. An unknown name or index raises 3265 here and below.
   std::int32_t FieldIndex(const std::wstring& name) const;
   std::unique_ptr<platform::Field> FieldByName(const std::wstring& name) override;

@@ -1,7 +1,5 @@
 #include "ado/ado_objects.h"
 
-#include <typeinfo>
-
 #include "ado/automation_object.h"
 #include "ado/variant.h"
 
@@ -22,7 +20,7 @@ void CheckGiven(HRESULT hr, const com_ptr<T>& object, const com_ptr<Given>& give
 }
 
 _Connection* InterfaceOf(platform::Connection* connection) {
-  return connection == nullptr ? nullptr : static_cast<AdoConnection*>(connection)->Interface();
+  return connection == nullptr ? nullptr : dynamic_cast<AdoConnection&>(*connection).Interface();
 }
 
 class AdoField final : public platform::Field {
@@ -34,21 +32,10 @@ class AdoField final : public platform::Field {
     Check(field_->get_Value(value.put()), field_);
     return ToValue(*value);
   }
-  void Let(const Value& value) override { Put(ScopedVariant(value)); }
-  std::optional<Value> LetText(AutomationObject& object, std::wstring_view member, std::size_t longest) override {
-    if (typeid(object) != typeid(DispatchObject)) return platform::Field::LetText(object, member, longest);
-    const ScopedVariant read = static_cast<DispatchObject&>(object).GetVariant(member);
-    const VARIANT& value = *read;
-    const std::size_t length = V_VT(&value) == VT_BSTR ? SysStringLen(V_BSTR(&value)) : 0;
-    if (length == 0 || length > longest) return ToValue(value);
-    Put(read);
-    return std::nullopt;
-  }
+  void Let(const Value& value) override { Check(field_->put_Value(*ScopedVariant(value)), field_); }
   ObjectRef AsObject() override { return WrapDispatch(field_.get()); }
 
  private:
-  void Put(const ScopedVariant& value) { Check(field_->put_Value(*value), field_); }
-
   com_ptr<::Field> field_;
 };
 
@@ -57,7 +44,7 @@ struct SourceArgument {
   ScopedVariant operator()(std::monostate) const { return ScopedVariant::Missing(); }
   ScopedVariant operator()(std::wstring_view text) const { return ScopedVariant::Text(text); }
   ScopedVariant operator()(platform::Command* command) const {
-    return ScopedVariant::Object(static_cast<AdoCommand*>(command)->Interface());
+    return ScopedVariant::Object(dynamic_cast<AdoCommand&>(*command).Interface());
   }
 };
 struct ConnectionArgument {
@@ -191,6 +178,12 @@ void AdoRecordset::MoveFirst() { Check(recordset_->MoveFirst(), recordset_); }
 
 void AdoRecordset::MoveNext() { Check(recordset_->MoveNext(), recordset_); }
 
+std::int64_t AdoRecordset::RecordCount() {
+  long count = -1;
+  Check(recordset_->get_RecordCount(&count), recordset_);
+  return count;
+}
+
 com_ptr<::Fields> AdoRecordset::FieldList() {
   com_ptr<::Fields> fields;
   CheckGiven(recordset_->get_Fields(fields.put()), recordset_, fields);
@@ -203,6 +196,23 @@ void AdoRecordset::AppendField(const std::wstring& name, std::int32_t type, std:
   Check(fields->Append(ScopedBstr(name).get(), static_cast<DataTypeEnum>(type), definedSize,
                        static_cast<FieldAttributeEnum>(attributes), *ScopedVariant::Missing()),
         fields);
+}
+
+std::vector<platform::Column> AdoRecordset::Columns() {
+  const auto fields = FieldList();
+  long count = 0;
+  Check(fields->get_Count(&count), fields);
+  std::vector<platform::Column> columns;
+  for (long i = 0; i < count; ++i) {
+    com_ptr<::Field> field;
+    CheckGiven(fields->get_Item(*ScopedVariant(Value(std::int32_t{i})), field.put()), fields, field);
+    ScopedBstr name;
+    Check(field->get_Name(name.put()), field);
+    DataTypeEnum type = adEmpty;
+    Check(field->get_Type(&type), field);
+    columns.push_back({ToWide(name.get()), type, std::make_unique<AdoField>(std::move(field))});
+  }
+  return columns;
 }
 
 std::unique_ptr<platform::Field> AdoRecordset::FieldByName(const std::wstring& name) {
@@ -220,6 +230,10 @@ void AdoRecordset::AddNew() {
 void AdoRecordset::Update() {
   const ScopedVariant leftOut = ScopedVariant::Missing();
   Check(recordset_->Update(*leftOut, *leftOut), recordset_);
+}
+
+com_ptr<IDispatch> DispatchOf(platform::Recordset& recordset) {
+  return com_ptr<IDispatch>(dynamic_cast<AdoRecordset&>(recordset).Interface());
 }
 
 }  // namespace kodra::ado

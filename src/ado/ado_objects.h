@@ -60,6 +60,8 @@ class AdoRecordset final : public platform::Recordset {
   bool Eof() override;
   void MoveFirst() override;
   void MoveNext() override;
+  std::int64_t RecordCount() override;
+  std::vector<platform::Column> Columns() override;
   void AppendField(const std::wstring& name, std::int32_t type, std::int32_t definedSize,
                    std::int32_t attributes) override;
   std::unique_ptr<platform::Field> FieldByName(const std::wstring& name) override;
@@ -73,5 +75,8 @@ class AdoRecordset final : public platform::Recordset {
 
   comkit::com_ptr<_Recordset> recordset_;
 };
+
+// The COM object of a recordset of this platform, with a reference of the caller's.
+comkit::com_ptr<IDispatch> DispatchOf(platform::Recordset& recordset);
 
 }  // namespace kodra::ado

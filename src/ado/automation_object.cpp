@@ -73,11 +73,9 @@ ScopedVariant DispatchObject::InvokeMethod(std::wstring_view member, std::vector
   return Invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, first, static_cast<UINT>(reversed.size()));
 }
 
-ScopedVariant DispatchObject::GetVariant(std::wstring_view member) {
-  return Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0);
+Value DispatchObject::Get(std::wstring_view member) {
+  return ToValue(*Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0));
 }
-
-Value DispatchObject::Get(std::wstring_view member) { return ToValue(*GetVariant(member)); }
 
 Value DispatchObject::GetDefault() {
   return ToValue(*Invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0));

@@ -27,9 +27,6 @@ class DispatchObject final : public AutomationObject {
   // Enumerates as `For Each` does; an object without an enumerator is asked for Count and Item.
   void ForEach(const std::function<void(const Value&)>& visit) override;
 
-  // Reads a property as it comes.
-  ScopedVariant GetVariant(std::wstring_view member);
-
   IDispatch* Dispatch() const noexcept { return object_.get(); }
 
  private:

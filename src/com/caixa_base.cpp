@@ -19,7 +19,8 @@ platform::ClientConnection ClientConnectionOf(IDispatch* object) {
 
 }  // namespace
 
-CaixaBase::CaixaBase() : events_(static_cast<ICCaixaRpt&>(*this), __uuidof(DCCaixaRptEvents)) {
+CaixaBase::CaixaBase(std::wstring_view className)
+    : ReportFace(className), events_(static_cast<ICCaixaRpt&>(*this), __uuidof(DCCaixaRptEvents)) {
   constexpr DISPID kDebugLog = 1;
   Report().OnDebugLog([this](const std::wstring& line) { events_.Fire(kDebugLog, line); });
 }

@@ -4,11 +4,11 @@
 #include "com/event_source.h"
 #include "com/kodrarpt_h.h"
 #include "com/report_face.h"
-#include "reports/modules/caixa_rpt.h"
+#include "reports/modules/module_object.h"
 
 namespace kodra::com {
 
-class CaixaBase : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::CCaixaRpt> {
+class CaixaBase : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::ModuleObject> {
  public:
   STDMETHODIMP get_Conexao(IDispatch** value) noexcept override;
   // An object that is no ADO connection raises RuntimeError::kTypeMismatch; null takes the connection away.
@@ -17,7 +17,7 @@ class CaixaBase : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::CCaixaRpt>
   STDMETHODIMP put_LogFile(BSTR value) noexcept override;
 
  protected:
-  CaixaBase();
+  explicit CaixaBase(std::wstring_view className);
   void* Find(REFIID iid) noexcept override;
 
  private:

@@ -1,23 +1,28 @@
-// The COM face of a report class: its connection string, and methods that take a parameter object and give a recordset.
+// The COM face of a report class: its connection string, and methods that take a parameter object and return a
+// recordset.
 #pragma once
+
+#include <memory>
 
 #include "com/dual_object.h"
 #include "com/module_surroundings.h"
-#include "frame/report_class.h"
+#include "comkit/com_ptr.h"
+#include "frame/report_call.h"
 
 namespace kodra::com {
 
-HRESULT GetStringConexao(const frame::ReportClass& report, REFIID iid, BSTR* value) noexcept;
-HRESULT LetStringConexao(frame::ReportClass& report, REFIID iid, BSTR value) noexcept;
+HRESULT GetStringConexao(const frame::ReportObject& report, REFIID iid, BSTR* value) noexcept;
+HRESULT LetStringConexao(frame::ReportObject& report, REFIID iid, BSTR value) noexcept;
 
-using ReportMethod = frame::ReportRows (frame::ReportClass::*)(AutomationObject*);
+// The parameter object that a client passed, as a report reads it: one of our own directly, any other through
+// IDispatch, null as null. Keeps the client's object alive.
+std::shared_ptr<AutomationObject> ParametersOf(IDispatch* obj);
 
-// Runs a report method on the client's parameter object. `object` is the COM object of the report, `iid` its dual
-// interface. Both objects stay alive for the call, whatever the client releases meanwhile.
-HRESULT RunReport(IDispatch& object, REFIID iid, frame::ReportClass& report, ReportMethod method, IDispatch* obj,
-                  IDispatch** recordset) noexcept;
+// The recordset as the client gets it, with a reference of the client's; null for a report without one.
+IDispatch* HandOver(frame::ReportRows rows);
 
-template <class Class, class Interface, class ReportClass>
+// Object is what the report keeps between two calls.
+template <class Class, class Interface, class Object>
 class ReportFace : public DualObject<Class, Interface> {
  public:
   STDMETHODIMP get_StringConexao(BSTR* value) noexcept override {
@@ -28,16 +33,22 @@ class ReportFace : public DualObject<Class, Interface> {
   }
 
  protected:
-  using Method = frame::ReportRows (ReportClass::*)(AutomationObject*);
+  explicit ReportFace(std::wstring_view className) : report_(className, ModuleSurroundings()) {}
 
-  ReportClass& Report() noexcept { return report_; }
+  Object& Report() noexcept { return report_; }
 
-  HRESULT Rows(Method method, IDispatch* obj, IDispatch** recordset) noexcept {
-    return RunReport(*this, __uuidof(Interface), report_, static_cast<ReportMethod>(method), obj, recordset);
+  // Runs a report method on the client's parameter object. This object and that one stay alive for the call, whatever
+  // the client releases meanwhile.
+  template <class Call>
+  HRESULT Rows(std::wstring_view method, frame::ReportRows (*report)(Call&), IDispatch* obj,
+               IDispatch** recordset) noexcept {
+    const comkit::com_ptr<IDispatch> self(this);
+    return FillAtBoundary(__uuidof(Interface), recordset,
+                          [&] { return HandOver(frame::Run(report_, method, report, ParametersOf(obj).get())); });
   }
 
  private:
-  ReportClass report_{ModuleSurroundings()};
+  Object report_;
 };
 
 }  // namespace kodra::com

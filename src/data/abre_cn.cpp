@@ -28,8 +28,8 @@ void LocaliseOracleSession(platform::Connection& connection) {
 std::unique_ptr<platform::Connection> Open(std::wstring connectionString, std::int32_t cursorLocation,
                                            std::int32_t isolationLevel, platform::Surroundings& surroundings) {
   const DatabaseSystem system = PreAbreCn(connectionString, surroundings);
-  connectionString = Replace(std::move(connectionString), L";;", L";");
-  connectionString = Replace(std::move(connectionString), L"; ;", L";");
+  connectionString = ReplaceAll(std::move(connectionString), L";;", L";");
+  connectionString = ReplaceAll(std::move(connectionString), L"; ;", L";");
 
   auto connection = surroundings.NewConnection();
   connection->SetConnectionString(connectionString);

@@ -5,22 +5,17 @@
 #include <limits>
 
 #include "values/erro.h"
-#include "values/piece.h"
 #include "values/upper.h"
-#include "values/writer.h"
 
 namespace kodra::data {
 namespace {
 
 constexpr std::wstring_view kSource = L"modADO::PreAbreCn";
 
-// Room for the upper-case form of nearly every connection string.
-using UpperCased = values::LocalText<500>;
-
 bool Contains(std::wstring_view text, std::wstring_view word) { return text.find(word) != std::wstring_view::npos; }
 
-bool ContainsAny(std::wstring_view text, std::initializer_list<values::Piece> words) {
-  return std::any_of(words.begin(), words.end(), [&](values::Piece word) { return Contains(text, word); });
+bool ContainsAny(std::wstring_view text, std::initializer_list<std::wstring_view> words) {
+  return std::any_of(words.begin(), words.end(), [&](std::wstring_view word) { return Contains(text, word); });
 }
 
 DatabaseSystem SystemOf(std::wstring_view upperCased) {
@@ -59,8 +54,8 @@ void CheckSQLiteFile(const std::wstring& path, platform::Surroundings& surroundi
 DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings) {
   // The client's text answers every search, also after something was added: that begins behind a ";" and has none of
   // the words.
-  const UpperCased upper(values::InUpperCase{connectionString});
-  const auto appendUnlessPresent = [&](values::Piece upperWord, values::Piece pairs) {
+  const std::wstring upper = values::UpperCase(connectionString);
+  const auto appendUnlessPresent = [&](std::wstring_view upperWord, std::wstring_view pairs) {
     if (!Contains(upper, upperWord)) connectionString += pairs;
   };
 
@@ -77,7 +72,7 @@ DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings&
       appendUnlessPresent(L"PATCH1", L"Patch1=1024;");
       break;
     case DatabaseSystem::kSQLite:
-      CheckSQLiteFile(ValueAt(connectionString, upper.View().find(L"DATABASE")), surroundings);
+      CheckSQLiteFile(ReadKey(connectionString, L"Database"), surroundings);
       connectionString += L"OEMCP=1;";  // also when the client gave one: a second does no harm
       appendUnlessPresent(L"FKSUPPORT", L"FKSupport=true;");
       break;
@@ -88,31 +83,13 @@ DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings&
 }
 
 std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key) {
-  const UpperCased upper(values::InUpperCase{connectionString});
-  return ValueAt(connectionString, upper.View().find(values::UpperCase(key)));
+  return ValueAt(connectionString, values::UpperCase(connectionString).find(values::UpperCase(key)));
 }
 
-std::wstring Replace(std::wstring expression, std::wstring_view find, std::wstring_view replacement, std::int32_t start,
-                     std::int32_t maximum, Comparison comparison) {
-  if (find.empty() || find == replacement) return expression;
-  std::wstring upperExpression;
-  std::wstring upperFind;
-  std::wstring_view haystack = expression;
-  std::wstring_view needle = find;
-  if (comparison == Comparison::kText) {
-    haystack = upperExpression = values::UpperCase(expression);
-    needle = upperFind = values::UpperCase(find);
-  }
-  std::size_t match = haystack.find(needle, static_cast<std::size_t>(std::max<std::int32_t>(start, 1)) - 1);
-  if (match == std::wstring_view::npos) return expression;
-  std::wstring result;
-  std::size_t copied = 0;
-  for (std::int32_t left = maximum; match != std::wstring_view::npos && left != 0; --left) {
-    result.append(expression, copied, match - copied).append(replacement);
-    copied = match + find.size();
-    match = haystack.find(needle, copied);
-  }
-  return result.append(expression, copied);
+std::wstring ReplaceAll(std::wstring text, std::wstring_view find, std::wstring_view replacement) {
+  for (std::size_t at = text.find(find); at != std::wstring::npos; at = text.find(find, at + replacement.size()))
+    text.replace(at, find.size(), replacement);
+  return text;
 }
 
 }  // namespace kodra::data

@@ -23,7 +23,7 @@ enum class DatabaseSystem { kOther, kOracle, kDB2, kSQLite };
 // - DB2 and iSeries: the provider's warning list and patch;
 // - SQLite: the database file must exist and hold at least one byte, then text encoding and foreign keys.
 // Raises kErrBase + 1 (file not found) and kErrBase + 2 (file damaged), source "modADO::PreAbreCn".
-// Gives the system that it prepared the string for.
+// Returns the system that it prepared the string for.
 DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings);
 
 // The value of the first pair whose text contains the key, untrimmed; empty when there is none. A key is found inside
@@ -31,12 +31,8 @@ DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings&
 // REQUIRES: the key is not empty and has no ";".
 std::wstring ReadKey(std::wstring_view connectionString, std::wstring_view key);
 
-// How texts are compared when they are searched.
-enum class Comparison { kBinary, kText };
-
-// Replaces every match of `find`, from the 1-based position `start` on, until `maximum` replacements (-1: no limit).
-// The search resumes after the inserted text. An empty or unchanged `find` gives the expression back.
-std::wstring Replace(std::wstring expression, std::wstring_view find, std::wstring_view replacement,
-                     std::int32_t start = 1, std::int32_t maximum = -1, Comparison comparison = Comparison::kBinary);
+// Replaces every match of `find`, once from left to right: what a replacement makes anew stays.
+// REQUIRES: `find` is not empty.
+std::wstring ReplaceAll(std::wstring text, std::wstring_view find, std::wstring_view replacement);
 
 }  // namespace kodra::data

@@ -6,7 +6,7 @@
 namespace kodra::frame {
 namespace {
 
-Value Read(AutomationObject& parameters, values::Piece property) {
+Value Read(AutomationObject& parameters, std::wstring_view property) {
   try {
     return parameters.Get(property);
   } catch (const MemberNotFound& erro) {
@@ -17,15 +17,15 @@ Value Read(AutomationObject& parameters, values::Piece property) {
 
 }  // namespace
 
-std::wstring ReadText(AutomationObject& parameters, values::Piece property) {
+std::wstring ReadText(AutomationObject& parameters, std::wstring_view property) {
   return values::ToText(Read(parameters, property));
 }
 
-Date ReadDate(AutomationObject& parameters, values::Piece property) {
+Date ReadDate(AutomationObject& parameters, std::wstring_view property) {
   return values::ToDate(Read(parameters, property));
 }
 
-bool ReadFlag(AutomationObject& parameters, values::Piece property) {
+bool ReadFlag(AutomationObject& parameters, std::wstring_view property) {
   return values::ToBool(Read(parameters, property));
 }
 

@@ -27,10 +27,6 @@ class FieldObject final : public AutomationObject {
 
 }  // namespace
 
-std::optional<Value> Field::LetText(AutomationObject& object, std::wstring_view member, std::size_t) {
-  return object.Get(member);
-}
-
 ObjectRef Field::AsObject() { return std::make_shared<FieldObject>(*this); }
 
 }  // namespace kodra::platform

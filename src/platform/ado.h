@@ -7,10 +7,10 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "values/value.h"
 
@@ -83,13 +83,16 @@ class Field {
   virtual ~Field() = default;
   virtual Value Get() = 0;
   virtual void Let(const Value& value) = 0;
-  // Reads a property of an object. A text of one to `longest` characters that the platform can hand on without a copy
-  // of its own is assigned; anything else is given back, for the caller to convert and assign. As it stands everything
-  // is given back.
-  virtual std::optional<Value> LetText(AutomationObject& object, std::wstring_view member, std::size_t longest);
   // The field as an automation object, whose member Value is the value on the current row. It may be used as long as
-  // the field is. As it stands it reads and writes this field.
+  // the field is. By default it reads and writes this field.
   virtual ObjectRef AsObject();
+};
+
+// A column of an open recordset.
+struct Column {
+  std::wstring name;
+  std::int32_t type;  // ADO's DataTypeEnum
+  std::unique_ptr<Field> field;
 };
 
 // What a recordset is opened on: left out, an SQL text, which is read before the call returns, or a command.
@@ -112,11 +115,14 @@ class Recordset {
   virtual bool Eof() = 0;
   virtual void MoveFirst() = 0;
   virtual void MoveNext() = 0;
+  // The number of rows; -1 while it is unknown, as on a stream.
+  virtual std::int64_t RecordCount() = 0;
 
   // Defines a field of a recordset that is filled in memory. REQUIRES: not open. The size is in characters.
   virtual void AppendField(const std::wstring& name, std::int32_t type, std::int32_t definedSize,
                            std::int32_t attributes) = 0;
-  // The field stays usable as long as the recordset is open and not destroyed.
+  // In the order of the recordset. Fields stay usable as long as the recordset is open and not destroyed.
+  virtual std::vector<Column> Columns() = 0;
   virtual std::unique_ptr<Field> FieldByName(const std::wstring& name) = 0;
   virtual void AddNew() = 0;
   virtual void Update() = 0;

@@ -1,6 +1,6 @@
 // Everything that the component asks of the machine it runs on.
 //
-// Three answers exist: COM and ADO on Windows (platform/windows), ODBC (platform/odbc), and recorders in the tests.
+// Three answers exist: COM and ADO on Windows (ado/), ODBC (odbc/engine), and recorders in the tests.
 // One object may serve several threads; what it makes belongs to the thread that asked.
 #pragma once
 

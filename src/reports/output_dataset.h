@@ -1,11 +1,14 @@
 // The recordsets that reports read from and fill themselves.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "frame/report_class.h"
+#include "frame/report_call.h"
 #include "values/convert.h"
 
 namespace kodra::reports {
@@ -30,7 +33,7 @@ class SourceField {
 //   output.AppendText(L"CONTAINER", 10);
 //   output.Open();
 //   output.AddNew();
-//   output[0].Let(L"C01");
+//   output.Let(L"CONTAINER", L"C01");
 //   output.Update();
 //   return output.Release();
 class OutputDataset {
@@ -44,22 +47,27 @@ class OutputDataset {
   }
   void AppendText(std::wstring name, std::int32_t size) { Append(std::move(name), platform::ad::kVarChar, size); }
 
-  // Opens it with every argument left out and looks up the fields in the order of their appending.
+  // Opens it with every argument left out and looks its fields up.
   void Open() {
     constexpr std::int32_t kUnspecified = platform::ad::kUnspecified;
     rows_->Open(std::monostate{}, std::monostate{}, kUnspecified, kUnspecified, kUnspecified);
-    for (const std::wstring& name : names_) fields_.push_back(rows_->FieldByName(name));
+    for (const std::wstring& name : names_) fields_.emplace(name, rows_->FieldByName(name));
   }
 
-  // A field by the position of its appending. REQUIRES: open.
-  platform::Field& operator[](std::size_t index) { return *fields_[index]; }
-
   void AddNew() { rows_->AddNew(); }
+  // Assigns a field of the current row. Raises what the recordset raises for a field that was not appended.
+  void Let(std::wstring_view name, const Value& value) {
+    const auto field = fields_.find(name);
+    if (field != fields_.end())
+      field->second->Let(value);
+    else
+      rows_->FieldByName(std::wstring(name))->Let(value);
+  }
   void Update() { rows_->Update(); }
   void MoveFirst() { rows_->MoveFirst(); }
   platform::Recordset& Rows() { return *rows_; }
 
-  // Hands the recordset over; the fields are let go first.
+  // Hands the recordset over; the fields are released first.
   frame::ReportRows Release() {
     fields_.clear();
     return std::move(rows_);
@@ -68,7 +76,7 @@ class OutputDataset {
  private:
   std::unique_ptr<platform::Recordset> rows_;
   std::vector<std::wstring> names_;
-  std::vector<std::unique_ptr<platform::Field>> fields_;
+  std::map<std::wstring, std::unique_ptr<platform::Field>, std::less<>> fields_;
 };
 
 }  // namespace kodra::reports

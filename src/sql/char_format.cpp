@@ -4,7 +4,7 @@
 
 namespace kodra::sql {
 
-CharFormat CharFormatOf(values::Piece format) noexcept {
+CharFormat CharFormatOf(std::wstring_view format) noexcept {
   if (values::EqualIgnoringCase(format, L"DD/MM/YYYY HH24")) return CharFormat::kDateAndHour;
   if (values::EqualIgnoringCase(format, L"DD/MM/YYYY")) return CharFormat::kDate;
   if (values::EqualIgnoringCase(format, L"HH24")) return CharFormat::kHour;

@@ -1,13 +1,13 @@
 // The date formats that SQLToChar translates.
 #pragma once
 
-#include "values/piece.h"
+#include <string_view>
 
 namespace kodra::sql {
 
 enum class CharFormat { kDateAndHour, kDate, kHour, kOther };
 
 // The format that a text names, in any letter case; kOther for any other text.
-CharFormat CharFormatOf(values::Piece format) noexcept;
+CharFormat CharFormatOf(std::wstring_view format) noexcept;
 
 }  // namespace kodra::sql

@@ -7,24 +7,24 @@ namespace {
 class DB2Dialect final : public Dialect {
  public:
   // Oracle's arithmetic and conversions: DB2 offers them under the same names.
-  void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const override {
-    oracle_forms::DateAdd(out, interval, number, date);
+  std::wstring DateAdd(const std::wstring& interval, const std::wstring& number,
+                       const std::wstring& date) const override {
+    return oracle_forms::DateAdd(interval, number, date);
   }
-  void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const override {
-    oracle_forms::ToDate(out, text, layout);
+  std::wstring ToDate(const std::wstring& text, std::int32_t layout) const override {
+    return oracle_forms::ToDate(text, layout);
   }
-  bool HasDateLiterals() const override { return true; }
-  void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) const override {
-    oracle_forms::DateLiteral(out, date, layout);
+  std::wstring ToChar(const std::wstring& expr, const std::wstring& format) const override {
+    return oracle_forms::ToChar(expr, format);
   }
-  void ToChar(values::Writer& out, values::Piece expr, values::Piece format) const override {
-    oracle_forms::ToChar(out, expr, format);
-  }
-  values::Piece CurrentDate() const override { return L"CURRENT DATE"; }
-  void ToInt(values::Writer& out, values::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
-  values::Piece ConcatSeparator() const override { return L" || "; }
-  values::Piece NullReplacer() const override { return L"COALESCE"; }
-  values::Piece DefaultDateType() const override { return L"TIMESTAMP"; }
+  std::wstring CurrentDate() const override { return L"CURRENT DATE"; }
+  std::wstring ToInt(const std::wstring& expr) const override { return L"CAST(" + expr + L" AS INT)"; }
+  std::wstring ConcatSeparator() const override { return L" || "; }
+  std::wstring ConcatOpening() const override { return L""; }
+  std::wstring ConcatClosing() const override { return L""; }
+  std::wstring NullReplacer() const override { return L"COALESCE"; }
+  std::wstring DefaultDateType() const override { return L"TIMESTAMP"; }
+  std::wstring FromOneRow() const override { return L" FROM SYSIBM.SYSDUMMY1 "; }
 };
 
 }  // namespace

@@ -4,32 +4,43 @@
 namespace kodra::sql {
 namespace {
 
+// Both codes of Oracle. They differ in the row of literals alone: for the second variant it is selected from no table.
 class OracleDialect final : public Dialect {
  public:
-  void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const override {
-    oracle_forms::DateAdd(out, interval, number, date);
+  explicit constexpr OracleDialect(const wchar_t* fromOneRow) : fromOneRow_(fromOneRow) {}
+
+  std::wstring DateAdd(const std::wstring& interval, const std::wstring& number,
+                       const std::wstring& date) const override {
+    return oracle_forms::DateAdd(interval, number, date);
   }
-  values::Piece CurrentDate() const override { return L"TRUNC(SYSDATE)"; }
-  void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const override {
-    oracle_forms::ToDate(out, text, layout);
+  std::wstring CurrentDate() const override { return L"TRUNC(SYSDATE)"; }
+  std::wstring ToDate(const std::wstring& text, std::int32_t layout) const override {
+    return oracle_forms::ToDate(text, layout);
   }
-  bool HasDateLiterals() const override { return true; }
-  void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) const override {
-    oracle_forms::DateLiteral(out, date, layout);
+  std::wstring ToInt(const std::wstring& expr) const override { return L"TO_NUMBER(" + expr + L")"; }
+  std::wstring ToChar(const std::wstring& expr, const std::wstring& format) const override {
+    return oracle_forms::ToChar(expr, format);
   }
-  void ToInt(values::Writer& out, values::Piece expr) const override { out.Append(L"TO_NUMBER(", expr, L")"); }
-  void ToChar(values::Writer& out, values::Piece expr, values::Piece format) const override {
-    oracle_forms::ToChar(out, expr, format);
-  }
-  values::Piece ConcatSeparator() const override { return L" || "; }
-  values::Piece NullReplacer() const override { return L"NVL"; }
-  values::Piece DefaultDateType() const override { return L"DATE"; }
+  std::wstring ConcatSeparator() const override { return L" || "; }
+  std::wstring ConcatOpening() const override { return L""; }
+  std::wstring ConcatClosing() const override { return L""; }
+  std::wstring NullReplacer() const override { return L"NVL"; }
+  std::wstring DefaultDateType() const override { return L"DATE"; }
+  std::wstring FromOneRow() const override { return fromOneRow_; }
+
+ private:
+  const wchar_t* fromOneRow_;
 };
 
 }  // namespace
 
 const Dialect& Oracle() {
-  static constexpr OracleDialect dialect;
+  static constexpr OracleDialect dialect(L" FROM SYS.DUAL ");
+  return dialect;
+}
+
+const Dialect& OracleAlt() {
+  static constexpr OracleDialect dialect(L"");
   return dialect;
 }
 

@@ -1,47 +1,50 @@
 #include "sql/dialect.h"
 #include "sql/interval.h"
-#include "sql/tradutor_sql.h"
+#include "sql/layouts.h"
 
 namespace kodra::sql {
 namespace {
 
 class SQLiteDialect final : public Dialect {
  public:
-  void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) const override {
+  std::wstring DateAdd(const std::wstring& interval, const std::wstring& number,
+                       const std::wstring& date) const override {
     switch (IntervalOf(interval)) {
       case Interval::kMinutes:
-        return out.Append(L"datetime('", date, L"', '+", number, L" minutes')");
+        return L"datetime('" + date + L"', '+" + number + L" minutes')";
       case Interval::kDays:
-        return out.Append(L"date('", date, L"', '+", number, L" days')");
+        return L"date('" + date + L"', '+" + number + L" days')";
       case Interval::kMonths:
-        return out.Append(L"date('", date, L"', '+", number, L" months')");
+        return L"date('" + date + L"', '+" + number + L" months')";
       case Interval::kYears:
-        return out.Append(L"date('", date, L"', '+", number, L" years')");
+        return L"date('" + date + L"', '+" + number + L" years')";
       case Interval::kOther:
         break;
     }
+    return {};
   }
-  values::Piece CurrentDate() const override { return L"date('now')"; }
-  void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) const override {
+  std::wstring CurrentDate() const override { return L"date('now')"; }
+  std::wstring ToDate(const std::wstring& text, std::int32_t layout) const override {
     switch (layout) {
       case fdDDMMYYYY:
-        return out.Append(L"strftime('%d-%m-%Y',", text, L")");
+        return L"strftime('%d-%m-%Y'," + text + L")";
       case fdYYYYMMDD:
-        return out.Append(L"strftime('%Y-%m-%d',", text, L")");
+        return L"strftime('%Y-%m-%d'," + text + L")";
       case fdDateTime:
-        return out.Append(L"strftime('%Y-%m-%d %H:%M:%S',", text, L")");
+        return L"strftime('%Y-%m-%d %H:%M:%S'," + text + L")";
       default:
-        break;
+        return {};
     }
   }
-  bool HasDateLiterals() const override { return false; }
-  void DateLiteral(values::Writer&, const values::Calendar&, std::int32_t) const override {}
-  void ToInt(values::Writer& out, values::Piece expr) const override { out.Append(L"CAST(", expr, L" AS INT)"); }
+  std::wstring ToInt(const std::wstring& expr) const override { return L"CAST(" + expr + L" AS INT)"; }
   // A report on SQLite gets no text for this fragment, whatever the format.
-  void ToChar(values::Writer&, values::Piece, values::Piece) const override {}
-  values::Piece ConcatSeparator() const override { return L" || "; }
-  values::Piece NullReplacer() const override { return L"IFNULL"; }
-  values::Piece DefaultDateType() const override { return L"DATETIME"; }
+  std::wstring ToChar(const std::wstring&, const std::wstring&) const override { return {}; }
+  std::wstring ConcatSeparator() const override { return L" || "; }
+  std::wstring ConcatOpening() const override { return L""; }
+  std::wstring ConcatClosing() const override { return L""; }
+  std::wstring NullReplacer() const override { return L"IFNULL"; }
+  std::wstring DefaultDateType() const override { return L"DATETIME"; }
+  std::wstring FromOneRow() const override { return L""; }
 };
 
 }  // namespace

@@ -20,7 +20,7 @@ constexpr Name kNames[] = {
 
 }  // namespace
 
-Interval IntervalOf(values::Piece name) noexcept {
+Interval IntervalOf(std::wstring_view name) noexcept {
   for (const Name& known : kNames) {
     if (values::EqualIgnoringCase(name, known.text)) return known.interval;
   }

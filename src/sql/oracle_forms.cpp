@@ -1,15 +1,14 @@
 #include "sql/oracle_forms.h"
 
 #include "sql/interval.h"
+#include "sql/layouts.h"
 #include "sql/quoted_date.h"
-#include "sql/tradutor_sql.h"
-#include "values/dates.h"
 
 namespace kodra::sql::oracle_forms {
 namespace {
 
-// The pattern of a layout; empty for a layout that is not known.
-values::Piece PatternOf(std::int32_t layout) {
+// The pattern of a layout; empty for an unknown layout.
+std::wstring PatternOf(std::int32_t layout) {
   switch (layout) {
     case fdDDMMYYYY:
       return L"DD/MM/YYYY";
@@ -24,35 +23,28 @@ values::Piece PatternOf(std::int32_t layout) {
 
 }  // namespace
 
-void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date) {
+std::wstring DateAdd(const std::wstring& interval, const std::wstring& number, const std::wstring& date) {
   switch (IntervalOf(interval)) {
     case Interval::kMinutes:
-      return out.Append(date, L" + ", number, L" / 1440");
+      return date + L" + " + number + L" / 1440";
     case Interval::kDays:
-      return out.Append(date, L" + ", number);
+      return date + L" + " + number;
     case Interval::kMonths:
-      return out.Append(L"ADD_MONTHS(", date, L", ", number, L")");
+      return L"ADD_MONTHS(" + date + L", " + number + L")";
     case Interval::kYears:
-      return out.Append(L"ADD_MONTHS(", date, L", ", number, L" * 12)");
+      return L"ADD_MONTHS(" + date + L", " + number + L" * 12)";
     case Interval::kOther:
       break;
   }
+  return {};
 }
 
-void ToDate(values::Writer& out, values::Piece text, std::int32_t layout) {
-  const values::Piece pattern = PatternOf(layout);
-  if (!pattern.empty()) {
-    if (const auto date = values::ParseDate(text)) return DateLiteral(out, values::ToCalendar(*date), layout);
-  }
-  out.Append(L"TO_DATE(", text, L",'", pattern, L"')");
+std::wstring ToDate(const std::wstring& text, std::int32_t layout) {
+  return L"TO_DATE(" + QuotedDate(text, layout).value_or(text) + L",'" + PatternOf(layout) + L"')";
 }
 
-void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout) {
-  out.Append(L"TO_DATE(", QuotedDate{date, layout}, L",'", PatternOf(layout), L"')");
-}
-
-void ToChar(values::Writer& out, values::Piece expr, values::Piece format) {
-  out.Append(L"TO_CHAR(", expr, L",'", format, L"')");
+std::wstring ToChar(const std::wstring& expr, const std::wstring& format) {
+  return L"TO_CHAR(" + expr + L",'" + format + L"')";
 }
 
 }  // namespace kodra::sql::oracle_forms

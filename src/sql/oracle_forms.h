@@ -2,16 +2,12 @@
 #pragma once
 
 #include <cstdint>
-
-#include "values/dates.h"
-#include "values/piece.h"
-#include "values/writer.h"
+#include <string>
 
 namespace kodra::sql::oracle_forms {
 
-void DateAdd(values::Writer& out, values::Piece interval, values::Piece number, values::Piece date);
-void ToDate(values::Writer& out, values::Piece text, std::int32_t layout);
-void DateLiteral(values::Writer& out, const values::Calendar& date, std::int32_t layout);
-void ToChar(values::Writer& out, values::Piece expr, values::Piece format);
+std::wstring DateAdd(const std::wstring& interval, const std::wstring& number, const std::wstring& date);
+std::wstring ToDate(const std::wstring& text, std::int32_t layout);
+std::wstring ToChar(const std::wstring& expr, const std::wstring& format);
 
 }  // namespace kodra::sql::oracle_forms

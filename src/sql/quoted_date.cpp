@@ -1,22 +1,23 @@
 #include "sql/quoted_date.h"
 
-#include "sql/tradutor_sql.h"
+#include "sql/layouts.h"
+#include "values/dates.h"
 #include "values/format_date.h"
 
 namespace kodra::sql {
 
-bool HasQuotedDate(std::int32_t layout) noexcept { return layout >= fdDDMMYYYY && layout <= fdDateTime; }
-
-void QuotedDate::WriteTo(values::Writer& out) const {
+std::optional<std::wstring> QuotedDate(const std::wstring& text, std::int32_t layout) {
+  const std::optional<Date> date = values::ParseDate(text);
+  if (!date) return std::nullopt;
   switch (layout) {
     case fdDDMMYYYY:
-      return out.Append(values::DateBy<L"'dd/mm/yyyy'">(date));
+      return values::FormatDate(*date, L"'dd/mm/yyyy'");
     case fdYYYYMMDD:
-      return out.Append(values::DateBy<L"'yyyy/mm/dd'">(date));
+      return values::FormatDate(*date, L"'yyyy/mm/dd'");
     case fdDateTime:
-      return out.Append(values::DateBy<L"'yyyy/mm/dd hh:nn:ss'">(date));
+      return values::FormatDate(*date, L"'yyyy/mm/dd hh:nn:ss'");
     default:
-      break;
+      return std::nullopt;
   }
 }
 

@@ -2,22 +2,13 @@
 #pragma once
 
 #include <cstdint>
-
-#include "values/dates.h"
-#include "values/writer.h"
+#include <optional>
+#include <string>
 
 namespace kodra::sql {
 
-// Whether a layout is one of SQLToDate's.
-bool HasQuotedDate(std::int32_t layout) noexcept;
-
-// The date in the order of the layout, '31/12/2023', '2023/12/31' or '2023/12/31 10:20:30'; nothing for a layout that
-// is none.
-struct QuotedDate {
-  const values::Calendar& date;
-  std::int32_t layout;
-
-  void WriteTo(values::Writer& out) const;
-};
+// A text that values::ParseDate recognises, in the order of the layout: '31/12/2023', '2023/12/31' or
+// '2023/12/31 10:20:30'; nothing for any other text and for an unknown layout.
+std::optional<std::wstring> QuotedDate(const std::wstring& text, std::int32_t layout);
 
 }  // namespace kodra::sql

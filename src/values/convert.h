@@ -14,11 +14,10 @@ namespace kodra::values {
 
 // Empty gives the empty text, a Boolean "Verdadeiro" or "Falso", a number its decimal-comma text, a date DateToText.
 std::wstring ToText(const Value& value);
-std::wstring ToText(Value&& value);
 
 // A value joined to the empty text: as ToText, but Null gives the empty text too, and so does an object whose default
 // property is Null.
-std::wstring ToTextOrEmpty(Value value);
+std::wstring ToTextOrEmpty(const Value& value);
 
 // A 32-bit integer: halves go to the even neighbour, true is -1, Empty is 0, text is read as a Brazilian number.
 // Raises RuntimeError::kOverflow beyond 32 bits and RuntimeError::kTypeMismatch for text that is no number.

@@ -50,13 +50,6 @@ std::wstring UpperCase(std::wstring_view text) {
   return upper;
 }
 
-void InUpperCase::WriteTo(Writer& out) const {
-  out.AppendUpTo(text.size(), [this](wchar_t* end) {
-    for (const wchar_t character : text) *end++ = UpperCase(character);
-    return end;
-  });
-}
-
 bool EqualIgnoringCase(std::wstring_view one, std::wstring_view other) noexcept {
   return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                     [](wchar_t a, wchar_t b) { return UpperCase(a) == UpperCase(b); });

@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "values/writer.h"
-
 namespace kodra::values {
 
 // As UpperCase, for the letters A to Z only.
@@ -24,13 +22,6 @@ inline wchar_t UpperCase(wchar_t character) noexcept {
 
 // The text in upper case, character by character.
 std::wstring UpperCase(std::wstring_view text);
-
-// The same, written where it is wanted.
-struct InUpperCase {
-  std::wstring_view text;
-
-  void WriteTo(Writer& out) const;
-};
 
 // Whether two texts are equal when both are in upper case.
 bool EqualIgnoringCase(std::wstring_view one, std::wstring_view other) noexcept;

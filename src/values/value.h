@@ -83,8 +83,6 @@ class Value {
     return std::get<T>(storage_);
   }
   const Storage& Held() const { return storage_; }
-  // The text, taken out. REQUIRES: Is<std::wstring>().
-  std::wstring TakeText() && { return std::move(std::get<std::wstring>(storage_)); }
 
   bool operator==(const Value&) const = default;
 

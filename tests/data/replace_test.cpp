@@ -6,44 +6,21 @@
 namespace kodra::data {
 namespace {
 
-TEST(ReplaceTest, ReplacesEveryMatch) { EXPECT_EQ(Replace(L"a-b-c", L"-", L"+"), L"a+b+c"); }
+TEST(ReplaceAll, ReplacesEveryMatch) { EXPECT_EQ(ReplaceAll(L"a-b-c", L"-", L"+"), L"a+b+c"); }
 
-TEST(ReplaceTest, GivesTheExpressionBackWithoutAMatch) { EXPECT_EQ(Replace(L"abc", L"-", L"+"), L"abc"); }
+TEST(ReplaceAll, ReturnsTheTextWithoutAMatch) { EXPECT_EQ(ReplaceAll(L"abc", L"-", L"+"), L"abc"); }
 
-TEST(ReplaceTest, GivesTheExpressionBackForNothingToFind) { EXPECT_EQ(Replace(L"abc", L"", L"+"), L"abc"); }
+TEST(ReplaceAll, ReturnsTheTextForAnEqualReplacement) { EXPECT_EQ(ReplaceAll(L"abc", L"b", L"b"), L"abc"); }
 
-TEST(ReplaceTest, GivesTheExpressionBackForAnEqualReplacement) { EXPECT_EQ(Replace(L"abc", L"b", L"b"), L"abc"); }
+TEST(ReplaceAll, ReturnsTheEmptyText) { EXPECT_EQ(ReplaceAll(L"", L"b", L"c"), L""); }
 
-TEST(ReplaceTest, GivesTheEmptyExpressionBack) { EXPECT_EQ(Replace(L"", L"b", L"c"), L""); }
-
-TEST(ReplaceTest, ResumesAfterTheInsertedText) {
-  EXPECT_EQ(Replace(L";;;", L";;", L";"), L";;");
-  EXPECT_EQ(Replace(L";;;;", L";;", L";"), L";;");
-  EXPECT_EQ(Replace(L"aa", L"a", L"aa"), L"aaaa");
+TEST(ReplaceAll, ResumesAfterTheInsertedText) {
+  EXPECT_EQ(ReplaceAll(L";;;", L";;", L";"), L";;");
+  EXPECT_EQ(ReplaceAll(L";;;;", L";;", L";"), L";;");
+  EXPECT_EQ(ReplaceAll(L"aa", L"a", L"aa"), L"aaaa");
 }
 
-TEST(ReplaceTest, RemovesMatchesForAnEmptyReplacement) { EXPECT_EQ(Replace(L"a-b-", L"-", L""), L"ab"); }
-
-TEST(ReplaceTest, KeepsWhatStandsBeforeTheStartPosition) {
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 1), L"+++");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 2), L"-++");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 3), L"--+");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 4), L"---");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 99), L"---");
-}
-
-TEST(ReplaceTest, StopsAtTheMaximumCount) {
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 1, 1), L"+--");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 1, 2), L"++-");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 1, 9), L"+++");
-  EXPECT_EQ(Replace(L"---", L"-", L"+", 2, 1), L"-+-");
-}
-
-TEST(ReplaceTest, HeedsLetterCaseUnlessAskedToCompareAsText) {
-  EXPECT_EQ(Replace(L"aAÁá", L"a", L"x"), L"xAÁá");
-  EXPECT_EQ(Replace(L"aAÁá", L"a", L"x", 1, -1, Comparison::kText), L"xxÁá");
-  EXPECT_EQ(Replace(L"aAÁá", L"á", L"x", 1, -1, Comparison::kText), L"aAxx");
-}
+TEST(ReplaceAll, RemovesMatchesForAnEmptyReplacement) { EXPECT_EQ(ReplaceAll(L"a-b-", L"-", L""), L"ab"); }
 
 }  // namespace
 }  // namespace kodra::data

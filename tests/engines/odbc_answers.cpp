@@ -23,7 +23,7 @@ struct TextOf {
   std::string operator()(float number) const { return Number(values::NumberToText(number)); }
   std::string operator()(double number) const { return Number(values::NumberToText(number)); }
   std::string operator()(const Decimal& number) const { return Number(values::NumberToText(number)); }
-  std::string operator()(Date date) const { return "d" + ToUtf8(values::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date)); }
+  std::string operator()(Date date) const { return "d" + ToUtf8(values::FormatDate(date, L"yyyy-mm-dd hh:nn:ss")); }
   std::string operator()(const std::wstring& text) const { return "t" + Escaped(ToUtf8(text)); }
   template <class Other>
   std::string operator()(const Other&) const {

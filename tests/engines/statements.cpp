@@ -8,7 +8,7 @@
 #include "odbc/engine/command.h"
 #include "odbc/engine/recordset.h"
 #include "odbc/engine/surroundings.h"
-#include "reports/modules/caixa_rpt.h"
+#include "reports/reports.h"
 #include "siblings/sibling_classes.h"
 #include "sql/tipo_banco.h"
 #include "tests/db/sample.h"
@@ -89,10 +89,10 @@ class FixedStrCon final : public siblings::Sibling<FixedStrCon> {
   std::int32_t code_;
 };
 
-using ModuleMethod = frame::ReportRows (reports::CCaixaRpt::*)(AutomationObject*);
+using ModuleMethod = frame::ReportRows (*)(reports::ModuleCall&);
 
 ModuleMethod ModuleMethodNamed(std::wstring_view name) {
-  using reports::CCaixaRpt;
+  namespace CCaixaRpt = reports::CCaixaRpt;
   static const std::map<std::wstring_view, ModuleMethod> methods = {
       {L"EtiquetaAbertura", &CCaixaRpt::EtiquetaAbertura},
       {L"EtiquetaFechamento", &CCaixaRpt::EtiquetaFechamento},
@@ -136,9 +136,9 @@ class Catcher {
  private:
   void CallOnClientsConnection(const reports::ReportMethod& method, frame::ParameterObject& parameters) {
     const auto client = std::make_shared<siblings::ConnectionObject>(siblingsMachine_, archive_);
-    reports::CCaixaRpt report(machine_);
+    reports::ModuleObject report(L"CCaixaRpt", machine_);
     report.SetConexao({client->Connection(), client});
-    (report.*ModuleMethodNamed(method.method))(&parameters);
+    frame::Run(report, method.method, ModuleMethodNamed(method.method), &parameters);
   }
 
   std::wstring archive_;

@@ -75,11 +75,11 @@ void CheckRecognised(const std::wstring& input, Date date) {
   RequireDate(values::UpperCase(input), calendar, "letter case says nothing");
 
   const std::wstring longForm = Printed(L"%02d/%02d/%d %02d:%02d:%02d", calendar);
-  RequireEqual(values::FormatDate<L"dd/mm/yyyy hh:nn:ss">(date), longForm, "a date is written by its pattern");
-  RequireEqual(values::FormatDate<L"DD/MM/YYYY HH:MM:SS">(date), longForm, "a pattern knows no letter case");
+  RequireEqual(values::FormatDate(date, L"dd/mm/yyyy hh:nn:ss"), longForm, "a date is written by its pattern");
+  RequireEqual(values::FormatDate(date, L"DD/MM/YYYY HH:MM:SS"), longForm, "a pattern knows no letter case");
   RequireDate(longForm, calendar, "a date written day first is recognised");
-  RequireDate(values::FormatDate<L"yyyy-mm-dd hh:nn:ss">(date), calendar, "a date written year first is recognised");
-  RequireDate(values::FormatDate<L"hh.nn.ss, d-m-yyyy">(date), calendar, "a date after its time is recognised");
+  RequireDate(values::FormatDate(date, L"yyyy-mm-dd hh:nn:ss"), calendar, "a date written year first is recognised");
+  RequireDate(values::FormatDate(date, L"hh.nn.ss, d-m-yyyy"), calendar, "a date after its time is recognised");
 }
 
 void CheckConverted(const std::wstring& input) {

@@ -1,9 +1,8 @@
 // The SELECT builder: whatever is set in whatever order, the clauses stand in the order of SQL.
 //
 // Input: a call a line, its first character the operation, the rest its text:
-//   c columns   f FROM   w WHERE   g GROUP BY   o ORDER BY   each sets its text; in upper case, C and W append to it
-//   0 to 9      a join at that position: "i" or "l" for its kind, the table, "|", the condition
-//   t           a database code, which no clause depends on
+//   c columns   f FROM   w WHERE   g GROUP BY   o ORDER BY   each sets its text; in upper case, C and W read it and
+//   append 0 to 9      a join at that position: "i" or "l" for its kind, the table, "|", the condition
 #include <map>
 
 #include "data/select_builder.h"
@@ -55,20 +54,18 @@ void Call(std::wstring_view call, SelectBuilder& select, Parts& parts) {
       return select.SetColumns(parts.columns = text);
     case L'C':
       parts.columns += text;
-      return select.AddToColumns(text);
+      return select.SetColumns(select.Columns() + text);
     case L'f':
       return select.SetFrom(parts.from = text);
     case L'w':
       return select.SetWhere(parts.where = text);
     case L'W':
       parts.where += text;
-      return select.AddToWhere(text);
+      return select.SetWhere(select.Where() + text);
     case L'g':
       return select.SetGroupBy(parts.groupBy = text);
     case L'o':
       return select.SetOrderBy(parts.orderBy = text);
-    case L't':
-      return select.SetTipoBanco(static_cast<std::int32_t>(text.size()) - 2);
     default:
       return;
   }
@@ -100,8 +97,8 @@ void CheckStatement(const SelectBuilder& select, const Parts& parts) {
   statement.TakeAlways(L"SELECT ", parts.columns);
   statement.Take(L" FROM ", parts.from);
   for (const auto& [position, join] : parts.joins) {
-    statement.Take(join.left ? L" LEFT JOIN " : L" INNER JOIN ", join.table);
-    statement.Take(L" ON ", join.condition);
+    statement.TakeAlways(join.left ? L" LEFT JOIN " : L" INNER JOIN ", join.table);
+    statement.TakeAlways(L" ON ", join.condition);
   }
   statement.Take(L" WHERE ", parts.where);
   statement.Take(L" GROUP BY ", parts.groupBy);

@@ -74,18 +74,17 @@ bool IsPlain(std::wstring_view word) { return word.find_first_of(L"'()\ue000\ue0
 
 void CheckDateAdd(const Input& in, std::int32_t code) {
   if (!IsPlain(in.word)) return;
-  RequireVerbatim([&](const auto& number, const auto& date) { return ToString(SQLDateAdd(in.word, number, date)); },
-                  in.number, in.expression);
+  RequireVerbatim([&](const auto& number, const auto& date) { return SQLDateAdd(in.word, number, date); }, in.number,
+                  in.expression);
   if (code == tbSQLServer || code == tbMySQL) return;  // they get a word that they have no unit for as it is
-  RequireEqual(ToString(SQLDateAdd(values::UpperCase(in.word), in.number, in.expression)),
-               ToString(SQLDateAdd(in.word, in.number, in.expression)), "an interval knows no letter case");
+  RequireEqual(SQLDateAdd(values::UpperCase(in.word), in.number, in.expression),
+               SQLDateAdd(in.word, in.number, in.expression), "an interval knows no letter case");
 }
 
 void CheckToChar(const Input& in, std::int32_t code) {
   if (!IsPlain(in.word)) return;
-  RequireVerbatim([&](const auto& date, const auto&) { return ToString(SQLToChar(date, in.word)); }, in.expression,
-                  L"");
-  Require(code != tbSQLite || ToString(SQLToChar(in.expression, in.word)).empty(), "SQLite writes no date");
+  RequireVerbatim([&](const auto& date, const auto&) { return SQLToChar(date, in.word); }, in.expression, L"");
+  Require(code != tbSQLite || SQLToChar(in.expression, in.word).empty(), "SQLite writes no date");
 }
 
 std::wstring Printed(const wchar_t* format, std::int32_t a, std::int32_t b, std::int32_t c,
@@ -120,25 +119,24 @@ void CheckToDate(const Input& in, std::int32_t code) {
   const auto date = values::ParseDate(in.expression);
   for (const std::int32_t layout : kLayouts) {
     if (!date || code == tbSQLite) {
-      RequireVerbatim([&](const auto& expression, const auto&) { return ToString(SQLToDate(expression, layout)); },
-                      in.expression, L"");
+      RequireVerbatim([&](const auto& expression, const auto&) { return SQLToDate(expression, layout); }, in.expression,
+                      L"");
     } else if (layout <= fdDateTime) {
-      RequireEqual(ToString(SQLToDate(in.expression, layout)), DateLiteral(values::ToCalendar(*date), code, layout),
+      RequireEqual(SQLToDate(in.expression, layout), DateLiteral(values::ToCalendar(*date), code, layout),
                    "a date becomes the literal of its database");
     }
   }
 }
 
 void CheckToInt(const Input& in) {
-  RequireVerbatim([&](const auto& expression, const auto&) { return ToString(SQLToInt(expression)); }, in.expression,
-                  L"");
+  RequireVerbatim([&](const auto& expression, const auto&) { return SQLToInt(expression); }, in.expression, L"");
 }
 
 // The default number, which is read with a decimal point and written with a comma.
 void CheckNumberDefault(const Input& in) {
   constexpr std::int32_t kOverflow = static_cast<std::int32_t>(RuntimeError::kOverflow);
   std::wstring translated;
-  const Raised raised = RaisedBy([&] { translated = ToString(SQLNVL(in.expression, nvNumero, in.number)); });
+  const Raised raised = RaisedBy([&] { translated = SQLNVL(in.expression, nvNumero, in.number); });
   if (raised.number != 0) {
     Require(raised.number == kOverflow && raised.source == "KodraRpt", "a default fails only for a number too large");
     return;
@@ -153,13 +151,12 @@ void CheckNVL(const Input& in) {
   for (const std::int32_t kind : {nvTexto, nvData}) {
     // An empty default has a text of its own.
     if (in.number.empty()) continue;
-    RequireVerbatim(
-        [&](const auto& expression, const auto& value) { return ToString(SQLNVL(expression, kind, value)); },
-        in.expression, in.number);
+    RequireVerbatim([&](const auto& expression, const auto& value) { return SQLNVL(expression, kind, value); },
+                    in.expression, in.number);
   }
-  RequireEqual(ToString(SQLNVL(in.expression, -1, in.number)), ToString(SQLNVL(in.expression, nvData, in.number)),
+  RequireEqual(SQLNVL(in.expression, -1, in.number), SQLNVL(in.expression, nvData, in.number),
                "a default of no known kind is a date");
-  RequireEqual(ToString(SQLNVL(in.expression, nvData, L"")), ToString(SQLNVL(in.expression, nvData, L"1932-01-30")),
+  RequireEqual(SQLNVL(in.expression, nvData, L""), SQLNVL(in.expression, nvData, L"1932-01-30"),
                "no default date is the date that means none");
 }
 
@@ -168,7 +165,7 @@ std::vector<Value> AsValues(const std::vector<std::wstring>& texts) { return {te
 void CheckStrConcat(const Input& in, std::int32_t code) {
   std::vector<std::wstring> places;
   for (std::size_t i = 0; i < in.parts.size(); ++i) places.push_back(kFirstPlace);
-  const std::wstring form = ToString(SQLStrConcat(AsValues(places)));
+  const std::wstring form = SQLStrConcat(AsValues(places));
   Require(IsBalanced(form), "a concatenation closes its parentheses");
   std::wstring expected;
   std::size_t next = 0;
@@ -182,11 +179,11 @@ void CheckStrConcat(const Input& in, std::int32_t code) {
   // MySQL's function is left out when there is nothing to join.
   if (code == tbMySQL && in.parts.size() == 1 && in.parts.front().empty()) expected.clear();
   Require(next == in.parts.size(), "every part is joined, once");
-  RequireEqual(ToString(SQLStrConcat(AsValues(in.parts))), expected, "the parts stand in the SQL as they were given");
+  RequireEqual(SQLStrConcat(AsValues(in.parts)), expected, "the parts stand in the SQL as they were given");
 
   std::vector<Value> withNull = AsValues(in.parts);
   withNull.emplace_back(Null());
-  RequireEqual(ToString(SQLStrConcat(withNull)), L"", "a part without text leaves nothing");
+  RequireEqual(SQLStrConcat(withNull), L"", "a part without text leaves nothing");
 }
 
 void CheckRefused(const Input& in, std::int32_t code) {
@@ -201,7 +198,7 @@ void CheckRefused(const Input& in, std::int32_t code) {
   require("SQLToChar", RaisedBy([&] { SQLToChar(in.expression, in.word); }));
   for (const std::int32_t layout : kLayouts) require("SQLToDate", RaisedBy([&] { SQLToDate(in.expression, layout); }));
   for (const std::int32_t kind : kKinds) require("SQLNVL", RaisedBy([&] { SQLNVL(in.expression, kind, in.number); }));
-  RequireEqual(ToString(SQLStrConcat(AsValues(in.parts))), L"", "only the concatenation gives nothing instead");
+  RequireEqual(SQLStrConcat(AsValues(in.parts)), L"", "only the concatenation gives nothing instead");
 }
 
 void CheckDialect(const Input& in, std::int32_t code) {
@@ -216,11 +213,10 @@ void CheckDialect(const Input& in, std::int32_t code) {
 
 // Everything that the translator says of an input for the current code.
 std::wstring Everything(const Input& in) {
-  std::wstring all = ToString(SQLDateAdd(in.word, in.number, in.expression)) + ToString(SQLDataAtual()) +
-                     ToString(SQLToInt(in.expression)) + ToString(SQLToChar(in.expression, in.word)) +
-                     ToString(SQLStrConcat(AsValues(in.parts)));
-  for (const std::int32_t layout : kLayouts) all += ToString(SQLToDate(in.expression, layout));
-  for (const std::int32_t kind : {nvTexto, nvData}) all += ToString(SQLNVL(in.expression, kind, in.number));
+  std::wstring all = SQLDateAdd(in.word, in.number, in.expression) + SQLDataAtual() + SQLToInt(in.expression) +
+                     SQLToChar(in.expression, in.word) + SQLStrConcat(AsValues(in.parts));
+  for (const std::int32_t layout : kLayouts) all += SQLToDate(in.expression, layout);
+  for (const std::int32_t kind : {nvTexto, nvData}) all += SQLNVL(in.expression, kind, in.number);
   return all;
 }
 

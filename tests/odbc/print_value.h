@@ -5,7 +5,7 @@
 
 #include "values/value.h"
 
-namespace kodra::platform {
+namespace kodra {
 
 inline void PrintTo(const Value& value, std::ostream* out) {
   if (value.Is<Empty>()) *out << "Empty";
@@ -36,4 +36,4 @@ inline void PrintTo(const Value& value, std::ostream* out) {
   *out << '"';
 }
 
-}  // namespace kodra::platform
+}  // namespace kodra

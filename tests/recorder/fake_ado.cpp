@@ -133,6 +133,20 @@ void FakeRecordset::MoveNext() {
   ++row_;
 }
 
+std::int64_t FakeRecordset::RecordCount() {
+  Note(L"RecordCount");
+  return static_cast<std::int64_t>(held_.rows.size());
+}
+
+// Each column is a text, as most are.
+std::vector<platform::Column> FakeRecordset::Columns() {
+  Note(L"Columns");
+  std::vector<platform::Column> columns;
+  for (std::size_t i = 0; i < held_.fields.size(); ++i)
+    columns.push_back({held_.fields[i], platform::ad::kVarChar, std::make_unique<FakeField>(journal_, *this, i)});
+  return columns;
+}
+
 void FakeRecordset::AppendField(const std::wstring& name, std::int32_t type, std::int32_t definedSize,
                                 std::int32_t attributes) {
   Note(L"AppendField", {Shown(name), Shown(type), Shown(definedSize), Shown(attributes)});

@@ -78,6 +78,8 @@ class FakeRecordset final : public platform::Recordset, public Fake {
   bool Eof() override;
   void MoveFirst() override;
   void MoveNext() override;
+  std::int64_t RecordCount() override;
+  std::vector<platform::Column> Columns() override;
   void AppendField(const std::wstring& name, std::int32_t type, std::int32_t definedSize,
                    std::int32_t attributes) override;
   std::unique_ptr<platform::Field> FieldByName(const std::wstring& name) override;

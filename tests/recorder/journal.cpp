@@ -37,30 +37,6 @@ struct Show {
 
 }  // namespace
 
-std::string Utf8(std::wstring_view text) {
-  std::string bytes;
-  for (const wchar_t character : text) {
-    const auto code = static_cast<char32_t>(character);
-    const auto tail = [&](int shift) { bytes += static_cast<char>(0x80U | ((code >> shift) & 0x3FU)); };
-    if (code < 0x80) {
-      bytes += static_cast<char>(code);
-    } else if (code < 0x800) {
-      bytes += static_cast<char>(0xC0U | (code >> 6U));
-      tail(0);
-    } else if (code < 0x10000) {
-      bytes += static_cast<char>(0xE0U | (code >> 12U));
-      tail(6);
-      tail(0);
-    } else {
-      bytes += static_cast<char>(0xF0U | (code >> 18U));
-      tail(12);
-      tail(6);
-      tail(0);
-    }
-  }
-  return bytes;
-}
-
 std::wstring Shown(const Value& value) { return std::visit(Show{}, value.Held()); }
 
 std::string Journal::Calls() const {

@@ -17,11 +17,12 @@
 #include <vector>
 
 #include "values/erro.h"
+#include "values/utf8.h"
 #include "values/value.h"
 
 namespace kodra::recorder {
 
-std::string Utf8(std::wstring_view text);
+inline std::string Utf8(std::wstring_view text) { return values::ToUtf8(text); }
 
 // A value as a line shows it: "text", 5, 1.5, True, Date(45291), Null, Empty, Nothing, an object's name.
 std::wstring Shown(const Value& value);

@@ -2,9 +2,7 @@
 // the log of the module reports.
 #include <gtest/gtest.h>
 
-#include "reports/catalog/cd_rpt.h"
-#include "reports/catalog/operador_rpt.h"
-#include "sql/tradutor_sql.h"
+#include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
 #include "tests/reports/modules/caixa_stage.h"
@@ -61,7 +59,7 @@ class Media {
   std::string Run(Action action) {
     BusyParameters parameters({{L"TipoRpt", L"V"}}, std::move(action));
     around_.journal.Forget();
-    report_.RelatorioMidias(&parameters);
+    frame::Run(report_, L"RelatorioMidias", &CCDRpt::RelatorioMidias, &parameters);
     return OpenedBy(around_);
   }
   void RunAlone() {
@@ -70,7 +68,7 @@ class Media {
 
  private:
   recorder::FakeSurroundings around_;
-  CCDRpt report_{around_};
+  frame::ReportObject report_{L"CCDRpt", around_};
 };
 
 std::string Expired(const std::string& condition) {
@@ -89,10 +87,11 @@ Raised Operators(std::int32_t code, bool failing) {
       {{L"DESCR_OPERADOR", L"NOME_COMPLETO", L"TIPO", L"DESCR_DEPTO", L"CHAPA", L"RAMAL", L"ATIVO", L"DESCR_GRUPO_OP"},
        {}}};
   if (failing) around.journal.FailOn(L"Recordset1.Open", recorder::Failure(Erro(-2147220000, L"Fonte", L"Falha")));
-  COperadorRpt report(around);
+  frame::ReportObject report(L"COperadorRpt", around);
   report.SetStringConexao(L"Provider=SQLNCLI11;");
   const ObjectRef parameters = around.NewObject(L"Parametros", {});
-  return RaisedBy([&] { report.RelatorioOperadores(parameters.get()); });
+  return RaisedBy(
+      [&] { frame::Run(report, L"RelatorioOperadores", &COperadorRpt::RelatorioOperadores, parameters.get()); });
 }
 
 TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsOwnWords) {
@@ -140,7 +139,6 @@ TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
       Media(7).RunAlone();
     });
     modules.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
-    EXPECT_EQ(sql::TipoBancoAtual(), 1);
   }),
             kOnOracle);
   EXPECT_EQ(heard.size(), 4U);  // two lines for each of the two readings
@@ -150,7 +148,7 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   stage.report.OnDebugLog([&](const std::wstring&) {
     stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
-    EXPECT_NE(stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()), nullptr);
+    EXPECT_NE(RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()), nullptr);
   });
   const std::string calls = stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
   EXPECT_NE(calls.find(".Get(TipoBanco) -> 7\n"), std::string::npos) << calls;
@@ -163,14 +161,14 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   BusyParameters parameters({{L"CodDepto", L""}, {L"ModoPregresso", false}}, [&] {
     stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
-    EXPECT_NE(stage.report.ModulosVencidos(CaixaStage::Own({}).get()), nullptr);
+    EXPECT_NE(RunModule(stage.report, &CCaixaRpt::ModulosVencidos, CaixaStage::Own({}).get()), nullptr);
     stage.around.journal.Forget();
   });
-  EXPECT_NE(stage.report.ModulosVencidos(&parameters), nullptr);
+  EXPECT_NE(RunModule(stage.report, &CCaixaRpt::ModulosVencidos, &parameters), nullptr);
   EXPECT_EQ(OpenedBy(stage.around), OpenedBy(alone.around));
 }
 
-TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheCodeOfTheFailedCall) {
+TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheErrorOfTheFailedCall) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   stage.AnswerSubordinates(stage.NewSubordinates(0));
   stage.report.OnDebugLog([](const std::wstring&) { Media(7).RunAlone(); });
@@ -179,7 +177,6 @@ TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheCodeOfTheFailedCall) {
             }),
             Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                      "Não há módulos subordinados fechados associados ao módulo AB001"));
-  EXPECT_EQ(sql::TipoBancoAtual(), 2);
 }
 
 }  // namespace

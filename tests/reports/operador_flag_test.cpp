@@ -1,7 +1,7 @@
 // The truth of a flag, without any database.
 #include <gtest/gtest.h>
 
-#include "reports/catalog/operador_rpt.h"
+#include "reports/operators/operator_flag.h"
 #include "tests/recorder/raised.h"
 
 namespace kodra::reports {

@@ -1,5 +1,5 @@
 // The operator record.
-#include "reports/catalog/operador_obj.h"
+#include "reports/operators/operador_obj.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The operators.
-#include "reports/catalog/operador_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -288,9 +288,10 @@ TEST(COperadorRptTest, NamesNoStepForWhatFailsBeforeTheDatabase) {
   const auto raised = [](const std::wstring& connectionString, bool withParameters) {
     FakeSurroundings around;
     const ObjectRef parameters = withParameters ? around.NewObject(L"Parametros", {}) : nullptr;
-    COperadorRpt report(around);
+    frame::ReportObject report(L"COperadorRpt", around);
     report.SetStringConexao(connectionString);
-    return RaisedBy([&] { report.RelatorioOperadores(parameters.get()); });
+    return RaisedBy(
+        [&] { frame::Run(report, L"RelatorioOperadores", &COperadorRpt::RelatorioOperadores, parameters.get()); });
   };
   EXPECT_EQ(raised(L"", true), FailedStep("", R"(É preciso definir a propriedade "StringConexao".)"));
   EXPECT_EQ(raised(L"", false), FailedStep("", R"(É preciso definir a propriedade "StringConexao".)"));

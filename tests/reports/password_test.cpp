@@ -6,7 +6,7 @@
 
 #include "console/reports/report_methods.h"
 #include "frame/parameter_object.h"
-#include "reports/modules/caixa_rpt.h"
+#include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
 #include "tests/secret.h"
@@ -133,10 +133,10 @@ TEST(Password, IsHiddenInNoModuleCodeOfALogLine) {
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
   parameters.Let(L"Modulo1", L"AB 1;PWD=banco");
   std::vector<std::string> heard;
-  CCaixaRpt report(machine.around);
+  ModuleObject report(L"CCaixaRpt", machine.around);
   report.OnDebugLog([&](const std::wstring& line) { heard.push_back(recorder::Utf8(line)); });
   report.SetStringConexao(L"DSN=a;PWD=banco");
-  report.AutorizacaoDescarteModuloSubRpt(&parameters);
+  frame::Run(report, L"AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt, &parameters);
   EXPECT_EQ(heard, (std::vector<std::string>{
                        "KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: executando query para o módulo "
                        "<AB 1;PWD=banco>",
@@ -154,10 +154,10 @@ TEST(Password, IsThreeAsterisksInALineThatTheLogWritesBack) {
   });
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
   std::vector<std::string> heard;
-  CCaixaRpt report(machine.around);
+  ModuleObject report(L"CCaixaRpt", machine.around);
   report.OnDebugLog([&](const std::wstring& line) { heard.push_back(recorder::Utf8(line)); });
   report.SetStringConexao(L"DSN=a;PWD=segredo");
-  report.AutorizacaoDescarteModuloSubRpt(&parameters);
+  frame::Run(report, L"AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt, &parameters);
   EXPECT_EQ(heard, (std::vector<std::string>{"conectado a DSN=a;PWD=***", "conectado a DSN=a;PWD=***"}));
 }
 
@@ -166,9 +166,12 @@ TEST(Password, IsHiddenInNoModuleCodeOfAnError) {
   machine.around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {ObjectRef()}}});
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
   parameters.Let(L"Modulo1", L"AB 1;PWD=banco");
-  CCaixaRpt report(machine.around);
+  ModuleObject report(L"CCaixaRpt", machine.around);
   report.SetStringConexao(L"DSN=a;PWD=banco");
-  EXPECT_EQ(recorder::RaisedBy([&] { report.EtiquetaFechamentoSubordinada(&parameters); }),
+  EXPECT_EQ(recorder::RaisedBy([&] {
+              frame::Run(report, L"EtiquetaFechamentoSubordinada", &CCaixaRpt::EtiquetaFechamentoSubordinada,
+                         &parameters);
+            }),
             recorder::Framed("CCaixaRpt::EtiquetaFechamentoSubordinada",
                              "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo "
                              "AB 1;PWD=banco"));

@@ -1,5 +1,5 @@
 // A report call with everything around it: the database, what its siblings answer and the rows that it reads, the same
-// at every call. Where a report asks only for a listing, catalog/catalog_checks.h has all that its test needs.
+// at every call. Where a report asks only for a listing, listing_checks.h has all that its test needs.
 //
 //   Scene scene(SubjectOf("CLogRpt::RelatorioLog", &CLogRpt::RelatorioLog), DatabaseOf(2), RegisterEventLog);
 //   EXPECT_EQ(scene.Run(), …);
@@ -14,7 +14,7 @@
 
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
-#include "tests/reports/catalog/catalog_checks.h"
+#include "tests/reports/listing_checks.h"
 
 namespace kodra::reports {
 

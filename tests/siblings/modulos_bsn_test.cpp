@@ -57,7 +57,7 @@ TEST(ModulosBsn, HaveNoExpressionForASystemWithoutADialect) {
 TEST(ModulosBsn, LeaveTheTranslatorsCodeAlone) {
   sql::DefineTipoBanco(2);
   CodeExpression(7, L"s");
-  EXPECT_EQ(sql::TipoBancoAtual(), 2);
+  EXPECT_EQ(sql::SQLDataAtual(), L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))");
   sql::DefineTipoBanco(0);
 }
 

@@ -27,7 +27,7 @@ Date ToDate(testbed::Moment moment) {
 
 // What an event object says, in one line.
 std::wstring Line(const Date& moment, const std::wstring& rest) {
-  return values::FormatDate<L"yyyy-mm-dd hh:nn:ss|">(moment) + rest;
+  return values::FormatDate(moment, L"yyyy-mm-dd hh:nn:ss|") + rest;
 }
 std::wstring Line(const Evento& event) {
   return Line(ToDate(event.dataInicial.value()), event.nomeOperador.value_or(L"") + L"|" + event.maquina.value_or(L"") +

@@ -3,16 +3,16 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring Add(std::int32_t code, std::wstring_view interval, std::wstring_view number = L"30",
-                 std::wstring_view date = L"x") {
+std::wstring Add(std::int32_t code, const std::wstring& interval, const std::wstring& number = L"30",
+                 const std::wstring& date = L"x") {
   DefineTipoBanco(code);
-  return ToString(SQLDateAdd(interval, number, date));
+  return SQLDateAdd(interval, number, date);
 }
 
-constexpr std::wstring_view kMinutes[] = {L"MINUTE", L"MIN", L"NN", L"minute", L"Min", L"nn"};
-constexpr std::wstring_view kDays[] = {L"DAY", L"DD", L"D", L"day", L"Dd", L"d"};
-constexpr std::wstring_view kMonths[] = {L"MONTH", L"MM", L"M", L"month", L"mM", L"m"};
-constexpr std::wstring_view kYears[] = {L"YEAR", L"YYYY", L"Y", L"A", L"AA", L"AAAA", L"year", L"yyyy", L"a", L"aaaa"};
+constexpr const wchar_t* kMinutes[] = {L"MINUTE", L"MIN", L"NN", L"minute", L"Min", L"nn"};
+constexpr const wchar_t* kDays[] = {L"DAY", L"DD", L"D", L"day", L"Dd", L"d"};
+constexpr const wchar_t* kMonths[] = {L"MONTH", L"MM", L"M", L"month", L"mM", L"m"};
+constexpr const wchar_t* kYears[] = {L"YEAR", L"YYYY", L"Y", L"A", L"AA", L"AAAA", L"year", L"yyyy", L"a", L"aaaa"};
 
 TEST(SQLDateAdd, OracleAddsMinutesAsAFractionOfADay) {
   for (const auto name : kMinutes) EXPECT_EQ(Add(1, name), L"x + 30 / 1440");

@@ -3,9 +3,9 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring Nvl(std::int32_t code, std::int32_t kind, std::wstring_view defaultValue) {
+std::wstring Nvl(std::int32_t code, std::int32_t kind, const std::wstring& defaultValue) {
   DefineTipoBanco(code);
-  return ToString(SQLNVL(L"dp.NOME", kind, defaultValue));
+  return SQLNVL(L"dp.NOME", kind, defaultValue);
 }
 
 TEST(SQLNVL, EachDatabaseHasItsOwnFunction) {
@@ -54,7 +54,7 @@ TEST(SQLNVL, AnEmptyDateDefaultIsTheDateThatMeansNone) {
   EXPECT_EQ(Nvl(6, nvData, L""), L"COALESCE(dp.NOME, CAST('1932-01-30' AS TIMESTAMP))");
   EXPECT_EQ(Nvl(7, nvData, L""), L"IFNULL(dp.NOME, CAST('1932-01-30' AS DATETIME))");
   DefineTipoBanco(2);
-  EXPECT_EQ(ToString(SQLNVL(L"x", 2, L"")), L"ISNULL(x, CAST('1932-01-30' AS DATETIME))");
+  EXPECT_EQ(SQLNVL(L"x", 2, L""), L"ISNULL(x, CAST('1932-01-30' AS DATETIME))");
 }
 TEST(SQLNVL, EveryOtherKindIsADate) {
   EXPECT_EQ(Nvl(1, 3, L""), L"NVL(dp.NOME, CAST('1932-01-30' AS DATE))");

@@ -14,14 +14,9 @@ class SomeObject final : public AutomationObject {
   Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
 };
 
-std::wstring Concat(std::int32_t code, std::initializer_list<values::Piece> parts) {
+std::wstring Concat(std::int32_t code, const std::vector<Value>& parts) {
   DefineTipoBanco(code);
-  return ToString(SQLStrConcat(parts));
-}
-
-std::wstring ConcatValues(std::int32_t code, const std::vector<Value>& parts) {
-  DefineTipoBanco(code);
-  return ToString(SQLStrConcat(parts));
+  return SQLStrConcat(parts);
 }
 
 TEST(SQLStrConcat, OracleDB2AndSQLiteJoinByBars) {
@@ -40,7 +35,6 @@ TEST(SQLStrConcat, OneArgumentStandsAloneExceptOnMySQL) {
 TEST(SQLStrConcat, NoArgumentGivesNothing) {
   for (const std::int32_t code : {1, 2, 3, 5, 6, 7}) {
     EXPECT_EQ(Concat(code, {}), L"");
-    EXPECT_EQ(ConcatValues(code, {}), L"");
   }
 }
 
@@ -55,25 +49,25 @@ TEST(SQLStrConcat, OneEmptyArgumentGivesNothingEvenOnMySQL) {
 }
 
 TEST(SQLStrConcat, ValuesBecomeTextByTheBrazilianConventions) {
-  EXPECT_EQ(ConcatValues(1, {Value(L"a.X"), Value(std::int32_t{7}), Value(1.5), Value(true), Value(Empty{}),
-                             Value(Date{45291})}),
-            L"a.X || 7 || 1,5 || Verdadeiro ||  || 31/12/2023");
-  EXPECT_EQ(ConcatValues(3, {Value(std::int64_t{8}), Value(false)}), L"CONCAT(8,Falso)");
+  EXPECT_EQ(
+      Concat(1, {Value(L"a.X"), Value(std::int32_t{7}), Value(1.5), Value(true), Value(Empty{}), Value(Date{45291})}),
+      L"a.X || 7 || 1,5 || Verdadeiro ||  || 31/12/2023");
+  EXPECT_EQ(Concat(3, {Value(std::int64_t{8}), Value(false)}), L"CONCAT(8,Falso)");
 }
 
 TEST(SQLStrConcat, AnArgumentWithoutTextGivesNothing) {
   const ObjectRef object = std::make_shared<SomeObject>();
   for (const std::int32_t code : {1, 2, 3, 6, 7}) {
-    EXPECT_EQ(ConcatValues(code, {Value(L"a"), Value(Null{}), Value(L"b")}), L"");
-    EXPECT_EQ(ConcatValues(code, {Value(L"a"), Value(ObjectRef())}), L"");
-    EXPECT_EQ(ConcatValues(code, {Value(object)}), L"");
+    EXPECT_EQ(Concat(code, {Value(L"a"), Value(Null{}), Value(L"b")}), L"");
+    EXPECT_EQ(Concat(code, {Value(L"a"), Value(ObjectRef())}), L"");
+    EXPECT_EQ(Concat(code, {Value(object)}), L"");
   }
 }
 
 TEST(SQLStrConcat, ACodeWithoutDialectGivesNothingAndRaisesNothing) {
   for (const std::int32_t code : kCodesWithoutDialect) {
     EXPECT_EQ(Concat(code, {L"a.X", L"a.Y"}), L"");
-    EXPECT_EQ(ConcatValues(code, {Value(L"a.X"), Value(Null{})}), L"");
+    EXPECT_EQ(Concat(code, {Value(L"a.X"), Value(Null{})}), L"");
     EXPECT_EQ(Concat(code, {}), L"");
   }
 }

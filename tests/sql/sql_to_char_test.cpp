@@ -3,9 +3,9 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring ToChar(std::int32_t code, std::wstring_view format) {
+std::wstring ToChar(std::int32_t code, const std::wstring& format) {
   DefineTipoBanco(code);
-  return ToString(SQLToChar(L"e.DATA", format));
+  return SQLToChar(L"e.DATA", format);
 }
 
 TEST(SQLToChar, OracleAndDB2GetAnyFormatAsTyped) {

@@ -5,9 +5,9 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring ToDate(std::int32_t code, std::wstring_view text, std::int32_t layout) {
+std::wstring ToDate(std::int32_t code, const std::wstring& text, std::int32_t layout) {
   DefineTipoBanco(code);
-  return ToString(SQLToDate(text, layout));
+  return SQLToDate(text, layout);
 }
 
 TEST(SQLToDate, OracleAndDB2MakeADateALiteralOfTheLayout) {
@@ -89,38 +89,6 @@ TEST(SQLToDate, ADateWithoutTimeIsMidnightInTheDateTimeLayout) {
 TEST(SQLToDate, ACodeWithoutDialectRaisesForDatesAndExpressions) {
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"31/12/2023", 0); });
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"c.DATA", 3); });
-}
-
-constexpr values::Calendar kLastDay = {.year = 2023, .month = 12, .day = 31};
-
-// A date goes into the statement as its text would.
-TEST(SQLToDate, TakesADateAsItsText) {
-  const Date dates[] = {{0}, {0.5}, {-1.25}, {45291}, {45291.999999}, {45352.75}, {-657434}, {2958465.9}};
-  for (const std::int32_t code : {1, 2, 3, 5, 6, 7}) {
-    DefineTipoBanco(code);
-    for (const std::int32_t layout : {fdDDMMYYYY, fdYYYYMMDD}) {
-      for (const Date date : dates) {
-        const values::Calendar day = values::ToCalendar(date);
-        EXPECT_EQ(ToString(SQLToDate(day, values::DateAsText(day), layout)),
-                  ToString(SQLToDate(values::DateToText(date), layout)))
-            << code << ' ' << date.days;
-        EXPECT_EQ(ToString(SQLToDate(day, values::DateBy<L"yyyy-mm-dd 23:59:59">(day), layout)),
-                  ToString(SQLToDate(values::FormatDate<L"yyyy-mm-dd 23:59:59">(date), layout)))
-            << code << ' ' << date.days;
-      }
-    }
-  }
-  DefineTipoBanco(1);
-  EXPECT_EQ(ToString(SQLToDate(kLastDay, values::DateAsText(kLastDay), fdDDMMYYYY)),
-            L"TO_DATE('31/12/2023','DD/MM/YYYY')");
-  DefineTipoBanco(7);
-  EXPECT_EQ(ToString(SQLToDate(kLastDay, values::DateBy<L"yyyy-mm-dd 00:00:00">(kLastDay), fdYYYYMMDD)),
-            L"strftime('%Y-%m-%d',2023-12-31 00:00:00)");
-}
-TEST(SQLToDate, TakesNoDateForACodeWithoutDialect) {
-  DefineTipoBanco(4);
-  EXPECT_THROW(SQLToDate(kLastDay, values::DateAsText(kLastDay), fdDDMMYYYY), Erro);
-  EXPECT_THROW(SQLToDate(kLastDay, values::DateBy<L"yyyy-mm-dd">(kLastDay), fdDDMMYYYY), Erro);
 }
 
 }  // namespace

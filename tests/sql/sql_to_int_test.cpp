@@ -3,9 +3,9 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring ToInt(std::int32_t code, std::wstring_view expr) {
+std::wstring ToInt(std::int32_t code, const std::wstring& expr) {
   DefineTipoBanco(code);
-  return ToString(SQLToInt(expr));
+  return SQLToInt(expr);
 }
 
 TEST(SQLToInt, OracleConvertsByToNumber) {

@@ -26,33 +26,23 @@ TEST(TipoBanco, LayoutsAndKindsHaveTheirFixedValues) {
   EXPECT_EQ(nvData, 2);
 }
 
-TEST(TipoBanco, EveryCodeButTheSecondOracleIsStoredAsGiven) {
-  for (const std::int32_t code : {-1, 0, 1, 2, 3, 4, 6, 7, 8, 2147483647}) {
-    DefineTipoBanco(code);
-    EXPECT_EQ(TipoBancoAtual(), code);
-  }
-}
-
 TEST(TipoBanco, TheSecondOracleIsStoredAsOracle) {
   DefineTipoBanco(5);
-  EXPECT_EQ(TipoBancoAtual(), 1);
+  EXPECT_EQ(SQLDataAtual(), L"TRUNC(SYSDATE)");
 }
 
 TEST(TipoBanco, ANewThreadHasNoCodeAndRaisesTheNoEntryErrorOfZero) {
   DefineTipoBanco(tbOracle);
-  std::int32_t code = -1;
   std::wstring description;
   std::thread([&] {
-    code = TipoBancoAtual();
     try {
-      ToString(SQLDataAtual());
+      SQLDataAtual();
     } catch (const Erro& erro) {
       description = erro.Description();
     }
   }).join();
-  EXPECT_EQ(code, 0);
   EXPECT_EQ(description, L"Não há entrada para o banco tipo 0");
-  EXPECT_EQ(TipoBancoAtual(), 1);
+  EXPECT_EQ(SQLDataAtual(), L"TRUNC(SYSDATE)");
 }
 
 TEST(TipoBanco, TwoThreadsBuildForTheirOwnDatabaseAtTheSameTime) {
@@ -61,7 +51,7 @@ TEST(TipoBanco, TwoThreadsBuildForTheirOwnDatabaseAtTheSameTime) {
   const auto build = [&](std::int32_t code, std::wstring& fragment) {
     DefineTipoBanco(code);
     both.arrive_and_wait();  // both codes are set before either fragment is built
-    fragment = ToString(SQLNVL(L"x", nvTexto, L""));
+    fragment = SQLNVL(L"x", nvTexto, L"");
     both.arrive_and_wait();
   };
   std::thread one(build, tbOracle, std::ref(fragments[0]));
@@ -74,10 +64,10 @@ TEST(TipoBanco, TwoThreadsBuildForTheirOwnDatabaseAtTheSameTime) {
 
 TEST(TipoBanco, TheCodeStaysUntilTheNextOneIsSet) {
   DefineTipoBanco(tbMySQL);
-  EXPECT_EQ(ToString(SQLDataAtual()), L"CURDATE()");
-  EXPECT_EQ(ToString(SQLDataAtual()), L"CURDATE()");
+  EXPECT_EQ(SQLDataAtual(), L"CURDATE()");
+  EXPECT_EQ(SQLDataAtual(), L"CURDATE()");
   DefineTipoBanco(tbSQLite);
-  EXPECT_EQ(ToString(SQLDataAtual()), L"date('now')");
+  EXPECT_EQ(SQLDataAtual(), L"date('now')");
 }
 
 }  // namespace

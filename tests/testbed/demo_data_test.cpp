@@ -19,7 +19,7 @@ struct Outcome {
 Outcome RunDemoData(const std::string& arguments) {
   const TemporaryFile errors("demo-data.err");
   const std::string command = "'" KODRA_DEMO_DATA "' " + arguments + " 2>'" + errors.Path() + "' >/dev/null";
-  const int status = std::system(command.c_str());  // NOLINT(concurrency-mt-unsafe): one thread
+  const int status = std::system(command.c_str());
   std::ostringstream text;
   text << std::ifstream(errors.Path()).rdbuf();
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text.str()};

@@ -10,7 +10,7 @@ constexpr std::int32_t kCurrentYear = 2026;
 // What a text is read as, written as year-month-day hour:minute:second; "none" when it is no date.
 std::wstring Read(std::wstring_view text) {
   const auto date = ParseDate(text, kCurrentYear);
-  return date ? FormatDate<L"yyyy-mm-dd hh:nn:ss">(*date) : L"none";
+  return date ? FormatDate(*date, L"yyyy-mm-dd hh:nn:ss") : L"none";
 }
 
 TEST(ParseDate, ReadsDayMonthYearWithAnySeparator) {

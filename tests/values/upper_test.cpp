@@ -39,11 +39,6 @@ TEST(FirstUpper, KeepsOnlyTheFirstCharacter) {
   EXPECT_EQ(FirstUpper(L""), L"");
 }
 
-TEST(InUpperCase, WritesTheTextInUpperCase) {
-  EXPECT_EQ(ToString(InUpperCase{L"Série 1"}), L"SÉRIE 1");
-  EXPECT_EQ(ToString(InUpperCase{L""}), L"");
-}
-
 TEST(Trim, RemovesBlanksAtBothEnds) {
   EXPECT_EQ(Trim(L"  a b  "), L"a b");
   EXPECT_EQ(Trim(L"a"), L"a");

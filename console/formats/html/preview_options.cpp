@@ -46,7 +46,7 @@ HtmlOptions PreviewOptions::Options() const {
   if (copies_ < 1 || copies_ > kMostCopies)
     throw UsageError(fmt::format("--copias vai de 1 a {}: {} não", kMostCopies, copies_));
   return {{.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_},
-          values::FormatDate<L"dd/mm/yyyy hh:nn">(values::Now())};
+          values::FormatDate(values::Now(), L"dd/mm/yyyy hh:nn")};
 }
 
 }  // namespace kodra::console::html

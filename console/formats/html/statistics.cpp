@@ -93,7 +93,7 @@ StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, const gu
   const Value value = row.Get(column->name);
   if (value.Is<Date>()) {
     const Date day{std::floor(value.As<Date>().days)};
-    return {values::FormatDate<L"yyyymmdd">(day), values::FormatDate<L"dd/mm/yyyy">(day)};
+    return {values::FormatDate(day, L"yyyymmdd"), values::FormatDate(day, L"dd/mm/yyyy")};
   }
   std::wstring name = row.Text(column->name);
   return {AlphabeticalOrder(name), name};

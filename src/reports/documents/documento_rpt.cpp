@@ -1,103 +1,77 @@
-#include "reports/documents/documento_rpt.h"
-
+// The listings of the archive's documents, by storage period and department.
+//
+// Each reads DataArmazenamento2 (a date other than zero switches the period on, from DataArmazenamento1) and CodDepto
+// (a text other than empty switches the department on).
 #include "frame/parameter_reader.h"
-#include "sql/tradutor_sql.h"
+#include "reports/reports.h"
 #include "values/format_date.h"
 
 namespace kodra::reports {
 namespace {
 
-struct Join {
-  std::wstring_view table = {};
-  std::wstring_view condition = {};
-};
-
-constexpr Join kSuporte = {L"SUPORTE s", L"d.COD_SUPORTE = s.COD_SUPORTE"};
-constexpr Join kOperador = {L"OPERADOR o", L"d.COD_OPERADOR = o.COD_OPERADOR"};
-constexpr Join kAssunto = {L"ASSUNTO a", L"d.COD_ASSUNTO = a.COD_ASSUNTO "};
-constexpr Join kGrupo = {L"GRUPO g", L"d.COD_GRUPO = g.COD_GRUPO"};
-
-// A whole day as bounds of the storage date; the database sees of them what the translator's date layout keeps.
-template <values::DatePattern kPattern>
-auto Bound(const values::Calendar& day) {
-  return sql::SQLToDate(day, values::DateBy<kPattern>(day), sql::fdYYYYMMDD);
+// The whole days of the period; the database gets of them what the translator's date layout keeps.
+std::wstring PeriodFilter(const Call& call) {
+  const Date last = frame::ReadDate(call.Parameters(), L"DataArmazenamento2");
+  if (last.days == 0.0) return {};
+  const Date first = frame::ReadDate(call.Parameters(), L"DataArmazenamento1");
+  const std::wstring from = values::FormatDate(first, L"yyyy-mm-dd 00:00:00");
+  const std::wstring to = values::FormatDate(last, L"yyyy-mm-dd 23:59:59");
+  return L"AND d.DT_ARMAZ BETWEEN " + call.Sql().ToDate(from, sql::fdYYYYMMDD) + L" AND " +
+         call.Sql().ToDate(to, sql::fdYYYYMMDD) + L" ";
 }
 
-void FilterPeriod(data::SelectBuilder& builder, AutomationObject& parameters) {
-  const Date last = frame::ReadDate(parameters, L"DataArmazenamento2");
-  if (last.days == 0.0) return;
-  const values::Calendar firstDay = values::ToCalendar(frame::ReadDate(parameters, L"DataArmazenamento1"));
-  const values::Calendar lastDay = values::ToCalendar(last);
-  builder.AddToWhere(L" AND d.DT_ARMAZ BETWEEN ", Bound<L"yyyy-mm-dd 00:00:00">(firstDay), L" AND ",
-                     Bound<L"yyyy-mm-dd 23:59:59">(lastDay));
+std::wstring DeptoFilter(const Call& call) {
+  const std::wstring code = frame::ReadText(call.Parameters(), L"CodDepto");
+  return code.empty() ? std::wstring() : L"AND d.COD_DEPTO = '" + code + L"' ";
 }
 
-void FilterDepto(data::SelectBuilder& builder, AutomationObject& parameters) {
-  const std::wstring code = frame::ReadText(parameters, L"CodDepto");
-  if (code.empty()) return;
-  builder.AddToWhere(L" AND d.COD_DEPTO = '", code, L"'");
+// A listing by its statement up to the filters.
+frame::ReportRows List(Call& call, const std::wstring& selection) {
+  call.InicializaPS();
+  std::wstring statement = selection;
+  statement += PeriodFilter(call);
+  statement += DeptoFilter(call);
+  return call.Open(statement + L"ORDER BY d.COD_DOCTO");
 }
 
 }  // namespace
 
-// What differs between the three listings.
-struct CDocumentoRpt::Listing {
-  std::wstring_view columns;
-  Join joins[4];
-  std::wstring_view where;
-};
-
-frame::ReportRows CDocumentoRpt::List(std::wstring_view method, AutomationObject* obj, const Listing& listing) {
-  return Report(method, [&] {
-    InicializaPS(obj);
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(listing.columns);
-    builder.SetFrom(L"DOCUMENTO d");
-    for (std::int32_t index = 0; const Join& join : listing.joins)
-      if (!join.table.empty()) builder.AddJoin(index++, data::JoinKind::kInner, join.table, join.condition);
-    builder.SetWhere(listing.where);
-    FilterPeriod(builder, *obj);
-    FilterDepto(builder, *obj);
-    builder.SetOrderBy(L"d.COD_DOCTO");
-    return Open(builder.SQL());
-  });
+// One line per document, also of those not classified yet.
+frame::ReportRows CDocumentoRpt::RelatorioSintetico(Call& call) {
+  return List(call,
+              L"SELECT d.COD_DOCTO, s.DESCR_SUPORTE, d.NUM_CAIXA, d.NUM_CD, "
+              L"d.DT_ARMAZ, d.DT_VENC, d.FRENTE, d.VERSO  "
+              L"FROM DOCUMENTO d "
+              L"INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+              L"WHERE (1=1) ");
 }
 
-frame::ReportRows CDocumentoRpt::RelatorioSintetico(AutomationObject* obj) {
-  static constexpr Listing kListing = {
-      .columns =
-          L"d.COD_DOCTO, s.DESCR_SUPORTE, d.NUM_CAIXA, d.NUM_CD, "
-          L"d.DT_ARMAZ, d.DT_VENC, d.FRENTE, d.VERSO ",
-      .joins = {kSuporte},
-      .where = L"(1=1)",
-  };
-  return List(L"RelatorioSintetico", obj, kListing);
+// Classified documents with their taxonomy, index keys and operator.
+frame::ReportRows CDocumentoRpt::RelatorioAnalitico(Call& call) {
+  return List(call,
+              L"SELECT d.COD_DOCTO, g.DESCR_GRUPO, a.DESCR_ASSUNTO, "
+              L"d.DESCR_CHAVE1, d.DESCR_CHAVE2, d.DESCR_CHAVE3, d.DESCR_CHAVE4, d.DESCR_CHAVE5, "
+              L"o.DESCR_OPERADOR, s.DESCR_SUPORTE, d.DT_ARMAZ, d.ARQUIVO, d.OBS, d.FRENTE, "
+              L"d.NUM_CAIXA, d.DT_VENC, d.VERSO, d.NUM_CD "
+              L"FROM DOCUMENTO d "
+              L"INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+              L"INNER JOIN OPERADOR o ON d.COD_OPERADOR = o.COD_OPERADOR "
+              L"INNER JOIN ASSUNTO a ON d.COD_ASSUNTO = a.COD_ASSUNTO  "
+              L"INNER JOIN GRUPO g ON d.COD_GRUPO = g.COD_GRUPO "
+              L"WHERE d.COD_GRUPO IS NOT NULL ");
 }
 
-frame::ReportRows CDocumentoRpt::RelatorioAnalitico(AutomationObject* obj) {
-  static constexpr Listing kListing = {
-      .columns =
-          L"d.COD_DOCTO, g.DESCR_GRUPO, a.DESCR_ASSUNTO, "
-          L"d.DESCR_CHAVE1, d.DESCR_CHAVE2, d.DESCR_CHAVE3, d.DESCR_CHAVE4, d.DESCR_CHAVE5, "
-          L"o.DESCR_OPERADOR, s.DESCR_SUPORTE, d.DT_ARMAZ, d.ARQUIVO, d.OBS, d.FRENTE, "
-          L"d.NUM_CAIXA, d.DT_VENC, d.VERSO, d.NUM_CD",
-      .joins = {kSuporte, kOperador, kAssunto, kGrupo},
-      .where = L"d.COD_GRUPO IS NOT NULL",
-  };
-  return List(L"RelatorioAnalitico", obj, kListing);
-}
-
-frame::ReportRows CDocumentoRpt::RelatorioInventarios(AutomationObject* obj) {
-  static constexpr Listing kListing = {
-      .columns =
-          L"d.COD_DOCTO, g.DESCR_GRUPO, a.DESCR_ASSUNTO, d.NUM_CAIXA, d.MACO, d.DT_ARMAZ, "
-          L"a.DESCR_CHAVE1 AS ACHAVE1, a.DESCR_CHAVE2 AS ACHAVE2, a.DESCR_CHAVE3 AS ACHAVE3, "
-          L"a.DESCR_CHAVE4 AS ACHAVE4, a.DESCR_CHAVE5 AS ACHAVE5, "
-          L"d.DESCR_CHAVE1, d.DESCR_CHAVE2, d.DESCR_CHAVE3, d.DESCR_CHAVE4, d.DESCR_CHAVE5, d.OBS",
-      .joins = {kAssunto, kGrupo},
-      .where = L"d.COD_GRUPO IS NOT NULL AND d.EXTENSAO='#INV'",
-  };
-  return List(L"RelatorioInventarios", obj, kListing);
+// Documents registered as inventory entries (extension "#INV"), with the captions of their series' keys.
+frame::ReportRows CDocumentoRpt::RelatorioInventarios(Call& call) {
+  return List(call,
+              L"SELECT d.COD_DOCTO, g.DESCR_GRUPO, a.DESCR_ASSUNTO, d.NUM_CAIXA, d.MACO, d.DT_ARMAZ, "
+              L"a.DESCR_CHAVE1 AS ACHAVE1, a.DESCR_CHAVE2 AS ACHAVE2, a.DESCR_CHAVE3 AS ACHAVE3, "
+              L"a.DESCR_CHAVE4 AS ACHAVE4, a.DESCR_CHAVE5 AS ACHAVE5, "
+              L"d.DESCR_CHAVE1, d.DESCR_CHAVE2, d.DESCR_CHAVE3, d.DESCR_CHAVE4, d.DESCR_CHAVE5, d.OBS "
+              L"FROM DOCUMENTO d "
+              L"INNER JOIN ASSUNTO a ON d.COD_ASSUNTO = a.COD_ASSUNTO  "
+              L"INNER JOIN GRUPO g ON d.COD_GRUPO = g.COD_GRUPO "
+              L"WHERE d.COD_GRUPO IS NOT NULL AND d.EXTENSAO='#INV' ");
 }
 
 }  // namespace kodra::reports

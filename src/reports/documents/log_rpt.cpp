@@ -1,7 +1,7 @@
-#include "reports/documents/log_rpt.h"
-
+// The event log: who did what, where and when, in a recordset made in memory.
 #include "frame/parameter_reader.h"
 #include "reports/output_dataset.h"
+#include "reports/reports.h"
 #include "values/convert.h"
 #include "values/format_date.h"
 #include "values/numbers.h"
@@ -14,81 +14,44 @@ namespace ad = platform::ad;
 
 constexpr std::size_t kActionFields = 32;
 constexpr std::size_t kActionSize = 250;
-// The position of ACAO1 among the fields.
-constexpr std::size_t kFirstAction = 6;
-
-std::wstring Shortened(std::wstring text, std::size_t count) {
-  if (text.size() > count) text.resize(count);
-  return text;
-}
 
 // The first characters of a text; null stays null.
-Value FirstCharacters(Value value, std::size_t count) {
+Value FirstCharacters(const Value& value, std::size_t count) {
   if (value.Is<Null>()) return value;
-  return Shortened(values::ToText(std::move(value)), count);
-}
-
-// The same, with null as the empty text.
-Value FirstCharactersOrEmpty(Value value, std::size_t count) {
-  return Shortened(values::ToTextOrEmpty(std::move(value)), count);
+  return values::ToText(value).substr(0, count);
 }
 
 Value TimeText(const Value& moment) {
   if (moment.Is<Null>()) return L"";
-  return values::FormatDate<L"hh:mm:ss">(values::ToDate(moment));
+  return values::FormatDate(values::ToDate(moment), L"hh:mm:ss");
 }
 
 std::wstring ActionField(std::size_t number) {
   return L"ACAO" + values::NumberToText(static_cast<std::int64_t>(number));
 }
 
+// A text too long for all fields raises: the recordset has no field for the rest.
 void FillAction(OutputDataset& output, const std::wstring& action) {
-  for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number) {
-    const std::wstring piece = action.substr(start, kActionSize);
-    if (number <= kActionFields)
-      output[kFirstAction + number - 1].Let(piece);
-    else
-      output.Rows().FieldByName(ActionField(number))->Let(piece);  // no such field: the report fails
-  }
-}
-
-// A member of an event in a field of `size` characters, by way of `convert` unless it is a text that fits as it is.
-void Copy(AutomationObject& event, std::wstring_view member, platform::Field& field, std::size_t size,
-          Value (*convert)(Value, std::size_t) = FirstCharacters) {
-  std::optional<Value> other = field.LetText(event, member, size);
-  if (other) field.Let(convert(*std::move(other), size));
+  for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number)
+    output.Let(ActionField(number), action.substr(start, kActionSize));
 }
 
 void FillEvent(OutputDataset& output, AutomationObject& event) {
   output.AddNew();
   const Value moment = event.Get(L"DataInicial");
-  output[0].Let(moment);
-  output[1].Let(TimeText(moment));
-  Copy(event, L"Nome_Operador", output[2], 250);
-  Copy(event, L"Maquina", output[3], 250);
-  Copy(event, L"Cod_Docto", output[4], 10, FirstCharactersOrEmpty);
-  Copy(event, L"Tipo_Evento", output[5], 10);
-  std::optional<Value> action = output[kFirstAction].LetText(event, L"Acao", kActionSize);
-  if (action) FillAction(output, values::ToText(*std::move(action)));
+  output.Let(L"DATA", moment);
+  output.Let(L"HORA", TimeText(moment));
+  output.Let(L"DESCR_OPERADOR", FirstCharacters(event.Get(L"Nome_Operador"), 250));
+  output.Let(L"MAQUINA", FirstCharacters(event.Get(L"Maquina"), 250));
+  output.Let(L"COD_DOCTO", values::ToTextOrEmpty(event.Get(L"Cod_Docto")).substr(0, 10));
+  output.Let(L"COD_ACAO", FirstCharacters(event.Get(L"Tipo_Evento"), 10));
+  FillAction(output, values::ToText(event.Get(L"Acao")));
   output.Update();
 }
 
-}  // namespace
-
-frame::ReportRows CLogRpt::RelatorioLog(AutomationObject* obj) {
-  return Report(L"RelatorioLog", [&]() -> frame::ReportRows {
-    InicializaPS(obj);
-    // Both live until the rows are filled: the events may be read through them.
-    const ObjectRef filter = NewFilter(*obj);
-    const ObjectRef reader = NewReader();
-    Value argument = filter;
-    const ObjectRef events = ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
-    return events ? Fill(*events) : nullptr;
-  });
-}
-
-ObjectRef CLogRpt::NewFilter(AutomationObject& parameters) const {
-  ObjectRef filter = Around().CreateObject(L"KodraRegEvt.RegEvtFind");
+ObjectRef NewFilter(const Call& call) {
+  AutomationObject& parameters = call.Parameters();
+  ObjectRef filter = call.Around().CreateObject(L"KodraRegEvt.RegEvtFind");
   filter->Let(L"Acao", frame::ReadText(parameters, L"Acao"));
   filter->Let(L"Cod_Docto", frame::ReadText(parameters, L"CodDocto"));
   filter->Let(L"DataFinal", frame::ReadDate(parameters, L"DataFinal"));
@@ -99,15 +62,15 @@ ObjectRef CLogRpt::NewFilter(AutomationObject& parameters) const {
   return filter;
 }
 
-ObjectRef CLogRpt::NewReader() const {
-  ObjectRef reader = Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
-  reader->Let(L"StringConexao", StringConexao());
-  reader->Let(L"Caller", SourceOf(L"RelatorioLog"));
+ObjectRef NewReader(const Call& call) {
+  ObjectRef reader = call.Around().CreateObject(L"KodraRegEvt.RegEvtDAO");
+  reader->Let(L"StringConexao", call.StringConexao());
+  reader->Let(L"Caller", call.Source());
   return reader;
 }
 
-frame::ReportRows CLogRpt::Fill(AutomationObject& events) const {
-  OutputDataset output(Around());
+frame::ReportRows Fill(const Call& call, AutomationObject& events) {
+  OutputDataset output(call.Around());
   output.Append(L"DATA", ad::kDBTimeStamp);
   output.AppendText(L"HORA", 8);
   output.AppendText(L"DESCR_OPERADOR", 250);
@@ -119,6 +82,21 @@ frame::ReportRows CLogRpt::Fill(AutomationObject& events) const {
   events.ForEach([&](const Value& event) { FillEvent(output, RequiredObject(event)); });
   output.MoveFirst();
   return output.Release();
+}
+
+}  // namespace
+
+// Reads MaquinaOrigem, Operador, Acao, Evento (its first three characters), CodDocto, DataInicial and DataFinal and
+// hands them to the event-log component, which decides what they mean. An action text is cut into fields of 250
+// characters, ACAO1 to ACAO32. Null when the component returns no collection.
+frame::ReportRows CLogRpt::RelatorioLog(Call& call) {
+  call.InicializaPS();
+  // Both live until the rows are filled: the events may be read through them.
+  const ObjectRef filter = NewFilter(call);
+  const ObjectRef reader = NewReader(call);
+  Value argument = filter;
+  const ObjectRef events = ObjectIn(reader->CallByReference(L"Localiza", argument, {}));
+  return events ? Fill(call, *events) : nullptr;
 }
 
 }  // namespace kodra::reports

@@ -1,17 +1,11 @@
-// The label methods of CCaixaRpt.
+// The labels of storage modules ("módulos") and their subordinates.
 #include "frame/parameter_reader.h"
-#include "reports/modules/caixa_logged.h"
 #include "reports/modules/module_code.h"
+#include "reports/reports.h"
+#include "values/convert.h"
 
 namespace kodra::reports {
 namespace {
-
-using data::JoinKind;
-
-// The condition that picks a subordinate module by its 7-character code.
-void AddIsSubordinate(data::SelectBuilder& builder, std::wstring_view code) {
-  builder.AddToWhere(L"(s.NUM_CAIXA='", MainModule(code), L"' AND s.NUM_SEQ=", SubordinateNumber(code), L")");
-}
 
 // The three modules of a label sheet.
 struct Modules {
@@ -28,90 +22,123 @@ Modules ReadModules(AutomationObject& parameters) {
   return modules;
 }
 
-void AddAnyModule(data::SelectBuilder& builder, const Modules& modules) {
-  builder.AddToWhere(L"c.NUM_CAIXA='", modules.first, L"' OR c.NUM_CAIXA='", modules.second, L"' OR c.NUM_CAIXA='",
-                     modules.third, L"'");
+std::wstring IsAnyModule(const Modules& modules) {
+  return L"c.NUM_CAIXA='" + modules.first + L"' OR c.NUM_CAIXA='" + modules.second + L"' OR c.NUM_CAIXA='" +
+         modules.third + L"'";
 }
 
-void AddAnySubordinate(data::SelectBuilder& builder, const Modules& modules) {
-  AddIsSubordinate(builder, modules.first);
-  builder.AddToWhere(L"  OR ");
-  AddIsSubordinate(builder, modules.second);
-  builder.AddToWhere(L"  OR ");
-  AddIsSubordinate(builder, modules.third);
+// The condition that picks a subordinate module by its 7-character code.
+std::wstring IsSubordinate(const std::wstring& code) {
+  return L"(s.NUM_CAIXA='" + MainModule(code) + L"' AND s.NUM_SEQ=" + SubordinateNumber(code) + L")";
+}
+
+std::wstring IsAnySubordinate(const Modules& modules) {
+  return IsSubordinate(modules.first) + L"  OR " + IsSubordinate(modules.second) + L"  OR " +
+         IsSubordinate(modules.third);
+}
+
+// The closed subordinates of a module: a collection, null when the component returns none, with the objects that it
+// came from and may be read through.
+struct ClosedSubordinates {
+  ObjectRef filter;
+  ObjectRef reader;
+  ObjectRef modules;
+};
+
+ClosedSubordinates ObtemSubordinadosFechados(ModuleCall& call, const std::wstring& module) {
+  constexpr std::int32_t kClosedOnly = 1;
+  const std::wstring source = call.SourceOf(L"ObtemSubordinadosFechados");
+  call.DebugLog(source + L": gerando filtro");
+  ObjectRef filter = call.Around().CreateObject(L"KodraBsnV3.ModulosFiltro");
+  filter->Let(L"NumCaixa", module);
+  filter->Let(L"Fechados", kClosedOnly);
+  call.DebugLog(source + L": obtendo dados");
+  ObjectRef reader = call.CreateBusinessObject(L"KodraBsnV3.ObtedorDeModulos");
+  Value argument = filter;
+  ObjectRef modules = ObjectIn(reader->CallByReference(L"ObtemSubordinados", argument, {}));
+  return {std::move(filter), std::move(reader), std::move(modules)};
+}
+
+// Raises unless there is a collection with a member.
+void RequireAny(const ClosedSubordinates& closed, const std::wstring& module) {
+  const std::wstring source(kApplicationTitle);
+  if (!closed.modules)
+    throw Erro(kErrBase + 10, source,
+               L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo " + module);
+  if (values::ToInt32(closed.modules->Get(L"Count")) == 0)
+    throw Erro(kErrBase + 11, source, L"Não há módulos subordinados fechados associados ao módulo " + module);
 }
 
 }  // namespace
 
-frame::ReportRows CCaixaRpt::EtiquetaAbertura(AutomationObject* obj) {
-  return Logged(L"EtiquetaAbertura", [&] {
-    InicializaPS(obj);
-    data::SelectBuilder builder = NewBuilder();
-    if (frame::ReadText(*obj, L"Tipo") == L"S") {
-      builder.SetColumns(L"c.DESC_CAIXA, ", SubordinateCode(), L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO");
-      builder.SetFrom(L"CAIXA c");
-      builder.AddJoin(0, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
-      AddAnySubordinate(builder, ReadModules(*obj));
-    } else {
-      builder.SetColumns(L"c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO");
-      builder.SetFrom(L"CAIXA c");
-      AddAnyModule(builder, ReadModules(*obj));
-    }
-    const std::wstring_view once = builder.SQL();
-    if (HasConexao()) return OpenResult(once);
-    // Two opening labels go on each module.
-    return OpenResult(values::LocalText<2000>(once, L" UNION ALL ", once, L" ORDER BY NUM_CAIXA"));
-  });
+// Reads Tipo ("S": subordinate modules) and Modulo1 to Modulo3.
+frame::ReportRows CCaixaRpt::EtiquetaAbertura(Call& call) {
+  call.InicializaPS();
+  std::wstring once;
+  if (frame::ReadText(call.Parameters(), L"Tipo") == L"S") {
+    const std::wstring code = call.SubordinateCode();
+    once = L"SELECT c.DESC_CAIXA, " + code +
+           L" AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO "
+           L"FROM CAIXA c "
+           L"INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+           L"WHERE " +
+           IsAnySubordinate(ReadModules(call.Parameters()));
+  } else {
+    once =
+        L"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO "
+        L"FROM CAIXA c "
+        L"WHERE " +
+        IsAnyModule(ReadModules(call.Parameters()));
+  }
+  if (call.HasConexao()) return call.OpenResult(once);
+  // Two opening labels go on each module.
+  return call.OpenResult(once + L" UNION ALL " + once + L" ORDER BY NUM_CAIXA");
 }
 
-frame::ReportRows CCaixaRpt::EtiquetaFechamento(AutomationObject* obj) {
-  return Logged(L"EtiquetaFechamento", [&] {
-    InicializaPS(obj);
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(
-        L"c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.TIPO_GUARDA, "
-        L"p.EMPRESA AS Nome_Empresa");
-    builder.SetFrom(L"CAIXA c");
-    builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
-    builder.SetWhere(L"(");
-    AddAnyModule(builder, ReadModules(*obj));
-    builder.AddToWhere(L")");
-    builder.SetOrderBy(L"c.NUM_CAIXA");
-    return OpenResult(builder.SQL());
-  });
+// Reads Modulo1 to Modulo3.
+frame::ReportRows CCaixaRpt::EtiquetaFechamento(Call& call) {
+  call.InicializaPS();
+  return call.OpenResult(
+      L"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.TIPO_GUARDA, "
+      L"p.EMPRESA AS Nome_Empresa "
+      L"FROM CAIXA c "
+      L"INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+      L"WHERE (" +
+      IsAnyModule(ReadModules(call.Parameters())) +
+      L") "
+      L"ORDER BY c.NUM_CAIXA");
 }
 
-frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(AutomationObject* obj) {
-  return Logged(L"EtiquetaFechamentoSubordinada", [&] {
-    InicializaPS(obj);
-    const std::wstring module = frame::ReadText(*obj, L"Modulo1");
-    const ClosedSubordinates closed = ObtemSubordinadosFechados(module);
-    RequireAny(closed, module);
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(L"c.DESC_CAIXA, ", SubordinateCode(),
-                       L" AS NUM_CAIXA, "
-                       L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
-                       L"p.EMPRESA AS Nome_Empresa");
-    builder.SetFrom(L"CAIXA c");
-    builder.AddJoin(0, JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
-    builder.AddJoin(1, JoinKind::kInner, L"CAIXA_SUBORDINADA s", L"c.NUM_CAIXA = s.NUM_CAIXA");
-    builder.SetWhere(L"s.NUM_CAIXA = '", module, L"'");
-    builder.SetOrderBy(L"NUM_CAIXA");
-    return OpenResult(builder.SQL());
-  });
+// Reads Modulo1. The labels of every subordinate once at least one is closed.
+frame::ReportRows CCaixaRpt::EtiquetaFechamentoSubordinada(Call& call) {
+  call.InicializaPS();
+  const std::wstring module = frame::ReadText(call.Parameters(), L"Modulo1");
+  const ClosedSubordinates closed = ObtemSubordinadosFechados(call, module);
+  RequireAny(closed, module);
+  return call.OpenResult(L"SELECT c.DESC_CAIXA, " + call.SubordinateCode() +
+                         L" AS NUM_CAIXA, "
+                         L"s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, s.TIPO_GUARDA, "
+                         L"p.EMPRESA AS Nome_Empresa "
+                         L"FROM CAIXA c "
+                         L"INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+                         L"INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                         L"WHERE s.NUM_CAIXA = '" +
+                         module +
+                         L"' "
+                         L"ORDER BY NUM_CAIXA");
 }
 
-frame::ReportRows CCaixaRpt::EtiquetaDivisoria(AutomationObject* obj) {
-  return Logged(L"EtiquetaDivisoria", [&] {
-    InicializaPS(obj);
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(L"d.COD_DOCTO");
-    builder.SetFrom(L"DOCUMENTO d");
-    const std::wstring module = frame::ReadText(*obj, L"Modulo1");
-    builder.SetWhere(L"d.NUM_CAIXA = '", MainModule(module), L"'");
-    builder.SetOrderBy(L"d.COD_DOCTO");
-    return OpenResult(builder.SQL());
-  });
+// Reads Modulo1. One row per document of the module; a subordinate's code returns those of its parent.
+frame::ReportRows CCaixaRpt::EtiquetaDivisoria(Call& call) {
+  call.InicializaPS();
+  const std::wstring module = frame::ReadText(call.Parameters(), L"Modulo1");
+  return call.OpenResult(
+      L"SELECT d.COD_DOCTO "
+      L"FROM DOCUMENTO d "
+      L"WHERE d.NUM_CAIXA = '" +
+      MainModule(module) +
+      L"' "
+      L"ORDER BY d.COD_DOCTO");
 }
 
 }  // namespace kodra::reports

@@ -1,34 +1,16 @@
-#include "reports/modules/container_rpt.h"
-
-#include <array>
+// The containers of storage modules: their list, their opening label and the modules on it.
 #include <cmath>
 #include <optional>
 
-#include "data/compiled_statement.h"
 #include "frame/parameter_reader.h"
+#include "reports/modules/container_label.h"
 #include "reports/output_dataset.h"
-#include "values/writer.h"
+#include "reports/reports.h"
 
 namespace kodra::reports {
 namespace {
 
 namespace ad = platform::ad;
-
-constexpr std::array<std::wstring_view, 3> kContainers = {L"Container1", L"Container2", L"Container3"};
-
-constexpr void SelectContainers(data::SelectBuilder& builder) {
-  builder.SetColumns(L"NUM_CONTAINER, DESC_CONTAINER");
-  builder.SetFrom(L"CONTAINER");
-  builder.SetOrderBy(L"NUM_CONTAINER, DESC_CONTAINER");
-}
-
-values::LocalText<200> ModulesStatement(const std::wstring& container) {
-  return values::LocalText<200>(
-      L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
-      L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
-      L"WHERE cx.CONTAINER='",
-      container, L"'");
-}
 
 // Whole seconds from one date to another.
 double SecondsBetween(Date from, Date to) {
@@ -52,6 +34,14 @@ std::optional<ContainerLabel> ReadLabel(platform::Recordset& modules, Automation
   return label;
 }
 
+frame::ReportRows OpenModules(const Call& call, const std::wstring& container) {
+  return call.Open(
+      L"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
+      L"FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 "
+      L"WHERE cx.CONTAINER='" +
+      container + L"'");
+}
+
 void EnsureOpen(OutputDataset& output) {
   if (output.Rows().State() != ad::kStateOpen) output.Open();
 }
@@ -65,58 +55,59 @@ void ContainerLabel::Add(Date date, std::wstring_view moduleKind, std::wstring_v
   if (SecondsBetween(latest, date) > 0) latest = date;
 }
 
-frame::ReportRows CContainerRpt::RelatorioContainers(AutomationObject* obj) {
-  return Report(L"RelatorioContainers", [&] {
-    InicializaPS(obj);
-    return Open(data::kCompiledStatement<SelectContainers>);
-  });
+// Every container.
+frame::ReportRows CContainerRpt::RelatorioContainers(Call& call) {
+  call.InicializaPS();
+  return call.Open(
+      L"SELECT NUM_CONTAINER, DESC_CONTAINER "
+      L"FROM CONTAINER "
+      L"ORDER BY NUM_CONTAINER, DESC_CONTAINER");
 }
 
-frame::ReportRows CContainerRpt::EtiquetaAbertura(AutomationObject* obj) {
-  return Report(L"EtiquetaAbertura", [&] {
-    InicializaPS(obj);
-    const ObjectRef conversions = Around().CreateObject(L"VantLib.Conversoes");
-    OutputDataset output(Around());
-    output.AppendText(L"CONTAINER", 10);
-    output.Append(L"DATA_VENCIMENTO", ad::kDBDate);
-    output.AppendText(L"TIPO_GUARDA", 1);
-    output.AppendText(L"NOME_EMPRESA", 64);
-    bool anyLabel = false;
-    for (const std::wstring_view property : kContainers) {
-      const std::wstring container = frame::ReadText(*obj, property);
-      const frame::ReportRows modules = Open(ModulesStatement(container));
-      const std::optional<ContainerLabel> label = ReadLabel(*modules, *conversions);
-      modules->Close();
-      if (!label) continue;
-      EnsureOpen(output);
-      output.AddNew();
-      output[0].Let(container);
-      output[1].Let(label->latest);
-      output[2].Let(label->kind);
-      output[3].Let(label->company);
-      output.Update();
-      anyLabel = true;
-    }
+// Reads Container1 to Container3: one row, made in memory, for each that has a module in it. The first row is the
+// current one.
+frame::ReportRows CContainerRpt::EtiquetaAbertura(Call& call) {
+  call.InicializaPS();
+  const ObjectRef conversions = call.Around().CreateObject(L"VantLib.Conversoes");
+  OutputDataset output(call.Around());
+  output.AppendText(L"CONTAINER", 10);
+  output.Append(L"DATA_VENCIMENTO", ad::kDBDate);
+  output.AppendText(L"TIPO_GUARDA", 1);
+  output.AppendText(L"NOME_EMPRESA", 64);
+  bool anyLabel = false;
+  for (const std::wstring_view property : {L"Container1", L"Container2", L"Container3"}) {
+    const std::wstring container = frame::ReadText(call.Parameters(), property);
+    const frame::ReportRows modules = OpenModules(call, container);
+    const std::optional<ContainerLabel> label = ReadLabel(*modules, *conversions);
+    modules->Close();
+    if (!label) continue;
     EnsureOpen(output);
-    if (anyLabel) output.MoveFirst();  // an empty recordset has no first row to move to
-    return output.Release();
-  });
+    output.AddNew();
+    output.Let(L"CONTAINER", container);
+    output.Let(L"DATA_VENCIMENTO", label->latest);
+    output.Let(L"TIPO_GUARDA", label->kind);
+    output.Let(L"NOME_EMPRESA", label->company);
+    output.Update();
+    anyLabel = true;
+  }
+  EnsureOpen(output);
+  if (anyLabel) output.MoveFirst();  // an empty recordset has no first row to move to
+  return output.Release();
 }
 
-frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(AutomationObject* obj) {
-  return Report(L"EtiquetaAberturaSubRpt", [&] {
-    InicializaPS(obj);
-    const std::wstring first = frame::ReadText(*obj, L"Container1");
-    const std::wstring second = frame::ReadText(*obj, L"Container2");
-    const std::wstring third = frame::ReadText(*obj, L"Container3");
-    return Open(
-        values::LocalText<200>(L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
-                               L"FROM CAIXA cx "
-                               L"WHERE cx.CONTAINER = '",
-                               first, L"' OR cx.CONTAINER = '", second, L"' OR cx.CONTAINER = '", third,
-                               L"' "
-                               L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA"));
-  });
+// Reads Container1 to Container3: their modules.
+frame::ReportRows CContainerRpt::EtiquetaAberturaSubRpt(Call& call) {
+  call.InicializaPS();
+  const std::wstring first = frame::ReadText(call.Parameters(), L"Container1");
+  const std::wstring second = frame::ReadText(call.Parameters(), L"Container2");
+  const std::wstring third = frame::ReadText(call.Parameters(), L"Container3");
+  return call.Open(
+      L"SELECT cx.CONTAINER, cx.NUM_CAIXA "
+      L"FROM CAIXA cx "
+      L"WHERE cx.CONTAINER = '" +
+      first + L"' OR cx.CONTAINER = '" + second + L"' OR cx.CONTAINER = '" + third +
+      L"' "
+      L"ORDER BY cx.CONTAINER, cx.NUM_CAIXA");
 }
 
 }  // namespace kodra::reports

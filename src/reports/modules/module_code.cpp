@@ -6,7 +6,7 @@
 
 namespace kodra::reports {
 
-std::wstring_view MainModule(std::wstring_view code) { return code.substr(0, kModuleCodeSize); }
+std::wstring MainModule(std::wstring_view code) { return std::wstring(code.substr(0, kModuleCodeSize)); }
 
 std::wstring SubordinateNumber(std::wstring_view code) {
   constexpr std::size_t kDigits = 2;

@@ -10,7 +10,7 @@ namespace kodra::reports {
 inline constexpr std::size_t kModuleCodeSize = 5;
 
 // The module that a code names, the parent for a subordinate's: its first 5 characters.
-std::wstring_view MainModule(std::wstring_view code);
+std::wstring MainModule(std::wstring_view code);
 
 // The number of a subordinate within its parent: the value of the last 2 characters as a decimal number without
 // padding; 0 when they are no number.

@@ -5,13 +5,14 @@
 
 namespace kodra::reports {
 
-void FilterDepto(data::SelectBuilder& builder, AutomationObject& parameters) {
+std::wstring DeptoFilter(AutomationObject& parameters) {
   const std::wstring code = frame::ReadText(parameters, L"CodDepto");
-  if (values::LeadingNumber(code) > 0) builder.AddToWhere(L" AND c.COD_DEPTO = '", code, L"'");
+  if (values::LeadingNumber(code) <= 0) return {};
+  return L" AND c.COD_DEPTO = '" + code + L"'";
 }
 
-void FilterPregresso(data::SelectBuilder& builder, AutomationObject& parameters) {
-  if (frame::ReadFlag(parameters, L"ModoPregresso")) builder.AddToWhere(L" AND c.DOCS_PREGRESSOS = 1");
+std::wstring PregressoFilter(AutomationObject& parameters) {
+  return frame::ReadFlag(parameters, L"ModoPregresso") ? L" AND c.DOCS_PREGRESSOS = 1" : L"";
 }
 
 }  // namespace kodra::reports

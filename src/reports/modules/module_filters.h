@@ -1,15 +1,16 @@
-// The filters that the module listings add to a statement, each appended to the WHERE text as it stands by then.
+// The filters that the module listings add to a condition over the module c; empty for a filter that is off.
 #pragma once
 
-#include "data/select_builder.h"
+#include <string>
+
 #include "values/automation.h"
 
 namespace kodra::reports {
 
-// Only modules of a department: CodDepto, when its value as a number is above zero. The code goes in as it is given.
-void FilterDepto(data::SelectBuilder& builder, AutomationObject& parameters);
+// Only modules of a department: CodDepto, when its value as a number is above zero. The code goes in as it is.
+std::wstring DeptoFilter(AutomationObject& parameters);
 
 // Only modules of the back catalogue: ModoPregresso.
-void FilterPregresso(data::SelectBuilder& builder, AutomationObject& parameters);
+std::wstring PregressoFilter(AutomationObject& parameters);
 
 }  // namespace kodra::reports

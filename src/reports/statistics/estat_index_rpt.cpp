@@ -1,59 +1,56 @@
-#include "reports/statistics/estat_index_rpt.h"
-
+// Indexing production: the documents indexed in a period, and counts by index key.
 #include "frame/parameter_reader.h"
+#include "reports/reports.h"
 #include "reports/statistics/period.h"
 #include "reports/statistics/production_filter.h"
-#include "sql/tradutor_sql.h"
 
 namespace kodra::reports {
 
-frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorDocumento(AutomationObject* obj) {
-  return Report(L"RelatorioEstatisticasPorDocumento", [&] {
-    InicializaPS(obj);
-    const Period period = ReadPeriod(*obj);
-    const ProductionFilter filter = ReadProductionFilter(*obj);
-    const StatedPeriod stated(period);
-    const std::wstring owner = frame::ReadText(*obj, L"Owner");
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(stated.Title(), L" AS TIT1, ");
-    filter.AddColumns(builder);
-    builder.AddToColumns(
-        L"d.DATA_INDEXACAO, "
-        L"d.COD_DOCTO, "
-        L"p.EMPRESA AS FUNDO, "
-        L"'",
-        owner, L"' AS OWNER");
-    builder.SetFrom(L"DOCUMENTO d");
-    const std::int32_t joins = filter.AddJoins(builder, 0, L"d.COD_INDEXADOR");
-    builder.AddJoin(joins, data::JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
-    builder.SetWhere(stated.Between(L"d.DATA_INDEXACAO", sql::fdDDMMYYYY));
-    filter.AddConditions(builder, L"d.COD_INDEXADOR");
-    return Open(builder.SQL());
-  });
+// Reads Owner, DataInicial, DataFinal, CodOperador (the one who indexed) and CodDepto (empty: all): one row per
+// document.
+frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorDocumento(Call& call) {
+  call.InicializaPS();
+  const Period period = ReadPeriod(call.Parameters());
+  const ProductionFilter filter = ReadProductionFilter(call.Parameters());
+  const std::wstring title = PeriodTitle(period);
+  const std::wstring owner = frame::ReadText(call.Parameters(), L"Owner");
+  data::SelectBuilder select;
+  select.SetColumns(title + L" AS TIT1, " + filter.Columns() +
+                    L"d.DATA_INDEXACAO, "
+                    L"d.COD_DOCTO, "
+                    L"p.EMPRESA AS FUNDO, "
+                    L"'" +
+                    owner + L"' AS OWNER");
+  select.SetFrom(L"DOCUMENTO d");
+  const std::int32_t joins = filter.AddJoins(select, 0, L"d.COD_INDEXADOR");
+  select.AddJoin(joins, data::JoinKind::kInner, L"PARAMETRO p", L"p.CODIGO = '1'");
+  select.SetWhere(Between(L"d.DATA_INDEXACAO", period, sql::fdDDMMYYYY, call.Sql()) +
+                  filter.Conditions(L"d.COD_INDEXADOR"));
+  return call.Open(select.SQL());
 }
 
-frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave(AutomationObject* obj) {
-  return Report(L"RelatorioEstatisticasPorPalavrasChave", [&] {
-    InicializaPS(obj);
-    const StatedPeriod period(ReadPeriod(*obj));
-    const std::wstring operatorName = frame::ReadText(*obj, L"DescrOperador");
-    const std::wstring departmentName = frame::ReadText(*obj, L"DescrDepto");
-    const std::wstring first = frame::ReadText(*obj, L"NumeroPC1");
-    const std::wstring second = frame::ReadText(*obj, L"NumeroPC2");
-    const std::wstring third = frame::ReadText(*obj, L"NumeroPC3");
-    const std::wstring fourth = frame::ReadText(*obj, L"NumeroPC4");
-    const std::wstring fifth = frame::ReadText(*obj, L"NumeroPC5");
-    const std::wstring remarks = frame::ReadText(*obj, L"NumeroObs");
-    const std::wstring owner = frame::ReadText(*obj, L"Owner");
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(period.Title(), L" AS TIT1, '", operatorName, L"' AS OPERADOR, '", departmentName,
-                       L"' AS DEPTO, ", first, L" AS PC1, ", second, L" AS PC2, ", third, L" AS PC3, ", fourth,
-                       L" AS PC4, ", fifth, L" AS PC5, ", remarks, L" AS OBS, p.EMPRESA AS FUNDO, '", owner,
-                       L"' AS OWNER");
-    builder.SetFrom(L"PARAMETRO p");
-    builder.SetWhere(L"p.CODIGO = '1'");
-    return Open(builder.SQL());
-  });
+// Reads Owner, DataInicial, DataFinal, DescrOperador, DescrDepto, NumeroPC1 to NumeroPC5 and NumeroObs: one row with
+// the counts that the client made, which are in the statement as they are.
+frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave(Call& call) {
+  call.InicializaPS();
+  AutomationObject& parameters = call.Parameters();
+  std::wstring statement = L"SELECT " + PeriodTitle(ReadPeriod(parameters)) + L" AS TIT1, ";
+  statement += L"'" + frame::ReadText(parameters, L"DescrOperador") + L"' AS OPERADOR, ";
+  statement += L"'" + frame::ReadText(parameters, L"DescrDepto") + L"' AS DEPTO, ";
+  statement += frame::ReadText(parameters, L"NumeroPC1") + L" AS PC1, ";
+  statement += frame::ReadText(parameters, L"NumeroPC2") + L" AS PC2, ";
+  statement += frame::ReadText(parameters, L"NumeroPC3") + L" AS PC3, ";
+  statement += frame::ReadText(parameters, L"NumeroPC4") + L" AS PC4, ";
+  statement += frame::ReadText(parameters, L"NumeroPC5") + L" AS PC5, ";
+  statement += frame::ReadText(parameters, L"NumeroObs") + L" AS OBS, ";
+  statement +=
+      L"p.EMPRESA AS FUNDO, "
+      L"'" +
+      frame::ReadText(parameters, L"Owner") +
+      L"' AS OWNER "
+      L"FROM PARAMETRO p "
+      L"WHERE p.CODIGO = '1'";
+  return call.Open(statement);
 }
 
 }  // namespace kodra::reports

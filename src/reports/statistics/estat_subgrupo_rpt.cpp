@@ -1,36 +1,34 @@
-#include "reports/statistics/estat_subgrupo_rpt.h"
-
+// Production by subgroup: the documents stored in a period.
 #include "frame/parameter_reader.h"
+#include "reports/reports.h"
 #include "reports/statistics/period.h"
 #include "reports/statistics/taxonomy_names.h"
-#include "sql/tradutor_sql.h"
 
 namespace kodra::reports {
 namespace {
 
-values::Piece CountColumns(std::wstring_view kind) {
-  if (kind == L"F") return L"g.DESCR_GRUPO, d.FRENTE";
-  if (kind == L"P") return L"g.DESCR_GRUPO, d.FRENTE, d.VERSO";
-  return L"g.DESCR_GRUPO, d.COD_DOCTO";
+std::wstring CountColumns(const std::wstring& kind) {
+  if (kind == L"F") return L"g.DESCR_GRUPO, d.FRENTE ";
+  if (kind == L"P") return L"g.DESCR_GRUPO, d.FRENTE, d.VERSO ";
+  return L"g.DESCR_GRUPO, d.COD_DOCTO ";
 }
 
 }  // namespace
 
-frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(AutomationObject* obj) {
-  return Report(L"RelatorioEstatisticas", [&] {
-    InicializaPS(obj);
-    const std::wstring name = TaxonomyName(L"NOME_SUBGRUPO", StringConexao(), Around());
-    const Period period = ReadPeriod(*obj);
-    const StatedPeriod stated(period);
-    const auto where = stated.Between(L"d.DT_ARMAZ", sql::fdYYYYMMDD);
-    const std::wstring kind = frame::ReadText(*obj, L"TipoRpt");
-    data::SelectBuilder builder = NewBuilder();
-    builder.SetColumns(StatisticsTitle(name), L" AS TITULO, ", stated.Title(), L" AS TIT1, ", CountColumns(kind));
-    builder.SetFrom(L"DOCUMENTO d");
-    builder.AddJoin(0, data::JoinKind::kInner, L"GRUPO g", L"g.COD_GRUPO = d.COD_GRUPO");
-    builder.SetWhere(where);
-    return Open(builder.SQL());
-  });
+// Reads DataInicial, DataFinal and TipoRpt: "F" returns front pages, "P" front and back pages, anything else the
+// document code. The title has the installation's own name for a subgroup.
+frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(Call& call) {
+  call.InicializaPS();
+  const std::wstring name = TaxonomyName(L"NOME_SUBGRUPO", call.StringConexao(), call.Around());
+  const Period period = ReadPeriod(call.Parameters());
+  const std::wstring title = PeriodTitle(period);
+  const std::wstring where = Between(L"d.DT_ARMAZ", period, sql::fdYYYYMMDD, call.Sql());
+  const std::wstring kind = frame::ReadText(call.Parameters(), L"TipoRpt");
+  return call.Open(L"SELECT " + StatisticsTitle(name) + L" AS TITULO, " + title + L" AS TIT1, " + CountColumns(kind) +
+                   L"FROM DOCUMENTO d "
+                   L"INNER JOIN GRUPO g ON g.COD_GRUPO = d.COD_GRUPO "
+                   L"WHERE " +
+                   where);
 }
 
 }  // namespace kodra::reports

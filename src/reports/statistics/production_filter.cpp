@@ -4,29 +4,26 @@
 
 namespace kodra::reports {
 
-void ProductionFilter::AddColumns(data::SelectBuilder& builder) const {
-  if (operatorCode.empty())
-    builder.AddToColumns(L"'Todos os Operadores' AS OPERADOR, ");
-  else
-    builder.AddToColumns(L"o.DESCR_OPERADOR AS OPERADOR, ");
-  if (departmentCode.empty())
-    builder.AddToColumns(L"'Todos os Departamentos' AS DEPTO, ");
-  else
-    builder.AddToColumns(L"dp.DESCR_DEPTO AS DEPTO, ");
+std::wstring ProductionFilter::Columns() const {
+  std::wstring columns =
+      operatorCode.empty() ? L"'Todos os Operadores' AS OPERADOR, " : L"o.DESCR_OPERADOR AS OPERADOR, ";
+  columns += departmentCode.empty() ? L"'Todos os Departamentos' AS DEPTO, " : L"dp.DESCR_DEPTO AS DEPTO, ";
+  return columns;
 }
 
-std::int32_t ProductionFilter::AddJoins(data::SelectBuilder& builder, std::int32_t joins,
-                                        std::wstring_view operatorColumn) const {
-  if (!operatorCode.empty())
-    builder.AddJoin(joins++, data::JoinKind::kInner, L"OPERADOR o", operatorColumn, L" = o.COD_OPERADOR");
-  if (!departmentCode.empty())
-    builder.AddJoin(joins++, data::JoinKind::kInner, L"DEPTO dp", L"d.COD_DEPTO = dp.COD_DEPTO");
+std::int32_t ProductionFilter::AddJoins(data::SelectBuilder& select, std::int32_t joins,
+                                        const std::wstring& operatorColumn) const {
+  using enum data::JoinKind;
+  if (!operatorCode.empty()) select.AddJoin(joins++, kInner, L"OPERADOR o", operatorColumn + L" = o.COD_OPERADOR");
+  if (!departmentCode.empty()) select.AddJoin(joins++, kInner, L"DEPTO dp", L"d.COD_DEPTO = dp.COD_DEPTO");
   return joins;
 }
 
-void ProductionFilter::AddConditions(data::SelectBuilder& builder, std::wstring_view operatorColumn) const {
-  if (!operatorCode.empty()) builder.AddToWhere(L" AND ", operatorColumn, L" = '", operatorCode, L"'");
-  if (!departmentCode.empty()) builder.AddToWhere(L" AND d.COD_DEPTO = '", departmentCode, L"'");
+std::wstring ProductionFilter::Conditions(const std::wstring& operatorColumn) const {
+  std::wstring conditions;
+  if (!operatorCode.empty()) conditions += L" AND " + operatorColumn + L" = '" + operatorCode + L"'";
+  if (!departmentCode.empty()) conditions += L" AND d.COD_DEPTO = '" + departmentCode + L"'";
+  return conditions;
 }
 
 ProductionFilter ReadProductionFilter(AutomationObject& parameters) {

@@ -13,16 +13,16 @@ struct ProductionFilter {
   std::wstring operatorCode;
   std::wstring departmentCode;
 
-  // Adds the columns OPERADOR and DEPTO, each the chosen one's description or "Todos os …", with a final ", ".
-  void AddColumns(data::SelectBuilder& builder) const;
+  // The columns OPERADOR and DEPTO, each the chosen one's description or "Todos os …", with a final ", ".
+  std::wstring Columns() const;
 
-  // Adds the joins of the chosen ones, from join position `joins` on, and gives the next free position;
+  // Adds the joins of the chosen ones, from join position `joins` on, and returns the next free position;
   // `operatorColumn` is the document's column that the operator code is compared with. A table is joined only where
   // the columns refer to it.
-  std::int32_t AddJoins(data::SelectBuilder& builder, std::int32_t joins, std::wstring_view operatorColumn) const;
+  std::int32_t AddJoins(data::SelectBuilder& select, std::int32_t joins, const std::wstring& operatorColumn) const;
 
-  // Adds the conditions of the chosen ones behind a condition.
-  void AddConditions(data::SelectBuilder& builder, std::wstring_view operatorColumn) const;
+  // The conditions of the chosen ones, to be appended to a condition.
+  std::wstring Conditions(const std::wstring& operatorColumn) const;
 };
 
 // Reads CodOperador and CodDepto.

@@ -4,8 +4,6 @@
 #include <string>
 
 #include "platform/surroundings.h"
-#include "values/upper.h"
-#include "values/writer.h"
 
 namespace kodra::reports {
 
@@ -14,9 +12,6 @@ std::wstring TaxonomyName(const std::wstring& parameter, const std::wstring& con
                           platform::Surroundings& surroundings);
 
 // The heading of a statistic by a level, as an SQL text literal: 'ESTATÍSTICAS POR <NAME>'.
-inline auto StatisticsTitle(std::wstring_view name) {
-  return values::Written(
-      [name](values::Writer& out) { out.Append(L"'ESTATÍSTICAS POR ", values::InUpperCase{name}, L"'"); });
-}
+std::wstring StatisticsTitle(const std::wstring& name);
 
 }  // namespace kodra::reports

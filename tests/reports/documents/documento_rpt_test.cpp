@@ -1,5 +1,5 @@
 // The listings of documents.
-#include "reports/documents/documento_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ constexpr Date k31March2024 = {45382};
 // A listing: its method, and its statement up to where the filters stand.
 struct Listing {
   const char* method;
-  frame::ReportRows (CDocumentoRpt::*call)(AutomationObject*);
+  frame::ReportRows (*call)(Call&);
   const char* unfiltered;
 };
 
@@ -179,9 +179,9 @@ TEST_P(CDocumentoRptTest, LeavesAQuoteInTheDepartmentToTheDatabase) {
 TEST_P(CDocumentoRptTest, ListsEverythingForANewParameterObject) {
   Stage stage(Report(GetParam(), kNoDate, kNoDate, L""), DatabaseOf(2));
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CDocumentoRptObj"));
-  CDocumentoRpt report(stage.around);
+  frame::ReportObject report(L"CDocumentoRpt", stage.around);
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE((report.*GetParam().call)(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioAnalitico", GetParam().call, &parameters), nullptr);
   EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), Statement(GetParam(), "")));
 }
 

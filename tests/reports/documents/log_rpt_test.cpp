@@ -1,5 +1,5 @@
 // The event log.
-#include "reports/documents/log_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -298,9 +298,9 @@ TEST(CLogRptTest, HandsAnEmptyFilterOfANewParameterObjectOver) {
   Scene scene(Report(), DatabaseOf(2), Finding(kTwoEvents));
   scene.Prepare();
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CLogRptObj"));
-  CLogRpt report(scene.Around());
+  frame::ReportObject report(L"CLogRpt", scene.Around());
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(report.RelatorioLog(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioLog", &CLogRpt::RelatorioLog, &parameters), nullptr);
   const std::string filter = Joined({
       R"(CreateObject("KodraRegEvt.RegEvtFind") -> Object2)",
       R"(Object2.Let(Acao, ""))",
@@ -389,10 +389,11 @@ TEST(CLogRptTest, RaisesEveryErrorInItsFrame) {
   const auto raised = [](const std::wstring& connectionString, bool withParameters) {
     FakeSurroundings around;
     around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
-    CLogRpt report(around);
+    frame::ReportObject report(L"CLogRpt", around);
     report.SetStringConexao(connectionString);
     frame::ParameterObject parameters(frame::ParameterClassNamed(L"CLogRptObj"));
-    return RaisedBy([&] { report.RelatorioLog(withParameters ? &parameters : nullptr); });
+    return RaisedBy(
+        [&] { frame::Run(report, L"RelatorioLog", &CLogRpt::RelatorioLog, withParameters ? &parameters : nullptr); });
   };
   EXPECT_EQ(raised(L"", true), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
   EXPECT_EQ(raised(L"", false), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));

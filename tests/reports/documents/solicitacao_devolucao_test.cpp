@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/parameter_object.h"
-#include "reports/documents/solicitacao_rpt.h"
+#include "reports/reports.h"
 #include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
@@ -77,10 +77,12 @@ TEST(WithdrawnOriginalsTest, AreRefusedOnADatabaseWithoutDialectBeforeItConnects
 TEST(WithdrawnOriginalsTest, CoverAllRequestsWhateverCodesAreGiven) {
   Stage stage(Report(false), DatabaseOf(2));
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CSolicitacaoRptObj"));
-  CSolicitacaoRpt report(stage.around);
+  frame::ReportObject report(L"CSolicitacaoRpt", stage.around);
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
   parameters.Let(L"CodSolicit", L"77");
-  EXPECT_NE(report.RelatorioDevolucaoOriginal(&parameters), nullptr);
+  EXPECT_NE(
+      frame::Run(report, L"RelatorioDevolucaoOriginal", &CSolicitacaoRpt::RelatorioDevolucaoOriginal, &parameters),
+      nullptr);
   EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), OutOnly(kDates[1])));
 }
 

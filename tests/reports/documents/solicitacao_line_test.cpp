@@ -1,7 +1,7 @@
 // A document's line on the withdrawal slip, without any database.
 #include <gtest/gtest.h>
 
-#include "reports/documents/solicitacao_rpt.h"
+#include "reports/documents/slip_text.h"
 #include "tests/recorder/journal.h"
 
 namespace kodra::reports {

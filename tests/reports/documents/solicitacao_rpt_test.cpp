@@ -1,5 +1,5 @@
 // The withdrawal slip.
-#include "reports/documents/solicitacao_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -308,10 +308,13 @@ TEST(WithdrawalSlipTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 TEST(WithdrawalSlipTest, RaisesEveryErrorInItsFrame) {
   const auto raised = [](const std::wstring& connectionString, bool withParameters) {
     FakeSurroundings around;
-    CSolicitacaoRpt report(around);
+    frame::ReportObject report(L"CSolicitacaoRpt", around);
     report.SetStringConexao(connectionString);
     frame::ParameterObject parameters(frame::ParameterClassNamed(L"CSolicitacaoRptObj"));
-    return RaisedBy([&] { report.RelatorioRetiradaOriginal(withParameters ? &parameters : nullptr); });
+    return RaisedBy([&] {
+      frame::Run(report, L"RelatorioRetiradaOriginal", &CSolicitacaoRpt::RelatorioRetiradaOriginal,
+                 withParameters ? &parameters : nullptr);
+    });
   };
   EXPECT_EQ(raised(L"", true), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
   EXPECT_EQ(raised(L"", false), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));

@@ -124,14 +124,14 @@ TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
   onString.around.ado.nativeErrors = {942};
   onString.around.journal.FailOn(L"Recordset1.Open",
                                  recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
-  EXPECT_EQ(RaisedBy([&] { onString.report.DocsNoModuloSubRpt(CaixaStage::Own({}).get()); }),
+  EXPECT_EQ(RaisedBy([&] { RunModule(onString.report, &CCaixaRpt::DocsNoModuloSubRpt, CaixaStage::Own({}).get()); }),
             (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: A tabela não existe [N:942]"}));
   EXPECT_EQ(onString.heard, CallLines());
 
   CaixaStage onClients(DatabaseOf(1), Path::kClientConnection);
   onClients.around.journal.FailOn(L"Recordset1.Open",
                                   recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
-  EXPECT_EQ(RaisedBy([&] { onClients.report.DocsNoModuloSubRpt(CaixaStage::Own({}).get()); }),
+  EXPECT_EQ(RaisedBy([&] { RunModule(onClients.report, &CCaixaRpt::DocsNoModuloSubRpt, CaixaStage::Own({}).get()); }),
             (Raised{-2147217865, "OraOLEDB", "A tabela não existe"}));
   EXPECT_EQ(onClients.heard, CallLines());
 }
@@ -139,7 +139,7 @@ TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
 TEST(DocsNoModuloSubRptTest, RaisesTheRuntimesErrorWithoutAParameterObject) {
   for (const Path path : kPaths) {
     CaixaStage stage(DatabaseOf(2), path);
-    EXPECT_EQ(RaisedBy([&] { stage.report.DocsNoModuloSubRpt(nullptr); }),
+    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::DocsNoModuloSubRpt, nullptr); }),
               (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
     EXPECT_EQ(stage.around.journal.Calls(), "");
     EXPECT_EQ(stage.heard, CallLines());
@@ -230,8 +230,8 @@ TEST(AutorizacaoDescarteModuloSubRptTest, OpensTheBlankRowInPlaceOfAModuleWithou
 TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheReopenedRecordsetOnItsBlankRow) {
   CaixaStage stage(DatabaseOf(1), Path::kConnectionString);
   stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
-  const frame::ReportRows rows =
-      stage.report.AutorizacaoDescarteModuloSubRpt(CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
+  const frame::ReportRows rows = RunModule(stage.report, &CCaixaRpt::AutorizacaoDescarteModuloSubRpt,
+                                           CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
   EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
   EXPECT_FALSE(rows->Eof());
   EXPECT_EQ(rows->FieldByName(L"COD_DOCTO")->Get(), Value(L" "));

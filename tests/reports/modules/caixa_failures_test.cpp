@@ -112,7 +112,7 @@ class Rehearsal {
     stage.around.ado.results = tested_.results;
     stage.heard.clear();
     try {
-      EXPECT_NE((stage.report.*tested_.method)(parameters_.get()), nullptr);
+      EXPECT_NE(RunModule(stage.report, tested_.method, parameters_.get()), nullptr);
     } catch (...) {
       return recorder::ToRaised(CurrentErro());
     }

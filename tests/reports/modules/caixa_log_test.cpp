@@ -21,7 +21,7 @@ constexpr auto kMishapLine =
 Raised RaisedByMishap(CaixaStage& stage) {
   stage.around.journal.Forget();
   stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
-  return RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); });
+  return RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); });
 }
 
 // The log.
@@ -111,8 +111,9 @@ TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   LetTheLogLeave(stage, Null{});
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
-  EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaFechamentoSubordinada(CaixaStage::Own({}).get()); }),
-            Reported(source, "Uso de 'Null' inválido"));
+  EXPECT_EQ(
+      RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaFechamentoSubordinada, CaixaStage::Own({}).get()); }),
+      Reported(source, "Uso de 'Null' inválido"));
   // The line of that failure has the log fail once more, and is announced as it was written.
   EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro 94 em " + source + ": Uso de 'Null' inválido"});
 }
@@ -129,8 +130,10 @@ TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {
 TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   {
-    CCaixaRpt report(stage.around);
-    EXPECT_EQ(RaisedBy([&] { report.EtiquetaDivisoria(nullptr); }).source, "KodraRpt.CCaixaRpt::InicializaPS");
+    ModuleObject report(L"CCaixaRpt", stage.around);
+    EXPECT_EQ(
+        RaisedBy([&] { frame::Run(report, L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, nullptr); }).source,
+        "KodraRpt.CCaixaRpt::InicializaPS");
     stage.around.journal.Forget();
   }
   EXPECT_EQ(stage.around.journal.Calls(), "~Log\n");
@@ -167,7 +170,7 @@ TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
   for (const auto& [source, line] : kSources) {
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
-    EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
+    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); }),
               Reported(recorder::Utf8(source), "Falha provocada"));
     EXPECT_EQ(stage.heard, CallLines{line});
   }
@@ -180,7 +183,8 @@ TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
     const ObjectRef parameters = CaixaStage::Own({});
     const CaixaMethod called = method;
-    EXPECT_EQ(RaisedBy([&] { (stage.report.*called)(parameters.get()); }), Reported(source, "Falha provocada"));
+    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, called, parameters.get()); }),
+              Reported(source, "Falha provocada"));
     std::string line = source;
     line.append(": ----> saindo com o erro 5 em ").append(source).append(": Falha provocada");
     EXPECT_EQ(stage.heard, CallLines{line});
@@ -191,14 +195,14 @@ TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   const ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
   EXPECT_EQ(
-      RaisedBy([&] { stage.report.EtiquetaDivisoria(other.get()); }),
+      RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, other.get()); }),
       Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", R"(O objeto de parâmetros não tem a propriedade "Modulo1".)"));
 }
 
 TEST(CCaixaRptLogTest, RefusesANullParameter) {
   CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
   EXPECT_EQ(RaisedBy([&] {
-              stage.report.EtiquetaDivisoria(stage.Foreign({{L"Modulo1", Null{}}}).get());
+              RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", Null{}}}).get());
             }),
             Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", "Uso de 'Null' inválido"));
 }
@@ -206,7 +210,7 @@ TEST(CCaixaRptLogTest, RefusesANullParameter) {
 TEST(CCaixaRptLogTest, TellsWhereAFileThatIsNotThereWasLookedFor) {
   CaixaStage stage(DatabaseOf(7), Path::kConnectionString);
   stage.around.files.clear();
-  EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
+  EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); }),
             Reported("modADO.AbreFirehoseRs",
                      R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
@@ -221,7 +225,7 @@ TEST(CCaixaRptLogTest, AnnouncesAndReportsTheErrorOnceWhenTheLogFailsInTheFrame)
       CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
       stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
       stage.around.journal.FailOn(call, failure);
-      EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaDivisoria(CaixaStage::Own({}).get()); }),
+      EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); }),
                 Reported("Prova.Fonte", "Falha provocada"));
       EXPECT_EQ(stage.heard, CallLines{kMishapLine});
       // The next error finds the log again.
@@ -237,7 +241,9 @@ TEST(CCaixaRptLogTest, FailsOnceWhenTheLogFailsBeforeTheFrameAndInIt) {
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     for (int time = 0; time < 2; ++time)
       stage.around.journal.FailOn(call, Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")));
-    EXPECT_EQ(RaisedBy([&] { stage.report.EtiquetaFechamentoSubordinada(CaixaStage::Own({}).get()); }),
+    EXPECT_EQ(RaisedBy([&] {
+                RunModule(stage.report, &CCaixaRpt::EtiquetaFechamentoSubordinada, CaixaStage::Own({}).get());
+              }),
               Reported("VantLog", "Acesso negado"));
     EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro -2147024891 em VantLog: Acesso negado"});
   }
@@ -267,7 +273,7 @@ TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
     CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
     stage.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
                                 Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
-    EXPECT_EQ(RaisedBy([&] { (stage.report.*need.method)(CaixaStage::Own({}).get()); }),
+    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, need.method, CaixaStage::Own({}).get()); }),
               Reported("KodraRpt.CCaixaRpt::" + need.name, "O componente ActiveX não pode criar o objeto"));
     EXPECT_EQ(stage.heard.back(), "KodraRpt.CCaixaRpt::" + need.name +
                                       ": ----> saindo com o erro 429 em KodraRpt.CCaixaRpt::" + need.name +

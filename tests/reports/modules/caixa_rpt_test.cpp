@@ -1,5 +1,5 @@
 // What the methods of CCaixaRpt share: where they find the database and what they ask of a call first.
-#include "reports/modules/caixa_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -17,14 +17,14 @@ constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIX
 // The error of a call with that parameter object.
 Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const ObjectRef& parameters) {
   stage.around.journal.Forget();
-  return RaisedBy([&] { (stage.report.*method)(parameters.get()); });
+  return RaisedBy([&] { RunModule(stage.report, method, parameters.get()); });
 }
 
 // The properties.
 
 TEST(CCaixaRptTest, StartsWithoutConnectionAndLogFile) {
   recorder::FakeSurroundings around;
-  const CCaixaRpt report(around);
+  const ModuleObject report(L"CCaixaRpt", around);
   EXPECT_EQ(report.StringConexao(), L"");
   EXPECT_FALSE(report.Conexao());
   EXPECT_EQ(report.LogFile(), L"");
@@ -190,10 +190,10 @@ TEST(CCaixaRptTest, GivesRowsThatOutliveTheReport) {
     CaixaStage stage(DatabaseOf(2), path);
     frame::ReportRows rows;
     {
-      CCaixaRpt report(stage.around);
+      ModuleObject report(L"CCaixaRpt", stage.around);
       report.SetStringConexao(stage.report.StringConexao());
       report.SetConexao(stage.report.Conexao());
-      rows = report.EtiquetaDivisoria(CaixaStage::Own({}).get());
+      rows = frame::Run(report, L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get());
     }
     EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
   }

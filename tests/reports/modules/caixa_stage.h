@@ -9,14 +9,14 @@
 #include <utility>
 #include <vector>
 
-#include "reports/modules/caixa_rpt.h"
+#include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
-#include "tests/reports/catalog/catalog_checks.h"
+#include "tests/reports/listing_checks.h"
 
 namespace kodra::reports {
 
-using CaixaMethod = frame::ReportRows (CCaixaRpt::*)(AutomationObject*);
+using CaixaMethod = frame::ReportRows (*)(ModuleCall&);
 
 // The methods that have the frame, by name: all but DocsNoModuloSubRpt.
 const std::vector<std::pair<std::string, CaixaMethod>>& FramedMethods();
@@ -31,6 +31,9 @@ using Parameters = std::vector<std::pair<std::wstring, Value>>;
 using CallLines = std::vector<std::string>;
 // The lines as Journal::Calls gives them.
 std::string All(std::initializer_list<CallLines> parts);
+
+// Calls a method of CCaixaRpt by its name.
+frame::ReportRows RunModule(ModuleObject& report, CaixaMethod method, AutomationObject* parameters);
 
 class CaixaStage {
  public:
@@ -68,7 +71,7 @@ class CaixaStage {
   CallLines StaticOpenLines(const std::string& statement) const;
 
   recorder::FakeSurroundings around;
-  CCaixaRpt report{around};
+  ModuleObject report{L"CCaixaRpt", around};
   // The log lines that the client's listener heard.
   std::vector<std::string> heard;
 

@@ -4,7 +4,7 @@
 #include <new>
 
 #include "frame/parameter_object.h"
-#include "reports/modules/container_rpt.h"
+#include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
 
@@ -70,7 +70,7 @@ class EtiquetaAberturaDeContainerTest : public testing::Test {
     around_.ado.results = std::move(modules);
     const ObjectRef object = around_.NewObject(L"Parametros", parameters);
     around_.journal.Forget();
-    return report_.EtiquetaAbertura(object.get());
+    return frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, object.get());
   }
 
   std::vector<Label> Labels(const recorder::Answers& parameters, std::deque<Rows> modules) {
@@ -88,7 +88,7 @@ class EtiquetaAberturaDeContainerTest : public testing::Test {
   }
 
   recorder::FakeSurroundings around_;
-  CContainerRpt report_{around_};
+  frame::ReportObject report_{L"CContainerRpt", around_};
 };
 
 constexpr auto kBefore = {
@@ -282,7 +282,8 @@ TEST_F(EtiquetaAberturaDeContainerTest, ReadsItsOwnParameterObject) {
   parameters.Let(L"Container2", L"C2");
   parameters.Let(L"Container3", L"C3");
   around_.ado.results = {ModuleRows({}), ModuleRows({{L"C2", Null{}, L"E", L"Arquivo"}})};
-  const frame::ReportRows rows = report_.EtiquetaAbertura(&parameters);
+  const frame::ReportRows rows =
+      frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, &parameters);
   EXPECT_EQ(rows->FieldByName(L"CONTAINER")->Get(), Value(L"C2"));
 }
 
@@ -297,10 +298,10 @@ TEST_F(EtiquetaAberturaDeContainerTest, TakesADateTextFromAComponentThatGivesOne
 // Its failures.
 
 TEST_F(EtiquetaAberturaDeContainerTest, AsksForTheConnectionStringAndTheParameterObject) {
-  CContainerRpt report(around_);
-  EXPECT_EQ(RaisedBy([&] { report.EtiquetaAbertura(nullptr); }),
+  frame::ReportObject report(L"CContainerRpt", around_);
+  EXPECT_EQ(RaisedBy([&] { frame::Run(report, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, nullptr); }),
             Framed("CContainerRpt::EtiquetaAbertura", R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(RaisedBy([&] { report_.EtiquetaAbertura(nullptr); }),
+  EXPECT_EQ(RaisedBy([&] { frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, nullptr); }),
             Framed("CContainerRpt::EtiquetaAbertura", "Objeto não definido."));
   EXPECT_EQ(around_.journal.Calls(), "");
 }
@@ -309,8 +310,9 @@ TEST_F(EtiquetaAberturaDeContainerTest, FailsWithoutTheConversions) {
   around_.journal.FailOn(L"CreateObject(\"VantLib.Conversoes\")",
                          recorder::Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
   const ObjectRef parameters = around_.NewObject(L"Parametros", Containers(L"C1"));
-  EXPECT_EQ(RaisedBy([&] { report_.EtiquetaAbertura(parameters.get()); }),
-            Framed("CContainerRpt::EtiquetaAbertura", "O componente ActiveX não pode criar o objeto"));
+  EXPECT_EQ(
+      RaisedBy([&] { frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, parameters.get()); }),
+      Framed("CContainerRpt::EtiquetaAbertura", "O componente ActiveX não pode criar o objeto"));
 }
 
 TEST_F(EtiquetaAberturaDeContainerTest, FailsAsAWholeWhenALaterContainersQueryFails) {
@@ -318,8 +320,9 @@ TEST_F(EtiquetaAberturaDeContainerTest, FailsAsAWholeWhenALaterContainersQueryFa
   around_.ado.results = {ModuleRows({{L"C1", Null{}, L"E", L"Arquivo"}})};
   const ObjectRef parameters = around_.NewObject(L"Parametros", Containers(L"C1", L"C2"));
   around_.journal.FailOn(L"Recordset3.Open", recorder::Failure(Erro(-2147217865, L"SQLNCLI11", L"Sumiu")));
-  EXPECT_EQ(RaisedBy([&] { report_.EtiquetaAbertura(parameters.get()); }),
-            Framed("CContainerRpt::EtiquetaAbertura", "[SQLNCLI11]: Sumiu [N:208]"));
+  EXPECT_EQ(
+      RaisedBy([&] { frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, parameters.get()); }),
+      Framed("CContainerRpt::EtiquetaAbertura", "[SQLNCLI11]: Sumiu [N:208]"));
   EXPECT_EQ(around_.journal.LiveObjects(), 1);  // the client's parameter object
 }
 
@@ -352,7 +355,8 @@ TEST_F(EtiquetaAberturaDeContainerTest, EveryCallThatFailsReachesTheClientInTheF
       around_.ado.results = modules;
       around_.journal.Forget();
       around_.journal.FailAt(failing, exception);
-      const Raised raised = RaisedBy([&] { report_.EtiquetaAbertura(parameters.get()); });
+      const Raised raised = RaisedBy(
+          [&] { frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, parameters.get()); });
       const std::wstring call = around_.journal.FailedCall();
       SCOPED_TRACE(Utf8(call));
       std::string cause = text;

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "reports/modules/container_rpt.h"
+#include "reports/modules/container_label.h"
 
 namespace kodra::reports {
 namespace {

@@ -1,9 +1,9 @@
 // The list of containers and that of the modules on their labels.
-#include "reports/modules/container_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/catalog/catalog_checks.h"
+#include "tests/reports/listing_checks.h"
 
 namespace kodra::reports {
 namespace {

@@ -15,18 +15,15 @@ using recorder::Utf8;
 
 class ModuleFiltersTest : public testing::Test {
  protected:
-  using Filter = void (*)(data::SelectBuilder&, AutomationObject&);
+  using Filter = std::wstring (*)(AutomationObject&);
 
-  // The condition that a filter leaves of one, when the property that it reads has a value.
+  // A condition with a filter, when the property that the filter reads has a value.
   std::string Filtered(Filter filter, const wchar_t* property, const Value& value,
-                       const wchar_t* condition = L"c.TIPO_GUARDA = 'E'") {
-    data::SelectBuilder builder;
-    builder.SetWhere(std::wstring_view(condition));
-    filter(builder, *around_.NewObject(L"Parametros", {{property, {value}}}));
-    return Utf8(builder.Where());
+                       const std::wstring& condition = L"c.TIPO_GUARDA = 'E'") {
+    return Utf8(condition + filter(*around_.NewObject(L"Parametros", {{property, {value}}})));
   }
-  std::string OfDepto(const Value& code) { return Filtered(FilterDepto, L"CodDepto", code); }
-  std::string OfPregresso(const Value& flag) { return Filtered(FilterPregresso, L"ModoPregresso", flag); }
+  std::string OfDepto(const Value& code) { return Filtered(DeptoFilter, L"CodDepto", code); }
+  std::string OfPregresso(const Value& flag) { return Filtered(PregressoFilter, L"ModoPregresso", flag); }
 
   recorder::FakeSurroundings around_;
 };
@@ -58,20 +55,10 @@ TEST_F(ModuleFiltersTest, AddsTheBackCatalogueToTheCondition) {
   EXPECT_EQ(OfPregresso(false), "c.TIPO_GUARDA = 'E'");
 }
 
-TEST_F(ModuleFiltersTest, AddsToTheConditionAsItStandsEachTime) {
-  data::SelectBuilder builder;
-  builder.SetWhere(L"(1=1)");
-  const ObjectRef parameters = around_.NewObject(L"Parametros", {{L"CodDepto", {L"7"}}, {L"ModoPregresso", {true}}});
-  FilterPregresso(builder, *parameters);
-  FilterDepto(builder, *parameters);
-  FilterPregresso(builder, *parameters);
-  EXPECT_EQ(Utf8(builder.Where()), "(1=1) AND c.DOCS_PREGRESSOS = 1 AND c.COD_DEPTO = '7' AND c.DOCS_PREGRESSOS = 1");
-}
-
 TEST_F(ModuleFiltersTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  EXPECT_EQ(RaisedBy([&] { Filtered(FilterDepto, L"Owner", L""); }),
+  EXPECT_EQ(RaisedBy([&] { Filtered(DeptoFilter, L"Owner", L""); }),
             (Raised{438, "KodraRpt", R"(O objeto de parâmetros não tem a propriedade "CodDepto".)"}));
-  EXPECT_EQ(RaisedBy([&] { Filtered(FilterPregresso, L"Owner", L""); }),
+  EXPECT_EQ(RaisedBy([&] { Filtered(PregressoFilter, L"Owner", L""); }),
             (Raised{438, "KodraRpt", R"(O objeto de parâmetros não tem a propriedade "ModoPregresso".)"}));
 }
 

@@ -1,5 +1,5 @@
 // Imaging production.
-#include "reports/statistics/estat_img_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -143,9 +143,9 @@ TEST(CEstatImgRptTest, TakesOneLetterInUpperCaseAndTrimmedCodesFromItsOwnParamet
   parameters.Let(L"CodOperador", L" 7 ");
   parameters.Let(L"CodDepto", L"  ");
   parameters.Let(L"TipoRpt", L"páginas");
-  CEstatImgRpt report(stage.around);
+  frame::ReportObject report(L"CEstatImgRpt", stage.around);
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(report.RelatorioEstatisticas(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticas", &CEstatImgRpt::RelatorioEstatisticas, &parameters), nullptr);
   EXPECT_EQ(
       stage.around.journal.Calls(),
       ListingCalls(DatabaseOf(2), OperatorStatement(", d.FRENTE, d.VERSO ", " BETWEEN '20240301' AND '20240331'")));

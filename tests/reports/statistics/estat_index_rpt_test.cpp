@@ -1,5 +1,5 @@
 // Indexing production.
-#include "reports/statistics/estat_index_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -172,9 +172,11 @@ TEST(CEstatIndexRptByKeywordsTest, ReadsItsOwnParameterObject) {
   Stage stage(ByKeywords(), DatabaseOf(2));
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatIndexRptObj"));
   for (const auto& [property, values] : ByKeywords().parameters) parameters.Let(property, values.front());
-  CEstatIndexRpt report(stage.around);
+  frame::ReportObject report(L"CEstatIndexRpt", stage.around);
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(report.RelatorioEstatisticasPorPalavrasChave(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticasPorPalavrasChave",
+                       &CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave, &parameters),
+            nullptr);
   EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), kCounts));
 }
 

@@ -1,5 +1,5 @@
 // Production by series.
-#include "reports/statistics/estat_serie_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -104,9 +104,9 @@ TEST(CEstatSerieRptTest, SumsFrontPagesForANewParameterObject) {
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatSerieRptObj"));
   parameters.Let(L"DataInicial", k1March2024);
   parameters.Let(L"DataFinal", k31March2024);
-  CEstatSerieRpt report(scene.Around());
+  frame::ReportObject report(L"CEstatSerieRpt", scene.Around());
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(report.RelatorioEstatisticas(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticas", &CEstatSerieRpt::RelatorioEstatisticas, &parameters), nullptr);
   EXPECT_EQ(scene.Around().journal.Calls(),
             ListingCalls(DatabaseOf(2),
                          Statement("(por número de documentos)", "'Subgrupo: ' + g.DESCR_GRUPO",
@@ -183,10 +183,13 @@ TEST(CEstatSerieRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 TEST(CEstatSerieRptTest, RaisesEveryErrorInItsFrame) {
   const auto raised = [](const std::wstring& connectionString, bool withParameters) {
     recorder::FakeSurroundings around;
-    CEstatSerieRpt report(around);
+    frame::ReportObject report(L"CEstatSerieRpt", around);
     report.SetStringConexao(connectionString);
     frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatSerieRptObj"));
-    return RaisedBy([&] { report.RelatorioEstatisticas(withParameters ? &parameters : nullptr); });
+    return RaisedBy([&] {
+      frame::Run(report, L"RelatorioEstatisticas", &CEstatSerieRpt::RelatorioEstatisticas,
+                 withParameters ? &parameters : nullptr);
+    });
   };
   EXPECT_EQ(raised(L"", true), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
   EXPECT_EQ(raised(L"", false), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));

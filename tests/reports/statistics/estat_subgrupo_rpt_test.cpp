@@ -1,5 +1,5 @@
 // Production by subgroup.
-#include "reports/statistics/estat_subgrupo_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -80,9 +80,10 @@ TEST(CEstatSubgrupoRptTest, TakesOneLetterInUpperCaseFromItsOwnParameterObject) 
   parameters.Let(L"DataInicial", k1March2024);
   parameters.Let(L"DataFinal", k31March2024);
   parameters.Let(L"TipoRpt", L"páginas");
-  CEstatSubgrupoRpt report(scene.Around());
+  frame::ReportObject report(L"CEstatSubgrupoRpt", scene.Around());
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(report.RelatorioEstatisticas(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticas", &CEstatSubgrupoRpt::RelatorioEstatisticas, &parameters),
+            nullptr);
   EXPECT_EQ(scene.Around().journal.Calls(),
             ListingCalls(DatabaseOf(2),
                          Statement("ESTATÍSTICAS POR SUBGRUPO", "g.DESCR_GRUPO, d.FRENTE, d.VERSO",
@@ -116,10 +117,13 @@ TEST(CEstatSubgrupoRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 TEST(CEstatSubgrupoRptTest, RaisesEveryErrorInItsFrame) {
   const auto raised = [](const std::wstring& connectionString, bool withParameters) {
     recorder::FakeSurroundings around;
-    CEstatSubgrupoRpt report(around);
+    frame::ReportObject report(L"CEstatSubgrupoRpt", around);
     report.SetStringConexao(connectionString);
     frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatSubgrupoRptObj"));
-    return RaisedBy([&] { report.RelatorioEstatisticas(withParameters ? &parameters : nullptr); });
+    return RaisedBy([&] {
+      frame::Run(report, L"RelatorioEstatisticas", &CEstatSubgrupoRpt::RelatorioEstatisticas,
+                 withParameters ? &parameters : nullptr);
+    });
   };
   EXPECT_EQ(raised(L"", true), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
   EXPECT_EQ(raised(L"", false), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));

@@ -1,5 +1,5 @@
 // Production by support.
-#include "reports/statistics/estat_suporte_rpt.h"
+#include "reports/reports.h"
 
 #include <gtest/gtest.h>
 
@@ -56,9 +56,10 @@ TEST(CEstatSuporteRptTest, TakesOneLetterInUpperCaseFromItsOwnParameterObject) {
   parameters.Let(L"DataInicial", k1March2024);
   parameters.Let(L"DataFinal", k31March2024);
   parameters.Let(L"TipoRpt", L"folhas");
-  CEstatSuporteRpt report(stage.around);
+  frame::ReportObject report(L"CEstatSuporteRpt", stage.around);
   report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(report.RelatorioEstatisticas(&parameters), nullptr);
+  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticas", &CEstatSuporteRpt::RelatorioEstatisticas, &parameters),
+            nullptr);
   EXPECT_EQ(stage.around.journal.Calls(),
             ListingCalls(DatabaseOf(2), Statement(", d.FRENTE, 0 AS VERSO ", " BETWEEN '20240301' AND '20240331'")));
 }

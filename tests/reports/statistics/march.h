@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/reports/catalog/catalog_checks.h"
+#include "tests/reports/listing_checks.h"
 #include "values/value.h"
 
 namespace kodra::reports {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "sql/tradutor_sql.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
 #include "tests/reports/statistics/march.h"
@@ -17,11 +16,10 @@ using recorder::RaisedBy;
 using recorder::Utf8;
 
 std::string Between(const Period& period, std::int32_t code, std::int32_t layout) {
-  sql::DefineTipoBanco(code);
-  return Utf8(ToString(StatedPeriod(period).Between(L"d.DT_ARMAZ", layout)));
+  return Utf8(Between(L"d.DT_ARMAZ", period, layout, sql::Translator(code)));
 }
 
-std::string TitleOf(const Period& period) { return Utf8(ToString(StatedPeriod(period).Title())); }
+std::string TitleOf(const Period& period) { return Utf8(PeriodTitle(period)); }
 
 TEST(PeriodTest, IsTitledByItsTwoDays) {
   EXPECT_EQ(TitleOf({k1March2024, k31March2024}), "'Período: 01/03/2024 a 31/03/2024'");

@@ -18,16 +18,11 @@ std::string Filtered(const ProductionFilter& filter, std::int32_t expectedNext) 
   builder.SetFrom(L"DOCUMENTO d");
   builder.AddJoin(0, data::JoinKind::kInner, L"SUPORTE s", L"1=1");
   EXPECT_EQ(filter.AddJoins(builder, 1, L"d.COD_INDEXADOR"), expectedNext);
-  builder.SetWhere(L"(1=1)");
-  filter.AddConditions(builder, L"d.COD_INDEXADOR");
+  builder.SetWhere(L"(1=1)" + filter.Conditions(L"d.COD_INDEXADOR"));
   return Utf8(builder.SQL());
 }
 
-std::string Columns(const ProductionFilter& filter) {
-  data::SelectBuilder builder;
-  filter.AddColumns(builder);
-  return Utf8(builder.Columns());
-}
+std::string Columns(const ProductionFilter& filter) { return Utf8(filter.Columns()); }
 
 TEST(ProductionFilterTest, NamesAllWhereNoneIsChosen) {
   EXPECT_EQ(Columns({}), "'Todos os Operadores' AS OPERADOR, 'Todos os Departamentos' AS DEPTO, ");

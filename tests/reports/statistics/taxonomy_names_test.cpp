@@ -41,9 +41,9 @@ TEST(TaxonomyNameTest, NeedsTheParameterComponent) {
 }
 
 TEST(StatisticsTitleTest, HasTheNameInUpperCase) {
-  EXPECT_EQ(Utf8(ToString(StatisticsTitle(L"Subgrupo"))), "'ESTATÍSTICAS POR SUBGRUPO'");
-  EXPECT_EQ(Utf8(ToString(StatisticsTitle(L"espécie documental"))), "'ESTATÍSTICAS POR ESPÉCIE DOCUMENTAL'");
-  EXPECT_EQ(Utf8(ToString(StatisticsTitle(L""))), "'ESTATÍSTICAS POR '");
+  EXPECT_EQ(Utf8(StatisticsTitle(L"Subgrupo")), "'ESTATÍSTICAS POR SUBGRUPO'");
+  EXPECT_EQ(Utf8(StatisticsTitle(L"espécie documental")), "'ESTATÍSTICAS POR ESPÉCIE DOCUMENTAL'");
+  EXPECT_EQ(Utf8(StatisticsTitle(L"")), "'ESTATÍSTICAS POR '");
 }
 
 }  // namespace
