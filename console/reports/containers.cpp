@@ -33,7 +33,7 @@ std::vector<Report> Containers() {
                      "A container with one dated module is of kind \"T\","},
                     {"O nome da organização é o da última linha de parâmetros que o banco der",
                      "A container's label may name any company."},
-                    {"Um contêiner pedido duas vezes tem duas etiquetas", "A container given twice gives two labels."},
+                    {"Um contêiner pedido duas vezes tem duas etiquetas", "A container named twice has two labels."},
                     kPastedFilters},
        .page = {kContainerLabels}},
 

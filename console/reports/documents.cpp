@@ -96,7 +96,7 @@ std::vector<Report> Documents() {
                      "o banco der",
                      "Withdrawal: several requests share one sentence."},
                     {"Sem documento é erro, não uma guia vazia", "Withdrawal: no document is an error,"},
-                    {"O recordset vem parado na última linha", "Withdrawal: the slip stands on its last row."}},
+                    {"O recordset vem parado na última linha", "Withdrawal: the slip is on its last row."}},
        .failures = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
                      "A solicitação não tem documento em nenhum módulo: confira CodSolicit"}},
        .page = {kListing, "Retirada de originais"},

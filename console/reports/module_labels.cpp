@@ -26,7 +26,7 @@ std::vector<Report> ModuleLabels() {
             {"Modulo3", "Código do terceiro módulo; vazio não traz nenhum", "AA00201"}},
        .columns = {kDescCaixa, kModulo, kTipoGuarda, kAnosVencimento},
        .oddities = {{"Cada módulo vem duas vezes; pela propriedade Conexao, uma vez e sem ordem",
-                     "A client's connection gives other rows than a connection string."},
+                     "A client's connection returns other rows than a connection string."},
                     kPastedFilters},
        .page = {kOpeningLabels}},
 
@@ -46,7 +46,7 @@ std::vector<Report> ModuleLabels() {
        .parameters = {{"Modulo1", "Código do módulo principal, 5 caracteres", "AA001"}},
        .columns = kClosingColumns,
        .oddities = {{"Basta um subordinado fechado para sair a etiqueta de todos",
-                     "One closed subordinate gives the labels of all."},
+                     "One closed subordinate brings the labels of all."},
                     kPastedFilters},
        .failures = {{"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo …",
                      "O componente KodraBsnV3.ObtedorDeModulos não deu lista: confira a sua instalação e o seu log"},

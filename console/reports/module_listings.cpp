@@ -13,7 +13,7 @@ constexpr Column kEstante = {"ESTANTE", kText, "Estante", "Estante"};
 constexpr Column kPrateleira = {"PRATELEIRA", kText, "Prateleira", "Prateleira"};
 
 constexpr Oddity kConnection = {"Pela propriedade Conexao vêm só os módulos principais, sem ordem",
-                                "A client's connection gives other rows than a connection string."};
+                                "A client's connection returns other rows than a connection string."};
 constexpr Oddity kRepeated = {"As condições dos filtros se repetem em uma metade da instrução e faltam na outra",
                               "Filters repeat."};
 constexpr Oddity kDepartmentText = {"Um departamento 0 não filtra, e 007 entra como 007",
