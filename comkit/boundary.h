@@ -1,4 +1,4 @@
-// Entry points of a COM server: nothing of C++ leaves them.
+// Entry points of a COM server: no C++ exception leaves them.
 #pragma once
 
 #include "comkit/automation_headers.h"
@@ -10,9 +10,9 @@ namespace kodra::comkit {
 // REQUIRES: called inside a catch clause.
 HRESULT CurrentHresult(REFIID iid) noexcept;
 
-// What an entry point returns whose client passed no place for the result: E_POINTER, and no error information.
+// The result of an entry point whose client passed no place for the result: E_POINTER, and no error information.
 inline HRESULT RefuseAbsentOut() noexcept {
-  // An error that somebody left on the thread must not pass for this one.
+  // An error that another call left on the thread must not pass for this one.
   SetErrorInfo(0, nullptr);
   return E_POINTER;
 }
@@ -28,7 +28,7 @@ HRESULT AtBoundary(REFIID iid, Body body) noexcept {
   }
 }
 
-// The same for a member that fills `out`: an absent `out` is refused, and it stays empty unless the body returns a
+// The same for a member that fills `out`: a null `out` is refused, and the result stays empty unless the body returns a
 // value.
 template <class T, class Body>
 HRESULT FillAtBoundary(REFIID iid, T* out, Body body) noexcept {

@@ -1,4 +1,4 @@
-// A text of automation: its holder, and the way from and to the texts of C++.
+// A text of automation: its holder, and its conversions to and from the texts of C++.
 #pragma once
 
 #include <string>
@@ -24,7 +24,7 @@ class ScopedBstr {
     text_ = nullptr;
     return &text_;
   }
-  // Where a function may replace the text.
+  // For a function that may replace the text.
   BSTR* inout() noexcept { return &text_; }
   BSTR detach() noexcept {
     BSTR text = text_;

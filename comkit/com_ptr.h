@@ -38,7 +38,7 @@ class com_ptr {
   T* operator->() const noexcept { return p_; }
   explicit operator bool() const noexcept { return p_ != nullptr; }
 
-  // Where a function writes an interface that it hands over; what was held is released first.
+  // For a function that writes an interface with a reference for the caller; the old one is released first.
   T** put() noexcept {
     release();
     p_ = nullptr;
@@ -46,7 +46,7 @@ class com_ptr {
   }
   void** put_void() noexcept { return reinterpret_cast<void**>(put()); }
 
-  // Hands the reference over to the caller.
+  // Passes the reference on to the caller.
   T* detach() noexcept { return std::exchange(p_, nullptr); }
   // Writes a further reference where a caller expects one.
   void copy_to(T** out) const noexcept {
@@ -54,11 +54,11 @@ class com_ptr {
     *out = p_;
   }
 
-  // The same object by another interface, null when it has none. `iid` is for a U that declares no id.
+  // The same object by another interface; null when it has none. `iid` is for a U that declares no id.
   template <class U>
   com_ptr<U> as(REFIID iid = __uuidof(U)) const noexcept {
     com_ptr<U> other;
-    // What a refusal leaves there is nobody's reference.
+    // A pointer that a refusal leaves there is not a reference.
     if (p_ != nullptr && FAILED(p_->QueryInterface(iid, other.put_void()))) other.detach();
     return other;
   }

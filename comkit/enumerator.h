@@ -10,9 +10,9 @@
 
 namespace kodra::comkit {
 
-// Interface is one of the IEnum… interfaces, Item what its Next writes. Member owns one member and writes it by
-// `void CopyTo(Item*) const`, with references of the receiver's. A member that raises ends a Next: what was written
-// until then belongs to the client, and a Next that begins with such a member is its error.
+// Interface is one of the IEnum… interfaces, Item what its Next writes. Member owns one member and writes it by `void
+// CopyTo(Item*) const`, with references for the receiver. A member that raises ends a Next: what was written until then
+// belongs to the client. When the first member of a Next raises, the Next fails with that error.
 template <class Interface, class Item, class Member>
 class Enumerator final : public Object<Interface> {
  public:

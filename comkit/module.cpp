@@ -8,7 +8,7 @@
 namespace kodra::comkit {
 namespace {
 
-// Windows' own lock, which needs no making and no library of threads.
+// Windows' own lock, which needs no initialization and no thread library.
 class Lock {
  public:
   void lock() noexcept { AcquireSRWLockExclusive(&lock_); }
@@ -18,7 +18,7 @@ class Lock {
   SRWLOCK lock_ = SRWLOCK_INIT;
 };
 
-// The counts and the library they keep change together. Nothing here runs code when the DLL is loaded or goes.
+// The counts and the library that they keep change together. Nothing here runs code when the DLL is loaded or unloaded.
 constinit Lock g_lock;
 long g_objects = 0;
 long g_clientLocks = 0;

@@ -1,4 +1,4 @@
-// The DLL as a COM server: what keeps it loaded, its own path and its type library.
+// The DLL as a COM server: the counts that keep it loaded, its own path and its type library.
 //
 // Each DLL that links the kit has a module of its own. Any thread may call these functions.
 #pragma once
@@ -9,13 +9,13 @@
 
 namespace kodra::comkit {
 
-// One more, or one less, object that keeps the DLL loaded. While there is none, nor a lock, the DLL may be unloaded and
-// holds no type library.
+// Adds or removes one object that keeps the DLL loaded. While there is neither an object nor a lock, the DLL may be
+// unloaded and holds no type library.
 void HoldModule() noexcept;
 void UnholdModule() noexcept;
 
-// The same for the locks of clients. UnlockModule returns false when there is no lock to take away. REQUIRES: a
-// ModuleLock exists.
+// The same for the locks of clients. UnlockModule returns false when there is no lock to remove. REQUIRES: a ModuleLock
+// exists.
 void LockModule() noexcept;
 bool UnlockModule() noexcept;
 
@@ -34,7 +34,7 @@ bool ModuleInUse() noexcept;
 // The full path of the DLL.
 std::wstring ModulePath();
 
-// The description of a type (an interface or a class) in the DLL's own type library, which needs no registration; an
+// The description of a type (an interface or a class) in the DLL's own type library, which need not be registered; an
 // error when the library cannot be read. May raise std::bad_alloc. REQUIRES: a ModuleLock exists.
 HRESULT TypeInfoOf(REFGUID id, ITypeInfo** info);
 

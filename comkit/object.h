@@ -1,6 +1,6 @@
 // The IUnknown of an object: its interfaces, its lifetime and its hold on the DLL.
 //
-// Interface is the object's own, Others are those that it has besides; as an IDispatch it is its Interface. The object
+// Interface is the object's own, Others are its further interfaces; as an IDispatch it is its Interface. The object
 // starts with one reference, which belongs to its creator, and deletes itself with the last one.
 //
 //   class Sink final : public Object<IDispatch> { … };
@@ -38,7 +38,7 @@ class Object : public Interface, public Others... {
   Object() = default;
   virtual ~Object() = default;
 
-  // The face of that interface, null when the object has none. An object with further interfaces overrides it.
+  // The face for that interface; null when the object has none. An object with further interfaces overrides it.
   virtual void* Find(REFIID iid) noexcept {
     constexpr bool kIsDispatch = std::is_base_of_v<IDispatch, Interface>;
     if (iid == IID_IUnknown || iid == __uuidof(Interface) || (kIsDispatch && iid == IID_IDispatch))

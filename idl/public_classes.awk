@@ -2,7 +2,7 @@
 # awk -f public_classes.awk kodrarpt.idl >public_classes.def.
 #
 # The IDL already names each class, method and property, in the order and with the types that clients have compiled in.
-# So the list is generated from it: a list written by hand would be one more place to change for each of them.
+# So the list is generated from it: a handwritten list would be one more place to change for each of them.
 #
 # A line that none of the patterns below matches ends the build, as its declaration would be missing from the list.
 
@@ -29,7 +29,7 @@ block == "report" && /^\[id\([0-9]+\)\] HRESULT [A-Za-z0-9_]+\(\[in\] IDispatch\
   members[class] = members[class] "\n  KODRA_REPORT_METHOD(" class ", " $5 ")"
   next
 }
-# What else a report class has is written by hand in C++, where the compiler reports what is missing.
+# The other members of a report class are written by hand in C++, where the compiler reports a missing one.
 block == "report" && /^\[id\([0-9]+\), prop(get|put|putref)\] HRESULT [A-Za-z0-9_]+\(.*\);$/ { next }
 
 block == "parameter" && /^\[id\([0-9]+\), propget\] HRESULT [A-Za-z0-9_]+\(\[out, retval\] (BSTR|DATE|VARIANT_BOOL)\* valor\);$/ {

@@ -11,8 +11,8 @@ using comkit::ToWide;
 
 namespace {
 
-// For a call that hands out an object: raises ErrorOf when it failed, RuntimeError::kObjectNotSet when it succeeded and
-// handed out none.
+// For a call that returns an object: raises ErrorOf when it failed, and RuntimeError::kObjectNotSet when it succeeded
+// but returned none.
 template <class T, class Given>
 void CheckGiven(HRESULT hr, const com_ptr<T>& object, const com_ptr<Given>& given) {
   Check(hr, object);

@@ -76,7 +76,7 @@ class AdoRecordset final : public platform::Recordset {
   comkit::com_ptr<_Recordset> recordset_;
 };
 
-// The COM object of a recordset of this platform, with a reference of the caller's.
+// The COM object of a recordset of this platform, with a reference that the caller owns.
 comkit::com_ptr<IDispatch> DispatchOf(platform::Recordset& recordset);
 
 }  // namespace kodra::ado

@@ -1,5 +1,5 @@
-// ADO's interfaces, declared in the build folder from their IDL. They stand in the global namespace, where
-// `Connection`, `Field` and `Fields` are ADO's: inside kodra::platform write ::Field for those.
+// ADO's interfaces, declared in the build folder from their IDL. They are in the global namespace, where `Connection`,
+// `Field` and `Fields` are ADO's: inside kodra::platform write ::Field for those.
 #pragma once
 
 #include "comkit/automation_headers.h"

@@ -8,7 +8,7 @@ using comkit::com_ptr;
 
 namespace {
 
-// A member's name as GetIDsOfNames takes it: terminated, writable. Only an unusually long one takes memory of its own.
+// A member's name as GetIDsOfNames takes it: terminated, writable. Only an unusually long one allocates memory.
 class MemberName {
  public:
   explicit MemberName(std::wstring_view name) {

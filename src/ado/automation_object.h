@@ -1,4 +1,4 @@
-// Late-bound access to any IDispatch, and the way back from an ObjectRef to its IDispatch.
+// Late-bound access to any IDispatch, and the conversion of an ObjectRef back to its IDispatch.
 #pragma once
 
 #include <vector>
@@ -20,8 +20,8 @@ class DispatchObject final : public AutomationObject {
   void Let(std::wstring_view member, const Value& value) override;
   void Set(std::wstring_view member, const ObjectRef& object) override;
   Value Call(std::wstring_view member, std::span<const Value> arguments) override;
-  // The method sees a text, a 32-bit integer or an object by reference to that type, anything else by reference to a
-  // VARIANT.
+  // The method receives a text, a 32-bit integer or an object by reference to that type, everything else by reference
+  // to a VARIANT.
   Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others) override;
   Value GetDefault() override;
   // Enumerates as `For Each` does; an object without an enumerator is asked for Count and Item.
@@ -37,10 +37,10 @@ class DispatchObject final : public AutomationObject {
   comkit::com_ptr<IDispatch> object_;
 };
 
-// A late-bound object over an IDispatch; null gives null.
+// A late-bound object over an IDispatch; null returns null.
 ObjectRef WrapDispatch(IDispatch* object);
 
-// The IDispatch that an ObjectRef stands for; null gives null. An object that did not come from WrapDispatch raises
+// The IDispatch that an ObjectRef wraps; null returns null. An object that WrapDispatch did not make raises
 // RuntimeError::kTypeMismatch.
 comkit::com_ptr<IDispatch> DispatchOf(const ObjectRef& object);
 

@@ -10,14 +10,14 @@ using comkit::com_ptr;
 
 namespace {
 
-// Makes an in-process or local object from the class id that the registry gives for its ProgID.
+// Makes an in-process or local object from the class id that the registry has for its ProgID.
 HRESULT Create(const wchar_t* progId, REFIID iid, void** object) {
   CLSID classId;
   const HRESULT hr = CLSIDFromProgID(progId, &classId);
   return FAILED(hr) ? hr : CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, iid, object);
 }
 
-// What a creation failure means to a client: of the many reasons for a class not to be at hand only exhausted memory
+// What a creation failure means to a client: of the many reasons why a class may be unavailable, only exhausted memory
 // and refused access are errors of their own.
 Erro CreationError(HRESULT hr) {
   switch (hr) {
@@ -39,7 +39,7 @@ com_ptr<T> CreateAs(const wchar_t* progId) {
   return object;
 }
 
-// What a path leads to; nothing when neither file nor folder answers.
+// The attributes of the file or folder at a path; nothing when there is neither.
 std::optional<WIN32_FILE_ATTRIBUTE_DATA> AttributesOf(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data;
   if (path.empty() || !GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;

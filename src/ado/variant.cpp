@@ -96,10 +96,10 @@ Value FromUnknown(IUnknown* unknown) {
   return WrapDispatch(dispatch.get());
 }
 
-// Automation's functions only read their source, but take it without const.
+// Automation's functions only read their source but declare it without const.
 VARIANT* Readable(const VARIANT& variant) { return const_cast<VARIANT*>(&variant); }
 
-// Integers that have no kind of their own in Value, by way of the one that has room for all of them.
+// An integer of a type that Value does not have, converted by way of VT_I8, which has room for all of them.
 Value FromSmallInteger(const VARIANT& variant) {
   ScopedVariant converted;
   if (FAILED(VariantChangeTypeEx(converted.get(), Readable(variant), LOCALE_INVARIANT, 0, VT_I8)))
@@ -125,7 +125,7 @@ std::wstring SystemText(HRESULT hr) {
   return L"Erro de automação (" + Hexadecimal(static_cast<std::uint32_t>(hr)) + L")";
 }
 
-// The runtime's number where automation has a code of its own for what the runtime numbers too.
+// The runtime's number for an error, also where automation has a code of its own for it.
 std::int32_t RuntimeNumberOf(HRESULT hr) noexcept {
   switch (hr) {
     case DISP_E_UNKNOWNNAME:
@@ -142,7 +142,7 @@ std::int32_t RuntimeNumberOf(HRESULT hr) noexcept {
   }
 }
 
-// What is said of a failure that brings no description.
+// The text of a failure that comes without a description.
 std::wstring TextOf(HRESULT hr) {
   const std::wstring_view runtime = RuntimeText(RuntimeNumberOf(hr));
   return runtime.empty() ? SystemText(hr) : std::wstring(runtime);

@@ -18,7 +18,7 @@ namespace kodra::ado {
 class ScopedVariant {
  public:
   ScopedVariant() noexcept { VariantInit(&variant_); }
-  // An object held by an ObjectRef must come from this platform; any other raises RuntimeError::kTypeMismatch.
+  // An object held by an ObjectRef must come from this platform; otherwise RuntimeError::kTypeMismatch is raised.
   explicit ScopedVariant(const Value& value);
   ScopedVariant(ScopedVariant&& other) noexcept : variant_(other.detach()) {}
   ScopedVariant& operator=(const ScopedVariant&) = delete;
@@ -28,8 +28,8 @@ class ScopedVariant {
   static ScopedVariant Missing() noexcept;
   // A text; out of memory raises RuntimeError::kOutOfMemory.
   static ScopedVariant Text(std::wstring_view text);
-  // A reference to what another one holds, for an argument: typed for a text, a 32-bit integer and an object, else to
-  // the VARIANT itself. REQUIRES: `referred` outlives the result.
+  // A reference to the content of another one, for an argument: typed for a text, a 32-bit integer and an object, and
+  // otherwise a reference to the VARIANT itself. REQUIRES: `referred` outlives the result.
   static ScopedVariant ReferenceTo(ScopedVariant& referred) noexcept;
   // An object reference, shared; null is "Nothing".
   static ScopedVariant Object(IDispatch* object) noexcept;
@@ -60,10 +60,10 @@ std::int32_t NumberOf(HRESULT hr) noexcept;
 HRESULT HresultOf(std::int32_t number) noexcept;
 
 // The error that a call by vtable left behind: number, source and description of its IErrorInfo where `object` says
-// that `iid` supports it, else the number with the system's text and the application's title as the source. A
-// description that is empty is the system's text too.
+// that `iid` supports it, otherwise the number with the system's text and the application's title as the source. An
+// empty description is replaced by the system's text too.
 ForeignErro ErrorOf(HRESULT hr, IUnknown* object, REFIID iid);
-// The same for a call through IDispatch, from the EXCEPINFO, which is emptied.
+// The same for a call through IDispatch, from the EXCEPINFO, which is cleared.
 ForeignErro ErrorOf(HRESULT hr, EXCEPINFO& info);
 
 // Raises ErrorOf when the call failed.

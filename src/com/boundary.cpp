@@ -1,5 +1,5 @@
-// The one place where the component's exceptions become COM errors: with number, source and description of an Erro, and
-// for anything else what CurrentErro() makes of it.
+// The one place where the component's exceptions become COM errors. An Erro keeps its number, source and description;
+// every other exception becomes the Erro that CurrentErro() makes of it.
 #include "comkit/boundary.h"
 
 #include "ado/variant.h"
@@ -20,7 +20,7 @@ void Publish(const Erro& erro, REFIID iid) {
 }  // namespace
 
 HRESULT CurrentHresult(REFIID iid) noexcept {
-  // An error that somebody left on the thread must not pass for this one where this one cannot be described.
+  // An error that another call left on the thread must not pass for this one where this one cannot be described.
   SetErrorInfo(0, nullptr);
   try {
     const Erro erro = CurrentErro();

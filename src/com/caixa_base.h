@@ -1,4 +1,4 @@
-// What the COM class of the module reports has beyond a report class: a client's connection, a log file and an event.
+// What the COM class of the module reports has beyond a report class: the client's connection, a log file and an event.
 #pragma once
 
 #include "com/event_source.h"
@@ -11,7 +11,7 @@ namespace kodra::com {
 class CaixaBase : public ReportFace<::CCaixaRpt, ICCaixaRpt, reports::ModuleObject> {
  public:
   STDMETHODIMP get_Conexao(IDispatch** value) noexcept override;
-  // An object that is no ADO connection raises RuntimeError::kTypeMismatch; null takes the connection away.
+  // An object that is not an ADO connection raises RuntimeError::kTypeMismatch; null removes the connection.
   STDMETHODIMP putref_Conexao(IDispatch* value) noexcept override;
   STDMETHODIMP get_LogFile(BSTR* value) noexcept override;
   STDMETHODIMP put_LogFile(BSTR value) noexcept override;

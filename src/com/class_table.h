@@ -11,7 +11,7 @@ namespace kodra::com {
 
 struct PublicClass {
   CLSID id;
-  // The class's own name; its ProgID has kProgIdPrefix before it.
+  // The name of the class; its ProgID is this name after kProgIdPrefix.
   std::wstring_view name;
   // Makes an object with one reference, the caller's. May raise std::bad_alloc.
   IUnknown* (*create)();

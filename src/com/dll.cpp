@@ -10,11 +10,11 @@ using kodra::com::Scope;
 using kodra::comkit::AtBoundary;
 
 namespace __gnu_cxx {
-// The C++ library's: frees the memory that it keeps for exceptions when there is no other.
+// A function of the C++ library: frees the memory that it reserves for exceptions when no other is left.
 void __freeres();  // NOLINT(bugprone-reserved-identifier)
 }  // namespace __gnu_cxx
 
-// When the DLL goes before the process does, it gives back what the C++ library would keep.
+// When the DLL is unloaded before the process ends, it frees what the C++ library would otherwise keep.
 BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
   if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
     kodra::com::ReleaseThreadValues();
@@ -43,7 +43,7 @@ STDAPI DllUnregisterServer() {
   return AtBoundary(IID_IUnknown, [] { kodra::com::UnregisterModule(Scope::kAllUsers); });
 }
 
-// What `regsvr32 /n /i:user` calls, and without "user" the registration of all users.
+// `regsvr32 /n /i:user` calls this. Without "user" it registers the component for all users.
 STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
   Scope scope = Scope::kAllUsers;
   if (commandLine != nullptr && *commandLine != L'\0') {

@@ -19,8 +19,8 @@ HRESULT DescribeType(REFGUID id, ITypeInfo** info) noexcept {
   });
 }
 
-// Whether every reference among the arguments can be followed, as automation does without asking. `badArgument` may be
-// null; it receives the place of the first that cannot.
+// Whether every reference among the arguments can be followed; automation follows them without asking. `badArgument`
+// may be null; it receives the place of the first that cannot.
 bool AllLeadToValues(const DISPPARAMS& arguments, UINT* badArgument) noexcept {
   for (UINT i = 0; i < arguments.cArgs; ++i) {
     if (ado::LeadsToValue(arguments.rgvarg[i])) continue;

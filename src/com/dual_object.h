@@ -1,4 +1,4 @@
-// The base of every public object: IDispatch by the type library, and what automation asks besides.
+// The base of every public object: IDispatch by the type library, and the other interfaces that automation asks for.
 //
 // Class is the coclass of the type library, Interface its default dual interface. A derived class adds the members.
 //
@@ -13,7 +13,7 @@ namespace kodra::com {
 using comkit::AtBoundary;
 using comkit::FillAtBoundary;
 
-// An object as the type library describes it. It is a part of its object and the same code for all classes. Its own
+// Describes an object from the type library. It is a part of its object and the same code for all classes. Its own
 // interfaces are faces of the object: references to them are references to the object.
 class Description final : public ISupportErrorInfo, public IProvideClassInfo {
  public:
@@ -23,12 +23,12 @@ class Description final : public ISupportErrorInfo, public IProvideClassInfo {
   Description(const Description&) = delete;
   Description& operator=(const Description&) = delete;
 
-  // What the object's entry points of IDispatch do.
+  // The object's entry points of IDispatch.
   HRESULT TypeInfo(UINT index, ITypeInfo** info) const noexcept;
   HRESULT MemberIds(LPOLESTR* names, UINT count, DISPID* ids) const noexcept;
   HRESULT InvokeMember(DISPID member, WORD kind, DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                        UINT* badArgument) noexcept;
-  // The face of that interface, null when it is none of those here.
+  // The face for that interface; null when it is not one of those here.
   void* Find(REFIID iid) noexcept;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** face) noexcept override { return object_.QueryInterface(iid, face); }
@@ -43,7 +43,7 @@ class Description final : public ISupportErrorInfo, public IProvideClassInfo {
   const IID& iid_;
 };
 
-// All of this is compiled for each class anew.
+// All of this is compiled once for each class.
 template <class Class, class Interface>
 class DualObject : public comkit::Object<Interface> {
  public:

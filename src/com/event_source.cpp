@@ -14,13 +14,13 @@ using comkit::FillAtBoundary;
 
 namespace {
 
-// One connection point, as an enumerator hands it out.
+// One connection point, as an enumerator returns it.
 struct Point {
   com_ptr<IConnectionPoint> point;
   void CopyTo(IConnectionPoint** out) const { point.copy_to(out); }
 };
 
-// One sink with its cookie, as an enumerator hands it out.
+// One sink with its cookie, as an enumerator returns it.
 struct Connection {
   com_ptr<IDispatch> sink;
   DWORD cookie;
@@ -33,7 +33,7 @@ struct Connection {
 }  // namespace
 
 EventPoint::~EventPoint() {
-  // A sink that calls Unadvise in its last Release must not find itself listed.
+  // The list is emptied first: a sink may call Unadvise in its last Release, and must not find itself listed then.
   const auto last = std::exchange(sinks_, {});
 }
 

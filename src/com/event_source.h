@@ -1,7 +1,7 @@
 // The events of an object: one outgoing dispinterface, any number of sinks.
 //
 // Both classes are parts of their object: references to them are references to the object, in whose apartment they
-// live. Firing goes over a snapshot of the sinks, so a sink may take itself away while it is called; a sink that fails
+// live. Firing goes over a snapshot of the sinks, so a sink may remove itself while it is called; a sink that fails
 // never stops the next.
 #pragma once
 
@@ -23,7 +23,7 @@ class EventPoint final : public IConnectionPoint {
   ~EventPoint();
 
   REFIID Events() const noexcept { return events_; }
-  // Tells every sink of an event with one text, which a sink may read but whose changes go nowhere.
+  // Tells every sink of an event with one text. A sink may read the text; what it writes to it is discarded.
   void Fire(DISPID event, const std::wstring& text);
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
@@ -41,12 +41,12 @@ class EventPoint final : public IConnectionPoint {
 
   IUnknown& object_;
   const IID events_;
-  // By cookie, in the order of their coming.
+  // By cookie, in the order in which they were advised.
   std::map<DWORD, comkit::com_ptr<IDispatch>> sinks_;
   DWORD lastCookie_ = 0;
 };
 
-// The object's face as a source of events; asked for any other interface it is its object.
+// The object's face as a source of events; a request for any other interface is passed on to its object.
 class EventSource final : public IConnectionPointContainer {
  public:
   // `object` owns this; `events` is the dispinterface of its events.

@@ -4,5 +4,5 @@
 // Turns the declarations of the next header into definitions.
 #include <initguid.h>
 
-// Needs both.
+// Needs both headers above.
 #include <kodrarpt.h>

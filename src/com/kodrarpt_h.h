@@ -1,4 +1,4 @@
-// The interfaces and classes of idl/kodrarpt.idl, declared in the build folder. They stand in the global namespace:
+// The interfaces and classes of idl/kodrarpt.idl, declared in the build folder. They are in the global namespace:
 // inside kodra write ::CDeptoRpt for the coclass.
 #pragma once
 

@@ -1,11 +1,11 @@
-// The POSIX thread functions that the C++ library calls, on Windows' own means.
+// The POSIX thread functions that the C++ library calls, implemented with Windows' own functions.
 //
-// With the library's own set (winpthread), and with the compiler's win32 thread model too, each load of the DLL takes a
-// slot of thread-local storage for good, so that the 1,089th load in a process fails. These functions take one
-// fiber-local value, which ReleaseThreadValues gives back.
+// With the library's own implementation (winpthread), and with the compiler's win32 thread model too, each load of the
+// DLL takes a slot of thread-local storage and never frees it, so that the 1,089th load in a process fails. These
+// functions take one fiber-local value, which ReleaseThreadValues frees.
 //
-// The library's headers declare them otherwise, for programs that link the whole set: what counts here is what its
-// compiled code passes, a number of a pointer's size for a mutex and a long for a once.
+// The library's headers declare them differently, for programs that link all of winpthread. What matters here is what
+// the library's compiled code passes: a number of a pointer's size for a mutex and a long for a once.
 #include "com/library_threads.h"
 
 #include <windows.h>
@@ -61,7 +61,7 @@ int pthread_once(long* once, void (*initialize)()) {
   return 0;
 }
 
-// The library has one such key, for all values that it keeps by thread.
+// The library has one such key, for all values that it keeps per thread.
 int pthread_key_create(unsigned* key, Destructor destroy) {
   if (threadValue != FLS_OUT_OF_INDEXES) return EAGAIN;
   destructor = destroy;

@@ -4,7 +4,7 @@
 namespace kodra::com {
 
 // Frees what the library keeps for each thread that has run in the DLL.
-// REQUIRES: nothing in the DLL throws an exception or reads a thread_local any more.
+// REQUIRES: from here on nothing in the DLL throws an exception or reads a thread_local.
 void ReleaseThreadValues();
 
 }  // namespace kodra::com

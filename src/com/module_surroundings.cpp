@@ -1,4 +1,5 @@
-// What the DLL runs on: apart from the rest of the module, so that a test can put the faces on surroundings of its own.
+// The surroundings of the DLL. They are separate from the rest of the module, so that a test can use the faces with
+// surroundings of its own.
 #include "com/module_surroundings.h"
 #include "ado/com_surroundings.h"
 

@@ -1,4 +1,4 @@
-// What every object of the component runs on.
+// The surroundings that every object of the component runs on.
 #pragma once
 
 #include "platform/surroundings.h"

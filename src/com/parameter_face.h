@@ -6,19 +6,19 @@
 
 namespace kodra::com {
 
-// How a report recognises one of our own parameter objects and reads it without a detour through IDispatch. It is
-// answered inside this copy of the DLL only and has no proxy: the objects of another copy or another apartment are read
-// through IDispatch.
+// How a report recognises one of our own parameter objects and reads it without a detour through IDispatch. Only
+// objects of this copy of the DLL answer it, and it has no proxy: the objects of another copy or another apartment are
+// read through IDispatch.
 struct IParameters : IUnknown {
   virtual AutomationObject& Parameters() noexcept = 0;
 };
 
-// The id of IParameters, which is another one in every copy of the DLL that a process has loaded: exceptions do not
-// cross from one copy to another, and another version may have another layout.
+// The id of IParameters. It is different in every copy of the DLL that a process has loaded: exceptions do not cross
+// from one copy to another, and another version may have another layout.
 IID ParametersId() noexcept;
 
-// A property bag with entry points of automation's types: all that a parameter object has beyond its vtable. As a face
-// of its object it is IParameters; references to it are references to the object.
+// A property bag with entry points of automation's types: everything that a parameter object has beyond its vtable. As
+// a face of its object it is IParameters; references to it are references to the object.
 class ParameterMembers final : public IParameters {
  public:
   // `object` owns this; `iid` is the interface that the members belong to.

@@ -1,4 +1,4 @@
-// The COM classes of the parameter objects, as the IDL has them.
+// The COM classes of the parameter objects, as the IDL declares them.
 #pragma once
 
 #include "com/kodrarpt_h.h"

@@ -8,7 +8,7 @@
 #include "comkit/registry.h"
 #include "values/upper.h"
 
-// In every Windows since Vista, and missing in mingw-w64's headers.
+// Every Windows since Vista has these functions; mingw-w64's headers lack them.
 extern "C" {
 WINOLEAUTAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpFolder);
 WINOLEAUTAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale, SYSKIND system);
@@ -23,7 +23,7 @@ using comkit::RegistryRow;
 
 constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
 
-// Below the id of a type library: where the file of its version 1.0 in any language is named.
+// The key below the id of a type library that contains the path of its version 1.0 in any language.
 constexpr const wchar_t* kLibraryFile = sizeof(void*) == 8 ? L"\\1.0\\0\\win64" : L"\\1.0\\0\\win32";
 
 HKEY RootOf(Scope scope) { return scope == Scope::kThisUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE; }
@@ -36,20 +36,20 @@ void CheckWin32(LSTATUS status) {
   if (status != ERROR_SUCCESS) Raise(HRESULT_FROM_WIN32(status));
 }
 
-// A path without the short names that some installers write; as it is when there is no such file.
+// A path without the short names that some installers write; unchanged when there is no such file.
 std::wstring LongPath(const std::wstring& path) {
   std::wstring longPath(32768, L'\0');
   longPath.resize(GetLongPathNameW(path.c_str(), longPath.data(), static_cast<DWORD>(longPath.size())));
   return longPath.empty() ? path : longPath;
 }
 
-// Whether the default value of a key is the path of another file than this DLL: another copy is registered there.
+// Whether the default value of a key is the path of a file other than this DLL: another copy is registered there.
 bool NamesAnotherFile(HKEY root, const std::wstring& key) {
   const std::wstring registered = comkit::ReadText(root, key, L"").value_or(L"");
   return !registered.empty() && !values::EqualIgnoringCase(LongPath(registered), LongPath(comkit::ModulePath()));
 }
 
-// The rows that register a DLL at `modulePath`. The type library's own rows are automation's business.
+// The rows that register a DLL at `modulePath`. Automation writes the type library's own rows.
 std::vector<RegistryRow> RegistryRows(const std::wstring& modulePath) {
   std::vector<RegistryRow> rows;
   for (const PublicClass& publicClass : PublicClasses()) {
@@ -84,7 +84,7 @@ void UnregisterModule(Scope scope) {
     CheckWin32(comkit::DeleteKey(root, ClassKey(publicClass)));
   }
   const std::wstring libraryFile = L"TypeLib\\" + GuidText(LIBID_KodraRpt) + kLibraryFile;
-  // Where this user has no library of their own, taking it back may reach that of all users, as in Wine.
+  // Where this user has no registration of the library, removing it may remove that of all users, as in Wine.
   const bool ownsLibrary = !comkit::ReadText(root, libraryFile, L"").value_or(L"").empty();
   if (NamesAnotherFile(ownsLibrary ? root : HKEY_LOCAL_MACHINE, libraryFile)) return;
   const auto unregisterLibrary = scope == Scope::kThisUser ? UnRegisterTypeLibForUser : UnRegisterTypeLib;

@@ -5,7 +5,7 @@ namespace kodra::com {
 
 // For whom the component is registered.
 enum class Scope {
-  kAllUsers,  // asks for an administrator
+  kAllUsers,  // requires an administrator
   kThisUser,
 };
 
@@ -13,8 +13,8 @@ enum class Scope {
 // then stays.
 void RegisterModule(Scope scope);
 
-// Removes the keys of each public class and the type library's registration. What is absent already is no error, and
-// what names another copy of the DLL stays: that copy is still in use.
+// Removes the keys of each public class and the type library's registration. A missing key is no error, and an entry
+// that names another copy of the DLL stays: that copy is still in use.
 void UnregisterModule(Scope scope);
 
 }  // namespace kodra::com

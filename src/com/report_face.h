@@ -18,7 +18,7 @@ HRESULT LetStringConexao(frame::ReportObject& report, REFIID iid, BSTR value) no
 // IDispatch, null as null. Keeps the client's object alive.
 std::shared_ptr<AutomationObject> ParametersOf(IDispatch* obj);
 
-// The recordset as the client gets it, with a reference of the client's; null for a report without one.
+// The recordset as the client receives it, with a reference that the client owns; null for a report without one.
 IDispatch* HandOver(frame::ReportRows rows);
 
 // Object is what the report keeps between two calls.

@@ -1,4 +1,4 @@
-// The COM classes of the reports, as the IDL has them.
+// The COM classes of the reports, as the IDL declares them.
 #pragma once
 
 #include <type_traits>
@@ -10,7 +10,7 @@
 
 namespace kodra::com {
 
-// What a report's face has besides its report methods: the connection string, for CCaixaRpt more.
+// The members that a report's face has besides its report methods: the connection string, and more for CCaixaRpt.
 template <class Class, class Interface>
 using ReportBase = std::conditional_t<std::is_same_v<Class, ::CCaixaRpt>, CaixaBase,
                                       ReportFace<Class, Interface, frame::ReportObject>>;

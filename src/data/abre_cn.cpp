@@ -12,7 +12,7 @@ namespace {
 
 namespace ad = platform::ad;
 
-// The session of an Oracle client speaks Brazilian Portuguese; a server that refuses is used as it is.
+// Sets the session of an Oracle client to Brazilian Portuguese; a server that refuses is used unchanged.
 void LocaliseOracleSession(platform::Connection& connection) {
   try {
     if (connection.State() != ad::kStateOpen) return;

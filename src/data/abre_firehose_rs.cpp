@@ -28,18 +28,18 @@ std::unique_ptr<platform::Recordset> Open(const platform::RecordsetSource& sourc
   return recordset;
 }
 
-// The native code of the provider's first error, 0 when it gave none or cannot be asked.
+// The native code of the provider's first error; 0 when there is none or it cannot be read.
 std::int32_t FirstNativeError(platform::Connection& connection) {
   std::int32_t native = 0;
   try {
-    // One reading for each error, always of the first: a reading that fails leaves the code to the next.
+    // One attempt for each error, always at the first: when one fails, the next may still read the code.
     for (std::int32_t left = connection.ErrorCount(); left > 0; --left) {
       try {
         native = connection.NativeError(0);
       } catch (...) {  // NOLINT(bugprone-empty-catch): see above
       }
     }
-  } catch (...) {  // NOLINT(bugprone-empty-catch): the error being reported is the one that counts
+  } catch (...) {  // the error being reported is the one that matters
   }
   return native;
 }

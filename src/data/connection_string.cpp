@@ -31,7 +31,7 @@ std::size_t CheckPosition(std::size_t index) {
   return index;
 }
 
-// The value of the pair that a key was found in.
+// The value of the pair in which a key was found.
 std::wstring ValueAt(std::wstring_view pairs, std::size_t key) {
   if (key == std::wstring_view::npos) return {};
   const std::size_t end = CheckPosition(std::min(pairs.find(L';', key + 1), pairs.size()));
@@ -52,8 +52,8 @@ void CheckSQLiteFile(const std::wstring& path, platform::Surroundings& surroundi
 }  // namespace
 
 DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings& surroundings) {
-  // The client's text answers every search, also after something was added: that begins behind a ";" and has none of
-  // the words.
+  // Every search is made in the client's own text, also after something was added: an addition begins behind a ";" and
+  // contains none of the words.
   const std::wstring upper = values::UpperCase(connectionString);
   const auto appendUnlessPresent = [&](std::wstring_view upperWord, std::wstring_view pairs) {
     if (!Contains(upper, upperWord)) connectionString += pairs;
@@ -73,7 +73,7 @@ DatabaseSystem PreAbreCn(std::wstring& connectionString, platform::Surroundings&
       break;
     case DatabaseSystem::kSQLite:
       CheckSQLiteFile(ReadKey(connectionString, L"Database"), surroundings);
-      connectionString += L"OEMCP=1;";  // also when the client gave one: a second does no harm
+      connectionString += L"OEMCP=1;";  // also when the client has set one: a second does no harm
       appendUnlessPresent(L"FKSUPPORT", L"FKSupport=true;");
       break;
     case DatabaseSystem::kOther:

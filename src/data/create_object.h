@@ -1,4 +1,4 @@
-// Making sibling components with a clear message when one is not registered.
+// Makes sibling components, with a clear message when one is not registered.
 #pragma once
 
 #include <string>

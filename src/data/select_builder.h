@@ -16,15 +16,15 @@ namespace kodra::data {
 
 enum class JoinKind : std::int32_t { kInner = 0, kLeftOuter = 1 };
 
-// The parts are texts in the dialect of the database, which the builder does not look into. Lists and conditions come
-// without their keyword; an empty one makes no clause.
+// The parts are texts in the dialect of the database; the builder does not inspect them. Lists and conditions are
+// passed without their keyword; an empty one makes no clause.
 class SelectBuilder {
  public:
   const std::wstring& Columns() const { return columns_; }
   void SetColumns(std::wstring list) { columns_ = std::move(list); }
   // The main table with its alias.
   void SetFrom(std::wstring table) { from_ = std::move(table); }
-  // A join at its position from 0 on; joins come in the statement by position, whatever the order of the calls. A
+  // A join at its position from 0 on. The statement contains the joins by position, whatever the order of the calls. A
   // second one at a position replaces the first.
   void AddJoin(std::int32_t index, JoinKind kind, const std::wstring& table, const std::wstring& condition);
   const std::wstring& Where() const { return where_; }

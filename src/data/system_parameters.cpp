@@ -13,7 +13,7 @@ namespace {
 
 constexpr const wchar_t* kSource = L"modObtedorParamSist::ObtemParametroSistema";
 
-// Where a parameter stands in the parameter set: a member, or a member of one of its groups.
+// Where the parameter set has a parameter: in a member, or in a member of one of its groups.
 struct Parameter {
   std::wstring_view name;
   std::wstring_view group;

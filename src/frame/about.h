@@ -9,7 +9,7 @@ namespace kodra::frame {
 
 class About {
  public:
-  // modulePath: the full path of the component's own file, as the operating system gives it.
+  // modulePath: the full path of the component's own file, as the operating system returns it.
   // REQUIRES: surroundings outlives the object.
   About(std::wstring modulePath, platform::Surroundings& surroundings)
       : modulePath_(std::move(modulePath)), surroundings_(surroundings) {}

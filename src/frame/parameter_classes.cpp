@@ -1,4 +1,4 @@
-// The table of the parameter classes: their properties as the IDL has them, with what the IDL cannot say.
+// The table of the parameter classes: their properties as the IDL declares them, with what the IDL cannot express.
 #include <algorithm>
 
 #include "frame/parameter_object.h"
@@ -13,7 +13,7 @@ constexpr PropertyRule kRuleOfBSTR = kText;
 constexpr PropertyRule kRuleOfDATE = kDate;
 constexpr PropertyRule kRuleOfVARIANT_BOOL = kFlag;
 
-// A text property that does not keep every text as it was given, or does not start empty.
+// A text property that changes some texts on assignment, or does not start empty.
 struct SpecialText {
   std::wstring_view className;
   Property property;

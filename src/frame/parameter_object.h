@@ -1,7 +1,7 @@
 // The parameter objects: one plain property bag per report family, with the values that some properties normalise.
 //
-// What differs between the 23 classes is a table made from the IDL: the class, and its properties in interface order
-// with their rule.
+// The differences between the 23 classes are in a table made from the IDL: the class, and its properties in interface
+// order with their rule.
 // A client's object answers by member name like any automation object.
 //
 //   ParameterObject depto(ParameterClassNamed(L"CDeptoRptObj"));
@@ -16,9 +16,9 @@
 
 namespace kodra::frame {
 
-// What a property holds and what assigning it does.
+// The type of a property and the effect of assigning it.
 enum class PropertyRule {
-  kText,     // a text as given
+  kText,     // a text, unchanged
   kInitial,  // the first character of the text, upper-cased: a one-letter code
   kTrimmed,  // the text without leading and trailing blanks
   kDate,     // a date and time; unset is zero
@@ -49,8 +49,8 @@ class ParameterObject final : public AutomationObject {
   explicit ParameterObject(const ParameterClass& parameterClass);
 
   Value Get(std::wstring_view member) override;
-  // The value is converted to the property's type: what cannot be raises RuntimeError::kTypeMismatch, a null
-  // RuntimeError::kInvalidUseOfNull; the property then keeps its value.
+  // The value is converted to the property's type. A value that cannot be converted raises RuntimeError::kTypeMismatch,
+  // a null RuntimeError::kInvalidUseOfNull; the property then keeps its value.
   void Let(std::wstring_view member, const Value& value) override;
   // No property takes an object and there are no methods: both raise MemberNotFound.
   void Set(std::wstring_view member, const ObjectRef& object) override;

@@ -26,12 +26,12 @@ namespace kodra::frame {
 // The number of every error that a report method raises.
 inline constexpr std::int32_t kReportError = kErrBase + 8107;
 
-// What a report method returns to its client; null where a report says so.
+// The result of a report method for its client; null where a report says so.
 using ReportRows = std::unique_ptr<platform::Recordset>;
 
 // The ordinary report class. Two classes differ: one names the step that failed (SetErrorPrefix), the other derives
 // from this. A client's object that the call asks may run other reports on the same thread, or the same one again: each
-// has a call of its own.
+// run has a call of its own.
 class ReportCall {
  public:
   using Object = ReportObject;
@@ -43,7 +43,7 @@ class ReportCall {
   ReportCall& operator=(const ReportCall&) = delete;
   virtual ~ReportCall() = default;
 
-  // Checks the connection string, then the parameter object; learns the database code from the connection component.
+  // Checks the connection string, then the parameter object; reads the database code from the connection component.
   // Raises kErrBase + 9998 (no connection string) and kErrBase + 9999 (no parameter object).
   void InicializaPS();
 
@@ -54,14 +54,14 @@ class ReportCall {
   // The SQL of the database. REQUIRES: InicializaPS has passed.
   const sql::Translator& Sql() const { return sql_; }
 
-  // "KodraRpt.<Class>::<member>"; without argument the report method's own.
+  // "KodraRpt.<Class>::<member>"; without an argument, for the report method itself.
   std::wstring SourceOf(std::wstring_view member) const;
   std::wstring Source() const { return SourceOf(method_); }
 
   // Opens an SQL text on a connection of its own, read once from start to end.
   ReportRows Open(const std::wstring& statement) const;
 
-  // Sets what is before the cause in the description of an error, "Erro ao gerar dados para o relatório: " unless set.
+  // Sets the text before the cause in the description of an error, "Erro ao gerar dados para o relatório: " by default.
   void SetErrorPrefix(std::wstring prefix) { errorPrefix_ = std::move(prefix); }
   // The error as it reaches the client: kReportError under the method's own source, the cause in the description only.
   virtual Erro Framed(const Erro& cause);
@@ -80,8 +80,8 @@ class ReportCall {
   std::wstring errorPrefix_ = L"Erro ao gerar dados para o relatório: ";
 };
 
-// Runs a report method: whatever fails in it reaches the client as Framed() says, without the passwords of the
-// connection string in the words of others.
+// Runs a report method. Whatever fails in it reaches the client as Framed() says; the words of others are stripped of
+// the passwords of the connection string.
 template <class Call>
 ReportRows Run(typename Call::Object& object, std::wstring_view method, ReportRows (*report)(Call&),
                AutomationObject* parameters) {

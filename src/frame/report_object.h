@@ -1,4 +1,4 @@
-// What a client's report object keeps between two calls: its connection string.
+// The state that a client's report object keeps between two calls: its connection string.
 //
 // It keeps no connection, recordset or database code. One object is used by one thread at a time.
 #pragma once
@@ -22,7 +22,7 @@ class ReportObject {
   platform::Surroundings& Around() const { return surroundings_; }
 
   const std::wstring& StringConexao() const { return stringConexao_; }
-  // Stored as it is; each report call checks it.
+  // Stored unchanged; each report call checks it.
   void SetStringConexao(std::wstring text) { stringConexao_ = std::move(text); }
 
  private:

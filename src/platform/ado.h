@@ -1,7 +1,7 @@
-// What the component uses of ADO, as it uses it: a connection, a command, a recordset and its fields.
+// The part of ADO that the component uses: a connection, a command, a recordset and its fields.
 //
-// The methods carry ADO's names, argument order and numeric constants, so that a call here is one call there. Each
-// raises Erro with what ADO or the provider raised. Objects are used on the thread that made them.
+// The methods have ADO's names, argument order and numeric constants: each call here is one call of ADO. Each method
+// raises Erro with the error that ADO or the provider raised. Objects are used on the thread that made them.
 // A recordset keeps what it needs of its connection alive: the Connection object may be destroyed after Open.
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace kodra::platform {
 
-// ADO's constants, by ADO's names (adCmdText is ad::kCmdText). kUnspecified stands for an argument left out.
+// ADO's constants, by ADO's names (adCmdText is ad::kCmdText). kUnspecified means that the argument is left out.
 namespace ad {
 inline constexpr std::int32_t kUnspecified = -1;
 inline constexpr std::int32_t kUseServer = 2;
@@ -47,7 +47,7 @@ class Connection {
   virtual void Open(const std::wstring& user, const std::wstring& password, std::int32_t options) = 0;
   // ad::kStateClosed or ad::kStateOpen.
   virtual std::int32_t State() = 0;
-  // Runs a statement whose result, if any, is dropped.
+  // Runs a statement and discards its result, if any.
   virtual void Execute(const std::wstring& statement, std::int32_t options) = 0;
   // The number of provider errors of the last failing operation; 0 when the provider has no such collection.
   virtual std::int32_t ErrorCount() = 0;
@@ -95,9 +95,9 @@ struct Column {
   std::unique_ptr<Field> field;
 };
 
-// What a recordset is opened on: left out, an SQL text, which is read before the call returns, or a command.
+// The source of a recordset: none (left out), an SQL text, which is read before the call returns, or a command.
 using RecordsetSource = std::variant<std::monostate, std::wstring_view, Command*>;
-// Where it is opened: left out, a connection (null is "Nothing"), or a connection string.
+// The connection of a recordset: none (left out), a connection object (null is "Nothing"), or a connection string.
 using ActiveConnection = std::variant<std::monostate, Connection*, std::wstring>;
 
 class Recordset {

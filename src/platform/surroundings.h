@@ -1,7 +1,7 @@
 // Everything that the component asks of the machine it runs on.
 //
-// Three answers exist: COM and ADO on Windows (ado/), ODBC (odbc/engine), and recorders in the tests.
-// One object may serve several threads; what it makes belongs to the thread that asked.
+// It has three implementations: COM and ADO on Windows (ado/), ODBC (odbc/engine), and recorders in the tests.
+// One object may serve several threads; the objects that it makes belong to the thread that asked for them.
 #pragma once
 
 #include <cstdint>
@@ -25,9 +25,9 @@ class Surroundings {
 
   // Sets a variable of the process environment.
   virtual void SetEnvironment(const std::wstring& name, const std::wstring& value) = 0;
-  // The length in bytes of the file at a path, 0 for a folder, nothing when neither answers.
+  // The length in bytes of the file at a path, 0 for a folder, nothing when the path leads to neither.
   virtual std::optional<std::uint64_t> FileLength(const std::wstring& path) = 0;
-  // Whether a file answers at a path; a folder is none.
+  // Whether the path leads to a file; false for a folder.
   virtual bool IsFile(const std::wstring& path) = 0;
 
  protected:

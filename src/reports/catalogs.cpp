@@ -1,4 +1,4 @@
-// The archive's catalogs: each is one register, listed whole. Of the parameter object only its presence is checked.
+// The archive's catalogs: each report lists one register whole. It only checks that there is a parameter object.
 #include "reports/reports.h"
 
 namespace kodra::reports {

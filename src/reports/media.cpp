@@ -1,4 +1,4 @@
-// The media that hold digital copies (table CD): all of them, or those whose validity has run out.
+// The media that hold digital copies (table CD): all of them, or those whose validity has expired.
 #include "data/select_builder.h"
 #include "frame/parameter_reader.h"
 #include "reports/reports.h"
@@ -10,7 +10,7 @@ bool WantsExpired(const Call& call) { return frame::ReadText(call.Parameters(), 
 
 }  // namespace
 
-// Reads TipoRpt: "V" lists the media recorded longer ago than their type's validity in years, anything else all.
+// Reads TipoRpt: "V" lists the media recorded longer ago than their type's validity in years, any other text all media.
 frame::ReportRows CCDRpt::RelatorioMidias(Call& call) {
   call.InicializaPS();
   data::SelectBuilder select;

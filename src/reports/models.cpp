@@ -1,4 +1,4 @@
-// The document models: what a series' index keys are filled with in advance, and until when.
+// The document models: the contents with which they fill the index keys of a series in advance, and until when.
 #include "data/abre_cn.h"
 #include "frame/parameter_reader.h"
 #include "reports/reports.h"
@@ -11,10 +11,10 @@ namespace ad = platform::ad;
 
 constexpr std::size_t kCodeSize = 128;
 
-// The code as the database compares it. Cut first: blanks that a cut uncovers go too.
+// The code as the database compares it. It is cut first, so that blanks at the new end are removed too.
 std::wstring ComparedCode(std::wstring_view code) { return values::UpperCase(values::Trim(code.substr(0, kCodeSize))); }
 
-// The rows stay readable without their command; a command that cannot be detached goes as it is.
+// The rows stay readable without their command; a command that cannot be detached is left attached.
 void Detach(platform::Command& command) {
   try {
     if (command.HasActiveConnection()) command.SetActiveConnection(nullptr);

@@ -1,4 +1,4 @@
-// The recordsets that reports read from and fill themselves.
+// The recordsets that reports read, and those that they fill themselves.
 #pragma once
 
 #include <functional>
@@ -47,7 +47,7 @@ class OutputDataset {
   }
   void AppendText(std::wstring name, std::int32_t size) { Append(std::move(name), platform::ad::kVarChar, size); }
 
-  // Opens it with every argument left out and looks its fields up.
+  // Opens it with every argument left out and looks up its fields.
   void Open() {
     constexpr std::int32_t kUnspecified = platform::ad::kUnspecified;
     rows_->Open(std::monostate{}, std::monostate{}, kUnspecified, kUnspecified, kUnspecified);

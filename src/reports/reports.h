@@ -1,5 +1,5 @@
-// Every report method of the IDL, declared for its unit and for those who call it: RelatorioDeptos of CDeptoRpt is the
-// function reports::CDeptoRpt::RelatorioDeptos.
+// Every report method of the IDL, declared for the unit that defines it and for its callers: RelatorioDeptos of
+// CDeptoRpt is the function reports::CDeptoRpt::RelatorioDeptos.
 #pragma once
 
 #include "frame/report_call.h"
@@ -7,7 +7,7 @@
 
 namespace kodra::reports {
 
-// What the reports of a class are called with: a ReportCall, for those of CCaixaRpt a ModuleCall.
+// The call that the reports of a class take: a ReportCall, for those of CCaixaRpt a ModuleCall.
 using Call = frame::ReportCall;
 namespace CCaixaRpt {
 using Call = ModuleCall;

@@ -1,8 +1,8 @@
 // The decisions in which one SQL dialect may differ from another; one class per database system states them all.
 //
 // A decision that two systems share is a named form (oracle_forms.h) which each of them calls: nothing is inherited.
-// Texts that are passed in go into the result verbatim. A dialect has no state; the one object of each may serve every
-// thread.
+// Texts that are passed in are copied into the result verbatim. A dialect has no state; the one object of each may
+// serve every thread.
 #pragma once
 
 #include <cstdint>

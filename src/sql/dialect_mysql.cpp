@@ -8,7 +8,7 @@
 namespace kodra::sql {
 namespace {
 
-// How STR_TO_DATE reads an expression: without separators between the parts of the date.
+// The pattern with which STR_TO_DATE reads an expression: without separators between the parts of the date.
 std::wstring ExpressionPattern(std::int32_t layout) {
   switch (layout) {
     case fdYYYYMMDD:
@@ -20,7 +20,7 @@ std::wstring ExpressionPattern(std::int32_t layout) {
   }
 }
 
-// How STR_TO_DATE reads a date literal of ours. An unknown layout has no pattern of its own.
+// The pattern with which STR_TO_DATE reads our own date literals. An unknown layout has no pattern of its own.
 std::wstring LiteralPattern(std::int32_t layout) {
   switch (layout) {
     case fdDDMMYYYY:
@@ -72,7 +72,7 @@ class MySQLDialect final : public Dialect {
   std::wstring CurrentDate() const override { return L"CURDATE()"; }
   std::wstring ToDate(const std::wstring& text, std::int32_t layout) const override {
     if (!values::ParseDate(text)) return L"STR_TO_DATE(" + text + L",'" + ExpressionPattern(layout) + L"')";
-    // Where the layout is unknown the date's own text is quoted.
+    // When the layout is unknown, the date's own text is quoted.
     const std::wstring literal = QuotedDate(text, layout).value_or(L"'" + text + L"'");
     return L"STR_TO_DATE(" + literal + L",'" + LiteralPattern(layout) + L"')";
   }

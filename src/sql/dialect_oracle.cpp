@@ -4,7 +4,7 @@
 namespace kodra::sql {
 namespace {
 
-// Both codes of Oracle. They differ in the row of literals alone: for the second variant it is selected from no table.
+// Both codes of Oracle. Only the row of literals differs: for the second variant it is selected from no table.
 class OracleDialect final : public Dialect {
  public:
   explicit constexpr OracleDialect(const wchar_t* fromOneRow) : fromOneRow_(fromOneRow) {}

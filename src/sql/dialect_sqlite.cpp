@@ -37,7 +37,7 @@ class SQLiteDialect final : public Dialect {
     }
   }
   std::wstring ToInt(const std::wstring& expr) const override { return L"CAST(" + expr + L" AS INT)"; }
-  // A report on SQLite gets no text for this fragment, whatever the format.
+  // Reports on SQLite get the empty text for this fragment, whatever the format.
   std::wstring ToChar(const std::wstring&, const std::wstring&) const override { return {}; }
   std::wstring ConcatSeparator() const override { return L" || "; }
   std::wstring ConcatOpening() const override { return L""; }

@@ -38,7 +38,7 @@ class SQLServerDialect final : public Dialect {
   std::wstring ToInt(const std::wstring& expr) const override { return L"CAST(" + expr + L" AS INT)"; }
   std::wstring ToChar(const std::wstring& expr, const std::wstring& format) const override {
     switch (CharFormatOf(format)) {
-      // Ten characters of the date are all that the reports want of either format.
+      // The reports use only the first ten characters of the date in either format.
       case CharFormat::kDateAndHour:
       case CharFormat::kDate:
         return L"CONVERT(CHAR(10)," + expr + L",103)";

@@ -1,4 +1,4 @@
-// The units in which SQLDateAdd counts.
+// The units of SQLDateAdd.
 #pragma once
 
 #include <string_view>
@@ -7,7 +7,7 @@ namespace kodra::sql {
 
 enum class Interval { kMinutes, kDays, kMonths, kYears, kOther };
 
-// The unit that an interval's name means, in any letter case; kOther for a name that means none.
+// The unit that an interval's name denotes, in any letter case; kOther when it denotes none.
 Interval IntervalOf(std::wstring_view name) noexcept;
 
 }  // namespace kodra::sql

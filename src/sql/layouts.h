@@ -5,7 +5,7 @@
 
 namespace kodra::sql {
 
-// How a date text is laid out (SQLToDate).
+// The layout of a date text (SQLToDate).
 inline constexpr std::int32_t fdDDMMYYYY = 0;  // day/month/year
 inline constexpr std::int32_t fdYYYYMMDD = 1;  // year/month/day
 inline constexpr std::int32_t fdDateTime = 2;  // year/month/day with time

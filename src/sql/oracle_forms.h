@@ -1,4 +1,4 @@
-// Oracle's forms, for the dialects that say they use them.
+// Oracle's forms, for the dialects that use them.
 #pragma once
 
 #include <cstdint>

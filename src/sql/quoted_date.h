@@ -1,4 +1,4 @@
-// A date as a literal in quotes, the way Oracle, DB2 and MySQL read it back by a pattern.
+// A date as a literal in quotes, which Oracle, DB2 and MySQL read back by a pattern.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 namespace kodra::sql {
 
 // A text that values::ParseDate recognises, in the order of the layout: '31/12/2023', '2023/12/31' or
-// '2023/12/31 10:20:30'; nothing for any other text and for an unknown layout.
+// '2023/12/31 10:20:30'; nothing when it does not recognise the text and for an unknown layout.
 std::optional<std::wstring> QuotedDate(const std::wstring& text, std::int32_t layout);
 
 }  // namespace kodra::sql

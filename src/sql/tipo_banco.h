@@ -1,4 +1,4 @@
-// The codes of the database systems, as the connection component hands them over (TipoBanco).
+// The codes of the database systems, as the connection component returns them (TipoBanco).
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// The translator's public functions: each is that of a Translator for the database code of the current thread.
+// The translator's public functions: each calls the function of a Translator for the database code of the current
+// thread.
 //
 //   DefineTipoBanco(tbOracle);
 //   SQLNVL(L"dp.NOME", nvTexto, L"")   returns  NVL(dp.NOME, '')
@@ -14,7 +15,7 @@
 
 namespace kodra::sql {
 
-// Sets the database code of this thread (initially 0). tbOracleAlt is stored as tbOracle, any other code as given.
+// Sets the database code of this thread (initially 0). tbOracleAlt is stored as tbOracle, every other code unchanged.
 void DefineTipoBanco(std::int32_t code) noexcept;
 
 std::wstring SQLDateAdd(const std::wstring& interval, const std::wstring& number, const std::wstring& date);

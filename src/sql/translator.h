@@ -1,7 +1,7 @@
 // The SQL of one database system: every fragment that differs between systems, for one database code.
 //
-// Fragments are plain texts. Nothing here touches a database or looks into the expressions that it is passed: they go
-// into the fragment verbatim, unquoted.
+// Fragments are plain texts. Nothing here accesses a database or inspects the expressions that are passed: they are
+// copied into the fragment verbatim, unquoted.
 //
 //   const Translator sql(tbOracle);
 //   sql.NVL(L"dp.NOME", nvTexto, L"")   returns  NVL(dp.NOME, '')
@@ -37,7 +37,7 @@ class Translator {
   std::wstring DataAtual() const;
 
   // A date-valued expression from a text. A text that values::ParseDate recognises becomes a literal in the layout's
-  // form; otherwise it is an expression. SQL Server has no form for an expression: it is returned as it is.
+  // form; otherwise it is an expression. SQL Server has no form for an expression: it is returned unchanged.
   std::wstring ToDate(const std::wstring& text, std::int32_t layout) const;
 
   // An expression cast to an integer.

@@ -23,16 +23,16 @@ class AutomationObject {
   virtual void Let(std::wstring_view member, const Value& value) = 0;
   // Assigns an object to a property by reference (set).
   virtual void Set(std::wstring_view member, const ObjectRef& object) = 0;
-  // Calls a method with positional arguments and gives its result (Empty when it has none).
+  // Calls a method with positional arguments and returns its result (Empty when it has none).
   virtual Value Call(std::wstring_view member, std::span<const Value> arguments) = 0;
-  // The same for a method that takes its first argument by reference: what it leaves there is in `first` afterwards. By
-  // default the method gets a copy.
+  // The same for a method that takes its first argument by reference: `first` holds what the method left in it. By
+  // default the method receives a copy.
   virtual Value CallByReference(std::wstring_view member, Value& first, std::span<const Value> others);
-  // Reads the default property, the one that automation means where the object alone is written. By default an object
-  // has none: MemberNotFound.
+  // Reads the default property, the one that automation uses where the object alone is written. By default an object
+  // has none and MemberNotFound is raised.
   virtual Value GetDefault();
-  // Visits the members of a collection in its order. As it stands it asks Count and Item from 1 on; an object that
-  // can be enumerated faster does so.
+  // Visits the members of a collection in its order. By default it reads Count, then Item from 1 on; an object that can
+  // be enumerated faster does so.
   virtual void ForEach(const std::function<void(const Value&)>& visit);
 };
 
@@ -44,9 +44,9 @@ ObjectRef ObjectIn(const Value& value);
 // RuntimeError::kObjectRequired for any other value.
 AutomationObject& RequiredObject(const Value& value);
 
-// What automation takes an object for where a value is wanted: its default property; where that holds an object again,
-// the default property of that. Raises RuntimeError::kObjectNotSet for a null object and RuntimeError::kTypeMismatch
-// when one object leads to the next without end.
+// The value that automation uses for an object where a value is expected: its default property or, when that is an
+// object too, the default property of that one. Raises RuntimeError::kObjectNotSet for a null object and
+// RuntimeError::kTypeMismatch when one object leads to the next without end.
 Value DefaultValue(const ObjectRef& object);
 
 }  // namespace kodra

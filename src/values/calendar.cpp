@@ -67,7 +67,7 @@ Date FromCalendar(const Calendar& calendar) {
 }
 
 Calendar ToCalendar(Date date) {
-  // Written so that a count that is not a number fails too.
+  // Written this way so that a count that is not a number fails too.
   const bool inside = date.days > kFirstDay - 1 && date.days < kLastDay + 1;
   if (!inside) throw MakeRuntimeError(RuntimeError::kOverflow);
 
@@ -101,7 +101,7 @@ Date Now() {
                        .day = local.tm_mday,
                        .hour = local.tm_hour,
                        .minute = local.tm_min,
-                       .second = std::min(local.tm_sec, 59)});  // a leap second is the last one again
+                       .second = std::min(local.tm_sec, 59)});  // a leap second counts as second 59
 }
 
 }  // namespace kodra::values

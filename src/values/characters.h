@@ -1,4 +1,4 @@
-// Kinds of characters, the same on every machine: nothing here asks the host's locale.
+// Kinds of characters. They are the same on every machine: nothing here depends on the host's locale.
 #pragma once
 
 namespace kodra::values {

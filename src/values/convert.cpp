@@ -35,7 +35,7 @@ double NumberIn(const std::wstring& text) {
   return *number;
 }
 
-// Halves to the even neighbour, whatever the processor's rounding mode is.
+// Rounds halves to the even neighbour, whatever the processor's rounding mode is.
 double RoundToEven(double number) {
   const double below = std::floor(number);
   const double rest = number - below;
@@ -70,7 +70,7 @@ struct Int32Of {
   template <class Number>
   static std::int32_t Narrow(Number number) {
     using Limits = std::numeric_limits<std::int32_t>;
-    // Written so that what is not a number fails too.
+    // Written this way so that a value that is not a number fails too.
     const bool fits = number >= Number{Limits::min()} && number <= Number{Limits::max()};
     if (!fits) Overflow();
     return static_cast<std::int32_t>(number);

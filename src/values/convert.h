@@ -1,8 +1,8 @@
 // Conversions of a value as the automation runtime makes them under Brazilian Portuguese.
 //
-// An object is converted by way of its default property (DefaultValue). Each raises a runtime error for a
-// value that it cannot convert: RuntimeError::kInvalidUseOfNull for Null, RuntimeError::kObjectNotSet for a null
-// object, RuntimeError::kMemberNotFound for an object without default property.
+// An object is converted by its default property (DefaultValue). Each function raises a runtime error for a value that
+// it cannot convert: RuntimeError::kInvalidUseOfNull for Null, RuntimeError::kObjectNotSet for a null object,
+// RuntimeError::kMemberNotFound for an object without default property.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +12,10 @@
 
 namespace kodra::values {
 
-// Empty gives the empty text, a Boolean "Verdadeiro" or "Falso", a number its decimal-comma text, a date DateToText.
+// Empty returns the empty text, a Boolean "Verdadeiro" or "Falso", a number its decimal-comma text, a date DateToText.
 std::wstring ToText(const Value& value);
 
-// A value joined to the empty text: as ToText, but Null gives the empty text too, and so does an object whose default
+// A value joined to the empty text: as ToText, but Null returns the empty text too, and so does an object whose default
 // property is Null.
 std::wstring ToTextOrEmpty(const Value& value);
 

@@ -2,7 +2,7 @@
 //
 // An automation date counts days from 30 December 1899. Before that day the count is negative while the time of day
 // still runs forward, so -1.25 is 29 December 1899 at six in the morning. The calendar reaches from the year 100 to
-// 9999. Every function here may be called on any thread and none asks the host's locale.
+// 9999. Every function here may be called on any thread and none depends on the host's locale.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace kodra::values {
 
-// A date taken apart, to the second.
+// A date split into its parts, to the second.
 struct Calendar {
   std::int32_t year = 1899;
   std::int32_t month = 12;
@@ -56,14 +56,15 @@ Date Today();
 // Today and the time of day by the local clock, to the second.
 Date Now();
 
-// Reads a text as a date, as OLE Automation does for Brazilian Portuguese: nothing when it is no date.
+// Reads a text as a date, as OLE Automation does for Brazilian Portuguese; returns nothing when it is not a date.
 //
-// A date is numbers and at most one month name, apart by "/", "-", "," or blanks; a time is two or three numbers apart
-// by ":" or ".", or an hour followed by "am" or "pm". Either may stand alone, and either may come first.
+// A date consists of numbers and at most one month name, separated by "/", "-", "," or blanks. A time consists of two
+// or three numbers separated by ":" or ".", or of an hour followed by "am" or "pm". The text contains a date, a time or
+// both, in either order.
 //   31/12/2023   2023-12-31 10:20:30   10:20   1 jan 2023   31/12
-// Numbers that make no day in day/month/year order are tried in other orders ("12/31/2023" and "2023/12/31" are both
-// the last day of 2023). A year below 30 is in the 2000s, one from 30 to 99 in the 1900s; without a year, the current
-// one is meant; without a day, the first. So "10,5" is 10 May and "10.5" five minutes past ten, but "10" is no date.
+// Numbers that are no day in day/month/year order are tried in other orders ("12/31/2023" and "2023/12/31" are both the
+// last day of 2023). A year below 30 is in the 2000s, one from 30 to 99 in the 1900s; without a year, the current one
+// is meant; without a day, the first. So "10,5" is 10 May and "10.5" five minutes past ten, but "10" is no date.
 std::optional<Date> ParseDate(std::wstring_view text);
 
 // The same, with the year to use for a text that has none.

@@ -54,7 +54,7 @@ bool AppendDigit(Decimal& number, std::uint32_t digit) { return MultiplyAndAdd(n
 
 bool IsZero(const Decimal& number) { return number.low == 0 && number.high == 0; }
 
-// Whether digits that are cut off raise the one before them: halves go to the even neighbour.
+// Whether the digits that are cut off round the one before them up: halves go to the even neighbour.
 bool RoundsUp(const Decimal& number, std::uint32_t firstCut, bool moreCut) {
   return firstCut > 5 || (firstCut == 5 && (moreCut || number.low % 2 != 0));
 }

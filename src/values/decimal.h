@@ -1,4 +1,4 @@
-// Exact decimal numbers: what automation's Currency and Decimal hold, taken apart, rounded and written down.
+// Exact decimal numbers, automation's Currency and Decimal: their parts, their rounding and their text.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,8 @@ Decimal ToDecimal(Currency amount);
 std::optional<Currency> ToCurrency(const Decimal& number);
 
 // Reads digits with an optional "-" and decimal point. Decimals beyond the 28 that a Decimal has, or beyond its 96
-// bits, are rounded, halves to the even neighbour. Nothing for a whole part beyond 96 bits and for any other text.
+// bits, are rounded, halves to the even neighbour. Returns nothing for a whole part beyond 96 bits and for a text that
+// is not a number.
 std::optional<Decimal> ParseDecimal(std::wstring_view text);
 
 // The number without the zeros that end its decimals.

@@ -57,7 +57,7 @@ enum class RuntimeError : std::int32_t {
 // The Portuguese text of a runtime error; empty for a number that is not in RuntimeError.
 std::wstring_view RuntimeText(std::int32_t number);
 
-// Gives the error as the runtime raises it: its number, source kApplicationTitle, the Portuguese text of the number.
+// Returns the error as the runtime raises it: its number, source kApplicationTitle, the Portuguese text of the number.
 Erro MakeRuntimeError(RuntimeError error);
 
 // RuntimeError::kMemberNotFound, raised by an object for a name that it does not have. An error 438 of any other type
@@ -67,8 +67,8 @@ class MemberNotFound : public Erro {
   MemberNotFound();
 };
 
-// The exception being handled, as an Erro: an Erro as it is, exhausted memory as RuntimeError::kOutOfMemory, anything
-// else as number 51 (internal error). REQUIRES: called inside a catch clause.
+// The exception being handled, as an Erro: an Erro unchanged, exhausted memory as RuntimeError::kOutOfMemory,
+// everything else as number 51 (internal error). REQUIRES: called inside a catch clause.
 Erro CurrentErro();
 
 }  // namespace kodra

@@ -8,7 +8,7 @@
 namespace kodra::values {
 namespace {
 
-// How often the first character of a text follows itself, in any letter case.
+// The length of the run of one character, in any letter case, that a text begins with.
 std::size_t RunLength(std::wstring_view text) {
   const auto differs = [&](wchar_t c) { return UpperCaseAscii(c) != UpperCaseAscii(text.front()); };
   return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), differs) - text.begin());
@@ -20,7 +20,7 @@ std::wstring Digits(std::int32_t number, std::size_t width) {
   return digits;
 }
 
-// The part of a date that a letter of a pattern means; nothing for the year and for a letter that means none.
+// The part of a date that a pattern letter denotes; nothing for the year and for a letter without a meaning.
 std::optional<std::int32_t> PartOf(const Calendar& date, wchar_t letter, bool afterHour) {
   switch (letter) {
     case L'D':
@@ -38,7 +38,7 @@ std::optional<std::int32_t> PartOf(const Calendar& date, wchar_t letter, bool af
   }
 }
 
-// What a run of one letter writes; nothing for a run that is literal.
+// The text of a run of one letter; nothing for a run that is literal.
 std::optional<std::wstring> FieldOf(const Calendar& date, wchar_t letter, std::size_t length, bool afterHour) {
   if (letter == L'Y' && length == 4) return NumberToText(date.year);
   if (letter == L'Y' && length == 2) return Digits(date.year % 100, 2);

@@ -12,8 +12,8 @@
 namespace kodra::values {
 namespace {
 
-// How many digits are significant, and as many decimals are written; `firstWithExponent` is the first whole number that
-// needs more.
+// The number of significant digits, which is also the largest number of decimals without an exponent;
+// `firstWithExponent` is the first whole number that needs an exponent.
 struct Precision {
   int digits;
   double firstWithExponent;
@@ -21,7 +21,7 @@ struct Precision {
 constexpr Precision kDouble = {15, 1e15};
 constexpr Precision kSingle = {7, 1e7};
 
-// A finite number's magnitude as significant digits without trailing zeros; the first has the value digit *
+// A finite number's magnitude as significant digits without trailing zeros; the value of the first is digit *
 // 10^exponent.
 struct Scientific {
   std::wstring digits;

@@ -14,21 +14,22 @@
 
 namespace kodra::values {
 
-// The number that a text begins with; 0 when it begins with none. Blanks, tabs and line ends are passed over, between
+// The number that a text begins with; 0 when it begins with none. Blanks, tabs and line ends are skipped, between
 // digits too; "." is the decimal point and "e" or "d" begins an exponent.
 //   "12abc" 12    "1 234" 1234    "1.5" 1.5    "1,5" 1    "1e2" 100    "&H1F" 31    "&HFFFF" -1    "abc" 0
 // Raises RuntimeError::kOverflow for a number beyond a double, or a hexadecimal or octal one beyond 32 bits.
 double LeadingNumber(std::wstring_view text);
 
 // Reads a whole text as a number in Brazilian form: "," before the decimals, "." between groups of digits (anywhere), a
-// sign before or after, parentheses for negative, "R$" before or after, blanks around; nothing when it is none.
+// sign before or after, parentheses for negative, "R$" before or after, blanks around; returns nothing when it is not a
+// number.
 //   "1.234,5" 1234.5    "1.5" 15    "(2)" -2    "R$ 10" 10    "&H10" 16
 // Raises RuntimeError::kOverflow as LeadingNumber does.
 std::optional<double> ParseNumber(std::wstring_view text);
 
-// Reads a whole text as a number in the invariant form: perhaps "-", digits, "." before the decimals, perhaps an
-// exponent; nothing when it is none or beyond a double. The value is of the first of int32, int64, uint64 and double
-// that holds it; one with a decimal point or an exponent is a double.
+// Reads a whole text as a number in the invariant form: an optional "-", digits, "." before the decimals, an optional
+// exponent; returns nothing when it is not a number or is beyond a double. The value is of the first of int32, int64,
+// uint64 and double that holds it; one with a decimal point or an exponent is a double.
 //   "-5" -5    "2147483648" an int64    "1.0" a double    "1e3" 1000.0    "+5", " 5", "1,5", "&H10" nothing
 std::optional<Value> ParseInvariantNumber(std::wstring_view text);
 

@@ -82,12 +82,12 @@ bool ResolveDay(const DateNumbers& numbers, std::optional<std::int32_t> currentY
   return false;
 }
 
-// Reads one text from left to right. A step that gives false has met what no date holds.
+// Reads one text from left to right. A step returns false when it meets something that no date contains.
 class Reader {
  public:
   explicit Reader(std::wstring_view text) : text_(text) {}
 
-  // Gives the date with `currentYear` (the clock's, when left out) where the text has no year.
+  // Returns the date, with `currentYear` (the clock's, when left out) where the text has no year.
   std::optional<Date> Read(std::optional<std::int32_t> currentYear) {
     for (SkipBlanks(); !AtEnd(); SkipBlanks()) {
       if (!ReadPiece()) return std::nullopt;
@@ -115,7 +115,7 @@ class Reader {
     return ReadName();
   }
 
-  // "/" and "-" stand only between two pieces of a date; a comma stands before any piece.
+  // "/" and "-" are allowed only between two pieces of a date; a comma is allowed before any piece.
   bool ReadSeparator(wchar_t separator) {
     ++at_;
     if (separator == L',') {
@@ -128,7 +128,7 @@ class Reader {
     return true;
   }
 
-  // Notes what was read. Only a piece of a date may follow "/" or "-", and a time does not stand inside a date.
+  // Records what was read. Only a piece of a date may follow "/" or "-", and a time may not interrupt a date.
   bool Finish(Piece piece) {
     const bool joins = pendingSeparator_ == L'/' || pendingSeparator_ == L'-';
     if (joins && piece != Piece::kDate) return false;
@@ -159,7 +159,7 @@ class Reader {
     return true;
   }
 
-  // The rest of a time after its hour: minutes, perhaps seconds, perhaps am or pm.
+  // The rest of a time after its hour: minutes, optional seconds, an optional am or pm.
   bool ReadClock(std::int32_t hour) {
     std::array<std::int32_t, 2> parts{};
     std::size_t count = 0;
@@ -184,7 +184,7 @@ class Reader {
 
   bool TakeTime(std::int32_t hour, std::int32_t minute, std::int32_t second) {
     if (hasTime_ || hour > 23 || minute > 59 || second > 59) return false;
-    // An hour that is past noon already stays, whatever the designator says.
+    // An hour that is already past noon does not change, whatever the designator says.
     if (half_ == Half::kMorning && hour == 12) hour = 0;
     if (half_ == Half::kAfternoon && hour < 12) hour += 12;
     hasTime_ = true;
@@ -194,7 +194,7 @@ class Reader {
     return Finish(Piece::kTime);
   }
 
-  // A month name counts; a day name says nothing that the numbers do not, and is passed over unchecked.
+  // A month name is recorded. A day name adds nothing to the numbers and is skipped unchecked.
   bool ReadName() {
     if (const std::int32_t month = ReadOneOf(kMonthNames, kMonthAbbreviations); month != 0) {
       if (numbers_.month != 0) return false;
@@ -205,7 +205,7 @@ class Reader {
     return ReadOneOf(kDayNames, kDayAbbreviations) != 0 && Finish(Piece::kDayName);
   }
 
-  // The place, from 1, of the name that stands here, full or abbreviated with or without a full stop; 0 when none does.
+  // The place, from 1, of the name that comes next, full or abbreviated with or without a full stop; 0 when none does.
   template <std::size_t kCount>
   std::int32_t ReadOneOf(const std::array<std::wstring_view, kCount>& names,
                          const std::array<std::wstring_view, kCount>& abbreviations) {
@@ -219,9 +219,9 @@ class Reader {
     return 0;
   }
 
-  // Moves past the word (given in upper case) when it stands here whole.
+  // Skips the word (passed in upper case) when the whole word comes next.
   bool ReadWord(std::wstring_view word) {
-    // Most texts that reach the names are SQL expressions: one look at their first character turns them down.
+    // Most texts that get this far are SQL expressions: their first character is enough to reject them.
     if (UpperCase(Current()) != word.front()) return false;
     const std::wstring_view here = text_.substr(at_, word.size());
     const std::size_t end = at_ + word.size();

@@ -12,11 +12,12 @@
 namespace kodra::values {
 namespace {
 
-// The double nearest to a numeral: ASCII digits, perhaps with a sign, a point and an exponent. Infinite for one that is
+// The double nearest to a numeral: ASCII digits, with an optional sign, point and exponent. Infinite for one that is
 // too large, zero for one that is too small.
 //
-// Not std::from_chars: in GCC 12 for 32-bit Windows it rounds twice where the client lets the processor calculate with
-// 64 bits, as programs made by Delphi and GCC do. It reads 115100940185e15 as the neighbour of the nearest double.
+// std::from_chars is not used: in GCC 12 for 32-bit Windows it rounds twice when the client lets the processor
+// calculate with 64 bits, as programs made by Delphi and GCC do. It reads 115100940185e15 as the neighbour of the
+// nearest double.
 double NearestDouble(std::string numeral) {
   const std::size_t point = numeral.find('.');
   if (point != numeral.npos) numeral.replace(point, 1, std::localeconv()->decimal_point);
@@ -57,7 +58,7 @@ class Scanner {
     return true;
   }
 
-  // Appends the digits that stand here, passing over `separator` between them; false when there is none.
+  // Appends the digits that come next, skipping `separator` between them; false when there is none.
   bool TakeDigits(std::string& numeral, wchar_t separator = L'\0') {
     const std::size_t before = numeral.size();
     for (; !AtEnd(); ++at_) {
@@ -70,7 +71,7 @@ class Scanner {
     return numeral.size() > before;
   }
 
-  // Appends the digits that stand here with the decimals behind `point`; false when there is no digit.
+  // Appends the digits that come next with the decimals behind `point`; false when there is no digit.
   bool TakeDecimal(std::string& numeral, wchar_t point, wchar_t separator = L'\0') {
     const bool hasWhole = TakeDigits(numeral, separator);
     if (Current() != point) return hasWhole;
@@ -79,7 +80,7 @@ class Scanner {
     return TakeDigits(numeral) || hasWhole;
   }
 
-  // Appends the exponent that stands here, when it is whole: letter, perhaps a sign, digits.
+  // Appends the exponent that comes next, when it is complete: letter, optional sign, digits.
   void TakeExponent(std::string& numeral, std::wstring_view letters) {
     if (AtEnd() || letters.find(UpperCase(text_[at_])) == letters.npos) return;
     const std::size_t start = at_++;
@@ -93,7 +94,7 @@ class Scanner {
     }
   }
 
-  // The 32 bits that the hexadecimal or octal digits standing here give.
+  // The 32 bits of the hexadecimal or octal digits that come next.
   std::optional<std::uint32_t> TakeBits(std::uint32_t base) {
     std::optional<std::uint32_t> bits;
     for (; !AtEnd(); ++at_) {
@@ -117,7 +118,7 @@ class Scanner {
   std::size_t at_ = 0;
 };
 
-// The base of the "&H" or "&O" prefix that stands here and is passed over; 0 when there is none.
+// Skips the "&H" or "&O" prefix that comes next and returns its base; 0 when there is none.
 std::uint32_t TakeBasePrefix(Scanner& scanner) {
   if (scanner.Take(L"&H")) return 16;
   if (scanner.Take(L"&O")) return 8;
@@ -143,7 +144,7 @@ std::optional<double> TakeBrazilianMagnitude(Scanner& scanner) {
   return ValueOf(numeral);
 }
 
-// What may stand around the digits of a Brazilian number, each once and in any order: a sign or parentheses, the
+// The marks that may surround the digits of a Brazilian number, each once and in any order: a sign or parentheses, the
 // currency.
 class Marks {
  public:

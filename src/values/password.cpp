@@ -19,7 +19,7 @@ std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
   return std::min(text.find_first_not_of(kBlanks, at), text.size());
 }
 
-// How many times in a row the character at that place occurs there.
+// The length of the run of equal characters that begins at `at`.
 std::size_t RunAt(std::wstring_view text, std::size_t at) {
   const std::size_t end = text.find_first_not_of(text[at], at);
   return (end == std::wstring_view::npos ? text.size() : end) - at;
@@ -27,8 +27,8 @@ std::size_t RunAt(std::wstring_view text, std::size_t at) {
 
 bool EndsPair(std::wstring_view text, std::size_t at) { return at >= text.size() || text[at] == L';'; }
 
-// Past the end of what the quote or brace at `start` opens; the end of the text when it is never closed. A doubled
-// quote is one of the value's own, unless it opened the value: then the whole pair is within quotes too.
+// The position after the quoted or braced part that begins at `start`; the end of the text when it is never closed. A
+// doubled quote belongs to the value, unless the value begins with it: then the whole pair is within quotes too.
 std::size_t PastClosing(std::wstring_view text, std::size_t start) {
   const wchar_t opening = text[start];
   const wchar_t closing = opening == L'{' ? L'}' : opening;
@@ -47,11 +47,11 @@ std::size_t PastClosing(std::wstring_view text, std::size_t start) {
 std::size_t PastValue(std::wstring_view text, std::size_t start) {
   std::size_t at = start;
   if (at < text.size() && (text[at] == L'{' || text[at] == L'"' || text[at] == L'\'')) at = PastClosing(text, at);
-  // What follows a closing quote belongs to the value: a reader that knows no quotes takes it in.
+  // Text after a closing quote belongs to the value: a reader that does not know quotes includes it.
   return std::min(text.find(L';', at), text.size());
 }
 
-// Where the value of a key that begins at `at` begins; npos when no password key does.
+// The position of the value of the password key that begins at `at`; npos when none begins there.
 std::size_t ValueOfKeyAt(std::wstring_view text, std::size_t at) {
   constexpr std::array<std::wstring_view, 3> kKeys = {L"PWD", L"PASSWORD", L"PASSWD"};
   for (const std::wstring_view key : kKeys) {
@@ -67,7 +67,7 @@ std::size_t ValueOfKeyAt(std::wstring_view text, std::size_t at) {
   return std::wstring_view::npos;
 }
 
-// Where the value of the next password key from `from` on begins; npos when there is none.
+// The position of the value of the next password key from `from` on; npos when there is none.
 std::size_t NextValue(std::wstring_view text, std::size_t from) {
   for (std::size_t at = from; at < text.size(); ++at) {
     const std::size_t value = ValueOfKeyAt(text, at);
@@ -82,7 +82,7 @@ std::wstring_view Trimmed(std::wstring_view value, std::wstring_view characters)
   return value.substr(first, value.find_last_not_of(characters) + 1 - first);
 }
 
-// A value without the quotes or braces around it, and with its own single where it doubles them.
+// A value without the quotes or braces around it, and with a single one wherever it doubles them.
 std::wstring Bare(std::wstring_view value) {
   std::wstring bare;
   for (const wchar_t c : Trimmed(Trimmed(value, kBlanks), kQuotes))
@@ -90,7 +90,7 @@ std::wstring Bare(std::wstring_view value) {
   return bare;
 }
 
-// A value without the quote that ends the list of pairs it is the last of, where that list is within quotes.
+// The last value of a quoted list of pairs without the quote that ends the list; any other value is unchanged.
 std::wstring_view WithoutListsQuote(std::wstring_view value) {
   const wchar_t first = value.empty() ? L'\0' : value.front();
   if (kQuotes.find(first) == std::wstring_view::npos) return Trimmed(value, kQuotes);
@@ -123,7 +123,7 @@ bool ContinuesWord(std::wstring_view text, std::size_t at) {
   return (c >= L'A' && c <= L'Z') || IsDigit(c);
 }
 
-// How many characters of the text are one of the passwords, from `at` on; 0 when none is there.
+// The length of the password that the text contains at `at`; 0 when there is none.
 std::size_t PasswordAt(std::wstring_view text, std::size_t at, const std::vector<std::wstring>& passwords) {
   const auto found = std::ranges::find_if(passwords, [&](const std::wstring& password) {
     return text.substr(at).starts_with(password) && !ContinuesWord(text, at + password.size());

@@ -1,4 +1,4 @@
-// Upper case and blanks, the same on every machine: nothing here asks the host's locale.
+// Upper case and blanks. They are the same on every machine: nothing here depends on the host's locale.
 #pragma once
 
 #include <string>
@@ -14,8 +14,8 @@ constexpr wchar_t UpperCaseAscii(wchar_t character) noexcept {
 // As UpperCase, for characters from U+0080 on.
 wchar_t UpperCaseBeyondAscii(wchar_t character) noexcept;
 
-// The upper-case form of one character of the Latin (with its accents), Greek and Cyrillic alphabets; any other
-// character stands for itself, as do those without a single upper-case character (ß).
+// The upper-case form of one character of the Latin (with its accents), Greek and Cyrillic alphabets. Every other
+// character is returned unchanged, and so is one without a single upper-case character (ß).
 inline wchar_t UpperCase(wchar_t character) noexcept {
   return character < 0x80 ? UpperCaseAscii(character) : UpperCaseBeyondAscii(character);
 }
@@ -29,7 +29,7 @@ bool EqualIgnoringCase(std::wstring_view one, std::wstring_view other) noexcept;
 // The first character in upper case; the empty text for the empty text.
 std::wstring FirstUpper(std::wstring_view text);
 
-// The text without its leading and trailing blanks. Only the blank itself (U+0020) goes: tabs and line ends stay.
+// The text without its leading and trailing blanks. Only the blank itself (U+0020) is removed, not tabs and line ends.
 std::wstring_view Trim(std::wstring_view text) noexcept;
 
 }  // namespace kodra::values

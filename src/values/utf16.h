@@ -1,6 +1,6 @@
-// The text of ODBC's wide functions: UTF-16, while wchar_t is 32 bits on Linux and 16 on Windows.
+// The text of ODBC's wide functions, which is UTF-16, while wchar_t has 32 bits on Linux and 16 on Windows.
 //
-// Nothing is refused: an unpaired surrogate travels as the single unit it is, in both directions, and an embedded
+// Nothing is rejected: an unpaired surrogate is converted to the same single unit, in both directions, and an embedded
 // zero is a character like any other.
 #pragma once
 

@@ -8,7 +8,7 @@ namespace kodra::values {
 
 // An unpaired surrogate, which UTF-8 cannot write, becomes U+FFFD.
 std::string ToUtf8(std::wstring_view text);
-// Each byte that is no part of a character becomes U+FFFD.
+// Each byte that is not part of a character becomes U+FFFD.
 std::wstring FromUtf8(std::string_view bytes);
 
 }  // namespace kodra::values

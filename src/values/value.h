@@ -15,7 +15,7 @@
 namespace kodra {
 
 class AutomationObject;
-// A shared reference to an automation object; null stands for "Nothing".
+// A shared reference to an automation object; null is "Nothing".
 using ObjectRef = std::shared_ptr<AutomationObject>;
 
 struct Empty {  // a variant never assigned
@@ -65,8 +65,8 @@ class Value {
   Value(const wchar_t* v) : storage_(std::wstring(v)) {}
   Value(ObjectRef v) : storage_(std::move(v)) {}
 
-  // The library's copy of a variant of these types destroys what it never made when it runs out of memory (GCC 12), so
-  // the alternative is copied on its own.
+  // The library's copy of a variant of these types destroys an alternative that it never made when memory runs out (GCC
+  // 12), so the alternative is copied on its own.
   Value(const Value& other) : storage_(std::visit([](const auto& held) { return Storage(held); }, other.storage_)) {}
   Value(Value&&) noexcept = default;
   Value& operator=(const Value& other) { return *this = Value(other); }

@@ -9,7 +9,7 @@
 namespace kodra::reports {
 namespace {
 
-// The whole days of the period; the database gets of them what the translator's date layout keeps.
+// The whole days of the period; the database receives the part of them that the translator's date layout keeps.
 std::wstring PeriodFilter(const Call& call) {
   const Date last = frame::ReadDate(call.Parameters(), L"DataArmazenamento2");
   if (last.days == 0.0) return {};

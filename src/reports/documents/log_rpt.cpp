@@ -30,7 +30,7 @@ std::wstring ActionField(std::size_t number) {
   return L"ACAO" + values::NumberToText(static_cast<std::int64_t>(number));
 }
 
-// A text too long for all fields raises: the recordset has no field for the rest.
+// Raises for a text too long for all fields: the recordset has no field for the rest.
 void FillAction(OutputDataset& output, const std::wstring& action) {
   for (std::size_t start = 0, number = 1; start < action.size(); start += kActionSize, ++number)
     output.Let(ActionField(number), action.substr(start, kActionSize));

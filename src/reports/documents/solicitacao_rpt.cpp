@@ -1,4 +1,5 @@
-// Requests for original documents: the slip that goes with what leaves the archive, and the list of what is out.
+// Requests for original documents: the slip for the originals that leave the archive, and the list of those that are
+// out.
 #include <vector>
 
 #include "frame/parameter_reader.h"
@@ -10,7 +11,7 @@
 namespace kodra::reports {
 namespace {
 
-// What the documents of a slip have in common and one by one.
+// What the documents of a slip have in common, and a line for each of them.
 struct Slip {
   std::wstring returnDate;  // of the last document read
   std::vector<std::wstring> lines;
@@ -37,7 +38,7 @@ Slip ReadDocuments(const Call& call, const std::wstring& requests, AutomationObj
   for (; !rows->Eof(); rows->MoveNext()) {
     const Value dateText = date.Text();
     slip.returnDate = values::FormatDate(values::ToDate(conversions.Call(L"ToDate", {&dateText, 1})), L"dd/mm/yyyy");
-    // Read one after the other: the order of a call's arguments is the compiler's.
+    // Read one after the other: the compiler chooses the order in which a call's arguments are evaluated.
     const std::wstring documentCode = document.Text();
     const std::wstring moduleCode = module.Text();
     const std::wstring inRow = row.Text();
@@ -131,7 +132,7 @@ frame::ReportRows CSolicitacaoRpt::RelatorioRetiradaOriginal(Call& call) {
   return FillSlip(call, requests, ReadDocuments(call, requests, *conversions));
 }
 
-// Reads ListarJaDevolvidos: false leaves out what has come back.
+// Reads ListarJaDevolvidos: false leaves out what has been returned.
 frame::ReportRows CSolicitacaoRpt::RelatorioDevolucaoOriginal(Call& call) {
   call.InicializaPS();
   const bool returnedToo = frame::ReadFlag(call.Parameters(), L"ListarJaDevolvidos");

@@ -61,7 +61,7 @@ std::wstring DocumentsStatement(const sql::Translator& sql, const std::wstring& 
          L"ORDER BY d.COD_DOCTO";
 }
 
-// One row that holds nothing.
+// One row without any content.
 std::wstring BlankRowStatement(const sql::Translator& sql) {
   return L"SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS" + sql.FromOneRow();
 }
@@ -81,7 +81,7 @@ frame::ReportRows CCaixaRpt::DocsNoModulo(Call& call) {
 }
 
 // The documents of one module, for a layout within another: it relies on an earlier call of the same object, and its
-// errors reach the client as they are. Reads Modulo1.
+// errors reach the client unchanged. Reads Modulo1.
 frame::ReportRows CCaixaRpt::DocsNoModuloSubRpt(Call& call) {
   call.PassErrorsOn();
   const std::wstring module = frame::ReadText(call.Parameters(), L"Modulo1");

@@ -38,7 +38,7 @@ std::wstring IsAnySubordinate(const Modules& modules) {
 }
 
 // The closed subordinates of a module: a collection, null when the component returns none, with the objects that it
-// came from and may be read through.
+// comes from and through which it may be read.
 struct ClosedSubordinates {
   ObjectRef filter;
   ObjectRef reader;
@@ -91,7 +91,7 @@ frame::ReportRows CCaixaRpt::EtiquetaAbertura(Call& call) {
         IsAnyModule(ReadModules(call.Parameters()));
   }
   if (call.HasConexao()) return call.OpenResult(once);
-  // Two opening labels go on each module.
+  // Each module gets two opening labels.
   return call.OpenResult(once + L" UNION ALL " + once + L" ORDER BY NUM_CAIXA");
 }
 

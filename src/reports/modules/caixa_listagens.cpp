@@ -1,5 +1,5 @@
 // The listings of CCaixaRpt over all modules. Those of main and subordinate modules are two SELECTs in one UNION, of
-// which the second carries the ORDER BY. The order in which filters are attached is part of what clients rely on.
+// which the second has the ORDER BY. Clients rely on the order in which filters are attached.
 #include "frame/parameter_reader.h"
 #include "reports/modules/module_filters.h"
 #include "reports/reports.h"

@@ -1,4 +1,4 @@
-// What a container's label says of the modules in the container, gathered module by module.
+// The content of a container's label about the modules in the container, gathered module by module.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ struct ContainerLabel {
   std::wstring kind;  // "T" as soon as a module has a retention date, otherwise the retention kind of the last module
   std::wstring company;
 
-  // Takes a module in: its retention date (zero: none), its retention kind and the company's name.
+  // Adds a module: its retention date (zero: none), its retention kind and the company's name.
   void Add(Date date, std::wstring_view moduleKind, std::wstring_view companyName);
 };
 

@@ -12,13 +12,13 @@ namespace {
 
 namespace ad = platform::ad;
 
-// Whole seconds from one date to another.
+// The whole seconds from one date to another.
 double SecondsBetween(Date from, Date to) {
   constexpr double kSecondsADay = 86400;
   return std::round(to.days * kSecondsADay) - std::round(from.days * kSecondsADay);
 }
 
-// The label of the container whose modules these are; nothing when there is none.
+// The label of the container of these modules; nothing when there are no modules.
 std::optional<ContainerLabel> ReadLabel(platform::Recordset& modules, AutomationObject& conversions) {
   if (modules.Eof()) return std::nullopt;
   SourceField company(modules, L"NOME_EMPRESA");

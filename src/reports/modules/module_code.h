@@ -13,7 +13,7 @@ inline constexpr std::size_t kModuleCodeSize = 5;
 std::wstring MainModule(std::wstring_view code);
 
 // The number of a subordinate within its parent: the value of the last 2 characters as a decimal number without
-// padding; 0 when they are no number.
+// padding; 0 when they are not a number.
 std::wstring SubordinateNumber(std::wstring_view code);
 
 // Whether a code has the length of a main module's.

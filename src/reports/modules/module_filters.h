@@ -7,7 +7,7 @@
 
 namespace kodra::reports {
 
-// Only modules of a department: CodDepto, when its value as a number is above zero. The code goes in as it is.
+// Only modules of a department: CodDepto, when its value as a number is above zero. The code is used unchanged.
 std::wstring DeptoFilter(AutomationObject& parameters);
 
 // Only modules of the back catalogue: ModoPregresso.

@@ -1,6 +1,6 @@
-// What a client's CCaixaRpt object keeps between two calls.
+// The state that a client's CCaixaRpt object keeps between two calls.
 //
-// Unlike the other report objects it may be given an open connection instead of a connection string, writes a log and
+// Unlike the other report objects it may hold an open connection instead of a connection string, writes a log and
 // announces each line of it. It keeps its properties and its log object, nothing else.
 #pragma once
 
@@ -16,12 +16,12 @@ class ModuleObject : public frame::ReportObject {
   explicit ModuleObject(std::wstring_view className, platform::Surroundings& surroundings)
       : ReportObject(className, surroundings) {}
 
-  // A connection that the client opened and keeps; it is never opened, closed or changed here. None unless set. A
+  // A connection that the client opened and keeps; it is never opened, closed or changed here. None by default. A
   // report call puts its connection string into StringConexao.
   const platform::ClientConnection& Conexao() const { return conexao_; }
   void SetConexao(platform::ClientConnection connection) { conexao_ = std::move(connection); }
 
-  // The path of the log file; empty switches the file off, never the event.
+  // The path of the log file; an empty path switches off the file, never the event.
   const std::wstring& LogFile() const { return logFile_; }
   void SetLogFile(std::wstring path) { logFile_ = std::move(path); }
 
@@ -34,7 +34,7 @@ class ModuleObject : public frame::ReportObject {
   void WriteFailure(const std::wstring& line);
 
  private:
-  // Writes a line to the log and returns what the log leaves of it.
+  // Writes a line to the log and returns the line as the log leaves it.
   std::wstring PassThroughLog(const std::wstring& line);
   void Announce(const std::wstring& line);
 

@@ -48,7 +48,7 @@ std::vector<OperadorObj> ReadOperators(const Call& call) {
   return operators;
 }
 
-// The description of a type code, asked of a sibling object made for this one question.
+// The description of a type code, from a sibling object made for this one question.
 std::wstring ObtemDescricaoTipo(const Call& call, std::wstring_view code) {
   const ObjectRef types = call.Around().CreateObject(L"KodraBsnV3.ObtedorDeTiposOperadores");
   types->Let(L"StringConexao", call.StringConexao());
@@ -95,7 +95,7 @@ bool EhVerdadeiro(const Value& value) {
 }
 
 // Operators marked as deleted are left out; type codes are replaced by their descriptions. Reads no property of the
-// parameter object. Null without operators. An error names the step that failed.
+// parameter object. Returns null when there are no operators. An error names the step that failed.
 frame::ReportRows COperadorRpt::RelatorioOperadores(Call& call) {
   call.SetErrorPrefix(L"Erro : ");
   call.InicializaPS();

@@ -16,8 +16,8 @@ std::wstring CountColumns(const std::wstring& kind) {
 }  // namespace
 
 // Reads Owner, DataInicial, DataFinal, CodOperador and CodDepto (empty: all) and TipoRpt: "P" returns front and back
-// pages, "F" front pages, anything else the document code. The placeholder module AA000 and the born-digital support
-// are not production and never listed.
+// pages, "F" front pages, any other text the document code. The placeholder module AA000 and the born-digital support
+// are not production and are never listed.
 frame::ReportRows CEstatImgRpt::RelatorioEstatisticas(Call& call) {
   call.InicializaPS();
   const Period period = ReadPeriod(call.Parameters());

@@ -30,7 +30,7 @@ frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorDocumento(Call& call) 
 }
 
 // Reads Owner, DataInicial, DataFinal, DescrOperador, DescrDepto, NumeroPC1 to NumeroPC5 and NumeroObs: one row with
-// the counts that the client made, which are in the statement as they are.
+// the counts that the client made, which the statement contains unchanged.
 frame::ReportRows CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave(Call& call) {
   call.InicializaPS();
   AutomationObject& parameters = call.Parameters();

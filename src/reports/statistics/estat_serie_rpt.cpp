@@ -18,8 +18,8 @@ Period ToTheDayAfter(const Period& period) { return {period.first, {period.last.
 
 }  // namespace
 
-// Reads DataInicial, DataFinal, CodGrupo and TipoRpt: "N" counts documents, anything else sums front pages; "F" and
-// "P" differ in the subtitle only. Title and subgroup have the installation's own names.
+// Reads DataInicial, DataFinal, CodGrupo and TipoRpt: "N" counts documents, any other text sums front pages; "F" and
+// "P" differ only in the subtitle. Title and subgroup have the installation's own names.
 frame::ReportRows CEstatSerieRpt::RelatorioEstatisticas(Call& call) {
   call.InicializaPS();
   const sql::Translator& sql = call.Sql();

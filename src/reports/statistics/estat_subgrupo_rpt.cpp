@@ -15,7 +15,7 @@ std::wstring CountColumns(const std::wstring& kind) {
 
 }  // namespace
 
-// Reads DataInicial, DataFinal and TipoRpt: "F" returns front pages, "P" front and back pages, anything else the
+// Reads DataInicial, DataFinal and TipoRpt: "F" returns front pages, "P" front and back pages, any other text the
 // document code. The title has the installation's own name for a subgroup.
 frame::ReportRows CEstatSubgrupoRpt::RelatorioEstatisticas(Call& call) {
   call.InicializaPS();

@@ -15,7 +15,7 @@ std::wstring PageColumns(const std::wstring& kind) {
 
 }  // namespace
 
-// Reads DataInicial, DataFinal and TipoRpt: "F" returns front pages, "P" front and back pages, anything else neither.
+// Reads DataInicial, DataFinal and TipoRpt: "F" returns front pages, "P" front and back pages, any other text neither.
 frame::ReportRows CEstatSuporteRpt::RelatorioEstatisticas(Call& call) {
   call.InicializaPS();
   const Period period = ReadPeriod(call.Parameters());

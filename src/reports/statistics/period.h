@@ -17,7 +17,7 @@ struct Period {
 // Reads DataInicial and DataFinal.
 Period ReadPeriod(AutomationObject& parameters);
 
-// Both raise RuntimeError::kOverflow for a date outside the calendar.
+// Both functions below raise RuntimeError::kOverflow for a date outside the calendar.
 
 // The heading as an SQL text literal: 'Período: dd/mm/yyyy a dd/mm/yyyy'.
 std::wstring PeriodTitle(const Period& period);

@@ -1,4 +1,4 @@
-// What the installation calls the levels of its taxonomy.
+// The names that the installation has for the levels of its taxonomy.
 #pragma once
 
 #include <string>
