@@ -25,7 +25,7 @@ VARIANT LargeInteger(std::int64_t value) {
 
 VARIANT LargeInteger(std::uint64_t value) { return ScopedVariant(Value(Decimal{.low = value})).detach(); }
 
-// What the object gives when its name alone is written, such as the value of a field.
+// The value that automation uses where the object alone is written, such as the value of a field.
 ScopedVariant DefaultProperty(IUnknown* object) {
   const auto dispatch = comkit::com_ptr<IUnknown>(object).as<IDispatch>();
   DISPPARAMS none{};

@@ -1,4 +1,4 @@
-// What comes in through an ADO entry point, and what goes out.
+// The arguments and results of ADO's entry points.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ class Argument {
  public:
   explicit Argument(const VARIANT& given);
 
-  // Not given, or given as Empty.
+  // Left out, or passed as Empty.
   bool IsMissing() const noexcept;
   bool IsText() const noexcept { return V_VT(&*variant_) == VT_BSTR; }
   bool IsObject() const noexcept { return V_VT(&*variant_) == VT_DISPATCH || V_VT(&*variant_) == VT_UNKNOWN; }
@@ -29,12 +29,12 @@ class Argument {
   std::wstring Text() const { return comkit::ToWide(V_BSTR(&*variant_)); }
   // Null is "Nothing". REQUIRES: IsObject().
   IUnknown* Object() const noexcept { return V_UNKNOWN(&*variant_); }
-  // The value to store: of an object, its default property; Empty when missing. A kind of value that no field holds
+  // The value to store: for an object, its default property; Empty when missing. A kind of value that no field holds
   // raises ControlError::kInvalidArgument.
   Value AsValue() const;
-  // The elements of an array of one dimension; the argument itself when it is no array; none when it is missing.
+  // The elements of an array of one dimension; the argument itself when it is not an array; none when it is missing.
   std::vector<Argument> Items() const;
-  // A whole number, such as an index; anything else raises ControlError::kInvalidArgument.
+  // A whole number, such as an index; otherwise ControlError::kInvalidArgument is raised.
   std::int32_t AsInteger() const;
 
   const VARIANT& Raw() const noexcept { return *variant_; }
@@ -44,12 +44,12 @@ class Argument {
 };
 
 // The VARIANT for a value, owned by the caller. A 64-bit integer beyond 32 bits becomes VT_R8 while a double holds it
-// exactly, else VT_DECIMAL: scripts cannot read VT_I8, and every client can read these.
+// exactly, otherwise VT_DECIMAL: scripts cannot read VT_I8, and every client can read these.
 VARIANT ToVariant(const Value& value);
 // The BSTR for a text, owned by the caller.
 BSTR ToBstr(const std::wstring& text);
 
-// Writes a result in the type that its interface has for it. An object result hands its reference over.
+// Writes a result in the type that its interface has for it. The reference of an object result is passed on.
 template <class T, class Result>
 void Store(T* out, Result result) {
   T& target = Out(out);

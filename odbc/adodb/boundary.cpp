@@ -1,4 +1,4 @@
-// What ADO answers for an exception.
+// What ADO returns for an exception.
 #include "comkit/boundary.h"
 
 #include <new>
@@ -10,7 +10,7 @@
 namespace kodra::comkit {
 namespace {
 
-// Fails silently: an error without a text is still an error.
+// Reports no failure of its own: an error without a text is still an error.
 void SetErrorInfoText(REFIID interfaceId, const wchar_t* source, const wchar_t* description) noexcept {
   com_ptr<ICreateErrorInfo> writer;
   if (FAILED(CreateErrorInfo(writer.put()))) return;

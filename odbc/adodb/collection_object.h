@@ -1,4 +1,4 @@
-// What the ADO collections share: counting, and walking with For Each.
+// The common part of the ADO collections: counting, and enumeration with For Each.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 
 namespace kodra::adodb {
 
-// An enumerator over the members that a collection had when it was asked.
+// An enumerator over the members that a collection had at that moment.
 com_ptr<IUnknown> MakeEnumerator(const std::vector<com_ptr<IDispatch>>& objects);
 
 template <class Interface, class... Older>

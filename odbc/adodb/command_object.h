@@ -11,7 +11,7 @@ namespace kodra::adodb {
 
 class CommandObject final : public DispatchObject<_Command, Command25, Command15, _ADO> {
  public:
-  // The command as it would run now, with the present values of its parameters.
+  // The command as it would run at this moment, with the current values of its parameters.
   odbc::Command& Prepare();
   const com_ptr<ConnectionObject>& Connection() const noexcept { return connection_; }
 
@@ -34,7 +34,7 @@ class CommandObject final : public DispatchObject<_Command, Command25, Command15
   STDMETHODIMP put_CommandTimeout(LONG seconds) noexcept override;
   STDMETHODIMP get_Prepared(VARIANT_BOOL* prepared) noexcept override;
   STDMETHODIMP put_Prepared(VARIANT_BOOL prepared) noexcept override;
-  // `values`, when given, is an array that replaces the values of the first parameters.
+  // `values`, when it is not left out, is an array that replaces the values of the first parameters.
   STDMETHODIMP Execute(VARIANT* affected, VARIANT* values, LONG options, _Recordset** rows) noexcept override;
   STDMETHODIMP CreateParameter(BSTR name, DataTypeEnum type, ParameterDirectionEnum direction, ADO_LONGPTR size,
                                VARIANT value, _Parameter** parameter) noexcept override;
@@ -45,7 +45,7 @@ class CommandObject final : public DispatchObject<_Command, Command25, Command15
   STDMETHODIMP put_Name(BSTR name) noexcept override;
   STDMETHODIMP get_State(LONG* state) noexcept override;
 
-  // Not used by any client here.
+  // Not implemented: no client here uses these members.
   STDMETHODIMP Cancel() noexcept override { return NotImplemented(L"Command.Cancel"); }
   STDMETHODIMP putref_CommandStream(IUnknown*) noexcept override { return NotImplemented(L"Command.CommandStream"); }
   STDMETHODIMP get_CommandStream(VARIANT*) noexcept override { return NotImplemented(L"Command.CommandStream"); }

@@ -42,7 +42,7 @@ class ConnectionObject final : public DispatchObject<_Connection, Connection15, 
   STDMETHODIMP get_Provider(BSTR* name) noexcept override;
   STDMETHODIMP put_Provider(BSTR name) noexcept override;
 
-  // Not used by any client here.
+  // Not implemented: no client here uses these members.
   STDMETHODIMP get_Attributes(LONG*) noexcept override { return NotImplemented(L"Connection.Attributes"); }
   STDMETHODIMP put_Attributes(LONG) noexcept override { return NotImplemented(L"Connection.Attributes"); }
   STDMETHODIMP OpenSchema(SchemaEnum, VARIANT, VARIANT, _Recordset**) noexcept override {
@@ -55,11 +55,11 @@ class ConnectionObject final : public DispatchObject<_Connection, Connection15, 
 };
 
 // The connection that an argument or a property names: nothing when it was left out, null for "Nothing", a new open
-// connection for a connection string. An object that is no connection of this DLL raises
+// connection for a connection string. An object that is not a connection of this DLL raises
 // ControlError::kInvalidArgument.
 std::optional<com_ptr<ConnectionObject>> ConnectionOf(const Argument& argument);
 
-// Hands out what a statement gave: how many rows it changed, and its recordset unless the caller wants none.
+// Returns the results of a statement: how many rows it changed, and its recordset unless the caller wants none.
 void StoreExecution(odbc::Execution execution, const com_ptr<ConnectionObject>& connection, LONG options,
                     VARIANT* affected, _Recordset** rows);
 

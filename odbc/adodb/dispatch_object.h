@@ -1,9 +1,9 @@
-// The common ground of the ADO objects: IDispatch by the type library, and error information.
+// The common base of the ADO objects: IDispatch by the type library, and error information.
 //
 //   class ErrorObject final : public DispatchObject<ADOError> { … };
 //   com_ptr<ADOError> error = Make<ErrorObject>(…);
 //
-// Counting references is safe on any thread, everything else belongs to the thread that made the object.
+// References may be counted on any thread; everything else belongs to the thread that made the object.
 #pragma once
 
 #include <type_traits>
@@ -19,7 +19,7 @@ namespace kodra::adodb {
 
 using comkit::com_ptr;
 
-// Answered by the objects of this DLL alone, so that one recognises another behind a client's interface pointer.
+// Only the objects of this DLL answer it, so that one recognises another behind a client's interface pointer.
 inline constexpr IID kOwnObjectId{0x3b6f2f0e, 0x7c1d, 0x4b59, {0x9a, 0x2e, 0x51, 0x7d, 0x0c, 0x84, 0xe6, 0x13}};
 
 class OwnObject {
@@ -30,7 +30,7 @@ class OwnObject {
   virtual ~OwnObject() = default;
 };
 
-// `Older` are the interfaces that `Interface` extends and that answer to ids of their own.
+// `Older` are the interfaces that `Interface` extends and that have ids of their own.
 template <class Interface, class... Older>
 class DispatchObject : public comkit::Object<Interface, ISupportErrorInfo>, public OwnObject {
  public:
@@ -57,18 +57,18 @@ class DispatchObject : public comkit::Object<Interface, ISupportErrorInfo>, publ
     if (item != DISP_E_MEMBERNOTFOUND) return item;
     const HRESULT called =
         Type()->Invoke(static_cast<Interface*>(this), member, flags, arguments, result, exception, badArgument);
-    if (FAILED(called) && result != nullptr) VariantInit(result);  // a failing getter may have left its type there
+    if (FAILED(called) && result != nullptr) VariantInit(result);  // a failing getter may have set its type
     return called;
   }
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) noexcept override { return IsOwnInterface(id) ? S_OK : S_FALSE; }
 
  protected:
-  // object(index) = value, which scripts write for object(index).Value = value.
+  // object(index) = value, which is how scripts write object(index).Value = value.
   virtual HRESULT PutItem(const VARIANT&, const VARIANT&) noexcept { return DISP_E_MEMBERNOTFOUND; }
 
-  // object(index) where the default property is a collection without arguments: its item. The type library's own way
-  // there loses the error of an item that does not exist.
+  // object(index) where the default property is a collection without arguments: its item. When the type library makes
+  // this call, the error of an item that does not exist is lost.
   virtual HRESULT GetItem(const VARIANT&, com_ptr<IDispatch>&) noexcept { return DISP_E_MEMBERNOTFOUND; }
 
   // Guards an entry point of this interface.
@@ -76,7 +76,7 @@ class DispatchObject : public comkit::Object<Interface, ISupportErrorInfo>, publ
   static HRESULT Guard(const Body& body) noexcept {
     return Guarded<Interface>(body);
   }
-  // Guards an entry point that gives a result. An interface result is null when the entry point fails.
+  // Guards an entry point that returns a result. An interface result is null when the entry point fails.
   template <class T, class Read>
   static HRESULT Get(T* out, const Read& read) noexcept {
     if constexpr (std::is_pointer_v<T>) {
@@ -124,7 +124,7 @@ com_ptr<Object> Make(Arguments&&... arguments) {
   return com_ptr<Object>::adopt(new Object(std::forward<Arguments>(arguments)...));
 }
 
-// The object of this DLL behind an interface pointer, null when it is another class's or null itself.
+// The object of this DLL behind an interface pointer; null when the object is of another class or the pointer is null.
 template <class Object>
 com_ptr<Object> OwnObjectOf(IUnknown* unknown) noexcept {
   void* own = nullptr;

@@ -1,4 +1,4 @@
-// What the provider said of the last failing operation: the Errors collection of a connection and its members.
+// The provider's errors of the last failing operation: the Errors collection of a connection and its members.
 #pragma once
 
 #include "odbc/adodb/collection_object.h"
@@ -6,7 +6,7 @@
 
 namespace kodra::adodb {
 
-// One provider error, as it was when it was asked for.
+// One provider error, as it was when the client asked for it.
 class ErrorObject final : public DispatchObject<Error> {
  public:
   explicit ErrorObject(odbc::ProviderError error) : error_(std::move(error)) {}

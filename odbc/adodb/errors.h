@@ -18,21 +18,20 @@ HRESULT Guarded(const Body& body) noexcept {
   return comkit::AtBoundary(__uuidof(Interface), body);
 }
 
-// Raises ADO's error of that number with its text, and ADO itself as the source; the overload in odbc names
-// an object.
+// Raises ADO's error of that number with its text, and ADO itself as the source; the overload in odbc names an object.
 [[noreturn]] inline void Raise(ControlError error) { odbc::Raise(error, L"ADODB"); }
 
 // Raises E_NOTIMPL with a text that names the member, or the use of it, that does not exist here.
 [[noreturn]] void RaiseNotImplemented(const wchar_t* what);
 
-// The answer of a member that exists for the interface's sake only.
+// The result of a member that exists only because the interface has it.
 HRESULT NotImplemented(const wchar_t* member) noexcept;
 
-// What IDispatch::Invoke answers for a member that gave `result`: a failure is DISP_E_EXCEPTION, with the thread's
+// What IDispatch::Invoke returns for a member that returned `result`: a failure is DISP_E_EXCEPTION, with the thread's
 // IErrorInfo moved into `exception` where there is one.
 HRESULT Described(HRESULT result, EXCEPINFO* exception) noexcept;
 
-// Checks where a result goes: a null pointer raises ControlError::kInvalidArgument.
+// Checks the place for a result: a null pointer raises ControlError::kInvalidArgument.
 template <class T>
 T& Out(T* result) {
   if (result == nullptr) Raise(ControlError::kInvalidArgument);

@@ -7,8 +7,8 @@ namespace kodra::adodb {
 
 class RecordsetObject;
 
-// Stands for a position in its recordset: after a close it raises ADO's error of a closed object, after another open it
-// is the field at the same position.
+// A position in its recordset: after a close it raises ADO's error of a closed object, after another open it is the
+// field at the same position.
 class FieldObject final : public DispatchObject<Field, Field20, _ADO> {
  public:
   FieldObject(com_ptr<RecordsetObject> recordset, std::int32_t index)
@@ -25,7 +25,7 @@ class FieldObject final : public DispatchObject<Field, Field20, _ADO> {
   STDMETHODIMP get_Precision(unsigned char* digits) noexcept override;
   STDMETHODIMP get_NumericScale(unsigned char* digits) noexcept override;
 
-  // Not used by any client here.
+  // Not implemented: no client here uses these members.
   STDMETHODIMP AppendChunk(VARIANT) noexcept override { return NotImplemented(L"Field.AppendChunk"); }
   STDMETHODIMP GetChunk(LONG, VARIANT*) noexcept override { return NotImplemented(L"Field.GetChunk"); }
   STDMETHODIMP get_OriginalValue(VARIANT*) noexcept override { return NotImplemented(L"Field.OriginalValue"); }
@@ -50,11 +50,11 @@ class FieldsObject final : public CollectionObject<Fields, Fields20, Fields15> {
 
   STDMETHODIMP get_Item(VARIANT index, Field** field) noexcept override;
   STDMETHODIMP _Append(BSTR name, DataTypeEnum type, ADO_LONGPTR size, FieldAttributeEnum attributes) noexcept override;
-  // A value given is not implemented: rows do not exist yet.
+  // A value is not implemented: rows do not exist yet.
   STDMETHODIMP Append(BSTR name, DataTypeEnum type, ADO_LONGPTR size, FieldAttributeEnum attributes,
                       VARIANT value) noexcept override;
 
-  // Not used by any client here.
+  // Not implemented: no client here uses these members.
   STDMETHODIMP Delete(VARIANT) noexcept override { return NotImplemented(L"Fields.Delete"); }
   STDMETHODIMP Update() noexcept override { return NotImplemented(L"Fields.Update"); }
   STDMETHODIMP Resync(ResyncEnum) noexcept override { return NotImplemented(L"Fields.Resync"); }

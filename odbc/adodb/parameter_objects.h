@@ -10,7 +10,7 @@ namespace kodra::adodb {
 
 class CommandObject;
 
-// A parameter stands on its own until it is appended; afterwards the command reads it whenever it runs.
+// A parameter is independent until it is appended; afterwards the command reads it whenever it runs.
 class ParameterObject final : public DispatchObject<_Parameter, _ADO> {
  public:
   ParameterObject() = default;
@@ -30,7 +30,7 @@ class ParameterObject final : public DispatchObject<_Parameter, _ADO> {
   STDMETHODIMP get_Size(ADO_LONGPTR* size) noexcept override;
   STDMETHODIMP put_Size(ADO_LONGPTR size) noexcept override;
 
-  // Not used by any client here.
+  // Not implemented: no client here uses these members.
   STDMETHODIMP get_Precision(unsigned char*) noexcept override { return NotImplemented(L"Parameter.Precision"); }
   STDMETHODIMP put_Precision(unsigned char) noexcept override { return NotImplemented(L"Parameter.Precision"); }
   STDMETHODIMP get_NumericScale(unsigned char*) noexcept override { return NotImplemented(L"Parameter.NumericScale"); }
@@ -48,7 +48,7 @@ class ParametersObject final : public CollectionObject<Parameters, _DynaCollecti
   explicit ParametersObject(com_ptr<CommandObject> command) : command_(std::move(command)) {}
 
   STDMETHODIMP get_Item(VARIANT index, _Parameter** parameter) noexcept override;
-  // An incomplete parameter raises ControlError::kInvalidParamInfo, what is no parameter kInvalidArgument.
+  // An incomplete parameter raises ControlError::kInvalidParamInfo, an object that is not a parameter kInvalidArgument.
   STDMETHODIMP Append(IDispatch* parameter) noexcept override;
   STDMETHODIMP Delete(VARIANT index) noexcept override;
 

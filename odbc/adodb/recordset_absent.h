@@ -1,5 +1,5 @@
 // The members of ADO's recordset that no client here uses: bookmarks, pages, filters, batches, clones, persistence.
-// Each answers E_NOTIMPL with an IErrorInfo that names it.
+// Each returns E_NOTIMPL with an IErrorInfo that names it.
 #pragma once
 
 #include <string>

@@ -15,7 +15,7 @@ namespace kodra::adodb {
 class RecordsetObject final : public RecordsetAbsent {
  public:
   RecordsetObject() : recordset_(std::make_unique<odbc::Recordset>()) {}
-  // Takes over what a statement gave.
+  // Takes over the recordset of a statement.
   RecordsetObject(std::unique_ptr<odbc::Recordset> recordset, com_ptr<ConnectionObject> connection)
       : recordset_(std::move(recordset)), connection_(std::move(connection)) {}
 
@@ -56,7 +56,7 @@ class RecordsetObject final : public RecordsetAbsent {
   STDMETHODIMP MoveNext() noexcept override;
   STDMETHODIMP MovePrevious() noexcept override;
   STDMETHODIMP MoveLast() noexcept override;
-  // A start given is not implemented: there are no bookmarks.
+  // A start is not implemented: there are no bookmarks.
   STDMETHODIMP Move(ADO_LONGPTR count, VARIANT start) noexcept override;
   STDMETHODIMP get_RecordCount(ADO_LONGPTR* count) noexcept override;
   STDMETHODIMP get_AbsolutePosition(PositionEnum_Param* position) noexcept override;
@@ -65,10 +65,10 @@ class RecordsetObject final : public RecordsetAbsent {
   STDMETHODIMP get_Fields(Fields** fields) noexcept override;
   STDMETHODIMP get_Collect(VARIANT index, VARIANT* value) noexcept override;
   STDMETHODIMP put_Collect(VARIANT index, VARIANT value) noexcept override;
-  // An array of two dimensions, fields by rows. A start given is not implemented.
+  // An array of two dimensions, fields by rows. A start is not implemented.
   STDMETHODIMP GetRows(LONG count, VARIANT start, VARIANT fields, VARIANT* rows) noexcept override;
 
-  // Fields and values, when given, are one of each or arrays of the same length; the row is then updated at once.
+  // Fields and values are left out, one of each, or arrays of the same length. With them the row is updated at once.
   STDMETHODIMP AddNew(VARIANT fields, VARIANT values) noexcept override;
   STDMETHODIMP Update(VARIANT fields, VARIANT values) noexcept override;
   STDMETHODIMP CancelUpdate() noexcept override;

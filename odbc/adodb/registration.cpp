@@ -8,9 +8,9 @@ namespace kodra::adodb {
 namespace {
 
 constexpr wchar_t kVersion[] = L".2.8";
-// On a key that this registration made: the whole key goes when the class is unregistered.
+// Marks a key that this registration made: the whole key is deleted when the class is unregistered.
 constexpr wchar_t kMadeHere[] = L"KodraMade";
-// A value of a server's key, and where the one that stood there before is kept meanwhile.
+// A value of a server's key, and where the value that was there before is kept meanwhile.
 struct ServerValue {
   const wchar_t* name;
   const wchar_t* kept;
@@ -56,7 +56,7 @@ LSTATUS MakeKey(const std::wstring& key) {
   return SetText(key, kMadeHere, L"1");
 }
 
-// A key made here goes whole; one that stood before stays.
+// Deletes a key that was made here; one that was there before stays.
 LSTATUS RemoveKey(const std::wstring& key) {
   if (!GetText(key, kMadeHere)) return ERROR_SUCCESS;
   return comkit::DeleteKey(HKEY_LOCAL_MACHINE, key);
@@ -70,7 +70,8 @@ LSTATUS RegisterProgId(const std::wstring& progId, REFCLSID id) {
 
 std::wstring ServerKey(REFCLSID id) { return ClassKey(id) + L"\\InprocServer32"; }
 
-// Writes a value of the server's key. What stood there is kept, the first one when it is written again.
+// Writes a value of the server's key. The value that was there at first is kept, also when the class is registered
+// again.
 LSTATUS Replace(REFCLSID id, const ServerValue& value, const std::wstring& text) {
   const std::wstring server = ServerKey(id);
   const auto before = GetText(server, value.name);

@@ -11,7 +11,7 @@ struct DestroyArray {
 };
 
 void Fill(SAFEARRAY* array, const std::vector<std::vector<Value>>& rows, const std::vector<std::int32_t>& columns) {
-  // The first dimension runs fastest: the columns of a row lie together.
+  // The first dimension varies fastest: the columns of a row are adjacent.
   VARIANT* next = static_cast<VARIANT*>(array->pvData);
   for (const std::vector<Value>& row : rows)
     for (const std::int32_t column : columns) *next++ = ToVariant(row[static_cast<std::size_t>(column)]);

@@ -8,7 +8,7 @@
 
 namespace kodra::adodb {
 
-// An array of variants with two dimensions, the given columns by the rows, both from 0. Owned by the caller.
+// An array of variants with two dimensions, the columns by the rows, both from 0. Owned by the caller.
 VARIANT RowArray(const std::vector<std::vector<Value>>& rows, const std::vector<std::int32_t>& columns);
 
 }  // namespace kodra::adodb

@@ -31,7 +31,7 @@ SQL_TIMESTAMP_STRUCT TimestampStruct(const CivilTime& t) {
           static_cast<SQLUINTEGER>(t.millisecond) * 1000000U};
 }
 
-// A number that may have decimals; each goes to the driver as a double, with 15 digits.
+// A number that may have decimals; the driver receives it as a double, with 15 digits.
 std::optional<double> Fraction(const Value& value) {
   if (value.Is<float>()) return value.As<float>();
   if (value.Is<double>()) return value.As<double>();

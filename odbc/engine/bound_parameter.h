@@ -1,4 +1,4 @@
-// One input parameter of a statement, held in the form that the driver reads it in while the statement runs.
+// One input parameter of a statement, stored in the form in which the driver reads it while the statement runs.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@ namespace kodra::odbc {
 
 class BoundParameter {
  public:
-  // Text goes to the driver as UTF-8 or as UTF-16. Raises 3251 for a direction other than input, 3421 for a value that
-  // the type cannot hold, 80040E10 for none.
+  // Text is passed to the driver as UTF-8 or as UTF-16. Raises 3251 for a direction other than input, 3421 for a value
+  // that the type cannot hold, 80040E10 for a missing value.
   BoundParameter(const Parameter& parameter, bool textIsUtf8);
 
   // Binds it to a "?" mark, counted from 1. The object must outlive every run of the statement.

@@ -96,7 +96,7 @@ std::optional<Value> AsDouble(const Value& value) {
   return number ? std::optional<Value>(*number) : std::nullopt;
 }
 
-// The fewest digits that stand for the number and no other of its type.
+// The fewest digits that identify the number among those of its type.
 template <class Floating, class... Format>
 std::wstring NumberText(Floating number, Format... format) {
   char text[400];  // the longest without an exponent has 309 digits

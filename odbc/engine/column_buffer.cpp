@@ -17,7 +17,7 @@ namespace {
 
 // Declared sizes up to this many characters or bytes are bound in full.
 constexpr SQLULEN kLongestBound = 1000;
-// The room for a cell whose declared size means nothing.
+// The room for a cell whose declared size has no meaning.
 constexpr SQLULEN kLeastRoom = 63;
 constexpr SQLULEN kMostRoom = 511;
 constexpr SQLULEN kMostBytesOfACharacter = 4;
@@ -29,7 +29,7 @@ T Load(const std::byte* bytes) {
   return value;
 }
 
-// Cells are an even number of bytes apart in memory from the heap, so their units are aligned.
+// The cells begin on the heap and are an even number of bytes apart, so their units are aligned.
 std::u16string_view Units(const std::byte* bytes, std::size_t length) {
   return {reinterpret_cast<const char16_t*>(bytes), length / sizeof(char16_t)};
 }
@@ -69,7 +69,7 @@ bool IsWholeType(std::int32_t type) {
 
 bool IsDecimalType(std::int32_t type) { return type == ad::kNumeric || type == ad::kDecimal; }
 
-// A decimal with all its digits, or the double nearest to one that is too large.
+// A decimal with all its digits, or the double nearest to it when it is too large.
 std::optional<Value> ParsedDecimal(std::wstring text) {
   // A driver may write the decimal comma of the session's language; it never groups digits.
   std::ranges::replace(text, L',', L'.');
@@ -77,7 +77,7 @@ std::optional<Value> ParsedDecimal(std::wstring text) {
   return Coerce(Value(std::move(text)), ad::kDouble, 0);
 }
 
-// What a text stands for in a column of the type, or the text itself when it stands for nothing of it.
+// The value of a text in a column of the type, or the text itself when it has no value of that type.
 Value Parsed(std::wstring text, std::int32_t type) {
   if (IsWholeType(type)) {
     const std::optional<Value> number = values::ParseInvariantNumber(text);
@@ -129,7 +129,7 @@ ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow, bool textI
   switch (wire_) {
     case Wire::kText:
     case Wire::kParsedText: {
-      // A character may take two units.
+      // A character may need two units.
       const SQLULEN units =
           typesVaryByRow ? std::clamp(column.size, kLeastRoom, kMostRoom) : std::max(column.size, kLeastRoom / 2) * 2;
       long_ = !typesVaryByRow && (column.size == 0 || column.size > kLongestBound);
@@ -201,7 +201,7 @@ SQLSMALLINT ColumnBuffer::CType() const {
     case Wire::kTimestamp:
       return SQL_C_TYPE_TIMESTAMP;
     case Wire::kBinary:
-    case Wire::kUtf8:  // as the driver has it: nothing is converted on the way
+    case Wire::kUtf8:  // the driver's own encoding: nothing is converted on the way
       return SQL_C_BINARY;
     case Wire::kText:
     case Wire::kParsedText:

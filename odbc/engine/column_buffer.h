@@ -6,12 +6,12 @@
 //   character data      text of any length
 //   bit                 bool
 //   date, time, stamp   Date
-//   binary              text of two hexadecimal digits a byte
+//   binary              text, with two hexadecimal digits per byte
 //   null                Null
 //
-// Where types vary by row (driver_manners.h) a cell is read as the text that stands for it and then as the column's
-// type; one that is not of that type keeps what it is: a whole number beyond 32 bits is int64, a fraction in an integer
-// column double, "amanhã" in a date column text.
+// Where types vary by row (driver_manners.h) a cell is read as text, and the text as a value of the column's type. A
+// cell that is not of that type keeps its own: a whole number beyond 32 bits is int64, a fraction in an integer column
+// double, "amanhã" in a date column text.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +27,8 @@ class ColumnBuffer {
   // See driver_manners.h.
   ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8);
 
-  // A cell may be longer than any buffer worth binding: it is read on its own, which needs one row a block.
+  // Whether a cell may be longer than any buffer worth binding: it is then read on its own, which needs blocks of one
+  // row.
   bool IsLong() const { return long_; }
   std::size_t CellBytes() const { return cellBytes_; }
 

@@ -36,13 +36,13 @@ class Command : public platform::Command {
 
   std::wstring CommandText() const;
   void SetCommandText(std::wstring_view text) override;
-  // ad::kCmdUnknown until set.
+  // ad::kCmdUnknown by default.
   std::int32_t CommandType() const;
   void SetCommandType(std::int32_t type) override;
-  // Seconds; 30 until set.
+  // Seconds; 30 by default.
   std::int32_t CommandTimeout() const;
   void SetCommandTimeout(std::int32_t seconds);
-  // Kept for who asks; every statement is prepared once a run.
+  // Stored only for clients that read it; every statement is prepared once per run.
   bool Prepared() const;
   void SetPrepared(bool prepared);
   std::wstring Name() const;
@@ -51,7 +51,7 @@ class Command : public platform::Command {
   void AppendParameter(const std::wstring& name, std::int32_t type, std::int32_t direction, std::int32_t size,
                        const Value& value) override;
   std::int32_t ParameterCount() const;
-  // REQUIRES of the four below: 0 <= index < ParameterCount(); another index raises 3265.
+  // REQUIRES for the four below: 0 <= index < ParameterCount(); another index raises 3265.
   const Parameter& ParameterAt(std::int32_t index) const;
   void SetParameter(std::int32_t index, const Parameter& parameter);
   void SetParameterValue(std::int32_t index, const Value& value);

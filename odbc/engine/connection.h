@@ -1,16 +1,17 @@
 // ADO's Connection over ODBC.
 //
 // A Connection is a face of a Session, which owns the ODBC handles, the properties and the collected errors. Commands
-// and recordsets share the Session, so they work on when the Connection object is gone; Close ends the Session's
-// handles and with them every recordset that still streams from it.
+// and recordsets share the Session, so they keep working when the Connection object is destroyed; Close ends the
+// Session's handles and with them every recordset that still streams from it.
 //
 //   Connection cn;
 //   cn.SetConnectionString(L"Driver={SQLite3};Database=/tmp/arquivo.db");
 //   cn.Open({}, {}, ad::kUnspecified);
 //   auto [recordset, affected] = cn.Query(L"select DESCR from DEPTO", ad::kCmdText);
 //
-// Errors: 3704 for what needs an open connection, 3705 for what needs a closed one, provider errors (source
-// "Microsoft OLE DB Provider for ODBC Drivers") for what the driver refuses; those also stand in Errors().
+// Errors: 3704 for an operation that needs an open connection, 3705 for one that needs a closed connection, provider
+// errors (source "Microsoft OLE DB Provider for ODBC Drivers") for what the driver refuses; Errors() contains those
+// too.
 #pragma once
 
 #include <cstdint>
@@ -26,8 +27,8 @@ namespace kodra::odbc {
 class Recordset;
 class Session;
 
-// What running a statement gave: a recordset, closed when the statement has no rows, and how many rows it changed
-// (-1 when the driver does not say).
+// The result of a statement: a recordset, closed when the statement has no rows, and how many rows it changed (-1 when
+// the driver does not say).
 struct Execution {
   std::unique_ptr<Recordset> recordset;
   std::int64_t recordsAffected = -1;
@@ -36,7 +37,7 @@ struct Execution {
 class Connection : public platform::Connection {
  public:
   Connection();
-  // Another face of a session that exists already.
+  // Another face of an existing session.
   explicit Connection(std::shared_ptr<Session> session);
   // Closes the session's handles unless a command or recordset still shares them.
   ~Connection() override;
@@ -56,28 +57,29 @@ class Connection : public platform::Connection {
   void SetConnectionTimeout(std::int32_t seconds);
   std::int32_t CommandTimeout() const;
   void SetCommandTimeout(std::int32_t seconds);
-  // "MSDASQL" until set; it names the provider and changes nothing else.
+  // "MSDASQL" by default; it names the provider and changes nothing else.
   std::wstring Provider() const;
   void SetProvider(const std::wstring& name);
-  // Of a closed connection, the name given; of an open one, the driver's current catalog.
+  // For a closed connection, the name that was set; for an open one, the driver's current catalog.
   std::wstring DefaultDatabase();
   void SetDefaultDatabase(const std::wstring& name);
   std::int32_t Mode() const;
   void SetMode(std::int32_t mode);
 
-  // An empty user or password leaves that of the connection string.
+  // An empty user or password keeps that of the connection string.
   void Open(const std::wstring& user, const std::wstring& password, std::int32_t options) override;
-  // Opens with a connection string given in the call, which replaces the property.
+  // Opens with a connection string passed in the call, which replaces the property.
   void Open(const std::wstring& connectionString, const std::wstring& user, const std::wstring& password,
             std::int32_t options);
   void Close();
   std::int32_t State() override;
 
   void Execute(const std::wstring& statement, std::int32_t options) override;
-  // Runs a statement and gives its rows: read whole when CursorLocation is ad::kUseClient, else streamed forward-only.
+  // Runs a statement and returns its rows: read whole when CursorLocation is ad::kUseClient, otherwise streamed
+  // forward-only.
   Execution Query(const std::wstring& statement, std::int32_t options);
 
-  // BeginTrans gives the nesting level, always 1: transactions do not nest.
+  // BeginTrans returns the nesting level, always 1: transactions do not nest.
   std::int32_t BeginTrans();
   void CommitTrans();
   void RollbackTrans();

@@ -54,7 +54,8 @@ class PairReader {
     return value;
   }
 
-  // A value up to its closing character; a doubled one stands for itself. Only blanks may follow up to the ";".
+  // A value up to its closing character; a doubled one is one character of the value. Only blanks may follow up to the
+  // ";".
   std::wstring Enclosed(std::size_t start, wchar_t closing, bool keepEnclosure) {
     std::wstring value;
     std::size_t i = start + 1;
@@ -100,7 +101,7 @@ void Remove(Pairs& pairs, std::wstring_view key) {
   std::erase_if(pairs, [&](const Pair& pair) { return values::EqualIgnoringCase(pair.key, key); });
 }
 
-// Renames a key that only OLE DB knows; the driver's own key, when the string has it too, is the one that counts.
+// Renames a key that only OLE DB knows. When the string has the driver's own key too, that one is used.
 void Rename(Pairs& pairs, std::wstring_view oleDbKey, std::wstring_view odbcKey) {
   if (Has(pairs, odbcKey)) Remove(pairs, oleDbKey);
   for (Pair& pair : pairs) {
@@ -114,7 +115,7 @@ void Replace(Pairs& pairs, std::wstring_view key, const std::wstring& value) {
   pairs.push_back({std::wstring(key), value});
 }
 
-// Whether one pair of braces encloses the whole value: each closing brace inside stands twice.
+// Whether one pair of braces encloses the whole value: each closing brace inside is doubled.
 bool IsEnclosed(std::wstring_view value) {
   if (value.size() < 2 || value.front() != L'{' || value.back() != L'}') return false;
   const std::wstring_view inside = value.substr(1, value.size() - 2);
@@ -124,7 +125,7 @@ bool IsEnclosed(std::wstring_view value) {
   return true;
 }
 
-// Braces only where the value needs them: drivers read plain values, not all undo braces.
+// Adds braces only where the value needs them: drivers read plain values, but not all of them remove braces.
 std::wstring Written(const std::wstring& value) {
   if (IsEnclosed(value)) return value;
   const bool plain = value.find_first_of(L";{}") == std::wstring::npos && Trim(value).size() == value.size();

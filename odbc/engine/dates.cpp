@@ -15,7 +15,7 @@ bool Exists(const CivilTime& t) {
   return values::IsCivilDay({t.year, t.month, t.day}) && t.hour < 24 && t.minute < 60 && t.second < 60;
 }
 
-// Takes parts of a date off the front of a text.
+// Reads the parts of a date from the front of a text.
 class Parts {
  public:
   explicit Parts(std::wstring_view text) : rest_(text) {}
@@ -37,7 +37,7 @@ class Parts {
     return true;
   }
 
-  // Digits after the point, read as thousandths; the ones beyond are dropped.
+  // Digits after the point, read as thousandths; further digits are ignored.
   bool Fraction(std::int32_t& milliseconds) {
     std::int32_t scale = 100;
     const std::size_t before = rest_.size();

@@ -1,4 +1,4 @@
-// Automation dates taken apart and put together, and the one text form they have in databases without a date type.
+// The parts of automation dates, and the one text form that dates have in databases without a date type.
 #pragma once
 
 #include <cstdint>
@@ -27,7 +27,7 @@ Date DateOf(const CivilTime& time);
 CivilTime CivilOf(Date date);
 
 // Reads "YYYY-MM-DD", "HH:MM:SS", or both with a blank or "T" between; ":SS" and a fraction of a second may be absent.
-// Anything else, or a day that does not exist, gives nothing.
+// Returns nothing for any other text and for a day that does not exist.
 std::optional<Date> ParseIsoDate(std::wstring_view text);
 // "YYYY-MM-DD", with " HH:MM:SS" when the time of day is not midnight, and ".mmm" when it is not a whole second.
 std::wstring IsoDate(Date date);

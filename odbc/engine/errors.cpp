@@ -81,7 +81,7 @@ std::int32_t HresultOfSqlState(std::wstring_view sqlState, Stage stage) {
   const auto starts = [&](std::wstring_view prefix) { return sqlState.substr(0, prefix.size()) == prefix; };
   if (starts(L"42S02")) return static_cast<std::int32_t>(0x80040E37U);  // table not found
   if (starts(L"28000")) return static_cast<std::int32_t>(0x80040E4DU);  // authentication failed
-  // A login refused for its database also says 42000; nothing was compiled yet, so it is a plain failure.
+  // A login that is refused because of its database also has 42000. Nothing was compiled yet, so it is a plain failure.
   if (starts(L"42") && stage != Stage::kConnect)
     return static_cast<std::int32_t>(0x80040E14U);  // errors in the command
   if (starts(L"HY000") && stage == Stage::kPrepare) return static_cast<std::int32_t>(0x80040E14U);

@@ -9,7 +9,7 @@
 
 namespace kodra::odbc {
 
-// Who an error names as its source.
+// The source that an error names.
 inline constexpr std::wstring_view kConnectionSource = L"ADODB.Connection";
 inline constexpr std::wstring_view kCommandSource = L"ADODB.Command";
 inline constexpr std::wstring_view kRecordsetSource = L"ADODB.Recordset";
@@ -37,7 +37,7 @@ enum class ControlError : std::int32_t {
   kInvalidConnection = 3709,
 };
 
-// Errors of the provider and the cursor engine that no driver's message stands behind.
+// Errors of the provider and the cursor engine that have no message from a driver.
 enum class ProviderFault : std::uint32_t {
   kNoCommandText = 0x80040E0C,
   kParameterMissing = 0x80040E10,
@@ -48,13 +48,13 @@ enum class ProviderFault : std::uint32_t {
   kTransactionActive = 0x8004D013,
 };
 
-// What a diagnostic's HRESULT depends on besides its SQLSTATE.
+// The step that failed. With the SQLSTATE it decides the HRESULT of a diagnostic.
 enum class Stage { kConnect, kPrepare, kExecute, kFetch };
 
 [[noreturn]] void Raise(ControlError error, std::wstring_view source);
 [[noreturn]] void Raise(ProviderFault fault);
 
-// The HRESULT that stands for an SQLSTATE, as the provider maps it.
+// The HRESULT of an SQLSTATE, as the provider maps it.
 std::int32_t HresultOfSqlState(std::wstring_view sqlState, Stage stage);
 
 }  // namespace kodra::odbc

@@ -34,7 +34,7 @@ void MemoryRows::Last() {
 }
 
 void MemoryRows::Move(std::int64_t count) {
-  // The row after the gap already stands in it.
+  // The row after the gap is already at this position.
   if (std::exchange(deleted_, false) && count > 0) --count;
   position_ = std::clamp<std::int64_t>(position_ + count, -1, Count());
 }

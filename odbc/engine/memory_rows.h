@@ -1,4 +1,4 @@
-// Rows held in memory, with one edit at a time: what a disconnected or client-side recordset walks.
+// Rows in memory, with one edit at a time, for a disconnected or client-side recordset.
 #pragma once
 
 #include <vector>
@@ -34,7 +34,7 @@ class MemoryRows : public Rows {
   void StartRow(Row initial);
   // Writes into the edit under way, which starts here when there is none. REQUIRES: HasRow().
   void Set(std::size_t column, Value value);
-  // Ends the edit; a new row becomes the current one. Without an edit, nothing.
+  // Ends the edit; a new row becomes the current one. Does nothing without an edit.
   void Commit();
   void Cancel();
   // Removes the current row; the next move starts from the gap. REQUIRES: HasRow(), no edit under way.

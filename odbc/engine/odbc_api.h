@@ -1,5 +1,5 @@
-// ODBC's own headers, the way each system wants them included. For .cpp files and this folder's inner headers only:
-// on Windows it brings in windows.h and its macros.
+// ODBC's own headers, included as each system requires. For .cpp files and this folder's inner headers only: on Windows
+// it includes windows.h with its macros.
 #pragma once
 
 #ifdef _WIN32
@@ -22,7 +22,7 @@ namespace kodra::odbc {
 
 // ODBC passes the numbers of its attributes as pointers.
 inline SQLPOINTER AsAttribute(std::uintptr_t number) {
-  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr): the interface is what it is
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr): the interface requires it
 }
 
 }  // namespace kodra::odbc

@@ -1,6 +1,6 @@
 // ADO's Recordset over ODBC, and ADO's recordset without any database.
 //
-// Three kinds, told apart by how it is opened:
+// There are three kinds, depending on how it is opened:
 //   streaming      server-side and forward-only: rows come from the driver in blocks of CacheSize, memory is constant
 //   read whole     client-side, or any other cursor type: every row is fetched by Open. A client-side one survives its
 //                  connection; a server-side one is closed with it
@@ -14,9 +14,9 @@
 //   rs.Update();
 //   rs.MoveFirst();
 //
-// Errors carry ADO's numbers: 3021 no current row, 3251 not updatable, 3265 unknown field, 3704 closed, 3705 open,
-// 3709 no usable connection, 80040E21 a value that its field cannot hold, 80040E24 backwards on a stream.
-// A failed Open leaves the recordset closed and ready for another.
+// Errors have ADO's numbers: 3021 no current row, 3251 not updatable, 3265 unknown field, 3704 closed, 3705 open, 3709
+// no usable connection, 80040E21 a value that its field cannot hold, 80040E24 backwards on a stream. A failed Open
+// leaves the recordset closed and ready for another.
 #pragma once
 
 #include <cstdint>
@@ -47,14 +47,14 @@ class Recordset : public platform::Recordset {
   // Properties. All but CacheSize raise 3705 when set on an open recordset.
   std::int32_t CursorLocation() const { return cursorLocation_; }
   void SetCursorLocation(std::int32_t location) override;
-  // Of an open recordset, the type it got: client-side recordsets are always static.
+  // For an open recordset, the type that it got: client-side recordsets are always static.
   std::int32_t CursorType() const { return cursorType_; }
   void SetCursorType(std::int32_t type) override;
   std::int32_t LockType() const { return lockType_; }
   void SetLockType(std::int32_t type);
   std::int32_t CacheSize() const { return cacheSize_; }
   void SetCacheSize(std::int32_t rows) override;
-  // Rows that Open fetches at most; 0 is no limit.
+  // The largest number of rows that Open fetches; 0 is no limit.
   std::int32_t MaxRecords() const { return maxRecords_; }
   void SetMaxRecords(std::int32_t rows);
   // The statement it is or will be opened on.
@@ -63,12 +63,12 @@ class Recordset : public platform::Recordset {
 
   // A face of the connection in use; null when there is none.
   std::unique_ptr<Connection> ConnectionInUse() const;
-  // On a closed recordset, what Open uses when its argument is left out. On an open client-side one only a null
-  // connection is taken, which disconnects it; any other change raises 3705.
+  // On a closed recordset, sets what Open uses when its argument is left out. An open client-side one accepts only a
+  // null connection, which disconnects it; any other change raises 3705.
   void SetActiveConnection(const platform::ActiveConnection& connection);
 
-  // Arguments left out (monostate, ad::kUnspecified) take the properties. A statement without rows leaves the
-  // recordset closed and raises nothing.
+  // Arguments left out (monostate, ad::kUnspecified) take their values from the properties. A statement without rows
+  // leaves the recordset closed and raises nothing.
   void Open(const platform::RecordsetSource& source, const platform::ActiveConnection& connection,
             std::int32_t cursorType, std::int32_t lockType, std::int32_t options) override;
   void Close() override;
@@ -113,7 +113,7 @@ class Recordset : public platform::Recordset {
   bool IsUpdatable() const;
 
   // Up to `count` rows from the current one (negative: all that are left), each a vector in field order. Leaves the
-  // recordset on the first row not given.
+  // recordset on the first row that was not returned.
   std::vector<std::vector<Value>> GetRows(std::int64_t count);
 
  private:
@@ -121,13 +121,13 @@ class Recordset : public platform::Recordset {
   friend class Connection;
   friend class Command;
 
-  // What a recordset is opened on.
+  // The source of a recordset.
   struct Query {
     std::wstring statement;
     std::vector<Parameter> parameters;
     bool isCommand = false;
     std::int32_t timeout = ad::kDefaultTimeout;  // seconds
-    bool withoutRows = false;                    // rows, if any, are dropped
+    bool withoutRows = false;                    // rows, if any, are discarded
   };
 
   // Runs a query for Execute: a forward-only recordset, or a static one when the session's cursors are client-side.
@@ -142,7 +142,7 @@ class Recordset : public platform::Recordset {
   static std::shared_ptr<Session> SessionOf(const platform::ActiveConnection& connection);
   Query QueryOf(const platform::RecordsetSource& source, std::int32_t options) const;
   void OpenCursor(std::int32_t cursorType, std::int32_t lockType);
-  // Runs query_ on session_; gives the rows affected.
+  // Runs query_ on session_; returns the rows affected.
   std::int64_t OpenRows();
   void OpenInMemory();
   // A move ends an edit under way, as Update does.

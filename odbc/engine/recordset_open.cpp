@@ -1,4 +1,4 @@
-// Opening, closing and running again: how a recordset comes by its rows.
+// Opening, closing and requerying: how a recordset gets its rows.
 #include <algorithm>
 
 #include "odbc/engine/command.h"
@@ -12,14 +12,14 @@ namespace kodra::odbc {
 namespace ad = platform::ad;
 namespace {
 
-// Rows read whole come in blocks of at least this many, whatever the cache size.
+// Rows read whole are fetched in blocks of at least this many, whatever the cache size.
 constexpr std::int32_t kLeastWholeBlock = 100;
 
 void RequireUsable(const std::shared_ptr<Session>& session) {
   if (!session || !session->IsOpen()) Raise(ControlError::kInvalidConnection, kRecordsetSource);
 }
 
-// ADO's 30 seconds are taken for "nobody asked": drivers that count them stop long reports.
+// ADO's 30 seconds are taken to mean that nobody set a timeout: a driver that enforced them would stop long reports.
 std::int32_t DriverTimeout(std::int32_t seconds) { return seconds == ad::kDefaultTimeout ? 0 : seconds; }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The rows of an open recordset, as its moves walk them.
+// The rows of an open recordset, as its moves visit them.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ class Rows {
 
   virtual bool Bof() const = 0;
   virtual bool Eof() const = 0;
-  // A row is there to be read: neither before the first, nor after the last, nor just deleted.
+  // Whether there is a row to read: false before the first, after the last and on a deleted one.
   virtual bool HasRow() const = 0;
   virtual void First() = 0;
   virtual void Last() = 0;

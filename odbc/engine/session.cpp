@@ -48,7 +48,7 @@ std::vector<ProviderError> Diagnostics(SQLSMALLINT handleType, SQLHANDLE handle,
       result = SQLGetDiagRecW(handleType, handle, record, state, &native, AsWide(message), room(), &length);
     }
     if (!SQL_SUCCEEDED(result)) return errors;
-    // The text ends with its zero: not every driver counts its characters rightly.
+    // The text ends with its zero: not every driver counts its characters correctly.
     const std::size_t given = std::min(message.find(u'\0'), message.size());
     ProviderError error;
     error.sqlState = FromWide(state, 5);
@@ -60,8 +60,8 @@ std::vector<ProviderError> Diagnostics(SQLSMALLINT handleType, SQLHANDLE handle,
   }
 }
 
-// Connections are made and ended one at a time: Wine's driver manager loses one now and then where several threads do
-// so at once, and says nothing of why.
+// Connections are made and ended one at a time: Wine's driver manager sometimes loses one when several threads do so at
+// once, and does not say why.
 std::mutex& Connecting() {
   static std::mutex mutex;
   return mutex;
@@ -182,7 +182,7 @@ void Session::Fail(SQLSMALLINT handleType, SQLHANDLE handle, Stage stage) {
     errors_.push_back(
         {static_cast<std::int32_t>(0x80004005U), std::wstring(kProviderSource), L"Unspecified error", L"HY000", 0});
   }
-  // Warnings may precede the error; the driver manager itself reports a missing driver as nothing but a warning.
+  // Warnings may precede the error; the driver manager itself reports a missing driver only as a warning.
   const auto isError = [](const ProviderError& error) { return error.sqlState.substr(0, 2) != L"01"; };
   const auto found = std::find_if(errors_.begin(), errors_.end(), isError);
   const ProviderError& raised = found == errors_.end() ? errors_.front() : *found;

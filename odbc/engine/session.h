@@ -1,7 +1,7 @@
 // One ODBC connection with ADO's properties around it, shared by a Connection and everything opened on it.
 //
-// Owns the connection handle and the collected provider errors. Used on one thread. Statements on it must be gone
-// before Close: the recordsets that still stream are told to drop theirs.
+// Owns the connection handle and the collected provider errors. Used on one thread. Statements on it must be destroyed
+// before Close: it tells the recordsets that still stream to release theirs.
 #pragma once
 
 #include <cstdint>
@@ -50,7 +50,7 @@ class Session {
   std::wstring CurrentDatabase();
   void SetCurrentDatabase(const std::wstring& name);
 
-  // Hands the isolation level to the driver when it is open; a driver without that level keeps its own.
+  // Passes the isolation level to the driver when it is open; a driver without that level keeps its own.
   void ApplyIsolationLevel() noexcept;
   void BeginTransaction();
   void EndTransaction(bool commit);

@@ -78,7 +78,7 @@ Column DescribeColumn(SQLHSTMT statement, SQLUSMALLINT number) {
   column.isUnsigned = isUnsigned == SQL_TRUE;
 
   FieldInfo& info = column.info;
-  // The name ends with its zero: not every driver counts its characters rightly.
+  // The name ends with its zero: not every driver counts its characters correctly.
   info.name = values::FromUtf16(name);
   info.type = AdoType(column.sqlType, column.isUnsigned);
   const std::int64_t fixedSize = FixedSize(info.type);
@@ -94,7 +94,7 @@ Column DescribeColumn(SQLHSTMT statement, SQLUSMALLINT number) {
   return column;
 }
 
-// A column of a table, as opposed to an expression, names the table.
+// A column of a table names the table; an expression does not.
 bool IsExpression(SQLHSTMT statement, SQLUSMALLINT number) {
   SQLWCHAR table[8] = {};
   SQLSMALLINT bytes = 0;
@@ -119,7 +119,7 @@ Statement::Statement(Session& session, const std::wstring& text, const std::vect
   for (const Parameter& parameter : parameters_)
     bound_.push_back(std::make_unique<BoundParameter>(parameter, session_.TextIsUtf8()));
   handle_ = NewHandle(session_);
-  // A driver that knows no time or row limit says so and goes on without.
+  // A driver that knows no time or row limit says so, and the statement runs without.
   if (limits.timeout > 0) {
     SQLSetStmtAttrW(handle_, SQL_ATTR_QUERY_TIMEOUT, AsAttribute(static_cast<std::uintptr_t>(limits.timeout)), 0);
   }
@@ -134,7 +134,7 @@ Statement::Statement(Session& session, const std::wstring& text, const std::vect
   }
 }
 
-// The same statement read whole up to its first row, for the sake of its description alone.
+// The same statement read whole up to its first row, only for its description.
 Statement::Statement(ProbeTag, const Statement& original)
     : session_(original.session_), text_(original.text_), parameters_(original.parameters_) {
   for (const Parameter& parameter : parameters_)
@@ -166,7 +166,7 @@ void Statement::BindParameters() {
 void Statement::Execute() {
   if (executed_) SQLFreeStmt(handle_, SQL_CLOSE);
   const SQLRETURN result = SQLExecute(handle_);
-  // SQL_NO_DATA is how an update that found no row ends.
+  // SQL_NO_DATA is the result of an update that found no row.
   if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) Fail(Stage::kExecute);
   SQLLEN affected = -1;
   SQLRowCount(handle_, &affected);

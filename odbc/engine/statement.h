@@ -1,6 +1,6 @@
 // A statement on a session: prepared, its parameters bound, run, its columns described.
 //
-// Owns the statement handle and the bound values. REQUIRES: gone before its session closes.
+// Owns the statement handle and the bound values. REQUIRES: destroyed before its session closes.
 #pragma once
 
 #include <cstdint>
@@ -25,13 +25,13 @@ struct Column {
 };
 
 struct StatementLimits {
-  std::int32_t timeout = 0;  // seconds; 0 leaves the driver's
+  std::int32_t timeout = 0;  // seconds; 0 keeps the driver's
   std::int64_t rows = 0;     // 0 is unlimited
 };
 
 class Statement {
  public:
-  // Raises 3421 for a parameter that its type cannot hold and what the driver raises while preparing.
+  // Raises 3421 for a parameter that its type cannot hold, and what the driver raises while preparing.
   Statement(Session& session, const std::wstring& text, const std::vector<Parameter>& parameters,
             const StatementLimits& limits);
   ~Statement();
@@ -40,7 +40,7 @@ class Statement {
 
   // Runs it, again when it has run before.
   void Execute();
-  // Of the run statement; empty when it gives no rows.
+  // The columns of the statement that was run; empty when it returns no rows.
   const std::vector<Column>& Columns() const { return columns_; }
   // Rows changed; -1 when the driver does not say.
   std::int64_t RowsAffected() const { return rowsAffected_; }

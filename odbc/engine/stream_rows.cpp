@@ -30,7 +30,7 @@ void StreamRows::Bind(std::int32_t rowsPerBlock) {
   const std::size_t most = std::max<std::size_t>(kMostBytesPerBlock / rowBytes, 1);
   rowsPerBlock_ = oneByOne ? 1 : std::clamp<std::size_t>(static_cast<std::size_t>(rowsPerBlock), 1, most);
   SQLHSTMT handle = statement_->Handle();
-  // A driver without blocks keeps to one row, which is then what it reports as fetched.
+  // A driver without blocks stays with one row, and then reports one row as fetched.
   SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, AsAttribute(rowsPerBlock_), 0);
   SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0);
   for (std::size_t i = 0; i < columns_.size(); ++i) {

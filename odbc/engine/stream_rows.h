@@ -1,7 +1,7 @@
-// Rows read from the driver in blocks, once, in order: what a server-side forward-only recordset walks.
+// Rows read from the driver in blocks, once and in order, for a server-side forward-only recordset.
 //
-// Memory is one block of bound columns. A column of unbounded length, or a driver whose sizes bind nothing, makes a
-// block one row, so that a cell can be read on its own.
+// Memory is one block of bound columns. A column of unbounded length, or a driver whose sizes are not binding, reduces
+// a block to one row, so that a cell can be read on its own.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@ namespace kodra::odbc {
 
 class StreamRows : public Rows {
  public:
-  // Takes a statement that has run and gives rows; starts on the first one.
+  // Takes a statement that has run and returns rows; starts on the first one.
   StreamRows(std::unique_ptr<Statement> statement, std::int32_t rowsPerBlock);
 
   bool Bof() const override { return eof_ && firstOfBlock_ == 0; }
@@ -42,7 +42,7 @@ class StreamRows : public Rows {
   std::size_t rowsPerBlock_ = 1;
   SQLULEN fetched_ = 0;            // rows of the current block
   std::size_t row_ = 0;            // the current row, within the block
-  std::int64_t firstOfBlock_ = 0;  // rows given before this block
+  std::int64_t firstOfBlock_ = 0;  // rows before this block
   bool eof_ = false;
 };
 

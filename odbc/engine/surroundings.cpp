@@ -21,7 +21,7 @@ std::filesystem::path PathOf(const std::wstring& text) {
   return std::filesystem::path(units);
 }
 
-// The path when a file or a folder answers there.
+// The path when it leads to a file or a folder.
 std::optional<std::filesystem::path> ExistingPath(const std::wstring& text) {
   if (text.empty()) return std::nullopt;
   try {

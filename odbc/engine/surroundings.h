@@ -25,7 +25,7 @@ class Surroundings : public platform::Surroundings {
   std::unique_ptr<platform::Connection> NewConnection() override;
   std::unique_ptr<platform::Command> NewCommand() override;
   std::unique_ptr<platform::Recordset> NewRecordset() override;
-  // A factory that gives null counts as a class that cannot be made.
+  // A factory that returns null counts as a class that cannot be made.
   ObjectRef CreateObject(const std::wstring& progId) override;
   void SetEnvironment(const std::wstring& name, const std::wstring& value) override;
   // Paths are UTF-8 on Linux.

@@ -1,4 +1,4 @@
-// The plain data that the ODBC answer to ADO passes around, with ADO's constants for it.
+// The plain data of ADO's contract over ODBC, with ADO's constants for it.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 #include "values/value.h"
 
 namespace kodra::platform::ad {
-// More of ADO's constants, by ADO's names: what only this answer and those who wrap it need.
+// More of ADO's constants, by ADO's names: those that only this folder and the code that wraps it need.
 inline constexpr std::int32_t kOpenKeyset = 1;
 inline constexpr std::int32_t kLockPessimistic = 2;
 inline constexpr std::int32_t kLockOptimistic = 3;
@@ -69,7 +69,7 @@ namespace kodra::odbc {
 
 namespace ad = platform::ad;
 
-// One member of a connection's Errors collection, in the words of the driver.
+// One member of a connection's Errors collection, with the driver's text.
 struct ProviderError {
   std::int32_t number = 0;  // an HRESULT
   std::wstring source;
@@ -78,17 +78,17 @@ struct ProviderError {
   std::int32_t nativeError = 0;
 };
 
-// What a recordset knows of a field besides its value.
+// The data of a recordset's field besides its value.
 struct FieldInfo {
   std::wstring name;
   std::int32_t type = 0;         // DataTypeEnum
   std::int64_t definedSize = 0;  // characters for text, bytes for everything else
   std::int32_t attributes = 0;   // FieldAttributeEnum
-  std::int32_t precision = 255;  // 255 where it means nothing
+  std::int32_t precision = 255;  // 255 where it has no meaning
   std::int32_t numericScale = 255;
 };
 
-// A parameter of a command. Parameters are bound by position; the name is only for looking one up.
+// A parameter of a command. Parameters are bound by position; the name is only for finding one.
 struct Parameter {
   std::wstring name;
   std::int32_t type = ad::kEmpty;

@@ -1,7 +1,8 @@
-// UTF-8 as the character set of this thread while it lives.
+// Makes UTF-8 the character set of the current thread for the lifetime of the object.
 //
-// unixODBC gives drivers without wide functions (SQLite's is one) narrow text in the character set of the thread that
-// allocates the connection handle; in the "C" locale every accent would be lost. Elsewhere this does nothing.
+// unixODBC passes narrow text to drivers without wide functions (SQLite's is one), in the character set of the thread
+// that allocates the connection handle; in the "C" locale every accent would be lost. On other systems this does
+// nothing.
 #pragma once
 
 #ifndef _WIN32
