@@ -1,6 +1,6 @@
-// A collection of values, as siblings give lists to their clients.
+// A collection of values, in which siblings return lists to their clients.
 //
-// Members: Count, Item (from 1 on; any other index raises error 9). `For Each` visits the values in their order.
+// Members: Count, Item (from 1 on; an index outside raises error 9). `For Each` visits the values in their order.
 #pragma once
 
 #include <vector>

@@ -1,8 +1,9 @@
 // VantLib.Conversoes: conversions that do not fail.
 //
-// Member: ToDate (method: a value; gives a date). A text is read as a date of Brazilian Portuguese or a number of days,
-// a number counts days, and an object, such as a field of a recordset, is asked for its member Value. Nothing, null,
-// the empty text and whatever makes no date give the zero date; what the object's Value raises goes to the caller.
+// Member: ToDate (method: a value; returns a date). A text is read as a date of Brazilian Portuguese or a number of
+// days, a number counts days, and for an object, such as a field of a recordset, its member Value is read. Nothing,
+// null, the empty text and every value that is no date return the zero date; what the object's Value raises reaches the
+// caller.
 #pragma once
 
 #include "siblings/sibling.h"

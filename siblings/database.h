@@ -1,4 +1,4 @@
-// Where a sibling reads its data: the open connection that its client gave it, else a connection of its own.
+// The connection through which a sibling reads its data: its client's open connection, otherwise one of its own.
 //
 //   const Database database(surroundings, stringConexao_, conexao_);
 //   for (const Row& row : database.Read(L"SELECT NOME FROM T WHERE COD = " + database.Quoted(code), {L"NOME"})) …
@@ -16,8 +16,8 @@ using Row = std::vector<Value>;
 
 class Database {
  public:
-  // `client` is an open ADO connection, reached late-bound; without one the connection string counts. The client's
-  // connection is only read through, never opened or closed.
+  // `client` is an open ADO connection, used late-bound; without one the connection string is used. The client's
+  // connection is only read from, never opened or closed.
   // REQUIRES: `surroundings` outlives the object.
   Database(platform::Surroundings& surroundings, std::wstring connectionString, ObjectRef client = {});
 

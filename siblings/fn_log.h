@@ -1,12 +1,12 @@
 // VantLog.FnLog: appends lines to a log file.
 //
-// Members: LogFile (text, read and written: the file's path), Ativar (flag, read and written, false at first), DebugLog
-// (method: a text).
+// Members: LogFile (text, read and written: the file's path), Ativar (flag, read and written, initially false),
+// DebugLog (method: a text).
 //
 // DebugLog appends "31/05/2024 14:03:22 <text>" in UTF-8 with CR LF, by the local clock; line breaks within the text
-// become blanks, so that a call is a line. The file is opened and closed for each line: a program that ends abruptly
-// loses none. Nothing is written while Ativar is false or LogFile is empty. A file that cannot be written raises
-// kErrBase + 1, source "VantLog.FnLog::DebugLog".
+// become blanks, so that each call writes one line. The file is opened and closed for each line: a program that ends
+// abruptly loses none. Nothing is written while Ativar is false or LogFile is empty. A file that cannot be written
+// raises kErrBase + 1, source "VantLog.FnLog::DebugLog".
 #pragma once
 
 #include <string>

@@ -10,7 +10,8 @@
 namespace kodra::siblings {
 namespace {
 
-// What Windows-1252 has where ISO 8859-1 has control characters (80 to 9F); the five unused ones stand for themselves.
+// The characters of Windows-1252 where ISO 8859-1 has control characters (80 to 9F); the five unused codes are
+// unchanged.
 constexpr wchar_t kWindows1252[] = {0x20ac, 0x81,   0x201a, 0x192,  0x201e, 0x2026, 0x2020, 0x2021,
                                     0x2c6,  0x2030, 0x160,  0x2039, 0x152,  0x8d,   0x17d,  0x8f,
                                     0x90,   0x2018, 0x2019, 0x201c, 0x201d, 0x2022, 0x2013, 0x2014,
@@ -34,7 +35,7 @@ void Append(std::uint32_t point, std::wstring& text) {
   }
 }
 
-// How many bytes a character has by its first one; 0 for a byte that begins none.
+// The number of bytes of a character, by its first byte; 0 for a byte that begins none.
 std::size_t Length(unsigned char first) {
   if (first < 0x80) return 1;
   if (first >= 0xc2 && first <= 0xdf) return 2;

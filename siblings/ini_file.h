@@ -5,9 +5,10 @@
 //   Grupo = Fundo
 //   Série = "Dossiê "
 //
-// Read as UTF-8 when its bytes are UTF-8 (with or without a mark in front), else as Windows-1252, the encoding of the
-// files that installations already have. Section and key names are compared without regard to letter case; blanks
-// around names and values go, and so does one pair of quotes around a value. The first of two equal keys counts.
+// Read as UTF-8 when its bytes are UTF-8 (with or without a byte order mark), otherwise as Windows-1252, the encoding
+// of the files that installations already have. Section and key names are compared without regard to letter case.
+// Blanks around names and values are removed, and so is one pair of quotes around a value. Of two equal keys the first
+// is used.
 #pragma once
 
 #include <optional>
@@ -17,7 +18,7 @@
 
 namespace kodra::siblings {
 
-// The text of bytes in UTF-8, or else in Windows-1252.
+// The text of bytes in UTF-8 or, when they are not UTF-8, in Windows-1252.
 std::wstring DecodeText(std::string_view bytes);
 
 class IniFile {

@@ -1,7 +1,7 @@
-// KodraBsnV3.ModulosBsn: what the business rules say of subordinate modules in SQL.
+// KodraBsnV3.ModulosBsn: the business rules of subordinate modules in SQL.
 //
 // Members: StringConexao and LogFile (texts, read and written), Conexao (object, set by reference),
-// NumCxSubordinadaSQL (method: database code, alias of CAIXA_SUBORDINADA; gives an SQL expression).
+// NumCxSubordinadaSQL (method: database code, alias of CAIXA_SUBORDINADA; returns an SQL expression).
 // The connection members are there for clients that set them on every business object; the expression needs none.
 #pragma once
 
@@ -13,9 +13,9 @@
 
 namespace kodra::siblings {
 
-// The expression that gives a subordinate module's 7-character code, its parent's number and its own in two digits:
-// on SQLite s.NUM_CAIXA || substr('0' || s.NUM_SEQ, -2). An empty alias leaves the columns bare. A database code
-// without a dialect raises kErrBase + 1, source "KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL".
+// The expression for a subordinate module's 7-character code, its parent's number and its own in two digits: on SQLite
+// s.NUM_CAIXA || substr('0' || s.NUM_SEQ, -2). An empty alias leaves the columns without one. A database code without a
+// dialect raises kErrBase + 1, source "KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL".
 std::wstring SubordinateCode(std::int32_t databaseCode, std::wstring_view alias);
 
 class ModulosBsn final : public Sibling<ModulosBsn> {

@@ -1,7 +1,7 @@
-// KodraBsnV3.ModulosFiltro: which subordinate modules KodraBsnV3.ObtedorDeModulos is to give.
+// KodraBsnV3.ModulosFiltro: selects the subordinate modules that KodraBsnV3.ObtedorDeModulos returns.
 //
-// Members, read and written: NumCaixa (text, the parent module's number), Fechados (whole number: 0, as it starts, all
-// subordinates, 1 the closed ones, 2 the open ones).
+// Members, read and written: NumCaixa (text, the parent module's number), Fechados (whole number: 0, the default, for
+// all subordinates, 1 for the closed ones, 2 for the open ones).
 #pragma once
 
 #include <string>

@@ -35,7 +35,7 @@ constexpr Parameter kParameters[] = {
     {L"TAMANHO_MAXIMO_ARQUIVO", kGeneral, L"Tamanho_Maximo_Importacao", Kind::kNumber, {}},
 };
 
-// The values as their source has them, in the order of kParameters; Empty or Null where it has none.
+// The values as their source contains them, in the order of kParameters; Empty or Null where it has none.
 using RawValues = std::array<Value, std::size(kParameters)>;
 
 ForeignErro Failure(std::int32_t number, std::wstring description) {

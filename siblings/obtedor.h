@@ -1,7 +1,7 @@
 // KodraParamSist.Obtedor: reads the installation's parameters from its database or from a settings file.
 //
-// Members: StringConexao and ArquivoIni (texts, read and written), Obtem (method, gives the parameters).
-// Obtem reads the PARAMETRO row with CODIGO '1' when StringConexao is set, else the file ArquivoIni (ini_file.h):
+// Members: StringConexao and ArquivoIni (texts, read and written), Obtem (method, returns the parameters).
+// Obtem reads the PARAMETRO row with CODIGO '1' when StringConexao is set, otherwise the file ArquivoIni (ini_file.h):
 //
 //   member                       column                   section and key               when absent or null
 //   Nomes.Grupo                  NOMEGRUPO                [Nomes] Grupo                 "Grupo"
@@ -14,9 +14,9 @@
 //   Usar_Diretorio               USAR_AD                  [Geral] Usar_Diretorio        False
 //   Tamanho_Maximo_Importacao    TAMANHO_MAXIMO_ARQUIVO   [Geral] Tamanho_Maximo_...    0 (megabytes)
 //
-// A flag is yes when its text begins with 1, S, T, V or Y in either case, or its number is not zero.
-// Errors of Obtem, with source "KodraParamSist.Obtedor::Obtem": neither source set kErrBase + 1, no such file
-// kErrBase + 2, no such row kErrBase + 3; a database's own errors come as they are.
+// A flag is true when its text begins with 1, S, T, V or Y in either case, or its number is not zero.
+// Errors of Obtem, with source "KodraParamSist.Obtedor::Obtem": neither source set kErrBase + 1, no such file kErrBase
+// + 2, no such row kErrBase + 3; a database's own errors are passed on unchanged.
 #pragma once
 
 #include <string>

@@ -9,10 +9,10 @@
 namespace kodra::siblings {
 namespace {
 
-// A subordinate module as its row in CAIXA_SUBORDINADA has it.
+// A subordinate module, from its row in CAIXA_SUBORDINADA.
 class Subordinado final : public Sibling<Subordinado> {
  public:
-  // REQUIRES: the values stand in the order of the statement's columns.
+  // REQUIRES: the values are in the order of the statement's columns.
   explicit Subordinado(Row row) : row_(std::move(row)) {}
 
   static std::span<const Member<Subordinado>> Members() {

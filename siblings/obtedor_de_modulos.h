@@ -1,14 +1,14 @@
 // KodraBsnV3.ObtedorDeModulos: finds the subordinate modules of a module.
 //
 // Members: StringConexao and LogFile (texts, read and written), Conexao (object, set by reference: an open ADO
-// connection, which then counts instead of StringConexao), and two methods that give a collection (collection.h):
+// connection, which is then used instead of StringConexao), and two methods that return a collection (collection.h):
 //   ObtemSubordinados(filter)               those that match a KodraBsnV3.ModulosFiltro (or an object like it)
 //   ObtemUltimosSubordinadosFechados(code)  those closed on the latest closing day of the module's subordinates
-// Both give nothing when the archive has no such module, and an empty collection when no subordinate qualifies. A
+// Both return nothing when the archive has no such module, and an empty collection when no subordinate qualifies. A
 // module is closed when it has a closing date.
 //
 // Each member of a collection, in the order of their numbers, has the readable members NumCaixa (the 7-character code),
-// NumSeq, DocInicial, DocFinal, DataVencimento, DataFechamento, TipoGuarda and AnosVencimento, as the database has
+// NumSeq, DocInicial, DocFinal, DataVencimento, DataFechamento, TipoGuarda and AnosVencimento, as the database contains
 // them. LogFile is kept for clients that set it; nothing is logged here.
 #pragma once
 

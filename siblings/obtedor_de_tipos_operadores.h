@@ -1,10 +1,11 @@
 // KodraBsnV3.ObtedorDeTiposOperadores: describes the types of operators.
 //
-// Members: StringConexao (text, read and written), ObtemDescricao (method: the type's code as a number, gives a text).
+// Members: StringConexao (text, read and written), ObtemDescricao (method: the type's code as a number; returns a
+// text).
 //
 //   0 "Consulta"   1 "Administrador"   2 "Arquivista"   3 "Digitalizador"   12 "Auditor"
 //
-// Any other code gives "Tipo desconhecido (<code>)". The types are the component's own: no database has them.
+// Any other code returns "Tipo desconhecido (<code>)". The types are the component's own: no database contains them.
 #pragma once
 
 #include <string>

@@ -11,7 +11,7 @@ namespace {
 
 class Evento final : public Sibling<Evento> {
  public:
-  // REQUIRES: the values stand in the order of the statement's columns.
+  // REQUIRES: the values are in the order of the statement's columns.
   explicit Evento(const Row& row)
       : dataInicial_(row[0].Is<Null>() ? Date() : values::ToDate(row[0])),
         nomeOperador_(values::ToTextOrEmpty(row[1])),
@@ -48,7 +48,7 @@ std::wstring Literally(std::wstring_view text) {
   return pattern;
 }
 
-// The conditions of a statement, gathered from the members of a filter that say something.
+// The conditions of a statement, gathered from those members of a filter that are set.
 class Conditions {
  public:
   Conditions(const Database& database, AutomationObject& filter) : database_(database), filter_(filter) {}
@@ -65,7 +65,7 @@ class Conditions {
     const Date date = values::ToDate(filter_.Get(member));
     if (date.days != 0) Add(column, L" >= " + values::FormatDate(date, L"'yyyy-mm-dd hh:nn:ss'"));
   }
-  // The last second counts to its end, also where moments are kept with fractions.
+  // The last second counts to its end, also where times are stored with fractions.
   void To(std::wstring_view column, std::wstring_view member) {
     const Date date = values::ToDate(filter_.Get(member));
     if (date.days == 0) return;

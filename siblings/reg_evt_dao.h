@@ -1,16 +1,16 @@
 // KodraRegEvt.RegEvtDAO: finds entries of the event log, table EVENTO.
 //
-// Members: StringConexao and Caller (texts, read and written; Caller names who asks and is only kept), Localiza
-// (method: a KodraRegEvt.RegEvtFind or an object like it; gives a collection (collection.h), or nothing when no event
-// matches).
+// Members: StringConexao and Caller (texts, read and written; Caller names the program that asks and is only kept),
+// Localiza (method: a KodraRegEvt.RegEvtFind or an object like it; returns a collection (collection.h), or nothing when
+// no event matches).
 //
-// An event matches when it fits every member of the filter that says something: Acao is part of its text, Cod_Docto,
-// Maquina, Nome_Operador and Tipo_Evento are its own as the database compares texts, and its moment lies from
-// DataInicial to DataFinal, both included. A DataFinal without a time of day means that whole day.
+// An event matches when it fits every member of the filter that is set: Acao is part of its text, Cod_Docto, Maquina,
+// Nome_Operador and Tipo_Evento are its own as the database compares texts, and its time lies from DataInicial to
+// DataFinal, both included. A DataFinal without a time of day means that whole day.
 //
-// The events come in the order of time, those of one moment in the order of their codes. Each has the readable members
-// DataInicial (date and time, the zero date for a null), Nome_Operador, Maquina, Cod_Docto, Tipo_Evento and Acao
-// (texts, empty for a null).
+// The events are ordered by time, those of the same time by their codes. Each has the readable members DataInicial
+// (date and time, the zero date for a null), Nome_Operador, Maquina, Cod_Docto, Tipo_Evento and Acao (texts, empty for
+// a null).
 //
 // Without StringConexao, Localiza raises kErrBase + 1, source "KodraRegEvt.RegEvtDAO::Localiza".
 #pragma once

@@ -1,4 +1,4 @@
-// KodraRegEvt.RegEvtFind: which events KodraRegEvt.RegEvtDAO is to find.
+// KodraRegEvt.RegEvtFind: selects the events that KodraRegEvt.RegEvtDAO finds.
 //
 // Members, read and written: Acao, Cod_Docto, Maquina, Nome_Operador, Tipo_Evento (texts; an empty one filters
 // nothing), DataInicial and DataFinal (dates; the zero date is no bound).

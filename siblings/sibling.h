@@ -1,4 +1,4 @@
-// The base of a sibling component: an automation object that is a short list of members.
+// The base of a sibling component: an automation object with a short list of members.
 //
 //   class StrCon final : public Sibling<StrCon> {
 //    public:
@@ -70,19 +70,19 @@ class Sibling : public AutomationObject {
   }
 };
 
-// The class whose member a pointer names.
+// The class whose member a pointer points to.
 template <class Class, class Held>
 Class ClassOfMember(Held Class::*);
 template <auto kPointer>
 using ClassOf = decltype(ClassOfMember(kPointer));
 
-// What a property makes of the value assigned to it. Raises what the conversion raises.
+// Converts the value assigned to a property. Raises what the conversion raises.
 inline void Assign(std::wstring& field, const Value& value) { field = values::ToText(value); }
 inline void Assign(std::int32_t& field, const Value& value) { field = values::ToInt32(value); }
 inline void Assign(bool& field, const Value& value) { field = values::ToBool(value); }
 inline void Assign(Date& field, const Value& value) { field = values::ToDate(value); }
 
-// A property, read and written, kept in a member: a text, a whole number, a flag or a date.
+// A property, read and written, stored in a member: a text, a whole number, a flag or a date.
 template <auto kField>
 Member<ClassOf<kField>> Property(std::wstring_view name) {
   using T = ClassOf<kField>;
@@ -91,8 +91,8 @@ Member<ClassOf<kField>> Property(std::wstring_view name) {
           .let = [](T& self, const Value& value) { Assign(self.*kField, value); }};
 }
 
-// A property that holds an object or none, kept in a ObjectRef member. Clients whose language has no
-// assignment by reference assign it by value.
+// A property that holds an object or none, stored in an ObjectRef member. Clients whose language has no assignment by
+// reference assign it by value.
 template <auto kField>
 Member<ClassOf<kField>> Reference(std::wstring_view name) {
   using T = ClassOf<kField>;
@@ -102,14 +102,14 @@ Member<ClassOf<kField>> Reference(std::wstring_view name) {
           .set = [](T& self, const ObjectRef& object) { self.*kField = object; }};
 }
 
-// A property that is only read: a member, or what a member function without arguments computes.
+// A read-only property: a member, or the result of a member function without arguments.
 template <auto kMember>
 Member<ClassOf<kMember>> ReadOnly(std::wstring_view name) {
   using T = ClassOf<kMember>;
   return {.name = name, .get = [](T& self) { return Value(std::invoke(kMember, self)); }};
 }
 
-// A method: a member function that takes `arity` arguments as a span and gives a Value. Any other number of arguments
+// A method: a member function that takes `arity` arguments as a span and returns a Value. Any other number of arguments
 // raises kWrongArguments.
 inline constexpr std::int32_t kWrongArguments = 450;
 

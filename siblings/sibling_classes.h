@@ -13,14 +13,14 @@ namespace kodra::siblings {
 
 struct SiblingClass {
   std::wstring_view progId;
-  std::wstring_view clsid;  // "{…}", given once and never changed
-  // What the object reads (databases) it reads through the surroundings, which must outlive it.
+  std::wstring_view clsid;  // "{…}", which never changes
+  // Where the object reads databases, it uses the surroundings, which must outlive it.
   ObjectRef (*create)(platform::Surroundings& surroundings);
 };
 
 std::span<const SiblingClass> SiblingClasses();
 
-// Enters every sibling into a registry of factories: anything with Register(progId, function that makes the object).
+// Registers every sibling in a registry of factories: anything with Register(progId, function that makes the object).
 //
 //   odbc::Surroundings machine;
 //   RegisterSiblings(machine, machine);

@@ -1,16 +1,16 @@
-// KodraConexao.StrCon: tells the database system of a connection string.
+// KodraConexao.StrCon: recognises the database system of a connection string.
 //
 // Members: StrCon (text, read and written), TipoBanco (the database code, read).
 //
-// The rule looks for words anywhere in the string, in any letter case, and the first line that has one decides:
+// The rule searches the whole string for words, in any letter case. The first line of this list with a match decides:
 //   1 Oracle      ORACLE, MSDAORA
 //   6 DB2         IBMDADB2, ISERIES, IBM I, IBM DB2
 //   7 SQLite      SQLITE
 //   3 MySQL       MYSQL, MARIADB
 //   2 SQL Server  SQLOLEDB, SQLNCLI, MSOLEDBSQL, SQL SERVER
-//   4             none of them, the empty string too
+//   4             no match; also the empty string
 // Oracle, DB2 and SQLite come first and with these words because that is how a connection string is prepared before it
-// is opened: both must see the same system, even in a string that names two.
+// is opened: both must find the same system, even in a string that names two.
 #pragma once
 
 #include <cstdint>

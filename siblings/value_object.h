@@ -1,4 +1,4 @@
-// An automation object that only holds values under names: what a sibling hands out as a result.
+// An automation object that only holds values under names, in which siblings return results.
 #pragma once
 
 #include <string>

@@ -12,7 +12,7 @@
 namespace kodra::siblings {
 namespace {
 
-// Positional arguments come from the last to the first, after the named ones.
+// Positional arguments are stored from the last to the first, after the named ones.
 std::vector<Value> Arguments(const DISPPARAMS& parameters) {
   std::vector<Value> arguments;
   for (UINT i = parameters.cArgs; i-- > parameters.cNamedArgs;) arguments.push_back(ado::ToValue(parameters.rgvarg[i]));
@@ -103,7 +103,7 @@ comkit::com_ptr<IUnknown> DispatchFace::Enumerate() {
 STDMETHODIMP DispatchFace::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
                                   EXCEPINFO* info, UINT*) try {
   if (parameters == nullptr) return E_INVALIDARG;
-  // The object may be released, or learn names, during the call.
+  // The object may be released, or its list of names may grow, during the call.
   const comkit::com_ptr<IDispatch> keep(this);
   ado::ScopedVariant answer;
   if (id == DISPID_NEWENUM) {

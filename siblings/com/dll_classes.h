@@ -1,4 +1,4 @@
-// The classes of the DLL: every sibling, and what only Windows has.
+// The classes of the DLL: every sibling, and the classes that exist only on Windows.
 #pragma once
 
 #include <span>

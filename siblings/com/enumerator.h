@@ -8,7 +8,7 @@
 
 namespace kodra::siblings {
 
-// An IEnumVARIANT over these values; their objects are handed out as faces, made when their turn comes.
+// An IEnumVARIANT over these values. It returns their objects as faces, which it makes when their turn comes.
 comkit::com_ptr<IUnknown> MakeEnumerator(std::vector<Value> values);
 
 }  // namespace kodra::siblings

@@ -11,7 +11,7 @@ namespace {
 
 using comkit::com_ptr;
 
-// A type's attributes, given back at the end.
+// A type's attributes, released at the end.
 class TypeAttributes {
  public:
   explicit TypeAttributes(const com_ptr<ITypeInfo>& type) : type_(type) {
@@ -56,7 +56,7 @@ std::pair<DISPID, std::wstring> FunctionAt(const com_ptr<ITypeInfo>& type, UINT 
   return {id, comkit::ToWide(name.get())};
 }
 
-// A listener's methods. Script engines answer by IDispatchEx, some of them by nothing else.
+// A listener's methods. Script engines support IDispatchEx, some of them nothing else.
 class Listener {
  public:
   explicit Listener(const com_ptr<IDispatch>& object) : object_(object), scripted_(object.as<IDispatchEx>()) {}
@@ -118,7 +118,7 @@ STDMETHODIMP EventSink::Invoke(DISPID id, REFIID, LCID locale, WORD, DISPPARAMS*
   if (parameters == nullptr) return E_INVALIDARG;
   const auto event = events_.names.find(id);
   if (event == events_.names.end()) return DISP_E_MEMBERNOTFOUND;
-  // The source may let go of the sink during the call.
+  // The source may release the sink during the call.
   const Listener listener(listener_);
   const DISPID method = listener.IdOf(event->second, locale);
   if (method == DISPID_UNKNOWN) return S_OK;

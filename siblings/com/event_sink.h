@@ -1,4 +1,4 @@
-// Events of any source, passed on to an object late-bound, by their names.
+// Passes the events of any source on to a late-bound object, by their names.
 #pragma once
 
 #include <map>
@@ -16,12 +16,12 @@ struct EventSet {
   std::map<DISPID, std::wstring> names;
 };
 
-// What the source's type library says. Raises kErrBase + 1, source "KodraSuporte.Ouvinte::Conecta", for an object that
-// describes no events.
+// The events that the source's type library describes. Raises kErrBase + 1, source "KodraSuporte.Ouvinte::Conecta", for
+// an object that describes no events.
 EventSet EventsOf(IUnknown* source);
 
 // Calls the listener's method of an event's name with the event's arguments, by value; an event without such a method
-// goes by. What the method raises goes back to the source. Keeps the listener alive.
+// is ignored. What the method raises is returned to the source. Keeps the listener alive.
 class EventSink final : public comkit::Object<IDispatch> {
  public:
   static comkit::com_ptr<IUnknown> Make(EventSet events, comkit::com_ptr<IDispatch> listener) {
@@ -35,7 +35,7 @@ class EventSink final : public comkit::Object<IDispatch> {
                       EXCEPINFO* info, UINT* badArgument) override;
 
  private:
-  // It is the source's own dispinterface too.
+  // It answers the source's own dispinterface too.
   void* Find(REFIID iid) noexcept override {
     return comkit::Object<IDispatch>::Find(iid == events_.iid ? IID_IDispatch : iid);
   }

@@ -8,7 +8,8 @@
 namespace kodra::siblings {
 namespace {
 
-// Where the siblings read data. Made on first use, never destroyed: objects may outlive every other static.
+// The surroundings in which the siblings read data. Made on first use, never destroyed: objects may outlive every other
+// static.
 platform::Surroundings& Machine() {
   static auto* machine = new odbc::Surroundings;
   return *machine;
@@ -17,10 +18,10 @@ platform::Surroundings& Machine() {
 }  // namespace
 }  // namespace kodra::siblings
 
-// What a sibling raises in a call travels as EXCEPINFO; beside that only memory can fail.
+// The error of a sibling is returned as EXCEPINFO; besides that, only memory can run out.
 HRESULT kodra::comkit::CurrentHresult(REFIID) noexcept { return E_OUTOFMEMORY; }
 
-// NOLINTNEXTLINE(misc-unused-parameters): the system gives all three.
+// NOLINTNEXTLINE(misc-unused-parameters): the system passes all three.
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
   if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
   return TRUE;

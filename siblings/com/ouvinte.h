@@ -1,4 +1,4 @@
-// KodraSuporte.Ouvinte: lets a script hear the events of an object where the script host has no events of its own.
+// KodraSuporte.Ouvinte: lets a script receive the events of an object when the script host has no events of its own.
 //
 //   Class Tela
 //     Public Sub DebugLog(texto)
@@ -8,8 +8,8 @@
 //   Set ouvinte = CreateObject("KodraSuporte.Ouvinte")
 //   ouvinte.Conecta relatorio, New Tela
 //
-// Members: Conecta (method: the source, the listener), Desconecta (method). Each event of the source's default
-// outgoing interface calls the listener's method of the same name; events without one go by. A second Conecta ends the
+// Members: Conecta (method: the source, the listener), Desconecta (method). Each event of the source's default outgoing
+// interface calls the listener's method of the same name; an event without one is ignored. A second Conecta ends the
 // first connection; so do Desconecta and the object's end. Conecta raises kErrBase + 1 for a source without events.
 #pragma once
 

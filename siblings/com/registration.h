@@ -5,9 +5,9 @@
 
 namespace kodra::siblings {
 
-// Enters every class with the DLL's own path: S_OK, or SELFREG_E_CLASS when a key cannot be written.
+// Registers every class with the DLL's own path: S_OK, or SELFREG_E_CLASS when a key cannot be written.
 HRESULT RegisterClasses();
-// Removes them; those already gone do not matter.
+// Removes them; missing keys are ignored.
 HRESULT UnregisterClasses();
 
 }  // namespace kodra::siblings
