@@ -1,5 +1,5 @@
-# The rows of registry_rows as the manifest of the assembly KodraRpt.Classes, by which the DLL serves without being
-# registered: awk -f manifest.awk -v version=A.B.C.D -v architecture=x86|amd64.
+# The rows of registry_rows as the manifest of the assembly KodraRpt.Classes, with which a program uses the DLL without
+# its being registered: awk -f manifest.awk -v version=A.B.C.D -v architecture=x86|amd64.
 #
 # The assembly is not named KodraRpt: Windows would look for its manifest inside KodraRpt.dll.
 BEGIN {

@@ -1,9 +1,10 @@
-// registry_rows DLL: prints what the DLL's DllRegisterServer writes into the registry of the machine, one row a line:
+// registry_rows DLL: prints the rows that the DLL's DllRegisterServer writes into the registry of the machine, one per
+// line:
 //
 //   key TAB name TAB text
 //
-// in UTF-8, below HKEY_LOCAL_MACHINE, without a name for a default value. The DLL writes into a key that stands for the
-// machine's registry while it is asked, so nothing of the machine's own changes.
+// in UTF-8, below HKEY_LOCAL_MACHINE, without a name for a default value. Meanwhile a temporary key replaces the
+// machine's registry, so nothing of the machine's own changes.
 #include <windows.h>
 
 #include <cstdio>
@@ -25,7 +26,7 @@ HKEY Create(HKEY parent, const wchar_t* path) {
   return key;
 }
 
-// A key that stands for the machine's registry, and its classes for HKEY_CLASSES_ROOT; gone with this object.
+// A key that replaces the machine's registry, and its classes HKEY_CLASSES_ROOT; deleted with this object.
 class Scratch {
  public:
   Scratch() : machine_(Create(HKEY_CURRENT_USER, kScratch)), classes_(Create(machine_, L"Software\\Classes")) {}
@@ -86,7 +87,7 @@ void Print(HKEY key, const std::wstring& path) {
     Check(RegEnumKeyExW(key, i, name, &size, nullptr, nullptr, nullptr, nullptr));
     HKEY child = nullptr;
     Check(RegOpenKeyExW(key, name, 0, KEY_READ, &child));
-    // Key names are the same in any letter case; Wine spells this one in its own.
+    // Key names are the same in any letter case; Wine has its own spelling of this one.
     const std::wstring spelt = _wcsicmp(name, L"TypeLib") == 0 ? L"TypeLib" : name;
     Print(child, path.empty() ? spelt : path + L"\\" + spelt);
     RegCloseKey(child);

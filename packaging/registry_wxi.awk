@@ -1,5 +1,5 @@
-# The registry rows of the component as entries of the installer. [#KodraRpt.dll] and [INSTALLDIR] stand in the rows for
-# the installed DLL's path and folder, which is what they mean to the installer too.
+# The registry rows of the component as entries of the installer. The rows contain [#KodraRpt.dll] and [INSTALLDIR] for
+# the installed DLL's path and folder; they mean the same to the installer.
 BEGIN {
   FS = "\t"
   print "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"

@@ -18,7 +18,8 @@ begin
   Relatorio := CreateOleObject('KodraRpt.CDeptoRpt');
   Relatorio.StringConexao := Conexao;
   Linhas := Relatorio.RelatorioDeptos(CreateOleObject('KodraRpt.CDeptoRptObj'));
-  // O Recordset segura a conexão com o banco: feche-o assim que terminar. Os objetos são soltos no fim da rotina.
+  // O Recordset mantém aberta a conexão com o banco: feche-o assim que terminar. Os objetos são liberados no fim da
+  // rotina.
   try
     Writeln('Departamentos:');
     while not Linhas.EOF do
@@ -35,7 +36,7 @@ procedure ImprimeEtiqueta(const Conexao, Modulo: string);
 var
   Relatorio, Parametros, Linhas: OleVariant;
 
-  // VarToStr dá um texto vazio para um campo nulo.
+  // VarToStr devolve um texto vazio para um campo nulo.
   function Texto(const Campo: string): string;
   begin
     Result := VarToStr(Linhas.Fields.Item[Campo].Value);

@@ -14,7 +14,7 @@ param(
 Set-StrictMode -Version Latest
 $ErrorActionPreference = 'Stop'
 
-# Fecha o Recordset, que segura a conexão com o banco, e solta os objetos sem esperar pelo coletor de lixo.
+# Fecha o Recordset, que mantém aberta a conexão com o banco, e libera os objetos sem esperar pelo coletor de lixo.
 function Solta($linhas, $objetos) {
     if ($null -ne $linhas) { $linhas.Close() }
     foreach ($objeto in @($linhas) + $objetos) {

@@ -29,7 +29,7 @@ Private Sub ListaDepartamentos(ByVal conexao As String)
     Debug.Print "  " & linhas!DESCR_DEPTO
     linhas.MoveNext
   Loop
-  ' O Recordset segura a conexão com o banco: feche-o assim que terminar.
+  ' O Recordset mantém aberta a conexão com o banco: feche-o assim que terminar.
   linhas.Close
 End Sub
 

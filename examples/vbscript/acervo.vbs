@@ -31,7 +31,7 @@ Sub ListaDepartamentos(conexao)
     WScript.Echo "  " & linhas("DESCR_DEPTO")
     linhas.MoveNext
   Loop
-  ' O Recordset segura a conexão com o banco: feche-o assim que terminar.
+  ' O Recordset mantém aberta a conexão com o banco: feche-o assim que terminar.
   linhas.Close
 End Sub
 
