@@ -1,4 +1,4 @@
-// Two sides of a comparison, run in turns so that what else the machine does falls on both.
+// Two sides of a comparison, run by turns so that whatever else the machine does affects both.
 #pragma once
 
 #include <algorithm>
@@ -12,20 +12,20 @@ using Clock = std::chrono::steady_clock;
 
 inline double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
 
-// The middle figure; of an even number the upper of the two middle ones. REQUIRES: not empty.
+// The median; for an even number of figures the upper of the two middle ones. REQUIRES: not empty.
 inline double Median(std::vector<double> figures) {
   const auto middle = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 2);
   std::nth_element(figures.begin(), middle, figures.end());
   return *middle;
 }
 
-// What the component took and what the bare side took, each the median of its runs.
+// The figures of the component and of the bare side, each the median of its runs.
 struct Medians {
   double component = 0;
   double bare = 0;
 };
 
-// Runs both sides in turns, the other one first each time. A side does its work and gives its figure.
+// Runs both sides by turns, the other one first each time. A side does its work and returns its figure.
 template <class Component, class Bare>
 Medians Interleave(int rounds, Component component, Bare bare) {
   std::vector<double> ours;

@@ -1,4 +1,4 @@
-// What a benchmark found: one printed line, and one of a file for other programs.
+// The results of a benchmark: one printed line each, and one in a file for other programs.
 //
 //   Results results(path);
 //   results.Ratio({.name = "small_report", .unit = "us", .limit = 1.05}, medians);
@@ -16,16 +16,17 @@ namespace kodra::bench {
 
 struct Line {
   const char* name;
-  // The unit of the absolute figures, and how many of it the measured figure of one makes.
+  // The unit of the absolute figures, and the factor from the measured figure to that unit.
   const char* unit;
   double scale = 1;
-  // The largest ratio (or, for a figure on its own, the largest figure) that is good.
+  // The largest ratio (or, for a single figure, the largest figure) that is acceptable.
   double limit;
 };
 
 class Results {
  public:
-  // Appends to the file at `path`, a line each: name, ratio, component, bare, unit, limit, met (1 or 0), with tabs.
+  // Appends to the file at `path`, one line per result: name, ratio, component, bare, unit, limit, met (1 or 0), with
+  // tabs.
   explicit Results(const std::string& path) : file_(path, std::ios::app) {}
 
   // A comparison: the component's figure against the bare one.
@@ -34,10 +35,10 @@ class Results {
     Write(line, ratio, medians.component * line.scale, medians.bare * line.scale);
   }
 
-  // A figure on its own.
+  // A single figure.
   void Figure(const Line& line, double figure) { Write(line, figure * line.scale, figure * line.scale, 0); }
 
-  // 0 when every figure so far was within its limit, 1 when one was not, 2 when one was no figure at all.
+  // 0 when every figure so far was within its limit, 1 when one was not, 2 when one was not a positive number.
   int ExitCode() const { return unsound_ ? 2 : missed_ ? 1 : 0; }
 
  private:

@@ -4,7 +4,7 @@
 bench_names=(small_report statement_share streamed_rows streamed_memory dataset_rows_log dataset_rows_operadores
   dataset_rows script_peer dll_size load_and_create)
 
-# A file that the benchmarks read, made anew only when the tool that makes it is newer: bench_archive NAME OPTION…
+# A file that the benchmarks read, made again only when the tool that makes it is newer: bench_archive NAME OPTION…
 bench_archive() {
   local file=build/bench/$1.db
   shift
@@ -19,7 +19,7 @@ build_benches() {
   mkdir -p build/bench
 }
 
-# Whether a line is wanted: it begins with one of the names, or there are none: bench_wanted LINE [NAME…].
+# Whether a line is wanted: it begins with one of the names, or no names are passed: bench_wanted LINE [NAME…].
 bench_wanted() {
   local line=$1 name
   shift
@@ -28,17 +28,17 @@ bench_wanted() {
   return 1
 }
 
-# Runs a program in Wine on one core, the Wine server with it. Waking another core costs a virtual machine more than
-# most requests to the server, and whether it must depends on what else runs: on one core figures repeat.
+# Runs a program and the Wine server on one core. Waking another core costs a virtual machine more than most requests to
+# the server, and whether it happens depends on what else runs; on one core the figures repeat.
 box_on_one_core() (
   taskset -cp "$(taskset -cp $BASHPID | sed 's/.*[ ,-]//')" $BASHPID >/dev/null
   wine_environment run wineserver -w 2>>"$logs/wine.log" || true
   wine_environment run "$@" 2>>"$logs/wine.log"
 )
 
-# Runs the benchmarks that begin with one of the names, without names all; their lines go to the screen and, for other
-# programs, to build/bench/resultados.tsv. Gives 0 when every limit is met, 1 when one is not, more when a benchmark
-# failed: run_benches ROUNDS SIZE [NAME…].
+# Runs the benchmarks that begin with one of the names, or all without names; their lines are printed and, for other
+# programs, written to build/bench/resultados.tsv. Returns 0 when every limit is met, 1 when one is not, more when a
+# benchmark failed: run_benches ROUNDS SIZE [NAME…].
 run_benches() {
   local rounds=$1 size=$2 status=0 one=0 line chosen=() results=build/bench/resultados.tsv
   shift 2
@@ -60,7 +60,7 @@ run_benches() {
       --report "$(awk -F '\t' '$1 == "small_report" { print $3 }' "$results")" || one=$?
     [ "$one" -le "$status" ] || status=$one
   fi
-  # Few requests, and mostly what the machine does with a file: measured as programs load it, on any core.
+  # Few requests, and mostly the machine's work with a file: measured as programs load it, on any core.
   if bench_wanted load_and_create "$@"; then
     one=0
     wine_environment run wineserver -w 2>>"$logs/wine.log" || true

@@ -1,4 +1,4 @@
-# Installing what is missing, and building.
+# Installs what is missing, and builds.
 
 packages=(
   g++ cmake ninja-build ccache make                                         # native build
@@ -7,16 +7,16 @@ packages=(
   unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
   g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine              # 32-bit Windows: compiler, widl, IDL files
-  libz-mingw-w64-dev                                                        # what its library of spreadsheets needs
-  mmdebstrap arch-test debian-archive-keyring util-linux mount                              # the Wine environment
+  libz-mingw-w64-dev                                                        # for the spreadsheet library in Windows programs
+  mmdebstrap arch-test debian-archive-keyring util-linux mount              # the Wine environment
 )
-# What the tests need beyond that; each script adds its own.
+# What the tests need besides; each script adds its own packages.
 test_packages=(
   clang-format time unzip
   chromium fonts-liberation poppler-utils zbar-tools                        # pages shown, printed, and their barcodes read
 )
 
-# Installs what is missing of the packages, and makes the Wine environment: setup [PACKAGE beyond those that a build needs…].
+# Installs the missing packages and makes the Wine environment: setup [PACKAGE beyond those that a build needs…].
 setup() {
   local package missing=()
   for package in "${packages[@]}" "$@"; do
@@ -31,8 +31,8 @@ setup() {
   windows_sources
 }
 
-# The library that writes spreadsheets, as source, for the console program on Windows: Debian builds it for Debian only.
-# It stands in the cache, from Debian's own source package, whose signature apt checks. Without it the program for
+# The library that writes spreadsheets, as source, for the console program on Windows: Debian builds it only for Debian.
+# The cache contains it, from Debian's own source package, whose signature apt checks. Without it the program for
 # Windows writes no spreadsheets.
 windows_sources() {
   local folder=$KODRA_CACHE/libxlsxwriter work
@@ -69,7 +69,7 @@ build_preset() {
   logged "ninja-$preset" ninja -C "build/$preset" -j "$jobs" "$@"
 }
 
-# The component and what serves it in Wine: build_served [NATIVE TARGET beyond the tools of the demonstration…].
+# The component and the DLLs that it needs in Wine: build_served [NATIVE TARGET beyond the tools of the demonstration…].
 build_served() {
   setup
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com

@@ -1,4 +1,4 @@
-# What every command uses.
+# Functions that every command uses.
 
 jobs=$(nproc)
 logs=build/log

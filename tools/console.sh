@@ -1,13 +1,13 @@
-# The console program as a Windows program.
+# Tests the console program as a Windows program.
 
 test_groups+=(console)
 
-# Runs kodrarpt in both worlds with the same arguments; both must write the same bytes and end alike.
+# Runs kodrarpt on both systems with the same arguments; both must write the same bytes and the same exit code.
 same() {
   local native=$PWD/build/console/native windows=$PWD/build/console/windows
   build/native/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
   wine_environment run wine build/win32/console/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
-  sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a word of the Wine server itself when it starts
+  sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a message of the Wine server itself when it starts
   if [ -s "$native" ] && cmp -s "$native" "$windows"; then
     passed=$((passed + 1))
   else
@@ -17,7 +17,7 @@ same() {
   fi
 }
 
-# Writes a report as a spreadsheet in both worlds, to a name with accents; the sheets must have the same cells.
+# Writes a report as a spreadsheet on both systems, to a name with accents; the sheets must have the same cells.
 same_sheet() {
   local name=planilha-ação.xlsx folder=build/console
   rm -rf "$folder/native-sheet" "$folder/windows-sheet"

@@ -1,6 +1,6 @@
-# The demonstration, and scripts of the user's own.
+# The demonstration, and the user's own scripts.
 
-# The demonstration client on a connection string: what it prints, with its exit code.
+# Runs the demonstration client on a connection string: prints its output and returns its exit code.
 client() {
   local output=build/demo/saida.txt folder status=0
   folder=$(windows_path build/demo)

@@ -1,4 +1,4 @@
-# Every statement of the reports on every engine that speaks its dialect, and the page that says what came of it.
+# Every statement of the reports on every engine that speaks its dialect, and the page with the results.
 
 test_packages+=(openjdk-17-jdk-headless libh2-java libhsqldb-java libderby-java)
 test_groups+=(engines)

@@ -2,7 +2,7 @@
 
 test_groups+=(examples)
 
-# What an example prints and the code that it ends with: run_example vbscript|cpp ARGUMENT….
+# Runs an example, prints its output and returns its exit code: run_example vbscript|cpp ARGUMENT….
 run_example() {
   local language=$1 status=0
   shift
@@ -14,7 +14,7 @@ run_example() {
   echo "código $status"
 }
 
-# Compares what an example printed with the text that it must print: check_example NAME EXPECTED ACTUAL.
+# Compares the output of an example with the expected text: check_example NAME EXPECTED ACTUAL.
 check_example() {
   if [ "$2" = "$3" ]; then
     passed=$((passed + 1))
@@ -43,7 +43,7 @@ test_examples() {
     check_example "$language, sem banco" "$refused"$'\n'"código 1" \
       "$(run_example "$language" "Driver={SQLite3};Database=$missing" AA001)"
   done
-  # The others say in their head that no test runs them.
+  # The others say in their first lines that no test runs them.
   for language in vba powershell python delphi; do
     check_example "$language, o seu começo" 1 "$(head -n 12 examples/$language/*.* | grep -c 'Os testes não executam este exemplo')"
   done

@@ -1,12 +1,12 @@
-# The fuzz targets, with the fuzzing engine of clang.
+# The fuzz targets, with clang's fuzzing engine.
 
 fuzz_packages=(clang libclang-rt-14-dev)
 
-# What libFuzzer wrote of a number: statistic NAME LOG.
+# A number that libFuzzer reported: statistic NAME LOG.
 statistic() { sed -n "s/^stat::$1: *//p" "$2"; }
 
 # Runs one target for some seconds, from its committed inputs and those that earlier runs on this machine have found:
-# fuzz_target NAME SECONDS. What it breaks on stays in tests/fuzz/found/NAME, for the tests to replay.
+# fuzz_target NAME SECONDS. An input that breaks it stays in tests/fuzz/found/NAME, for the tests to replay.
 fuzz_target() {
   local name=$1 seconds=$2 status=0
   local program=build/fuzz/tests/fuzz_$name known=tests/fuzz/corpus/$name found=tests/fuzz/found/$name
@@ -15,7 +15,7 @@ fuzz_target() {
   [ -f "$dictionary" ] && options+=("-dict=$dictionary")
   mkdir -p "$work" "$known" "$found"
   nice "$program" "${options[@]}" -max_total_time="$seconds" "$work" "$known" >"$log" 2>&1 || status=$?
-  # Only what reaches code that no committed input reaches is committed.
+  # Only inputs that reach code that no committed input reaches are committed.
   "$program" -merge=1 -use_counters=0 -max_len=512 "$known" "$work" >"$log.merge" 2>&1 ||
     die "não foi possível juntar as entradas de $name (veja $log.merge)"
   rmdir --ignore-fail-on-non-empty "$found"

@@ -13,7 +13,7 @@ name_guid() {
   printf '%s-%s-5%s-8%s-%s\n' "${hash:0:8}" "${hash:8:4}" "${hash:12:3}" "${hash:15:3}" "${hash:18:12}"
 }
 
-# Puts files into a folder of the staged package, as Windows' own programs read them: put FOLDER FILE…
+# Copies files to a folder of the staged package, in the form that Windows' own programs read: put FOLDER FILE…
 put() {
   local folder=$stage/$1 file
   shift
@@ -26,7 +26,7 @@ put() {
   done
 }
 
-# Puts a folder of the repository as a folder of the package: put_tree FOLDER SOURCE
+# Copies a folder of the repository to a folder of the package: put_tree FOLDER SOURCE
 put_tree() {
   local file place
   while read -r file; do
@@ -35,7 +35,7 @@ put_tree() {
   done < <(git -c core.quotepath=off ls-files "$2" ':!*CMakeLists.txt')
 }
 
-# The licences of what the console program is linked with, as Debian's packages have them.
+# The licences of the libraries that the console program is linked with, as Debian's packages contain them.
 licences() {
   local library
   for library in libcli11-dev libfmt-dev nlohmann-json3-dev libxlsxwriter-dev libz-mingw-w64-dev \
@@ -46,7 +46,7 @@ licences() {
   done | sed 's/$/\r/'
 }
 
-# What is in a package.
+# The content of a package.
 stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
   put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
@@ -73,14 +73,14 @@ stage_unregistered() {
   cp build/win64/KodraRpt.dll "$stage/x64"
 }
 
-# Modes and times that do not tell who made the package, nor when.
+# Sets modes and times that depend neither on who made the package nor on when.
 settle() {
   find "$1" -type d -exec chmod 755 {} +
   find "$1" -type f -exec chmod 644 {} +
   find "$1" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
 }
 
-# A file's or folder's name as the installer's tables want it: SHORT|long where the long one is not short already.
+# A file's or folder's name in the form of the installer's tables: SHORT|long when the long one is not already short.
 installer_name() {
   local name=$1 stem=${1%.*} extension=""
   [[ $name == *.* ]] && extension=.${name##*.}
@@ -90,7 +90,7 @@ installer_name() {
   echo "${stem:0:8}${extension^^}|$name"
 }
 
-# The installer's entries for a staged folder, but the DLL's; on descriptor 3 the references to their components.
+# The installer's entries for a staged folder, except the DLL's; on descriptor 3 the references to their components.
 installer_folder() {
   local folder=$1 path id
   for path in "$folder"/*; do
@@ -110,7 +110,7 @@ installer_folder() {
 
 include_file() { echo '<Include xmlns="http://schemas.microsoft.com/wix/2006/wi">'; cat; echo '</Include>'; }
 
-# The MSI of the staged files, which wixl finds by relative paths only: make_msi FILE
+# The MSI of the staged files, which wixl finds only by relative paths: make_msi FILE
 make_msi() {
   local msi=$1 parts=$folder/parts
   awk -f packaging/registry_wxi.awk build/package/rows.txt >"$parts/registry.wxi"
@@ -127,8 +127,8 @@ make_msi() {
 # The checksum of each file in a folder.
 sums() { (cd "$1" && find . -type f | sort | sed 's,^\./,,' | xargs sha256sum); }
 
-# What wixl has no word for: the DLL's version, which an upgrade compares; the code page of the texts; and a summary that
-# says Portuguese, is of the package's own day, and has a code that depends on nothing but what is installed.
+# What wixl cannot express: the DLL's version, which an upgrade compares; the code page of the texts; and a summary that
+# is in Portuguese, has the package's own date, and has a code that depends only on what is installed.
 finish_msi() {
   local msi=$1 parts=$2 day code
   day=$(date -u -d "@$SOURCE_DATE_EPOCH" '+%Y/%m/%d %H:%M:%S')
@@ -145,7 +145,7 @@ finish_msi() {
   )
 }
 
-# What is said of the package besides its files: settings FOLDER [REVISION]
+# The properties of the package besides its files: settings FOLDER [REVISION]
 settings() {
   local revision=${2:-$(version_part REVISION)}
   folder=$(readlink -f "$1")
@@ -155,7 +155,7 @@ settings() {
   export TZ=UTC LC_ALL=C.UTF-8 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
 }
 
-# Stages the files of what is built and makes their MSI: stage_and_make_msi FOLDER [REVISION]
+# Stages the files of the build and makes their MSI: stage_and_make_msi FOLDER [REVISION]
 stage_and_make_msi() {
   settings "$@"
   rm -rf "$stage" "$stage".* "$folder/parts"
@@ -180,7 +180,7 @@ make_package() (
 # The same files as the next revision, for the test of an upgrade: make_later_msi FOLDER
 make_later_msi() (stage_and_make_msi "$1" $(($(version_part REVISION) + 1)))
 
-# What the DLL registers, as rows, with [#KodraRpt.dll] for its path and [INSTALLDIR] for its folder.
+# The rows that the DLL registers, with [#KodraRpt.dll] for its path and [INSTALLDIR] for its folder.
 registry_rows() {
   local folder
   folder=$(windows_path build/win32)
@@ -206,11 +206,11 @@ package() {
   (cd build/package && sha256sum -- *.msi *.zip && ls -l -- *.msi *.zip)
 }
 
-# The tests of installation have a Wine prefix of their own: a Windows that never saw the component.
+# The tests of installation have a Wine prefix of their own: a Windows that never contained the component.
 prefix=/root/.wine-package
 in_prefix() { wine_environment run env WINEPREFIX=$prefix "$@"; }
 
-# Makes the prefix once; afterwards gives it back its first registry and takes away what an interrupted run left.
+# Makes the prefix once; afterwards restores its first registry and deletes what an interrupted run left.
 fresh_prefix() {
   # shellcheck disable=SC2016  # the environment's own shell expands it
   in_prefix sh -ec '
@@ -227,8 +227,8 @@ fresh_prefix() {
     cp "$first"/*.reg "$WINEPREFIX"
     rm -rf "$WINEPREFIX/drive_c/Program Files/KodraRpt" "$WINEPREFIX"/drive_c/windows/Installer/*'
 }
-# Two packages of the same build, made in different folders, on different days and by users with different habits, must
-# be the same bytes.
+# Two packages of the same build, made in different folders, on different days and by users with different settings,
+# must be the same bytes.
 test_reproducible() {
   local other=build/package/again file
   mkdir -p "$other"
@@ -271,7 +271,7 @@ test_package() {
 test_unregistered_64() {
   local log=$PWD/$logs/test-package-64.log status=0
   ready_wine64
-  # An interrupted run of the other 64-bit tests leaves it registered.
+  # An interrupted run of the other 64-bit tests leaves the component registered.
   wine64 regsvr32 /s /u "$(windows_path build/win64)\\KodraRpt.dll" >"$log" 2>&1 || true
   KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version/x64 \
     wine64 build/win64/tests/kodra_test_package.exe '--gtest_filter=-*.TheScriptClient*' >"$log" 2>&1 </dev/null || status=$?

@@ -11,7 +11,7 @@ reference() {
   reference_pages docs/reference
 }
 
-# The pages that stand in docs/ must be those that are made now.
+# The pages in docs/ must equal those that are generated from the sources.
 test_reference() {
   local log=$PWD/$logs/reference.log
   rm -rf build/reference

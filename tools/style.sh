@@ -1,4 +1,4 @@
-# How the sources look and what clang-tidy says of them.
+# The format of the sources, and their check with clang-tidy.
 
 format() {
   git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format -i

@@ -6,7 +6,7 @@ passed=0
 failed=0
 
 # Counts the tests of a GoogleTest run from its output: count NAME LOG STATUS. A program that ends without its own
-# closing line has failed whatever it printed.
+# closing line has failed, whatever it printed.
 count() {
   local name=$1 log=$2 status=$3 ok bad
   ok=$(grep -c '^\[       OK \]' "$log" || true)
@@ -35,11 +35,11 @@ test_format() {
   fi
 }
 
-# Every group of tests has its line where people look for them.
+# Every group of tests is listed in the usage of ./kodra.
 test_group_lines() {
   local group missing=()
   for group in "${test_groups[@]}"; do
-    # The lines are read to their end: a reader that stops early would break the pipe of usage.
+    # All lines are read: a reader that stops early would break the pipe of usage.
     usage | grep -E "^ {23}$group +[a-zA-Z]" >/dev/null || missing+=("$group: ./kodra")
     grep -qF "| \`$group\` |" README.md || missing+=("$group: README.md")
   done
@@ -126,7 +126,7 @@ wine_tests() {
   as_root ../../testbed/wine/environment run wine ../../build/win32/tests/kodra_test_wine.exe
 }
 
-# The one password of all tests is in nothing that they print.
+# Nothing that the tests print contains their one password.
 check_secrecy() {
   step "segredo"
   local secret

@@ -22,10 +22,10 @@ test_win64() {
   export KODRA_BIN
   KODRA_BIN=$(windows_path build/win64)
   wine64 regsvr32 /s "$KODRA_BIN\\KodraRpt.dll" >"$log" 2>&1 || die "não foi possível registrar o componente (veja $log)"
-  # The one test left out opens a database.
+  # The excluded test opens a database.
   wine64 build/win64/tests/kodra_test_wine.exe --gtest_filter=-ReportObjects.AnArgumentGivenByNameReachesTheMethod \
     >"$log" 2>&1 </dev/null || status=$?
-  # Nothing of the component stays registered: other tests use it unregistered.
+  # The component must not stay registered: other tests use it unregistered.
   wine64 regsvr32 /s /u "$KODRA_BIN\\KodraRpt.dll" >>"$log" 2>&1 || die "não foi possível retirar o registro (veja $log)"
   tr -d '\r' <"$log" >"$log.txt"
   count win64 "$log.txt" "$status"

@@ -1,6 +1,6 @@
 # The Wine environment with the component registered, and the sample archive that runs in it.
 
-# The sample archive in SQLite: archive FILE DOCUMENTS. Made anew only when the tool that makes it is newer.
+# The sample archive in SQLite: archive FILE DOCUMENTS. It is made again only when the tool that makes it is newer.
 archive() {
   local file=$1 documents=$2
   [ "$file" -nt build/native/kodra-demo-data ] && return
@@ -11,7 +11,7 @@ archive() {
 
 windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; }
 
-# Registers the component and what it needs in Wine.
+# Registers the component and the DLLs that it needs in Wine.
 register() {
   local dll
   for dll in kodra_ado kodra_siblings KodraRpt; do
@@ -20,7 +20,7 @@ register() {
   done
 }
 
-# One run at a time may use the Wine environment.
+# Only one run at a time may use the Wine environment.
 lock_wine() {
   mkdir -p "$logs"
   as_root mkdir -p "$KODRA_CACHE"
@@ -34,7 +34,7 @@ with_wine() {
   register
 }
 
-# Runs a VBScript written in UTF-8, of one file or more: script FILE… -- ARGUMENT…. Wine reads scripts in the Windows
+# Runs a VBScript written in UTF-8, from one or more files: script FILE… -- ARGUMENT…. Wine reads scripts in the Windows
 # code page of Western Europe.
 script() {
   local files=()
@@ -45,5 +45,5 @@ script() {
   wine_environment run env LC_ALL="${script_locale:-C.UTF-8}" wine cscript //nologo build/demo/script.vbs "$@" 2>>"$logs/wine.log"
 }
 
-# The same as on a Brazilian Windows, whose console has code page 850, with what the script prints in UTF-8.
+# The same as on a Brazilian Windows, whose console has code page 850, with the script's output in UTF-8.
 brazilian_script() { script_locale=pt_BR.UTF-8 script "$@" | iconv -f CP850 -t UTF-8 | tr -d '\r'; }

@@ -1,4 +1,4 @@
-// The archives that the benchmarks read: sample archives, and one of registers that holds the rows of the datasets.
+// The archives that the benchmarks read: sample archives, and one of registers that contains the rows of the datasets.
 #include <sqlite3.h>
 
 #include <CLI/CLI.hpp>
@@ -18,7 +18,7 @@ void Execute(const std::string& path, const std::string& statements) {
     throw std::runtime_error(path + ": " + sqlite3_errmsg(opened));
 }
 
-// Makes a table hold `rows` rows, each a copy of one of its own under a key of its own.
+// Fills a table with `rows` rows, copies of its own rows, each under its own key.
 std::string Multiply(const std::string& table, const std::string& key, const std::string& rows) {
   return "CREATE TEMP TABLE COPIA AS WITH RECURSIVE N(I) AS (SELECT 0 UNION ALL SELECT I + 1 FROM N WHERE I + 1 < " +
          rows + ") SELECT T.* FROM N JOIN " + table + " T ON T.rowid = 1 + N.I % (SELECT COUNT(*) FROM " + table +
@@ -29,7 +29,7 @@ std::string Multiply(const std::string& table, const std::string& key, const std
          "DROP TABLE COPIA;";
 }
 
-// Ten departments, and as many operators, events and rows of some registers as are asked for.
+// Ten departments, and the requested number of operators, events and rows of some registers.
 std::string Registers(const std::string& rows) {
   return "PRAGMA synchronous=OFF;"
          "BEGIN;"

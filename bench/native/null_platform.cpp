@@ -18,7 +18,7 @@ class Pause {
   Watch& watch_;
 };
 
-// Starts the watch anew when a call ends after which a statement begins.
+// Starts the watch again at the end of a call after which a statement begins.
 class Fresh {
  public:
   explicit Fresh(Watch& watch) : watch_(watch) {}
@@ -30,7 +30,7 @@ class Fresh {
   Watch& watch_;
 };
 
-// Every sibling in one: each knows all members that a report asks for.
+// Every sibling in one: it has all members that a report uses.
 class Sibling final : public AutomationObject {
  public:
   explicit Sibling(NullPlatform& around) : around_(around) {}
@@ -60,7 +60,7 @@ class Sibling final : public AutomationObject {
   }
 
  private:
-  // Nobody owns it: letting it go costs nothing.
+  // Nobody owns it, so a reference costs nothing.
   ObjectRef Itself() { return {ObjectRef(), this}; }
 
   NullPlatform& around_;
@@ -79,7 +79,7 @@ class NullField final : public platform::Field {
   Watch& watch_;
 };
 
-// Has one row.
+// A recordset with one row.
 class NullRecordset final : public platform::Recordset {
  public:
   explicit NullRecordset(NullPlatform& around) : around_(around) {}
@@ -174,7 +174,7 @@ bool NullPlatform::IsFile(const std::wstring&) { return true; }
 
 }  // namespace kodra::bench
 
-// In place of the component's own openers, which the linker then leaves out: a statement that arrives here is built.
+// Replaces the component's own openers, which the linker then leaves out: a statement that arrives here is complete.
 namespace kodra::data {
 
 std::unique_ptr<platform::Recordset> AbreFirehoseRs(const platform::RecordsetSource& source, const std::wstring&,

@@ -1,9 +1,9 @@
 // A platform that answers at once and does nothing, and a stopwatch that runs only while the component itself works.
 //
 // Every call that the component makes to the platform or the client's parameter object stops the watch until it
-// returns, and a sibling from when it is made or told something until it answers. The watch starts anew when the
-// connection-type helper has told the database code, when a system parameter or a count was read, and when rows were
-// read or written: so what it shows when a statement arrives is the component's own time for that statement.
+// returns. A sibling stops it from the moment when it is made or assigned something until it answers. The watch
+// restarts when the connection component has returned the database code, when a system parameter or a count was read,
+// and when rows were read or written: its time when a statement arrives is the component's own time for that statement.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ class NullPlatform final : public platform::Surroundings {
  public:
   NullPlatform();
 
-  // The code that the connection-type helper tells.
+  // The code that the connection component returns.
   std::int32_t code = 0;
   Watch watch;
   // The seconds that the component took itself for each statement that has arrived.
@@ -39,7 +39,7 @@ class NullPlatform final : public platform::Surroundings {
   std::unique_ptr<AutomationObject> sibling_;
 };
 
-// The client's parameter object: gives its values with the watch stopped.
+// The client's parameter object: returns its values with the watch stopped.
 class ClientParameters final : public AutomationObject {
  public:
   ClientParameters(AutomationObject& values, Watch& watch) : values_(values), watch_(watch) {}

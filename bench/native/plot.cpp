@@ -1,5 +1,5 @@
-// Draws how the cost grows: reads crescimento.tsv and writes an SVG with a panel an axis, both scales logarithmic, the
-// component over the bare side.
+// Draws how the cost grows: reads crescimento.tsv and writes an SVG with one panel per axis, both scales logarithmic,
+// the component over the bare side.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr double kLastLabel = 16;  // what the last number reaches beyond its panel
+constexpr double kLastLabel = 16;  // the width that the last number needs beyond its panel
 constexpr double kPanel = 300;     // the width of a panel with its margins
-constexpr double kHeight = 300;    // of the whole
+constexpr double kHeight = 300;    // of the whole drawing
 constexpr double kLeft = 58;
 constexpr double kRight = 12;
 constexpr double kTop = 34;
@@ -37,7 +37,7 @@ Axes Read(const std::string& path) {
   return axes;
 }
 
-// A range in powers of ten, and where a value lies in it from 0 to 1.
+// A range in powers of ten. It maps a value in the range to a number from 0 to 1.
 struct Decades {
   double first;
   double last;

@@ -1,4 +1,4 @@
-// A stopwatch that is stopped and let go many times within some hundred nanoseconds.
+// A stopwatch that is stopped and started many times within some hundred nanoseconds.
 #pragma once
 
 #include "bench/measure.h"
@@ -12,7 +12,7 @@ class Watch {
     running_ = true;
     since_ = Clock::now();
   }
-  // Once it is stopped it stays so, whatever stops it again.
+  // Once stopped it stays stopped, however often it is stopped again.
   void Stop() {
     if (!running_) return;
     own_ += Clock::now() - since_;

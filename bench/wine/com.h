@@ -1,5 +1,5 @@
-// COM as a client in C++ uses it: early-bound, and by IDispatch where an object has nothing else. None of it is the
-// component's own code but the pointer.
+// COM as a client in C++ uses it: early-bound, and through IDispatch for objects that have nothing else. Only the smart
+// pointer is the component's own code.
 #pragma once
 
 #include <stdexcept>

@@ -45,7 +45,7 @@ Var Cut(Var value, UINT size) {
   return Var(std::wstring(value.raw().bstrVal, size));
 }
 
-// A null as the empty text.
+// The empty text for a null.
 Var OrEmpty(Var value) { return value.raw().vt == VT_NULL ? Var(std::wstring()) : std::move(value); }
 
 Var TimeOf(const VARIANT& moment) {
@@ -76,7 +76,7 @@ void FillEvent(Dataset& output, IDispatch* event) {
   output.Update();
 }
 
-// The events of the log, as KodraRegEvt.RegEvtDAO gives them.
+// The events of the log, as KodraRegEvt.RegEvtDAO returns them.
 Var FindEvents(const std::wstring& connectionString) {
   DatabaseCode(connectionString);
   const auto filter = Create<IDispatch>(L"KodraRegEvt.RegEvtFind");

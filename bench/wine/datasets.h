@@ -8,7 +8,7 @@
 
 namespace kodra::bench {
 
-// RelatorioLog without any filter: the dates of the zero day, every other text empty.
+// RelatorioLog without any filter: zero dates, every text empty.
 com_ptr<_Recordset> BareLog(const std::wstring& connectionString);
 
 // RelatorioOperadores; `prepared` and `statement` are what the component opens.

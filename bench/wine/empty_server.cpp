@@ -1,5 +1,5 @@
-// An in-process server with one class that does nothing: what loading a DLL and creating an object costs at least.
-// Compiled as the component is, and linked as such a server usually is: with all that the C++ library brings.
+// An in-process server with one class that does nothing: the least that loading a DLL and creating an object can cost.
+// It is compiled as the component is, and linked as such a server usually is, with the whole C++ library.
 #include "comkit/class_factory.h"
 
 using kodra::comkit::com_ptr;

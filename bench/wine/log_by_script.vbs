@@ -1,6 +1,6 @@
-' The event log as a client's author would fill it in a script, and the report that does the same, in turns.
-' Arguments: connection string, rounds, the file to write. Each of its lines has the seconds of the report and those of
-' the script; the first has how many rows each filled, and the sum of their texts' lengths.
+' The event log as a client's author would fill it in a script, and the report that does the same, by turns.
+' Arguments: connection string, rounds, the file to write. Its first line has the number of rows that each side filled
+' and the sum of their texts' lengths; each further line has the seconds of the report and those of the script.
 Option Explicit
 
 Const adVarChar = 200, adDBTimeStamp = 135

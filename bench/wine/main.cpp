@@ -1,7 +1,7 @@
 // The benchmarks that need the registered component. Run in Wine by ./kodra bench.
 //
-//   kodra-bench.exe FOLDER SIZE [NAME…]  FOLDER holds the archives and takes the results; SIZE is "full" or "small";
-//                                        with names only the benchmarks that begin with one
+//   kodra-bench.exe FOLDER SIZE [NAME…]  FOLDER contains the archives and receives the results; SIZE is "full" or
+//                                        "small"; with names it runs only the benchmarks that begin with one of them
 //   kodra-bench.exe FOLDER peak FILE     reads one archive through the component and prints its own peak of memory
 #include <algorithm>
 #include <cstring>
@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The driver runs outside Windows: it is given the path as the machine names it.
+// The driver runs outside Windows, so it needs the path in the machine's own form.
 std::wstring ConnectionTo(const fs::path& archive) {
   std::wstring path = archive.wstring();
   if (path.starts_with(L"Z:")) path.erase(0, 2);
@@ -65,8 +65,8 @@ class Bench {
                              std::to_string(rows) + ")");
   }
 
-  // small_report: RelatorioDeptos on ten departments, from the call to the end of the rows, against the connection-type
-  // helper and the same statement by the same ADO.
+  // small_report: RelatorioDeptos on ten departments, from the call to the end of the rows, against the connection
+  // component and the same statement by the same ADO.
   void SmallReport() {
     const std::wstring connection = ConnectionTo(size_.registers);
     const Caller<ICDeptoRpt> report(L"CDeptoRpt", &ICDeptoRpt::RelatorioDeptos, connection);
@@ -78,7 +78,7 @@ class Bench {
   }
 
   // streamed_rows: RelatorioSintetico over all documents, from the call to the end of the rows, against the same; both
-  // are open at once and read in turns.
+  // are open at once and are read by turns.
   void StreamedRows() {
     const std::wstring connection = ConnectionTo(size_.streamed);
     const Caller<ICDocumentoRpt> report(L"CDocumentoRpt", &ICDocumentoRpt::RelatorioSintetico, connection);
@@ -100,11 +100,11 @@ class Bench {
                    {Median(std::move(ours)), Median(std::move(theirs))});
   }
 
-  // streamed_memory: the peak of a process that reads all documents through RelatorioSintetico, less that of one that
-  // reads a thousand.
+  // streamed_memory: the peak of a process that reads all documents through RelatorioSintetico, less the peak of one
+  // that reads a thousand.
   void StreamedMemory() {
     const double more = Peak(size_.streamed) - Peak("acervo-1000.db");
-    // No less than a page: a difference of nothing is good, and still a figure.
+    // At least one page: no difference is a good result, but a figure of zero would not count as one.
     results_.Figure({.name = "streamed_memory", .unit = "MiB", .scale = 1.0 / 1024, .limit = 2}, std::max(more, 4.0));
   }
 
@@ -193,8 +193,8 @@ class Bench {
     results_.Figure({.name = "dll_size", .unit = "KB", .scale = 1e-3, .limit = 1000}, bytes);
   }
 
-  // load_and_create: loading the DLL, making an object of one class and letting both go, against an in-process server
-  // that has nothing but a class.
+  // load_and_create: loading the DLL, making an object of one class and releasing both, against an in-process server
+  // that has only one class.
   void LoadAndCreate() {
     CLSID id;
     Must(CLSIDFromProgID(L"KodraRpt.CDeptoRpt", &id), "CLSIDFromProgID");
@@ -219,7 +219,7 @@ class Bench {
                               Timed([&] { loaded(L"kodra_bench_empty.dll"); })));
   }
 
-  // How the cost grows with rows, columns and calls, each at four sizes: a line each in crescimento.tsv.
+  // How the cost grows with rows, columns and calls, each at four sizes: one line for each in crescimento.tsv.
   void Growth() {
     std::ofstream file(folder_ / "crescimento.tsv");
     file << "eixo\ttamanho\tcomponente\tdireto\n";
@@ -259,7 +259,7 @@ class Bench {
   Medians listed_;
 };
 
-// Reads one archive and writes the peak of this process to pico.txt, in KiB, as the machine around Wine counts it.
+// Reads one archive and writes the peak of this process in KiB, as the machine around Wine counts it, to pico.txt.
 void WritePeak(const fs::path& folder, const std::string& archive) {
   const std::wstring connection = ConnectionTo(folder / archive);
   ReadToEnd(Caller<ICDocumentoRpt>(L"CDocumentoRpt", &ICDocumentoRpt::RelatorioSintetico, connection).Rows().get());

@@ -7,7 +7,7 @@
 
 namespace kodra::bench {
 
-// A report and its parameter object, made once as a client does, and called again and again.
+// A report and its parameter object, made once as a client does, and called repeatedly.
 template <class Report>
 class Caller {
  public:
@@ -33,16 +33,16 @@ class Caller {
   Method method_;
 };
 
-// A program that does by itself what a report must do: it asks the connection-type helper for the database code and
-// opens the statement by ADO as the component does. What it sends is taken from rows of the component, so that both
-// sides ask the database for the same.
+// A program that does by itself what a report must do: it asks the connection component for the database code and opens
+// the statement by ADO as the component does. Its statement comes from rows of the component, so that both sides ask
+// the database for the same.
 class Bare {
  public:
-  // `connectionString` is the client's; the one that the connection is opened on and the statement are those of `rows`.
+  // `connectionString` is the client's; the opened connection string and the statement are those of `rows`.
   Bare(std::wstring connectionString, _Recordset* rows);
 
   com_ptr<_Recordset> Rows() const;
-  // The connection string as the connection is opened on it.
+  // The connection string with which the connection is opened.
   const std::wstring& Prepared() const { return prepared_; }
 
  private:
@@ -51,7 +51,7 @@ class Bare {
   std::wstring statement_;
 };
 
-// The helper's answer for a connection string.
+// The connection component's code for a connection string.
 long DatabaseCode(const std::wstring& connectionString);
 
 // Opens a statement as the component does: read once from start to end, a hundred rows at a time.

@@ -1,4 +1,4 @@
-// How much the benchmarks do: enough for figures that repeat, or as little as shows that each works.
+// How much the benchmarks do: enough for figures that repeat, or just enough to show that each works.
 #pragma once
 
 namespace kodra::bench {
@@ -11,8 +11,8 @@ struct Size {
   int operators;          // rounds of dataset_rows_operadores
   int scripts;            // rounds of script_peer
   const char* registers;  // the archive of these and of small_report
-  // Rounds of load_and_create. The empty server has the C++ library's threads in it: each time that it is loaded it
-  // takes one of the process's 1,088 thread-local slots and never gives it back.
+  // Rounds of load_and_create. The empty server contains the C++ library's threads: each time that it is loaded it
+  // takes one of the process's 1,088 thread-local slots and never frees it.
   int loads;
 };
 inline constexpr Size kFull = {2000, 4, "acervo-1000000.db", 31, 5, 5, "registros-20000.db", 400};

@@ -1,4 +1,4 @@
-// Two recordsets read in turns, so that what else the machine does, however short it is, falls on both alike.
+// Two recordsets read by turns, so that whatever else the machine does, however briefly, affects both alike.
 #pragma once
 
 #include <optional>
@@ -9,13 +9,13 @@
 
 namespace kodra::bench {
 
-// One side: the call that gives its rows and the reading of these, a piece at a time. Only its own pieces count.
+// One side: the call that returns its rows and the reading of these, one piece at a time. Only its own pieces count.
 template <class Open>
 class Stream {
  public:
   explicit Stream(Open open) : open_(std::move(open)) {}
 
-  // The first turn makes the call; the one that comes to the end of the rows lets the recordset go.
+  // The first turn makes the call; the one that reaches the end of the rows releases the recordset.
   void Turn(long rows) {
     if (ended_) return;
     const Clock::time_point start = Clock::now();
@@ -40,7 +40,7 @@ class Stream {
   bool ended_ = false;
 };
 
-// Reads both to their ends in turns of some milliseconds; each turn begins with the other side.
+// Reads both to their ends by turns of some milliseconds; each turn begins with the other side.
 template <class First, class Second>
 void ReadInTurns(First& first, Second& second) {
   constexpr long kRows = 2000;

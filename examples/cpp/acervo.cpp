@@ -5,7 +5,7 @@
 // Compile para 32 bits, porque o componente é de 32 bits:
 //   cl /EHsc /std:c++17 /utf-8 acervo.cpp ole32.lib oleaut32.lib
 //   i686-w64-mingw32-g++ -std=c++17 -municode -static acervo.cpp -lole32 -loleaut32 -luuid -o acervo.exe
-// Só usa IDispatch, que todo compilador conhece; com o Visual C++, #import "KodraRpt.dll" dá classes prontas.
+// Só usa IDispatch, que todo compilador conhece; com o Visual C++, #import "KodraRpt.dll" gera classes prontas.
 // Os testes executam este exemplo no Wine.
 #include <windows.h>
 
@@ -21,7 +21,7 @@ struct Falha {
   std::wstring descricao;
 };
 
-// Um objeto de automação, solto quando a variável acaba. Cada membro é chamado pelo nome.
+// Um objeto de automação, liberado quando a variável deixa de existir. Cada membro é chamado pelo nome.
 class Objeto {
  public:
   explicit Objeto(const wchar_t* classe) {
@@ -36,7 +36,7 @@ class Objeto {
   _variant_t Le(const wchar_t* propriedade) const { return Invoca(propriedade, DISPATCH_PROPERTYGET, nullptr); }
   void Define(const wchar_t* propriedade, _variant_t valor) { Invoca(propriedade, DISPATCH_PROPERTYPUT, &valor); }
   void Chama(const wchar_t* metodo) { Invoca(metodo, DISPATCH_METHOD, nullptr); }
-  // Um membro que dá outro objeto.
+  // Um membro que devolve outro objeto.
   Objeto Obtem(const wchar_t* propriedade) const { return Objeto(Le(propriedade)); }
   Objeto Obtem(const wchar_t* membro, _variant_t argumento) const {
     return Objeto(Invoca(membro, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &argumento));
@@ -100,7 +100,7 @@ void ListaDepartamentos(const wchar_t* conexao) {
   Objeto linhas = relatorio.Obtem(L"RelatorioDeptos", Objeto(L"KodraRpt.CDeptoRptObj"));
   Escreve(L"Departamentos:");
   for (; !bool(linhas.Le(L"EOF")); linhas.Chama(L"MoveNext")) Escreve(L"  " + Campo(linhas, L"DESCR_DEPTO"));
-  // O Recordset segura a conexão com o banco: feche-o assim que terminar.
+  // O Recordset mantém aberta a conexão com o banco: feche-o assim que terminar.
   linhas.Chama(L"Close");
 }
 

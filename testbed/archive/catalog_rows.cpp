@@ -1,4 +1,4 @@
-// The registers: what the catalog reports list.
+// The registers that the catalog reports list.
 #include "testbed/archive/generator.h"
 #include "testbed/archive/random.h"
 #include "testbed/archive/vocabulary.h"
@@ -47,7 +47,7 @@ std::int64_t Generator::Count<Parametro>() const {
 }
 template <>
 Parametro Generator::Row(std::int64_t row) const {
-  // A second row, that of another installation, must never be read.
+  // A second row, that of another installation, which must never be read.
   if (row == 1) return {L"2", L"Outra Instalação", L"Fundo", L"Seção", L"Dossiê", L"Dossiês", 1, 1, L"N", L"S", 1};
   return {L"1",     L"Memória & Arquivo – Guarda de Documentos Ltda.",
           L"Grupo", L"Subgrupo",
@@ -130,7 +130,7 @@ std::int64_t Generator::Count<Modelo>() const {
 }
 template <>
 Modelo Generator::Row(std::int64_t row) const {
-  // The codes are typed by people: capitals and small letters come mixed.
+  // The codes are typed by people: they mix capitals and small letters.
   static const wchar_t* const kPrefixes[] = {L"Padrao-", L"MODELO-", L"mod-", L"ÍNDICE-"};
   const SeriesEntry& entry = At(SeriesOfOneSite(), row);
   Random random(1, row);
@@ -164,7 +164,7 @@ std::int64_t Generator::Count<TipoMidia>() const {
 }
 template <>
 TipoMidia Generator::Row(std::int64_t row) const {
-  // Some long past their term whatever the day, some valid for generations, one without a term.
+  // Some types have media that are past their term on any day, some have media valid for generations, one has no term.
   static const MediaType kTypes[] = {
       {L"CD-R 80 minutos", 5, 700},     {L"DVD-R", 3, 4700},       {L"Disco de longa duração", 100, 25000},
       {L"Disquete 3½ polegadas", 1, 1}, {L"Fita LTO", 80, 800000}, {L"Cartão de memória", {}, {}}};

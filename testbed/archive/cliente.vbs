@@ -1,8 +1,8 @@
-' What the archive's front end does, for every report: creates the report class and its parameter object by ProgID, sets
-' the connection string and the filters, calls the method and reads the recordset to its end.
+' Does what the archive's front end does, for every report: creates the report class and its parameter object by ProgID,
+' sets the connection string and the filters, calls the method and reads the recordset to its end.
 '
-' cliente.vbs CONNECTION OUTPUT LOG: prints into the file OUTPUT (UTF-16), has the module reports write the log file LOG,
-' and ends with 1 when something came other than it should. tabela.vbs belongs behind it.
+' cliente.vbs CONNECTION OUTPUT LOG: prints into the file OUTPUT (UTF-16), lets the module reports write the log file
+' LOG, and ends with 1 when a result differs from the expected one. tabela.vbs must be appended to it.
 Option Explicit
 
 Dim connection, output, logPath, report, parameters, rows, reason, listener, link, announced
@@ -17,7 +17,7 @@ rowTotal = 0
 refusals = 0
 surprises = 0
 
-' What the user of the front end would choose from the archive.
+' The choices that the user of the front end would make from the archive.
 Dim firstDay, lastDay, department, request, module, subordinate, closedParent, container, subgroup
 firstDay = DateSerial(2010, 7, 1)
 lastDay = DateSerial(2010, 12, 31)
@@ -29,7 +29,7 @@ subordinate = closedParent & "01"
 container = FirstValue("SELECT MIN(CONTAINER) FROM CAIXA WHERE DATA_VENCIMENTO IS NOT NULL")
 subgroup = FirstValue("SELECT MIN(COD_GRUPO) FROM DOCUMENTO WHERE COD_ASSUNTO IS NOT NULL")
 
-' Each report: its objects, the call, and what came of it.
+' Each report: its objects, the call, and its result.
 On Error Resume Next
 ' Catalogs.
 Prepare "Mídias", "CCDRpt"
@@ -279,7 +279,7 @@ Function FirstValue(statement)
   cn.Close
 End Function
 
-' Makes the report object and its parameter object. A sub-report goes on with the object of its report.
+' Makes the report object and its parameter object. A sub-report continues with the object of its report.
 Sub Prepare(title, className)
   Err.Clear
   calls = calls + 1
@@ -300,12 +300,12 @@ Sub ListenToLog()
   link.Conecta report, listener
 End Sub
 
-' Why a report gives nothing on SQLite, where the client gets what the database makes of the statement.
+' Why a report returns no rows on SQLite, where the client gets what the database makes of the statement.
 Sub OnSQLite(text)
   If InStr(1, connection, "SQLite", 1) > 0 Then reason = text
 End Sub
 
-' Prints the rows that the call gave, or the error that it raised.
+' Prints the rows that the call returned, or the error that it raised.
 Sub Show()
   Dim count
   count = 0
@@ -337,7 +337,7 @@ Sub ShowFailure()
   Line "   descrição: " & Err.Description
 End Sub
 
-' The log file has a line for each one that was announced.
+' The log file has one line for each announced line.
 Sub ShowLog()
   Dim lines
   lines = LogLines()

@@ -1,4 +1,4 @@
-// Documents, the requests to withdraw them, and the log of what was done.
+// Documents, the requests to withdraw them, and the event log.
 #include <algorithm>
 
 #include "testbed/archive/generator.h"
@@ -38,7 +38,7 @@ Moment BusinessHour(Day day, Random& random) {
   return day + hours(random.Between(8, 17)) + minutes(random.Below(60)) + seconds(random.Below(60));
 }
 
-// Midnight for those whose source had no time, the day's very last second for some.
+// Midnight for documents whose source had no time, the very last second of the day for some.
 Moment StorageMoment(Day day, std::int64_t row, Random& random) {
   if (row % 3 == 0) return day;
   if (row % 50 == 1) return day + hours(23) + minutes(59) + seconds(59);
@@ -101,7 +101,7 @@ Documento Generator::Row(std::int64_t row) const {
     document.codGrupo = SubgroupCode(entry.subgroup);
     document.codIndexador = OperatorCode(random.Below(Operators()));
     document.dataIndexacao = row % 4 == 0 ? Moment(day) : BusinessHour(day + days(random.Below(21)), random);
-    // Some are classified no further than their subgroup.
+    // Some are classified only as far as their subgroup.
     if (row % 64 != 13) {
       document.codAssunto = SeriesCode(series);
       if (row % 9 != 0) document.dtVenc = AddYears(day, entry.retentionYears);
@@ -124,7 +124,7 @@ Documento Generator::Row(std::int64_t row) const {
   return document;
 }
 
-// A block of four rows holds a request for one document and a request for three.
+// A block of four rows contains a request for one document and a request for three.
 template <>
 std::int64_t Generator::Count<Solicitacao>() const {
   return documents_ == 0 ? 0 : std::max<std::int64_t>(10, documents_ / 400) * 4;
@@ -137,13 +137,13 @@ Solicitacao Generator::Row(std::int64_t row) const {
   const std::int64_t place = row % 4;
   const std::int64_t number = block * 2 + (place == 0 ? 1 : 2);
   const auto request = static_cast<std::uint64_t>(number);
-  Random random(7, number);  // the rows of a request differ in their document only
+  Random random(7, number);  // the rows of a request differ only in their document
 
   Solicitacao withdrawal;
   withdrawal.codSolicit = number;
   withdrawal.codDocto = *DocumentCode((block * 37 + place) % documents_);
   withdrawal.codOperador = OperatorCode(static_cast<std::int64_t>(request * 3) % Operators());
-  // Modes go over the requests for one and for three alike: each pair of requests takes the next two.
+  // Requests for one and for three documents take the same modes: each pair of requests takes the next two.
   if (const wchar_t* mode = InTurn(kModes, block + (place == 0 ? 0 : 3)); mode != nullptr) withdrawal.devolvido = mode;
   if (const wchar_t* remark = InTurn(kRemarks, number); remark != nullptr) withdrawal.obsSolicit = remark;
   const Day day = Day(std::chrono::year(2022) / 1 / 3) + days(random.Below(700));
@@ -178,7 +178,7 @@ Evento Generator::Row(std::int64_t row) const {
     event.codDocto = DocumentCode(random.Below(documents_));
     *event.acao += L" " + *event.codDocto;
   }
-  // Texts at the limits of what a report's fields hold.
+  // Texts at the limits of a report's fields.
   if (row == 7) event.nomeOperador = Text(260, L'é');
   if (row == 8) event.maquina = Text(255, L'M');
   if (row == 9) event.acao = Text(250, L'ç');

@@ -9,7 +9,7 @@ namespace kodra::testbed {
 namespace {
 
 constexpr Day kFirstDay = std::chrono::year(2010) / 1 / 4;
-constexpr std::int64_t kDaysOfStorage = 4378;  // to the end of 2021: what falls due soon after is long past
+constexpr std::int64_t kDaysOfStorage = 4378;  // to the end of 2021: whatever falls due soon after that is long overdue
 
 }  // namespace
 
@@ -63,7 +63,7 @@ Text PersonName(std::int64_t row) {
   const auto number = static_cast<std::size_t>(row);
   const auto firstNames = FirstNames();
   const auto surnames = Surnames();
-  // The turn of surnames shifts with every round of first names, so that no pair comes twice.
+  // The surnames shift with every round of first names, so that no pair occurs twice.
   const std::size_t surname = number * 7 + number / firstNames.size();
   return Text(firstNames[number % firstNames.size()]) + L" " + Text(surnames[surname % surnames.size()]);
 }

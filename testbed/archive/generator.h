@@ -1,12 +1,13 @@
-// Makes the rows of the sample archive, each alone: a row depends on the archive's size, its table and its number only.
+// Makes the rows of the sample archive, each on its own: a row depends only on the archive's size, its table and its
+// number.
 //
 //   const Generator generator({.documents = 1000000});
 //   for (std::int64_t i = 0; i < generator.Count<Documento>(); ++i) Write(generator.Row<Documento>(i));
 //
-// So an archive of any size is streamed in constant memory, and the same size gives the same rows on every machine.
-// Besides ordinary rows every table holds the kinds that reports treat apart (a deleted operator, a series without an
-// owner, a document not yet indexed, ...); from 64 documents on, all of them are there. They are laid out by row
-// number, where the row functions say so. A Generator is immutable and may be shared by threads.
+// So an archive of any size is streamed in constant memory, and the same size produces the same rows on every machine.
+// Besides ordinary rows every table contains the kinds that reports treat differently (a deleted operator, a series
+// without an owner, a document not yet indexed, ...); from 64 documents on, all of them exist. The row number decides
+// the kind, as the row functions say. A Generator is immutable and may be shared by threads.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +18,7 @@
 namespace kodra::testbed {
 
 struct Size {
-  std::int64_t documents = 1000;  // 0 or more; the other tables follow
+  std::int64_t documents = 1000;  // 0 or more; the sizes of the other tables depend on it
 };
 
 class Generator {
@@ -35,7 +36,7 @@ class Generator {
   std::int64_t ModuleOfDocument(std::int64_t document) const { return 1 + document / documentsPerModule_; }
   std::int64_t CdOfDocument(std::int64_t document) const { return document / documentsPerCd_; }
   MaybeText DocumentCode(std::int64_t document) const;  // null past the last document
-  // The day on which a document is stored: they spread evenly over the archive's twelve years.
+  // The day on which a document is stored: the documents spread evenly over the archive's twelve years.
   Day StorageDay(std::int64_t document) const;
   std::int64_t Operators() const { return operators_; }
 
@@ -62,8 +63,8 @@ inline constexpr std::int64_t kOperatorGroups = 5;
 
 // Texts made of the vocabulary.
 Text Padded(std::int64_t number, int digits);
-Text PersonName(std::int64_t row);          // one of 1480 different names
-Text AsLogin(std::wstring_view name);       // "João D'Ávila" gives "joao.davila"
+Text PersonName(std::int64_t row);          // "João D'Ávila" becomes "joao.davila"
+Text AsLogin(std::wstring_view name);       // "João D'Ávila" returns "joao.davila"
 Text BrazilianDate(Day day);                // "31/05/2024"
 Day AddYears(Day day, std::int64_t years);  // 29 February becomes 28 where the year has none
 

@@ -1,4 +1,4 @@
-// kodra-demo-data: writes the sample archive in the size asked for.
+// kodra-demo-data: writes the sample archive in the requested size.
 #include <CLI/CLI.hpp>
 #include <fstream>
 #include <iostream>

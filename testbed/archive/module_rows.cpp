@@ -1,4 +1,4 @@
-// Storage modules, their subordinate modules and the containers that they stand in.
+// Storage modules, their subordinate modules and the containers in which the modules are kept.
 #include <algorithm>
 
 #include "testbed/archive/generator.h"
@@ -8,7 +8,7 @@
 namespace kodra::testbed {
 namespace {
 
-// How long a module keeps its papers, in turn over the modules and over the subordinate modules.
+// How long a module keeps its papers. The modules take these in turn, and so do the subordinate modules.
 struct Retention {
   const wchar_t* kind;  // TIPO_GUARDA; null is a null
   MaybeNumber years;    // null: no due date
@@ -20,9 +20,9 @@ constexpr Retention kRetentions[] = {
     {L"D", {}, true},     // due since it was closed
     {L"D", {}, false},    // still open
     {L"E", 1, true},      // discarded
-    {L"P", {}, true},     // kept for good
-    {L"T", {}, false},    // a term that has not begun
-    {nullptr, {}, false}  // nobody has said
+    {L"P", {}, true},     // kept for ever
+    {L"T", {}, false},    // its term has not begun
+    {nullptr, {}, false}  // nobody has decided
 };
 
 constexpr std::int64_t kSubordinatesPerParent = 3;
@@ -32,7 +32,7 @@ std::int64_t ParentRow(std::int64_t subordinate) { return 1 + 3 * (subordinate /
 bool HasDueDate(std::int64_t module) {
   const Retention& retention = InTurn(kRetentions, module);
   const bool discarded = &retention == &kRetentions[4];
-  const bool dated = !discarded || module / 8 % 2 == 0;  // every second discarded module has lost its date
+  const bool dated = !discarded || module / 8 % 2 == 0;  // every second discarded module has no date
   return retention.years.has_value() && dated;
 }
 
@@ -59,7 +59,7 @@ Caixa Generator::Row(std::int64_t row) const {
   module.numCaixa = ModuleCode(row);
   module.codTipoCx = std::to_wstring(row % 5);
   if (row == 0) {
-    // What waits for a module; it would be due if it were one.
+    // The documents that wait for a module; the row would be due if it were one.
     module.descCaixa = L"Documentos sem módulo de guarda";
     module.tipoGuarda = L"T";
     module.anosVencimento = 1;
@@ -103,7 +103,7 @@ Caixa Generator::Row(std::int64_t row) const {
       module.coordY = Padded(row / 20 % 40 + 1, 2);
       module.coordZ = std::to_wstring(row % 7 + 1);
   }
-  // The first container holds undated modules only, the last one none.
+  // The first container has only undated modules, the last one none.
   if (row % 7 != 3) {
     const bool inFirst = !HasDueDate(row) && row % 2 == 0;
     module.container = ContainerCode(inFirst ? 0 : 1 + row % (containers_ - 2));
@@ -121,7 +121,7 @@ CaixaSubordinada Generator::Row(std::int64_t row) const {
   const std::int64_t parent = ParentRow(row);
   const std::int64_t parentTurn = row / kSubordinatesPerParent;
   const std::int64_t place = row % kSubordinatesPerParent;
-  // Every fourth parent has only open subordinates; every second one has lost its first eight.
+  // Every fourth parent has only open subordinates; every second one lacks its first eight.
   const bool open = parentTurn % 4 == 3;
   const Retention& retention = open ? kRetentions[3] : InTurn(kRetentions, row);
   const std::int64_t share = std::max<std::int64_t>(1, documentsPerModule_ / kSubordinatesPerParent);

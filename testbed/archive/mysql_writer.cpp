@@ -7,7 +7,7 @@
 namespace kodra::testbed {
 namespace {
 
-// Far below the servers' smallest max_allowed_packet, and long enough that statements cost nothing.
+// Far below the servers' smallest max_allowed_packet, and long enough that the number of statements does not matter.
 constexpr std::size_t kLongestStatement = 256UL * 1024;
 
 void AppendQuoted(std::wstring_view text, std::string& out) {
@@ -69,7 +69,7 @@ void Fill(std::ostream& script, const Generator& generator) {
 
 void WriteMySql(std::ostream& script, Size size) {
   const Generator generator(size);
-  // Strict, so that a value that does not fit its column stops the load instead of being cut.
+  // Strict, so that a value that does not fit its column stops the load instead of being truncated.
   script << "SET NAMES utf8mb4;\nSET SESSION sql_mode='STRICT_ALL_TABLES';\nSTART TRANSACTION;\n";
   ForEachRecordType([&]<class Record>() { Fill<Record>(script, generator); });
   script << "COMMIT;\n" << std::flush;

@@ -1,6 +1,6 @@
-// A small source of numbers for one row: the same on every machine, and made in no time.
+// A small source of numbers for one row: fast, and the same on every machine.
 //
-// A row's numbers depend on the archive's seed, its table and its row number only, so any row can be made alone.
+// A row's numbers depend only on the archive's seed, its table and its row number, so any row can be made on its own.
 #pragma once
 
 #include <cstddef>

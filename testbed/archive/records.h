@@ -1,4 +1,4 @@
-// The rows of the sample archive, one plain structure per table; a member holds the column of its name.
+// The rows of the sample archive, one plain structure per table; each member holds the column of the same name.
 //
 // A member that is std::optional is a column that may be null; an empty text is an empty text, not a null.
 // Codes are texts, as the reports compare them; dates have no time zone.
@@ -117,7 +117,7 @@ struct TipoCaixa {
 };
 
 struct Caixa {    // a storage module
-  Text numCaixa;  // 5 characters; 'AA000' holds what has no module yet
+  Text numCaixa;  // 5 characters; 'AA000' holds the documents without a module
   MaybeText descCaixa, obsCaixa, docInicial, docFinal;
   MaybeDay dataVencimento;
   MaybeDay dataFechamento;  // null while the module is open

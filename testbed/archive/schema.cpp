@@ -10,7 +10,7 @@ std::wstring TypeName(const Column& column, Engine engine) {
     case ColumnType::kText:
       return L"VARCHAR(" + std::to_wstring(column.length) + L")";
     case ColumnType::kLongText:
-      // The longest that all engines of the standard take.
+      // The longest that all engines of the standard accept.
       return engine == Engine::kStandard ? L"VARCHAR(32000)" : L"TEXT";
     case ColumnType::kInteger:
       return engine == Engine::kMySql ? L"INT" : L"INTEGER";

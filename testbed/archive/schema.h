@@ -1,7 +1,7 @@
-// The tables of the sample archive: their columns, said once, and the DDL of each engine made from it.
+// The tables of the sample archive: their columns, stated once, and the DDL that each engine needs for them.
 //
-// A table's columns tie a name and a type to the member of its record, so that the DDL, the writers and the records
-// cannot disagree. The order of columns is the order of the cells of a row.
+// A table's columns connect a name and a type with the member of its record, so that the DDL, the writers and the
+// records cannot disagree. The order of columns is the order of the cells of a row.
 #pragma once
 
 #include <cstdint>
@@ -21,17 +21,17 @@ enum class ColumnType { kText, kLongText, kInteger, kDate, kMoment };
 struct Column {
   std::wstring_view name;
   ColumnType type = ColumnType::kText;
-  int length = 0;  // characters, of a kText
+  int length = 0;  // characters, for a kText
 };
 
 struct TableShape {
   std::wstring_view name;
-  std::size_t keyColumns = 0;  // the first so many columns are the primary key
+  std::size_t keyColumns = 0;  // the number of leading columns that are the primary key
   std::vector<Column> columns;
   std::vector<std::wstring_view> indexed;  // columns with an index of their own
 };
 
-// A value of a row on its way to a writer; a text stays the record's. std::monostate is a null.
+// A value of a row for a writer; its text belongs to the record. std::monostate is a null.
 using Cell = std::variant<std::monostate, std::int64_t, std::wstring_view, Day, Moment>;
 
 template <class Record>
@@ -66,14 +66,14 @@ void ForEachRecordType(Visitor&& visitor) {
 // The shapes of all tables, in order.
 std::vector<TableShape> AllShapes();
 
-// kStandard stands for the engines that know the standard's types.
+// kStandard is for the engines that know the standard's types.
 enum class Engine { kSqlite, kMySql, kStandard };
 
 // The statement that creates a table, without the closing semicolon.
 std::wstring CreateTable(const TableShape& table, Engine engine);
 // The statements that index its columns.
 std::vector<std::wstring> CreateIndexes(const TableShape& table);
-// Its name and columns as an INSERT takes them: CD (NUM_CD, DOC_INICIAL, ...).
+// Its name and columns, as an INSERT names them: CD (NUM_CD, DOC_INICIAL, ...).
 std::wstring InsertTarget(const TableShape& table);
 
 // "2024-05-31", and "2024-05-31 08:30:00".

@@ -87,7 +87,7 @@ void WriteSqlite(const std::string& path, Size size) {
   std::filesystem::remove(unfinished);
   try {
     const Database database = OpenDatabase(unfinished);
-    // Nobody reads the file before it is complete, and an unfinished one is thrown away: nothing to roll back to.
+    // Nobody reads the file before it is complete, and an unfinished one is deleted, so no rollback is needed.
     Execute(database.get(), "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; BEGIN");
     ForEachRecordType([&]<class Record>() { Fill<Record>(database.get(), generator); });
     Execute(database.get(), "COMMIT");

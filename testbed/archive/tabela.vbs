@@ -8,7 +8,7 @@ Sub Line(text)
   output.Write text & vbCrLf
 End Sub
 
-' Reads a recordset to its end and prints its first rows; gives the number of rows.
+' Reads a recordset to its end and prints its first rows; returns the number of rows.
 Function PrintRows(rows)
   Dim cells, names, count, i
   names = FieldNames(rows)
@@ -57,7 +57,7 @@ Function CellText(value)
   If Len(CellText) > CELL_WIDTH Then CellText = Left(CellText, CELL_WIDTH - 1) & "…"
 End Function
 
-' Prints a row a line; a table wider than the page is turned on its side, a column a line.
+' Prints one line per row; a table wider than the page is transposed, with one line per column.
 Sub PrintTable(cells, count)
   Dim r, c, turned
   If TableWidth(cells, count, UBound(cells, 2)) <= PAGE_WIDTH Then

@@ -1,4 +1,4 @@
-// The words that the sample archive is made of: Brazilian places and people, an enterprise's papers.
+// The words of the sample archive: Brazilian places and people, an enterprise's papers.
 #pragma once
 
 #include <array>
@@ -20,7 +20,7 @@ std::span<const std::wstring_view> Streets();
 std::span<const std::wstring_view> Companies();
 std::span<const std::wstring_view> Departments();
 
-// What a series' index key holds, so that documents get fitting values.
+// The kind of a series' index key, so that documents get suitable values.
 enum class KeyKind { kAbsent, kBlank, kNumber, kPerson, kCompany, kDate, kCity, kMoney };
 
 struct KeyEntry {  // kAbsent has a null caption, kBlank an empty one

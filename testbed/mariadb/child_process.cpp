@@ -12,7 +12,7 @@
 namespace kodra::testbed {
 namespace {
 
-// After fork, in the new process: only what may be called there.
+// After fork, in the new process: calls only what may be called there.
 [[noreturn]] void Run(const ChildProcess& child, char* const* arguments, pid_t parent) {
   prctl(PR_SET_PDEATHSIG, child.background ? SIGKILL : SIGTERM);
   if (getppid() != parent) _exit(127);

@@ -3,7 +3,7 @@
 //   kodra-mariadb acervo.sql -- ./relatorios --verbose
 //
 // The command finds the ODBC connection string of the database in the environment variable KODRA_MYSQL. The program
-// ends with the command's exit code; the server is gone by then. An interruption is the command's to answer.
+// stops the server and ends with the command's exit code. An interruption is left to the command.
 #include <signal.h>
 
 #include <CLI/CLI.hpp>
@@ -21,14 +21,14 @@ namespace {
 using kodra::testbed::MariaDbServer;
 
 constexpr wchar_t kDatabase[] = L"arquivo";
-constexpr int kFailed = 125;  // what went wrong is ours, not the command's
+constexpr int kFailed = 125;  // the failure is ours, not the command's
 
 std::atomic<int> interruptedBy{0};
 std::atomic<pid_t> running{0};
 
 void OnInterruption(int signal, siginfo_t* info, void*) {
   interruptedBy = signal;
-  // A key pressed at the terminal reaches the command by itself; what another process sends, we pass on.
+  // A key pressed at the terminal reaches the command by itself; a signal from another process is passed on here.
   const pid_t command = running;
   if (command != 0 && info->si_code <= 0) kill(command, signal);
 }
@@ -43,7 +43,7 @@ void AnswerInterruptions() {
 int RunCommand(const std::vector<std::string>& command, const MariaDbServer& server) {
   const std::string connection = std::filesystem::path(server.ConnectionString(kDatabase)).string();
   setenv("KODRA_MYSQL", connection.c_str(), 1);
-  // Nothing interrupts between the last look and the moment when there is a command to pass it on to.
+  // No signal may come between the check and the moment when there is a command to pass it on to.
   sigset_t all;
   sigset_t before;
   sigfillset(&all);
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
   app.footer("Uso: kodra-mariadb SCRIPT.sql -- COMANDO [ARGUMENTO]...");
   std::string script;
   app.add_option("script", script, "Script SQL que cria e enche o banco")->required()->check(CLI::ExistingFile);
-  // Everything after the first "--" is the command's, whatever it looks like.
+  // Everything after the first "--" belongs to the command, whatever it looks like.
   char** const end = argv + argc;
   char** const separator = std::find(argv, end, std::string_view("--"));
   CLI11_PARSE(app, static_cast<int>(separator - argv), argv);

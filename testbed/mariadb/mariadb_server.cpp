@@ -25,7 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::wstring_view kUser = L"arquivo";
-// No test may print it: the test runs look for it in their logs.
+// No test may print it: the test runs search their logs for it.
 constexpr std::wstring_view kPassword = L"NuncaMostrada";
 
 std::string Contents(const fs::path& path) {
@@ -34,7 +34,7 @@ std::string Contents(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// std::filesystem is the standard library's way from UTF-8 to wide text.
+// The standard library converts UTF-8 to wide text through std::filesystem.
 std::wstring Wide(const std::string& utf8) { return fs::path(utf8).wstring(); }
 std::string Utf8(std::wstring_view text) { return fs::path(text).string(); }
 
@@ -43,7 +43,7 @@ std::string Program(const char* path, const char* package) {
   return path;
 }
 
-// The name under which the driver manager knows MariaDB's driver.
+// The name of MariaDB's driver in the driver manager.
 std::wstring DriverName() {
   std::istringstream known(fs::exists("/etc/odbcinst.ini") ? Contents("/etc/odbcinst.ini") : "");
   for (std::string line; std::getline(known, line);) {
@@ -77,7 +77,7 @@ bool Answers(std::uint16_t port) {
   return answers;
 }
 
-// The client's last complaint: before it the client repeats the statement, which may be long.
+// The client program's last message: before it the program repeats the statement, which may be long.
 std::string Complaint(const std::string& output) {
   const std::size_t last = output.rfind("ERROR ");
   const std::size_t first = last == std::string::npos ? 0 : last;
@@ -88,7 +88,7 @@ std::vector<std::string> ServerCommand(const std::string& folder) {
   std::vector<std::string> command{Program("/usr/sbin/mariadbd", "mariadb-server-core"), "--no-defaults",
                                    "--datadir=" + folder + "/data", "--innodb-buffer-pool-size=128M",
                                    "--innodb-log-file-size=64M", "--innodb-flush-log-at-trx-commit=0",
-                                   // Its days are UTC's, as SQLite's are.
+                                   // The server's dates are UTC, as SQLite's are.
                                    "--default-time-zone=+00:00"};
   if (geteuid() == 0) command.emplace_back("--user=root");
   return command;
@@ -111,8 +111,8 @@ MariaDbServer::MariaDbServer() : driver_(DriverName()) {
 
 MariaDbServer::~MariaDbServer() { Stop(); }
 
-// What mariadb-install-db does, without the client programs it needs: the server reads statements, one a line at
-// least, from its input and ends.
+// What mariadb-install-db does, without the client programs that it needs: the server reads statements from its input,
+// at least one per line, and ends.
 void MariaDbServer::MakeSystemTables() const {
   fs::create_directory(folder_ + "/data");
   std::ofstream script(folder_ + "/system.sql");
@@ -135,7 +135,7 @@ void MariaDbServer::MakeSystemTables() const {
 }
 
 void MariaDbServer::Start() {
-  // Another program may take the port between the look and the start.
+  // Another program may take the port between the check and the start.
   for (int attempt = 0; attempt < 3; ++attempt) {
     port_ = FreePort();
     std::vector<std::string> command = ServerCommand(folder_);
@@ -169,7 +169,7 @@ bool MariaDbServer::WaitUntilItAnswers() const {
 
 void MariaDbServer::Stop() noexcept {
   if (process_ > 0) {
-    // Its data go with it: there is nothing to put in order.
+    // Its data are deleted with it, so it needs no orderly end.
     kill(process_, SIGKILL);
     while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
   }

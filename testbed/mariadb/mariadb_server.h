@@ -1,13 +1,13 @@
-// A MariaDB server of this program's own: on 127.0.0.1 and a free port, with its data in a temporary folder. The
-// server ends with the object, and at the latest with this program, whichever way it ends.
+// A private MariaDB server: on 127.0.0.1 and a free port, with its data in a temporary folder. The server ends with the
+// object, and at the latest with this program, whichever way it ends.
 //
 //   MariaDbServer server;
 //   server.CreateDatabase(L"arquivo");
 //   server.RunScript(L"arquivo", "/path/to/schema.sql");
 //   connection.SetConnectionString(server.ConnectionString(L"arquivo"));
 //
-// Needs Debian's packages mariadb-server-core (the server alone: its system tables are made from the SQL files it
-// comes with), mariadb-client-core and odbc-mariadb. What is missing raises std::runtime_error with what to install.
+// Needs Debian's packages mariadb-server-core (only the server: its system tables are made from the SQL files that come
+// with it), mariadb-client-core and odbc-mariadb. A missing one raises std::runtime_error that says what to install.
 #pragma once
 
 #include <sys/types.h>
@@ -32,9 +32,9 @@ class MariaDbServer {
   // The same with another password.
   std::wstring ConnectionString(std::wstring_view database, std::wstring_view password) const;
 
-  // Makes a database anew, empty, its character set utf8mb4.
+  // Makes an empty database, with the character set utf8mb4; an existing one of that name is dropped.
   void CreateDatabase(std::wstring_view name) const;
-  // Runs a UTF-8 script in a database. A failure raises std::runtime_error with the line and what the server said.
+  // Runs a UTF-8 script in a database. A failure raises std::runtime_error with the line and the server's message.
   void RunScript(std::wstring_view database, const std::string& path) const;
 
  private:

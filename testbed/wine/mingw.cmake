@@ -1,4 +1,4 @@
-# What the cross-compilers share: `triple` names one of them.
+# The settings that the cross-compilers share: `triple` names one of them.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)

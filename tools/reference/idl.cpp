@@ -16,7 +16,7 @@ const std::regex kUse(R"(\s*\[default(, source)?\] (?:disp)?interface (\w+);)");
 const std::regex kResult(R"(\[out, retval\] (\w+)(\**) \w+)");
 const std::regex kArgument(R"(^\[in\] [\w*]+ (\w+), )");
 
-// The type that an out parameter returns: one star is the way back to the caller, an interface keeps its own.
+// The type that a method returns: that of its out parameter, without its stars.
 std::string ResultOf(const std::string& arguments) {
   std::smatch match;
   return std::regex_search(arguments, match, kResult) ? match[1].str() : std::string();
@@ -36,7 +36,7 @@ Member ReadMember(const std::smatch& match) {
 
 using Interfaces = std::map<std::string, std::vector<Member>>;
 
-// A property is one member, whether it is only read or assigned too.
+// A property is one member, whether it is read-only or not.
 void Add(std::vector<Member>& members, const std::smatch& match) {
   const std::string accessor = match[2];
   if (accessor == "propput" || accessor == "propputref")

@@ -27,7 +27,7 @@ struct Class {
   std::vector<std::string> events;
 };
 
-// In the order of the IDL's coclasses. Raises std::runtime_error for a class whose interface is not there.
+// In the order of the IDL's coclasses. Raises std::runtime_error for a class whose interface is missing.
 std::vector<Class> ReadIdl(std::istream& idl);
 
 }  // namespace kodra::console::reference
