@@ -1,4 +1,4 @@
-// ADO as a late-bound client reaches it: by member name through IDispatch, and by the ids of its older interfaces.
+// ADO as a late-bound client uses it: by member name through IDispatch, and by the ids of its older interfaces.
 #include <initializer_list>
 #include <vector>
 
@@ -7,7 +7,7 @@
 namespace kodra::wine {
 namespace {
 
-// What a call by name gave.
+// The result of a call by name.
 struct Outcome {
   HRESULT hr = E_FAIL;
   Variant result;

@@ -1,6 +1,6 @@
-// What the registration of ADO for Wine writes into the class registry, and takes away again.
+// What the registration of ADO for Wine writes into the class registry, and removes again.
 //
-// The DLL is the one that is registered; it writes into a key that stands in for HKEY_LOCAL_MACHINE meanwhile.
+// The tests use the registered DLL; meanwhile it writes into a key that replaces HKEY_LOCAL_MACHINE.
 #include <set>
 
 #include "tests/wine/ado_support.h"

@@ -1,4 +1,4 @@
-// What the tests of ADO in Wine share: an SQLite file of their own, and short ways to call ADO.
+// The common part of the tests of ADO in Wine: an SQLite file of their own, and short ways to call ADO.
 //
 // They use whatever ADODB is registered, through its interfaces or by member name, as its clients do.
 #pragma once
@@ -14,14 +14,14 @@ namespace kodra::wine {
 
 using comkit::com_ptr;
 
-// What an IErrorInfo said, with the HRESULT that came with it.
+// The content of an IErrorInfo, with the HRESULT that came with it.
 struct ComError {
   unsigned long code = 0;
   std::wstring source;
   std::wstring description;
 };
 
-// Takes the thread's IErrorInfo. REQUIRES: called right after the call that gave `hr`.
+// Takes the thread's IErrorInfo. REQUIRES: called right after the call that returned `hr`.
 inline ComError TakeError(HRESULT hr) {
   ComError error{static_cast<unsigned long>(hr), {}, {}};
   com_ptr<IErrorInfo> info;
@@ -74,7 +74,7 @@ class Variant {
     VariantClear(&v_);
     return &v_;
   }
-  // ADO takes its arguments by value and leaves them to the caller.
+  // ADO takes its arguments by value and leaves their ownership to the caller.
   operator VARIANT() const { return v_; }
   VARTYPE Type() const { return V_VT(&v_); }
   LONG Number() const { return V_I4(&v_); }
@@ -120,12 +120,12 @@ inline com_ptr<_Connection> NewConnection() { return Create<_Connection>(__uuido
 inline com_ptr<_Recordset> NewRecordset() { return Create<_Recordset>(__uuidof(::Recordset)); }
 inline com_ptr<_Command> NewCommand() { return Create<_Command>(__uuidof(::Command)); }
 
-// An SQLite file for the test, which goes with it.
+// An SQLite file for the test, which is deleted with it.
 class AdoTest : public testing::Test {
  protected:
   void TearDown() override { DeleteFileW((L"Z:" + DatabasePath()).c_str()); }
 
-  // As the driver, which runs outside Windows, sees it.
+  // In the form for the driver, which runs outside Windows.
   static std::wstring DatabasePath() { return L"/tmp/kodra-ado-" + std::to_wstring(GetCurrentProcessId()) + L".db"; }
   static std::wstring ConnectionString() { return L"Driver={SQLite3};Database=" + DatabasePath() + L";"; }
 
@@ -176,7 +176,7 @@ inline bool AtEnd(const com_ptr<_Recordset>& rows) {
   return atEnd != VARIANT_FALSE;
 }
 
-// The last reference: releases and gives how many are left.
+// The last reference: releases it and returns how many are left.
 template <class T>
 ULONG ReleaseLast(com_ptr<T>& object) {
   return object.detach()->Release();

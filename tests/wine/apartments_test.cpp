@@ -19,12 +19,12 @@ class Apartment {
   HRESULT entered_;
 };
 
-// The same file under strings that name other database systems: the dialect shows in what SQLite does not know.
+// The same file in strings that name other database systems: the dialect shows in what SQLite does not know.
 const std::wstring kSQLite;
 const std::wstring kOracle = L";Descricao=MSDAORA";
 const std::wstring kDB2 = L";Descricao=IBMDADB2";
 
-// How the listing of expired media ends: a recordset, or the part of the dialect that SQLite stumbles over.
+// How the listing of expired media ends: a recordset, or the part of the dialect that SQLite does not understand.
 std::wstring Ending(const std::wstring& system, const Ref<IDispatch>& parameters) {
   const Outcome outcome = RunReport(L"CCDRpt", L"RelatorioMidias", Var(parameters.get()), ArchiveConnection() + system);
   return outcome.value.object() ? L"rows" : outcome.failure.description;
@@ -45,8 +45,8 @@ TEST(Apartments, EachDatabaseSystemShowsItsOwnDialect) {
   EXPECT_EQ(kOfDB2, Ending(kDB2, expired));
 }
 
-// The parameter object is read after the call has set its database code and before it builds its SQL: holding both
-// calls there until the other has come as far makes every one meet the other's code.
+// The parameter object is read after the call has set its database code and before it builds its SQL. Each call waits
+// there until the other has come as far, so that each could meet the other's code.
 TEST(Apartments, TwoCallsInTheMiddleOfEachOtherKeepTheirOwnDialects) {
   for (int round = 0; round < 10; ++round) {
     HANDLE arrived[] = {CreateEventW(nullptr, TRUE, FALSE, nullptr), CreateEventW(nullptr, TRUE, FALSE, nullptr)};
@@ -96,7 +96,7 @@ TEST(Apartments, ManyCallsSideBySideNeverSeeEachOthersDialect) {
 }
 
 TEST(Apartments, AnObjectOfAnotherApartmentServesAsParameterObjectAndAsReport) {
-  // Handed over as COM asks; its calls come back to this thread, which answers them while it waits.
+  // Passed as COM requires; its calls come back to this thread, which answers them while it waits.
   const auto report = Create(L"KodraRpt.CCDRpt");
   const auto parameters = Create(L"KodraRpt.CCDRptObj");
   ASSERT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);

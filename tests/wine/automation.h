@@ -1,7 +1,7 @@
-// Automation as a client in another language does it: objects by name, members by name, and whole errors.
+// Automation as a client in another language uses it: objects by name, members by name, and whole errors.
 //
-// The tests of the COM face go through these few functions and not through comkit/, the code for COM that the component
-// is made of: nothing is checked with itself. That they resemble each other is intended.
+// The tests of the COM face use these few functions and not comkit/, the code for COM that the component is made of, so
+// that nothing is checked with itself. They resemble each other on purpose.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@
 
 namespace kodra::face {
 
-// One reference to a COM object. put() is where a function hands over a reference.
+// One reference to a COM object. put() is for a function that writes a reference.
 template <class T>
 class Ref {
  public:
@@ -50,7 +50,7 @@ class Ref {
     return &p_;
   }
   void** put_void() { return reinterpret_cast<void**>(put()); }
-  // Releases the reference; how many the object says are left.
+  // Releases the reference; returns the object's count of those left.
   ULONG Release() { return std::exchange(p_, nullptr)->Release(); }
   // Null when the object has no such interface.
   template <class U>
@@ -64,7 +64,7 @@ class Ref {
   T* p_ = nullptr;
 };
 
-// A BSTR of one's own.
+// A BSTR that frees itself.
 class Bstr {
  public:
   Bstr() = default;
@@ -83,7 +83,7 @@ class Bstr {
   BSTR text_ = nullptr;
 };
 
-// A VARIANT of one's own.
+// A VARIANT that clears itself.
 class Var {
  public:
   Var() { VariantInit(&v_); }
@@ -153,7 +153,7 @@ class Var {
   VARIANT v_;
 };
 
-// A whole error, however it came.
+// A whole error, from either kind of call.
 struct Failure {
   unsigned long number = 0;
   std::wstring source;
@@ -168,7 +168,7 @@ inline void PrintTo(const Failure& failure, std::ostream* out) {
 struct Outcome {
   HRESULT hr = E_UNEXPECTED;
   Var value;
-  // What the EXCEPINFO said; the number is `hr` when the call did not get as far as raising.
+  // The content of the EXCEPINFO; the number is `hr` when the call did not get as far as raising.
   Failure failure;
 };
 
@@ -183,7 +183,7 @@ inline Failure TakeFailure(HRESULT hr, EXCEPINFO& info) {
   return {static_cast<unsigned long>(info.scode), source.text(), description.text()};
 }
 
-// What the last vtable call on `object` left: `hr` and the IErrorInfo, if the object vouches for it.
+// The error that the last vtable call on `object` left: `hr` and the IErrorInfo, if the object supports it.
 template <class Interface>
 Failure TakeFailure(HRESULT hr, const Ref<Interface>& object) {
   Failure failure{static_cast<unsigned long>(hr), {}, {}};
@@ -208,7 +208,7 @@ inline DISPID IdOf(IDispatch* object, const std::wstring& member) {
   return id;
 }
 
-// Invokes a member by name; the arguments stand as they are written.
+// Invokes a member by name; the arguments are in the order in which they are written.
 inline Outcome Invoke(IDispatch* object, const std::wstring& member, WORD kind, std::vector<Var> arguments) {
   Outcome outcome;
   const DISPID id = IdOf(object, member);

@@ -14,7 +14,7 @@
 namespace kodra::face {
 namespace {
 
-// Counts the lines that it hears. What the test wants of it happens at each line, and when it is released last.
+// Counts the lines that it receives. The test's action runs at each line, and another one at its last release.
 class BusySink final : public ClientObject {
  public:
   static Ref<BusySink> New() { return Ref<BusySink>::Owning(new BusySink); }

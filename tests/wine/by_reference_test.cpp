@@ -1,11 +1,11 @@
-// The arguments that siblings take by reference, as they arrive and as they come back.
+// The arguments that siblings take by reference, as they are passed and as they are returned.
 #include "tests/wine/foreign_object.h"
 #include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {
 
-// A sibling that writes down the types of the arguments as they come, and may write to them.
+// A sibling that records the types of the arguments that it receives, and may write to them.
 class TypedObject final : public ClientObject {
  public:
   // Gets the arguments of a method, from the last to the first.
@@ -57,7 +57,7 @@ class TypedObject final : public ClientObject {
   Names members_;
 };
 
-// Hears each line of the DebugLog event.
+// Receives each line of the DebugLog event.
 class Ear final : public ClientObject {
  public:
   static Ref<IDispatch> New(std::shared_ptr<Names> heard) { return Ref<IDispatch>::Owning(new Ear(std::move(heard))); }
@@ -91,7 +91,7 @@ const std::wstring kLine =
     L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211505 em KodraRpt.CCaixaRpt::InicializaPS: "
     L"Objeto não definido.";
 
-// The lines that the event brings when the log does so with the text of its argument.
+// The lines that the event sends when the log does this with the text of its argument.
 Names HeardWhenTheLog(const std::function<void(BSTR* text)>& writes, const std::shared_ptr<Names>& calls) {
   const StandIn log(L"VantLog.FnLog", [&] {
     return TypedObject::New(calls, [&](const std::wstring&, VARIANT* arguments, VARIANT*) {
@@ -148,7 +148,7 @@ TEST_F(ArgumentsByReference, TheDatabaseCodeIsOneAndTheAliasIsNot) {
   EXPECT_EQ(Names{L"NumCxSubordinadaSQL ByRef 7 s"}, *calls_);
 }
 
-// Leaves Nothing in the place of the argument, and answers nothing.
+// Replaces the argument by Nothing, and returns nothing.
 HRESULT LetGoOfTheFilter(const std::wstring&, VARIANT* arguments, VARIANT*) {
   if (arguments[0].vt != (VT_BYREF | VT_DISPATCH)) return DISP_E_TYPEMISMATCH;
   (*arguments[0].ppdispVal)->Release();

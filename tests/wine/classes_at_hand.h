@@ -1,5 +1,5 @@
-// Spares a module, the component unless told otherwise, the way to its classes through the registry, which costs more
-// than a report does.
+// Spares a module (the component by default) the way to its classes through the registry, which costs more than a
+// report does.
 #pragma once
 
 #include <cstring>
@@ -9,7 +9,7 @@
 
 namespace kodra::face {
 
-// While it exists, a class that the module asks for is looked up once a thread, and its factory kept.
+// While it exists, a class that the module asks for is looked up once per thread, and its factory is kept.
 class ClassesAtHand {
  public:
   explicit ClassesAtHand(const std::wstring& path = DllPath()) : imports_(path) {
@@ -20,7 +20,7 @@ class ClassesAtHand {
   ClassesAtHand(const ClassesAtHand&) = delete;
   ClassesAtHand& operator=(const ClassesAtHand&) = delete;
 
-  // Lets go of what this thread holds. REQUIRES: called on every thread before it leaves its apartment.
+  // Releases what this thread holds. REQUIRES: called on every thread before it leaves its apartment.
   static void Forget() { Kept() = {}; }
 
  private:

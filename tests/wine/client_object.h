@@ -1,4 +1,4 @@
-// What the test's own COM objects share: a count of references and one interface.
+// The common part of the test's own COM objects: a count of references and one interface.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +7,8 @@
 
 namespace kodra::face {
 
-// An object of one interface with a count of its references. A new one has that of its maker; the last Release deletes
-// it.
+// An object of one interface with a count of its references. A new one has its maker's reference; the last Release
+// deletes it.
 template <class Interface>
 class CountedObject : public Interface {
  public:

@@ -6,7 +6,7 @@
 namespace kodra::comkit {
 namespace {
 
-// Counts what it is asked, and stays.
+// Counts its calls, and is never deleted.
 class Counted final : public IDispatch {
  public:
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
@@ -85,7 +85,7 @@ TEST(ComPtr, AMoveTakesTheReferenceAlong) {
   Counted object;
   com_ptr<IDispatch> one(&object);
   const com_ptr<IDispatch> other = std::move(one);
-  EXPECT_FALSE(one);  // NOLINT(bugprone-use-after-move): what a move leaves is what is tested
+  EXPECT_FALSE(one);  // NOLINT(bugprone-use-after-move): the test is about what a move leaves
   EXPECT_EQ(&object, other.get());
   EXPECT_EQ(2U, object.references);
   EXPECT_EQ(1, object.added);
@@ -153,7 +153,7 @@ TEST(ComPtr, AnotherInterfaceOfTheObjectIsAReferenceMore) {
   EXPECT_FALSE(com_ptr<IDispatch>().as<IUnknown>());
 }
 
-// Refuses every interface and leaves a pointer all the same.
+// Refuses every interface but writes a pointer nevertheless.
 class Careless final : public IUnknown {
  public:
   STDMETHODIMP QueryInterface(REFIID, void** object) override {

@@ -1,4 +1,4 @@
-// What the component makes of classes that cannot be created, and of files and folders, on Windows itself.
+// Classes that cannot be created, and files and folders, as the component treats them on Windows itself.
 #include "ado/com_surroundings.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 namespace kodra::ado {
 namespace {
 
-// What making an object of that class raises.
+// The error of making an object of that class.
 face::Failure FailureToCreate(const std::wstring& progId) {
   try {
     ComSurroundings().CreateObject(progId);
@@ -37,7 +37,7 @@ TEST(ClassesThatCannotBeCreated, AreOneErrorWhateverTheReason) {
            0x80070003UL,  // path not found
            0x8007007EUL,  // module not found
            0x8007007FUL,  // procedure not found
-           0x800700C1UL,  // a program of another kind of machine
+           0x800700C1UL,  // a program for another kind of machine
            0x8007045AUL,  // the DLL's initialisation failed
            0x800706BAUL,  // the server is not available
            0x80047777UL,  // an error of the class's own
@@ -123,7 +123,7 @@ TEST_F(FilesAndFolders, AFolderNamedLikeTheComponentIsNotItsFile) {
   EXPECT_EQ(folder_ + L"\\KodraRpt", Executavel());
   const std::wstring file = MakeEmptyFile(L"\\KodraRpt.DLL");
   EXPECT_EQ(file, Executavel());
-  // As a database the folder is there, without contents.
+  // As a database the folder exists, without contents.
   EXPECT_EQ(0U, surroundings_.FileLength(folder));
 }
 

@@ -1,4 +1,4 @@
-// A program in a process of its own, and what it writes.
+// A program in a process of its own, and its output.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace kodra::face {
 
-// What the command writes, without carriage returns.
+// The output of the command, without carriage returns.
 inline std::string OutputOf(std::wstring command) {
   SECURITY_ATTRIBUTES inherit{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
   HANDLE reading = nullptr;

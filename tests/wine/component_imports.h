@@ -7,7 +7,7 @@
 
 namespace kodra::face {
 
-// What the component may ask of Windows. All of it is in Windows 7 without updates; whoever adds a function checks that
+// The functions that the component may use. All of them are in Windows 7 without updates; whoever adds one checks that
 // it is too.
 inline const std::map<std::string, std::set<std::string>>& ComponentImports() {
   static const std::map<std::string, std::set<std::string>> allowed = {
@@ -60,7 +60,7 @@ inline const std::map<std::string, std::set<std::string>>& ComponentImports() {
   return allowed;
 }
 
-// Beyond that, what the compiler and its runtime ask of a 64-bit Windows.
+// The further functions that the compiler and its runtime use on a 64-bit Windows.
 inline bool IsComponentImportIn64Bits(const std::string& dll, const std::string& function) {
   static const std::map<std::string, std::set<std::string>> allowed = {
       {"kernel32.dll",
@@ -71,7 +71,7 @@ inline bool IsComponentImportIn64Bits(const std::string& dll, const std::string&
   return sizeof(void*) == 8 && found != allowed.end() && found->second.contains(function);
 }
 
-// `dll` is in small letters.
+// `dll` is in lower case.
 inline bool IsComponentImport(const std::string& dll, const std::string& function) {
   const auto found = ComponentImports().find(dll);
   return (found != ComponentImports().end() && found->second.contains(function)) ||

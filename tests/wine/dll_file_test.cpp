@@ -1,4 +1,4 @@
-// KodraRpt.dll as a file: what kind it is, what it gives, what it needs of Windows and what it says of itself.
+// KodraRpt.dll as a file: its kind, its exports, its imports from Windows and its description of itself.
 #include <gtest/gtest.h>
 // clang-format off
 #include <windows.h>
@@ -30,7 +30,7 @@ TEST(DllFile, IsLoadedAnywhereAndRunsNoData) {
   const auto& headers = file.Headers();
   EXPECT_NE(0, headers.OptionalHeader.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
   EXPECT_NE(0, headers.OptionalHeader.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
-  // It can only be moved with its relocations in it.
+  // It can only be moved when it contains its relocations.
   EXPECT_EQ(0, headers.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
   EXPECT_NE(0U, headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size);
 }
@@ -39,7 +39,7 @@ TEST(DllFile, TellsNeitherWhenNorWhereItWasBuilt) {
   const PeFile file(DllPath());
   EXPECT_EQ(0U, file.Headers().FileHeader.TimeDateStamp);
   EXPECT_FALSE(file.Holds(".cpp"));
-  // What the type library says of its making.
+  // What the type library says about how it was made.
   EXPECT_TRUE(file.Holds(" at Thu Jan  1 00:00:00 1970"));
   EXPECT_TRUE(file.Holds("KodraRpt.dll"));
 }
@@ -52,7 +52,7 @@ TEST(DllFile, AsksForNoLaterWindowsThanSeven) {
   EXPECT_LE(header.MajorOperatingSystemVersion * 100 + header.MinorOperatingSystemVersion, 601);
 }
 
-// The four of a server that registers itself, and the one by which it is installed for one user.
+// The four entry points of a server that registers itself, and the one that installs it for one user.
 TEST(DllFile, ExportsItsEntryPointsAndNothingElse) {
   EXPECT_EQ((std::vector<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer",
                                       "DllUnregisterServer"}),

@@ -1,11 +1,11 @@
-// A report held as a client in C++ or Visual Basic holds it.
+// A report as a client in C++ or Visual Basic uses it.
 #pragma once
 
 #include "tests/wine/faults_cases.h"
 
 namespace kodra::face {
 
-// A report object with its parameter object; its members by their places in the table of its interface.
+// A report object with its parameter object; its members by their places in the interface's table.
 class EarlyBound {
  public:
   explicit EarlyBound(const ReportCase& tested) : object_(tested.NewReport()), parameters_(tested.NewParameters()) {

@@ -1,5 +1,5 @@
-// The enumerators of comkit/ where a member cannot be handed out. What they do otherwise is tested through the objects
-// that have them.
+// The enumerators of comkit/ with a member that cannot be returned. The tests of the objects that have enumerators
+// cover everything else.
 #include "comkit/enumerator.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace kodra::face {
 namespace {
 
-// A number, or nothing but an exception.
+// A number, or an exception.
 struct Member {
   std::optional<int> number;
   void CopyTo(VARIANT* out) const {

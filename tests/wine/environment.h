@@ -12,7 +12,7 @@ inline std::wstring Variable(const wchar_t* name) {
   return std::wstring(text, GetEnvironmentVariableW(name, text, 1024));
 }
 
-// A path of the machine around Wine as a program in Wine names it.
+// The name in Wine of a path of the machine around it.
 inline std::wstring WindowsPath(std::wstring path) {
   if (!path.starts_with(L'/')) return path;
   for (wchar_t& c : path)
@@ -28,11 +28,11 @@ inline std::wstring ProgramPath() {
   return path;
 }
 
-// The driver runs outside Windows and is given the path as the machine names it.
+// The driver runs outside Windows, so it needs the path in the machine's own form.
 inline std::wstring ConnectionTo(const std::wstring& path) { return L"Driver={SQLite3};Database=" + path; }
 inline std::wstring ArchiveConnection() { return ConnectionTo(Variable(L"KODRA_ARCHIVE")); }
 
-// A file of this test, gone with it.
+// A file of this test, deleted with this object.
 class OwnFile {
  public:
   explicit OwnFile(const std::wstring& name)

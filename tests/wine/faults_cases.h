@@ -43,13 +43,13 @@ struct ReportCase {
   const wchar_t* report;
   const wchar_t* method;
   std::vector<std::pair<const wchar_t*, Var>> properties;
-  // Whether it runs on a connection of the client's.
+  // Whether it runs on the client's connection.
   bool onConexao = false;
-  // What SQLite says to a statement that it has no form of: then the report fails undisturbed.
+  // SQLite's message for a statement that it does not understand: then the report fails undisturbed.
   const wchar_t* refusal = nullptr;
 
   std::wstring Source() const { return std::wstring(L"KodraRpt.") + report + L"::" + method; }
-  // What an undisturbed run gives instead of rows; `code` follows the driver's text.
+  // The error of an undisturbed run that returns no rows; `code` follows the driver's text.
   Failure Refused(const std::wstring& code = L" [N:1]") const {
     if (refusal == nullptr) return {};
     return {0x80041FAB, Source(),
@@ -65,7 +65,7 @@ struct ReportCase {
 
 inline void PrintTo(const ReportCase& tested, std::ostream* out) { *out << testing::PrintToString(tested.Source()); }
 
-// The 39 methods, some by two ways.
+// The 39 methods, some in two ways.
 inline std::vector<ReportCase> ReportCases() {
   std::vector<ReportCase> cases;
   for (const ReportEntry& entry : CatalogReports()) cases.push_back({entry.name, entry.method(), {}});

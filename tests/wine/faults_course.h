@@ -1,4 +1,4 @@
-// What a report's client gets when a call fails that the report makes to ADO, to a sibling or to its surroundings.
+// The error that a report's client gets when the report's call to ADO, to a sibling or to its surroundings fails.
 #pragma once
 
 #include <algorithm>
@@ -25,20 +25,20 @@ class Course {
   std::size_t size() const { return calls_.size(); }
   const std::string& operator[](std::size_t at) const { return calls_[at]; }
 
-  // Failures that a report goes on without: a command that cannot be detached from its rows goes as it is.
+  // Failures that a report ignores: a command that cannot be detached from its rows stays attached.
   bool IsIgnored(std::size_t at) const { return IsModels() && At(at, "Command.") && After(at, "Recordset.Open"); }
-  // The creation of the system parameters: an error there other than that they cannot be created is found out at their
+  // The creation of the system parameters: an error there, except that they cannot be created, shows only at their
   // first use.
   bool IsMissedLater(std::size_t at) const { return At(at, "New KodraParamSist.Obtedor"); }
   static Cause ObjectNotSet() {
     return {0x800A005B, kTitle, L"A variável do objeto ou a variável do bloco 'With' não foi definida"};
   }
-  // Calls for the provider's code, made when a statement has been refused: without them the error has no code.
+  // Calls for the provider's code, made when a statement was refused: when they fail, the error has no code.
   bool AsksForCode(std::size_t at) const { return tested_.refusal != nullptr && After(at, "Recordset.Open"); }
 
-  // What the client gets of a failure.
+  // The error that the client gets for a failure.
   Failure Expected(std::size_t at, Mishap mishap) const { return Expected(at, Caught(at, mishap)); }
-  // The same, as the component takes the failing call for this cause.
+  // The same, when the component takes the failing call for this cause.
   Failure Expected(std::size_t at, const Cause& caught) const {
     if (IsIgnored(at)) return {};
     if (AsksForCode(at)) return tested_.Refused(L"");
@@ -62,7 +62,7 @@ class Course {
   }
   bool After(std::size_t at, const char* call) const { return Before(at, call) > 0; }
 
-  // What the component takes the failing call for.
+  // The cause that the component takes the failing call for.
   Cause Caught(std::size_t at, Mishap mishap) const {
     if (mishap == Mishap::kOutOfMemory)
       return IsMissedLater(at) ? ObjectNotSet() : Cause{0x800A0007, kTitle, L"Memória insuficiente"};
@@ -87,7 +87,7 @@ class Course {
     if (made == 0 || !OpensConnection(made - 1)) return false;
     return Before(at, "Recordset.Open") == Before(made, "Recordset.Open");
   }
-  // What the opening of connections and rows makes of it.
+  // The cause after the layers of the functions that open connections and rows.
   Cause Layered(std::size_t at, const Cause& caught) const {
     const std::wstring text = L"[" + caught.source + L"]: " + caught.text;
     if (OpensConnection(at) && IsModels()) return {caught.number, L"modADO.AbreCn", text};
@@ -97,7 +97,7 @@ class Course {
 
   // The step that the operators report names.
   std::wstring Step(std::size_t at) const {
-    // How many connections and recordsets have been reached, with this call.
+    // How many connections and recordsets have been reached, including this call.
     const auto reached = [&](const char* call) { return Before(at + 1, call); };
     if (reached("New ADODB.Connection") + reached(kFileLength) == 0) return L"";
     if (reached("New ADODB.Recordset") < 2) return L"ao obter dados do SGBD";

@@ -1,7 +1,7 @@
-// The memory of KodraRpt.dll: what it holds, and its exhaustion at any request.
+// The memory of KodraRpt.dll: the blocks that it holds, and its exhaustion at any request.
 //
-// The DLL brings its own C++ runtime, which asks the system's C runtime for memory and automation for texts. The
-// entries of its import table for these lead here while a DllHeap exists. Used on one thread.
+// The DLL contains its own C++ runtime, which gets memory from the system's C runtime and texts from automation. While
+// a DllHeap exists, the entries of its import table for these lead here. Used on one thread.
 #pragma once
 
 #include <cstdlib>
@@ -24,14 +24,14 @@ class DllHeap {
   DllHeap(const DllHeap&) = delete;
   DllHeap& operator=(const DllHeap&) = delete;
 
-  // What becomes of the requests after the one refused.
+  // What happens to the requests after the refused one.
   enum class Later {
     kServed,
     kSmallServed,  // the compiler's runtime needs a small one for the first exception that it has no memory for
-    kRefused,      // REQUIRES: that exception has been
+    kRefused,      // REQUIRES: that exception has already been thrown
   };
 
-  // Counts requests from here on, from 1; refuses request `number` (0: none), and later ones if told to.
+  // Counts requests from here on, from 1; refuses request `number` (0: none), and later ones as `later` says.
   void Arm(std::size_t number, Later later = Later::kServed) {
     requests_ = 0;
     number_ = number;
@@ -41,7 +41,7 @@ class DllHeap {
   void Disarm() { armed_ = false; }
   std::size_t requests() const { return requests_; }
 
-  // How many blocks are held of those requested since this object exists.
+  // The number of blocks requested since this object exists and not freed.
   std::size_t held() const { return held_.size(); }
 
  private:

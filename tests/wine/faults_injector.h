@@ -1,8 +1,8 @@
-// Makes the calls fail that the component makes to ADO and to the siblings.
+// Makes the component's calls to ADO and to the siblings fail.
 //
-// The real objects do the work. A class object of the test's own stands before each of their classes; the objects that
-// it hands out have some entries of their interfaces' tables replaced by ones that count the call, fail it when it is
-// the one to fail, and otherwise pass it on. Calls that the real objects make among themselves do not count.
+// The real objects do the work. A class object of the test replaces each of their classes. In the objects that it
+// returns, some entries of the interfaces' tables are replaced by functions that count the call, fail it when it is the
+// one to fail, and otherwise pass it on. Calls that the real objects make among themselves do not count.
 //
 //   Injector injector;
 //   injector.Arm(7, Mishap::kRaised);
@@ -24,19 +24,19 @@
 
 namespace kodra::face {
 
-// How a call fails. A creation and the look-up of a name carry no text: raised, they are bare.
+// How a call fails. A creation and the look-up of a name have no text: raised, they are bare.
 enum class Mishap {
   kRaised,       // with source and description
   kBare,         // with a number that has no text anywhere
   kOutOfMemory,  // E_OUTOFMEMORY, with nothing else
-  kNothing,      // it says that it succeeds, and does nothing
+  kNothing,      // the call succeeds, and does nothing
 };
 
 constexpr HRESULT kMishapNumber = static_cast<HRESULT>(0x80047777);
 constexpr const wchar_t* kMishapSource = L"Prova.Fonte";
 constexpr const wchar_t* kMishapText = L"Falha provocada";
 
-// The one call of the component's to its surroundings that reaches no object here.
+// The only call of the component to its surroundings that reaches no object here.
 constexpr const char* kFileLength = "FileLength";
 
 class Injector {
@@ -63,8 +63,8 @@ class Injector {
     armed_ = false;
     thrown_ = nullptr;
   }
-  // For calls that are none to an object: counts one, or throws in its place. A creation counts itself and is only to
-  // be announced: no exception finds its way back through COM.
+  // For calls that are not made to an object: counts one, or throws instead. A creation counts itself and is only
+  // announced: no exception passes through COM.
   static void Meet(const std::string& call) {
     if (Instance() != nullptr && Instance()->Fails(call)) Instance()->Throw();
   }
@@ -76,7 +76,7 @@ class Injector {
   // The calls since Arm, by interface and member.
   const std::vector<std::string>& calls() const { return calls_; }
 
-  // Whether nothing of ADO and the siblings is alive.
+  // Whether no object of ADO and the siblings is alive.
   bool NothingAlive() const {
     for (const HMODULE module : modules_)
       if (Entry<HRESULT(WINAPI*)()>(module, "DllCanUnloadNow")() != S_OK) return false;
@@ -87,14 +87,14 @@ class Injector {
   template <auto kMethod>
   struct Replaced;
 
-  // While a call is passed on, what it does in turn does not count.
+  // While a call is passed on, the calls that it makes do not count.
   class Passing {
    public:
     Passing() { ++Instance()->passing_; }
     ~Passing() { --Instance()->passing_; }
   };
 
-  // Stands before one class.
+  // Replaces one class.
   class ClassObject final : public IClassFactory {
    public:
     ClassObject(std::wstring progId, HMODULE module) : progId_(std::move(progId)), module_(module) {
@@ -193,7 +193,7 @@ class Injector {
   static void Watch(IDispatch* sibling);
   static void Watch(IEnumVARIANT* members);
 
-  // What a call gave, when it is an object with calls of its own.
+  // The result of a call, when it is an object with calls of its own.
   template <class T>
   static void WatchResult(const T&) {}
   template <class T>
@@ -218,7 +218,7 @@ class Injector {
 
   std::array<HMODULE, 2> modules_;
   std::vector<std::unique_ptr<ClassObject>> classes_;
-  // Table entries as they were.
+  // The original table entries.
   std::vector<std::pair<void**, void*>> replaced_;
   std::vector<std::string> calls_;
   std::size_t number_ = 0;

@@ -1,4 +1,4 @@
-// Memory that runs out inside KodraRpt.dll, at one request after the other: the client gets an error, nothing is lost,
+// Memory that runs out inside KodraRpt.dll, at one request after the other: the client gets an error, nothing leaks,
 // and the report works at the next call.
 #include <algorithm>
 #include <iostream>
@@ -10,7 +10,7 @@
 namespace kodra::face {
 namespace {
 
-// Every answer that a report may give when memory runs out somewhere in it.
+// Every error that a report may return when memory runs out somewhere in it.
 std::vector<Failure> AnswersOf(const ReportCase& tested) {
   const std::wstring text = L"Memória insuficiente";
   const std::vector<std::wstring> causes = {text, L"[KodraRpt]: " + text, L"[modADO.AbreCn]: [KodraRpt]: " + text,
@@ -21,7 +21,7 @@ std::vector<Failure> AnswersOf(const ReportCase& tested) {
     prefixes = {L"Erro : ", L"Erro ao obter dados do SGBD: ", L"Erro ao criar conjunto de dados de saída: ",
                 L"Erro ao preencher conjunto de dados de saída: "};
   std::vector<Failure> answers = {
-      tested.Refused(),                 // a failure that the report goes on without
+      tested.Refused(),                 // a failure that the report ignores
       {0x800A0007, L"KodraRpt", text},  // before the report, or where there is no memory for its frame
       {0x8007000E, L"", L""},           // nor for any text
       {0x80020006, L"", L""},           // not even the method could be looked up
@@ -46,7 +46,7 @@ class MemoryFaults : public testing::TestWithParam<ReportCase> {
     std::cout << "[   NOTE   ] " << refused_ << " requests for memory refused" << std::endl;
   }
 
-  // An error that somebody left on the thread, which is none of the report's.
+  // An error that another call left on the thread, not the report's.
   static void LeaveAnOldError() {
     Ref<ICreateErrorInfo> info;
     ASSERT_EQ(S_OK, CreateErrorInfo(info.put()));
@@ -71,7 +71,7 @@ class MemoryFaults : public testing::TestWithParam<ReportCase> {
     EXPECT_EQ(S_OK, server_.CanUnloadNow());
   }
 
-  // Refuses requests spread over the whole run, their places changing from report to report.
+  // Refuses requests spread over the whole run, at different places for each report.
   void ExpectSomeRefused(DllHeap::Later later) {
     constexpr std::size_t kPlaces = 30;
     std::size_t requests = 0;
@@ -88,7 +88,7 @@ class MemoryFaults : public testing::TestWithParam<ReportCase> {
       SCOPED_TRACE(std::to_string(number) + " of " + std::to_string(requests));
       ExpectRefused(number, later);
       if (heap_.held() == held) continue;
-      // What the runtime makes once and keeps does not come again; what is lost is lost each time.
+      // Blocks that the runtime makes once and keeps do not come again; a leak comes again each time.
       held = heap_.held();
       ExpectRefused(number, later);
       EXPECT_EQ(held, heap_.held());

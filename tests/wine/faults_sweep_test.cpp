@@ -1,4 +1,4 @@
-// The failure of each call that a report makes to ADO and to the siblings, one after the other: what its client gets,
+// The failure of each call that a report makes to ADO and to the siblings, one after the other: the client's error,
 // that nothing stays alive, and that the report works at the next call.
 #include <iostream>
 #include <set>
@@ -52,7 +52,7 @@ class Faults : public testing::TestWithParam<ReportCase> {
       ExpectFailing(course, at, mishap, everyLater, course.Expected(at, mishap));
   }
 
-  // Each call that must hand out an object.
+  // Each call that must return an object.
   void ExpectEachGivingNothing() {
     const std::set<std::string> givers = {"Connection.get_Errors",  "Errors.get_Item",      "Command.CreateParameter",
                                           "Command.get_Parameters", "Recordset.get_Fields", "Fields.get_Item"};

@@ -1,9 +1,9 @@
-// A C++ exception in the place of each call that a report makes to ADO, to the siblings and to its surroundings, one
-// after the other: what its client gets, that nothing stays alive, and that the report works at the next call.
+// A C++ exception instead of each call that a report makes to ADO, to the siblings and to its surroundings, one after
+// the other: the client's error, that nothing stays alive, and that the report works at the next call.
 //
-// Calls whose failure a report goes on without, whatever is thrown:
+// A report ignores the failure of these calls, whatever is thrown:
 // - the two calls that detach CModeloRpt's command from the rows opened with it: the rows are readable with it too;
-// - where the database has refused a statement, those that ask for its code: the refusal is told without a code.
+// - where the database has refused a statement, the calls for its code: the error then has no code.
 #include <array>
 #include <iostream>
 #include <new>
@@ -17,13 +17,13 @@
 namespace kodra::face {
 namespace {
 
-// An exception that nothing can be asked.
+// An exception without any information.
 struct Stranger {};
 
 struct Thrown {
   const char* name;
   std::exception_ptr exception;
-  // What the component takes it for.
+  // The cause that the component takes it for.
   Cause cause;
 };
 
@@ -68,7 +68,7 @@ class ThrownFaults : public testing::TestWithParam<ReportCase> {
     return course.Expected(at, course.IsMissedLater(at) && IsErro(thrown) ? Course::ObjectNotSet() : thrown.cause);
   }
 
-  // Throws in the place of a call and checks what `run` gives then, and that `run` works at the next call.
+  // Throws instead of a call and checks the result of `run` then, and that `run` works at the next call.
   template <class Run>
   void ExpectThrown(const Course& course, std::size_t at, const Thrown& thrown, HRESULT failing, Run run) {
     injector_.ArmThrow(at + 1, thrown.exception);
@@ -96,7 +96,7 @@ class ThrownFaults : public testing::TestWithParam<ReportCase> {
 SmallArchive* ThrownFaults::archive_ = nullptr;
 std::size_t ThrownFaults::thrown_ = 0;
 
-// By name, as a script calls. The five kinds take turns, in another order with every report.
+// By name, as a script calls. The five kinds alternate, in another order for every report.
 TEST_P(ThrownFaults, ReachTheClientInTheFrameAndLeaveNothingBehind) {
   const Course course = Undisturbed();
   ASSERT_LE(3U, course.size());

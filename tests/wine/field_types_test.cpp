@@ -1,4 +1,4 @@
-// The types of what a client reads from a report's fields.
+// The types of the values that a client reads from a report's fields.
 #include "tests/wine/report_rows.h"
 
 namespace kodra::face {
@@ -17,7 +17,7 @@ struct ReadField {
 
 class FieldTypes : public testing::TestWithParam<std::tuple<ReadField, Engine>> {};
 
-// Of the first row on which the field is not null.
+// The type on the first row where the field is not null.
 TEST_P(FieldTypes, AreThoseOfTheirValues) {
   const auto& [asked, engine] = GetParam();
   const auto rows = ArchiveClient(engine).Open(asked.report, asked.method, asked.properties);
@@ -26,7 +26,7 @@ TEST_P(FieldTypes, AreThoseOfTheirValues) {
   EXPECT_EQ(asked.type, Got(Get(field, L"Value")).type());
 }
 
-// Short actions come first of the events of kind LOG: the pieces beyond them are never assigned.
+// The events of kind LOG begin with short actions: the pieces beyond them are never assigned.
 const Properties kShortActions = {{L"Evento", L"LOG"}};
 
 const ReadField kFields[] = {

@@ -1,4 +1,4 @@
-// A parameter object that is none of the component's: a client's own class that answers by member name.
+// A parameter object that is not the component's: a client's own class that answers by member name.
 #pragma once
 
 #include <cwchar>
@@ -9,10 +9,10 @@
 
 namespace kodra::face {
 
-// Has one readable property; what a reading gives is the test's business.
+// Has one readable property; the test decides what a reading returns.
 class ForeignObject final : public ClientObject {
  public:
-  // Fills the result or the EXCEPINFO and gives the call's HRESULT.
+  // Fills the result or the EXCEPINFO and returns the call's HRESULT.
   using Answer = std::function<HRESULT(VARIANT* result, EXCEPINFO* info)>;
 
   static Ref<IDispatch> With(std::wstring property, Answer answer) {

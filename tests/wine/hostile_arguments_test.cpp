@@ -62,7 +62,7 @@ TEST_F(HostileArguments, AnObjectByNameIsTheObjectAndAnUnknownNameIsRefused) {
   });
 }
 
-// Values that are no objects; an array is among them.
+// Values that are not objects, including an array.
 class Strangers {
  public:
   Strangers() : array_(SafeArrayCreateVector(VT_VARIANT, 0, 3)), texts_(SafeArrayCreateVector(VT_BSTR, 0, 0)) {
@@ -105,7 +105,7 @@ TEST_F(HostileArguments, WhatIsNoObjectIsRefusedAsAParameterObject) {
 }
 
 TEST_F(HostileArguments, AnObjectWithoutMembersIsRefusedAsAParameterObject) {
-  // A class factory is an object that cannot be asked by name.
+  // A class factory is an object that has no IDispatch.
   Ref<IClassFactory> factory;
   ASSERT_EQ(S_OK, CoGetClassObject(ClassId(kAboutClsid), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
                                    factory.put_void()));

@@ -1,4 +1,4 @@
-// A client that passes what no client should: raw arguments, and parameter objects that do as they like.
+// A client that passes what no client should: raw arguments, and unruly parameter objects.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace kodra::face {
 
-// Invokes a member with the arguments as they are, the named ones first; both are given as Invoke takes them.
+// Invokes a member with unchecked arguments, the named ones first; both are in the order that Invoke takes.
 inline Outcome InvokeRaw(IDispatch* object, const std::wstring& member, WORD kind, std::vector<VARIANT> arguments,
                          std::vector<DISPID> names = {}) {
   Outcome outcome;
@@ -69,10 +69,10 @@ class Nowhere {
   VARIANT back_ = {};
 };
 
-// A parameter object of the client's own: it has every property, and says what each reading gives.
+// A parameter object of the client's own: it has every property, and decides what each reading returns.
 class WilfulObject final : public ClientObject {
  public:
-  // Fills the result or the EXCEPINFO and gives the call's HRESULT.
+  // Fills the result or the EXCEPINFO and returns the call's HRESULT.
   using Answer = std::function<HRESULT(const std::wstring& property, VARIANT* result, EXCEPINFO* info)>;
 
   static Ref<IDispatch> New(Answer answer) { return Ref<IDispatch>::Owning(new WilfulObject(std::move(answer))); }
@@ -107,14 +107,14 @@ class WilfulObject final : public ClientObject {
   std::vector<std::wstring> names_;
 };
 
-// The reports that read a property of their parameter object, each by its name.
+// The reports that read a property of their parameter object, each with the property's name.
 inline std::vector<ReportCase> ReadingCases() {
   std::vector<ReportCase> cases = ReportCases();
   std::erase_if(cases, [](const ReportCase& tested) { return tested.onConexao || tested.properties.empty(); });
   return cases;
 }
 
-// After every test nothing of the component, of ADO, of the siblings and of the client's own objects is alive.
+// After every test no object of the component, of ADO, of the siblings and of the client is alive.
 class Hostile : public testing::Test {
  protected:
   void TearDown() override {

@@ -1,4 +1,4 @@
-// Parameter objects that raise, give nonsense, call back into the report that is reading them, or go away with it.
+// Parameter objects that raise, return nonsense, call back into the report that reads them, or are released with it.
 #include "tests/wine/hostile_client.h"
 
 namespace kodra::face {
@@ -9,7 +9,7 @@ class HostileObjects : public Hostile {
   static Outcome Run(const ReportCase& tested, const Subject& subject, const Ref<IDispatch>& parameters) {
     return Call(subject.report(), tested.method, {Var(parameters.get())});
   }
-  // What the client gets of an error of its own parameter object.
+  // The error that the client gets for an error of its own parameter object.
   static Failure Framed(const ReportCase& tested, const Failure& cause) {
     if (tested.method == std::wstring(L"DocsNoModuloSubRpt")) return cause;
     const bool namesCause = tested.report == std::wstring(L"CCaixaRpt") && cause.source != L"KodraRpt";
@@ -150,7 +150,7 @@ TEST_F(HostileObjects, TheyLiveUntilTheReportHasReadThem) {
       parameters = {};
       return AnswerAs(tested, property, result);
     });
-    // Called as a script would, which passes its variable itself.
+    // Called as a script would call it, which passes its variable itself.
     VARIANT argument = {};
     argument.vt = VT_DISPATCH;
     argument.pdispVal = parameters.get();

@@ -1,4 +1,4 @@
-// Texts and dates that no form would let through.
+// Texts and dates that no form would accept.
 #include <cmath>
 #include <limits>
 
@@ -23,7 +23,7 @@ class HostileValues : public Hostile {
     return outcome.hr == S_OK || IsFramed(tested, outcome);
   }
 
-  // Texts with what a C or UTF-16 text should not have.
+  // Texts with characters that a C or UTF-16 text should not contain.
   static std::vector<std::wstring> OddTexts() {
     return {std::wstring(L"AA\0001", 4),
             std::wstring(3, L'\0'),
@@ -73,7 +73,7 @@ TEST_F(HostileValues, AnOddConnectionStringIsAnErrorInTheFrame) {
 TEST_F(HostileValues, AConnectionStringOfAMillionCharactersIsAnErrorInTheFrame) {
   ForEach(ReportCases(), [&](const ReportCase& tested, const Subject& subject) {
     if (tested.onConexao) return;
-    // Beyond the places where a key is looked for.
+    // Beyond the positions where a key is searched.
     Put(subject.report(), L"StringConexao", Million() + L";" + archive_.Connection());
     const Outcome outcome = subject.Run();
     EXPECT_TRUE(IsFramed(tested, outcome)) << testing::PrintToString(outcome.failure);
@@ -136,7 +136,7 @@ TEST_F(HostileValues, ADateOutsideTheCalendarGivesRowsOrAnErrorInTheFrame) {
     for (const auto& [property, given] : tested.properties) {
       if (given.type() != VT_DATE) continue;
       for (const double date : dates) {
-        // By vtable or as a date nothing checks it; only a number on its way to a date is checked.
+        // By vtable or as a date it is not checked; only a number that is converted to a date is.
         const Outcome outcome = RunWith(tested, subject, property, Var::Date(date));
         EXPECT_TRUE(IsAnswer(tested, outcome)) << date << " " << testing::PrintToString(outcome.failure);
         const auto foreign = WilfulObject::New([&](const std::wstring&, VARIANT* result, EXCEPINFO*) {

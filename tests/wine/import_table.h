@@ -1,4 +1,4 @@
-// The functions that a DLL takes from others, led elsewhere while an ImportTable exists.
+// The functions that a DLL imports from others, redirected while an ImportTable exists.
 #pragma once
 
 #include <cstring>
@@ -19,7 +19,7 @@ class ImportTable {
     FreeLibrary(module_);
   }
 
-  // Lets an imported function lead to `function`; gives the imported one.
+  // Redirects an imported function to `function`; returns the imported one.
   template <class Function>
   Function Redirect(const char* name, Function function) {
     void** const entry = EntryOf(name);
@@ -39,7 +39,7 @@ class ImportTable {
     VirtualProtect(entry, sizeof(void*), before, &before);
   }
 
-  // Where the table holds a function's address.
+  // The place in the table of a function's address.
   void** EntryOf(const char* name) const {
     auto* const base = reinterpret_cast<unsigned char*>(module_);
     const auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);

@@ -1,5 +1,5 @@
-// The module reports over a connection of the client's: main modules only and each of them once, the connection as it
-// was, and rows that stay with the client.
+// The module reports over the client's connection: main modules only and each of them once, an unchanged connection,
+// and rows that stay with the client.
 #include "tests/rows/module_rows.h"
 #include "tests/wine/report_rows.h"
 
@@ -28,7 +28,7 @@ class ModuleRowsOverConexao : public rows::OnBothEngines {
     return ReadAll(Open(method, properties));
   }
 
-  // The eleven methods, each with parameters that give rows.
+  // The eleven methods, each with parameters that return rows.
   static const std::vector<std::pair<const wchar_t*, Properties>>& Methods() {
     static const std::vector<std::pair<const wchar_t*, Properties>> methods = {
         {L"EtiquetaAbertura", {{L"Modulo1", L"AA004"}}},

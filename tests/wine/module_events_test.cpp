@@ -1,4 +1,4 @@
-// What the module reports have beyond the other classes: the DebugLog event and a connection of the client's.
+// What the module reports have beyond the other classes: the DebugLog event and the client's connection.
 // clang-format off
 #include <windows.h>
 #include <ocidl.h>
@@ -15,7 +15,7 @@
 namespace kodra::face {
 namespace {
 
-// Hears the event: keeps each line, then does what the test wants.
+// Receives the event: keeps each line, then runs the test's action.
 class Listener final : public IDispatch {
  public:
   static Ref<Listener> New() { return Ref<Listener>::Owning(new Listener); }
@@ -44,7 +44,7 @@ class Listener final : public IDispatch {
     EXPECT_EQ(1U, arguments->cArgs);
     EXPECT_EQ(VT_BYREF | VT_BSTR, arguments->rgvarg[0].vt);
     lines.emplace_back(*arguments->rgvarg[0].pbstrVal);
-    // A sink may write to its argument; nobody else hears of it.
+    // A sink may write to its argument; nobody else sees it.
     SysReAllocString(arguments->rgvarg[0].pbstrVal, L"mudada");
     return then();
   }
@@ -257,7 +257,7 @@ TEST_F(ModuleEvents, ListTheirSinksInTheOrderOfTheirComing) {
   EXPECT_EQ(second, data[1].dwCookie);
   EXPECT_EQ(static_cast<IUnknown*>(other.get()), data[1].pUnk);
   for (const CONNECTDATA& each : data) each.pUnk->Release();
-  // A clone goes on where its original stands, and keeps what it lists.
+  // A clone continues at its original's position, and keeps its list.
   Ref<IEnumConnections> clone;
   ASSERT_EQ(S_OK, connections->Clone(clone.put()));
   EXPECT_EQ(S_FALSE, clone->Next(1, data, &count));

@@ -12,7 +12,7 @@ namespace {
 // An interface that no class of the component has.
 const IID kForeignInterface = {0x5c1d0d0a, 0x3b7e, 0x4c0e, {0x8f, 0x10, 0x21, 0x32, 0x43, 0x54, 0x65, 0x76}};
 
-// The test's own objects, out of the way of what COM may still hold of the registered DLL.
+// The test's own objects, separate from those that COM may still hold of the registered DLL.
 class ObjectRules : public testing::Test {
  protected:
   ObjectRules() : copy_(L"regras.dll") {
@@ -147,7 +147,7 @@ TEST_F(ObjectRules, AnAbsentResultIsRefusedWithoutTheErrorOfAnEarlierCall) {
   EXPECT_EQ(S_FALSE, GetErrorInfo(0, info.put()));
 }
 
-// The values that the C++ library keeps by thread are read as an exception passes, which clears it on Windows.
+// The C++ library reads its per-thread values while an exception passes, which clears the last error on Windows.
 TEST_F(ObjectRules, AFailedCallLeavesTheThreadsLastErrorAsItWas) {
   const Server server(copy_.windowsPath());
   const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));

@@ -1,4 +1,4 @@
-// The component's classes as this program itself holds them.
+// The component's classes as this program itself contains them.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace kodra::face {
 
-// While it exists, every public class that this process creates is of the program and not of the registered DLL.
+// While it exists, every public class that this process creates is the program's and not the registered DLL's.
 class OwnClasses {
  public:
   OwnClasses() {
@@ -19,7 +19,7 @@ class OwnClasses {
           com::ProgId(entry), [&entry] { return Ref<IDispatch>::Owning(static_cast<IDispatch*>(entry.create())); }));
   }
 
-  // Whether an object of them is alive.
+  // Whether one of their objects is alive.
   static bool AnyAlive() { return comkit::ModuleInUse(); }
 
  private:

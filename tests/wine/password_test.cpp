@@ -1,4 +1,4 @@
-// The connection's password in nothing that a client sees, hears or finds in the log, whichever report fails and
+// The connection's password is in nothing that a client sees, receives or finds in the log, whichever report fails and
 // however the connection is refused.
 #include <fstream>
 #include <iostream>
@@ -15,7 +15,7 @@ using tests::kSecret;
 
 class Passwords : public Hostile {
  protected:
-  // Connection strings with the password in it that no report gets its rows from; they end where more may be added.
+  // Connection strings that contain the password and lead to no rows; more may be added to their ends.
   std::vector<std::wstring> Refused() const {
     const std::wstring archive = archive_.Connection();
     std::wstring wrong = Variable(L"KODRA_MYSQL");
@@ -30,7 +30,7 @@ class Passwords : public Hostile {
         L"PWD={" + kSecret,
         wrong,
         quoted,
-        // Where the siblings, which read by no ADO, find no database either.
+        // Where the siblings, which do not read through ADO, find no database either.
         Pretended(System::kSqlServer) + L";" + PretendDatabases::kRefuseConnection,
         Pretended(System::kSqlServer) + L";" + PretendDatabases::kRefuseStatement,
         L"Provider=IBMDADB2;Data Source=nada;pwd = \"antes;" + kSecret + L"\";Simulado=1;Recusa=conexao",
@@ -39,7 +39,7 @@ class Passwords : public Hostile {
   }
 
   static void ExpectSilent(const std::wstring& text) {
-    // The text itself is not shown: it would be told then.
+    // The text itself is not shown, because that would print the password.
     EXPECT_EQ(std::wstring::npos, text.find(kSecret));
   }
   void ExpectSilentLog() const {
@@ -50,7 +50,7 @@ class Passwords : public Hostile {
     EXPECT_EQ(std::string::npos, lines.find(std::string(kSecret.begin(), kSecret.end())));
   }
 
-  // Lets the report write its log to a file and tell its lines to `lines`.
+  // Lets the report write its log to a file and send its lines to `lines`.
   void Listen(const Ref<IDispatch>& report, Names& lines) const {
     EXPECT_EQ(S_OK, Put(report, L"LogFile", log_.windowsPath()).hr);
     const auto sink = RecordingObject::New(L"Ouvinte", std::make_shared<Names>(),

@@ -1,5 +1,4 @@
-// An executable file of the tests' own kind, 32-bit or 64-bit, read as it lies on the disk: headers, imports and
-// exports.
+// An executable file of the tests' own kind, 32-bit or 64-bit, read from the disk: headers, imports and exports.
 #pragma once
 
 #include <windows.h>
@@ -33,12 +32,12 @@ class PeFile {
     return At<IMAGE_NT_HEADERS>(static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(0).e_lfanew));
   }
 
-  // Whether a text stands anywhere in the file.
+  // Whether the file contains a text anywhere.
   bool Holds(const std::string& text) const {
     return std::search(bytes_.begin(), bytes_.end(), text.begin(), text.end()) != bytes_.end();
   }
 
-  // The functions imported of each DLL, whose names are in small letters. A function by number is "#number".
+  // The functions imported from each DLL, whose name is in lower case. A function by number is "#number".
   std::map<std::string, std::set<std::string>> Imports() const {
     std::map<std::string, std::set<std::string>> imports;
     const DWORD table = Headers().OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
@@ -74,7 +73,7 @@ class PeFile {
     if (offset + sizeof(T) > bytes_.size()) throw std::runtime_error("beyond the end of the file");
     return *reinterpret_cast<const T*>(bytes_.data() + offset);
   }
-  // Where in the file an address of the loaded image stands.
+  // The position in the file of an address of the loaded image.
   std::size_t Offset(DWORD address) const {
     const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(&Headers());
     for (WORD i = 0; i < Headers().FileHeader.NumberOfSections; ++i, ++section)

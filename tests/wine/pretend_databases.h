@@ -1,12 +1,12 @@
 // Database systems that need no server: a connection string with "Simulado=1" opens nothing, and a statement on it
-// gives two rows with the columns that it selects. Every other string works as ever.
+// returns two rows with the columns that it selects. Every other string works as usual.
 //
 // Two entries of the tables of ADO's classes lead here while a PretendDatabases exists, for every object of the
-// process. The statement that a thread opened last, on whatever database, is known to that thread.
+// process. The last statement that each thread opened, on whatever database, is recorded.
 //
 //   const PretendDatabases databases;
 //   report.StringConexao = L"Provider=MSDAORA;Simulado=1"; report.RelatorioMidias(…);
-//   PretendDatabases::LastStatement();   // as Oracle would have got it
+//   PretendDatabases::LastStatement();   // the statement that Oracle would have received
 #pragma once
 
 #include <cstring>
@@ -20,7 +20,7 @@
 
 namespace kodra::face {
 
-// The names of the columns that a statement's first SELECT gives.
+// The names of the columns of a statement's first SELECT.
 inline std::vector<std::wstring> SelectedColumns(const std::wstring& statement) {
   std::vector<std::wstring> columns;
   std::wstring item;
@@ -133,7 +133,7 @@ class PretendDatabases {
     return refused ? Refuse(text) : Fill(self, statement);
   }
 
-  // Makes a recordset of two rows of the object; a column that is a date by its name has a day, any other "1".
+  // Makes the recordset one of two rows. A column that is a date by its name has a day, every other one "1".
   static HRESULT Fill(_Recordset* recordset, const std::wstring& statement) {
     const Var missing = Missing();
     const std::vector<std::wstring> columns = SelectedColumns(statement);
@@ -168,7 +168,7 @@ class PretendDatabases {
     *entry = function;
     VirtualProtect(entry, sizeof(void*), before, &before);
   }
-  // Lets a member of the object's class lead to `function`.
+  // Redirects a member of the object's class to `function`.
   template <auto kMethod, class Interface, class Function>
   void Take(Interface* object, Function& original, Function function) {
     // A pointer to a virtual member holds its offset in the table, plus one.
@@ -181,16 +181,16 @@ class PretendDatabases {
     Exchange(entry, reinterpret_cast<void*>(function));
   }
 
-  // Entries with what they held.
+  // Entries with their original content.
   std::vector<std::pair<void**, void*>> taken_;
 };
 
-// The systems that are pretended; their strings name each in a way of its own.
+// The pretended systems; the connection string of each names it differently.
 enum class System { kOracle, kSqlServer, kMySql, kDb2, kSqlite };
 inline constexpr int kSystems = 5;
 
-// A connection string of a pretended database. The siblings, which ask no ADO, read the archive at the same string,
-// those of MySQL and SQLite.
+// A connection string of a pretended database. The siblings, which do not use ADO, read the archive with the same
+// string, when it is that of MySQL or SQLite.
 inline const std::wstring& Pretended(System system) {
   static const std::wstring strings[] = {
       ArchiveConnection() + L";Descricao=MSDAORA;User ID=arquivo;Password=" + tests::kSecret + L";Simulado=1",

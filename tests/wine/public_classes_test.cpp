@@ -1,4 +1,4 @@
-// Every public class by its ProgID, and what its members do to a client that calls them by name.
+// Every public class by its ProgID, and the effects of its members for a client that calls them by name.
 #include "tests/wine/automation.h"
 #include "tests/wine/public_face.h"
 #include "tests/wine/server.h"
@@ -105,7 +105,7 @@ TEST(ReportObjects, AMethodWithoutItsArgumentIsRefused) {
   EXPECT_EQ(DISP_E_BADPARAMCOUNT, Call(report, L"RelatorioDeptos").hr);
 }
 
-// What each kind of property starts with and keeps.
+// The initial value of each kind of property and the values that it keeps.
 struct Kept {
   Var given;
   Var expected;

@@ -1,5 +1,5 @@
-// The public face as clients have compiled it in, written down by hand: what the type library, the class factory and
-// the registry are compared with. Ids of released classes never change.
+// The public face as clients have compiled it in, written by hand: the type library, the class factory and the registry
+// are compared with it. Ids of released classes never change.
 #pragma once
 
 #include <string>
@@ -75,7 +75,7 @@ inline std::vector<ReportEntry> ReportClasses() {
   return classes;
 }
 
-// What a property holds and what assigning it does.
+// The type of a property and the effect of assigning it.
 enum class Kind {
   kText,
   kInitial,  // the first character, upper-cased

@@ -1,4 +1,4 @@
-// The recordset as it reaches the client: how it reads, and what it keeps alive.
+// The recordset that the client receives: how it reads, and what it keeps alive.
 #include "tests/wine/public_face.h"
 #include "tests/wine/rows.h"
 
@@ -27,7 +27,7 @@ TEST(ReportRecordset, StreamsFromTheServerForwardOnlyReadOnlyAHundredRowsAtATime
   }
 }
 
-// A client-side cursor is a static one, whatever was asked for.
+// A client-side cursor is always static, whatever type was requested.
 TEST(ReportRecordset, OfModelsIsHeldByTheClient) {
   const auto recordset = OpenReport(L"CModeloRpt", L"RelatorioModelos");
   EXPECT_EQ(kOpen, Number(recordset, L"State"));

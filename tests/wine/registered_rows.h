@@ -1,4 +1,4 @@
-// The rows of the class registry that stand for the component registered, written down apart from its own code.
+// The rows of the class registry when the component is registered, written independently of its own code.
 #pragma once
 
 #include "tests/wine/public_face.h"
@@ -6,7 +6,7 @@
 
 namespace kodra::face {
 
-// Every row of the classes of a DLL, by the one rule.
+// Every row of the classes of a DLL, by the common rule.
 inline RegistryLines ClassRows(const std::wstring& dll) {
   RegistryLines rows;
   for (const ClassEntry& entry : PublicClasses()) {
@@ -66,7 +66,7 @@ inline RegistryLines LibraryRowsOfView(const std::wstring& view, const std::wstr
                         version + L"\\FLAGS|=" + kReadFromAFile,
                         version + L"\\HELPDIR",
                         version + L"\\HELPDIR|=" + folder};
-  // By the type library, and by IDispatch alone.
+  // By the type library, and by IDispatch only.
   constexpr const wchar_t* kDualMarshaler = L"{00020424-0000-0000-C000-000000000046}";
   constexpr const wchar_t* kDispatchMarshaler = L"{00020420-0000-0000-C000-000000000046}";
   for (const auto& [id, name, isDual] : Interfaces(dll)) {
@@ -81,7 +81,7 @@ inline RegistryLines LibraryRowsOfView(const std::wstring& view, const std::wstr
   return rows;
 }
 
-// What automation writes altogether: a 64-bit program does it for 32-bit programs too.
+// Everything that automation writes: a 64-bit program does it for 32-bit programs too.
 inline RegistryLines LibraryRows(const std::wstring& dll) {
   RegistryLines rows = LibraryRowsOfView(L"", dll);
   if (sizeof(void*) == 4) return rows;
@@ -97,7 +97,7 @@ inline RegistryLines Sorted(RegistryLines rows, const RegistryLines& more = {}) 
   return rows;
 }
 
-// No difference, or both sides of it.
+// Expects no difference, and shows both sides of one.
 inline void ExpectSame(const RegistryLines& expected, const RegistryLines& actual) {
   EXPECT_EQ(RegistryLines(), Without(expected, actual)) << "missing";
   EXPECT_EQ(RegistryLines(), Without(actual, expected)) << "too much";

@@ -1,4 +1,4 @@
-// What registration writes into the class registry, and that unregistering takes back that and nothing else.
+// What registration writes into the class registry; unregistering removes exactly that.
 #include "tests/wine/registered_rows.h"
 #include "tests/wine/registry_dump.h"
 #include "tests/wine/server.h"
@@ -6,7 +6,7 @@
 namespace kodra::face {
 namespace {
 
-// Dumps the registry without and with the component once; leaves it registered, whatever a test did.
+// Dumps the registry without and with the component once; leaves it registered after every test.
 class Registration : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -73,7 +73,7 @@ TEST_F(Registration, UnregisteringLeavesWhatWasThereBefore) {
   ExpectSame(absent_, DumpClasses());
 }
 
-// Also what an earlier unregistering might have left behind.
+// Including what an earlier unregistering might have left behind.
 TEST_F(Registration, UnregisteringLeavesNoTraceOfTheComponent) {
   RegistryLines traces = {L"KODRARPT", std::wstring(kLibraryId)};
   for (const ClassEntry& entry : PublicClasses()) traces.push_back(entry.clsid);

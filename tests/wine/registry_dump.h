@@ -44,7 +44,7 @@ inline void DumpKey(HKEY parent, const std::wstring& name, const std::wstring& p
     wchar_t child[256];
     DWORD size = 256;
     if (RegEnumKeyExW(key, i, child, &size, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-    // Key names are the same in any letter case; Wine spells this one in its own.
+    // Key names are the same in any letter case; Wine has its own spelling of this one.
     const std::wstring spelt = _wcsicmp(child, L"TypeLib") == 0 ? L"TypeLib" : child;
     DumpKey(key, spelt, path.empty() ? spelt : path + L"\\" + spelt, lines);
   }
@@ -62,7 +62,7 @@ inline RegistryLines Dump(HKEY root, const std::wstring& key) {
 // The classes that all users of the machine share.
 inline RegistryLines DumpClasses() { return Dump(HKEY_LOCAL_MACHINE, L"Software\\Classes"); }
 
-// What `all` has and `some` has not.
+// The rows that are in `all` and not in `some`.
 inline RegistryLines Without(const RegistryLines& all, const RegistryLines& some) {
   RegistryLines rest;
   std::set_difference(all.begin(), all.end(), some.begin(), some.end(), std::back_inserter(rest));

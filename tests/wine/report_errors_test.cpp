@@ -14,7 +14,7 @@
 namespace kodra::face {
 namespace {
 
-// What stands between the report's prefix and the end of the description.
+// The error with a cause between the report's prefix and the end of the description.
 Failure Framed(const std::wstring& name, const std::wstring& method, const std::wstring& cause) {
   return {0x80041FAB, L"KodraRpt." + name + L"::" + method, L"Erro ao gerar dados para o relatório: " + cause};
 }
@@ -34,7 +34,7 @@ Failure ByVtable(Method<Interface> method, const std::wstring& connection, IDisp
   return TakeFailure(hr, report);
 }
 
-// A report in both ways of calling it.
+// A report called in both ways.
 struct Caller {
   std::wstring name;
   std::wstring method;
@@ -111,7 +111,7 @@ TEST(ReportErrors, OfBothMissingOnlyTheConnectionStringIsNamed) {
   ExpectFailure(kDepartments, L"", kNothing, kNoConnectionString);
 }
 
-// Wine's driver manager gives no text for a string without driver and data source; ADO then has only this to say.
+// Wine's driver manager has no text for a string without driver and data source; ADO then has only this text.
 constexpr const wchar_t* kNoDriver = L"[Microsoft OLE DB Provider for ODBC Drivers]: Unspecified error";
 
 TEST(ReportErrors, ABlankConnectionStringFailsWhenItIsOpened) {
@@ -148,7 +148,7 @@ TEST(ReportErrors, ADatabaseFileOfFourGigabytesIsNotDamaged) {
   length.QuadPart = 0x100000000;
   HANDLE stretched =
       CreateFileW(file.windowsPath().c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  // What is added is a hole, which SQLite overlooks: its header says how much of the file is the database.
+  // The added part is a hole, which SQLite ignores: its header says how much of the file is the database.
   EXPECT_TRUE(SetFilePointerEx(stretched, length, nullptr, FILE_BEGIN));
   EXPECT_TRUE(SetEndOfFile(stretched));
   CloseHandle(stretched);
@@ -183,7 +183,7 @@ TEST(ReportErrors, ADatabaseWithoutTheTableGivesTheProvidersTextAndItsCode) {
 TEST(ReportErrors, AParameterObjectWithoutThePropertyIsNamedByIt) {
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"Owner", L"x"),
                 L"O objeto de parâmetros não tem a propriedade \"TipoRpt\".");
-  // It knows the name, but not as something to read.
+  // It knows the name, but not as a readable property.
   ExpectFailure(kMedia, ArchiveConnection(),
                 ForeignObject::With(L"TipoRpt", [](VARIANT*, EXCEPINFO*) { return DISP_E_MEMBERNOTFOUND; }),
                 L"O objeto de parâmetros não tem a propriedade \"TipoRpt\".");
@@ -210,7 +210,7 @@ TEST(ReportErrors, AnErrorOfTheParameterObjectWithoutATextHasThatOfItsNumber) {
 
 TEST(ReportErrors, APropertyThatHoldsNoTextIsTheCause) {
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"TipoRpt", Var::Null()), L"Uso de 'Null' inválido");
-  // An object is read as its default property, which this one does not have.
+  // An object is read by its default property, which this one does not have.
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"TipoRpt", Var(ParametersOf(kMedia).get())),
                 L"O objeto não aceita esta propriedade ou método");
 }

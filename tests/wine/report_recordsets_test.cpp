@@ -1,5 +1,5 @@
-// The recordsets of the reports beyond the catalogs: how they read, what they keep alive, and what those made in memory
-// need nobody for.
+// The recordsets of the reports beyond the catalogs: how they read, what they keep alive, and that those made in memory
+// depend on nothing.
 #include "tests/wine/report_rows.h"
 
 namespace kodra::face {
@@ -22,7 +22,7 @@ struct Method {
   Properties properties;
 };
 
-// With a period in which there are documents.
+// With a period that has documents.
 Properties InPeriod(Properties properties = {}) {
   properties.emplace_back(L"DataInicial", DayOf(L"2012-01-01"));
   properties.emplace_back(L"DataFinal", DayOf(L"2020-12-31"));
@@ -167,7 +167,7 @@ TEST_F(ReportsRecordset, MadeInMemoryIsTheClientsToChange) {
   }
 }
 
-// A field's name, type and, of a text, size.
+// A field's name, type and, for a text, size.
 using FieldShape = std::tuple<std::wstring, int, int>;
 std::vector<FieldShape> ShapeOf(const Ref<IDispatch>& recordset) {
   std::vector<FieldShape> shape;
@@ -237,7 +237,7 @@ TEST_F(ReportsRecordset, OneReportGivesSeveralThatAreReadInTurns) {
   EXPECT_EQ(RowsOf(L"CDocumentoRpt", L"RelatorioSintetico").rows.size(), rest.rows.size() + 1);
 }
 
-// Reports on two databases, called in turns on one thread: each statement is in the dialect of its own.
+// Reports on two databases, called by turns on one thread: each statement is in its own dialect.
 TEST(ReportsOnTwoDatabases, KeepTheirDialectsApart) {
   const auto onSQLite = Create(L"KodraRpt.CEstatSerieRpt");
   const auto onMariaDb = Create(L"KodraRpt.CEstatSerieRpt");

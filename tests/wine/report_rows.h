@@ -1,4 +1,4 @@
-// The sample archive on one database as its client reaches it: the reports run by ProgID and member name.
+// The sample archive on one database as its client uses it: the reports run by ProgID and member name.
 //
 //   const ArchiveClient client(Engine::kMariaDb);
 //   const Table supports = client.RowsOf(L"CSuporteRpt", L"RelatorioSuportes");
@@ -59,13 +59,13 @@ class ArchiveClient {
   Engine engine_;
 };
 
-// Tests of what is the same on both databases.
+// Tests with the same result on both databases.
 class OnBothDatabases : public testing::TestWithParam<Engine>, protected ArchiveClient {
  protected:
   OnBothDatabases() : ArchiveClient(GetParam()) {}
 };
 
-// A copy of the archive in SQLite with changes of the test's own.
+// A copy of the archive in SQLite that the test may change.
 class OwnArchive {
  public:
   explicit OwnArchive(const Names& changes) : file_(L"acervo.db") {

@@ -1,4 +1,4 @@
-// What the reports ask of sibling components and make of their answers, with objects of the test in their place.
+// What the reports ask of sibling components and make of their answers, with the test's objects in their place.
 #include "tests/wine/foreign_object.h"
 #include "tests/wine/report_rows.h"
 #include "tests/wine/stand_in.h"
@@ -8,11 +8,11 @@ namespace {
 
 class ReportSiblings : public testing::Test {
  protected:
-  // A component that a report creates, as `name` in the calls.
+  // Replaces a component that a report creates; the recorded calls name it `name`.
   StandIn Replace(const wchar_t* progId, const wchar_t* name, RecordingObject::Answer answer = {}) const {
     return StandIn(progId, [name, answer, calls = calls_] { return RecordingObject::New(name, calls, answer); });
   }
-  // One that gives an object, a text or nothing, whatever it is asked.
+  // One that returns an object, a text or nothing, whatever it is asked.
   static RecordingObject::Answer Giving(const Var& value) {
     return [value](const std::wstring&, const std::vector<Var>&, VARIANT* result, EXCEPINFO*) {
       return VariantCopy(result, const_cast<VARIANT*>(&value.raw()));

@@ -17,7 +17,7 @@ Value ValueOf(const Var& field);
 Table ReadAll(const Ref<IDispatch>& recordset);
 Table ReadFromFirst(const Ref<IDispatch>& recordset);
 
-// A report's recordset by the client's way: create, connect, fill the parameter object, call.
+// A report's recordset as a client gets it: create, connect, fill the parameter object, call.
 inline Outcome RunReport(const std::wstring& name, const std::wstring& method, const Var& obj,
                          const std::wstring& connection) {
   const auto report = Create(L"KodraRpt." + name);

@@ -20,7 +20,7 @@ std::wstring OnMariaDb(const std::wstring& database) {
   return text.replace(from, text.find(L';', from) - from, database);
 }
 
-// The tables of the archive that the program is given, empty or with their rows.
+// The tables of the program's archive, empty or with their rows.
 std::wstring CopyOnMariaDb(const std::wstring& database, bool withRows) {
   std::vector<std::wstring> statements{L"DROP DATABASE IF EXISTS " + database,
                                        L"CREATE DATABASE " + database + L" CHARACTER SET utf8mb4"};
@@ -39,7 +39,7 @@ std::wstring SampleOnMariaDb() {
   return connection;
 }
 
-// A copy of a file under a name of this test program's.
+// A copy of a file under a name of this test program's own.
 void Copy(const std::wstring& source, const std::wstring& target) {
   EXPECT_TRUE(CopyFileW(face::WindowsPath(source).c_str(), face::WindowsPath(target).c_str(), FALSE)) << GetLastError();
 }

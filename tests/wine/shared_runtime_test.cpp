@@ -1,5 +1,5 @@
-// The component in a process that has the shared library of its compiler's runtime, as programs and ODBC drivers of the
-// same compiler have: its errors are its own, whatever else is loaded.
+// The component in a process with the shared library of its compiler's runtime, which programs and ODBC drivers of the
+// same compiler load: its errors stay intact, whatever else is loaded.
 #include <gtest/gtest.h>
 
 #include "tests/wine/command_output.h"
@@ -8,7 +8,7 @@
 namespace kodra::face {
 namespace {
 
-// What a client of programs/ writes.
+// The output of a client of programs/.
 std::string OutputOfClient(const std::wstring& commandLine) {
   const std::wstring program = ProgramPath();
   return OutputOf(program.substr(0, program.rfind(L'\\') + 1) + commandLine);

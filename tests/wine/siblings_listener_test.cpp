@@ -1,4 +1,4 @@
-// KodraSuporte.Ouvinte: the events of an object, heard by an object that only has methods.
+// KodraSuporte.Ouvinte: passes the events of an object on to an object that only has methods.
 #include <cwchar>
 #include <functional>
 #include <sstream>
@@ -21,7 +21,7 @@ using face::Put;
 using face::Ref;
 using face::Var;
 
-// A client's object with one method, which keeps the text that it is called with.
+// A client's object with one method, which keeps the text that it receives.
 class Ear final : public ClientObject {
  public:
   static Ref<Ear> New(const wchar_t* method) { return Ref<Ear>::Owning(new Ear(method)); }

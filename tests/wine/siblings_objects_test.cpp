@@ -1,4 +1,4 @@
-// What kodra_siblings.dll gives beyond single values: collections, objects that read each other, files.
+// What kodra_siblings.dll returns beyond single values: collections, objects that read each other, files.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -57,7 +57,7 @@ std::wstring NumCaixaOf(const VARIANT& module) {
   return Got(Get(Ref<IDispatch>::Owning(module.pdispVal), L"NumCaixa")).text().value();
 }
 
-// What `For Each` asks a collection for.
+// The enumerator that `For Each` asks a collection for.
 Ref<IEnumVARIANT> EnumeratorOf(const Ref<IDispatch>& collection) {
   DISPPARAMS none = {};
   Var result;

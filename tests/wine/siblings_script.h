@@ -1,4 +1,4 @@
-// Runs a script of vbs/ for the tests of the siblings, and reads what it and its components wrote.
+// Runs a script of vbs/ for the tests of the siblings, and reads the output of the script and its components.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ inline std::string BytesOf(const face::OwnFile& file) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-// The text of a UTF-16 file without the mark at its beginning.
+// The text of a UTF-16 file without its byte order mark.
 inline std::wstring TextOf(const face::OwnFile& file) {
   const std::string bytes = BytesOf(file);
   std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
@@ -27,7 +27,7 @@ inline std::wstring TextOf(const face::OwnFile& file) {
   return text;
 }
 
-// Runs a script with a file to write and further arguments; gives the file's text.
+// Runs a script with a file to write and further arguments; returns the file's text.
 inline std::wstring OutputOf(const std::wstring& script, const std::vector<std::wstring>& arguments) {
   const face::OwnFile file(L"siblings.txt");
   std::wstring command = L"cscript.exe //nologo vbs\\" + script + L" \"" + file.windowsPath() + L"\"";

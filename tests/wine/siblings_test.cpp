@@ -1,4 +1,4 @@
-// kodra_siblings.dll as a late-bound client sees it: registered by regsvr32, reached by ProgID.
+// kodra_siblings.dll as a late-bound client sees it: registered by regsvr32, created by ProgID.
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -33,7 +33,7 @@ std::optional<std::wstring> TextOf(const Ref<IDispatch>& object, const std::wstr
   return Got(Get(object, member)).text();
 }
 
-// An entry point of the DLL that takes nothing.
+// Calls an entry point of the DLL that has no arguments.
 HRESULT RunEntryPoint(HMODULE module, const char* entryPoint) {
   const FARPROC found = GetProcAddress(module, entryPoint);
   if (found == nullptr) return E_FAIL;
@@ -150,7 +150,7 @@ TEST(Siblings, CannotBeAggregated) {
 
 class SiblingsModule : public testing::Test {
  protected:
-  // Held once more than COM holds it, so that its entry points stay callable.
+  // Held in addition to COM's references, so that its entry points stay callable.
   void SetUp() override { ASSERT_NE(module_ = LoadLibraryW(DllPath().c_str()), nullptr); }
   void TearDown() override { FreeLibrary(module_); }
 
@@ -213,7 +213,7 @@ TEST_F(SiblingsModule, RefusesAClassThatItDoesNotHave) {
   EXPECT_FALSE(factory);
 }
 
-// Registers into a key that stands in for HKEY_LOCAL_MACHINE meanwhile.
+// Registers into a key that meanwhile replaces HKEY_LOCAL_MACHINE.
 class SiblingsRegistration : public SiblingsModule {
  protected:
   void SetUp() override {

@@ -1,4 +1,4 @@
-// Eight apartments at once with five database systems: every statement is of its own thread's system.
+// Eight apartments at once with five database systems: every statement is in the dialect of its own thread's system.
 #include <functional>
 #include <iostream>
 #include <iterator>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kCalls = 2000;
 
-// Three reports in the words of each system: additions to dates and today, dates as texts, and texts as dates.
+// Parts of three reports in the dialect of each system: additions to dates and today, dates as texts, texts as dates.
 struct Words {
   System system;
   const wchar_t* expired;
@@ -86,7 +86,7 @@ struct Findings {
   int onRealDatabase = 0;
 };
 
-// Calls the reports of one system in an apartment of its own; one call in fifty goes to the database itself where there
+// Calls the reports of one system in an apartment of its own; one call in fifty goes to the real database where there
 // is one.
 void WorkOn(const Words& words, Findings& findings) {
   EXPECT_EQ(S_OK, CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
@@ -98,7 +98,7 @@ void WorkOn(const Words& words, Findings& findings) {
                               : words.system == System::kMySql ? Variable(L"KODRA_MYSQL")
                                                                : std::wstring();
     for (int call = 0; call < kCalls; ++call) {
-      // Expired media are listed by both; what else SQLite is asked for it refuses.
+      // Both databases list expired media; SQLite refuses the other reports.
       const bool isReal = !real.empty() && call % 50 == 0;
       const std::size_t which = isReal ? 0 : static_cast<std::size_t>(call) % statements.size();
       const Outcome outcome = reports[which].Run(isReal ? real : Pretended(words.system));

@@ -1,4 +1,4 @@
-// What a process holds: its handles, and the blocks of its heaps.
+// The resources that a process holds: its handles, and the blocks of its heaps.
 #pragma once
 
 // clang-format off
@@ -11,8 +11,8 @@
 
 namespace kodra::face {
 
-// How many handles this process has open. GetProcessHandleCount always says 0 in Wine; the system's whole list is
-// there.
+// The number of handles that this process has open. GetProcessHandleCount always returns 0 in Wine, but the system's
+// list of all handles is available.
 inline std::size_t OpenHandles() {
   struct Entry {
     ULONG process;
@@ -41,8 +41,8 @@ inline std::size_t OpenHandles() {
   return own;
 }
 
-// The bytes in use in all heaps of this process. Small blocks count in groups, whole as soon as one of a group is in
-// use.
+// The bytes in use in all heaps of this process. Small blocks are counted in groups: a whole group counts as soon as
+// one of its blocks is in use.
 inline std::size_t HeapBytes() {
   std::array<HANDLE, 64> heaps = {};
   const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());

@@ -1,5 +1,5 @@
-// A hundred thousand report calls in one process, thousands of them failing: what the process holds after them is what
-// it held after the first thousand.
+// A hundred thousand report calls in one process, thousands of them failing: the process then holds the same resources
+// as after the first thousand.
 #include <array>
 #include <functional>
 #include <iostream>
@@ -20,7 +20,7 @@ namespace {
 constexpr int kCalls = 100000;
 constexpr int kWarm = 1000;
 
-// What becomes of a call.
+// The kind of a call.
 enum class Turn {
   kPretended,
   kSQLite,
@@ -40,8 +40,8 @@ enum class Turn {
 constexpr int kFirstFailing = static_cast<int>(Turn::kNoConnectionString);
 constexpr int kFailingTurns = static_cast<int>(Turn::kPasswordRefused) - kFirstFailing + 1;
 
-// One call in a hundred is on a database that is there, one in forty fails; their kinds take turns. Of the first
-// thousand half are such calls, so that every report has met them.
+// One call in a hundred is on a real database, one in forty fails; their kinds alternate. In the first thousand half of
+// the calls are such, so that every report has met them.
 Turn TurnOf(int call) {
   const auto failing = [](int number) { return static_cast<Turn>(kFirstFailing + number % kFailingTurns); };
   if (call < kWarm) {
@@ -69,7 +69,7 @@ class Rota {
 // A command needs a connection that is open.
 bool IsCommand(const ReportCase& tested) { return tested.method == std::wstring(L"RelatorioModelos"); }
 bool HasNoFrame(const ReportCase& tested) { return tested.method == std::wstring(L"DocsNoModuloSubRpt"); }
-// Whether siblings read the database for a report: they ask no ADO, so there must be one.
+// Whether siblings read the database for a report: they do not use ADO, so a real one must exist.
 bool AsksSiblings(const ReportCase& tested) {
   const std::wstring names = tested.Source();
   return names.ends_with(L"RelatorioLog") || names.ends_with(L"FechamentoSubordinada") ||
@@ -84,7 +84,7 @@ std::vector<ReportCase> OnStringsBut(const std::function<bool(const ReportCase&)
 
 class Soak : public testing::Test {
  protected:
-  // Reads a recordset from where it stands; how many rows it had.
+  // Reads a recordset from its current row; returns how many rows it had.
   static int ReadRows(const Ref<IDispatch>& rows) {
     const auto recordset = rows.As<_Recordset>();
     Ref<Fields> fields;
@@ -114,7 +114,7 @@ class Soak : public testing::Test {
   static Outcome RunOn(const ReportCase& tested, const std::wstring& connection) {
     return RunOn(tested, connection, tested.NewParameters());
   }
-  // A call on a pretended database; the same report object serves for a while.
+  // A call on a pretended database; the same report object is used for several calls.
   void CallPretended() {
     const ReportCase& tested = pretended_.Next();
     const auto kept = kept_.try_emplace(tested.Source(), tested).first;
@@ -127,7 +127,7 @@ class Soak : public testing::Test {
       rows_ += ReadRows(outcome.value.object());
   }
 
-  // A failing call; what its description ends with, or its HRESULT.
+  // A failing call; returns the end of its description, or its HRESULT.
   void CallFailing(Turn turn) {
     const ReportCase& tested = failing_.Next();
     const Outcome outcome = Fail(tested, turn);
@@ -224,7 +224,7 @@ class Soak : public testing::Test {
     }
   }
 
-  // With every object gone.
+  // Expects that no object is left.
   void ExpectNothingAlive() {
     kept_.clear();
     ClassesAtHand::Forget();
@@ -277,16 +277,16 @@ TEST_F(Soak, AHundredThousandCallsLeaveWhatTheFirstThousandLeft) {
             << " blocks of the component" << std::endl;
 }
 
-// Texts that go from one component to another are in no one's blocks, but in the heaps of the process. Only calls
-// without a driver are measured: Wine's own odbc32 keeps about 200 bytes of every statement, its oleaut32 some of every
-// type library that it loads.
+// Texts that pass from one component to another are in the heaps of the process, not in one component's blocks. Only
+// calls without a driver are measured: Wine's own odbc32 keeps about 200 bytes of every statement, its oleaut32 some of
+// every type library that it loads.
 TEST_F(Soak, CallsThatReachNoDriverLeaveEveryByteOfTheHeapsAsItWas) {
   constexpr int kMeasured = 4000;
   const auto callMany = [&] {
     for (int call = 0; call < kMeasured && !HasFailure(); ++call) CallPretended();
     return HeapBytes();
   };
-  // Until the heaps have the groups of blocks that the calls need; what is lost at every call never comes to rest.
+  // Until the heaps have the groups of blocks that the calls need; with a leak at every call this never happens.
   std::size_t before = 0;
   std::size_t after = callMany();
   for (int round = 0; round < 10 && before != after; ++round) {

@@ -2,7 +2,7 @@
 //
 //   const auto calls = std::make_shared<Names>();
 //   const StandIn reader(L"KodraRegEvt.RegEvtDAO", [&] { return RecordingObject::New(L"DAO", calls, answer); });
-//   ... the report creates it by ProgID, and `*calls` has what it did with it ...
+//   ... the report creates it by ProgID, and `*calls` contains the report's calls ...
 #pragma once
 
 #include <algorithm>
@@ -29,8 +29,7 @@ inline std::wstring TextOf(const Var& value) {
 // Answers to any member name and writes down each use of it: "DAO.Caller := texto", "DAO.Localiza(objeto)".
 class RecordingObject final : public ClientObject {
  public:
-  // Gives the result of a member that is read or called, or fills the EXCEPINFO; properties that are assigned do not
-  // ask it.
+  // Returns the result of a member that is read or called, or fills the EXCEPINFO; assignments do not call it.
   using Answer = std::function<HRESULT(const std::wstring& member, const std::vector<Var>& arguments, VARIANT* result,
                                        EXCEPINFO* info)>;
 
@@ -51,7 +50,7 @@ class RecordingObject final : public ClientObject {
     std::vector<Var> arguments(parameters->cArgs);
     for (UINT i = 0; i < parameters->cArgs; ++i)
       VariantCopyInd(arguments[parameters->cArgs - 1 - i].put(), &parameters->rgvarg[i]);
-    // An assignment names its value, in either kind; a class of the type library's kind takes it no other way.
+    // An assignment names its value, in both kinds; a class described by a type library accepts it no other way.
     const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     EXPECT_EQ(isPut ? 1U : 0U, parameters->cNamedArgs) << testing::PrintToString(member);
     if (isPut && parameters->cNamedArgs == 1) {
@@ -87,13 +86,13 @@ class RecordingObject final : public ClientObject {
   Names members_;
 };
 
-// While it lives, `create` makes the objects of a ProgID, or none can be made.
+// While it exists, `create` makes the objects of a ProgID; without `create` none can be made.
 class StandIn {
  public:
   using Creator = std::function<Ref<IDispatch>()>;
 
   StandIn(const std::wstring& progId, Creator create) : StandIn(progId, std::move(create), S_OK) {}
-  // Every creation fails so. Told to succeed, the class hands out nothing.
+  // Every creation fails with this code. With a code of success, the class returns no object.
   StandIn(const std::wstring& progId, HRESULT failure) : StandIn(progId, {}, failure) {}
   StandIn(const StandIn&) = delete;
   StandIn& operator=(const StandIn&) = delete;

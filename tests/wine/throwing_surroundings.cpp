@@ -1,4 +1,4 @@
-// The surroundings of the classes that the test program holds: Windows' own, each call of which may be one to throw.
+// The surroundings of the classes in the test program: Windows' own, any call of which may throw.
 #include "ado/com_surroundings.h"
 #include "com/module_surroundings.h"
 #include "tests/wine/faults_injector.h"

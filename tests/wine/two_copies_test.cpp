@@ -1,5 +1,5 @@
-// Two copies of the component in one process, as a program has them that brings its own and meets the installed one:
-// each may be given the other's objects.
+// Two copies of the component in one process, as in a program that brings its own and meets the installed one: each may
+// receive the other's objects.
 #include <kodrarpt.h>
 
 #include "tests/wine/rows.h"

@@ -94,7 +94,7 @@ Ref<ITypeInfo> DefaultInterface(ITypeInfo* coclass) {
   return vtable;
 }
 
-// The interface's own members in vtable order; each must stand in the slot after the one before it.
+// The interface's own members in vtable order; each must be in the slot after the previous one.
 Lines Members(ITypeInfo* info) {
   TYPEATTR* attributes = nullptr;
   EXPECT_EQ(S_OK, info->GetTypeAttr(&attributes));

@@ -1,5 +1,5 @@
-// A client that lets COM unload the component whenever it is idle loads it again and again: what the DLL took of the
-// process must come back with it.
+// A client that lets COM unload the component whenever it is idle loads it again and again: the DLL must free whatever
+// it took from the process.
 #include <kodrarpt.h>
 
 #include <memory>
@@ -11,7 +11,7 @@
 namespace kodra::face {
 namespace {
 
-// What the process has left, and what it holds.
+// The resources that the process has left, and those that it holds.
 struct Holdings {
   DWORD threadSlot;
   DWORD fiberSlot;
@@ -21,7 +21,7 @@ struct Holdings {
 };
 
 Holdings Held() {
-  // The first slots of thread-local and fiber-local storage that nobody has.
+  // The first slots of thread-local and fiber-local storage that are free.
   const DWORD threadSlot = TlsAlloc();
   const DWORD fiberSlot = FlsAlloc(nullptr);
   TlsFree(threadSlot);
@@ -36,7 +36,7 @@ void PrintTo(const Holdings& held, std::ostream* out) {
 
 class Unloading : public testing::Test {
  protected:
-  // A copy, out of the way of what COM may still hold of the registered DLL.
+  // A copy, separate from the registered DLL, which COM may still hold.
   Unloading() : copy_(L"descarga.dll") {
     EXPECT_TRUE(CopyFileW(DllPath().c_str(), copy_.windowsPath().c_str(), FALSE));
   }
@@ -51,8 +51,8 @@ class Unloading : public testing::Test {
 
   bool IsLoaded() const { return GetModuleHandleW(copy_.windowsPath().c_str()) != nullptr; }
 
-  // Runs rounds and compares what the process holds before and after. What Windows keeps at times of its own does not
-  // come again; what is lost is lost each time.
+  // Runs rounds and compares what the process holds before and after. What Windows allocates now and then does not come
+  // again; a leak comes again each time.
   template <class Round>
   void ExpectNothingLost(Round round) {
     constexpr int kRounds = 50;
@@ -82,8 +82,8 @@ TEST_F(Unloading, MayBeDoneMoreOftenThanAProcessHasSlots) {
   for (int i = 0; i <= kSlots && !HasFailure(); ++i) Throw(Server(copy_.windowsPath()));
 }
 
-// A count that fell too low would end the library under another client who has it; one that fell too early would have
-// it read anew for every object.
+// A count that fell too low would end the library while another client has it; one that fell too early would make the
+// library be read again for every object.
 TEST_F(Unloading, TheTypeLibraryIsReleasedOnceAndWithTheLastObject) {
   const Server server(copy_.windowsPath());
   Ref<ITypeLib> library;
@@ -104,7 +104,8 @@ TEST_F(Unloading, TheTypeLibraryIsReleasedOnceAndWithTheLastObject) {
     return library->Release();
   };
   auto report = describe();
-  // Besides the test's one: with some to spare, a release too many is a wrong count and not the end of the library.
+  // In addition to the test's own reference: with spare references, a release too many shows as a wrong count and does
+  // not end the library.
   for (int spare = 0; spare < 9; ++spare) library->AddRef();
   for (int round = 0; round < 3; ++round) {
     EXPECT_EQ(11U, references());

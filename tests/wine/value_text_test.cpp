@@ -1,4 +1,4 @@
-// The text of a value beside automation's own under Brazilian Portuguese.
+// The text of a value compared with automation's own under Brazilian Portuguese.
 //
 // Where Wine is known to differ from Windows, the value is listed with both texts and the reason.
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ std::wstring AutomationText(const VARIANT& variant) {
   return text.type() == VT_BSTR ? std::wstring(text.raw().bstrVal, SysStringLen(text.raw().bstrVal)) : L"";
 }
 
-// The component's text of the same.
+// The component's text of the same value.
 std::wstring OurText(const VARIANT& variant) { return values::ToTextOrEmpty(ToValue(variant)); }
 
 struct Written {
@@ -103,7 +103,7 @@ TEST(ValueText, OfSmallIntegersIsAutomationsOwn) {
   check(VT_UINT, 4294967295, L"4294967295");
 }
 
-// The client says how many bits the processor calculates with: 53 by default, 64 in programs made by Delphi and GCC.
+// The client sets how many bits the processor calculates with: 53 by default, 64 in programs made by Delphi and GCC.
 // The first number is one that a multiplication with 64 bits rounds twice.
 TEST(ValueText, IsReadAsTheNearestNumberInEveryClient) {
   const unsigned before = _controlfp(0, 0);
@@ -120,8 +120,8 @@ TEST(ValueText, IsReadAsTheNearestNumberInEveryClient) {
 }
 
 TEST(ValueText, IsThatOfWindowsWhereWineDiffers) {
-  // Wine writes an exponent for what is smaller than 0,0001 and for nothing else; Windows does so when the decimals,
-  // the zeros after the comma among them, are more than the type has significant digits.
+  // Wine writes an exponent only for numbers smaller than 0,0001; Windows writes one when the decimals, including the
+  // zeros after the comma, are more than the type has significant digits.
   const struct {
     Value value;
     std::wstring_view windows;

@@ -22,7 +22,7 @@ VARIANT Of(VARTYPE type, Write write) {
   return v;
 }
 
-// What reading the VARIANT raises; 0 when it does not.
+// The error of reading the VARIANT; 0 when it does not fail.
 std::int32_t Raised(const VARIANT& variant) {
   try {
     ToValue(variant);
@@ -262,7 +262,7 @@ TEST(LateBoundObject, WithoutDefaultPropertyHasNoText) {
   EXPECT_EQ(91, raised(WrapDispatch(WithDefault(face::Var(static_cast<IDispatch*>(nullptr))).get())));
 }
 
-// An object that is no COM object.
+// An object that is not a COM object.
 class Portable final : public AutomationObject {
  public:
   Value Get(std::wstring_view) override { return {}; }
@@ -390,7 +390,7 @@ TEST(ErrorOfACallByName, NamesTheRuntimesOwnErrors) {
   }
 }
 
-// Says that it supports error information, or not.
+// Answers whether it supports error information.
 class Supporting final : public ISupportErrorInfo {
  public:
   explicit Supporting(HRESULT answer) : answer_(answer) {}
@@ -481,7 +481,7 @@ TEST(LateBoundObject, HasNoMemberThatTheObjectDoesNotHave) {
   EXPECT_EQ(438, raised([&] { late->Call(L"Idade", {}); }));
 }
 
-// A method that is called with its arguments as they come, the last one first.
+// A method that is called with its arguments in their original order, the last one first.
 class OneMethod final : public face::ClientObject {
  public:
   using Body = std::function<HRESULT(const DISPPARAMS& parameters, VARIANT* result)>;
@@ -559,7 +559,7 @@ TEST(LateBoundObject, IsAskedForTheWholeOfANameOfAnyLength) {
     const std::wstring longer = std::wstring(length - 1, L'N') + L"AX";
     const std::wstring name = longer.substr(0, length);
     const auto object = face::ForeignObject::With(name, L"Ana");
-    // A view of the name ends where it does, not where its text does.
+    // A view of the name ends where the view does, not where its text does.
     EXPECT_EQ(Value(L"Ana"), WrapDispatch(object.get())->Get(std::wstring_view(longer).substr(0, length)));
     EXPECT_THROW(WrapDispatch(object.get())->Get(longer), Erro);
   }

@@ -2,8 +2,8 @@
 //
 //   runtime_client [LIBRARY]
 //
-// Prints the error of a failing report four times: of the component just loaded, after LIBRARY was loaded too, and
-// twice of the component that COM has unloaded and loaded again. In the end it throws and catches an exception of its
+// Prints the error of a failing report four times: from the component just loaded, after LIBRARY was loaded too, and
+// twice from the component that COM has unloaded and loaded again. At the end it throws and catches an exception of its
 // own.
 #include <windows.h>
 
@@ -55,7 +55,7 @@ void UnloadTheComponent() {
 }  // namespace
 
 int main(int count, char** arguments) {
-  // What is printed before an abrupt end is seen too.
+  // Unbuffered, so that output before an abrupt end is seen too.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   CoInitialize(nullptr);
   FailAReport();

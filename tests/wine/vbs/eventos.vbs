@@ -1,5 +1,6 @@
-' Hears the DebugLog event of CCaixaRpt through KodraSuporte.Ouvinte and writes each line that it hears into a UTF-16
-' file. Arguments: the file to write, the connection string, the log file, a module with closed subordinate modules.
+' Listens to the DebugLog event of CCaixaRpt through KodraSuporte.Ouvinte and writes each line that it receives into a
+' UTF-16 file. Arguments: the file to write, the connection string, the log file, a module with closed subordinate
+' modules.
 Option Explicit
 
 Class Ouvido
@@ -34,7 +35,7 @@ out.Write "raised " & Err.Number & vbLf
 Err.Clear
 On Error Goto 0
 
-' Without a log file the lines are still heard; without a listener they are not.
+' Without a log file the listener still receives the lines; without a listener nobody does.
 report.LogFile = ""
 Set rows = report.AutorizacaoDescarteModuloSubRpt(parameters)
 rows.Close

@@ -7,7 +7,7 @@ Set out = CreateObject("Scripting.FileSystemObject").CreateTextFile(WScript.Argu
 Set cn = CreateObject("ADODB.Connection")
 cn.Open WScript.Arguments(1)
 
-' Through the script's own connection alone.
+' Only through the script's own connection.
 Set modules = CreateObject("KodraBsnV3.ObtedorDeModulos")
 Set modules.Conexao = cn
 Set filter = CreateObject("KodraBsnV3.ModulosFiltro")
@@ -39,7 +39,7 @@ Set business = CreateObject("KodraBsnV3.ModulosBsn")
 out.Write business.NumCxSubordinadaSQL(7, "s") & vbLf
 out.Write CreateObject("KodraBsnV3.ObtedorDeTiposOperadores").ObtemDescricao(CDbl(12)) & vbLf
 
-' A field stands for its value.
+' The value of a field is used where the field alone is written.
 Set conversions = CreateObject("VantLib.Conversoes")
 Set rs = cn.Execute("SELECT MIN(DATA_INICIAL) AS PRIMEIRA, NULL AS NENHUMA FROM EVENTO")
 out.Write "null " & CDbl(conversions.ToDate(rs.Fields("NENHUMA"))) & vbLf
