@@ -1,4 +1,4 @@
-// What the console program's guide says of the reports, against their rows on both databases.
+// The console program's guide to the reports, compared with their rows on both databases.
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -76,8 +76,8 @@ bool IsOfType(const Value& value, ValueType type) {
   return false;
 }
 
-// Columns that the sample archive leaves without a value: the parts of an action beyond its length, and the remarks of
-// the inventory entries.
+// Columns without any value in the sample archive: the parts of an action beyond its length, and the remarks of the
+// inventory entries.
 bool MayBeEmpty(const console::guide::Column& column) {
   return column.name.starts_with("ACAO") || column.name == "OBS";
 }

@@ -31,7 +31,7 @@ class KodraMariaDb : public testing::Test {
     std::ifstream file(folder_ / "output");
     return {std::istreambuf_iterator<char>(file), {}};
   }
-  // The folders of the servers that are, or were, this program's: their names are told to a shell by TMPDIR.
+  // Whether the folder of a server exists. TMPDIR makes the program create it in the test's folder.
   bool ServerIsThere() const {
     for (const auto& entry : fs::directory_iterator(folder_)) {
       if (entry.path().filename().string().starts_with("kodra-mariadb-")) return true;
@@ -58,7 +58,7 @@ class KodraMariaDb : public testing::Test {
     return true;
   }
 
-  // Whether a process with this id runs; one that has ended and is only waited for does not.
+  // Whether a process with this id runs; false for one that has ended but was not yet waited for.
   static bool Runs(pid_t process) {
     std::ifstream status("/proc/" + std::to_string(process) + "/stat");
     const std::string text{std::istreambuf_iterator<char>(status), {}};

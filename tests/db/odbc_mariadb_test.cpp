@@ -1,4 +1,4 @@
-// The ODBC answer to ADO over MariaDB's driver, which describes its columns truly.
+// ADO's contract over ODBC with MariaDB's driver, which describes its columns correctly.
 #include <gtest/gtest.h>
 
 #include "odbc/engine/command.h"
@@ -137,7 +137,7 @@ TEST_F(OdbcMariaDb, LongTextIsReadWholeAmongOtherColumns) {
             (std::vector<std::vector<Value>>{{longText, L"fim"}, {L"curto", L"fim"}, {Null{}, L"fim"}, {L"", L"fim"}}));
 }
 
-// Its driver takes the letter for half a character of UTF-16.
+// The driver mistakes the letter for half a character of UTF-16.
 TEST_F(OdbcMariaDb, TextWithALetterThatTheDriverMiscountsTravelsWhole) {
   const std::wstring shortText = L"Úrsula Ú";
   std::wstring longText;

@@ -1,4 +1,4 @@
-// A test on an SQLite file through the ODBC answer to ADO.
+// A test on an SQLite file through ADO's contract over ODBC.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -5,7 +5,7 @@
 #include "tests/db/odbc_sqlite.h"
 
 #ifdef __SANITIZE_ADDRESS__
-// The sanitizer's allocator stands in the place of malloc's; GCC brings no header for it.
+// The sanitizer's allocator replaces malloc's; GCC has no header for it.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
@@ -198,7 +198,7 @@ TEST_F(OdbcSqlite, AMillionRowsAreReadInConstantMemory) {
   EXPECT_EQ(rs.FieldValue(1), Value(L"nome número 10001"));
   rs.Move(989999);
   EXPECT_EQ(rs.FieldValue(0), Value(1000000));
-  // Kept whole, these rows would take tens of megabytes.
+  // If they were kept, these rows would take tens of megabytes.
   EXPECT_LT(LiveBytes(), before + (1U << 20));
   rs.MoveNext();
   EXPECT_TRUE(rs.Eof());

@@ -1,4 +1,4 @@
-// Statements, commands, transactions and what fails, on an SQLite file.
+// Statements, commands, transactions and failures, on an SQLite file.
 #include <gtest/gtest.h>
 
 #include "odbc/engine/command.h"
@@ -153,7 +153,7 @@ TEST_F(OdbcSqlite, AConnectionThatGoesInATransactionTakesItBack) {
     cn.BeginTrans();
     cn.Execute(L"insert into T values(1)", ad::kCmdText);
   }
-  // One that is still connected would hold a lock on the file, for which this one does not wait.
+  // One that is still connected would hold a lock on the file, and this one does not wait for locks.
   Connection next;
   next.SetConnectionString(file.ConnectionString() + L"Timeout=1;");
   next.Open(L"", L"", ad::kUnspecified);

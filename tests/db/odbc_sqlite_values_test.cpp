@@ -1,4 +1,4 @@
-// What SQLite's columns give: its driver promises nothing about their values.
+// The values of SQLite's columns: its driver guarantees nothing about them.
 #include <gtest/gtest.h>
 
 #include "odbc/engine/command.h"

@@ -1,4 +1,4 @@
-// The password in nothing that a report says of a connection that its driver refuses.
+// The password is in nothing that a report says about a connection that its driver refuses.
 #include <gtest/gtest.h>
 
 #include "console/reports/report_methods.h"
@@ -12,7 +12,7 @@
 namespace kodra::tests {
 namespace {
 
-// What each report method raises on a connection string.
+// The errors that the report methods raise on a connection string.
 std::vector<Raised> RaisedByAll(const std::wstring& connectionString) {
   odbc::Surroundings machine;
   siblings::RegisterSiblings(machine);

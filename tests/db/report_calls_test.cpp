@@ -1,5 +1,5 @@
-// What a report method asks of its native client, and what its recordset keeps when the call is over. The rows are in
-// tests/rows.
+// What a report method asks of its native client, and what its recordset keeps when the call is over. The tests of the
+// rows are in tests/rows.
 #include "console/reports/report_methods.h"
 #include "tests/db/rows_driver.h"
 
@@ -14,7 +14,7 @@ class ReportCalls : public OnBothEngines {
                                 AutomationObject* obj) {
     return reports::FindReportMethod(report.className, report.method)->call(machine, connectionString, obj);
   }
-  // The recordset of a client that is gone when it is read.
+  // The recordset of a client that is destroyed before it is read.
   static frame::ReportRows OpenAndLeave(const Report& report) {
     Machine machine;
     auto obj = ParametersOf(report.className);

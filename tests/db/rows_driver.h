@@ -1,5 +1,5 @@
-// What a native client of the reports does: the machine over ODBC with its sibling components, parameter objects, and
-// recordsets read into tables.
+// A native client of the reports: the machine over ODBC with its sibling components, parameter objects, and recordsets
+// read into tables.
 #pragma once
 
 #include "frame/parameter_object.h"
@@ -9,7 +9,7 @@
 
 namespace kodra::tests {
 
-// A machine on which the sibling components are at hand.
+// A machine with the sibling components.
 class Machine : public odbc::Surroundings {
  public:
   Machine() { siblings::RegisterSiblings(*this); }

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Gone when the test program ends.
+// Deleted when the test program ends.
 const TemporaryFolder& ProgramFolder() {
   static const TemporaryFolder folder;
   return folder;

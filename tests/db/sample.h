@@ -1,5 +1,5 @@
 // The sample archive in both databases, made once for the whole test program, and an archive without any row. Tests
-// read them only.
+// only read them.
 #pragma once
 
 #include <filesystem>
@@ -14,11 +14,11 @@ using rows::Engine;
 using rows::EngineName;
 using rows::SampleArchive;
 
-// Where a client reads the sample archive.
+// The connection string of the sample archive.
 std::wstring SampleOn(Engine engine);
 // The sample archive's file of SQLite.
 std::filesystem::path SampleFile();
-// Where it reads the archive whose tables are all empty.
+// The connection string of the archive whose tables are all empty.
 std::wstring EmptyOn(Engine engine);
 
 }  // namespace kodra::tests

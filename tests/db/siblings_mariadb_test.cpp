@@ -1,4 +1,4 @@
-// The siblings' SQL on a MariaDB server that holds the sample archive.
+// The siblings' SQL on a MariaDB server that contains the sample archive.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -44,7 +44,7 @@ class SiblingsOnMariaDb : public testing::Test {
     object->Let(L"StringConexao", tests::MariaDb().ConnectionString(L"irmaos"));
     return object;
   }
-  // What a member says of each item of a collection, in its order; nothing for no collection.
+  // A member's texts for the items of a collection, in its order; empty without a collection.
   static std::vector<std::wstring> Texts(const Value& collection, const wchar_t* member) {
     std::vector<std::wstring> texts;
     if (const ObjectRef items = ObjectIn(collection)) {
@@ -57,7 +57,7 @@ class SiblingsOnMariaDb : public testing::Test {
     for (const auto& [member, value] : settings) filter->Let(member, value);
     return Texts(CallOf(CreateReader(L"KodraRegEvt.RegEvtDAO"), L"Localiza", filter), L"Acao");
   }
-  // The actions of the archive's events that are so, in the order of time and code.
+  // The actions of the archive's events that satisfy a predicate, in the order of time and code.
   template <class Predicate>
   static std::vector<std::wstring> ActionsExpected(Predicate isSo) {
     std::vector<Evento> events = archive->Of<Evento>();

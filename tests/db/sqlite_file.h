@@ -1,4 +1,4 @@
-// An SQLite database file in a temporary folder, gone with the object. It is made and filled through ODBC.
+// An SQLite database file in a temporary folder, deleted with the object. It is made and filled through ODBC.
 //
 //   SqliteFile file;
 //   file.Run(L"create table DEPTO(COD_DEPTO char(5))");
@@ -23,7 +23,7 @@ class SqliteFile {
   std::wstring ConnectionString() const;
   // Runs one statement.
   void Run(const std::wstring& statement);
-  // Open, and open until the object is gone.
+  // Open until the object is destroyed.
   odbc::Connection& Connection() { return connection_; }
 
  private:

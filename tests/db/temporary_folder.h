@@ -1,4 +1,4 @@
-// A folder that is gone with its object.
+// A folder that is deleted with its object.
 #pragma once
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// What an engine answers to statements, in one form for all engines.
+// The answers of an engine to statements, in one form for all engines.
 #pragma once
 
 #include <span>
@@ -9,8 +9,8 @@
 
 namespace kodra::engines {
 
-// A value of a row is a letter and its text: "n12", "tCaixa 1", "d2010-07-01 00:00:00"; kNull is a null. In a text \t,
-// \n, \r and \\ stand for the characters that would end it.
+// A value of a row is a letter and its text: "n12", "tCaixa 1", "d2010-07-01 00:00:00"; kNull is a null. A text
+// contains \t, \n, \r and \\ in place of the characters that would end it.
 using Row = std::vector<std::string>;
 inline constexpr const char* kNull = "\\N";
 
@@ -25,13 +25,13 @@ struct Answer {
 // One answer for each statement.
 std::vector<Answer> AnswersThroughOdbc(std::span<const Statement> statements, const std::wstring& connectionString);
 
-// The statements that an engine in Java is to run, and its answers to them.
+// The statements for an engine in Java, and its answers to them.
 struct Questions {
   const Engine* engine;
   std::span<const Statement> statements;
 };
-// Runs the engines one after the other in one Java process, each over the sample archive; the answers in the same
-// order. Raises std::runtime_error when the runner ends otherwise than well.
+// Runs the engines one after the other in one Java process, each over the sample archive, and returns the answers in
+// the same order. Raises std::runtime_error when the runner fails.
 std::vector<std::vector<Answer>> AnswersInJava(std::span<const Questions> questions);
 
 }  // namespace kodra::engines

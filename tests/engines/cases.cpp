@@ -10,7 +10,7 @@ struct Option {
   std::string label;  // empty: nothing is set
   std::vector<Setting> settings;
 };
-// What a client may choose, one option at a time.
+// The options that a client may choose from, one at a time.
 using Choice = std::vector<Option>;
 
 struct Plan {
@@ -24,7 +24,7 @@ const Choice kDepartment = {kNothing, {"department", {{L"CodDepto", L"002"}}}};
 const Choice kBackCatalogue = {kNothing, {"back-catalogue", {{L"ModoPregresso", true}}}};
 const Choice kPages = {kNothing, {"P", {{L"TipoRpt", L"P"}}}, {"F", {{L"TipoRpt", L"F"}}}};
 
-// Of the statistics, which always have one.
+// For the statistics, which always have one.
 const Choice kPeriod = {
     {"period", {{L"DataInicial", L"01/01/2013"}, {L"DataFinal", L"31/12/2018"}, {L"Owner", L"Arquivo Geral"}}},
     {"period with hours", {{L"DataInicial", L"01/01/2013 08:30:00"}, {L"DataFinal", L"31/12/2018 18:00:00"}}},
@@ -32,7 +32,7 @@ const Choice kPeriod = {
 };
 const Choice kOperator = {kNothing, {"operator", {{L"CodOperador", L"7"}}}};
 const Choice kOperatorsDepartment = {kNothing, {"department", {{L"CodDepto", L"011"}}}};
-// Of the documents, which may have one.
+// For the documents, which may have one.
 const Choice kStorage = {
     kNothing,
     {"both days", {{L"DataArmazenamento1", L"01/01/2013"}, {L"DataArmazenamento2", L"31/12/2018"}}},

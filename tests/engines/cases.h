@@ -1,5 +1,5 @@
-// The parameters that change the text of a report's statements: for every report method its cases, one for each
-// combination of them.
+// The parameters that change the text of a report's statements: each report method has one case for each combination of
+// them.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace kodra::engines {
 
-// A property of the parameter object and what the client sets it to.
+// A property of the parameter object and the value that the client sets.
 struct Setting {
   std::wstring_view property;
   Value value;
@@ -19,7 +19,7 @@ struct Setting {
 
 struct Case {
   const reports::ReportMethod* method;
-  std::string label;  // what is set, "plain" when nothing is
+  std::string label;  // the options that are set, "plain" when none is
   std::vector<Setting> settings;
 };
 

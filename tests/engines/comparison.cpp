@@ -48,7 +48,8 @@ std::vector<std::string> SortColumns(const std::wstring& statement) {
   return names;
 }
 
-// The position of a column that a statement sorts by; columns that have another name in the result are looked up by it.
+// The position of a column that a statement sorts by; columns that have another name in the result are found by that
+// name.
 std::size_t Position(const Row& columns, const std::string& name) {
   static const std::map<std::string, std::string> renamed = {
       {"DESCR_CLASSE", "GRUPO"}, {"DESCR_GRUPO", "SUBGRUPO"}, {"DESCR_ASSUNTO", "SERIE"}};

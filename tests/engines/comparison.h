@@ -1,12 +1,12 @@
-// Whether an engine has the reference's rows, and whether they stand in the order that the statement asks for.
+// Whether an engine has the reference's rows, and whether they are in the order that the statement asks for.
 //
-// What is the same before it is compared, and why:
+// The comparison ignores these differences, for these reasons:
 //   letter case of column names  engines fold the names of columns differently, and clients look fields up without it
 //   type of a number, zeros      12, 12.0 and the text of a DECIMAL are one number
-//   a date without a time        is its midnight: Oracle's DATE has always a time
+//   a date without a time        is its midnight: Oracle's DATE always has a time
 //   an empty text on Oracle      is a null there
-//   the order of rows            is the statement's business only where it has an ORDER BY, and open among equals;
-//                                nulls stand where the engine sorts them
+//   the order of rows            matters only where the statement has an ORDER BY, and not among equal rows; nulls
+//                                come where the engine sorts them
 #pragma once
 
 #include <optional>

@@ -9,8 +9,8 @@ constexpr auto kEngines = std::to_array<Engine>({
     {"MariaDB", Database::kMySql},
     {"SQLite", Database::kSqlite},
     {"H2Oracle", Database::kOracle, "jdbc:h2:mem:oracle;MODE=Oracle", "h2_oracle.sql"},
-    // As in Oracle, a null beside a text is no text; a literal is as long as it is, and does not grow to its longest
-    // alternative in a CASE.
+    // As in Oracle, a null joined to a text has no effect; a literal has its own length, and is not padded to the
+    // length of the longest alternative in a CASE.
     {"HSQLDB", Database::kOracle,
      "jdbc:hsqldb:mem:oracle;sql.syntax_ora=true;sql.concat_nulls=false;sql.char_literal=false", "hsqldb_oracle.sql"},
     {"H2SQLServer", Database::kSqlServer, "jdbc:h2:mem:sqlserver;MODE=MSSQLServer", "h2_sqlserver.sql"},

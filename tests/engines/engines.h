@@ -9,22 +9,22 @@ namespace kodra::engines {
 enum class Database { kOracle, kSqlServer, kMySql, kDb2, kSqlite };
 
 struct Engine {
-  std::string_view name;  // as the tests and the page call it
+  std::string_view name;  // the name in the tests and on the page
   Database database;
-  // Of an engine in the Java runner: where it runs, and the script of tests/engines/shims/ that completes it. The
-  // others are reached through ODBC.
+  // For an engine in the Java runner: where it runs, and the script of tests/engines/shims/ that completes it. The
+  // others are used through ODBC.
   std::string_view jdbcUrl = {};
   std::string_view shims = {};
   // Where it sorts nulls.
   bool nullsLast = false;
 
   bool InJava() const { return !jdbcUrl.empty(); }
-  // Oracle takes an empty text for a null.
+  // Oracle treats an empty text as a null.
   bool KnowsNoEmptyText() const { return database == Database::kOracle; }
 };
 
-// The first is the one that the rows of the others are compared with: the one server that is the database itself and
-// takes every statement that is meant to be taken.
+// The rows of the first one are the reference for the others: it is the only server that is the database itself and
+// executes every statement that is meant to be executed.
 std::span<const Engine> Engines();
 inline const Engine& Reference() { return Engines().front(); }
 

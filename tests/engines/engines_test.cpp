@@ -97,7 +97,7 @@ TEST_P(EveryEngine, IsAskedInTheWordsOfItsDatabaseOnly) {
     EXPECT_EQ(ForeignWords(asked.statement.text, GetParam()->database), std::vector<std::string>()) << Shown(asked);
 }
 
-// Nothing is compared by having no rows on both sides: every report has rows.
+// A comparison without rows would show nothing: every report has rows.
 TEST_P(EveryEngine, IsAskedByEveryReportAndTheReferenceHasRowsForEach) {
   std::set<std::string> asking;
   for (const Asked& asked : RunOf(*GetParam()).asked) {
@@ -105,7 +105,7 @@ TEST_P(EveryEngine, IsAskedByEveryReportAndTheReferenceHasRowsForEach) {
   }
   std::set<std::string> all;
   for (const reports::ReportMethod& method : reports::ReportMethods()) all.insert(NameOf(method));
-  all.erase("CLogRpt.RelatorioLog");  // it asks its sibling and writes no statement
+  all.erase("CLogRpt.RelatorioLog");  // it asks its sibling and sends no statement
   EXPECT_EQ(asking, all);
 }
 

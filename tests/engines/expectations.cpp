@@ -11,7 +11,7 @@ using enum Kind;
 const std::vector<std::string_view> kOverAPeriod = {"CEstatImgRpt", "CEstatIndexRpt.RelatorioEstatisticasPorDocumento",
                                                     "CEstatSuporteRpt", "CEstatSubgrupoRpt", "CEstatSerieRpt"};
 
-// What the engines call a statement that cannot be read.
+// The engines' words for a statement that cannot be parsed.
 const std::vector<std::string_view> kSyntax = {"syntax", "Syntax", "unexpected token"};
 
 const std::vector<Expectation> kRefusals = {

@@ -1,5 +1,5 @@
-// What is expected not to be as elsewhere: statements that an engine refuses, and rows that are not the reference's.
-// Everything else executes and has the same rows; what stands here and does not happen is a failure too.
+// The expected exceptions: statements that an engine refuses, and rows that are not the reference's. Everything else
+// executes and has the same rows; an exception listed here that does not occur is a failure too.
 #pragma once
 
 #include <span>
@@ -11,19 +11,20 @@
 namespace kodra::engines {
 
 enum class Kind {
-  kOddity,  // the statement is required to be as it is
+  kOddity,  // the statement is required to be exactly so
   kGap,     // the engine is not the database
 };
 
 struct Expectation {
-  // Which statements: on these engines (all when there are none), of these report classes or methods, whose labels hold
-  // one of these words and whose texts hold this one (anything when there is none); of Oracle's second code only.
+  // The statements that it covers: on these engines (all when there are none), of these report classes or methods, with
+  // one of these words in the label and this one in the text (any when there is none); of Oracle's second code only.
   std::vector<std::string_view> engines = {};
   std::vector<std::string_view> methods = {};
   std::vector<std::string_view> labels = {};
   std::wstring_view text = {};
   bool otherCode = false;
-  // Of a refusal, what the engine says: a statement refused for something else is a failure. One of these words.
+  // For a refusal, the engine's message contains one of these words: a statement refused for another reason is a
+  // failure.
   std::vector<std::string_view> errors = {};
   Kind kind;
   std::string_view cause;  // for the page: Markdown, one line

@@ -1,4 +1,4 @@
-// Lines of fields between tabs, the way to the Java runner and back.
+// Lines of fields separated by tabs, which are sent to the Java runner and returned by it.
 #pragma once
 
 #include <string>
@@ -30,7 +30,7 @@ inline std::string Escaped(std::string_view text) {
   return field;
 }
 
-// The fields of a line, as they stand.
+// The fields of a line, unchanged.
 inline std::vector<std::string> Fields(std::string_view line) {
   std::vector<std::string> fields;
   for (std::size_t tab = line.find('\t'); tab != std::string_view::npos; tab = line.find('\t')) {

@@ -27,7 +27,7 @@ std::string FieldOf(const testbed::Cell& cell) {
   return kNull;
 }
 
-// The archive as the runner loads it.
+// The archive in the form that the runner loads.
 void WriteArchive(const fs::path& path) {
   std::ofstream out(path, std::ios::binary);
   testbed::ForEachRecordType([&]<class Record>() {
@@ -90,11 +90,11 @@ std::vector<std::vector<Answer>> AnswersInJava(std::span<const Questions> questi
   const std::string classes = folder / "classes";
   Run({"javac", "-d", classes, kSources / "java/Runner.java", kSources / "java/Shims.java"}, folder / "javac.log");
   WriteArchive(folder / "archive");
-  // The reports write dates without a time zone, and the archive's day begins when UTC's does. The engines' messages
-  // are compared.
+  // The reports write dates without a time zone, and the archive's day begins when UTC's does. English, because the
+  // engines' messages are compared.
   std::vector<std::string> command = {"java", "-Duser.timezone=UTC", "-Duser.language=en",
                                       "-Dderby.stream.error.file=" + (folder / "derby.log").string()};
-  // A short run: compiling well and collecting in parallel costs more than it gives.
+  // A short run: optimized compilation and parallel collection cost more than they save.
   for (const char* option : {"-XX:TieredStopAtLevel=1", "-XX:+UseSerialGC"}) command.emplace_back(option);
   command.insert(command.end(), {"-cp", classes + ":" + kJars, "Runner"});
   for (const auto& [engine, statements] : questions) {

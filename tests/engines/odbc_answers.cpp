@@ -1,4 +1,4 @@
-// The engines that are reached through ODBC.
+// The engines that are used through ODBC.
 #include <algorithm>
 
 #include "odbc/engine/command.h"
@@ -27,7 +27,7 @@ struct TextOf {
   std::string operator()(const std::wstring& text) const { return "t" + Escaped(ToUtf8(text)); }
   template <class Other>
   std::string operator()(const Other&) const {
-    return "?";  // no engine gives it; never equal to another's value
+    return "?";  // no engine returns it; never equal to another's value
   }
 
  private:

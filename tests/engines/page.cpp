@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kFirstLine = "<!-- From here on made by ./kodra dialects -->\n";
 constexpr std::string_view kLastLine = "<!-- As far as here -->\n";
 
-// How a report fares on an engine, in statements.
+// The results of a report on an engine, in statements.
 struct Fare {
   int same = 0, oddities = 0, gaps = 0;
 

@@ -5,8 +5,8 @@
 
 namespace kodra::engines {
 
-// The page with its generated part made anew; the rest stays as it is given.
-// REQUIRES: it has the two lines between which that part stands.
+// The page with its generated part made again; the rest is unchanged.
+// REQUIRES: it has the two lines that enclose that part.
 std::string Page(const std::string& current);
 
 // Where the page is.

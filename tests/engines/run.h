@@ -1,4 +1,4 @@
-// The run that the tests and the page look at: every engine with the statements for its database and its answers.
+// The run that the tests and the page use: every engine with the statements for its database and its answers.
 #pragma once
 
 #include <span>
@@ -21,7 +21,7 @@ struct EngineRun {
   std::vector<Answer> answers;
 };
 
-// One for each engine, in the order of Engines(). Made at first use; raises what prevents it.
+// One for each engine, in the order of Engines(). Made at first use; raises the error that prevents it.
 std::span<const EngineRun> Runs();
 const EngineRun& RunOf(const Engine& engine);
 

@@ -22,15 +22,15 @@ struct Caught {
   std::optional<std::wstring> parameter;
 };
 
-// What the reports of one case open, in order, and what is opened in its place: the same case's statements in SQLite's
-// words, none while those are being caught.
+// What the reports of one case open, in order, and what is opened instead: the same case's statements in SQLite's
+// dialect, none while those are being recorded.
 struct CaseLog {
   std::vector<Caught> caught;
   std::vector<Caught> standIns;
 };
 
-// A recordset that writes down what it is opened on and has the rows of SQLite's words for it; none where SQLite makes
-// nothing of them.
+// A recordset that records what it is opened on and has the rows of SQLite's statement for it; none when SQLite refuses
+// that one.
 class CatchingRecordset final : public odbc::Recordset {
  public:
   explicit CatchingRecordset(CaseLog& log) : log_(log) {}
@@ -64,7 +64,8 @@ class CatchingRecordset final : public odbc::Recordset {
   CaseLog& log_;
 };
 
-// The machine of the reports. The siblings read through another, so that only the reports' own statements are caught.
+// The machine of the reports. The siblings read through another one, so that only the reports' own statements are
+// recorded.
 class CatchingSurroundings final : public odbc::Surroundings {
  public:
   std::unique_ptr<platform::Recordset> NewRecordset() override { return std::make_unique<CatchingRecordset>(log); }
@@ -72,7 +73,7 @@ class CatchingSurroundings final : public odbc::Surroundings {
   CaseLog log;
 };
 
-// A connection component that knows one answer.
+// A connection component that always returns the same answer.
 class FixedStrCon final : public siblings::Sibling<FixedStrCon> {
  public:
   explicit FixedStrCon(std::int32_t code) : code_(code) {}
@@ -117,8 +118,8 @@ class Catcher {
     machine_.Register(L"KodraConexao.StrCon", [code] { return std::make_shared<FixedStrCon>(code); });
   }
 
-  // What a case opens, with a connection string or on a client's connection. A report that fails has built what it
-  // built: a slip without documents is an error by rule.
+  // The statements of a case, with a connection string or on a client's connection. A report that fails has built its
+  // statements by then: a slip without documents is an error by rule.
   std::vector<Caught> Run(const Case& wanted, bool onClientsConnection, std::vector<Caught> standIns) {
     machine_.log = {{}, std::move(standIns)};
     frame::ParameterObject parameters(frame::ParameterClassNamed(wanted.method->parameterClass));

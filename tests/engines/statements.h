@@ -1,6 +1,6 @@
-// The statements that the report methods build: the reports run over the sample archive in SQLite with every sibling
-// component at work, only that the connection component names another database; what they open is written down. So a
-// statement that follows from the rows of another is the one that follows from the archive's rows.
+// The statements that the report methods build. The reports run over the sample archive in SQLite with all sibling
+// components, except that the connection component names another database, and the statements that they open are
+// recorded. So a statement that depends on the rows of another one depends on the archive's rows.
 #pragma once
 
 #include <optional>
@@ -17,12 +17,12 @@ struct Statement {
   // The case, how the report is called where that makes a difference, and the statement's number within the case from
   // the second on. The same on every database.
   std::string label;
-  bool otherCode = false;  // built for Oracle's second code, and not as for its first
+  bool otherCode = false;  // built for Oracle's second code, and different from the one for its first
   std::wstring text;
   std::optional<std::wstring> parameter;
 };
 
-// Every statement of every report method for a database, in the order of the cases; equal texts are not left out.
+// Every statement of every report method for a database, in the order of the cases; equal texts are kept.
 // CCaixaRpt is called with a connection string and with a client's connection.
 std::vector<Statement> StatementsFor(Database database);
 

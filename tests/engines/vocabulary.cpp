@@ -61,7 +61,7 @@ bool IsPartOfWord(char c) {
   return c == '_' || ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9');
 }
 
-// The statement with nothing between its quotes.
+// The statement without the texts between its quotes.
 std::string WithoutTexts(const std::wstring& statement) {
   std::string rest;
   bool inText = false;
@@ -79,7 +79,7 @@ bool HasWord(std::string_view text, std::string_view word) {
   return false;
 }
 
-// Every name that stands right before a parenthesis, with it.
+// Every name directly before a parenthesis, with the parenthesis.
 std::vector<std::string> Functions(std::string_view text) {
   std::vector<std::string> functions;
   for (std::size_t at = text.find('('); at != text.npos; at = text.find('(', at + 1)) {

@@ -1,4 +1,4 @@
-// The words that only some databases know: an engine may know more of them than the database whose dialect it runs.
+// The words that only some databases know. An engine may know more of them than the database whose dialect it runs.
 #pragma once
 
 #include <string>

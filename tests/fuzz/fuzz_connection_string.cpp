@@ -1,6 +1,6 @@
 // Rewriting a connection string, reading a key from it, and replacing in it.
 //
-// Input: the connection string, a key, a text to find, its replacement, a line each.
+// Input: the connection string, a key, a text to find, its replacement, one per line.
 #include <array>
 #include <optional>
 
@@ -45,7 +45,7 @@ System SystemOf(const std::wstring& text) {
   return Names(text, {L"SQLITE"}) ? System::kSQLite : System::kOther;
 }
 
-// What stands in the way of opening a file: nothing, or its being absent or empty.
+// The lengths of a file: none when it is absent, empty, or one byte.
 constexpr std::array<std::optional<std::uint64_t>, 3> kFileLengths = {std::nullopt, 0, 1};
 
 void Place(FakeSurroundings& around, const std::wstring& path, std::optional<std::uint64_t> length) {
@@ -57,7 +57,7 @@ Raised FileError(const std::wstring& path, bool exists) {
           "Banco de dados \"" + Utf8(path) + (exists ? "\" danificado." : "\" não encontrado.")};
 }
 
-// What was added to a connection string must be these pairs, in this order, each at most once.
+// The additions to a connection string must be these pairs, in this order, each at most once.
 void RequireKnownAdditions(std::wstring_view added, System system) {
   const auto take = [&](std::wstring_view pairs, bool allowed) {
     if (allowed && added.starts_with(pairs)) added.remove_prefix(pairs.size());
@@ -118,7 +118,7 @@ void CheckPasswordIsKeptSecret(const std::wstring& given) {
   }
 }
 
-// Replaces by walking over the text, character by character.
+// Replaces while going through the text, character by character.
 std::wstring ReplacedInOrder(std::wstring_view text, std::wstring_view find, std::wstring_view by) {
   std::wstring replaced;
   while (!text.empty()) {

@@ -1,4 +1,4 @@
-// Recognising dates in text, and writing and converting what was recognised.
+// Recognising dates in text, and writing and converting the recognised dates.
 //
 // Input: the text.
 #include <cwchar>
@@ -32,7 +32,7 @@ void RequireDate(const std::wstring& text, const Calendar& expected, const char*
   Require(date.has_value() && values::ToCalendar(*date) == expected, property);
 }
 
-// The numbers that stand in a text.
+// The numbers that a text contains.
 std::set<std::int32_t> NumbersIn(const std::wstring& text) {
   std::set<std::int32_t> numbers;
   std::optional<std::int32_t> number;
@@ -48,7 +48,7 @@ std::set<std::int32_t> NumbersIn(const std::wstring& text) {
   return numbers;
 }
 
-// No part of a date comes from nowhere.
+// Every part of a date comes from the text.
 void CheckNumbers(const std::wstring& input, const Calendar& calendar) {
   const std::set<std::int32_t> given = NumbersIn(input);
   const auto has = [&](std::int32_t number) { return given.contains(number); };
@@ -103,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::wstring input = TextOf(data, size);
   const auto date = ParseDate(input, kLeapYear);
   if (date) CheckRecognised(input, *date);
-  // A text without a year may be 29 February, or else name another day.
+  // A text without a year may be 29 February, or otherwise another day.
   Require(date.has_value() || !ParseDate(input, kCommonYear).has_value(),
           "what is a date in one year is one in a leap year");
   CheckConverted(input);

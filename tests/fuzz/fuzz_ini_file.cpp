@@ -25,7 +25,7 @@ std::wstring_view WithoutBlanks(std::wstring_view text) {
   return text.substr(first, text.find_last_not_of(L" \t\r") - first + 1);
 }
 
-// Every pair of a section and a key that a file may hold.
+// Every pair of a section and a key that a file may contain.
 std::set<std::pair<std::wstring, std::wstring>> NamesIn(std::wstring_view text) {
   std::set<std::pair<std::wstring, std::wstring>> names;
   std::wstring section;
@@ -47,7 +47,7 @@ void CheckEncoding(std::string_view bytes, const std::wstring& text) {
   Require(text.size() <= bytes.size(), "a character has at least one byte");
 }
 
-// What two readings of a file give for the same names.
+// Two readings of a file have the same values for the same names.
 void RequireSame(const IniFile& one, const IniFile& other, const std::wstring& text, std::string_view property) {
   for (const auto& [section, key] : NamesIn(text)) {
     Require(one.Find(section, key) == other.Find(section, key), property);
@@ -70,7 +70,7 @@ void CheckOtherForms(const IniFile& file, const std::wstring& text) {
   RequireSame(IniFile(FilledIn(text, L'\n', L" \t\n\t ")), file, text, "blanks around a line say nothing");
 }
 
-// A section whose name the file does not have is read whatever stands before and after it.
+// A section whose name the file does not contain is read whatever comes before and after it.
 void CheckWrittenSection(const std::wstring& text) {
   const std::wstring section = L"Seção " + std::to_wstring(text.size());
   if (values::UpperCase(text).find(values::UpperCase(section)) != text.npos) return;

@@ -1,4 +1,4 @@
-// Reading numbers from text, and writing and converting what was read.
+// Reading numbers from text, and writing and converting the numbers that were read.
 //
 // Input: the text.
 #include <cmath>
@@ -14,7 +14,7 @@
 namespace kodra::fuzz {
 namespace {
 
-// What a reading gives, or the number of the error that it raises.
+// The result of a reading, or the number of the error that it raises.
 template <class Number>
 struct Outcome {
   std::optional<Number> number;
@@ -34,7 +34,7 @@ Outcome<Number> OutcomeOf(Reading read) {
 
 bool Is(std::int32_t error, RuntimeError expected) { return error == static_cast<std::int32_t>(expected); }
 
-// Fifteen digits of a number are kept by every double but the smallest.
+// Every double except the smallest keeps fifteen digits of a number.
 void CheckWritten(double number) {
   constexpr double kSmallest = 1e-300;
   const std::wstring written = values::NumberToText(number);

@@ -1,6 +1,6 @@
-// An OLE DB connection string made into the ODBC driver's.
+// Converting an OLE DB connection string to the ODBC driver's.
 //
-// Input: a user, a password, the connection string, a line each.
+// Input: a user, a password, the connection string, one per line.
 #include <utility>
 
 #include "odbc/engine/connection_string.h"
@@ -17,13 +17,13 @@ using recorder::RaisedBy;
 
 constexpr std::wstring_view kPassword = L"s3gr3d0-do-teste";
 
-// The one error, which says nothing of the string.
+// The only error, which does not repeat the string.
 const Raised kRefused = {static_cast<std::int32_t>(0x80040E73), "Microsoft OLE DB Service Components",
                          "Format of the initialization string does not conform to the OLE DB specification."};
 
 std::wstring InBraces(const std::wstring& value) { return L"{" + FilledIn(value, L'}', L"}}") + L"}"; }
 
-// Takes a value in braces off the front of a text, as an ODBC driver reads it; false when it does not end.
+// Reads a value in braces from the front of a text, as an ODBC driver reads it; false when it does not end.
 bool TakeBraced(std::wstring_view& text, std::wstring& value) {
   for (std::size_t i = 1; i < text.size(); ++i) {
     if (text[i] == L'}') {
@@ -82,7 +82,7 @@ void CheckCredentials(const std::wstring& text, const std::wstring& given) {
                "a user and a password of their own replace the string's");
 }
 
-// Any value comes through in quotes; one in braces has them for the driver.
+// Any value is kept in quotes; a value in braces keeps the braces for the driver.
 void CheckValue(const std::wstring& value) {
   if (IsBraced(value)) return;
   for (const auto& [quote, doubled] : {std::pair(L'"', L"\"\""), std::pair(L'\'', L"''")}) {

@@ -1,6 +1,6 @@
-// The SELECT builder: whatever is set in whatever order, the clauses stand in the order of SQL.
+// The SELECT builder: whatever is set in whatever order, the clauses are in the order of SQL.
 //
-// Input: a call a line, its first character the operation, the rest its text:
+// Input: one call per line, its first character the operation, the rest its text:
 //   c columns   f FROM   w WHERE   g GROUP BY   o ORDER BY   each sets its text; in upper case, C and W read it and
 //   append 0 to 9      a join at that position: "i" or "l" for its kind, the table, "|", the condition
 #include <map>
@@ -20,7 +20,7 @@ struct Join {
   std::wstring condition;
 };
 
-// The parts as they were set last.
+// The parts that were set last.
 struct Parts {
   std::wstring columns, from, where, groupBy, orderBy;
   std::map<wchar_t, Join> joins;
@@ -39,7 +39,7 @@ void NoteJoin(Parts& parts, std::wstring_view call) {
   if (bar != call.npos) join.condition = call.substr(bar + 1);
 }
 
-// Makes one call to the builder, and notes its text among the parts.
+// Makes one call to the builder, and records its text among the parts.
 void Call(std::wstring_view call, SelectBuilder& select, Parts& parts) {
   if (call.empty()) return;
   const wchar_t operation = call.front();
@@ -71,7 +71,7 @@ void Call(std::wstring_view call, SelectBuilder& select, Parts& parts) {
   }
 }
 
-// Takes the clauses off the front of a statement, one after the other.
+// Reads the clauses from the front of a statement, one after the other.
 class Statement {
  public:
   explicit Statement(std::wstring_view sql) : rest_(sql) {}

@@ -1,6 +1,6 @@
 // The dialect translator, for every database code.
 //
-// Input: an interval or format, a number or default, an expression or date, parts of a concatenation, a line each.
+// Input: an interval or format, a number or default, an expression or date, parts of a concatenation, one per line.
 #include <cwchar>
 #include <functional>
 #include <limits>
@@ -23,11 +23,11 @@ using recorder::Utf8;
 constexpr std::int32_t kDialects[] = {tbOracle, tbSQLServer, tbMySQL, tbDB2, tbSQLite};
 constexpr std::int32_t kWithoutDialect[] = {
     tbOther4, 0, -1, 8, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()};
-// The last layout and the last kind are none of those that have a name.
+// The last layout and the last kind have no name.
 constexpr std::int32_t kLayouts[] = {fdDDMMYYYY, fdYYYYMMDD, fdDateTime, 3};
 constexpr std::int32_t kKinds[] = {nvNumero, nvTexto, nvData, -1};
 
-// Two characters that mean nothing to the translator: they keep the places of arguments.
+// Two characters without a meaning for the translator: placeholders for arguments.
 constexpr wchar_t kFirst = L'\ue000';
 constexpr wchar_t kSecond = L'\ue001';
 const std::wstring kFirstPlace(1, kFirst);
@@ -38,7 +38,7 @@ struct Input {
   std::vector<std::wstring> parts;
 };
 
-// Each quote and parenthesis that is opened is closed.
+// Whether each quote and parenthesis that is opened is closed.
 bool IsBalanced(std::wstring_view sql) {
   int depth = 0;
   bool quoted = false;
@@ -51,7 +51,7 @@ bool IsBalanced(std::wstring_view sql) {
   return depth == 0 && !quoted;
 }
 
-// A function of the translator gives the same text for any expression, but for the expression.
+// A function of the translator returns the same text for any expression, except for the expression itself.
 void RequireVerbatim(const std::function<std::wstring(const std::wstring&, const std::wstring&)>& translate,
                      const std::wstring& one, const std::wstring& other) {
   const std::wstring form = translate(kFirstPlace, kSecondPlace);
@@ -69,14 +69,14 @@ void RequireVerbatim(const std::function<std::wstring(const std::wstring&, const
   RequireEqual(translate(one, other), expected, "expressions stand in the SQL as they were given");
 }
 
-// Some databases get the interval and the format as the caller spelled them, with the quotes that they have.
+// Some databases get the interval and the format as the caller spelled them, with their quotes.
 bool IsPlain(std::wstring_view word) { return word.find_first_of(L"'()\ue000\ue001") == word.npos; }
 
 void CheckDateAdd(const Input& in, std::int32_t code) {
   if (!IsPlain(in.word)) return;
   RequireVerbatim([&](const auto& number, const auto& date) { return SQLDateAdd(in.word, number, date); }, in.number,
                   in.expression);
-  if (code == tbSQLServer || code == tbMySQL) return;  // they get a word that they have no unit for as it is
+  if (code == tbSQLServer || code == tbMySQL) return;  // they get a word that is not one of their units unchanged
   RequireEqual(SQLDateAdd(values::UpperCase(in.word), in.number, in.expression),
                SQLDateAdd(in.word, in.number, in.expression), "an interval knows no letter case");
 }
@@ -94,7 +94,7 @@ std::wstring Printed(const wchar_t* format, std::int32_t a, std::int32_t b, std:
   return buffer;
 }
 
-// A recognised date, as each database has to be given it.
+// A recognised date in the form that each database needs.
 std::wstring DateLiteral(const values::Calendar& d, std::int32_t code, std::int32_t layout) {
   if (code == tbSQLServer) {
     const wchar_t* format = layout == fdDateTime ? L"'%d-%02d-%02dT%02d:%02d:%02d'" : L"'%d%02d%02d'";
@@ -149,7 +149,7 @@ void CheckNumberDefault(const Input& in) {
 void CheckNVL(const Input& in) {
   CheckNumberDefault(in);
   for (const std::int32_t kind : {nvTexto, nvData}) {
-    // An empty default has a text of its own.
+    // An empty default has its own text.
     if (in.number.empty()) continue;
     RequireVerbatim([&](const auto& expression, const auto& value) { return SQLNVL(expression, kind, value); },
                     in.expression, in.number);
@@ -176,7 +176,7 @@ void CheckStrConcat(const Input& in, std::int32_t code) {
       expected += c;
     }
   }
-  // MySQL's function is left out when there is nothing to join.
+  // For MySQL the function is left out when there is nothing to join.
   if (code == tbMySQL && in.parts.size() == 1 && in.parts.front().empty()) expected.clear();
   Require(next == in.parts.size(), "every part is joined, once");
   RequireEqual(SQLStrConcat(AsValues(in.parts)), expected, "the parts stand in the SQL as they were given");
@@ -211,7 +211,7 @@ void CheckDialect(const Input& in, std::int32_t code) {
   CheckStrConcat(in, code);
 }
 
-// Everything that the translator says of an input for the current code.
+// The results of all functions of the translator for an input and the current code.
 std::wstring Everything(const Input& in) {
   std::wstring all = SQLDateAdd(in.word, in.number, in.expression) + SQLDataAtual() + SQLToInt(in.expression) +
                      SQLToChar(in.expression, in.word) + SQLStrConcat(AsValues(in.parts));

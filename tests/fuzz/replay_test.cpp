@@ -1,5 +1,5 @@
-// The inputs that the fuzz targets are known by, without the fuzzing engine: the seeds in corpus/ and those that once
-// broke a property in found/, a folder a target.
+// The known inputs of the fuzz targets, without the fuzzing engine: the seeds in corpus/, and in found/ those that once
+// broke a property. There is one folder per target.
 #include <gtest/gtest.h>
 
 #include <algorithm>

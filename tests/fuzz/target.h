@@ -1,6 +1,6 @@
-// What the fuzz targets share. A target is one file with one function, which takes any bytes, calls the component with
-// them, and requires properties of the outcome. The fuzzing engine calls it with inputs of its own making (./kodra
-// fuzz); replay_test.cpp calls it with the inputs that stand in corpus/ and found/.
+// The common part of the fuzz targets. A target is one file with one function, which takes any bytes, calls the
+// component with them, and requires properties of the outcome. The fuzzing engine calls it with inputs that it makes
+// itself (./kodra fuzz); replay_test.cpp calls it with the inputs in corpus/ and found/.
 #pragma once
 
 #include <cstddef>
@@ -9,22 +9,22 @@
 #include <string_view>
 #include <vector>
 
-// The target's entry, under the name that the engine asks for. Always gives 0.
+// The target's entry, under the name that the engine expects. Always returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace kodra::fuzz {
 
-// Inputs are text, so that a reader understands them: UTF-8, or else Windows-1252.
+// Inputs are text, so that a reader understands them: UTF-8 or, when they are not UTF-8, Windows-1252.
 std::wstring TextOf(const std::uint8_t* data, std::size_t size);
 
-// The lines of a text; the last of the `count` has the rest, with its line ends, and those that are missing are empty.
+// The lines of a text; the last of the `count` has the rest, with its line ends, and missing ones are empty.
 std::vector<std::wstring> Fields(std::wstring_view text, std::size_t count);
 
 // Raises std::logic_error with the property's words when it does not hold: a crash for the engine, a failure for a
 // test.
 void Require(bool holds, std::string_view property);
 
-// The same for two texts that have to be equal, which the error shows.
+// The same for two texts that must be equal; the error shows both.
 void RequireEqual(std::wstring_view actual, std::wstring_view expected, std::string_view property);
 
 // The text with every `placeholder` replaced by a value.

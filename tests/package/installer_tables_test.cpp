@@ -1,4 +1,4 @@
-// What the MSI says of itself in its tables and its summary, where Windows reads more than Wine does.
+// The MSI's description of itself in its tables and its summary, where Windows reads more than Wine does.
 #include <gtest/gtest.h>
 // clang-format off
 #include <windows.h>
@@ -69,7 +69,7 @@ TEST(InstallerTables, RefuseAWindowsOlderThanSeven) {
   EXPECT_EQ(L"O [ProductName] precisa do Windows 7 ou de um mais novo.",
             database.Value(L"SELECT `Description` FROM `LaunchCondition`"
                            L" WHERE `Condition`='Installed OR VersionNT >= 601'"));
-  // Before anything else is done but to look for installed versions.
+  // Before every other action except the search for installed versions.
   for (const wchar_t* sequence : {L"InstallExecuteSequence", L"InstallUISequence"})
     EXPECT_EQ(L"100", database.Value(L"SELECT `Sequence` FROM `" + std::wstring(sequence) +
                                      L"` WHERE `Action`='LaunchConditions'"));

@@ -1,4 +1,4 @@
-// The MSI: what it installs and registers, that the installed component serves, and that removing it leaves nothing.
+// The MSI: what it installs and registers, that the installed component works, and that removing it leaves nothing.
 #include <objbase.h>
 
 #include "tests/package/registry.h"
@@ -9,7 +9,7 @@
 namespace kodra::package {
 namespace {
 
-// The machine's registry of programs, and the user's whole one.
+// The machine's registry of programs, and the user's whole registry.
 RegistryLines DumpAll() { return Sorted(Dump(HKEY_LOCAL_MACHINE, L"Software"), Dump(HKEY_CURRENT_USER, L"Software")); }
 
 // Without the installer's bookkeeping of its products.
@@ -32,7 +32,7 @@ void MakeInstallersOwnKeys() {
   }
 }
 
-// Every test finds it installed.
+// In every test it is installed.
 class InstalledPackage : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -73,7 +73,7 @@ TEST_F(InstalledPackage, IsRegisteredByTheOneRule) {
   ExpectSame(Sorted(face::ClassRows(dll), face::LibraryRows(dll)), OfComponent(Without(DumpClasses(), classesBefore_)));
 }
 
-// What the DLL takes back and writes again is what the installer wrote.
+// The DLL removes and writes again exactly what the installer wrote.
 TEST_F(InstalledPackage, IsRegisteredAsTheDllRegistersItself) {
   const RegistryLines byInstaller = DumpClasses();
   const face::Server server(Installed() + L"\\KodraRpt.dll");
@@ -87,8 +87,8 @@ TEST_F(InstalledPackage, ServesTheScriptClient) {
   ExpectServed(RunClient(L"cscript.exe", Installed()));
 }
 
-// About.Executavel tells the host program where one of the DLL's name stands beside it, and letter case does not tell
-// names apart on Windows: the console program there would pass for the host.
+// About.Executavel returns the host program when one of the DLL's name is beside it, and names differ on Windows only
+// by more than letter case: the console program there would be taken for the host.
 TEST_F(InstalledPackage, KeepsTheConsoleProgramAwayFromTheDll) {
   for (const std::wstring& folder : {Installed(), Unpacked(), Unpacked() + L"\\x64"}) {
     for (const std::wstring& name : Listing(folder))

@@ -31,7 +31,7 @@ Windows FirstWith(const std::string& function) {
 }
 
 // The lowest Windows that has all of a file's imports. Each of them must be a known one: whoever adds a function to the
-// known ones finds out which Windows had it first, and puts it into FirstWith when that is later than Windows XP.
+// known ones finds out which Windows had it first, and adds it to FirstWith when that is later than Windows XP.
 template <class IsKnown>
 Windows LowestWindowsOf(const face::PeFile& file, IsKnown isKnown) {
   Windows lowest = Windows::kXp;
@@ -59,7 +59,7 @@ TEST(LowestWindows, OfTheComponentIsVistaWithServicePackOne) {
 
 #ifndef _WIN64  // the package has no console program for it
 
-// What the console program imports beyond what the component does.
+// The console program's imports beyond the component's.
 bool IsConsoleImport(const std::string& dll, const std::string& function) {
   static const std::map<std::string, std::set<std::string>> known = {
       {"kernel32.dll",

@@ -6,7 +6,7 @@
 namespace kodra::package {
 namespace {
 
-// A folder as a program's author fills it: the program, the component and the two manifests; gone with this object.
+// A folder as a program's author fills it: the program, the component and the two manifests; deleted with this object.
 class ProgramBesideTheComponent {
  public:
   ProgramBesideTheComponent() {
@@ -52,7 +52,7 @@ TEST(Unregistered, TheScriptClientIsNotServedWithoutThem) {
   const Surroundings surroundings;
   const ProgramBesideTheComponent program;
   DeleteFileW(program.Path(L"programa.exe.manifest").c_str());
-  // Where the client first creates an object that it cannot do without.
+  // Where the client first creates an object that it needs.
   EXPECT_EQ(L"== Uma chamada sem StringConexao (KodraRpt.CDeptoRpt)",
             RunClient(program.Path(L"programa.exe"), Unpacked()).result);
 }

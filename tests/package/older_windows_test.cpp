@@ -1,4 +1,4 @@
-// The MSI on other versions of Windows, for which Wine passes where it is told to.
+// The MSI on other versions of Windows, which Wine imitates when it is configured to.
 #include <gtest/gtest.h>
 
 #include "tests/package/command.h"

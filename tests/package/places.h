@@ -1,4 +1,4 @@
-// Where the tests of installation find things, and what lies in folders.
+// Where the tests of installation find things, and the contents of folders.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +16,7 @@ inline std::wstring Installer() { return face::WindowsPath(face::Variable(L"KODR
 // The same package as a later version.
 inline std::wstring LaterInstaller() { return face::WindowsPath(face::Variable(L"KODRA_LATER_MSI")); }
 
-// Of programs for this kind of Windows program.
+// The folder of programs of this test program's kind.
 inline std::wstring ProgramFolder() { return face::Variable(L"ProgramFiles"); }
 inline std::wstring Installed() { return ProgramFolder() + L"\\KodraRpt"; }
 
@@ -25,7 +25,7 @@ inline std::wstring Temporary(const std::wstring& name) {
   return std::wstring(folder, GetTempPathW(MAX_PATH, folder)) + name;
 }
 
-// A whole file; nothing where there is none.
+// A whole file; empty when there is none.
 inline std::string Bytes(const std::wstring& path) {
   HANDLE file =
       CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -37,7 +37,7 @@ inline std::string Bytes(const std::wstring& path) {
   return bytes;
 }
 
-// The paths of the files and folders below a folder, in order, as seen from there; a folder's path ends with a
+// The paths of the files and folders below a folder, in order and relative to it; a folder's path ends with a
 // backslash.
 inline std::vector<std::wstring> Listing(const std::wstring& folder, const std::wstring& from = L"") {
   std::vector<std::wstring> paths;

@@ -1,4 +1,4 @@
-// The registry before and after, and the rows that stand for the component registered.
+// The registry before and after, and the rows of the registered component.
 #pragma once
 
 #include "tests/wine/registered_rows.h"

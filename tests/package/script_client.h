@@ -1,4 +1,4 @@
-// The script client of the package over the sample archive, whoever serves it.
+// The package's script client over the sample archive, whichever copy of the component it uses.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace kodra::package {
 
 struct ClientRun {
   DWORD code = STILL_ACTIVE;
-  // The last line that the client wrote; without any, what is wrong.
+  // The last line that the client wrote; without any, the reason.
   std::wstring result;
 };
 
@@ -34,7 +34,7 @@ inline ClientRun RunClient(const std::wstring& host, const std::wstring& folder)
   return run;
 }
 
-// 42 calls, rows in plenty, the eight refusals of SQLite, and nothing that the client did not expect.
+// 42 calls, many rows, the eight refusals of SQLite, and nothing that the client did not expect.
 inline void ExpectServed(const ClientRun& run) {
   EXPECT_EQ(0U, run.code);
   EXPECT_TRUE(run.result.starts_with(L"42 chamadas, ") &&
@@ -42,7 +42,7 @@ inline void ExpectServed(const ClientRun& run) {
       << testing::PrintToString(run.result);
 }
 
-// ADO and the siblings for the client, registered for as long as this exists; of KodraRpt nothing.
+// ADO and the siblings for the client, registered for as long as this exists; nothing of KodraRpt.
 class Surroundings {
  public:
   Surroundings() { Each(L""); }

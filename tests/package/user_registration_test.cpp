@@ -1,4 +1,4 @@
-// `regsvr32 /n /i:user`: the component registered for the user who asks, and taken back.
+// `regsvr32 /n /i:user`: the component registered for the current user, and unregistered.
 #include "tests/package/command.h"
 #include "tests/package/registry.h"
 #include "tests/wine/environment.h"
@@ -9,11 +9,11 @@ namespace {
 
 RegistryLines DumpUserClasses() { return Dump(HKEY_CURRENT_USER, L"Software\\Classes"); }
 
-// Dumps the classes before anything is registered; takes back what a test registered.
+// Dumps the classes before anything is registered; unregisters what a test registered.
 class UserRegistration : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    // A user's class registry has this key for all components together; a new user's has none yet.
+    // A user's class registry has this one key for all components; a new user does not have it yet.
     HKEY shared = nullptr;
     ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyW(HKEY_CURRENT_USER, L"Software\\Classes\\CLSID", &shared));
     RegCloseKey(shared);

@@ -1,4 +1,4 @@
-// The case of a report: what a client asks for, and the rows that a plain loop over the sample archive finds.
+// The case of a report: what a client sets, and the rows that a plain loop over the sample archive finds.
 //
 //   INSTANTIATE_TEST_SUITE_P(Catalogs, ReportRows, testing::Combine(testing::ValuesIn(Cases()), BothEngines()),
 //   CaseName);
@@ -15,15 +15,15 @@
 namespace kodra::rows {
 
 struct Case {
-  // What the rows are, in letters only: the test is called after it.
+  // A description of the rows, in letters only: the test is named after it.
   std::string name;
   Report report;
   Properties properties = {};
   // The rows that the test expects, one at least.
   std::function<Table()> expected;
-  // The columns that they are in ascending order of.
+  // The columns by which they are in ascending order.
   std::vector<std::wstring> order = {};
-  // Where there are these columns and no row at all, for the reason beside the predicate.
+  // Where the report returns these columns and no row at all, for the reason beside the predicate.
   bool (*isEmptyOn)(Engine) = Nowhere;
   From from = From::kCurrentRow;
 

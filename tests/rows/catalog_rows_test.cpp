@@ -10,7 +10,7 @@ using namespace testbed;
 const Report kMedia{L"CCDRpt", L"RelatorioMidias"};
 const std::vector<std::wstring> kMediaColumns{L"NUM_CD", L"DOC_INICIAL", L"DOC_FINAL", L"DATA_GRAVACAO", L"RELATORIO"};
 
-// Even those without a type or a recording date.
+// Including those without a type or a recording date.
 Table Media() {
   Table expected(kMediaColumns);
   for (const Cd& cd : All<Cd>()) {
@@ -19,7 +19,7 @@ Table Media() {
   return expected;
 }
 
-// Those whose term ended today or before.
+// Those whose term ended today or earlier.
 Table ExpiredMedia() {
   Table expected(kMediaColumns);
   for (const Cd& cd : All<Cd>()) {

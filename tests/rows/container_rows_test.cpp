@@ -61,8 +61,8 @@ constexpr Day kZeroDate = std::chrono::year(1899) / 12 / 30;
 
 class ContainerLabelRows : public OnBothEngines {
  protected:
-  // A label's statement joins its modules with every row of parameters, and the last row read names the company: which
-  // of the two that is, the database decides.
+  // A label's statement joins its modules with every row of parameters, and the last row read names the company; the
+  // database decides which of the two that is.
   static Value CompanyOn(const Text& container) {
     const Table joined =
         Query(L"SELECT p.EMPRESA FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 WHERE cx.CONTAINER='" + container + L"'",
@@ -71,7 +71,8 @@ class ContainerLabelRows : public OnBothEngines {
   }
 
   // The label of a container that holds modules, in the order of their numbers: both databases read the index of the
-  // column. It has the latest date. A term, once met, stays its kind; without any it is its last module's.
+  // column. It has the latest date. Once a module has a term, the kind stays that of a term; otherwise it is the kind
+  // of the last module.
   static void AddLabel(Table& labels, const Text& container) {
     Day latest = kZeroDate;
     Text kind;

@@ -17,7 +17,7 @@ const Report kInventory{L"CDocumentoRpt", L"RelatorioInventarios"};
 using Filter = std::function<bool(const Documento&)>;
 bool Any(const Documento&) { return true; }
 
-// Documents without a support drop out.
+// Documents without a support are left out.
 Table Summary(const Filter& filter) {
   Table rows({L"COD_DOCTO", L"DESCR_SUPORTE", L"NUM_CAIXA", L"NUM_CD", L"DT_ARMAZ", L"DT_VENC", L"FRENTE", L"VERSO"});
   for (const Documento& d : All<Documento>()) {
@@ -29,7 +29,7 @@ Table Summary(const Filter& filter) {
   return rows;
 }
 
-// So do those without a subgroup, a series or a keeper.
+// So are those without a subgroup, a series or a keeper.
 Table Detail(const Filter& filter) {
   Table rows({L"COD_DOCTO", L"DESCR_GRUPO", L"DESCR_ASSUNTO", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3",
               L"DESCR_CHAVE4", L"DESCR_CHAVE5", L"DESCR_OPERADOR", L"DESCR_SUPORTE", L"DT_ARMAZ", L"ARQUIVO", L"OBS",
@@ -51,7 +51,7 @@ Table Detail(const Filter& filter) {
 
 bool IsInventory(const Documento& d) { return d.extensao == L"#INV"; }
 
-// The inventory's own documents, as far as they are indexed.
+// The inventory's own documents that are indexed.
 Table Inventory(const Filter& filter) {
   Table rows({L"COD_DOCTO", L"DESCR_GRUPO", L"DESCR_ASSUNTO", L"NUM_CAIXA", L"MACO", L"DT_ARMAZ", L"ACHAVE1",
               L"ACHAVE2", L"ACHAVE3", L"ACHAVE4", L"ACHAVE5", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3",
@@ -105,7 +105,7 @@ Properties StoredIn(const Period& period) {
   return {{L"DataArmazenamento1", DateOf(period.first)}, {L"DataArmazenamento2", DateOf(period.last)}};
 }
 
-// The last day of a period counts up to its midnight.
+// The last day of a period counts only up to the midnight that begins it.
 std::vector<Case> Periods() {
   std::vector<Case> cases;
   for (const auto& [ending, last] : {std::pair("UpToADocumentOfMidnight", kStoredAtMidnight),
@@ -146,7 +146,7 @@ std::vector<Case> Periods() {
 INSTANTIATE_TEST_SUITE_P(DocumentPeriods, ReportRows,
                          testing::Combine(testing::ValuesIn(Periods()), testing::Values(Engine::kMariaDb)), CaseName);
 
-// SQLite's translation puts the bounds into the statement without quotes, hours and all.
+// SQLite's translation writes the bounds into the statement without quotes, including the hours.
 TEST(DocumentoOnSqlite, APeriodIsAnErrorOfTheStatement) {
   const std::wstring refusal = RefusedBySqlite(L"near \"00\": syntax error");
   for (const Period& period : {StoredBetween(200, kStoredAtMidnight),

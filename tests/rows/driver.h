@@ -1,4 +1,4 @@
-// How a client runs a report and reaches a database.
+// How a client runs a report and uses a database.
 //
 // The functions of the first part are the driver: each program that runs the tests of rows defines them for its kind of
 // client. kodra_test_db calls the reports over ODBC (tests/db/rows_driver.cpp), kodra_test_wine creates them by ProgID
@@ -24,14 +24,14 @@ struct Report {
   std::wstring method;
 };
 
-// What a client sets in the parameter object.
+// The properties that a client sets in the parameter object.
 using Properties = std::vector<std::pair<std::wstring, Value>>;
 
 // Where a client begins to read: most recordsets are on their first row, one that was filled in memory may be on its
 // last.
 enum class From { kCurrentRow, kFirstRow };
 
-// What a call returned: an error (its number is 0 when there is none), a recordset's rows, or neither.
+// The result of a call: an error (its number is 0 when there is none), a recordset's rows, or neither.
 struct Outcome {
   Raised error;
   std::optional<Table> rows;
@@ -40,12 +40,12 @@ struct Outcome {
 // Calls a report method of a new report object.
 Outcome Run(const Report& report, const Properties& properties, const std::wstring& connectionString,
             From from = From::kCurrentRow);
-// The rows of a query of the test's own.
+// The rows of the test's own query.
 Table Query(const std::wstring& statement, const std::wstring& connectionString);
-// Executes statements of the test's own.
+// Executes the test's own statements.
 void Execute(const std::vector<std::wstring>& statements, const std::wstring& connectionString);
 
-// Where a client reads the sample archive, and the archive whose tables are all empty. Tests read them only.
+// The connection strings of the sample archive and of the archive whose tables are all empty. Tests only read them.
 std::wstring SampleOn(Engine engine);
 std::wstring EmptyOn(Engine engine);
 // Makes a copy of the sample archive's SQLite file; returns its path as a connection string names it.
@@ -56,7 +56,7 @@ void RemoveFile(const std::wstring& path);
 
 inline std::wstring SqliteFile(const std::wstring& path) { return L"Driver={SQLite3};Database=" + path + L";"; }
 
-// A copy of the sample archive in SQLite with changes of a test's own, gone with the object.
+// A copy of the sample archive in SQLite with the test's own changes, deleted with the object.
 class ChangedArchive {
  public:
   explicit ChangedArchive(const std::vector<std::wstring>& statements) : path_(CopySampleFile()) {
@@ -80,13 +80,13 @@ inline Table RowsAt(const std::wstring& connectionString, const Report& report, 
   EXPECT_TRUE(outcome.rows.has_value()) << "no recordset";
   return outcome.rows ? *std::move(outcome.rows) : Table({});
 }
-// What a report raises.
+// The error that a report raises.
 inline Raised ErrorAt(const std::wstring& connectionString, const Report& report, const Properties& properties = {}) {
   const Outcome outcome = Run(report, properties, connectionString);
   EXPECT_FALSE(outcome.rows.has_value());
   return outcome.error;
 }
-// A report that has nothing to return says so with no recordset and no error.
+// A report that has nothing to return returns no recordset and no error.
 inline void ExpectNoRecordset(const std::wstring& connectionString, const Report& report,
                               const Properties& properties = {}) {
   const Outcome outcome = Run(report, properties, connectionString);
@@ -100,16 +100,16 @@ inline constexpr auto kReportError = static_cast<std::int32_t>(0x80041FABU);
 inline Raised Framed(const std::wstring& member, const std::wstring& cause) {
   return {kReportError, L"KodraRpt." + member, L"Erro ao gerar dados para o relatório: " + cause};
 }
-// The cause that SQLite's refusal of a statement is.
+// The cause of a statement that SQLite refused.
 inline std::wstring RefusedBySqlite(const std::wstring& message) {
   return L"[Microsoft OLE DB Provider for ODBC Drivers]: [SQLite]" + message + L" (1) [N:1]";
 }
-// A file that no machine has, and how a report names it.
+// A file that no machine has, and a report's message about it.
 inline constexpr const wchar_t* kMissingFile = L"/nao/existe/acervo.db";
 inline const std::wstring kFileIsMissing =
     L"[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"/nao/existe/acervo.db\" não encontrado.";
 
-// Tests of what is the same on both databases.
+// Tests with the same result on both databases.
 class OnBothEngines : public testing::TestWithParam<Engine> {
  protected:
   static std::wstring Sample() { return SampleOn(GetParam()); }

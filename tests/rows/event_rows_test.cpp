@@ -1,4 +1,4 @@
-// The event log: what the event component finds, cut into fields.
+// The event log: the events that the event component finds, cut into fields.
 #include <algorithm>
 
 #include "testbed/archive/schema.h"
@@ -15,7 +15,7 @@ const Report kLog{L"CLogRpt", L"RelatorioLog"};
 constexpr std::size_t kPieces = 32;
 constexpr std::size_t kPieceLength = 250;
 
-// The events that pass a filter, with the action in pieces; those beyond its end are never assigned.
+// The events that pass a filter, with the action in pieces; the pieces beyond its end are never assigned.
 Table Events(const std::function<bool(const Evento&)>& filter) {
   Table table({L"DATA", L"HORA", L"DESCR_OPERADOR", L"MAQUINA", L"COD_DOCTO", L"COD_ACAO"});
   for (std::size_t piece = 1; piece <= kPieces; ++piece) table.columns.push_back(L"ACAO" + std::to_wstring(piece));
@@ -37,7 +37,7 @@ Table Events(const std::function<bool(const Evento&)>& filter) {
   return table;
 }
 
-// An action that fills every piece and texts that are longer than their fields are among them.
+// They include an action that fills every piece, and texts that are longer than their fields.
 Table AllEvents() {
   Table events = Events([](const Evento&) { return true; });
   EXPECT_EQ(events.rows.size(), All<Evento>().size());
@@ -48,7 +48,7 @@ Table AllEvents() {
   return events;
 }
 
-// The last day of a period counts whole.
+// The last day of a period counts as a whole.
 const Period& SomePeriod() {
   static const Period period{DayOf(*All<Evento>()[10].dataInicial), DayOf(*All<Evento>()[30].dataInicial)};
   return period;
@@ -67,7 +67,7 @@ Table Deletions() {
 }
 
 std::vector<Case> Log() {
-  // No two events have the same moment.
+  // No two events have the same time.
   const std::vector<std::wstring> order{L"DATA"};
   std::vector<Case> cases{
       {"AllEventsWithLongActionsInPieces", kLog, {}, AllEvents, order},

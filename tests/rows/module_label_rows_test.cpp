@@ -14,7 +14,7 @@ const Report kClosing{L"CCaixaRpt", L"EtiquetaFechamento"};
 const Report kClosingOfSubordinates{L"CCaixaRpt", L"EtiquetaFechamentoSubordinada"};
 const Report kDividers{L"CCaixaRpt", L"EtiquetaDivisoria"};
 
-// The parent module whose subordinates a condition holds of.
+// The parent module whose subordinates satisfy a condition.
 template <class Condition>
 Text ParentWhere(Condition condition) {
   for (const Caixa& module : All<Caixa>()) {
@@ -124,7 +124,7 @@ std::vector<Case> Labels() {
        byModule},
       {"DividersOfTheFirstModule", kDividers, {{L"Modulo1", L"AA001"}}, Dividers(L"AA001"), byDocument},
       {"DividersOfAModule", kDividers, {{L"Modulo1", L"AA004"}}, Dividers(L"AA004"), byDocument},
-      // Those of its parent.
+      // The rows are those of its parent.
       {"DividersOfASubordinate", kDividers, {{L"Modulo1", L"AA00102"}}, Dividers(L"AA001"), byDocument},
       {"DividersOfAnotherSubordinate", kDividers, {{L"Modulo1", L"AA00409"}}, Dividers(L"AA004"), byDocument},
   };

@@ -1,4 +1,4 @@
-// The listings of all modules, main and subordinate in one.
+// The listings of all modules, main and subordinate together.
 #include <algorithm>
 
 #include "tests/rows/cases.h"
@@ -45,7 +45,7 @@ std::vector<Case> DiscardedCases() {
        Discarded({.backCatalogue = true}),
        kByDueDate},
   };
-  // A department that is no number is no filter.
+  // A department that is not a number is no filter.
   for (const auto& [name, department] :
        {std::pair("EmptyText", L""), std::pair("Zero", L"0"), std::pair("Zeros", L"000"),
         std::pair("NegativeNumber", L"-1"), std::pair("Word", L"todos"), std::pair("ShortWord", L"abc")})
@@ -139,7 +139,7 @@ std::vector<Case> UnclassifiedCases() {
 INSTANTIATE_TEST_SUITE_P(Unclassified, ReportRows,
                          testing::Combine(testing::ValuesIn(UnclassifiedCases()), BothEngines()), CaseName);
 
-// What the cases above are about is in the archive.
+// The archive contains what the cases above are about.
 TEST(ModuleArchive, HasWhatEachFilterTellsApart) {
   for (const ModuleFilter& filter : {ModuleFilter{}, ModuleFilter{.backCatalogue = true}}) {
     EXPECT_GT(CountOfSubordinates(DiscardedModules(filter)), 0U);
@@ -147,7 +147,7 @@ TEST(ModuleArchive, HasWhatEachFilterTellsApart) {
     EXPECT_FALSE(DiscardedModules(filter, Listed::kMainOnly).rows.empty());
     EXPECT_FALSE(DueModules(filter, Listed::kMainOnly).rows.empty());
   }
-  // The back-catalogue chooses among main modules only.
+  // The back-catalogue filter chooses only main modules.
   EXPECT_LT(DiscardedModules({.backCatalogue = true}).rows.size(), DiscardedModules({}).rows.size());
   EXPECT_LT(DueModules({.backCatalogue = true}).rows.size(), DueModules({}).rows.size());
   EXPECT_EQ(CountOfSubordinates(DiscardedModules({.backCatalogue = true})), CountOfSubordinates(DiscardedModules({})));
@@ -192,7 +192,7 @@ TEST_P(ModuleListingRows, OfWhatFallsDueHaveTodayAndNotTomorrow) {
   EXPECT_FALSE(has(L"AA000"));
 }
 
-// The module that holds what waits for one is never due.
+// The module of the documents that wait for one is never due.
 TEST(ModuleListingRowsOfAChangedArchive, OfWhatFallsDueHaveTodayByTheDatabasesClock) {
   const ChangedArchive archive({L"UPDATE CAIXA SET TIPO_GUARDA = 'P' WHERE NUM_CAIXA <> 'AA000'",
                                 L"UPDATE CAIXA_SUBORDINADA SET TIPO_GUARDA = 'P'",

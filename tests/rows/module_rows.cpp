@@ -53,7 +53,7 @@ MaybeNumber FrontPagesOf(const Text& module) {
   return pages;
 }
 
-// Due at the end of their term today, or since they were closed.
+// Due today at the end of their term, or since they were closed.
 template <class Module>
 bool IsDue(const Module& module) {
   if (module.tipoGuarda == L"T") return module.dataVencimento && *module.dataVencimento <= Today();
@@ -130,7 +130,7 @@ Table DocumentsOf(const Text& module) {
 
 Table DiscardOf(const Text& module) {
   Table table({L"COD_DOCTO", L"TOTAL_DOCS", L"TOTAL_PAGINAS"});
-  MaybeNumber pages;  // of the documents of which both counts are known
+  MaybeNumber pages;  // of the documents whose counts are both known
   for (const Documento& d : DocumentsIn(module)) {
     if (d.frente && d.verso) pages = pages.value_or(0) + *d.frente + *d.verso;
   }
@@ -174,7 +174,7 @@ Table DiscardedModules(const ModuleFilter& filter, Listed listed) {
   return rows;
 }
 
-// Department, pages and documents of a subordinate are its parent's.
+// A subordinate has its parent's department, pages and documents.
 Table DueModules(const ModuleFilter& filter, Listed listed) {
   Table rows({L"DESCR_DEPTO", L"NUM_CAIXA", L"DESC_CAIXA", L"DOC_INICIAL", L"DOC_FINAL", L"DATA_VENCIMENTO",
               L"DATA_FECHAMENTO", L"TIPO_GUARDA", L"ANOS_VENCIMENTO", L"NUM_PAGINAS", L"NUM_DOCS"});
@@ -195,8 +195,8 @@ Table DueModules(const ModuleFilter& filter, Listed listed) {
 Table AllModules(const ModuleFilter& filter, Listed listed) {
   Table rows({L"NUM_CAIXA", L"DESC_CAIXA", L"DOC_INICIAL", L"DOC_FINAL", L"DATA_VENCIMENTO", L"DATA_FECHAMENTO",
               L"FILEIRA", L"ESTANTE", L"PRATELEIRA", L"CONTAINER", L"TIPO_GUARDA"});
-  // Neither discarded nor kept for good; of a subordinate, not discarded itself and its parent not kept for good. A
-  // kind that is null is neither one nor another.
+  // Neither discarded nor kept for good; a subordinate must not be discarded itself and its parent must not be kept for
+  // good. A kind that is null is neither.
   const auto exists = [](const MaybeText& own, const MaybeText& other) {
     return own && other && *own != L"E" && *other != L"P";
   };

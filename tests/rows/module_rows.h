@@ -11,10 +11,10 @@ namespace kodra::rows {
 
 // The 7-character code of a subordinate.
 testbed::Text CodeOf(const testbed::CaixaSubordinada& subordinate);
-// The module of a number and the subordinate of a code; null when there is none.
+// The module with a number and the subordinate with a code; null when there is none.
 const testbed::Caixa* ModuleOf(const testbed::MaybeText& number);
 const testbed::CaixaSubordinada* SubordinateOf(const testbed::Text& code);
-// A code has room for two digits only: that of a row with a larger number names another row.
+// A code has room for only two digits: the code of a row with a larger number names another row.
 inline bool IsDouble(const testbed::CaixaSubordinada& subordinate) { return subordinate.numSeq > 99; }
 
 // How often a module has an opening label: twice over a connection string, once over a client's connection.
@@ -28,13 +28,13 @@ Table ClosingLabelsOfSubordinates(const testbed::Text& parent);
 
 // The documents of a module.
 Table DocumentsOf(const testbed::Text& module);
-// The same with their totals, or one blank row for a module without documents, a subordinate and no module at all.
+// The same with their totals, or one blank row for a module without documents, for a subordinate and for no module.
 Table DiscardOf(const testbed::Text& module);
 // The header of a module, and of a subordinate: its places are empty, the dates and the depository its parent's.
 Table HeaderOf(const testbed::Caixa& module);
 Table HeaderOf(const testbed::CaixaSubordinada& subordinate);
 
-// A filter of the listings: a department (any when empty), the back-catalogue, what still exists.
+// A filter of the listings: a department (any when empty), the back-catalogue, existing modules only.
 struct ModuleFilter {
   testbed::Text department = {};
   bool backCatalogue = false;
@@ -49,7 +49,7 @@ inline Properties PropertiesOf(const ModuleFilter& filter) {
           {L"SomenteExistentes", filter.existingOnly}};
 }
 
-// A listing has main and subordinate modules over a connection string, the main ones only over a client's connection.
+// A listing has main and subordinate modules over a connection string, only the main ones over a client's connection.
 enum class Listed { kMainAndSubordinate, kMainOnly };
 
 Table DiscardedModules(const ModuleFilter& filter, Listed listed = Listed::kMainAndSubordinate);

@@ -74,7 +74,7 @@ TEST_P(OneModuleRows, OfTheDiscardOfASubordinateOrOfNothingAreOneBlankRow) {
     ExpectExactly(RowsOf(kDiscard, {{L"Modulo1", code}}), blank);
 }
 
-// The sub-report has no frame: what is raised reaches the client as it is.
+// The sub-report has no frame: an error reaches the client unchanged.
 TEST(ModuleErrors, OfTheSubReportComeAsTheyAre) {
   EXPECT_EQ(ErrorAt(SqliteFile(kMissingFile), kDocuments, {{L"Modulo1", L"AA001"}}),
             (Raised{static_cast<std::int32_t>(0x80040001U), L"modADO.AbreFirehoseRs", kFileIsMissing}));

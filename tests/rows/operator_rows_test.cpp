@@ -1,4 +1,4 @@
-// The operators: read whole, then returned from memory.
+// The operators: all read first, then returned from memory.
 #include <map>
 
 #include "tests/rows/cases.h"
@@ -25,7 +25,7 @@ bool IsActive(const MaybeText& flag) {
   return flag && kMeanings.at(*flag);
 }
 
-// Without the deleted ones and those of no department or group.
+// All except the deleted ones and those without a department or group.
 Table Operators() {
   Table expected({L"DESCR_OPERADOR", L"NOME_COMPLETO", L"DESCR_TIPO", L"DESCR_DEPTO", L"CHAPA", L"RAMAL",
                   L"DESCR_GRUPO_OP", L"ATIVO"});

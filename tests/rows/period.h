@@ -1,4 +1,4 @@
-// Periods that the filtered reports are asked for.
+// Periods for the filtered reports.
 #pragma once
 
 #include "testbed/archive/generator.h"
@@ -12,10 +12,10 @@ struct Period {
   testbed::Day first, last;
 };
 
-// A date as a client sets it in a parameter object.
+// A date in the form in which a client sets it in a parameter object.
 inline Value DateOf(testbed::Day day) { return Cell(day); }
 
-// Whether a moment is between the midnights that begin the first and the last day.
+// Whether a time is between the midnights that begin the first and the last day.
 inline bool Within(const testbed::MaybeMoment& moment, const Period& period) {
   return moment && *moment >= period.first && *moment <= period.last;
 }
@@ -25,7 +25,7 @@ inline bool Within(const testbed::MaybeMoment& moment, const Period& period) {
 inline constexpr std::size_t kStoredAtMidnight = 300;
 inline constexpr std::size_t kStoredInTheLastSecond = 301;
 
-// From the day on which one document was stored to that of another, by their positions.
+// The period between the days on which two documents were stored, by their positions.
 inline Period StoredBetween(std::size_t first, std::size_t last) {
   const auto& documents = All<testbed::Documento>();
   return {DayOf(*documents[first].dtArmaz), DayOf(*documents[last].dtArmaz)};

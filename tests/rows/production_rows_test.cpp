@@ -15,7 +15,7 @@ const Report kKeywords{L"CEstatIndexRpt", L"RelatorioEstatisticasPorPalavrasChav
 
 const Documento& SomeDocument() { return All<Documento>()[100]; }
 
-// The kind is P (pages), F (sheets) or another (documents). Digital documents and those of no module are never there.
+// The kind is P (pages), F (sheets) or another (documents). Digital documents and those without a module never occur.
 Table Imaged(const Period& period, wchar_t kind, const Producer& producer) {
   Table table({L"TIT1", L"OPERADOR", L"DEPTO", L"DT_ARMAZ", L"FUNDO", L"OWNER"});
   if (kind == L'P' || kind == L'F') table.columns.emplace_back(L"FRENTE");
@@ -24,7 +24,7 @@ Table Imaged(const Period& period, wchar_t kind, const Producer& producer) {
   for (const Documento& d : All<Documento>()) {
     const Suporte* support = Find(&Suporte::codSuporte, d.codSuporte);
     if (support == nullptr || support->descrSuporte == L"DIGITAL") continue;
-    // A document whose module is null is not of another one than AA000.
+    // A document whose module is null does not have a module other than AA000.
     if (!d.numCaixa || *d.numCaixa == L"AA000" || !Within(d.dtArmaz, period)) continue;
     if (!Producer::Passes(producer.person, d.codOperador)) continue;
     if (!Producer::Passes(producer.department, d.codDepto)) continue;
@@ -102,7 +102,7 @@ TEST(ImagingOnMariaDb, NeverHasDigitalDocumentsAndThoseOfNoModule) {
   }
 }
 
-// Every indexed document, whatever its module and its support. The person is who indexed it.
+// Every indexed document, whatever its module and its support. The person is the one who indexed it.
 Table Indexed(const Period& period, const Producer& producer) {
   Table table({L"TIT1", L"OPERADOR", L"DEPTO", L"DATA_INDEXACAO", L"COD_DOCTO", L"FUNDO", L"OWNER"});
   for (const Documento& d : All<Documento>()) {
@@ -146,7 +146,7 @@ TEST(IndexingArchive, HasADocumentOfNoModuleAndOneThatAnotherPersonStored) {
   EXPECT_NE(SomeDocument().codIndexador, SomeDocument().codOperador);
 }
 
-// What a client counted itself.
+// The counts that a client made itself.
 Properties Keywords(const std::vector<std::wstring>& counts, const Period& period = WholeArchive()) {
   static const wchar_t* const kNames[] = {L"NumeroPC1", L"NumeroPC2", L"NumeroPC3",
                                           L"NumeroPC4", L"NumeroPC5", L"NumeroObs"};

@@ -23,7 +23,7 @@ std::vector<Solicitacao> RowsOfRequests(const Requests& requests) {
   return rows;
 }
 
-// The line of a document; empty for one that is in no module.
+// The line of a document; empty for one without a module.
 Text Line(const Text& code) {
   const Documento& document = *Find(&Documento::codDocto, code);
   const Caixa* module = Find(&Caixa::numCaixa, document.numCaixa);
@@ -61,7 +61,7 @@ Text ReturnSentence(const Solicitacao& request, bool several) {
                  : L"A devolução deste documento deverá ser realizada em " + date + L".";
 }
 
-// Adds a line to a slip that speaks of this request.
+// Adds a line about this request to a slip.
 void AddLine(Table& slip, const Solicitacao& request, const Text& line, bool several) {
   const Text remark = request.obsSolicit.value_or(L"");
   slip.Add(Person(*Find(&Operador::codOperador, request.codOperador)), line, ReturnSentence(request, several),
@@ -70,7 +70,7 @@ void AddLine(Table& slip, const Solicitacao& request, const Text& line, bool sev
 
 const std::vector<std::wstring> kSlipColumns{L"OPERADOR", L"DOCUMENTOS", L"DEVOLUCAO", L"OBS_SOLICIT"};
 
-// The slip of one request: all of its rows say the same but for the document.
+// The slip of one request: its rows differ only in the document.
 Table Slip(std::int64_t request) {
   Table slip(kSlipColumns);
   const std::multiset<Text> lines = Lines({request});
@@ -139,7 +139,7 @@ TEST_P(RequestRows, OfASlipEndOnTheOneThatWasAddedLast) {
   EXPECT_EQ(SlipOf(L"1,3,5", From::kCurrentRow).Column(L"DOCUMENTOS"), std::vector<Value>{lines.back()});
 }
 
-// Which of the requests a slip speaks of, the database decides. None of these returns by a set date.
+// The database decides which of the requests a slip describes. None of these returns by a set date.
 TEST_P(RequestRows, OfASlipOfSeveralRequestsAreAllDocumentsAndTheSentenceOfOneRequest) {
   for (const auto& [codes, requests] : {std::pair(L"1,2", Requests{1, 2}), std::pair(L"1,3", Requests{1, 3}),
                                         std::pair(L"1,2,4,8", Requests{1, 2, 4, 8})}) {
@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(Originals, ReportRows,
                                           testing::Values(Engine::kMariaDb)),
                          CaseName);
 
-// SQLite has no translation of a date into text: nothing precedes the column's name.
+// SQLite has no translation of a date into text, so the column's name comes without an expression.
 TEST(SolicitacaoOnSqlite, TheListOfOriginalsIsAnErrorOfTheStatement) {
   for (const Properties& properties :
        {Properties{}, Properties{{L"ListarJaDevolvidos", false}}, Properties{{L"ListarJaDevolvidos", true}}})

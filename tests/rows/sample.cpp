@@ -17,7 +17,7 @@ CaixaSubordinada Subordinate(const testbed::Text& parent, std::int64_t number, c
   return module;
 }
 
-// Calls visit with each row that comes to the generated ones.
+// Calls visit with each row that is added to the generated ones.
 template <class Visitor>
 void ForEachExtraRow(Visitor&& visit) {
   Caixa dueToday;
@@ -32,7 +32,7 @@ void ForEachExtraRow(Visitor&& visit) {
   dueTomorrow.numCaixa = L"ZZ002";
   dueTomorrow.descCaixa = L"Vence amanhã";
   dueTomorrow.dataVencimento = Today() + std::chrono::days(1);
-  // Its kind is nobody's: only its subordinates are ever listed by kind.
+  // It has no kind: only its subordinates are ever listed by kind.
   Caixa parent;
   parent.numCaixa = L"ZZ003";
   parent.descCaixa = L"Tem subordinados";
@@ -52,8 +52,8 @@ void ForEachExtraRow(Visitor&& visit) {
   visit(Container{L"CT9002", L"Um módulo com prazo e um descartado"});
   visit(Subordinate(L"ZZ003", 1, L"T", Today()));
   visit(Subordinate(L"ZZ003", 2, L"T", Today() + std::chrono::days(1)));
-  // A code has room for two digits only. Of 103 MariaDB keeps the first two and SQLite the last two, so on either
-  // database one of these rows is another's double.
+  // A code has room for only two digits. Of 103 MariaDB keeps the first two and SQLite the last two, so on either
+  // database one of these rows has the code of another.
   for (const std::int64_t number : {3, 10, 103}) visit(Subordinate(L"ZZ003", number, L"E"));
 }
 

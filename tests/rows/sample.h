@@ -1,6 +1,6 @@
-// The sample archive in memory: the rows that the plain loops of the tests go through. Both databases hold them.
+// The sample archive in memory: the rows that the plain loops of the tests go through. Both databases contain them.
 //
-// To the generated rows come a few that the reports' edge cases need; SampleArchive() has them too.
+// A few rows that the reports' edge cases need are added to the generated ones; SampleArchive() has them too.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@
 
 namespace kodra::rows {
 
-// As many documents as the databases of every test program have.
+// The number of documents in the databases of every test program.
 inline constexpr testbed::Size kSampleSize{.documents = 500};
 
-// The archive's rows, those that the databases hold.
+// The rows of the archive in the databases.
 const testbed::Archive& SampleArchive();
 
 // The statements that add the rows that are not generated, for any database.

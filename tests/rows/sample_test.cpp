@@ -1,5 +1,5 @@
-// The sample archive in memory against what the databases hold: what the plain loops go through is what the reports
-// read.
+// Compares the sample archive in memory with the content of the databases: the plain loops go through the rows that the
+// reports read.
 #include <gtest/gtest.h>
 
 #include "tests/rows/driver.h"

@@ -1,4 +1,4 @@
-// What the statistics have in common: their parameters and titles.
+// The common part of the statistics: their parameters and titles.
 #pragma once
 
 #include "tests/rows/cases.h"
@@ -19,7 +19,7 @@ inline Properties In(const Period& period, Properties others = {}) {
 
 inline Period WholeArchive() { return {std::chrono::year(2010) / 1 / 1, std::chrono::year(2023) / 1 / 1}; }
 
-// The periods that the cases of a report go through.
+// The periods of a report's cases.
 struct NamedPeriod {
   const char* name;
   Period period;
@@ -33,7 +33,7 @@ inline std::vector<NamedPeriod> Periods() {
            {std::chrono::year(2011) / 1 / 1, StoredBetween(0, kStoredAtMidnight).last}}};
 }
 
-// Whose rows are asked for; empty for all.
+// The person and the department whose rows are wanted; empty for all.
 struct Producer {
   testbed::Text person = {};
   testbed::Text department = {};

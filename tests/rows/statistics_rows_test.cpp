@@ -13,14 +13,14 @@ const Report kBySupport{L"CEstatSuporteRpt", L"RelatorioEstatisticas"};
 const Report kBySubgroup{L"CEstatSubgrupoRpt", L"RelatorioEstatisticas"};
 const Report kBySeries{L"CEstatSerieRpt", L"RelatorioEstatisticas"};
 
-// A kind as a client sends it, and what it means: F (sheets), P (pages), N (documents) or another.
+// A kind in the client's text, and its meaning: F (sheets), P (pages), N (documents) or another.
 struct Kind {
   const char* name;
   const wchar_t* sent;
   wchar_t meaning;
 };
 
-// Digital documents and those of no module count. Sheets have no back, yet their column is there.
+// Digital documents and those without a module count. Sheets have no back, but the column is there.
 Table BySupport(const Period& period, wchar_t kind) {
   Table table({L"TIT", L"COD_DOCTO", L"DESCR_SUPORTE"});
   const bool pages = kind == L'F' || kind == L'P';
@@ -78,8 +78,8 @@ INSTANTIATE_TEST_SUITE_P(Statistics, ReportRows, testing::Combine(testing::Value
 
 const std::vector<std::wstring> kSeriesColumns{L"Titulo", L"Subtitulo", L"Periodo", L"Subgrupo", L"Serie", L"Total"};
 
-// The documents of kind N are counted, those whose front pages are; for any other kind the front pages are summed. The
-// period ends with the midnight after its last day.
+// For kind N the documents with front pages are counted; for any other kind the front pages are summed. The period ends
+// with the midnight after its last day.
 Table BySeries(const Period& period, wchar_t kind, const Text& subgroup) {
   const Period stored{period.first, period.last + std::chrono::days(1)};
   struct Total {
@@ -106,7 +106,7 @@ Table BySeries(const Period& period, wchar_t kind, const Text& subgroup) {
   return table;
 }
 
-// The day before that of a document stored at midnight: the document counts still.
+// A period whose last day is the day before a document stored at midnight: the document still counts.
 Period EndingBeforeAMidnight() {
   return {std::chrono::year(2010) / 1 / 1, StoredBetween(0, kStoredAtMidnight).last - std::chrono::days(1)};
 }

@@ -17,7 +17,7 @@ using testbed::Moment;
 constexpr double kSecondsADay = 86400;
 constexpr std::size_t kRowsShown = 3;
 
-// Nulls before everything, as both databases sort them; then by kind and value.
+// Nulls come before everything, as both databases sort them; then kind and value decide.
 bool Less(const Value& a, const Value& b) {
   if (a.Held().index() != b.Held().index()) return a.Held().index() < b.Held().index();
   if (a.Is<bool>()) return a.As<bool>() < b.As<bool>();
@@ -49,7 +49,7 @@ std::string Shown(const Table::Row& row) {
   return text;
 }
 
-// The rows of one table that the other does not have; both sorted.
+// The rows of one table that the other does not have; both are sorted.
 std::string Surplus(const std::vector<Table::Row>& rows, const std::vector<Table::Row>& others) {
   std::vector<Table::Row> surplus;
   std::set_difference(rows.begin(), rows.end(), others.begin(), others.end(), std::back_inserter(surplus), RowLess);

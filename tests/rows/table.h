@@ -1,4 +1,4 @@
-// Rows as a client reads them and as a test computes them, in one form that is compared whole.
+// Rows as a client reads them and as a test computes them, in one form that is compared as a whole.
 //
 //   Table expected({L"COD_DOCTO", L"DT_VENC"});
 //   for (const Documento& d : archive.Of<Documento>()) expected.Add(d.codDocto, d.dtVenc);
@@ -14,8 +14,8 @@
 
 namespace kodra::rows {
 
-// How values are compared: a number of any type is a double, a date counts to the second. Everything else, the kind of
-// value above all, must be the same: a date is never its text, and null is not empty.
+// The form in which values are compared: a number of any type is a double, a date counts to the second. Everything else
+// must be the same, above all the kind of value: a date is never its text, and null is not empty.
 Value Cell(const Value& value);
 inline Value Cell(const wchar_t* text) { return text; }
 inline Value Cell(const std::wstring& text) { return text; }
@@ -38,7 +38,7 @@ struct Table {
     rows.push_back({Cell(values)...});
   }
 
-  // The values of a column, row by row. A column that is not there is a failure of the test.
+  // The values of a column, row by row. A missing column is a failure of the test.
   std::vector<Value> Column(const std::wstring& name) const;
 
   std::vector<std::wstring> columns;
@@ -46,7 +46,7 @@ struct Table {
 };
 
 // Compares columns and rows. The rows of `actual` must be in ascending order of the columns of `order`; beyond that
-// their order does not count. Expecting no row at all is a mistake of the test: that is what ExpectNoRows is for.
+// their order does not count. Expecting no row at all is a mistake in the test: ExpectNoRows is for that.
 void ExpectRows(Table actual, Table expected, const std::vector<std::wstring>& order = {});
 void ExpectNoRows(const Table& actual, const std::vector<std::wstring>& columns);
 // The same with every row in its place.

@@ -1,4 +1,4 @@
-// The comparison that the tests of rows rely on: what it must refuse.
+// The comparison that the tests of rows rely on: the differences that it must find.
 #include "tests/rows/table.h"
 
 #include <gtest/gtest-spi.h>

@@ -12,7 +12,7 @@ using namespace testbed;
 
 const Report kModels{L"CModeloRpt", L"RelatorioModelos"};
 
-// Those without a group drop out.
+// Those without a group are left out.
 Table Subgroups() {
   Table expected({L"DESCR_CLASSE", L"DESCR_GRUPO", L"OBS_GRUPO", L"IDC_ATIVO"});
   for (const Grupo& subgroup : All<Grupo>()) {
@@ -23,7 +23,7 @@ Table Subgroups() {
   return expected;
 }
 
-// Those without a series drop out.
+// Those without a series are left out.
 Table ControlledTerms() {
   Table expected({L"DESCR_GRUPO", L"DESCR_ASSUNTO", L"COD_PALAVRA", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3",
                   L"DESCR_CHAVE4", L"DESCR_CHAVE5", L"DESCR_DICIONARIO"});
@@ -45,7 +45,7 @@ Text Mark(const MaybeText& caption, const MaybeText& flag) {
   return yes ? L"S" : L"N";
 }
 
-// Those without an owner are kept, those without a group drop out.
+// Those without an owner are kept, those without a group are left out.
 Table Series() {
   Table expected({L"DESCR_CLASSE",   L"DESCR_GRUPO",    L"DESCR_ASSUNTO", L"OBS_ASSUNTO",  L"DONO",
                   L"SERIE_ATIVA",    L"DESCR_CHAVE1",   L"DESCR_CHAVE2",  L"DESCR_CHAVE3", L"DESCR_CHAVE4",
@@ -77,7 +77,7 @@ Table Series() {
   return expected;
 }
 
-// The models of a code as it is stored, or all of them, even those of a subgroup without a group.
+// The models with a stored code, or all of them, including those of a subgroup without a group.
 Table Models(const MaybeText& code) {
   Table expected({L"GRUPO", L"SUBGRUPO", L"SERIE", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3", L"DESCR_CHAVE4",
                   L"DESCR_CHAVE5", L"CHAVE1", L"CHAVE2", L"CHAVE3", L"CHAVE4", L"CHAVE5", L"VALIDADE"});
@@ -102,7 +102,7 @@ Table AllModels() {
   return expected;
 }
 
-// A code is cut to this length before its blanks go.
+// A code is cut to this length before its blanks are removed.
 constexpr std::size_t kLongestCode = 128;
 
 std::vector<Case> Taxonomy() {

@@ -27,7 +27,7 @@ std::string Shown(const Record& record) {
   return line;
 }
 
-// Every row of an archive, a line each.
+// Every row of an archive, one per line.
 std::vector<std::string> Lines(const Archive& archive) {
   std::vector<std::string> lines;
   ForEachRecordType([&]<class Record>() {

@@ -12,7 +12,7 @@
 namespace kodra::testbed {
 namespace {
 
-// What the reports read, table by table.
+// The columns that the reports read, table by table.
 const std::map<std::string, std::vector<std::string>> kReadByReports = {
     {"CD", {"NUM_CD", "DOC_INICIAL", "DOC_FINAL", "DATA_GRAVACAO", "COD_MIDIA"}},
     {"TIPO_MIDIA", {"COD_MIDIA", "DESCR_MIDIA", "VALIDADE_MIDIA", "CAPACIDADE_MIDIA"}},

@@ -1,4 +1,4 @@
-// The kinds of rows that reports treat apart must be in every archive from 64 documents on.
+// The kinds of rows that reports treat differently must be in every archive from 64 documents on.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class SpecialRows : public testing::TestWithParam<std::int64_t> {
   bool Has(Condition condition) const {
     return std::ranges::any_of(Of<Record>(), condition);
   }
-  // The different values of a column.
+  // The distinct values of a column.
   template <class Record, class Column>
   auto Values(Column column) const {
     std::set<std::remove_cvref_t<decltype(Of<Record>().front().*column)>> values;

@@ -12,7 +12,7 @@
 
 namespace kodra::testbed {
 
-// The path of a file of the test's own, gone when the test is over.
+// The path of a file of the test's own, deleted when the test is over.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& name)

@@ -13,7 +13,7 @@ struct Made {
   bool ended;
 };
 
-// What idl/public_classes.awk makes of an IDL, with its messages.
+// The output of idl/public_classes.awk for an IDL, with its messages.
 Made ListOf(const std::string& idl) {
   const std::string file = testing::TempDir() + "/public_classes_test.idl";
   std::ofstream(file) << idl;
@@ -107,7 +107,7 @@ TEST(PublicClassesTest, AreTheCreatableClassesOfTheIdlWithTheirMembersInItsOrder
             "KODRA_OTHER_CLASS(About)");
 }
 
-// What becomes of the IDL when `line` has another text.
+// The output for the IDL with another text in place of `line`.
 Made ListWithout(const std::string& line, const std::string& instead) {
   std::string idl = kIdl;
   const std::size_t at = idl.find(line);

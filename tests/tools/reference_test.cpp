@@ -1,4 +1,4 @@
-// The reference pages: what is read from the IDL, and what is written of it.
+// The reference pages: how the IDL is read, and what the pages contain.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -72,7 +72,7 @@ TEST(ReadIdlTest, RefusesAClassWithoutItsInterface) {
   EXPECT_THROW(ReadIdl(idl), std::runtime_error);
 }
 
-// The tables that the pages are made of and the IDL must name the same members in the same order.
+// The tables behind the pages and the IDL must name the same members in the same order.
 TEST(ReferenceTest, HasThePropertiesOfTheParameterClasses) {
   for (const frame::ParameterClass& parameterClass : frame::ParameterClasses()) {
     std::vector<std::string> names;
@@ -136,7 +136,7 @@ TEST(PagesTest, LinkOnlyToFilesThatAreThere) {
   }
 }
 
-// The texts of the errors in the sources, as the sources write them.
+// The texts of the errors, as the sources write them.
 std::string Sources() {
   std::string all;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(KODRA_SOURCE_DIR "/src"))
@@ -156,7 +156,7 @@ TEST(ErrorsTest, StandInTheSourcesAsTheyAreTold) {
   }
 }
 
-// Every number that the component adds to the base of its errors is told.
+// The page contains every number that the component adds to the base of its errors.
 TEST(ErrorsTest, TellEveryNumberOfTheComponentsOwn) {
   std::set<std::int32_t> told;
   for (const auto errors : {guide::Errors(), guide::Causes()})

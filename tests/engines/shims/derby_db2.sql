@@ -1,5 +1,5 @@
--- What Derby lacks of what the statements use of DB2. Derby has DB2's special registers, SYSIBM.SYSDUMMY1 and rules of
--- names; these functions it has not.
+-- The functions of DB2 that the statements use and Derby lacks. Derby has DB2's special registers, SYSIBM.SYSDUMMY1 and
+-- rules of names.
 
 CREATE FUNCTION TO_DATE(TEXT VARCHAR(40), FORMAT VARCHAR(40)) RETURNS TIMESTAMP
   LANGUAGE JAVA PARAMETER STYLE JAVA NO SQL EXTERNAL NAME 'Shims.toDate';

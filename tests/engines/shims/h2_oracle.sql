@@ -1,6 +1,6 @@
--- What H2 in its mode for Oracle lacks of what the statements use of Oracle.
+-- The parts of Oracle that the statements use and H2 in its mode for Oracle lacks.
 
--- H2 knows DUAL without a schema only. Oracle's one-row table belongs to SYS.
+-- H2 knows DUAL only without a schema. Oracle's one-row table belongs to SYS.
 CREATE SCHEMA SYS;
 CREATE VIEW SYS.DUAL AS SELECT 'X' AS DUMMY;
 

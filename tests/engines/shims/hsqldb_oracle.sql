@@ -1,6 +1,6 @@
--- What HSQLDB in its mode for Oracle lacks of what the statements use of Oracle.
+-- The parts of Oracle that the statements use and HSQLDB in its mode for Oracle lacks.
 
--- HSQLDB knows DUAL without a schema only. Oracle's one-row table belongs to SYS.
+-- HSQLDB knows DUAL only without a schema. Oracle's one-row table belongs to SYS.
 CREATE SCHEMA SYS;
 CREATE TABLE SYS.DUAL (DUMMY VARCHAR(1));
 INSERT INTO SYS.DUAL VALUES ('X');
