@@ -38,7 +38,7 @@ TEST_P(CaixaConexao, AnOpeningLabelComesOnce) {
              OpeningLabels({L"AA001"}, kOverAConnection));
 }
 
-TEST_P(CaixaConexao, TheConnectionsOwnStringWinsAndIsKept) {
+TEST_P(CaixaConexao, TheConnectionsOwnStringReplacesTheReports) {
   report.SetStringConexao(L"Driver={SQLite3};Database=/nao/existe/acervo.db");
   EXPECT_FALSE(OpenOn(L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AA001"}})->Eof());
   EXPECT_EQ(report.StringConexao(), client->Connection()->ConnectionString());

@@ -81,7 +81,7 @@ TEST_F(KodraMariaDb, TheCommandFindsTheDatabaseFilledAndItsExitCodeIsThePrograms
   EXPECT_FALSE(ServerIsThere());
 }
 
-TEST_F(KodraMariaDb, AScriptThatFailsIsToldAndTheCommandIsNotRun) {
+TEST_F(KodraMariaDb, AScriptThatFailsIsReportedAndTheCommandIsNotRun) {
   std::ofstream(Script(), std::ios::app) << "INSERT INTO NADA VALUES (1);\n";
   EXPECT_EQ(Run(Script(), "echo executado"), 125);
   EXPECT_EQ(Output(),

@@ -36,7 +36,7 @@ class OdbcMariaDb : public testing::Test {
   Recordset rs;
 };
 
-TEST_F(OdbcMariaDb, EveryDeclaredTypeGivesItsAdoTypeAndValue) {
+TEST_F(OdbcMariaDb, EveryDeclaredTypeHasItsAdoTypeAndValue) {
   Run(L"create or replace table T(I int, U int unsigned, S smallint, Y tinyint, B bigint, BU bigint unsigned, "
       L"N decimal(10,2), R float, F double, BT bit(1), D date, DT datetime, DM datetime(3), H time, C char(5), "
       L"V varchar(20), X text, VB varbinary(4))");
@@ -113,7 +113,7 @@ TEST_F(OdbcMariaDb, RowsComeInOrderAcrossBlocksWhateverTheCacheSize) {
   }
 }
 
-TEST_F(OdbcMariaDb, MovingAheadAndAgainToTheFirstRowCrossesBlocks) {
+TEST_F(OdbcMariaDb, MovingAheadAndBackToTheFirstRowCrossesBlocks) {
   OpenFirehose(L"select seq as N from seq_1_to_1000");
   rs.Move(350);
   EXPECT_EQ(rs.FieldValue(0), Value(std::int64_t{351}));
@@ -138,7 +138,7 @@ TEST_F(OdbcMariaDb, LongTextIsReadWholeAmongOtherColumns) {
 }
 
 // The driver mistakes the letter for half a character of UTF-16.
-TEST_F(OdbcMariaDb, TextWithALetterThatTheDriverMiscountsTravelsWhole) {
+TEST_F(OdbcMariaDb, TextWithALetterThatTheDriverMiscountsStaysWhole) {
   const std::wstring shortText = L"Úrsula Ú";
   std::wstring longText;
   for (int i = 0; longText.size() < 70000; ++i) longText += L"Última Ação Única " + std::to_wstring(i) + L"; ";
@@ -200,7 +200,7 @@ TEST_F(OdbcMariaDb, AMissingTableAndABadStatementHaveTheirNumbersAndNativeCodes)
   EXPECT_EQ(rs.State(), ad::kStateClosed);
 }
 
-TEST_F(OdbcMariaDb, AWrongPasswordIsRefusedAndNotTold) {
+TEST_F(OdbcMariaDb, AWrongPasswordIsRefusedAndNotRepeated) {
   Connection refused;
   const Raised raised = RaisedBy(
       [&] { refused.Open(MariaDb().ConnectionString(L"odbc", kSecret + L" errada"), L"", L"", ad::kUnspecified); });
@@ -211,7 +211,7 @@ TEST_F(OdbcMariaDb, AWrongPasswordIsRefusedAndNotTold) {
   EXPECT_EQ(refused.State(), ad::kStateClosed);
 }
 
-TEST_F(OdbcMariaDb, UserAndPasswordMayBeGivenAtOpen) {
+TEST_F(OdbcMariaDb, UserAndPasswordMayBePassedToOpen) {
   Connection other;
   const std::wstring right = MariaDb().ConnectionString(L"odbc");
   const std::size_t password = right.find(L"Pwd=") + 4;
@@ -238,7 +238,7 @@ TEST_F(OdbcMariaDb, ReadCommittedIsTheSessionsIsolationLevel) {
   EXPECT_EQ(rs.FieldValue(0), Value(L"SERIALIZABLE"));
 }
 
-TEST_F(OdbcMariaDb, ATransactionIsKeptOrTakenBack) {
+TEST_F(OdbcMariaDb, ATransactionIsCommittedOrRolledBack) {
   Run(L"create or replace table T(N int) engine=innodb");
   cn.BeginTrans();
   Run(L"insert into T values(1)");

@@ -60,7 +60,7 @@ TEST_F(OdbcSqlite, AStreamIsNotUpdatable) {
   EXPECT_EQ(RaisedBy([&] { rs.Delete(); }), NotUpdatable());
 }
 
-TEST_F(OdbcSqlite, AStreamKeepsItsConnectionAliveWhenTheConnectionObjectIsGone) {
+TEST_F(OdbcSqlite, AStreamKeepsItsConnectionAliveWhenTheConnectionObjectIsDestroyed) {
   {
     Connection cn;
     cn.Open(file.ConnectionString(), L"", L"", ad::kUnspecified);
@@ -70,7 +70,7 @@ TEST_F(OdbcSqlite, AStreamKeepsItsConnectionAliveWhenTheConnectionObjectIsGone) 
   EXPECT_EQ(rs.ConnectionInUse()->State(), ad::kStateOpen);
 }
 
-TEST_F(OdbcSqlite, ClosingTheConnectionClosesWhatStreamsFromIt) {
+TEST_F(OdbcSqlite, ClosingTheConnectionClosesItsStreams) {
   Connection cn;
   cn.Open(file.ConnectionString(), L"", L"", ad::kUnspecified);
   rs.Open(Numbers(500), &cn, ad::kOpenForwardOnly, ad::kLockReadOnly, ad::kCmdText);
@@ -79,7 +79,7 @@ TEST_F(OdbcSqlite, ClosingTheConnectionClosesWhatStreamsFromIt) {
   EXPECT_EQ(RaisedBy([&] { rs.MoveNext(); }), ObjectClosed(L"ADODB.Recordset"));
 }
 
-TEST_F(OdbcSqlite, ARecordsetGoneBeforeItsConnectionIsNotMissed) {
+TEST_F(OdbcSqlite, ARecordsetMayBeDestroyedBeforeItsConnectionCloses) {
   Connection cn;
   cn.Open(file.ConnectionString(), L"", L"", ad::kUnspecified);
   { cn.Query(Numbers(5), ad::kCmdText); }
@@ -123,7 +123,7 @@ TEST_F(OdbcSqlite, AClientSideRecordsetIsDisconnectedByNothing) {
   EXPECT_EQ(rs.RecordCount(), 3);
 }
 
-TEST_F(OdbcSqlite, AnyOtherServerCursorIsStaticAndEndsWithItsConnection) {
+TEST_F(OdbcSqlite, EveryOtherServerCursorIsStaticAndEndsWithItsConnection) {
   Connection cn;
   cn.Open(file.ConnectionString(), L"", L"", ad::kUnspecified);
   rs.Open(Numbers(20), &cn, ad::kOpenDynamic, ad::kLockReadOnly, ad::kCmdText);
@@ -149,14 +149,14 @@ TEST_F(OdbcSqlite, AClosedRecordsetOpensAnotherSourceOnItsConnection) {
   EXPECT_EQ(rs.Source(), L"select 2 as DOIS, 3 as TRES");
 }
 
-TEST_F(OdbcSqlite, SourceAndConnectionMayBeGivenAsProperties) {
+TEST_F(OdbcSqlite, SourceAndConnectionMayBeSetAsProperties) {
   rs.SetSource(L"select 4 as QUATRO");
   rs.SetActiveConnection(file.ConnectionString());
   rs.Open({}, {}, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified);
   EXPECT_EQ(rs.FieldValue(0), Value(4));
 }
 
-TEST_F(OdbcSqlite, RequeryReadsTheRowsAnew) {
+TEST_F(OdbcSqlite, RequeryReadsTheRowsAgain) {
   file.Run(L"create table T(N integer)");
   file.Run(L"insert into T values(1)");
   rs.SetCursorLocation(ad::kUseClient);

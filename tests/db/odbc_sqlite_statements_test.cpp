@@ -21,7 +21,7 @@ TEST_F(OdbcSqlite, AStatementWithoutRowsLeavesTheRecordsetClosed) {
   EXPECT_EQ(execution.recordset->State(), ad::kStateClosed);
 }
 
-TEST_F(OdbcSqlite, ExecuteDropsItsRows) {
+TEST_F(OdbcSqlite, ExecuteDiscardsItsRows) {
   file.Connection().Execute(Numbers(3), ad::kUnspecified);
   EXPECT_EQ(file.Connection().Query(Numbers(3), ad::kExecuteNoRecords).recordset->State(), ad::kStateClosed);
 }
@@ -58,7 +58,7 @@ TEST_F(OdbcSqlite, AnErrorOfTheDataIsAPlainFailure) {
   EXPECT_EQ(file.Connection().NativeError(0), 19);
 }
 
-TEST_F(OdbcSqlite, AFolderThatDoesNotExistFailsToOpenAndTellsNoPassword) {
+TEST_F(OdbcSqlite, AFolderThatDoesNotExistFailsToOpenAndRepeatsNoPassword) {
   Connection cn;
   cn.SetConnectionString(L"Driver={SQLite3};Database=/nao/existe/a.db;PWD=" + kSecret);
   EXPECT_EQ(RaisedBy([&] { cn.Open(L"", L"", ad::kUnspecified); }), Provider(0x80004005U, L"[SQLite]connect failed"));
@@ -109,7 +109,7 @@ TEST_F(OdbcSqlite, AParameterWithoutAValueRaises) {
             Provider(0x80040E10U, L"No value given for one or more required parameters."));
 }
 
-TEST_F(OdbcSqlite, ACommandOpensAConnectionStringOfItsOwnAndLetsGoOfIt) {
+TEST_F(OdbcSqlite, ACommandOpensAConnectionStringOfItsOwnAndReleasesIt) {
   Command cmd;
   cmd.SetActiveConnection(file.ConnectionString());
   cmd.SetCommandText(L"select 5 as CINCO");
@@ -119,7 +119,7 @@ TEST_F(OdbcSqlite, ACommandOpensAConnectionStringOfItsOwnAndLetsGoOfIt) {
   EXPECT_FALSE(cmd.HasActiveConnection());
 }
 
-TEST_F(OdbcSqlite, ATransactionIsKeptOrTakenBack) {
+TEST_F(OdbcSqlite, ATransactionIsCommittedOrRolledBack) {
   file.Run(L"create table T(N integer)");
   Connection& cn = file.Connection();
   EXPECT_EQ(cn.BeginTrans(), 1);
@@ -144,7 +144,7 @@ TEST_F(OdbcSqlite, TransactionsDoNotNestAndHoldTheConnectionOpen) {
   cn.RollbackTrans();
 }
 
-TEST_F(OdbcSqlite, AConnectionThatGoesInATransactionTakesItBack) {
+TEST_F(OdbcSqlite, AConnectionDestroyedInATransactionRollsItBack) {
   file.Run(L"create table T(N integer)");
   {
     Connection cn;
@@ -162,7 +162,7 @@ TEST_F(OdbcSqlite, AConnectionThatGoesInATransactionTakesItBack) {
             (std::vector<std::vector<Value>>{{2}}));
 }
 
-TEST_F(OdbcSqlite, AnOpenConnectionRefusesWhatOnlyAClosedOneTakes) {
+TEST_F(OdbcSqlite, AnOpenConnectionRefusesWhatOnlyAClosedOneAccepts) {
   Connection& cn = file.Connection();
   const Raised open = ObjectOpen(L"ADODB.Connection");
   EXPECT_EQ(RaisedBy([&] { cn.Open(L"", L"", ad::kUnspecified); }), open);

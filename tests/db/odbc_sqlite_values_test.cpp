@@ -34,7 +34,7 @@ TEST_F(OdbcSqlite, AResultWithoutRowsIsAtBothEnds) {
   EXPECT_EQ(RaisedBy([&] { rs.MoveFirst(); }), NoCurrentRecord(L"ADODB.Recordset"));
 }
 
-TEST_F(OdbcSqlite, EveryDeclaredTypeGivesItsAdoTypeAndValue) {
+TEST_F(OdbcSqlite, EveryDeclaredTypeHasItsAdoTypeAndValue) {
   file.Run(
       L"create table T(I integer, B bigint, S smallint, N numeric(10,2), R real, F boolean, D date, TS timestamp, "
       L"H time, C char(5), V varchar(20), X text, BL blob)");
@@ -64,7 +64,7 @@ TEST_F(OdbcSqlite, AnExpressionColumnHasTheTypeOfItsFirstValue) {
   EXPECT_EQ(rs.GetRows(1).front(), (std::vector<Value>{2, 3, 1.5, L"b1", L"00123"}));
 }
 
-TEST_F(OdbcSqlite, AValueThatIsNotOfItsColumnsTypeKeepsWhatItIs) {
+TEST_F(OdbcSqlite, AValueThatIsNotOfItsColumnsTypeKeepsItsOwn) {
   file.Run(L"create table T(ORDEM integer, I integer, D date, V varchar(3))");
   file.Run(L"insert into T values(1, 3000000000, 'amanhã', 'mais que três'),(2, 1.5, '2020-01-02', 'abc')");
   OpenFirehose(rs, L"select I, D, V from T order by ORDEM");

@@ -33,16 +33,16 @@ void ExpectRefusedInSecret(const std::wstring& connectionString) {
   }
 }
 
-TEST(RefusedPassword, IsToldByNoReportOnMariaDb) {
+TEST(RefusedPassword, IsRepeatedByNoReportOnMariaDb) {
   ExpectRefusedInSecret(MariaDb().ConnectionString(L"arquivo", kSecret + L"Errada"));
   ExpectRefusedInSecret(MariaDb().ConnectionString(L"arquivo", L"{antes;" + kSecret + L"}"));
 }
 
-TEST(RefusedPassword, IsToldByNoReportOnSqlite) {
+TEST(RefusedPassword, IsRepeatedByNoReportOnSqlite) {
   ExpectRefusedInSecret(L"Driver={SQLite3};Database=/nao/existe/a.db;Password=\"antes;" + kSecret + L"\"");
 }
 
-TEST(RefusedPassword, IsToldByNoReportOfAStringThatNoDriverTakes) {
+TEST(RefusedPassword, IsRepeatedByNoReportOnAStringThatNoDriverAccepts) {
   ExpectRefusedInSecret(L"DSN=NaoExiste;pwd = " + kSecret);
   ExpectRefusedInSecret(L"Driver={Nao Existe};Extended Properties=\"PWD=\"\"antes;" + kSecret + L"\"\"\"");
   ExpectRefusedInSecret(L"PWD=" + kSecret);

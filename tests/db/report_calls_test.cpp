@@ -34,7 +34,7 @@ TEST_P(ReportCalls, WithoutAParameterObjectOrAConnectionStringAreRefusedBeforeAn
   EXPECT_FALSE(Read(*Call(machine, departments, Sample(), &obj)).rows.empty());
 }
 
-TEST_P(ReportCalls, GiveAStreamThatKeepsItsConnectionWhenEverythingElseIsGone) {
+TEST_P(ReportCalls, ReturnAStreamThatKeepsItsConnectionWhenEverythingElseIsDestroyed) {
   const Report summary{L"CDocumentoRpt", L"RelatorioSintetico"};
   const frame::ReportRows rows = OpenAndLeave(summary);
   rows->MoveNext();
@@ -44,7 +44,7 @@ TEST_P(ReportCalls, GiveAStreamThatKeepsItsConnectionWhenEverythingElseIsGone) {
   ExpectExactly(Read(*rows), expected);
 }
 
-TEST_P(ReportCalls, GiveModelsThatStayReadableWhenTheirConnectionIsGone) {
+TEST_P(ReportCalls, ReturnModelsThatStayReadableWhenTheirConnectionIsDestroyed) {
   const Report models{L"CModeloRpt", L"RelatorioModelos"};
   const frame::ReportRows rows = OpenAndLeave(models);
   ExpectRows(Read(*rows), RowsOf(models));

@@ -74,7 +74,7 @@ class SiblingsOnMariaDb : public testing::Test {
   odbc::Surroundings machine;
 };
 
-TEST_F(SiblingsOnMariaDb, GiveEverySubordinateItsSevenCharacters) {
+TEST_F(SiblingsOnMariaDb, ReturnSevenCharactersForEverySubordinate) {
   std::size_t compared = 0;
   for (const testbed::Caixa& parent : archive->Of<testbed::Caixa>()) {
     std::vector<std::wstring> closed;

@@ -66,7 +66,7 @@ TEST_P(EveryReport, ExecutesOrIsRefusedForAKnownCause) {
   });
 }
 
-TEST_P(EveryReport, HasTheSameRowsOrOthersForAKnownCause) {
+TEST_P(EveryReport, HasTheSameRowsOrDiffersForAKnownCause) {
   ForEachStatement([](const Asked& asked) {
     const Answer& reference = ReferenceAnswer(asked.statement);
     if (!asked.answer->Executed() || !reference.Executed()) return;
@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(, EveryReport, testing::ValuesIn(Pairs()), NameOfPair);
 
 class EveryEngine : public testing::TestWithParam<const Engine*> {};
 
-TEST_P(EveryEngine, IsAskedInTheWordsOfItsDatabaseOnly) {
+TEST_P(EveryEngine, IsAskedOnlyInTheDialectOfItsDatabase) {
   for (const Asked& asked : RunOf(*GetParam()).asked)
     EXPECT_EQ(ForeignWords(asked.statement.text, GetParam()->database), std::vector<std::string>()) << Shown(asked);
 }
@@ -138,7 +138,7 @@ TEST(Vocabulary, NamesWordsOfOtherDatabasesAndFunctionsThatItDoesNotKnow) {
             std::vector<std::string>());
 }
 
-TEST(Page, SaysWhatTheRunSays) {
+TEST(Page, AgreesWithTheRun) {
   EXPECT_EQ(ReadPage(), Page(ReadPage())) << "docs/dialects.md is rewritten by ./kodra dialects";
 }
 

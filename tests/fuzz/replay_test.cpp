@@ -79,7 +79,7 @@ TEST_P(FuzzReplay, HoldsForNoInputAtAll) { EXPECT_NO_THROW(GetParam().run(nullpt
 INSTANTIATE_TEST_SUITE_P(Targets, FuzzReplay, testing::ValuesIn(kTargets),
                          [](const auto& target) { return std::string(target.param.name); });
 
-TEST(FuzzInputs, StandInFoldersOfTargetsThatExist) {
+TEST(FuzzInputs, AreInFoldersOfTargetsThatExist) {
   std::set<std::string> known;
   for (const Target& target : kTargets) known.insert(target.name);
   for (const auto& folder : kFolders) {

@@ -50,7 +50,7 @@ class Database {
   MSIHANDLE database_ = 0;
 };
 
-TEST(InstallerTables, SayPortugueseInItsCodePage) {
+TEST(InstallerTables, ArePortugueseInItsCodePage) {
   const Database database;
   EXPECT_EQ(L"1046", database.Property(L"ProductLanguage"));
   EXPECT_EQ(L"1252", database.Summary(1));

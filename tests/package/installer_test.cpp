@@ -55,7 +55,7 @@ RegistryLines InstalledPackage::registryBefore_;
 RegistryLines InstalledPackage::classesBefore_;
 std::vector<std::wstring> InstalledPackage::programsBefore_;
 
-TEST_F(InstalledPackage, HoldsTheFilesOfTheZipButThoseForProgramsWithoutRegistration) {
+TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRegistration) {
   std::vector<std::wstring> expected = Listing(Unpacked());
   std::erase_if(expected, [](const std::wstring& path) {
     return path.ends_with(L".manifest") || path.starts_with(L"x64\\") || path == L"SHA256SUMS";
@@ -68,7 +68,7 @@ TEST_F(InstalledPackage, HoldsTheFilesOfTheZipButThoseForProgramsWithoutRegistra
     EXPECT_TRUE(Bytes(Unpacked() + L"\\" + path) == Bytes(Installed() + L"\\" + path)) << testing::PrintToString(path);
 }
 
-TEST_F(InstalledPackage, IsRegisteredByTheOneRule) {
+TEST_F(InstalledPackage, IsRegisteredByTheSameRule) {
   const std::wstring dll = Installed() + L"\\KodraRpt.dll";
   ExpectSame(Sorted(face::ClassRows(dll), face::LibraryRows(dll)), OfComponent(Without(DumpClasses(), classesBefore_)));
 }
@@ -87,9 +87,9 @@ TEST_F(InstalledPackage, ServesTheScriptClient) {
   ExpectServed(RunClient(L"cscript.exe", Installed()));
 }
 
-// About.Executavel returns the host program when one of the DLL's name is beside it, and names differ on Windows only
-// by more than letter case: the console program there would be taken for the host.
-TEST_F(InstalledPackage, KeepsTheConsoleProgramAwayFromTheDll) {
+// About.Executavel returns the program beside the DLL that has the DLL's name, and Windows ignores letter case in
+// names: beside the DLL, the console program would be taken for the host.
+TEST_F(InstalledPackage, HasNoProgramNamedLikeTheDllBesideIt) {
   for (const std::wstring& folder : {Installed(), Unpacked(), Unpacked() + L"\\x64"}) {
     for (const std::wstring& name : Listing(folder))
       EXPECT_NE(0, _wcsicmp(L"KodraRpt.exe", name.c_str())) << testing::PrintToString(folder);
@@ -97,7 +97,7 @@ TEST_F(InstalledPackage, KeepsTheConsoleProgramAwayFromTheDll) {
   }
 }
 
-TEST_F(InstalledPackage, TellsTheDllAsItsOwnFile) {
+TEST_F(InstalledPackage, ReturnsTheDllAsItsOwnFile) {
   EXPECT_EQ(Installed() + L"\\KodraRpt.DLL",
             face::Got(face::Call(face::Create(L"KodraRpt.About"), L"Executavel")).text());
   CoFreeUnusedLibrariesEx(0, 0);
@@ -129,7 +129,7 @@ TEST_F(InstalledPackage, LeavesRegistryAndFoldersAsBeforeWhenRemoved) {
   EXPECT_EQ(programsBefore_, Listing(ProgramFolder()));
 }
 
-TEST_F(InstalledPackage, IsReplacedByALaterOneWhichRefusesToGoBack) {
+TEST_F(InstalledPackage, IsReplacedByALaterOneWhichRefusesADowngrade) {
   const RegistryLines classes = DumpClasses();
   ASSERT_EQ(0U, Msiexec(L"/i", LaterInstaller()));
   EXPECT_EQ(L"1.0.50", Listed(L"DisplayVersion"));

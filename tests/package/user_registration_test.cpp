@@ -46,7 +46,7 @@ TEST_F(UserRegistration, WritesNoClassForAllUsers) {
   ExpectSame(Sorted(face::LibraryRows(face::DllPath())), Without(DumpClasses(), machine_));
 }
 
-TEST_F(UserRegistration, IsTakenBackWhole) {
+TEST_F(UserRegistration, IsRemovedCompletely) {
   ASSERT_EQ(0U, Regsvr32(L"/n /i:user"));
   ASSERT_NE(user_, DumpUserClasses());
   ASSERT_EQ(0U, Regsvr32(L"/u /n /i:user"));
@@ -65,7 +65,7 @@ TEST_F(UserRegistration, OfAnotherFileStays) {
   ExpectSame(machine, DumpClasses());
 }
 
-TEST_F(UserRegistration, TakenBackLeavesAnotherFileOfAllUsers) {
+TEST_F(UserRegistration, RemovalLeavesAnotherFileOfAllUsers) {
   const face::ServerCopy shared(L"de-todos.dll");
   ASSERT_EQ(S_OK, shared->Install(TRUE, nullptr));
   const RegistryLines machine = DumpClasses();
@@ -84,7 +84,7 @@ TEST_F(UserRegistration, WithoutAUserIsThatOfAllUsers) {
   ExpectSame(machine_, DumpClasses());
 }
 
-TEST_F(UserRegistration, TakesTheWordInAnyLetterCaseAndRefusesAnother) {
+TEST_F(UserRegistration, AcceptsTheWordInAnyLetterCaseAndRefusesAnother) {
   EXPECT_EQ(E_INVALIDARG, server_.Install(TRUE, L"users"));
   EXPECT_EQ(E_INVALIDARG, server_.Install(TRUE, L"machine"));
   EXPECT_EQ(E_INVALIDARG, server_.Install(FALSE, L"users"));

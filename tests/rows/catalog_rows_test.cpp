@@ -120,7 +120,7 @@ TEST_P(EmptyCatalogs, HaveTheirColumnsAndNoRow) {
   ExpectNoRows(RowsAt(EmptyOn(GetParam()), {L"CSuporteRpt", L"RelatorioSuportes"}), {L"DESCR_SUPORTE"});
 }
 
-TEST(CatalogOnSqlite, AFileThatIsNotThereIsNamed) {
+TEST(CatalogOnSqlite, AMissingFileIsNamed) {
   EXPECT_EQ(ErrorAt(SqliteFile(kMissingFile), {L"CDeptoRpt", L"RelatorioDeptos"}),
             Framed(L"CDeptoRpt::RelatorioDeptos", kFileIsMissing));
 }

@@ -122,7 +122,7 @@ TEST_P(ContainerLabelRows, OfADatedModuleHaveTheKindOfATermThoughTheLastModuleWa
   ExpectExactly(LabelsOf(L"CT9002"), expected);
 }
 
-TEST_P(ContainerLabelRows, AreInTheOrderAskedForAndTheSameContainerTwiceIsTwo) {
+TEST_P(ContainerLabelRows, AreInTheRequestedOrderAndTheSameContainerTwiceIsTwo) {
   for (const std::vector<Text>& asked :
        {std::vector<Text>{L"CT0003", L"CT0001", L"CT0003"}, {L"CT0003", L"CT0002", L""}, {L"CT0002", L"", L"CT0002"}}) {
     Table expected(kLabelColumns);
@@ -133,7 +133,7 @@ TEST_P(ContainerLabelRows, AreInTheOrderAskedForAndTheSameContainerTwiceIsTwo) {
   }
 }
 
-TEST_P(ContainerLabelRows, AreNoneForContainersThatAreEmptyOrNotThere) {
+TEST_P(ContainerLabelRows, AreNoneForContainersThatAreEmptyOrUnknown) {
   ASSERT_NE(Find(&Container::numContainer, Text(L"CT0006")), nullptr);
   ASSERT_TRUE(ModulesIn(L"CT0006").empty());
   ExpectNoRows(LabelsOf(L"CT0006", L"", L"XX"), kLabelColumns);

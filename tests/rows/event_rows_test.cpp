@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(Log, ReportRows, testing::Combine(testing::ValuesIn(Log
 class EventRows : public OnBothEngines {};
 INSTANTIATE_TEST_SUITE_P(, EventRows, BothEngines(), EngineName);
 
-TEST_P(EventRows, ThatAreNotThereAreNoRecordset) { ExpectNoRecordset(Sample(), kLog, {{L"Acao", L"nunca aconteceu"}}); }
+TEST_P(EventRows, WithoutAnEventAreNoRecordset) { ExpectNoRecordset(Sample(), kLog, {{L"Acao", L"nunca aconteceu"}}); }
 
 TEST_P(EventRows, OfAKindOfFewerThanThreeLettersAreLookedForByThoseLetters) {
   ExpectNoRecordset(Sample(), kLog, {{L"Evento", L"ex"}});

@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(ModuleLabels, ReportRows, testing::Combine(testing::Val
 class ModuleLabelRows : public OnBothEngines {};
 INSTANTIATE_TEST_SUITE_P(, ModuleLabelRows, BothEngines(), EngineName);
 
-TEST_P(ModuleLabelRows, OfAModuleThatIsNotThereAreNone) {
+TEST_P(ModuleLabelRows, OfAnUnknownModuleAreNone) {
   ExpectNoRows(RowsOf(kOpening, {{L"Modulo1", L"XX999"}}), OpeningLabels({}, kOverAString).columns);
   ExpectNoRows(RowsOf(kDividers, {{L"Modulo1", L"XX999"}}), {L"COD_DOCTO"});
 }
@@ -149,7 +149,7 @@ TEST_P(ModuleLabelRows, OfClosedSubordinatesAreAnErrorWithoutAClosedOne) {
                      L"Não há módulos subordinados fechados associados ao módulo " + parent));
 }
 
-TEST_P(ModuleLabelRows, OfClosedSubordinatesAreAnErrorForAModuleThatIsNotThere) {
+TEST_P(ModuleLabelRows, OfClosedSubordinatesAreAnErrorForAnUnknownModule) {
   EXPECT_EQ(ErrorOf(kClosingOfSubordinates, {{L"Modulo1", L"XX999"}}),
             Framed(L"CCaixaRpt::EtiquetaFechamentoSubordinada",
                    L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo XX999"));

@@ -140,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(Unclassified, ReportRows,
                          testing::Combine(testing::ValuesIn(UnclassifiedCases()), BothEngines()), CaseName);
 
 // The archive contains what the cases above are about.
-TEST(ModuleArchive, HasWhatEachFilterTellsApart) {
+TEST(ModuleArchive, HasRowsThatEachFilterSeparates) {
   for (const ModuleFilter& filter : {ModuleFilter{}, ModuleFilter{.backCatalogue = true}}) {
     EXPECT_GT(CountOfSubordinates(DiscardedModules(filter)), 0U);
     EXPECT_GT(CountOfSubordinates(DueModules(filter)), 0U);
@@ -180,7 +180,7 @@ TEST_P(ModuleListingRows, ThatAreEqualInAUnionAreOne) {
   EXPECT_EQ(std::count(codes.begin(), codes.end(), Cell(L"ZZ00310")), 1);
 }
 
-TEST_P(ModuleListingRows, OfWhatFallsDueHaveTodayAndNotTomorrow) {
+TEST_P(ModuleListingRows, OfDueModulesIncludeTodayAndNotTomorrow) {
   const std::vector<Value> codes = RowsOf(kDue).Column(L"NUM_CAIXA");
   const auto has = [&](const wchar_t* code) {
     return std::find(codes.begin(), codes.end(), Cell(code)) != codes.end();
@@ -193,7 +193,7 @@ TEST_P(ModuleListingRows, OfWhatFallsDueHaveTodayAndNotTomorrow) {
 }
 
 // The module of the documents that wait for one is never due.
-TEST(ModuleListingRowsOfAChangedArchive, OfWhatFallsDueHaveTodayByTheDatabasesClock) {
+TEST(ModuleListingRowsOfAChangedArchive, OfDueModulesIncludeTodayByTheDatabasesClock) {
   const ChangedArchive archive({L"UPDATE CAIXA SET TIPO_GUARDA = 'P' WHERE NUM_CAIXA <> 'AA000'",
                                 L"UPDATE CAIXA_SUBORDINADA SET TIPO_GUARDA = 'P'",
                                 L"UPDATE CAIXA_SUBORDINADA SET TIPO_GUARDA = 'T', DATA_VENCIMENTO = date('now') "

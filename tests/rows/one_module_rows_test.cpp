@@ -75,7 +75,7 @@ TEST_P(OneModuleRows, OfTheDiscardOfASubordinateOrOfNothingAreOneBlankRow) {
 }
 
 // The sub-report has no frame: an error reaches the client unchanged.
-TEST(ModuleErrors, OfTheSubReportComeAsTheyAre) {
+TEST(ModuleErrors, OfTheSubReportReachTheClientUnchanged) {
   EXPECT_EQ(ErrorAt(SqliteFile(kMissingFile), kDocuments, {{L"Modulo1", L"AA001"}}),
             (Raised{static_cast<std::int32_t>(0x80040001U), L"modADO.AbreFirehoseRs", kFileIsMissing}));
 }

@@ -161,7 +161,7 @@ TEST_P(RequestRows, OfASlipOfSeveralRequestsAreAllDocumentsAndTheSentenceOfOneRe
   }
 }
 
-TEST_P(RequestRows, OfASlipThatNobodyAskedForAreAnError) {
+TEST_P(RequestRows, OfASlipOfAnUnknownRequestAreAnError) {
   EXPECT_EQ(ErrorAt(Sample(), kSlip, {{L"CodSolicit", L"99999"}}),
             Framed(L"CSolicitacaoRpt::RelatorioRetiradaOriginal",
                    L"A variável do objeto ou a variável do bloco 'With' não foi definida"));

@@ -13,13 +13,13 @@ Table Rows(std::initializer_list<std::pair<const wchar_t*, std::int64_t>> rows) 
   return table;
 }
 
-TEST(Rows, AreTheSameInAnyOrderUnlessAnOrderIsAsked) {
+TEST(Rows, AreTheSameInAnyOrderUnlessAnOrderIsRequired) {
   ExpectRows(Rows({{L"b", 2}, {L"a", 1}, {L"a", 1}}), Rows({{L"a", 1}, {L"a", 1}, {L"b", 2}}));
   EXPECT_NONFATAL_FAILURE(ExpectRows(Rows({{L"b", 2}, {L"a", 1}}), Rows({{L"a", 1}, {L"b", 2}}), {L"NOME"}),
                           "out of order: 'a' | 1");
 }
 
-TEST(Rows, ADifferentValueAMissingRowAndADoubleAreToldApart) {
+TEST(Rows, ADifferentValueAMissingRowAndADuplicateAreFound) {
   EXPECT_NONFATAL_FAILURE(ExpectRows(Rows({{L"a", 1}}), Rows({{L"a", 2}})),
                           "only read:     1 of 1 rows\n    'a' | 1\nonly expected: 1 of 1 rows\n    'a' | 2");
   EXPECT_NONFATAL_FAILURE(ExpectRows(Rows({{L"a", 1}}), Rows({{L"a", 1}, {L"a", 1}})), "only expected: 1 of 2 rows");

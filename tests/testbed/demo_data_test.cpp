@@ -31,13 +31,13 @@ std::string ContentsOf(const std::string& path) {
   return text.str();
 }
 
-TEST(DemoData, WritesAnSqliteArchiveInTheSizeAskedFor) {
+TEST(DemoData, WritesAnSqliteArchiveInTheRequestedSize) {
   const TemporaryFile file("program.db");
   EXPECT_EQ(RunDemoData("sqlite '" + file.Path() + "' --documents 70").exitCode, 0);
   EXPECT_EQ(Query(file.Path(), "SELECT COUNT(*) FROM DOCUMENTO"), (std::vector<TextRow>{{"70"}}));
 }
 
-TEST(DemoData, WritesAThousandDocumentsWhenNoSizeIsGiven) {
+TEST(DemoData, WritesAThousandDocumentsByDefault) {
   const TemporaryFile file("default.db");
   EXPECT_EQ(RunDemoData("sqlite '" + file.Path() + "'").exitCode, 0);
   EXPECT_EQ(Query(file.Path(), "SELECT COUNT(*) FROM DOCUMENTO"), (std::vector<TextRow>{{"1000"}}));

@@ -38,11 +38,11 @@ std::vector<std::string> Lines(const Archive& archive) {
   return lines;
 }
 
-TEST(Generator, GivesTheSameRowsForTheSameSize) {
+TEST(Generator, MakesTheSameRowsForTheSameSize) {
   EXPECT_EQ(Lines(Generate({.documents = 300})), Lines(Generate({.documents = 300})));
 }
 
-TEST(Generator, MakesARowAloneAsItMakesItInItsTurn) {
+TEST(Generator, MakesTheSameRowAloneAndInItsTurn) {
   const Generator generator({.documents = 300});
   const Archive archive = Generate({.documents = 300});
   EXPECT_EQ(Shown(generator.Row<Documento>(299)), Shown(archive.Of<Documento>().back()));
@@ -50,7 +50,7 @@ TEST(Generator, MakesARowAloneAsItMakesItInItsTurn) {
   EXPECT_EQ(Shown(generator.Row<Evento>(3)), Shown(archive.Of<Evento>()[3]));
 }
 
-TEST(Generator, GivesDifferentDocumentsDifferentContents) {
+TEST(Generator, MakesDocumentsWithDifferentContents) {
   const Archive archive = Generate({.documents = 1000});
   std::set<std::wstring> numbers;
   std::size_t withNumber = 0;
@@ -63,7 +63,7 @@ TEST(Generator, GivesDifferentDocumentsDifferentContents) {
   EXPECT_GE(numbers.size(), withNumber - 1);
 }
 
-TEST(Generator, MakesExactlyTheDocumentsAskedFor) {
+TEST(Generator, MakesExactlyTheRequestedDocuments) {
   for (const std::int64_t documents : {0, 1, 64, 1000, 12345}) {
     EXPECT_EQ(Generator({.documents = documents}).Count<Documento>(), documents);
   }
@@ -97,7 +97,7 @@ TEST(Generator, RefusesASizeThatItCannotMake) {
   EXPECT_THROW(Generator({.documents = 60LL * 676000}), std::invalid_argument);
 }
 
-TEST(Generator, GivesEveryPrimaryKeyOnceInEverySize) {
+TEST(Generator, MakesEveryPrimaryKeyOnceInEverySize) {
   for (const std::int64_t documents : {64, 1000, 60000}) {
     const Archive archive = Generate({.documents = documents});
     ForEachRecordType([&]<class Record>() {
@@ -144,7 +144,7 @@ TEST(Generator, TurnsNamesIntoLogins) {
   EXPECT_EQ(AsLogin(L"Conceição Araújo"), L"conceicao.araujo");
 }
 
-TEST(Generator, GivesEveryOperatorALoginOfHisOwn) {
+TEST(Generator, MakesADifferentLoginForEveryOperator) {
   std::set<std::wstring> logins;
   for (std::int64_t row = 0; row < 400; ++row) logins.insert(AsLogin(PersonName(row)));
   EXPECT_EQ(logins.size(), 400U);

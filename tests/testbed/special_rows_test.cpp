@@ -132,7 +132,7 @@ TEST_P(SpecialRows, HaveASecondParameterRow) {
   EXPECT_EQ(Values<Parametro>(&Parametro::codigo), (std::set<Text>{L"1", L"2"}));
 }
 
-TEST_P(SpecialRows, HaveTheModuleThatIsNoneAndEveryRetentionKind) {
+TEST_P(SpecialRows, HaveTheModuleOfWaitingDocumentsAndEveryRetentionKind) {
   EXPECT_EQ(Of<Caixa>().front().numCaixa, L"AA000");
   const std::set<MaybeText> kinds = {std::nullopt, L"D", L"E", L"P", L"T"};
   EXPECT_EQ(Values<Caixa>(&Caixa::tipoGuarda), kinds);
@@ -282,7 +282,7 @@ TEST_P(SpecialRows, HaveRequestsWhoseRowsAgreeOnAllButTheDocument) {
             (std::set<MaybeText>{std::nullopt, L"", L"Auditoria externa – devolver à expedição."}));
 }
 
-TEST_P(SpecialRows, HaveEventsAtTheLimitsOfWhatAReportHolds) {
+TEST_P(SpecialRows, HaveEventsAtTheLimitsOfAReportsFields) {
   std::set<std::size_t> lengths;
   for (const Evento& event : Of<Evento>()) lengths.insert(event.acao ? event.acao->size() : 0);
   for (const std::size_t length : {0, 250, 251, 8000}) EXPECT_TRUE(lengths.contains(length)) << length;

@@ -50,7 +50,7 @@ TEST(SqliteWriter, StoresEveryRowOfEveryTableAsItWasGenerated) {
   });
 }
 
-TEST(SqliteWriter, ReplacesAFileThatIsThere) {
+TEST(SqliteWriter, ReplacesAnExistingFile) {
   const TemporaryFile file("replaced.db");
   std::ofstream(file.Path()) << "not a database";
   WriteSqlite(file.Path(), {.documents = 3});
@@ -70,14 +70,14 @@ TEST(SqliteWriter, IndexesTheColumnsThatReportsSearch) {
             (std::vector<TextRow>{{"CREATE INDEX IX_DOCUMENTO_DT_ARMAZ ON DOCUMENTO (DT_ARMAZ)"}}));
 }
 
-TEST(MySqlWriter, BeginsByTellingTheServerHowToReadTheScript) {
+TEST(MySqlWriter, BeginsWithTheSettingsForReadingTheScript) {
   EXPECT_EQ(Between(MySqlScript({.documents = 0}), "SET NAMES", "DROP TABLE"),
             "SET NAMES utf8mb4;\n"
             "SET SESSION sql_mode='STRICT_ALL_TABLES';\n"
             "START TRANSACTION;\n");
 }
 
-TEST(MySqlWriter, MakesATableAnewAndFillsItInOneStatement) {
+TEST(MySqlWriter, ReplacesATableAndFillsItInOneStatement) {
   EXPECT_EQ(Between(MySqlScript({.documents = 0}), "DROP TABLE IF EXISTS TIPO_CAIXA;", "DROP TABLE IF EXISTS CAIXA;"),
             "DROP TABLE IF EXISTS TIPO_CAIXA;\n"
             "CREATE TABLE TIPO_CAIXA (\n"

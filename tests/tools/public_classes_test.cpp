@@ -92,7 +92,7 @@ library KodraRpt
 };
 )";
 
-TEST(PublicClassesTest, AreTheCreatableClassesOfTheIdlWithTheirMembersInItsOrder) {
+TEST(PublicClassesTest, AreTheCreatableClassesOfTheIdlWithTheirMembersInOrder) {
   const Made made = ListOf(kIdl);
   EXPECT_TRUE(made.ended);
   EXPECT_EQ(LinesBetween(made.text, "\n\n", "\n\n#undef"),

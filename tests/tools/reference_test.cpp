@@ -48,7 +48,7 @@ TEST(ReadIdlTest, FindsEveryClass) {
   EXPECT_FALSE(Named("OperadorObj").isCreatable);
 }
 
-TEST(ReadIdlTest, TakesTheAccessorsOfAPropertyForOneMember) {
+TEST(ReadIdlTest, ReadsTheAccessorsOfAPropertyAsOneMember) {
   const Class& caixa = Named("CCaixaRpt");
   EXPECT_EQ(caixa.members.size(), 14U);
   EXPECT_EQ(caixa.members[1].name, "Conexao");
@@ -122,7 +122,7 @@ TEST(PagesTest, ShowAParameterClassWhole) {
             "```\n");
 }
 
-TEST(PagesTest, LinkOnlyToFilesThatAreThere) {
+TEST(PagesTest, LinkOnlyToExistingFiles) {
   const auto pages = Pages(Classes());
   const std::regex link(R"(\]\(([^)]+)\))");
   for (const auto& [name, text] : pages) {
@@ -146,7 +146,7 @@ std::string Sources() {
   return std::regex_replace(all, std::regex(R"(\\")"), "\"");
 }
 
-TEST(ErrorsTest, StandInTheSourcesAsTheyAreTold) {
+TEST(ErrorsTest, AreInTheSourcesAsThePageHasThem) {
   const std::string sources = Sources();
   for (const auto errors : {guide::Errors(), guide::Causes()}) {
     for (const guide::Error& error : errors) {
@@ -157,7 +157,7 @@ TEST(ErrorsTest, StandInTheSourcesAsTheyAreTold) {
 }
 
 // The page contains every number that the component adds to the base of its errors.
-TEST(ErrorsTest, TellEveryNumberOfTheComponentsOwn) {
+TEST(ErrorsTest, ContainEveryNumberOfTheComponentsOwn) {
   std::set<std::int32_t> told;
   for (const auto errors : {guide::Errors(), guide::Causes()})
     for (const guide::Error& error : errors) told.insert(error.number);

@@ -34,7 +34,7 @@ TEST_F(AdoCommand, BindsItsParametersByPosition) {
   EXPECT_EQ(L"00001", ValueOf(FieldOf(rows, L"COD")).Text());
 }
 
-TEST_F(AdoCommand, ReadsAParametersPresentValueWheneverItRuns) {
+TEST_F(AdoCommand, ReadsAParametersCurrentValueWheneverItRuns) {
   const auto connection = OpenWithDepartments();
   const auto command = CommandOn(connection, L"select DESCR from DEPTO where COD = ?");
   const auto code = Append(command, L"COD", adVarChar, 5, Variant(L"00001"));
@@ -44,7 +44,7 @@ TEST_F(AdoCommand, ReadsAParametersPresentValueWheneverItRuns) {
   EXPECT_EQ(L"Biblioteca", ValueOf(FieldOf(rows, L"DESCR")).Text());
 }
 
-TEST_F(AdoCommand, TellsHowManyRowsItChanged) {
+TEST_F(AdoCommand, ReportsHowManyRowsItChanged) {
   const auto connection = OpenWithDepartments();
   const auto command = CommandOn(connection, L"update DEPTO set ANDAR = 9 where COD <> ?");
   Append(command, L"COD", adVarChar, 5, Variant(L"00003"));
@@ -54,7 +54,7 @@ TEST_F(AdoCommand, TellsHowManyRowsItChanged) {
   EXPECT_EQ(2, affected.Number());
 }
 
-TEST_F(AdoCommand, HasNoConnectionUntilOneIsGivenAndAfterItIsTakenAway) {
+TEST_F(AdoCommand, HasNoConnectionUntilOneIsSetAndAfterItIsRemoved) {
   const auto connection = OpenWithDepartments();
   const auto command = NewCommand();
   com_ptr<_Connection> active;
@@ -123,7 +123,7 @@ TEST_F(AdoCommand, ATextParameterWithoutASizeIs3708) {
   EXPECT_EQ(0x800A0E7Cu, TakeError(parameters->Append(parameter.get())).code);
 }
 
-TEST_F(AdoCommand, TheLastReleaseOfEveryObjectGivesZero) {
+TEST_F(AdoCommand, TheLastReleaseOfEveryObjectReturnsZero) {
   auto connection = OpenWithDepartments();
   auto command = CommandOn(connection, L"select COD from DEPTO where COD = ?");
   auto parameter = Append(command, L"COD", adVarChar, 5, Variant(L"00001"));

@@ -13,7 +13,7 @@ class AdoConnection : public AdoTest {
   }
 };
 
-TEST_F(AdoConnection, KeepsWhatItIsToldBeforeItOpens) {
+TEST_F(AdoConnection, KeepsItsPropertiesUntilItOpens) {
   const auto connection = NewConnection();
   ASSERT_EQ(S_OK, connection->put_ConnectionString(Bstr(ConnectionString())));
   ASSERT_EQ(S_OK, connection->put_CursorLocation(adUseClient));
@@ -56,7 +56,7 @@ TEST_F(AdoConnection, ClosesTheRecordsetsThatStreamFromIt) {
   EXPECT_EQ(0x800A0E78u, TakeError(rows->MoveNext()).code);
 }
 
-TEST_F(AdoConnection, TellsHowManyRowsAStatementChanged) {
+TEST_F(AdoConnection, ReportsHowManyRowsAStatementChanged) {
   const auto connection = OpenWithDepartments();
   Variant affected;
   com_ptr<_Recordset> rows;
@@ -69,7 +69,7 @@ TEST_F(AdoConnection, TellsHowManyRowsAStatementChanged) {
   EXPECT_EQ(adStateClosed, state);
 }
 
-TEST_F(AdoConnection, GivesNoRecordsetWhenNoneIsWanted) {
+TEST_F(AdoConnection, ReturnsNoRecordsetWhenNoneIsWanted) {
   const auto connection = OpenWithDepartments();
   com_ptr<_Recordset> rows;
   ASSERT_EQ(S_OK, connection->Execute(Bstr(L"select COD from DEPTO"), nullptr,
@@ -91,7 +91,7 @@ TEST_F(AdoConnection, UndoesATransactionThatIsRolledBackAndKeepsOneThatIsCommitt
   EXPECT_EQ(2, CountOf(connection));
 }
 
-TEST_F(AdoConnection, HasNoErrorsUntilSomethingFailsAndForgetsThemWhenTold) {
+TEST_F(AdoConnection, HasNoErrorsUntilAStatementFailsAndNoneAfterClear) {
   const auto connection = OpenWithDepartments();
   com_ptr<Errors> errors;
   ASSERT_EQ(S_OK, connection->get_Errors(errors.put()));

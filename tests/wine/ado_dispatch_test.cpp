@@ -90,7 +90,7 @@ TEST_F(AdoDispatch, NamesAreFoundWithoutRegardToLetterCase) {
   EXPECT_EQ(DISP_E_UNKNOWNNAME, rows->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id));
 }
 
-TEST_F(AdoDispatch, ACommandTellsItsTypeName) {
+TEST_F(AdoDispatch, ACommandReturnsItsTypeName) {
   const auto command = ByProgId(L"ADODB.Command");
   com_ptr<ITypeInfo> type;
   ASSERT_EQ(S_OK, command->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.put()));
@@ -149,7 +149,7 @@ TEST_F(AdoDispatch, AssigningToARecordsetsItemAssignsTheField) {
   EXPECT_EQ(L"Multiple-step operation generated errors. Check each status value.", wrong.description);
 }
 
-TEST_F(AdoDispatch, ACollectionIsWalked) {
+TEST_F(AdoDispatch, ACollectionIsEnumerated) {
   OpenWithDepartments();
   const auto rows = RowsOf(L"select COD, DESCR, ANDAR from DEPTO");
   const Variant fields = Get(rows.get(), L"Fields");

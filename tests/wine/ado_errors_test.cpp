@@ -133,7 +133,7 @@ TEST_F(AdoErrors, AMissingDriverNamesTheProvider) {
   EXPECT_EQ(L"Microsoft OLE DB Provider for ODBC Drivers", error.source);
 }
 
-TEST_F(AdoErrors, AMemberThatDoesNotExistHereNamesItself) {
+TEST_F(AdoErrors, AMemberThatIsNotImplementedIsNamedInItsError) {
   const auto rows = NewRecordset();
   const ComError error = TakeError(rows->put_Sort(Bstr(L"COD")));
   EXPECT_EQ(static_cast<unsigned long>(E_NOTIMPL), error.code);
@@ -141,7 +141,7 @@ TEST_F(AdoErrors, AMemberThatDoesNotExistHereNamesItself) {
   EXPECT_EQ(L"Recordset.Sort is not implemented by this ADO over ODBC.", error.description);
 }
 
-TEST_F(AdoErrors, AResultWithNowhereToGoIs3001) {
+TEST_F(AdoErrors, ANullPointerForAResultIs3001) {
   const auto connection = NewConnection();
   EXPECT_EQ(0x800A0BB9u, TakeError(connection->get_State(nullptr)).code);
 }

@@ -31,7 +31,7 @@ TEST_F(AdoRecordset, StreamsItsRowsInOrderOnce) {
   EXPECT_EQ(adOpenForwardOnly, type);
 }
 
-TEST_F(AdoRecordset, GivesTheFirstRowsOfAResultThatNoMemoryHolds) {
+TEST_F(AdoRecordset, ReturnsTheFirstRowsOfAResultLargerThanMemory) {
   const auto connection = OpenConnection();
   const auto rows = NewRecordset();
   ASSERT_EQ(S_OK, rows->put_CacheSize(100));
@@ -81,7 +81,7 @@ TEST_F(AdoRecordset, KeepsItsConnectionAlive) {
   EXPECT_EQ(adStateOpen, state);
 }
 
-TEST_F(AdoRecordset, GivesBackTheConnectionItWasOpenedOn) {
+TEST_F(AdoRecordset, ReturnsTheConnectionItWasOpenedOn) {
   const auto connection = OpenWithDepartments();
   const auto rows = NewRecordset();
   ASSERT_EQ(S_OK, OpenStream(rows, L"select COD from DEPTO", connection));
@@ -246,7 +246,7 @@ TEST_F(AdoRecordset, KeepsBooleansAndDatesAsSuch) {
   EXPECT_EQ(45000.5, V_DATE(&day));
 }
 
-TEST_F(AdoRecordset, AFieldGivenAsAValueGivesWhatItHolds) {
+TEST_F(AdoRecordset, AFieldPassedAsAValueIsItsValue) {
   const auto rows = OpenInMemory();
   ASSERT_EQ(S_OK, rows->AddNew(Variant(L"NOME"), Variant(L"Ana")));
   const auto source = FieldOf(rows, L"NOME");
@@ -255,7 +255,7 @@ TEST_F(AdoRecordset, AFieldGivenAsAValueGivesWhatItHolds) {
   EXPECT_EQ(L"Ana", ValueOf(FieldOf(other, L"NOME")).Text());
 }
 
-TEST_F(AdoRecordset, InMemoryItIsWalkedBothWays) {
+TEST_F(AdoRecordset, InMemoryItMovesBothWays) {
   const auto rows = OpenInMemory();
   for (const wchar_t* name : {L"Ana", L"Bia", L"Caio"}) ASSERT_EQ(S_OK, rows->AddNew(Variant(L"NOME"), Variant(name)));
   const auto name = FieldOf(rows, L"NOME");
@@ -342,7 +342,7 @@ TEST_F(AdoRecordset, DescribesItsFields) {
   EXPECT_EQ(5, size);
 }
 
-TEST_F(AdoRecordset, GivesRowsAsAnArrayOfFieldsByRows) {
+TEST_F(AdoRecordset, ReturnsRowsAsAnArrayOfFieldsByRows) {
   const auto connection = OpenWithDepartments();
   const auto rows = NewRecordset();
   ASSERT_EQ(S_OK, OpenStream(rows, L"select COD, ANDAR from DEPTO order by COD", connection));
@@ -363,7 +363,7 @@ TEST_F(AdoRecordset, GivesRowsAsAnArrayOfFieldsByRows) {
   EXPECT_EQ(L"00003;", CodesOf(rows));
 }
 
-TEST_F(AdoRecordset, GivesOnlyTheFieldsAskedForAsAnArray) {
+TEST_F(AdoRecordset, ReturnsOnlyTheRequestedFieldsAsAnArray) {
   const auto connection = OpenWithDepartments();
   const auto rows = NewRecordset();
   ASSERT_EQ(S_OK, OpenStream(rows, L"select COD, DESCR, ANDAR from DEPTO order by COD", connection));
@@ -390,7 +390,7 @@ TEST_F(AdoRecordset, AStatementWithoutRowsLeavesItClosed) {
   EXPECT_EQ(adStateClosed, StateOf(rows));
 }
 
-TEST_F(AdoRecordset, TheLastReleaseOfEveryObjectGivesZero) {
+TEST_F(AdoRecordset, TheLastReleaseOfEveryObjectReturnsZero) {
   auto connection = OpenWithDepartments();
   auto rows = NewRecordset();
   ASSERT_EQ(S_OK, OpenStream(rows, L"select COD from DEPTO", connection));

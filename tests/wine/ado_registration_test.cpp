@@ -60,7 +60,7 @@ const std::set<std::wstring> kClassesKeys{L"ADODB.Command",        L"ADODB.Comma
                                           L"ADODB.Connection.2.8", L"ADODB.Parameter",     L"ADODB.Parameter.2.8",
                                           L"ADODB.Recordset",      L"ADODB.Recordset.2.8", L"CLSID"};
 
-TEST_F(AdoRegistration, WritesItsClassesAndLeavesNoneOfThem) {
+TEST_F(AdoRegistration, WritesItsClassesAndRemovesAllOfThem) {
   ASSERT_EQ(S_OK, Run("DllRegisterServer"));
   EXPECT_EQ(kClassesKeys, KeysBelow(L"Software\\Classes"));
   EXPECT_EQ(
@@ -76,7 +76,7 @@ TEST_F(AdoRegistration, WritesItsClassesAndLeavesNoneOfThem) {
   EXPECT_EQ(std::set<std::wstring>{}, KeysBelow(L"Software\\Classes\\CLSID"));
 }
 
-TEST_F(AdoRegistration, PutsTheServerThatStoodBeforeBack) {
+TEST_F(AdoRegistration, RestoresTheServerThatWasRegisteredBefore) {
   const wchar_t before[] = L"C:\\windows\\system32\\msado15.dll";
   ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(standIn_, kServer, nullptr, REG_SZ, before, sizeof(before)));
   const wchar_t model[] = L"Apartment";

@@ -59,7 +59,7 @@ class BusySinks : public testing::Test {
   Ref<IConnectionPoint> point_;
 };
 
-TEST_F(BusySinks, OneThatIsTakenAwayByAnotherStillHearsTheLineBeingTold) {
+TEST_F(BusySinks, OneThatAnotherUnadvisesStillReceivesTheCurrentLine) {
   const auto taking = BusySink::New();
   const auto taken = BusySink::New();
   Advise(taking);
@@ -74,7 +74,7 @@ TEST_F(BusySinks, OneThatIsTakenAwayByAnotherStillHearsTheLineBeingTold) {
   EXPECT_EQ(1, taken->heard);
 }
 
-TEST_F(BusySinks, OneThatIsAdvisedByAnotherHearsFromTheNextLineOn) {
+TEST_F(BusySinks, OneThatAnotherAdvisesReceivesTheLinesAfterTheCurrentOne) {
   const auto advising = BusySink::New();
   const auto advised = BusySink::New();
   Advise(advising);
@@ -88,7 +88,7 @@ TEST_F(BusySinks, OneThatIsAdvisedByAnotherHearsFromTheNextLineOn) {
   EXPECT_EQ(1, advised->heard);
 }
 
-TEST_F(BusySinks, OneThatTakesItselfAwayIsReleasedAfterItsCall) {
+TEST_F(BusySinks, OneThatUnadvisesItselfIsReleasedAfterItsCall) {
   auto sink = BusySink::New();
   const auto staying = BusySink::New();
   const DWORD cookie = Advise(sink);
@@ -109,7 +109,7 @@ TEST_F(BusySinks, OneThatTakesItselfAwayIsReleasedAfterItsCall) {
   EXPECT_EQ(1, staying->heard);
 }
 
-TEST_F(BusySinks, OneThatUnadvisesInItsLastReleaseIsListedNoLonger) {
+TEST_F(BusySinks, OneThatUnadvisesInItsLastReleaseIsNotListedThen) {
   auto sink = BusySink::New();
   const auto other = BusySink::New();
   const auto staying = BusySink::New();
@@ -134,7 +134,7 @@ TEST_F(BusySinks, OneThatUnadvisesInItsLastReleaseIsListedNoLonger) {
 
 // The sinks know the report's connection point without a reference, so that they do not keep the report alive. One that
 // was still listed would be released twice.
-TEST_F(BusySinks, ThoseThatUnadviseAsTheReportGoesAreListedNoLonger) {
+TEST_F(BusySinks, ThoseThatUnadviseWhenTheReportIsReleasedAreNotListedThen) {
   IConnectionPoint* const point = point_.get();
   HRESULT results[3] = {};
   for (HRESULT& result : results) {

@@ -116,13 +116,13 @@ Names HeardWhenTheLog(const std::function<void(BSTR* text)>& writes, const std::
   return *heard;
 }
 
-TEST_F(ArgumentsByReference, ALogLineIsOneAndIsAnnouncedAsTheLogLeavesIt) {
+TEST_F(ArgumentsByReference, IncludeTheLogLineWhichIsAnnouncedAsTheLogLeavesIt) {
   EXPECT_EQ(Names{L"mudada pelo log"},
             HeardWhenTheLog([](BSTR* text) { SysReAllocString(text, L"mudada pelo log"); }, calls_));
   EXPECT_EQ(Names{L"DebugLog ByRef " + kLine}, *calls_);
 }
 
-TEST_F(ArgumentsByReference, ALogLineThatTheLogTakesAwayIsAnnouncedEmpty) {
+TEST_F(ArgumentsByReference, ALogLineThatTheLogSetsToNullIsAnnouncedEmpty) {
   EXPECT_EQ(Names{L""}, HeardWhenTheLog(
                             [](BSTR* text) {
                               SysFreeString(*text);
@@ -131,11 +131,11 @@ TEST_F(ArgumentsByReference, ALogLineThatTheLogTakesAwayIsAnnouncedEmpty) {
                             calls_));
 }
 
-TEST_F(ArgumentsByReference, ALogLineThatTheLogOnlyReadsIsAnnouncedAsItIs) {
+TEST_F(ArgumentsByReference, ALogLineThatTheLogOnlyReadsIsAnnouncedUnchanged) {
   EXPECT_EQ(Names{kLine}, HeardWhenTheLog([](BSTR*) {}, calls_));
 }
 
-TEST_F(ArgumentsByReference, TheDatabaseCodeIsOneAndTheAliasIsNot) {
+TEST_F(ArgumentsByReference, IncludeTheDatabaseCodeButNotTheAlias) {
   const auto modules = Instead(L"KodraBsnV3.ModulosBsn", [](const std::wstring&, VARIANT* arguments, VARIANT* result) {
     if (arguments[1].vt == (VT_BYREF | VT_I4)) *arguments[1].plVal = 99;
     result->vt = VT_BSTR;
@@ -156,7 +156,7 @@ HRESULT LetGoOfTheFilter(const std::wstring&, VARIANT* arguments, VARIANT*) {
   return S_OK;
 }
 
-TEST_F(ArgumentsByReference, TheFilterOfSubordinateModulesIsOne) {
+TEST_F(ArgumentsByReference, IncludeTheFilterOfSubordinateModules) {
   const auto reader = Instead(L"KodraBsnV3.ObtedorDeModulos", LetGoOfTheFilter);
   const auto parameters = ParametersOf(L"CCaixaRpt", L"Modulo1", L"AB001");
   EXPECT_EQ(
@@ -167,7 +167,7 @@ TEST_F(ArgumentsByReference, TheFilterOfSubordinateModulesIsOne) {
   EXPECT_EQ(Names{L"ObtemSubordinados ByRef (object)"}, *calls_);
 }
 
-TEST_F(ArgumentsByReference, TheFilterOfEventsIsOne) {
+TEST_F(ArgumentsByReference, IncludeTheFilterOfEvents) {
   const auto reader = Instead(L"KodraRegEvt.RegEvtDAO", LetGoOfTheFilter);
   const auto parameters = ParametersOf(L"CLogRpt", L"Acao", L"x");
   const Outcome outcome = RunReport(L"CLogRpt", L"RelatorioLog", Var(parameters.get()), ArchiveConnection());

@@ -139,7 +139,7 @@ TEST(ComPtr, CopyingToAPlaceAddsAReferenceForIt) {
   EXPECT_EQ(nullptr, place);
 }
 
-TEST(ComPtr, AnotherInterfaceOfTheObjectIsAReferenceMore) {
+TEST(ComPtr, AnotherInterfaceOfTheObjectAddsAReference) {
   Counted object;
   const com_ptr<IDispatch> held(&object);
   {
@@ -166,7 +166,7 @@ class Careless final : public IUnknown {
   ULONG references = 1;
 };
 
-TEST(ComPtr, AnInterfaceThatIsRefusedIsNoneWhateverTheObjectLeaves) {
+TEST(ComPtr, ARefusedInterfaceIsNullWhateverTheObjectWrites) {
   Careless object;
   {
     const com_ptr<IUnknown> held(&object);

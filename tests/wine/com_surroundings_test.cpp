@@ -52,12 +52,12 @@ TEST(ClassesThatCannotBeCreated, MayBeUnknownByName) {
   EXPECT_EQ(kCannotCreate, FailureToCreate(L""));
 }
 
-TEST(ClassesThatCannotBeCreated, MayHandOutNothing) {
+TEST(ClassesThatCannotBeCreated, MayReturnNoObject) {
   const face::StandIn empty(L"KodraConexao.StrCon", S_OK);
   EXPECT_EQ(kCannotCreate, FailureToCreate(L"KodraConexao.StrCon"));
 }
 
-TEST(ClassesThatCannotBeCreated, KeepExhaustedMemoryAndRefusedAccessApart) {
+TEST(ClassesThatCannotBeCreated, KeepTheErrorsOfExhaustedMemoryAndRefusedAccess) {
   {
     const face::StandIn exhausted(L"KodraConexao.StrCon", E_OUTOFMEMORY);
     EXPECT_EQ((face::Failure{7, L"KodraRpt", L"Memória insuficiente"}), FailureToCreate(L"KodraConexao.StrCon"));
@@ -71,7 +71,7 @@ TEST(ClassesThatCannotBeCreated, KeepExhaustedMemoryAndRefusedAccessApart) {
 
 // The reports.
 
-TEST(ClassesThatCannotBeCreated, AreWhatAReportFailsWith) {
+TEST(ClassesThatCannotBeCreated, AreTheCauseInAReportsError) {
   const face::StandIn broken(L"KodraConexao.StrCon", static_cast<HRESULT>(0x80080005));
   EXPECT_EQ((face::Failure{0x80041FAB, L"KodraRpt.CDeptoRpt::RelatorioDeptos",
                            L"Erro ao gerar dados para o relatório: O componente ActiveX não pode criar o objeto"}),

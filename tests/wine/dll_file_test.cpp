@@ -35,7 +35,7 @@ TEST(DllFile, IsLoadedAnywhereAndRunsNoData) {
   EXPECT_NE(0U, headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size);
 }
 
-TEST(DllFile, TellsNeitherWhenNorWhereItWasBuilt) {
+TEST(DllFile, ShowsNeitherWhenNorWhereItWasBuilt) {
   const PeFile file(DllPath());
   EXPECT_EQ(0U, file.Headers().FileHeader.TimeDateStamp);
   EXPECT_FALSE(file.Holds(".cpp"));
@@ -44,7 +44,7 @@ TEST(DllFile, TellsNeitherWhenNorWhereItWasBuilt) {
   EXPECT_TRUE(file.Holds("KodraRpt.dll"));
 }
 
-TEST(DllFile, AsksForNoLaterWindowsThanSeven) {
+TEST(DllFile, RequiresNoLaterWindowsThanSeven) {
   const PeFile file(DllPath());
   const auto& header = file.Headers().OptionalHeader;
   const int asked = header.MajorSubsystemVersion * 100 + header.MinorSubsystemVersion;
@@ -59,14 +59,14 @@ TEST(DllFile, ExportsItsEntryPointsAndNothingElse) {
             PeFile(DllPath()).Exports());
 }
 
-TEST(DllFile, NeedsNothingOfWindowsThatIsNotInWindowsSeven) {
+TEST(DllFile, ImportsOnlyFunctionsOfWindowsSeven) {
   const auto imports = PeFile(DllPath()).Imports();
   EXPECT_FALSE(imports.empty());
   for (const auto& [dll, functions] : imports)
     for (const auto& function : functions) EXPECT_TRUE(IsComponentImport(dll, function)) << dll << " " << function;
 }
 
-TEST(DllFile, CarriesItsTypeLibrary) {
+TEST(DllFile, ContainsItsTypeLibrary) {
   HMODULE module = LoadLibraryExW(DllPath().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
   ASSERT_NE(nullptr, module);
   HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(1), L"TYPELIB");
@@ -106,7 +106,7 @@ TEST_F(DllVersion, IsOneZeroRevisionFortyNine) {
   EXPECT_EQ(static_cast<DWORD>(VFT_DLL), version.dwFileType);
 }
 
-TEST_F(DllVersion, SaysSoInTexts) {
+TEST_F(DllVersion, IsTheSameInTexts) {
   EXPECT_EQ(L"1.0.49", Text(L"FileVersion"));
   EXPECT_EQ(L"1.0.49", Text(L"ProductVersion"));
   EXPECT_EQ(L"KodraRpt", Text(L"ProductName"));

@@ -27,7 +27,7 @@ Ref<IEnumVARIANT> Over(std::vector<Member> members) {
   return Ref<IEnumVARIANT>::Owning(new comkit::Enumerator<IEnumVARIANT, VARIANT, Member>(std::move(members)));
 }
 
-TEST(Enumerator, HandsOutWhatIsBeforeAMemberThatFails) {
+TEST(Enumerator, ReturnsTheMembersBeforeOneThatFails) {
   const auto enumerator = Over({{1}, {2}, {}});
   VARIANT out[3] = {};
   ULONG fetched = 9;
@@ -37,7 +37,7 @@ TEST(Enumerator, HandsOutWhatIsBeforeAMemberThatFails) {
   EXPECT_EQ(2, out[1].lVal);
 }
 
-TEST(Enumerator, FailsWhereItBeginsWithAMemberThatFailsAndStaysThere) {
+TEST(Enumerator, FailsWhenTheNextMemberFailsAndDoesNotMove) {
   const auto enumerator = Over({{}, {2}});
   VARIANT out[2] = {};
   ULONG fetched = 9;

@@ -103,8 +103,8 @@ class MemoryFaults : public testing::TestWithParam<ReportCase> {
 SmallArchive* MemoryFaults::archive_ = nullptr;
 std::size_t MemoryFaults::refused_ = 0;
 
-TEST_P(MemoryFaults, OfOneRequestAreAnErrorAndNothingIsLost) { ExpectSomeRefused(DllHeap::Later::kServed); }
-TEST_P(MemoryFaults, OfAllLaterRequestsTooAreAnErrorAndNothingIsLost) {
+TEST_P(MemoryFaults, OfOneRequestAreAnErrorAndLeakNothing) { ExpectSomeRefused(DllHeap::Later::kServed); }
+TEST_P(MemoryFaults, OfAllLaterRequestsTooAreAnErrorAndLeakNothing) {
   ExpectRefused(1, DllHeap::Later::kSmallServed);
   ExpectSomeRefused(DllHeap::Later::kRefused);
 }

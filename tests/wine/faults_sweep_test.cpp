@@ -73,7 +73,7 @@ std::size_t Faults::injected_ = 0;
 TEST_P(Faults, WithTheirTextsReachTheClientInTheFrame) { ExpectEachFailing(Mishap::kRaised); }
 TEST_P(Faults, WithoutAnyTextReachTheClientInTheFrameWhateverElseFails) { ExpectEachFailing(Mishap::kBare, true); }
 TEST_P(Faults, OfMemoryReachTheClientInTheFrame) { ExpectEachFailing(Mishap::kOutOfMemory); }
-TEST_P(Faults, InHandingOutAnObjectAreAnObjectNotSet) { ExpectEachGivingNothing(); }
+TEST_P(Faults, OfACallThatReturnsNoObjectAreAnObjectNotSet) { ExpectEachGivingNothing(); }
 
 INSTANTIATE_TEST_SUITE_P(, Faults, testing::ValuesIn(ReportCases()), CaseName);
 

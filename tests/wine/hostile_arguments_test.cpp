@@ -118,7 +118,7 @@ TEST_F(HostileArguments, AnObjectWithoutMembersIsRefusedAsAParameterObject) {
   });
 }
 
-TEST_F(HostileArguments, AMethodCannotBeAssignedNorAPropertyOfTheConnectionTaken) {
+TEST_F(HostileArguments, AMethodCannotBeAssignedNorAConnectionStringBeAnObject) {
   ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
     const Var parameters(subject.parameters().get());
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND, InvokeRaw(subject.report().get(), tested.method, DISPATCH_PROPERTYPUT,

@@ -130,7 +130,7 @@ TEST_F(HostileObjects, TheyMayChangeTheConnectionStringOfTheReportThatReadsThem)
   });
 }
 
-TEST_F(HostileObjects, TheyMayTakeTheConnectionStringAwayAndTheNextCallSaysSo) {
+TEST_F(HostileObjects, TheyMayEmptyTheConnectionStringAndTheNextCallSaysSo) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     const auto taking = WilfulObject::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
       EXPECT_EQ(S_OK, Put(subject.report(), L"StringConexao", L"").hr);
@@ -174,7 +174,7 @@ TEST_F(HostileObjects, TheReportLivesUntilItsCallIsOver) {
   });
 }
 
-TEST_F(HostileObjects, BothMayGoDuringACallThatFails) {
+TEST_F(HostileObjects, BothMayBeReleasedDuringACallThatFails) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject&) {
     Ref<IDispatch> report = tested.NewReport();
     ASSERT_EQ(S_OK, Put(report, L"StringConexao", archive_.Connection()).hr);

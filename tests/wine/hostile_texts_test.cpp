@@ -96,7 +96,7 @@ Outcome RunWith(const ReportCase& tested, const Subject& subject, const wchar_t*
   return Call(subject.report(), tested.method, {Var(parameters.get())});
 }
 
-TEST_F(HostileValues, OddTextsInAFilterGiveRowsOrAnErrorInTheFrame) {
+TEST_F(HostileValues, OddTextsInAFilterReturnRowsOrAnErrorInTheFrame) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     for (const auto& [property, given] : tested.properties) {
       if (given.type() != VT_BSTR) continue;
@@ -108,7 +108,7 @@ TEST_F(HostileValues, OddTextsInAFilterGiveRowsOrAnErrorInTheFrame) {
   });
 }
 
-TEST_F(HostileValues, AFilterOfAMillionCharactersGivesRowsOrAnErrorInTheFrame) {
+TEST_F(HostileValues, AFilterOfAMillionCharactersReturnsRowsOrAnErrorInTheFrame) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     for (const auto& [property, given] : tested.properties) {
       if (given.type() != VT_BSTR) continue;
@@ -118,7 +118,7 @@ TEST_F(HostileValues, AFilterOfAMillionCharactersGivesRowsOrAnErrorInTheFrame) {
   });
 }
 
-TEST_F(HostileValues, ADateOutsideTheCalendarGivesRowsOrAnErrorInTheFrame) {
+TEST_F(HostileValues, ADateOutsideTheCalendarReturnsRowsOrAnErrorInTheFrame) {
   const double dates[] = {-657434,
                           -657435,
                           2958465.99999999,

@@ -95,7 +95,7 @@ TEST_P(ModuleRowsOverConexao, OfOneModuleAreTheSame) {
                {L"COD_DOCTO"});
 }
 
-TEST_P(ModuleRowsOverConexao, LeaveTheConnectionOpenAsItWasAndTheClients) {
+TEST_P(ModuleRowsOverConexao, LeaveTheClientsConnectionOpenAndUnchanged) {
   const auto state = [&] {
     Names values;
     for (const wchar_t* property : {L"ConnectionString", L"State", L"CursorLocation"})
@@ -154,7 +154,7 @@ TEST_P(ModuleRowsOverConexao, TakeTheConnectionInPlaceOfAConnectionString) {
   EXPECT_EQ(Got(Get(connection_, L"ConnectionString")).text(), Got(Get(report_, L"StringConexao")).text());
 }
 
-TEST_P(ModuleRowsOverConexao, ComeFromAConnectionStringAgainWithoutIt) {
+TEST_P(ModuleRowsOverConexao, ComeFromAConnectionStringAfterItIsRemoved) {
   ExpectRows(Result(L"ModulosExcluidos"), rows::DiscardedModules({}, Listed::kMainOnly));
   ASSERT_EQ(S_OK, PutRef(report_, L"Conexao", {}).hr);
   ASSERT_EQ(S_OK, Put(report_, L"StringConexao", Sample()).hr);

@@ -90,7 +90,7 @@ const std::wstring kLine =
     L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211506 em KodraRpt.CCaixaRpt::InicializaPS: "
     L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.";
 
-TEST_F(ModuleEvents, AreHeardByEverySinkAsTheyWereSent) {
+TEST_F(ModuleEvents, ReachEverySinkAsTheyWereSent) {
   const auto one = Listener::New();
   const auto other = Listener::New();
   Advise(one);
@@ -111,7 +111,7 @@ TEST_F(ModuleEvents, ReachTheNextSinkWhenOneFails) {
   EXPECT_EQ(Names{kLine}, next->lines);
 }
 
-TEST_F(ModuleEvents, LetASinkTakeItselfAwayWhileItListens) {
+TEST_F(ModuleEvents, LetASinkUnadviseItselfWhileItIsCalled) {
   const auto leaving = Listener::New();
   const auto staying = Listener::New();
   const DWORD cookie = Advise(leaving);
@@ -124,7 +124,7 @@ TEST_F(ModuleEvents, LetASinkTakeItselfAwayWhileItListens) {
   EXPECT_EQ(1U, leaving->references);
 }
 
-TEST_F(ModuleEvents, LeaveTheReportItsDatabaseWhenASinkRunsItOnAnother) {
+TEST_F(ModuleEvents, LeaveTheReportOnItsDatabaseWhenASinkRunsItOnAnother) {
   const auto report = report_.As<IDispatch>();
   const auto parameters = ParametersOf(L"CCaixaRpt", {{L"Modulo1", L"AA004"}});
   const auto run = [&](const wchar_t* method) {
@@ -172,7 +172,7 @@ TEST_F(ModuleEvents, RefuseASinkThatCannotBeCalled) {
   EXPECT_EQ(E_POINTER, point_->Advise(listener.get(), nullptr));
 }
 
-TEST_F(ModuleEvents, RefuseASinkThatSucceedsInGivingNothing) {
+TEST_F(ModuleEvents, RefuseASinkThatSucceedsWithoutReturningAnInterface) {
   const auto listener = Listener::New();
   listener->succeedsWithNothing = true;
   DWORD cookie = 7;
@@ -192,7 +192,7 @@ TEST_F(ModuleEvents, ReleaseTheirSinksWithTheReport) {
   EXPECT_EQ(1U, listener->references);
 }
 
-TEST_F(ModuleEvents, HaveOneConnectionPointThatLeadsBack) {
+TEST_F(ModuleEvents, HaveOneConnectionPointThatReturnsItsContainer) {
   IID events = {};
   EXPECT_EQ(S_OK, point_->GetConnectionInterface(&events));
   EXPECT_TRUE(events == __uuidof(DCCaixaRptEvents));
@@ -240,7 +240,7 @@ TEST_F(ModuleEvents, HaveNoPointForAnotherInterface) {
   EXPECT_EQ(E_POINTER, container_->FindConnectionPoint(__uuidof(DCCaixaRptEvents), nullptr));
 }
 
-TEST_F(ModuleEvents, ListTheirSinksInTheOrderOfTheirComing) {
+TEST_F(ModuleEvents, ListTheirSinksInTheOrderOfAdvise) {
   const auto one = Listener::New();
   const auto other = Listener::New();
   const DWORD first = Advise(one);
@@ -269,7 +269,7 @@ TEST_F(ModuleEvents, ListTheirSinksInTheOrderOfTheirComing) {
   point_->Unadvise(second);
 }
 
-TEST_F(ModuleEvents, ComeWithTheWholeErrorAtTheEnd) {
+TEST_F(ModuleEvents, EndWithTheWholeError) {
   const Outcome outcome = Call(report_.As<IDispatch>(), L"EtiquetaDivisoria", {Var(static_cast<IDispatch*>(nullptr))});
   EXPECT_EQ((Failure{0x80041FAB, L"KodraRpt.CCaixaRpt::InicializaPS",
                      L"Erro ao gerar dados para o relatório: Uma das propriedades \"Conexao\" ou \"StringConexao\" "
@@ -293,7 +293,7 @@ TEST_F(ModuleEvents, ComeOnceWhenTheLogFails) {
   EXPECT_EQ((Names{L"Log.LogFile := ''", L"Log.Ativar := False", L"Log.DebugLog '" + kLine + L"'"}), *calls);
 }
 
-TEST_F(ModuleEvents, AClientsConnectionIsKeptAsTheObjectThatItIs) {
+TEST_F(ModuleEvents, AClientsConnectionStaysTheSameObject) {
   const auto connection = Create(L"ADODB.Connection");
   EXPECT_EQ(S_OK, report_->putref_Conexao(connection.get()));
   Ref<IDispatch> kept;
@@ -304,7 +304,7 @@ TEST_F(ModuleEvents, AClientsConnectionIsKeptAsTheObjectThatItIs) {
   EXPECT_FALSE(kept);
 }
 
-TEST_F(ModuleEvents, AConnectionThatIsNoneIsRefused) {
+TEST_F(ModuleEvents, AnObjectThatIsNoConnectionIsRefused) {
   const auto connection = Create(L"ADODB.Connection");
   EXPECT_EQ(S_OK, report_->putref_Conexao(connection.get()));
   const auto foreign = ForeignObject::With(L"Nome", L"x");
@@ -315,7 +315,7 @@ TEST_F(ModuleEvents, AConnectionThatIsNoneIsRefused) {
   EXPECT_TRUE(kept);
 }
 
-TEST_F(ModuleEvents, TheLogFileIsKeptAsGiven) {
+TEST_F(ModuleEvents, TheLogFileIsStoredUnchanged) {
   const auto report = report_.As<IDispatch>();
   EXPECT_EQ(L"", Got(Get(report, L"LogFile")).text());
   EXPECT_EQ(S_OK, Put(report, L"LogFile", L" C:\\log\\relatório.txt ").hr);

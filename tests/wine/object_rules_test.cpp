@@ -69,7 +69,7 @@ TEST_F(ObjectRules, EveryInterfaceLeadsToEveryOtherAndToOneIdentity) {
   });
 }
 
-TEST_F(ObjectRules, TheLastReleaseLeavesNone) {
+TEST_F(ObjectRules, TheLastReleaseReturnsZero) {
   const Server server(copy_.windowsPath());
   for (const ClassEntry& entry : PublicClasses()) {
     auto object = server.Create<IUnknown>(ClassId(entry.clsid));
@@ -148,7 +148,7 @@ TEST_F(ObjectRules, AnAbsentResultIsRefusedWithoutTheErrorOfAnEarlierCall) {
 }
 
 // The C++ library reads its per-thread values while an exception passes, which clears the last error on Windows.
-TEST_F(ObjectRules, AFailedCallLeavesTheThreadsLastErrorAsItWas) {
+TEST_F(ObjectRules, AFailedCallLeavesTheThreadsLastErrorUnchanged) {
   const Server server(copy_.windowsPath());
   const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));
   for (int call = 0; call < 2; ++call) {
@@ -286,7 +286,7 @@ TEST_F(ObjectRules, AnUnlockWithoutALockIsRefusedAndUnloadsNothing) {
   EXPECT_EQ(S_OK, server.CanUnloadNow());
 }
 
-TEST_F(ObjectRules, TypeInformationOutlivesTheObjectThatGaveIt) {
+TEST_F(ObjectRules, TypeInformationOutlivesTheObjectThatReturnedIt) {
   const Server server(copy_.windowsPath());
   Ref<ITypeInfo> info;
   ASSERT_EQ(S_OK, server.Create<IDispatch>(__uuidof(::CDeptoRpt))->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put()));

@@ -43,7 +43,7 @@ TEST(PublicClasses, AnErrorSnapshotCannotBeCreatedByAClient) {
   EXPECT_EQ(CO_E_CLASSSTRING, CLSIDFromProgID(L"KodraRpt.CErro", &id));
 }
 
-TEST(ReportObjects, AConnectionStringIsEmptyAtFirstAndThenKeptAsGiven) {
+TEST(ReportObjects, AConnectionStringIsInitiallyEmptyAndIsStoredUnchanged) {
   for (const ReportEntry& entry : ReportClasses()) {
     const auto report = Create(std::wstring(L"KodraRpt.") + entry.name);
     EXPECT_EQ(L"", Got(Get(report, L"StringConexao")).text());
@@ -196,14 +196,14 @@ TEST(ParameterObjects, AValueThatCannotBeConvertedIsRefusedAndChangesNothing) {
   EXPECT_EQ(2, Got(Get(object, L"DataInicial")).raw().date);
 }
 
-TEST(AboutObject, TellsTheVersion) { EXPECT_EQ(L"1.0.49", Got(Call(Create(L"KodraRpt.About"), L"Versao")).text()); }
+TEST(AboutObject, ReturnsTheVersion) { EXPECT_EQ(L"1.0.49", Got(Call(Create(L"KodraRpt.About"), L"Versao")).text()); }
 
-TEST(AboutObject, TellsTheFileOfTheComponent) {
+TEST(AboutObject, ReturnsTheFileOfTheComponent) {
   const std::wstring dll = DllPath();
   EXPECT_EQ(dll.substr(0, dll.size() - 4) + L".DLL", Got(Call(Create(L"KodraRpt.About"), L"Executavel")).text());
 }
 
-TEST(AboutObject, TellsTheProgramOfTheSameNameBesideTheComponent) {
+TEST(AboutObject, ReturnsTheProgramOfTheSameNameBesideTheComponent) {
   const OwnFile dll(L"copia.dll");
   const OwnFile program(L"copia.exe");
   ASSERT_TRUE(CopyFileW(DllPath().c_str(), dll.windowsPath().c_str(), FALSE)) << GetLastError();

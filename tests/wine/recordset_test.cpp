@@ -50,7 +50,7 @@ TEST(ReportRecordset, StartsOnItsFirstRow) {
   EXPECT_EQ(S_OK, Get(Got(Call(recordset, L"Fields", {0})).object(), L"Value").hr);
 }
 
-TEST(ReportRecordset, KeepsItsConnectionAliveWhenTheReportIsGone) {
+TEST(ReportRecordset, KeepsItsConnectionAliveWhenTheReportIsReleased) {
   for (const wchar_t* name : {L"CDeptoRpt", L"CModeloRpt"}) {
     const std::wstring method = name == std::wstring(L"CDeptoRpt") ? L"RelatorioDeptos" : L"RelatorioModelos";
     auto report = Create(std::wstring(L"KodraRpt.") + name);
@@ -72,7 +72,7 @@ TEST(ReportRecordset, BelongsToTheClientAlone) {
   EXPECT_EQ(0U, recordset.Release());
 }
 
-TEST(ReportRecordset, OneReportGivesSeveralThatAreReadInTurns) {
+TEST(ReportRecordset, OneReportReturnsSeveralThatAreReadByTurns) {
   const auto report = Create(L"KodraRpt.CDeptoRpt");
   const Var parameters(Create(L"KodraRpt.CDeptoRptObj").get());
   ASSERT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
@@ -85,7 +85,7 @@ TEST(ReportRecordset, OneReportGivesSeveralThatAreReadInTurns) {
   EXPECT_EQ(whole.rows, rest.rows);
 }
 
-TEST(ReportRecordset, ANewConnectionStringCountsFromTheNextCall) {
+TEST(ReportRecordset, ANewConnectionStringIsUsedFromTheNextCallOn) {
   const auto report = Create(L"KodraRpt.CDeptoRpt");
   const Var parameters(Create(L"KodraRpt.CDeptoRptObj").get());
   ASSERT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);

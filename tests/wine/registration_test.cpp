@@ -60,7 +60,7 @@ TEST_F(Registration, WritesTheKeysOfTheDepartmentsReport) {
             Under(added, key));
 }
 
-TEST_F(Registration, WritesEveryClassByTheOneRuleAndTheTypeLibraryAndNothingElse) {
+TEST_F(Registration, WritesEveryClassByTheSameRuleAndTheTypeLibraryAndNothingElse) {
   ExpectSame(Sorted(ClassRows(DllPath()), LibraryRows(DllPath())), Added());
 }
 
@@ -95,7 +95,7 @@ TEST_F(Registration, UnregisteringWhatIsAbsentIsNoError) {
   EXPECT_EQ(S_OK, server_.Unregister());
 }
 
-TEST_F(Registration, UnregisteringARemainderTakesTheRest) {
+TEST_F(Registration, UnregisteringAfterAPartialRemovalRemovesTheRest) {
   ASSERT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\KodraRpt.CCDRpt"));
   EXPECT_EQ(S_OK, server_.Unregister());
   ExpectSame(absent_, DumpClasses());
@@ -172,7 +172,7 @@ TEST_F(Registration, UnregisteringLeavesTheTypeLibraryOfAnotherFile) {
   ExpectSame(absent_, DumpClasses());
 }
 
-TEST_F(Registration, UnregisteringKnowsItsFileByEveryNameOfIt) {
+TEST_F(Registration, UnregisteringRecognisesItsFileByEveryName) {
   const ServerCopy other(L"um nome comprido.dll");
   ASSERT_EQ(S_OK, other->Register());
   Name(kDeptoServer, InUpperCase(other.path()));

@@ -90,7 +90,7 @@ TEST(ReportErrors, WithoutAParameterObjectEveryReportSaysSo) {
                 RunReport(entry.name, method, Var(static_cast<IDispatch*>(nullptr)), ArchiveConnection()).failure);
 }
 
-TEST(ReportErrors, TheOperatorsReportNamesItsStepAndThatIsNoneAtFirst) {
+TEST(ReportErrors, TheOperatorsReportNamesItsStepWhichIsInitiallyEmpty) {
   EXPECT_EQ(
       (Failure{0x80041FAB, L"KodraRpt.COperadorRpt::RelatorioOperadores",
                std::wstring(L"Erro : ") + kNoConnectionString}),
@@ -164,7 +164,7 @@ TEST(ReportErrors, AFolderInPlaceOfTheDatabaseFileIsDamaged) {
                 L"[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"/tmp\" danificado.");
 }
 
-TEST(ReportErrors, ADatabaseWithoutTheTableGivesTheProvidersTextAndItsCode) {
+TEST(ReportErrors, ADatabaseWithoutTheTableIsTheProvidersTextAndItsCode) {
   const OwnFile file(L"sem-tabelas.db");
   {
     const auto connection = Create(L"ADODB.Connection");
@@ -180,7 +180,7 @@ TEST(ReportErrors, ADatabaseWithoutTheTableGivesTheProvidersTextAndItsCode) {
   ExpectFailure(kModels, ConnectionTo(file.path()), ParametersOf(kModels), L"[SQLite]no such table: MODELO (1)");
 }
 
-TEST(ReportErrors, AParameterObjectWithoutThePropertyIsNamedByIt) {
+TEST(ReportErrors, APropertyThatTheParameterObjectLacksIsNamed) {
   ExpectFailure(kMedia, ArchiveConnection(), ForeignObject::With(L"Owner", L"x"),
                 L"O objeto de parâmetros não tem a propriedade \"TipoRpt\".");
   // It knows the name, but not as a readable property.
@@ -197,13 +197,13 @@ TEST(ReportErrors, WhatTheParameterObjectRaisesIsTheCause) {
   ExpectFailure(kMedia, ArchiveConnection(), raising, L"Sem permissão.");
 }
 
-TEST(ReportErrors, AMemberThatTheParameterObjectItselfMissesKeepsItsText) {
+TEST(ReportErrors, AnErrorOfTheParameterObjectAboutAMissingMemberKeepsItsText) {
   const auto raising = ForeignObject::With(
       L"TipoRpt", Raising(static_cast<HRESULT>(0x800A01B6), L"Cliente.Filtro", L"O documento não tem capa"));
   ExpectFailure(kMedia, ArchiveConnection(), raising, L"O documento não tem capa");
 }
 
-TEST(ReportErrors, AnErrorOfTheParameterObjectWithoutATextHasThatOfItsNumber) {
+TEST(ReportErrors, AnErrorOfTheParameterObjectWithoutATextHasTheTextOfItsNumber) {
   const auto raising = ForeignObject::With(L"TipoRpt", Raising(static_cast<HRESULT>(0x80047777), L"Cliente", L""));
   ExpectFailure(kMedia, ArchiveConnection(), raising, L"Erro de automação (80047777)");
 }

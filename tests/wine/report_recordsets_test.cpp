@@ -119,7 +119,7 @@ TEST_F(ReportsRecordset, OfOneModuleIsHeldByTheClient) {
   }
 }
 
-TEST_F(ReportsRecordset, ReadsOnWhenReportAndParametersAreGone) {
+TEST_F(ReportsRecordset, StaysReadableWhenReportAndParametersAreReleased) {
   for (const auto* methods : {&Streamed(), &HeldByTheClient(), &MadeInMemory()})
     for (const Method& method : *methods) {
       SCOPED_TRACE(Named(method));
@@ -146,7 +146,7 @@ TEST_F(ReportsRecordset, MadeInMemoryHasNoConnection) {
   }
 }
 
-TEST_F(ReportsRecordset, MadeInMemoryIsTheClientsToChange) {
+TEST_F(ReportsRecordset, MadeInMemoryMayBeChangedByTheClient) {
   for (const Method& method : MadeInMemory()) {
     SCOPED_TRACE(Named(method));
     const auto recordset = OpenOf(method);
@@ -207,7 +207,7 @@ TEST_F(ReportsRecordset, MadeInMemoryHasFieldsOfTheirTypeAndSize) {
             ShapeOf(OpenOf(MadeInMemory()[3])));
 }
 
-TEST(ReportsRecordsetOfOwnArchive, MadeInMemoryReadsWhenTheDatabaseIsGone) {
+TEST(ReportsRecordsetOfOwnArchive, MadeInMemoryStaysReadableWhenTheDatabaseIsDeleted) {
   const OwnArchive archive({});
   std::vector<std::pair<Ref<IDispatch>, Table>> recordsets;
   for (const Method& method : MadeInMemory()) {
@@ -224,7 +224,7 @@ TEST(ReportsRecordsetOfOwnArchive, MadeInMemoryReadsWhenTheDatabaseIsGone) {
   }
 }
 
-TEST_F(ReportsRecordset, OneReportGivesSeveralThatAreReadInTurns) {
+TEST_F(ReportsRecordset, OneReportReturnsSeveralThatAreReadByTurns) {
   const auto report = Create(L"KodraRpt.CDocumentoRpt");
   const Var parameters(Create(L"KodraRpt.CDocumentoRptObj").get());
   ASSERT_EQ(S_OK, Put(report, L"StringConexao", Connection()).hr);
@@ -238,7 +238,7 @@ TEST_F(ReportsRecordset, OneReportGivesSeveralThatAreReadInTurns) {
 }
 
 // Reports on two databases, called by turns on one thread: each statement is in its own dialect.
-TEST(ReportsOnTwoDatabases, KeepTheirDialectsApart) {
+TEST(ReportsOnTwoDatabases, EachUseTheirOwnDialect) {
   const auto onSQLite = Create(L"KodraRpt.CEstatSerieRpt");
   const auto onMariaDb = Create(L"KodraRpt.CEstatSerieRpt");
   ASSERT_EQ(S_OK, Put(onSQLite, L"StringConexao", ConnectionOn(Engine::kSqlite)).hr);

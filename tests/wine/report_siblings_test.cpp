@@ -65,7 +65,7 @@ TEST_F(ReportSiblings, OfTheEventLogGetTheWholeFilter) {
       *calls_);
 }
 
-TEST_F(ReportSiblings, OfTheEventLogThatFindNoCollectionGiveNoRecordset) {
+TEST_F(ReportSiblings, OfTheEventLogThatReturnNoCollectionLeadToNoRecordset) {
   for (const Var& none : {nothing_, Var()}) {
     const StandIn dao = Replace(L"KodraRegEvt.RegEvtDAO", L"DAO", Giving(none));
     const Outcome outcome = RunOnArchive(L"CLogRpt", L"RelatorioLog", {});
@@ -75,7 +75,7 @@ TEST_F(ReportSiblings, OfTheEventLogThatFindNoCollectionGiveNoRecordset) {
   }
 }
 
-TEST_F(ReportSiblings, OfTheEventLogThatFindAnEmptyCollectionLeaveNoFirstRow) {
+TEST_F(ReportSiblings, OfTheEventLogThatReturnAnEmptyCollectionLeadToAnError) {
   const StandIn dao = Replace(L"KodraRegEvt.RegEvtDAO", L"DAO", Giving(Var(EmptyCollection().get())));
   const Outcome outcome = RunOnArchive(L"CLogRpt", L"RelatorioLog", {});
   EXPECT_EQ(Framed(L"CLogRpt::RelatorioLog",
@@ -91,7 +91,7 @@ TEST_F(ReportSiblings, OfTheEventLogPassOnWhatTheyRaise) {
   EXPECT_EQ(L"DAO gone", calls_->back());
 }
 
-TEST_F(ReportSiblings, OfTheOperatorsAreAskedAnewForEveryRowByNumber) {
+TEST_F(ReportSiblings, OfTheOperatorsAreAskedForEveryRowByNumber) {
   const OwnArchive archive({L"DELETE FROM OPERADOR WHERE COD_OPERADOR NOT IN ('1', '2', '3')",
                             L"UPDATE OPERADOR SET TIPO = '12abc' WHERE COD_OPERADOR = '1'",
                             L"UPDATE OPERADOR SET TIPO = NULL WHERE COD_OPERADOR = '2'",

@@ -78,7 +78,7 @@ TEST_F(SiblingsListener, CallsTheMethodOfTheEventsName) {
   EXPECT_EQ(ear->lines, (std::vector<std::wstring>{kLine, kLine}));
 }
 
-TEST_F(SiblingsListener, PassesOverAnEventThatTheObjectHasNoMethodFor) {
+TEST_F(SiblingsListener, IgnoresAnEventThatTheObjectHasNoMethodFor) {
   const auto ear = Ear::New(L"OutroEvento");
   EXPECT_EQ(Connect(ear).hr, S_OK);
   Fail();
@@ -105,7 +105,7 @@ TEST_F(SiblingsListener, EndsWithTheListener) {
   EXPECT_EQ(ear->lines, std::vector<std::wstring>());
 }
 
-TEST_F(SiblingsListener, HearsOneSourceAtATime) {
+TEST_F(SiblingsListener, ListensToOneSourceAtATime) {
   const auto first = Ear::New(L"DebugLog");
   const auto second = Ear::New(L"DebugLog");
   EXPECT_EQ(Connect(first).hr, S_OK);
@@ -126,7 +126,7 @@ TEST_F(SiblingsListener, MayEndTheConnectionWhileItListens) {
   EXPECT_EQ(ear->References(), 1U);
 }
 
-TEST_F(SiblingsListener, LeavesTheReportToItselfWhenTheMethodFails) {
+TEST_F(SiblingsListener, LeavesTheReportUndisturbedWhenTheMethodFails) {
   const auto ear = Ear::New(L"DebugLog");
   ear->then = [] { return E_FAIL; };
   EXPECT_EQ(Connect(ear).hr, S_OK);
@@ -185,7 +185,7 @@ std::wstring LoggedLines(const OwnFile& log) {
   return text;
 }
 
-TEST(ListeningScript, HearsTheLinesThatTheLogFileHas) {
+TEST(ListeningScript, ReceivesTheLinesThatTheLogFileContains) {
   const std::wstring module = SomeClosedParent();
   const OwnFile log(L"eventos.log");
   const std::wstring heard = OutputOf(L"eventos.vbs", {face::ArchiveConnection(), log.windowsPath(), module});

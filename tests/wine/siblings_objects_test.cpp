@@ -71,7 +71,7 @@ Ref<IEnumVARIANT> EnumeratorOf(const Ref<IDispatch>& collection) {
   return enumerator;
 }
 
-TEST(SiblingCollections, CountTheirItemsAndGiveThemFromOneOn) {
+TEST(SiblingCollections, CountTheirItemsAndReturnThemFromOneOn) {
   const std::wstring parent = SomeParent();
   const auto expected = SubordinatesOf(parent);
   const auto collection = Subordinates(parent);
@@ -100,7 +100,7 @@ TEST(SiblingCollections, AreEnumeratedInTheirOrder) {
   EXPECT_EQ(codes, SubordinatesOf(parent));
 }
 
-TEST(SiblingCollections, HaveAnEnumeratorThatCanSkipStartAgainAndBeCloned) {
+TEST(SiblingCollections, HaveAnEnumeratorThatCanSkipRestartAndBeCloned) {
   const std::wstring parent = SomeParent();
   const auto expected = SubordinatesOf(parent);
   ASSERT_EQ(expected.size(), 3U);
@@ -137,7 +137,7 @@ TEST(SiblingCollections, AreTheOnlyObjectsToEnumerate) {
   }
 }
 
-TEST(ObtedorDeModulos, GivesNothingForAModuleThatTheArchiveDoesNotHave) {
+TEST(ObtedorDeModulos, ReturnsNothingForAModuleThatTheArchiveDoesNotHave) {
   const auto reader = Create(L"KodraBsnV3.ObtedorDeModulos");
   EXPECT_EQ(Put(reader, L"StringConexao", face::ArchiveConnection()).hr, S_OK);
   const Var none = Got(Call(reader, L"ObtemSubordinados", {Var(Filter(L"ZZ999", 1).get())}));
@@ -161,7 +161,7 @@ TEST(ObtedorDeModulos, ReadsThroughAnAdoConnectionThatItLeavesOpen) {
   EXPECT_EQ(Got(Get(connection, L"State")).number(), 1);
 }
 
-TEST(ObtedorDeModulos, LetsADatabasesErrorThrough) {
+TEST(ObtedorDeModulos, PassesADatabasesErrorOn) {
   const auto connection = Create(L"ADODB.Connection");  // never opened
   const auto reader = Create(L"KodraBsnV3.ObtedorDeModulos");
   EXPECT_EQ(Put(connection, L"ConnectionString", face::ArchiveConnection()).hr, S_OK);
@@ -169,7 +169,7 @@ TEST(ObtedorDeModulos, LetsADatabasesErrorThrough) {
   EXPECT_EQ(Call(reader, L"ObtemSubordinados", {Var(Filter(L"AA001", 1).get())}).failure.number, 0x800A0E78U);
 }
 
-TEST(ModulosBsn, GivesTheExpressionOfASystem) {
+TEST(ModulosBsn, ReturnsTheExpressionOfASystem) {
   const auto modules = Create(L"KodraBsnV3.ModulosBsn");
   EXPECT_EQ(Got(Call(modules, L"NumCxSubordinadaSQL", {2, L"s"})).text(),
             L"s.NUM_CAIXA + RIGHT('0' + CAST(s.NUM_SEQ AS VARCHAR(10)), 2)");
@@ -185,7 +185,7 @@ TEST(ObtedorDeTiposOperadores, DescribesATypeByItsNumber) {
   EXPECT_EQ(Got(Call(types, L"ObtemDescricao", {77.0})).text(), L"Tipo desconhecido (77)");
 }
 
-TEST(Conversoes, GiveADateForTextsNumbersAndFields) {
+TEST(Conversoes, ReturnADateForTextsNumbersAndFields) {
   const auto conversions = Create(L"VantLib.Conversoes");
   const auto dateOf = [&](const Var& value) {
     const Var date = Got(Call(conversions, L"ToDate", {value}));

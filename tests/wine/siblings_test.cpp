@@ -48,7 +48,7 @@ Ref<IDispatch> ParametersOf(const OwnFile& file, const char* contents) {
   return Got(Call(obtedor, L"Obtem")).object();
 }
 
-TEST(Siblings, GiveTheDatabaseCodeToALateBoundClient) {
+TEST(Siblings, ReturnTheDatabaseCodeToALateBoundClient) {
   const auto sibling = Create(kStrCon);
   ASSERT_TRUE(sibling);
   EXPECT_EQ(Put(sibling, L"StrCon", L"Driver={SQLite3};Database=/dados/arquivo.db").hr, S_OK);
@@ -59,7 +59,7 @@ TEST(Siblings, GiveTheDatabaseCodeToALateBoundClient) {
   EXPECT_EQ(TextOf(sibling, L"StrCon"), L"Provider=MSDAORA;Data Source=arq");
 }
 
-TEST(Siblings, GiveTheParametersOfAFileAsObjectsWithinAnObject) {
+TEST(Siblings, ReturnTheParametersOfAFileAsObjectsWithinAnObject) {
   const OwnFile file(L"parâmetros.ini");
   const auto parameters = ParametersOf(file, "[Nomes]\r\nSerie=Dossi\xea\r\n[Senha]\r\nMax_Dias=60\r\n");
   ASSERT_TRUE(parameters);
@@ -69,7 +69,7 @@ TEST(Siblings, GiveTheParametersOfAFileAsObjectsWithinAnObject) {
   EXPECT_EQ(Got(Get(parameters, L"Usar_Diretorio")).raw().boolVal, VARIANT_FALSE);
 }
 
-TEST(Siblings, GiveTheParametersOfADatabase) {
+TEST(Siblings, ReturnTheParametersOfADatabase) {
   const auto obtedor = Create(kObtedor);
   ASSERT_TRUE(obtedor);
   EXPECT_EQ(Put(obtedor, L"StringConexao", face::ArchiveConnection()).hr, S_OK);
@@ -105,7 +105,7 @@ TEST(Siblings, RefuseAMemberThatTheyDoNotHave) {
   EXPECT_EQ(Put(sibling, L"TipoBanco", 1).hr, DISP_E_MEMBERNOTFOUND);
 }
 
-TEST(Siblings, RefuseAnIdThatTheyHaveNotGivenOut) {
+TEST(Siblings, RefuseAnIdThatTheyHaveNotReturned) {
   const auto sibling = Create(kStrCon);
   DISPPARAMS none = {};
   for (const DISPID id : {0, 1, -1}) {
@@ -116,7 +116,7 @@ TEST(Siblings, RefuseAnIdThatTheyHaveNotGivenOut) {
   }
 }
 
-TEST(Siblings, GiveANameTheSameIdInAnyLetterCase) {
+TEST(Siblings, ReturnTheSameIdForANameInAnyLetterCase) {
   const auto sibling = Create(kStrCon);
   const DISPID id = face::IdOf(sibling.get(), L"TipoBanco");
   EXPECT_NE(id, DISPID_UNKNOWN);
@@ -265,7 +265,7 @@ const std::map<std::wstring, std::wstring> kClasses = {
     {L"KodraSuporte.Ouvinte", L"{33026BDD-B9F0-4566-A757-472D457829AB}"},
 };
 
-TEST_F(SiblingsRegistration, WritesItsClassesAndLeavesNoneOfThem) {
+TEST_F(SiblingsRegistration, WritesItsClassesAndRemovesAllOfThem) {
   std::set<std::wstring> progIds{L"CLSID"};
   std::set<std::wstring> ids;
   for (const auto& [progId, id] : kClasses) {
@@ -286,7 +286,7 @@ TEST_F(SiblingsRegistration, WritesItsClassesAndLeavesNoneOfThem) {
   EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), std::set<std::wstring>{});
 }
 
-TEST_F(SiblingsModule, MakesEveryClassAndLetsGoOfIt) {
+TEST_F(SiblingsModule, MakesEveryClassAndReleasesIt) {
   for (const auto& [progId, id] : kClasses) {
     auto object = Create(progId);
     ASSERT_TRUE(object) << testing::PrintToString(progId);
@@ -296,7 +296,7 @@ TEST_F(SiblingsModule, MakesEveryClassAndLetsGoOfIt) {
   EXPECT_EQ(CanUnloadNow(), S_OK);
 }
 
-TEST_F(SiblingsRegistration, MayBeTakenAwayTwice) {
+TEST_F(SiblingsRegistration, MayBeRemovedTwice) {
   EXPECT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
   EXPECT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
 }

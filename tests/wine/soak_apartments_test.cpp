@@ -113,7 +113,7 @@ void WorkOn(const Words& words, Findings& findings) {
   CoUninitialize();
 }
 
-TEST(SoakApartments, EightAtOnceWithFiveSystemsSendTheirOwnWordsOnly) {
+TEST(SoakApartments, EightAtOnceWithFiveSystemsSendOnlyTheirOwnDialects) {
   const Words* const shares[] = {&kOracle, &kSqlServer, &kMySql, &kDb2, &kSqlite, &kOracle, &kMySql, &kSqlite};
   const Server component;
   const Server ado(WindowsPath(Variable(L"KODRA_BIN")) + L"\\kodra_ado.dll");

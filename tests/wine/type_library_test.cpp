@@ -231,7 +231,7 @@ TEST(TypeLibrary, AnOperatorRecordHasItsPropertiesThenItsText) {
   EXPECT_EQ(expected, ClassesOfLibrary().at(L"OperadorObj"));
 }
 
-TEST(TypeLibrary, NamesThePublicClassesAndTheOperatorRecordAndNoOther) {
+TEST(TypeLibrary, NamesThePublicClassesAndTheOperatorRecordAndNothingElse) {
   Lines expected = {L"OperadorObj"};
   for (const ClassEntry& entry : PublicClasses()) expected.push_back(entry.name);
   std::sort(expected.begin(), expected.end());

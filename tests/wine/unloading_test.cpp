@@ -73,7 +73,7 @@ class Unloading : public testing::Test {
   OwnFile copy_;
 };
 
-TEST_F(Unloading, GivesBackWhatTheComponentTook) {
+TEST_F(Unloading, FreesWhatTheComponentTook) {
   ExpectNothingLost([this] { Throw(Server(copy_.windowsPath())); });
 }
 
@@ -120,14 +120,14 @@ TEST_F(Unloading, TheTypeLibraryIsReleasedOnceAndWithTheLastObject) {
   for (int spare = 0; spare < 9; ++spare) library->Release();
 }
 
-TEST_F(Unloading, GivesBackWhatItTookForThreadsThatHaveEnded) {
+TEST_F(Unloading, FreesWhatItTookForThreadsThatHaveEnded) {
   ExpectNothingLost([this] {
     const Server server(copy_.windowsPath());
     std::thread([&server] { Throw(server); }).join();
   });
 }
 
-TEST_F(Unloading, GivesBackWhatItTookForThreadsThatGoOn) {
+TEST_F(Unloading, FreesWhatItTookForThreadsThatAreStillRunning) {
   ExpectNothingLost([this] {
     HANDLE used = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     HANDLE unloaded = CreateEventW(nullptr, TRUE, FALSE, nullptr);

@@ -44,7 +44,7 @@ std::wstring SystemTextOf(HRESULT hr) {
   return line.substr(0, line.find_last_not_of(L"\r\n ") + 1);
 }
 
-TEST(VariantToValue, KeepsWhatAValueHasAKindFor) {
+TEST(VariantToValue, KeepsTheTypesThatAValueHas) {
   EXPECT_EQ(Value(Empty{}), ToValue(Of(VT_EMPTY, [](VARIANT&) {})));
   EXPECT_EQ(Value(Null{}), ToValue(Of(VT_NULL, [](VARIANT&) {})));
   EXPECT_EQ(Value(std::int32_t{-7}), ToValue(Of(VT_I4, [](VARIANT& v) { v.lVal = -7; })));
@@ -167,7 +167,7 @@ TEST(VariantToValue, AReferenceToAReferenceToAVariantIsRefused) {
   EXPECT_EQ(kTypeMismatch, Raised(other));
 }
 
-TEST(VariantToValue, AReferenceDoesNotTakeWhatItRefersTo) {
+TEST(VariantToValue, AReferenceDoesNotReleaseItsTarget) {
   auto object = face::ForeignObject::With(L"Nome", L"Ana");
   IDispatch* pointed = object.get();
   ToValue(Of(VT_BYREF | VT_DISPATCH, [&](VARIANT& v) { v.ppdispVal = &pointed; }));
@@ -288,13 +288,13 @@ TEST(ErrorNumbers, AControlErrorIsItsSmallNumberAndEveryOtherIsItself) {
   EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), HresultOf(static_cast<std::int32_t>(0x80041FAB)));
 }
 
-TEST(ErrorNumbers, WhatIsNoErrorNumberFailsAllTheSame) {
+TEST(ErrorNumbers, ANumberThatIsNoErrorStillFails) {
   EXPECT_EQ(E_FAIL, HresultOf(0));
   EXPECT_EQ(E_FAIL, HresultOf(0x10000));
   EXPECT_EQ(static_cast<HRESULT>(0x800AFFFF), HresultOf(0xFFFF));
 }
 
-TEST(ErrorOfACallByName, TakesNumberSourceAndDescriptionAndEmptiesTheCarrier) {
+TEST(ErrorOfACallByName, TakesNumberSourceAndDescriptionAndClearsTheExcepInfo) {
   EXCEPINFO info = {};
   info.scode = static_cast<HRESULT>(0x800A0BCD);
   info.bstrSource = SysAllocString(L"ADODB.Field");
@@ -321,7 +321,7 @@ HRESULT STDMETHODCALLTYPE FillInLate(EXCEPINFO* info) {
   return S_OK;
 }
 
-TEST(ErrorOfACallByName, AsksForWhatIsFilledInLate) {
+TEST(ErrorOfACallByName, AsksForDeferredDetails) {
   EXCEPINFO info = {};
   info.pfnDeferredFillIn = FillInLate;
   const Erro erro = ErrorOf(DISP_E_EXCEPTION, info);
@@ -434,7 +434,7 @@ TEST(ErrorOfACallByVtable, WithoutADescriptionHasTheTextOfItsNumber) {
   }
 }
 
-TEST(ErrorOfACallByVtable, IsNotTakenFromAnObjectThatDoesNotVouchForIt) {
+TEST(ErrorOfACallByVtable, IsNotTakenFromAnObjectThatDoesNotSupportIt) {
   Supporting object(S_FALSE);
   LeaveErrorInfo();
   const Erro erro = ErrorOf(DISP_E_TYPEMISMATCH, &object, IID_IDispatch);
@@ -516,7 +516,7 @@ TEST(LateBoundObject, TakesItsFirstArgumentByReference) {
   EXPECT_EQ(Value(std::int32_t{8}), first);
 }
 
-TEST(LateBoundObject, MayPutAnObjectOrAnyValueInThePlaceOfItsArgument) {
+TEST(LateBoundObject, MayReplaceItsArgumentByAnObjectOrAnyValue) {
   auto object = face::ForeignObject::With(L"Nome", L"Ana");
   const auto method = face::Ref<IDispatch>::Owning(new OneMethod([&](const DISPPARAMS& parameters, VARIANT*) {
     VARIANT& argument = parameters.rgvarg[0];
@@ -543,7 +543,7 @@ TEST(LateBoundObject, MayPutAnObjectOrAnyValueInThePlaceOfItsArgument) {
   EXPECT_EQ(Value(L"deixada"), first);
 }
 
-TEST(LateBoundObject, LeavesTheArgumentOfAFailedCallAsItWas) {
+TEST(LateBoundObject, LeavesTheArgumentOfAFailedCallUnchanged) {
   const auto method = face::Ref<IDispatch>::Owning(new OneMethod([](const DISPPARAMS& parameters, VARIANT*) {
     SysReAllocString(parameters.rgvarg[0].pbstrVal, L"mudada");
     return E_FAIL;
