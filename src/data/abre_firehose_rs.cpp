@@ -39,7 +39,7 @@ std::int32_t FirstNativeError(platform::Connection& connection) {
       } catch (...) {  // NOLINT(bugprone-empty-catch): see above
       }
     }
-  } catch (...) {  // the error being reported is the one that matters
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the error being reported matters more
   }
   return native;
 }

@@ -12,7 +12,7 @@ void ModuleObject::WriteFailure(const std::wstring& line) {
   std::wstring announced = line;
   try {
     announced = PassThroughLog(line);
-  } catch (...) {  // the client hears of the failure without a log too
+  } catch (...) {  // NOLINT(bugprone-empty-catch): the client hears of the failure without a log too
   }
   Announce(announced);
 }
