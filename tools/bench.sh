@@ -30,7 +30,7 @@ bench_wanted() {
 
 # Runs a program and the Wine server on one core. Waking another core costs a virtual machine more than most requests to
 # the server, and whether it happens depends on what else runs; on one core the figures repeat.
-box_on_one_core() (
+on_one_core() (
   taskset -cp "$(taskset -cp $BASHPID | sed 's/.*[ ,-]//')" $BASHPID >/dev/null
   wine_environment run wineserver -w 2>>"$logs/wine.log" || true
   wine_environment run "$@" 2>>"$logs/wine.log"
@@ -51,7 +51,7 @@ run_benches() {
   # What the statement is a share of.
   if bench_wanted statement_share "$@" && ! bench_wanted small_report "$@"; then chosen+=(small_report); fi
   if [ ${#chosen[@]} != 0 ]; then
-    box_on_one_core "${program[@]}" "${chosen[@]}" || one=$?
+    on_one_core "${program[@]}" "${chosen[@]}" || one=$?
     [ "$one" -le "$status" ] || status=$one
   fi
   if bench_wanted statement_share "$@"; then

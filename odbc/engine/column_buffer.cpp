@@ -17,7 +17,7 @@ namespace {
 
 // Declared sizes up to this many characters or bytes are bound in full.
 constexpr SQLULEN kLongestBound = 1000;
-// The room for a cell whose declared size has no meaning.
+// The buffer size for a cell whose declared size has no meaning.
 constexpr SQLULEN kLeastRoom = 63;
 constexpr SQLULEN kMostRoom = 511;
 constexpr SQLULEN kMostBytesOfACharacter = 4;

@@ -99,7 +99,7 @@ Value FromUnknown(IUnknown* unknown) {
 // Automation's functions only read their source but declare it without const.
 VARIANT* Readable(const VARIANT& variant) { return const_cast<VARIANT*>(&variant); }
 
-// An integer of a type that Value does not have, converted by way of VT_I8, which has room for all of them.
+// An integer of a type that Value does not have, converted by way of VT_I8, which holds all of them.
 Value FromSmallInteger(const VARIANT& variant) {
   ScopedVariant converted;
   if (FAILED(VariantChangeTypeEx(converted.get(), Readable(variant), LOCALE_INVARIANT, 0, VT_I8)))

@@ -73,7 +73,7 @@ bool AppendDecimals(Decimal& number, std::wstring_view digits) {
   if (!RoundsUp(number, static_cast<std::uint32_t>(digits[read] - L'0'), more)) return true;
   if (MultiplyAndAdd(number, 1, 1)) return true;
   if (number.scale == 0) return false;
-  // All 96 bits are set, so the last digit is a 5 and rounds up with those after it; one decimal fewer leaves room.
+  // All 96 bits are set, so the last digit is a 5 and rounds up with those after it; with one decimal fewer it fits.
   TakeLastDigit(number);
   --number.scale;
   return MultiplyAndAdd(number, 1, 1);

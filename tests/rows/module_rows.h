@@ -14,7 +14,7 @@ testbed::Text CodeOf(const testbed::CaixaSubordinada& subordinate);
 // The module with a number and the subordinate with a code; null when there is none.
 const testbed::Caixa* ModuleOf(const testbed::MaybeText& number);
 const testbed::CaixaSubordinada* SubordinateOf(const testbed::Text& code);
-// A code has room for only two digits: the code of a row with a larger number names another row.
+// A code holds only two digits: the code of a row with a larger number names another row.
 inline bool IsDouble(const testbed::CaixaSubordinada& subordinate) { return subordinate.numSeq > 99; }
 
 // How often a module has an opening label: twice over a connection string, once over a client's connection.

@@ -52,7 +52,7 @@ void ForEachExtraRow(Visitor&& visit) {
   visit(Container{L"CT9002", L"Um módulo com prazo e um descartado"});
   visit(Subordinate(L"ZZ003", 1, L"T", Today()));
   visit(Subordinate(L"ZZ003", 2, L"T", Today() + std::chrono::days(1)));
-  // A code has room for only two digits. Of 103 MariaDB keeps the first two and SQLite the last two, so on either
+  // A code holds only two digits. Of 103 MariaDB keeps the first two and SQLite the last two, so on either
   // database one of these rows has the code of another.
   for (const std::int64_t number : {3, 10, 103}) visit(Subordinate(L"ZZ003", number, L"E"));
 }

@@ -21,7 +21,7 @@ class NestedCalls : public OnBothDatabases {
 };
 INSTANTIATE_TEST_SUITE_P(, NestedCalls, rows::BothEngines(), rows::EngineName);
 
-TEST_P(NestedCalls, OfAClientsParameterObjectLeaveTheReportItsDatabase) {
+TEST_P(NestedCalls, OfAClientsParameterObjectLeaveTheReportOnItsDatabase) {
   const Table undisturbed = ExpiredMedia([] {});
   EXPECT_EQ(rows::AddsNoYearsToADate(GetParam()), undisturbed.rows.empty());
   const ArchiveClient other(Other());
@@ -30,7 +30,7 @@ TEST_P(NestedCalls, OfAClientsParameterObjectLeaveTheReportItsDatabase) {
   EXPECT_EQ(undisturbed.rows, disturbed.rows);
 }
 
-TEST_P(NestedCalls, OfAClientsParameterObjectThatFailLeaveTheReportItsDatabase) {
+TEST_P(NestedCalls, OfAClientsParameterObjectThatFailLeaveTheReportOnItsDatabase) {
   const Table undisturbed = ExpiredMedia([] {});
   const ArchiveClient other(Other());
   const Table disturbed = ExpiredMedia([&] {
