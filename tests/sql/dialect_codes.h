@@ -1,9 +1,11 @@
-// What the translator's tests share: the codes of the data model and the one error of a code without dialect.
+// What the translator's tests share: the codes of the data model, what a function returns on each database, and the one
+// error of a code without dialect.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <string>
 
@@ -12,8 +14,30 @@
 
 namespace kodra::sql {
 
+inline constexpr std::int32_t kCodesWithDialect[] = {tbOracle, tbSQLServer, tbMySQL, tbOracleAlt, tbDB2, tbSQLite};
 inline constexpr std::int32_t kCodesWithoutDialect[] = {
-    4, 0, -1, 8, 9, 100, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()};
+    tbOther4, 0, -1, 8, 9, 100, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()};
+
+// What a function returns for a database.
+struct Returned {
+  std::int32_t code;
+  const wchar_t* text;
+};
+
+// Expects that `call` returns each text for its database.
+template <class Call>
+void ExpectOnEach(std::initializer_list<Returned> expected, Call call) {
+  for (const auto& [code, text] : expected) {
+    DefineTipoBanco(code);
+    EXPECT_EQ(call(), text) << "database code " << code;
+  }
+}
+
+// Expects that `call` returns that text for every database that has a dialect.
+template <class Call>
+void ExpectOnAll(const wchar_t* text, Call call) {
+  for (const std::int32_t code : kCodesWithDialect) ExpectOnEach({{code, text}}, call);
+}
 
 // Expects that `call` raises the no-entry error of TradutorSQL.`function` for every code without dialect.
 template <class Call>

@@ -3,23 +3,17 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring Today(std::int32_t code) {
-  DefineTipoBanco(code);
-  return SQLDataAtual();
-}
-
 TEST(SQLDataAtual, EachDatabaseHasItsOwnText) {
-  EXPECT_EQ(Today(1), L"TRUNC(SYSDATE)");
-  EXPECT_EQ(Today(2), L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))");
-  EXPECT_EQ(Today(3), L"CURDATE()");
-  EXPECT_EQ(Today(5), L"TRUNC(SYSDATE)");
-  EXPECT_EQ(Today(6), L"CURRENT DATE");
-  EXPECT_EQ(Today(7), L"date('now')");
+  ExpectOnEach({{tbOracle, L"TRUNC(SYSDATE)"},
+                {tbSQLServer, L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
+                {tbMySQL, L"CURDATE()"},
+                {tbOracleAlt, L"TRUNC(SYSDATE)"},
+                {tbDB2, L"CURRENT DATE"},
+                {tbSQLite, L"date('now')"}},
+               SQLDataAtual);
 }
 
-TEST(SQLDataAtual, ACodeWithoutDialectRaises) {
-  ExpectNoEntry(L"SQLDataAtual", [] { SQLDataAtual(); });
-}
+TEST(SQLDataAtual, ACodeWithoutDialectRaises) { ExpectNoEntry(L"SQLDataAtual", SQLDataAtual); }
 
 }  // namespace
 }  // namespace kodra::sql

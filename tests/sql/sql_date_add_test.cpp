@@ -3,103 +3,88 @@
 namespace kodra::sql {
 namespace {
 
-std::wstring Add(std::int32_t code, const std::wstring& interval, const std::wstring& number = L"30",
-                 const std::wstring& date = L"x") {
-  DefineTipoBanco(code);
-  return SQLDateAdd(interval, number, date);
-}
-
-constexpr const wchar_t* kMinutes[] = {L"MINUTE", L"MIN", L"NN", L"minute", L"Min", L"nn"};
-constexpr const wchar_t* kDays[] = {L"DAY", L"DD", L"D", L"day", L"Dd", L"d"};
-constexpr const wchar_t* kMonths[] = {L"MONTH", L"MM", L"M", L"month", L"mM", L"m"};
+constexpr const wchar_t* kMinutes[] = {L"MINUTE", L"MIN", L"NN", L"minute", L"Min", L"min", L"nn"};
+constexpr const wchar_t* kDays[] = {L"DAY", L"DD", L"D", L"day", L"Dd", L"dd", L"d"};
+constexpr const wchar_t* kMonths[] = {L"MONTH", L"MM", L"M", L"month", L"mM", L"mm", L"m"};
 constexpr const wchar_t* kYears[] = {L"YEAR", L"YYYY", L"Y", L"A", L"AA", L"AAAA", L"year", L"yyyy", L"a", L"aaaa"};
 
-TEST(SQLDateAdd, OracleAddsMinutesAsAFractionOfADay) {
-  for (const auto name : kMinutes) EXPECT_EQ(Add(1, name), L"x + 30 / 1440");
-}
-TEST(SQLDateAdd, OracleAddsDaysByPlus) {
-  for (const auto name : kDays) EXPECT_EQ(Add(1, name), L"x + 30");
-}
-TEST(SQLDateAdd, OracleAddsMonthsByAddMonths) {
-  for (const auto name : kMonths) EXPECT_EQ(Add(1, name), L"ADD_MONTHS(x, 30)");
-}
-TEST(SQLDateAdd, OracleAddsYearsAsTwelveMonths) {
-  for (const auto name : kYears) EXPECT_EQ(Add(1, name), L"ADD_MONTHS(x, 30 * 12)");
-}
-TEST(SQLDateAdd, OracleAddsTheValidityOfAMediumInYears) {
-  EXPECT_EQ(Add(1, L"a", L"2", L"t.VALIDADE"), L"ADD_MONTHS(t.VALIDADE, 2 * 12)");
+// Expects those sums of 30 of an interval and x.
+void ExpectSums(const wchar_t* interval, std::initializer_list<Returned> expected) {
+  SCOPED_TRACE(testing::PrintToString(interval));
+  ExpectOnEach(expected, [interval] { return SQLDateAdd(interval, L"30", L"x"); });
 }
 
-TEST(SQLDateAdd, TheSecondOracleIsOracle) {
-  EXPECT_EQ(Add(5, L"min"), L"x + 30 / 1440");
-  EXPECT_EQ(Add(5, L"dd"), L"x + 30");
-  EXPECT_EQ(Add(5, L"mm"), L"ADD_MONTHS(x, 30)");
-  EXPECT_EQ(Add(5, L"yyyy"), L"ADD_MONTHS(x, 30 * 12)");
-  EXPECT_EQ(Add(5, L"WEEK"), L"");
+TEST(SQLDateAdd, MinutesAreAddedByEachDatabaseInItsOwnWay) {
+  for (const auto name : kMinutes)
+    ExpectSums(name, {{tbOracle, L"x + 30 / 1440"},
+                      {tbOracleAlt, L"x + 30 / 1440"},
+                      {tbDB2, L"x + 30 / 1440"},
+                      {tbSQLite, L"datetime('x', '+30 minutes')"}});
 }
-
-TEST(SQLDateAdd, DB2UsesOraclesArithmetic) {
-  for (const auto name : kMinutes) EXPECT_EQ(Add(6, name), L"x + 30 / 1440");
-  for (const auto name : kDays) EXPECT_EQ(Add(6, name), L"x + 30");
-  for (const auto name : kMonths) EXPECT_EQ(Add(6, name), L"ADD_MONTHS(x, 30)");
-  for (const auto name : kYears) EXPECT_EQ(Add(6, name), L"ADD_MONTHS(x, 30 * 12)");
+TEST(SQLDateAdd, DaysAreAddedByEachDatabaseInItsOwnWay) {
+  for (const auto name : kDays)
+    ExpectSums(name, {{tbOracle, L"x + 30"},
+                      {tbSQLServer, L"DATEADD(dd, 30, x)"},
+                      {tbMySQL, L"DATE_ADD(x, INTERVAL 30 DAY)"},
+                      {tbOracleAlt, L"x + 30"},
+                      {tbDB2, L"x + 30"},
+                      {tbSQLite, L"date('x', '+30 days')"}});
+}
+TEST(SQLDateAdd, MonthsAreAddedByEachDatabaseInItsOwnWay) {
+  for (const auto name : kMonths)
+    ExpectSums(name, {{tbOracle, L"ADD_MONTHS(x, 30)"},
+                      {tbSQLServer, L"DATEADD(mm, 30, x)"},
+                      {tbMySQL, L"DATE_ADD(x, INTERVAL 30 MONTH)"},
+                      {tbOracleAlt, L"ADD_MONTHS(x, 30)"},
+                      {tbDB2, L"ADD_MONTHS(x, 30)"},
+                      {tbSQLite, L"date('x', '+30 months')"}});
+}
+TEST(SQLDateAdd, YearsAreAddedByEachDatabaseInItsOwnWay) {
+  for (const auto name : kYears)
+    ExpectSums(name, {{tbOracle, L"ADD_MONTHS(x, 30 * 12)"},
+                      {tbSQLServer, L"DATEADD(yyyy, 30, x)"},
+                      {tbMySQL, L"DATE_ADD(x, INTERVAL 30 YEAR)"},
+                      {tbOracleAlt, L"ADD_MONTHS(x, 30 * 12)"},
+                      {tbDB2, L"ADD_MONTHS(x, 30 * 12)"},
+                      {tbSQLite, L"date('x', '+30 years')"}});
 }
 
 TEST(SQLDateAdd, SQLServerGetsMinutesAsTheCallerSpelledThem) {
-  EXPECT_EQ(Add(2, L"min"), L"DATEADD(min, 30, x)");
-  EXPECT_EQ(Add(2, L"MINUTE"), L"DATEADD(MINUTE, 30, x)");
-  EXPECT_EQ(Add(2, L"Nn"), L"DATEADD(Nn, 30, x)");
+  ExpectSums(L"min", {{tbSQLServer, L"DATEADD(min, 30, x)"}});
+  ExpectSums(L"MINUTE", {{tbSQLServer, L"DATEADD(MINUTE, 30, x)"}});
+  ExpectSums(L"Nn", {{tbSQLServer, L"DATEADD(Nn, 30, x)"}});
 }
-TEST(SQLDateAdd, SQLServerHasItsOwnNamesForDaysMonthsAndYears) {
-  for (const auto name : kDays) EXPECT_EQ(Add(2, name), L"DATEADD(dd, 30, x)");
-  for (const auto name : kMonths) EXPECT_EQ(Add(2, name), L"DATEADD(mm, 30, x)");
-  for (const auto name : kYears) EXPECT_EQ(Add(2, name), L"DATEADD(yyyy, 30, x)");
-}
-
 TEST(SQLDateAdd, MySQLGetsMinutesAsTheCallerSpelledThem) {
-  EXPECT_EQ(Add(3, L"min"), L"DATE_ADD(x, INTERVAL 30 min)");
-  EXPECT_EQ(Add(3, L"MINUTE"), L"DATE_ADD(x, INTERVAL 30 MINUTE)");
-  EXPECT_EQ(Add(3, L"Nn"), L"DATE_ADD(x, INTERVAL 30 Nn)");
-}
-TEST(SQLDateAdd, MySQLHasItsOwnNamesForDaysMonthsAndYears) {
-  for (const auto name : kDays) EXPECT_EQ(Add(3, name), L"DATE_ADD(x, INTERVAL 30 DAY)");
-  for (const auto name : kMonths) EXPECT_EQ(Add(3, name), L"DATE_ADD(x, INTERVAL 30 MONTH)");
-  for (const auto name : kYears) EXPECT_EQ(Add(3, name), L"DATE_ADD(x, INTERVAL 30 YEAR)");
+  ExpectSums(L"min", {{tbMySQL, L"DATE_ADD(x, INTERVAL 30 min)"}});
+  ExpectSums(L"MINUTE", {{tbMySQL, L"DATE_ADD(x, INTERVAL 30 MINUTE)"}});
+  ExpectSums(L"Nn", {{tbMySQL, L"DATE_ADD(x, INTERVAL 30 Nn)"}});
 }
 
-TEST(SQLDateAdd, SQLiteQuotesTheDateAndAddsAModifier) {
-  for (const auto name : kMinutes) EXPECT_EQ(Add(7, name), L"datetime('x', '+30 minutes')");
-  for (const auto name : kDays) EXPECT_EQ(Add(7, name), L"date('x', '+30 days')");
-  for (const auto name : kMonths) EXPECT_EQ(Add(7, name), L"date('x', '+30 months')");
-  for (const auto name : kYears) EXPECT_EQ(Add(7, name), L"date('x', '+30 years')");
-}
-
-TEST(SQLDateAdd, AnUnknownIntervalGivesNothingOnOracleDB2AndSQLite) {
-  for (const std::int32_t code : {1, 5, 6, 7}) {
-    EXPECT_EQ(Add(code, L"WEEK"), L"");
-    EXPECT_EQ(Add(code, L""), L"");
-    EXPECT_EQ(Add(code, L" DAY"), L"");
-  }
+TEST(SQLDateAdd, AnUnknownIntervalIsTheEmptyTextOnOracleDB2AndSQLite) {
+  for (const auto name : {L"WEEK", L"", L" DAY"})
+    ExpectSums(name, {{tbOracle, L""}, {tbOracleAlt, L""}, {tbDB2, L""}, {tbSQLite, L""}});
 }
 TEST(SQLDateAdd, AnUnknownIntervalPassesThroughOnSQLServerAndMySQL) {
-  EXPECT_EQ(Add(2, L"WEEK"), L"DATEADD(WEEK, 30, x)");
-  EXPECT_EQ(Add(2, L"week"), L"DATEADD(week, 30, x)");
-  EXPECT_EQ(Add(2, L""), L"DATEADD(, 30, x)");
-  EXPECT_EQ(Add(3, L"WEEK"), L"DATE_ADD(x, INTERVAL 30 WEEK)");
-  EXPECT_EQ(Add(3, L"week"), L"DATE_ADD(x, INTERVAL 30 week)");
-  EXPECT_EQ(Add(3, L""), L"DATE_ADD(x, INTERVAL 30 )");
+  ExpectSums(L"WEEK", {{tbSQLServer, L"DATEADD(WEEK, 30, x)"}, {tbMySQL, L"DATE_ADD(x, INTERVAL 30 WEEK)"}});
+  ExpectSums(L"week", {{tbSQLServer, L"DATEADD(week, 30, x)"}, {tbMySQL, L"DATE_ADD(x, INTERVAL 30 week)"}});
+  ExpectSums(L"", {{tbSQLServer, L"DATEADD(, 30, x)"}, {tbMySQL, L"DATE_ADD(x, INTERVAL 30 )"}});
+}
+
+TEST(SQLDateAdd, OracleAddsTheValidityOfAMediumInYears) {
+  ExpectOnEach({{tbOracle, L"ADD_MONTHS(t.VALIDADE, 2 * 12)"}}, [] { return SQLDateAdd(L"a", L"2", L"t.VALIDADE"); });
 }
 
 TEST(SQLDateAdd, ArgumentsAreNeitherTrimmedNorQuoted) {
-  EXPECT_EQ(Add(1, L"D", L" -1 ", L" a.B "), L" a.B  +  -1 ");
-  EXPECT_EQ(Add(2, L"D", L" -1 ", L" a.B "), L"DATEADD(dd,  -1 ,  a.B )");
-  EXPECT_EQ(Add(3, L"D", L" -1 ", L" a.B "), L"DATE_ADD( a.B , INTERVAL  -1  DAY)");
-  EXPECT_EQ(Add(7, L"D", L" -1 ", L" a.B "), L"date(' a.B ', '+ -1  days')");
+  ExpectOnEach({{tbOracle, L" a.B  +  -1 "},
+                {tbSQLServer, L"DATEADD(dd,  -1 ,  a.B )"},
+                {tbMySQL, L"DATE_ADD( a.B , INTERVAL  -1  DAY)"},
+                {tbSQLite, L"date(' a.B ', '+ -1  days')"}},
+               [] { return SQLDateAdd(L"D", L" -1 ", L" a.B "); });
 }
 
 TEST(SQLDateAdd, ACodeWithoutDialectRaisesWhateverTheInterval) {
-  ExpectNoEntry(L"SQLDateAdd", [] { SQLDateAdd(L"D", L"1", L"x"); });
-  ExpectNoEntry(L"SQLDateAdd", [] { SQLDateAdd(L"WEEK", L"1", L"x"); });
+  for (const auto interval : {L"D", L"WEEK"})
+    ExpectNoEntry(L"SQLDateAdd", [interval] { SQLDateAdd(interval, L"1", L"x"); });
 }
 
 }  // namespace

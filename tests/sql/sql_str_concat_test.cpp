@@ -14,62 +14,61 @@ class SomeObject final : public AutomationObject {
   Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
 };
 
-std::wstring Concat(std::int32_t code, const std::vector<Value>& parts) {
-  DefineTipoBanco(code);
-  return SQLStrConcat(parts);
+using Parts = std::vector<Value>;
+
+// Expects those texts for the parts joined.
+void ExpectJoined(const Parts& parts, std::initializer_list<Returned> expected) {
+  ExpectOnEach(expected, [&] { return SQLStrConcat(parts); });
 }
 
-TEST(SQLStrConcat, OracleDB2AndSQLiteJoinByBars) {
-  for (const std::int32_t code : {1, 5, 6, 7}) {
-    EXPECT_EQ(Concat(code, {L"a.X", L"'-'", L"a.Y"}), L"a.X || '-' || a.Y");
-  }
-}
-TEST(SQLStrConcat, SQLServerJoinsByPlus) { EXPECT_EQ(Concat(2, {L"a.X", L"'-'", L"a.Y"}), L"a.X + '-' + a.Y"); }
-TEST(SQLStrConcat, MySQLCallsConcat) { EXPECT_EQ(Concat(3, {L"a.X", L"'-'", L"a.Y"}), L"CONCAT(a.X,'-',a.Y)"); }
-
-TEST(SQLStrConcat, OneArgumentStandsAloneExceptOnMySQL) {
-  for (const std::int32_t code : {1, 2, 5, 6, 7}) EXPECT_EQ(Concat(code, {L"A"}), L"A");
-  EXPECT_EQ(Concat(3, {L"A"}), L"CONCAT(A)");
+TEST(SQLStrConcat, EachDatabaseJoinsInItsOwnWay) {
+  ExpectJoined({L"a.X", L"'-'", L"a.Y"}, {{tbOracle, L"a.X || '-' || a.Y"},
+                                          {tbSQLServer, L"a.X + '-' + a.Y"},
+                                          {tbMySQL, L"CONCAT(a.X,'-',a.Y)"},
+                                          {tbOracleAlt, L"a.X || '-' || a.Y"},
+                                          {tbDB2, L"a.X || '-' || a.Y"},
+                                          {tbSQLite, L"a.X || '-' || a.Y"}});
 }
 
-TEST(SQLStrConcat, NoArgumentGivesNothing) {
-  for (const std::int32_t code : {1, 2, 3, 5, 6, 7}) {
-    EXPECT_EQ(Concat(code, {}), L"");
-  }
+TEST(SQLStrConcat, OneArgumentIsReturnedAloneExceptOnMySQL) {
+  ExpectJoined({L"A"}, {{tbOracle, L"A"},
+                        {tbSQLServer, L"A"},
+                        {tbMySQL, L"CONCAT(A)"},
+                        {tbOracleAlt, L"A"},
+                        {tbDB2, L"A"},
+                        {tbSQLite, L"A"}});
+}
+
+TEST(SQLStrConcat, NoArgumentIsTheEmptyText) {
+  ExpectOnAll(L"", [] { return SQLStrConcat({}); });
 }
 
 TEST(SQLStrConcat, AnEmptyArgumentKeepsItsSeparators) {
-  EXPECT_EQ(Concat(1, {L"", L"b"}), L" || b");
-  EXPECT_EQ(Concat(2, {L"a", L""}), L"a + ");
-  EXPECT_EQ(Concat(3, {L"", L""}), L"CONCAT(,)");
+  ExpectJoined({L"", L"b"}, {{tbOracle, L" || b"}});
+  ExpectJoined({L"a", L""}, {{tbSQLServer, L"a + "}});
+  ExpectJoined({L"", L""}, {{tbMySQL, L"CONCAT(,)"}});
 }
 
-TEST(SQLStrConcat, OneEmptyArgumentGivesNothingEvenOnMySQL) {
-  for (const std::int32_t code : {1, 2, 3, 6, 7}) EXPECT_EQ(Concat(code, {L""}), L"");
+TEST(SQLStrConcat, OneEmptyArgumentIsTheEmptyTextEvenOnMySQL) {
+  ExpectOnAll(L"", [] { return SQLStrConcat({L""}); });
 }
 
 TEST(SQLStrConcat, ValuesBecomeTextByTheBrazilianConventions) {
-  EXPECT_EQ(
-      Concat(1, {Value(L"a.X"), Value(std::int32_t{7}), Value(1.5), Value(true), Value(Empty{}), Value(Date{45291})}),
-      L"a.X || 7 || 1,5 || Verdadeiro ||  || 31/12/2023");
-  EXPECT_EQ(Concat(3, {Value(std::int64_t{8}), Value(false)}), L"CONCAT(8,Falso)");
+  ExpectJoined({L"a.X", std::int32_t{7}, 1.5, true, Empty{}, Date{45291}},
+               {{tbOracle, L"a.X || 7 || 1,5 || Verdadeiro ||  || 31/12/2023"}});
+  ExpectJoined({std::int64_t{8}, false}, {{tbMySQL, L"CONCAT(8,Falso)"}});
 }
 
-TEST(SQLStrConcat, AnArgumentWithoutTextGivesNothing) {
+TEST(SQLStrConcat, AnArgumentWithoutTextMakesItEmpty) {
   const ObjectRef object = std::make_shared<SomeObject>();
-  for (const std::int32_t code : {1, 2, 3, 6, 7}) {
-    EXPECT_EQ(Concat(code, {Value(L"a"), Value(Null{}), Value(L"b")}), L"");
-    EXPECT_EQ(Concat(code, {Value(L"a"), Value(ObjectRef())}), L"");
-    EXPECT_EQ(Concat(code, {Value(object)}), L"");
-  }
+  for (const Parts& parts : {Parts{L"a", Null{}, L"b"}, Parts{L"a", ObjectRef()}, Parts{object}})
+    ExpectOnAll(L"", [&] { return SQLStrConcat(parts); });
 }
 
-TEST(SQLStrConcat, ACodeWithoutDialectGivesNothingAndRaisesNothing) {
-  for (const std::int32_t code : kCodesWithoutDialect) {
-    EXPECT_EQ(Concat(code, {L"a.X", L"a.Y"}), L"");
-    EXPECT_EQ(Concat(code, {Value(L"a.X"), Value(Null{})}), L"");
-    EXPECT_EQ(Concat(code, {}), L"");
-  }
+TEST(SQLStrConcat, ACodeWithoutDialectMakesItEmptyAndRaisesNothing) {
+  for (const std::int32_t code : kCodesWithoutDialect)
+    for (const Parts& parts : {Parts{L"a.X", L"a.Y"}, Parts{L"a.X", Null{}}, Parts{}})
+      ExpectJoined(parts, {{code, L""}});
 }
 
 }  // namespace

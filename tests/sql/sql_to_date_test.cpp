@@ -1,93 +1,97 @@
 #include "tests/sql/dialect_codes.h"
-#include "values/erro.h"
-#include "values/format_date.h"
 
 namespace kodra::sql {
 namespace {
 
-std::wstring ToDate(std::int32_t code, const std::wstring& text, std::int32_t layout) {
-  DefineTipoBanco(code);
-  return SQLToDate(text, layout);
+// A text read in a layout, and what that is on a database.
+struct Reading {
+  const wchar_t* text;
+  std::int32_t layout;
+  const wchar_t* expected;
+};
+
+void ExpectReadings(std::initializer_list<std::int32_t> codes, std::initializer_list<Reading> readings) {
+  for (const std::int32_t code : codes)
+    for (const auto& [text, layout, expected] : readings) {
+      SCOPED_TRACE(testing::PrintToString(text) + " in layout " + std::to_string(layout));
+      ExpectOnEach({{code, expected}}, [&] { return SQLToDate(text, layout); });
+    }
 }
 
+const auto kOracleAndDB2 = {tbOracle, tbOracleAlt, tbDB2};
+
 TEST(SQLToDate, OracleAndDB2MakeADateALiteralOfTheLayout) {
-  for (const std::int32_t code : {1, 5, 6}) {
-    EXPECT_EQ(ToDate(code, L"31/12/2023", 0), L"TO_DATE('31/12/2023','DD/MM/YYYY')");
-    EXPECT_EQ(ToDate(code, L"31/12/2023", 1), L"TO_DATE('2023/12/31','YYYY/MM/DD')");
-    EXPECT_EQ(ToDate(code, L"31/12/2023 10:20:30", 2), L"TO_DATE('2023/12/31 10:20:30','YYYY/MM/DD HH24:MI:SS')");
-  }
+  ExpectReadings(kOracleAndDB2,
+                 {{L"31/12/2023", fdDDMMYYYY, L"TO_DATE('31/12/2023','DD/MM/YYYY')"},
+                  {L"31/12/2023", fdYYYYMMDD, L"TO_DATE('2023/12/31','YYYY/MM/DD')"},
+                  {L"31/12/2023 10:20:30", fdDateTime, L"TO_DATE('2023/12/31 10:20:30','YYYY/MM/DD HH24:MI:SS')"}});
 }
 TEST(SQLToDate, OracleAndDB2TakeAnExpressionVerbatim) {
-  for (const std::int32_t code : {1, 5, 6}) {
-    EXPECT_EQ(ToDate(code, L"c.DATA", 0), L"TO_DATE(c.DATA,'DD/MM/YYYY')");
-    EXPECT_EQ(ToDate(code, L"c.DATA", 1), L"TO_DATE(c.DATA,'YYYY/MM/DD')");
-    EXPECT_EQ(ToDate(code, L"c.DATA", 2), L"TO_DATE(c.DATA,'YYYY/MM/DD HH24:MI:SS')");
-    EXPECT_EQ(ToDate(code, L"'31/12/2023'", 0), L"TO_DATE('31/12/2023','DD/MM/YYYY')");
-    EXPECT_EQ(ToDate(code, L"", 0), L"TO_DATE(,'DD/MM/YYYY')");
-  }
+  ExpectReadings(kOracleAndDB2, {{L"c.DATA", fdDDMMYYYY, L"TO_DATE(c.DATA,'DD/MM/YYYY')"},
+                                 {L"c.DATA", fdYYYYMMDD, L"TO_DATE(c.DATA,'YYYY/MM/DD')"},
+                                 {L"c.DATA", fdDateTime, L"TO_DATE(c.DATA,'YYYY/MM/DD HH24:MI:SS')"},
+                                 {L"'31/12/2023'", fdDDMMYYYY, L"TO_DATE('31/12/2023','DD/MM/YYYY')"},
+                                 {L"", fdDDMMYYYY, L"TO_DATE(,'DD/MM/YYYY')"}});
 }
 TEST(SQLToDate, OracleAndDB2HaveNoPatternForAnotherLayoutAndLeaveADateAsItIs) {
-  for (const std::int32_t code : {1, 5, 6}) {
-    EXPECT_EQ(ToDate(code, L"c.DATA", 3), L"TO_DATE(c.DATA,'')");
-    EXPECT_EQ(ToDate(code, L"31/12/2023", 3), L"TO_DATE(31/12/2023,'')");
-    EXPECT_EQ(ToDate(code, L"31/12/2023", -1), L"TO_DATE(31/12/2023,'')");
-  }
+  ExpectReadings(kOracleAndDB2, {{L"c.DATA", 3, L"TO_DATE(c.DATA,'')"},
+                                 {L"31/12/2023", 3, L"TO_DATE(31/12/2023,'')"},
+                                 {L"31/12/2023", -1, L"TO_DATE(31/12/2023,'')"}});
 }
 
 TEST(SQLToDate, MySQLReadsAnExpressionByTheCompactPattern) {
-  EXPECT_EQ(ToDate(3, L"c.DATA", 0), L"STR_TO_DATE(c.DATA,'%d%m%Y')");
-  EXPECT_EQ(ToDate(3, L"c.DATA", 1), L"STR_TO_DATE(c.DATA,'%Y%m%d')");
-  EXPECT_EQ(ToDate(3, L"c.DATA", 2), L"STR_TO_DATE(c.DATA,'%Y%m%d %T')");
-  EXPECT_EQ(ToDate(3, L"c.DATA", 3), L"STR_TO_DATE(c.DATA,'%d%m%Y')");
+  ExpectReadings({tbMySQL}, {{L"c.DATA", fdDDMMYYYY, L"STR_TO_DATE(c.DATA,'%d%m%Y')"},
+                             {L"c.DATA", fdYYYYMMDD, L"STR_TO_DATE(c.DATA,'%Y%m%d')"},
+                             {L"c.DATA", fdDateTime, L"STR_TO_DATE(c.DATA,'%Y%m%d %T')"},
+                             {L"c.DATA", 3, L"STR_TO_DATE(c.DATA,'%d%m%Y')"}});
 }
 TEST(SQLToDate, MySQLReadsADateByTheSeparatedPattern) {
-  EXPECT_EQ(ToDate(3, L"31/12/2023", 0), L"STR_TO_DATE('31/12/2023','%d/%m/%Y')");
-  EXPECT_EQ(ToDate(3, L"31/12/2023", 1), L"STR_TO_DATE('2023/12/31','%Y/%m/%d')");
-  EXPECT_EQ(ToDate(3, L"31/12/2023 10:20:30", 2), L"STR_TO_DATE('2023/12/31 10:20:30','%Y/%m/%d %T')");
+  ExpectReadings({tbMySQL},
+                 {{L"31/12/2023", fdDDMMYYYY, L"STR_TO_DATE('31/12/2023','%d/%m/%Y')"},
+                  {L"31/12/2023", fdYYYYMMDD, L"STR_TO_DATE('2023/12/31','%Y/%m/%d')"},
+                  {L"31/12/2023 10:20:30", fdDateTime, L"STR_TO_DATE('2023/12/31 10:20:30','%Y/%m/%d %T')"}});
 }
 TEST(SQLToDate, MySQLQuotesADateOfAnotherLayoutAndKeepsTheCompactPattern) {
-  EXPECT_EQ(ToDate(3, L"31/12/2023", 3), L"STR_TO_DATE('31/12/2023','%d%m%Y')");
-  EXPECT_EQ(ToDate(3, L"2023-12-31", -1), L"STR_TO_DATE('2023-12-31','%d%m%Y')");
+  ExpectReadings({tbMySQL}, {{L"31/12/2023", 3, L"STR_TO_DATE('31/12/2023','%d%m%Y')"},
+                             {L"2023-12-31", -1, L"STR_TO_DATE('2023-12-31','%d%m%Y')"}});
 }
 
 TEST(SQLToDate, SQLServerGetsTheDateItselfAsAnIsoLiteral) {
-  EXPECT_EQ(ToDate(2, L"31/12/2023", 0), L"'20231231'");
-  EXPECT_EQ(ToDate(2, L"31/12/2023", 1), L"'20231231'");
-  EXPECT_EQ(ToDate(2, L"31/12/2023 10:20:30", 2), L"'2023-12-31T10:20:30'");
-  EXPECT_EQ(ToDate(2, L"31/12/2023", 2), L"'2023-12-31T00:00:00'");
-  EXPECT_EQ(ToDate(2, L"31/12/2023 10:20:30", 0), L"'20231231'");
-  EXPECT_EQ(ToDate(2, L"31/12/2023", 3), L"'20231231'");
+  ExpectReadings({tbSQLServer}, {{L"31/12/2023", fdDDMMYYYY, L"'20231231'"},
+                                 {L"31/12/2023", fdYYYYMMDD, L"'20231231'"},
+                                 {L"31/12/2023 10:20:30", fdDateTime, L"'2023-12-31T10:20:30'"},
+                                 {L"31/12/2023", fdDateTime, L"'2023-12-31T00:00:00'"},
+                                 {L"31/12/2023 10:20:30", fdDDMMYYYY, L"'20231231'"},
+                                 {L"31/12/2023", 3, L"'20231231'"}});
 }
-TEST(SQLToDate, SQLServerHasNoFormForAnExpressionAndGivesItBack) {
-  EXPECT_EQ(ToDate(2, L"c.DATA", 0), L"c.DATA");
-  EXPECT_EQ(ToDate(2, L"c.DATA", 2), L"c.DATA");
+TEST(SQLToDate, SQLServerHasNoFormForAnExpressionAndReturnsItAsItIs) {
+  ExpectReadings({tbSQLServer}, {{L"c.DATA", fdDDMMYYYY, L"c.DATA"}, {L"c.DATA", fdDateTime, L"c.DATA"}});
 }
 
 TEST(SQLToDate, SQLiteTakesEveryTextVerbatim) {
-  EXPECT_EQ(ToDate(7, L"c.DATA", 0), L"strftime('%d-%m-%Y',c.DATA)");
-  EXPECT_EQ(ToDate(7, L"c.DATA", 1), L"strftime('%Y-%m-%d',c.DATA)");
-  EXPECT_EQ(ToDate(7, L"c.DATA", 2), L"strftime('%Y-%m-%d %H:%M:%S',c.DATA)");
-  EXPECT_EQ(ToDate(7, L"31/12/2023", 0), L"strftime('%d-%m-%Y',31/12/2023)");
+  ExpectReadings({tbSQLite}, {{L"c.DATA", fdDDMMYYYY, L"strftime('%d-%m-%Y',c.DATA)"},
+                              {L"c.DATA", fdYYYYMMDD, L"strftime('%Y-%m-%d',c.DATA)"},
+                              {L"c.DATA", fdDateTime, L"strftime('%Y-%m-%d %H:%M:%S',c.DATA)"},
+                              {L"31/12/2023", fdDDMMYYYY, L"strftime('%d-%m-%Y',31/12/2023)"}});
 }
 TEST(SQLToDate, SQLiteHasNothingForAnotherLayout) {
-  EXPECT_EQ(ToDate(7, L"c.DATA", 3), L"");
-  EXPECT_EQ(ToDate(7, L"31/12/2023", -1), L"");
+  ExpectReadings({tbSQLite}, {{L"c.DATA", 3, L""}, {L"31/12/2023", -1, L""}});
 }
 
 TEST(SQLToDate, DatesAreReadDayFirstWhateverTheirSpelling) {
-  EXPECT_EQ(ToDate(1, L"1/2/2023", 0), L"TO_DATE('01/02/2023','DD/MM/YYYY')");
-  EXPECT_EQ(ToDate(1, L"2023-02-01", 0), L"TO_DATE('01/02/2023','DD/MM/YYYY')");
-  EXPECT_EQ(ToDate(1, L"12/31/2023", 0), L"TO_DATE('31/12/2023','DD/MM/YYYY')");
-  EXPECT_EQ(ToDate(3, L" 01-02-23 ", 1), L"STR_TO_DATE('2023/02/01','%Y/%m/%d')");
+  ExpectReadings({tbOracle}, {{L"1/2/2023", fdDDMMYYYY, L"TO_DATE('01/02/2023','DD/MM/YYYY')"},
+                              {L"2023-02-01", fdDDMMYYYY, L"TO_DATE('01/02/2023','DD/MM/YYYY')"},
+                              {L"12/31/2023", fdDDMMYYYY, L"TO_DATE('31/12/2023','DD/MM/YYYY')"}});
+  ExpectReadings({tbMySQL}, {{L" 01-02-23 ", fdYYYYMMDD, L"STR_TO_DATE('2023/02/01','%Y/%m/%d')"}});
 }
 
 TEST(SQLToDate, ADateWithoutTimeIsMidnightInTheDateTimeLayout) {
-  EXPECT_EQ(ToDate(1, L"31/12/2023", 2), L"TO_DATE('2023/12/31 00:00:00','YYYY/MM/DD HH24:MI:SS')");
-  EXPECT_EQ(ToDate(3, L"31/12/2023", 2), L"STR_TO_DATE('2023/12/31 00:00:00','%Y/%m/%d %T')");
+  ExpectReadings({tbOracle}, {{L"31/12/2023", fdDateTime, L"TO_DATE('2023/12/31 00:00:00','YYYY/MM/DD HH24:MI:SS')"}});
+  ExpectReadings({tbMySQL}, {{L"31/12/2023", fdDateTime, L"STR_TO_DATE('2023/12/31 00:00:00','%Y/%m/%d %T')"}});
 }
 
 TEST(SQLToDate, ACodeWithoutDialectRaisesForDatesAndExpressions) {
-  ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"31/12/2023", 0); });
+  ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"31/12/2023", fdDDMMYYYY); });
   ExpectNoEntry(L"SQLToDate", [] { SQLToDate(L"c.DATA", 3); });
 }
 

@@ -27,7 +27,7 @@ TEST(TipoBanco, LayoutsAndKindsHaveTheirFixedValues) {
 }
 
 TEST(TipoBanco, TheSecondOracleIsStoredAsOracle) {
-  DefineTipoBanco(5);
+  DefineTipoBanco(tbOracleAlt);
   EXPECT_EQ(SQLDataAtual(), L"TRUNC(SYSDATE)");
 }
 

@@ -9,15 +9,15 @@ namespace {
 TEST(TranslatorTest, KeepsItsCodeAndHeedsNoOther) {
   const Translator oracle(tbOracle);
   const Translator sqlite(tbSQLite);
-  EXPECT_EQ(oracle.Code(), 1);
-  EXPECT_EQ(sqlite.Code(), 7);
+  EXPECT_EQ(oracle.Code(), tbOracle);
+  EXPECT_EQ(sqlite.Code(), tbSQLite);
   EXPECT_EQ(oracle.ToInt(L"d.FRENTE"), L"TO_NUMBER(d.FRENTE)");
   EXPECT_EQ(sqlite.ToInt(L"d.FRENTE"), L"CAST(d.FRENTE AS INT)");
 }
 
 TEST(TranslatorTest, TheSecondOracleKeepsItsCodeAndSpeaksOracle) {
   const Translator translator(tbOracleAlt);
-  EXPECT_EQ(translator.Code(), 5);
+  EXPECT_EQ(translator.Code(), tbOracleAlt);
   EXPECT_EQ(translator.DateAdd(L"D", L"1", L"x"), L"x + 1");
   EXPECT_EQ(translator.DataAtual(), L"TRUNC(SYSDATE)");
   EXPECT_EQ(translator.ToDate(L"31/12/2023", fdYYYYMMDD), L"TO_DATE('2023/12/31','YYYY/MM/DD')");
