@@ -32,7 +32,7 @@ std::exception_ptr Failure(Exception exception) {
 // An Erro is what a provider, a sibling or a client's object raises.
 inline std::exception_ptr Failure(const Erro& erro) { return std::make_exception_ptr(ForeignErro(erro)); }
 
-// The lines as Journal::Calls gives them.
+// The lines as Journal::Calls returns them.
 std::string Lines(std::initializer_list<std::string_view> lines);
 
 class FakeSurroundings final : public platform::Surroundings {

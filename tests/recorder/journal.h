@@ -23,6 +23,7 @@
 namespace kodra::recorder {
 
 inline std::string Utf8(std::wstring_view text) { return values::ToUtf8(text); }
+inline std::wstring Wide(std::string_view utf8) { return values::FromUtf8(utf8); }
 
 // A value as a line shows it: "text", 5, 1.5, True, Date(45291), Null, Empty, Nothing, an object's name.
 std::wstring Shown(const Value& value);

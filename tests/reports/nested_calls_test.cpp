@@ -50,10 +50,8 @@ std::string OpenedBy(const recorder::FakeSurroundings& around) {
 class Media {
  public:
   explicit Media(std::int32_t code) {
-    around_.files[L"/dados/arquivo.db"] = 4096;
-    around_.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {code}}});
-    const std::string& connection = DatabaseOf(code).connectionString;
-    report_.SetStringConexao({connection.begin(), connection.end()});
+    Install(DatabaseOf(code), around_);
+    report_.SetStringConexao(recorder::Wide(DatabaseOf(code).connectionString));
   }
   // Asks for the expired media, with that action at each reading of a property.
   std::string Run(Action action) {
@@ -95,29 +93,29 @@ Raised Operators(std::int32_t code, bool failing) {
 }
 
 TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsOwnWords) {
-  EXPECT_EQ(Media(1).Run([] { Media(7).RunAlone(); }), kOnOracle);
-  EXPECT_EQ(Media(1).Run([] { EXPECT_EQ(Operators(2, false).number, 0); }), kOnOracle);
-  EXPECT_EQ(Media(1).Run([] {
-    CaixaStage modules(DatabaseOf(3), Path::kConnectionString);
+  EXPECT_EQ(Media(tbOracle).Run([] { Media(tbSQLite).RunAlone(); }), kOnOracle);
+  EXPECT_EQ(Media(tbOracle).Run([] { EXPECT_EQ(Operators(tbSQLServer, false).number, 0); }), kOnOracle);
+  EXPECT_EQ(Media(tbOracle).Run([] {
+    CaixaStage modules(DatabaseOf(tbMySQL), Path::kConnectionString);
     modules.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   }),
             kOnOracle);
-  EXPECT_EQ(Media(7).Run([] { Media(1).RunAlone(); }), kOnSQLite);
+  EXPECT_EQ(Media(tbSQLite).Run([] { Media(tbOracle).RunAlone(); }), kOnSQLite);
 }
 
 TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsOwnWords) {
-  EXPECT_EQ(Media(1).Run([] {
-    EXPECT_EQ(RaisedBy([] { Media(4).RunAlone(); }),
+  EXPECT_EQ(Media(tbOracle).Run([] {
+    EXPECT_EQ(RaisedBy([] { Media(tbOther4).RunAlone(); }),
               Framed("CCDRpt::RelatorioMidias", "Não há entrada para o banco tipo 4"));
   }),
             kOnOracle);
-  EXPECT_EQ(Media(1).Run([] {
-    EXPECT_EQ(Operators(2, true), (Raised{-2147213397, "KodraRpt.COperadorRpt::RelatorioOperadores",
-                                          "Erro ao obter dados do SGBD: [Fonte]: Falha"}));
+  EXPECT_EQ(Media(tbOracle).Run([] {
+    EXPECT_EQ(Operators(tbSQLServer, true), (Raised{frame::kReportError, "KodraRpt.COperadorRpt::RelatorioOperadores",
+                                                    "Erro ao obter dados do SGBD: [Fonte]: Falha"}));
   }),
             kOnOracle);
-  EXPECT_EQ(Media(1).Run([] {
-    CaixaStage modules(DatabaseOf(4), Path::kConnectionString);
+  EXPECT_EQ(Media(tbOracle).Run([] {
+    CaixaStage modules(DatabaseOf(tbOther4), Path::kConnectionString);
     EXPECT_EQ(RaisedBy([&] { modules.Run(&CCaixaRpt::ModulosVencidos, Parameters()); }),
               Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
   }),
@@ -126,17 +124,18 @@ TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsOwnWords) {
 
 TEST(NestedCallsTest, TwoDeepKeepEachStatementInItsOwnWords) {
   std::string inner;
-  EXPECT_EQ(Media(1).Run([&] { inner = Media(7).Run([] { Media(2).RunAlone(); }); }), kOnOracle);
+  EXPECT_EQ(Media(tbOracle).Run([&] { inner = Media(tbSQLite).Run([] { Media(tbSQLServer).RunAlone(); }); }),
+            kOnOracle);
   EXPECT_EQ(inner, kOnSQLite);
 }
 
 TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
   std::vector<std::string> heard;
-  EXPECT_EQ(Media(1).Run([&] {
-    CaixaStage modules(DatabaseOf(2), Path::kConnectionString);
+  EXPECT_EQ(Media(tbOracle).Run([&] {
+    CaixaStage modules(DatabaseOf(tbSQLServer), Path::kConnectionString);
     modules.report.OnDebugLog([&](const std::wstring& line) {
       heard.push_back(recorder::Utf8(line));
-      Media(7).RunAlone();
+      Media(tbSQLite).RunAlone();
     });
     modules.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
   }),
@@ -145,9 +144,9 @@ TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.report.OnDebugLog([&](const std::wstring&) {
-    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
     EXPECT_NE(RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()), nullptr);
   });
   const std::string calls = stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
@@ -156,11 +155,11 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
-  CaixaStage alone(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage alone(DatabaseOf(tbSQLServer), Path::kConnectionString);
   alone.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   BusyParameters parameters({{L"CodDepto", L""}, {L"ModoPregresso", false}}, [&] {
-    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
     EXPECT_NE(RunModule(stage.report, &CCaixaRpt::ModulosVencidos, CaixaStage::Own({}).get()), nullptr);
     stage.around.journal.Forget();
   });
@@ -169,9 +168,9 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
 }
 
 TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheErrorOfTheFailedCall) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.AnswerSubordinates(stage.NewSubordinates(0));
-  stage.report.OnDebugLog([](const std::wstring&) { Media(7).RunAlone(); });
+  stage.report.OnDebugLog([](const std::wstring&) { Media(tbSQLite).RunAlone(); });
   EXPECT_EQ(RaisedBy([&] {
               stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
             }),

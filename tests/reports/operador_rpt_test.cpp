@@ -47,7 +47,7 @@ Preparation Having(std::vector<Operator> operators, Value description = L"Arquiv
 }
 
 Raised FailedStep(const std::string& step, const std::string& cause) {
-  return {kErrBase + 8107, "KodraRpt.COperadorRpt::RelatorioOperadores", "Erro " + step + ": " + cause};
+  return {frame::kReportError, "KodraRpt.COperadorRpt::RelatorioOperadores", "Erro " + step + ": " + cause};
 }
 
 constexpr auto kReading = "ao obter dados do SGBD";
@@ -55,8 +55,8 @@ constexpr auto kMaking = "ao criar conjunto de dados de saída";
 constexpr auto kFilling = "ao preencher conjunto de dados de saída";
 
 // The calls up to the first row.
-std::vector<std::string> FirstLines(const Database& database) {
-  std::vector<std::string> lines = InitialisationLines(database);
+CallLines FirstLines(const Database& database) {
+  CallLines lines = InitialisationLines(database);
   Append(lines, OpeningRows(database, kStatement, 1, 1));
   Append(lines, {
                     R"(Recordset1.FieldByName("ATIVO"))",
@@ -72,8 +72,8 @@ std::vector<std::string> FirstLines(const Database& database) {
 }
 
 std::string AnaAndBeto(const Database& database) {
-  std::vector<std::string> lines = FirstLines(database);
-  const std::string connect = "Object2.Let(StringConexao, \"" + database.connectionString + "\")";
+  CallLines lines = FirstLines(database);
+  const std::string connect = "Object2.Let(StringConexao, " + Quoted(database.connectionString) + ")";
   Append(lines, {
                     "Recordset1.Eof() -> False",
                     R"(Recordset1.Field(ATIVO).Get() -> "S")",
@@ -134,7 +134,7 @@ std::string AnaAndBeto(const Database& database) {
                     R"(Recordset2.Field(DESCR_OPERADOR).Let("BETO"))",
                     R"(Recordset2.Field(NOME_COMPLETO).Let(""))",
                     R"(CreateObject("KodraBsnV3.ObtedorDeTiposOperadores") -> Object3)",
-                    "Object3" + connect.substr(std::string_view("Object2").size()),
+                    Replaced(connect, "Object2", "Object3"),
                     R"(Object3.Call(ObtemDescricao, 0) -> "Arquivista")",
                     "~Object3",
                     R"(Recordset2.Field(DESCR_TIPO).Let("Arquivista"))",
@@ -147,7 +147,7 @@ std::string AnaAndBeto(const Database& database) {
                     "Recordset2.MoveFirst()",
                     "~Recordset2",
                 });
-  return Joined(lines);
+  return All({lines});
 }
 
 TEST(COperadorRptTest, CopiesTheOperatorsToARecordsetOfItsOwnOnEveryDatabase) {
@@ -155,8 +155,8 @@ TEST(COperadorRptTest, CopiesTheOperatorsToARecordsetOfItsOwnOnEveryDatabase) {
     EXPECT_EQ(Scene(Report(), database, Having({kAna, kBeto})).Run(), AnaAndBeto(database));
 }
 
-TEST(COperadorRptTest, StandsOnTheFirstOperator) {
-  Scene scene(Report(), DatabaseOf(2), Having({kAna, kBeto}));
+TEST(COperadorRptTest, IsOnTheFirstOperator) {
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kAna, kBeto}));
   scene.Prepare();
   const frame::ReportRows rows = scene.Call();
   ASSERT_NE(rows, nullptr);
@@ -168,22 +168,21 @@ TEST(COperadorRptTest, StandsOnTheFirstOperator) {
   EXPECT_TRUE(rows->Eof());
 }
 
-TEST(COperadorRptTest, GivesNothingWithoutOperators) {
+TEST(COperadorRptTest, ReturnsNothingWithoutOperators) {
   for (const Database& database : Databases()) {
     Scene scene(Report(), database, Having({}));
-    std::vector<std::string> lines = FirstLines(database);
+    scene.hasRows = false;
+    CallLines lines = FirstLines(database);
     Append(lines, {"Recordset1.Eof() -> True", "Recordset1.Close()", "~Recordset1"});
-    EXPECT_EQ(scene.Run(), Joined(lines));
-    scene.Prepare();
-    EXPECT_EQ(scene.Call(), nullptr);
+    EXPECT_EQ(scene.Run(), All({lines}));
   }
 }
 
 TEST(COperadorRptTest, LeavesOutDeletedOperatorsAndThoseWithoutDepartmentOrGroup) {
-  Scene scene(Report(), DatabaseOf(7), Having({}));
+  Scene scene(Report(), DatabaseOf(tbSQLite), Having({kAna}));
   scene.Run();
   EXPECT_NE(
-      scene.Around().journal.Calls().find(
+      scene.around.journal.Calls().find(
           "\"SELECT o.DESCR_OPERADOR, o.NOME_COMPLETO, o.TIPO, d.DESCR_DEPTO, o.CHAPA, o.RAMAL, o.IDC_ATIVO AS ATIVO, "
           "gp.DESCR_GRPOP AS DESCR_GRUPO_OP FROM OPERADOR o INNER JOIN DEPTO d ON o.COD_DEPTO = d.COD_DEPTO "
           "INNER JOIN GRUPOS_OPERADORES gp ON o.COD_GRPOP = gp.COD_GRPOP "
@@ -191,26 +190,18 @@ TEST(COperadorRptTest, LeavesOutDeletedOperatorsAndThoseWithoutDepartmentOrGroup
       std::string::npos);
 }
 
-struct TypeCode {
-  Value stored;
-  std::string asked;
-};
-
-class COperadorRptTypeTest : public testing::TestWithParam<TypeCode> {};
-
-TEST_P(COperadorRptTypeTest, AsksForTheNumberThatTheTypeBeginsWith) {
-  Scene scene(Report(), DatabaseOf(2), Having({AnaWith(2, GetParam().stored)}, L"Descrição"));
-  const std::string calls = scene.Run();
-  EXPECT_NE(calls.find("\nObject2.Call(ObtemDescricao, " + GetParam().asked + ") -> \"Descrição\"\n"),
-            std::string::npos)
-      << calls;
+TEST(COperadorRptTest, AsksForTheNumberThatTheTypeBeginsWith) {
+  const std::pair<Value, std::string> kTypes[] = {
+      {L"12", "12"}, {L"12abc", "12"}, {L" 7 ", "7"},   {L"abc", "0"}, {L"", "0"},
+      {Null{}, "0"}, {3, "3"},         {L"1.5", "1.5"}, {L"1,5", "1"}, {L"-2", "-2"},
+  };
+  for (const auto& [stored, asked] : kTypes) {
+    const std::string calls =
+        Scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(2, stored)}, L"Descrição")).Run();
+    EXPECT_NE(calls.find("\nObject2.Call(ObtemDescricao, " + asked + ") -> \"Descrição\"\n"), std::string::npos)
+        << calls;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Codes, COperadorRptTypeTest,
-                         testing::Values(TypeCode{L"12", "12"}, TypeCode{L"12abc", "12"}, TypeCode{L" 7 ", "7"},
-                                         TypeCode{L"abc", "0"}, TypeCode{L"", "0"}, TypeCode{Null{}, "0"},
-                                         TypeCode{3, "3"}, TypeCode{L"1.5", "1.5"}, TypeCode{L"1,5", "1"},
-                                         TypeCode{L"-2", "-2"}));
 
 TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
   struct Types final : AutomationObject {
@@ -223,7 +214,7 @@ TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
       return L"Arquivista";
     }
   };
-  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) {
+  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     Having({kAna})(around);
     around.RegisterMaker(L"KodraBsnV3.ObtedorDeTiposOperadores", L"Tipos",
                          [](const std::wstring&) { return std::make_shared<Types>(); });
@@ -234,7 +225,7 @@ TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
 TEST(COperadorRptTest, TakesTextsOfTheFullSizeOfAField) {
   const std::wstring full(255, L'x');
   for (const std::size_t column : {0, 1, 3, 4, 5, 7}) {
-    Scene scene(Report(), DatabaseOf(2), Having({AnaWith(column, full)}));
+    Scene scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, full)}));
     scene.Prepare();
     const frame::ReportRows rows = scene.Call();
     ASSERT_NE(rows, nullptr);
@@ -257,7 +248,7 @@ TEST(COperadorRptTest, WritesANumberOfAnyAutomationTypeWithItsDigits) {
   };
   for (const auto& [stored, written] : cases) {
     for (const std::size_t column : {0, 1, 3, 4, 5, 7}) {
-      Scene scene(Report(), DatabaseOf(2), Having({AnaWith(column, stored)}));
+      Scene scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, stored)}));
       scene.Prepare();
       const frame::ReportRows rows = scene.Call();
       ASSERT_NE(rows, nullptr);
@@ -270,62 +261,54 @@ TEST(COperadorRptTest, FailsWhileFillingForATextLongerThanItsField) {
   const std::wstring tooLong(256, L'x');
   const Raised expected = FailedStep(kFilling, "A operação em várias etapas gerou erros");
   for (const std::size_t column : {0, 1, 3, 4, 5, 7})
-    EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({AnaWith(column, tooLong)})).RunRaising(), expected) << column;
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kAna}, tooLong)).RunRaising(), expected);
+    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, tooLong)})).RunRaising(), expected)
+        << column;
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kAna}, tooLong)).RunRaising(), expected);
 }
 
 TEST(COperadorRptTest, RefusesATypeWithoutDescription) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kAna}, Null{})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kAna}, Null{})).RunRaising(),
             FailedStep(kFilling, "Uso de 'Null' inválido"));
 }
 
 TEST(COperadorRptTest, RefusesATypeNumberThatNoDoubleHolds) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({AnaWith(2, L"1e999")})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(2, L"1e999")})).RunRaising(),
             FailedStep(kFilling, "Estouro"));
 }
 
 TEST(COperadorRptTest, NamesNoStepForWhatFailsBeforeTheDatabase) {
-  const auto raised = [](const std::wstring& connectionString, bool withParameters) {
-    FakeSurroundings around;
-    const ObjectRef parameters = withParameters ? around.NewObject(L"Parametros", {}) : nullptr;
-    frame::ReportObject report(L"COperadorRpt", around);
-    report.SetStringConexao(connectionString);
-    return RaisedBy(
-        [&] { frame::Run(report, L"RelatorioOperadores", &COperadorRpt::RelatorioOperadores, parameters.get()); });
-  };
-  EXPECT_EQ(raised(L"", true), FailedStep("", R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(raised(L"", false), FailedStep("", R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(raised(L"Provider=Outro", false), FailedStep("", "Objeto não definido."));
-  EXPECT_EQ(raised(L"Provider=Outro", true), FailedStep("", "O componente ActiveX não pode criar o objeto"));
+  CheckInputsNeeded(Report(), [](const std::string&, const std::string& cause) { return FailedStep("", cause); });
 }
 
 TEST(COperadorRptTest, NamesTheDatabaseForWhatFailsThere) {
-  Scene scene(Report(), DatabaseOf(1), Having({kAna}));
+  Scene scene(Report(), DatabaseOf(tbOracle), Having({kAna}));
   scene.Prepare();
-  scene.Around().ado.nativeErrors = {942};
-  scene.Around().journal.FailOn(L"Recordset1.Open",
-                                Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
+  scene.around.ado.nativeErrors = {942};
+  scene.around.journal.FailOn(L"Recordset1.Open",
+                              Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }), FailedStep(kReading, "[OraOLEDB]: A tabela ou view não existe [N:942]"));
 }
 
 TEST(COperadorRptTest, NamesTheDatabaseForAFileThatIsNotThere) {
-  Scene scene(Report(), DatabaseOf(7), Having({kAna}));
+  Scene scene(Report(), DatabaseOf(tbSQLite), Having({kAna}));
   scene.Prepare();
-  scene.Around().files.clear();
+  scene.around.files.clear();
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
             FailedStep(kReading,
                        R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
 
 TEST(COperadorRptTest, NamesTheDatabaseForAColumnThatItDoesNotGive) {
-  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) {
+  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.ado.results = {Rows{{L"DESCR_OPERADOR"}, {}}};
   });
   EXPECT_EQ(scene.RunRaising(), FailedStep(kReading, "O item não foi encontrado na coleção"));
 }
 
 TEST(COperadorRptTest, NamesTheFillingForASiblingThatIsNotThere) {
-  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) { around.ado.results = {Rows{kColumns, {kAna}}}; });
+  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
+    around.ado.results = {Rows{kColumns, {kAna}}};
+  });
   EXPECT_EQ(scene.RunRaising(), FailedStep(kFilling, "O componente ActiveX não pode criar o objeto"));
 }
 
@@ -338,14 +321,12 @@ std::string StepOf(const FailedCall& failed) {
 }
 
 TEST(COperadorRptTest, OutlivesTheFailureOfAnyCall) {
-  const Outcome outcome = [](const Scene&, const FailedCall& failed, const Mishap& mishap) {
-    return IsIgnored(failed.call) ? NothingRaised() : FailedStep(StepOf(failed), Caught(failed, mishap));
+  const Outcome outcome = [](const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
+    return IsIgnored(failed.call) ? NothingRaised() : FailedStep(StepOf(failed), Caught(scene, failed, mishap));
   };
-  for (const Database& database : Databases()) {
-    Scene scene(Report(), database, Having({kAna, kBeto}));
-    CheckEachCallFailing(scene, outcome);
-  }
-  Scene empty(Report(), DatabaseOf(2), Having({}));
+  CheckFailures(Report(), kEveryCode, Having({kAna, kBeto}), outcome);
+  Scene empty(Report(), DatabaseOf(tbSQLServer), Having({}));
+  empty.hasRows = false;
   CheckEachCallFailing(empty, outcome);
 }
 

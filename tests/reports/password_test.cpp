@@ -9,6 +9,7 @@
 #include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
+#include "tests/reports/databases.h"
 #include "tests/secret.h"
 
 namespace kodra::reports {
@@ -36,7 +37,7 @@ std::vector<std::wstring> Spellings() {
 class Machine {
  public:
   Machine() {
-    around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
+    around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLServer}}});
     around.Register(L"KodraBsnV3.ModulosBsn", {{L"NumCxSubordinadaSQL", {L"s.COD7"}}});
     around.Register(L"KodraBsnV3.ModulosFiltro", {});
     around.Register(L"KodraBsnV3.ObtedorDeModulos",
@@ -117,7 +118,7 @@ TEST(Password, IsThreeAsterisksInWhatTheModulesSayAndLog) {
   const ReportMethod& dividers = *FindReportMethod(L"CCaixaRpt", L"EtiquetaDivisoria");
   // The making of the connection component.
   EXPECT_EQ(machine.Run(dividers, L"PWD=" + kSecret, 1),
-            (Raised{kErrBase + 8107, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
+            (Raised{frame::kReportError, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
                     "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
                     "Application=b recusada"}));
   EXPECT_EQ(
@@ -179,11 +180,11 @@ TEST(Password, IsHiddenInNoModuleCodeOfAnError) {
 
 TEST(Password, IsHiddenInNoDatabaseCode) {
   Machine machine;
-  machine.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {4}}});
+  machine.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbOther4}}});
   const ReportMethod& vencidos = *FindReportMethod(L"CCaixaRpt", L"ModulosVencidos");
   frame::ParameterObject modules(frame::ParameterClassNamed(L"CCaixaRptObj"));
   EXPECT_EQ(recorder::RaisedBy([&] { vencidos.call(machine.around, L"Provider=x;Password=banco", &modules); }),
-            (Raised{kErrBase + 8107, "TradutorSQL.SQLToInt",
+            (Raised{frame::kReportError, "TradutorSQL.SQLToInt",
                     "Erro ao gerar dados para o relatório: Não há entrada para o banco tipo 4"}));
 }
 

@@ -2,56 +2,43 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <new>
 #include <stdexcept>
+
+#include "frame/parameter_object.h"
 
 namespace kodra::reports {
 namespace {
 
 using recorder::Failure;
+using recorder::Framed;
+using recorder::kInternalError;
+using recorder::kOutOfMemory;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Utf8;
-
-std::vector<Mishap> Mishaps() {
-  return {
-      {Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
-      {Failure(std::bad_alloc()), "KodraRpt", "Memória insuficiente"},
-      {Failure(std::runtime_error("unexpected")), "KodraRpt", "Erro interno"},
-  };
-}
-
-bool StartsWithAny(std::string_view call, std::initializer_list<std::string_view> starts) {
-  return std::any_of(starts.begin(), starts.end(), [&](std::string_view start) { return call.starts_with(start); });
-}
-
-std::size_t CountOf(std::string_view text, std::string_view sought) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(sought); at != std::string_view::npos; at = text.find(sought, at + 1)) ++count;
-  return count;
-}
+using recorder::Wide;
 
 bool OpensConnection(std::string_view call) {
   return StartsWithAny(call, {"SetEnvironment(", "FileLength(", "NewConnection(", "Connection"});
 }
 
-// Whether a recordset call belongs to the opening of rows: each connection has one recordset of its own.
+// Whether a recordset call belongs to the opening of rows: their recordset is made as soon as the connection is open.
 bool OpensRows(const FailedCall& failed) {
-  const bool unfinished = CountOf(failed.before, "NewConnection()") > CountOf(failed.before, "NewRecordset()");
-  if (failed.call == "NewRecordset()") return unfinished;
+  const std::size_t lastLine = failed.before.rfind('\n', failed.before.size() - 2) + 1;
+  if (failed.call == "NewRecordset()") return failed.before.substr(lastLine).starts_with("Connection");
   if (!failed.call.starts_with("Recordset")) return false;
   return failed.call.find(".SetC") != std::string::npos || failed.call.find(".Open(\"") != std::string::npos;
 }
 
-// Calls with the mishap at that call, and checks what came of it. Gives whether there was such a call.
+// Calls with the mishap at that call, and checks what came of it. Returns whether there was such a call.
 bool CheckCallFailing(Scene& scene, int number, const Mishap& mishap, const Outcome& outcome) {
-  recorder::Journal& journal = scene.Around().journal;
+  recorder::Journal& journal = scene.around.journal;
   scene.Prepare();
   const int alive = journal.LiveObjects();
   journal.FailAt(number, mishap.exception);
-  scene.Around().ado.nativeErrors = {942};
-  const Raised raised = RaisedBy([&] { scene.Call(); });
+  scene.around.ado.nativeErrors = {942};
+  const Raised raised = RaisedBy([&] { EXPECT_EQ(scene.Call() != nullptr, scene.hasRows); });
   const std::string call = Utf8(journal.FailedCall());
   SCOPED_TRACE(call);
   if (call.empty()) return false;
@@ -64,52 +51,59 @@ bool CheckCallFailing(Scene& scene, int number, const Mishap& mishap, const Outc
 
 }  // namespace
 
-Scene::Scene(const Subject& subject, const Database& database, Preparation prepare)
-    : stage_(subject, database), name_(subject.name), prepare_(std::move(prepare)) {}
-
-void Scene::Prepare() {
-  Around().ado = {};
-  if (prepare_) prepare_(Around());
-  Around().journal.Forget();
+Scene::Scene(Subject subject, const Database& database, Preparation prepare)
+    : subject_(std::move(subject)),
+      prepare_(std::move(prepare)),
+      parameters_(around.NewObject(L"Parametros", subject_.parameters)),
+      call_(subject_.make(around, Wide(database.connectionString))) {
+  Install(database, around);
 }
 
-std::string Scene::Run() {
+void Scene::Prepare() {
+  around.ado = {};
+  if (prepare_) prepare_(around);
+  around.journal.Forget();
+}
+
+std::string Scene::Run() { return RunWith(parameters_.get()); }
+
+std::string Scene::RunWithOwn(const Parameters& values) {
+  const std::string className = subject_.name.substr(0, subject_.name.find("::"));
+  frame::ParameterObject own(frame::ParameterClassNamed(Wide(className + "Obj")));
+  for (const auto& [property, value] : values) own.Let(property, value);
+  return RunWith(&own);
+}
+
+std::string Scene::RunWith(AutomationObject* parameters) {
   Prepare();
-  const int alive = Around().journal.LiveObjects();
-  EXPECT_EQ(RaisedBy([&] { Call(); }), NothingRaised());
-  EXPECT_EQ(Around().journal.LiveObjects(), alive);
-  return Around().journal.Calls();
+  const int alive = around.journal.LiveObjects();
+  EXPECT_EQ(RaisedBy([&] { EXPECT_EQ(call_(parameters) != nullptr, hasRows); }), NothingRaised());
+  EXPECT_EQ(around.journal.LiveObjects(), alive);
+  return around.journal.Calls();
 }
 
 Raised Scene::RunRaising() {
   Prepare();
-  const int alive = Around().journal.LiveObjects();
+  const int alive = around.journal.LiveObjects();
   Raised raised = RaisedBy([&] { Call(); });
-  EXPECT_EQ(Around().journal.LiveObjects(), alive);
+  EXPECT_EQ(around.journal.LiveObjects(), alive);
   return raised;
 }
 
-void CheckEachCallFailing(Scene& scene, const Outcome& outcome) {
-  const std::string undisturbed = scene.Run();
-  const int calls = scene.Around().journal.CallCount();
-  ASSERT_GT(calls, 0);
-  for (const Mishap& mishap : Mishaps()) {
-    SCOPED_TRACE(mishap.text);
-    for (int number = 1; number <= calls; ++number) {
-      ASSERT_TRUE(CheckCallFailing(scene, number, mishap, outcome)) << number;
-      ASSERT_EQ(scene.Run(), undisturbed);
-    }
-  }
+const std::vector<Mishap>& Mishaps() {
+  static const std::vector<Mishap> mishaps = {
+      {Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), {-2147220000, "Prova.Fonte", "Falha provocada"}},
+      {Failure(std::bad_alloc()), kOutOfMemory},
+      {Failure(std::runtime_error("unexpected")), kInternalError},
+  };
+  return mishaps;
 }
 
-std::string Caught(const FailedCall& failed, const Mishap& mishap) {
-  const std::string layered = "[" + mishap.source + "]: " + mishap.text;
-  if (OpensConnection(failed.call)) return "[modADO.AbreCn]: " + layered;
-  return OpensRows(failed) ? layered + " [N:942]" : mishap.text;
-}
-
-Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  return IsIgnored(failed.call) ? NothingRaised() : recorder::Framed(scene.Name(), Caught(failed, mishap));
+std::string Caught(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
+  const bool firehose = scene.Tested().firehose;
+  const std::string layered = "[" + mishap.caught.source + "]: " + mishap.caught.description;
+  if (OpensConnection(failed.call)) return firehose ? "[modADO.AbreCn]: " + layered : layered;
+  return firehose && OpensRows(failed) ? layered + " [N:942]" : mishap.caught.description;
 }
 
 bool IsIgnored(std::string_view call) {
@@ -119,39 +113,104 @@ bool IsIgnored(std::string_view call) {
                                  "Connection1.Execute(",
                                  "Connection2.State(",
                                  "Connection2.Execute(",
+                                 // detaching a command whose rows are already at the client
+                                 "Command1.HasActiveConnection(",
+                                 "Command1.SetActiveConnection(Nothing)",
                              });
+}
+
+Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
+  return IsIgnored(failed.call) ? NothingRaised() : Framed(scene.Tested().name, Caught(scene, failed, mishap));
 }
 
 Raised NothingRaised() {
   return RaisedBy([] {});
 }
 
-std::vector<std::string> OpeningRows(const Database& database, std::string_view statement, int connection,
-                                     int recordset) {
-  const std::string opened = "Connection" + std::to_string(connection);
-  const std::string rows = "Recordset" + std::to_string(recordset);
-  std::vector<std::string> lines = OpeningLines(database);
-  for (std::string& line : lines)
-    for (std::size_t at = line.find("Connection1"); at != std::string::npos; at = line.find("Connection1", at + 1))
-      line.replace(at, std::string_view("Connection1").size(), opened);
-  Append(lines, {
-                    "NewRecordset() -> " + rows,
-                    rows + ".SetCursorLocation(2)",
-                    rows + ".SetCacheSize(100)",
-                    rows + ".Open(\"" + std::string(statement) + "\", " + opened + ", 0, 1, 1)",
-                    "~" + opened,
-                });
-  return lines;
+void CheckEachCallFailing(Scene& scene, const Outcome& outcome) {
+  const std::string undisturbed = scene.Run();
+  const int calls = scene.around.journal.CallCount();
+  ASSERT_GT(calls, 0);
+  for (const Mishap& mishap : Mishaps()) {
+    SCOPED_TRACE(mishap.caught.description);
+    for (int number = 1; number <= calls; ++number) {
+      ASSERT_TRUE(CheckCallFailing(scene, number, mishap, outcome)) << number;
+      ASSERT_EQ(scene.Run(), undisturbed);
+    }
+  }
 }
 
-std::string Joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\n";
-  return text;
+void CheckFailures(const Subject& subject, std::span<const std::int32_t> codes, const Preparation& prepare,
+                   const Outcome& outcome) {
+  for (const std::int32_t code : codes) {
+    SCOPED_TRACE(code);
+    Scene scene(subject, DatabaseOf(code), prepare);
+    CheckEachCallFailing(scene, outcome);
+  }
 }
 
-void Append(std::vector<std::string>& lines, const std::vector<std::string>& more) {
-  lines.insert(lines.end(), more.begin(), more.end());
+void CheckListing(const Database& database, const Subject& subject, std::string_view statement, const CallLines& before,
+                  const Preparation& prepare) {
+  EXPECT_EQ(Scene(subject, database, prepare).Run(), ListingCalls(database, statement, before));
+}
+
+void CheckListing(const Subject& subject, std::string_view statement, const CallLines& before) {
+  for (const Database& database : Databases()) CheckListing(database, subject, statement, before);
+}
+
+void CheckDialectNeeded(const Subject& subject, const CallLines& before, const Preparation& prepare) {
+  Scene scene(subject, DatabaseOf(tbOther4), prepare);
+  EXPECT_EQ(scene.RunRaising(), Framed(subject.name, "Não há entrada para o banco tipo 4"));
+  EXPECT_EQ(scene.around.journal.Calls(), All({InitialisationLines(DatabaseOf(tbOther4)), before}));
+}
+
+void CheckPropertiesNeeded(const Subject& subject, const Preparation& prepare) {
+  ASSERT_FALSE(subject.parameters.empty());
+  for (const auto& [property, answers] : subject.parameters) {
+    Subject without = subject;
+    without.parameters.erase(property);
+    EXPECT_EQ(Scene(without, DatabaseOf(tbSQLServer), prepare).RunRaising(),
+              Framed(subject.name, "O objeto de parâmetros não tem a propriedade " + Quoted(Utf8(property)) + "."));
+  }
+}
+
+void CheckInputsNeeded(const Subject& subject, const Frame& frame) {
+  struct Inputs {
+    const wchar_t* connectionString;
+    bool parameters;
+    const char* cause;
+  };
+  const Inputs kInputs[] = {
+      {L"", true, R"(É preciso definir a propriedade "StringConexao".)"},
+      {L"", false, R"(É preciso definir a propriedade "StringConexao".)"},
+      {L"Provider=Outro", false, "Objeto não definido."},
+      {L"Provider=Outro", true, "O componente ActiveX não pode criar o objeto"},
+  };
+  for (const auto& [connectionString, hasParameters, cause] : kInputs) {
+    recorder::FakeSurroundings around;
+    const ObjectRef parameters = hasParameters ? around.NewObject(L"Parametros", subject.parameters) : ObjectRef{};
+    const Report call = subject.make(around, connectionString);
+    EXPECT_EQ(RaisedBy([&] { call(parameters.get()); }), frame(subject.name, cause));
+  }
+}
+
+void CheckFrame(const Subject& subject) {
+  CheckInputsNeeded(subject);
+
+  Database missing = DatabaseOf(tbSQLite);
+  missing.connectionString = "Driver=SQLite3;Database=nada.db";
+  EXPECT_EQ(Scene(subject, missing).RunRaising(),
+            Framed(subject.name, std::string(subject.firehose ? "[modADO.AbreCn]: " : "") +
+                                     R"([modADO::PreAbreCn]: Banco de dados "nada.db" não encontrado.)"));
+
+  Scene refused(subject, DatabaseOf(tbOracle));
+  refused.Prepare();
+  refused.around.ado.nativeErrors = {942};
+  refused.around.journal.FailOn(L"Recordset1.Open",
+                                Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
+  EXPECT_EQ(RaisedBy([&] { refused.Call(); }),
+            Framed(subject.name, subject.firehose ? "[OraOLEDB]: A tabela ou view não existe [N:942]"
+                                                  : "A tabela ou view não existe"));
 }
 
 }  // namespace kodra::reports

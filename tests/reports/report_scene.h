@@ -1,53 +1,100 @@
 // A report call with everything around it: the database, what its siblings answer and the rows that it reads, the same
-// at every call. Where a report asks only for a listing, listing_checks.h has all that its test needs.
+// at every call.
 //
-//   Scene scene(SubjectOf("CLogRpt::RelatorioLog", &CLogRpt::RelatorioLog), DatabaseOf(2), RegisterEventLog);
+//   Scene scene(SubjectOf("CLogRpt::RelatorioLog", &CLogRpt::RelatorioLog), DatabaseOf(tbSQLServer), RegisterEventLog);
 //   EXPECT_EQ(scene.Run(), …);
-//   CheckEachCallFailing(scene, Outcome);
+//   CheckEachCallFailing(scene, FramedOutcome);
 #pragma once
 
 #include <exception>
 #include <functional>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
-#include "tests/reports/listing_checks.h"
+#include "tests/reports/databases.h"
 
 namespace kodra::reports {
+
+// A report object's method, ready to be called.
+using Report = std::function<frame::ReportRows(AutomationObject*)>;
+
+// A report method under test.
+struct Subject {
+  // "CDeptoRpt::RelatorioDeptos"
+  std::string name;
+  // What the client's parameter object ("Parametros" in the journal) answers.
+  recorder::Answers parameters;
+  // Makes a report object with a connection string.
+  std::function<Report(platform::Surroundings&, const std::wstring&)> make;
+  // Whether it opens its rows by AbreFirehoseRs, which adds a layer to what fails there.
+  bool firehose = true;
+};
+
+// The name is "<Class>::<method>".
+template <class Call>
+Subject SubjectOf(std::string name, frame::ReportRows (*report)(Call&), recorder::Answers parameters = {}) {
+  const auto make = [name, report](platform::Surroundings& around, const std::wstring& connectionString) -> Report {
+    const std::size_t colons = name.find("::");
+    // The object and its calls look into the names, which live as long as it.
+    const auto className = std::make_shared<std::wstring>(name.begin(), name.begin() + colons);
+    const auto method = std::make_shared<std::wstring>(name.begin() + colons + 2, name.end());
+    const auto object = std::make_shared<typename Call::Object>(*className, around);
+    object->SetStringConexao(connectionString);
+    return [=, className = className](AutomationObject* obj) { return frame::Run(*object, *method, report, obj); };
+  };
+  return {std::move(name), std::move(parameters), make};
+}
+
+// Values of a parameter object by name.
+using Parameters = std::vector<std::pair<std::wstring, Value>>;
 
 // Says what siblings and recordsets will answer in the next call.
 using Preparation = std::function<void(recorder::FakeSurroundings&)>;
 
 class Scene {
  public:
-  Scene(const Subject& subject, const Database& database, Preparation prepare = {});
+  Scene(Subject subject, const Database& database, Preparation prepare = {});
 
   // Prepares a call and starts a new journal.
   void Prepare();
-  frame::ReportRows Call() { return stage_.Call(); }
-  // Prepares, calls once, drops the rows and gives all calls; expects that nothing of the call is left.
+  // Calls with the client's parameter object.
+  frame::ReportRows Call() { return call_(parameters_.get()); }
+  // Prepares, calls once, drops the rows and returns all calls; expects that nothing of the call is left.
   std::string Run();
-  // The same for a call that fails: gives what it raised.
+  // The same with a parameter object of the component's own, which leaves no lines: a new one with those values.
+  std::string RunWithOwn(const Parameters& values);
+  // The same for a call that fails: returns what it raised.
   recorder::Raised RunRaising();
 
-  recorder::FakeSurroundings& Around() { return stage_.around; }
-  const std::string& Name() const { return name_; }
+  const Subject& Tested() const { return subject_; }
+
+  recorder::FakeSurroundings around;
+  // Whether Run and RunWithOwn expect rows, or Nothing.
+  bool hasRows = true;
 
  private:
-  Stage stage_;
-  std::string name_;
+  std::string RunWith(AutomationObject* parameters);
+
+  Subject subject_;
   Preparation prepare_;
+  ObjectRef parameters_;
+  Report call_;
 };
 
-// A way for a call to fail, with its source and description when it is caught.
+// A way for a call to fail, and the error that the component makes of it.
 struct Mishap {
   std::exception_ptr exception;
-  std::string source;
-  std::string text;
+  recorder::Raised caught;
 };
+// An error, exhausted memory and an exception of no known type.
+const std::vector<Mishap>& Mishaps();
 
 // A call that a mishap met.
 struct FailedCall {
@@ -59,31 +106,37 @@ struct FailedCall {
 // What reaches the client when that mishap meets that call.
 using Outcome = std::function<recorder::Raised(const Scene&, const FailedCall&, const Mishap&)>;
 
-// Makes each call of a scene fail in turn, by an error, by exhausted memory and by an exception of no known type.
-// Expects that outcome, nothing left alive, and the undisturbed calls at the next call of the same object.
-void CheckEachCallFailing(Scene& scene, const Outcome& outcome);
-
 // The description of a mishap at the report method, with the layers of the functions that it passed on its way: those
 // that open a connection, and those that open rows on it. The provider's native code is 942.
-std::string Caught(const FailedCall& failed, const Mishap& mishap);
-
-// A mishap in the frame that all reports but one share, and nothing for the calls whose failure is ignored.
-recorder::Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap);
-
+std::string Caught(const Scene& scene, const FailedCall& failed, const Mishap& mishap);
 // The calls whose failure a report goes on without.
 bool IsIgnored(std::string_view call);
-
-// What RaisedBy gives for a body that raised nothing.
+// A mishap in the frame that all reports but one share, and nothing for the calls whose failure is ignored.
+recorder::Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap);
+// What RaisedBy returns for a body that raised nothing.
 recorder::Raised NothingRaised();
 
-// The calls of AbreFirehoseRs that open a statement, without the ends of its objects: the connection and the recordset
-// have those numbers.
-std::vector<std::string> OpeningRows(const Database& database, std::string_view statement, int connection,
-                                     int recordset);
+// Makes each call of a scene fail in turn, by every mishap. Expects that outcome, nothing left alive, and the
+// undisturbed calls at the next call of the same object.
+void CheckEachCallFailing(Scene& scene, const Outcome& outcome);
+// The same on databases of those codes.
+void CheckFailures(const Subject& subject, std::span<const std::int32_t> codes = kEveryCode,
+                   const Preparation& prepare = {}, const Outcome& outcome = FramedOutcome);
 
-// The lines as a journal gives them.
-std::string Joined(const std::vector<std::string>& lines);
-// Puts lines behind others.
-void Append(std::vector<std::string>& lines, const std::vector<std::string>& more);
+// Expects all calls of a report that makes those calls before it connects, and opens that statement by AbreFirehoseRs:
+// on one database, and on every database.
+void CheckListing(const Database& database, const Subject& subject, std::string_view statement,
+                  const CallLines& before = {}, const Preparation& prepare = {});
+void CheckListing(const Subject& subject, std::string_view statement, const CallLines& before = {});
+
+// Expects the refusal of a database without dialect after those calls, before any that connects.
+void CheckDialectNeeded(const Subject& subject, const CallLines& before, const Preparation& prepare = {});
+// Expects an error that names the property for each property that the client's parameter object does not have.
+void CheckPropertiesNeeded(const Subject& subject, const Preparation& prepare = {});
+// Expects the frame around the cause for each missing input, and for a connection component that is not there.
+using Frame = std::function<recorder::Raised(const std::string& name, const std::string& cause)>;
+void CheckInputsNeeded(const Subject& subject, const Frame& frame = recorder::Framed);
+// The same, and the frame for a missing SQLite file and an error of the provider.
+void CheckFrame(const Subject& subject);
 
 }  // namespace kodra::reports

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/parameter_object.h"
 #include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
@@ -11,14 +10,13 @@ namespace {
 
 using recorder::Failure;
 using recorder::Framed;
-using recorder::Lines;
 using recorder::RaisedBy;
 
 constexpr Date kNoDate = {0};
 constexpr Date k1March2024 = {45352};
 constexpr Date k31March2024 = {45382};
 
-// A listing: its method, and its statement up to where the filters stand.
+// A listing: its method, and its statement up to the filters.
 struct Listing {
   const char* method;
   frame::ReportRows (*call)(Call&);
@@ -63,10 +61,10 @@ Subject Report(const Listing& listing, const Value& first, const Value& last, co
 }
 
 // The reads of a period between those two days, and of a department; without a period its first day is not read.
-std::vector<std::string> Reads(const std::string& first, const std::string& last, const std::string& depto) {
-  std::vector<std::string> reads = {"Parametros.Get(DataArmazenamento2) -> Date(" + last + ")"};
+CallLines Reads(const std::string& first, const std::string& last, const std::string& depto) {
+  CallLines reads = {"Parametros.Get(DataArmazenamento2) -> Date(" + last + ")"};
   if (!first.empty()) reads.push_back("Parametros.Get(DataArmazenamento1) -> Date(" + first + ")");
-  reads.push_back("Parametros.Get(CodDepto) -> \"" + depto + "\"");
+  reads.push_back("Parametros.Get(CodDepto) -> " + Quoted(depto));
   return reads;
 }
 
@@ -76,12 +74,12 @@ struct March {
   const char* condition;
 };
 constexpr March kMarches[] = {
-    {1, " AND d.DT_ARMAZ BETWEEN TO_DATE('2024/03/01','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
-    {2, " AND d.DT_ARMAZ BETWEEN '20240301' AND '20240331'"},
-    {3, " AND d.DT_ARMAZ BETWEEN STR_TO_DATE('2024/03/01','%Y/%m/%d') AND STR_TO_DATE('2024/03/31','%Y/%m/%d')"},
-    {5, " AND d.DT_ARMAZ BETWEEN TO_DATE('2024/03/01','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
-    {6, " AND d.DT_ARMAZ BETWEEN TO_DATE('2024/03/01','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
-    {7,
+    {tbOracle, " AND d.DT_ARMAZ BETWEEN TO_DATE('2024/03/01','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
+    {tbSQLServer, " AND d.DT_ARMAZ BETWEEN '20240301' AND '20240331'"},
+    {tbMySQL, " AND d.DT_ARMAZ BETWEEN STR_TO_DATE('2024/03/01','%Y/%m/%d') AND STR_TO_DATE('2024/03/31','%Y/%m/%d')"},
+    {tbOracleAlt, " AND d.DT_ARMAZ BETWEEN TO_DATE('2024/03/01','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
+    {tbDB2, " AND d.DT_ARMAZ BETWEEN TO_DATE('2024/03/01','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
+    {tbSQLite,
      " AND d.DT_ARMAZ BETWEEN strftime('%Y-%m-%d',2024-03-01 00:00:00) AND "
      "strftime('%Y-%m-%d',2024-03-31 23:59:59)"},
 };
@@ -92,104 +90,87 @@ INSTANTIATE_TEST_SUITE_P(Listings, CDocumentoRptTest, testing::Values(kSintetico
                          [](const auto& instance) { return instance.param.method; });
 
 TEST_P(CDocumentoRptTest, ListsEverythingAlikeOnEveryDatabase) {
-  for (const Database& database : Databases())
-    EXPECT_EQ(Stage(Report(GetParam(), kNoDate, kNoDate, L""), database).Run(),
-              ListingCalls(database, Statement(GetParam(), ""), Reads("", "0", "")));
+  CheckListing(Report(GetParam(), kNoDate, kNoDate, L""), Statement(GetParam(), ""), Reads("", "0", ""));
 }
 
 TEST_P(CDocumentoRptTest, ListsADepartmentAlikeOnEveryDatabase) {
-  for (const Database& database : Databases())
-    EXPECT_EQ(Stage(Report(GetParam(), kNoDate, kNoDate, L"D01"), database).Run(),
-              ListingCalls(database, Statement(GetParam(), " AND d.COD_DEPTO = 'D01'"), Reads("", "0", "D01")));
+  CheckListing(Report(GetParam(), kNoDate, kNoDate, L"D01"), Statement(GetParam(), " AND d.COD_DEPTO = 'D01'"),
+               Reads("", "0", "D01"));
 }
 
 TEST_P(CDocumentoRptTest, ListsAPeriodInTheWordsOfEachDatabase) {
   for (const auto& [code, condition] : kMarches)
-    EXPECT_EQ(Stage(Report(GetParam(), k1March2024, k31March2024, L""), DatabaseOf(code)).Run(),
-              ListingCalls(DatabaseOf(code), Statement(GetParam(), condition), Reads("45352", "45382", "")));
+    CheckListing(DatabaseOf(code), Report(GetParam(), k1March2024, k31March2024, L""), Statement(GetParam(), condition),
+                 Reads("45352", "45382", ""));
 }
 
 TEST_P(CDocumentoRptTest, ListsADepartmentInAPeriodInTheWordsOfEachDatabase) {
   for (const auto& [code, condition] : kMarches)
-    EXPECT_EQ(Stage(Report(GetParam(), k1March2024, k31March2024, L"D01"), DatabaseOf(code)).Run(),
-              ListingCalls(DatabaseOf(code), Statement(GetParam(), std::string(condition) + " AND d.COD_DEPTO = 'D01'"),
-                           Reads("45352", "45382", "D01")));
+    CheckListing(DatabaseOf(code), Report(GetParam(), k1March2024, k31March2024, L"D01"),
+                 Statement(GetParam(), std::string(condition) + " AND d.COD_DEPTO = 'D01'"),
+                 Reads("45352", "45382", "D01"));
 }
 
 TEST_P(CDocumentoRptTest, RefusesAPeriodOnADatabaseWithoutDialectBeforeItConnects) {
-  Scene scene(Report(GetParam(), k1March2024, k31March2024, L""), DatabaseOf(4));
-  EXPECT_EQ(scene.RunRaising(), Framed(scene.Name(), "Não há entrada para o banco tipo 4"));
-  EXPECT_EQ(scene.Around().journal.Calls(), Lines({
-                                                R"(CreateObject("KodraConexao.StrCon") -> Object1)",
-                                                R"(Object1.Let(StrCon, "Provider=Outro"))",
-                                                "Object1.Get(TipoBanco) -> 4",
-                                                "~Object1",
-                                                "Parametros.Get(DataArmazenamento2) -> Date(45382)",
-                                                "Parametros.Get(DataArmazenamento1) -> Date(45352)",
-                                            }));
+  CheckDialectNeeded(
+      Report(GetParam(), k1March2024, k31March2024, L""),
+      {"Parametros.Get(DataArmazenamento2) -> Date(45382)", "Parametros.Get(DataArmazenamento1) -> Date(45352)"});
 }
 
 TEST_P(CDocumentoRptTest, FiltersNoPeriodByItsFirstDayAlone) {
-  EXPECT_EQ(Stage(Report(GetParam(), k1March2024, kNoDate, L""), DatabaseOf(2)).Run(),
-            ListingCalls(DatabaseOf(2), Statement(GetParam(), ""), Reads("", "0", "")));
+  CheckListing(DatabaseOf(tbSQLServer), Report(GetParam(), k1March2024, kNoDate, L""), Statement(GetParam(), ""),
+               Reads("", "0", ""));
 }
 
 TEST_P(CDocumentoRptTest, StartsAPeriodWithoutFirstDayAtTheZeroDate) {
   const std::pair<std::int32_t, const char*> kConditions[] = {
-      {1, " AND d.DT_ARMAZ BETWEEN TO_DATE('1899/12/30','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
-      {2, " AND d.DT_ARMAZ BETWEEN '18991230' AND '20240331'"},
-      {3, " AND d.DT_ARMAZ BETWEEN STR_TO_DATE('1899/12/30','%Y/%m/%d') AND STR_TO_DATE('2024/03/31','%Y/%m/%d')"},
-      {6, " AND d.DT_ARMAZ BETWEEN TO_DATE('1899/12/30','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
-      {7,
+      {tbOracle, " AND d.DT_ARMAZ BETWEEN TO_DATE('1899/12/30','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
+      {tbSQLServer, " AND d.DT_ARMAZ BETWEEN '18991230' AND '20240331'"},
+      {tbMySQL,
+       " AND d.DT_ARMAZ BETWEEN STR_TO_DATE('1899/12/30','%Y/%m/%d') AND STR_TO_DATE('2024/03/31','%Y/%m/%d')"},
+      {tbDB2, " AND d.DT_ARMAZ BETWEEN TO_DATE('1899/12/30','YYYY/MM/DD') AND TO_DATE('2024/03/31','YYYY/MM/DD')"},
+      {tbSQLite,
        " AND d.DT_ARMAZ BETWEEN strftime('%Y-%m-%d',1899-12-30 00:00:00) AND "
        "strftime('%Y-%m-%d',2024-03-31 23:59:59)"},
   };
   for (const auto& [code, condition] : kConditions)
-    EXPECT_EQ(Stage(Report(GetParam(), kNoDate, k31March2024, L""), DatabaseOf(code)).Run(),
-              ListingCalls(DatabaseOf(code), Statement(GetParam(), condition), Reads("0", "45382", "")));
+    CheckListing(DatabaseOf(code), Report(GetParam(), kNoDate, k31March2024, L""), Statement(GetParam(), condition),
+                 Reads("0", "45382", ""));
 }
 
 TEST_P(CDocumentoRptTest, LeavesTheTimeOfDayOfThePeriodToTheTranslator) {
   for (const auto& [code, condition] : kMarches)
-    EXPECT_EQ(Stage(Report(GetParam(), Date{45352.75}, Date{45382.25}, L""), DatabaseOf(code)).Run(),
-              ListingCalls(DatabaseOf(code), Statement(GetParam(), condition), Reads("45352.8", "45382.2", "")));
+    CheckListing(DatabaseOf(code), Report(GetParam(), Date{45352.75}, Date{45382.25}, L""),
+                 Statement(GetParam(), condition), Reads("45352.8", "45382.2", ""));
 }
 
 TEST_P(CDocumentoRptTest, FiltersAPeriodUpToATimeOnTheZeroDay) {
-  EXPECT_EQ(Stage(Report(GetParam(), kNoDate, Date{0.5}, L""), DatabaseOf(2)).Run(),
-            ListingCalls(DatabaseOf(2), Statement(GetParam(), " AND d.DT_ARMAZ BETWEEN '18991230' AND '18991230'"),
-                         Reads("0", "0.5", "")));
+  CheckListing(DatabaseOf(tbSQLServer), Report(GetParam(), kNoDate, Date{0.5}, L""),
+               Statement(GetParam(), " AND d.DT_ARMAZ BETWEEN '18991230' AND '18991230'"), Reads("0", "0.5", ""));
 }
 
 TEST_P(CDocumentoRptTest, FiltersADepartmentOfOneBlank) {
-  EXPECT_EQ(Stage(Report(GetParam(), kNoDate, kNoDate, L" "), DatabaseOf(2)).Run(),
-            ListingCalls(DatabaseOf(2), Statement(GetParam(), " AND d.COD_DEPTO = ' '"), Reads("", "0", " ")));
+  CheckListing(DatabaseOf(tbSQLServer), Report(GetParam(), kNoDate, kNoDate, L" "),
+               Statement(GetParam(), " AND d.COD_DEPTO = ' '"), Reads("", "0", " "));
 }
 
 TEST_P(CDocumentoRptTest, LeavesAQuoteInTheDepartmentToTheDatabase) {
-  Scene scene(Report(GetParam(), kNoDate, kNoDate, L"O'X"), DatabaseOf(2));
-  EXPECT_EQ(scene.Run(),
-            ListingCalls(DatabaseOf(2), Statement(GetParam(), " AND d.COD_DEPTO = 'O'X'"), Reads("", "0", "O'X")));
+  Scene scene(Report(GetParam(), kNoDate, kNoDate, L"O'X"), DatabaseOf(tbSQLServer));
+  EXPECT_EQ(scene.Run(), ListingCalls(DatabaseOf(tbSQLServer), Statement(GetParam(), " AND d.COD_DEPTO = 'O'X'"),
+                                      Reads("", "0", "O'X")));
   scene.Prepare();
-  scene.Around().ado.nativeErrors = {105};
-  scene.Around().journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217900, L"SQLNCLI11", L"Aspas não fechadas")));
-  EXPECT_EQ(RaisedBy([&] { scene.Call(); }), Framed(scene.Name(), "[SQLNCLI11]: Aspas não fechadas [N:105]"));
+  scene.around.ado.nativeErrors = {105};
+  scene.around.journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217900, L"SQLNCLI11", L"Aspas não fechadas")));
+  EXPECT_EQ(RaisedBy([&] { scene.Call(); }), Framed(scene.Tested().name, "[SQLNCLI11]: Aspas não fechadas [N:105]"));
 }
 
 TEST_P(CDocumentoRptTest, ListsEverythingForANewParameterObject) {
-  Stage stage(Report(GetParam(), kNoDate, kNoDate, L""), DatabaseOf(2));
-  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CDocumentoRptObj"));
-  frame::ReportObject report(L"CDocumentoRpt", stage.around);
-  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(frame::Run(report, L"RelatorioAnalitico", GetParam().call, &parameters), nullptr);
-  EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), Statement(GetParam(), "")));
+  EXPECT_EQ(Scene(Report(GetParam(), kNoDate, kNoDate, L""), DatabaseOf(tbSQLServer)).RunWithOwn({}),
+            ListingCalls(DatabaseOf(tbSQLServer), Statement(GetParam(), "")));
 }
 
 TEST_P(CDocumentoRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  Subject report = Report(GetParam(), kNoDate, kNoDate, L"");
-  report.parameters = {{L"DataArmazenamento2", {kNoDate}}};
-  EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
-            Framed(report.name, R"(O objeto de parâmetros não tem a propriedade "CodDepto".)"));
+  CheckPropertiesNeeded(Report(GetParam(), k1March2024, k31March2024, L""));
 }
 
 TEST_P(CDocumentoRptTest, RaisesEveryErrorInItsFrame) {
@@ -198,12 +179,9 @@ TEST_P(CDocumentoRptTest, RaisesEveryErrorInItsFrame) {
 }
 
 TEST_P(CDocumentoRptTest, OutlivesTheFailureOfAnyCall) {
-  for (const std::int32_t code : {1, 2, 3, 5, 6, 7}) {
-    Scene scene(Report(GetParam(), k1March2024, k31March2024, L"D01"), DatabaseOf(code));
-    CheckEachCallFailing(scene, FramedOutcome);
-  }
-  Scene scene(Report(GetParam(), kNoDate, kNoDate, L""), DatabaseOf(4));
-  CheckEachCallFailing(scene, FramedOutcome);
+  const std::int32_t kWithoutDialect[] = {tbOther4};
+  CheckFailures(Report(GetParam(), k1March2024, k31March2024, L"D01"), kCodesWithDialect);
+  CheckFailures(Report(GetParam(), kNoDate, kNoDate, L""), kWithoutDialect);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/parameter_object.h"
 #include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
@@ -12,7 +11,6 @@ namespace {
 using recorder::Answers;
 using recorder::FakeSurroundings;
 using recorder::Framed;
-using recorder::RaisedBy;
 using recorder::Utf8;
 
 constexpr auto kName = "CLogRpt::RelatorioLog";
@@ -66,8 +64,8 @@ Preparation Finding(const std::vector<Answers>& events) {
 }
 
 // The calls that ask the event-log component, and its answer.
-std::vector<std::string> FindingLines(const Database& database, const std::string& answer) {
-  std::vector<std::string> lines = InitialisationLines(database);
+CallLines FindingLines(const Database& database, const std::string& answer) {
+  CallLines lines = InitialisationLines(database);
   Append(lines, {
                     R"(CreateObject("KodraRegEvt.RegEvtFind") -> Object2)",
                     R"(Parametros.Get(Acao) -> "excluiu")",
@@ -85,7 +83,7 @@ std::vector<std::string> FindingLines(const Database& database, const std::strin
                     R"(Parametros.Get(Evento) -> "Exclusão")",
                     R"(Object2.Let(Tipo_Evento, "EXC"))",
                     R"(CreateObject("KodraRegEvt.RegEvtDAO") -> Object3)",
-                    "Object3.Let(StringConexao, \"" + database.connectionString + "\")",
+                    "Object3.Let(StringConexao, " + Quoted(database.connectionString) + ")",
                     R"(Object3.Let(Caller, "KodraRpt.CLogRpt::RelatorioLog"))",
                     "Object3.Call(Localiza, ByRef Object2) -> " + answer,
                 });
@@ -93,11 +91,11 @@ std::vector<std::string> FindingLines(const Database& database, const std::strin
 }
 
 // The end of the reader and the filter, when nothing is read through them any more.
-const std::vector<std::string> kReleaseLines = {"~Object3", "~Object2"};
+const CallLines kReleaseLines = {"~Object3", "~Object2"};
 
 // The calls that make the output.
-std::vector<std::string> OutputLines() {
-  std::vector<std::string> lines = {
+CallLines OutputLines() {
+  CallLines lines = {
       "NewRecordset() -> Recordset1",
       R"(Recordset1.AppendField("DATA", 135, 0, -1))",
       R"(Recordset1.AppendField("HORA", 200, 8, -1))",
@@ -123,7 +121,7 @@ std::vector<std::string> OutputLines() {
 }
 
 std::string TwoEvents(const Database& database) {
-  std::vector<std::string> lines = FindingLines(database, "Eventos");
+  CallLines lines = FindingLines(database, "Eventos");
   Append(lines, OutputLines());
   Append(lines, {
                     "Eventos.Get(Count) -> 2",
@@ -162,7 +160,7 @@ std::string TwoEvents(const Database& database) {
                 });
   Append(lines, kReleaseLines);
   Append(lines, {"~Recordset1"});
-  return Joined(lines);
+  return All({lines});
 }
 
 const std::vector<Answers> kTwoEvents = {
@@ -170,7 +168,7 @@ const std::vector<Answers> kTwoEvents = {
 
 // A field of the only row that the report makes of an event.
 Value FieldOf(const std::wstring& field, const Answers& changes) {
-  Scene scene(Report(), DatabaseOf(2), Finding(std::vector{Event(changes)}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event(changes)}));
   scene.Prepare();
   return scene.Call()->FieldByName(field)->Get();
 }
@@ -216,7 +214,7 @@ class Reader final : public AutomationObject, public std::enable_shared_from_thi
 };
 
 TEST(CLogRptTest, CopiesEventsThatAreReadThroughTheFilterAndTheReader) {
-  Scene scene(Report(), DatabaseOf(2), [](FakeSurroundings& around) {
+  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.Register(L"KodraRegEvt.RegEvtFind", {});
     around.RegisterMaker(L"KodraRegEvt.RegEvtDAO", L"Leitor", [&around](const std::wstring&) {
       return std::make_shared<Reader>(around.NewObject(L"Evento", Event()));
@@ -226,8 +224,8 @@ TEST(CLogRptTest, CopiesEventsThatAreReadThroughTheFilterAndTheReader) {
   EXPECT_EQ(scene.Call()->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
 }
 
-TEST(CLogRptTest, StandsOnTheFirstEvent) {
-  Scene scene(Report(), DatabaseOf(2), Finding(kTwoEvents));
+TEST(CLogRptTest, IsOnTheFirstEvent) {
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
   scene.Prepare();
   const frame::ReportRows rows = scene.Call();
   ASSERT_NE(rows, nullptr);
@@ -238,20 +236,19 @@ TEST(CLogRptTest, StandsOnTheFirstEvent) {
   EXPECT_TRUE(rows->Eof());
 }
 
-TEST(CLogRptTest, GivesNothingWithoutACollection) {
+TEST(CLogRptTest, ReturnsNothingWithoutACollection) {
   const std::pair<Value, std::string> kAnswers[] = {{ObjectRef{}, "Nothing"}, {Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kAnswers) {
-    Scene scene(Report(), DatabaseOf(2), Finding(answer));
-    std::vector<std::string> lines = FindingLines(DatabaseOf(2), shown);
+    Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(answer));
+    scene.hasRows = false;
+    CallLines lines = FindingLines(DatabaseOf(tbSQLServer), shown);
     Append(lines, kReleaseLines);
-    EXPECT_EQ(scene.Run(), Joined(lines));
-    scene.Prepare();
-    EXPECT_EQ(scene.Call(), nullptr);
+    EXPECT_EQ(scene.Run(), All({lines}));
   }
 }
 
 TEST(CLogRptTest, RefusesACollectionThatIsNoObject) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Finding(Value(L"nada"))).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Finding(Value(L"nada"))).RunRaising(),
             Framed(kName, "O objeto é obrigatório"));
 }
 
@@ -261,19 +258,20 @@ TEST(CLogRptTest, RefusesEventsThatAreNoObjects) {
       Finding(around.NewObject(L"Eventos", {{L"Count", {1}}, {L"Item", {item}}}))(around);
     };
   };
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), collectionOf(5)).RunRaising(), Framed(kName, "O objeto é obrigatório"));
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), collectionOf(ObjectRef{})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), collectionOf(5)).RunRaising(),
+            Framed(kName, "O objeto é obrigatório"));
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), collectionOf(ObjectRef{})).RunRaising(),
             Framed(kName, "A variável do objeto ou a variável do bloco 'With' não foi definida"));
 }
 
 TEST(CLogRptTest, FailsOnTheFirstRowOfAnEmptyCollection) {
-  Scene scene(Report(), DatabaseOf(2), Finding(std::vector<Answers>{}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector<Answers>{}));
   EXPECT_EQ(scene.RunRaising(), Framed(kName, kNoRow));
-  std::vector<std::string> lines = FindingLines(DatabaseOf(2), "Eventos");
+  CallLines lines = FindingLines(DatabaseOf(tbSQLServer), "Eventos");
   Append(lines, OutputLines());
   Append(lines, {"Eventos.Get(Count) -> 0", "Recordset1.MoveFirst() raises", "~Recordset1"});
   Append(lines, kReleaseLines);
-  EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
+  EXPECT_EQ(scene.around.journal.Calls(), All({lines}));
 }
 
 struct Kind {
@@ -284,7 +282,7 @@ struct Kind {
 class CLogRptKindTest : public testing::TestWithParam<Kind> {};
 
 TEST_P(CLogRptKindTest, SeeksTheFirstThreeCharactersOfTheEventInUpperCase) {
-  const std::string calls = Scene(Report(GetParam().given), DatabaseOf(2), Finding(kTwoEvents)).Run();
+  const std::string calls = Scene(Report(GetParam().given), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).Run();
   EXPECT_NE(calls.find("\nObject2.Let(Tipo_Evento, \"" + Utf8(GetParam().sought) + "\")\n"), std::string::npos)
       << calls;
 }
@@ -295,13 +293,8 @@ INSTANTIATE_TEST_SUITE_P(Kinds, CLogRptKindTest,
                                          Kind{L" ex", L" EX"}));
 
 TEST(CLogRptTest, HandsAnEmptyFilterOfANewParameterObjectOver) {
-  Scene scene(Report(), DatabaseOf(2), Finding(kTwoEvents));
-  scene.Prepare();
-  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CLogRptObj"));
-  frame::ReportObject report(L"CLogRpt", scene.Around());
-  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(frame::Run(report, L"RelatorioLog", &CLogRpt::RelatorioLog, &parameters), nullptr);
-  const std::string filter = Joined({
+  const std::string calls = Scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).RunWithOwn({});
+  const std::string filter = All({{
       R"(CreateObject("KodraRegEvt.RegEvtFind") -> Object2)",
       R"(Object2.Let(Acao, ""))",
       R"(Object2.Let(Cod_Docto, ""))",
@@ -311,8 +304,8 @@ TEST(CLogRptTest, HandsAnEmptyFilterOfANewParameterObjectOver) {
       R"(Object2.Let(Nome_Operador, ""))",
       R"(Object2.Let(Tipo_Evento, ""))",
       R"(CreateObject("KodraRegEvt.RegEvtDAO") -> Object3)",
-  });
-  EXPECT_NE(scene.Around().journal.Calls().find(filter), std::string::npos) << scene.Around().journal.Calls();
+  }});
+  EXPECT_NE(calls.find(filter), std::string::npos) << calls;
 }
 
 TEST(CLogRptTest, NamesTheHourMinuteAndSecondOfTheEvent) {
@@ -357,7 +350,7 @@ class CLogRptActionTest : public testing::TestWithParam<Length> {};
 
 TEST_P(CLogRptActionTest, CutsTheActionIntoFieldsOf250Characters) {
   const auto& [characters, fields, inLast] = GetParam();
-  Scene scene(Report(), DatabaseOf(2), Finding(std::vector{Event({{L"Acao", {Action(characters)}}})}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Action(characters)}}})}));
   scene.Prepare();
   const frame::ReportRows rows = scene.Call();
   for (std::size_t number = 1; number <= 32; ++number) {
@@ -373,45 +366,34 @@ INSTANTIATE_TEST_SUITE_P(Lengths, CLogRptActionTest,
                                          Length{500, 2, 250}, Length{7751, 32, 1}, Length{8000, 32, 250}));
 
 TEST(CLogRptTest, FailsForAnActionLongerThanAllItsFields) {
-  Scene scene(Report(), DatabaseOf(2), Finding(std::vector{Event({{L"Acao", {Action(8001)}}})}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Action(8001)}}})}));
   EXPECT_EQ(scene.RunRaising(), Framed(kName, kNoField));
-  const std::string calls = scene.Around().journal.Calls();
+  const std::string calls = scene.around.journal.Calls();
   EXPECT_TRUE(calls.ends_with("\nRecordset1.FieldByName(\"ACAO33\") raises\n~Recordset1\n~Object3\n~Object2\n"))
       << calls;
 }
 
 TEST(CLogRptTest, RefusesANullAction) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Finding(std::vector{Event({{L"Acao", {Null{}}}})})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Null{}}}})})).RunRaising(),
             Framed(kName, "Uso de 'Null' inválido"));
 }
 
-TEST(CLogRptTest, RaisesEveryErrorInItsFrame) {
-  const auto raised = [](const std::wstring& connectionString, bool withParameters) {
-    FakeSurroundings around;
-    around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
-    frame::ReportObject report(L"CLogRpt", around);
-    report.SetStringConexao(connectionString);
-    frame::ParameterObject parameters(frame::ParameterClassNamed(L"CLogRptObj"));
-    return RaisedBy(
-        [&] { frame::Run(report, L"RelatorioLog", &CLogRpt::RelatorioLog, withParameters ? &parameters : nullptr); });
-  };
-  EXPECT_EQ(raised(L"", true), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(raised(L"", false), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(raised(L"Provider=Outro", false), Framed(kName, "Objeto não definido."));
-  EXPECT_EQ(raised(L"Provider=Outro", true), Framed(kName, "O componente ActiveX não pode criar o objeto"));
+TEST(CLogRptTest, NeedsTheEventLogComponent) {
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer)).RunRaising(),
+            Framed(kName, "O componente ActiveX não pode criar o objeto"));
 }
 
+TEST(CLogRptTest, RaisesEveryErrorInItsFrame) { CheckInputsNeeded(Report()); }
+
 TEST(CLogRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  Subject report = Report();
-  report.parameters.erase(L"MaquinaOrigem");
-  EXPECT_EQ(Scene(report, DatabaseOf(2), Finding(kTwoEvents)).RunRaising(),
-            Framed(kName, R"(O objeto de parâmetros não tem a propriedade "MaquinaOrigem".)"));
+  CheckPropertiesNeeded(Report(), Finding(kTwoEvents));
 }
 
 TEST(CLogRptTest, OutlivesTheFailureOfAnyCall) {
-  Scene scene(Report(), DatabaseOf(2), Finding(kTwoEvents));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
   CheckEachCallFailing(scene, FramedOutcome);
-  Scene nothing(Report(), DatabaseOf(7), Finding(Value(ObjectRef{})));
+  Scene nothing(Report(), DatabaseOf(tbSQLite), Finding(Value(ObjectRef{})));
+  nothing.hasRows = false;
   CheckEachCallFailing(nothing, FramedOutcome);
 }
 

@@ -1,7 +1,6 @@
 // The list of withdrawn originals.
 #include <gtest/gtest.h>
 
-#include "frame/parameter_object.h"
 #include "reports/reports.h"
 #include "tests/reports/report_scene.h"
 
@@ -9,7 +8,6 @@ namespace kodra::reports {
 namespace {
 
 using recorder::Framed;
-using recorder::Lines;
 
 constexpr auto kName = "CSolicitacaoRpt::RelatorioDevolucaoOriginal";
 
@@ -24,13 +22,14 @@ struct Dates {
   std::string returned;
 };
 const Dates kDates[] = {
-    {1, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
-    {2, "CONVERT(CHAR(10),s.DT_RETIRADA,103)", "CONVERT(CHAR(10),s.DT_DEVOLUCAO,103)"},
-    {3, "DATE_FORMAT(s.DT_RETIRADA,'%d/%m/%Y')", "DATE_FORMAT(s.DT_DEVOLUCAO,'%d/%m/%Y')"},
-    {5, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
-    {6, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
-    {7, "", ""},  // SQLite has no text for a date
+    {tbOracle, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
+    {tbSQLServer, "CONVERT(CHAR(10),s.DT_RETIRADA,103)", "CONVERT(CHAR(10),s.DT_DEVOLUCAO,103)"},
+    {tbMySQL, "DATE_FORMAT(s.DT_RETIRADA,'%d/%m/%Y')", "DATE_FORMAT(s.DT_DEVOLUCAO,'%d/%m/%Y')"},
+    {tbOracleAlt, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
+    {tbDB2, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
+    {tbSQLite, "", ""},  // SQLite has no text for a date
 };
+const Dates& kOnSQLServer = kDates[1];
 
 std::string Statement(const std::string& title, const Dates& dates, const std::string& where) {
   return "SELECT '" + title +
@@ -51,72 +50,45 @@ std::string OutAndReturned(const Dates& dates) {
 
 TEST(WithdrawnOriginalsTest, AreListedInTheWordsOfEachDatabase) {
   for (const Dates& dates : kDates)
-    EXPECT_EQ(Stage(Report(false), DatabaseOf(dates.code)).Run(),
-              ListingCalls(DatabaseOf(dates.code), OutOnly(dates), {"Parametros.Get(ListarJaDevolvidos) -> False"}));
+    CheckListing(DatabaseOf(dates.code), Report(false), OutOnly(dates),
+                 {"Parametros.Get(ListarJaDevolvidos) -> False"});
 }
 
 TEST(WithdrawnOriginalsTest, AreListedWithReturnedOnesInTheWordsOfEachDatabase) {
   for (const Dates& dates : kDates)
-    EXPECT_EQ(
-        Stage(Report(true), DatabaseOf(dates.code)).Run(),
-        ListingCalls(DatabaseOf(dates.code), OutAndReturned(dates), {"Parametros.Get(ListarJaDevolvidos) -> True"}));
+    CheckListing(DatabaseOf(dates.code), Report(true), OutAndReturned(dates),
+                 {"Parametros.Get(ListarJaDevolvidos) -> True"});
 }
 
 TEST(WithdrawnOriginalsTest, AreRefusedOnADatabaseWithoutDialectBeforeItConnects) {
-  Scene scene(Report(false), DatabaseOf(4));
-  EXPECT_EQ(scene.RunRaising(), Framed(kName, "Não há entrada para o banco tipo 4"));
-  EXPECT_EQ(scene.Around().journal.Calls(), Lines({
-                                                R"(CreateObject("KodraConexao.StrCon") -> Object1)",
-                                                R"(Object1.Let(StrCon, "Provider=Outro"))",
-                                                "Object1.Get(TipoBanco) -> 4",
-                                                "~Object1",
-                                                "Parametros.Get(ListarJaDevolvidos) -> False",
-                                            }));
+  CheckDialectNeeded(Report(false), {"Parametros.Get(ListarJaDevolvidos) -> False"});
 }
 
 TEST(WithdrawnOriginalsTest, CoverAllRequestsWhateverCodesAreGiven) {
-  Stage stage(Report(false), DatabaseOf(2));
-  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CSolicitacaoRptObj"));
-  frame::ReportObject report(L"CSolicitacaoRpt", stage.around);
-  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  parameters.Let(L"CodSolicit", L"77");
-  EXPECT_NE(
-      frame::Run(report, L"RelatorioDevolucaoOriginal", &CSolicitacaoRpt::RelatorioDevolucaoOriginal, &parameters),
-      nullptr);
-  EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), OutOnly(kDates[1])));
+  EXPECT_EQ(Scene(Report(false), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodSolicit", L"77"}}),
+            ListingCalls(DatabaseOf(tbSQLServer), OutOnly(kOnSQLServer)));
 }
 
 TEST(WithdrawnOriginalsTest, AreListedWithReturnedOnesForAnyFlagButZero) {
   const std::pair<Value, std::string> kFlags[] = {{1, "1"}, {-1, "-1"}, {L"Verdadeiro", "\"Verdadeiro\""}};
   for (const auto& [flag, shown] : kFlags)
-    EXPECT_EQ(
-        Stage(Report(flag), DatabaseOf(2)).Run(),
-        ListingCalls(DatabaseOf(2), OutAndReturned(kDates[1]), {"Parametros.Get(ListarJaDevolvidos) -> " + shown}));
+    CheckListing(DatabaseOf(tbSQLServer), Report(flag), OutAndReturned(kOnSQLServer),
+                 {"Parametros.Get(ListarJaDevolvidos) -> " + shown});
 }
 
 TEST(WithdrawnOriginalsTest, RefuseAFlagThatIsNone) {
-  EXPECT_EQ(Scene(Report(L"talvez"), DatabaseOf(2)).RunRaising(), Framed(kName, "Tipos incompatíveis"));
-  EXPECT_EQ(Scene(Report(Null{}), DatabaseOf(2)).RunRaising(), Framed(kName, "Uso de 'Null' inválido"));
+  EXPECT_EQ(Scene(Report(L"talvez"), DatabaseOf(tbSQLServer)).RunRaising(), Framed(kName, "Tipos incompatíveis"));
+  EXPECT_EQ(Scene(Report(Null{}), DatabaseOf(tbSQLServer)).RunRaising(), Framed(kName, "Uso de 'Null' inválido"));
 }
 
-TEST(WithdrawnOriginalsTest, NameThePropertyThatAnotherObjectDoesNotHave) {
-  Subject report = Report(false);
-  report.parameters = {};
-  EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
-            Framed(kName, R"(O objeto de parâmetros não tem a propriedade "ListarJaDevolvidos".)"));
-}
+TEST(WithdrawnOriginalsTest, NameThePropertyThatAnotherObjectDoesNotHave) { CheckPropertiesNeeded(Report(false)); }
 
 TEST(WithdrawnOriginalsTest, RaiseEveryErrorInTheirFrame) {
   CheckFrame(Report(false));
   CheckFrame(Report(true));
 }
 
-TEST(WithdrawnOriginalsTest, OutliveTheFailureOfAnyCall) {
-  for (const Dates& dates : kDates) {
-    Scene scene(Report(false), DatabaseOf(dates.code));
-    CheckEachCallFailing(scene, FramedOutcome);
-  }
-}
+TEST(WithdrawnOriginalsTest, OutliveTheFailureOfAnyCall) { CheckFailures(Report(false), kCodesWithDialect); }
 
 }  // namespace
 }  // namespace kodra::reports

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/parameter_object.h"
 #include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
@@ -11,7 +10,6 @@ namespace {
 
 using recorder::FakeSurroundings;
 using recorder::Framed;
-using recorder::RaisedBy;
 using recorder::Rows;
 using recorder::Utf8;
 
@@ -77,8 +75,8 @@ Preparation Having(const std::vector<Document>& documents, const std::vector<Req
   };
 }
 
-std::vector<std::string> FirstLines(const Database& database) {
-  std::vector<std::string> lines = InitialisationLines(database);
+CallLines FirstLines(const Database& database) {
+  CallLines lines = InitialisationLines(database);
   Append(lines, {
                     R"(CreateObject("VantLib.Conversoes") -> Object2)",
                     R"(Parametros.Get(CodSolicit) -> "77,78")",
@@ -96,7 +94,7 @@ std::vector<std::string> FirstLines(const Database& database) {
 }
 
 std::string ContractAndInvoice(const Database& database) {
-  std::vector<std::string> lines = FirstLines(database);
+  CallLines lines = FirstLines(database);
   Append(lines, {
                     "Recordset1.Eof() -> False",
                     "Recordset1.Field(DT_DEVOLUCAO).Get() -> Date(45381)",
@@ -150,7 +148,7 @@ std::string ContractAndInvoice(const Database& database) {
                       "Recordset3.Update()",
                   });
   Append(lines, {"Recordset2.Close()", "~Recordset2", "~Object2", "~Recordset3"});
-  return Joined(lines);
+  return All({lines});
 }
 
 // The slip of that call: its rows, each with all columns.
@@ -174,7 +172,7 @@ TEST(WithdrawalSlipTest, TakesALineADocumentAndOneRequestOnEveryDatabase) {
 }
 
 TEST(WithdrawalSlipTest, StandsOnItsLastRow) {
-  Scene scene(Report(), DatabaseOf(2), Having({kContract, kInvoice}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
   scene.Prepare();
   const frame::ReportRows rows = scene.Call();
   ASSERT_NE(rows, nullptr);
@@ -191,19 +189,19 @@ std::string SecondStatement(const std::string& calls) {
 }
 
 TEST(WithdrawalSlipTest, SpeaksOfOneDocumentInTheSingular) {
-  Scene scene(Report(L"77"), DatabaseOf(2), Having({kContract}));
+  Scene scene(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract}));
   EXPECT_EQ(SecondStatement(scene.Run()), RequestOf("77", OneDocument("30/03/2024")));
 }
 
 TEST(WithdrawalSlipTest, SpeaksOfSeveralDocumentsInThePlural) {
-  Scene two(Report(L"77"), DatabaseOf(2), Having({kContract, kInvoice}));
+  Scene two(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
   EXPECT_EQ(SecondStatement(two.Run()), RequestOf("77", SeveralDocuments("31/03/2024")));
-  Scene three(Report(L"77"), DatabaseOf(2), Having({kContract, kInvoice, kContract}));
+  Scene three(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice, kContract}));
   EXPECT_EQ(SecondStatement(three.Run()), RequestOf("77", SeveralDocuments("31/03/2024")));
 }
 
 TEST(WithdrawalSlipTest, NamesTheReturnDateOfTheLastDocument) {
-  Scene scene(Report(), DatabaseOf(2),
+  Scene scene(Report(), DatabaseOf(tbSQLServer),
               Having({kContract, kInvoice}, {kRequest}, {k31March2024, Date{k30March2024.days + 0.75}}));
   EXPECT_EQ(SecondStatement(scene.Run()), RequestOf("77,78", SeveralDocuments("30/03/2024")));
 }
@@ -211,7 +209,7 @@ TEST(WithdrawalSlipTest, NamesTheReturnDateOfTheLastDocument) {
 TEST(WithdrawalSlipTest, AsksForTheDateOfAnEmptyTextWhereNoneIsPlanned) {
   Document document = kContract;
   document[2] = Null{};
-  Scene scene(Report(), DatabaseOf(2), Having({document}, {kRequest}, {Date{0}}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({document}, {kRequest}, {Date{0}}));
   const std::string calls = scene.Run();
   EXPECT_NE(calls.find("\nObject2.Call(ToDate, \"\") -> Date(0)\n"), std::string::npos) << calls;
   EXPECT_EQ(SecondStatement(calls), RequestOf("77,78", OneDocument("30/12/1899")));
@@ -219,7 +217,7 @@ TEST(WithdrawalSlipTest, AsksForTheDateOfAnEmptyTextWhereNoneIsPlanned) {
 
 TEST(WithdrawalSlipTest, PastesTheRequestCodesAsTheyAreGiven) {
   for (const wchar_t* codes : {L"77", L" 77 , 78 ", L"'77'", L""}) {
-    Scene scene(Report(codes), DatabaseOf(2), Having({kContract}));
+    Scene scene(Report(codes), DatabaseOf(tbSQLServer), Having({kContract}));
     const std::string calls = scene.Run();
     EXPECT_NE(calls.find("Recordset1.Open(\"" + DocumentsOf(Utf8(codes)) + "\", Connection1, 0, 1, 1)\n"),
               std::string::npos)
@@ -230,7 +228,7 @@ TEST(WithdrawalSlipTest, PastesTheRequestCodesAsTheyAreGiven) {
 
 TEST(WithdrawalSlipTest, ListsTheDocumentsOfSeveralRequestsUnderTheFirstOne) {
   const Request other = {L"Beto", L"Não volta.", L"Sem pressa"};
-  Scene scene(Report(), DatabaseOf(2), Having({kContract, kInvoice}, {kRequest, other}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}, {kRequest, other}));
   EXPECT_EQ(SlipOf(scene),
             (Slip{{"Ana Lúcia", "* D0001, no módulo de guarda AB001 (fileira 1, estante 2, prateleira 3)",
                    "Volta em breve.", "Urgente"},
@@ -238,21 +236,21 @@ TEST(WithdrawalSlipTest, ListsTheDocumentsOfSeveralRequestsUnderTheFirstOne) {
 }
 
 TEST(WithdrawalSlipTest, LeavesTheSentenceOfAnotherReturnModeEmpty) {
-  Scene scene(Report(), DatabaseOf(2), Having({kInvoice}, {{L"Ana", Null{}, L"Urgente"}}));
+  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{L"Ana", Null{}, L"Urgente"}}));
   EXPECT_EQ(SlipOf(scene), (Slip{{"Ana", "* D0002, no módulo de guarda AB002", "", "Urgente"}}));
 }
 
 TEST(WithdrawalSlipTest, PrintsADashForAnEmptyRemark) {
   for (const Value& remark : {Value(Null{}), Value(L"")}) {
-    Scene scene(Report(), DatabaseOf(2), Having({kInvoice}, {{Null{}, L"Volta.", remark}}));
+    Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{Null{}, L"Volta.", remark}}));
     EXPECT_EQ(SlipOf(scene), (Slip{{"", "* D0002, no módulo de guarda AB002", "Volta.", "-"}}));
   }
-  Scene blank(Report(), DatabaseOf(2), Having({kInvoice}, {{L"Ana", L"Volta.", L" "}}));
+  Scene blank(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{L"Ana", L"Volta.", L" "}}));
   EXPECT_EQ(SlipOf(blank), (Slip{{"Ana", "* D0002, no módulo de guarda AB002", "Volta.", " "}}));
 }
 
 TEST(WithdrawalSlipTest, NamesAShelfAloneAndCoordinatesThatAreNumbers) {
-  Scene scene(Report(), DatabaseOf(2),
+  Scene scene(Report(), DatabaseOf(tbSQLServer),
               Having({{1, 2, k30March2024, Null{}, L"", L"3"}, {L"D2", L"AB", k30March2024, 0, 1.5, Null{}}}));
   EXPECT_EQ(
       SlipOf(scene),
@@ -264,14 +262,14 @@ TEST(WithdrawalSlipTest, FailsWithoutDocumentsBeforeItAsksForTheRequest) {
   for (const Database& database : Databases()) {
     Scene scene(Report(), database, Having({}));
     EXPECT_EQ(scene.RunRaising(), Framed(kName, "A variável do objeto ou a variável do bloco 'With' não foi definida"));
-    std::vector<std::string> lines = FirstLines(database);
+    CallLines lines = FirstLines(database);
     Append(lines, {"Recordset1.Eof() -> True", "Recordset1.Close()", "~Recordset1", "~Object2"});
-    EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
+    EXPECT_EQ(scene.around.journal.Calls(), All({lines}));
   }
 }
 
 TEST(WithdrawalSlipTest, FailsWithoutARequest) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kContract}, {})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {})).RunRaising(),
             Framed(kName, "BOF ou EOF é verdadeiro"));
 }
 
@@ -280,53 +278,33 @@ TEST(WithdrawalSlipTest, RefusesATextLongerThanItsField) {
   for (const auto& [column, size] : kSizes) {
     Request request = kRequest;
     request[column] = std::wstring(size, L'x');
-    EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kContract}, {request})).RunRaising(), NothingRaised());
+    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(), NothingRaised());
     request[column] = std::wstring(size + 1, L'x');
-    EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kContract}, {request})).RunRaising(),
+    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
               Framed(kName, "A operação em várias etapas gerou erros"));
   }
 }
 
 TEST(WithdrawalSlipTest, RefusesWhatIsNoDate) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kContract}, {kRequest}, {L"amanhã"})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {kRequest}, {L"amanhã"})).RunRaising(),
             Framed(kName, "Tipos incompatíveis"));
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2), Having({kContract}, {kRequest}, {Null{}})).RunRaising(),
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {kRequest}, {Null{}})).RunRaising(),
             Framed(kName, "Uso de 'Null' inválido"));
 }
 
 TEST(WithdrawalSlipTest, NeedsTheConversionsOfTheSibling) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(2)).RunRaising(), Framed(kName, "O componente ActiveX não pode criar o objeto"));
+  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer)).RunRaising(),
+            Framed(kName, "O componente ActiveX não pode criar o objeto"));
 }
 
 TEST(WithdrawalSlipTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  Subject report = Report();
-  report.parameters = {};
-  EXPECT_EQ(Scene(report, DatabaseOf(2), Having({kContract})).RunRaising(),
-            Framed(kName, R"(O objeto de parâmetros não tem a propriedade "CodSolicit".)"));
+  CheckPropertiesNeeded(Report(), Having({kContract}));
 }
 
-TEST(WithdrawalSlipTest, RaisesEveryErrorInItsFrame) {
-  const auto raised = [](const std::wstring& connectionString, bool withParameters) {
-    FakeSurroundings around;
-    frame::ReportObject report(L"CSolicitacaoRpt", around);
-    report.SetStringConexao(connectionString);
-    frame::ParameterObject parameters(frame::ParameterClassNamed(L"CSolicitacaoRptObj"));
-    return RaisedBy([&] {
-      frame::Run(report, L"RelatorioRetiradaOriginal", &CSolicitacaoRpt::RelatorioRetiradaOriginal,
-                 withParameters ? &parameters : nullptr);
-    });
-  };
-  EXPECT_EQ(raised(L"", true), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(raised(L"", false), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
-  EXPECT_EQ(raised(L"Provider=Outro", false), Framed(kName, "Objeto não definido."));
-  EXPECT_EQ(raised(L"Provider=Outro", true), Framed(kName, "O componente ActiveX não pode criar o objeto"));
-}
+TEST(WithdrawalSlipTest, RaisesEveryErrorInItsFrame) { CheckInputsNeeded(Report()); }
 
 TEST(WithdrawalSlipTest, OutlivesTheFailureOfAnyCall) {
-  for (const Database& database : Databases()) {
-    Scene scene(Report(), database, Having({kContract, kInvoice}));
-    CheckEachCallFailing(scene, FramedOutcome);
-  }
+  CheckFailures(Report(), kEveryCode, Having({kContract, kInvoice}));
 }
 
 }  // namespace

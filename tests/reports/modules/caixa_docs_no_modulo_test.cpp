@@ -6,6 +6,7 @@
 namespace kodra::reports {
 namespace {
 
+using recorder::kObjectNotSet;
 using recorder::Raised;
 using recorder::RaisedBy;
 
@@ -30,8 +31,10 @@ constexpr auto kHeaderOfSubordinate =
     "LEFT JOIN CONTAINER ct ON c.CONTAINER = ct.NUM_CONTAINER "
     "LEFT JOIN DEPOSITO dp ON c.COD_DEPOSITO = dp.COD_DEPOSITO WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=7";
 
-const std::pair<std::int32_t, const char*> kUnlessNull[] = {{1, "NVL"}, {2, "ISNULL"},   {3, "IFNULL"},
-                                                            {5, "NVL"}, {6, "COALESCE"}, {7, "IFNULL"}};
+const std::pair<std::int32_t, const char*> kUnlessNull[] = {
+    {tbOracle, "NVL"},    {tbSQLServer, "ISNULL"}, {tbMySQL, "IFNULL"},
+    {tbOracleAlt, "NVL"}, {tbDB2, "COALESCE"},     {tbSQLite, "IFNULL"},
+};
 
 TEST(DocsNoModuloTest, DescribesAMainModuleInTheWordsOfEachDatabase) {
   for (const auto& [code, word] : kUnlessNull)
@@ -46,17 +49,17 @@ TEST(DocsNoModuloTest, DescribesASubordinateWithItsParentsDatesInTheWordsOfEachD
 }
 
 TEST(DocsNoModuloTest, KeepsToTheDepartment) {
-  CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}, {L"CodDepto", L"007"}}, Asks::kNothing,
-              Replaced(kHeaderOfMain, "{NVL}", "IFNULL") + " AND c.COD_DEPTO = '007'");
-  CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB00107"}, {L"CodDepto", L"007"}},
+  CheckStatic(DatabaseOf(tbMySQL), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}, {L"CodDepto", L"007"}},
+              Asks::kNothing, Replaced(kHeaderOfMain, "{NVL}", "IFNULL") + " AND c.COD_DEPTO = '007'");
+  CheckStatic(DatabaseOf(tbMySQL), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB00107"}, {L"CodDepto", L"007"}},
               Asks::kSubordinateCode, Replaced(kHeaderOfSubordinate, "{NVL}", "IFNULL") + " AND c.COD_DEPTO = '007'");
   for (const wchar_t* code : {L"", L"0", L"abc"})
-    CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}, {L"CodDepto", code}}, Asks::kNothing,
-                Replaced(kHeaderOfMain, "{NVL}", "IFNULL"));
+    CheckStatic(DatabaseOf(tbMySQL), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}, {L"CodDepto", code}},
+                Asks::kNothing, Replaced(kHeaderOfMain, "{NVL}", "IFNULL"));
 }
 
 TEST(DocsNoModuloTest, TakesACodeOfAnyOtherLengthForASubordinate) {
-  const std::tuple<const wchar_t*, const char*> kCodes[] = {
+  const std::pair<const wchar_t*, const char*> kCodes[] = {
       {L"", "WHERE s.NUM_CAIXA = '' AND s.NUM_SEQ=0"},
       {L"AB00", "WHERE s.NUM_CAIXA = 'AB00' AND s.NUM_SEQ=0"},
       {L"AB0012", "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=12"},
@@ -64,13 +67,13 @@ TEST(DocsNoModuloTest, TakesACodeOfAnyOtherLengthForASubordinate) {
       {L"AB001XY", "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=0"},
   };
   for (const auto& [code, condition] : kCodes)
-    CheckStatic(DatabaseOf(3), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", code}}, Asks::kSubordinateCode,
+    CheckStatic(DatabaseOf(tbMySQL), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", code}}, Asks::kSubordinateCode,
                 Replaced(Replaced(kHeaderOfSubordinate, "{NVL}", "IFNULL"),
                          "WHERE s.NUM_CAIXA = 'AB001' AND s.NUM_SEQ=7", condition));
 }
 
 TEST(DocsNoModuloTest, ReadsTheModuleThenTheDepartment) {
-  CaixaStage stage(DatabaseOf(1), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbOracle), Path::kClientConnection);
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModulo, stage.Foreign({{L"Modulo1", L"AB00107"}})),
             All({stage.InitialLines(),
                  {R"(Parametros.Get(Modulo1) -> "AB00107")"},
@@ -82,7 +85,7 @@ TEST(DocsNoModuloTest, ReadsTheModuleThenTheDepartment) {
 }
 
 TEST(DocsNoModuloTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
-  CaixaStage stage(DatabaseOf(4), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbOther4), Path::kConnectionString);
   EXPECT_EQ(RaisedBy([&] {
               stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
             }),
@@ -106,48 +109,46 @@ TEST(DocsNoModuloSubRptTest, OpensTheDocumentsWithoutAnyInitialisation) {
 }
 
 TEST(DocsNoModuloSubRptTest, ReadsTheFirstModuleOnly) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB001"}})),
             All({{R"(Parametros.Get(Modulo1) -> "AB001")"}, stage.ResultLines(kDocuments)}));
 }
 
 TEST(DocsNoModuloSubRptTest, UsesTheConnectionStringThatAnEarlierCallTookFromTheClientsConnection) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
   stage.report.SetConexao({});
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
-            All({CaixaStage(DatabaseOf(2), Path::kConnectionString).ResultLines(kDocuments)}));
+            All({CaixaStage(DatabaseOf(tbSQLServer), Path::kConnectionString).ResultLines(kDocuments)}));
 }
 
 TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
-  CaixaStage onString(DatabaseOf(1), Path::kConnectionString);
-  onString.around.ado.nativeErrors = {942};
-  onString.around.journal.FailOn(L"Recordset1.Open",
-                                 recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
-  EXPECT_EQ(RaisedBy([&] { RunModule(onString.report, &CCaixaRpt::DocsNoModuloSubRpt, CaixaStage::Own({}).get()); }),
-            (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: A tabela não existe [N:942]"}));
-  EXPECT_EQ(onString.heard, CallLines());
-
-  CaixaStage onClients(DatabaseOf(1), Path::kClientConnection);
-  onClients.around.journal.FailOn(L"Recordset1.Open",
-                                  recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
-  EXPECT_EQ(RaisedBy([&] { RunModule(onClients.report, &CCaixaRpt::DocsNoModuloSubRpt, CaixaStage::Own({}).get()); }),
-            (Raised{-2147217865, "OraOLEDB", "A tabela não existe"}));
-  EXPECT_EQ(onClients.heard, CallLines());
+  const std::pair<Path, Raised> kErrors[] = {
+      {Path::kConnectionString, {-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: A tabela não existe [N:942]"}},
+      {Path::kClientConnection, {-2147217865, "OraOLEDB", "A tabela não existe"}},
+  };
+  for (const auto& [path, expected] : kErrors) {
+    CaixaStage stage(DatabaseOf(tbOracle), path);
+    stage.around.ado.nativeErrors = {942};
+    stage.around.journal.FailOn(L"Recordset1.Open",
+                                recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
+    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::DocsNoModuloSubRpt, CaixaStage::Own({}).get()); }),
+              expected);
+    EXPECT_EQ(stage.heard, CallLines());
+  }
 }
 
 TEST(DocsNoModuloSubRptTest, RaisesTheRuntimesErrorWithoutAParameterObject) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(2), path);
-    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::DocsNoModuloSubRpt, nullptr); }),
-              (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
+    CaixaStage stage(DatabaseOf(tbSQLServer), path);
+    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::DocsNoModuloSubRpt, nullptr); }), kObjectNotSet);
     EXPECT_EQ(stage.around.journal.Calls(), "");
     EXPECT_EQ(stage.heard, CallLines());
   }
 }
 
 TEST(DocsNoModuloSubRptTest, LeavesItToTheProviderWhenNoDatabaseWasNamed) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.report.SetStringConexao(L"");
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
             All({{
@@ -174,22 +175,23 @@ struct Dialect {
 
 // A second variant of Oracle speaks Oracle's dialect, but selects the blank row from no table.
 const Dialect kDialects[] = {
-    {1, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)",
+    {tbOracle, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)",
      "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS FROM SYS.DUAL "},
-    {2, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
+    {tbSQLServer, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
      "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
-    {3, "CAST(ddd.FRENTE AS UNSIGNED)+CAST(ddd.VERSO AS UNSIGNED)",
+    {tbMySQL, "CAST(ddd.FRENTE AS UNSIGNED)+CAST(ddd.VERSO AS UNSIGNED)",
      "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
-    {5, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)", "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
-    {6, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
+    {tbOracleAlt, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)",
+     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
+    {tbDB2, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
      "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS FROM SYSIBM.SYSDUMMY1 "},
-    {7, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
+    {tbSQLite, "CAST(ddd.FRENTE AS INT)+CAST(ddd.VERSO AS INT)",
      "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"},
 };
 
 std::string Source(const std::string& line) { return "KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: " + line; }
 
-TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheDocumentsOfAMainModule) {
+TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheDocumentsOfAMainModule) {
   for (const Dialect& dialect : kDialects)
     for (const Path path : kPaths) {
       CaixaStage stage(DatabaseOf(dialect.code), path);
@@ -227,8 +229,8 @@ TEST(AutorizacaoDescarteModuloSubRptTest, OpensTheBlankRowInPlaceOfAModuleWithou
     }
 }
 
-TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheReopenedRecordsetOnItsBlankRow) {
-  CaixaStage stage(DatabaseOf(1), Path::kConnectionString);
+TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheReopenedRecordsetOnItsBlankRow) {
+  CaixaStage stage(DatabaseOf(tbOracle), Path::kConnectionString);
   stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
   const frame::ReportRows rows = RunModule(stage.report, &CCaixaRpt::AutorizacaoDescarteModuloSubRpt,
                                            CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
@@ -237,7 +239,7 @@ TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheReopenedRecordsetOnItsBlankRow
   EXPECT_EQ(rows->FieldByName(L"COD_DOCTO")->Get(), Value(L" "));
 }
 
-TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheBlankRowForACodeOfAnyOtherLength) {
+TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheBlankRowForACodeOfAnyOtherLength) {
   for (const Dialect& dialect : kDialects)
     for (const Path path : kPaths)
       for (const wchar_t* code : {L"AB00107", L"", L"AB00", L"AB0010"}) {
@@ -255,7 +257,7 @@ TEST(AutorizacaoDescarteModuloSubRptTest, GivesTheBlankRowForACodeOfAnyOtherLeng
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReadsTheFirstModuleOnce) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
   EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB00107"}})),
             All({stage.InitialLines(),
@@ -269,7 +271,7 @@ TEST(AutorizacaoDescarteModuloSubRptTest, ReadsTheFirstModuleOnce) {
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, RefusesAMainModuleOnADatabaseWithoutDialect) {
-  CaixaStage stage(DatabaseOf(4), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbOther4), Path::kConnectionString);
   EXPECT_EQ(RaisedBy([&] {
               stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}});
             }),
@@ -278,8 +280,8 @@ TEST(AutorizacaoDescarteModuloSubRptTest, RefusesAMainModuleOnADatabaseWithoutDi
                                           "Não há entrada para o banco tipo 4")});
 }
 
-TEST(AutorizacaoDescarteModuloSubRptTest, GivesASubordinatesBlankRowOnADatabaseWithoutDialect) {
-  CaixaStage stage(DatabaseOf(4), Path::kConnectionString);
+TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsASubordinatesBlankRowOnADatabaseWithoutDialect) {
+  CaixaStage stage(DatabaseOf(tbOther4), Path::kConnectionString);
   stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
   EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB00107"}}),
             All({stage.InitialLines(),

@@ -22,12 +22,12 @@ const Statements kOpeningLabels = {
     "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
     "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='AB002' OR c.NUM_CAIXA='AB003'"};
 
-TEST(EtiquetaAberturaTest, GivesEachModuleTwiceInOrderOnAConnectionStringAndOnceOnAClientsConnection) {
+TEST(EtiquetaAberturaTest, ListsEachModuleTwiceInOrderOnAConnectionStringAndOnceOnAClientsConnection) {
   for (const Database& database : Databases())
     CheckResult(database, &CCaixaRpt::EtiquetaAbertura, kThreeModules, Asks::kNothing, kOpeningLabels);
 }
 
-TEST(EtiquetaAberturaTest, GivesEachSubordinateTwiceInOrderOnAConnectionStringAndOnceOnAClientsConnection) {
+TEST(EtiquetaAberturaTest, ListsEachSubordinateTwiceInOrderOnAConnectionStringAndOnceOnAClientsConnection) {
   for (const Database& database : Databases())
     CheckResult(database, &CCaixaRpt::EtiquetaAbertura, kThreeSubordinates, Asks::kSubordinateCode,
                 {"SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
@@ -45,7 +45,7 @@ TEST(EtiquetaAberturaTest, GivesEachSubordinateTwiceInOrderOnAConnectionStringAn
 }
 
 TEST(EtiquetaAberturaTest, MatchesNothingForModulesLeftEmpty) {
-  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaAbertura, {{L"Modulo1", L"AB001"}}, Asks::kNothing,
+  CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::EtiquetaAbertura, {{L"Modulo1", L"AB001"}}, Asks::kNothing,
               {"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
                "WHERE c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA='' UNION ALL "
                "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
@@ -55,7 +55,7 @@ TEST(EtiquetaAberturaTest, MatchesNothingForModulesLeftEmpty) {
 }
 
 TEST(EtiquetaAberturaTest, MatchesNothingForSubordinatesLeftEmpty) {
-  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}, {L"Modulo1", L"AB00107"}},
+  CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}, {L"Modulo1", L"AB00107"}},
               Asks::kSubordinateCode,
               {"SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
                "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
@@ -72,7 +72,7 @@ TEST(EtiquetaAberturaTest, MatchesNothingForSubordinatesLeftEmpty) {
 }
 
 TEST(EtiquetaAberturaTest, PastesModuleCodesAsTheyAreGiven) {
-  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaAbertura,
+  CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::EtiquetaAbertura,
               {{L"Modulo1", L" ab1 "}, {L"Modulo2", L"o'x"}, {L"Modulo3", L"AB00107"}}, Asks::kNothing,
               {"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
                "WHERE c.NUM_CAIXA=' ab1 ' OR c.NUM_CAIXA='o'x' OR c.NUM_CAIXA='AB00107' UNION ALL "
@@ -86,7 +86,7 @@ TEST(EtiquetaAberturaTest, SelectsMainModulesForAnythingButAnUpperCaseS) {
   for (const wchar_t* kind : {L"", L"s", L"M", L"SS", L"S ", L" S"}) {
     Parameters parameters = kThreeModules;
     parameters.emplace_back(L"Tipo", kind);
-    CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
     EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, stage.Foreign(parameters)),
               All({stage.InitialLines(),
                    {"Parametros.Get(Tipo) -> \"" + recorder::Utf8(kind) + "\"", R"(Parametros.Get(Modulo1) -> "AB001")",
@@ -97,7 +97,7 @@ TEST(EtiquetaAberturaTest, SelectsMainModulesForAnythingButAnUpperCaseS) {
 
 TEST(EtiquetaAberturaTest, TakesAnyWordWithSFromItsOwnParameterObjectForSubordinates) {
   for (const wchar_t* kind : {L"s", L"S", L"subordinado"}) {
-    CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
     EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", kind}, {L"Modulo1", L"AB00107"}}),
               All({stage.InitialLines(), stage.SubordinateCodeLines(2),
                    stage.ResultLines(
@@ -124,12 +124,12 @@ TEST(EtiquetaFechamentoTest, TakesSubordinateCodesForMainModulesWhateverTheKind)
       "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.TIPO_GUARDA, "
       "p.EMPRESA AS Nome_Empresa FROM CAIXA c INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
       "WHERE (c.NUM_CAIXA='AB00107' OR c.NUM_CAIXA='AB00212' OR c.NUM_CAIXA='AB003XY') ORDER BY c.NUM_CAIXA";
-  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaFechamento, kThreeSubordinates, Asks::kNothing,
+  CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::EtiquetaFechamento, kThreeSubordinates, Asks::kNothing,
               {statement, statement});
 }
 
 TEST(EtiquetaFechamentoTest, ReadsTheThreeModulesAndNothingElse) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaFechamento, stage.Foreign({{L"Modulo1", L"AB001"}})),
       All({stage.InitialLines(),
@@ -165,7 +165,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, LabelsEverySubordinateOnceOneIsClosed) {
 
 TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(2), path);
+    CaixaStage stage(DatabaseOf(tbSQLServer), path);
     stage.GiveLogFile(L"/var/log/kodra.log");
     EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
               All({stage.InitialLines(),
@@ -177,7 +177,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndPastesItWhole) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, stage.Foreign({{L"Modulo1", L"AB00107"}})),
       All({stage.InitialLines(),
@@ -195,7 +195,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndPastesItWhole)
 
 TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(2), path);
+    CaixaStage stage(DatabaseOf(tbSQLServer), path);
     stage.AnswerSubordinates(stage.NewSubordinates(0));
     stage.around.journal.Forget();
     EXPECT_EQ(RaisedBy([&] {
@@ -221,7 +221,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
   const std::pair<Value, const char*> kNoLists[] = {{ObjectRef(), "Nothing"}, {Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kNoLists)
     for (const Path path : kPaths) {
-      CaixaStage stage(DatabaseOf(2), path);
+      CaixaStage stage(DatabaseOf(tbSQLServer), path);
       stage.AnswerSubordinates(answer);
       stage.around.journal.Forget();
       EXPECT_EQ(
@@ -241,7 +241,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, RefusesAnAnswerThatIsNoObject) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.AnswerSubordinates(L"AB00101");
   EXPECT_EQ(RaisedBy([&] {
               stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
@@ -259,7 +259,7 @@ TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheModuleOnEitherConnection) {
 }
 
 TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheParentForASubordinate) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", L"AB00107"}})),
       All({stage.InitialLines(),
@@ -269,7 +269,7 @@ TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheParentForASubordinate) {
 
 TEST(EtiquetaDivisoriaTest, MatchesNothingWithoutAModule) {
   const std::string statement = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
-  CheckResult(DatabaseOf(2), &CCaixaRpt::EtiquetaDivisoria, {}, Asks::kNothing, {statement, statement});
+  CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::EtiquetaDivisoria, {}, Asks::kNothing, {statement, statement});
 }
 
 }  // namespace

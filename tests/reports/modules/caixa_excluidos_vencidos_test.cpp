@@ -59,12 +59,12 @@ TEST(ModulosExcluidosTest, FiltersEachHalfInItsOwnWayOnEveryDatabase) {
 
 TEST(ModulosExcluidosTest, TakesNoDepartmentFromACodeThatIsNotAboveZero) {
   for (const wchar_t* code : {L"", L"0", L"abc", L"-7"})
-    CheckResult(DatabaseOf(2), &CCaixaRpt::ModulosExcluidos, {{L"CodDepto", code}}, Asks::kSubordinateCode,
+    CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::ModulosExcluidos, {{L"CodDepto", code}}, Asks::kSubordinateCode,
                 Union(kExcluidos[0].main, kExcluidos[0].subordinates));
 }
 
 TEST(ModulosExcluidosTest, ReadsEachFilterAsOftenAsItApplies) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosExcluidos, stage.Foreign({{L"CodDepto", L"007"}})),
             All({stage.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "007")", "Parametros.Get(ModoPregresso) -> False"},
@@ -154,12 +154,12 @@ struct Words {
 };
 
 const Words kWords[] = {
-    {1, "TO_NUMBER(doc.FRENTE)", "TRUNC(SYSDATE)"},
-    {2, "CAST(doc.FRENTE AS INT)", "DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
-    {3, "CAST(doc.FRENTE AS UNSIGNED)", "CURDATE()"},
-    {5, "TO_NUMBER(doc.FRENTE)", "TRUNC(SYSDATE)"},
-    {6, "CAST(doc.FRENTE AS INT)", "CURRENT DATE"},
-    {7, "CAST(doc.FRENTE AS INT)", "date('now')"},
+    {tbOracle, "TO_NUMBER(doc.FRENTE)", "TRUNC(SYSDATE)"},
+    {tbSQLServer, "CAST(doc.FRENTE AS INT)", "DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
+    {tbMySQL, "CAST(doc.FRENTE AS UNSIGNED)", "CURDATE()"},
+    {tbOracleAlt, "TO_NUMBER(doc.FRENTE)", "TRUNC(SYSDATE)"},
+    {tbDB2, "CAST(doc.FRENTE AS INT)", "CURRENT DATE"},
+    {tbSQLite, "CAST(doc.FRENTE AS INT)", "date('now')"},
 };
 
 std::string In(const Words& words, const std::string& statement) {
@@ -174,7 +174,7 @@ TEST(ModulosVencidosTest, FiltersEachHalfInItsOwnWayInTheWordsOfEachDatabase) {
 }
 
 TEST(ModulosVencidosTest, WritesOneDatabasesStatementOutInFull) {
-  CheckResult(DatabaseOf(7), &CCaixaRpt::ModulosVencidos, {}, Asks::kSubordinateCode,
+  CheckResult(DatabaseOf(tbSQLite), &CCaixaRpt::ModulosVencidos, {}, Asks::kSubordinateCode,
               {"SELECT d.DESCR_DEPTO, c.NUM_CAIXA, c.DESC_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, "
                "c.DATA_FECHAMENTO, c.TIPO_GUARDA, c.ANOS_VENCIMENTO, "
                "(SELECT SUM(CAST(doc.FRENTE AS INT)) FROM DOCUMENTO doc WHERE doc.NUM_CAIXA=c.NUM_CAIXA) "
@@ -200,7 +200,7 @@ TEST(ModulosVencidosTest, WritesOneDatabasesStatementOutInFull) {
 }
 
 TEST(ModulosVencidosTest, ReadsEachFilterAsOftenAsItApplies) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, stage.Foreign({{L"CodDepto", L"007"}})),
             All({stage.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "007")", "Parametros.Get(ModoPregresso) -> False"},
@@ -211,9 +211,9 @@ TEST(ModulosVencidosTest, ReadsEachFilterAsOftenAsItApplies) {
 }
 
 TEST(ModulosVencidosTest, SpeaksTheDialectOfEachCallsDatabase) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  CaixaStage other(DatabaseOf(7), Path::kClientConnection);
+  CaixaStage other(DatabaseOf(tbSQLite), Path::kClientConnection);
   EXPECT_EQ(
       other.Run(&CCaixaRpt::ModulosVencidos, Parameters()),
       All({other.InitialLines(), other.SubordinateCodeLines(2), other.ResultLines(In(kWords[5], kVencidos[0].main))}));
@@ -224,7 +224,7 @@ TEST(ModulosVencidosTest, SpeaksTheDialectOfEachCallsDatabase) {
 
 TEST(ModulosVencidosTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(4), path);
+    CaixaStage stage(DatabaseOf(tbOther4), path);
     EXPECT_EQ(RaisedBy([&] { stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()); }),
               Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
     EXPECT_EQ(stage.around.journal.Calls(),

@@ -30,7 +30,7 @@ TEST(DocsNaoIndexadosNosModulosTest, CountsThoseOfADepartment) {
 }
 
 TEST(DocsNaoIndexadosNosModulosTest, ReadsTheDepartmentAndNeverTheBackCatalogue) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNaoIndexadosNosModulos, stage.Foreign({{L"ModoPregresso", true}})),
             All({stage.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "")"},
@@ -94,7 +94,8 @@ TEST(RelatoriosModulosTest, FiltersBothHalvesOnEveryDatabase) {
 }
 
 TEST(RelatoriosModulosTest, WritesAStatementOutInFull) {
-  CheckResult(DatabaseOf(3), &CCaixaRpt::RelatoriosModulos, {{L"SomenteExistentes", true}}, Asks::kSubordinateCode,
+  CheckResult(DatabaseOf(tbMySQL), &CCaixaRpt::RelatoriosModulos, {{L"SomenteExistentes", true}},
+              Asks::kSubordinateCode,
               {"SELECT c.NUM_CAIXA, c.DESC_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, c.DATA_FECHAMENTO, "
                "c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, c.COORD_Z AS PRATELEIRA, ct.DESC_CONTAINER AS CONTAINER, "
                "c.TIPO_GUARDA  FROM CAIXA c LEFT JOIN CONTAINER ct ON c.CONTAINER = ct.NUM_CONTAINER "
@@ -116,14 +117,14 @@ TEST(RelatoriosModulosTest, OrdersByDescriptionOrElseByNumber) {
     for (const Conditions& conditions : kConditions) {
       Parameters parameters = conditions.parameters;
       parameters.emplace_back(L"Ordenacao", order);
-      CheckResult(DatabaseOf(2), &CCaixaRpt::RelatoriosModulos, parameters, Asks::kSubordinateCode,
+      CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::RelatoriosModulos, parameters, Asks::kSubordinateCode,
                   AllModules(conditions.main, conditions.subordinates, column));
     }
 }
 
 TEST(RelatoriosModulosTest, OrdersByNumberForAnythingButAnUpperCaseDFromAnotherObject) {
   for (const wchar_t* order : {L"d", L"DD", L"D ", L" D", L""}) {
-    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
     const CallLines filters = {R"(Parametros.Get(CodDepto) -> "")", "Parametros.Get(SomenteExistentes) -> False",
                                "Parametros.Get(ModoPregresso) -> False"};
     EXPECT_EQ(stage.Run(&CCaixaRpt::RelatoriosModulos, stage.Foreign({{L"Ordenacao", order}})),
@@ -138,7 +139,7 @@ TEST(RelatoriosModulosTest, OrdersByNumberForAnythingButAnUpperCaseDFromAnotherO
 
 TEST(RelatoriosModulosTest, TakesNoDepartmentFromACodeThatIsNotAboveZero) {
   for (const wchar_t* code : {L"", L"0", L"abc", L"-7"})
-    CheckResult(DatabaseOf(2), &CCaixaRpt::RelatoriosModulos, {{L"CodDepto", code}}, Asks::kSubordinateCode,
+    CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::RelatoriosModulos, {{L"CodDepto", code}}, Asks::kSubordinateCode,
                 AllModules("c.NUM_CAIXA <> 'AA000'", "(1=1)", "NUM_CAIXA"));
 }
 

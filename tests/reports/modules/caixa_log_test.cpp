@@ -17,44 +17,43 @@ const Erro kMishap(-2147220000, L"Prova.Fonte", L"Falha provocada");
 constexpr auto kMishapLine =
     "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147220000 em Prova.Fonte: Falha provocada";
 
+const std::string kMishapLogged = "Log.Call(DebugLog, ByRef " + Quoted(kMishapLine) + ") -> Empty";
+
+// The error of dividers.
+Raised RaisedByDividers(CaixaStage& stage) {
+  return RaisedBy([&] { RunModule(stage.report, kDivisoria, CaixaStage::Own({}).get()); });
+}
+
 // The error of dividers that meet the mishap at once.
 Raised RaisedByMishap(CaixaStage& stage) {
   stage.around.journal.Forget();
   stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
-  return RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); });
+  return RaisedByDividers(stage);
 }
 
 // The log.
 
-TEST(CCaixaRptLogTest, AnnouncesItsLinesWithoutALogFileToo) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+// Expects that the mishap's line makes the log object, sets these properties and is announced.
+void CheckFirstLine(const std::wstring& logFile, const std::string& setLogFile, const std::string& setAtivar) {
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  stage.report.SetLogFile(logFile);
   RaisedByMishap(stage);
-  EXPECT_EQ(stage.around.journal.Calls(), All({{
-                                              R"(CreateObject("KodraConexao.StrCon") raises)",
-                                              R"(CreateObject("VantLog.FnLog") -> Log)",
-                                              R"(Log.Let(LogFile, ""))",
-                                              "Log.Let(Ativar, False)",
-                                              "Log.Call(DebugLog, ByRef \"" + std::string(kMishapLine) + "\") -> Empty",
-                                          }}));
+  EXPECT_EQ(stage.around.journal.Calls(),
+            All({{R"(CreateObject("KodraConexao.StrCon") raises)", R"(CreateObject("VantLog.FnLog") -> Log)",
+                  setLogFile, setAtivar, kMishapLogged}}));
   EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+}
+
+TEST(CCaixaRptLogTest, AnnouncesItsLinesWithoutALogFileToo) {
+  CheckFirstLine(L"", R"(Log.Let(LogFile, ""))", "Log.Let(Ativar, False)");
 }
 
 TEST(CCaixaRptLogTest, SwitchesTheLogOnWithALogFile) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
-  stage.report.SetLogFile(L"/var/log/kodra.log");
-  RaisedByMishap(stage);
-  EXPECT_EQ(stage.around.journal.Calls(), All({{
-                                              R"(CreateObject("KodraConexao.StrCon") raises)",
-                                              R"(CreateObject("VantLog.FnLog") -> Log)",
-                                              R"(Log.Let(LogFile, "/var/log/kodra.log"))",
-                                              "Log.Let(Ativar, True)",
-                                              "Log.Call(DebugLog, ByRef \"" + std::string(kMishapLine) + "\") -> Empty",
-                                          }}));
-  EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+  CheckFirstLine(L"/var/log/kodra.log", R"(Log.Let(LogFile, "/var/log/kodra.log"))", "Log.Let(Ativar, True)");
 }
 
 TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   RaisedByMishap(stage);
   for (const auto& [path, logFile, ativar] :
        {std::tuple(L"/um.log", R"(Log.Let(LogFile, "/um.log"))", "Log.Let(Ativar, True)"),
@@ -63,14 +62,13 @@ TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
     stage.report.SetLogFile(path);
     RaisedByMishap(stage);
     EXPECT_EQ(stage.around.journal.Calls(),
-              All({{R"(CreateObject("KodraConexao.StrCon") raises)", logFile, ativar,
-                    "Log.Call(DebugLog, ByRef \"" + std::string(kMishapLine) + "\") -> Empty"}}));
+              All({{R"(CreateObject("KodraConexao.StrCon") raises)", logFile, ativar, kMishapLogged}}));
   }
   EXPECT_EQ(stage.heard, CallLines(4, kMishapLine));
 }
 
 TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.report.OnDebugLog([&](const std::wstring&) { stage.report.SetLogFile(L"/novo.log"); });
   stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
   const std::string calls = stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, Parameters());
@@ -97,7 +95,7 @@ TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
   const std::pair<Value, std::string> kLeft[] = {
       {L"mudada pelo log", "mudada pelo log"}, {L"", ""}, {5, "5"}, {Empty{}, ""}};
   for (const auto& [left, announced] : kLeft) {
-    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
     LetTheLogLeave(stage, left);
     EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
     EXPECT_EQ(stage.heard, CallLines{announced});
@@ -108,7 +106,7 @@ TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
 }
 
 TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   LetTheLogLeave(stage, Null{});
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
   EXPECT_EQ(
@@ -120,7 +118,7 @@ TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
 
 TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(2), path);
+    CaixaStage stage(DatabaseOf(tbSQLServer), path);
     stage.report.SetLogFile(L"/var/log/kodra.log");
     EXPECT_EQ(stage.Run(kDivisoria, Parameters()), All({stage.InitialLines(), stage.ResultLines(kNoModule)}));
     EXPECT_EQ(stage.heard, CallLines());
@@ -128,7 +126,7 @@ TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {
 }
 
 TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   {
     ModuleObject report(L"CCaixaRpt", stage.around);
     EXPECT_EQ(
@@ -140,14 +138,14 @@ TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
 }
 
 TEST(CCaixaRptLogTest, NeedsNoListener) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.report.OnDebugLog(nullptr);
   EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
   EXPECT_EQ(stage.heard, CallLines());
 }
 
 TEST(CCaixaRptLogTest, AnnouncesTheLineBeforeTheErrorReachesTheClient) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   std::vector<std::string> order;
   stage.report.OnDebugLog([&](const std::wstring&) { order.emplace_back("line"); });
   RaisedByMishap(stage);
@@ -168,10 +166,9 @@ TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
        "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em KodraRpt.CAlgo: Falha provocada"},
   };
   for (const auto& [source, line] : kSources) {
-    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
-    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); }),
-              Reported(recorder::Utf8(source), "Falha provocada"));
+    EXPECT_EQ(RaisedByDividers(stage), Reported(recorder::Utf8(source), "Falha provocada"));
     EXPECT_EQ(stage.heard, CallLines{line});
   }
 }
@@ -179,7 +176,7 @@ TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
 TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
   for (const auto& [name, method] : FramedMethods()) {
     const std::string source = "KodraRpt.CCaixaRpt::" + name;
-    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
     const ObjectRef parameters = CaixaStage::Own({});
     const CaixaMethod called = method;
@@ -192,7 +189,7 @@ TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
 }
 
 TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   const ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
   EXPECT_EQ(
       RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, other.get()); }),
@@ -200,7 +197,7 @@ TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
 }
 
 TEST(CCaixaRptLogTest, RefusesANullParameter) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(RaisedBy([&] {
               RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", Null{}}}).get());
             }),
@@ -208,9 +205,9 @@ TEST(CCaixaRptLogTest, RefusesANullParameter) {
 }
 
 TEST(CCaixaRptLogTest, TellsWhereAFileThatIsNotThereWasLookedFor) {
-  CaixaStage stage(DatabaseOf(7), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLite), Path::kConnectionString);
   stage.around.files.clear();
-  EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); }),
+  EXPECT_EQ(RaisedByDividers(stage),
             Reported("modADO.AbreFirehoseRs",
                      R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
@@ -222,11 +219,10 @@ TEST(CCaixaRptLogTest, AnnouncesAndReportsTheErrorOnceWhenTheLogFailsInTheFrame)
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"})
     for (const std::exception_ptr& failure :
          {Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")), Failure(std::bad_alloc())}) {
-      CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+      CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
       stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
       stage.around.journal.FailOn(call, failure);
-      EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()); }),
-                Reported("Prova.Fonte", "Falha provocada"));
+      EXPECT_EQ(RaisedByDividers(stage), Reported("Prova.Fonte", "Falha provocada"));
       EXPECT_EQ(stage.heard, CallLines{kMishapLine});
       // The next error finds the log again.
       EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
@@ -238,7 +234,7 @@ TEST(CCaixaRptLogTest, FailsOnceWhenTheLogFailsBeforeTheFrameAndInIt) {
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
   for (const wchar_t* call :
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"}) {
-    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
     for (int time = 0; time < 2; ++time)
       stage.around.journal.FailOn(call, Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")));
     EXPECT_EQ(RaisedBy([&] {
@@ -250,7 +246,7 @@ TEST(CCaixaRptLogTest, FailsOnceWhenTheLogFailsBeforeTheFrameAndInIt) {
 }
 
 TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheListenerFails) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.report.OnDebugLog([](const std::wstring&) { throw Erro(5, L"Cliente", L"O cliente falhou"); });
   EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
 }
@@ -270,7 +266,7 @@ TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
       {L"VantLog.FnLog", "AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt},
   };
   for (const Need& need : kNeeds) {
-    CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
     stage.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
                                 Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
     EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, need.method, CaixaStage::Own({}).get()); }),

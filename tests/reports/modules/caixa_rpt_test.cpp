@@ -31,7 +31,7 @@ TEST(CCaixaRptTest, StartsWithoutConnectionAndLogFile) {
 }
 
 TEST(CCaixaRptTest, KeepsItsPropertiesAsTheyAreGiven) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   const std::shared_ptr<platform::Connection> connection = stage.report.Conexao().connection;
   stage.report.SetStringConexao(L" Provider=x ;; ");
   stage.report.SetLogFile(L" /var/log/kodra.log ");
@@ -48,7 +48,7 @@ TEST(CCaixaRptTest, KeepsItsPropertiesAsTheyAreGiven) {
 TEST(CCaixaRptTest, AsksForAConnectionOrAConnectionStringBeforeAnythingElse) {
   for (const auto& [name, method] : FramedMethods())
     for (const ObjectRef& parameters : {CaixaStage::Own({}), ObjectRef()}) {
-      CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+      CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
       stage.report.SetStringConexao(L"");
       EXPECT_EQ(RaisedByCall(stage, method, parameters),
                 Reported("KodraRpt.CCaixaRpt::InicializaPS",
@@ -66,13 +66,13 @@ TEST(CCaixaRptTest, AsksForTheParameterObjectSecond) {
     const std::string line = "KodraRpt.CCaixaRpt::" + name +
                              ": ----> saindo com o erro -2147211505 em KodraRpt.CCaixaRpt::InicializaPS: "
                              "Objeto não definido.";
-    CaixaStage onString(DatabaseOf(2), Path::kConnectionString);
+    CaixaStage onString(DatabaseOf(tbSQLServer), Path::kConnectionString);
     EXPECT_EQ(RaisedByCall(onString, method, nullptr),
               Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
     EXPECT_EQ(onString.around.journal.Calls(), All({onString.FirstLogLines(line)}));
     EXPECT_EQ(onString.heard, CallLines{line});
 
-    CaixaStage onClients(DatabaseOf(2), Path::kClientConnection);
+    CaixaStage onClients(DatabaseOf(tbSQLServer), Path::kClientConnection);
     EXPECT_EQ(RaisedByCall(onClients, method, nullptr),
               Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
     EXPECT_EQ(onClients.around.journal.Calls(),
@@ -85,9 +85,9 @@ TEST(CCaixaRptTest, AsksForTheParameterObjectSecond) {
 TEST(CCaixaRptTest, PrefersTheClientsConnectionAndKeepsItsString) {
   for (const auto& [name, method] : FramedMethods()) {
     SCOPED_TRACE(name);
-    CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
     const std::string undisturbed = stage.Run(method, Parameters());
-    CaixaStage both(DatabaseOf(2), Path::kClientConnection);
+    CaixaStage both(DatabaseOf(tbSQLServer), Path::kClientConnection);
     both.report.SetStringConexao(L"Provider=OraOLEDB.Oracle;Data Source=ARQ");
     EXPECT_EQ(both.Run(method, Parameters()), undisturbed);
     EXPECT_EQ(both.report.StringConexao(), L"Provider=SQLNCLI11;Data Source=arquivo;");
@@ -96,7 +96,7 @@ TEST(CCaixaRptTest, PrefersTheClientsConnectionAndKeepsItsString) {
 
 TEST(CCaixaRptTest, NeverOpensClosesOrChangesTheClientsConnection) {
   for (const auto& [name, method] : FramedMethods()) {
-    CaixaStage stage(DatabaseOf(1), Path::kClientConnection);
+    CaixaStage stage(DatabaseOf(tbOracle), Path::kClientConnection);
     const std::string calls = stage.Run(method, Parameters());
     const std::string read =
         "ConexaoDoCliente.ConnectionString() -> \"Provider=OraOLEDB.Oracle;Data Source=ARQ;User ID=kodra\"\n";
@@ -107,34 +107,34 @@ TEST(CCaixaRptTest, NeverOpensClosesOrChangesTheClientsConnection) {
 }
 
 TEST(CCaixaRptTest, ReadsTheClientsConnectionAnewAtEachCall) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.Run(kDivisoria, Parameters());
   stage.GiveClientConnection("Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
-  CaixaStage other(DatabaseOf(3), Path::kClientConnection);
-  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {3}}});
+  CaixaStage other(DatabaseOf(tbMySQL), Path::kClientConnection);
+  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbMySQL}}});
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
   EXPECT_EQ(stage.report.StringConexao(), L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
 }
 
 TEST(CCaixaRptTest, LearnsTheDatabaseAnewAtEachCall) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {6}}});
+  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbDB2}}});
   stage.report.SetStringConexao(L"Provider=IBMDADB2;Data Source=arquivo;");
-  CaixaStage other(DatabaseOf(6), Path::kConnectionString);
+  CaixaStage other(DatabaseOf(tbDB2), Path::kConnectionString);
   EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()), other.Run(&CCaixaRpt::ModulosVencidos, Parameters()));
 }
 
 TEST(CCaixaRptTest, GoesBackToTheConnectionStringWithoutTheClientsConnection) {
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.report.SetConexao({});
   stage.report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  CaixaStage other(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage other(DatabaseOf(tbSQLServer), Path::kConnectionString);
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
 }
 
 TEST(CCaixaRptTest, LetsAConnectionStringOfOneBlankThrough) {
-  CaixaStage stage(DatabaseOf(2), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
   stage.report.SetStringConexao(L" ");
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()),
             All({{
@@ -162,7 +162,7 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
       "FROM CAIXA c INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
       "WHERE (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
       "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)";
-  CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.GiveLogFile(L"/var/log/kodra.log");
   stage.report.SetStringConexao(L"outra");
   EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}}),
@@ -185,9 +185,9 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
             }}));
 }
 
-TEST(CCaixaRptTest, GivesRowsThatOutliveTheReport) {
+TEST(CCaixaRptTest, ReturnsRowsThatOutliveTheReport) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(2), path);
+    CaixaStage stage(DatabaseOf(tbSQLServer), path);
     frame::ReportRows rows;
     {
       ModuleObject report(L"CCaixaRpt", stage.around);

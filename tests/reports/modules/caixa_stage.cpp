@@ -5,17 +5,9 @@
 #include "frame/parameter_object.h"
 
 namespace kodra::reports {
-namespace {
 
 using recorder::Utf8;
-
-std::wstring Wide(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
-
-void Append(CallLines& lines, const CallLines& more) { lines.insert(lines.end(), more.begin(), more.end()); }
-
-std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
-
-}  // namespace
+using recorder::Wide;
 
 const std::vector<std::pair<std::string, CaixaMethod>>& FramedMethods() {
   static const std::vector<std::pair<std::string, CaixaMethod>> methods = {
@@ -41,16 +33,8 @@ frame::ReportRows RunModule(ModuleObject& report, CaixaMethod method, Automation
   return nullptr;
 }
 
-std::string All(std::initializer_list<CallLines> parts) {
-  std::string text;
-  for (const CallLines& part : parts)
-    for (const std::string& line : part) text += line + "\n";
-  return text;
-}
-
 CaixaStage::CaixaStage(const Database& database, Path path) : database_(database), path_(path) {
-  around.files[L"/dados/arquivo.db"] = 4096;
-  around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {database.code}}});
+  Install(database, around);
   around.Register(L"KodraBsnV3.ModulosBsn", {{L"NumCxSubordinadaSQL", {L"s.COD7"}}});
   around.Register(L"KodraBsnV3.ModulosFiltro", {});
   around.RegisterMaker(L"VantLog.FnLog", L"Log", [this](const std::wstring& name) {
@@ -164,14 +148,7 @@ CallLines CaixaStage::ResultLines(const std::string& statement, const CallLines&
         "Recordset1.Open(" + Quoted(statement) + ", ConexaoDoCliente, -1, -1, -1)",
     };
   } else {
-    lines = OpeningLines(database_);
-    Append(lines, {
-                      "NewRecordset() -> Recordset1",
-                      "Recordset1.SetCursorLocation(2)",
-                      "Recordset1.SetCacheSize(100)",
-                      "Recordset1.Open(" + Quoted(statement) + ", Connection1, 0, 1, 1)",
-                      "~Connection1",
-                  });
+    lines = OpeningRows(database_, statement, 1, 1);
   }
   Append(lines, ends);
   Append(lines, {"~Recordset1"});
@@ -220,13 +197,7 @@ void CheckStatic(const Database& database, CaixaMethod method, const Parameters&
 }
 
 recorder::Raised Reported(const std::string& source, const std::string& cause) {
-  return {kErrBase + 8107, source, "Erro ao gerar dados para o relatório: " + cause};
-}
-
-std::string Replaced(std::string text, const std::string& word, const std::string& replacement) {
-  for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + replacement.size()))
-    text.replace(at, word.size(), replacement);
-  return text;
+  return {frame::kReportError, source, "Erro ao gerar dados para o relatório: " + cause};
 }
 
 }  // namespace kodra::reports

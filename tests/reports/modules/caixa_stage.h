@@ -1,6 +1,6 @@
 // A CCaixaRpt with everything that it meets, and the lines that its calls leave.
 //
-//   CaixaStage stage(DatabaseOf(2), Path::kClientConnection);
+//   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
 //   EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AB001"}}),
 //             All({stage.InitialLines(), stage.ResultLines("SELECT …")}));
 #pragma once
@@ -10,9 +10,8 @@
 #include <vector>
 
 #include "reports/reports.h"
-#include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
-#include "tests/reports/listing_checks.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 
@@ -25,13 +24,6 @@ const std::vector<std::pair<std::string, CaixaMethod>>& FramedMethods();
 enum class Path { kConnectionString, kClientConnection };
 inline constexpr Path kPaths[] = {Path::kConnectionString, Path::kClientConnection};
 
-// Values of CCaixaRptObj by name; a property that is not named has its initial value.
-using Parameters = std::vector<std::pair<std::wstring, Value>>;
-
-using CallLines = std::vector<std::string>;
-// The lines as Journal::Calls gives them.
-std::string All(std::initializer_list<CallLines> parts);
-
 // Calls a method of CCaixaRpt by its name.
 frame::ReportRows RunModule(ModuleObject& report, CaixaMethod method, AutomationObject* parameters);
 
@@ -40,11 +32,11 @@ class CaixaStage {
   // A report without log file. Subordinate modules have the code "s.COD7"; one of them is closed.
   CaixaStage(const Database& database, Path path);
 
-  // The client's parameter object: the component's own, which leaves no lines, or another one ("Parametros" in the
-  // journal), which keeps its values as they are given.
+  // The client's parameter object, whose properties have their initial values unless they are named: the component's
+  // own, which leaves no lines, or another one ("Parametros" in the journal), which keeps its values as they are given.
   static ObjectRef Own(const Parameters& parameters);
   ObjectRef Foreign(const Parameters& parameters);
-  // Calls once in a new journal, drops the rows and gives all calls.
+  // Calls once in a new journal, drops the rows and returns all calls.
   std::string Run(CaixaMethod method, const ObjectRef& parameters);
   std::string Run(CaixaMethod method, const Parameters& parameters) { return Run(method, Own(parameters)); }
 
@@ -98,8 +90,5 @@ void CheckStatic(const Database& database, CaixaMethod method, const Parameters&
 
 // The error that the client sees, whose source is the cause's own.
 recorder::Raised Reported(const std::string& source, const std::string& cause);
-
-// A text with one word in place of another, at every place.
-std::string Replaced(std::string text, const std::string& word, const std::string& replacement);
 
 }  // namespace kodra::reports

@@ -1,18 +1,14 @@
 // The opening labels of containers, made in memory.
 #include <gtest/gtest.h>
 
-#include <new>
-
 #include "frame/parameter_object.h"
 #include "reports/reports.h"
-#include "tests/recorder/fake_surroundings.h"
-#include "tests/recorder/raised.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
 
 using recorder::Framed;
-using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Rows;
@@ -38,6 +34,12 @@ class Conversions final : public AutomationObject, public recorder::Fake {
   void Set(std::wstring_view, const ObjectRef&) override { throw MemberNotFound(); }
 };
 
+void RegisterConversions(recorder::FakeSurroundings& around) {
+  around.RegisterMaker(L"VantLib.Conversoes", L"Conversoes", [&around](const std::wstring& name) {
+    return std::make_shared<Conversions>(around.journal, name);
+  });
+}
+
 // The modules of a container, as the database has them.
 Rows ModuleRows(std::vector<std::vector<Value>> rows) {
   return {{L"CONTAINER", L"DATA_VENCIMENTO", L"TIPO_GUARDA", L"NOME_EMPRESA"}, std::move(rows)};
@@ -59,10 +61,8 @@ std::ostream& operator<<(std::ostream& out, const Label& label) {
 class EtiquetaAberturaDeContainerTest : public testing::Test {
  protected:
   EtiquetaAberturaDeContainerTest() {
-    around_.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
-    around_.RegisterMaker(L"VantLib.Conversoes", L"Conversoes", [this](const std::wstring& name) {
-      return std::make_shared<Conversions>(around_.journal, name);
-    });
+    around_.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLServer}}});
+    RegisterConversions(around_);
     report_.SetStringConexao(L"Provider=SQLNCLI11;");
   }
 
@@ -91,7 +91,7 @@ class EtiquetaAberturaDeContainerTest : public testing::Test {
   frame::ReportObject report_{L"CContainerRpt", around_};
 };
 
-constexpr auto kBefore = {
+const CallLines kBefore = {
     R"(CreateObject("KodraConexao.StrCon") -> Object1)",
     R"(Object1.Let(StrCon, "Provider=SQLNCLI11;"))",
     "Object1.Get(TipoBanco) -> 2",
@@ -104,36 +104,29 @@ constexpr auto kBefore = {
     R"(Recordset1.AppendField("NOME_EMPRESA", 200, 64, -1))",
 };
 
-std::string Text(std::initializer_list<const char*> lines) {
-  std::string text;
-  for (const char* line : lines) text.append(line).append("\n");
-  return text;
-}
-
 // The reading of a container's modules, up to its recordset. The connections are counted from 1, the recordsets from 2.
-std::string OpeningOf(int container, const std::string& code) {
-  const std::string connection = "Connection" + std::to_string(container);
-  const std::string rows = "Recordset" + std::to_string(container + 1);
-  return "Parametros.Get(Container" + std::to_string(container) + ") -> \"" + code +
-         "\"\n"
-         "NewConnection() -> " +
-         connection + "\n" + connection + ".SetConnectionString(\"Provider=SQLNCLI11;Persist Security Info=True;\")\n" +
-         connection + ".SetCursorLocation(2)\n" + connection + ".SetIsolationLevel(4096)\n" + connection +
-         ".Open(\"\", \"\", -1)\n"
-         "NewRecordset() -> " +
-         rows + "\n" + rows + ".SetCursorLocation(2)\n" + rows + ".SetCacheSize(100)\n" + rows +
-         ".Open(\"SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
-         "FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 WHERE cx.CONTAINER='" +
-         code + "'\", " + connection + ", 0, 1, 1)\n~" + connection + "\n";
+CallLines OpeningOf(int container, const std::string& code) {
+  const Database database = {.code = tbSQLServer,
+                             .connectionString = "Provider=SQLNCLI11;",
+                             .prepared = "Provider=SQLNCLI11;Persist Security Info=True;"};
+  CallLines lines = {"Parametros.Get(Container" + std::to_string(container) + ") -> " + Quoted(code)};
+  Append(lines, OpeningRows(database,
+                            "SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA "
+                            "FROM CAIXA cx INNER JOIN PARAMETRO p ON 1=1 WHERE cx.CONTAINER='" +
+                                code + "'",
+                            container, container + 1));
+  return lines;
 }
 
 // The same for a container without modules.
-std::string EmptyContainer(int container, const std::string& code) {
+CallLines EmptyContainer(int container, const std::string& code) {
   const std::string rows = "Recordset" + std::to_string(container + 1);
-  return OpeningOf(container, code) + rows + ".Eof() -> True\n" + rows + ".Close()\n~" + rows + "\n";
+  CallLines lines = OpeningOf(container, code);
+  Append(lines, {rows + ".Eof() -> True", rows + ".Close()", "~" + rows});
+  return lines;
 }
 
-constexpr auto kOpenOutput = {
+const CallLines kOpenOutput = {
     "Recordset1.State() -> 0",
     "Recordset1.Open(missing, missing, -1, -1, -1)",
     R"(Recordset1.FieldByName("CONTAINER"))",
@@ -146,65 +139,67 @@ TEST_F(EtiquetaAberturaDeContainerTest, ReadsEachContainerAndFillsARowForEachTha
   Call(Containers(L"C1", L"", L"C3"),
        {ModuleRows({{L"c1", Null{}, L"E", L"Arquivo"}, {L"c1", Date{45000}, L"T", L"Geral"}}), ModuleRows({}),
         ModuleRows({{L"C3", Null{}, Null{}, Null{}}})});
-  EXPECT_EQ(around_.journal.Calls(), Text(kBefore) + OpeningOf(1, "C1") +
-                                         Lines({
-                                             "Recordset2.Eof() -> False",
-                                             R"(Recordset2.FieldByName("NOME_EMPRESA"))",
-                                             R"(Recordset2.FieldByName("TIPO_GUARDA"))",
-                                             R"(Recordset2.FieldByName("DATA_VENCIMENTO"))",
-                                             "Recordset2.Eof() -> False",
-                                             R"(Recordset2.Field(NOME_EMPRESA).Get() -> "Arquivo")",
-                                             R"(Recordset2.Field(TIPO_GUARDA).Get() -> "E")",
-                                             "Conversoes.Call(ToDate)",
-                                             "Recordset2.Field(DATA_VENCIMENTO).Get() -> Null",
-                                             "Recordset2.MoveNext()",
-                                             "Recordset2.Eof() -> False",
-                                             R"(Recordset2.Field(NOME_EMPRESA).Get() -> "Geral")",
-                                             R"(Recordset2.Field(TIPO_GUARDA).Get() -> "T")",
-                                             "Conversoes.Call(ToDate)",
-                                             "Recordset2.Field(DATA_VENCIMENTO).Get() -> Date(45000)",
-                                             "Recordset2.MoveNext()",
-                                             "Recordset2.Eof() -> True",
-                                             "Recordset2.Close()",
-                                         }) +
-                                         Text(kOpenOutput) +
-                                         Lines({
-                                             "Recordset1.AddNew()",
-                                             R"(Recordset1.Field(CONTAINER).Let("C1"))",
-                                             "Recordset1.Field(DATA_VENCIMENTO).Let(Date(45000))",
-                                             R"(Recordset1.Field(TIPO_GUARDA).Let("T"))",
-                                             R"(Recordset1.Field(NOME_EMPRESA).Let("Geral"))",
-                                             "Recordset1.Update()",
-                                             "~Recordset2",
-                                         }) +
-                                         EmptyContainer(2, "") + OpeningOf(3, "C3") +
-                                         Lines({
-                                             "Recordset4.Eof() -> False",
-                                             R"(Recordset4.FieldByName("NOME_EMPRESA"))",
-                                             R"(Recordset4.FieldByName("TIPO_GUARDA"))",
-                                             R"(Recordset4.FieldByName("DATA_VENCIMENTO"))",
-                                             "Recordset4.Eof() -> False",
-                                             "Recordset4.Field(NOME_EMPRESA).Get() -> Null",
-                                             "Recordset4.Field(TIPO_GUARDA).Get() -> Null",
-                                             "Conversoes.Call(ToDate)",
-                                             "Recordset4.Field(DATA_VENCIMENTO).Get() -> Null",
-                                             "Recordset4.MoveNext()",
-                                             "Recordset4.Eof() -> True",
-                                             "Recordset4.Close()",
-                                             "Recordset1.State() -> 1",
-                                             "Recordset1.AddNew()",
-                                             R"(Recordset1.Field(CONTAINER).Let("C3"))",
-                                             "Recordset1.Field(DATA_VENCIMENTO).Let(Date(0))",
-                                             R"(Recordset1.Field(TIPO_GUARDA).Let(""))",
-                                             R"(Recordset1.Field(NOME_EMPRESA).Let(""))",
-                                             "Recordset1.Update()",
-                                             "~Recordset4",
-                                             "Recordset1.State() -> 1",
-                                             "Recordset1.MoveFirst()",
-                                             "~Conversoes",
-                                             "~Parametros",
-                                             "~Recordset1",
-                                         }));
+  EXPECT_EQ(around_.journal.Calls(), All({kBefore,
+                                          OpeningOf(1, "C1"),
+                                          {
+                                              "Recordset2.Eof() -> False",
+                                              R"(Recordset2.FieldByName("NOME_EMPRESA"))",
+                                              R"(Recordset2.FieldByName("TIPO_GUARDA"))",
+                                              R"(Recordset2.FieldByName("DATA_VENCIMENTO"))",
+                                              "Recordset2.Eof() -> False",
+                                              R"(Recordset2.Field(NOME_EMPRESA).Get() -> "Arquivo")",
+                                              R"(Recordset2.Field(TIPO_GUARDA).Get() -> "E")",
+                                              "Conversoes.Call(ToDate)",
+                                              "Recordset2.Field(DATA_VENCIMENTO).Get() -> Null",
+                                              "Recordset2.MoveNext()",
+                                              "Recordset2.Eof() -> False",
+                                              R"(Recordset2.Field(NOME_EMPRESA).Get() -> "Geral")",
+                                              R"(Recordset2.Field(TIPO_GUARDA).Get() -> "T")",
+                                              "Conversoes.Call(ToDate)",
+                                              "Recordset2.Field(DATA_VENCIMENTO).Get() -> Date(45000)",
+                                              "Recordset2.MoveNext()",
+                                              "Recordset2.Eof() -> True",
+                                              "Recordset2.Close()",
+                                          },
+                                          kOpenOutput,
+                                          {
+                                              "Recordset1.AddNew()",
+                                              R"(Recordset1.Field(CONTAINER).Let("C1"))",
+                                              "Recordset1.Field(DATA_VENCIMENTO).Let(Date(45000))",
+                                              R"(Recordset1.Field(TIPO_GUARDA).Let("T"))",
+                                              R"(Recordset1.Field(NOME_EMPRESA).Let("Geral"))",
+                                              "Recordset1.Update()",
+                                              "~Recordset2",
+                                          },
+                                          EmptyContainer(2, ""),
+                                          OpeningOf(3, "C3"),
+                                          {
+                                              "Recordset4.Eof() -> False",
+                                              R"(Recordset4.FieldByName("NOME_EMPRESA"))",
+                                              R"(Recordset4.FieldByName("TIPO_GUARDA"))",
+                                              R"(Recordset4.FieldByName("DATA_VENCIMENTO"))",
+                                              "Recordset4.Eof() -> False",
+                                              "Recordset4.Field(NOME_EMPRESA).Get() -> Null",
+                                              "Recordset4.Field(TIPO_GUARDA).Get() -> Null",
+                                              "Conversoes.Call(ToDate)",
+                                              "Recordset4.Field(DATA_VENCIMENTO).Get() -> Null",
+                                              "Recordset4.MoveNext()",
+                                              "Recordset4.Eof() -> True",
+                                              "Recordset4.Close()",
+                                              "Recordset1.State() -> 1",
+                                              "Recordset1.AddNew()",
+                                              R"(Recordset1.Field(CONTAINER).Let("C3"))",
+                                              "Recordset1.Field(DATA_VENCIMENTO).Let(Date(0))",
+                                              R"(Recordset1.Field(TIPO_GUARDA).Let(""))",
+                                              R"(Recordset1.Field(NOME_EMPRESA).Let(""))",
+                                              "Recordset1.Update()",
+                                              "~Recordset4",
+                                              "Recordset1.State() -> 1",
+                                              "Recordset1.MoveFirst()",
+                                              "~Conversoes",
+                                              "~Parametros",
+                                              "~Recordset1",
+                                          }}));
   EXPECT_EQ(around_.journal.LiveObjects(), 0);
 }
 
@@ -220,24 +215,27 @@ TEST_F(EtiquetaAberturaDeContainerTest, IsOnTheFirstLabel) {
 
 TEST_F(EtiquetaAberturaDeContainerTest, OpensAnEmptyRecordsetForContainersWithoutModules) {
   Call(Containers(L"C1", L"C2", L"C3"), {});
-  EXPECT_EQ(around_.journal.Calls(), Text(kBefore) + EmptyContainer(1, "C1") + EmptyContainer(2, "C2") +
-                                         EmptyContainer(3, "C3") + Text(kOpenOutput) +
-                                         Lines({"~Conversoes", "~Parametros", "~Recordset1"}));
+  EXPECT_EQ(around_.journal.Calls(), All({kBefore,
+                                          EmptyContainer(1, "C1"),
+                                          EmptyContainer(2, "C2"),
+                                          EmptyContainer(3, "C3"),
+                                          kOpenOutput,
+                                          {"~Conversoes", "~Parametros", "~Recordset1"}}));
   EXPECT_EQ(Labels(Containers(L"C1", L"C2", L"C3"), {}), std::vector<Label>());
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, GivesOnlyTheFirstLabelWhenTheOtherContainersAreLeftEmpty) {
+TEST_F(EtiquetaAberturaDeContainerTest, ReturnsOnlyTheFirstLabelWhenTheOtherContainersAreLeftEmpty) {
   EXPECT_EQ(Labels(Containers(L"C1"), {ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}})}),
             (std::vector<Label>{{"C1", {45000}, "T", "Arquivo"}}));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, GivesALabelForALaterContainerAlone) {
+TEST_F(EtiquetaAberturaDeContainerTest, ReturnsALabelForALaterContainerAlone) {
   EXPECT_EQ(Labels(Containers(L"", L"", L"C3"),
                    {ModuleRows({}), ModuleRows({}), ModuleRows({{L"C3", Null{}, L"D", L"Arquivo"}})}),
             (std::vector<Label>{{"C3", {0}, "D", "Arquivo"}}));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, GivesTheZeroDateAndTheLastKindWithoutAnyRetentionDate) {
+TEST_F(EtiquetaAberturaDeContainerTest, ReturnsTheZeroDateAndTheLastKindWithoutAnyRetentionDate) {
   EXPECT_EQ(
       Labels(Containers(L"C1"), {ModuleRows({{L"C1", Null{}, L"E", L"Arquivo"}, {L"C1", Null{}, L"D", L"Arquivo"}})}),
       (std::vector<Label>{{"C1", {0}, "D", "Arquivo"}}));
@@ -252,14 +250,14 @@ TEST_F(EtiquetaAberturaDeContainerTest, KeepsForATermAContainerWithADatedModule)
             (std::vector<Label>{{"C1", {45000}, "T", "Arquivo"}}));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, GivesTheLatestDateOfTheModules) {
+TEST_F(EtiquetaAberturaDeContainerTest, ReturnsTheLatestDateOfTheModules) {
   EXPECT_EQ(Labels(Containers(L"C1"), {ModuleRows({{L"C1", Date{45001}, L"T", L"Arquivo"},
                                                    {L"C1", Date{46000}, L"T", L"Arquivo"},
                                                    {L"C1", Date{45500}, L"T", L"Arquivo"}})}),
             (std::vector<Label>{{"C1", {46000}, "T", "Arquivo"}}));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, GivesTwoLabelsForAContainerGivenTwice) {
+TEST_F(EtiquetaAberturaDeContainerTest, ReturnsTwoLabelsForAContainerGivenTwice) {
   const Rows modules = ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}});
   EXPECT_EQ(Labels(Containers(L"C1", L"C1"), {modules, modules}),
             (std::vector<Label>{{"C1", {45000}, "T", "Arquivo"}, {"C1", {45000}, "T", "Arquivo"}}));
@@ -287,7 +285,7 @@ TEST_F(EtiquetaAberturaDeContainerTest, ReadsItsOwnParameterObject) {
   EXPECT_EQ(rows->FieldByName(L"CONTAINER")->Get(), Value(L"C2"));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, TakesADateTextFromAComponentThatGivesOne) {
+TEST_F(EtiquetaAberturaDeContainerTest, TakesADateTextFromAComponentThatReturnsOne) {
   around_.RegisterMaker(L"VantLib.Conversoes", L"Conversoes", [this](const std::wstring& name) {
     return around_.NewObject(name, {{L"ToDate", {L"15/03/2023"}}});
   });
@@ -326,48 +324,15 @@ TEST_F(EtiquetaAberturaDeContainerTest, FailsAsAWholeWhenALaterContainersQueryFa
   EXPECT_EQ(around_.journal.LiveObjects(), 1);  // the client's parameter object
 }
 
-// Whether a call belongs to the opening of a container's recordset, and to that of its connection.
-bool IsConnecting(std::wstring_view call) {
-  return call.starts_with(L"NewConnection(") || call.starts_with(L"Connection");
-}
-bool IsOpening(std::wstring_view call, int recordsetsMade) {
-  if (call.starts_with(L"NewRecordset(")) return recordsetsMade > 0;
-  if (!call.starts_with(L"Recordset") || call.starts_with(L"Recordset1.")) return false;
-  return call.find(L".SetCursorLocation(") != call.npos || call.find(L".SetCacheSize(") != call.npos ||
-         call.find(L".Open(") != call.npos;
-}
-
 TEST_F(EtiquetaAberturaDeContainerTest, EveryCallThatFailsReachesTheClientInTheFrame) {
-  const std::deque<Rows> modules = {ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}}), ModuleRows({}),
-                                    ModuleRows({{L"C3", Null{}, L"E", L"Arquivo"}})};
-  const recorder::Answers containers = Containers(L"C1", L"C2", L"C3");
-  Call(containers, modules);
-  const std::string undisturbed = around_.journal.Calls();
-  const int calls = around_.journal.CallCount();
-  const std::tuple<std::exception_ptr, std::string, std::string> kMishaps[] = {
-      {recorder::Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), "Prova.Fonte", "Falha provocada"},
-      {recorder::Failure(std::bad_alloc()), "KodraRpt", "Memória insuficiente"},
-  };
-  around_.ado.nativeErrors = {942};
-  for (const auto& [exception, source, text] : kMishaps)
-    for (int failing = 1; failing <= calls; ++failing) {
-      const ObjectRef parameters = around_.NewObject(L"Parametros", containers);
-      around_.ado.results = modules;
-      around_.journal.Forget();
-      around_.journal.FailAt(failing, exception);
-      const Raised raised = RaisedBy(
-          [&] { frame::Run(report_, L"EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, parameters.get()); });
-      const std::wstring call = around_.journal.FailedCall();
-      SCOPED_TRACE(Utf8(call));
-      std::string cause = text;
-      const int recordsetsMade = around_.journal.Calls().find("NewRecordset() -> ") == std::string::npos ? 0 : 1;
-      if (IsConnecting(call)) cause.insert(0, "[modADO.AbreCn]: [" + source + "]: ");
-      if (IsOpening(call, recordsetsMade)) cause.insert(0, "[" + source + "]: ").append(" [N:942]");
-      EXPECT_EQ(raised, Framed("CContainerRpt::EtiquetaAbertura", cause));
-      EXPECT_EQ(around_.journal.LiveObjects(), 1);  // the client's parameter object
-      Call(containers, modules);
-      EXPECT_EQ(around_.journal.Calls(), undisturbed);
-    }
+  const std::int32_t kCodes[] = {tbSQLServer};
+  CheckFailures(
+      SubjectOf("CContainerRpt::EtiquetaAbertura", &CContainerRpt::EtiquetaAbertura, Containers(L"C1", L"C2", L"C3")),
+      kCodes, [](recorder::FakeSurroundings& around) {
+        RegisterConversions(around);
+        around.ado.results = {ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}}), ModuleRows({}),
+                              ModuleRows({{L"C3", Null{}, L"E", L"Arquivo"}})};
+      });
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/listing_checks.h"
+#include "tests/reports/report_scene.h"
 
 namespace kodra::reports {
 namespace {
@@ -32,22 +32,19 @@ Subject Modules(recorder::Answers parameters) {
 }
 
 TEST(CContainerRptTest, ListsTheModulesOfThreeContainersOnEveryDatabase) {
-  for (const Database& database : Databases())
-    EXPECT_EQ(Stage(Modules(Containers(L"C1", L"C2", L"o'x")), database).Run(),
-              ListingCalls(database,
-                           "SELECT cx.CONTAINER, cx.NUM_CAIXA FROM CAIXA cx WHERE cx.CONTAINER = 'C1' OR "
-                           "cx.CONTAINER = 'C2' OR cx.CONTAINER = 'o'x' ORDER BY cx.CONTAINER, cx.NUM_CAIXA",
-                           {R"(Parametros.Get(Container1) -> "C1")", R"(Parametros.Get(Container2) -> "C2")",
-                            R"(Parametros.Get(Container3) -> "o'x")"}));
+  CheckListing(Modules(Containers(L"C1", L"C2", L"o'x")),
+               "SELECT cx.CONTAINER, cx.NUM_CAIXA FROM CAIXA cx WHERE cx.CONTAINER = 'C1' OR "
+               "cx.CONTAINER = 'C2' OR cx.CONTAINER = 'o'x' ORDER BY cx.CONTAINER, cx.NUM_CAIXA",
+               {R"(Parametros.Get(Container1) -> "C1")", R"(Parametros.Get(Container2) -> "C2")",
+                R"(Parametros.Get(Container3) -> "o'x")"});
 }
 
 TEST(CContainerRptTest, ListsTheModulesOfOneContainer) {
-  EXPECT_EQ(Stage(Modules(Containers(L"C1")), DatabaseOf(2)).Run(),
-            ListingCalls(DatabaseOf(2),
-                         "SELECT cx.CONTAINER, cx.NUM_CAIXA FROM CAIXA cx WHERE cx.CONTAINER = 'C1' OR "
-                         "cx.CONTAINER = '' OR cx.CONTAINER = '' ORDER BY cx.CONTAINER, cx.NUM_CAIXA",
-                         {R"(Parametros.Get(Container1) -> "C1")", R"(Parametros.Get(Container2) -> "")",
-                          R"(Parametros.Get(Container3) -> "")"}));
+  CheckListing(DatabaseOf(tbSQLServer), Modules(Containers(L"C1")),
+               "SELECT cx.CONTAINER, cx.NUM_CAIXA FROM CAIXA cx WHERE cx.CONTAINER = 'C1' OR "
+               "cx.CONTAINER = '' OR cx.CONTAINER = '' ORDER BY cx.CONTAINER, cx.NUM_CAIXA",
+               {R"(Parametros.Get(Container1) -> "C1")", R"(Parametros.Get(Container2) -> "")",
+                R"(Parametros.Get(Container3) -> "")"});
 }
 
 TEST(CContainerRptTest, RaisesEveryErrorOfTheModulesInItsFrame) { CheckFrame(Modules(Containers(L"C1"))); }

@@ -18,7 +18,7 @@ TEST(ModuleCodeTest, TakesAShorterCodeWholeForTheMainModule) {
   EXPECT_EQ(MainModule(L""), L"");
 }
 
-TEST(ModuleCodeTest, GivesTheNumberOfASubordinateWithoutPadding) {
+TEST(ModuleCodeTest, ReturnsTheNumberOfASubordinateWithoutPadding) {
   EXPECT_EQ(SubordinateNumber(L"AB00107"), L"7");
   EXPECT_EQ(SubordinateNumber(L"AB00112"), L"12");
   EXPECT_EQ(SubordinateNumber(L"AB00100"), L"0");

@@ -9,6 +9,7 @@
 namespace kodra::reports {
 namespace {
 
+using recorder::kInvalidUseOfNull;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Utf8;
@@ -63,8 +64,8 @@ TEST_F(ModuleFiltersTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 }
 
 TEST_F(ModuleFiltersTest, RefusesANull) {
-  EXPECT_EQ(RaisedBy([&] { OfDepto(Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
-  EXPECT_EQ(RaisedBy([&] { OfPregresso(Null{}); }), (Raised{94, "KodraRpt", "Uso de 'Null' inválido"}));
+  EXPECT_EQ(RaisedBy([&] { OfDepto(Null{}); }), kInvalidUseOfNull);
+  EXPECT_EQ(RaisedBy([&] { OfPregresso(Null{}); }), kInvalidUseOfNull);
 }
 
 }  // namespace

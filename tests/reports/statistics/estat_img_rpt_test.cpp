@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/parameter_object.h"
 #include "tests/reports/report_scene.h"
 #include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
 namespace {
 
-using recorder::Framed;
 using recorder::Utf8;
 
 constexpr auto kName = "CEstatImgRpt::RelatorioEstatisticas";
@@ -32,7 +30,7 @@ Subject Report(const Choice& choice, const Value& owner = L"X") {
                     {L"TipoRpt", {choice.kind}}});
 }
 
-std::vector<std::string> Reads(const Choice& choice) {
+CallLines Reads(const Choice& choice) {
   return MarchReads({{"CodOperador", Utf8(choice.operatorCode)},
                      {"CodDepto", Utf8(choice.departmentCode)},
                      {"Owner", "X"},
@@ -97,8 +95,7 @@ void CheckChoice(const std::wstring& operatorCode, const std::wstring& departmen
   for (const auto& [code, inMarch] : kInMarch)
     for (const auto& [kind, columns] : kKinds) {
       const Choice choice = {operatorCode, departmentCode, kind};
-      EXPECT_EQ(Stage(Report(choice), DatabaseOf(code)).Run(),
-                ListingCalls(DatabaseOf(code), statement(columns, inMarch), Reads(choice)));
+      CheckListing(DatabaseOf(code), Report(choice), statement(columns, inMarch), Reads(choice));
     }
 }
 
@@ -111,22 +108,20 @@ TEST(CEstatImgRptTest, CountsTheDocumentsOfADepartment) { CheckChoice(L"", L"D01
 TEST(CEstatImgRptTest, CountsWhatAnOperatorStoredOfADepartment) { CheckChoice(L"7", L"D01", BothStatement); }
 
 TEST(CEstatImgRptTest, IsOneWholeStatementOnOracle) {
-  EXPECT_EQ(
-      Stage(Report({L"7", L"", L"F"}), DatabaseOf(1)).Run(),
-      ListingCalls(DatabaseOf(1),
-                   "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
-                   "'Todos os Departamentos' AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER, d.FRENTE  "
-                   "FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
-                   "INNER JOIN OPERADOR o ON d.COD_OPERADOR = o.COD_OPERADOR INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
-                   "WHERE d.DT_ARMAZ BETWEEN TO_DATE('01/03/2024','DD/MM/YYYY') AND TO_DATE('31/03/2024','DD/MM/YYYY') "
-                   "AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL'  AND d.COD_OPERADOR = '7'",
-                   Reads({L"7", L"", L"F"})));
+  CheckListing(DatabaseOf(tbOracle), Report({L"7", L"", L"F"}),
+               "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, o.DESCR_OPERADOR AS OPERADOR, "
+               "'Todos os Departamentos' AS DEPTO, d.DT_ARMAZ, p.EMPRESA AS FUNDO, 'X' AS OWNER, d.FRENTE  "
+               "FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE "
+               "INNER JOIN OPERADOR o ON d.COD_OPERADOR = o.COD_OPERADOR INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+               "WHERE d.DT_ARMAZ BETWEEN TO_DATE('01/03/2024','DD/MM/YYYY') AND TO_DATE('31/03/2024','DD/MM/YYYY') "
+               "AND d.NUM_CAIXA <> 'AA000'  AND s.DESCR_SUPORTE <> 'DIGITAL'  AND d.COD_OPERADOR = '7'",
+               Reads({L"7", L"", L"F"}));
 }
 
 TEST(CEstatImgRptTest, TakesTheLastDayOfThePeriodIn) {
   Subject report = Report({L"", L"", L""});
   report.parameters[L"DataInicial"] = {k31March2024};
-  Scene scene(report, DatabaseOf(2));
+  Scene scene(report, DatabaseOf(tbSQLServer));
   const std::string calls = scene.Run();
   EXPECT_NE(calls.find("WHERE d.DT_ARMAZ BETWEEN '20240331' AND '20240331' AND d.NUM_CAIXA <> 'AA000'  "
                        "AND s.DESCR_SUPORTE <> 'DIGITAL' \", Connection1, 0, 1, 1)\n"),
@@ -135,52 +130,31 @@ TEST(CEstatImgRptTest, TakesTheLastDayOfThePeriodIn) {
 }
 
 TEST(CEstatImgRptTest, TakesOneLetterInUpperCaseAndTrimmedCodesFromItsOwnParameterObject) {
-  Stage stage(Report({}), DatabaseOf(2));
-  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatImgRptObj"));
-  parameters.Let(L"DataInicial", k1March2024);
-  parameters.Let(L"DataFinal", k31March2024);
-  parameters.Let(L"Owner", L"X");
-  parameters.Let(L"CodOperador", L" 7 ");
-  parameters.Let(L"CodDepto", L"  ");
-  parameters.Let(L"TipoRpt", L"páginas");
-  frame::ReportObject report(L"CEstatImgRpt", stage.around);
-  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticas", &CEstatImgRpt::RelatorioEstatisticas, &parameters), nullptr);
-  EXPECT_EQ(
-      stage.around.journal.Calls(),
-      ListingCalls(DatabaseOf(2), OperatorStatement(", d.FRENTE, d.VERSO ", " BETWEEN '20240301' AND '20240331'")));
+  EXPECT_EQ(Scene(Report({}), DatabaseOf(tbSQLServer))
+                .RunWithOwn({{L"DataInicial", k1March2024},
+                             {L"DataFinal", k31March2024},
+                             {L"Owner", L"X"},
+                             {L"CodOperador", L" 7 "},
+                             {L"CodDepto", L"  "},
+                             {L"TipoRpt", L"páginas"}}),
+            ListingCalls(DatabaseOf(tbSQLServer),
+                         OperatorStatement(", d.FRENTE, d.VERSO ", " BETWEEN '20240301' AND '20240331'")));
 }
 
 TEST(CEstatImgRptTest, InsertsTheOwnerAsItIs) {
-  const std::string calls = Stage(Report({}, L"Arquivo d'Oeste"), DatabaseOf(2)).Run();
+  const std::string calls = Scene(Report({}, L"Arquivo d'Oeste"), DatabaseOf(tbSQLServer)).Run();
   EXPECT_NE(calls.find(", 'Arquivo d'Oeste' AS OWNER, d.COD_DOCTO  FROM "), std::string::npos) << calls;
 }
 
 TEST(CEstatImgRptTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
-  Scene scene(Report({L"7", L"", L"F"}), DatabaseOf(4));
-  EXPECT_EQ(scene.RunRaising(), Framed(kName, "Não há entrada para o banco tipo 4"));
-  std::vector<std::string> lines = InitialisationLines(DatabaseOf(4));
-  Append(lines, Reads({L"7", L"", L"F"}));
-  EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
+  CheckDialectNeeded(Report({L"7", L"", L"F"}), Reads({L"7", L"", L"F"}));
 }
 
-TEST(CEstatImgRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  for (const wchar_t* property : {L"Owner", L"DataInicial", L"DataFinal", L"CodOperador", L"CodDepto", L"TipoRpt"}) {
-    Subject report = Report({});
-    report.parameters.erase(property);
-    EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
-              Framed(kName, "O objeto de parâmetros não tem a propriedade \"" + Utf8(property) + "\"."));
-  }
-}
+TEST(CEstatImgRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) { CheckPropertiesNeeded(Report({})); }
 
 TEST(CEstatImgRptTest, RaisesEveryErrorInItsFrame) { CheckFrame(Report({L"7", L"D01", L"P"})); }
 
-TEST(CEstatImgRptTest, OutlivesTheFailureOfAnyCall) {
-  for (const Condition& condition : kInMarch) {
-    Scene scene(Report({L"7", L"D01", L"P"}), DatabaseOf(condition.code));
-    CheckEachCallFailing(scene, FramedOutcome);
-  }
-}
+TEST(CEstatImgRptTest, OutlivesTheFailureOfAnyCall) { CheckFailures(Report({L"7", L"D01", L"P"}), kCodesWithDialect); }
 
 }  // namespace
 }  // namespace kodra::reports

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/parameter_object.h"
 #include "tests/reports/report_scene.h"
 #include "tests/reports/statistics/march.h"
 
@@ -27,17 +26,13 @@ Subject ByDocument(const std::wstring& operatorCode, const std::wstring& departm
                     {L"CodDepto", {departmentCode}}});
 }
 
-// Expects that statement, behind which the period stands, then the filters, on every database.
+// Expects that statement, then the period, then the filters, on every database.
 void CheckByDocument(const std::wstring& operatorCode, const std::wstring& departmentCode, const std::string& start,
                      const std::string& filters) {
-  const std::vector<std::string> reads =
-      MarchReads({{"CodOperador", Utf8(operatorCode)}, {"CodDepto", Utf8(departmentCode)}, {"Owner", "X"}});
-  for (const auto& [code, inMarch] : kInMarch) {
-    std::string statement = start;
-    statement.append(" WHERE d.DATA_INDEXACAO").append(inMarch).append(filters);
-    EXPECT_EQ(Stage(ByDocument(operatorCode, departmentCode), DatabaseOf(code)).Run(),
-              ListingCalls(DatabaseOf(code), statement, reads));
-  }
+  for (const auto& [code, inMarch] : kInMarch)
+    CheckListing(DatabaseOf(code), ByDocument(operatorCode, departmentCode),
+                 start + " WHERE d.DATA_INDEXACAO" + inMarch + filters,
+                 MarchReads({{"CodOperador", Utf8(operatorCode)}, {"CodDepto", Utf8(departmentCode)}, {"Owner", "X"}}));
 }
 
 TEST(CEstatIndexRptByDocumentTest, UsesOnlyDocumentsAndTheParameterRowForAll) {
@@ -76,29 +71,17 @@ TEST(CEstatIndexRptByDocumentTest, CountsWhatAnOperatorIndexedOfADepartment) {
 }
 
 TEST(CEstatIndexRptByDocumentTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
-  Scene scene(ByDocument(L"7", L""), DatabaseOf(4));
-  EXPECT_EQ(scene.RunRaising(), Framed(kByDocument, "Não há entrada para o banco tipo 4"));
-  std::vector<std::string> lines = InitialisationLines(DatabaseOf(4));
-  Append(lines, MarchReads({{"CodOperador", "7"}, {"CodDepto", ""}, {"Owner", "X"}}));
-  EXPECT_EQ(scene.Around().journal.Calls(), Joined(lines));
+  CheckDialectNeeded(ByDocument(L"7", L""), MarchReads({{"CodOperador", "7"}, {"CodDepto", ""}, {"Owner", "X"}}));
 }
 
 TEST(CEstatIndexRptByDocumentTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  for (const wchar_t* property : {L"Owner", L"DataInicial", L"DataFinal", L"CodOperador", L"CodDepto"}) {
-    Subject report = ByDocument(L"", L"");
-    report.parameters.erase(property);
-    EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
-              Framed(kByDocument, "O objeto de parâmetros não tem a propriedade \"" + Utf8(property) + "\"."));
-  }
+  CheckPropertiesNeeded(ByDocument(L"", L""));
 }
 
 TEST(CEstatIndexRptByDocumentTest, RaisesEveryErrorInItsFrame) { CheckFrame(ByDocument(L"7", L"D01")); }
 
 TEST(CEstatIndexRptByDocumentTest, OutlivesTheFailureOfAnyCall) {
-  for (const Condition& condition : kInMarch) {
-    Scene scene(ByDocument(L"7", L"D01"), DatabaseOf(condition.code));
-    CheckEachCallFailing(scene, FramedOutcome);
-  }
+  CheckFailures(ByDocument(L"7", L"D01"), kCodesWithDialect);
 }
 
 Subject ByKeywords(const Value& thirdCount = L"3") {
@@ -116,7 +99,7 @@ Subject ByKeywords(const Value& thirdCount = L"3") {
                     {L"NumeroObs", {L"6"}}});
 }
 
-std::vector<std::string> KeywordReads(const std::string& thirdCount = "3") {
+CallLines KeywordReads(const std::string& thirdCount = "3") {
   return MarchReads({{"DescrOperador", "Ana Lúcia"},
                      {"DescrDepto", "Jurídico"},
                      {"NumeroPC1", "10"},
@@ -134,22 +117,21 @@ constexpr auto kCounts =
     "FROM PARAMETRO p WHERE p.CODIGO = '1'";
 
 TEST(CEstatIndexRptByKeywordsTest, PutsTheCountsBesideTheParameterRowAlikeOnEveryDatabase) {
-  for (const Database& database : Databases())
-    EXPECT_EQ(Stage(ByKeywords(), database).Run(), ListingCalls(database, kCounts, KeywordReads()));
+  CheckListing(ByKeywords(), kCounts, KeywordReads());
 }
 
 TEST(CEstatIndexRptByKeywordsTest, LeavesAMissingCountToTheDatabase) {
-  Scene scene(ByKeywords(L""), DatabaseOf(2));
+  Scene scene(ByKeywords(L""), DatabaseOf(tbSQLServer));
   EXPECT_EQ(scene.Run(),
-            ListingCalls(DatabaseOf(2),
+            ListingCalls(DatabaseOf(tbSQLServer),
                          "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Ana Lúcia' AS OPERADOR, "
                          "'Jurídico' AS DEPTO, 10 AS PC1, 2 AS PC2,  AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, "
                          "p.EMPRESA AS FUNDO, 'X' AS OWNER FROM PARAMETRO p WHERE p.CODIGO = '1'",
                          KeywordReads("")));
   scene.Prepare();
-  scene.Around().ado.nativeErrors = {156};
-  scene.Around().journal.FailOn(L"Recordset1.Open",
-                                Failure(Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
+  scene.around.ado.nativeErrors = {156};
+  scene.around.journal.FailOn(L"Recordset1.Open",
+                              Failure(Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
             Framed(kByKeywords, "[SQLNCLI11]: Sintaxe incorreta próximo a 'AS' [N:156]"));
 }
@@ -159,7 +141,7 @@ TEST(CEstatIndexRptByKeywordsTest, InsertsDescriptionsAsTheyAre) {
   report.parameters[L"DescrOperador"] = {L"D'Ávila"};
   report.parameters[L"DescrDepto"] = {L""};
   report.parameters[L"Owner"] = {L""};
-  const std::string calls = Stage(report, DatabaseOf(2)).Run();
+  const std::string calls = Scene(report, DatabaseOf(tbSQLServer)).Run();
   EXPECT_NE(
       calls.find("Recordset1.Open(\"SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'D'Ávila' AS OPERADOR, "
                  "'' AS DEPTO, 10 AS PC1, 2 AS PC2, 3 AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, "
@@ -169,34 +151,19 @@ TEST(CEstatIndexRptByKeywordsTest, InsertsDescriptionsAsTheyAre) {
 }
 
 TEST(CEstatIndexRptByKeywordsTest, ReadsItsOwnParameterObject) {
-  Stage stage(ByKeywords(), DatabaseOf(2));
-  frame::ParameterObject parameters(frame::ParameterClassNamed(L"CEstatIndexRptObj"));
-  for (const auto& [property, values] : ByKeywords().parameters) parameters.Let(property, values.front());
-  frame::ReportObject report(L"CEstatIndexRpt", stage.around);
-  report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  EXPECT_NE(frame::Run(report, L"RelatorioEstatisticasPorPalavrasChave",
-                       &CEstatIndexRpt::RelatorioEstatisticasPorPalavrasChave, &parameters),
-            nullptr);
-  EXPECT_EQ(stage.around.journal.Calls(), ListingCalls(DatabaseOf(2), kCounts));
+  Parameters values;
+  for (const auto& [property, answers] : ByKeywords().parameters) values.emplace_back(property, answers.front());
+  EXPECT_EQ(Scene(ByKeywords(), DatabaseOf(tbSQLServer)).RunWithOwn(values),
+            ListingCalls(DatabaseOf(tbSQLServer), kCounts));
 }
 
 TEST(CEstatIndexRptByKeywordsTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
-  for (const auto& parameter : ByKeywords().parameters) {
-    Subject report = ByKeywords();
-    report.parameters.erase(parameter.first);
-    EXPECT_EQ(Scene(report, DatabaseOf(2)).RunRaising(),
-              Framed(kByKeywords, "O objeto de parâmetros não tem a propriedade \"" + Utf8(parameter.first) + "\"."));
-  }
+  CheckPropertiesNeeded(ByKeywords());
 }
 
 TEST(CEstatIndexRptByKeywordsTest, RaisesEveryErrorInItsFrame) { CheckFrame(ByKeywords()); }
 
-TEST(CEstatIndexRptByKeywordsTest, OutlivesTheFailureOfAnyCall) {
-  for (const Database& database : Databases()) {
-    Scene scene(ByKeywords(), database);
-    CheckEachCallFailing(scene, FramedOutcome);
-  }
-}
+TEST(CEstatIndexRptByKeywordsTest, OutlivesTheFailureOfAnyCall) { CheckFailures(ByKeywords()); }
 
 }  // namespace
 }  // namespace kodra::reports

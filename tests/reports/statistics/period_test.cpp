@@ -10,6 +10,7 @@
 namespace kodra::reports {
 namespace {
 
+using recorder::kTypeMismatch;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -39,26 +40,26 @@ TEST(PeriodTest, IsAConditionInTheWordsOfEachDatabase) {
 TEST(PeriodTest, HasBoundsWithoutTimeOnEveryDatabaseThatReadsTheDate) {
   const Period march = {{45352.75}, {45382.5}};
   for (const auto& [code, condition] : kInMarch) {
-    if (code == 7) continue;
+    if (code == tbSQLite) continue;
     EXPECT_EQ(Between(march, code, sql::fdDDMMYYYY), "d.DT_ARMAZ" + condition);
   }
   // SQLite gets the date's text as it is.
-  EXPECT_EQ(Between(march, 7, sql::fdDDMMYYYY),
+  EXPECT_EQ(Between(march, tbSQLite, sql::fdDDMMYYYY),
             "d.DT_ARMAZ BETWEEN strftime('%d-%m-%Y',01/03/2024 18:00:00) AND strftime('%d-%m-%Y',31/03/2024 12:00:00)");
 }
 
 TEST(PeriodTest, StartsAndEndsOnTheZeroDateWhenItIsNotSet) {
-  EXPECT_EQ(Between({}, 1, sql::fdDDMMYYYY),
+  EXPECT_EQ(Between({}, tbOracle, sql::fdDDMMYYYY),
             "d.DT_ARMAZ BETWEEN TO_DATE('30/12/1899','DD/MM/YYYY') AND TO_DATE('30/12/1899','DD/MM/YYYY')");
-  EXPECT_EQ(Between({}, 2, sql::fdDDMMYYYY), "d.DT_ARMAZ BETWEEN '18991230' AND '18991230'");
-  EXPECT_EQ(Between({}, 3, sql::fdDDMMYYYY),
+  EXPECT_EQ(Between({}, tbSQLServer, sql::fdDDMMYYYY), "d.DT_ARMAZ BETWEEN '18991230' AND '18991230'");
+  EXPECT_EQ(Between({}, tbMySQL, sql::fdDDMMYYYY),
             "d.DT_ARMAZ BETWEEN STR_TO_DATE('30/12/1899','%d/%m/%Y') AND STR_TO_DATE('30/12/1899','%d/%m/%Y')");
-  EXPECT_EQ(Between({}, 6, sql::fdYYYYMMDD),
+  EXPECT_EQ(Between({}, tbDB2, sql::fdYYYYMMDD),
             "d.DT_ARMAZ BETWEEN TO_DATE('1899/12/30','YYYY/MM/DD') AND TO_DATE('1899/12/30','YYYY/MM/DD')");
 }
 
 TEST(PeriodTest, HasNoConditionForADatabaseWithoutDialect) {
-  for (const std::int32_t code : {0, 4, 8, -1})
+  for (const std::int32_t code : {0, tbOther4, 8, -1})
     EXPECT_EQ(
         RaisedBy([&] {
           Between({k1March2024, k31March2024}, code, sql::fdDDMMYYYY);
@@ -83,7 +84,7 @@ TEST(PeriodTest, IsNotReadFromWhatIsNoDate) {
   recorder::FakeSurroundings around;
   const ObjectRef parameters =
       around.NewObject(L"Parametros", {{L"DataInicial", {k1March2024}}, {L"DataFinal", {L"amanhã"}}});
-  EXPECT_EQ(RaisedBy([&] { ReadPeriod(*parameters); }), (Raised{13, "KodraRpt", "Tipos incompatíveis"}));
+  EXPECT_EQ(RaisedBy([&] { ReadPeriod(*parameters); }), kTypeMismatch);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The installation's own names for its taxonomy, as the parameter component gives them in tests.
+// The installation's own names for its taxonomy, as the parameter component returns them in tests.
 #pragma once
 
 #include <string>
@@ -19,15 +19,14 @@ inline Preparation Naming(Value series, Value subgroup) {
 }
 
 // The calls that read a name by the object of that number.
-inline std::vector<std::string> NameLines(const Database& database, int object, const std::string& member,
-                                          const std::string& name) {
+inline CallLines NameLines(const Database& database, int object, const std::string& member, const std::string& name) {
   const std::string reader = "Object" + std::to_string(object);
   return {
-      "CreateObject(\"KodraParamSist.Obtedor\") -> " + reader,
-      reader + ".Let(StringConexao, \"" + database.connectionString + "\")",
+      R"(CreateObject("KodraParamSist.Obtedor") -> )" + reader,
+      reader + ".Let(StringConexao, " + Quoted(database.connectionString) + ")",
       reader + ".Call(Obtem) -> Conjunto",
       "Conjunto.Get(Nomes) -> Nomes",
-      "Nomes.Get(" + member + ") -> \"" + name + "\"",
+      "Nomes.Get(" + member + ") -> " + Quoted(name),
       "~" + reader,
   };
 }
@@ -35,9 +34,9 @@ inline std::vector<std::string> NameLines(const Database& database, int object, 
 // The frame around a mishap in a report that reads names. A parameter component that cannot be made, though its class
 // is registered, is an object that is not there.
 inline recorder::Raised NamedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  const bool byTheComponent = mishap.source != "KodraRpt";
+  const bool byTheComponent = mishap.caught.source != "KodraRpt";
   if (byTheComponent && failed.call == "CreateObject(\"KodraParamSist.Obtedor\")")
-    return recorder::Framed(scene.Name(), "A variável do objeto ou a variável do bloco 'With' não foi definida");
+    return recorder::Framed(scene.Tested().name, "A variável do objeto ou a variável do bloco 'With' não foi definida");
   return FramedOutcome(scene, failed, mishap);
 }
 
