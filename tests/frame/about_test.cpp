@@ -19,7 +19,7 @@ class AboutTest : public testing::Test {
   FakeSurroundings around_;
 };
 
-TEST_F(AboutTest, GivesMajorMinorAndRevision) { EXPECT_EQ(About(L"", around_).Versao(), L"1.0.49"); }
+TEST_F(AboutTest, ReturnsMajorMinorAndRevision) { EXPECT_EQ(About(L"", around_).Versao(), L"1.0.49"); }
 
 TEST_F(AboutTest, FindsTheDLL) {
   around_.files[L"C:\\Kodra\\KodraRpt.DLL"] = 1;
@@ -53,7 +53,7 @@ TEST_F(AboutTest, FindsAnOCXLast) {
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.ocx"), R"(C:\Kodra\KodraRpt.OCX)");
 }
 
-TEST_F(AboutTest, GivesTheNameWithoutExtensionWhenNoFileAnswers) {
+TEST_F(AboutTest, ReturnsTheNameWithoutExtensionWhereThereIsNoFile) {
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt)");
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          R"(IsFile("C:\Kodra\KodraRpt.EXE") -> False)",

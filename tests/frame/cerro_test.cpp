@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/report_call.h"
+
 namespace kodra::frame {
 namespace {
 
@@ -15,7 +17,7 @@ TEST(CErroTest, StartsEmpty) {
   EXPECT_EQ(erro.ToString(), L"Erro 0 em : ");
 }
 
-TEST(CErroTest, GivesBackWhatWasSet) {
+TEST(CErroTest, ReturnsWhatWasSet) {
   CErro erro;
   erro.SetNumber(5);
   erro.SetDescription(L"Y");
@@ -30,7 +32,7 @@ TEST(CErroTest, GivesBackWhatWasSet) {
 
 TEST(CErroTest, PrintsANegativeNumberInDecimal) {
   CErro erro;
-  erro.SetErro(Erro(kErrBase + 8107, L"KodraRpt.CCDRpt::RelatorioMidias", L"Falha"));
+  erro.SetErro(Erro(kReportError, L"KodraRpt.CCDRpt::RelatorioMidias", L"Falha"));
   EXPECT_EQ(erro.ToString(), L"Erro -2147213397 em KodraRpt.CCDRpt::RelatorioMidias: Falha");
 }
 

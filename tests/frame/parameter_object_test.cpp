@@ -10,13 +10,11 @@ namespace kodra::frame {
 namespace {
 
 using recorder::FakeSurroundings;
-using recorder::Raised;
+using recorder::kInvalidUseOfNull;
+using recorder::kMemberNotFound;
+using recorder::kTypeMismatch;
 using recorder::RaisedBy;
 using recorder::Utf8;
-
-const Raised kTypeMismatch = {13, "KodraRpt", "Tipos incompatíveis"};
-const Raised kInvalidUseOfNull = {94, "KodraRpt", "Uso de 'Null' inválido"};
-const Raised kMemberNotFound = {438, "KodraRpt", "O objeto não aceita esta propriedade ou método"};
 
 // A property as the table below writes it: name, rule, and a text that it starts with if it is not empty.
 struct Expected {

@@ -12,13 +12,12 @@ namespace {
 
 using recorder::Failure;
 using recorder::FakeSurroundings;
+using recorder::kInvalidUseOfNull;
+using recorder::kMemberNotFound;
+using recorder::kTypeMismatch;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
-
-const Raised kNoDefaultProperty = {438, "KodraRpt", "O objeto não aceita esta propriedade ou método"};
-const Raised kTypeMismatch = {13, "KodraRpt", "Tipos incompatíveis"};
-const Raised kInvalidUseOfNull = {94, "KodraRpt", "Uso de 'Null' inválido"};
 
 class ParameterReaderTest : public testing::Test {
  protected:
@@ -92,9 +91,9 @@ TEST_F(ParameterReaderTest, RefusesANullAndAnObjectWithoutDefaultProperty) {
   EXPECT_EQ(RaisedBy([&] { ReadDate(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   EXPECT_EQ(RaisedBy([&] { ReadFlag(*null, L"TipoRpt"); }), kInvalidUseOfNull);
   const auto object = Parameters(around_.NewObject(L"Outro", {}));
-  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"TipoRpt"); }), kNoDefaultProperty);
-  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"TipoRpt"); }), kNoDefaultProperty);
-  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), kNoDefaultProperty);
+  EXPECT_EQ(RaisedBy([&] { ReadText(*object, L"TipoRpt"); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { ReadDate(*object, L"TipoRpt"); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), kMemberNotFound);
 }
 
 }  // namespace

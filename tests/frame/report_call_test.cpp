@@ -1,4 +1,4 @@
-// The frame that every report class has.
+// The frame that every report has.
 #include "frame/report_call.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +20,8 @@ using recorder::Framed;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
+
+constexpr auto kName = "CProvaRpt::RelatorioProva";
 
 using Body = std::function<ReportRows(ReportCall&)>;
 
@@ -51,9 +53,9 @@ ReportRows RunProbe(ProbeObject& object, AutomationObject* parameters, Body body
 
 class ReportCallTest : public testing::Test {
  protected:
-  ReportCallTest() { Connect(L"Provider=SQLNCLI11;", 2); }
+  ReportCallTest() { Connect(L"Provider=SQLNCLI11;", sql::tbSQLServer); }
 
-  // Gives the report a connection string, which the connection component takes for a database code.
+  // Sets the report's connection string, for which the connection component returns that database code.
   void Connect(const std::wstring& connectionString, const Value& tipoBanco) {
     around_.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tipoBanco}}});
     report_.SetStringConexao(connectionString);
@@ -91,7 +93,7 @@ TEST_F(ReportCallTest, KeepsTheConnectionStringAsGiven) {
 }
 
 TEST_F(ReportCallTest, InitialisesStepByStepAndReleasesTheConnectionComponent) {
-  EXPECT_EQ(LearntCode(), 2);
+  EXPECT_EQ(LearntCode(), sql::tbSQLServer);
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          R"(CreateObject("KodraConexao.StrCon") -> Object1)",
                                          R"(Object1.Let(StrCon, "Provider=SQLNCLI11;"))",
@@ -126,17 +128,15 @@ TEST_F(ReportCallTest, OpensItsRowsAfterTheInitialisationAndKeepsNothingButThem)
 
 TEST_F(ReportCallTest, AsksForTheConnectionStringFirst) {
   report_.SetStringConexao(L"");
-  EXPECT_EQ(RaisedByReport(),
-            Framed("CProvaRpt::RelatorioProva", R"(É preciso definir a propriedade "StringConexao".)"));
+  EXPECT_EQ(RaisedByReport(), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
   parameters_.reset();
   around_.journal.Forget();
-  EXPECT_EQ(RaisedByReport(),
-            Framed("CProvaRpt::RelatorioProva", R"(É preciso definir a propriedade "StringConexao".)"));
+  EXPECT_EQ(RaisedByReport(), Framed(kName, R"(É preciso definir a propriedade "StringConexao".)"));
   EXPECT_EQ(around_.journal.Calls(), "");
 }
 
 TEST_F(ReportCallTest, AsksForTheParameterObjectSecond) {
-  EXPECT_EQ(RaisedBy([&] { RunProbe(report_, nullptr); }), Framed("CProvaRpt::RelatorioProva", "Objeto não definido."));
+  EXPECT_EQ(RaisedBy([&] { RunProbe(report_, nullptr); }), Framed(kName, "Objeto não definido."));
   EXPECT_EQ(around_.journal.Calls(), "");
 }
 
@@ -148,10 +148,10 @@ TEST_F(ReportCallTest, RaisesItsOwnNumbersAndSourceInsideTheFrame) {
                                                    R"(É preciso definir a propriedade "StringConexao".)"}));
 }
 
-TEST_F(ReportCallTest, RaisesTheFramesNumber) { EXPECT_EQ(Framed("", "").number, -2147213397); }
+TEST_F(ReportCallTest, RaisesTheFramesNumber) { EXPECT_EQ(kReportError, -2147213397); }
 
 TEST_F(ReportCallTest, LetsAConnectionStringOfOneBlankThrough) {
-  Connect(L" ", 2);
+  Connect(L" ", sql::tbSQLServer);
   EXPECT_NE(RunProbe(report_, parameters_.get()), nullptr);
   EXPECT_TRUE(around_.journal.Calls().starts_with(Lines({
       R"(CreateObject("KodraConexao.StrCon") -> Object1)",
@@ -160,9 +160,9 @@ TEST_F(ReportCallTest, LetsAConnectionStringOfOneBlankThrough) {
 }
 
 TEST_F(ReportCallTest, FramesAConnectionStringThatTheConnectionComponentRefuses) {
-  Connect(L" ", 2);
+  Connect(L" ", sql::tbSQLServer);
   around_.journal.FailOn(L"Object1.Let", Failure(Erro(-2147220991, L"KodraConexao", L"String inválida")));
-  EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "String inválida"));
+  EXPECT_EQ(RaisedByReport(), Framed(kName, "String inválida"));
 }
 
 TEST_F(ReportCallTest, FramesAConnectionComponentThatIsNotInstalled) {
@@ -170,30 +170,30 @@ TEST_F(ReportCallTest, FramesAConnectionComponentThatIsNotInstalled) {
   ProbeObject report(bare);
   report.SetStringConexao(L"x");
   EXPECT_EQ(RaisedBy([&] { RunProbe(report, parameters_.get()); }),
-            Framed("CProvaRpt::RelatorioProva", "O componente ActiveX não pode criar o objeto"));
+            Framed(kName, "O componente ActiveX não pode criar o objeto"));
 }
 
 TEST_F(ReportCallTest, ConvertsTheDatabaseCodeToANumber) {
   Connect(L"x", L"7");
-  EXPECT_EQ(LearntCode(), 7);
+  EXPECT_EQ(LearntCode(), sql::tbSQLite);
   Connect(L"x", 2.0);
-  EXPECT_EQ(LearntCode(), 2);
+  EXPECT_EQ(LearntCode(), sql::tbSQLServer);
 }
 
 TEST_F(ReportCallTest, FramesADatabaseCodeThatIsNoNumber) {
-  Connect(L"x", L"Oracle");
-  EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "Tipos incompatíveis"));
-  Connect(L"x", Null{});
-  EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "Uso de 'Null' inválido"));
-  Connect(L"x", 3e9);
-  EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "Estouro"));
+  const std::pair<Value, const char*> kCodes[] = {
+      {L"Oracle", "Tipos incompatíveis"}, {Null{}, "Uso de 'Null' inválido"}, {3e9, "Estouro"}};
+  for (const auto& [code, cause] : kCodes) {
+    Connect(L"x", code);
+    EXPECT_EQ(RaisedByReport(), Framed(kName, cause));
+  }
 }
 
 TEST_F(ReportCallTest, SpeaksTheSqlOfTheDatabaseAndSetsTheCodeOfTheThread) {
   const std::pair<std::int32_t, const wchar_t*> kToday[] = {
-      {1, L"TRUNC(SYSDATE)"}, {2, L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
-      {3, L"CURDATE()"},      {5, L"TRUNC(SYSDATE)"},
-      {6, L"CURRENT DATE"},   {7, L"date('now')"},
+      {sql::tbOracle, L"TRUNC(SYSDATE)"}, {sql::tbSQLServer, L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
+      {sql::tbMySQL, L"CURDATE()"},       {sql::tbOracleAlt, L"TRUNC(SYSDATE)"},
+      {sql::tbDB2, L"CURRENT DATE"},      {sql::tbSQLite, L"date('now')"},
   };
   for (const auto& [code, today] : kToday) {
     Connect(L"x", code);
@@ -207,18 +207,17 @@ TEST_F(ReportCallTest, SpeaksTheSqlOfTheDatabaseAndSetsTheCodeOfTheThread) {
 }
 
 TEST_F(ReportCallTest, FramesTheTranslatorsRefusalOfADatabaseWithoutDialect) {
-  for (const std::int32_t code : {4, 0, -1, 8}) {
+  for (const std::int32_t code : {sql::tbOther4, 0, -1, 8}) {
     Connect(L"x", code);
-    EXPECT_EQ(RaisedByReport(),
-              Framed("CProvaRpt::RelatorioProva", "Não há entrada para o banco tipo " + std::to_string(code)));
+    EXPECT_EQ(RaisedByReport(), Framed(kName, "Não há entrada para o banco tipo " + std::to_string(code)));
   }
 }
 
 TEST_F(ReportCallTest, KeepsObjectsOfDifferentDatabasesApartOnOneThread) {
   FakeSurroundings oracle;
   FakeSurroundings sqlite;
-  oracle.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {1}}});
-  sqlite.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+  oracle.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {sql::tbOracle}}});
+  sqlite.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {sql::tbSQLite}}});
   ProbeObject oracleReport(oracle);
   ProbeObject sqliteReport(sqlite);
   oracleReport.SetStringConexao(L"um");
@@ -237,11 +236,11 @@ TEST_F(ReportCallTest, KeepsObjectsOfDifferentDatabasesApartOnOneThread) {
 }
 
 TEST_F(ReportCallTest, KeepsTheDatabasesOfDifferentThreadsApart) {
-  Connect(L"x", 1);
+  Connect(L"x", sql::tbOracle);
   RunProbe(report_, parameters_.get(), [&](ReportCall& here) {
     std::thread([] {
       FakeSurroundings around;
-      around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {7}}});
+      around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {sql::tbSQLite}}});
       ProbeObject report(around);
       report.SetStringConexao(L"y");
       const ObjectRef parameters = around.NewObject(L"Parametros", {});
@@ -274,9 +273,9 @@ struct OtherReport {
 };
 
 TEST_F(ReportCallTest, KeepsItsDatabaseWhileReportsOfOthersRunInsideIt) {
-  OtherReport sqlite(7);
-  OtherReport sqlServer(2);
-  Connect(L"x", 1);
+  OtherReport sqlite(sql::tbSQLite);
+  OtherReport sqlServer(sql::tbSQLServer);
+  Connect(L"x", sql::tbOracle);
   RunProbe(report_, parameters_.get(), [&](ReportCall& outer) {
     sqlite.Run([&](ReportCall& inner) {
       EXPECT_EQ(inner.Sql().DataAtual(), kSQLite);
@@ -293,29 +292,28 @@ TEST_F(ReportCallTest, KeepsItsDatabaseWhileReportsOfOthersRunInsideIt) {
 }
 
 TEST_F(ReportCallTest, KeepsItsDatabaseWhenAReportInsideItFails) {
-  Connect(L"x", 1);
-  OtherReport sqlite(7);
-  OtherReport other4(4);
+  Connect(L"x", sql::tbOracle);
+  OtherReport sqlite(sql::tbSQLite);
+  OtherReport other4(sql::tbOther4);
   RunProbe(report_, parameters_.get(), [&](ReportCall& outer) {
     EXPECT_EQ(RaisedBy([&] {
                 sqlite.Run([](ReportCall&) -> ReportRows { throw Erro(-2147220000, L"Prova.Fonte", L"Falha"); });
               }),
-              Framed("CProvaRpt::RelatorioProva", "Falha"));
+              Framed(kName, "Falha"));
     EXPECT_EQ(outer.Sql().DataAtual(), kOracle);
     EXPECT_EQ(RaisedBy([&] { RunProbe(other4.report, other4.parameters.get()); }),
-              Framed("CProvaRpt::RelatorioProva", "Não há entrada para o banco tipo 4"));
+              Framed(kName, "Não há entrada para o banco tipo 4"));
     EXPECT_EQ(outer.Sql().DataAtual(), kOracle);
-    EXPECT_EQ(RaisedBy([&] { RunProbe(sqlite.report, nullptr); }),
-              Framed("CProvaRpt::RelatorioProva", "Objeto não definido."));
+    EXPECT_EQ(RaisedBy([&] { RunProbe(sqlite.report, nullptr); }), Framed(kName, "Objeto não definido."));
     EXPECT_EQ(outer.Sql().DataAtual(), kOracle);
     return nullptr;
   });
 }
 
 TEST_F(ReportCallTest, KeepsItsDatabaseButNotItsConnectionStringWhenItsObjectIsCalledInsideIt) {
-  Connect(L"x", 1);
+  Connect(L"x", sql::tbOracle);
   RunProbe(report_, parameters_.get(), [&](ReportCall& outer) {
-    Connect(L"y", 7);
+    Connect(L"y", sql::tbSQLite);
     RunProbe(report_, parameters_.get(), [&](ReportCall& inner) {
       EXPECT_EQ(inner.Sql().DataAtual(), kSQLite);
       return nullptr;
@@ -329,24 +327,22 @@ TEST_F(ReportCallTest, KeepsItsDatabaseButNotItsConnectionStringWhenItsObjectIsC
 TEST_F(ReportCallTest, KeepsOnlyTheDescriptionOfAnError) {
   EXPECT_EQ(
       RaisedByBody([](ReportCall&) -> ReportRows { throw Erro(-2147220000, L"Outro.Modulo", L"Falha qualquer"); }),
-      Framed("CProvaRpt::RelatorioProva", "Falha qualquer"));
-  EXPECT_EQ(RaisedByBody([](ReportCall&) -> ReportRows { throw Erro(1, L"", L""); }),
-            Framed("CProvaRpt::RelatorioProva", ""));
+      Framed(kName, "Falha qualquer"));
+  EXPECT_EQ(RaisedByBody([](ReportCall&) -> ReportRows { throw Erro(1, L"", L""); }), Framed(kName, ""));
 }
 
 TEST_F(ReportCallTest, FramesExhaustedMemoryAndForeignExceptions) {
   EXPECT_EQ(RaisedByBody([](ReportCall&) -> ReportRows { throw std::bad_alloc(); }),
-            Framed("CProvaRpt::RelatorioProva", "Memória insuficiente"));
+            Framed(kName, "Memória insuficiente"));
   EXPECT_EQ(RaisedByBody([](ReportCall&) -> ReportRows { throw std::runtime_error("unexpected"); }),
-            Framed("CProvaRpt::RelatorioProva", "Erro interno"));
-  EXPECT_EQ(RaisedByBody([](ReportCall&) -> ReportRows { throw 5; }),
-            Framed("CProvaRpt::RelatorioProva", "Erro interno"));
+            Framed(kName, "Erro interno"));
+  EXPECT_EQ(RaisedByBody([](ReportCall&) -> ReportRows { throw 5; }), Framed(kName, "Erro interno"));
 }
 
 TEST_F(ReportCallTest, FramesAProvidersErrorWithItsLayerAndNativeCode) {
   around_.ado.nativeErrors = {208};
   around_.journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217865, L"SQLNCLI11", L"Objeto inválido")));
-  EXPECT_EQ(RaisedByReport(), Framed("CProvaRpt::RelatorioProva", "[SQLNCLI11]: Objeto inválido [N:208]"));
+  EXPECT_EQ(RaisedByReport(), Framed(kName, "[SQLNCLI11]: Objeto inválido [N:208]"));
   EXPECT_EQ(around_.journal.LiveObjects(), 1);  // the parameters
 }
 
