@@ -47,7 +47,7 @@ class AbreCnTest : public testing::Test {
   FakeSurroundings around_;
 };
 
-TEST_F(AbreCnTest, GivesNullForTheEmptyStringWithoutACall) {
+TEST_F(AbreCnTest, ReturnsNullForTheEmptyStringWithoutACall) {
   EXPECT_EQ(Opened(L""), nullptr);
   EXPECT_EQ(around_.journal.Calls(), "");
 }

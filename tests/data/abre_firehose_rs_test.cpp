@@ -22,15 +22,21 @@ const std::wstring kStatement = L"SELECT NOME FROM DEPOSITO";
 
 const Erro kNoTable(-2147217865, L"OraOLEDB", L"ORA-00942: a tabela ou view não existe");
 
+// That error as AbreFirehoseRs raises it.
+Raised NoTable(const std::string& nativeCode = "") {
+  return {-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: ORA-00942: a tabela ou view não existe" + nativeCode};
+}
+
 class AbreFirehoseRsTest : public testing::Test {
  protected:
-  // Gives the test a connection of its own, and a journal that starts after it.
+  // Makes a connection for the test, and starts a journal after it.
   void GiveConnection() {
     connection_ = around_.NewConnection();
     around_.journal.Forget();
   }
 
-  std::unique_ptr<platform::Recordset> Opened(const platform::RecordsetSource& source, std::int32_t options = 1,
+  std::unique_ptr<platform::Recordset> Opened(const platform::RecordsetSource& source,
+                                              std::int32_t options = platform::ad::kCmdText,
                                               const std::wstring& connectionString = kSQLServer) {
     return AbreFirehoseRs(source, connectionString, options, connection_, around_);
   }
@@ -79,7 +85,7 @@ TEST_F(AbreFirehoseRsTest, OpensATextOnTheConnectionThatIsGiven) {
 
 TEST_F(AbreFirehoseRsTest, PassesTheOptionsOnUnchanged) {
   GiveConnection();
-  Opened(kStatement, -1);
+  Opened(kStatement, platform::ad::kUnspecified);
   EXPECT_NE(around_.journal.Calls().find(R"(Recordset1.Open("SELECT NOME FROM DEPOSITO", Connection1, 0, 1, -1))"),
             std::string::npos);
 }
@@ -98,7 +104,7 @@ TEST_F(AbreFirehoseRsTest, OpensACommandWithoutTheConnectionString) {
                                      }));
 }
 
-TEST_F(AbreFirehoseRsTest, GivesAnUnopenedRecordsetWithoutASource) {
+TEST_F(AbreFirehoseRsTest, ReturnsAnUnopenedRecordsetWithoutASource) {
   EXPECT_NE(Opened(std::monostate{}), nullptr);
   EXPECT_EQ(connection_, nullptr);
   EXPECT_EQ(around_.journal.Calls(), Lines({
@@ -111,7 +117,7 @@ TEST_F(AbreFirehoseRsTest, GivesAnUnopenedRecordsetWithoutASource) {
 
 TEST_F(AbreFirehoseRsTest, LeavesAnEmptyConnectionStringToTheProvider) {
   around_.journal.FailOn(L"Recordset1.Open", Failure(Erro(3709, L"ADODB.Recordset", L"A conexão não pode ser usada")));
-  EXPECT_EQ(RaisedBy([&] { Opened(kStatement, 1, L""); }),
+  EXPECT_EQ(RaisedBy([&] { Opened(kStatement, platform::ad::kCmdText, L""); }),
             (Raised{3709, "modADO.AbreFirehoseRs", "[ADODB.Recordset]: A conexão não pode ser usada"}));
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          "NewRecordset() -> Recordset1",
@@ -123,24 +129,19 @@ TEST_F(AbreFirehoseRsTest, LeavesAnEmptyConnectionStringToTheProvider) {
 }
 
 TEST_F(AbreFirehoseRsTest, AppendsAPositiveNativeCodeToTheProvidersError) {
-  EXPECT_EQ(RaisedWithNativeErrors({942}), (Raised{-2147217865, "modADO.AbreFirehoseRs",
-                                                   "[OraOLEDB]: ORA-00942: a tabela ou view não existe [N:942]"}));
+  EXPECT_EQ(RaisedWithNativeErrors({942}), NoTable(" [N:942]"));
 }
 
 TEST_F(AbreFirehoseRsTest, ShowsNeitherAZeroNorANegativeNativeCode) {
-  const Raised plain = {-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: ORA-00942: a tabela ou view não existe"};
-  EXPECT_EQ(RaisedWithNativeErrors({}), plain);
-  around_.journal.Forget();
-  EXPECT_EQ(RaisedWithNativeErrors({0}), plain);
-  around_.journal.Forget();
-  EXPECT_EQ(RaisedWithNativeErrors({-942}), plain);
+  for (const std::vector<std::int32_t>& codes : {std::vector<std::int32_t>{}, {0}, {-942}}) {
+    around_.journal.Forget();
+    EXPECT_EQ(RaisedWithNativeErrors(codes), NoTable());
+  }
 }
 
 TEST_F(AbreFirehoseRsTest, ReadsTheFirstNativeCodeOnceForEachProviderError) {
   GiveConnection();
-  EXPECT_EQ(
-      RaisedWithNativeErrors({942, 17, 0}),
-      (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: ORA-00942: a tabela ou view não existe [N:942]"}));
+  EXPECT_EQ(RaisedWithNativeErrors({942, 17, 0}), NoTable(" [N:942]"));
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          "NewRecordset() -> Recordset1",
                                          "Recordset1.SetCursorLocation(2)",
@@ -160,8 +161,7 @@ TEST_F(AbreFirehoseRsTest, KeepsTheFirstErrorWhenTheNativeCodeCannotBeRead) {
          {Failure(Erro(5, L"ADODB", L"outra")), Failure(std::bad_alloc()), Failure(std::runtime_error("x"))}) {
       GiveConnection();
       around_.journal.FailOn(call, failure);
-      EXPECT_EQ(RaisedWithNativeErrors({942}),
-                (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: ORA-00942: a tabela ou view não existe"}));
+      EXPECT_EQ(RaisedWithNativeErrors({942}), NoTable());
       EXPECT_TRUE(around_.journal.FailedCall().starts_with(call));
     }
   }
@@ -170,8 +170,7 @@ TEST_F(AbreFirehoseRsTest, KeepsTheFirstErrorWhenTheNativeCodeCannotBeRead) {
 TEST_F(AbreFirehoseRsTest, TakesTheNativeCodeOfALaterReadingWhenOneFails) {
   GiveConnection();
   around_.journal.FailOn(L"Connection1.NativeError", Failure(Erro(5, L"ADODB", L"outra")));
-  EXPECT_EQ(RaisedWithNativeErrors({942, 942}), (Raised{-2147217865, "modADO.AbreFirehoseRs",
-                                                        "[OraOLEDB]: ORA-00942: a tabela ou view não existe [N:942]"}));
+  EXPECT_EQ(RaisedWithNativeErrors({942, 942}), NoTable(" [N:942]"));
 }
 
 TEST_F(AbreFirehoseRsTest, ReadsTheNativeCodeOfTheGivenConnectionForACommandToo) {
@@ -179,9 +178,7 @@ TEST_F(AbreFirehoseRsTest, ReadsTheNativeCodeOfTheGivenConnectionForACommandToo)
   GiveConnection();
   around_.ado.nativeErrors = {208};
   around_.journal.FailOn(L"Recordset1.Open", Failure(kNoTable));
-  EXPECT_EQ(
-      RaisedBy([&] { Opened(command.get()); }),
-      (Raised{-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: ORA-00942: a tabela ou view não existe [N:208]"}));
+  EXPECT_EQ(RaisedBy([&] { Opened(command.get()); }), NoTable(" [N:208]"));
 }
 
 TEST_F(AbreFirehoseRsTest, HasNoNativeCodeForAConnectionThatDidNotOpen) {
@@ -194,7 +191,7 @@ TEST_F(AbreFirehoseRsTest, HasNoNativeCodeForAConnectionThatDidNotOpen) {
 }
 
 TEST_F(AbreFirehoseRsTest, AddsItsLayerToAMissingSQLiteFile) {
-  EXPECT_EQ(RaisedBy([&] { Opened(kStatement, 1, L"Driver=SQLite3;Database=C:\\nada.db"); }),
+  EXPECT_EQ(RaisedBy([&] { Opened(kStatement, platform::ad::kCmdText, L"Driver=SQLite3;Database=C:\\nada.db"); }),
             (Raised{kErrBase + 1, "modADO.AbreFirehoseRs",
                     R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "C:\nada.db" não encontrado.)"}));
 }

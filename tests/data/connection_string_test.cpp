@@ -15,157 +15,140 @@ using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Utf8;
 
-constexpr auto kSetsNlsLang = R"(SetEnvironment("NLS_LANG", "BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252"))";
+const std::string kSetsNlsLang = Lines({R"(SetEnvironment("NLS_LANG", "BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252"))"});
+const std::string kMeasuresFile = Lines({R"(FileLength("a.db") -> 4096)"});
 
 class PreAbreCnTest : public testing::Test {
  protected:
+  PreAbreCnTest() {
+    around_.files = {
+        {L"a.db", 4096}, {L"C:\\dados\\arquivo.db", 1}, {L"C:\\grande.db", 4294967296}, {L"C:\\vazio.db", 0}};
+    around_.folders = {L"C:\\dados"};
+  }
+
   std::string Prepared(std::wstring connectionString) {
     PreAbreCn(connectionString, around_);
     return Utf8(connectionString);
+  }
+  // Expects that prepared string and those calls.
+  void Check(const wchar_t* given, const std::string& prepared, const std::string& calls = "") {
+    around_.journal.Forget();
+    EXPECT_EQ(Prepared(given), prepared);
+    EXPECT_EQ(around_.journal.Calls(), calls);
   }
 
   FakeSurroundings around_;
 };
 
-TEST_F(PreAbreCnTest, AddsOnlyTheCommonPairForAnotherDatabase) {
-  EXPECT_EQ(Prepared(L"Provider=SQLNCLI11;Data Source=arquivo"),
-            "Provider=SQLNCLI11;Data Source=arquivo;Persist Security Info=True;");
-  EXPECT_EQ(Prepared(L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo"),
-            "Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo;Persist Security Info=True;");
-  EXPECT_EQ(around_.journal.Calls(), "");
-}
+// A client's string, what it becomes, and the calls that are made for it.
+struct Preparation {
+  const char* name;
+  const wchar_t* given;
+  const char* prepared;
+  std::string calls = "";
+};
 
-TEST_F(PreAbreCnTest, KeepsAFinalSemicolonAsItIs) {
-  EXPECT_EQ(Prepared(L"Provider=SQLNCLI11;"), "Provider=SQLNCLI11;Persist Security Info=True;");
-}
+const Preparation kPreparations[] = {
+    {"AddsOnlyTheCommonPairForSQLServer", L"Provider=SQLNCLI11;Data Source=arquivo",
+     "Provider=SQLNCLI11;Data Source=arquivo;Persist Security Info=True;"},
+    {"AddsOnlyTheCommonPairForMySQL", L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo",
+     "Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo;Persist Security Info=True;"},
+    {"KeepsAFinalSemicolonAsItIs", L"Provider=SQLNCLI11;", "Provider=SQLNCLI11;Persist Security Info=True;"},
+    {"EndsTheEmptyStringWithASemicolonToo", L"", ";Persist Security Info=True;"},
+    {"AddsASemicolonAfterATrailingBlank", L"Provider=SQLNCLI11; ", "Provider=SQLNCLI11; ;Persist Security Info=True;"},
+    {"KeepsPersistSecurityInfoInAnyLetterCaseWithAnyValue", L"Provider=SQLNCLI11;PERSIST security INFO=False",
+     "Provider=SQLNCLI11;PERSIST security INFO=False;"},
+    {"KeepsAnOraclePoolSizeInAnyLetterCase", L"Provider=MSDAORA;MIN pool SIZE=1",
+     "Provider=MSDAORA;MIN pool SIZE=1;Persist Security Info=True;", kSetsNlsLang},
+    {"KeepsADB2WarningListInAnyLetterCase", L"Provider=IBMDADB2;ignorewarnlist=x;",
+     "Provider=IBMDADB2;ignorewarnlist=x;Persist Security Info=True;Patch1=1024;"},
+    {"KeepsADB2PatchInAnyLetterCase", L"Provider=IBMDADB2;PATCH1=2;",
+     R"(Provider=IBMDADB2;PATCH1=2;Persist Security Info=True;IgnoreWarnList="'02000'";)"},
+    {"AddsEncodingAndForeignKeysForSQLite", L"Driver={SQLite3 ODBC Driver};Database=C:\\dados\\arquivo.db",
+     "Driver={SQLite3 ODBC Driver};Database=C:\\dados\\arquivo.db;Persist Security Info=True;"
+     "OEMCP=1;FKSupport=true;",
+     Lines({R"(FileLength("C:\dados\arquivo.db") -> 1)"})},
+    {"KnowsSQLiteInAnyLetterCase", L"driver=sqlite;database=a.db;",
+     "driver=sqlite;database=a.db;Persist Security Info=True;OEMCP=1;FKSupport=true;", kMeasuresFile},
+    {"KeepsSQLiteForeignKeysInAnyLetterCase", L"Driver=SQLite3;Database=a.db;fksupport=false;",
+     "Driver=SQLite3;Database=a.db;fksupport=false;Persist Security Info=True;OEMCP=1;", kMeasuresFile},
+    {"TakesAnSQLiteFileOfFourGigabytesForAWholeOne", L"Driver=SQLite3;Database=C:\\grande.db;",
+     "Driver=SQLite3;Database=C:\\grande.db;Persist Security Info=True;OEMCP=1;FKSupport=true;",
+     Lines({R"(FileLength("C:\grande.db") -> 4294967296)"})},
+    {"TakesAStringWithDB2AndSQLiteWordsForDB2Only", L"Provider=IBMDADB2;Database=SQLITE;",
+     R"(Provider=IBMDADB2;Database=SQLITE;Persist Security Info=True;IgnoreWarnList="'02000'";Patch1=1024;)"},
+};
 
-TEST_F(PreAbreCnTest, EndsTheEmptyStringWithASemicolonToo) { EXPECT_EQ(Prepared(L""), ";Persist Security Info=True;"); }
+class PreAbreCnStringTest : public PreAbreCnTest, public testing::WithParamInterface<Preparation> {};
+INSTANTIATE_TEST_SUITE_P(Strings, PreAbreCnStringTest, testing::ValuesIn(kPreparations),
+                         [](const auto& info) { return info.param.name; });
 
-TEST_F(PreAbreCnTest, AddsASemicolonAfterATrailingBlank) {
-  EXPECT_EQ(Prepared(L"Provider=SQLNCLI11; "), "Provider=SQLNCLI11; ;Persist Security Info=True;");
-}
-
-TEST_F(PreAbreCnTest, KeepsPersistSecurityInfoInAnyLetterCaseWithAnyValue) {
-  EXPECT_EQ(Prepared(L"Provider=SQLNCLI11;PERSIST security INFO=False"),
-            "Provider=SQLNCLI11;PERSIST security INFO=False;");
-}
+TEST_P(PreAbreCnStringTest, IsPrepared) { Check(GetParam().given, GetParam().prepared, GetParam().calls); }
 
 TEST_F(PreAbreCnTest, GivesAnOracleStringItsPoolAndTheProcessItsLanguage) {
-  EXPECT_EQ(Prepared(L"Provider=MSDAORA;Data Source=ARQ"),
-            "Provider=MSDAORA;Data Source=ARQ;Persist Security Info=True;"
-            "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;");
-  EXPECT_EQ(around_.journal.Calls(), Lines({kSetsNlsLang}));
+  Check(L"Provider=MSDAORA;Data Source=ARQ",
+        "Provider=MSDAORA;Data Source=ARQ;Persist Security Info=True;"
+        "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;",
+        kSetsNlsLang);
 }
 
 TEST_F(PreAbreCnTest, KnowsOracleByEitherWordInAnyLetterCaseAnywhere) {
-  for (const wchar_t* words : {L"Provider=OraOLEDB.Oracle;", L"provider=msdaora.1;", L"Server=my_oracle_host;"}) {
-    around_.journal.Forget();
-    EXPECT_EQ(Prepared(words), Utf8(words) +
-                                   "Persist Security Info=True;"
-                                   "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;");
-    EXPECT_EQ(around_.journal.Calls(), Lines({kSetsNlsLang}));
-  }
-}
-
-TEST_F(PreAbreCnTest, KeepsAnOraclePoolSizeInAnyLetterCase) {
-  EXPECT_EQ(Prepared(L"Provider=MSDAORA;MIN pool SIZE=1"),
-            "Provider=MSDAORA;MIN pool SIZE=1;Persist Security Info=True;");
-  EXPECT_EQ(around_.journal.Calls(), Lines({kSetsNlsLang}));
-}
-
-TEST_F(PreAbreCnTest, GivesADB2StringItsWarningListAndThenItsPatch) {
-  for (const wchar_t* words : {L"Provider=IBMDADB2.DB2COPY1;", L"Provider=ibmdadb2;", L"Driver={iSeries Access};",
-                               L"Driver={IBM i Access ODBC Driver};", L"Driver={IBM DB2 ODBC DRIVER};"}) {
-    EXPECT_EQ(Prepared(words), Utf8(words) + R"(Persist Security Info=True;IgnoreWarnList="'02000'";Patch1=1024;)");
-  }
-  EXPECT_EQ(around_.journal.Calls(), "");
-}
-
-TEST_F(PreAbreCnTest, KeepsADB2WarningListInAnyLetterCase) {
-  EXPECT_EQ(Prepared(L"Provider=IBMDADB2;ignorewarnlist=x;"),
-            "Provider=IBMDADB2;ignorewarnlist=x;Persist Security Info=True;Patch1=1024;");
-}
-
-TEST_F(PreAbreCnTest, KeepsADB2PatchInAnyLetterCase) {
-  EXPECT_EQ(Prepared(L"Provider=IBMDADB2;PATCH1=2;"),
-            R"(Provider=IBMDADB2;PATCH1=2;Persist Security Info=True;IgnoreWarnList="'02000'";)");
-}
-
-TEST_F(PreAbreCnTest, GivesAnSQLiteStringItsEncodingAndThenItsForeignKeys) {
-  around_.files[L"C:\\dados\\arquivo.db"] = 1;
-  EXPECT_EQ(Prepared(L"Driver={SQLite3 ODBC Driver};Database=C:\\dados\\arquivo.db"),
-            "Driver={SQLite3 ODBC Driver};Database=C:\\dados\\arquivo.db;Persist Security Info=True;"
-            "OEMCP=1;FKSupport=true;");
-  EXPECT_EQ(around_.journal.Calls(), Lines({R"(FileLength("C:\dados\arquivo.db") -> 1)"}));
-}
-
-TEST_F(PreAbreCnTest, KnowsSQLiteInAnyLetterCase) {
-  around_.files[L"a.db"] = 4096;
-  EXPECT_EQ(Prepared(L"driver=sqlite;database=a.db;"),
-            "driver=sqlite;database=a.db;Persist Security Info=True;OEMCP=1;FKSupport=true;");
-}
-
-TEST_F(PreAbreCnTest, RepeatsAnSQLiteEncodingThatIsThereAlready) {
-  around_.files[L"a.db"] = 4096;
-  EXPECT_EQ(Prepared(L"Driver=SQLite3;Database=a.db;OEMCP=1;"),
-            "Driver=SQLite3;Database=a.db;OEMCP=1;Persist Security Info=True;OEMCP=1;FKSupport=true;");
-}
-
-TEST_F(PreAbreCnTest, KeepsSQLiteForeignKeysInAnyLetterCase) {
-  around_.files[L"a.db"] = 4096;
-  EXPECT_EQ(Prepared(L"Driver=SQLite3;Database=a.db;fksupport=false;"),
-            "Driver=SQLite3;Database=a.db;fksupport=false;Persist Security Info=True;OEMCP=1;");
-}
-
-TEST_F(PreAbreCnTest, RaisesForAnSQLiteFileThatIsMissing) {
-  EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\nada.db;"); }),
-            (Raised{kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "C:\nada.db" não encontrado.)"}));
-}
-
-TEST_F(PreAbreCnTest, RaisesForAnSQLiteFileWithoutAByte) {
-  around_.files[L"C:\\vazio.db"] = 0;
-  EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\vazio.db;"); }),
-            (Raised{kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\vazio.db" danificado.)"}));
-}
-
-TEST_F(PreAbreCnTest, RaisesForAFolderInPlaceOfAnSQLiteFile) {
-  around_.folders = {L"C:\\dados"};
-  EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database=C:\\dados;"); }),
-            (Raised{kErrBase + 2, "modADO::PreAbreCn", R"(Banco de dados "C:\dados" danificado.)"}));
-}
-
-TEST_F(PreAbreCnTest, TakesAnSQLiteFileOfFourGigabytesForAWholeOne) {
-  around_.files[L"C:\\grande.db"] = 4294967296;
-  EXPECT_EQ(Prepared(L"Driver=SQLite3;Database=C:\\grande.db;"),
-            "Driver=SQLite3;Database=C:\\grande.db;Persist Security Info=True;OEMCP=1;FKSupport=true;");
-}
-
-TEST_F(PreAbreCnTest, LooksForAnEmptyPathWhenAnSQLiteStringNamesNoFile) {
-  EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;"); }),
-            (Raised{kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados "" não encontrado.)"}));
-  EXPECT_EQ(around_.journal.Calls(), Lines({R"(FileLength("") -> none)"}));
-}
-
-TEST_F(PreAbreCnTest, LooksForThePathWithItsBlanks) {
-  EXPECT_EQ(RaisedBy([&] { Prepared(L"Driver=SQLite3;Database= a.db ;"); }),
-            (Raised{kErrBase + 1, "modADO::PreAbreCn", R"(Banco de dados " a.db " não encontrado.)"}));
+  for (const wchar_t* words : {L"Provider=OraOLEDB.Oracle;", L"provider=msdaora.1;", L"Server=my_oracle_host;"})
+    Check(words, Utf8(words) + "Persist Security Info=True;Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;",
+          kSetsNlsLang);
 }
 
 TEST_F(PreAbreCnTest, TakesAStringWithOracleAndOtherWordsForOracleOnly) {
-  EXPECT_EQ(Prepared(L"Provider=MSDAORA;Data Source=IBMDADB2;Database=SQLite;"),
-            "Provider=MSDAORA;Data Source=IBMDADB2;Database=SQLite;Persist Security Info=True;"
-            "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;");
-  EXPECT_EQ(around_.journal.Calls(), Lines({kSetsNlsLang}));
+  Check(L"Provider=MSDAORA;Data Source=IBMDADB2;Database=SQLite;",
+        "Provider=MSDAORA;Data Source=IBMDADB2;Database=SQLite;Persist Security Info=True;"
+        "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;",
+        kSetsNlsLang);
 }
 
-TEST_F(PreAbreCnTest, TakesAStringWithDB2AndSQLiteWordsForDB2Only) {
-  EXPECT_EQ(Prepared(L"Provider=IBMDADB2;Database=SQLITE;"),
-            R"(Provider=IBMDADB2;Database=SQLITE;Persist Security Info=True;IgnoreWarnList="'02000'";Patch1=1024;)");
-  EXPECT_EQ(around_.journal.Calls(), "");
+TEST_F(PreAbreCnTest, KnowsDB2ByEachOfItsWordsAndAddsWarningListAndPatch) {
+  for (const wchar_t* words : {L"Provider=IBMDADB2.DB2COPY1;", L"Provider=ibmdadb2;", L"Driver={iSeries Access};",
+                               L"Driver={IBM i Access ODBC Driver};", L"Driver={IBM DB2 ODBC DRIVER};"})
+    Check(words, Utf8(words) + R"(Persist Security Info=True;IgnoreWarnList="'02000'";Patch1=1024;)");
 }
 
-TEST_F(PreAbreCnTest, GivesTheSystemThatItPreparedTheStringFor) {
-  around_.files[L"a.db"] = 1;
+TEST_F(PreAbreCnTest, RepeatsAnSQLiteEncodingThatIsThereAlready) {
+  Check(L"Driver=SQLite3;Database=a.db;OEMCP=1;",
+        "Driver=SQLite3;Database=a.db;OEMCP=1;Persist Security Info=True;OEMCP=1;FKSupport=true;", kMeasuresFile);
+}
+
+// An SQLite string whose file cannot be used.
+struct Refusal {
+  const char* name;
+  const wchar_t* given;
+  std::int32_t number;
+  const char* description;
+  const char* call;
+};
+
+const Refusal kRefusals[] = {
+    {"AMissingFile", L"Driver=SQLite3;Database=C:\\nada.db;", kErrBase + 1,
+     R"(Banco de dados "C:\nada.db" não encontrado.)", R"(FileLength("C:\nada.db") -> none)"},
+    {"AFileWithoutAByte", L"Driver=SQLite3;Database=C:\\vazio.db;", kErrBase + 2,
+     R"(Banco de dados "C:\vazio.db" danificado.)", R"(FileLength("C:\vazio.db") -> 0)"},
+    {"AFolder", L"Driver=SQLite3;Database=C:\\dados;", kErrBase + 2, R"(Banco de dados "C:\dados" danificado.)",
+     R"(FileLength("C:\dados") -> 0)"},
+    {"TheEmptyPathWhereNoFileIsNamed", L"Driver=SQLite3;", kErrBase + 1, R"(Banco de dados "" não encontrado.)",
+     R"(FileLength("") -> none)"},
+    {"APathWithItsBlanks", L"Driver=SQLite3;Database= a.db ;", kErrBase + 1,
+     R"(Banco de dados " a.db " não encontrado.)", R"(FileLength(" a.db ") -> none)"},
+};
+
+class PreAbreCnRefusalTest : public PreAbreCnTest, public testing::WithParamInterface<Refusal> {};
+INSTANTIATE_TEST_SUITE_P(SQLiteFiles, PreAbreCnRefusalTest, testing::ValuesIn(kRefusals),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_P(PreAbreCnRefusalTest, IsRaisedUnderItsSource) {
+  EXPECT_EQ(RaisedBy([&] { Prepared(GetParam().given); }),
+            (Raised{GetParam().number, "modADO::PreAbreCn", GetParam().description}));
+  EXPECT_EQ(around_.journal.Calls(), Lines({GetParam().call}));
+}
+
+TEST_F(PreAbreCnTest, ReturnsTheSystemThatItPreparedTheStringFor) {
   const auto systemOf = [&](std::wstring connectionString) { return PreAbreCn(connectionString, around_); };
   EXPECT_EQ(systemOf(L""), DatabaseSystem::kOther);
   EXPECT_EQ(systemOf(L"Provider=SQLNCLI11;Data Source=arquivo"), DatabaseSystem::kOther);
@@ -174,7 +157,7 @@ TEST_F(PreAbreCnTest, GivesTheSystemThatItPreparedTheStringFor) {
   EXPECT_EQ(systemOf(L"Driver=SQLite3;Database=a.db;"), DatabaseSystem::kSQLite);
 }
 
-TEST_F(PreAbreCnTest, FindsWhatStandsAtTheEndOfALongString) {
+TEST_F(PreAbreCnTest, FindsWhatIsAtTheEndOfALongString) {
   const std::wstring longValue(2000, L'x');
   EXPECT_EQ(
       Prepared(L"Extended Properties=" + longValue + L";Provider=MSDAORA;min pool size=1;persist security info=1"),

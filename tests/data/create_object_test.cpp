@@ -22,7 +22,7 @@ class CriaObjetoTest : public testing::Test {
   FakeSurroundings around_;
 };
 
-TEST_F(CriaObjetoTest, GivesTheObject) {
+TEST_F(CriaObjetoTest, ReturnsTheObject) {
   around_.Register(L"KodraProva.Classe", {});
   EXPECT_NE(Made(), nullptr);
   EXPECT_EQ(around_.journal.Calls(), Lines({R"(CreateObject("KodraProva.Classe") -> Object1)", "~Object1"}));
@@ -33,7 +33,7 @@ TEST_F(CriaObjetoTest, NamesTheClassThatIsNotRegistered) {
             (Raised{429, "modProva::Chamador", R"(Não foi possível criar objeto da classe "KodraProva.Classe".)"}));
 }
 
-TEST_F(CriaObjetoTest, GivesNothingAfterAnyOtherError) {
+TEST_F(CriaObjetoTest, ReturnsNothingAfterAnyOtherError) {
   around_.Register(L"KodraProva.Classe", {});
   around_.journal.FailOn(L"CreateObject", Failure(Erro(-2147024891, L"", L"Acesso negado")));
   EXPECT_EQ(Made(), nullptr);

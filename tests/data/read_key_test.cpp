@@ -7,45 +7,44 @@
 namespace kodra::data {
 namespace {
 
-using recorder::Raised;
+using recorder::kOverflow;
 using recorder::RaisedBy;
 
-const Raised kOverflow = {6, "KodraRpt", "Estouro"};
 // The last position that a search may find, counted from 1.
 constexpr std::size_t kLastPosition = 32767;
 
 std::wstring Filler(std::size_t length) { return std::wstring(length, L'x'); }
 
-TEST(ReadKeyTest, GivesTheEmptyTextForTheEmptyString) { EXPECT_EQ(ReadKey(L"", L"Database"), L""); }
+// A text, a key and the value that is read for it.
+struct Reading {
+  const char* name;
+  const wchar_t* text;
+  const wchar_t* value;
+  const wchar_t* key = L"Database";
+};
 
-TEST(ReadKeyTest, GivesTheEmptyTextForAKeyThatIsNotThere) { EXPECT_EQ(ReadKey(L"Driver=x;", L"Database"), L""); }
+const Reading kReadings[] = {
+    {"TheEmptyTextForTheEmptyString", L"", L""},
+    {"TheEmptyTextForAKeyThatIsNotThere", L"Driver=x;", L""},
+    {"APairInTheMiddle", L"Driver=x;Database=a.db;UID=u;", L"a.db"},
+    {"TheLastPairWithoutASemicolon", L"Driver=x;Database=a.db", L"a.db"},
+    {"AKeyInAnyLetterCase", L"DATABASE=a.DB;", L"a.DB", L"dataBase"},
+    {"AValueWithItsBlanks", L"Database =  a.db ;", L"  a.db "},
+    {"TheEmptyTextWhenTheFirstMatchIsInAValue", L"Server=MyDatabase;Database=a.db;", L""},
+    {"TheEmptyTextForAKeyWithoutAnEqualsSign", L"Database;UID=u;", L""},
+    {"EverythingAfterTheFirstEqualsSign", L"Database=a=b;", L"a=b"},
+    {"AnEmptyValue", L"Database=;", L""},
+};
 
-TEST(ReadKeyTest, ReadsAPairInTheMiddle) { EXPECT_EQ(ReadKey(L"Driver=x;Database=a.db;UID=u;", L"Database"), L"a.db"); }
+class ReadKeyValueTest : public testing::TestWithParam<Reading> {};
+INSTANTIATE_TEST_SUITE_P(Texts, ReadKeyValueTest, testing::ValuesIn(kReadings),
+                         [](const auto& info) { return info.param.name; });
 
-TEST(ReadKeyTest, ReadsTheLastPairWithoutASemicolon) {
-  EXPECT_EQ(ReadKey(L"Driver=x;Database=a.db", L"Database"), L"a.db");
-}
-
-TEST(ReadKeyTest, FindsTheKeyInAnyLetterCase) { EXPECT_EQ(ReadKey(L"DATABASE=a.DB;", L"dataBase"), L"a.DB"); }
-
-TEST(ReadKeyTest, DoesNotTrimTheValue) { EXPECT_EQ(ReadKey(L"Database =  a.db ;", L"Database"), L"  a.db "); }
+TEST_P(ReadKeyValueTest, IsRead) { EXPECT_EQ(ReadKey(GetParam().text, GetParam().key), GetParam().value); }
 
 TEST(ReadKeyTest, FindsTheKeyInsideALongerOneAndTakesTheFirst) {
   EXPECT_EQ(ReadKey(L"Default Database=um;Database=dois;", L"Database"), L"um");
   EXPECT_EQ(ReadKey(L"DatabaseFile=um;Database=dois;", L"Database"), L"um");
-}
-
-TEST(ReadKeyTest, GivesTheEmptyTextWhenTheFirstMatchIsInAValue) {
-  EXPECT_EQ(ReadKey(L"Server=MyDatabase;Database=a.db;", L"Database"), L"");
-}
-
-TEST(ReadKeyTest, GivesTheEmptyTextForAKeyWithoutAnEqualsSign) {
-  EXPECT_EQ(ReadKey(L"Database;UID=u;", L"Database"), L"");
-}
-
-TEST(ReadKeyTest, TakesEverythingAfterTheFirstEqualsSign) {
-  EXPECT_EQ(ReadKey(L"Database=a=b;", L"Database"), L"a=b");
-  EXPECT_EQ(ReadKey(L"Database=;", L"Database"), L"");
 }
 
 TEST(ReadKeyTest, ReadsAPairThatEndsAtTheLastPosition) {

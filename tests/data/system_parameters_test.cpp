@@ -11,6 +11,8 @@ namespace {
 
 using recorder::Failure;
 using recorder::FakeSurroundings;
+using recorder::kObjectNotSet;
+using recorder::kObjectRequired;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -71,16 +73,15 @@ TEST_F(ObtemParametroSistemaTest, ReadsADirectMemberStepByStep) {
                                      }));
 }
 
-TEST_F(ObtemParametroSistemaTest, KnowsEveryParameterAndGivesItsValueUnchanged) {
-  EXPECT_EQ(Read(L"NOME_GRUPO"), Value(L"Classe"));
-  EXPECT_EQ(Read(L"NOME_SUBGRUPO"), Value(L"Subclasse"));
-  EXPECT_EQ(Read(L"NOME_SERIE"), Value(L"Assunto"));
-  EXPECT_EQ(Read(L"NOME_SERIE_PLURAL"), Value(L"Assuntos"));
-  EXPECT_EQ(Read(L"MINUTOS_BLOQUEIO"), Value(15));
-  EXPECT_EQ(Read(L"MAX_DIAS_SENHA"), Value(L"90"));
-  EXPECT_EQ(Read(L"TESTAR_QUALIDADE_SENHA"), Value(true));
-  EXPECT_EQ(Read(L"USAR_AD"), Value(false));
-  EXPECT_EQ(Read(L"TAMANHO_MAXIMO_ARQUIVO"), Value(Null{}));
+TEST_F(ObtemParametroSistemaTest, KnowsEveryParameterAndReturnsItsValueUnchanged) {
+  const std::pair<const wchar_t*, Value> kParameters[] = {
+      {L"NOME_GRUPO", L"Classe"},          {L"NOME_SUBGRUPO", L"Subclasse"},
+      {L"NOME_SERIE", L"Assunto"},         {L"NOME_SERIE_PLURAL", L"Assuntos"},
+      {L"MINUTOS_BLOQUEIO", 15},           {L"MAX_DIAS_SENHA", L"90"},
+      {L"TESTAR_QUALIDADE_SENHA", true},   {L"USAR_AD", false},
+      {L"TAMANHO_MAXIMO_ARQUIVO", Null{}},
+  };
+  for (const auto& [name, value] : kParameters) EXPECT_EQ(Read(name), value) << name;
 }
 
 TEST_F(ObtemParametroSistemaTest, AcceptsANameInAnyLetterCase) {
@@ -91,7 +92,7 @@ TEST_F(ObtemParametroSistemaTest, AcceptsANameInAnyLetterCase) {
 TEST_F(ObtemParametroSistemaTest, TakesASourceThatNamesAProviderOrDriverForAConnectionString) {
   for (const char* source : {"provider=x", "a=1;PROVIDER=x", "pRoViDeR =x", "driver=x", "Driver ={SQLite3}"}) {
     around_.journal.Forget();
-    Read(L"USAR_AD", std::wstring(source, source + std::string(source).size()));
+    Read(L"USAR_AD", recorder::Wide(source));
     EXPECT_NE(around_.journal.Calls().find("Object1.Let(StringConexao, \"" + std::string(source) + "\")\n"),
               std::string::npos)
         << around_.journal.Calls();
@@ -101,7 +102,7 @@ TEST_F(ObtemParametroSistemaTest, TakesASourceThatNamesAProviderOrDriverForAConn
 TEST_F(ObtemParametroSistemaTest, TakesAnyOtherSourceForAnIniFile) {
   for (const char* source : {"C:\\kodra.ini", "provider", "provider  =x", "DSN=x;Database=y", "driver:=", " "}) {
     around_.journal.Forget();
-    Read(L"USAR_AD", std::wstring(source, source + std::string(source).size()));
+    Read(L"USAR_AD", recorder::Wide(source));
     EXPECT_NE(around_.journal.Calls().find("Object1.Let(ArquivoIni, \"" + std::string(source) + "\")\n"),
               std::string::npos)
         << around_.journal.Calls();
@@ -138,8 +139,7 @@ TEST(ObtemParametroSistemaWithoutSiblingTest, SaysWhichClassIsMissingEvenForAnEm
 
 TEST_F(ObtemParametroSistemaTest, FailsAtTheFirstUseOfASiblingThatCouldNotBeMadeForAnotherReason) {
   around_.journal.FailOn(L"CreateObject", Failure(Erro(-2147024891, L"", L"Acesso negado")));
-  EXPECT_EQ(RaisedFor(L"NOME_SERIE"),
-            (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
+  EXPECT_EQ(RaisedFor(L"NOME_SERIE"), kObjectNotSet);
 }
 
 TEST_F(ObtemParametroSistemaTest, LetsTheSiblingsErrorsThroughUnchanged) {
@@ -153,10 +153,9 @@ TEST_F(ObtemParametroSistemaTest, LetsTheSiblingsErrorsThroughUnchanged) {
 
 TEST_F(ObtemParametroSistemaTest, RaisesForASetThatIsNoObject) {
   Install(L"texto");
-  EXPECT_EQ(RaisedFor(L"NOME_SERIE"), (Raised{424, "KodraRpt", "O objeto é obrigatório"}));
+  EXPECT_EQ(RaisedFor(L"NOME_SERIE"), kObjectRequired);
   Install(ObjectRef{});
-  EXPECT_EQ(RaisedFor(L"NOME_SERIE"),
-            (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
+  EXPECT_EQ(RaisedFor(L"NOME_SERIE"), kObjectNotSet);
 }
 
 }  // namespace
