@@ -33,7 +33,7 @@ TEST(ErroTest, CarriesItsThreeParts) {
 
 TEST(ErroTest, CountsFromTheCustomErrorBase) { EXPECT_EQ(kErrBase, -2147221504); }
 
-TEST(ErroTest, GivesEveryRuntimeErrorItsNumberAndText) {
+TEST(ErroTest, HasANumberAndATextForEveryRuntimeError) {
   const std::pair<RuntimeError, Raised> kErrors[] = {
       {RuntimeError::kOverflow, {6, "KodraRpt", "Estouro"}},
       {RuntimeError::kOutOfMemory, {7, "KodraRpt", "Memória insuficiente"}},
@@ -52,12 +52,12 @@ TEST(ErroTest, IsCaughtAsItIs) {
   EXPECT_EQ(CaughtAs(Erro(-5, L"Fonte", L"Descrição")), (Raised{-5, "Fonte", "Descrição"}));
 }
 
-TEST(ErroTest, StandsForExhaustedMemory) {
+TEST(ErroTest, IsMadeOfExhaustedMemory) {
   EXPECT_EQ(CaughtAs(std::bad_alloc()), (Raised{7, "KodraRpt", "Memória insuficiente"}));
   EXPECT_EQ(CaughtAs(std::bad_array_new_length()), (Raised{7, "KodraRpt", "Memória insuficiente"}));
 }
 
-TEST(ErroTest, StandsForAnyOtherException) {
+TEST(ErroTest, IsMadeOfAnyOtherException) {
   EXPECT_EQ(CaughtAs(std::runtime_error("unexpected")), (Raised{51, "KodraRpt", "Erro interno"}));
   EXPECT_EQ(CaughtAs(5), (Raised{51, "KodraRpt", "Erro interno"}));
 }

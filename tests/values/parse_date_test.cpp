@@ -13,6 +13,11 @@ std::wstring Read(std::wstring_view text) {
   return date ? FormatDate(*date, L"yyyy-mm-dd hh:nn:ss") : L"none";
 }
 
+// Texts and what they are read as.
+void ExpectRead(std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> cases) {
+  for (const auto& [text, date] : cases) EXPECT_EQ(Read(text), date) << text;
+}
+
 TEST(ParseDate, ReadsDayMonthYearWithAnySeparator) {
   for (const auto* text : {L"31/12/2023", L"31-12-2023", L"31 12 2023", L"31,12,2023", L"31/12-2023", L"31, 12, 2023",
                            L"31 / 12 / 2023", L"  31/12/2023  ", L"31\t12\t2023", L"31 ,/ 12 2023", L",31/12/2023"}) {
@@ -21,28 +26,27 @@ TEST(ParseDate, ReadsDayMonthYearWithAnySeparator) {
   EXPECT_EQ(Read(L"1/2/2023"), L"2023-02-01 00:00:00");
 }
 TEST(ParseDate, AFullStopSeparatesTimesNotDates) {
-  EXPECT_EQ(Read(L"31.12.2023"), L"none");
-  EXPECT_EQ(Read(L"10.5"), L"1899-12-30 10:05:00");
-  EXPECT_EQ(Read(L"1.2.3"), L"1899-12-30 01:02:03");
-  EXPECT_EQ(Read(L"12.99"), L"none");
+  ExpectRead({{L"31.12.2023", L"none"},
+              {L"10.5", L"1899-12-30 10:05:00"},
+              {L"1.2.3", L"1899-12-30 01:02:03"},
+              {L"12.99", L"none"}});
 }
 TEST(ParseDate, ACommaSeparatesDates) {
-  EXPECT_EQ(Read(L"10,5"), L"2026-05-10 00:00:00");
-  EXPECT_EQ(Read(L"1,2,3"), L"2003-02-01 00:00:00");
+  ExpectRead({{L"10,5", L"2026-05-10 00:00:00"}, {L"1,2,3", L"2003-02-01 00:00:00"}});
 }
 TEST(ParseDate, ACommaAfterASeparatorDoesNotTakeItsPlace) {
-  EXPECT_EQ(Read(L"31/, 12/2023"), L"2023-12-31 00:00:00");
-  EXPECT_EQ(Read(L"31/12/2023, 10:00"), L"2023-12-31 10:00:00");
-  EXPECT_EQ(Read(L"31/12/2023/, 10:00"), L"none");
+  ExpectRead({{L"31/, 12/2023", L"2023-12-31 00:00:00"},
+              {L"31/12/2023, 10:00", L"2023-12-31 10:00:00"},
+              {L"31/12/2023/, 10:00", L"none"}});
 }
 TEST(ParseDate, TriesOtherOrdersWhenDayMonthYearIsNoDay) {
-  EXPECT_EQ(Read(L"12/31/2023"), L"2023-12-31 00:00:00");
-  EXPECT_EQ(Read(L"2023/12/31"), L"2023-12-31 00:00:00");
-  EXPECT_EQ(Read(L"2023-12-31"), L"2023-12-31 00:00:00");
-  EXPECT_EQ(Read(L"2023/31/12"), L"2023-12-31 00:00:00");
-  EXPECT_EQ(Read(L"99/12/31"), L"1999-12-31 00:00:00");
-  EXPECT_EQ(Read(L"29/2/23"), L"2029-02-23 00:00:00");
-  EXPECT_EQ(Read(L"31/4/01"), L"1931-04-01 00:00:00");
+  ExpectRead({{L"12/31/2023", L"2023-12-31 00:00:00"},
+              {L"2023/12/31", L"2023-12-31 00:00:00"},
+              {L"2023-12-31", L"2023-12-31 00:00:00"},
+              {L"2023/31/12", L"2023-12-31 00:00:00"},
+              {L"99/12/31", L"1999-12-31 00:00:00"},
+              {L"29/2/23", L"2029-02-23 00:00:00"},
+              {L"31/4/01", L"1931-04-01 00:00:00"}});
 }
 TEST(ParseDate, ADayThatNoOrderMakesIsNoDate) {
   for (const auto* text :
@@ -52,31 +56,30 @@ TEST(ParseDate, ADayThatNoOrderMakesIsNoDate) {
   EXPECT_EQ(Read(L"29/2/2024"), L"2024-02-29 00:00:00");
 }
 TEST(ParseDate, TwoDigitYearsTurnAt30) {
-  EXPECT_EQ(Read(L"1/2/00"), L"2000-02-01 00:00:00");
-  EXPECT_EQ(Read(L"1/2/3"), L"2003-02-01 00:00:00");
-  EXPECT_EQ(Read(L"1/2/29"), L"2029-02-01 00:00:00");
-  EXPECT_EQ(Read(L"1/2/30"), L"1930-02-01 00:00:00");
-  EXPECT_EQ(Read(L"1/2/99"), L"1999-02-01 00:00:00");
+  ExpectRead({{L"1/2/00", L"2000-02-01 00:00:00"},
+              {L"1/2/3", L"2003-02-01 00:00:00"},
+              {L"1/2/29", L"2029-02-01 00:00:00"},
+              {L"1/2/30", L"1930-02-01 00:00:00"},
+              {L"1/2/99", L"1999-02-01 00:00:00"}});
 }
 TEST(ParseDate, YearsReachFrom100To9999) {
-  EXPECT_EQ(Read(L"1/2/100"), L"100-02-01 00:00:00");
-  EXPECT_EQ(Read(L"31/12/9999"), L"9999-12-31 00:00:00");
-  EXPECT_EQ(Read(L"1/2/10000"), L"none");
-  EXPECT_EQ(Read(L"1/2/4294967297"), L"none");
+  ExpectRead({{L"1/2/100", L"100-02-01 00:00:00"},
+              {L"31/12/9999", L"9999-12-31 00:00:00"},
+              {L"1/2/10000", L"none"},
+              {L"1/2/4294967297", L"none"}});
 }
 TEST(ParseDate, LeadingZerosCountForNothing) { EXPECT_EQ(Read(L"0000001/02/002003"), L"2003-02-01 00:00:00"); }
 
 TEST(ParseDate, TwoNumbersAreADayOfTheCurrentYear) {
-  EXPECT_EQ(Read(L"31/12"), L"2026-12-31 00:00:00");
-  EXPECT_EQ(Read(L"12/31"), L"2026-12-31 00:00:00");
-  EXPECT_EQ(Read(L"1/2"), L"2026-02-01 00:00:00");
+  ExpectRead(
+      {{L"31/12", L"2026-12-31 00:00:00"}, {L"12/31", L"2026-12-31 00:00:00"}, {L"1/2", L"2026-02-01 00:00:00"}});
   EXPECT_EQ(ParseDate(L"29/2", 2024), FromCalendar({2024, 2, 29}));
 }
 TEST(ParseDate, TwoNumbersThatAreNoDayAreAMonth) {
-  EXPECT_EQ(Read(L"12/2023"), L"2023-12-01 00:00:00");
-  EXPECT_EQ(Read(L"2023/12"), L"2023-12-01 00:00:00");
-  EXPECT_EQ(Read(L"32/1"), L"1932-01-01 00:00:00");
-  EXPECT_EQ(Read(L"29/2"), L"2029-02-01 00:00:00");
+  ExpectRead({{L"12/2023", L"2023-12-01 00:00:00"},
+              {L"2023/12", L"2023-12-01 00:00:00"},
+              {L"32/1", L"1932-01-01 00:00:00"},
+              {L"29/2", L"2029-02-01 00:00:00"}});
 }
 TEST(ParseDate, WithoutAGivenYearTheClocksYearCounts) {
   const auto year = ToCalendar(Today()).year;
@@ -91,12 +94,12 @@ TEST(ParseDate, OneNumberIsNoDate) {
 }
 
 TEST(ParseDate, ReadsTimes) {
-  EXPECT_EQ(Read(L"10:20"), L"1899-12-30 10:20:00");
-  EXPECT_EQ(Read(L"10:20:30"), L"1899-12-30 10:20:30");
-  EXPECT_EQ(Read(L"1:2:3"), L"1899-12-30 01:02:03");
-  EXPECT_EQ(Read(L"10 : 20"), L"1899-12-30 10:20:00");
-  EXPECT_EQ(Read(L"00:00"), L"1899-12-30 00:00:00");
-  EXPECT_EQ(Read(L"23:59:59"), L"1899-12-30 23:59:59");
+  ExpectRead({{L"10:20", L"1899-12-30 10:20:00"},
+              {L"10:20:30", L"1899-12-30 10:20:30"},
+              {L"1:2:3", L"1899-12-30 01:02:03"},
+              {L"10 : 20", L"1899-12-30 10:20:00"},
+              {L"00:00", L"1899-12-30 00:00:00"},
+              {L"23:59:59", L"1899-12-30 23:59:59"}});
 }
 TEST(ParseDate, RefusesTimesThatDoNotExist) {
   for (const auto* text : {L"24:00", L"24:00:00", L"10:60", L"23:59:60", L"10:20:30:40", L"10:", L":10", L"10:20:"}) {
@@ -104,13 +107,13 @@ TEST(ParseDate, RefusesTimesThatDoNotExist) {
   }
 }
 TEST(ParseDate, ReadsMorningAndAfternoon) {
-  EXPECT_EQ(Read(L"10:20 am"), L"1899-12-30 10:20:00");
-  EXPECT_EQ(Read(L"10:20PM"), L"1899-12-30 22:20:00");
-  EXPECT_EQ(Read(L"12:20 am"), L"1899-12-30 00:20:00");
-  EXPECT_EQ(Read(L"12:20 pm"), L"1899-12-30 12:20:00");
-  EXPECT_EQ(Read(L"13:20 am"), L"1899-12-30 13:20:00");
-  EXPECT_EQ(Read(L"10am"), L"1899-12-30 10:00:00");
-  EXPECT_EQ(Read(L"10 p"), L"1899-12-30 22:00:00");
+  ExpectRead({{L"10:20 am", L"1899-12-30 10:20:00"},
+              {L"10:20PM", L"1899-12-30 22:20:00"},
+              {L"12:20 am", L"1899-12-30 00:20:00"},
+              {L"12:20 pm", L"1899-12-30 12:20:00"},
+              {L"13:20 am", L"1899-12-30 13:20:00"},
+              {L"10am", L"1899-12-30 10:00:00"},
+              {L"10 p", L"1899-12-30 22:00:00"}});
   for (const auto* text : {L"am", L"am 10:20", L"10:20 amx", L"10:20 a.m.", L"1/1/2023 am", L"1:2 pm pm", L"24 pm"}) {
     EXPECT_EQ(Read(text), L"none") << text;
   }
@@ -121,8 +124,7 @@ TEST(ParseDate, ReadsADateAndATimeInEitherOrder) {
                            L"31/12/2023,10:20:30", L"10.20.30 31/12/2023", L"31 12 2023 10:20:30"}) {
     EXPECT_EQ(Read(text), L"2023-12-31 10:20:30") << text;
   }
-  EXPECT_EQ(Read(L"2/3/4 1 pm"), L"2004-03-02 13:00:00");
-  EXPECT_EQ(Read(L"29/12/1899 06:00"), L"1899-12-29 06:00:00");
+  ExpectRead({{L"2/3/4 1 pm", L"2004-03-02 13:00:00"}, {L"29/12/1899 06:00", L"1899-12-29 06:00:00"}});
   EXPECT_EQ(ParseDate(L"29/12/1899 06:00"), Date{-1.25});
 }
 TEST(ParseDate, RefusesADateAndATimeThatAreNotApart) {
@@ -133,19 +135,19 @@ TEST(ParseDate, RefusesADateAndATimeThatAreNotApart) {
 }
 
 TEST(ParseDate, ReadsPortugueseMonthNames) {
-  EXPECT_EQ(Read(L"1 janeiro 2023"), L"2023-01-01 00:00:00");
-  EXPECT_EQ(Read(L"2 fevereiro 2023"), L"2023-02-02 00:00:00");
-  EXPECT_EQ(Read(L"3 março 2023"), L"2023-03-03 00:00:00");
-  EXPECT_EQ(Read(L"3 MARÇO 2023"), L"2023-03-03 00:00:00");
-  EXPECT_EQ(Read(L"4 abril 2023"), L"2023-04-04 00:00:00");
-  EXPECT_EQ(Read(L"5 maio 2023"), L"2023-05-05 00:00:00");
-  EXPECT_EQ(Read(L"6 junho 2023"), L"2023-06-06 00:00:00");
-  EXPECT_EQ(Read(L"7 julho 2023"), L"2023-07-07 00:00:00");
-  EXPECT_EQ(Read(L"8 agosto 2023"), L"2023-08-08 00:00:00");
-  EXPECT_EQ(Read(L"9 setembro 2023"), L"2023-09-09 00:00:00");
-  EXPECT_EQ(Read(L"10 outubro 2023"), L"2023-10-10 00:00:00");
-  EXPECT_EQ(Read(L"11 novembro 2023"), L"2023-11-11 00:00:00");
-  EXPECT_EQ(Read(L"12 dezembro 2023"), L"2023-12-12 00:00:00");
+  ExpectRead({{L"1 janeiro 2023", L"2023-01-01 00:00:00"},
+              {L"2 fevereiro 2023", L"2023-02-02 00:00:00"},
+              {L"3 março 2023", L"2023-03-03 00:00:00"},
+              {L"3 MARÇO 2023", L"2023-03-03 00:00:00"},
+              {L"4 abril 2023", L"2023-04-04 00:00:00"},
+              {L"5 maio 2023", L"2023-05-05 00:00:00"},
+              {L"6 junho 2023", L"2023-06-06 00:00:00"},
+              {L"7 julho 2023", L"2023-07-07 00:00:00"},
+              {L"8 agosto 2023", L"2023-08-08 00:00:00"},
+              {L"9 setembro 2023", L"2023-09-09 00:00:00"},
+              {L"10 outubro 2023", L"2023-10-10 00:00:00"},
+              {L"11 novembro 2023", L"2023-11-11 00:00:00"},
+              {L"12 dezembro 2023", L"2023-12-12 00:00:00"}});
 }
 TEST(ParseDate, ReadsAbbreviatedMonthNamesWithAndWithoutAFullStop) {
   constexpr std::wstring_view kNames[] = {L"jan", L"fev", L"mar", L"abr", L"mai", L"jun",
@@ -159,21 +161,21 @@ TEST(ParseDate, ReadsAbbreviatedMonthNamesWithAndWithoutAFullStop) {
   }
 }
 TEST(ParseDate, TheMonthNamesPlaceSaysWhatTheNumbersAre) {
-  EXPECT_EQ(Read(L"1 abril 2"), L"2002-04-01 00:00:00");
-  EXPECT_EQ(Read(L"31 abril 2"), L"1931-04-02 00:00:00");
-  EXPECT_EQ(Read(L"abril 1 2"), L"2002-04-01 00:00:00");
-  EXPECT_EQ(Read(L"abril 1, 2023"), L"2023-04-01 00:00:00");
-  EXPECT_EQ(Read(L"abril 2023 1"), L"none");
-  EXPECT_EQ(Read(L"1 2 abril"), L"2001-04-02 00:00:00");
-  EXPECT_EQ(Read(L"2 2023 abril"), L"none");
+  ExpectRead({{L"1 abril 2", L"2002-04-01 00:00:00"},
+              {L"31 abril 2", L"1931-04-02 00:00:00"},
+              {L"abril 1 2", L"2002-04-01 00:00:00"},
+              {L"abril 1, 2023", L"2023-04-01 00:00:00"},
+              {L"abril 2023 1", L"none"},
+              {L"1 2 abril", L"2001-04-02 00:00:00"},
+              {L"2 2023 abril", L"none"}});
 }
 TEST(ParseDate, AMonthNameAndOneNumberAreADayOrElseAYear) {
-  EXPECT_EQ(Read(L"1 abril"), L"2026-04-01 00:00:00");
-  EXPECT_EQ(Read(L"abril 30"), L"2026-04-30 00:00:00");
-  EXPECT_EQ(Read(L"abril 31"), L"1931-04-01 00:00:00");
-  EXPECT_EQ(Read(L"abril 2023"), L"2023-04-01 00:00:00");
-  EXPECT_EQ(Read(L"abril/2023"), L"2023-04-01 00:00:00");
-  EXPECT_EQ(Read(L"1abril2023"), L"2023-04-01 00:00:00");
+  ExpectRead({{L"1 abril", L"2026-04-01 00:00:00"},
+              {L"abril 30", L"2026-04-30 00:00:00"},
+              {L"abril 31", L"1931-04-01 00:00:00"},
+              {L"abril 2023", L"2023-04-01 00:00:00"},
+              {L"abril/2023", L"2023-04-01 00:00:00"},
+              {L"1abril2023", L"2023-04-01 00:00:00"}});
 }
 TEST(ParseDate, NamesOtherThanWholePortugueseOnesAreNoDate) {
   for (const auto* text : {L"abril", L"1 abrilx", L"1 abri 2023", L"1 february 2023", L"1 feb 2023", L"1 april 2023",
@@ -182,16 +184,16 @@ TEST(ParseDate, NamesOtherThanWholePortugueseOnesAreNoDate) {
   }
 }
 TEST(ParseDate, DayNamesAreReadAndCountForNothing) {
-  EXPECT_EQ(Read(L"segunda-feira 1/2/2023"), L"2023-02-01 00:00:00");
-  EXPECT_EQ(Read(L"terça-feira, 1 fevereiro 2023"), L"2023-02-01 00:00:00");
-  EXPECT_EQ(Read(L"SÁBADO 1/2/2023"), L"2023-02-01 00:00:00");
-  EXPECT_EQ(Read(L"dom 1/2/2023"), L"2023-02-01 00:00:00");
-  EXPECT_EQ(Read(L"seg. 1/2/2023"), L"2023-02-01 00:00:00");
-  EXPECT_EQ(Read(L"1/2 domingo"), L"2026-02-01 00:00:00");
-  EXPECT_EQ(Read(L"domingo"), L"none");
-  EXPECT_EQ(Read(L"segunda 1/2/2023"), L"none");
-  EXPECT_EQ(Read(L"domingo/1/2/2023"), L"none");
-  EXPECT_EQ(Read(L"sunday 1/2/2023"), L"none");
+  ExpectRead({{L"segunda-feira 1/2/2023", L"2023-02-01 00:00:00"},
+              {L"terça-feira, 1 fevereiro 2023", L"2023-02-01 00:00:00"},
+              {L"SÁBADO 1/2/2023", L"2023-02-01 00:00:00"},
+              {L"dom 1/2/2023", L"2023-02-01 00:00:00"},
+              {L"seg. 1/2/2023", L"2023-02-01 00:00:00"},
+              {L"1/2 domingo", L"2026-02-01 00:00:00"},
+              {L"domingo", L"none"},
+              {L"segunda 1/2/2023", L"none"},
+              {L"domingo/1/2/2023", L"none"},
+              {L"sunday 1/2/2023", L"none"}});
 }
 
 TEST(ParseDate, SqlExpressionsAreNoDates) {

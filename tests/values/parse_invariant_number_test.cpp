@@ -6,27 +6,25 @@
 namespace kodra::values {
 namespace {
 
-using Held = std::optional<Value>;
+// Texts and the values that they are read as.
+void ExpectNumbers(std::initializer_list<std::pair<const wchar_t*, Value>> cases) {
+  for (const auto& [text, value] : cases) EXPECT_EQ(ParseInvariantNumber(text), value) << text;
+}
 
 TEST(ParseInvariantNumber, TakesTheNarrowestTypeThatHoldsTheNumber) {
-  EXPECT_EQ(ParseInvariantNumber(L"-5"), Held(-5));
-  EXPECT_EQ(ParseInvariantNumber(L"007"), Held(7));
-  EXPECT_EQ(ParseInvariantNumber(L"2147483647"), Held(2147483647));
-  EXPECT_EQ(ParseInvariantNumber(L"2147483648"), Held(std::int64_t{2147483648}));
-  EXPECT_EQ(ParseInvariantNumber(L"-2147483649"), Held(std::int64_t{-2147483649}));
-  EXPECT_EQ(ParseInvariantNumber(L"18446744073709551615"), Held(std::uint64_t{18446744073709551615U}));
-  EXPECT_EQ(ParseInvariantNumber(L"18446744073709551616"), Held(18446744073709551616.0));
-  EXPECT_EQ(ParseInvariantNumber(L"-9223372036854775809"), Held(-9223372036854775808.0));
+  ExpectNumbers({{L"-5", -5},
+                 {L"007", 7},
+                 {L"2147483647", 2147483647},
+                 {L"2147483648", std::int64_t{2147483648}},
+                 {L"-2147483649", std::int64_t{-2147483649}},
+                 {L"18446744073709551615", std::uint64_t{18446744073709551615U}},
+                 {L"18446744073709551616", 18446744073709551616.0},
+                 {L"-9223372036854775809", -9223372036854775808.0}});
 }
 
 TEST(ParseInvariantNumber, APointOrAnExponentMakesADouble) {
-  EXPECT_EQ(ParseInvariantNumber(L"1.0"), Held(1.0));
-  EXPECT_EQ(ParseInvariantNumber(L"-0.5"), Held(-0.5));
-  EXPECT_EQ(ParseInvariantNumber(L".5"), Held(0.5));
-  EXPECT_EQ(ParseInvariantNumber(L"5."), Held(5.0));
-  EXPECT_EQ(ParseInvariantNumber(L"1e3"), Held(1000.0));
-  EXPECT_EQ(ParseInvariantNumber(L"25E-1"), Held(2.5));
-  EXPECT_EQ(ParseInvariantNumber(L"0.1"), Held(0.1));
+  ExpectNumbers(
+      {{L"1.0", 1.0}, {L"-0.5", -0.5}, {L".5", 0.5}, {L"5.", 5.0}, {L"1e3", 1000.0}, {L"25E-1", 2.5}, {L"0.1", 0.1}});
 }
 
 TEST(ParseInvariantNumber, WhatOnlyLooksLikeANumberIsNone) {
@@ -37,7 +35,7 @@ TEST(ParseInvariantNumber, WhatOnlyLooksLikeANumberIsNone) {
   EXPECT_EQ(ParseInvariantNumber(std::wstring(1000, L'9')), std::nullopt);
 }
 
-TEST(ParseInvariantNumber, TooSmallANumberIsZero) { EXPECT_EQ(ParseInvariantNumber(L"1e-400"), Held(0.0)); }
+TEST(ParseInvariantNumber, TooSmallANumberIsZero) { ExpectNumbers({{L"1e-400", 0.0}}); }
 
 }  // namespace
 }  // namespace kodra::values
