@@ -25,7 +25,7 @@ class RowsObject final : public Sibling<RowsObject> {
 
  private:
   bool Eof() { return rows_->Eof(); }
-  // The recordset stands for its own list of fields.
+  // The recordset is its own list of fields.
   ObjectRef Fields() { return {std::shared_ptr<void>(), this}; }
   Value Item(std::span<const Value> arguments) {
     fields_.push_back(rows_->FieldByName(values::ToText(arguments[0])));

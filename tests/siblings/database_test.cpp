@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "sql/tipo_banco.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
 
@@ -55,7 +56,7 @@ TEST(Database, ReadsThroughTheClientsConnectionWhenItHasOne) {
   recorder::FakeSurroundings around;
   const ObjectRef client = ClientConnection(around);
   const Database database(around, kSqlite, client);
-  EXPECT_EQ(database.Code(), 3);
+  EXPECT_EQ(database.Code(), sql::tbMySQL);
   EXPECT_EQ(database.Read(L"SELECT NOME FROM T", {L"NOME"}), (std::vector<Row>{{L"Fundo"}}));
   EXPECT_EQ(around.journal.Calls(), Lines({
                                         "Client.Get(ConnectionString) -> \"Driver={MariaDB Unicode};Database=arq\"",

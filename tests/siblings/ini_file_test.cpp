@@ -64,7 +64,7 @@ TEST(IniFile, ReadsAFileAtAPathWithAccents) {
   EXPECT_EQ(FindIn(*file, L"Nomes", L"Serie"), "'Dossiê'");
 }
 
-TEST(IniFile, GivesNothingForAFileThatIsNotThere) { EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value()); }
+TEST(IniFile, IsNothingForAFileThatIsNotThere) { EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value()); }
 
 }  // namespace
 }  // namespace kodra::siblings

@@ -11,7 +11,8 @@
 namespace kodra::siblings {
 namespace {
 
-using recorder::Raised;
+using recorder::kObjectNotSet;
+using recorder::kObjectRequired;
 using recorder::RaisedBy;
 using testbed::CaixaSubordinada;
 
@@ -71,7 +72,7 @@ TEST_F(ObtedorDeModulosTest, FindsTheSubordinatesOfEveryModule) {
   EXPECT_GT(open, 0U);
 }
 
-TEST_F(ObtedorDeModulosTest, GivesNothingForAModuleThatTheArchiveDoesNotHave) {
+TEST_F(ObtedorDeModulosTest, ReturnsNothingForAModuleThatTheArchiveDoesNotHave) {
   for (const wchar_t* none : {L"ZZ999", L"", L"AA00101", L"AA001' OR '1'='1"}) {
     EXPECT_EQ(Subordinates(none, 1), Value(ObjectRef())) << none;
     EXPECT_EQ(CallOf(CreateReader(L"KodraBsnV3.ObtedorDeModulos"), L"ObtemUltimosSubordinadosFechados", {none}),
@@ -79,11 +80,11 @@ TEST_F(ObtedorDeModulosTest, GivesNothingForAModuleThatTheArchiveDoesNotHave) {
   }
 }
 
-TEST_F(ObtedorDeModulosTest, GivesAnEmptyCollectionForAModuleWithoutSuchSubordinates) {
+TEST_F(ObtedorDeModulosTest, ReturnsAnEmptyCollectionForAModuleWithoutSuchSubordinates) {
   EXPECT_EQ(RequiredObject(Subordinates(L"AA000", 1)).Get(L"Count"), Value(0));
 }
 
-TEST_F(ObtedorDeModulosTest, GivesEachSubordinateAsItsRowHasIt) {
+TEST_F(ObtedorDeModulosTest, ReturnsEachSubordinateAsItsRowHasIt) {
   std::size_t compared = 0;
   for (const CaixaSubordinada& row : archive->Of<CaixaSubordinada>()) {
     RequiredObject(Subordinates(row.numCaixa, 0)).ForEach([&](const Value& value) {
@@ -139,10 +140,8 @@ TEST_F(ObtedorDeModulosTest, ReadsThroughTheClientsConnection) {
 
 TEST_F(ObtedorDeModulosTest, NeedsAFilter) {
   const ObjectRef reader = CreateReader(L"KodraBsnV3.ObtedorDeModulos");
-  EXPECT_EQ(RaisedBy([&] { CallOf(reader, L"ObtemSubordinados", {ObjectRef()}); }),
-            (Raised{91, "KodraRpt", "A variável do objeto ou a variável do bloco 'With' não foi definida"}));
-  EXPECT_EQ(RaisedBy([&] { CallOf(reader, L"ObtemSubordinados", {L"AA001"}); }),
-            (Raised{424, "KodraRpt", "O objeto é obrigatório"}));
+  EXPECT_EQ(RaisedBy([&] { CallOf(reader, L"ObtemSubordinados", {ObjectRef()}); }), kObjectNotSet);
+  EXPECT_EQ(RaisedBy([&] { CallOf(reader, L"ObtemSubordinados", {L"AA001"}); }), kObjectRequired);
 }
 
 // The statements, for a database whose dialect differs from SQLite's.

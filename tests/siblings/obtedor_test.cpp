@@ -12,6 +12,7 @@
 namespace kodra::siblings {
 namespace {
 
+using recorder::kTypeMismatch;
 using recorder::Raised;
 using recorder::RaisedBy;
 
@@ -90,7 +91,7 @@ TEST_F(ObtedorTest, SelectsTheInstallationsOwnRow) {
   EXPECT_EQ(around_.journal.LiveObjects(), 0);
 }
 
-TEST_F(ObtedorTest, GivesDefaultsForNulls) {
+TEST_F(ObtedorTest, ReturnsDefaultsForNulls) {
   EXPECT_EQ(Shown(FromDatabase({Null(), Null(), Null(), Null(), Null(), Null(), Null(), Null(), Null()})), kDefaults);
 }
 
@@ -135,7 +136,7 @@ TEST_F(ObtedorTest, ReadsEveryParameterFromAFile) {
             }));
 }
 
-TEST_F(ObtedorTest, GivesDefaultsForAnEmptyFile) { EXPECT_EQ(Shown(FromFile("")), kDefaults); }
+TEST_F(ObtedorTest, ReturnsDefaultsForAnEmptyFile) { EXPECT_EQ(Shown(FromFile("")), kDefaults); }
 
 TEST_F(ObtedorTest, FailsOnAFileThatIsNotThere) {
   obtedor_.Let(L"ArquivoIni", L"/não/há.ini");
@@ -144,7 +145,7 @@ TEST_F(ObtedorTest, FailsOnAFileThatIsNotThere) {
 }
 
 TEST_F(ObtedorTest, FailsOnANumberThatIsNone) {
-  EXPECT_EQ(RaisedBy([&] { FromFile("[Senha]\nMax_Dias=muitos\n"); }), (Raised{13, "KodraRpt", "Tipos incompatíveis"}));
+  EXPECT_EQ(RaisedBy([&] { FromFile("[Senha]\nMax_Dias=muitos\n"); }), kTypeMismatch);
 }
 
 TEST_F(ObtedorTest, FailsWithoutASource) {

@@ -8,6 +8,9 @@
 namespace kodra::siblings {
 namespace {
 
+using recorder::kMemberNotFound;
+using recorder::kObjectRequired;
+using recorder::kTypeMismatch;
 using recorder::Raised;
 using recorder::RaisedBy;
 
@@ -34,8 +37,6 @@ class Sample final : public Sibling<Sample> {
   std::wstring text_;
   ObjectRef object_;
 };
-
-const Raised kNotFound = {438, "KodraRpt", "O objeto não aceita esta propriedade ou método"};
 
 TEST(Sibling, FindsItsMembersInAnyLetterCase) {
   Sample sample;
@@ -88,7 +89,7 @@ TEST(Sibling, ConvertsWhatIsAssignedToTheKindOfItsProperty) {
   EXPECT_EQ(kinds.Get(L"Numero"), Value(12));
   EXPECT_EQ(kinds.Get(L"Marca"), Value(true));
   EXPECT_EQ(kinds.Get(L"Data"), Value(Date{45291}));
-  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Numero", L"doze"); }), (Raised{13, "KodraRpt", "Tipos incompatíveis"}));
+  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Numero", L"doze"); }), kTypeMismatch);
   EXPECT_EQ(kinds.Get(L"Numero"), Value(12));
 }
 
@@ -102,13 +103,13 @@ TEST(Sibling, TakesAnObjectByReferenceAndByValue) {
   EXPECT_EQ(kinds.Get(L"Objeto"), Value(ObjectRef()));
   kinds.Let(L"Objeto", object);
   EXPECT_EQ(kinds.Get(L"Objeto"), Value(object));
-  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Objeto", 1); }), (Raised{424, "KodraRpt", "O objeto é obrigatório"}));
+  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Objeto", 1); }), kObjectRequired);
 }
 
 TEST(Sibling, NeverAssignsWhatIsOnlyRead) {
   Kinds kinds;
   EXPECT_EQ(kinds.Get(L"Constante"), Value(L"sempre"));
-  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Constante", L"nunca"); }), kNotFound);
+  EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Constante", L"nunca"); }), kMemberNotFound);
 }
 
 TEST(Sibling, SetsAnObject) {
@@ -120,20 +121,20 @@ TEST(Sibling, SetsAnObject) {
 
 TEST(Sibling, RaisesMemberNotFoundForANameThatItDoesNotHave) {
   Sample sample;
-  EXPECT_EQ(RaisedBy([&] { sample.Get(L"Textos"); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Let(L"Textos", 1); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Set(L"Textos", nullptr); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Call(L"Textos", {}); }), kNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Get(L"Textos"); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Let(L"Textos", 1); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Set(L"Textos", nullptr); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Call(L"Textos", {}); }), kMemberNotFound);
 }
 
 TEST(Sibling, RaisesMemberNotFoundForAMemberOfAnotherUse) {
   Sample sample;
   const Value argument[] = {Value(1)};
-  EXPECT_EQ(RaisedBy([&] { sample.Get(L"Acrescenta"); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Let(L"Tamanho", 1); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Let(L"Conexao", 1); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Set(L"Texto", nullptr); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { sample.Call(L"Texto", argument); }), kNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Get(L"Acrescenta"); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Let(L"Tamanho", 1); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Let(L"Conexao", 1); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Set(L"Texto", nullptr); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { sample.Call(L"Texto", argument); }), kMemberNotFound);
 }
 
 TEST(Sibling, RaisesWrongArgumentsForTooFewAndTooMany) {
@@ -144,15 +145,15 @@ TEST(Sibling, RaisesWrongArgumentsForTooFewAndTooMany) {
   EXPECT_EQ(RaisedBy([&] { sample.Call(L"Acrescenta", two); }), expected);
 }
 
-TEST(ValueObject, GivesItsValuesAndNothingElse) {
+TEST(ValueObject, ReturnsItsValuesAndNothingElse) {
   ValueObject values({{L"Grupo", L"Fundo"}, {L"Max_Dias", 90}});
   const Value argument[] = {Value(1)};
   EXPECT_EQ(values.Get(L"grupo"), Value(L"Fundo"));
   EXPECT_EQ(values.Call(L"MAX_DIAS", {}), Value(90));
-  EXPECT_EQ(RaisedBy([&] { values.Get(L"Serie"); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { values.Let(L"Grupo", 1); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { values.Set(L"Grupo", nullptr); }), kNotFound);
-  EXPECT_EQ(RaisedBy([&] { values.Call(L"Grupo", argument); }), kNotFound);
+  EXPECT_EQ(RaisedBy([&] { values.Get(L"Serie"); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { values.Let(L"Grupo", 1); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { values.Set(L"Grupo", nullptr); }), kMemberNotFound);
+  EXPECT_EQ(RaisedBy([&] { values.Call(L"Grupo", argument); }), kMemberNotFound);
 }
 
 }  // namespace
