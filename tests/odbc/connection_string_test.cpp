@@ -15,67 +15,53 @@ std::wstring Odbc(const std::wstring& text) { return ToOdbcConnectionString(text
 const Raised kMalformed{static_cast<std::int32_t>(0x80040E73U), L"Microsoft OLE DB Service Components",
                         L"Format of the initialization string does not conform to the OLE DB specification."};
 
-TEST(ConnectionString, AnOdbcStringPassesAsItIs) {
-  EXPECT_EQ(Odbc(L"Driver={SQLite3};Database=/tmp/arquivo.db;OEMCP=1;FKSupport=true;"),
-            L"Driver={SQLite3};Database=/tmp/arquivo.db;OEMCP=1;FKSupport=true;");
-}
+// A string, and what it becomes for ODBC.
+struct Translation {
+  const char* name;
+  const wchar_t* given;
+  const wchar_t* odbc;
+};
 
-TEST(ConnectionString, ProviderAndPersistSecurityInfoAreDroppedInAnyLetterCase) {
-  EXPECT_EQ(Odbc(L"PROVIDER=MSDASQL.1;persist security info=True;DSN=Arquivo"), L"DSN=Arquivo;");
-}
+const Translation kTranslations[] = {
+    {"AnOdbcStringPassesAsItIs", L"Driver={SQLite3};Database=/tmp/arquivo.db;OEMCP=1;FKSupport=true;",
+     L"Driver={SQLite3};Database=/tmp/arquivo.db;OEMCP=1;FKSupport=true;"},
+    {"ProviderAndPersistSecurityInfoAreDroppedInAnyLetterCase",
+     L"PROVIDER=MSDASQL.1;persist security info=True;DSN=Arquivo", L"DSN=Arquivo;"},
+    {"ExtendedPropertiesAreSplicedInWhereTheyAre",
+     L"Provider=MSDASQL;Extended Properties=\"Driver={SQLite3};Database=/tmp/a.db\";OEMCP=1;",
+     L"Driver={SQLite3};Database=/tmp/a.db;OEMCP=1;"},
+    {"QuotesDoubledInsideExtendedPropertiesEncloseAValueThere",
+     L"Extended Properties=\"DSN=X;IgnoreWarnList=\"\"'02000'\"\";\"", L"DSN=X;IgnoreWarnList='02000';"},
+    {"UserPasswordAndCatalogGetOdbcNames", L"Data Source=Arquivo;User ID=ana;Password=segredo;Initial Catalog=arq",
+     L"DSN=Arquivo;UID=ana;PWD=segredo;DATABASE=arq;"},
+    {"ADataSourceIsDroppedBesideADriver", L"Data Source=x;Driver={SQLite3};Database=/tmp/a.db",
+     L"Driver={SQLite3};Database=/tmp/a.db;"},
+    {"TheDriversOwnKeyCountsBeforeOleDbsNameForIt", L"User ID=ana;UID=bia;Initial Catalog=x;DATABASE=y",
+     L"UID=bia;DATABASE=y;"},
+    {"UnknownKeysPassOn", L"DSN=D;IgnoreWarnList=\"'02000'\";Patch1=1024;Min Pool Size=5;",
+     L"DSN=D;IgnoreWarnList='02000';Patch1=1024;Min Pool Size=5;"},
+    {"EmptyPairsAndBlanksAreSkipped", L";; ;DSN = Arquivo ; ;;OEMCP= 1;", L"DSN=Arquivo;OEMCP=1;"},
+    {"AnEmptyValueStaysEmpty", L"DSN=D;Password=;", L"DSN=D;PWD=;"},
+    {"ValuesMayBeInDoubleOrSingleQuotes", L"DSN='Arquivo Geral';UID=\"ana\";", L"DSN=Arquivo Geral;UID=ana;"},
+    {"AQuotedValueThatHoldsASemicolonIsHandedOnInBraces", L"DSN=D;PWD=\"a;b}c\";", L"DSN=D;PWD={a;b}}c};"},
+    {"BracesAreKeptWithWhatTheyHold", L"Driver={MariaDB Unicode};PWD={a;b}}c};",
+     L"Driver={MariaDB Unicode};PWD={a;b}}c};"},
+    {"AValueMayHoldAnEqualsSign", L"DSN=D;PWD=a=b", L"DSN=D;PWD=a=b;"},
+    {"AnEmptyStringStaysEmpty", L"", L""},
+    {"AccentsPass", L"Driver={SQLite3};Database=/tmp/depósito ç.db", L"Driver={SQLite3};Database=/tmp/depósito ç.db;"},
+};
 
-TEST(ConnectionString, ExtendedPropertiesAreSplicedInWhereTheyStand) {
-  EXPECT_EQ(Odbc(L"Provider=MSDASQL;Extended Properties=\"Driver={SQLite3};Database=/tmp/a.db\";OEMCP=1;"),
-            L"Driver={SQLite3};Database=/tmp/a.db;OEMCP=1;");
-}
+class ConnectionStringTest : public testing::TestWithParam<Translation> {};
+INSTANTIATE_TEST_SUITE_P(Translations, ConnectionStringTest, testing::ValuesIn(kTranslations),
+                         [](const auto& info) { return info.param.name; });
 
-TEST(ConnectionString, QuotesDoubledInsideExtendedPropertiesEncloseAValueThere) {
-  EXPECT_EQ(Odbc(L"Extended Properties=\"DSN=X;IgnoreWarnList=\"\"'02000'\"\";\""), L"DSN=X;IgnoreWarnList='02000';");
-}
-
-TEST(ConnectionString, UserPasswordAndCatalogGetOdbcNames) {
-  EXPECT_EQ(Odbc(L"Data Source=Arquivo;User ID=ana;Password=segredo;Initial Catalog=arq"),
-            L"DSN=Arquivo;UID=ana;PWD=segredo;DATABASE=arq;");
-}
-
-TEST(ConnectionString, ADataSourceIsDroppedBesideADriver) {
-  EXPECT_EQ(Odbc(L"Data Source=x;Driver={SQLite3};Database=/tmp/a.db"), L"Driver={SQLite3};Database=/tmp/a.db;");
-}
-
-TEST(ConnectionString, TheDriversOwnKeyCountsBeforeOleDbsNameForIt) {
-  EXPECT_EQ(Odbc(L"User ID=ana;UID=bia;Initial Catalog=x;DATABASE=y"), L"UID=bia;DATABASE=y;");
-}
-
-TEST(ConnectionString, UnknownKeysPassOn) {
-  EXPECT_EQ(Odbc(L"DSN=D;IgnoreWarnList=\"'02000'\";Patch1=1024;Min Pool Size=5;"),
-            L"DSN=D;IgnoreWarnList='02000';Patch1=1024;Min Pool Size=5;");
-}
-
-TEST(ConnectionString, EmptyPairsAndBlanksAreSkipped) {
-  EXPECT_EQ(Odbc(L";; ;DSN = Arquivo ; ;;OEMCP= 1;"), L"DSN=Arquivo;OEMCP=1;");
-}
-
-TEST(ConnectionString, AnEmptyValueStaysEmpty) { EXPECT_EQ(Odbc(L"DSN=D;Password=;"), L"DSN=D;PWD=;"); }
-
-TEST(ConnectionString, ValuesMayStandInDoubleOrSingleQuotes) {
-  EXPECT_EQ(Odbc(L"DSN='Arquivo Geral';UID=\"ana\";"), L"DSN=Arquivo Geral;UID=ana;");
-}
-
-TEST(ConnectionString, AQuotedValueThatHoldsASemicolonIsHandedOnInBraces) {
-  EXPECT_EQ(Odbc(L"DSN=D;PWD=\"a;b}c\";"), L"DSN=D;PWD={a;b}}c};");
-}
-
-TEST(ConnectionString, BracesAreKeptWithWhatTheyHold) {
-  EXPECT_EQ(Odbc(L"Driver={MariaDB Unicode};PWD={a;b}}c};"), L"Driver={MariaDB Unicode};PWD={a;b}}c};");
-}
+TEST_P(ConnectionStringTest, BecomesOneForOdbc) { EXPECT_EQ(Odbc(GetParam().given), GetParam().odbc); }
 
 TEST(ConnectionString, BracesThatDoNotEncloseTheWholeValueAreEnclosedThemselves) {
   EXPECT_EQ(Odbc(L"DSN=D;PWD=\"{a}b}\";"), L"DSN=D;PWD={{a}}b}}};");
   EXPECT_EQ(Odbc(L"DSN=D;PWD='{}}';"), L"DSN=D;PWD={{}}}}};");
   EXPECT_EQ(ToOdbcConnectionString(L"DSN=D;", L"", L"{a};b}"), L"DSN=D;PWD={{a}};b}}};");
 }
-
-TEST(ConnectionString, AValueMayHoldAnEqualsSign) { EXPECT_EQ(Odbc(L"DSN=D;PWD=a=b"), L"DSN=D;PWD=a=b;"); }
 
 TEST(ConnectionString, UserAndPasswordGivenAtOpenReplaceTheStrings) {
   EXPECT_EQ(ToOdbcConnectionString(L"DSN=D;UID=ana;Password=x;", L"bia", L"y"), L"DSN=D;UID=bia;PWD=y;");
@@ -84,8 +70,6 @@ TEST(ConnectionString, UserAndPasswordGivenAtOpenReplaceTheStrings) {
 TEST(ConnectionString, AnEmptyUserLeavesTheStrings) {
   EXPECT_EQ(ToOdbcConnectionString(L"DSN=D;UID=ana;", L"", L""), L"DSN=D;UID=ana;");
 }
-
-TEST(ConnectionString, AnEmptyStringGivesAnEmptyString) { EXPECT_EQ(Odbc(L""), L""); }
 
 TEST(ConnectionString, APairWithoutAnEqualsSignIsMalformed) {
   EXPECT_EQ(RaisedBy([] { Odbc(L"DSN=D;arquivo"); }), kMalformed);
@@ -106,10 +90,6 @@ TEST(ConnectionString, ExtendedPropertiesInsideExtendedPropertiesAreMalformed) {
 
 TEST(ConnectionString, TextAfterAClosingQuoteIsMalformed) {
   EXPECT_EQ(RaisedBy([] { Odbc(L"DSN=\"D\"x;"); }), kMalformed);
-}
-
-TEST(ConnectionString, AccentsPass) {
-  EXPECT_EQ(Odbc(L"Driver={SQLite3};Database=/tmp/depósito ç.db"), L"Driver={SQLite3};Database=/tmp/depósito ç.db;");
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ struct Raised {
   }
 };
 
-// Number 0 stands for a call that raised nothing.
+// Returns number 0 for a call that raised nothing.
 template <class Call>
 Raised RaisedBy(Call&& call) {
   try {

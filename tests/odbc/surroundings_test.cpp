@@ -40,7 +40,7 @@ TEST(Surroundings, AnUnknownClassCannotBeCreated) {
   EXPECT_EQ(RaisedBy([&] { machine.CreateObject(L"Kodra.Nada"); }), kCannotCreate);
 }
 
-TEST(Surroundings, AFactoryThatGivesNothingCountsAsAClassThatCannotBeCreated) {
+TEST(Surroundings, AFactoryThatReturnsNothingCountsAsAClassThatCannotBeCreated) {
   Surroundings machine;
   machine.Register(L"Kodra.Nada", [] { return nullptr; });
   EXPECT_EQ(RaisedBy([&] { machine.CreateObject(L"Kodra.Nada"); }), kCannotCreate);
