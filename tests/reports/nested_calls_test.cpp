@@ -96,7 +96,7 @@ TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsOwnWor
   EXPECT_EQ(Media(tbOracle).Run([] { Media(tbSQLite).RunAlone(); }), kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] { EXPECT_EQ(Operators(tbSQLServer, false).number, 0); }), kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] {
-    CaixaStage modules(DatabaseOf(tbMySQL), Path::kConnectionString);
+    CaixaStage modules(DatabaseOf(tbMySQL));
     modules.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   }),
             kOnOracle);
@@ -115,8 +115,8 @@ TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsOwnWords) {
   }),
             kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] {
-    CaixaStage modules(DatabaseOf(tbOther4), Path::kConnectionString);
-    EXPECT_EQ(RaisedBy([&] { modules.Run(&CCaixaRpt::ModulosVencidos, Parameters()); }),
+    CaixaStage modules(DatabaseOf(tbOther4));
+    EXPECT_EQ(modules.RunRaising(&CCaixaRpt::ModulosVencidos, Parameters()),
               Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
   }),
             kOnOracle);
@@ -132,7 +132,7 @@ TEST(NestedCallsTest, TwoDeepKeepEachStatementInItsOwnWords) {
 TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
   std::vector<std::string> heard;
   EXPECT_EQ(Media(tbOracle).Run([&] {
-    CaixaStage modules(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage modules;
     modules.report.OnDebugLog([&](const std::wstring& line) {
       heard.push_back(recorder::Utf8(line));
       Media(tbSQLite).RunAlone();
@@ -144,7 +144,7 @@ TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.OnDebugLog([&](const std::wstring&) {
     stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
     EXPECT_NE(RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()), nullptr);
@@ -155,9 +155,9 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
-  CaixaStage alone(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage alone;
   alone.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   BusyParameters parameters({{L"CodDepto", L""}, {L"ModoPregresso", false}}, [&] {
     stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
     EXPECT_NE(RunModule(stage.report, &CCaixaRpt::ModulosVencidos, CaixaStage::Own({}).get()), nullptr);
@@ -168,12 +168,10 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
 }
 
 TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheErrorOfTheFailedCall) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.AnswerSubordinates(stage.NewSubordinates(0));
   stage.report.OnDebugLog([](const std::wstring&) { Media(tbSQLite).RunAlone(); });
-  EXPECT_EQ(RaisedBy([&] {
-              stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
-            }),
+  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
             Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                      "Não há módulos subordinados fechados associados ao módulo AB001"));
 }

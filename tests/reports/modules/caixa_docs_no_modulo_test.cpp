@@ -8,7 +8,6 @@ namespace {
 
 using recorder::kObjectNotSet;
 using recorder::Raised;
-using recorder::RaisedBy;
 
 // The header of a module. {NVL} is the word of the database for "unless null".
 
@@ -85,10 +84,8 @@ TEST(DocsNoModuloTest, ReadsTheModuleThenTheDepartment) {
 }
 
 TEST(DocsNoModuloTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
-  CaixaStage stage(DatabaseOf(tbOther4), Path::kConnectionString);
-  EXPECT_EQ(RaisedBy([&] {
-              stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
-            }),
+  CaixaStage stage(DatabaseOf(tbOther4));
+  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}}),
             Reported("TradutorSQL.SQLNVL", "Não há entrada para o banco tipo 4"));
   EXPECT_EQ(stage.heard, CallLines{"KodraRpt.CCaixaRpt::DocsNoModulo: ----> saindo com o erro -2147221503 em "
                                    "TradutorSQL.SQLNVL: Não há entrada para o banco tipo 4"});
@@ -119,7 +116,7 @@ TEST(DocsNoModuloSubRptTest, UsesTheConnectionStringThatAnEarlierCallTookFromThe
   stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
   stage.report.SetConexao({});
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
-            All({CaixaStage(DatabaseOf(tbSQLServer), Path::kConnectionString).ResultLines(kDocuments)}));
+            All({CaixaStage().ResultLines(kDocuments)}));
 }
 
 TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
@@ -132,8 +129,7 @@ TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
     stage.around.ado.nativeErrors = {942};
     stage.around.journal.FailOn(L"Recordset1.Open",
                                 recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
-    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::DocsNoModuloSubRpt, CaixaStage::Own({}).get()); }),
-              expected);
+    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::DocsNoModuloSubRpt, Parameters()), expected);
     EXPECT_EQ(stage.heard, CallLines());
   }
 }
@@ -141,14 +137,14 @@ TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
 TEST(DocsNoModuloSubRptTest, RaisesTheRuntimesErrorWithoutAParameterObject) {
   for (const Path path : kPaths) {
     CaixaStage stage(DatabaseOf(tbSQLServer), path);
-    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::DocsNoModuloSubRpt, nullptr); }), kObjectNotSet);
+    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::DocsNoModuloSubRpt, ObjectRef()), kObjectNotSet);
     EXPECT_EQ(stage.around.journal.Calls(), "");
     EXPECT_EQ(stage.heard, CallLines());
   }
 }
 
 TEST(DocsNoModuloSubRptTest, LeavesItToTheProviderWhenNoDatabaseWasNamed) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.SetStringConexao(L"");
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
             All({{
@@ -230,7 +226,7 @@ TEST(AutorizacaoDescarteModuloSubRptTest, OpensTheBlankRowInPlaceOfAModuleWithou
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheReopenedRecordsetOnItsBlankRow) {
-  CaixaStage stage(DatabaseOf(tbOracle), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbOracle));
   stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
   const frame::ReportRows rows = RunModule(stage.report, &CCaixaRpt::AutorizacaoDescarteModuloSubRpt,
                                            CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
@@ -257,7 +253,7 @@ TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheBlankRowForACodeOfAnyOtherLe
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReadsTheFirstModuleOnce) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
   EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB00107"}})),
             All({stage.InitialLines(),
@@ -271,17 +267,15 @@ TEST(AutorizacaoDescarteModuloSubRptTest, ReadsTheFirstModuleOnce) {
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, RefusesAMainModuleOnADatabaseWithoutDialect) {
-  CaixaStage stage(DatabaseOf(tbOther4), Path::kConnectionString);
-  EXPECT_EQ(RaisedBy([&] {
-              stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}});
-            }),
+  CaixaStage stage(DatabaseOf(tbOther4));
+  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
             Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
   EXPECT_EQ(stage.heard, CallLines{Source("----> saindo com o erro -2147221503 em TradutorSQL.SQLToInt: "
                                           "Não há entrada para o banco tipo 4")});
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsASubordinatesBlankRowOnADatabaseWithoutDialect) {
-  CaixaStage stage(DatabaseOf(tbOther4), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbOther4));
   stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
   EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB00107"}}),
             All({stage.InitialLines(),

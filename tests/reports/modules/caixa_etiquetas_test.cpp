@@ -6,8 +6,6 @@
 namespace kodra::reports {
 namespace {
 
-using recorder::RaisedBy;
-
 const Parameters kThreeModules = {{L"Modulo1", L"AB001"}, {L"Modulo2", L"AB002"}, {L"Modulo3", L"AB003"}};
 const Parameters kThreeSubordinates = {
     {L"Tipo", L"S"}, {L"Modulo1", L"AB00107"}, {L"Modulo2", L"AB00212"}, {L"Modulo3", L"AB003XY"}};
@@ -129,7 +127,7 @@ TEST(EtiquetaFechamentoTest, TakesSubordinateCodesForMainModulesWhateverTheKind)
 }
 
 TEST(EtiquetaFechamentoTest, ReadsTheThreeModulesAndNothingElse) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaFechamento, stage.Foreign({{L"Modulo1", L"AB001"}})),
       All({stage.InitialLines(),
@@ -166,7 +164,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, LabelsEverySubordinateOnceOneIsClosed) {
 TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
   for (const Path path : kPaths) {
     CaixaStage stage(DatabaseOf(tbSQLServer), path);
-    stage.GiveLogFile(L"/var/log/kodra.log");
+    stage.report.SetLogFile(L"/var/log/kodra.log");
     EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
               All({stage.InitialLines(),
                    stage.ClosedSubordinatesLines("AB001", "Subordinados"),
@@ -177,7 +175,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndPastesItWhole) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, stage.Foreign({{L"Modulo1", L"AB00107"}})),
       All({stage.InitialLines(),
@@ -198,9 +196,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates
     CaixaStage stage(DatabaseOf(tbSQLServer), path);
     stage.AnswerSubordinates(stage.NewSubordinates(0));
     stage.around.journal.Forget();
-    EXPECT_EQ(RaisedBy([&] {
-                stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
-              }),
+    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
               Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                        "Não há módulos subordinados fechados associados ao módulo AB001"));
     const std::string line =
@@ -225,9 +221,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
       stage.AnswerSubordinates(answer);
       stage.around.journal.Forget();
       EXPECT_EQ(
-          RaisedBy([&] {
-            stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
-          }),
+          stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
           Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                    "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo AB001"));
       EXPECT_EQ(
@@ -241,11 +235,9 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, RefusesAnAnswerThatIsNoObject) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.AnswerSubordinates(L"AB00101");
-  EXPECT_EQ(RaisedBy([&] {
-              stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
-            }),
+  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
             Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada", "O objeto é obrigatório"));
 }
 
@@ -259,7 +251,7 @@ TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheModuleOnEitherConnection) {
 }
 
 TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheParentForASubordinate) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", L"AB00107"}})),
       All({stage.InitialLines(),

@@ -6,8 +6,6 @@
 namespace kodra::reports {
 namespace {
 
-using recorder::RaisedBy;
-
 // A listing of main and subordinate modules under one setting of the filters.
 struct Listing {
   Parameters parameters;
@@ -64,7 +62,7 @@ TEST(ModulosExcluidosTest, TakesNoDepartmentFromACodeThatIsNotAboveZero) {
 }
 
 TEST(ModulosExcluidosTest, ReadsEachFilterAsOftenAsItApplies) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosExcluidos, stage.Foreign({{L"CodDepto", L"007"}})),
             All({stage.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "007")", "Parametros.Get(ModoPregresso) -> False"},
@@ -225,7 +223,7 @@ TEST(ModulosVencidosTest, SpeaksTheDialectOfEachCallsDatabase) {
 TEST(ModulosVencidosTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
   for (const Path path : kPaths) {
     CaixaStage stage(DatabaseOf(tbOther4), path);
-    EXPECT_EQ(RaisedBy([&] { stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()); }),
+    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::ModulosVencidos, Parameters()),
               Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
     EXPECT_EQ(stage.around.journal.Calls(),
               All({stage.InitialLines(),

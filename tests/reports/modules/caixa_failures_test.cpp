@@ -68,7 +68,7 @@ class Rehearsal {
  public:
   Rehearsal(const Case& tested, const Database& database, Path path)
       : stage(database, path), tested_(tested), parameters_(stage.Foreign(tested.parameters)) {
-    stage.GiveLogFile(kLogFile);
+    stage.report.SetLogFile(kLogFile);
     atRest_ = stage.around.journal.LiveObjects();
   }
 

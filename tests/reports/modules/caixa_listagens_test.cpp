@@ -30,7 +30,7 @@ TEST(DocsNaoIndexadosNosModulosTest, CountsThoseOfADepartment) {
 }
 
 TEST(DocsNaoIndexadosNosModulosTest, ReadsTheDepartmentAndNeverTheBackCatalogue) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNaoIndexadosNosModulos, stage.Foreign({{L"ModoPregresso", true}})),
             All({stage.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "")"},
@@ -124,7 +124,7 @@ TEST(RelatoriosModulosTest, OrdersByDescriptionOrElseByNumber) {
 
 TEST(RelatoriosModulosTest, OrdersByNumberForAnythingButAnUpperCaseDFromAnotherObject) {
   for (const wchar_t* order : {L"d", L"DD", L"D ", L" D", L""}) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage stage;
     const CallLines filters = {R"(Parametros.Get(CodDepto) -> "")", "Parametros.Get(SomenteExistentes) -> False",
                                "Parametros.Get(ModoPregresso) -> False"};
     EXPECT_EQ(stage.Run(&CCaixaRpt::RelatoriosModulos, stage.Foreign({{L"Ordenacao", order}})),

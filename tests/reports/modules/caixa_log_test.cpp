@@ -20,9 +20,7 @@ constexpr auto kMishapLine =
 const std::string kMishapLogged = "Log.Call(DebugLog, ByRef " + Quoted(kMishapLine) + ") -> Empty";
 
 // The error of dividers.
-Raised RaisedByDividers(CaixaStage& stage) {
-  return RaisedBy([&] { RunModule(stage.report, kDivisoria, CaixaStage::Own({}).get()); });
-}
+Raised RaisedByDividers(CaixaStage& stage) { return stage.RunRaising(kDivisoria, Parameters()); }
 
 // The error of dividers that meet the mishap at once.
 Raised RaisedByMishap(CaixaStage& stage) {
@@ -35,7 +33,7 @@ Raised RaisedByMishap(CaixaStage& stage) {
 
 // Expects that the mishap's line makes the log object, sets these properties and is announced.
 void CheckFirstLine(const std::wstring& logFile, const std::string& setLogFile, const std::string& setAtivar) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.SetLogFile(logFile);
   RaisedByMishap(stage);
   EXPECT_EQ(stage.around.journal.Calls(),
@@ -53,7 +51,7 @@ TEST(CCaixaRptLogTest, SwitchesTheLogOnWithALogFile) {
 }
 
 TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   RaisedByMishap(stage);
   for (const auto& [path, logFile, ativar] :
        {std::tuple(L"/um.log", R"(Log.Let(LogFile, "/um.log"))", "Log.Let(Ativar, True)"),
@@ -68,7 +66,7 @@ TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
 }
 
 TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.OnDebugLog([&](const std::wstring&) { stage.report.SetLogFile(L"/novo.log"); });
   stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
   const std::string calls = stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, Parameters());
@@ -95,7 +93,7 @@ TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
   const std::pair<Value, std::string> kLeft[] = {
       {L"mudada pelo log", "mudada pelo log"}, {L"", ""}, {5, "5"}, {Empty{}, ""}};
   for (const auto& [left, announced] : kLeft) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage stage;
     LetTheLogLeave(stage, left);
     EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
     EXPECT_EQ(stage.heard, CallLines{announced});
@@ -106,12 +104,11 @@ TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
 }
 
 TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   LetTheLogLeave(stage, Null{});
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
-  EXPECT_EQ(
-      RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaFechamentoSubordinada, CaixaStage::Own({}).get()); }),
-      Reported(source, "Uso de 'Null' inválido"));
+  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
+            Reported(source, "Uso de 'Null' inválido"));
   // The line of that failure has the log fail once more, and is announced as it was written.
   EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro 94 em " + source + ": Uso de 'Null' inválido"});
 }
@@ -126,7 +123,7 @@ TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {
 }
 
 TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   {
     ModuleObject report(L"CCaixaRpt", stage.around);
     EXPECT_EQ(
@@ -138,14 +135,14 @@ TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
 }
 
 TEST(CCaixaRptLogTest, NeedsNoListener) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.OnDebugLog(nullptr);
   EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
   EXPECT_EQ(stage.heard, CallLines());
 }
 
 TEST(CCaixaRptLogTest, AnnouncesTheLineBeforeTheErrorReachesTheClient) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   std::vector<std::string> order;
   stage.report.OnDebugLog([&](const std::wstring&) { order.emplace_back("line"); });
   RaisedByMishap(stage);
@@ -166,7 +163,7 @@ TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
        "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em KodraRpt.CAlgo: Falha provocada"},
   };
   for (const auto& [source, line] : kSources) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage stage;
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
     EXPECT_EQ(RaisedByDividers(stage), Reported(recorder::Utf8(source), "Falha provocada"));
     EXPECT_EQ(stage.heard, CallLines{line});
@@ -176,12 +173,11 @@ TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
 TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
   for (const auto& [name, method] : FramedMethods()) {
     const std::string source = "KodraRpt.CCaixaRpt::" + name;
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage stage;
     stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
     const ObjectRef parameters = CaixaStage::Own({});
     const CaixaMethod called = method;
-    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, called, parameters.get()); }),
-              Reported(source, "Falha provocada"));
+    EXPECT_EQ(stage.RunRaising(called, parameters), Reported(source, "Falha provocada"));
     std::string line = source;
     line.append(": ----> saindo com o erro 5 em ").append(source).append(": Falha provocada");
     EXPECT_EQ(stage.heard, CallLines{line});
@@ -189,23 +185,21 @@ TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
 }
 
 TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   const ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
   EXPECT_EQ(
-      RaisedBy([&] { RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, other.get()); }),
+      stage.RunRaising(&CCaixaRpt::EtiquetaDivisoria, other),
       Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", R"(O objeto de parâmetros não tem a propriedade "Modulo1".)"));
 }
 
 TEST(CCaixaRptLogTest, RefusesANullParameter) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
-  EXPECT_EQ(RaisedBy([&] {
-              RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", Null{}}}).get());
-            }),
+  CaixaStage stage;
+  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", Null{}}})),
             Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", "Uso de 'Null' inválido"));
 }
 
 TEST(CCaixaRptLogTest, TellsWhereAFileThatIsNotThereWasLookedFor) {
-  CaixaStage stage(DatabaseOf(tbSQLite), Path::kConnectionString);
+  CaixaStage stage(DatabaseOf(tbSQLite));
   stage.around.files.clear();
   EXPECT_EQ(RaisedByDividers(stage),
             Reported("modADO.AbreFirehoseRs",
@@ -219,7 +213,7 @@ TEST(CCaixaRptLogTest, AnnouncesAndReportsTheErrorOnceWhenTheLogFailsInTheFrame)
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"})
     for (const std::exception_ptr& failure :
          {Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")), Failure(std::bad_alloc())}) {
-      CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+      CaixaStage stage;
       stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
       stage.around.journal.FailOn(call, failure);
       EXPECT_EQ(RaisedByDividers(stage), Reported("Prova.Fonte", "Falha provocada"));
@@ -234,19 +228,17 @@ TEST(CCaixaRptLogTest, FailsOnceWhenTheLogFailsBeforeTheFrameAndInIt) {
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
   for (const wchar_t* call :
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"}) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage stage;
     for (int time = 0; time < 2; ++time)
       stage.around.journal.FailOn(call, Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")));
-    EXPECT_EQ(RaisedBy([&] {
-                RunModule(stage.report, &CCaixaRpt::EtiquetaFechamentoSubordinada, CaixaStage::Own({}).get());
-              }),
+    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
               Reported("VantLog", "Acesso negado"));
     EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro -2147024891 em VantLog: Acesso negado"});
   }
 }
 
 TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheListenerFails) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.OnDebugLog([](const std::wstring&) { throw Erro(5, L"Cliente", L"O cliente falhou"); });
   EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
 }
@@ -266,10 +258,10 @@ TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
       {L"VantLog.FnLog", "AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt},
   };
   for (const Need& need : kNeeds) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage stage;
     stage.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
                                 Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
-    EXPECT_EQ(RaisedBy([&] { RunModule(stage.report, need.method, CaixaStage::Own({}).get()); }),
+    EXPECT_EQ(stage.RunRaising(need.method, Parameters()),
               Reported("KodraRpt.CCaixaRpt::" + need.name, "O componente ActiveX não pode criar o objeto"));
     EXPECT_EQ(stage.heard.back(), "KodraRpt.CCaixaRpt::" + need.name +
                                       ": ----> saindo com o erro 429 em KodraRpt.CCaixaRpt::" + need.name +

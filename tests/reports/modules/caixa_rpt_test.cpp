@@ -9,7 +9,6 @@ namespace kodra::reports {
 namespace {
 
 using recorder::Raised;
-using recorder::RaisedBy;
 
 const CaixaMethod kDivisoria = &CCaixaRpt::EtiquetaDivisoria;
 constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
@@ -17,7 +16,7 @@ constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIX
 // The error of a call with that parameter object.
 Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const ObjectRef& parameters) {
   stage.around.journal.Forget();
-  return RaisedBy([&] { RunModule(stage.report, method, parameters.get()); });
+  return stage.RunRaising(method, parameters);
 }
 
 // The properties.
@@ -48,7 +47,7 @@ TEST(CCaixaRptTest, KeepsItsPropertiesAsTheyAreGiven) {
 TEST(CCaixaRptTest, AsksForAConnectionOrAConnectionStringBeforeAnythingElse) {
   for (const auto& [name, method] : FramedMethods())
     for (const ObjectRef& parameters : {CaixaStage::Own({}), ObjectRef()}) {
-      CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+      CaixaStage stage;
       stage.report.SetStringConexao(L"");
       EXPECT_EQ(RaisedByCall(stage, method, parameters),
                 Reported("KodraRpt.CCaixaRpt::InicializaPS",
@@ -66,7 +65,7 @@ TEST(CCaixaRptTest, AsksForTheParameterObjectSecond) {
     const std::string line = "KodraRpt.CCaixaRpt::" + name +
                              ": ----> saindo com o erro -2147211505 em KodraRpt.CCaixaRpt::InicializaPS: "
                              "Objeto não definido.";
-    CaixaStage onString(DatabaseOf(tbSQLServer), Path::kConnectionString);
+    CaixaStage onString;
     EXPECT_EQ(RaisedByCall(onString, method, nullptr),
               Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
     EXPECT_EQ(onString.around.journal.Calls(), All({onString.FirstLogLines(line)}));
@@ -117,11 +116,11 @@ TEST(CCaixaRptTest, ReadsTheClientsConnectionAnewAtEachCall) {
 }
 
 TEST(CCaixaRptTest, LearnsTheDatabaseAnewAtEachCall) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbDB2}}});
   stage.report.SetStringConexao(L"Provider=IBMDADB2;Data Source=arquivo;");
-  CaixaStage other(DatabaseOf(tbDB2), Path::kConnectionString);
+  CaixaStage other(DatabaseOf(tbDB2));
   EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()), other.Run(&CCaixaRpt::ModulosVencidos, Parameters()));
 }
 
@@ -129,12 +128,12 @@ TEST(CCaixaRptTest, GoesBackToTheConnectionStringWithoutTheClientsConnection) {
   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.report.SetConexao({});
   stage.report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  CaixaStage other(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage other;
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
 }
 
 TEST(CCaixaRptTest, LetsAConnectionStringOfOneBlankThrough) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kConnectionString);
+  CaixaStage stage;
   stage.report.SetStringConexao(L" ");
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()),
             All({{
@@ -163,7 +162,7 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
       "WHERE (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
       "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)";
   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  stage.GiveLogFile(L"/var/log/kodra.log");
+  stage.report.SetLogFile(L"/var/log/kodra.log");
   stage.report.SetStringConexao(L"outra");
   EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}}),
             All({{

@@ -85,6 +85,10 @@ std::string CaixaStage::Run(CaixaMethod method, const ObjectRef& parameters) {
   return around.journal.Calls();
 }
 
+recorder::Raised CaixaStage::RunRaising(CaixaMethod method, const ObjectRef& parameters) {
+  return recorder::RaisedBy([&] { RunModule(report, method, parameters.get()); });
+}
+
 CallLines CaixaStage::InitialLines() const {
   CallLines lines;
   if (path_ == Path::kClientConnection)

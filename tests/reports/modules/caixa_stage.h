@@ -30,7 +30,7 @@ frame::ReportRows RunModule(ModuleObject& report, CaixaMethod method, Automation
 class CaixaStage {
  public:
   // A report without log file. Subordinate modules have the code "s.COD7"; one of them is closed.
-  CaixaStage(const Database& database, Path path);
+  explicit CaixaStage(const Database& database = DatabaseOf(tbSQLServer), Path path = Path::kConnectionString);
 
   // The client's parameter object, whose properties have their initial values unless they are named: the component's
   // own, which leaves no lines, or another one ("Parametros" in the journal), which keeps its values as they are given.
@@ -39,11 +39,15 @@ class CaixaStage {
   // Calls once in a new journal, drops the rows and returns all calls.
   std::string Run(CaixaMethod method, const ObjectRef& parameters);
   std::string Run(CaixaMethod method, const Parameters& parameters) { return Run(method, Own(parameters)); }
+  // Calls and returns what is raised, with the journal as it is.
+  recorder::Raised RunRaising(CaixaMethod method, const ObjectRef& parameters);
+  recorder::Raised RunRaising(CaixaMethod method, const Parameters& parameters) {
+    return RunRaising(method, Own(parameters));
+  }
 
   // What ObtemSubordinados answers.
   void AnswerSubordinates(const Value& answer);
   ObjectRef NewSubordinates(std::int32_t count);
-  void GiveLogFile(std::wstring path) { report.SetLogFile(std::move(path)); }
   void GiveClientConnection(const std::string& connectionString);
 
   // InicializaPS.
@@ -58,7 +62,7 @@ class CaixaStage {
   static CallLines ClosedSubordinatesEnd() { return {"~Object3", "~Object2"}; }
   // The opening of the result, with what ends before the client drops its rows.
   CallLines ResultLines(const std::string& statement, const CallLines& ends = {}) const;
-  // The same for a static recordset, up to its opening and from it on.
+  // The same for a static recordset: the calls up to its opening, and its opening.
   static CallLines StaticLines();
   CallLines StaticOpenLines(const std::string& statement) const;
 

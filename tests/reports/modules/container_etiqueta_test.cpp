@@ -9,7 +9,6 @@ namespace kodra::reports {
 namespace {
 
 using recorder::Framed;
-using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Rows;
 using recorder::Utf8;
