@@ -1,18 +1,10 @@
 #include <vector>
 
+#include "tests/recorder/fake_surroundings.h"
 #include "tests/sql/dialect_codes.h"
-#include "values/automation.h"
 
 namespace kodra::sql {
 namespace {
-
-class SomeObject final : public AutomationObject {
- public:
-  Value Get(std::wstring_view) override { return L"never asked"; }
-  void Let(std::wstring_view, const Value&) override {}
-  void Set(std::wstring_view, const ObjectRef&) override {}
-  Value Call(std::wstring_view, std::span<const Value>) override { return {}; }
-};
 
 using Parts = std::vector<Value>;
 
@@ -60,7 +52,8 @@ TEST(SQLStrConcat, ValuesBecomeTextByTheBrazilianConventions) {
 }
 
 TEST(SQLStrConcat, AnArgumentWithoutTextMakesItEmpty) {
-  const ObjectRef object = std::make_shared<SomeObject>();
+  recorder::FakeSurroundings around;
+  const ObjectRef object = around.NewObject(L"Objeto", {});
   for (const Parts& parts : {Parts{L"a", Null{}, L"b"}, Parts{L"a", ObjectRef()}, Parts{object}})
     ExpectOnAll(L"", [&] { return SQLStrConcat(parts); });
 }

@@ -18,33 +18,34 @@ std::wstring ReadAndWritten(std::wstring_view text) {
   return number ? PlainText(*number) : L"none";
 }
 
+// Texts, and what they are after reading and writing.
+void ExpectWritten(std::initializer_list<std::pair<std::wstring_view, std::wstring_view>> cases) {
+  for (const auto& [text, written] : cases) EXPECT_EQ(ReadAndWritten(text), written) << testing::PrintToString(text);
+}
+
 TEST(DecimalNumbers, KeepEveryDigit) {
   EXPECT_EQ(ParseDecimal(L"12.50"), (Decimal{.low = 1250, .scale = 2}));
   EXPECT_EQ(ParseDecimal(L"-18446744073709551616"), (Decimal{.low = 0, .high = 1, .negative = true}));
-  EXPECT_EQ(ReadAndWritten(L"123456789012345678"), L"123456789012345678");
-  EXPECT_EQ(ReadAndWritten(kLargest), kLargest);
-  EXPECT_EQ(ReadAndWritten(L"-7.9228162514264337593543950335"), L"-7.9228162514264337593543950335");
-  EXPECT_EQ(ReadAndWritten(L"0.0000000000000000000000000001"), L"0.0000000000000000000000000001");
-  EXPECT_EQ(ReadAndWritten(L".5"), L"0.5");
-  EXPECT_EQ(ReadAndWritten(L"5."), L"5");
+  ExpectWritten({{L"123456789012345678", L"123456789012345678"},
+                 {kLargest, kLargest},
+                 {L"-7.9228162514264337593543950335", L"-7.9228162514264337593543950335"},
+                 {L"0.0000000000000000000000000001", L"0.0000000000000000000000000001"},
+                 {L".5", L"0.5"},
+                 {L"5.", L"5"}});
 }
 
 TEST(DecimalNumbers, AreWrittenWithoutZerosAtTheEndOfTheirDecimals) {
-  EXPECT_EQ(ReadAndWritten(L"1.500"), L"1.5");
-  EXPECT_EQ(ReadAndWritten(L"100.00"), L"100");
-  EXPECT_EQ(ReadAndWritten(L"100"), L"100");
-  EXPECT_EQ(ReadAndWritten(L"0.000"), L"0");
-  EXPECT_EQ(ReadAndWritten(L"-0.00"), L"0");
+  ExpectWritten({{L"1.500", L"1.5"}, {L"100.00", L"100"}, {L"100", L"100"}, {L"0.000", L"0"}, {L"-0.00", L"0"}});
   EXPECT_EQ(WithoutTrailingZeros({.low = 1500, .scale = 3}), (Decimal{.low = 15, .scale = 1}));
   EXPECT_EQ(WithoutTrailingZeros({.low = 0, .scale = 3}), Decimal{});
 }
 
 TEST(DecimalNumbers, RoundDecimalsThatDoNotFitToTheEvenNeighbour) {
-  EXPECT_EQ(ReadAndWritten(L"0.00000000000000000000000000015"), L"0.0000000000000000000000000002");
-  EXPECT_EQ(ReadAndWritten(L"0.00000000000000000000000000025"), L"0.0000000000000000000000000002");
-  EXPECT_EQ(ReadAndWritten(L"0.000000000000000000000000000250001"), L"0.0000000000000000000000000003");
-  EXPECT_EQ(ReadAndWritten(L"79228162514264337593543950334.5"), L"79228162514264337593543950334");
-  EXPECT_EQ(ReadAndWritten(L"7922816251426433759354395033.56"), L"7922816251426433759354395034");
+  ExpectWritten({{L"0.00000000000000000000000000015", L"0.0000000000000000000000000002"},
+                 {L"0.00000000000000000000000000025", L"0.0000000000000000000000000002"},
+                 {L"0.000000000000000000000000000250001", L"0.0000000000000000000000000003"},
+                 {L"79228162514264337593543950334.5", L"79228162514264337593543950334"},
+                 {L"7922816251426433759354395033.56", L"7922816251426433759354395034"}});
 }
 
 TEST(DecimalNumbers, AreNotWhatTheyCannotHold) {
@@ -60,17 +61,19 @@ TEST(DecimalNumbers, AreTheNearestDouble) {
 }
 
 TEST(DecimalNumbers, RoundToTheEvenWholeNumber) {
-  const auto rounded = [](std::wstring_view text) { return RoundToInteger(*ParseDecimal(text)); };
-  EXPECT_EQ(rounded(L"0.5"), 0);
-  EXPECT_EQ(rounded(L"1.5"), 2);
-  EXPECT_EQ(rounded(L"-2.5"), -2);
-  EXPECT_EQ(rounded(L"-0.4"), 0);
-  EXPECT_EQ(rounded(L"1.4999999999999999999999999999"), 1);
-  EXPECT_EQ(rounded(L"2.5000000000000000000000000001"), 3);
-  EXPECT_EQ(rounded(L"9223372036854775807.4"), std::numeric_limits<std::int64_t>::max());
-  EXPECT_EQ(rounded(L"9223372036854775807.5"), std::nullopt);
-  EXPECT_EQ(rounded(L"-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
-  EXPECT_EQ(rounded(L"18446744073709551616"), std::nullopt);
+  const std::pair<const wchar_t*, std::optional<std::int64_t>> kCases[] = {
+      {L"0.5", 0},
+      {L"1.5", 2},
+      {L"-2.5", -2},
+      {L"-0.4", 0},
+      {L"1.4999999999999999999999999999", 1},
+      {L"2.5000000000000000000000000001", 3},
+      {L"9223372036854775807.4", std::numeric_limits<std::int64_t>::max()},
+      {L"9223372036854775807.5", std::nullopt},
+      {L"-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+      {L"18446744073709551616", std::nullopt},
+  };
+  for (const auto& [text, number] : kCases) EXPECT_EQ(RoundToInteger(*ParseDecimal(text)), number) << text;
 }
 
 TEST(CurrencyAmounts, AreDecimalsOfFourPlaces) {
