@@ -13,6 +13,13 @@ namespace {
 
 using recorder::Raised;
 using recorder::RaisedBy;
+using sql::tbDB2;
+using sql::tbMySQL;
+using sql::tbOracle;
+using sql::tbOracleAlt;
+using sql::tbOther4;
+using sql::tbSQLite;
+using sql::tbSQLServer;
 
 Value CodeExpression(std::int32_t databaseCode, const wchar_t* alias) {
   ModulosBsn modules;
@@ -20,34 +27,26 @@ Value CodeExpression(std::int32_t databaseCode, const wchar_t* alias) {
   return modules.Call(L"NumCxSubordinadaSQL", arguments);
 }
 
-TEST(ModulosBsn, BuildTheSubordinateCodeForOracle) {
-  EXPECT_EQ(CodeExpression(1, L"s"), Value(L"s.NUM_CAIXA || LPAD(TO_CHAR(s.NUM_SEQ), 2, '0')"));
-  EXPECT_EQ(CodeExpression(5, L"s"), Value(L"s.NUM_CAIXA || LPAD(TO_CHAR(s.NUM_SEQ), 2, '0')"));
-}
-
-TEST(ModulosBsn, BuildTheSubordinateCodeForSqlServer) {
-  EXPECT_EQ(CodeExpression(2, L"s"), Value(L"s.NUM_CAIXA + RIGHT('0' + CAST(s.NUM_SEQ AS VARCHAR(10)), 2)"));
-}
-
-TEST(ModulosBsn, BuildTheSubordinateCodeForMySql) {
-  EXPECT_EQ(CodeExpression(3, L"s"), Value(L"CONCAT(s.NUM_CAIXA, LPAD(s.NUM_SEQ, 2, '0'))"));
-}
-
-TEST(ModulosBsn, BuildTheSubordinateCodeForDb2) {
-  EXPECT_EQ(CodeExpression(6, L"s"), Value(L"s.NUM_CAIXA || SUBSTR(DIGITS(INTEGER(s.NUM_SEQ)), 9)"));
-}
-
-TEST(ModulosBsn, BuildTheSubordinateCodeForSqlite) {
-  EXPECT_EQ(CodeExpression(7, L"s"), Value(L"s.NUM_CAIXA || substr('0' || s.NUM_SEQ, -2)"));
+TEST(ModulosBsn, BuildTheSubordinateCodeInTheWordsOfEachDatabase) {
+  const std::pair<std::int32_t, const wchar_t*> kExpressions[] = {
+      {tbOracle, L"s.NUM_CAIXA || LPAD(TO_CHAR(s.NUM_SEQ), 2, '0')"},
+      {tbSQLServer, L"s.NUM_CAIXA + RIGHT('0' + CAST(s.NUM_SEQ AS VARCHAR(10)), 2)"},
+      {tbMySQL, L"CONCAT(s.NUM_CAIXA, LPAD(s.NUM_SEQ, 2, '0'))"},
+      {tbOracleAlt, L"s.NUM_CAIXA || LPAD(TO_CHAR(s.NUM_SEQ), 2, '0')"},
+      {tbDB2, L"s.NUM_CAIXA || SUBSTR(DIGITS(INTEGER(s.NUM_SEQ)), 9)"},
+      {tbSQLite, L"s.NUM_CAIXA || substr('0' || s.NUM_SEQ, -2)"},
+  };
+  for (const auto& [code, expression] : kExpressions)
+    EXPECT_EQ(CodeExpression(code, L"s"), Value(expression)) << "database code " << code;
 }
 
 TEST(ModulosBsn, TakeAnyAliasAndNone) {
-  EXPECT_EQ(CodeExpression(7, L"sub"), Value(L"sub.NUM_CAIXA || substr('0' || sub.NUM_SEQ, -2)"));
-  EXPECT_EQ(CodeExpression(7, L""), Value(L"NUM_CAIXA || substr('0' || NUM_SEQ, -2)"));
+  EXPECT_EQ(CodeExpression(tbSQLite, L"sub"), Value(L"sub.NUM_CAIXA || substr('0' || sub.NUM_SEQ, -2)"));
+  EXPECT_EQ(CodeExpression(tbSQLite, L""), Value(L"NUM_CAIXA || substr('0' || NUM_SEQ, -2)"));
 }
 
 TEST(ModulosBsn, HaveNoExpressionForASystemWithoutADialect) {
-  for (const std::int32_t code : {4, 0, -1, 8}) {
+  for (const std::int32_t code : {tbOther4, 0, -1, 8}) {
     EXPECT_EQ(RaisedBy([&] { CodeExpression(code, L"s"); }),
               (Raised{kErrBase + 1, "KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL",
                       "Não há entrada para o banco tipo " + std::to_string(code)}));
@@ -55,8 +54,8 @@ TEST(ModulosBsn, HaveNoExpressionForASystemWithoutADialect) {
 }
 
 TEST(ModulosBsn, LeaveTheTranslatorsCodeAlone) {
-  sql::DefineTipoBanco(2);
-  CodeExpression(7, L"s");
+  sql::DefineTipoBanco(tbSQLServer);
+  CodeExpression(tbSQLite, L"s");
   EXPECT_EQ(sql::SQLDataAtual(), L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))");
   sql::DefineTipoBanco(0);
 }
