@@ -1,7 +1,7 @@
 // The surroundings of a native test: they record every call and answer as the test says.
 //
 //   FakeSurroundings around;
-//   around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {2}}});
+//   around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {sql::tbSQLServer}}});
 //   around.journal.FailAt(3, Failure(Erro(…)));
 //   …
 //   EXPECT_EQ(around.journal.Calls(), Lines({…}));
