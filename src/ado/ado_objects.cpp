@@ -179,7 +179,7 @@ void AdoRecordset::MoveFirst() { Check(recordset_->MoveFirst(), recordset_); }
 void AdoRecordset::MoveNext() { Check(recordset_->MoveNext(), recordset_); }
 
 std::int64_t AdoRecordset::RecordCount() {
-  long count = -1;
+  ADO_LONGPTR count = -1;
   Check(recordset_->get_RecordCount(&count), recordset_);
   return count;
 }
