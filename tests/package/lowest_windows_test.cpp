@@ -213,6 +213,7 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "setvbuf",
         "signal",
         "srand",
+        "strcat",
         "strcoll",
         "strcpy",
         "strftime",
