@@ -122,7 +122,7 @@ class Statement {
   // By alias, or by the table's own name where it has none.
   std::map<std::wstring, std::wstring> tableOf_;
   std::set<std::wstring> withoutAlias_;
-  // The names that AS gives to columns of the result.
+  // The names of result columns behind AS.
   std::set<std::wstring> results_;
   bool isUnion_ = false;
   bool isOrder_ = false;

@@ -179,7 +179,7 @@ void CheckStrConcat(const Input& in, std::int32_t code) {
   // For MySQL the function is left out when there is nothing to join.
   if (code == tbMySQL && in.parts.size() == 1 && in.parts.front().empty()) expected.clear();
   Require(next == in.parts.size(), "every part is joined, once");
-  RequireEqual(SQLStrConcat(AsValues(in.parts)), expected, "the parts stand in the SQL as they were given");
+  RequireEqual(SQLStrConcat(AsValues(in.parts)), expected, "the parts are in the SQL as they were passed");
 
   std::vector<Value> withNull = AsValues(in.parts);
   withNull.emplace_back(Null());
@@ -198,7 +198,7 @@ void CheckRefused(const Input& in, std::int32_t code) {
   require("SQLToChar", RaisedBy([&] { SQLToChar(in.expression, in.word); }));
   for (const std::int32_t layout : kLayouts) require("SQLToDate", RaisedBy([&] { SQLToDate(in.expression, layout); }));
   for (const std::int32_t kind : kKinds) require("SQLNVL", RaisedBy([&] { SQLNVL(in.expression, kind, in.number); }));
-  RequireEqual(SQLStrConcat(AsValues(in.parts)), L"", "only the concatenation gives nothing instead");
+  RequireEqual(SQLStrConcat(AsValues(in.parts)), L"", "only the concatenation is empty instead");
 }
 
 void CheckDialect(const Input& in, std::int32_t code) {
