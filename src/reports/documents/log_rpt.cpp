@@ -15,10 +15,15 @@ namespace ad = platform::ad;
 constexpr std::size_t kActionFields = 32;
 constexpr std::size_t kActionSize = 250;
 
+std::wstring Shortened(std::wstring text, std::size_t count) {
+  if (text.size() > count) text.resize(count);
+  return text;
+}
+
 // The first characters of a text; null stays null.
 Value FirstCharacters(const Value& value, std::size_t count) {
   if (value.Is<Null>()) return value;
-  return values::ToText(value).substr(0, count);
+  return Shortened(values::ToText(value), count);
 }
 
 Value TimeText(const Value& moment) {
@@ -43,7 +48,7 @@ void FillEvent(OutputDataset& output, AutomationObject& event) {
   output.Let(L"HORA", TimeText(moment));
   output.Let(L"DESCR_OPERADOR", FirstCharacters(event.Get(L"Nome_Operador"), 250));
   output.Let(L"MAQUINA", FirstCharacters(event.Get(L"Maquina"), 250));
-  output.Let(L"COD_DOCTO", values::ToTextOrEmpty(event.Get(L"Cod_Docto")).substr(0, 10));
+  output.Let(L"COD_DOCTO", Shortened(values::ToTextOrEmpty(event.Get(L"Cod_Docto")), 10));
   output.Let(L"COD_ACAO", FirstCharacters(event.Get(L"Tipo_Evento"), 10));
   FillAction(output, values::ToText(event.Get(L"Acao")));
   output.Update();
