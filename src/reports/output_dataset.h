@@ -1,8 +1,7 @@
 // The recordsets that reports read, and those that they fill themselves.
 #pragma once
 
-#include <functional>
-#include <map>
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,7 +42,7 @@ class OutputDataset {
   // Appends a field. REQUIRES: not open. A text's size is in characters.
   void Append(std::wstring name, std::int32_t type, std::int32_t size = 0) {
     rows_->AppendField(name, type, size, platform::ad::kUnspecified);
-    names_.push_back(std::move(name));
+    fields_.push_back({std::move(name), nullptr});
   }
   void AppendText(std::wstring name, std::int32_t size) { Append(std::move(name), platform::ad::kVarChar, size); }
 
@@ -51,15 +50,15 @@ class OutputDataset {
   void Open() {
     constexpr std::int32_t kUnspecified = platform::ad::kUnspecified;
     rows_->Open(std::monostate{}, std::monostate{}, kUnspecified, kUnspecified, kUnspecified);
-    for (const std::wstring& name : names_) fields_.emplace(name, rows_->FieldByName(name));
+    for (NamedField& named : fields_) named.field = rows_->FieldByName(named.name);
   }
 
   void AddNew() { rows_->AddNew(); }
   // Assigns a field of the current row. Raises what the recordset raises for a field that was not appended.
   void Let(std::wstring_view name, const Value& value) {
-    const auto field = fields_.find(name);
-    if (field != fields_.end())
-      field->second->Let(value);
+    const auto named = std::ranges::find(fields_, name, &NamedField::name);
+    if (named != fields_.end())
+      named->field->Let(value);
     else
       rows_->FieldByName(std::wstring(name))->Let(value);
   }
@@ -74,9 +73,13 @@ class OutputDataset {
   }
 
  private:
+  struct NamedField {
+    std::wstring name;
+    std::unique_ptr<platform::Field> field;  // null until the recordset is open
+  };
+
   std::unique_ptr<platform::Recordset> rows_;
-  std::vector<std::wstring> names_;
-  std::map<std::wstring, std::unique_ptr<platform::Field>, std::less<>> fields_;
+  std::vector<NamedField> fields_;
 };
 
 }  // namespace kodra::reports

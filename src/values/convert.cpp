@@ -125,6 +125,11 @@ struct BoolOf {
 
 std::wstring ToText(const Value& value) { return std::visit(TextOf{}, value.Held()); }
 
+std::wstring ToText(Value&& value) {
+  if (value.Is<std::wstring>()) return std::move(value).TakeText();
+  return ToText(std::as_const(value));
+}
+
 std::wstring ToTextOrEmpty(const Value& value) {
   if (value.Is<ObjectRef>()) return ToTextOrEmpty(DefaultValue(value.As<ObjectRef>()));
   return value.Is<Null>() ? std::wstring() : ToText(value);

@@ -14,6 +14,7 @@ namespace kodra::values {
 
 // Empty returns the empty text, a Boolean "Verdadeiro" or "Falso", a number its decimal-comma text, a date DateToText.
 std::wstring ToText(const Value& value);
+std::wstring ToText(Value&& value);
 
 // A value joined to the empty text: as ToText, but Null returns the empty text too, and so does an object whose default
 // property is Null.

@@ -83,6 +83,8 @@ class Value {
     return std::get<T>(storage_);
   }
   const Storage& Held() const { return storage_; }
+  // The text, moved out. REQUIRES: Is<std::wstring>().
+  std::wstring TakeText() && { return std::get<std::wstring>(std::move(storage_)); }
 
   bool operator==(const Value&) const = default;
 

@@ -21,9 +21,9 @@ std::wstring Shortened(std::wstring text, std::size_t count) {
 }
 
 // The first characters of a text; null stays null.
-Value FirstCharacters(const Value& value, std::size_t count) {
+Value FirstCharacters(Value value, std::size_t count) {
   if (value.Is<Null>()) return value;
-  return Shortened(values::ToText(value), count);
+  return Shortened(values::ToText(std::move(value)), count);
 }
 
 Value TimeText(const Value& moment) {
