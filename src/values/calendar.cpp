@@ -47,7 +47,7 @@ bool IsDay(std::int32_t year, std::int32_t month, std::int32_t day) noexcept {
 bool IsCivilDay(CivilDay day) noexcept { return DateOf(day.year, day.month, day.day).ok(); }
 
 std::int32_t DayNumber(CivilDay day) noexcept {
-  return (sys_days{DateOf(day.year, day.month, day.day)} - kDayZero).count();
+  return static_cast<std::int32_t>((sys_days{DateOf(day.year, day.month, day.day)} - kDayZero).count());
 }
 
 CivilDay DayOfNumber(std::int32_t number) noexcept {
