@@ -185,6 +185,7 @@ std::int32_t Recordset::FieldIndex(const std::wstring& name) const {
 
 std::vector<platform::Column> Recordset::Columns() {
   std::vector<platform::Column> columns;
+  columns.reserve(static_cast<std::size_t>(FieldCount()));
   for (std::int32_t i = 0; i < FieldCount(); ++i)
     columns.push_back({FieldAt(i).name, FieldAt(i).type, std::make_unique<RecordsetField>(*this, i)});
   return columns;
