@@ -1,18 +1,16 @@
 # Tests the console program as a Windows program.
 
-test_groups+=(console)
-
 # Runs kodrarpt on both systems with the same arguments; both must write the same bytes and the same exit code.
 same() {
   local native=$PWD/build/console/native windows=$PWD/build/console/windows
-  build/native/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
+  build/sanitize/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
   wine_environment run wine build/win32/console/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
   sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a message of the Wine server itself when it starts
   if [ -s "$native" ] && cmp -s "$native" "$windows"; then
-    passed=$((passed + 1))
+    passed "console.$1 ${*:2}"
   else
-    failed=$((failed + 1))
-    echo "  kodrarpt $* escreve outra coisa no Windows:"
+    failed "console.$1 ${*:2}"
+    echo "kodrarpt $* escreve outra coisa no Windows:"
     diff "$native" "$windows" | head -n 10 || true
   fi
 }
@@ -22,24 +20,23 @@ same_sheet() {
   local name=planilha-ação.xlsx folder=build/console
   rm -rf "$folder/native-sheet" "$folder/windows-sheet"
   mkdir -p "$folder/native-sheet" "$folder/windows-sheet"
-  build/native/kodrarpt executa "$@" --formato xlsx --saida "$folder/native-sheet/$name" || true
+  build/sanitize/kodrarpt executa "$@" --formato xlsx --saida "$folder/native-sheet/$name" || true
   wine_environment run wine build/win32/console/kodrarpt.exe executa "$@" --formato xlsx --saida "$folder/windows-sheet/$name" \
     2>>"$logs/wine.log" || true
   if unzip -p "$folder/native-sheet/$name" xl/worksheets/sheet1.xml xl/styles.xml >"$folder/native" 2>&1 &&
     unzip -p "$folder/windows-sheet/$name" xl/worksheets/sheet1.xml xl/styles.xml >"$folder/windows" 2>&1 &&
     cmp -s "$folder/native" "$folder/windows"; then
-    passed=$((passed + 1))
+    passed "console.xlsx $1"
   else
-    failed=$((failed + 1))
-    echo "  kodrarpt $* escreve outra planilha no Windows"
+    failed "console.xlsx $1"
+    echo "kodrarpt $* escreve outra planilha no Windows"
   fi
 }
 
-test_console() {
-  build_preset native kodrarpt kodra-demo-data
+group_console() {
+  build_preset sanitize kodrarpt kodra-demo-data
   build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
-  archive build/test/acervo.db 500
-  step "kodrarpt no Wine, byte por byte como no Linux"
+  archive sanitize build/test/acervo.db 500
   mkdir -p build/console
   same --help
   same lista

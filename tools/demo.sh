@@ -12,36 +12,63 @@ client() {
   return "$status"
 }
 
+# The client on the private server that kodra-mariadb has started around this script.
+demo_client() { client "$KODRA_MYSQL"; }
+
+# The demonstration on an archive of some documents in a database, with the generator of a preset:
+# show sqlite|mysql DOCUMENTS PRESET
+show() {
+  local engine=$1 documents=$2 preset=$3
+  build_preset win32 KodraRpt kodra_ado kodra_siblings_com
+  build_preset "$preset" kodra-demo-data kodra-mariadb
+  with_wine
+  case $engine in
+    sqlite)
+      archive "$preset" "build/demo/acervo-$documents.db" "$documents"
+      step "os relatórios sobre o acervo de exemplo, $documents documentos em SQLite"
+      client "Driver={SQLite3};Database=$PWD/build/demo/acervo-$documents.db"
+      ;;
+    mysql)
+      made build/demo/acervo.sql "build/$preset/kodra-demo-data" mysql --documents "$documents"
+      step "os relatórios sobre o acervo de exemplo, $documents documentos em um MariaDB próprio"
+      "build/$preset/kodra-mariadb" build/demo/acervo.sql -- ./kodra client
+      ;;
+    *) die "não há demonstração para o banco \"$engine\": sqlite ou mysql" ;;
+  esac
+}
+
+# The last line of the demonstration on each database.
+group_demo() {
+  local engine last
+  for engine in sqlite mysql; do
+    last=$(show "$engine" 500 sanitize | tee "$logs/demo-$engine.log" | tail -n 1) || true
+    if [[ $last =~ ^42\ chamadas,\ [0-9]+\ linhas,\ .*\ 0\ surpresas\.$ ]]; then
+      passed "demo.$engine"
+    else
+      failed "demo.$engine"
+      echo "a demonstração em $engine termina com: $last"
+    fi
+  done
+}
+
 demo() {
   local engine=sqlite documents=2000
   while [ $# -gt 0 ]; do
     case $1 in
       --banco) engine=${2:?}; shift 2 ;;
       --documents) documents=${2:?}; shift 2 ;;
-      *) die "demo não conhece \"$1\"" ;;
+      *) die "demo não conhece a opção \"$1\"" ;;
     esac
   done
-  build_served
-  with_wine
-  case $engine in
-    sqlite)
-      archive "build/demo/acervo-$documents.db" "$documents"
-      step "os relatórios sobre o acervo de exemplo, $documents documentos em SQLite"
-      client "Driver={SQLite3};Database=$PWD/build/demo/acervo-$documents.db"
-      ;;
-    mysql)
-      logged acervo build/native/kodra-demo-data mysql build/demo/acervo.sql --documents "$documents"
-      step "os relatórios sobre o acervo de exemplo, $documents documentos em um MariaDB próprio"
-      build/native/kodra-mariadb build/demo/acervo.sql -- ./kodra client
-      ;;
-    *) die "não há demonstração para o banco \"$engine\": sqlite ou mysql" ;;
-  esac
+  setup build
+  show "$engine" "$documents" native
 }
 
 run_script() {
   [ -n "${1:-}" ] || die "uso: ./kodra run ARQUIVO.vbs [ARGUMENTO…]"
   local file=$1
   shift
+  need build
   build_served
   with_wine
   brazilian_script "$file" -- "$@"

@@ -1,7 +1,5 @@
 # The examples that can run here, in Wine, on the sample archive.
 
-test_groups+=(examples)
-
 # Runs an example, prints its output and returns its exit code: run_example vbscript|cpp ARGUMENT….
 run_example() {
   local language=$1 status=0
@@ -17,23 +15,22 @@ run_example() {
 # Compares the output of an example with the expected text: check_example NAME EXPECTED ACTUAL.
 check_example() {
   if [ "$2" = "$3" ]; then
-    passed=$((passed + 1))
+    passed "examples.$1"
   else
-    failed=$((failed + 1))
-    printf '  %s não imprime o que deve:\n' "$1"
+    failed "examples.$1"
+    printf '%s não imprime o esperado:\n' "$1"
     diff <(echo "$2") <(echo "$3") || true
   fi
 }
 
-test_examples() {
+group_examples() {
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra_exemplo
-  build_preset native kodra-demo-data
-  archive build/test/acervo.db 500
-  step "exemplos no Wine, sobre o acervo de exemplo"
+  build_preset sanitize kodra-demo-data
+  archive sanitize build/test/acervo.db 500
   with_wine
-  local language labels missing=$PWD/build/test/ausente.db archive=$PWD/build/test/acervo.db refused
+  local language labels absent=$PWD/build/test/ausente.db archive=$PWD/build/test/acervo.db refused
   refused="Erro -2147213397 em KodraRpt.CDeptoRpt::RelatorioDeptos: Erro ao gerar dados para o relatório: "
-  refused+="[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"$missing\" não encontrado."
+  refused+="[modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados \"$absent\" não encontrado."
   for language in vbscript cpp; do
     labels=$(cat tests/examples/acervo.txt)
     # Code page 850 has no dash.
@@ -41,10 +38,10 @@ test_examples() {
     check_example "$language" "$labels"$'\n'"código 0" \
       "$(run_example "$language" "Driver={SQLite3};Database=$archive" AA001)"
     check_example "$language, sem banco" "$refused"$'\n'"código 1" \
-      "$(run_example "$language" "Driver={SQLite3};Database=$missing" AA001)"
+      "$(run_example "$language" "Driver={SQLite3};Database=$absent" AA001)"
   done
   # The others say in their first lines that no test runs them.
   for language in vba powershell python delphi; do
-    check_example "$language, o seu começo" 1 "$(head -n 12 examples/$language/*.* | grep -c 'Os testes não executam este exemplo')"
+    check_example "$language, o seu começo" 1 "$(head -n 12 examples/"$language"/*.* | grep -c 'Os testes não executam este exemplo')"
   done
 }

@@ -1,9 +1,5 @@
 # Installation: the zip, the MSI, and their tests in Wine.
 
-package_packages=(wixl msitools zip g++-mingw-w64-x86-64-posix)
-test_packages+=("${package_packages[@]}" unzip faketime)
-test_groups+=(package)
-
 version_part() { sed -n "s/^#define KODRA_VERSION_$1 //p" src/frame/version.h; }
 
 # A GUID that is always the same for a name.
@@ -63,9 +59,9 @@ stage_unregistered() {
   local architecture folder
   for architecture in x86 amd64; do
     folder=$stage
-    [ $architecture = x86 ] || folder=$stage/x64
+    [ "$architecture" = x86 ] || folder=$stage/x64
     mkdir -p "$folder"
-    awk -f packaging/manifest.awk -v version="$assembly_version" -v architecture=$architecture \
+    awk -f packaging/manifest.awk -v version="$assembly_version" -v architecture="$architecture" \
       build/package/rows.txt >"$folder/KodraRpt.Classes.manifest"
     sed "s/@version@/$assembly_version/; s/@architecture@/$architecture/" packaging/programa.exe.manifest \
       >"$folder/programa.exe.manifest"
@@ -201,14 +197,14 @@ build_package() {
 }
 
 package() {
-  setup "${package_packages[@]}"
+  need package
   build_package
   (cd build/package && sha256sum -- *.msi *.zip && ls -l -- *.msi *.zip)
 }
 
 # The tests of installation have a Wine prefix of their own: a Windows that never contained the component.
 prefix=/root/.wine-package
-in_prefix() { wine_environment run env WINEPREFIX=$prefix "$@"; }
+in_prefix() { wine_environment run env WINEPREFIX="$prefix" "$@"; }
 
 # Makes the prefix once; afterwards restores its first registry and deletes what an interrupted run left.
 fresh_prefix() {
@@ -227,54 +223,47 @@ fresh_prefix() {
     cp "$first"/*.reg "$WINEPREFIX"
     rm -rf "$WINEPREFIX/drive_c/Program Files/KodraRpt" "$WINEPREFIX"/drive_c/windows/Installer/*'
 }
+
 # Two packages of the same build, made in different folders, on different days and by users with different settings,
-# must be the same bytes.
-test_reproducible() {
+# must be the same bytes: check_reproducible VERSION
+check_reproducible() {
   local other=build/package/again file
   mkdir -p "$other"
-  (umask 077; TZ=America/Sao_Paulo LC_ALL=C faketime -f +400d ./kodra pack "$other") >"$logs/pack-again.log" 2>&1
-  for file in "KodraRpt-$version".{zip,msi}; do
-    if cmp "build/package/$file" "$other/$file" >>"$logs/pack-again.log" 2>&1; then
-      passed=$((passed + 1))
+  (umask 077; TZ=America/Sao_Paulo LC_ALL=C faketime -f +400d ./kodra pack "$other")
+  for file in "KodraRpt-$1".{zip,msi}; do
+    if cmp "build/package/$file" "$other/$file"; then
+      passed "package.the same ${file##*.}"
     else
-      failed=$((failed + 1))
-      echo "  $file não sai igual (veja $logs/pack-again.log)"
+      failed "package.the same ${file##*.}"
+      echo "$file não é idêntico nos dois pacotes"
     fi
   done
 }
 
-test_package() {
+group_package() {
   build_package
   build_preset win32 kodra_test_package kodra_ado kodra_siblings_com
   build_preset win64 kodra_test_package
-  build_preset native kodra-demo-data
-  archive build/test/acervo.db 500
-  step "testes de instalação no Wine, sem o componente registrado"
-  local packages=$PWD/build/package log=$PWD/$logs/test-package.log status=0 version
+  build_preset sanitize kodra-demo-data
+  archive sanitize build/test/acervo.db 500
+  local packages=$PWD/build/package status=0 version later
   version=$(version_part MAJOR).$(version_part MINOR).$(version_part REVISION)
-  test_reproducible
+  check_reproducible "$version"
   rm -rf build/package/unpacked build/package/later
   unzip -q "build/package/KodraRpt-$version.zip" -d build/package/unpacked
   mkdir -p build/package/later
   logged later-msi ./kodra pack-later build/package/later
+  later=("$packages"/later/*.msi)
   lock_wine
   logged wine-package fresh_prefix
   KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version KODRA_MSI=$packages/KodraRpt-$version.msi \
-    KODRA_LATER_MSI=$(echo "$packages"/later/*.msi) KODRA_ARCHIVE=$PWD/build/test/acervo.db KODRA_BIN=$PWD/build/win32 \
-    in_prefix wine build/win32/tests/kodra_test_package.exe >"$log" 2>&1 </dev/null || status=$?
-  tr -d '\r' <"$log" >"$log.txt"
-  count package "$log.txt" "$status"
-  test_unregistered_64
-}
-
-# The manifests for 64-bit programs. The script client itself needs the ADO of the 32-bit Wine environment.
-test_unregistered_64() {
-  local log=$PWD/$logs/test-package-64.log status=0
+    KODRA_LATER_MSI=${later[0]} KODRA_ARCHIVE=$PWD/build/test/acervo.db KODRA_BIN=$PWD/build/win32 \
+    in_wine_form in_prefix wine build/win32/tests/kodra_test_package.exe || status=$?
   ready_wine64
   # An interrupted run of the other 64-bit tests leaves the component registered.
-  wine64 regsvr32 /s /u "$(windows_path build/win64)\\KodraRpt.dll" >"$log" 2>&1 || true
+  wine64 regsvr32 /s /u "$(windows_path build/win64)\\KodraRpt.dll" >"$logs/unregister-64.log" 2>&1 || true
+  # The manifests for 64-bit programs. The script client itself needs the ADO of the 32-bit Wine environment.
   KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version/x64 \
-    wine64 build/win64/tests/kodra_test_package.exe '--gtest_filter=-*.TheScriptClient*' >"$log" 2>&1 </dev/null || status=$?
-  tr -d '\r' <"$log" >"$log.txt"
-  count package-64 "$log.txt" "$status"
+    in_wine_form wine64 build/win64/tests/kodra_test_package.exe '--gtest_filter=-*.TheScriptClient*' || status=$?
+  return "$status"
 }

@@ -1,154 +1,171 @@
-# The tests, in groups: "test NAME" runs the function test_NAME.
+# The tests, in groups. CTest runs them all: what is not a GoogleTest program that it can run by itself is a function
+# group_NAME, which tools/group calls. Each test prints a line in GoogleTest's form, so that all are counted alike.
 
-test_groups=(format docs native wine bench)
+# The preset whose tests contain each group.
+declare -A preset_of_group=(
+  [format]=sanitize [docs]=sanitize [scripts]=sanitize [native]=sanitize [engines]=sanitize
+  [wine]=win32 [demo]=win32 [bench]=win32 [package]=win32 [examples]=win32 [console]=win32
+  [win64]=win64
+)
+test_groups=(format docs scripts native wine demo bench package win64 examples engines console)
 
-passed=0
-failed=0
+# One test's outcome: passed NAME, failed NAME.
+passed() { printf '[       OK ] %s (0 ms)\n' "$1"; }
+failed() { printf '[  FAILED  ] %s (0 ms)\n' "$1"; }
 
-# Counts the tests of a GoogleTest run from its output: count NAME LOG STATUS. A program that ends without its own
-# closing line has failed, whatever it printed.
-count() {
-  local name=$1 log=$2 status=$3 ok bad
-  ok=$(grep -c '^\[       OK \]' "$log" || true)
-  bad=$(grep -cE '^\[  FAILED  \] .*\([0-9]+ ms\)' "$log" || true)
-  if [ "$bad" = 0 ] && { [ "$status" != 0 ] || ! grep -q '^\[  PASSED  \]' "$log"; }; then bad=1; fi
-  passed=$((passed + ok))
-  failed=$((failed + bad))
-  printf '  %-12s %5d ok %5d falhas\n' "$name" "$ok" "$bad"
-  if [ "$bad" != 0 ]; then
-    grep -vE '^\[( RUN      |       OK |----------)' "$log" | tail -n 80
-    echo "  (saída inteira em $log)"
-  fi
-}
+# Prints the output of a GoogleTest program in Wine without its carriage returns, and returns the program's exit code:
+# in_wine_form COMMAND…
+in_wine_form() { "$@" </dev/null 2>&1 | tr -d '\r'; }
 
-test_format() {
-  step "formato"
-  local files status=0
+group_format() {
+  local files
   mapfile -t files < <(git ls-files '*.h' '*.cpp')
-  clang-format --dry-run -Werror "${files[@]}" >"$logs/format.log" 2>&1 || status=1
-  if [ "$status" = 0 ]; then
-    passed=$((passed + 1))
+  if clang-format --dry-run -Werror "${files[@]}"; then
+    passed format
   else
-    failed=$((failed + 1))
-    head -n 20 "$logs/format.log"
-    echo "  para corrigir: ./kodra format"
+    failed format
+    echo "para corrigir: ./kodra format"
   fi
 }
 
-# Every group of tests is listed in the usage of ./kodra.
-test_group_lines() {
+# Every group of tests is listed in the usage of ./kodra and in the README.
+check_group_lines() {
   local group missing=()
   for group in "${test_groups[@]}"; do
     # All lines are read: a reader that stops early would break the pipe of usage.
-    usage | grep -E "^ {23}$group +[a-zA-Z]" >/dev/null || missing+=("$group: ./kodra")
+    ./kodra help | grep -E "^ {23}$group +[a-zA-Z]" >/dev/null || missing+=("$group: ./kodra")
     grep -qF "| \`$group\` |" README.md || missing+=("$group: README.md")
   done
-  if [ ${#missing[@]} = 0 ]; then
-    passed=$((passed + 1))
-  else
-    failed=$((failed + 1))
-    printf '  um grupo de testes não consta da lista: %s\n' "${missing[@]}"
-  fi
+  [ ${#missing[@]} = 0 ] && { passed docs.groups; return; }
+  failed docs.groups
+  printf 'um grupo de testes não consta da lista: %s\n' "${missing[@]}"
 }
 
-# The reference pages are those of the sources, every test that the list of behaviours names exists, and every group of
-# tests is listed.
-test_docs() {
-  step "documentação"
-  test_reference
-  test_group_lines
+# Every test that the list of behaviours names exists.
+check_named_tests() {
   # shellcheck disable=SC2016  # the backquotes are Markdown's
   local name known missing=() cited='`[A-Z][A-Za-z0-9]+\.[A-Z][A-Za-z0-9]+`'
   known=$(git ls-files 'tests/*.cpp' | xargs sed -nE 's/^TEST(_F|_P)?\((\w+), *(\w+)\).*/\2.\3/p')
   while read -r name; do
     grep -qxF "$name" <<<"$known" || missing+=("$name")
   done < <(grep -oE "$cited" docs/behaviours.md | tr -d '`' | sort -u)
-  if [ ${#missing[@]} = 0 ]; then
-    passed=$((passed + 1))
+  [ ${#missing[@]} = 0 ] && { passed docs.behaviours; return; }
+  failed docs.behaviours
+  printf 'docs/behaviours.md nomeia um teste que não existe: %s\n' "${missing[@]}"
+}
+
+group_docs() {
+  check_reference
+  check_group_lines
+  check_named_tests
+}
+
+# The scripts that people and programs start, with those that they read; and the subjects of the commits since the day
+# when they got their limit.
+group_scripts() {
+  if shellcheck -x -a kodra .ci/run tools/group testbed/wine/environment; then
+    passed scripts.shellcheck
   else
-    failed=$((failed + 1))
-    printf '  docs/behaviours.md nomeia um teste que não existe: %s\n' "${missing[@]}"
+    failed scripts.shellcheck
+  fi
+  local long
+  long=$(git log --since=2026-11-21 --format=%s | awk 'length > 72')
+  if [ -z "$long" ]; then
+    passed scripts.subjects
+  else
+    failed scripts.subjects
+    printf 'assunto de commit com mais de 72 caracteres: %s\n' "$long"
   fi
 }
 
-test_native() {
-  build_preset sanitize
-  step "testes nativos, com sanitizadores de endereço e de comportamento indefinido"
-  local program name log status
-  for program in build/sanitize/tests/kodra_test_*; do
-    [ -x "$program" ] || continue
-    name=${program##*/kodra_test_}
-    log=$logs/test-$name.log
-    status=0
-    (
-      cd tests
-      export ASAN_OPTIONS=detect_stack_use_after_return=1 UBSAN_OPTIONS=print_stacktrace=1
-      "../$program"
-    ) >"$log" 2>&1 </dev/null || status=$?
-    count "$name" "$log" "$status"
-  done
-}
-
 # Every source in src/ is part of the DLL: the linker's map names the objects that it took.
-test_linked_sources() {
+check_linked_sources() {
   local source missing=()
   while read -r source; do
     grep -qE "[/(]${source##*/}\.obj" build/win32/KodraRpt.map || missing+=("$source")
   done < <(git ls-files 'src/*.cpp')
-  if [ ${#missing[@]} = 0 ]; then
-    passed=$((passed + 1))
-  else
-    failed=$((failed + 1))
-    printf '  KodraRpt.dll não contém: %s\n' "${missing[@]}"
-  fi
+  [ ${#missing[@]} = 0 ] && { passed wine.linked_sources; return; }
+  failed wine.linked_sources
+  printf 'KodraRpt.dll não contém: %s\n' "${missing[@]}"
 }
 
-test_wine() {
-  build_preset win32
-  test_linked_sources
-  build_preset native kodra-demo-data kodra-mariadb
-  archive build/test/acervo.db 500
-  logged acervo build/native/kodra-demo-data mysql build/test/acervo.sql --documents 500
-  step "testes no Wine, com o componente registrado, sobre SQLite e um MariaDB próprio"
+group_wine() {
+  build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra_test_wine
+  build_preset sanitize kodra-demo-data kodra-mariadb
+  check_linked_sources
+  archive sanitize build/test/acervo.db 500
+  made build/test/acervo.sql build/sanitize/kodra-demo-data mysql --documents 500
   with_wine
-  local status=0 log=$PWD/$logs/test-wine.log
   export KODRA_ARCHIVE=$PWD/build/test/acervo.db KODRA_BIN
   KODRA_BIN=$(windows_path build/win32)
-  build/native/kodra-mariadb build/test/acervo.sql -- ./kodra wine-tests >"$log" 2>&1 </dev/null || status=$?
-  tr -d '\r' <"$log" >"$log.txt"
-  count wine "$log.txt" "$status"
+  in_wine_form build/sanitize/kodra-mariadb build/test/acervo.sql -- tools/group wine_programs
 }
 
-# The test program in Wine, in the folder of its scripts, with the databases that test_wine has set up.
-wine_tests() {
+# The test program in Wine, in the folder of its scripts, with the databases that group_wine has set up.
+group_wine_programs() {
   export KODRA_BIND=$PWD
   cd tests/wine
-  as_root ../../testbed/wine/environment run wine ../../build/win32/tests/kodra_test_wine.exe
+  ../../testbed/wine/environment run wine ../../build/win32/tests/kodra_test_wine.exe
+}
+
+# Prints how many tests a log has, and the reasons of the failures: count NAME LOG STATUS. A group that ends with an error
+# has failed, whatever it printed.
+count() {
+  local name=$1 log=$2 status=$3 ok bad
+  ok=$(grep -c '^\[       OK \]' "$log" || true)
+  bad=$(grep -cE '^\[  FAILED  \] .*\([0-9]+ ms\)' "$log" || true)
+  if [ "$bad" = 0 ] && { [ "$status" != 0 ] || [ "$ok" = 0 ]; }; then bad=1; fi
+  total_passed=$((total_passed + ok))
+  total_failed=$((total_failed + bad))
+  printf '  %-12s %5d ok %5d falhas\n' "$name" "$ok" "$bad"
+  if [ "$bad" != 0 ]; then
+    grep -vE '^(\[( RUN      |       OK |----------|==========|  PASSED  )|Running main|Note: Google Test filter|$)' "$log" |
+      tail -n 80
+    echo "  (saída inteira em $log)"
+  fi
 }
 
 # Nothing that the tests print contains their one password.
 check_secrecy() {
-  step "segredo"
   local secret
   secret=$(sed -nE 's/.* kSecret = L"(.+)";$/\1/p' tests/secret.h)
   if [ -n "$secret" ] && ! grep -rliF -- "$secret" "$logs"; then
-    passed=$((passed + 1))
+    total_passed=$((total_passed + 1))
   else
-    failed=$((failed + 1))
+    total_failed=$((total_failed + 1))
     echo "  os arquivos acima mostram a senha dos testes"
   fi
 }
 
+# Runs one group by CTest: run_group NAME
+run_group() {
+  local group=$1 preset=${preset_of_group[$1]} status=0
+  case $group in
+    native) build_preset "$preset" ;;
+    # The others build what they need.
+    *) logged "cmake-$preset" cmake --preset "$preset" ;;
+  esac
+  step "testes: $group"
+  rm -f "build/$preset/Testing/Temporary/LastTest.log"
+  ctest --preset "$preset" -L "^$group\$" >"$logs/ctest-$group.log" 2>&1 </dev/null || status=$?
+  if ! cp "build/$preset/Testing/Temporary/LastTest.log" "$logs/test-$group.log"; then
+    cp "$logs/ctest-$group.log" "$logs/test-$group.log"
+  fi
+  count "$group" "$logs/test-$group.log" "$status"
+}
+
 run_tests() {
-  local groups=("$@") group
+  local groups=("$@") group total_passed=0 total_failed=0
   [ ${#groups[@]} -gt 0 ] || groups=("${test_groups[@]}")
-  setup "${test_packages[@]}"
+  for group in "${groups[@]}"; do
+    [ "${preset_of_group[$group]:-}" ] || die "não há grupo de testes \"$group\": ${test_groups[*]}"
+  done
+  setup test
   mkdir -p "$logs"
   for group in "${groups[@]}"; do
-    declare -F "test_$group" >/dev/null || die "não há grupo de testes \"$group\""
-    "test_$group"
+    run_group "$group"
   done
   check_secrecy
-  echo "$passed passed, $failed failed"
-  [ "$failed" = 0 ] && [ "$passed" != 0 ]
+  echo "$total_passed passed, $total_failed failed"
+  [ "$total_failed" = 0 ] && [ "$total_passed" != 0 ]
 }

@@ -1,12 +1,9 @@
 # The Wine environment with the component registered, and the sample archive that runs in it.
 
-# The sample archive in SQLite: archive FILE DOCUMENTS. It is made again only when the tool that makes it is newer.
+# The sample archive in SQLite, by the generator of a preset: archive PRESET FILE DOCUMENTS. It is made again only when the tool that makes it is newer.
 archive() {
-  local file=$1 documents=$2
-  [ "$file" -nt build/native/kodra-demo-data ] && return
-  mkdir -p "$(dirname "$file")"
-  rm -f "$file"
-  logged archive build/native/kodra-demo-data sqlite "$file" --documents "$documents"
+  local generator=build/$1/kodra-demo-data file=$2 documents=$3
+  [ "$file" -nt "$generator" ] || made "$file" "$generator" sqlite --documents "$documents"
 }
 
 windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; }
@@ -15,17 +12,15 @@ windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; 
 register() {
   local dll
   for dll in kodra_ado kodra_siblings KodraRpt; do
-    wine_environment run wine regsvr32 /s "$(windows_path build/win32/$dll.dll)" 2>>"$logs/wine.log" ||
+    wine_environment run wine regsvr32 /s "$(windows_path "build/win32/$dll.dll")" 2>>"$logs/wine.log" ||
       die "não foi possível registrar $dll.dll (veja $logs/wine.log)"
   done
 }
 
 # Only one run at a time may use the Wine environment.
 lock_wine() {
-  mkdir -p "$logs"
-  as_root mkdir -p "$KODRA_CACHE"
-  as_root touch "$KODRA_CACHE/use.lock"
-  exec 8<"$KODRA_CACHE/use.lock"
+  mkdir -p "$KODRA_CACHE"
+  exec 8>>"$KODRA_CACHE/use.lock"
   flock 8
 }
 

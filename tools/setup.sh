@@ -1,0 +1,107 @@
+# The packages of each command, and what else is installed once: the Wine environment and the source of a library.
+
+build_packages=(
+  g++ cmake ninja-build ccache make                                         # native build
+  libgtest-dev libgmock-dev googletest libcli11-dev libsqlite3-dev          # libraries of tests and tools
+  libfmt-dev libxlsxwriter-dev nlohmann-json3-dev                           # libraries of the console program
+  unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
+  mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
+  g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine              # 32-bit Windows: compiler, widl, IDL files
+  libz-mingw-w64-dev                                                        # for the spreadsheet library in Windows programs
+  mmdebstrap arch-test debian-archive-keyring util-linux mount uidmap       # the Wine environment
+)
+package_packages=(wixl msitools zip g++-mingw-w64-x86-64-posix)
+test_packages=(
+  "${package_packages[@]}"
+  clang-format shellcheck time unzip faketime
+  chromium fonts-liberation poppler-utils zbar-tools                        # pages shown, printed, and their barcodes read
+  wine64                                                                    # the component for 64-bit programs
+  openjdk-17-jdk-headless libh2-java libhsqldb-java libderby-java           # the engines that imitate other databases
+)
+fuzz_packages=(clang libclang-rt-14-dev)
+lint_packages=(clang-tidy)
+
+# The packages of a command: packages_of build|package|test|fuzz|lint
+packages_of() {
+  printf '%s\n' "${build_packages[@]}"
+  case $1 in
+    build) ;;
+    package) printf '%s\n' "${package_packages[@]}" ;;
+    test) printf '%s\n' "${test_packages[@]}" ;;
+    fuzz) printf '%s\n' "${fuzz_packages[@]}" ;;
+    lint) printf '%s\n' "${lint_packages[@]}" ;;
+    *) die "setup não conhece \"$1\": build, package, test, fuzz ou lint" ;;
+  esac
+}
+
+missing_packages() {
+  local package packages
+  packages=$(packages_of "$1") || exit
+  for package in $packages; do
+    dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || echo "$package"
+  done
+}
+
+# What only some commands need besides packages: needs_sources COMMAND
+needs_sources() { [ "$1" != build ] && [ "$1" != fuzz ] && [ "$1" != lint ]; }
+
+# Installs what a command needs and is missing: setup [build|package|test|fuzz|lint]
+setup() {
+  local command=${1:-test} names missing
+  names=$(missing_packages "$command") || exit
+  mapfile -t missing < <(printf %s "$names")
+  if [ ${#missing[@]} -gt 0 ]; then
+    step "instala ${#missing[@]} pacotes: ${missing[*]}"
+    # An interrupted installation is finished first; there is none as a rule.
+    logged dpkg-configure as_root dpkg --configure -a
+    logged apt-update as_root apt-get update
+    logged apt-install as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
+  fi
+  wine_environment make
+  if needs_sources "$command"; then windows_sources; fi
+}
+
+# Ends with a message when something that a command needs is missing: need COMMAND
+need() {
+  local names missing
+  names=$(missing_packages "$1")
+  mapfile -t missing < <(printf %s "$names")
+  [ ${#missing[@]} = 0 ] || die "faltam pacotes: ${missing[*]}
+  para instalar tudo o que falta: ./kodra setup $1"
+  wine_environment ready || die "falta o ambiente do Wine em $KODRA_CACHE
+  para prepará-lo: ./kodra setup $1"
+  if needs_sources "$1" && [ ! -d "$KODRA_CACHE/libxlsxwriter" ]; then
+    die "falta o código da biblioteca de planilhas em $KODRA_CACHE
+  para buscá-lo: ./kodra setup $1"
+  fi
+}
+
+# The library that writes spreadsheets, as source, for the console program on Windows: Debian builds it only for Debian.
+# The cache contains it, from Debian's own source package, whose signature apt checks.
+windows_sources() {
+  local folder=$KODRA_CACHE/libxlsxwriter work status=0
+  [ ! -d "$folder" ] || return 0
+  step "busca o código da biblioteca de planilhas, para o Windows"
+  mkdir -p "$KODRA_CACHE" "$logs"
+  work=$(mktemp -d "$KODRA_CACHE/sources.XXXXXX")
+  mkdir -p "$work/lists/partial" "$work/cache/archives/partial"
+  # shellcheck disable=SC2016  # the format is apt's
+  printf 'deb-src %s %s main\n' \
+    "$(apt-get indextargets --format '$(SITE)' 'Identifier: Packages' 'Component: main' | head -n 1)" \
+    "$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)" >"$work/sources.list"
+  (
+    cd "$work"
+    options=(-o Dir::Etc::sourcelist="$work/sources.list" -o Dir::Etc::sourceparts=- -o Dir::State::Lists="$work/lists"
+      -o Dir::Cache="$work/cache" -o APT::Sandbox::User=root)
+    apt-get "${options[@]}" update
+    apt-get "${options[@]}" source --download-only libxlsxwriter
+    mkdir source
+    tar -xzf libxlsxwriter_*.orig.tar.gz -C source --strip-components=1
+    [ -f source/src/workbook.c ]
+  ) >"$logs/libxlsxwriter.log" 2>&1 || status=$?
+  # Another checkout may have been faster.
+  if [ "$status" = 0 ] && [ ! -d "$folder" ]; then mv -T "$work/source" "$folder" 2>/dev/null || [ -d "$folder" ]; fi
+  rm -rf "$work"
+  [ "$status" = 0 ] || { tail -n 20 "$logs/libxlsxwriter.log"
+    die "não foi possível buscar o código da biblioteca de planilhas (saída inteira em $logs/libxlsxwriter.log)"; }
+}
