@@ -5,9 +5,9 @@ namespace kodra::console::guide {
 namespace {
 
 const std::vector<Parameter> kThree = {
-    {"Container1", "Código do primeiro contêiner", "CT01"},
-    {"Container2", "Código do segundo contêiner; vazio não traz nenhum", "CT02"},
-    {"Container3", "Código do terceiro contêiner; vazio não traz nenhum", "CT03"},
+    {"Container1", "Código do primeiro container", "CT01"},
+    {"Container2", "Código do segundo container; vazio não traz nenhum", "CT02"},
+    {"Container3", "Código do terceiro container; vazio não traz nenhum", "CT03"},
 };
 
 }  // namespace
@@ -16,32 +16,34 @@ std::vector<Report> Containers() {
   return {
       {.className = "CContainerRpt",
        .method = "RelatorioContainers",
-       .purpose = "Os contêineres",
-       .columns = {{"NUM_CONTAINER", kText, "Código do contêiner", "Container"},
-                   {"DESC_CONTAINER", kText, "Descrição do contêiner", "Descrição"}},
+       .purpose = "Os containers",
+       .columns = {{"NUM_CONTAINER", kText, "Código do container", "Container"},
+                   {"DESC_CONTAINER", kText, "Descrição do container", "Descrição"}},
        .page = {kListing, "Containers"}},
 
       {.className = "CContainerRpt",
        .method = "EtiquetaAbertura",
-       .purpose = "As etiquetas de até três contêineres",
+       .purpose = "As etiquetas de até três containers",
        .parameters = kThree,
-       .columns = {{"CONTAINER", kText, "Código do contêiner, como foi pedido"},
-                   {"DATA_VENCIMENTO", kDate, "O último prazo dos seus módulos; a data zero se nenhum tem"},
-                   {"TIPO_GUARDA", kText, "T se algum módulo tem prazo, senão o tipo do último módulo"},
+       .columns = {{"CONTAINER", kText, "Código do container, como foi pedido"},
+                   {"DATA_VENCIMENTO", kDate,
+                    "O último prazo dos seus módulos; a data zero, 30/12/1899, se nenhum tem prazo"},
+                   {"TIPO_GUARDA", kText, "T se algum módulo tem prazo; senão, o tipo do último módulo"},
                    {"NOME_EMPRESA", kText, "Nome da organização"}},
-       .oddities = {{"Com um módulo com prazo o contêiner é do tipo T, quaisquer que sejam os tipos dos módulos",
-                     "A container with one dated module is of kind \"T\","},
-                    {"O nome da organização é o da última linha de parâmetros que o banco der",
-                     "A container's label may name any company."},
-                    {"Um contêiner pedido duas vezes tem duas etiquetas", "A container named twice has two labels."},
-                    kPastedFilters},
+       .oddities =
+           {{"Basta um módulo com prazo para o container ser do tipo T, quaisquer que sejam os tipos dos módulos",
+             "A container with one dated module is of kind \"T\","},
+            {"O nome da organização é o da última linha de parâmetros que o banco devolver",
+             "A container's label may name any company."},
+            {"Um container pedido duas vezes sai em duas etiquetas", "A container named twice has two labels."},
+            kPastedFilters},
        .page = {kContainerLabels}},
 
       {.className = "CContainerRpt",
        .method = "EtiquetaAberturaSubRpt",
-       .purpose = "Os módulos de até três contêineres, para as suas etiquetas",
+       .purpose = "Os módulos de até três containers, para as suas etiquetas",
        .parameters = kThree,
-       .columns = {{"CONTAINER", kText, "Código do contêiner", "Container"},
+       .columns = {{"CONTAINER", kText, "Código do container", "Container"},
                    {"NUM_CAIXA", kText, "Código do módulo", "Módulo"}},
        .oddities = {kPastedFilters},
        .page = {kListing, "Módulos dos containers"}},

@@ -5,17 +5,17 @@ namespace kodra::console::guide {
 namespace {
 
 const std::vector<Parameter> kDocumentFilter = {
-    {"DataArmazenamento1", "Primeiro dia do período de armazenamento; só conta se DataArmazenamento2 for dada",
+    {"DataArmazenamento1", "Primeiro dia do período de armazenamento; só vale se DataArmazenamento2 for informada",
      "01/02/2024"},
-    {"DataArmazenamento2", "Último dia do período; é ela que liga o filtro", "29/02/2024"},
-    {"CodDepto", "Código do departamento, como está no banco; vazio não filtra", "001"},
+    {"DataArmazenamento2", "Último dia do período; é esta data que liga o filtro", "29/02/2024"},
+    {"CodDepto", "Código do departamento, como gravado no banco; vazio não filtra", "001"},
 };
 const std::vector<Oddity> kDocumentOddities = {
-    {"Só a segunda data liga o período; sozinha, o período começa em 30/12/1899",
+    {"Só a segunda data liga o filtro; sem a primeira, o período começa em 30/12/1899",
      "Only the second date switches the period on."},
-    {"Os limites levam a hora, mas quem decide o que o banco vê deles é o dialeto",
+    {"Os limites do período têm hora, mas é o dialeto que decide se ela chega ao banco",
      "The last day may end at midnight."},
-    {"No SQLite um período é erro de sintaxe", "On SQLite a date bound is not quoted."},
+    {"No SQLite, filtrar por período dá erro de sintaxe", "On SQLite a date bound is not quoted."},
     kPastedFilters,
 };
 
@@ -25,7 +25,7 @@ std::vector<Report> Documents() {
   return {
       {.className = "CDocumentoRpt",
        .method = "RelatorioSintetico",
-       .purpose = "Os documentos em resumo: suporte, lugar, datas, folhas",
+       .purpose = "Os documentos em resumo: suporte, localização, datas e folhas",
        .parameters = kDocumentFilter,
        .columns = {kCodDocto, kDescrSuporte, kNumCaixa, kNumCd, kDtArmaz, kDtVenc, kFrente, kVerso},
        .oddities = kDocumentOddities,
@@ -33,7 +33,7 @@ std::vector<Report> Documents() {
 
       {.className = "CDocumentoRpt",
        .method = "RelatorioAnalitico",
-       .purpose = "Os documentos em detalhe: classificação, chaves, arquivo",
+       .purpose = "Os documentos em detalhe: classificação, chaves e arquivo",
        .parameters = kDocumentFilter,
        .columns = {kCodDocto,
                    kDescrGrupo,
@@ -85,28 +85,28 @@ std::vector<Report> Documents() {
 
       {.className = "CSolicitacaoRpt",
        .method = "RelatorioRetiradaOriginal",
-       .purpose = "A guia de retirada dos originais de solicitações",
+       .purpose = "A guia de retirada dos originais solicitados",
        .parameters = {{"CodSolicit", "Código da solicitação, ou vários separados por vírgula; entra no SQL sem aspas",
                        "1"}},
        .columns = {{"OPERADOR", kText, "Nome completo de quem retira, ou o seu nome de acesso", "Operador", kFact},
-                   {"DOCUMENTOS", kText, "Linha pronta: documento, módulo e lugar", "Documentos"},
+                   {"DOCUMENTOS", kText, "Linha pronta: documento, módulo e localização", "Documentos"},
                    {"DEVOLUCAO", kText, "Frase pronta sobre a devolução", "Devolução", kFact},
                    {"OBS_SOLICIT", kText, "Observação da solicitação, ou -", "Observação", kFact}},
-       .oddities = {{"Várias solicitações saem em uma guia só, com o operador, a frase e a observação da primeira que "
-                     "o banco der",
+       .oddities = {{"Várias solicitações saem em uma só guia, com o operador, a frase e a observação da primeira que "
+                     "o banco devolver",
                      "Withdrawal: several requests share one sentence."},
-                    {"Sem documento é erro, não uma guia vazia", "Withdrawal: no document is an error,"},
-                    {"O recordset vem parado na última linha", "Withdrawal: the slip is on its last row."}},
+                    {"Sem documentos dá erro, em vez de uma guia vazia", "Withdrawal: no document is an error,"},
+                    {"O recordset vem posicionado na última linha", "Withdrawal: the slip is on its last row."}},
        .failures = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
                      "A solicitação não tem documento em nenhum módulo: confira CodSolicit"}},
        .page = {kListing, "Retirada de originais"},
        .sqlNote = "a segunda instrução depende dos dados da primeira: 30/12/1899 está no lugar da data de devolução do "
-                  "último documento, e com dois documentos ou mais as frases vão para o plural"},
+                  "último documento e, com dois ou mais documentos, as frases vão para o plural"},
 
       {.className = "CSolicitacaoRpt",
        .method = "RelatorioDevolucaoOriginal",
        .purpose = "Os originais retirados ou já devolvidos",
-       .parameters = {{"ListarJaDevolvidos", "Sim junta os originais já devolvidos; muda também o título", "sim"}},
+       .parameters = {{"ListarJaDevolvidos", "Sim inclui os originais já devolvidos e muda o título", "sim"}},
        .columns = {{"TITULO", kText, "Título da listagem", {}, kTitle},
                    kCodDocto,
                    {"DESCR_OPERADOR", kText, "Nome completo de quem retirou, ou o seu nome de acesso", "Operador"},
@@ -115,7 +115,7 @@ std::vector<Report> Documents() {
                    {"DT_DEVOLUCAO", kText, "Data de devolução, dd/mm/aaaa", "Data da devolução"}},
        .oddities = {{"CodSolicit não é usado: a listagem cobre todas as solicitações",
                      "Returned originals: CodSolicit is not used."},
-                    {"No SQLite a data não tem texto e a instrução é erro de sintaxe",
+                    {"No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe",
                      "On SQLite a date has no text."}},
        .page = {kListing, "Originais retirados"}},
 
@@ -125,7 +125,7 @@ std::vector<Report> Documents() {
        .parameters = {{"MaquinaOrigem", "Computador de onde veio o evento", "BALCAO01", false},
                       {"Operador", "Nome do operador", "MARIA", false},
                       {"Acao", "Texto da ação", "retirada", false},
-                      {"Evento", "Tipo de evento; contam os três primeiros caracteres, em maiúsculas", "ALT", false},
+                      {"Evento", "Tipo de evento; valem os três primeiros caracteres, em maiúsculas", "ALT", false},
                       {"CodDocto", "Código do documento", "D000001", false},
                       {"DataInicial", "Primeiro dia", "01/02/2024", false},
                       {"DataFinal", "Último dia", "29/02/2024", false}},
@@ -167,12 +167,12 @@ std::vector<Report> Documents() {
                    {"ACAO30", kText, "Parte 30 da ação, até 250 caracteres", {}, kContinuation},
                    {"ACAO31", kText, "Parte 31 da ação, até 250 caracteres", {}, kContinuation},
                    {"ACAO32", kText, "Parte 32 da ação, até 250 caracteres", {}, kContinuation}},
-       .oddities = {{"Uma ação de mais de 8000 caracteres é erro, porque não há campo ACAO33",
+       .oddities = {{"Uma ação com mais de 8000 caracteres dá erro, porque não existe um campo ACAO33",
                      "Log: an action longer than 8000 characters fails the report,"},
-                    {"Nenhum evento é erro; nenhuma coleção é Nothing",
+                    {"Uma coleção sem eventos dá erro; sem coleção, o resultado é Nothing",
                      "Log: no event is an error, no collection is Nothing."}},
-       .failures = {{"O texto do ADO instalado para \"nenhum registro atual\" (3021)",
-                     "Nenhum evento passa pelo filtro: alargue o período ou tire filtros"}},
+       .failures = {{"A mensagem do ADO instalado para \"nenhum registro atual\" (3021)",
+                     "Nenhum evento passa pelos filtros: amplie o período ou tire filtros"}},
        .page = {kListing, "Registro de eventos"}},
   };
 }

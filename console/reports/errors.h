@@ -10,18 +10,19 @@ namespace kodra::console::guide {
 
 struct Error {
   std::int32_t number;
-  // As the component writes it, with … for what changes.
+  // As the component writes it, with … for the part that varies.
   std::string_view text;
-  // Where it comes from and what to do, Brazilian Portuguese in UTF-8, a sentence without a full stop.
+  // Where the error comes from and what to do, in Brazilian Portuguese (UTF-8), without a full stop.
   std::string_view remedy;
 };
 
-// Those that reach a client by this number: the frame of the report methods, and what comes without it.
+// The errors that reach a client under their own number: those of the report methods, and those raised outside them.
 std::span<const Error> Errors();
-// Those that a client reads in the description only: a report's frame has dropped their number and source.
+// The causes of report errors. A client sees their text in the description; the report drops the number and, except in
+// CCaixaRpt, the source.
 std::span<const Error> Causes();
 
-// "80041FAB (-2147213397)", and "429" for an error of the runtime.
+// A number as the pages show it: "80041FAB (-2147213397)", or "429" for an error of the runtime.
 std::string NumberWords(std::int32_t number);
 
 }  // namespace kodra::console::guide

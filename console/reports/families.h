@@ -1,4 +1,4 @@
-// The guide's families of reports, one file each, and the columns and oddities that they share.
+// The guide's entries by family of reports, one file per family, and the columns and oddities that families share.
 #pragma once
 
 #include "console/reports/guide.h"
@@ -39,8 +39,8 @@ inline constexpr Column kTipoGuarda = {
 inline constexpr Column kAnosVencimento = {"ANOS_VENCIMENTO", kNumber, "Anos de guarda", "Anos"};
 
 inline constexpr Oddity kPastedFilters = {
-    "Os filtros entram no SQL entre aspas simples como foram dados: uma aspa no "
-    "valor é erro de sintaxe no banco",
+    "Os filtros entram no SQL entre aspas simples, como foram informados: um apóstrofo no valor dá erro de sintaxe no "
+    "banco",
     "Filters are pasted between quotes as they are."};
 
 }  // namespace kodra::console::guide

@@ -1,7 +1,7 @@
-// What people should know about each report, one entry each: purpose, parameters, columns, oddities, failures, and how
-// it is printed. `lista`, `descreve`, the printed pages and the reference pages are made of it.
+// What people should know about each report: purpose, parameters, columns, oddities, failures, and how it is printed.
+// The commands `lista` and `descreve`, the printed pages and the reference pages are generated from these entries.
 //
-// Names are looked up by class and method. Texts are Brazilian Portuguese in UTF-8, sentences without a full stop.
+// Texts are Brazilian Portuguese in UTF-8, sentences without a full stop.
 #pragma once
 
 #include <string_view>
@@ -13,17 +13,17 @@ namespace kodra::console::guide {
 
 enum class ValueType { kText, kNumber, kDate, kFlag };
 
-// Where the printed page shows a column. Labels and the figures of a statistic take their columns by name.
+// Where the printed page shows a column. Labels and the figures of a statistic look their columns up by name instead.
 enum class Place {
-  kColumn,        // in a listing's table, under its caption
-  kDetail,        // below a row of a listing, behind its caption, where it is not empty
-  kContinuation,  // in the text of the column before it, which goes on in this one
-  kTitle,         // the title, where it is not empty
-  kSubtitle,      // a statistic's subtitle; several are joined
-  kFact,          // once above the table, behind its caption
-  kBlock,         // a statistic's lines are put together by it
-  kLine,          // a statistic has a line for each of its values
-  kCount,         // a line of a statistic, named by its caption
+  kColumn,        // in the table of a listing, under its caption
+  kDetail,        // below a row of a listing, after its caption, unless it is empty
+  kContinuation,  // continues the text of the column before it
+  kTitle,         // the title, unless it is empty
+  kSubtitle,      // the subtitle of a statistic; several are joined
+  kFact,          // once above the table, after its caption
+  kBlock,         // groups the lines of a statistic
+  kLine,          // a statistic has one line for each of its values
+  kCount,         // one line of a statistic, named by its caption
   kTotal,         // what a statistic adds up
   kNowhere,
 };
@@ -32,12 +32,14 @@ struct Column {
   std::string_view name;
   ValueType type;
   std::string_view meaning;
-  // What it is called on paper.
+  // Its name on the printed page.
   std::string_view caption = {};
   Place place = Place::kColumn;
-  // A column whose text is the caption instead, where it is not empty: the archive names the thing itself.
+  // The column that contains the caption, for things that each archive names itself. Where that column is empty,
+  // `caption` is used.
   std::string_view captionColumn = {};
-  // The values of TipoRpt for which the column is there, "*" for all others; empty for a column that is always there.
+  // The values of TipoRpt with which the recordset has the column; "*" means all values that no other column names, and
+  // empty means always.
   std::string_view kinds = {};
 };
 
@@ -45,11 +47,11 @@ struct Column {
 struct Parameter {
   std::string_view name;
   std::string_view effect;
-  // A value as typed on a command line, for examples.
+  // An example, as typed on a command line.
   std::string_view sample;
-  // Whether it has a part in the text of the statements.
+  // Whether it changes the text of the statements.
   bool changesSql = true;
-  // Values with which the report sends other statements than with the sample.
+  // Further values, with which the report sends other statements than with the sample.
   std::vector<std::string_view> otherSamples = {};
 };
 
@@ -60,7 +62,7 @@ struct Oddity {
   std::string_view entry;
 };
 
-// What the report alone can fail with: the cause as the description contains it, and what to do.
+// An error that only this report raises: the cause as the description contains it, and what to do.
 struct Failure {
   std::string_view cause;
   std::string_view remedy;
@@ -70,9 +72,9 @@ enum class PageKind { kListing, kStatistic, kOpeningLabels, kClosingLabels, kDiv
 
 struct Page {
   PageKind kind;
-  // Of a listing or a statistic, where no column has the title.
+  // The title of a listing or a statistic, unless a column is Place::kTitle and not empty.
   std::string_view title = {};
-  // What the lines of a statistic are where no column is Place::kLine.
+  // The heading of the lines of a statistic in which no column is Place::kLine.
   std::string_view lineCaption = {};
   // The columns that come first in their place, in this order; the others follow in the order of the recordset.
   std::vector<std::string_view> first = {};
@@ -93,9 +95,9 @@ struct Report {
   std::string_view sqlNote = {};
 };
 
-// All entries, in no order that counts.
+// All entries, family by family.
 const std::vector<Report>& Reports();
-// The entry of a report, or null for a name that is none.
+// The entry of a report, or null if there is none of these names.
 const Report* Find(std::wstring_view className, std::wstring_view method);
 // The entry of a method; every method has one.
 const Report& About(const reports::ReportMethod& method);

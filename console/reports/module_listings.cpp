@@ -6,17 +6,17 @@ namespace {
 
 const Parameter kDepto = {"CodDepto", "Código do departamento; só filtra se o seu valor numérico for maior que zero",
                           "001"};
-const Parameter kPregresso = {"ModoPregresso", "Sim deixa só os módulos do acervo pregresso", "sim"};
+const Parameter kPregresso = {"ModoPregresso", "Sim lista só os módulos do acervo pregresso", "sim"};
 
 constexpr Column kFileira = {"FILEIRA", kText, "Fileira", "Fileira"};
 constexpr Column kEstante = {"ESTANTE", kText, "Estante", "Estante"};
 constexpr Column kPrateleira = {"PRATELEIRA", kText, "Prateleira", "Prateleira"};
 
-constexpr Oddity kConnection = {"Pela propriedade Conexao vêm só os módulos principais, sem ordem",
+constexpr Oddity kConnection = {"Com a propriedade Conexao, vêm só os módulos principais, sem ordem definida",
                                 "A client's connection returns other rows than a connection string."};
 constexpr Oddity kRepeated = {"As condições dos filtros se repetem em uma metade da instrução e faltam na outra",
                               "Filters repeat."};
-constexpr Oddity kDepartmentText = {"Um departamento 0 não filtra, e 007 entra como 007",
+constexpr Oddity kDepartmentText = {"O departamento 0 não filtra, e 007 entra no SQL como 007",
                                     "A department of 0 is no department, and 007 stays 007"};
 
 }  // namespace
@@ -35,7 +35,7 @@ std::vector<Report> ModuleListings() {
        .method = "ModulosVencidos",
        .purpose = "Os módulos que chegaram ao prazo de descarte",
        .parameters = {kDepto, kPregresso},
-       .columns = {{"DESCR_DEPTO", kText, "Departamento; nulo se o módulo não tem", "Departamento"},
+       .columns = {{"DESCR_DEPTO", kText, "Departamento; nulo se o módulo não tem departamento", "Departamento"},
                    kModulo,
                    kDescCaixa,
                    kDocInicial,
@@ -50,14 +50,14 @@ std::vector<Report> ModuleListings() {
                     kRepeated,
                     {"O subordinado vem com as folhas e os documentos do módulo principal",
                      "A due subordinate counts its parent's documents and pages."},
-                    {"O módulo AA000 só fica fora da metade dos principais",
+                    {"O módulo AA000 só fica de fora na metade dos módulos principais",
                      "The module AA000 is left out of the main half only"},
                     kDepartmentText},
        .page = {kListing, "Módulos vencidos"}},
 
       {.className = "CCaixaRpt",
        .method = "DocsNoModulo",
-       .purpose = "O cabeçalho de um módulo: lugar, depósito e prazos",
+       .purpose = "O cabeçalho de um módulo: localização, depósito e prazos",
        .parameters = {{"Modulo1",
                        "Código do módulo: 5 caracteres para um principal, 7 para um subordinado",
                        "AA001",
@@ -74,7 +74,7 @@ std::vector<Report> ModuleListings() {
                    {"FILEIRA", kText, "Fileira; vazia no subordinado", "Fileira"},
                    {"ESTANTE", kText, "Estante; vazia no subordinado", "Estante"},
                    {"PRATELEIRA", kText, "Prateleira; vazia no subordinado", "Prateleira"},
-                   {"CONTAINER", kText, "Contêiner; vazio no subordinado", "Container"},
+                   {"CONTAINER", kText, "Container; vazio no subordinado", "Container"},
                    {"DEPOSITO", kText, "Depósito", "Depósito", kDetail},
                    {"ENDERECO", kText, "Endereço do depósito", "Endereço", kDetail},
                    {"CIDADE", kText, "Cidade do depósito", "Cidade", kDetail},
@@ -87,11 +87,12 @@ std::vector<Report> ModuleListings() {
       {.className = "CCaixaRpt",
        .method = "DocsNoModuloSubRpt",
        .purpose = "Os códigos dos documentos de um módulo",
-       .parameters = {{"Modulo1", "Código do módulo; contam os 5 primeiros caracteres, o módulo principal", "AA001"}},
+       .parameters = {{"Modulo1", "Código do módulo; valem os 5 primeiros caracteres, o módulo principal", "AA001"}},
        .columns = {kCodDocto},
-       .oddities = {{"O método não confere nada, não grava no log e o erro chega como é, sem o texto e o número dos "
-                     "outros",
-                     "DocsNoModuloSubRpt has no frame."}},
+       .oddities =
+           {{"O método não confere nada nem grava no log, e o erro chega como é, sem o texto e o número dos erros "
+             "dos outros métodos",
+             "DocsNoModuloSubRpt has no frame."}},
        .page = {kListing, "Documentos de um módulo"}},
 
       {.className = "CCaixaRpt",
@@ -104,7 +105,7 @@ std::vector<Report> ModuleListings() {
 
       {.className = "CCaixaRpt",
        .method = "RelatoriosModulos",
-       .purpose = "Todos os módulos, com o seu lugar",
+       .purpose = "Todos os módulos, com a sua localização",
        .parameters = {kDepto,
                       {"SomenteExistentes", "Sim deixa de fora os módulos descartados (E) e os de tipo P", "sim"},
                       kPregresso,
@@ -122,11 +123,10 @@ std::vector<Report> ModuleListings() {
                    kFileira,
                    kEstante,
                    kPrateleira,
-                   {"CONTAINER", kText, "Contêiner", "Container"},
+                   {"CONTAINER", kText, "Container", "Container"},
                    kTipoGuarda},
        .oddities = {kConnection,
-                    {"Dos dois tipos que SomenteExistentes tira, o segundo é lido do módulo principal também no "
-                     "subordinado",
+                    {"Com SomenteExistentes, o tipo P é lido do módulo principal também para o subordinado",
                      "Existing modules: the second test of a subordinate reads its parent's kind."},
                     kDepartmentText},
        .page = {kListing, "Módulos"}},
@@ -134,14 +134,15 @@ std::vector<Report> ModuleListings() {
       {.className = "CCaixaRpt",
        .method = "AutorizacaoDescarteModuloSubRpt",
        .purpose = "Os documentos de um módulo com totais, para autorizar o descarte",
-       .parameters = {{"Modulo1", "Código de um módulo principal, 5 caracteres; outro tamanho dá uma linha em branco",
+       .parameters = {{"Modulo1",
+                       "Código de um módulo principal, 5 caracteres; com outro tamanho vem uma linha em branco",
                        "AA001"}},
        .columns = {kCodDocto,
                    {"TOTAL_DOCS", kNumber, "Documentos do módulo", "Total de documentos", kFact},
                    {"TOTAL_PAGINAS", kNumber, "Folhas e versos do módulo", "Total de páginas", kFact}},
        .oddities = {kPastedFilters},
        .page = {kListing, "Autorização de descarte: documentos do módulo"},
-       .sqlNote = "a segunda instrução só é enviada se a primeira não der nenhuma linha"},
+       .sqlNote = "a segunda instrução só é enviada se a primeira não devolver nenhuma linha"},
   };
 }
 

@@ -1,4 +1,4 @@
-// The list of report methods, as the IDL has them.
+// The list of report methods, generated from the IDL.
 #include "console/reports/report_methods.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace kodra::reports {
 namespace {
 
-// Runs a report of a new object.
+// Runs a report method of a new object.
 template <class Call>
 frame::ReportRows RunNew(std::wstring_view className, std::wstring_view method, frame::ReportRows (*report)(Call&),
                          platform::Surroundings& surroundings, const std::wstring& connectionString,
@@ -30,12 +30,10 @@ constexpr auto kMethods = [] {
    }},
 #include "idl/public_classes.def"
   });
-  // People read about modules before containers; the IDL has CCaixaRpt last.
+  // People read about modules before containers; in the IDL CCaixaRpt is the last report class.
   const auto containers = std::ranges::find(methods, L"CContainerRpt", &ReportMethod::className);
   const auto modules = std::ranges::find(methods, L"CCaixaRpt", &ReportMethod::className);
-  const auto rest = std::find_if(modules, methods.end(),
-                                 [&](const ReportMethod& method) { return method.className != modules->className; });
-  std::rotate(containers, modules, rest);
+  std::rotate(containers, modules, methods.end());
   return methods;
 }();
 

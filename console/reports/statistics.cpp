@@ -4,26 +4,26 @@
 namespace kodra::console::guide {
 namespace {
 
-const Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; sai também no título", "01/02/2024"};
-const Parameter kLastDay = {"DataFinal", "Último dia do período; sai também no título", "29/02/2024"};
-const Parameter kOwnerText = {"Owner", "Texto que volta na coluna OWNER", "Arquivo Geral"};
-const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio é todos", "001"};
-// Of the statistics by support and by subgroup.
+const Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; aparece também no título", "01/02/2024"};
+const Parameter kLastDay = {"DataFinal", "Último dia do período; aparece também no título", "29/02/2024"};
+const Parameter kOwnerText = {"Owner", "Texto devolvido na coluna OWNER", "Arquivo Geral"};
+const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio inclui todos", "001"};
+// TipoRpt in the statistics by support and by subgroup.
 const Parameter kCounted = {
-    "TipoRpt", "F traz folhas, P folhas e versos, outro valor só os documentos", "F", true, {"P", "N"}};
+    "TipoRpt", "F traz as folhas; P, folhas e versos; outro valor, só os documentos", "F", true, {"P", "N"}};
 
-constexpr Column kPeriod = {"TIT1", kText, "Título: Período: … a …", {}, kSubtitle};
+constexpr Column kPeriod = {"TIT1", kText, "Título: \"Período: … a …\"", {}, kSubtitle};
 constexpr Column kOperador = {"OPERADOR", kText, "Operador do filtro, ou Todos os Operadores", "Operador", kFact};
 constexpr Column kDepto = {"DEPTO", kText, "Departamento do filtro, ou Todos os Departamentos", "Departamento", kFact};
 constexpr Column kFundo = {"FUNDO", kText, "Nome da organização", "Fundo", kFact};
-constexpr Column kOwner = {"OWNER", kText, "O parâmetro Owner", "Responsável", kFact};
-// What is counted, by the kind of report that was asked for.
+constexpr Column kOwner = {"OWNER", kText, "O valor do parâmetro Owner", "Responsável", kFact};
+// What is counted depends on TipoRpt.
 constexpr Column kSheets = {.name = "FRENTE", .type = kNumber, .meaning = "Folhas: páginas de frente", .kinds = "FP"};
 constexpr Column kBacks = {.name = "VERSO", .type = kNumber, .meaning = "Páginas de verso", .kinds = "P"};
 constexpr Column kDocument = {.name = "COD_DOCTO", .type = kText, .meaning = "Código do documento", .kinds = "*"};
 
 constexpr Oddity kBrokenPeriodOnSqlite = {
-    "No SQLite a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período",
+    "No SQLite, a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período",
     "On SQLite a date bound is not quoted."};
 
 }  // namespace
@@ -36,10 +36,10 @@ std::vector<Report> Statistics() {
        .parameters = {kOwnerText,
                       kFirstDay,
                       kLastDay,
-                      {"CodOperador", "Código do operador que armazenou; vazio é todos", "001"},
+                      {"CodOperador", "Código do operador que armazenou; vazio inclui todos", "001"},
                       kCodDepto,
                       {"TipoRpt",
-                       "P traz folhas e versos, F só folhas, outro valor o código do documento",
+                       "P traz folhas e versos; F, só folhas; outro valor, o código do documento",
                        "P",
                        true,
                        {"F", "N"}}},
@@ -52,7 +52,7 @@ std::vector<Report> Statistics() {
                    kSheets,
                    kBacks,
                    kDocument},
-       .oddities = {{"O módulo AA000 e o suporte DIGITAL não contam; nas outras estatísticas contam",
+       .oddities = {{"O módulo AA000 e o suporte DIGITAL não contam; nas outras estatísticas, contam",
                      "Imaging leaves out AA000 and the support DIGITAL; the other statistics count them."},
                     kBrokenPeriodOnSqlite,
                     kPastedFilters},
@@ -62,7 +62,7 @@ std::vector<Report> Statistics() {
        .method = "RelatorioEstatisticasPorDocumento",
        .purpose = "Os documentos indexados em um período",
        .parameters = {kOwnerText,
-                      {"CodOperador", "Código do operador que indexou; vazio é todos", "001"},
+                      {"CodOperador", "Código do operador que indexou; vazio inclui todos", "001"},
                       kCodDepto,
                       kFirstDay,
                       kLastDay},
@@ -79,43 +79,45 @@ std::vector<Report> Statistics() {
       {.className = "CEstatIndexRpt",
        .method = "RelatorioEstatisticasPorPalavrasChave",
        .purpose = "Os totais de palavras-chave que o cliente contou",
-       .parameters = {kOwnerText,
-                      {"DescrDepto", "Texto que volta na coluna DEPTO", "Todos os Departamentos"},
-                      {"DescrOperador", "Texto que volta na coluna OPERADOR", "Todos os Operadores"},
-                      {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024"},
-                      {"DataFinal", "Último dia do período, só para o título", "29/02/2024"},
-                      {"NumeroPC1", "Documentos com a palavra-chave 1, contados pelo cliente; vai sem aspas", "12"},
-                      {"NumeroPC2", "Documentos com a palavra-chave 2, contados pelo cliente; vai sem aspas", "22"},
-                      {"NumeroPC3", "Documentos com a palavra-chave 3, contados pelo cliente; vai sem aspas", "32"},
-                      {"NumeroPC4", "Documentos com a palavra-chave 4, contados pelo cliente; vai sem aspas", "42"},
-                      {"NumeroPC5", "Documentos com a palavra-chave 5, contados pelo cliente; vai sem aspas", "52"},
-                      {"NumeroObs", "Documentos com observação, contados pelo cliente; vai sem aspas", "7"}},
+       .parameters =
+           {kOwnerText,
+            {"DescrDepto", "Texto devolvido na coluna DEPTO", "Todos os Departamentos"},
+            {"DescrOperador", "Texto devolvido na coluna OPERADOR", "Todos os Operadores"},
+            {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024"},
+            {"DataFinal", "Último dia do período, só para o título", "29/02/2024"},
+            {"NumeroPC1", "Documentos com a palavra-chave 1, contados pelo cliente; entra no SQL sem aspas", "12"},
+            {"NumeroPC2", "Documentos com a palavra-chave 2, contados pelo cliente; entra no SQL sem aspas", "22"},
+            {"NumeroPC3", "Documentos com a palavra-chave 3, contados pelo cliente; entra no SQL sem aspas", "32"},
+            {"NumeroPC4", "Documentos com a palavra-chave 4, contados pelo cliente; entra no SQL sem aspas", "42"},
+            {"NumeroPC5", "Documentos com a palavra-chave 5, contados pelo cliente; entra no SQL sem aspas", "52"},
+            {"NumeroObs", "Documentos com observação, contados pelo cliente; entra no SQL sem aspas", "7"}},
        .columns = {kPeriod,
-                   {"OPERADOR", kText, "O parâmetro DescrOperador", "Operador", kFact},
-                   {"DEPTO", kText, "O parâmetro DescrDepto", "Departamento", kFact},
-                   {"PC1", kNumber, "O parâmetro NumeroPC1", "Chave 1", kCount},
-                   {"PC2", kNumber, "O parâmetro NumeroPC2", "Chave 2", kCount},
-                   {"PC3", kNumber, "O parâmetro NumeroPC3", "Chave 3", kCount},
-                   {"PC4", kNumber, "O parâmetro NumeroPC4", "Chave 4", kCount},
-                   {"PC5", kNumber, "O parâmetro NumeroPC5", "Chave 5", kCount},
-                   {"OBS", kNumber, "O parâmetro NumeroObs", "Observação", kCount},
+                   {"OPERADOR", kText, "O valor do parâmetro DescrOperador", "Operador", kFact},
+                   {"DEPTO", kText, "O valor do parâmetro DescrDepto", "Departamento", kFact},
+                   {"PC1", kNumber, "O valor do parâmetro NumeroPC1", "Chave 1", kCount},
+                   {"PC2", kNumber, "O valor do parâmetro NumeroPC2", "Chave 2", kCount},
+                   {"PC3", kNumber, "O valor do parâmetro NumeroPC3", "Chave 3", kCount},
+                   {"PC4", kNumber, "O valor do parâmetro NumeroPC4", "Chave 4", kCount},
+                   {"PC5", kNumber, "O valor do parâmetro NumeroPC5", "Chave 5", kCount},
+                   {"OBS", kNumber, "O valor do parâmetro NumeroObs", "Observação", kCount},
                    kFundo,
                    kOwner},
        .oddities = {{"Um número vazio deixa a instrução com erro de sintaxe", "A count left empty is invalid SQL."}},
        .failures = {{"Erro de sintaxe do banco",
-                     "Dê um número a NumeroPC1 até NumeroPC5 e a NumeroObs, mesmo que seja 0"}},
+                     "Informe um número em NumeroPC1 a NumeroPC5 e em NumeroObs, mesmo que seja 0"}},
        .page = {kStatistic, "Estatísticas de indexação por palavras-chave", "Chave", {"FUNDO"}}},
 
       {.className = "CEstatSuporteRpt",
        .method = "RelatorioEstatisticas",
        .purpose = "Os documentos, folhas ou páginas armazenados, por suporte",
        .parameters = {kFirstDay, kLastDay, kCounted},
-       .columns = {{"TIT", kText, "Título: Período: … a …", {}, kSubtitle},
-                   kCodDocto,
-                   {"DESCR_SUPORTE", kText, "Suporte", "Suporte", kLine},
-                   kSheets,
-                   {.name = "VERSO", .type = kNumber, .meaning = "Páginas de verso; 0 com TipoRpt F", .kinds = "FP"}},
-       .oddities = {{"Com F as folhas vêm com um verso sempre 0", "Front pages come with a back count of 0"},
+       .columns =
+           {{"TIT", kText, "Título: \"Período: … a …\"", {}, kSubtitle},
+            kCodDocto,
+            {"DESCR_SUPORTE", kText, "Suporte", "Suporte", kLine},
+            kSheets,
+            {.name = "VERSO", .type = kNumber, .meaning = "Páginas de verso; sempre 0 com TipoRpt F", .kinds = "FP"}},
+       .oddities = {{"Com F, a coluna VERSO vem sempre com 0", "Front pages come with a back count of 0"},
                     kBrokenPeriodOnSqlite},
        .page = {kStatistic, "Estatísticas por suporte"}},
 
@@ -136,9 +138,10 @@ std::vector<Report> Statistics() {
 
       {.className = "CEstatSerieRpt",
        .method = "RelatorioEstatisticas",
-       .purpose = "Os totais armazenados por série de um subgrupo",
+       .purpose = "Os totais armazenados em cada série de um subgrupo",
        .parameters = {kFirstDay,
-                      {"DataFinal", "Último dia do período; a instrução vai até o dia seguinte, inclusive",
+                      {"DataFinal",
+                       "Último dia do período; a instrução vai até a meia-noite do dia seguinte, inclusive",
                        "29/02/2024"},
                       {"TipoRpt", "N conta documentos; F, P e qualquer outro somam as folhas", "N", true, {"F", "P"}},
                       {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001"}},
@@ -148,9 +151,9 @@ std::vector<Report> Statistics() {
                    {"Subgrupo", kText, "O nome que a instalação dá ao subgrupo, e o subgrupo", {}, kBlock},
                    {"Serie", kText, "Série", "Série", kLine},
                    {"Total", kNumber, "Documentos, com TipoRpt N; senão, soma das folhas", "Total", kTotal}},
-       .oddities = {{"F e P só mudam o subtítulo: as duas somam as folhas, como qualquer valor que não seja N",
+       .oddities = {{"F e P só mudam o subtítulo: os dois somam as folhas, como qualquer valor que não seja N",
                      "Pages are front pages in the series statistics."},
-                    {"A meia-noite do dia seguinte ao último conta", "The series statistics end a day later."},
+                    {"A meia-noite do dia seguinte ao último também conta", "The series statistics end a day later."},
                     kBrokenPeriodOnSqlite},
        .page = {kStatistic, "Estatísticas por série"}},
   };

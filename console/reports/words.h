@@ -1,4 +1,4 @@
-// The guide's facts as words, the same on the console and on the reference pages.
+// Phrases for the guide's entries, the same on the console and on the reference pages.
 #pragma once
 
 #include <string>
@@ -11,11 +11,11 @@ namespace kodra::console::guide {
 
 // "texto", "número", "data", "sim ou não".
 std::string_view TypeWord(ValueType type);
-// What a property holds and what assigning it does: "texto, só a primeira letra, em maiúscula".
+// The type of a property and what an assignment keeps of a value: "texto, só a primeira letra, em maiúscula".
 std::string_view RuleWords(frame::PropertyRule rule);
 // What a property does in a report; "não é lido" for one that the report does not read.
 std::string EffectWords(const reports::ReportMethod& method, const frame::Property& property);
-// A column's meaning, with the values of TipoRpt that bring it.
+// A column's meaning, with the values of TipoRpt with which the recordset has it.
 std::string MeaningWords(const Column& column);
 
 }  // namespace kodra::console::guide

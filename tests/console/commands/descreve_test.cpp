@@ -15,7 +15,7 @@ TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
                  "Parâmetros (CSolicitacaoRptObj):\n"
                  "  --Owner               texto       não é lido\n"
                  "  --CodSolicit          texto       não é lido\n"
-                 "  --ListarJaDevolvidos  sim ou não  Sim junta os originais já devolvidos; muda também o título\n"
+                 "  --ListarJaDevolvidos  sim ou não  Sim inclui os originais já devolvidos e muda o título\n"
                  "\n"
                  "Colunas:\n"
                  "  TITULO          texto  Título da listagem\n"
@@ -27,7 +27,7 @@ TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
                  "\n"
                  "Parece errado e é assim mesmo:\n"
                  "  - CodSolicit não é usado: a listagem cobre todas as solicitações.\n"
-                 "  - No SQLite a data não tem texto e a instrução é erro de sintaxe.\n",
+                 "  - No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe.\n",
                  ""}));
 }
 
@@ -39,16 +39,16 @@ TEST(DescreveTest, ShowsRulesAndWhatAKindOfReportBrings) {
                  "\n"
                  "Parâmetros (CEstatSubgrupoRptObj):\n"
                  "  --Owner        texto                                     não é lido\n"
-                 "  --DataInicial  data                                      Primeiro dia do período; sai também no "
+                 "  --DataInicial  data                                      Primeiro dia do período; aparece também "
+                 "no título\n"
+                 "  --DataFinal    data                                      Último dia do período; aparece também no "
                  "título\n"
-                 "  --DataFinal    data                                      Último dia do período; sai também no "
-                 "título\n"
-                 "  --TipoRpt      texto, só a primeira letra, em maiúscula  F traz folhas, P folhas e versos, outro "
-                 "valor só os documentos\n"
+                 "  --TipoRpt      texto, só a primeira letra, em maiúscula  F traz as folhas; P, folhas e versos; "
+                 "outro valor, só os documentos\n"
                  "\n"
                  "Colunas:\n"
                  "  TITULO       texto   Título com o nome que a instalação dá ao subgrupo\n"
-                 "  TIT1         texto   Título: Período: … a …\n"
+                 "  TIT1         texto   Título: \"Período: … a …\"\n"
                  "  DESCR_GRUPO  texto   Subgrupo\n"
                  "  FRENTE       número  Folhas: páginas de frente (com TipoRpt F ou P)\n"
                  "  VERSO        número  Páginas de verso (com TipoRpt P)\n"
@@ -56,7 +56,7 @@ TEST(DescreveTest, ShowsRulesAndWhatAKindOfReportBrings) {
                  "\n"
                  "Parece errado e é assim mesmo:\n"
                  "  - O período vai ao banco com o ano na frente, ao contrário das outras estatísticas.\n"
-                 "  - No SQLite a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período.\n",
+                 "  - No SQLite, a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período.\n",
                  ""}));
 }
 
@@ -64,8 +64,8 @@ TEST(DescreveTest, ShowsAReportsOwnErrors) {
   const std::string out = RunOf({"descreve", "CLogRpt"}).out;
   EXPECT_EQ(out.substr(out.find("\nErros próprios:")),
             "\nErros próprios:\n"
-            "  - O texto do ADO instalado para \"nenhum registro atual\" (3021)\n"
-            "    Nenhum evento passa pelo filtro: alargue o período ou tire filtros.\n");
+            "  - A mensagem do ADO instalado para \"nenhum registro atual\" (3021)\n"
+            "    Nenhum evento passa pelos filtros: amplie o período ou tire filtros.\n");
   EXPECT_NE(out.find("\n  --Operador       texto  Nome do operador (não muda o SQL)\n"), std::string::npos);
 }
 

@@ -95,7 +95,7 @@ TEST(SqlTest, ShowsASecondStatementThatDependsOnTheData) {
                     "s.OBS_SOLICIT FROM SOLICITACAO s INNER JOIN OPERADOR o ON s.COD_OPERADOR = o.COD_OPERADOR WHERE "
                     "s.COD_SOLICIT IN (3,4)\n",
                     "kodrarpt: nota: a segunda instrução depende dos dados da primeira: 30/12/1899 está no lugar da "
-                    "data de devolução do último documento, e com dois documentos ou mais as frases vão para o "
+                    "data de devolução do último documento e, com dois ou mais documentos, as frases vão para o "
                     "plural\n"));
 }
 
@@ -106,7 +106,7 @@ TEST(SqlTest, ShowsTheStatementThatComesWhenTheFirstIsEmpty) {
                     "ddd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_PAGINAS  FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB123' "
                     "ORDER BY d.COD_DOCTO\n"
                     "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS FROM SYS.DUAL \n",
-                    "kodrarpt: nota: a segunda instrução só é enviada se a primeira não der nenhuma linha\n"));
+                    "kodrarpt: nota: a segunda instrução só é enviada se a primeira não devolver nenhuma linha\n"));
 }
 
 TEST(SqlTest, SaysThatAReportSendsNoStatement) {
