@@ -5,11 +5,11 @@
 #include "console/command_line/program.h"
 #include "console/commands/commands.h"
 
-int main(int count, char** values) {
+int main(int argc, char** argv) {
   const kodra::console::Utf8Console console;
   kodra::console::Program program(std::cout, std::cerr);
   kodra::console::AddCommands(program);
-  const auto code = program.Run(kodra::console::Arguments(count, values));
+  const auto code = program.Run(kodra::console::Arguments(argc, argv));
   std::cout.flush();
   return static_cast<int>(std::cout ? code : kodra::console::ExitCode::kOutput);
 }

@@ -9,8 +9,8 @@ std::size_t Width(std::string_view text) {
 }
 
 std::string Padded(std::string_view text, std::size_t width) {
-  const std::size_t own = Width(text);
-  return std::string(text) + std::string(own < width ? width - own : 0, ' ');
+  const std::size_t textWidth = Width(text);
+  return std::string(text) + std::string(textWidth < width ? width - textWidth : 0, ' ');
 }
 
 }  // namespace kodra::console

@@ -1,5 +1,4 @@
-// What a command raises when the database cannot be reached or refuses the user; the program ends with
-// ExitCode::kConnection.
+// Raised when the database cannot be reached or refuses the user; the program ends with ExitCode::kConnection.
 #pragma once
 
 #include "values/erro.h"

@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
-// windows.h first
+// after windows.h
 #include <shellapi.h>
 
 #include <cstdio>
@@ -28,7 +28,7 @@ Utf8Console::~Utf8Console() {
   if (formerCodePage_ != 0) SetConsoleOutputCP(formerCodePage_);
 }
 
-// What main is given there has lost every character outside the machine's code page.
+// The arguments of main have lost every character outside the machine's code page.
 std::vector<std::string> Arguments(int, char**) {
   int count = 0;
   wchar_t** values = CommandLineToArgvW(GetCommandLineW(), &count);
@@ -38,11 +38,11 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
-bool PersonIsWatching() { return _isatty(_fileno(stderr)) != 0; }
+bool StandardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 #else
 
-bool PersonIsWatching() { return isatty(STDERR_FILENO) != 0; }
+bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
 Utf8Console::Utf8Console() = default;
 Utf8Console::~Utf8Console() = default;

@@ -6,8 +6,8 @@
 
 namespace kodra::console {
 
-// While it lives, what is written to the standard streams arrives as it was written: UTF-8, and line ends of one
-// character. The console gets its former character set back, as it belongs to the user's session.
+// While an object exists, the standard streams pass UTF-8 and line ends of one character on unchanged. The destructor
+// restores the console's character set, because the console belongs to the user's session.
 class Utf8Console {
  public:
   Utf8Console();
@@ -21,10 +21,9 @@ class Utf8Console {
 #endif
 };
 
-// The arguments of this process behind the program's name, from those that main was given.
+// The arguments of this process after the program's name. Takes the arguments of main.
 std::vector<std::string> Arguments(int count, char** values);
 
-// Whether what goes to the standard error appears on a terminal.
-bool PersonIsWatching();
+bool StandardErrorIsTerminal();
 
 }  // namespace kodra::console

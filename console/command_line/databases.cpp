@@ -33,8 +33,8 @@ std::vector<Database> DatabasesNamed(std::string_view name) {
     known.emplace_back(database.name);
   }
   known.emplace_back(kAll);
-  throw UsageError("não há o banco \"" + std::string(name) + "\"" + DidYouMean(name, known) +
-                   "; há oracle, sqlserver, mysql, db2, sqlite e todos");
+  throw UsageError("o banco \"" + std::string(name) + "\" não existe" + DidYouMean(name, known) +
+                   "; escolha oracle, sqlserver, mysql, db2, sqlite ou todos");
 }
 
 }  // namespace kodra::console

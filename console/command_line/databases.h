@@ -9,15 +9,16 @@
 namespace kodra::console {
 
 struct Database {
-  std::string_view name;   // as an option's value
-  std::string_view title;  // as a reader knows it
+  std::string_view name;   // as the value of an option
+  std::string_view title;  // as people write it
   std::int32_t code;
 };
 
-// The five databases that the reports have a dialect for.
+// The five databases for which the reports have a dialect.
 std::span<const Database> Databases();
 
-// The database of that name, or all of them for "todos"; letter case does not matter. Raises UsageError.
+// The database with that name, or all of them for "todos"; letter case does not matter. Raises UsageError for an
+// unknown name.
 std::vector<Database> DatabasesNamed(std::string_view name);
 
 }  // namespace kodra::console

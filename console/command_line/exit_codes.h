@@ -1,4 +1,4 @@
-// How kodrarpt ends, for scripts that call it. The program's help lists the same codes.
+// The exit codes of kodrarpt, for scripts that call it. The program's help lists the same codes.
 #pragma once
 
 namespace kodra::console {
@@ -6,11 +6,11 @@ namespace kodra::console {
 enum class ExitCode {
   kOk = 0,
   kReportError = 1,    // a report, or the database behind it, failed
-  kUsage = 2,          // the command line names something that does not exist
+  kUsage = 2,          // the command line is wrong
   kConnection = 3,     // the database cannot be reached or refuses the user
-  kMismatch = 4,       // verifica: the database is not as the reports need it
+  kMismatch = 4,       // verifica: something that a report needs is missing
   kOutput = 5,         // a file cannot be read or written
-  kInterrupted = 130,  // Ctrl-C or another request to stop, as shells have it
+  kInterrupted = 130,  // Ctrl-C or another request to stop; shells use the same code
 };
 
 }  // namespace kodra::console

@@ -5,7 +5,7 @@
 namespace kodra::console {
 namespace {
 
-// The option or argument that CLI11's message is about: it opens with the name, followed by a colon or a blank.
+// The option or argument that CLI11's message is about. The message begins with its name and a colon or a blank.
 std::string Subject(const CLI::ParseError& error) {
   const std::string message = error.what();
   return message.substr(0, message.find_first_of(": "));
@@ -23,14 +23,14 @@ std::string Line(const std::string& left, const std::string& right, std::size_t 
 const char* const kProgramFooter =
     "Códigos de saída:\n"
     "  0  tudo certo\n"
-    "  1  o relatório, ou o banco de dados, deu erro\n"
-    "  2  a linha de comando não está certa\n"
+    "  1  o relatório ou o banco de dados deu erro\n"
+    "  2  a linha de comando tem um erro\n"
     "  3  não foi possível conectar ao banco de dados\n"
-    "  4  verifica: o banco não está como os relatórios precisam\n"
+    "  4  verifica: falta algo de que um relatório precisa\n"
     "  5  não foi possível ler ou gravar um arquivo\n"
     "  130  interrompido por Ctrl-C\n"
     "\n"
-    "\"kodrarpt COMANDO --help\" explica um comando, com um exemplo.";
+    "\"kodrarpt COMANDO --help\" explica cada comando, com um exemplo.";
 
 HelpFormatter::HelpFormatter() {
   label("Usage", "Uso");
@@ -68,12 +68,12 @@ std::string InPortuguese(const CLI::ParseError& error) {
   if (kind == "RequiredError") return subject == "A" ? "falta o comando" : "falta " + subject;
   if (kind == "ArgumentMismatch") {
     const bool tooMany = std::string(error.what()).find("At Most") != std::string::npos;
-    return tooMany ? subject + " foi dado mais de uma vez" : "falta o valor de " + subject;
+    return tooMany ? subject + " aparece mais de uma vez" : "falta o valor de " + subject;
   }
   if (kind == "ValidationError" || kind == "ConversionError") return "valor inválido para " + subject;
-  if (kind == "ExtrasError") return "argumento que o programa não conhece";
-  if (kind == "ExcludesError") return "opções que não combinam: " + subject;
-  if (kind == "RequiresError") return "falta uma opção que acompanha " + subject;
+  if (kind == "ExtrasError") return "argumento desconhecido";
+  if (kind == "ExcludesError") return subject + " não pode ser usado com outra das opções informadas";
+  if (kind == "RequiresError") return subject + " precisa de outra opção";
   return std::string("linha de comando inválida: ") + error.what();
 }
 

@@ -1,4 +1,4 @@
-// The program's help and CLI11's complaints in Brazilian Portuguese.
+// The program's help and CLI11's error messages in Brazilian Portuguese.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -10,7 +10,7 @@ namespace kodra::console {
 // The group of the options that are a report's parameters; the help shows it in one line.
 inline constexpr const char* kParameterGroup = "Parâmetros do relatório";
 
-// CLI11's layout with Portuguese labels and with columns that count characters, not bytes.
+// CLI11's layout with Portuguese labels, and with column widths in characters instead of bytes.
 class HelpFormatter : public CLI::Formatter {
  public:
   HelpFormatter();
@@ -21,10 +21,10 @@ class HelpFormatter : public CLI::Formatter {
   std::string make_subcommand(const CLI::App* command) const override;
 };
 
-// The exit codes and where to read on, below the list of commands.
+// The text below the list of commands: the exit codes, and how to get the help of a command.
 extern const char* const kProgramFooter;
 
-// What is wrong with the command line, for the user.
+// The message of an error of CLI11.
 std::string InPortuguese(const CLI::ParseError& error);
 
 }  // namespace kodra::console

@@ -1,4 +1,4 @@
-// What a command raises when a file cannot be read or written; the program ends with ExitCode::kOutput.
+// Raised when a file cannot be read or written; the program ends with ExitCode::kOutput.
 #pragma once
 
 #include <stdexcept>
@@ -10,7 +10,7 @@ namespace kodra::console {
 
 class OutputError : public std::runtime_error {
  public:
-  // The message is shown to the user: Brazilian Portuguese.
+  // The message is shown to the user, in Brazilian Portuguese.
   explicit OutputError(const std::wstring& message) : std::runtime_error(values::ToUtf8(message)) {}
 };
 

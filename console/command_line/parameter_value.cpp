@@ -14,7 +14,7 @@
 namespace kodra::console {
 namespace {
 
-// Day, month and year, or year, month and day; then hour, minute and second, as far as they are given.
+// A date as dd/mm/yyyy or yyyy-mm-dd; a time as hh:mm or hh:mm:ss may follow.
 std::optional<values::Calendar> ReadDate(const std::string& typed) {
   static const std::regex pattern(
       R"((?:(\d{1,2})/(\d{1,2})/(\d{4})|(\d{4})-(\d{2})-(\d{2}))(?:[ T](\d{1,2}):(\d{2})(?::(\d{2}))?)?)");
@@ -38,8 +38,8 @@ std::optional<bool> ReadFlag(std::string_view typed) {
   return std::nullopt;
 }
 
-[[noreturn]] void Refuse(const frame::Property& property, std::string_view typed, const char* wanted) {
-  throw UsageError(values::ToUtf8(property.name) + ": \"" + std::string(typed) + "\" " + wanted);
+[[noreturn]] void Refuse(const frame::Property& property, std::string_view typed, const char* problem) {
+  throw UsageError(values::ToUtf8(property.name) + ": \"" + std::string(typed) + "\" " + problem);
 }
 
 }  // namespace
@@ -52,7 +52,7 @@ Value ParameterValue(const frame::Property& property, std::string_view typed) {
   }
   if (property.rule == frame::PropertyRule::kFlag) {
     const auto flag = ReadFlag(typed);
-    if (!flag) Refuse(property, typed, "não é sim nem não");
+    if (!flag) Refuse(property, typed, "não é válido (escreva sim ou não)");
     return *flag;
   }
   return values::FromUtf8(typed);

@@ -1,4 +1,4 @@
-// A parameter's value as it is typed on a command line.
+// The value of a parameter as typed on a command line.
 #pragma once
 
 #include <string_view>
@@ -8,8 +8,8 @@
 
 namespace kodra::console {
 
-// The value to assign to that property: a date or a flag where it holds one, else the text. Stricter than a client's
-// own assignment, which takes "10" for a day of 1900: raises UsageError for what is no whole date and no clear flag.
+// The value to assign to the property: a date, a flag or a text, by the property's rule. Stricter than an assignment by
+// a client, where "10" is a day in January 1900: raises UsageError for an incomplete date and an unclear flag.
 Value ParameterValue(const frame::Property& property, std::string_view typed);
 
 }  // namespace kodra::console

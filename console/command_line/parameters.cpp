@@ -24,7 +24,8 @@ std::vector<std::string> NamesOf(const frame::ParameterClass& parameterClass) {
                                const frame::ParameterClass& parameterClass) {
   const std::string name = ToUtf8(property);
   const std::vector<std::string> known = NamesOf(parameterClass);
-  std::string message = NameOf(method) + " não tem o parâmetro \"" + name + "\"" + DidYouMean(name, known) + "; tem";
+  std::string message =
+      NameOf(method) + " não tem o parâmetro \"" + name + "\"" + DidYouMean(name, known) + "; os parâmetros são";
   for (const std::string& other : known) message += (other == known.front() ? " " : ", ") + other;
   throw UsageError(message);
 }

@@ -1,4 +1,4 @@
-// The options "--NOME VALOR" of a command that calls a report: the properties of its parameter object.
+// The options "--NOME VALOR" of a command that calls a report: the properties of the report's parameter object.
 //
 //   ReportParameters parameters;
 //   parameters.AddTo(command);                              // before the command line is read
@@ -18,16 +18,15 @@ namespace kodra::console {
 
 class ReportParameters {
  public:
-  // Adds an option for each property that any parameter class has. The help has one line for all: which of them count
-  // depends on the report, and `descreve` tells.
+  // Adds an option for each property of any parameter class. The help has one line for all of them, because each report
+  // has its own; `descreve` lists them.
   void AddTo(CLI::App& command);
 
-  // The parameter object of a method with the options that were given. Raises UsageError for a property that its class
-  // does not have, a date that is none ("01/02/2024", "2024-02-01", either with a time of day) and a flag that is
-  // neither sim nor não.
+  // The parameter object of a method, with the options that were given. Raises UsageError for a property that its class
+  // does not have, and for a value that is not a date or a flag as ParameterValue requires.
   frame::ParameterObject For(const reports::ReportMethod& method) const;
 
-  // The options that were given, name and value as it was typed, in the order of the parameter classes.
+  // The name and the typed value of each option that was given, in the order of the parameter classes.
   std::vector<std::pair<std::wstring, std::wstring>> Given() const;
 
  private:

@@ -19,7 +19,7 @@ constexpr const char* kHelpText = "Mostra esta ajuda";
 
 bool IsOption(const std::string& argument) { return argument.size() > 1 && argument.front() == '-'; }
 
-// Complains about the first argument that the command did not take, a misspelt option before all.
+// Raises UsageError for an argument that the command does not have: the first such option, or else the first argument.
 void CheckExtras(const CLI::App& command) {
   const std::vector<std::string> extras = command.remaining();
   if (extras.empty()) return;
@@ -37,7 +37,7 @@ std::string Described(const Erro& error) {
                         error.Description());
 }
 
-// A complaint may quote an argument, and an argument may be a connection string.
+// A message may quote an argument, and an argument may be a connection string.
 std::string WithoutPasswords(const std::string& message, const std::vector<std::string>& arguments) {
   std::wstring shown = values::FromUtf8(message);
   for (const std::string& argument : arguments) shown = values::HidePassword(shown, values::FromUtf8(argument));
@@ -47,7 +47,7 @@ std::string WithoutPasswords(const std::string& message, const std::vector<std::
 }  // namespace
 
 Program::Program(std::ostream& out, std::ostream& err)
-    : out_(out), err_(err), app_("Os relatórios do arquivo, sem o programa que os imprime.", "kodrarpt") {
+    : out_(out), err_(err), app_("Gera os relatórios do arquivo sem o programa que os imprime.", "kodrarpt") {
   app_.option_defaults()->group("Opções");
   app_.set_help_flag(kHelpFlags, kHelpText);
   app_.formatter(std::make_shared<HelpFormatter>());
@@ -55,15 +55,15 @@ Program::Program(std::ostream& out, std::ostream& err)
   app_.footer(kProgramFooter);
 }
 
-CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> act) {
+CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> action) {
   CLI::App* command = app_.add_subcommand(text.name, text.description);
   command->group("Comandos");
   command->set_help_flag(kHelpFlags, kHelpText);
   command->footer(text.footer);
   command->allow_extras();
-  command->callback([this, command, act = std::move(act)] {
+  command->callback([this, command, action = std::move(action)] {
     CheckExtras(*command);
-    result_ = act();
+    result_ = action();
   });
   return *command;
 }
@@ -72,19 +72,19 @@ ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
   try {
     return Parse(arguments);
   } catch (const UsageError& error) {
-    Complain(WithoutPasswords(error.what(), arguments));
+    PrintError(WithoutPasswords(error.what(), arguments));
     return ExitCode::kUsage;
   } catch (const OutputError& error) {
-    Complain(error.what());
+    PrintError(error.what());
     return ExitCode::kOutput;
   } catch (const ConnectionError& error) {
-    Complain("não foi possível conectar ao banco de dados: " + Described(error));
+    PrintError("não foi possível conectar ao banco de dados: " + Described(error));
     return ExitCode::kConnection;
   } catch (const Erro& error) {
-    Complain(Described(error));
+    PrintError(Described(error));
     return ExitCode::kReportError;
   } catch (const std::exception& error) {
-    Complain(std::string("erro interno: ") + error.what());
+    PrintError(std::string("erro interno: ") + error.what());
     return ExitCode::kReportError;
   }
 }
@@ -95,7 +95,7 @@ ExitCode Program::Parse(std::vector<std::string> arguments) {
     return ExitCode::kUsage;
   }
   CheckCommandName(arguments);
-  std::ranges::reverse(arguments);  // as CLI11 takes them
+  std::ranges::reverse(arguments);  // CLI11 takes them in reverse order
   try {
     app_.parse(std::move(arguments));
   } catch (const CLI::Success& help) {
@@ -113,9 +113,9 @@ void Program::CheckCommandName(const std::vector<std::string>& arguments) const 
   std::vector<std::string> known;
   for (const CLI::App* command : Commands()) known.push_back(command->get_name());
   if (IsOption(name) || std::ranges::find(known, name) != known.end()) return;
-  throw UsageError("não há o comando \"" + name + "\"" + DidYouMean(name, known));
+  throw UsageError("o comando \"" + name + "\" não existe" + DidYouMean(name, known));
 }
 
-void Program::Complain(const std::string& message) const { err_ << "kodrarpt: " << message << "\n"; }
+void Program::PrintError(const std::string& message) const { err_ << "kodrarpt: " << message << "\n"; }
 
 }  // namespace kodra::console

@@ -1,4 +1,4 @@
-// kodrarpt: its commands, its help and its messages, apart from the process it runs in.
+// kodrarpt apart from its process: the commands, the help and the messages.
 //
 //   Program program(std::cout, std::cerr);
 //   AddLista(program);
@@ -20,7 +20,7 @@ namespace kodra::console {
 struct CommandText {
   std::string name;
   std::string description;
-  // The text below the options in the command's help: an example, with what it does.
+  // The text below the options in the command's help. It contains an example.
   std::string footer;
 };
 
@@ -32,8 +32,8 @@ class Program {
   std::ostream& Out() const { return out_; }
   std::ostream& Err() const { return err_; }
 
-  // Adds a command, to which the caller adds options. `act` runs when the command line is read and found right.
-  CLI::App& Add(const CommandText& text, std::function<ExitCode()> act);
+  // Adds a command, to which the caller adds options. `action` runs after the command line was read without errors.
+  CLI::App& Add(const CommandText& text, std::function<ExitCode()> action);
 
   // The commands added so far.
   std::vector<const CLI::App*> Commands() const { return app_.get_subcommands({}); }
@@ -45,7 +45,7 @@ class Program {
  private:
   ExitCode Parse(std::vector<std::string> arguments);
   void CheckCommandName(const std::vector<std::string>& arguments) const;
-  void Complain(const std::string& message) const;
+  void PrintError(const std::string& message) const;
 
   std::ostream& out_;
   std::ostream& err_;

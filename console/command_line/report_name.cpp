@@ -12,7 +12,8 @@ namespace {
 using reports::ReportMethod;
 using values::ToUtf8;
 
-std::string Sought(std::string_view name) {
+// The name in lower case, without accents, and with the source of an error turned into "classe.metodo".
+std::string Normalized(std::string_view name) {
   constexpr std::string_view kComponent = "kodrarpt.";
   std::string folded = Folded(name);
   if (const std::size_t colons = folded.find("::"); colons != std::string::npos) {
@@ -22,12 +23,12 @@ std::string Sought(std::string_view name) {
   return folded.starts_with(kComponent) ? folded.substr(kComponent.size()) : folded;
 }
 
-bool IsNamed(const ReportMethod& method, const std::string& sought) {
-  return sought == Folded(NameOf(method)) || sought == Folded(ToUtf8(method.className)) ||
-         sought == Folded(ToUtf8(method.method));
+bool HasName(const ReportMethod& method, const std::string& normalized) {
+  return normalized == Folded(NameOf(method)) || normalized == Folded(ToUtf8(method.className)) ||
+         normalized == Folded(ToUtf8(method.method));
 }
 
-// All names that a user could have meant.
+// All names that the user may have meant.
 std::vector<std::string> KnownNames() {
   std::vector<std::string> names;
   for (const ReportMethod& method : reports::ReportMethods()) {
@@ -49,13 +50,13 @@ std::vector<std::string> KnownNames() {
 std::string NameOf(const ReportMethod& method) { return ToUtf8(method.className) + "." + ToUtf8(method.method); }
 
 const ReportMethod& FindReport(std::string_view name) {
-  const std::string sought = Sought(name);
+  const std::string normalized = Normalized(name);
   std::vector<const ReportMethod*> found;
   for (const ReportMethod& method : reports::ReportMethods())
-    if (IsNamed(method, sought)) found.push_back(&method);
+    if (HasName(method, normalized)) found.push_back(&method);
   if (found.size() == 1) return *found.front();
   if (!found.empty()) RaiseAmbiguous(name, found);
-  throw UsageError("não há o relatório \"" + std::string(name) + "\"" + DidYouMean(sought, KnownNames()) +
+  throw UsageError("o relatório \"" + std::string(name) + "\" não existe" + DidYouMean(normalized, KnownNames()) +
                    "; \"kodrarpt lista\" mostra todos");
 }
 

@@ -9,16 +9,21 @@
 namespace kodra::console {
 namespace {
 
-// The letters of Portuguese and their bare forms.
+struct AccentedLetters {
+  std::wstring_view accented;
+  wchar_t plain;
+};
+constexpr AccentedLetters kAccentedLetters[] = {
+    {L"ÁÀÂÃÄ", L'A'}, {L"Ç", L'C'}, {L"ÉÈÊË", L'E'}, {L"ÍÌÎÏ", L'I'}, {L"Ñ", L'N'}, {L"ÓÒÔÕÖ", L'O'}, {L"ÚÙÛÜ", L'U'},
+};
+
 wchar_t WithoutAccent(wchar_t upper) {
-  constexpr std::wstring_view kAccented = L"ÁÀÂÃÄÇÉÈÊËÍÌÎÏÑÓÒÔÕÖÚÙÛÜ";
-  constexpr std::wstring_view kBare = L"AAAAACEEEEIIIINOOOOOUUUU";
-  static_assert(kAccented.size() == kBare.size());
-  const std::size_t at = kAccented.find(upper);
-  return at == std::wstring_view::npos ? upper : kBare[at];
+  for (const auto& [accented, plain] : kAccentedLetters)
+    if (accented.find(upper) != accented.npos) return plain;
+  return upper;
 }
 
-// The edits between two texts, a swap of neighbours being one (optimal string alignment).
+// The number of edits between two texts; a swap of neighbours is one edit (optimal string alignment).
 std::size_t Distance(std::string_view one, std::string_view other) {
   std::vector<std::size_t> beforeLast(other.size() + 1);
   std::vector<std::size_t> last(other.size() + 1);
@@ -50,12 +55,12 @@ std::string Folded(std::string_view text) {
 }
 
 std::optional<std::string> Nearest(std::string_view wrong, const std::vector<std::string>& candidates) {
-  const std::string sought = Folded(wrong);
-  const std::size_t tolerated = std::max<std::size_t>(2, sought.size() / 3);
+  const std::string folded = Folded(wrong);
+  const std::size_t maximum = std::max<std::size_t>(2, folded.size() / 3);
   const std::string* nearest = nullptr;
-  std::size_t least = tolerated + 1;
+  std::size_t least = maximum + 1;
   for (const std::string& candidate : candidates) {
-    const std::size_t distance = Distance(sought, Folded(candidate));
+    const std::size_t distance = Distance(folded, Folded(candidate));
     if (distance >= least) continue;
     least = distance;
     nearest = &candidate;

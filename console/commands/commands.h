@@ -1,16 +1,16 @@
-// The commands of kodrarpt: each adds itself, with its options and its help, to the program.
+// The commands of kodrarpt. Each function adds one command to the program, with its options and its help.
 #pragma once
 
 #include "console/command_line/program.h"
 
 namespace kodra::console {
 
-// All of them, in the order of the help.
+// Adds all commands, in the order of the help.
 void AddCommands(Program& program);
 
-void AddExecuta(Program& program);
 void AddLista(Program& program);
 void AddDescreve(Program& program);
+void AddExecuta(Program& program);
 void AddSql(Program& program);
 void AddVerifica(Program& program);
 

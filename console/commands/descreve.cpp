@@ -1,4 +1,4 @@
-// kodrarpt descreve: what there is to know about one report.
+// kodrarpt descreve: the guide to one report.
 #include <algorithm>
 #include <memory>
 
@@ -15,11 +15,11 @@ namespace {
 
 constexpr const char* kFooter =
     "Exemplo:\n"
-    "  kodrarpt descreve CDocumentoRpt.RelatorioSintetico     o que ele pede e o que ele devolve";
+    "  kodrarpt descreve CDocumentoRpt.RelatorioSintetico     o que ele pede e o que devolve";
 
 using Rows = std::vector<std::vector<std::string>>;
 
-// Rows of texts in columns, indented; the last column is as wide as it needs.
+// Prints the rows in indented columns; the last column is not padded.
 void Print(std::ostream& out, const Rows& rows) {
   std::vector<std::size_t> widths;
   for (const auto& row : rows) {
@@ -67,9 +67,10 @@ ExitCode Descreve(std::ostream& out, const reports::ReportMethod& method) {
 
 void AddDescreve(Program& program) {
   const auto name = std::make_shared<std::string>();
-  CLI::App& command = program.Add({"descreve", "Um relatório: parâmetros, colunas e particularidades", kFooter},
-                                  [&program, name] { return Descreve(program.Out(), FindReport(*name)); });
-  command.add_option("RELATÓRIO", *name, "Classe.Metodo, ou só um dos dois")->option_text(" ")->required();
+  CLI::App& command =
+      program.Add({"descreve", "Descreve um relatório: parâmetros, colunas e particularidades", kFooter},
+                  [&program, name] { return Descreve(program.Out(), FindReport(*name)); });
+  command.add_option("RELATÓRIO", *name, "Classe.Metodo, ou só a classe ou o método")->option_text(" ")->required();
 }
 
 }  // namespace kodra::console

@@ -28,16 +28,15 @@ namespace {
 using values::FromUtf8;
 
 constexpr const char* kFooter =
-    "As datas de csv e json são ISO (2023-12-31T10:20:30) e os números têm ponto decimal; as de tabela são como as "
-    "lemos\n"
-    "(31/12/2023 10:20:30 e 1234,5), e as de xlsx são datas da planilha. O arquivo de --saida só aparece quando está\n"
-    "inteiro; com Ctrl-C, ou com um erro, fica o que havia antes.\n"
+    "Em csv e json, as datas são ISO (2023-12-31T10:20:30) e os números têm ponto decimal; em tabela, são como as\n"
+    "pessoas os escrevem (31/12/2023 10:20:30 e 1234,5); em xlsx, são datas e números da planilha. O arquivo de\n"
+    "--saida só aparece quando está completo; com Ctrl-C ou com um erro, fica o arquivo que havia antes.\n"
     "\n"
     "Exemplo:\n"
     "  KODRARPT_SENHA=… kodrarpt executa CDocumentoRpt.RelatorioSintetico --conexao \"DSN=Acervo;UID=ana\" \\\n"
     "      --DataArmazenamento1 01/01/2024 --DataArmazenamento2 31/12/2024 --formato csv --saida documentos.csv";
 
-// The options of the command, as they were typed.
+// The options of the command, as typed.
 struct Options {
   std::string report;
   ConnectionOptions connection;
@@ -53,24 +52,24 @@ struct Options {
 
 FormatOptions FormatOptionsOf(const Options& options) {
   const std::string& separator = options.separator;
-  const bool tab = separator == "\\t" || Folded(separator) == "tab";
-  constexpr std::string_view kTaken = "\"\r\n";
-  if (!tab && (separator.size() != 1 || static_cast<unsigned char>(separator[0]) >= 0x80 ||
-               kTaken.find(separator[0]) != std::string_view::npos)) {
-    throw UsageError("--separador é um caractere, como ; ou , ou tab");
+  const bool isTab = separator == "\\t" || Folded(separator) == "tab";
+  constexpr std::string_view kReserved = "\"\r\n";
+  if (!isTab && (separator.size() != 1 || static_cast<unsigned char>(separator[0]) >= 0x80 ||
+                 kReserved.find(separator[0]) != std::string_view::npos)) {
+    throw UsageError("--separador deve ser um caractere, como ; ou |, ou a palavra tab");
   }
-  return {{.separator = tab ? '\t' : separator[0], .byteOrderMark = options.byteOrderMark},
+  return {{.separator = isTab ? '\t' : separator[0], .byteOrderMark = options.byteOrderMark},
           options.jsonLines ? JsonShape::kLines : JsonShape::kArray,
           options.preview.Options()};
 }
 
 Progress::Style ProgressStyle(const std::string& when) {
-  const bool watched = PersonIsWatching();
-  const Progress::Style shown = watched ? Progress::Style::kOneLine : Progress::Style::kOwnLines;
+  const bool isTerminal = StandardErrorIsTerminal();
+  const Progress::Style shown = isTerminal ? Progress::Style::kOneLine : Progress::Style::kOwnLines;
   if (when == "sempre") return shown;
   if (when == "nunca") return Progress::Style::kNone;
-  if (when == "auto") return watched ? shown : Progress::Style::kNone;
-  throw UsageError("--progresso é sempre, nunca ou auto" + DidYouMean(when, {"sempre", "nunca", "auto"}));
+  if (when == "auto") return isTerminal ? shown : Progress::Style::kNone;
+  throw UsageError("--progresso deve ser sempre, nunca ou auto" + DidYouMean(when, {"sempre", "nunca", "auto"}));
 }
 
 bool CanConnect(const std::wstring& connectionString, platform::Surroundings& surroundings) {
@@ -82,9 +81,9 @@ bool CanConnect(const std::wstring& connectionString, platform::Surroundings& su
   }
 }
 
-// Writes the rows that are left; false when it was asked to stop.
+// Writes all rows; returns false if the user asked to stop.
 bool Write(frame::ReportRows rows, const Heading& heading, RowWriter& writer, Progress& progress) {
-  // A report without anything to list may give no recordset.
+  // A report with nothing to list may return no recordset.
   std::optional<RowSource> source;
   if (rows) source.emplace(std::move(rows));
   writer.Begin(heading, source ? source->Columns() : std::vector<Column>{});
@@ -99,7 +98,7 @@ bool Write(frame::ReportRows rows, const Heading& heading, RowWriter& writer, Pr
   return true;
 }
 
-// A run of a report: from its options to its rows in their place.
+// One run of a report, from its options to the written rows.
 class Run {
  public:
   Run(Program& program, const Options& options)
@@ -118,9 +117,9 @@ class Run {
     formatOptions_.html.labels.containerModules = [this] { return ModulesOfContainers(); };
   }
 
-  ExitCode Go() {
+  ExitCode Execute() {
     const Interruption interruption;
-    // Made before the report runs: a folder that is not there shows now and not an hour later.
+    // Created before the report runs: an error in the path must show now and not an hour later.
     std::optional<TargetFile> file;
     if (!target_.empty()) file.emplace(target_);
     StreamOutput standard(program_.Out());
@@ -138,7 +137,7 @@ class Run {
       standard.Flush();
     } catch (...) {
       progress.Abandon();
-      // What fails because it was told to stop is no failure.
+      // A request to stop may make the report fail; that is no error.
       if (Interruption::Requested()) return ExitCode::kInterrupted;
       throw;
     }
@@ -156,7 +155,7 @@ class Run {
     }
   }
 
-  // The modules in each of the containers that were asked for, for their labels.
+  // The modules of each requested container, for its label.
   html::ContainerModules ModulesOfContainers() {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
     RowSource source(modules.call(machine_->Around(), connection_, &parameters_));
@@ -186,20 +185,23 @@ class Run {
 void AddExecuta(Program& program) {
   const auto options = std::make_shared<Options>();
   CLI::App& command = program.Add({"executa", "Executa um relatório e grava as suas linhas", kFooter},
-                                  [&program, options] { return Run(program, *options).Go(); });
-  command.add_option("RELATÓRIO", options->report, "O relatório: classe.método, como \"kodrarpt lista\" os mostra")
+                                  [&program, options] { return Run(program, *options).Execute(); });
+  command.add_option("RELATÓRIO", options->report, "Classe.Metodo, ou só a classe ou o método")
       ->option_text(" ")
       ->required();
   options->connection.AddTo(command);
   command.add_option("--formato", options->format, FormatNames() + " (sem esta opção, tabela)")->option_text("FORMATO");
   command.add_option("--saida", options->target, "O arquivo a gravar (sem esta opção, a saída padrão)")
       ->option_text("ARQUIVO");
-  command.add_option("--separador", options->separator, "csv: o que separa as colunas, como ; ou tab")
+  command
+      .add_option("--separador", options->separator,
+                  "csv: o que separa as colunas, como ; ou tab (sem esta opção, vírgula)")
       ->option_text("CARACTERE");
-  command.add_flag("--bom", options->byteOrderMark, "csv: começa com a marca que diz UTF-8 a algumas planilhas");
+  command.add_flag("--bom", options->byteOrderMark,
+                   "csv: começa com a marca (BOM) pela qual algumas planilhas reconhecem UTF-8");
   command.add_flag("--json-linhas", options->jsonLines, "json: um objeto por linha, sem a lista em volta");
   options->preview.AddTo(command);
-  command.add_option("--progresso", options->progress, "sempre, nunca ou auto: auto mostra a quem está num terminal")
+  command.add_option("--progresso", options->progress, "sempre, nunca ou auto (o padrão: só em um terminal)")
       ->option_text("QUANDO");
   options->parameters.AddTo(command);
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* kFooter =
     "Exemplo:\n"
-    "  kodrarpt lista | grep -i etiqueta     os relatórios que fazem etiquetas";
+    "  kodrarpt lista | grep -i etiqueta     os relatórios de etiquetas";
 
 ExitCode Lista(std::ostream& out) {
   std::size_t width = 0;
@@ -24,7 +24,7 @@ ExitCode Lista(std::ostream& out) {
 }  // namespace
 
 void AddLista(Program& program) {
-  program.Add({"lista", "Os 39 relatórios, cada um com a sua finalidade", kFooter},
+  program.Add({"lista", "Lista os 39 relatórios, cada um com a sua finalidade", kFooter},
               [&program] { return Lista(program.Out()); });
 }
 

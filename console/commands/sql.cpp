@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kFooter =
     "Sem --bonito, cada instrução sai em uma linha, byte por byte como o relatório a envia, e as notas vão para a\n"
-    "saída de erros. Com --bonito as notas são comentários e cada quebra de linha está no lugar de um espaço.\n"
+    "saída de erros. Com --bonito, as notas saem como comentários e cada quebra de linha substitui um espaço.\n"
     "\n"
     "Exemplo:\n"
     "  kodrarpt sql CDocumentoRpt.RelatorioSintetico --banco oracle --bonito \\\n"
@@ -29,15 +29,16 @@ struct Options {
   ReportParameters parameters;
 };
 
-struct Dialect {
+struct DatabaseStatements {
   Database database;
   Captured captured;
 };
 
-std::vector<std::string> DistinctNotes(const reports::ReportMethod& method, const std::vector<Dialect>& dialects) {
+std::vector<std::string> DistinctNotes(const reports::ReportMethod& method,
+                                       const std::vector<DatabaseStatements>& all) {
   std::vector<std::string> notes;
-  for (const Dialect& dialect : dialects)
-    for (const std::string& note : NotesOn(method, dialect.captured))
+  for (const DatabaseStatements& one : all)
+    for (const std::string& note : NotesOn(method, one.captured))
       if (std::ranges::find(notes, note) == notes.end()) notes.push_back(note);
   return notes;
 }
@@ -55,16 +56,16 @@ ExitCode Sql(const Program& program, const Options& options) {
   const std::vector<Database> databases = DatabasesNamed(options.database);
   const reports::ReportMethod& method = FindReport(options.report);
   frame::ParameterObject parameters = options.parameters.For(method);
-  std::vector<Dialect> dialects;
-  dialects.reserve(databases.size());
-  for (const Database& database : databases) dialects.push_back({database, Capture(method, database.code, parameters)});
+  std::vector<DatabaseStatements> all;
+  all.reserve(databases.size());
+  for (const Database& database : databases) all.push_back({database, Capture(method, database.code, parameters)});
 
-  for (const std::string& note : DistinctNotes(method, dialects))
+  for (const std::string& note : DistinctNotes(method, all))
     (options.isLaidOut ? program.Out() << "-- nota: " : program.Err() << "kodrarpt: nota: ") << note << "\n";
   const char* separator = "";
-  for (const Dialect& dialect : dialects) {
-    if (dialects.size() > 1) program.Out() << separator << "-- " << dialect.database.title << "\n";
-    Print(program.Out(), dialect.captured.statements, options.isLaidOut);
+  for (const DatabaseStatements& one : all) {
+    if (all.size() > 1) program.Out() << separator << "-- " << one.database.title << "\n";
+    Print(program.Out(), one.captured.statements, options.isLaidOut);
     separator = "\n";
   }
   return ExitCode::kOk;
@@ -74,13 +75,16 @@ ExitCode Sql(const Program& program, const Options& options) {
 
 void AddSql(Program& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App& command = program.Add({"sql", "As instruções SQL de um relatório, sem banco de dados", kFooter},
-                                  [&program, options] { return Sql(program, *options); });
-  command.add_option("RELATÓRIO", options->report, "Classe.Metodo, ou só um dos dois")->option_text(" ")->required();
+  CLI::App& command =
+      program.Add({"sql", "Mostra as instruções SQL de um relatório, sem precisar de um banco de dados", kFooter},
+                  [&program, options] { return Sql(program, *options); });
+  command.add_option("RELATÓRIO", options->report, "Classe.Metodo, ou só a classe ou o método")
+      ->option_text(" ")
+      ->required();
   command.add_option("--banco", options->database, "oracle, sqlserver, mysql, db2, sqlite ou todos")
       ->option_text("BANCO (obrigatório)")
       ->required();
-  command.add_flag("--bonito", options->isLaidOut, "Uma cláusula por linha, para ler");
+  command.add_flag("--bonito", options->isLaidOut, "Uma cláusula por linha, para facilitar a leitura");
   options->parameters.AddTo(command);
 }
 

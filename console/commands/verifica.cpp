@@ -11,6 +11,7 @@
 #include "console/run/schema_probe.h"
 #include "console/statements/needs.h"
 #include "data/abre_cn.h"
+#include "sql/tipo_banco.h"
 #include "values/convert.h"
 #include "values/password.h"
 #include "values/utf8.h"
@@ -21,7 +22,7 @@ namespace {
 using values::ToUtf8;
 
 constexpr const char* kFooter =
-    "Nada é gravado e nenhuma linha é lida. Com tudo pronto o código de saída é 0; se falta algo, 4.\n"
+    "Nada é gravado e nenhuma linha é lida. O código de saída é 0 se está tudo pronto e 4 se falta algo.\n"
     "\n"
     "Exemplo:\n"
     "  KODRARPT_SENHA=… kodrarpt verifica --conexao \"DSN=Acervo;UID=ana\"";
@@ -30,9 +31,9 @@ constexpr const wchar_t* kConnectionSibling = L"KodraConexao.StrCon";
 
 struct Report {
   std::string name;
-  // The siblings' own tables among them unless the siblings are installed: what those read is theirs to know.
+  // They include what the siblings read, unless siblings are installed: what an installed one reads is not known.
   std::vector<TableNeed> tables;
-  // Each report needs kConnectionSibling, and names it last.
+  // The last one is kConnectionSibling, which every report needs.
   std::vector<std::wstring> siblings;
 };
 
@@ -55,11 +56,10 @@ std::int32_t DatabaseCodeOf(const std::wstring& connection, platform::Surroundin
   return values::ToInt32(sibling->Get(L"TipoBanco"));
 }
 
-// The name of a database by its code; empty for one that the reports have no dialect for.
+// The name of the database with that code; empty if the reports have no dialect for it.
 std::string_view TitleOf(std::int32_t code) {
-  constexpr std::int32_t kOtherOracle = 5;
   const auto known = Databases();
-  const auto found = std::ranges::find(known, code == kOtherOracle ? 1 : code, &Database::code);
+  const auto found = std::ranges::find(known, code == sql::tbOracleAlt ? sql::tbOracle : code, &Database::code);
   return found == known.end() ? std::string_view() : found->title;
 }
 
@@ -67,18 +67,18 @@ class Check {
  public:
   Check(std::ostream& out, std::wstring connection) : out_(out), connection_(std::move(connection)) {}
 
-  ExitCode Go() {
+  ExitCode Execute() {
     const std::unique_ptr<Machine> machine = NewMachine();
     platform::Surroundings& surroundings = machine->Around();
     const std::unique_ptr<platform::Connection> opened = Connect(surroundings);
-    const bool speaks = TellDatabase(surroundings);
+    const bool hasDialect = PrintDatabase(surroundings);
     SchemaProbe probe(surroundings, *opened);
     const std::vector<Report> reports = ReportsWith(*machine);
     for (const Report& report : reports)
       for (const TableNeed& need : report.tables) probe.Expect(need);
-    const std::size_t ready = TellReports(reports, surroundings, probe);
-    TellRefusals(probe);
-    return speaks && ready == reports.size() ? ExitCode::kOk : ExitCode::kMismatch;
+    const std::size_t ready = PrintReports(reports, surroundings, probe);
+    PrintRefusals(probe);
+    return hasDialect && ready == reports.size() ? ExitCode::kOk : ExitCode::kMismatch;
   }
 
  private:
@@ -90,13 +90,13 @@ class Check {
     }
   }
 
-  // Whether the database is one that the reports have a dialect for.
-  bool TellDatabase(platform::Surroundings& surroundings) {
+  // Returns whether the reports have a dialect for the database.
+  bool PrintDatabase(platform::Surroundings& surroundings) {
     std::int32_t code = 0;
     try {
       code = DatabaseCodeOf(connection_, surroundings);
     } catch (const Erro& error) {
-      out_ << "Banco de dados: não se sabe (" << ToUtf8(kConnectionSibling) << ": "
+      out_ << "Banco de dados: não identificado (" << ToUtf8(kConnectionSibling) << ": "
            << ToUtf8(values::HidePassword(error.Description(), connection_)) << ")\n\n";
       return false;
     }
@@ -107,9 +107,9 @@ class Check {
     return !title.empty();
   }
 
-  // Tells one line for each report; returns the number of those that are ready.
-  std::size_t TellReports(const std::vector<Report>& reports, platform::Surroundings& surroundings,
-                          SchemaProbe& probe) {
+  // Prints one line per report and returns how many reports are ready.
+  std::size_t PrintReports(const std::vector<Report>& reports, platform::Surroundings& surroundings,
+                           SchemaProbe& probe) {
     std::size_t width = 0;
     for (const Report& report : reports) width = std::max(width, Width(report.name));
     std::size_t ready = 0;
@@ -121,7 +121,7 @@ class Check {
         out_ << "pronto\n";
         continue;
       }
-      out_ << "falta ";
+      out_ << "falta: ";
       for (std::size_t i = 0; i < missing.size(); ++i) out_ << (i == 0 ? "" : ", ") << ToUtf8(missing[i]);
       out_ << "\n";
     }
@@ -129,9 +129,9 @@ class Check {
     return ready;
   }
 
-  void TellRefusals(const SchemaProbe& probe) {
+  void PrintRefusals(const SchemaProbe& probe) {
     if (probe.Refusals().empty()) return;
-    out_ << "\nO que o banco disse:\n";
+    out_ << "\nO que o banco respondeu:\n";
     for (const auto& [what, words] : probe.Refusals())
       out_ << "  " << ToUtf8(what) << ": " << ToUtf8(values::HidePassword(words, connection_)) << "\n";
   }
@@ -144,25 +144,25 @@ class Check {
     for (const TableNeed& need : report.tables)
       for (const std::wstring& what : probe.Missing(need)) add(what);
     for (const std::wstring& sibling : report.siblings)
-      if (!Has(surroundings, sibling)) add(L"componente " + sibling);
+      if (!CanCreate(surroundings, sibling)) add(L"componente " + sibling);
     return missing;
   }
 
-  bool Has(platform::Surroundings& surroundings, const std::wstring& sibling) {
+  bool CanCreate(platform::Surroundings& surroundings, const std::wstring& sibling) {
     const auto known = siblings_.find(sibling);
     if (known != siblings_.end()) return known->second;
-    bool made = true;
+    bool created = true;
     try {
       surroundings.CreateObject(sibling);
     } catch (const Erro&) {
-      made = false;
+      created = false;
     }
-    return siblings_[sibling] = made;
+    return siblings_[sibling] = created;
   }
 
   std::ostream& out_;
   std::wstring connection_;
-  std::map<std::wstring, bool> siblings_;  // those asked for so far, and whether they can be made
+  std::map<std::wstring, bool> siblings_;  // whether each sibling asked for so far can be created
 };
 
 }  // namespace
@@ -171,7 +171,7 @@ void AddVerifica(Program& program) {
   const auto connection = std::make_shared<ConnectionOptions>();
   CLI::App& command =
       program.Add({"verifica", "Confere se um banco de dados tem tudo o que os relatórios leem", kFooter},
-                  [&program, connection] { return Check(program.Out(), connection->Text()).Go(); });
+                  [&program, connection] { return Check(program.Out(), connection->Text()).Execute(); });
   connection->AddTo(command);
 }
 

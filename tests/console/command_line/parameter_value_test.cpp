@@ -52,8 +52,8 @@ TEST(ParameterValueTest, ReadsFlagsInAnyLetterCaseWithAndWithoutAccent) {
 }
 
 TEST(ParameterValueTest, RefusesAnUnclearFlag) {
-  EXPECT_EQ(Complaint(PropertyRule::kFlag, "talvez"), "DataFinal: \"talvez\" não é sim nem não");
-  EXPECT_EQ(Complaint(PropertyRule::kFlag, ""), "DataFinal: \"\" não é sim nem não");
+  EXPECT_EQ(Complaint(PropertyRule::kFlag, "talvez"), "DataFinal: \"talvez\" não é válido (escreva sim ou não)");
+  EXPECT_EQ(Complaint(PropertyRule::kFlag, ""), "DataFinal: \"\" não é válido (escreva sim ou não)");
 }
 
 TEST(ParameterValueTest, LeavesTextToThePropertysRule) {

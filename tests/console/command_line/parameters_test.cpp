@@ -85,11 +85,12 @@ TEST(ReportParametersTest, StandInTheHelpInOneLine) {
 }
 
 TEST(ReportParametersTest, RefuseAPropertyOfAnotherClass) {
-  EXPECT_EQ(Command("CModeloRpt", L"Owner").Complaining({"--CodDepto", "1"}),
-            "kodrarpt: CModeloRpt.RelatorioModelos não tem o parâmetro \"CodDepto\"; tem Owner, CodModelo\n");
+  EXPECT_EQ(
+      Command("CModeloRpt", L"Owner").Complaining({"--CodDepto", "1"}),
+      "kodrarpt: CModeloRpt.RelatorioModelos não tem o parâmetro \"CodDepto\"; os parâmetros são Owner, CodModelo\n");
   EXPECT_EQ(Command("CDocumentoRpt.RelatorioSintetico", L"Owner").Complaining({"--CodDocto", "1"}),
             "kodrarpt: CDocumentoRpt.RelatorioSintetico não tem o parâmetro \"CodDocto\" (quis dizer \"CodDepto\"?); "
-            "tem Owner, DataArmazenamento1, DataArmazenamento2, CodDepto\n");
+            "os parâmetros são Owner, DataArmazenamento1, DataArmazenamento2, CodDepto\n");
 }
 
 TEST(ReportParametersTest, RefuseAMisspeltNameAndSuggestTheRightOne) {
@@ -100,7 +101,7 @@ TEST(ReportParametersTest, RefuseAMisspeltNameAndSuggestTheRightOne) {
 TEST(ReportParametersTest, RefuseAMissingAndASecondValue) {
   EXPECT_EQ(Command("CModeloRpt", L"Owner").Complaining({"--CodModelo"}), "kodrarpt: falta o valor de --CodModelo\n");
   EXPECT_EQ(Command("CModeloRpt", L"Owner").Complaining({"--CodModelo", "a", "--CodModelo", "b"}),
-            "kodrarpt: --CodModelo foi dado mais de uma vez\n");
+            "kodrarpt: --CodModelo aparece mais de uma vez\n");
 }
 
 }  // namespace

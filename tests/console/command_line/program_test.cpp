@@ -41,8 +41,8 @@ TEST(ProgramTest, ReportsAnUnexpectedException) {
 }
 
 TEST(ProgramTest, SuggestsTheCommandForAMisspeltOne) {
-  EXPECT_EQ(RunOf({"lsita"}), Misused("não há o comando \"lsita\" (quis dizer \"lista\"?)"));
-  EXPECT_EQ(RunOf({"imprime"}), Misused("não há o comando \"imprime\""));
+  EXPECT_EQ(RunOf({"lsita"}), Misused("o comando \"lsita\" não existe (quis dizer \"lista\"?)"));
+  EXPECT_EQ(RunOf({"imprime"}), Misused("o comando \"imprime\" não existe"));
 }
 
 TEST(ProgramTest, RefusesOptionsAndArgumentsThatACommandDoesNotHave) {

@@ -48,15 +48,15 @@ TEST(FindReportTest, ListsTheCandidatesOfAnAmbiguousName) {
 
 TEST(FindReportTest, SuggestsTheNearestName) {
   EXPECT_EQ(Complaint("CDetpoRpt"),
-            "não há o relatório \"CDetpoRpt\" (quis dizer \"CDeptoRpt\"?); \"kodrarpt lista\" mostra todos");
+            "o relatório \"CDetpoRpt\" não existe (quis dizer \"CDeptoRpt\"?); \"kodrarpt lista\" mostra todos");
   EXPECT_EQ(Complaint("CCaixaRpt.ModulosVencido"),
-            "não há o relatório \"CCaixaRpt.ModulosVencido\" (quis dizer \"CCaixaRpt.ModulosVencidos\"?); "
+            "o relatório \"CCaixaRpt.ModulosVencido\" não existe (quis dizer \"CCaixaRpt.ModulosVencidos\"?); "
             "\"kodrarpt lista\" mostra todos");
 }
 
 TEST(FindReportTest, SuggestsNothingForANameLikeNone) {
-  EXPECT_EQ(Complaint("zzzzz"), "não há o relatório \"zzzzz\"; \"kodrarpt lista\" mostra todos");
-  EXPECT_EQ(Complaint(""), "não há o relatório \"\"; \"kodrarpt lista\" mostra todos");
+  EXPECT_EQ(Complaint("zzzzz"), "o relatório \"zzzzz\" não existe; \"kodrarpt lista\" mostra todos");
+  EXPECT_EQ(Complaint(""), "o relatório \"\" não existe; \"kodrarpt lista\" mostra todos");
 }
 
 }  // namespace

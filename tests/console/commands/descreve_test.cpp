@@ -71,7 +71,7 @@ TEST(DescreveTest, ShowsAReportsOwnErrors) {
 
 TEST(DescreveTest, RefusesWhatIsNoReport) {
   EXPECT_EQ(RunOf({"descreve", "CDeptoRpt.Relatorio"}),
-            Misused("não há o relatório \"CDeptoRpt.Relatorio\" (quis dizer \"CDeptoRpt.RelatorioDeptos\"?); "
+            Misused("o relatório \"CDeptoRpt.Relatorio\" não existe (quis dizer \"CDeptoRpt.RelatorioDeptos\"?); "
                     "\"kodrarpt lista\" mostra todos"));
 }
 

@@ -147,11 +147,11 @@ TEST(ExecutaUse, SuggestsTheNearestNames) {
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--formato", "jsno"}),
             Misused("não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx, html"));
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--progresso", "sempe"}),
-            Misused("--progresso é sempre, nunca ou auto (quis dizer \"sempre\"?)"));
+            Misused("--progresso deve ser sempre, nunca ou auto (quis dizer \"sempre\"?)"));
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "\""}),
-            Misused("--separador é um caractere, como ; ou , ou tab"));
+            Misused("--separador deve ser um caractere, como ; ou |, ou a palavra tab"));
   EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "é"}),
-            Misused("--separador é um caractere, como ; ou , ou tab"));
+            Misused("--separador deve ser um caractere, como ; ou |, ou a palavra tab"));
   EXPECT_EQ(run({"CDeptoRpt"}), Misused("falta --conexao"));
 }
 

@@ -157,8 +157,8 @@ TEST(SqlTest, SeparatesLaidOutStatements) {
 
 TEST(SqlTest, RefusesAnUnknownDatabase) {
   EXPECT_EQ(RunOf({"sql", "CDeptoRpt", "--banco", "orcale"}),
-            Misused("não há o banco \"orcale\" (quis dizer \"oracle\"?); há oracle, sqlserver, mysql, db2, sqlite e "
-                    "todos"));
+            Misused("o banco \"orcale\" não existe (quis dizer \"oracle\"?); escolha oracle, sqlserver, mysql, db2, "
+                    "sqlite ou todos"));
 }
 
 TEST(SqlTest, AsksForWhatIsMissing) {

@@ -54,11 +54,11 @@ TEST(VerificaMissing, NamesTablesAndColumnsOfEachReport) {
   const std::map<std::string, std::string> findings = Findings(ran.out);
   ASSERT_EQ(findings.size(), 39U) << ran.out;
   EXPECT_EQ(findings.at("CSuporteRpt.RelatorioSuportes"), "pronto");
-  EXPECT_EQ(findings.at("CDeptoRpt.RelatorioDeptos"), "falta coluna DEPTO.CEP, coluna DEPTO.END_EMAIL");
-  EXPECT_EQ(findings.at("CDocumentoRpt.RelatorioSintetico"), "falta tabela DOCUMENTO");
-  EXPECT_EQ(findings.at("COperadorRpt.RelatorioOperadores"), "falta tabela OPERADOR, tabela GRUPOS_OPERADORES");
-  EXPECT_EQ(findings.at("CLogRpt.RelatorioLog"), "falta tabela EVENTO");
-  EXPECT_NE(ran.out.find("\n1 de 39 relatórios prontos\n\nO que o banco disse:\n"
+  EXPECT_EQ(findings.at("CDeptoRpt.RelatorioDeptos"), "falta: coluna DEPTO.CEP, coluna DEPTO.END_EMAIL");
+  EXPECT_EQ(findings.at("CDocumentoRpt.RelatorioSintetico"), "falta: tabela DOCUMENTO");
+  EXPECT_EQ(findings.at("COperadorRpt.RelatorioOperadores"), "falta: tabela OPERADOR, tabela GRUPOS_OPERADORES");
+  EXPECT_EQ(findings.at("CLogRpt.RelatorioLog"), "falta: tabela EVENTO");
+  EXPECT_NE(ran.out.find("\n1 de 39 relatórios prontos\n\nO que o banco respondeu:\n"
                          "  coluna DEPTO.CEP: [SQLite]no such column: CEP (1)\n"
                          "  coluna DEPTO.END_EMAIL: [SQLite]no such column: END_EMAIL (1)\n"
                          "  tabela ASSUNTO: [SQLite]no such table: ASSUNTO (1)\n"),
