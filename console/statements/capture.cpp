@@ -7,7 +7,7 @@
 namespace kodra::console {
 namespace {
 
-// It names no database: what a database's own connection strings need is no part of a report.
+// It names no database: what some databases need when a connection opens is not part of a report.
 constexpr const wchar_t* kConnectionString = L"kodrarpt";
 
 Captured CaptureWith(int rows, const reports::ReportMethod& method, std::int32_t databaseCode,
@@ -23,7 +23,7 @@ Captured CaptureWith(int rows, const reports::ReportMethod& method, std::int32_t
 Captured Capture(const reports::ReportMethod& method, std::int32_t databaseCode, frame::ParameterObject& parameters) {
   try {
     return CaptureWith(0, method, databaseCode, parameters);
-  } catch (const Erro&) {  // a report that goes no further without rows, or fails either way
+  } catch (const Erro&) {  // the report needs a row, or fails in any case
     return CaptureWith(1, method, databaseCode, parameters);
   }
 }

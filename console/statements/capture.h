@@ -1,7 +1,7 @@
-// The statements that a report sends, without a database.
+// Captures the statements that a report sends, without a database.
 //
-// The real report method runs; what it opens is written down and has no rows, or, where it cannot go on without any,
-// one row of nulls. Sibling components are placeholders.
+// The real report method runs with placeholders for the sibling components. Each statement that it opens is recorded
+// and returns no rows, or one row of nulls if the report fails without rows.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ struct Statement {
 struct Captured {
   // In the order in which the report sends them.
   std::vector<Statement> statements;
-  // The ProgIDs of the components that it asked for, each once, in the order of the asking.
+  // The ProgIDs of the components that it asked for, each once, in the order of the first request.
   std::vector<std::wstring> components;
 };
 

@@ -1,4 +1,4 @@
-// ADO without a database: it writes down what is opened.
+// ADO without a database, which records the statements that are opened.
 #pragma once
 
 #include <memory>
@@ -39,8 +39,8 @@ class CapturingCommand final : public platform::Command {
   Statement statement_;
 };
 
-// Opened on a statement it writes the statement down and has that many rows of nulls; opened on nothing it takes the
-// rows that are added and forgets them.
+// If it is opened on a statement, it records the statement and has `rows` rows of nulls. If it is opened without one,
+// it accepts added rows and discards them.
 class CapturingRecordset final : public platform::Recordset {
  public:
   // `statements` must outlive it.

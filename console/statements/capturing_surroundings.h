@@ -1,4 +1,4 @@
-// Surroundings without a database: what is opened is written down, and nothing is read.
+// Surroundings without a database, which record the statements that are opened.
 #pragma once
 
 #include <algorithm>
@@ -11,11 +11,11 @@ namespace kodra::console {
 
 class CapturingSurroundings final : public platform::Surroundings {
  public:
-  // Makes the component of a ProgID.
-  using Maker = std::function<ObjectRef(const std::wstring& progId)>;
+  // Creates the component with a ProgID.
+  using Factory = std::function<ObjectRef(const std::wstring& progId)>;
 
-  // Every statement has that many rows of nulls.
-  CapturingSurroundings(int rows, Maker maker) : rows_(rows), maker_(std::move(maker)) {}
+  // Every statement returns `rows` rows of nulls.
+  CapturingSurroundings(int rows, Factory factory) : rows_(rows), factory_(std::move(factory)) {}
 
   Captured captured;
 
@@ -27,7 +27,7 @@ class CapturingSurroundings final : public platform::Surroundings {
   ObjectRef CreateObject(const std::wstring& progId) override {
     if (std::ranges::find(captured.components, progId) == captured.components.end())
       captured.components.push_back(progId);
-    return maker_(progId);
+    return factory_(progId);
   }
   void SetEnvironment(const std::wstring&, const std::wstring&) override {}
   std::optional<std::uint64_t> FileLength(const std::wstring&) override { return std::nullopt; }
@@ -35,7 +35,7 @@ class CapturingSurroundings final : public platform::Surroundings {
 
  private:
   int rows_;
-  Maker maker_;
+  Factory factory_;
 };
 
 }  // namespace kodra::console

@@ -13,7 +13,7 @@ struct Break {
   std::size_t indentation;
 };
 
-// Finds the breaks of a statement from its words outside of quotes, parentheses and CASE … END.
+// Finds the breaks of a statement by its words outside quotes, parentheses and CASE … END.
 class Layout {
  public:
   explicit Layout(std::string_view text) : text_(text) {}
@@ -21,29 +21,29 @@ class Layout {
   const std::vector<Break>& Breaks() {
     for (std::size_t at = 0; at < text_.size(); ++at) {
       const char character = text_[at];
-      if (character == '\'') quoted_ = !quoted_;
-      if (quoted_) continue;
+      if (character == '\'') isQuoted_ = !isQuoted_;
+      if (isQuoted_) continue;
       if (character == '(') ++depth_;
       if (character == ')') --depth_;
-      if (character == ' ' && depth_ == 0 && inColumns_ && text_[at - 1] == ',') columns_.push_back({at, 2});
-      if (at == 0 || text_[at - 1] == ' ') Word(at, text_.substr(at, text_.find(' ', at) - at));
+      if (character == ' ' && depth_ == 0 && isInColumns_ && text_[at - 1] == ',') columnBreaks_.push_back({at, 2});
+      if (at == 0 || text_[at - 1] == ' ') VisitWord(at, text_.substr(at, text_.find(' ', at) - at));
     }
     EndColumns(text_.size());
     return breaks_;
   }
 
  private:
-  void Word(std::size_t at, std::string_view word) {
+  void VisitWord(std::size_t at, std::string_view word) {
     if (word == "CASE") ++depth_;
     if (word == "END") --depth_;
     if (depth_ != 0) return;
     if (StartsClause(at, word)) {
       StartClause(at, word);
     } else if (word == "BETWEEN") {
-      between_ = true;
-    } else if (inConditions_ && (word == "AND" || word == "OR")) {
-      if (!between_) breaks_.push_back({at - 1, 2});
-      between_ = false;
+      isInBetween_ = true;
+    } else if (isInConditions_ && (word == "AND" || word == "OR")) {
+      if (!isInBetween_) breaks_.push_back({at - 1, 2});
+      isInBetween_ = false;
     }
   }
 
@@ -57,30 +57,31 @@ class Layout {
   void StartClause(std::size_t at, std::string_view word) {
     EndColumns(at);
     if (at > 0) breaks_.push_back({at - 1, 0});
-    inConditions_ = word == "WHERE";
-    between_ = false;
+    isInConditions_ = word == "WHERE";
+    isInBetween_ = false;
     if (word != "SELECT") return;
-    inColumns_ = true;
+    isInColumns_ = true;
     columnsStart_ = at;
-    columns_.push_back({at + word.size(), 2});
+    columnBreaks_.push_back({at + word.size(), 2});
   }
 
   void EndColumns(std::size_t end) {
-    if (inColumns_ && end - columnsStart_ > kLineWidth) breaks_.insert(breaks_.end(), columns_.begin(), columns_.end());
-    columns_.clear();
-    inColumns_ = false;
+    if (isInColumns_ && end - columnsStart_ > kLineWidth)
+      breaks_.insert(breaks_.end(), columnBreaks_.begin(), columnBreaks_.end());
+    columnBreaks_.clear();
+    isInColumns_ = false;
   }
 
   std::string_view text_;
   std::vector<Break> breaks_;
-  // Those of the column list being read; they count if it turns out long.
-  std::vector<Break> columns_;
+  // The breaks of the current column list, which are used only if the list does not fit into one line.
+  std::vector<Break> columnBreaks_;
   std::size_t columnsStart_ = 0;
-  bool inColumns_ = false;
-  bool inConditions_ = false;
+  bool isInColumns_ = false;
+  bool isInConditions_ = false;
   // Whether the next AND belongs to a BETWEEN.
-  bool between_ = false;
-  bool quoted_ = false;
+  bool isInBetween_ = false;
+  bool isQuoted_ = false;
   int depth_ = 0;
 };
 

@@ -12,7 +12,7 @@
 namespace kodra::console {
 namespace {
 
-// Which columns are read does not depend on the dialect, but on SQLite some are lost between quotes.
+// Every dialect reads the same columns, but the dialect of SQLite hides some of them between quotes.
 constexpr const wchar_t* kConnectionString = L"Driver=MySQL";
 
 void Let(frame::ParameterObject& object, const frame::ParameterClass& parameterClass, std::string_view name,
@@ -21,8 +21,8 @@ void Let(frame::ParameterObject& object, const frame::ParameterClass& parameterC
     if (values::ToUtf8(property.name) == name) object.Let(property.name, ParameterValue(property, value));
 }
 
-// Parameter objects that fill in everything, so that every filter counts: one with the samples of the guide, and one
-// more for each other value that changes the form of the statements.
+// Parameter objects with all properties set, so that every filter is in the statements: one object with the samples of
+// the guide, and one for each further value that changes the form of the statements.
 std::vector<frame::ParameterObject> Variants(const reports::ReportMethod& method) {
   const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);
   const auto& parameters = guide::About(method).parameters;
@@ -41,22 +41,26 @@ ObjectRef NewSibling(const std::wstring& progId, platform::Surroundings& surroun
   return found->create(surroundings);
 }
 
-// Runs the report where every statement has that many rows of nulls. Raises what the report raises with a row.
+// Runs the report with `rows` rows of nulls for every statement, and adds what it read. Raises what the report raises,
+// unless there were no rows.
 void AddRun(Needs& needs, int rows, const reports::ReportMethod& method, frame::ParameterObject parameters) {
-  CapturingSurroundings ofSiblings(
+  CapturingSurroundings siblingSurroundings(
       rows, [](const std::wstring&) -> ObjectRef { throw MakeRuntimeError(RuntimeError::kCannotCreateObject); });
-  CapturingSurroundings ofReport(rows, [&](const std::wstring& progId) { return NewSibling(progId, ofSiblings); });
+  CapturingSurroundings reportSurroundings(
+      rows, [&](const std::wstring& progId) { return NewSibling(progId, siblingSurroundings); });
   try {
-    method.call(ofReport, kConnectionString, &parameters);
+    method.call(reportSurroundings, kConnectionString, &parameters);
   } catch (const Erro&) {
     if (rows > 0) throw;
-    // Some reports must have rows. What they sent counts; what they asked for may be the log of the error.
-    ofReport.captured.components.clear();
+    // Some reports fail without rows. The statements that they sent before count. The components do not, because a
+    // report may ask for one only to log the error.
+    reportSurroundings.captured.components.clear();
   }
-  for (const Statement& statement : ofReport.captured.statements) AddNeeds(needs.tables, TablesRead(statement.text));
-  for (const Statement& statement : ofSiblings.captured.statements)
+  for (const Statement& statement : reportSurroundings.captured.statements)
+    AddNeeds(needs.tables, TablesRead(statement.text));
+  for (const Statement& statement : siblingSurroundings.captured.statements)
     AddNeeds(needs.siblingTables, TablesRead(statement.text));
-  for (const std::wstring& sibling : ofReport.captured.components)
+  for (const std::wstring& sibling : reportSurroundings.captured.components)
     if (std::ranges::find(needs.siblings, sibling) == needs.siblings.end()) needs.siblings.push_back(sibling);
 }
 

@@ -1,7 +1,7 @@
-// What a report needs of an installation: tables, columns and sibling components.
+// What a report needs in an installation: tables, columns and sibling components.
 //
-// It is learnt from the report itself: the method runs without a database, with the siblings that come with this
-// program, once for each form of its statements.
+// The needs are found by running the report without a database, with the siblings that come with this program, once for
+// each form of its statements.
 #pragma once
 
 #include "console/reports/report_methods.h"
@@ -11,13 +11,14 @@ namespace kodra::console {
 
 struct Needs {
   std::vector<TableNeed> tables;
-  // What its siblings read in its name.
+  // What the siblings read for the report.
   std::vector<TableNeed> siblingTables;
-  // The ProgIDs that it asks for. A log that it only writes on errors is none of them: reports get along without it.
+  // The ProgIDs of the siblings that it asks for. A log that it writes only on errors is not among them, because the
+  // report works without it.
   std::vector<std::wstring> siblings;
 };
 
-// Everything that the report may read, whatever its parameters ask for, in the order in which it names it.
+// Everything that the report may read, whatever its parameters are, in the order in which it names it.
 Needs NeedsOf(const reports::ReportMethod& method);
 
 }  // namespace kodra::console

@@ -19,7 +19,7 @@ constexpr auto kComponentNotes = std::to_array<ComponentNote>({
      "entre < e > está o nome do parâmetro do sistema: o relatório põe ali o valor da instalação, em maiúsculas no "
      "título"},
     {L"KodraBsnV3.ModulosBsn",
-     "a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode dar outra"},
+     "a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode devolver outra"},
     {L"KodraBsnV3.ObtedorDeModulos",
      "a instrução só é enviada se o componente KodraBsnV3.ObtedorDeModulos encontrar um subordinado fechado"},
     {L"KodraRegEvt.RegEvtDAO",

@@ -8,8 +8,8 @@
 
 namespace kodra::console {
 
-// One sentence each, Brazilian Portuguese in UTF-8: what replaces values that are only known at the installation, and
-// which statement depends on the data of another.
+// One sentence per note, in Brazilian Portuguese (UTF-8): what is in the place of values that only the installation
+// knows, and which statement depends on the data of another.
 std::vector<std::string> NotesOn(const reports::ReportMethod& method, const Captured& captured);
 
 }  // namespace kodra::console

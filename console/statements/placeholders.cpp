@@ -7,7 +7,7 @@
 namespace kodra::console {
 namespace {
 
-// What a component answers when a property or method of that name is asked, whatever the arguments.
+// The value of each property or method by its name, whatever the arguments.
 using Answers = std::map<std::wstring, Value, std::less<>>;
 
 class Placeholder final : public AutomationObject {

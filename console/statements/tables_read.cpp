@@ -13,7 +13,7 @@ namespace {
 // What may follow a table without an alias.
 constexpr std::wstring_view kClauses[] = {L"WHERE", L"INNER", L"LEFT", L"ON", L"GROUP", L"ORDER", L"UNION"};
 
-// The other words of SQL in the statements, and what the dialects call today and the parts of a date.
+// The other words of SQL in the statements, and the words of the dialects for today and for the parts of a date.
 constexpr std::wstring_view kWords[] = {L"SELECT",  L"DISTINCT", L"FROM",    L"JOIN",     L"BY",   L"ALL",  L"AS",
                                         L"AND",     L"OR",       L"NOT",     L"IN",       L"IS",   L"NULL", L"LIKE",
                                         L"ESCAPE",  L"CASE",     L"BETWEEN", L"WHEN",     L"THEN", L"ELSE", L"END",
@@ -33,7 +33,7 @@ bool Has(const std::wstring_view (&words)[kSize], const std::wstring& word) {
   throw std::logic_error(values::ToUtf8(reason + L": " + std::wstring(statement)));
 }
 
-// A text between quotes counts as one word, ''; a name goes with what it is qualified with.
+// A text between quotes is the one word ''; a qualified name is one word.
 std::vector<std::wstring> WordsOf(std::wstring_view statement) {
   constexpr std::wstring_view kSymbols = L"(),=<>|+-*/:?";
   std::vector<std::wstring> words;
@@ -41,7 +41,7 @@ std::vector<std::wstring> WordsOf(std::wstring_view statement) {
     std::size_t end = at + 1;
     if (statement[at] == L'\'') {
       end = statement.find(L'\'', end);
-      if (end == statement.npos) Refuse(statement, L"quote without an end");
+      if (end == statement.npos) Refuse(statement, L"unterminated quote");
       words.emplace_back(L"''");
       ++end;
     } else if (IsLetter(statement[at]) || IsDigit(statement[at])) {
@@ -54,7 +54,7 @@ std::vector<std::wstring> WordsOf(std::wstring_view statement) {
     }
     at = end;
   }
-  // So that each word has a next one.
+  // An end mark, so that every word of the statement has a next one.
   words.emplace_back(L")");
   return words;
 }
@@ -65,18 +65,18 @@ class Statement {
 
   std::vector<TableNeed> Tables() {
     for (std::size_t at = 0; at < words_.size(); ++at)
-      if (words_[at] == L"FROM" || words_[at] == L"JOIN") TakeTable(at + 1);
+      if (words_[at] == L"FROM" || words_[at] == L"JOIN") ReadTable(at + 1);
     for (std::size_t at = 0; at < words_.size(); ++at)
-      if (IsName(words_[at]) && !isTable_.contains(at)) TakeName(at);
+      if (IsName(words_[at]) && !isTable_.contains(at)) ReadName(at);
     for (const TableNeed& table : tables_)
       if (table.columns.empty()) Refuse(text_, L"no column of " + table.table);
     return tables_;
   }
 
  private:
-  void TakeTable(std::size_t at) {
+  void ReadTable(std::size_t at) {
     const std::wstring& table = words_[at];
-    if (!IsName(table)) Refuse(text_, L"no table at " + table);
+    if (!IsName(table)) Refuse(text_, L"no table name at " + table);
     isTable_.insert(at);
     if (table.find(L'.') != table.npos) return;
     AddNeeds(tables_, {{table, {}}});
@@ -92,7 +92,7 @@ class Statement {
     if (words_[at + (hasAlias ? 2 : 1)] == L",") Refuse(text_, L"a list of tables");
   }
 
-  void TakeName(std::size_t at) {
+  void ReadName(std::size_t at) {
     const std::wstring& name = words_[at];
     if (name == L"UNION") isUnion_ = true;
     if (name == L"ORDER") isOrder_ = true;
@@ -108,7 +108,7 @@ class Statement {
       results_.insert(name);
       return;
     }
-    // A union is put in order by the columns of its result.
+    // A union is sorted by the columns of its result.
     if (isOrder_ && (isUnion_ || results_.contains(name))) return;
     if (withoutAlias_.size() != 1) Refuse(text_, L"no table for " + name);
     AddNeeds(tables_, {{*withoutAlias_.begin(), {name}}});
@@ -117,12 +117,12 @@ class Statement {
   std::wstring_view text_;
   std::vector<std::wstring> words_;
   std::vector<TableNeed> tables_;
-  // Where a table or its alias is, rather than another name.
+  // The positions of the words that are a table or its alias.
   std::set<std::size_t> isTable_;
-  // By alias, or by the table's own name where it has none.
+  // By alias, or by the name of a table without an alias.
   std::map<std::wstring, std::wstring> tableOf_;
   std::set<std::wstring> withoutAlias_;
-  // The names of result columns behind AS.
+  // The names of result columns after AS.
   std::set<std::wstring> results_;
   bool isUnion_ = false;
   bool isOrder_ = false;

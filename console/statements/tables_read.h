@@ -1,4 +1,4 @@
-// What a statement reads, taken from its text.
+// Finds the tables and columns that a statement reads, from its text.
 #pragma once
 
 #include <string>
@@ -12,15 +12,15 @@ struct TableNeed {
   std::vector<std::wstring> columns;
 };
 
-// The tables behind FROM and JOIN, in the order of the statement, each with the columns that the statement names. A
-// table of the database system itself, such as SYS.DUAL, does not count.
+// The tables after FROM and JOIN, in the order of the statement, each with the columns that the statement names. Tables
+// of the database system itself, such as SYS.DUAL, are left out.
 //
-// It understands the form that the statements of the reports and of their siblings have: names are qualified with an
-// alias, or belong to the one table that has no alias; an alias means the same table throughout. Raises
-// std::logic_error for a statement of another form.
+// Reads only statements in the form that the reports and their siblings use: a name is qualified with an alias, or
+// belongs to the one table without an alias; an alias means the same table throughout. Raises std::logic_error for a
+// statement of another form.
 std::vector<TableNeed> TablesRead(std::wstring_view statement);
 
-// Adds tables and columns that are not there yet.
+// Adds the tables and columns that `needs` does not contain yet.
 void AddNeeds(std::vector<TableNeed>& needs, const std::vector<TableNeed>& more);
 
 }  // namespace kodra::console

@@ -10,7 +10,7 @@ namespace {
 Ran Printed(const std::string& out, const std::string& err = "") { return {ExitCode::kOk, out, err}; }
 
 constexpr const char* kSubordinateNote =
-    "nota: a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode dar outra\n";
+    "nota: a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode devolver outra\n";
 
 TEST(SqlTest, PrintsAStatementInOneLine) {
   EXPECT_EQ(RunOf({"sql", "CTipo_CaixaRpt", "--banco", "db2"}),
