@@ -1,4 +1,4 @@
-// What a call could not write.
+// The failure of a call that writes a file.
 #pragma once
 
 #include <string>

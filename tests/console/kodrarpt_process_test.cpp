@@ -1,4 +1,4 @@
-// The program kodrarpt as a process: how it answers signals, and what memory it takes.
+// kodrarpt as a process: how it reacts to signals, and how much memory it uses.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -24,7 +24,7 @@ using values::ToUtf8;
 constexpr int kManyRows = 100000;
 constexpr int kFewRows = 1000;
 
-// A table of supports, in the order of the report.
+// A database with a table of supports. The index has the order of the report, so that SQLite does not sort in memory.
 class Supports {
  public:
   explicit Supports(int rows) {
@@ -44,8 +44,8 @@ const Supports& Many() {
   return many;
 }
 
-// A parameter table without an end, for a report that reads it in no order: a run ends when it is told to and no
-// sooner.
+// A database whose parameter table never ends. A run of a report that reads it unsorted ends only when it is
+// interrupted.
 std::string EndlessConnection() {
   static SqliteFile file;
   static const bool made = [] {
@@ -63,20 +63,20 @@ class KodrarptProcess : public testing::Test {
     std::string pattern = (fs::temp_directory_path() / "kodra-process-XXXXXX").string();
     EXPECT_NE(mkdtemp(pattern.data()), nullptr);
     folder_ = pattern;
-    // A program that a shell starts in the background inherits that Ctrl-C is ignored, and so would kodrarpt.
-    former_ = signal(SIGINT, SIG_DFL);
+    // A shell makes its background programs ignore Ctrl-C, and kodrarpt would inherit that from this program.
+    previousHandler_ = signal(SIGINT, SIG_DFL);
   }
   ~KodrarptProcess() override {
-    signal(SIGINT, former_);
+    signal(SIGINT, previousHandler_);
     fs::remove_all(folder_);
   }
 
-  // Starts the program on a report, under another program where one is named, with "destino.csv" or the like as its
-  // target.
-  pid_t Start(const std::vector<std::string>& under, const std::vector<std::string>& report,
+  // Starts "kodrarpt executa" with a report and its arguments, and writes to "destino.csv" or "destino.json". A wrapper
+  // is a command that runs kodrarpt; it may be empty.
+  pid_t Start(const std::vector<std::string>& wrapper, const std::vector<std::string>& report,
               const std::string& format) const {
     testbed::ChildProcess child;
-    child.command = under;
+    child.command = wrapper;
     child.command.insert(child.command.end(), {KODRARPT, "executa"});
     child.command.insert(child.command.end(), report.begin(), report.end());
     child.command.insert(child.command.end(),
@@ -105,8 +105,8 @@ class KodrarptProcess : public testing::Test {
     return text.str();
   }
 
-  // How a process that was told to end does so. One that does not is killed, and the answer is -1.
-  static int Ended(pid_t process) {
+  // The exit code of a process that was interrupted; -1 if it was ended by a signal, or killed here after a minute.
+  static int ExitCodeOf(pid_t process) {
     const auto deadline = steady_clock::now() + std::chrono::seconds(60);
     while (steady_clock::now() < deadline) {
       int status = 0;
@@ -118,7 +118,7 @@ class KodrarptProcess : public testing::Test {
     return -1;
   }
 
-  // Waits until the unfinished file of that process has bytes.
+  // Waits until the unfinished file of the process has bytes.
   bool HasBegun(pid_t process) const {
     const fs::path unfinished = folder_ / (".destino.csv." + std::to_string(process) + ".parcial");
     const auto deadline = steady_clock::now() + std::chrono::seconds(60);
@@ -131,8 +131,8 @@ class KodrarptProcess : public testing::Test {
     return false;
   }
 
-  // The most memory that a run takes, in megabytes. "time" tells it, as a process starts with the peak of its parent,
-  // and this program's own is high.
+  // The peak memory of a run in megabytes, measured under "time": a process starts with the peak of its parent, and
+  // that of this test program is high.
   long PeakMegabytes(const Supports& supports, const std::string& format) const {
     const fs::path peak = folder_ / "pico.txt";
     const pid_t process = Start({"/usr/bin/time", "--quiet", "-f", "%M", "-o", peak.string()},
@@ -142,16 +142,16 @@ class KodrarptProcess : public testing::Test {
   }
 
   fs::path folder_;
-  sighandler_t former_;
+  sighandler_t previousHandler_;
 };
 
-TEST_F(KodrarptProcess, LeavesTheFormerFileWhenItIsInterrupted) {
+TEST_F(KodrarptProcess, KeepsThePreviousFileWhenItIsInterrupted) {
   for (const int signal : {SIGINT, SIGTERM}) {
     std::ofstream(folder_ / "destino.csv") << "antes";
     const pid_t process = StartEndlessCsv();
     EXPECT_TRUE(HasBegun(process));
     kill(process, signal);
-    EXPECT_EQ(Ended(process), 130);
+    EXPECT_EQ(ExitCodeOf(process), 130);
     EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
     EXPECT_EQ(Read(folder_ / "destino.csv"), "antes");
     EXPECT_EQ(Read(folder_ / "saida.txt"), "");
@@ -164,18 +164,18 @@ TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
   kill(process, SIGINT);
   kill(process, SIGINT);
   kill(process, SIGTERM);
-  EXPECT_EQ(Ended(process), 130);
+  EXPECT_EQ(ExitCodeOf(process), 130);
   EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
 }
 
-TEST_F(KodrarptProcess, TakesNoMoreMemoryForMoreRows) {
-  // The sanitizers keep freed memory for a while: little of it here, so that what a run holds shows.
+TEST_F(KodrarptProcess, UsesNoMoreMemoryForMoreRows) {
+  // The sanitizers keep freed memory for a while. They must keep little, or it would hide the memory that a run uses.
   setenv("ASAN_OPTIONS", "quarantine_size_mb=1", 1);
   const Supports few(kFewRows);
   for (const char* format : {"csv", "json"}) {
     const long base = PeakMegabytes(few, format);
     const long most = PeakMegabytes(Many(), format);
-    // The rows alone are 16 MB as they are held in memory.
+    // All rows at once would take 16 MB.
     EXPECT_LE(most - base, 6) << format << ": " << base << " MB for few rows, " << most << " MB for many";
     const std::string text = Read(folder_ / ("destino." + std::string(format)));
     EXPECT_NE(text.find("Microfilme de dezesseis milímetros 00100000"), std::string::npos);
@@ -183,7 +183,7 @@ TEST_F(KodrarptProcess, TakesNoMoreMemoryForMoreRows) {
   unsetenv("ASAN_OPTIONS");
 }
 
-TEST_F(KodrarptProcess, FailsWhereItsOutputIsFull) {
+TEST_F(KodrarptProcess, FailsWhenItsOutputIsFull) {
   testbed::ChildProcess child;
   child.command = {KODRARPT, "executa", "CSuporteRpt", "--conexao", Many().Connection(), "--formato", "csv"};
   child.output = "/dev/full";

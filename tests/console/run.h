@@ -1,4 +1,4 @@
-// One run of the program: what it writes and how it ends.
+// Runs the program and returns what it writes and its exit code.
 #pragma once
 
 #include <ostream>
@@ -10,18 +10,18 @@
 
 namespace kodra::console {
 
-struct Ran {
+struct RunResult {
   ExitCode code;
   std::string out;
   std::string err;
-  bool operator==(const Ran&) const = default;
+  bool operator==(const RunResult&) const = default;
 };
 
-inline void PrintTo(const Ran& ran, std::ostream* out) {
-  *out << "code " << static_cast<int>(ran.code) << "\n--- out\n" << ran.out << "--- err\n" << ran.err;
+inline void PrintTo(const RunResult& result, std::ostream* out) {
+  *out << "code " << static_cast<int>(result.code) << "\n--- out\n" << result.out << "--- err\n" << result.err;
 }
 
-inline Ran RunOf(const std::vector<std::string>& arguments) {
+inline RunResult RunProgram(const std::vector<std::string>& arguments) {
   std::ostringstream out;
   std::ostringstream err;
   Program program(out, err);
@@ -30,7 +30,12 @@ inline Ran RunOf(const std::vector<std::string>& arguments) {
   return {code, out.str(), err.str()};
 }
 
-// A run that ends with a complaint about the command line.
-inline Ran Misused(const std::string& complaint) { return {ExitCode::kUsage, "", "kodrarpt: " + complaint + "\n"}; }
+// The result of a run that succeeds.
+inline RunResult Success(const std::string& out, const std::string& err = "") { return {ExitCode::kOk, out, err}; }
+
+// The result of a run whose command line is wrong.
+inline RunResult UsageFailure(const std::string& message) {
+  return {ExitCode::kUsage, "", "kodrarpt: " + message + "\n"};
+}
 
 }  // namespace kodra::console

@@ -10,7 +10,7 @@
 namespace kodra::tests {
 namespace {
 
-// In words that both databases take.
+// In SQL that both databases execute.
 constexpr const wchar_t* kStatements[] = {
     L"CREATE TABLE DEPTO (COD_DEPTO VARCHAR(10), DESCR_DEPTO VARCHAR(100), ENDERECO VARCHAR(150), CIDADE VARCHAR(60), "
     L"ESTADO VARCHAR(2), CEP VARCHAR(9), END_EMAIL VARCHAR(100))",

@@ -1,4 +1,4 @@
-// An archive of a few rows that a test can write down, in either database.
+// An archive with so few rows that a test can contain the whole output, on both databases.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace kodra::tests {
 
-// Where a client reads it: two departments, two documents on paper, two containers with a module each, and no operator.
-// Made once for the whole test program.
+// The connection string of the archive: two departments, two documents on paper, two containers with one module each,
+// and no operator. The archive is created once per test program.
 std::wstring SmallArchiveOn(Engine engine);
 
 }  // namespace kodra::tests

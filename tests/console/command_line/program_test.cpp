@@ -1,4 +1,4 @@
-// The program as a whole: its help, its messages and how it ends.
+// The program as a whole: its help, its messages and its exit codes.
 #include "console/command_line/program.h"
 
 #include <gtest/gtest.h>
@@ -10,55 +10,56 @@
 namespace kodra::console {
 namespace {
 
-// Runs a program of one command, which does that.
-Ran RunDoing(std::function<ExitCode()> act) {
+// Runs a program whose only command performs the action.
+RunResult RunAction(std::function<ExitCode()> action) {
   std::ostringstream out;
   std::ostringstream err;
   Program program(out, err);
-  CLI::App& command = program.Add({"prova", "Faz a prova", "Exemplo: prova"}, std::move(act));
+  CLI::App& command = program.Add({"prova", "Faz a prova", "Exemplo: prova"}, std::move(action));
   command.add_option("RELATÓRIO")->option_text(" ")->required();
   const ExitCode code = program.Run({"prova", "x"});
   return {code, out.str(), err.str()};
 }
 
 TEST(ProgramTest, EndsWithTheCodeOfItsCommand) {
-  EXPECT_EQ(RunDoing([] { return ExitCode::kMismatch; }), (Ran{ExitCode::kMismatch, "", ""}));
+  EXPECT_EQ(RunAction([] { return ExitCode::kMismatch; }), (RunResult{ExitCode::kMismatch, "", ""}));
 }
 
 TEST(ProgramTest, ShowsTheNumberSourceAndDescriptionOfAReportsError) {
-  EXPECT_EQ(
-      RunDoing([]() -> ExitCode { throw Erro(-2147213397, L"KodraRpt.CLogRpt::RelatorioLog", L"É isso"); }),
-      (Ran{ExitCode::kReportError, "", "kodrarpt: erro -2147213397 em KodraRpt.CLogRpt::RelatorioLog:\nÉ isso\n"}));
+  EXPECT_EQ(RunAction([]() -> ExitCode { throw Erro(-2147213397, L"KodraRpt.CLogRpt::RelatorioLog", L"É isso"); }),
+            (RunResult{ExitCode::kReportError, "",
+                       "kodrarpt: erro -2147213397 em KodraRpt.CLogRpt::RelatorioLog:\nÉ isso\n"}));
 }
 
-TEST(ProgramTest, ShowsWhatACommandFindsWrong) {
-  EXPECT_EQ(RunDoing([]() -> ExitCode { throw UsageError("não dá"); }), Misused("não dá"));
+TEST(ProgramTest, ShowsTheMessageOfAUsageError) {
+  EXPECT_EQ(RunAction([]() -> ExitCode { throw UsageError("não dá"); }), UsageFailure("não dá"));
 }
 
 TEST(ProgramTest, ReportsAnUnexpectedException) {
-  EXPECT_EQ(RunDoing([]() -> ExitCode { throw std::runtime_error("oops"); }),
-            (Ran{ExitCode::kReportError, "", "kodrarpt: erro interno: oops\n"}));
+  EXPECT_EQ(RunAction([]() -> ExitCode { throw std::runtime_error("oops"); }),
+            (RunResult{ExitCode::kReportError, "", "kodrarpt: erro interno: oops\n"}));
 }
 
 TEST(ProgramTest, SuggestsTheCommandForAMisspeltOne) {
-  EXPECT_EQ(RunOf({"lsita"}), Misused("o comando \"lsita\" não existe (quis dizer \"lista\"?)"));
-  EXPECT_EQ(RunOf({"imprime"}), Misused("o comando \"imprime\" não existe"));
+  EXPECT_EQ(RunProgram({"lsita"}), UsageFailure("o comando \"lsita\" não existe (quis dizer \"lista\"?)"));
+  EXPECT_EQ(RunProgram({"imprime"}), UsageFailure("o comando \"imprime\" não existe"));
 }
 
 TEST(ProgramTest, RefusesOptionsAndArgumentsThatACommandDoesNotHave) {
-  EXPECT_EQ(RunOf({"lista", "--hlep"}), Misused("\"lista\" não tem a opção \"--hlep\" (quis dizer \"--help\"?)"));
-  EXPECT_EQ(RunOf({"lista", "tudo"}), Misused("argumento a mais: \"tudo\""));
+  EXPECT_EQ(RunProgram({"lista", "--hlep"}),
+            UsageFailure("\"lista\" não tem a opção \"--hlep\" (quis dizer \"--help\"?)"));
+  EXPECT_EQ(RunProgram({"lista", "tudo"}), UsageFailure("argumento a mais: \"tudo\""));
 }
 
 TEST(ProgramTest, ShowsItsHelpAndFailsWithoutACommand) {
-  const Ran asked = RunOf({"--help"});
-  const Ran silent = RunOf({});
-  EXPECT_EQ(asked.code, ExitCode::kOk);
-  EXPECT_EQ(asked.err, "");
-  EXPECT_EQ(silent, (Ran{ExitCode::kUsage, "", asked.out}));
+  const RunResult help = RunProgram({"--help"});
+  const RunResult noCommand = RunProgram({});
+  EXPECT_EQ(help.code, ExitCode::kOk);
+  EXPECT_EQ(help.err, "");
+  EXPECT_EQ(noCommand, (RunResult{ExitCode::kUsage, "", help.out}));
 }
 
-TEST(ProgramTest, HelpSetsColumnsByCharactersAndSpeaksPortuguese) {
+TEST(ProgramTest, WritesItsHelpInPortugueseWithColumnsOfCharacters) {
   std::ostringstream out;
   std::ostringstream err;
   Program program(out, err);
@@ -80,8 +81,7 @@ TEST(ProgramTest, HelpSetsColumnsByCharactersAndSpeaksPortuguese) {
             "Exemplo: ação\n");
 }
 
-// A command without an example in its help is not finished.
-TEST(ProgramTest, EveryCommandHasAnExample) {
+TEST(ProgramTest, HasAnExampleInTheHelpOfEveryCommand) {
   std::ostringstream out;
   std::ostringstream err;
   Program program(out, err);

@@ -6,20 +6,21 @@
 namespace kodra::console {
 namespace {
 
-TEST(FoldedTest, LosesLetterCaseAndAccents) {
+TEST(FoldedTest, RemovesLetterCaseAndAccents) {
   EXPECT_EQ(Folded("ÇãoÉ_Ü9x"), "caoe_u9x");
+  EXPECT_EQ(Folded("ÁÀÂÃÄÇÉÈÊËÍÌÎÏÑÓÒÔÕÖÚÙÛÜ"), "aaaaaceeeeiiiinooooouuuu");
   EXPECT_EQ(Folded(""), "");
 }
 
-TEST(FoldedTest, KeepsWhatIsNoLatinLetter) { EXPECT_EQ(Folded("€ Ω 7."), "€ Ω 7."); }
+TEST(FoldedTest, KeepsOtherCharacters) { EXPECT_EQ(Folded("€ Ω 7."), "€ Ω 7."); }
 
 TEST(NearestTest, CountsASwapOfNeighboursAsOneEdit) { EXPECT_EQ(Nearest("abdce", {"abxye", "abcde"}), "abcde"); }
 
-TEST(NearestTest, TakesTheFirstOfEquallyNearNames) { EXPECT_EQ(Nearest("lisa", {"lista", "liga"}), "lista"); }
+TEST(NearestTest, ReturnsTheFirstOfEquallyNearNames) { EXPECT_EQ(Nearest("lisa", {"lista", "liga"}), "lista"); }
 
-TEST(NearestTest, DoesNotMindLetterCaseAndAccents) { EXPECT_EQ(Nearest("AÇÃO", {"Evento", "Acao"}), "Acao"); }
+TEST(NearestTest, IgnoresLetterCaseAndAccents) { EXPECT_EQ(Nearest("AÇÃO", {"Evento", "Acao"}), "Acao"); }
 
-TEST(NearestTest, GivesNothingWhenEvenTheNearestIsFar) {
+TEST(NearestTest, ReturnsNothingIfEvenTheNearestIsFar) {
   EXPECT_EQ(Nearest("xyz", {"lista", "sql"}), std::nullopt);
   EXPECT_EQ(Nearest("lista", {}), std::nullopt);
 }

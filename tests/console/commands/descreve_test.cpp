@@ -7,33 +7,34 @@ namespace kodra::console {
 namespace {
 
 TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
-  EXPECT_EQ(RunOf({"descreve", "csolicitacaorpt.relatoriodevolucaooriginal"}),
-            (Ran{ExitCode::kOk,
-                 "CSolicitacaoRpt.RelatorioDevolucaoOriginal\n"
-                 "Os originais retirados ou já devolvidos.\n"
-                 "\n"
-                 "Parâmetros (CSolicitacaoRptObj):\n"
-                 "  --Owner               texto       não é lido\n"
-                 "  --CodSolicit          texto       não é lido\n"
-                 "  --ListarJaDevolvidos  sim ou não  Sim inclui os originais já devolvidos e muda o título\n"
-                 "\n"
-                 "Colunas:\n"
-                 "  TITULO          texto  Título da listagem\n"
-                 "  COD_DOCTO       texto  Código do documento\n"
-                 "  DESCR_OPERADOR  texto  Nome completo de quem retirou, ou o seu nome de acesso\n"
-                 "  DT_RETIRADA     texto  Data de retirada, dd/mm/aaaa\n"
-                 "  DEVOLVIDO       texto  Modo: P permanente, I sem data, D com data, S já devolvido\n"
-                 "  DT_DEVOLUCAO    texto  Data de devolução, dd/mm/aaaa\n"
-                 "\n"
-                 "Parece errado e é assim mesmo:\n"
-                 "  - CodSolicit não é usado: a listagem cobre todas as solicitações.\n"
-                 "  - No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe.\n",
-                 ""}));
+  EXPECT_EQ(RunProgram({"descreve", "csolicitacaorpt.relatoriodevolucaooriginal"}),
+            (RunResult{ExitCode::kOk,
+                       "CSolicitacaoRpt.RelatorioDevolucaoOriginal\n"
+                       "Os originais retirados ou já devolvidos.\n"
+                       "\n"
+                       "Parâmetros (CSolicitacaoRptObj):\n"
+                       "  --Owner               texto       não é lido\n"
+                       "  --CodSolicit          texto       não é lido\n"
+                       "  --ListarJaDevolvidos  sim ou não  Sim inclui os originais já devolvidos e muda o título\n"
+                       "\n"
+                       "Colunas:\n"
+                       "  TITULO          texto  Título da listagem\n"
+                       "  COD_DOCTO       texto  Código do documento\n"
+                       "  DESCR_OPERADOR  texto  Nome completo de quem retirou, ou o seu nome de acesso\n"
+                       "  DT_RETIRADA     texto  Data de retirada, dd/mm/aaaa\n"
+                       "  DEVOLVIDO       texto  Modo: P permanente, I sem data, D com data, S já devolvido\n"
+                       "  DT_DEVOLUCAO    texto  Data de devolução, dd/mm/aaaa\n"
+                       "\n"
+                       "Parece errado e é assim mesmo:\n"
+                       "  - CodSolicit não é usado: a listagem cobre todas as solicitações.\n"
+                       "  - No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe.\n",
+                       ""}));
 }
 
-TEST(DescreveTest, ShowsRulesAndWhatAKindOfReportBrings) {
-  EXPECT_EQ(RunOf({"descreve", "CEstatSubgrupoRpt"}),
-            (Ran{ExitCode::kOk,
+TEST(DescreveTest, ShowsTheRuleOfAPropertyAndTheTipoRptOfAColumn) {
+  EXPECT_EQ(
+      RunProgram({"descreve", "CEstatSubgrupoRpt"}),
+      (RunResult{ExitCode::kOk,
                  "CEstatSubgrupoRpt.RelatorioEstatisticas\n"
                  "Os documentos, folhas ou páginas armazenados, por subgrupo.\n"
                  "\n"
@@ -61,7 +62,7 @@ TEST(DescreveTest, ShowsRulesAndWhatAKindOfReportBrings) {
 }
 
 TEST(DescreveTest, ShowsAReportsOwnErrors) {
-  const std::string out = RunOf({"descreve", "CLogRpt"}).out;
+  const std::string out = RunProgram({"descreve", "CLogRpt"}).out;
   EXPECT_EQ(out.substr(out.find("\nErros próprios:")),
             "\nErros próprios:\n"
             "  - A mensagem do ADO instalado para \"nenhum registro atual\" (3021)\n"
@@ -70,9 +71,9 @@ TEST(DescreveTest, ShowsAReportsOwnErrors) {
 }
 
 TEST(DescreveTest, RefusesWhatIsNoReport) {
-  EXPECT_EQ(RunOf({"descreve", "CDeptoRpt.Relatorio"}),
-            Misused("o relatório \"CDeptoRpt.Relatorio\" não existe (quis dizer \"CDeptoRpt.RelatorioDeptos\"?); "
-                    "\"kodrarpt lista\" mostra todos"));
+  EXPECT_EQ(RunProgram({"descreve", "CDeptoRpt.Relatorio"}),
+            UsageFailure("o relatório \"CDeptoRpt.Relatorio\" não existe (quis dizer \"CDeptoRpt.RelatorioDeptos\"?); "
+                         "\"kodrarpt lista\" mostra todos"));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// kodrarpt executa on both databases: what it writes, whole, and how it fails.
+// kodrarpt executa on both databases: its whole output, and how it fails.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -30,12 +30,11 @@ class Executa : public testing::TestWithParam<Engine> {
 
   static std::string Connection() { return ToUtf8(tests::SmallArchiveOn(GetParam())); }
 
-  // A report with further arguments, over the small archive.
-  static Ran RunReport(const std::string& report, std::vector<std::string> arguments) {
+  // Runs a report on the small archive, with further arguments.
+  static RunResult RunReport(const std::string& report, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"executa", report, "--conexao", Connection()});
-    return RunOf(arguments);
+    return RunProgram(arguments);
   }
-  static Ran Gives(const std::string& out) { return {ExitCode::kOk, out, ""}; }
 
   static std::string Read(const fs::path& path) {
     std::ostringstream text;
@@ -50,14 +49,14 @@ INSTANTIATE_TEST_SUITE_P(, Executa, testing::Values(Engine::kSqlite, Engine::kMa
 
 TEST_P(Executa, WritesCsv) {
   EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "csv"}),
-            Gives("DESCR_DEPTO,ENDERECO,CIDADE,ESTADO,CEP,END_EMAIL\r\n"
-                  "Finanças,\"\",=Rio,RJ,,fin@acervo.br\r\n"
-                  "Jurídico,\"Rua \"\"A\"\", 10\",São Paulo,SP,01000-000,\r\n"));
+            Success("DESCR_DEPTO,ENDERECO,CIDADE,ESTADO,CEP,END_EMAIL\r\n"
+                    "Finanças,\"\",=Rio,RJ,,fin@acervo.br\r\n"
+                    "Jurídico,\"Rua \"\"A\"\", 10\",São Paulo,SP,01000-000,\r\n"));
   EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--formato", "csv", "--separador", "tab", "--bom"}),
-            Gives("\xEF\xBB\xBF"
-                  "COD_DOCTO\tDESCR_SUPORTE\tNUM_CAIXA\tNUM_CD\tDT_ARMAZ\tDT_VENC\tFRENTE\tVERSO\r\n"
-                  "0000000001\tPapel\tAB001\t\t2023-12-31T10:20:30\t2028-12-31\t1200\t3\r\n"
-                  "0000000002\tPapel\tAB002\tCD1\t2024-02-29T00:00:00\t\t7\t\r\n"));
+            Success("\xEF\xBB\xBF"
+                    "COD_DOCTO\tDESCR_SUPORTE\tNUM_CAIXA\tNUM_CD\tDT_ARMAZ\tDT_VENC\tFRENTE\tVERSO\r\n"
+                    "0000000001\tPapel\tAB001\t\t2023-12-31T10:20:30\t2028-12-31\t1200\t3\r\n"
+                    "0000000002\tPapel\tAB002\tCD1\t2024-02-29T00:00:00\t\t7\t\r\n"));
 }
 
 TEST_P(Executa, WritesJson) {
@@ -68,42 +67,42 @@ TEST_P(Executa, WritesJson) {
       "{\"COD_DOCTO\":\"0000000002\",\"DESCR_SUPORTE\":\"Papel\",\"NUM_CAIXA\":\"AB002\",\"NUM_CD\":\"CD1\","
       "\"DT_ARMAZ\":\"2024-02-29T00:00:00\",\"DT_VENC\":null,\"FRENTE\":7,\"VERSO\":null}";
   EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--formato", "json"}),
-            Gives("[\n" + first + ",\n" + second + "\n]\n"));
+            Success("[\n" + first + ",\n" + second + "\n]\n"));
   EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--formato", "JSON", "--json-linhas"}),
-            Gives(first + "\n" + second + "\n"));
+            Success(first + "\n" + second + "\n"));
 }
 
-TEST_P(Executa, WritesATableForPeopleUnlessToldOtherwise) {
+TEST_P(Executa, WritesATableByDefault) {
   EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {}),
-            Gives("COD_DOCTO   DESCR_SUPORTE  NUM_CAIXA  NUM_CD  DT_ARMAZ             DT_VENC     FRENTE  VERSO\n"
-                  "──────────  ─────────────  ─────────  ──────  ───────────────────  ──────────  ──────  ─────\n"
-                  "0000000001  Papel          AB001              31/12/2023 10:20:30  31/12/2028    1200      3\n"
-                  "0000000002  Papel          AB002      CD1     29/02/2024                            7\n"
-                  "(2 linhas)\n"));
+            Success("COD_DOCTO   DESCR_SUPORTE  NUM_CAIXA  NUM_CD  DT_ARMAZ             DT_VENC     FRENTE  VERSO\n"
+                    "──────────  ─────────────  ─────────  ──────  ───────────────────  ──────────  ──────  ─────\n"
+                    "0000000001  Papel          AB001              31/12/2023 10:20:30  31/12/2028    1200      3\n"
+                    "0000000002  Papel          AB002      CD1     29/02/2024                            7\n"
+                    "(2 linhas)\n"));
 }
 
 TEST_P(Executa, PassesParametersOn) {
   EXPECT_EQ(RunReport("CDocumentoRpt.RelatorioSintetico", {"--CodDepto", "2", "--formato", "csv"}),
-            Gives("COD_DOCTO,DESCR_SUPORTE,NUM_CAIXA,NUM_CD,DT_ARMAZ,DT_VENC,FRENTE,VERSO\r\n"
-                  "0000000002,Papel,AB002,CD1,2024-02-29T00:00:00,,7,\r\n"));
+            Success("COD_DOCTO,DESCR_SUPORTE,NUM_CAIXA,NUM_CD,DT_ARMAZ,DT_VENC,FRENTE,VERSO\r\n"
+                    "0000000002,Papel,AB002,CD1,2024-02-29T00:00:00,,7,\r\n"));
 }
 
-TEST_P(Executa, ReadsRowsThatAReportFilledItselfFromTheFirstOn) {
+TEST_P(Executa, WritesEveryRowOfARecordsetThatTheReportFilled) {
   EXPECT_EQ(
       RunReport("CContainerRpt.EtiquetaAbertura", {"--Container1", "C1", "--Container2", "C2", "--formato", "csv"}),
-      Gives("CONTAINER,DATA_VENCIMENTO,TIPO_GUARDA,NOME_EMPRESA\r\n"
-            "C1,2030-01-31,T,Acervo & Cia\r\n"
-            "C2,2031-01-31,T,Acervo & Cia\r\n"));
+      Success("CONTAINER,DATA_VENCIMENTO,TIPO_GUARDA,NOME_EMPRESA\r\n"
+              "C1,2030-01-31,T,Acervo & Cia\r\n"
+              "C2,2031-01-31,T,Acervo & Cia\r\n"));
 }
 
-TEST_P(Executa, WritesNoRowsOfAReportWithoutRecordset) {
-  EXPECT_EQ(RunReport("COperadorRpt", {"--formato", "json"}), Gives("[]\n"));
-  EXPECT_EQ(RunReport("COperadorRpt", {}), Gives("(0 linhas)\n"));
+TEST_P(Executa, WritesNoRowsForAReportWithoutARecordset) {
+  EXPECT_EQ(RunReport("COperadorRpt", {"--formato", "json"}), Success("[]\n"));
+  EXPECT_EQ(RunReport("COperadorRpt", {}), Success("(0 linhas)\n"));
 }
 
 TEST_P(Executa, WritesToAFile) {
   const fs::path target = folder_ / "departamentos.json";
-  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "json", "--saida", target.string()}), Gives(""));
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "json", "--saida", target.string()}), Success(""));
   EXPECT_EQ(Read(target),
             "[\n"
             "{\"DESCR_DEPTO\":\"Finanças\",\"ENDERECO\":\"\",\"CIDADE\":\"=Rio\",\"ESTADO\":\"RJ\",\"CEP\":null,"
@@ -114,48 +113,54 @@ TEST_P(Executa, WritesToAFile) {
 }
 
 TEST_P(Executa, WritesASpreadsheetToAFileOnly) {
-  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx"}), Misused("o formato xlsx precisa de --saida"));
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx"}), UsageFailure("o formato xlsx precisa de --saida"));
   const fs::path target = folder_ / "departamentos.xlsx";
-  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx", "--saida", target.string()}), Gives(""));
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx", "--saida", target.string()}), Success(""));
   EXPECT_EQ(Read(target).substr(0, 4), "PK\x03\x04");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
 }
 
-TEST_P(Executa, LeavesTheFormerFileWhenTheReportFails) {
+TEST_P(Executa, KeepsThePreviousFileWhenTheReportFails) {
   const fs::path target = folder_ / "grupos.csv";
   std::ofstream(target) << "antes";
   // The small archive has no table of groups.
-  const Ran ran = RunReport("CGrupoRpt", {"--formato", "csv", "--saida", target.string()});
-  EXPECT_EQ(ran.code, ExitCode::kReportError);
-  EXPECT_EQ(ran.err.substr(0, 75), "kodrarpt: erro -2147213397 em KodraRpt.CGrupoRpt::RelatorioGrupos:\nErro ao ");
+  const RunResult result = RunReport("CGrupoRpt", {"--formato", "csv", "--saida", target.string()});
+  EXPECT_EQ(result.code, ExitCode::kReportError);
+  EXPECT_EQ(result.err.substr(0, 75), "kodrarpt: erro -2147213397 em KodraRpt.CGrupoRpt::RelatorioGrupos:\nErro ao ");
   EXPECT_EQ(Read(target), "antes");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
 }
 
-TEST_P(Executa, SaysThatAFileCannotBeWrittenBeforeItAsksTheDatabase) {
+TEST_P(Executa, ReportsAnUnwritableFileBeforeItConnects) {
   const std::string target = (folder_ / "não" / "há.csv").string();
-  EXPECT_EQ(
-      RunOf({"executa", "CDeptoRpt", "--conexao", "DSN=NaoExiste", "--saida", target}),
-      (Ran{ExitCode::kOutput, "", "kodrarpt: não foi possível gravar \"" + target + "\": a pasta não existe.\n"}));
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=NaoExiste", "--saida", target}),
+            (RunResult{ExitCode::kOutput, "",
+                       "kodrarpt: não foi possível gravar \"" + target + "\": a pasta não existe.\n"}));
 }
 
-TEST(ExecutaUse, SuggestsTheNearestNames) {
-  const auto run = [](std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "executa");
-    return RunOf(arguments);
+TEST(ExecutaUsage, RefusesWrongValuesAndSuggestsTheNearestName) {
+  struct Case {
+    std::string option;
+    std::string value;
+    std::string message;
   };
-  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--formato", "jsno"}),
-            Misused("não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx, html"));
-  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--progresso", "sempe"}),
-            Misused("--progresso deve ser sempre, nunca ou auto (quis dizer \"sempre\"?)"));
-  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "\""}),
-            Misused("--separador deve ser um caractere, como ; ou |, ou a palavra tab"));
-  EXPECT_EQ(run({"CDeptoRpt", "--conexao", "DSN=D", "--separador", "é"}),
-            Misused("--separador deve ser um caractere, como ; ou |, ou a palavra tab"));
-  EXPECT_EQ(run({"CDeptoRpt"}), Misused("falta --conexao"));
+  const std::string separator = "--separador deve ser um caractere, como ; ou |, ou a palavra tab";
+  for (const Case& wrong : std::vector<Case>{
+           {"--formato", "jsno", "não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx, html"},
+           {"--progresso", "sempe", "--progresso deve ser sempre, nunca ou auto (quis dizer \"sempre\"?)"},
+           {"--separador", "\"", separator},
+           {"--separador", "é", separator},
+       }) {
+    EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=D", wrong.option, wrong.value}),
+              UsageFailure(wrong.message));
+  }
 }
 
-// Every way to fail with a password in hand.
+TEST(ExecutaUsage, NeedsAConnectionString) {
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt"}), UsageFailure("falta --conexao"));
+}
+
+// Failures of every kind, with a password that no message may show.
 class ExecutaPassword : public testing::Test {
  protected:
   void TearDown() override {
@@ -163,43 +168,44 @@ class ExecutaPassword : public testing::Test {
     unsetenv("SENHA_DO_ACERVO");
   }
 
-  // Runs what must fail; no word of the program may hold the password.
-  static Ran Failing(const std::vector<std::string>& arguments) {
-    Ran ran = RunOf(arguments);
-    EXPECT_NE(ran.code, ExitCode::kOk);
-    EXPECT_EQ((ran.out + ran.err).find("segredo"), std::string::npos) << ran.out << ran.err;
-    return ran;
+  // Runs a command that fails, and checks that its output does not contain the password.
+  static RunResult RunFailing(const std::vector<std::string>& arguments) {
+    RunResult result = RunProgram(arguments);
+    EXPECT_NE(result.code, ExitCode::kOk);
+    EXPECT_EQ((result.out + result.err).find("segredo"), std::string::npos) << result.out << result.err;
+    return result;
   }
 };
 
 TEST_F(ExecutaPassword, IsHiddenWhereArgumentsAreQuoted) {
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
-            Misused("argumento a mais: \"Driver={X};PWD=***\""));
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"}).code, ExitCode::kUsage);
-  EXPECT_EQ(Failing({"Driver={X};PWD=segredo;UID=a"}).code, ExitCode::kUsage);
-  EXPECT_EQ(Failing({"executa", "Driver={X};PWD=segredo;UID=a", "--conexao", "x"}).code, ExitCode::kUsage);
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "PWD=segredo;X=1", "--formato", "PWD=segredo;X"}).code,
-            ExitCode::kUsage);
+  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
+            UsageFailure("argumento a mais: \"Driver={X};PWD=***\""));
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"},
+           {"Driver={X};PWD=segredo;UID=a"},
+           {"executa", "Driver={X};PWD=segredo;UID=a", "--conexao", "x"},
+           {"executa", "CDeptoRpt", "--conexao", "PWD=segredo;X=1", "--formato", "PWD=segredo;X"},
+       })
+    EXPECT_EQ(RunFailing(arguments).code, ExitCode::kUsage);
 }
 
 TEST_F(ExecutaPassword, IsHiddenWhereTheDatabaseCannotBeReached) {
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "Driver={NaoExiste};UID=ana;PWD=segredo"}).code,
-            ExitCode::kConnection);
-  EXPECT_EQ(
-      Failing({"executa", "CDeptoRpt", "--conexao", "Driver={SQLite3};Database=/não/existe.db;Password=\"segredo\""})
-          .code,
-      ExitCode::kConnection);
-  const std::string refused = ToUtf8(tests::MariaDb().ConnectionString(L"pequeno", L"segredo"));
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", refused}).code, ExitCode::kConnection);
+  for (const std::string& connection : {
+           std::string("Driver={NaoExiste};UID=ana;PWD=segredo"),
+           std::string("Driver={SQLite3};Database=/não/existe.db;Password=\"segredo\""),
+           ToUtf8(tests::MariaDb().ConnectionString(L"pequeno", L"segredo")),
+       })
+    EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexao", connection}).code, ExitCode::kConnection);
   setenv("KODRARPT_SENHA", "segredo", 1);
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", "Driver={NaoExiste};UID=ana"}).code, ExitCode::kConnection);
+  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexao", "Driver={NaoExiste};UID=ana"}).code,
+            ExitCode::kConnection);
 }
 
 TEST_F(ExecutaPassword, IsHiddenWhereTheReportFails) {
   const std::string connection = ToUtf8(tests::SmallArchiveOn(Engine::kSqlite));
-  EXPECT_EQ(Failing({"executa", "CGrupoRpt", "--conexao", connection + "PWD=segredo"}).code, ExitCode::kReportError);
+  EXPECT_EQ(RunFailing({"executa", "CGrupoRpt", "--conexao", connection + "PWD=segredo"}).code, ExitCode::kReportError);
   setenv("KODRARPT_SENHA", "segredo;x", 1);
-  EXPECT_EQ(Failing({"executa", "CGrupoRpt", "--conexao", connection}).code, ExitCode::kReportError);
+  EXPECT_EQ(RunFailing({"executa", "CGrupoRpt", "--conexao", connection}).code, ExitCode::kReportError);
 }
 
 TEST_F(ExecutaPassword, ComesFromTheEnvironment) {
@@ -210,18 +216,19 @@ TEST_F(ExecutaPassword, ComesFromTheEnvironment) {
   const std::string password = ToUtf8(full.substr(at + 4, end - at - 4));
   const std::string without = ToUtf8(full.substr(0, at) + full.substr(end + 1));
   ASSERT_FALSE(password.empty());
-  EXPECT_EQ(Failing({"executa", "CDeptoRpt", "--conexao", without}).code, ExitCode::kConnection);
+  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexao", without}).code, ExitCode::kConnection);
   setenv("KODRARPT_SENHA", password.c_str(), 1);
-  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", without}).code, ExitCode::kOk);
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", without}).code, ExitCode::kOk);
   setenv("KODRARPT_SENHA", "outra", 1);
   setenv("SENHA_DO_ACERVO", password.c_str(), 1);
-  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "SENHA_DO_ACERVO"}).code, ExitCode::kOk);
-  // One that the string has already counts, unless a variable is named.
-  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", ToUtf8(full)}).code, ExitCode::kOk);
-  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", ToUtf8(full), "--senha-de", "SENHA_DO_ACERVO"}),
-            Misused("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de"));
-  EXPECT_EQ(RunOf({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "NAO_HA"}),
-            Misused("não há a variável de ambiente \"NAO_HA\", de --senha-de"));
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "SENHA_DO_ACERVO"}).code,
+            ExitCode::kOk);
+  // The password of the connection string is used, unless a variable is named.
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", ToUtf8(full)}).code, ExitCode::kOk);
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", ToUtf8(full), "--senha-de", "SENHA_DO_ACERVO"}),
+            UsageFailure("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de"));
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "NAO_HA"}),
+            UsageFailure("não há a variável de ambiente \"NAO_HA\", de --senha-de"));
 }
 
 }  // namespace

@@ -12,10 +12,10 @@ namespace kodra::console {
 namespace {
 
 TEST(ListaTest, NamesEveryReportInOrderWithItsPurpose) {
-  const Ran ran = RunOf({"lista"});
-  EXPECT_EQ(ran.code, ExitCode::kOk);
-  EXPECT_EQ(ran.err, "");
-  std::istringstream lines(ran.out);
+  const RunResult result = RunProgram({"lista"});
+  EXPECT_EQ(result.code, ExitCode::kOk);
+  EXPECT_EQ(result.err, "");
+  std::istringstream lines(result.out);
   for (const reports::ReportMethod& method : reports::ReportMethods()) {
     std::string line;
     std::getline(lines, line);
@@ -26,12 +26,12 @@ TEST(ListaTest, NamesEveryReportInOrderWithItsPurpose) {
 }
 
 TEST(ListaTest, ShowsAReportInOneLine) {
-  const std::string out = RunOf({"lista"}).out;
+  const std::string out = RunProgram({"lista"}).out;
   EXPECT_EQ(out.substr(0, out.find('\n')),
             "CCDRpt.RelatorioMidias                                As mídias, todas ou só as vencidas");
 }
 
-TEST(ListaTest, HasThePurposeOfEachReportInALineOfItsOwn) {
+TEST(ListaTest, HasADifferentPurposeForEachReport) {
   std::set<std::string_view> purposes;
   for (const guide::Report& report : guide::Reports()) {
     EXPECT_FALSE(report.purpose.empty()) << report.method;

@@ -6,22 +6,19 @@
 namespace kodra::console {
 namespace {
 
-// A run that prints these lines and nothing else.
-Ran Printed(const std::string& out, const std::string& err = "") { return {ExitCode::kOk, out, err}; }
-
 constexpr const char* kSubordinateNote =
     "nota: a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode devolver outra\n";
 
 TEST(SqlTest, PrintsAStatementInOneLine) {
-  EXPECT_EQ(RunOf({"sql", "CTipo_CaixaRpt", "--banco", "db2"}),
-            Printed("SELECT DESCR_TIPO_CX, NUM_MAX_DOCS, NUM_MAX_FOLHAS FROM TIPO_CAIXA WHERE COD_TIPO_CX<>'0' "
+  EXPECT_EQ(RunProgram({"sql", "CTipo_CaixaRpt", "--banco", "db2"}),
+            Success("SELECT DESCR_TIPO_CX, NUM_MAX_DOCS, NUM_MAX_FOLHAS FROM TIPO_CAIXA WHERE COD_TIPO_CX<>'0' "
                     "ORDER BY DESCR_TIPO_CX\n"));
 }
 
-TEST(SqlTest, SpeaksEachDatabasesDialectUnderItsName) {
+TEST(SqlTest, PrintsTheStatementOfEachDatabaseUnderItsName) {
   EXPECT_EQ(
-      RunOf({"sql", "ccdrpt", "--TipoRpt", "vencidas", "--banco", "todos"}),
-      Printed("-- Oracle\n"
+      RunProgram({"sql", "ccdrpt", "--TipoRpt", "vencidas", "--banco", "todos"}),
+      Success("-- Oracle\n"
               "SELECT NUM_CD, DOC_INICIAL, DOC_FINAL, DATA_GRAVACAO, 'Mídias Vencidas' AS RELATORIO  FROM CD "
               "INNER JOIN TIPO_MIDIA t ON CD.COD_MIDIA=t.COD_MIDIA "
               "WHERE ADD_MONTHS(DATA_GRAVACAO, t.VALIDADE_MIDIA * 12) <= TRUNC(SYSDATE) ORDER BY NUM_CD\n"
@@ -49,17 +46,17 @@ TEST(SqlTest, SpeaksEachDatabasesDialectUnderItsName) {
 }
 
 TEST(SqlTest, PutsParametersIntoTheStatement) {
-  EXPECT_EQ(RunOf({"sql", "CDocumentoRpt.RelatorioSintetico", "--banco", "oracle", "--DataArmazenamento1", "01/02/2024",
-                   "--DataArmazenamento2", "2024-02-29", "--CodDepto", "7"}),
-            Printed("SELECT d.COD_DOCTO, s.DESCR_SUPORTE, d.NUM_CAIXA, d.NUM_CD, d.DT_ARMAZ, d.DT_VENC, d.FRENTE, "
+  EXPECT_EQ(RunProgram({"sql", "CDocumentoRpt.RelatorioSintetico", "--banco", "oracle", "--DataArmazenamento1",
+                        "01/02/2024", "--DataArmazenamento2", "2024-02-29", "--CodDepto", "7"}),
+            Success("SELECT d.COD_DOCTO, s.DESCR_SUPORTE, d.NUM_CAIXA, d.NUM_CD, d.DT_ARMAZ, d.DT_VENC, d.FRENTE, "
                     "d.VERSO  FROM DOCUMENTO d INNER JOIN SUPORTE s ON d.COD_SUPORTE = s.COD_SUPORTE WHERE (1=1) "
                     "AND d.DT_ARMAZ BETWEEN TO_DATE('2024/02/01','YYYY/MM/DD') AND TO_DATE('2024/02/29','YYYY/MM/DD') "
                     "AND d.COD_DEPTO = '7' ORDER BY d.COD_DOCTO\n"));
 }
 
-TEST(SqlTest, TellsWhatAParameterMarkerStandsFor) {
-  EXPECT_EQ(RunOf({"sql", "CModeloRpt", "--banco", "sqlserver", "--CodModelo", " ofício "}),
-            Printed("SELECT c.DESCR_CLASSE AS GRUPO, g.DESCR_GRUPO AS SUBGRUPO, a.DESCR_ASSUNTO AS SERIE, "
+TEST(SqlTest, NotesTheValueOfAParameterMarker) {
+  EXPECT_EQ(RunProgram({"sql", "CModeloRpt", "--banco", "sqlserver", "--CodModelo", " ofício "}),
+            Success("SELECT c.DESCR_CLASSE AS GRUPO, g.DESCR_GRUPO AS SUBGRUPO, a.DESCR_ASSUNTO AS SERIE, "
                     "a.DESCR_CHAVE1, a.DESCR_CHAVE2, a.DESCR_CHAVE3, a.DESCR_CHAVE4, a.DESCR_CHAVE5, m.CHAVE1, "
                     "m.CHAVE2, m.CHAVE3, m.CHAVE4, m.CHAVE5, m.VALIDADE FROM MODELO m INNER JOIN GRUPO g ON "
                     "m.COD_GRUPO = g.COD_GRUPO LEFT JOIN CLASSE c ON c.COD_CLASSE = g.COD_CLASSE INNER JOIN ASSUNTO a "
@@ -68,10 +65,10 @@ TEST(SqlTest, TellsWhatAParameterMarkerStandsFor) {
                     "kodrarpt: nota: o parâmetro ? recebe o texto 'OFÍCIO'\n"));
 }
 
-TEST(SqlTest, PutsANameInThePlaceOfASystemParameter) {
-  EXPECT_EQ(RunOf({"sql", "CEstatSerieRpt", "--banco", "mysql", "--DataInicial", "01/03/2024", "--DataFinal",
-                   "31/03/2024", "--TipoRpt", "n", "--CodGrupo", "12"}),
-            Printed("SELECT 'ESTATÍSTICAS POR <NOME_SERIE>' AS Titulo, '(por número de documentos)' AS Subtitulo, "
+TEST(SqlTest, PrintsTheNameOfASystemParameterInsteadOfItsValue) {
+  EXPECT_EQ(RunProgram({"sql", "CEstatSerieRpt", "--banco", "mysql", "--DataInicial", "01/03/2024", "--DataFinal",
+                        "31/03/2024", "--TipoRpt", "n", "--CodGrupo", "12"}),
+            Success("SELECT 'ESTATÍSTICAS POR <NOME_SERIE>' AS Titulo, '(por número de documentos)' AS Subtitulo, "
                     "'Período: 01/03/2024 a 31/03/2024' AS Periodo, CONCAT('<NOME_SUBGRUPO>: ',g.DESCR_GRUPO) AS "
                     "Subgrupo, a.DESCR_ASSUNTO AS Serie, COUNT(CAST(d.FRENTE AS UNSIGNED)) AS Total FROM ASSUNTO a "
                     "INNER JOIN GRUPO g ON a.COD_GRUPO = g.COD_GRUPO INNER JOIN DOCUMENTO d ON a.COD_ASSUNTO = "
@@ -82,9 +79,9 @@ TEST(SqlTest, PutsANameInThePlaceOfASystemParameter) {
                     "instalação, em maiúsculas no título\n"));
 }
 
-TEST(SqlTest, ShowsASecondStatementThatDependsOnTheData) {
-  EXPECT_EQ(RunOf({"sql", "RelatorioRetiradaOriginal", "--banco", "sqlite", "--CodSolicit", "3,4"}),
-            Printed("SELECT d.COD_DOCTO, d.NUM_CAIXA, s.DT_DEVOLUCAO, c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, "
+TEST(SqlTest, PrintsAStatementThatDependsOnTheDataOfTheFirst) {
+  EXPECT_EQ(RunProgram({"sql", "RelatorioRetiradaOriginal", "--banco", "sqlite", "--CodSolicit", "3,4"}),
+            Success("SELECT d.COD_DOCTO, d.NUM_CAIXA, s.DT_DEVOLUCAO, c.COORD_X AS FILEIRA, c.COORD_Y AS ESTANTE, "
                     "c.COORD_Z AS PRATELEIRA FROM SOLICITACAO s INNER JOIN DOCUMENTO d ON s.COD_DOCTO = d.COD_DOCTO "
                     "INNER JOIN CAIXA c ON d.NUM_CAIXA = c.NUM_CAIXA WHERE s.COD_SOLICIT IN (3,4) ORDER BY "
                     "d.NUM_CAIXA\n"
@@ -99,9 +96,9 @@ TEST(SqlTest, ShowsASecondStatementThatDependsOnTheData) {
                     "plural\n"));
 }
 
-TEST(SqlTest, ShowsTheStatementThatComesWhenTheFirstIsEmpty) {
-  EXPECT_EQ(RunOf({"sql", "AutorizacaoDescarteModuloSubRpt", "--banco", "oracle", "--Modulo1", "AB123"}),
-            Printed("SELECT d.COD_DOCTO, (SELECT COUNT(*) FROM DOCUMENTO dd WHERE dd.NUM_CAIXA = d.NUM_CAIXA) AS "
+TEST(SqlTest, PrintsTheStatementThatIsSentIfTheFirstReturnsNoRow) {
+  EXPECT_EQ(RunProgram({"sql", "AutorizacaoDescarteModuloSubRpt", "--banco", "oracle", "--Modulo1", "AB123"}),
+            Success("SELECT d.COD_DOCTO, (SELECT COUNT(*) FROM DOCUMENTO dd WHERE dd.NUM_CAIXA = d.NUM_CAIXA) AS "
                     "TOTAL_DOCS, (SELECT SUM(TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)) FROM DOCUMENTO ddd WHERE "
                     "ddd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_PAGINAS  FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB123' "
                     "ORDER BY d.COD_DOCTO\n"
@@ -109,16 +106,16 @@ TEST(SqlTest, ShowsTheStatementThatComesWhenTheFirstIsEmpty) {
                     "kodrarpt: nota: a segunda instrução só é enviada se a primeira não devolver nenhuma linha\n"));
 }
 
-TEST(SqlTest, SaysThatAReportSendsNoStatement) {
-  EXPECT_EQ(RunOf({"sql", "CLogRpt", "--banco", "oracle"}),
-            Printed("",
+TEST(SqlTest, NotesThatAReportSendsNoStatement) {
+  EXPECT_EQ(RunProgram({"sql", "CLogRpt", "--banco", "oracle"}),
+            Success("",
                     "kodrarpt: nota: o relatório não envia nenhuma instrução: os eventos vêm do componente "
                     "KodraRegEvt.RegEvtDAO\n"));
 }
 
 TEST(SqlTest, LaysOutWithNotesAsComments) {
-  EXPECT_EQ(RunOf({"sql", "EtiquetaFechamentoSubordinada", "--banco", "DB2", "--bonito", "--Modulo1", "AB123"}),
-            Printed(std::string("-- ") + kSubordinateNote +
+  EXPECT_EQ(RunProgram({"sql", "EtiquetaFechamentoSubordinada", "--banco", "DB2", "--bonito", "--Modulo1", "AB123"}),
+            Success(std::string("-- ") + kSubordinateNote +
                     "-- nota: a instrução só é enviada se o componente KodraBsnV3.ObtedorDeModulos encontrar um "
                     "subordinado fechado\n"
                     "SELECT\n"
@@ -137,9 +134,9 @@ TEST(SqlTest, LaysOutWithNotesAsComments) {
 }
 
 TEST(SqlTest, SeparatesLaidOutStatements) {
-  EXPECT_EQ(RunOf({"sql", "CContainerRpt.EtiquetaAbertura", "--banco", "mysql", "--bonito", "--Container1", "C1",
-                   "--Container2", "C2"}),
-            Printed("SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA\n"
+  EXPECT_EQ(RunProgram({"sql", "CContainerRpt.EtiquetaAbertura", "--banco", "mysql", "--bonito", "--Container1", "C1",
+                        "--Container2", "C2"}),
+            Success("SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA\n"
                     "FROM CAIXA cx\n"
                     "INNER JOIN PARAMETRO p ON 1=1\n"
                     "WHERE cx.CONTAINER='C1'\n"
@@ -155,17 +152,21 @@ TEST(SqlTest, SeparatesLaidOutStatements) {
                     "WHERE cx.CONTAINER=''\n"));
 }
 
-TEST(SqlTest, RefusesAnUnknownDatabase) {
-  EXPECT_EQ(RunOf({"sql", "CDeptoRpt", "--banco", "orcale"}),
-            Misused("o banco \"orcale\" não existe (quis dizer \"oracle\"?); escolha oracle, sqlserver, mysql, db2, "
-                    "sqlite ou todos"));
+TEST(SqlTest, RefusesAnUnknownOption) {
+  EXPECT_EQ(RunProgram({"sql", "CDeptoRpt", "--banko", "db2"}),
+            UsageFailure("\"sql\" não tem a opção \"--banko\" (quis dizer \"--banco\"?)"));
 }
 
-TEST(SqlTest, AsksForWhatIsMissing) {
-  EXPECT_EQ(RunOf({"sql", "CDeptoRpt"}), Misused("falta --banco"));
-  EXPECT_EQ(RunOf({"sql", "--banco", "db2"}), Misused("falta RELATÓRIO"));
-  EXPECT_EQ(RunOf({"sql", "CDeptoRpt", "--banko", "db2"}),
-            Misused("\"sql\" não tem a opção \"--banko\" (quis dizer \"--banco\"?)"));
+TEST(SqlTest, RefusesAnUnknownDatabase) {
+  EXPECT_EQ(
+      RunProgram({"sql", "CDeptoRpt", "--banco", "orcale"}),
+      UsageFailure("o banco \"orcale\" não existe (quis dizer \"oracle\"?); escolha oracle, sqlserver, mysql, db2, "
+                   "sqlite ou todos"));
+}
+
+TEST(SqlTest, RefusesAnIncompleteCommandLine) {
+  EXPECT_EQ(RunProgram({"sql", "CDeptoRpt"}), UsageFailure("falta --banco"));
+  EXPECT_EQ(RunProgram({"sql", "--banco", "db2"}), UsageFailure("falta RELATÓRIO"));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The guide against the component: its methods, its parameter classes, its statements and its list of behaviours, and
-// what its entries say of the printed page. Its columns are checked against real rows in db/guide_rows_test.cpp.
+// Compares the guide with the component (methods, parameter classes, statements, list of behaviours), and checks what
+// its entries say about the printed page. Its columns are compared with real rows in db/guide_rows_test.cpp.
 #include "console/reports/guide.h"
 
 #include <gtest/gtest.h>
@@ -31,19 +31,19 @@ const frame::Property* PropertyNamed(const ReportMethod& method, std::string_vie
   return nullptr;
 }
 
-// A parameter object with the samples of all parameters of a report but one.
-frame::ParameterObject SamplesWithout(std::string_view left, const ReportMethod& method) {
+// A parameter object with the samples of all parameters of a report except the omitted one.
+frame::ParameterObject SamplesWithout(std::string_view omitted, const ReportMethod& method) {
   frame::ParameterObject object(frame::ParameterClassNamed(method.parameterClass));
   for (const Parameter& parameter : guide::About(method).parameters) {
-    if (parameter.name == left) continue;
+    if (parameter.name == omitted) continue;
     const frame::Property& property = *PropertyNamed(method, parameter.name);
     object.Let(property.name, ParameterValue(property, parameter.sample));
   }
   return object;
 }
 
-// What a report sends to all databases.
-std::wstring Sent(const ReportMethod& method, frame::ParameterObject object) {
+// The statements and values that a report sends to all databases.
+std::wstring SentBy(const ReportMethod& method, frame::ParameterObject object) {
   std::wstring sent;
   for (const Database& database : Databases()) {
     for (const Statement& statement : Capture(method, database.code, object).statements) {
@@ -79,24 +79,24 @@ TEST(GuideTest, DescribesParametersThatTheirClassesHave) {
       EXPECT_NE(PropertyNamed(method, parameter.name), nullptr) << NameOf(method) << " " << parameter.name;
 }
 
-TEST(GuideTest, SaysOfEachParameterWhetherItChangesTheSql) {
+TEST(GuideTest, SaysForEachParameterWhetherItChangesTheSql) {
   for (const ReportMethod& method : reports::ReportMethods()) {
-    const std::wstring whole = Sent(method, SamplesWithout("", method));
+    const std::wstring whole = SentBy(method, SamplesWithout("", method));
     for (const Parameter& parameter : guide::About(method).parameters)
-      EXPECT_EQ(Sent(method, SamplesWithout(parameter.name, method)) != whole, parameter.changesSql)
+      EXPECT_EQ(SentBy(method, SamplesWithout(parameter.name, method)) != whole, parameter.changesSql)
           << NameOf(method) << " " << parameter.name;
   }
 }
 
 TEST(GuideTest, LeavesOutParametersThatChangeNothing) {
   for (const ReportMethod& method : reports::ReportMethods()) {
-    const std::wstring whole = Sent(method, SamplesWithout("", method));
+    const std::wstring whole = SentBy(method, SamplesWithout("", method));
     const auto parameters = guide::About(method).parameters;
     for (const frame::Property& property : frame::ParameterClassNamed(method.parameterClass).properties) {
       if (std::ranges::find(parameters, ToUtf8(property.name), &Parameter::name) != parameters.end()) continue;
       frame::ParameterObject object = SamplesWithout("", method);
       object.Let(property.name, ParameterValue(property, property.rule == kDate ? "31/05/2021" : "1"));
-      EXPECT_EQ(Sent(method, std::move(object)), whole) << NameOf(method) << " " << ToUtf8(property.name);
+      EXPECT_EQ(SentBy(method, std::move(object)), whole) << NameOf(method) << " " << ToUtf8(property.name);
     }
   }
 }
@@ -109,7 +109,7 @@ TEST(GuideTest, LinksEachOddityToItsEntry) {
       EXPECT_NE(behaviours.str().find("\n**" + std::string(oddity.entry)), std::string::npos) << oddity.entry;
 }
 
-TEST(GuideTest, EndsNoSentence) {
+TEST(GuideTest, EndsNoTextWithAFullStop) {
   for (const guide::Report& report : guide::Reports()) {
     EXPECT_FALSE(report.purpose.empty() || report.purpose.ends_with('.')) << NameOfEntry(report);
     EXPECT_FALSE(report.sqlNote.ends_with('.')) << report.sqlNote;
@@ -119,7 +119,7 @@ TEST(GuideTest, EndsNoSentence) {
   }
 }
 
-// The places of a page that each kind has.
+// The places that each kind of page has.
 std::set<Place> PlacesOn(PageKind kind) {
   switch (kind) {
     case PageKind::kListing:
@@ -132,14 +132,14 @@ std::set<Place> PlacesOn(PageKind kind) {
   }
 }
 
-TEST(GuideTest, PutsColumnsWhereTheirPageHasAPlace) {
+TEST(GuideTest, PutsColumnsOnlyInPlacesThatTheirPageHas) {
   for (const guide::Report& report : guide::Reports()) {
     for (const guide::Column& column : report.columns)
       EXPECT_TRUE(PlacesOn(report.page.kind).contains(column.place)) << NameOfEntry(report) << " " << column.name;
   }
 }
 
-TEST(GuideTest, HasACaptionForEachColumnThatIsPrintedBehindOrBelowOne) {
+TEST(GuideTest, HasACaptionForEachColumnThatIsPrintedWithOne) {
   for (const guide::Report& report : guide::Reports()) {
     if (report.page.kind != PageKind::kListing && report.page.kind != PageKind::kStatistic) continue;
     EXPECT_FALSE(report.page.title.empty()) << NameOfEntry(report);
@@ -154,7 +154,7 @@ TEST(GuideTest, HasACaptionForEachColumnThatIsPrintedBehindOrBelowOne) {
   }
 }
 
-TEST(GuideTest, TakesCaptionsAndTheOrderOnPaperFromColumnsOfTheReport) {
+TEST(GuideTest, NamesOnlyColumnsOfTheReportAsCaptionsAndInTheOrderOnPaper) {
   for (const guide::Report& report : guide::Reports()) {
     const auto named = [&](std::string_view name) {
       return std::ranges::find(report.columns, name, &guide::Column::name);
@@ -183,8 +183,8 @@ TEST(GuideTest, ContinuesOnlyDetails) {
   }
 }
 
-// A statistic has one column of lines, or counts that are the lines and a caption for them.
-TEST(GuideTest, SaysOfEachStatisticWhatItsLinesAre) {
+// The lines of a statistic are the values of one column, or the counts, which then have a common caption.
+TEST(GuideTest, SaysForEachStatisticWhatItsLinesAre) {
   int statistics = 0;
   for (const guide::Report& report : guide::Reports()) {
     if (report.page.kind != PageKind::kStatistic) continue;

@@ -1,4 +1,4 @@
-// The list of report methods: every method once, each calling its own.
+// The list of report methods: each method is in it once and calls itself.
 #include "console/reports/report_methods.h"
 
 #include <gtest/gtest.h>
@@ -14,11 +14,26 @@
 namespace kodra::reports {
 namespace {
 
-TEST(ReportMethods, AreThirtyNineAndEachIsThereOnce) {
+TEST(ReportMethods, AreThirtyNineDifferentOnes) {
   std::set<std::pair<std::wstring_view, std::wstring_view>> names;
   for (const ReportMethod& entry : ReportMethods()) names.emplace(entry.className, entry.method);
   EXPECT_EQ(ReportMethods().size(), 39U);
   EXPECT_EQ(names.size(), 39U);
+}
+
+TEST(ReportMethods, AreInTheOrderInWhichPeopleReadThem) {
+  std::vector<std::string> classes;
+  for (const ReportMethod& entry : ReportMethods()) {
+    const std::string name = recorder::Utf8(entry.className);
+    if (classes.empty() || classes.back() != name) classes.push_back(name);
+  }
+  EXPECT_EQ(classes,
+            (std::vector<std::string>{"CCDRpt",           "CTipo_MidiaRpt",    "CSuporteRpt",       "CSerieRpt",
+                                      "CDepositoRpt",     "CDicionarioRpt",    "CDeptoRpt",         "CGrupoRpt",
+                                      "CModeloRpt",       "CTipo_CaixaRpt",    "CGrupoOperadorRpt", "CSubgrupoRpt",
+                                      "COperadorRpt",     "CDocumentoRpt",     "CSolicitacaoRpt",   "CLogRpt",
+                                      "CCaixaRpt",        "CContainerRpt",     "CEstatImgRpt",      "CEstatIndexRpt",
+                                      "CEstatSuporteRpt", "CEstatSubgrupoRpt", "CEstatSerieRpt"}));
 }
 
 TEST(ReportMethods, NameParameterClassesThatExist) {
@@ -29,8 +44,8 @@ TEST(ReportMethods, NameParameterClassesThatExist) {
   }
 }
 
-// On a machine without the connection component a report says who it is; the one method without a frame reads its
-// parameter object first.
+// Without the connection component a report fails under its own name. The one method without a frame reads its
+// parameter object before it asks for that component.
 TEST(ReportMethods, CallTheMethodTheyName) {
   for (const ReportMethod& entry : ReportMethods()) {
     recorder::FakeSurroundings bare;

@@ -1,5 +1,5 @@
-// What each report needs, against a table written by hand, the sample archive's schema and the statements of all
-// dialects.
+// Compares what each report needs with a table written by hand, with the schema of the sample archive and with the
+// statements of all dialects.
 #include "console/statements/needs.h"
 
 #include <gtest/gtest.h>
@@ -165,7 +165,7 @@ const std::vector<Expected> kExpected = {
      .siblings = {"KodraParamSist.Obtedor"}},
 };
 
-// The tables of an expectation, taken apart.
+// The columns of each table in texts like "TABLE: COLUMN COLUMN".
 Columns Required(const std::vector<std::string>& tables) {
   Columns required;
   for (const std::string& table : tables) {
@@ -192,7 +192,7 @@ std::string Shown(const Columns& columns) {
 
 const reports::ReportMethod& MethodOf(const Expected& expected) { return FindReport(expected.report); }
 
-TEST(NeedsTest, AreExpectedOfEveryReport) {
+TEST(NeedsTest, AreExpectedForEveryReport) {
   std::multiset<std::string> expected;
   for (const Expected& entry : kExpected) expected.insert(entry.report);
   std::multiset<std::string> methods;
@@ -205,13 +205,13 @@ TEST(NeedsTest, AreTheTablesAndColumnsThatAReportMayRead) {
     EXPECT_EQ(Shown(Required(NeedsOf(MethodOf(expected)).tables)), Shown(Required(expected.tables))) << expected.report;
 }
 
-TEST(NeedsTest, AreTheTablesAndColumnsThatItsSiblingsReadInItsName) {
+TEST(NeedsTest, AreTheTablesAndColumnsThatTheSiblingsReadForIt) {
   for (const Expected& expected : kExpected)
     EXPECT_EQ(Shown(Required(NeedsOf(MethodOf(expected)).siblingTables)), Shown(Required(expected.siblingTables)))
         << expected.report;
 }
 
-// Only the sub-report without a frame does not ask for the connection's.
+// Every report but the one without a frame asks for the connection component first.
 TEST(NeedsTest, AreTheSiblingsThatAReportAsksFor) {
   for (const Expected& expected : kExpected) {
     std::vector<std::string> siblings;
@@ -223,7 +223,7 @@ TEST(NeedsTest, AreTheSiblingsThatAReportAsksFor) {
   }
 }
 
-// What a report reads is learnt in one dialect; no other reads more.
+// The needs are found in one dialect; no other dialect may read more.
 TEST(NeedsTest, CoverTheStatementsOfEveryDialect) {
   for (const Expected& expected : kExpected) {
     const reports::ReportMethod& method = MethodOf(expected);

@@ -1,4 +1,4 @@
-// Tables and columns taken from the text of statements.
+// The tables and columns that a statement reads, found in its text.
 #include "console/statements/tables_read.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ TEST(TablesRead, FollowsTheAliases) {
       "T: B D F G; U: A D; V: E");
 }
 
-TEST(TablesRead, GivesPlainNamesToTheTableWithoutAnAlias) {
+TEST(TablesRead, AssignsUnqualifiedNamesToTheTableWithoutAnAlias) {
   EXPECT_EQ(Shown(TablesRead(L"SELECT A, 'x' AS B FROM T INNER JOIN U t ON T.C=t.C WHERE D<>'0' ORDER BY A, B")),
             "T: A C D; U: C");
 }
@@ -44,22 +44,22 @@ TEST(TablesRead, LeavesOutTablesOfTheDatabaseSystem) {
   EXPECT_EQ(Shown(TablesRead(L"SELECT ' ' AS A, 0 AS B")), "");
 }
 
-TEST(TablesRead, RefusesWhatItDoesNotUnderstand) {
+TEST(TablesRead, RefusesStatementsOfAnotherForm) {
   for (const wchar_t* statement : {
            L"SELECT x.A FROM T t",                              // an unknown alias
-           L"SELECT A FROM T t",                                // a name of no table
-           L"SELECT A FROM T INNER JOIN U ON T.B = U.B",        // a name of two tables
+           L"SELECT A FROM T t",                                // an unqualified name without a table for it
+           L"SELECT A FROM T INNER JOIN U ON T.B = U.B",        // an unqualified name with two tables for it
            L"SELECT t.A FROM T t, U u",                         // a list of tables
-           L"SELECT A FROM (SELECT B AS A FROM T) x",           // a select in the place of a table
-           L"SELECT t.A, (SELECT t.B FROM U t) AS C FROM T t",  // an alias of two tables
+           L"SELECT A FROM (SELECT B AS A FROM T) x",           // a select instead of a table
+           L"SELECT t.A, (SELECT t.B FROM U t) AS C FROM T t",  // one alias for two tables
            L"SELECT COUNT(*) FROM T",                           // a table without a column
-           L"SELECT 'A FROM T",                                 // a quote without an end
-           L"SELECT [A] FROM T",                                // a character that no statement has
+           L"SELECT 'A FROM T",                                 // an unterminated quote
+           L"SELECT [A] FROM T",                                // an unknown character
        })
     EXPECT_THROW(TablesRead(statement), std::logic_error);
 }
 
-TEST(AddNeeds, AddsOnlyWhatIsNotThere) {
+TEST(AddNeeds, AddsOnlyNewTablesAndColumns) {
   std::vector<TableNeed> needs = {{L"T", {L"A"}}};
   AddNeeds(needs, {{L"U", {L"B"}}, {L"T", {L"C", L"A"}}});
   EXPECT_EQ(Shown(needs), "T: A C; U: B");
