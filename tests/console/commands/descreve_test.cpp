@@ -70,7 +70,7 @@ TEST(DescreveTest, ShowsAReportsOwnErrors) {
   EXPECT_NE(out.find("\n  --Operador       texto  Nome do operador (não muda o SQL)\n"), std::string::npos);
 }
 
-TEST(DescreveTest, RefusesWhatIsNoReport) {
+TEST(DescreveTest, RefusesAnUnknownReport) {
   EXPECT_EQ(RunProgram({"descreve", "CDeptoRpt.Relatorio"}),
             UsageFailure("o relatório \"CDeptoRpt.Relatorio\" não existe (quis dizer \"CDeptoRpt.RelatorioDeptos\"?); "
                          "\"kodrarpt lista\" mostra todos"));
