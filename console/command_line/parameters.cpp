@@ -1,5 +1,6 @@
 #include "console/command_line/parameters.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "console/command_line/help.h"

@@ -5,7 +5,6 @@
 //   frame::ParameterObject obj = parameters.For(method);    // in the command
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,6 +12,11 @@
 
 #include "console/reports/report_methods.h"
 #include "frame/parameter_object.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace kodra::console {
 

@@ -1,5 +1,6 @@
 #include "console/command_line/program.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "console/command_line/connection_error.h"
@@ -47,16 +48,25 @@ std::string WithoutPasswords(const std::string& message, const std::vector<std::
 }  // namespace
 
 Program::Program(std::ostream& out, std::ostream& err)
-    : out_(out), err_(err), app_("Gera os relatórios do arquivo sem o programa que os imprime.", "kodrarpt") {
-  app_.option_defaults()->group("Opções");
-  app_.set_help_flag(kHelpFlags, kHelpText);
-  app_.formatter(std::make_shared<HelpFormatter>());
-  app_.require_subcommand(1);
-  app_.footer(kProgramFooter);
+    : out_(out),
+      err_(err),
+      app_(std::make_unique<CLI::App>("Gera os relatórios do arquivo sem o programa que os imprime.", "kodrarpt")) {
+  app_->option_defaults()->group("Opções");
+  app_->set_help_flag(kHelpFlags, kHelpText);
+  app_->formatter(std::make_shared<HelpFormatter>());
+  app_->require_subcommand(1);
+  app_->footer(kProgramFooter);
+}
+
+Program::~Program() = default;
+
+std::vector<const CLI::App*> Program::Commands() const {
+  const CLI::App& app = *app_;
+  return app.get_subcommands({});
 }
 
 CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> action) {
-  CLI::App* command = app_.add_subcommand(text.name, text.description);
+  CLI::App* command = app_->add_subcommand(text.name, text.description);
   command->group("Comandos");
   command->set_help_flag(kHelpFlags, kHelpText);
   command->footer(text.footer);
@@ -91,18 +101,18 @@ ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
 
 ExitCode Program::Parse(std::vector<std::string> arguments) {
   if (arguments.empty()) {
-    err_ << app_.help();
+    err_ << app_->help();
     return ExitCode::kUsage;
   }
   CheckCommandName(arguments);
   std::ranges::reverse(arguments);  // CLI11 takes them in reverse order
   try {
-    app_.parse(std::move(arguments));
+    app_->parse(std::move(arguments));
   } catch (const CLI::Success& help) {
-    app_.exit(help, out_, err_);
+    app_->exit(help, out_, err_);
     return ExitCode::kOk;
   } catch (const CLI::ParseError& error) {
-    for (const CLI::App* command : app_.get_subcommands()) CheckExtras(*command);
+    for (const CLI::App* command : app_->get_subcommands()) CheckExtras(*command);
     throw UsageError(InPortuguese(error));
   }
   return result_;

@@ -7,13 +7,17 @@
 // All text is UTF-8. Commands write results to Out() and everything else to Err().
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "console/command_line/exit_codes.h"
+
+namespace CLI {
+class App;
+}
 
 namespace kodra::console {
 
@@ -28,6 +32,7 @@ class Program {
  public:
   // Both streams must outlive the program.
   Program(std::ostream& out, std::ostream& err);
+  ~Program();
 
   std::ostream& Out() const { return out_; }
   std::ostream& Err() const { return err_; }
@@ -36,7 +41,7 @@ class Program {
   CLI::App& Add(const CommandText& text, std::function<ExitCode()> action);
 
   // The commands added so far.
-  std::vector<const CLI::App*> Commands() const { return app_.get_subcommands({}); }
+  std::vector<const CLI::App*> Commands() const;
 
   // Runs the command that the arguments (without the program's name) ask for. An error becomes a message and an exit
   // code; nothing is thrown.
@@ -49,7 +54,7 @@ class Program {
 
   std::ostream& out_;
   std::ostream& err_;
-  CLI::App app_;
+  std::unique_ptr<CLI::App> app_;
   ExitCode result_ = ExitCode::kOk;
 };
 

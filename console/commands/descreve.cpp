@@ -1,4 +1,5 @@
 // kodrarpt descreve: the guide to one report.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 

@@ -1,4 +1,5 @@
 // kodrarpt executa: runs a report and writes its rows.
+#include <CLI/CLI.hpp>
 #include <optional>
 
 #include "console/command_line/connection_error.h"

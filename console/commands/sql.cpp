@@ -1,4 +1,5 @@
 // kodrarpt sql: the statements of a report, without a database.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 

@@ -1,4 +1,5 @@
 // kodrarpt verifica: whether a database has what the reports read.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "console/command_line/columns.h"

@@ -1,5 +1,6 @@
 #include "console/run/connection_options.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <optional>
 

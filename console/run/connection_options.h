@@ -5,9 +5,12 @@
 //   const std::wstring text = connection.Text();     // in the command
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <string_view>
+
+namespace CLI {
+class App;
+}
 
 namespace kodra::console {
 

@@ -84,11 +84,11 @@ std::vector<Case> OnEveryEngine() {
   const Text department = SomeDepartment();
   const Filter isOfDepartment = [=](const Documento& d) { return d.codDepto == department; };
   for (const auto& [name, report, rows] : kListings) {
-    cases.push_back({name + "OfAllDocuments", report, {}, [=] { return rows(Any); }, {L"COD_DOCTO"}});
+    cases.push_back({name + "OfAllDocuments", report, {}, [rows = rows] { return rows(Any); }, {L"COD_DOCTO"}});
     cases.push_back({name + "OfOneDepartment",
                      report,
                      {{L"CodDepto", department}},
-                     [=] { return rows(isOfDepartment); },
+                     [=, rows = rows] { return rows(isOfDepartment); },
                      {L"COD_DOCTO"}});
   }
   // A first day without a last one is no period.

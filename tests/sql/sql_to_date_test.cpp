@@ -12,9 +12,9 @@ struct Reading {
 
 void ExpectReadings(std::initializer_list<std::int32_t> codes, std::initializer_list<Reading> readings) {
   for (const std::int32_t code : codes)
-    for (const auto& [text, layout, expected] : readings) {
-      SCOPED_TRACE(testing::PrintToString(text) + " in layout " + std::to_string(layout));
-      ExpectOnEach({{code, expected}}, [&] { return SQLToDate(text, layout); });
+    for (const Reading& reading : readings) {
+      SCOPED_TRACE(testing::PrintToString(reading.text) + " in layout " + std::to_string(reading.layout));
+      ExpectOnEach({{code, reading.expected}}, [&] { return SQLToDate(reading.text, reading.layout); });
     }
 }
 

@@ -50,7 +50,8 @@ constexpr std::uint64_t kLargestUnsigned = std::numeric_limits<std::uint64_t>::m
 // Values and the errors that a conversion raises for them.
 template <class Result>
 void ExpectRaised(Result (*convert)(const Value&), std::initializer_list<std::pair<Value, Raised>> cases) {
-  for (const auto& [value, raised] : cases) EXPECT_EQ(RaisedBy([&] { convert(value); }), raised) << Shown(value);
+  for (const std::pair<Value, Raised>& item : cases)
+    EXPECT_EQ(RaisedBy([&] { convert(item.first); }), item.second) << Shown(item.first);
 }
 // Values and what a conversion makes of them.
 template <class Result>

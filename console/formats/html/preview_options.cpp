@@ -1,6 +1,7 @@
 #include "console/formats/html/preview_options.h"
 
 #include <fmt/format.h>
+#include <CLI/CLI.hpp>
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"

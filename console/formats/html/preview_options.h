@@ -1,10 +1,13 @@
 // The options by which a command is told how to print: the sheet of labels, where to begin on it, and how many of each.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 #include "console/formats/html/html_writer.h"
+
+namespace CLI {
+class App;
+}
 
 namespace kodra::console::html {
 

@@ -2,6 +2,7 @@
 #include "console/command_line/parameters.h"
 
 #include <gtest/gtest.h>
+#include <CLI/CLI.hpp>
 
 #include <set>
 #include <sstream>

@@ -2,6 +2,7 @@
 #include "console/command_line/program.h"
 
 #include <gtest/gtest.h>
+#include <CLI/CLI.hpp>
 
 #include "console/command_line/usage_error.h"
 #include "tests/console/run.h"
