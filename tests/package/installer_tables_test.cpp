@@ -6,7 +6,7 @@
 #include <msiquery.h>
 // clang-format on
 
-#include "tests/package/places.h"
+#include "tests/package/paths.h"
 
 namespace kodra::package {
 namespace {

@@ -1,7 +1,7 @@
 // The lowest Windows that the files of the package run on, by what they import and by their headers.
 #include <gtest/gtest.h>
 
-#include "tests/package/places.h"
+#include "tests/package/paths.h"
 #include "tests/wine/component_imports.h"
 #include "tests/wine/pe_file.h"
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/package/command.h"
-#include "tests/package/places.h"
+#include "tests/package/paths.h"
 
 namespace kodra::package {
 

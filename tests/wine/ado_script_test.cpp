@@ -1,6 +1,6 @@
 // ADO as VBScript uses it, in a process of its own.
 #include "tests/wine/ado_support.h"
-#include "tests/wine/command_output.h"
+#include "tests/wine/commands.h"
 
 namespace kodra::wine {
 namespace {
@@ -33,7 +33,7 @@ TEST_F(AdoScript, EveryIdiomOfAScriptWorks) {
       "3265\n"
       "80004001 ADODB: Recordset.Sort is not implemented by this ADO over ODBC.\n"
       "0 0\n",
-      face::OutputOf(L"cscript.exe //nologo vbs\\ado.vbs " + DatabasePath()));
+      face::OutputOf(L"cscript.exe //nologo scripts\\ado.vbs " + DatabasePath()));
 }
 
 }  // namespace

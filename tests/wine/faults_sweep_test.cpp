@@ -3,7 +3,7 @@
 #include <iostream>
 #include <set>
 
-#include "tests/wine/faults_course.h"
+#include "tests/wine/faults_expected.h"
 #include "tests/wine/server.h"
 
 namespace kodra::face {

@@ -9,8 +9,8 @@
 #include <new>
 #include <stdexcept>
 
-#include "tests/wine/classes_at_hand.h"
-#include "tests/wine/faults_course.h"
+#include "tests/wine/class_factory_cache.h"
+#include "tests/wine/faults_expected.h"
 #include "tests/wine/own_classes.h"
 #include "values/erro.h"
 

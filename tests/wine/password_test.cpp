@@ -4,8 +4,8 @@
 #include <iostream>
 #include <iterator>
 
+#include "tests/wine/fake_databases.h"
 #include "tests/wine/hostile_client.h"
-#include "tests/wine/pretend_databases.h"
 #include "tests/wine/stand_in.h"
 
 namespace kodra::face {

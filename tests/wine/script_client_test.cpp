@@ -5,10 +5,10 @@
 namespace kodra::face {
 namespace {
 
-// Runs a script of vbs/ with a file to write and further arguments; returns the file's text.
+// Runs a script of scripts/ with a file to write and further arguments; returns the file's text.
 std::wstring Output(const std::wstring& script, const std::vector<std::wstring>& arguments) {
   const OwnFile file(L"script.txt");
-  std::wstring command = L"cscript.exe //nologo vbs\\" + script + L" \"" + file.windowsPath() + L"\"";
+  std::wstring command = L"cscript.exe //nologo scripts\\" + script + L" \"" + file.windowsPath() + L"\"";
   for (const auto& argument : arguments) command += L" \"" + argument + L"\"";
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;

@@ -2,7 +2,7 @@
 // same compiler load: its errors stay intact, whatever else is loaded.
 #include <gtest/gtest.h>
 
-#include "tests/wine/command_output.h"
+#include "tests/wine/commands.h"
 #include "tests/wine/environment.h"
 
 namespace kodra::face {

@@ -7,7 +7,7 @@
 #include "tests/wine/automation.h"
 #include "tests/wine/client_object.h"
 #include "tests/wine/environment.h"
-#include "tests/wine/siblings_script.h"
+#include "tests/wine/script_output.h"
 
 namespace kodra::siblings {
 namespace {

@@ -7,7 +7,7 @@
 #include "tests/rows/module_rows.h"
 #include "tests/wine/environment.h"
 #include "tests/wine/foreign_object.h"
-#include "tests/wine/siblings_script.h"
+#include "tests/wine/script_output.h"
 
 namespace kodra::siblings {
 namespace {

@@ -4,9 +4,9 @@
 #include <iterator>
 #include <thread>
 
-#include "tests/wine/classes_at_hand.h"
+#include "tests/wine/class_factory_cache.h"
 #include "tests/wine/early_bound.h"
-#include "tests/wine/pretend_databases.h"
+#include "tests/wine/fake_databases.h"
 #include "tests/wine/server.h"
 
 namespace kodra::face {

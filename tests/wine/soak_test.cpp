@@ -5,13 +5,13 @@
 #include <iostream>
 #include <map>
 
-#include "tests/wine/classes_at_hand.h"
+#include "tests/wine/class_factory_cache.h"
 #include "tests/wine/early_bound.h"
+#include "tests/wine/fake_databases.h"
 #include "tests/wine/faults_heap.h"
 #include "tests/wine/hostile_client.h"
-#include "tests/wine/pretend_databases.h"
+#include "tests/wine/process_resources.h"
 #include "tests/wine/server.h"
-#include "tests/wine/soak_gauge.h"
 #include "tests/wine/stand_in.h"
 
 namespace kodra::face {

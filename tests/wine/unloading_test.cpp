@@ -5,8 +5,8 @@
 #include <memory>
 #include <thread>
 
+#include "tests/wine/process_resources.h"
 #include "tests/wine/server.h"
-#include "tests/wine/soak_gauge.h"
 
 namespace kodra::face {
 namespace {

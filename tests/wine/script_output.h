@@ -1,4 +1,4 @@
-// Runs a script of vbs/ for the tests of the siblings, and reads the output of the script and its components.
+// Runs a script of scripts/ for the tests of the siblings, and reads the output of the script and its components.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ inline std::wstring TextOf(const face::OwnFile& file) {
 // Runs a script with a file to write and further arguments; returns the file's text.
 inline std::wstring OutputOf(const std::wstring& script, const std::vector<std::wstring>& arguments) {
   const face::OwnFile file(L"siblings.txt");
-  std::wstring command = L"cscript.exe //nologo vbs\\" + script + L" \"" + file.windowsPath() + L"\"";
+  std::wstring command = L"cscript.exe //nologo scripts\\" + script + L" \"" + file.windowsPath() + L"\"";
   for (const auto& argument : arguments) command += L" \"" + argument + L"\"";
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
