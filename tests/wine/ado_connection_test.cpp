@@ -1,15 +1,15 @@
 // Connections as a C++ client uses them.
 #include "tests/wine/ado_support.h"
 
-namespace kodra::wine {
+namespace kodra::face {
 namespace {
 
 class AdoConnection : public AdoTest {
  protected:
-  static LONG CountOf(const com_ptr<_Connection>& connection) {
+  static LONG CountOf(const Ref<_Connection>& connection) {
     const auto rows = NewRecordset();
     EXPECT_EQ(S_OK, OpenStream(rows, L"select count(*) as N from DEPTO", connection));
-    return ValueOf(FieldOf(rows, L"N")).Number();
+    return ValueOf(FieldOf(rows, L"N")).number();
   }
 };
 
@@ -20,7 +20,7 @@ TEST_F(AdoConnection, KeepsItsPropertiesUntilItOpens) {
   ASSERT_EQ(S_OK, connection->put_IsolationLevel(adXactReadCommitted));
   Bstr text;
   EXPECT_EQ(S_OK, connection->get_ConnectionString(text.put()));
-  EXPECT_EQ(ConnectionString(), text.Text());
+  EXPECT_EQ(ConnectionString(), text.text());
   CursorLocationEnum location = adUseNone;
   EXPECT_EQ(S_OK, connection->get_CursorLocation(&location));
   EXPECT_EQ(adUseClient, location);
@@ -31,47 +31,39 @@ TEST_F(AdoConnection, KeepsItsPropertiesUntilItOpens) {
 
 TEST_F(AdoConnection, OpensWithItsPropertyAndIsClosedAgain) {
   const auto connection = NewConnection();
-  LONG state = -1;
-  EXPECT_EQ(S_OK, connection->get_State(&state));
-  EXPECT_EQ(adStateClosed, state);
+  EXPECT_EQ(adStateClosed, StateOf(connection));
   ASSERT_EQ(S_OK, connection->put_ConnectionString(Bstr(ConnectionString())));
   ASSERT_EQ(S_OK, connection->Open(Bstr(L""), Bstr(L""), Bstr(L""), adConnectUnspecified));
-  EXPECT_EQ(S_OK, connection->get_State(&state));
-  EXPECT_EQ(adStateOpen, state);
-  EXPECT_EQ(0x800A0E79u, TakeError(connection->Open(nullptr, nullptr, nullptr, adConnectUnspecified)).code);
+  EXPECT_EQ(adStateOpen, StateOf(connection));
+  EXPECT_EQ(ControlError(adErrObjectOpen),
+            TakeFailure(connection->Open(nullptr, nullptr, nullptr, adConnectUnspecified)).number);
   ASSERT_EQ(S_OK, connection->Close());
-  EXPECT_EQ(S_OK, connection->get_State(&state));
-  EXPECT_EQ(adStateClosed, state);
-  EXPECT_EQ(0x800A0E78u, TakeError(connection->Close()).code);
+  EXPECT_EQ(adStateClosed, StateOf(connection));
+  EXPECT_EQ(ControlError(adErrObjectClosed), TakeFailure(connection->Close()).number);
 }
 
 TEST_F(AdoConnection, ClosesTheRecordsetsThatStreamFromIt) {
   const auto connection = OpenWithDepartments();
-  const auto rows = NewRecordset();
-  ASSERT_EQ(S_OK, OpenStream(rows, L"select COD from DEPTO", connection));
+  const auto rows = Stream(connection, L"select COD from DEPTO");
   ASSERT_EQ(S_OK, connection->Close());
-  LONG state = -1;
-  EXPECT_EQ(S_OK, rows->get_State(&state));
-  EXPECT_EQ(adStateClosed, state);
-  EXPECT_EQ(0x800A0E78u, TakeError(rows->MoveNext()).code);
+  EXPECT_EQ(adStateClosed, StateOf(rows));
+  EXPECT_EQ(ControlError(adErrObjectClosed), TakeFailure(rows->MoveNext()).number);
 }
 
 TEST_F(AdoConnection, ReportsHowManyRowsAStatementChanged) {
   const auto connection = OpenWithDepartments();
-  Variant affected;
-  com_ptr<_Recordset> rows;
+  Var affected;
+  Ref<_Recordset> rows;
   ASSERT_EQ(S_OK, connection->Execute(Bstr(L"update DEPTO set ANDAR = 7"), affected.put(), adCmdText, rows.put()));
-  EXPECT_EQ(VT_I4, affected.Type());
-  EXPECT_EQ(3, affected.Number());
+  EXPECT_EQ(VT_I4, affected.type());
+  EXPECT_EQ(3, affected.number());
   ASSERT_TRUE(rows);
-  LONG state = -1;
-  EXPECT_EQ(S_OK, rows->get_State(&state));
-  EXPECT_EQ(adStateClosed, state);
+  EXPECT_EQ(adStateClosed, StateOf(rows));
 }
 
 TEST_F(AdoConnection, ReturnsNoRecordsetWhenNoneIsWanted) {
   const auto connection = OpenWithDepartments();
-  com_ptr<_Recordset> rows;
+  Ref<_Recordset> rows;
   ASSERT_EQ(S_OK, connection->Execute(Bstr(L"select COD from DEPTO"), nullptr,
                                       static_cast<LONG>(adCmdText) | adExecuteNoRecords, rows.put()));
   EXPECT_FALSE(rows);
@@ -93,7 +85,7 @@ TEST_F(AdoConnection, UndoesATransactionThatIsRolledBackAndKeepsOneThatIsCommitt
 
 TEST_F(AdoConnection, HasNoErrorsUntilAStatementFailsAndNoneAfterClear) {
   const auto connection = OpenWithDepartments();
-  com_ptr<Errors> errors;
+  Ref<Errors> errors;
   ASSERT_EQ(S_OK, connection->get_Errors(errors.put()));
   LONG count = -1;
   EXPECT_EQ(S_OK, errors->get_Count(&count));
@@ -107,4 +99,4 @@ TEST_F(AdoConnection, HasNoErrorsUntilAStatementFailsAndNoneAfterClear) {
 }
 
 }  // namespace
-}  // namespace kodra::wine
+}  // namespace kodra::face

@@ -1,6 +1,6 @@
-// The common part of the tests of ADO in Wine: an SQLite file of their own, and short ways to call ADO.
+// Common parts of the tests of ADO in Wine: a database for each test, and short ways to call ADO.
 //
-// They use whatever ADODB is registered, through its interfaces or by member name, as its clients do.
+// The tests use whatever ADODB is registered, through its interfaces or by member name, as its clients do.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,178 +8,107 @@
 #include <string>
 
 #include "ado/adoint.h"
-#include "comkit/com_ptr.h"
+#include "tests/wine/automation.h"
+#include "tests/wine/environment.h"
 
-namespace kodra::wine {
+namespace kodra::face {
 
-using comkit::com_ptr;
-
-// The content of an IErrorInfo, with the HRESULT that came with it.
-struct ComError {
-  unsigned long code = 0;
-  std::wstring source;
-  std::wstring description;
-};
-
-// Takes the thread's IErrorInfo. REQUIRES: called right after the call that returned `hr`.
-inline ComError TakeError(HRESULT hr) {
-  ComError error{static_cast<unsigned long>(hr), {}, {}};
-  com_ptr<IErrorInfo> info;
-  if (GetErrorInfo(0, info.put()) != S_OK) return error;
-  BSTR text = nullptr;
-  if (SUCCEEDED(info->GetSource(&text)) && text != nullptr) error.source = text;
-  SysFreeString(text);
-  text = nullptr;
-  if (SUCCEEDED(info->GetDescription(&text)) && text != nullptr) error.description = text;
-  SysFreeString(text);
-  return error;
-}
-
-// An owned VARIANT, for arguments and results.
-class Variant {
- public:
-  Variant() { VariantInit(&v_); }
-  Variant(const wchar_t* text) : Variant() {
-    V_VT(&v_) = VT_BSTR;
-    V_BSTR(&v_) = SysAllocString(text);
-  }
-  Variant(LONG number) : Variant() {
-    V_VT(&v_) = VT_I4;
-    V_I4(&v_) = number;
-  }
-  Variant(double number) : Variant() {
-    V_VT(&v_) = VT_R8;
-    V_R8(&v_) = number;
-  }
-  Variant(IDispatch* object) : Variant() {
-    V_VT(&v_) = VT_DISPATCH;
-    V_DISPATCH(&v_) = com_ptr<IDispatch>(object).detach();
-  }
-  Variant(const Variant& other) : Variant() { VariantCopy(&v_, const_cast<VARIANT*>(&other.v_)); }
-  Variant& operator=(const Variant& other) {
-    VariantCopy(&v_, const_cast<VARIANT*>(&other.v_));
-    return *this;
-  }
-  ~Variant() { VariantClear(&v_); }
-
-  // An argument left out.
-  static Variant Missing() {
-    Variant v;
-    V_VT(&v.v_) = VT_ERROR;
-    V_ERROR(&v.v_) = DISP_E_PARAMNOTFOUND;
-    return v;
-  }
-
-  VARIANT* put() {
-    VariantClear(&v_);
-    return &v_;
-  }
-  // ADO takes its arguments by value and leaves their ownership to the caller.
-  operator VARIANT() const { return v_; }
-  VARTYPE Type() const { return V_VT(&v_); }
-  LONG Number() const { return V_I4(&v_); }
-  double Real() const { return V_R8(&v_); }
-  IDispatch* Object() const { return V_DISPATCH(&v_); }
-  std::wstring Text() const {
-    if (V_VT(&v_) != VT_BSTR) return L"(no text)";
-    return std::wstring(V_BSTR(&v_), SysStringLen(V_BSTR(&v_)));
-  }
-
- private:
-  VARIANT v_;
-};
-
-class Bstr {
- public:
-  Bstr() = default;
-  explicit Bstr(const std::wstring& text) : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
-  Bstr(const Bstr&) = delete;
-  Bstr& operator=(const Bstr&) = delete;
-  ~Bstr() { SysFreeString(text_); }
-  operator BSTR() const { return text_; }
-  BSTR* put() {
-    SysFreeString(text_);
-    text_ = nullptr;
-    return &text_;
-  }
-  std::wstring Text() const { return text_ == nullptr ? std::wstring() : std::wstring(text_, SysStringLen(text_)); }
-
- private:
-  BSTR text_ = nullptr;
-};
-
-// An object of a class by its interface's id; a failure shows in the test, and the result is null.
+// A new object of a class; a failure fails the test and returns null.
 template <class Interface>
-com_ptr<Interface> Create(REFCLSID id) {
-  com_ptr<Interface> object;
+Ref<Interface> NewObject(REFCLSID id) {
+  Ref<Interface> object;
   const HRESULT hr = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), object.put_void());
   EXPECT_EQ(S_OK, hr) << std::hex << hr;
   return object;
 }
-inline com_ptr<_Connection> NewConnection() { return Create<_Connection>(__uuidof(::Connection)); }
-inline com_ptr<_Recordset> NewRecordset() { return Create<_Recordset>(__uuidof(::Recordset)); }
-inline com_ptr<_Command> NewCommand() { return Create<_Command>(__uuidof(::Command)); }
+inline Ref<_Connection> NewConnection() { return NewObject<_Connection>(__uuidof(::Connection)); }
+inline Ref<_Recordset> NewRecordset() { return NewObject<_Recordset>(__uuidof(::Recordset)); }
+inline Ref<_Command> NewCommand() { return NewObject<_Command>(__uuidof(::Command)); }
 
-// An SQLite file for the test, which is deleted with it.
-class AdoTest : public testing::Test {
- protected:
-  void TearDown() override { DeleteFileW((L"Z:" + DatabasePath()).c_str()); }
+// An SQLite file that is deleted with this object.
+class AdoDatabase {
+ public:
+  AdoDatabase() = default;
+  AdoDatabase(const AdoDatabase&) = delete;
+  AdoDatabase& operator=(const AdoDatabase&) = delete;
+  ~AdoDatabase() { DeleteFileW(WindowsPath(DatabasePath()).c_str()); }
 
-  // In the form for the driver, which runs outside Windows.
+  // The path of the host, because the driver runs outside Wine.
   static std::wstring DatabasePath() { return L"/tmp/kodra-ado-" + std::to_wstring(GetCurrentProcessId()) + L".db"; }
-  static std::wstring ConnectionString() { return L"Driver={SQLite3};Database=" + DatabasePath() + L";"; }
+  static std::wstring ConnectionString() { return ConnectionTo(DatabasePath()) + L";"; }
 
-  static com_ptr<_Connection> OpenConnection() {
+  static Ref<_Connection> OpenConnection() {
     auto connection = NewConnection();
     const HRESULT hr = connection->Open(Bstr(ConnectionString()), nullptr, nullptr, adConnectUnspecified);
     EXPECT_EQ(S_OK, hr) << std::hex << hr;
     return connection;
   }
-  static void Execute(const com_ptr<_Connection>& connection, const wchar_t* statement) {
+  static void Execute(const Ref<_Connection>& connection, const wchar_t* statement) {
     const HRESULT hr =
         connection->Execute(Bstr(statement), nullptr, static_cast<LONG>(adExecuteNoRecords) | adCmdText, nullptr);
     EXPECT_EQ(S_OK, hr) << std::hex << hr;
   }
-  // Three departments: ('00001', 'Administração', 10), ('00002', 'Biblioteca', 20.5), ('00003', null, null).
-  static com_ptr<_Connection> OpenWithDepartments() {
+  // Three departments: ('00001', 'Administração', 10, 1), ('00002', 'Biblioteca', 20.5, 2) and ('00003', nulls).
+  static Ref<_Connection> OpenWithDepartments() {
     auto connection = OpenConnection();
     Execute(connection, L"create table DEPTO (COD varchar(5), DESCR varchar(40), PESO double, ANDAR integer)");
-    Execute(connection, L"insert into DEPTO values ('00001', 'Administra\u00e7\u00e3o', 10, 1)");
+    Execute(connection, L"insert into DEPTO values ('00001', 'Administração', 10, 1)");
     Execute(connection, L"insert into DEPTO values ('00002', 'Biblioteca', 20.5, 2)");
     Execute(connection, L"insert into DEPTO values ('00003', null, null, null)");
     return connection;
   }
-  // Forward-only, read-only, on the server.
-  static HRESULT OpenStream(const com_ptr<_Recordset>& rows, const wchar_t* statement,
-                            const com_ptr<_Connection>& connection) {
-    return rows->Open(Variant(statement), Variant(connection.get()), adOpenForwardOnly, adLockReadOnly, adCmdText);
-  }
 };
 
-inline com_ptr<Field> FieldOf(const com_ptr<_Recordset>& rows, const Variant& index) {
-  com_ptr<Fields> fields;
-  com_ptr<Field> field;
+class AdoTest : public testing::Test, protected AdoDatabase {};
+
+// Opens a recordset forward-only and read-only on the server.
+inline HRESULT OpenStream(const Ref<_Recordset>& rows, const wchar_t* statement, const Ref<_Connection>& connection) {
+  return rows->Open(Var(statement), Var(connection.get()), adOpenForwardOnly, adLockReadOnly, adCmdText);
+}
+// The recordset of a statement, opened in the same way.
+inline Ref<_Recordset> Stream(const Ref<_Connection>& connection, const wchar_t* statement) {
+  auto rows = NewRecordset();
+  EXPECT_EQ(S_OK, OpenStream(rows, statement, connection));
+  return rows;
+}
+// Opens a recordset on its properties, or in memory when it has only fields.
+inline HRESULT OpenWithoutArguments(const Ref<_Recordset>& rows) {
+  return rows->Open(Var::Missing(), Var::Missing(), adOpenUnspecified, adLockUnspecified, adCmdUnspecified);
+}
+inline HRESULT AddNew(const Ref<_Recordset>& rows) { return rows->AddNew(Var::Missing(), Var::Missing()); }
+inline HRESULT Update(const Ref<_Recordset>& rows) { return rows->Update(Var::Missing(), Var::Missing()); }
+
+inline Ref<Fields> FieldsOf(const Ref<_Recordset>& rows) {
+  Ref<Fields> fields;
   EXPECT_EQ(S_OK, rows->get_Fields(fields.put()));
-  if (fields) {
-    EXPECT_EQ(S_OK, fields->get_Item(index, field.put()));
-  }
+  return fields;
+}
+// Appends a field to a recordset that is not open.
+inline HRESULT AppendField(const Ref<_Recordset>& rows, const wchar_t* name, DataTypeEnum type, ADO_LONGPTR size,
+                           FieldAttributeEnum attributes = adFldUnspecified) {
+  return FieldsOf(rows)->Append(Bstr(name), type, size, attributes, Var::Missing());
+}
+inline Ref<Field> FieldOf(const Ref<_Recordset>& rows, const Var& index) {
+  Ref<Field> field;
+  EXPECT_EQ(S_OK, FieldsOf(rows)->get_Item(index, field.put()));
   return field;
 }
-inline Variant ValueOf(const com_ptr<Field>& field) {
-  Variant value;
+inline Var ValueOf(const Ref<Field>& field) {
+  Var value;
   EXPECT_EQ(S_OK, field->get_Value(value.put()));
   return value;
 }
-inline bool AtEnd(const com_ptr<_Recordset>& rows) {
+inline bool AtEnd(const Ref<_Recordset>& rows) {
   VARIANT_BOOL atEnd = VARIANT_FALSE;
   EXPECT_EQ(S_OK, rows->get_EOF(&atEnd));
   return atEnd != VARIANT_FALSE;
 }
-
-// The last reference: releases it and returns how many are left.
-template <class T>
-ULONG ReleaseLast(com_ptr<T>& object) {
-  return object.detach()->Release();
+// The state of a connection or of a recordset.
+template <class Object>
+LONG StateOf(const Ref<Object>& object) {
+  LONG state = -1;
+  EXPECT_EQ(S_OK, object->get_State(&state));
+  return state;
 }
 
-}  // namespace kodra::wine
+}  // namespace kodra::face

@@ -1,4 +1,4 @@
-// Threads in apartments of their own, each with its own database system: what one call sets is not seen by another.
+// Calls on threads in apartments of their own: each call has its own database system, whatever the others use.
 #include <atomic>
 #include <thread>
 
@@ -8,58 +8,48 @@
 namespace kodra::face {
 namespace {
 
-class Apartment {
- public:
-  Apartment() : entered_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) { EXPECT_EQ(S_OK, entered_); }
-  Apartment(const Apartment&) = delete;
-  Apartment& operator=(const Apartment&) = delete;
-  ~Apartment() { CoUninitialize(); }
-
- private:
-  HRESULT entered_;
-};
-
-// The same file in strings that name other database systems: the dialect shows in what SQLite does not know.
+// Additions to the archive's connection string that name a database system. The file is always SQLite's, which shows
+// the dialect of another system by what it does not understand.
 const std::wstring kSQLite;
 const std::wstring kOracle = L";Descricao=MSDAORA";
 const std::wstring kDB2 = L";Descricao=IBMDADB2";
 
-// How the listing of expired media ends: a recordset, or the part of the dialect that SQLite does not understand.
-std::wstring Ending(const std::wstring& system, const Ref<IDispatch>& parameters) {
+// The result of the listing of expired media: "rows" or the description of the error.
+std::wstring ResultOn(const std::wstring& system, const Ref<IDispatch>& parameters) {
   const Outcome outcome = RunReport(L"CCDRpt", L"RelatorioMidias", Var(parameters.get()), ArchiveConnection() + system);
   return outcome.value.object() ? L"rows" : outcome.failure.description;
 }
 
-constexpr const wchar_t* kOfSQLite = L"rows";
-constexpr const wchar_t* kOfOracle =
+constexpr const wchar_t* kSQLiteResult = L"rows";
+constexpr const wchar_t* kOracleResult =
     L"Erro ao gerar dados para o relatório: [Microsoft OLE DB Provider for ODBC Drivers]: "
     L"[SQLite]no such column: SYSDATE (1) [N:1]";
-constexpr const wchar_t* kOfDB2 =
+constexpr const wchar_t* kDB2Result =
     L"Erro ao gerar dados para o relatório: [Microsoft OLE DB Provider for ODBC Drivers]: "
     L"[SQLite]near \"DATE\": syntax error (1) [N:1]";
 
 TEST(Apartments, EachDatabaseSystemShowsItsOwnDialect) {
   const auto expired = ForeignObject::With(L"TipoRpt", L"V");
-  EXPECT_EQ(kOfSQLite, Ending(kSQLite, expired));
-  EXPECT_EQ(kOfOracle, Ending(kOracle, expired));
-  EXPECT_EQ(kOfDB2, Ending(kDB2, expired));
+  EXPECT_EQ(kSQLiteResult, ResultOn(kSQLite, expired));
+  EXPECT_EQ(kOracleResult, ResultOn(kOracle, expired));
+  EXPECT_EQ(kDB2Result, ResultOn(kDB2, expired));
 }
 
-// The parameter object is read after the call has set its database code and before it builds its SQL. Each call waits
-// there until the other has come as far, so that each could meet the other's code.
-TEST(Apartments, TwoCallsInTheMiddleOfEachOtherKeepTheirOwnDialects) {
+// A call reads the parameter object after it has set its database code and before it builds its SQL. Each of the two
+// calls waits there for the other one, so that each could use the other's code.
+TEST(Apartments, TwoCallsAtTheSameTimeKeepTheirOwnDialects) {
   for (int round = 0; round < 10; ++round) {
     HANDLE arrived[] = {CreateEventW(nullptr, TRUE, FALSE, nullptr), CreateEventW(nullptr, TRUE, FALSE, nullptr)};
-    std::wstring endings[2];
+    std::wstring results[2];
     bool met[2] = {};
     const auto call = [&](int own, const std::wstring& system) {
       const Apartment apartment;
       const auto parameters = ForeignObject::With(L"TipoRpt", [&, own](VARIANT* result, EXCEPINFO*) {
         SetEvent(arrived[own]);
         met[own] = WaitForSingleObject(arrived[1 - own], 5000) == WAIT_OBJECT_0;
-        return VariantCopy(result, const_cast<VARIANT*>(&Var(L"V").raw()));
+        return Var(L"V").CopyTo(result);
       });
-      endings[own] = Ending(system, parameters);
+      results[own] = ResultOn(system, parameters);
     };
     std::thread one(call, 0, kSQLite);
     std::thread other(call, 1, round % 2 == 0 ? kOracle : kDB2);
@@ -68,8 +58,8 @@ TEST(Apartments, TwoCallsInTheMiddleOfEachOtherKeepTheirOwnDialects) {
     CloseHandle(arrived[0]);
     CloseHandle(arrived[1]);
     EXPECT_TRUE(met[0] && met[1]);
-    EXPECT_EQ(kOfSQLite, endings[0]);
-    EXPECT_EQ(round % 2 == 0 ? kOfOracle : kOfDB2, endings[1]);
+    EXPECT_EQ(kSQLiteResult, results[0]);
+    EXPECT_EQ(round % 2 == 0 ? kOracleResult : kDB2Result, results[1]);
   }
 }
 
@@ -78,7 +68,7 @@ TEST(Apartments, ManyCallsSideBySideNeverSeeEachOthersDialect) {
   const struct {
     std::wstring system;
     std::wstring expected;
-  } kinds[] = {{kSQLite, kOfSQLite}, {kOracle, kOfOracle}, {kDB2, kOfDB2}};
+  } kinds[] = {{kSQLite, kSQLiteResult}, {kOracle, kOracleResult}, {kDB2, kDB2Result}};
   std::atomic<int> wrong = 0;
   std::atomic<int> done = 0;
   std::vector<std::thread> threads;
@@ -88,7 +78,7 @@ TEST(Apartments, ManyCallsSideBySideNeverSeeEachOthersDialect) {
       const auto expired = Create(L"KodraRpt.CCDRptObj");
       EXPECT_EQ(S_OK, Put(expired, L"TipoRpt", L"V").hr);
       for (int i = 0; i < kCalls; ++i, ++done)
-        if (Ending(kind.system, expired) != kind.expected) ++wrong;
+        if (ResultOn(kind.system, expired) != kind.expected) ++wrong;
     });
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(3 * kCalls, done);
@@ -96,7 +86,8 @@ TEST(Apartments, ManyCallsSideBySideNeverSeeEachOthersDialect) {
 }
 
 TEST(Apartments, AnObjectOfAnotherApartmentServesAsParameterObjectAndAsReport) {
-  // Passed as COM requires; its calls come back to this thread, which answers them while it waits.
+  // The objects are marshalled, as COM requires. Calls to them come back to this thread, which serves them while it
+  // waits.
   const auto report = Create(L"KodraRpt.CCDRpt");
   const auto parameters = Create(L"KodraRpt.CCDRptObj");
   ASSERT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
@@ -111,12 +102,12 @@ TEST(Apartments, AnObjectOfAnotherApartmentServesAsParameterObjectAndAsReport) {
       const Apartment apartment;
       Ref<IDispatch> farReport;
       Ref<IDispatch> farParameters;
-      IStream* stream = reportStream.get();
-      stream->AddRef();
-      EXPECT_EQ(S_OK, CoGetInterfaceAndReleaseStream(stream, IID_IDispatch, farReport.put_void()));
-      stream = parametersStream.get();
-      stream->AddRef();
-      EXPECT_EQ(S_OK, CoGetInterfaceAndReleaseStream(stream, IID_IDispatch, farParameters.put_void()));
+      const auto unmarshal = [](const Ref<IStream>& stream, Ref<IDispatch>& object) {
+        stream->AddRef();
+        EXPECT_EQ(S_OK, CoGetInterfaceAndReleaseStream(stream.get(), IID_IDispatch, object.put_void()));
+      };
+      unmarshal(reportStream, farReport);
+      unmarshal(parametersStream, farParameters);
       EXPECT_EQ(ArchiveConnection(), Got(Get(farReport, L"StringConexao")).text());
       EXPECT_EQ(S_OK, Put(farParameters, L"TipoRpt", L"todas").hr);
       EXPECT_EQ(L"T", Got(Get(farParameters, L"TipoRpt")).text());

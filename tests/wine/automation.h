@@ -1,7 +1,7 @@
 // Automation as a client in another language uses it: objects by name, members by name, and whole errors.
 //
-// The tests of the COM face use these few functions and not comkit/, the code for COM that the component is made of, so
-// that nothing is checked with itself. They resemble each other on purpose.
+// The tests of the COM face, of ADO and of the siblings use these classes and functions and not comkit/, the code for
+// COM that the tested DLLs are made of: nothing is checked with itself. The two resemble each other on purpose.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,6 +16,8 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "tests/wine/error_numbers.h"
 
 namespace kodra::face {
 
@@ -35,11 +37,16 @@ class Ref {
   ~Ref() {
     if (p_ != nullptr) p_->Release();
   }
-  // Takes over the caller's reference.
+  // Takes the caller's reference over.
   static Ref Owning(T* object) {
     Ref result;
     result.p_ = object;
     return result;
+  }
+  // Adds a reference to the caller's.
+  static Ref Sharing(T* object) {
+    if (object != nullptr) object->AddRef();
+    return Owning(object);
   }
 
   T* get() const { return p_; }
@@ -50,7 +57,7 @@ class Ref {
     return &p_;
   }
   void** put_void() { return reinterpret_cast<void**>(put()); }
-  // Releases the reference; returns the object's count of those left.
+  // Releases the reference; returns how many the object has left.
   ULONG Release() { return std::exchange(p_, nullptr)->Release(); }
   // Null when the object has no such interface.
   template <class U>
@@ -120,6 +127,14 @@ class Var {
     result.v_.vt = VT_NULL;
     return result;
   }
+  static Var Nothing() { return Var(static_cast<IDispatch*>(nullptr)); }
+  // An optional argument that the caller leaves out.
+  static Var Missing() {
+    Var result;
+    result.v_.vt = VT_ERROR;
+    result.v_.scode = DISP_E_PARAMNOTFOUND;
+    return result;
+  }
   Var(const Var& other) : Var() { VariantCopy(&v_, const_cast<VARIANT*>(&other.v_)); }
   Var(Var&& other) noexcept : v_(other.v_) { VariantInit(&other.v_); }
   Var& operator=(Var other) noexcept {
@@ -130,16 +145,18 @@ class Var {
 
   VARTYPE type() const { return v_.vt; }
   const VARIANT& raw() const { return v_; }
+  // For functions that take a VARIANT by value and leave its ownership to the caller, as ADO does.
+  operator const VARIANT&() const { return v_; }
+  // Makes the target, whose old value is cleared, a copy of this one.
+  HRESULT CopyTo(VARIANT* target) const { return VariantCopy(target, const_cast<VARIANT*>(&v_)); }
   VARIANT* put() {
     VariantClear(&v_);
     return &v_;
   }
   Ref<IDispatch> object() const {
-    if (v_.vt != VT_DISPATCH || v_.pdispVal == nullptr) return {};
-    v_.pdispVal->AddRef();
-    return Ref<IDispatch>::Owning(v_.pdispVal);
+    return v_.vt == VT_DISPATCH ? Ref<IDispatch>::Sharing(v_.pdispVal) : Ref<IDispatch>();
   }
-  // As text, in no locale's format; nothing for a null.
+  // The value as a text in the invariant locale; nothing for a null.
   std::optional<std::wstring> text() const {
     if (v_.vt == VT_NULL) return std::nullopt;
     Var converted;
@@ -147,15 +164,33 @@ class Var {
       return L"(VARTYPE " + std::to_wstring(v_.vt) + L")";
     return std::wstring(converted.v_.bstrVal, SysStringLen(converted.v_.bstrVal));
   }
-  int number() const { return v_.vt == VT_I4 ? v_.lVal : std::stoi(text().value_or(L"0")); }
+  // A value of any other type fails the test.
+  int number() const {
+    EXPECT_EQ(VT_I4, v_.vt);
+    return v_.lVal;
+  }
 
  private:
   VARIANT v_;
 };
 
+// A reference to a caller's variable, for an argument that is passed by reference.
+inline VARIANT ByReference(IDispatch** object) {
+  VARIANT v = {};
+  v.vt = VT_BYREF | VT_DISPATCH;
+  v.ppdispVal = object;
+  return v;
+}
+inline VARIANT ByReference(VARIANT* variant) {
+  VARIANT v = {};
+  v.vt = VT_BYREF | VT_VARIANT;
+  v.pvarVal = variant;
+  return v;
+}
+
 // A whole error, from either kind of call.
 struct Failure {
-  unsigned long number = 0;
+  HRESULT number = S_OK;
   std::wstring source;
   std::wstring description;
   bool operator==(const Failure&) const = default;
@@ -165,30 +200,29 @@ inline void PrintTo(const Failure& failure, std::ostream* out) {
        << testing::PrintToString(failure.description);
 }
 
+// The result of a call.
 struct Outcome {
   HRESULT hr = E_UNEXPECTED;
   Var value;
-  // The content of the EXCEPINFO; the number is `hr` when the call did not get as far as raising.
+  // The error that the called member raised; `hr` alone when the call failed before it reached the member.
   Failure failure;
 };
 
+// The error of a late-bound call. Frees the texts of the EXCEPINFO.
 inline Failure TakeFailure(HRESULT hr, EXCEPINFO& info) {
-  if (hr != DISP_E_EXCEPTION) return {static_cast<unsigned long>(hr), {}, {}};
+  if (hr != DISP_E_EXCEPTION) return {hr, {}, {}};
   if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
   Bstr source;
   Bstr description;
   *source.put() = info.bstrSource;
   *description.put() = info.bstrDescription;
   SysFreeString(info.bstrHelpFile);
-  return {static_cast<unsigned long>(info.scode), source.text(), description.text()};
+  return {info.scode, source.text(), description.text()};
 }
 
-// The error that the last vtable call on `object` left: `hr` and the IErrorInfo, if the object supports it.
-template <class Interface>
-Failure TakeFailure(HRESULT hr, const Ref<Interface>& object) {
-  Failure failure{static_cast<unsigned long>(hr), {}, {}};
-  const auto support = object.template As<ISupportErrorInfo>();
-  if (!support || support->InterfaceSupportsErrorInfo(__uuidof(Interface)) != S_OK) return failure;
+// The error of an early-bound call: `hr` and the thread's IErrorInfo. REQUIRES: called right after the call.
+inline Failure TakeFailure(HRESULT hr) {
+  Failure failure{hr, {}, {}};
   Ref<IErrorInfo> info;
   if (GetErrorInfo(0, info.put()) != S_OK) return failure;
   Bstr source;
@@ -199,7 +233,32 @@ Failure TakeFailure(HRESULT hr, const Ref<Interface>& object) {
   failure.description = description.text();
   return failure;
 }
+// The same, when the object supports error information for the interface; `hr` alone otherwise.
+template <class Interface>
+Failure TakeFailure(HRESULT hr, const Ref<Interface>& object) {
+  const auto support = object.template As<ISupportErrorInfo>();
+  if (!support || support->InterfaceSupportsErrorInfo(__uuidof(Interface)) != S_OK) return {hr, {}, {}};
+  return TakeFailure(hr);
+}
 
+// How an object of the test fails a late-bound call: fills the EXCEPINFO and returns the call's HRESULT.
+inline HRESULT Raise(EXCEPINFO* info, HRESULT number, const wchar_t* source, const wchar_t* description) {
+  info->scode = number;
+  info->bstrSource = SysAllocString(source);
+  info->bstrDescription = SysAllocString(description);
+  return DISP_E_EXCEPTION;
+}
+
+// Leaves error information on the thread, as an early-bound call that fails does. Without a description it has none.
+inline void LeaveErrorInfo(const wchar_t* source, const wchar_t* description) {
+  Ref<ICreateErrorInfo> info;
+  ASSERT_EQ(S_OK, CreateErrorInfo(info.put()));
+  info->SetSource(Bstr(source));
+  if (description != nullptr) info->SetDescription(Bstr(description));
+  SetErrorInfo(0, info.As<IErrorInfo>().get());
+}
+
+// The DISPID of a member; DISPID_UNKNOWN when the object does not have it.
 inline DISPID IdOf(IDispatch* object, const std::wstring& member) {
   std::wstring name = member;
   wchar_t* names[] = {name.data()};
@@ -208,15 +267,9 @@ inline DISPID IdOf(IDispatch* object, const std::wstring& member) {
   return id;
 }
 
-// Invokes a member by name; the arguments are in the order in which they are written.
-inline Outcome Invoke(IDispatch* object, const std::wstring& member, WORD kind, std::vector<Var> arguments) {
+// Invokes a member by its DISPID; the arguments are in the order in which a programmer writes them.
+inline Outcome Invoke(IDispatch* object, DISPID id, WORD kind, const std::vector<Var>& arguments = {}) {
   Outcome outcome;
-  const DISPID id = IdOf(object, member);
-  if (id == DISPID_UNKNOWN) {
-    outcome.hr = DISP_E_UNKNOWNNAME;
-    outcome.failure.number = static_cast<unsigned long>(DISP_E_UNKNOWNNAME);
-    return outcome;
-  }
   std::vector<VARIANT> reversed;
   for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
     reversed.push_back(argument->raw());
@@ -230,6 +283,15 @@ inline Outcome Invoke(IDispatch* object, const std::wstring& member, WORD kind, 
   if (FAILED(outcome.hr)) outcome.failure = TakeFailure(outcome.hr, info);
   return outcome;
 }
+// The same by the member's name.
+inline Outcome Invoke(IDispatch* object, const std::wstring& member, WORD kind, const std::vector<Var>& arguments) {
+  const DISPID id = IdOf(object, member);
+  if (id != DISPID_UNKNOWN) return Invoke(object, id, kind, arguments);
+  Outcome outcome;
+  outcome.hr = DISP_E_UNKNOWNNAME;
+  outcome.failure.number = DISP_E_UNKNOWNNAME;
+  return outcome;
+}
 
 inline Outcome Get(const Ref<IDispatch>& object, const std::wstring& member) {
   return Invoke(object.get(), member, DISPATCH_PROPERTYGET, {});
@@ -241,8 +303,8 @@ inline Outcome Put(const Ref<IDispatch>& object, const std::wstring& member, con
 inline Outcome PutRef(const Ref<IDispatch>& object, const std::wstring& member, const Ref<IDispatch>& value) {
   return Invoke(object.get(), member, DISPATCH_PROPERTYPUTREF, {Var(value.get())});
 }
-inline Outcome Call(const Ref<IDispatch>& object, const std::wstring& member, std::vector<Var> arguments = {}) {
-  return Invoke(object.get(), member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments));
+inline Outcome Call(const Ref<IDispatch>& object, const std::wstring& member, const std::vector<Var>& arguments = {}) {
+  return Invoke(object.get(), member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
 }
 
 // The value of an operation that must succeed.
@@ -260,5 +322,14 @@ inline Ref<IDispatch> Create(const std::wstring& progId, HRESULT* failed = nullp
   if (failed != nullptr) *failed = hr;
   return object;
 }
+
+// This thread's single-threaded apartment. REQUIRES: the thread has not entered one.
+class Apartment {
+ public:
+  Apartment() { EXPECT_EQ(S_OK, CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+  ~Apartment() { CoUninitialize(); }
+};
 
 }  // namespace kodra::face

@@ -1,18 +1,19 @@
-// The arguments that siblings take by reference, as they are passed and as they are returned.
-#include "tests/wine/foreign_object.h"
+// The arguments that siblings take by reference: what the component passes, and what it makes of a changed argument.
+#include "tests/wine/event_sink.h"
+#include "tests/wine/report_rows.h"
 #include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {
 
-// A sibling that records the types of the arguments that it receives, and may write to them.
-class TypedObject final : public ClientObject {
+// A sibling that records how it receives its arguments, and may write to them.
+class ArgumentRecorder final : public ClientObject {
  public:
-  // Gets the arguments of a method, from the last to the first.
+  // Called with the arguments of a method, from the last to the first.
   using Method = std::function<HRESULT(const std::wstring& member, VARIANT* arguments, VARIANT* result)>;
 
-  static Ref<IDispatch> New(std::shared_ptr<Names> calls, Method method) {
-    return Ref<IDispatch>::Owning(new TypedObject(std::move(calls), std::move(method)));
+  static Ref<IDispatch> New(std::shared_ptr<Texts> calls, Method method) {
+    return Ref<IDispatch>::Owning(new ArgumentRecorder(std::move(calls), std::move(method)));
   }
 
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
@@ -31,7 +32,8 @@ class TypedObject final : public ClientObject {
   }
 
  private:
-  TypedObject(std::shared_ptr<Names> calls, Method method) : calls_(std::move(calls)), method_(std::move(method)) {}
+  ArgumentRecorder(std::shared_ptr<Texts> calls, Method method)
+      : calls_(std::move(calls)), method_(std::move(method)) {}
 
   static std::wstring Shown(const VARIANT& argument) {
     const std::wstring mark = (argument.vt & VT_BYREF) != 0 ? L"ByRef " : L"";
@@ -52,104 +54,84 @@ class TypedObject final : public ClientObject {
     }
   }
 
-  std::shared_ptr<Names> calls_;
+  std::shared_ptr<Texts> calls_;
   Method method_;
-  Names members_;
-};
-
-// Receives each line of the DebugLog event.
-class Ear final : public ClientObject {
- public:
-  static Ref<IDispatch> New(std::shared_ptr<Names> heard) { return Ref<IDispatch>::Owning(new Ear(std::move(heard))); }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*, UINT*) override {
-    heard_->emplace_back(*parameters->rgvarg[0].pbstrVal);
-    return S_OK;
-  }
-
- private:
-  explicit Ear(std::shared_ptr<Names> heard) : heard_(std::move(heard)) {}
-  std::shared_ptr<Names> heard_;
+  Texts members_;
 };
 
 class ArgumentsByReference : public testing::Test {
  protected:
-  std::unique_ptr<StandIn> Instead(const std::wstring& progId, TypedObject::Method method) {
-    return std::make_unique<StandIn>(progId, [this, method] { return TypedObject::New(calls_, method); });
+  StandIn Replace(const std::wstring& progId, ArgumentRecorder::Method method) const {
+    return StandIn(progId, [calls = calls_, method] { return ArgumentRecorder::New(calls, method); });
   }
-  static Ref<IDispatch> ParametersOf(const std::wstring& report, const std::wstring& property, const wchar_t* value) {
-    auto parameters = Create(L"KodraRpt." + report + L"Obj");
-    EXPECT_EQ(S_OK, Put(parameters, property, value).hr);
-    return parameters;
+  static Outcome RunOnArchive(const std::wstring& report, const std::wstring& method, const Properties& properties) {
+    return RunReport(report, method, Var(ParametersOf(report, properties).get()), ArchiveConnection());
   }
 
   // The methods that were called, with their arguments.
-  std::shared_ptr<Names> calls_ = std::make_shared<Names>();
+  const std::shared_ptr<Texts> calls_ = std::make_shared<Texts>();
 };
 
-const std::wstring kLine =
+const std::wstring kLineWithoutParameters =
     L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211505 em KodraRpt.CCaixaRpt::InicializaPS: "
     L"Objeto não definido.";
 
-// The lines that the event sends when the log does this with the text of its argument.
-Names HeardWhenTheLog(const std::function<void(BSTR* text)>& writes, const std::shared_ptr<Names>& calls) {
-  const StandIn log(L"VantLog.FnLog", [&] {
-    return TypedObject::New(calls, [&](const std::wstring&, VARIANT* arguments, VARIANT*) {
-      if (arguments[0].vt == (VT_BYREF | VT_BSTR)) writes(arguments[0].pbstrVal);
-      return S_OK;
-    });
-  });
-  const auto report = Create(L"KodraRpt.CCaixaRpt");
-  const auto heard = std::make_shared<Names>();
-  const auto points = report.As<IConnectionPointContainer>();
-  Ref<IEnumConnectionPoints> all;
-  EXPECT_EQ(S_OK, points->EnumConnectionPoints(all.put()));
-  Ref<IConnectionPoint> point;
-  EXPECT_EQ(S_OK, all->Next(1, point.put(), nullptr));
-  DWORD cookie = 0;
-  EXPECT_EQ(S_OK, point->Advise(Ear::New(heard).get(), &cookie));
-  EXPECT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
-  EXPECT_EQ((Failure{0x80041FAB, L"KodraRpt.CCaixaRpt::InicializaPS",
-                     L"Erro ao gerar dados para o relatório: Objeto não definido."}),
-            Call(report, L"EtiquetaDivisoria", {Var(static_cast<IDispatch*>(nullptr))}).failure);
-  EXPECT_EQ(S_OK, point->Unadvise(cookie));
-  return *heard;
-}
+// What the log does with the text of its argument, and the line that the event then contains.
+struct LogLine {
+  const char* name;
+  void (*write)(BSTR* text);
+  std::wstring announced;
 
-TEST_F(ArgumentsByReference, IncludeTheLogLineWhichIsAnnouncedAsTheLogLeavesIt) {
-  EXPECT_EQ(Names{L"mudada pelo log"},
-            HeardWhenTheLog([](BSTR* text) { SysReAllocString(text, L"mudada pelo log"); }, calls_));
-  EXPECT_EQ(Names{L"DebugLog ByRef " + kLine}, *calls_);
-}
+  friend void PrintTo(const LogLine& line, std::ostream* out) { *out << line.name; }
+};
 
-TEST_F(ArgumentsByReference, ALogLineThatTheLogSetsToNullIsAnnouncedEmpty) {
-  EXPECT_EQ(Names{L""}, HeardWhenTheLog(
-                            [](BSTR* text) {
-                              SysFreeString(*text);
-                              *text = nullptr;
-                            },
-                            calls_));
-}
+class LogLineByReference : public ArgumentsByReference, public testing::WithParamInterface<LogLine> {};
 
-TEST_F(ArgumentsByReference, ALogLineThatTheLogOnlyReadsIsAnnouncedUnchanged) {
-  EXPECT_EQ(Names{kLine}, HeardWhenTheLog([](BSTR*) {}, calls_));
-}
-
-TEST_F(ArgumentsByReference, IncludeTheDatabaseCodeButNotTheAlias) {
-  const auto modules = Instead(L"KodraBsnV3.ModulosBsn", [](const std::wstring&, VARIANT* arguments, VARIANT* result) {
-    if (arguments[1].vt == (VT_BYREF | VT_I4)) *arguments[1].plVal = 99;
-    result->vt = VT_BSTR;
-    result->bstrVal = SysAllocString(L"s.NUM_CAIXA");
+TEST_P(LogLineByReference, IsAnnouncedAsTheLogLeavesIt) {
+  const StandIn log = Replace(L"VantLog.FnLog", [](const std::wstring&, VARIANT* arguments, VARIANT*) {
+    if (arguments[0].vt == (VT_BYREF | VT_BSTR)) GetParam().write(arguments[0].pbstrVal);
     return S_OK;
   });
-  const auto parameters = ParametersOf(L"CCaixaRpt", L"Tipo", L"S");
-  const Outcome outcome = RunReport(L"CCaixaRpt", L"EtiquetaAbertura", Var(parameters.get()), ArchiveConnection());
-  EXPECT_EQ(S_OK, outcome.hr) << testing::PrintToString(outcome.failure);
-  EXPECT_EQ(Names{L"NumCxSubordinadaSQL ByRef 7 s"}, *calls_);
+  const auto report = Create(L"KodraRpt.CCaixaRpt");
+  const auto sink = EventSink::New();
+  const auto events = EventsOf(report);
+  DWORD cookie = 0;
+  EXPECT_EQ(S_OK, events->Advise(sink.get(), &cookie));
+  EXPECT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
+  EXPECT_EQ((Failure{kReportError, L"KodraRpt.CCaixaRpt::InicializaPS",
+                     L"Erro ao gerar dados para o relatório: Objeto não definido."}),
+            Call(report, L"EtiquetaDivisoria", {Var::Nothing()}).failure);
+  EXPECT_EQ(S_OK, events->Unadvise(cookie));
+  EXPECT_EQ(Texts{GetParam().announced}, sink->lines);
+  EXPECT_EQ(Texts{L"DebugLog ByRef " + kLineWithoutParameters}, *calls_);
 }
 
-// Replaces the argument by Nothing, and returns nothing.
-HRESULT LetGoOfTheFilter(const std::wstring&, VARIANT* arguments, VARIANT*) {
+const LogLine kLogLines[] = {
+    {"Changed", [](BSTR* text) { SysReAllocString(text, L"mudada pelo log"); }, L"mudada pelo log"},
+    {"SetToNull",
+     [](BSTR* text) {
+       SysFreeString(*text);
+       *text = nullptr;
+     },
+     L""},
+    {"Unchanged", [](BSTR*) {}, kLineWithoutParameters},
+};
+INSTANTIATE_TEST_SUITE_P(, LogLineByReference, testing::ValuesIn(kLogLines),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(ArgumentsByReference, IncludeTheDatabaseCodeButNotTheAlias) {
+  const StandIn modules =
+      Replace(L"KodraBsnV3.ModulosBsn", [](const std::wstring&, VARIANT* arguments, VARIANT* result) {
+        if (arguments[1].vt == (VT_BYREF | VT_I4)) *arguments[1].plVal = 99;
+        return Var(L"s.NUM_CAIXA").CopyTo(result);
+      });
+  const Outcome outcome = RunOnArchive(L"CCaixaRpt", L"EtiquetaAbertura", {{L"Tipo", L"S"}});
+  EXPECT_EQ(S_OK, outcome.hr) << testing::PrintToString(outcome.failure);
+  EXPECT_EQ(Texts{L"NumCxSubordinadaSQL ByRef 7 s"}, *calls_);
+}
+
+// Sets the argument to Nothing, and returns nothing.
+HRESULT SetFilterToNothing(const std::wstring&, VARIANT* arguments, VARIANT*) {
   if (arguments[0].vt != (VT_BYREF | VT_DISPATCH)) return DISP_E_TYPEMISMATCH;
   (*arguments[0].ppdispVal)->Release();
   *arguments[0].ppdispVal = nullptr;
@@ -157,23 +139,19 @@ HRESULT LetGoOfTheFilter(const std::wstring&, VARIANT* arguments, VARIANT*) {
 }
 
 TEST_F(ArgumentsByReference, IncludeTheFilterOfSubordinateModules) {
-  const auto reader = Instead(L"KodraBsnV3.ObtedorDeModulos", LetGoOfTheFilter);
-  const auto parameters = ParametersOf(L"CCaixaRpt", L"Modulo1", L"AB001");
-  EXPECT_EQ(
-      (Failure{0x80041FAB, L"KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
-               L"Erro ao gerar dados para o relatório: Não foi possível obter uma lista dos módulos "
-               L"subordinados fechados associados ao módulo AB001"}),
-      RunReport(L"CCaixaRpt", L"EtiquetaFechamentoSubordinada", Var(parameters.get()), ArchiveConnection()).failure);
-  EXPECT_EQ(Names{L"ObtemSubordinados ByRef (object)"}, *calls_);
+  const StandIn reader = Replace(L"KodraBsnV3.ObtedorDeModulos", SetFilterToNothing);
+  EXPECT_EQ(Framed(L"CCaixaRpt::EtiquetaFechamentoSubordinada",
+                   L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo AB001"),
+            RunOnArchive(L"CCaixaRpt", L"EtiquetaFechamentoSubordinada", {{L"Modulo1", L"AB001"}}).failure);
+  EXPECT_EQ(Texts{L"ObtemSubordinados ByRef (object)"}, *calls_);
 }
 
 TEST_F(ArgumentsByReference, IncludeTheFilterOfEvents) {
-  const auto reader = Instead(L"KodraRegEvt.RegEvtDAO", LetGoOfTheFilter);
-  const auto parameters = ParametersOf(L"CLogRpt", L"Acao", L"x");
-  const Outcome outcome = RunReport(L"CLogRpt", L"RelatorioLog", Var(parameters.get()), ArchiveConnection());
+  const StandIn reader = Replace(L"KodraRegEvt.RegEvtDAO", SetFilterToNothing);
+  const Outcome outcome = RunOnArchive(L"CLogRpt", L"RelatorioLog", {{L"Acao", L"x"}});
   EXPECT_EQ(S_OK, outcome.hr) << testing::PrintToString(outcome.failure);
   EXPECT_FALSE(outcome.value.object());
-  EXPECT_EQ(Names{L"Localiza ByRef (object)"}, *calls_);
+  EXPECT_EQ(Texts{L"Localiza ByRef (object)"}, *calls_);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Spares a module (the component by default) the way to its classes through the registry, which costs more than a
-// report does.
+// A cache of class factories for a module, the component by default: looking a class up in the registry takes longer
+// than a report.
 #pragma once
 
 #include <cstring>
@@ -9,19 +9,19 @@
 
 namespace kodra::face {
 
-// While it exists, a class that the module asks for is looked up once per thread, and its factory is kept.
-class ClassesAtHand {
+// While it exists, each thread of the module looks a class up once and keeps its factory.
+class ClassFactoryCache {
  public:
-  explicit ClassesAtHand(const std::wstring& path = DllPath()) : imports_(path) {
+  explicit ClassFactoryCache(const std::wstring& path = DllPath()) : imports_(path) {
     idOfName_ = imports_.Redirect("CLSIDFromProgID", &IdOfName);
     imports_.Redirect("CoCreateInstance", &New);
   }
-  ~ClassesAtHand() { Forget(); }
-  ClassesAtHand(const ClassesAtHand&) = delete;
-  ClassesAtHand& operator=(const ClassesAtHand&) = delete;
+  ~ClassFactoryCache() { Clear(); }
+  ClassFactoryCache(const ClassFactoryCache&) = delete;
+  ClassFactoryCache& operator=(const ClassFactoryCache&) = delete;
 
-  // Releases what this thread holds. REQUIRES: called on every thread before it leaves its apartment.
-  static void Forget() { Kept() = {}; }
+  // Releases the factories of this thread. REQUIRES: called on every thread before it leaves its apartment.
+  static void Clear() { OfThread() = {}; }
 
  private:
   struct Less {
@@ -32,28 +32,28 @@ class ClassesAtHand {
     std::map<CLSID, Ref<IClassFactory>, Less> factories;
   };
 
-  static Classes& Kept() {
-    thread_local Classes kept;
-    return kept;
+  static Classes& OfThread() {
+    thread_local Classes classes;
+    return classes;
   }
   static HRESULT WINAPI IdOfName(LPCOLESTR name, CLSID* id) {
-    const auto known = Kept().ids.find(name);
-    if (known != Kept().ids.end()) {
+    const auto known = OfThread().ids.find(name);
+    if (known != OfThread().ids.end()) {
       *id = known->second;
       return S_OK;
     }
     const HRESULT hr = idOfName_(name, id);
-    if (SUCCEEDED(hr)) Kept().ids.emplace(name, *id);
+    if (SUCCEEDED(hr)) OfThread().ids.emplace(name, *id);
     return hr;
   }
   static HRESULT WINAPI New(REFCLSID id, IUnknown* outer, DWORD context, REFIID iid, void** object) {
     *object = nullptr;
-    Ref<IClassFactory>& factory = Kept().factories[id];
+    Ref<IClassFactory>& factory = OfThread().factories[id];
     const HRESULT hr = factory ? S_OK : CoGetClassObject(id, context, nullptr, IID_IClassFactory, factory.put_void());
     return FAILED(hr) ? hr : factory->CreateInstance(outer, iid, object);
   }
 
-  // As the module imports it.
+  // The imported function.
   static inline decltype(&CLSIDFromProgID) idOfName_ = nullptr;
 
   ImportTable imports_;

@@ -7,8 +7,8 @@
 
 namespace kodra::face {
 
-// An object of one interface with a count of its references. A new one has its maker's reference; the last Release
-// deletes it.
+// An object of one interface that counts its references. A new object has one reference, its creator's; the last
+// Release deletes it.
 template <class Interface>
 class CountedObject : public Interface {
  public:

@@ -1,4 +1,4 @@
-// The owned interface reference: who holds how many references after each operation.
+// com_ptr, the owner of an interface reference: how many references the object has after each operation.
 #include "comkit/com_ptr.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace kodra::comkit {
 namespace {
 
-// Counts its calls, and is never deleted.
+// An object that counts its references and is never deleted.
 class Counted final : public IDispatch {
  public:
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
@@ -31,7 +31,7 @@ class Counted final : public IDispatch {
   int added = 0;
 };
 
-TEST(ComPtr, IsNullUnlessGivenAnObject) {
+TEST(ComPtr, IsNullWithoutAnObject) {
   const com_ptr<IDispatch> empty;
   const com_ptr<IDispatch> fromNull = nullptr;
   const com_ptr<IDispatch> shared(static_cast<IDispatch*>(nullptr));
@@ -41,7 +41,7 @@ TEST(ComPtr, IsNullUnlessGivenAnObject) {
   EXPECT_EQ(nullptr, empty.get());
 }
 
-TEST(ComPtr, SharingAddsAReferenceThatItsEndReleases) {
+TEST(ComPtr, SharingAddsAReferenceUntilItEnds) {
   Counted object;
   {
     const com_ptr<IDispatch> shared(&object);
@@ -91,7 +91,7 @@ TEST(ComPtr, AMoveTakesTheReferenceAlong) {
   EXPECT_EQ(1, object.added);
 }
 
-TEST(ComPtr, AssigningReleasesWhatWasHeld) {
+TEST(ComPtr, AssigningReleasesTheOldObject) {
   Counted first;
   Counted second;
   com_ptr<IDispatch> held(&first);
@@ -153,7 +153,7 @@ TEST(ComPtr, AnotherInterfaceOfTheObjectAddsAReference) {
   EXPECT_FALSE(com_ptr<IDispatch>().as<IUnknown>());
 }
 
-// Refuses every interface but writes a pointer nevertheless.
+// An object that refuses every interface but writes a pointer nevertheless.
 class Careless final : public IUnknown {
  public:
   STDMETHODIMP QueryInterface(REFIID, void** object) override {

@@ -1,4 +1,4 @@
-// Classes that cannot be created, and files and folders, as the component treats them on Windows itself.
+// The component's surroundings on Windows: the creation of objects by ProgID, files and folders.
 #include "ado/com_surroundings.h"
 
 #include <gtest/gtest.h>
@@ -10,51 +10,59 @@
 namespace kodra::ado {
 namespace {
 
-// The error of making an object of that class.
+// The error of creating an object by ProgID; a Failure with the number 0 when it succeeds.
 face::Failure FailureToCreate(const std::wstring& progId) {
   try {
     ComSurroundings().CreateObject(progId);
   } catch (const Erro& erro) {
-    return {static_cast<unsigned long>(erro.Number()), erro.Source(), erro.Description()};
+    return {erro.Number(), erro.Source(), erro.Description()};
   }
   return {};
 }
 
 const face::Failure kCannotCreate = {429, L"KodraRpt", L"O componente ActiveX não pode criar o objeto"};
 
-TEST(ClassesThatCannotBeCreated, AreOneErrorWhateverTheReason) {
-  for (const unsigned long reason : {
-           0x80040154UL,  // class not registered
-           0x80040111UL,  // class not available
-           0x80080005UL,  // server execution failed
-           0x80004005UL,  // unspecified
-           0x80004002UL,  // no such interface
-           0x80004001UL,  // not implemented
-           0x800401F3UL,  // invalid class string
-           0x800401F8UL,  // DLL not found
-           0x800401F9UL,  // error in the DLL
-           0x80070002UL,  // file not found
-           0x80070003UL,  // path not found
-           0x8007007EUL,  // module not found
-           0x8007007FUL,  // procedure not found
-           0x800700C1UL,  // a program for another kind of machine
-           0x8007045AUL,  // the DLL's initialisation failed
-           0x800706BAUL,  // the server is not available
-           0x80047777UL,  // an error of the class's own
-       }) {
-    const face::StandIn broken(L"KodraConexao.StrCon", static_cast<HRESULT>(reason));
-    EXPECT_EQ(kCannotCreate, FailureToCreate(L"KodraConexao.StrCon")) << std::hex << reason;
-  }
+// A reason why a class cannot be created.
+struct Reason {
+  const char* name;
+  HRESULT hr;
+
+  friend void PrintTo(const Reason& reason, std::ostream* out) { *out << reason.name; }
+};
+
+class CreationError : public testing::TestWithParam<Reason> {};
+
+TEST_P(CreationError, IsTheSameForEveryReason) {
+  const face::StandIn broken(L"KodraConexao.StrCon", GetParam().hr);
+  EXPECT_EQ(kCannotCreate, FailureToCreate(L"KodraConexao.StrCon"));
 }
 
-TEST(ClassesThatCannotBeCreated, MayBeUnknownByName) {
+const Reason kReasons[] = {
+    {"ClassNotRegistered", REGDB_E_CLASSNOTREG},
+    {"ClassNotAvailable", CLASS_E_CLASSNOTAVAILABLE},
+    {"ServerExecutionFailed", CO_E_SERVER_EXEC_FAILURE},
+    {"Unspecified", E_FAIL},
+    {"NoSuchInterface", E_NOINTERFACE},
+    {"NotImplemented", E_NOTIMPL},
+    {"InvalidClassString", CO_E_CLASSSTRING},
+    {"DllNotFound", CO_E_DLLNOTFOUND},
+    {"ErrorInDll", CO_E_ERRORINDLL},
+    {"FileNotFound", HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)},
+    {"PathNotFound", HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND)},
+    {"ModuleNotFound", HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND)},
+    {"ProcedureNotFound", HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND)},
+    {"ProgramForAnotherKindOfMachine", HRESULT_FROM_WIN32(ERROR_BAD_EXE_FORMAT)},
+    {"InitialisationOfTheDllFailed", HRESULT_FROM_WIN32(ERROR_DLL_INIT_FAILED)},
+    {"ServerNotAvailable", HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE)},
+    {"ErrorOfTheClassItself", face::kNumberWithoutText},
+    {"SuccessWithoutAnObject", S_OK},
+};
+INSTANTIATE_TEST_SUITE_P(, CreationError, testing::ValuesIn(kReasons),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(ClassesThatCannotBeCreated, MayHaveAnUnknownName) {
   EXPECT_EQ(kCannotCreate, FailureToCreate(L"KodraConexao.NaoExiste"));
   EXPECT_EQ(kCannotCreate, FailureToCreate(L""));
-}
-
-TEST(ClassesThatCannotBeCreated, MayReturnNoObject) {
-  const face::StandIn empty(L"KodraConexao.StrCon", S_OK);
-  EXPECT_EQ(kCannotCreate, FailureToCreate(L"KodraConexao.StrCon"));
 }
 
 TEST(ClassesThatCannotBeCreated, KeepTheErrorsOfExhaustedMemoryAndRefusedAccess) {
@@ -64,35 +72,32 @@ TEST(ClassesThatCannotBeCreated, KeepTheErrorsOfExhaustedMemoryAndRefusedAccess)
   }
   const face::StandIn refused(L"KodraConexao.StrCon", E_ACCESSDENIED);
   const face::Failure failure = FailureToCreate(L"KodraConexao.StrCon");
-  EXPECT_EQ(0x80070005UL, failure.number);
+  EXPECT_EQ(E_ACCESSDENIED, failure.number);
   EXPECT_EQ(L"KodraRpt", failure.source);
   EXPECT_NE(kCannotCreate.description, failure.description);
 }
 
-// The reports.
+// The error of a report on the archive with its initial parameters.
+face::Failure FailureOf(const std::wstring& report, const std::wstring& method) {
+  return face::RunReport(report, method, face::Var(face::Create(L"KodraRpt." + report + L"Obj").get()),
+                         face::ArchiveConnection())
+      .failure;
+}
 
 TEST(ClassesThatCannotBeCreated, AreTheCauseInAReportsError) {
-  const face::StandIn broken(L"KodraConexao.StrCon", static_cast<HRESULT>(0x80080005));
-  EXPECT_EQ((face::Failure{0x80041FAB, L"KodraRpt.CDeptoRpt::RelatorioDeptos",
-                           L"Erro ao gerar dados para o relatório: O componente ActiveX não pode criar o objeto"}),
-            face::RunReport(L"CDeptoRpt", L"RelatorioDeptos", face::Var(face::Create(L"KodraRpt.CDeptoRptObj").get()),
-                            face::ArchiveConnection())
-                .failure);
+  const face::StandIn broken(L"KodraConexao.StrCon", CO_E_SERVER_EXEC_FAILURE);
+  EXPECT_EQ(face::Framed(L"CDeptoRpt::RelatorioDeptos", L"O componente ActiveX não pode criar o objeto"),
+            FailureOf(L"CDeptoRpt", L"RelatorioDeptos"));
 }
 
 TEST(ClassesThatCannotBeCreated, AreNamedWhereSystemParametersAreRead) {
-  const face::StandIn broken(L"KodraParamSist.Obtedor", static_cast<HRESULT>(0x80080005));
-  EXPECT_EQ((face::Failure{0x80041FAB, L"KodraRpt.CEstatSubgrupoRpt::RelatorioEstatisticas",
-                           L"Erro ao gerar dados para o relatório: Não foi possível criar objeto da classe "
-                           L"\"KodraParamSist.Obtedor\"."}),
-            face::RunReport(L"CEstatSubgrupoRpt", L"RelatorioEstatisticas",
-                            face::Var(face::Create(L"KodraRpt.CEstatSubgrupoRptObj").get()), face::ArchiveConnection())
-                .failure);
+  const face::StandIn broken(L"KodraParamSist.Obtedor", CO_E_SERVER_EXEC_FAILURE);
+  EXPECT_EQ(face::Framed(L"CEstatSubgrupoRpt::RelatorioEstatisticas",
+                         L"Não foi possível criar objeto da classe \"KodraParamSist.Obtedor\"."),
+            FailureOf(L"CEstatSubgrupoRpt", L"RelatorioEstatisticas"));
 }
 
-// Files and folders.
-
-// A folder of this test with the files and folders that a test makes in it.
+// A temporary folder, in which a test creates files and folders.
 class FilesAndFolders : public testing::Test {
  protected:
   FilesAndFolders() { CreateDirectoryW(folder_.c_str(), nullptr); }
@@ -123,7 +128,7 @@ TEST_F(FilesAndFolders, AFolderNamedLikeTheComponentIsNotItsFile) {
   EXPECT_EQ(folder_ + L"\\KodraRpt", Executavel());
   const std::wstring file = MakeEmptyFile(L"\\KodraRpt.DLL");
   EXPECT_EQ(file, Executavel());
-  // As a database the folder exists, without contents.
+  // For a report whose database it is, the folder exists and is empty.
   EXPECT_EQ(0U, surroundings_.FileLength(folder));
 }
 

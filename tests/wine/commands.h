@@ -1,13 +1,35 @@
-// A program in a process of its own, and its output.
+// Programs and scripts that run in processes of their own.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <string>
+#include <vector>
+
+#include "tests/wine/environment.h"
 
 namespace kodra::face {
 
-// The output of the command, without carriage returns.
+inline std::wstring Quoted(const std::wstring& argument) { return L"\"" + argument + L"\""; }
+
+// Runs a command line to its end. Returns its exit code; STILL_ACTIVE when it could not be started or has not ended
+// within a minute.
+inline DWORD RunCommand(std::wstring command) {
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process = {};
+  if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+    return STILL_ACTIVE;
+  constexpr DWORD kMinute = 60000;
+  DWORD code = STILL_ACTIVE;
+  if (WaitForSingleObject(process.hProcess, kMinute) == WAIT_OBJECT_0) GetExitCodeProcess(process.hProcess, &code);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return code;
+}
+
+// Runs a command line to its end. Returns what it printed, without carriage returns.
 inline std::string OutputOf(std::wstring command) {
   SECURITY_ATTRIBUTES inherit{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
   HANDLE reading = nullptr;
@@ -34,6 +56,15 @@ inline std::string OutputOf(std::wstring command) {
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
   return output;
+}
+
+// Runs a script of scripts/ with a file to write as its first argument. Returns the text that it wrote there.
+inline std::wstring OutputOfScript(const std::wstring& script, const std::vector<std::wstring>& arguments) {
+  const TemporaryFile file(L"script.txt");
+  std::wstring command = L"cscript.exe //nologo scripts\\" + script + L" " + Quoted(file.windowsPath());
+  for (const auto& argument : arguments) command += L" " + Quoted(argument);
+  EXPECT_EQ(0U, RunCommand(command));
+  return TextOfFile(file.windowsPath());
 }
 
 }  // namespace kodra::face

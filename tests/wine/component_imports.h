@@ -7,8 +7,8 @@
 
 namespace kodra::face {
 
-// The functions that the component may use. All of them are in Windows 7 without updates; whoever adds one checks that
-// it is too.
+// The functions that the component may import. All of them are in Windows 7 without updates; before you add one, check
+// that it is too.
 inline const std::map<std::string, std::set<std::string>>& ComponentImports() {
   static const std::map<std::string, std::set<std::string>> allowed = {
       {"advapi32.dll", {"RegCloseKey", "RegCreateKeyExW", "RegDeleteTreeW", "RegGetValueW", "RegSetValueExW"}},

@@ -1,4 +1,4 @@
-// KodraRpt.dll as a file: its kind, its exports, its imports from Windows and its description of itself.
+// KodraRpt.dll as a file: its kind, its exports, its imports from Windows and its version resource.
 #include <gtest/gtest.h>
 // clang-format off
 #include <windows.h>
@@ -25,12 +25,12 @@ TEST(DllFile, IsADllForProgramsOfItsKind) {
 
 TEST(DllFile, IsAtMostOneMillionBytes) { EXPECT_LE(PeFile(DllPath()).Size(), 1'000'000U); }
 
-TEST(DllFile, IsLoadedAnywhereAndRunsNoData) {
+TEST(DllFile, CanBeLoadedAtAnyAddressAndExecutesNoData) {
   const PeFile file(DllPath());
   const auto& headers = file.Headers();
   EXPECT_NE(0, headers.OptionalHeader.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
   EXPECT_NE(0, headers.OptionalHeader.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
-  // It can only be moved when it contains its relocations.
+  // It can only be moved if it contains its relocations.
   EXPECT_EQ(0, headers.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
   EXPECT_NE(0U, headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size);
 }
@@ -38,21 +38,20 @@ TEST(DllFile, IsLoadedAnywhereAndRunsNoData) {
 TEST(DllFile, ShowsNeitherWhenNorWhereItWasBuilt) {
   const PeFile file(DllPath());
   EXPECT_EQ(0U, file.Headers().FileHeader.TimeDateStamp);
-  EXPECT_FALSE(file.Holds(".cpp"));
-  // What the type library says about how it was made.
-  EXPECT_TRUE(file.Holds(" at Thu Jan  1 00:00:00 1970"));
-  EXPECT_TRUE(file.Holds("KodraRpt.dll"));
+  EXPECT_FALSE(file.Contains(".cpp"));
+  // The type library says when and where it was compiled.
+  EXPECT_TRUE(file.Contains(" at Thu Jan  1 00:00:00 1970"));
+  EXPECT_TRUE(file.Contains("KodraRpt.dll"));
 }
 
 TEST(DllFile, RequiresNoLaterWindowsThanSeven) {
   const PeFile file(DllPath());
   const auto& header = file.Headers().OptionalHeader;
-  const int asked = header.MajorSubsystemVersion * 100 + header.MinorSubsystemVersion;
-  EXPECT_LE(asked, 601);
+  EXPECT_LE(header.MajorSubsystemVersion * 100 + header.MinorSubsystemVersion, 601);
   EXPECT_LE(header.MajorOperatingSystemVersion * 100 + header.MinorOperatingSystemVersion, 601);
 }
 
-// The four entry points of a server that registers itself, and the one that installs it for one user.
+// The four entry points of a server that registers itself, and the one that registers it for one user.
 TEST(DllFile, ExportsItsEntryPointsAndNothingElse) {
   EXPECT_EQ((std::vector<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer",
                                       "DllUnregisterServer"}),
@@ -80,7 +79,7 @@ class DllVersion : public testing::Test {
   DllVersion() : block_(GetFileVersionInfoSizeW(DllPath().c_str(), nullptr)) {
     EXPECT_TRUE(GetFileVersionInfoW(DllPath().c_str(), 0, static_cast<DWORD>(block_.size()), block_.data()));
   }
-  // A text of the Brazilian block.
+  // A text of the block in Brazilian Portuguese.
   std::wstring Text(const wchar_t* name) {
     void* text = nullptr;
     UINT length = 0;
@@ -92,7 +91,7 @@ class DllVersion : public testing::Test {
   std::vector<unsigned char> block_;
 };
 
-TEST_F(DllVersion, IsOneZeroRevisionFortyNine) {
+TEST_F(DllVersion, IsOneZeroRevision49) {
   void* found = nullptr;
   UINT length = 0;
   ASSERT_TRUE(VerQueryValueW(block_.data(), L"\\", &found, &length));
@@ -106,7 +105,7 @@ TEST_F(DllVersion, IsOneZeroRevisionFortyNine) {
   EXPECT_EQ(static_cast<DWORD>(VFT_DLL), version.dwFileType);
 }
 
-TEST_F(DllVersion, IsTheSameInTexts) {
+TEST_F(DllVersion, IsTheSameInItsTexts) {
   EXPECT_EQ(L"1.0.49", Text(L"FileVersion"));
   EXPECT_EQ(L"1.0.49", Text(L"ProductVersion"));
   EXPECT_EQ(L"KodraRpt", Text(L"ProductName"));

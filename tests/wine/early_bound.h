@@ -1,14 +1,15 @@
-// A report as a client in C++ or Visual Basic uses it.
+// A report as an early-bound client in C++ or Visual Basic uses it.
 #pragma once
 
 #include "tests/wine/faults_cases.h"
 
 namespace kodra::face {
 
-// A report object with its parameter object; its members by their places in the interface's table.
-class EarlyBound {
+// A report object with its parameter object. Its members are called through the table of its interface.
+class EarlyBoundReport {
  public:
-  explicit EarlyBound(const ReportCase& tested) : object_(tested.NewReport()), parameters_(tested.NewParameters()) {
+  explicit EarlyBoundReport(const ReportCase& tested)
+      : object_(tested.NewReport()), parameters_(tested.NewParameters()) {
     Ref<ITypeInfo> type;
     EXPECT_EQ(S_OK, object_->GetTypeInfo(0, 0, type.put()));
     put_ = EntryOf(type, L"StringConexao", INVOKE_PROPERTYPUT);
@@ -28,6 +29,7 @@ class EarlyBound {
   }
 
  private:
+  // The function of a member, whose position in the table the type information says.
   void* EntryOf(const Ref<ITypeInfo>& type, const std::wstring& name, INVOKEKIND kind) const {
     Ref<ITypeInfo> table;
     HREFTYPE reference = 0;
@@ -41,12 +43,12 @@ class EarlyBound {
       FUNCDESC* function = nullptr;
       Bstr found;
       EXPECT_EQ(S_OK, table->GetFuncDesc(i, &function));
-      const std::size_t place = static_cast<std::size_t>(function->oVft) / sizeof(void*);
+      const std::size_t position = static_cast<std::size_t>(function->oVft) / sizeof(void*);
       const bool isKind = function->invkind == kind;
       UINT count = 0;
       table->GetNames(function->memid, found.put(), 1, &count);
       table->ReleaseFuncDesc(function);
-      if (isKind && found.text() == name) return (*reinterpret_cast<void***>(object_.get()))[place];
+      if (isKind && found.text() == name) return (*reinterpret_cast<void***>(object_.get()))[position];
     }
     ADD_FAILURE() << testing::PrintToString(name);
     return nullptr;

@@ -1,5 +1,5 @@
-// The enumerators of comkit/ with a member that cannot be returned. The tests of the objects that have enumerators
-// cover everything else.
+// The enumerators of comkit/ when a member cannot be returned. Everything else is covered by the tests of the objects
+// that have enumerators.
 #include "comkit/enumerator.h"
 
 #include <gtest/gtest.h>
@@ -20,8 +20,6 @@ struct Member {
     out->lVal = *number;
   }
 };
-
-constexpr auto kOutOfMemory = static_cast<HRESULT>(0x800A0007);
 
 Ref<IEnumVARIANT> Over(std::vector<Member> members) {
   return Ref<IEnumVARIANT>::Owning(new comkit::Enumerator<IEnumVARIANT, VARIANT, Member>(std::move(members)));

@@ -1,15 +1,11 @@
-// Database systems that need no server: a connection string with "Simulado=1" opens nothing, and a statement on it
-// returns two rows with the columns that it selects. Every other string works as usual.
+// Fake databases of all systems, without a server: a connection string with "Simulado=1" opens nothing, and a statement
+// on it returns two rows with the columns that it selects. Every other connection string works as usual.
 //
-// Two entries of the tables of ADO's classes lead here while a PretendDatabases exists, for every object of the
-// process. The last statement that each thread opened, on whatever database, is recorded.
-//
-//   const PretendDatabases databases;
+//   const FakeDatabases databases;
 //   report.StringConexao = L"Provider=MSDAORA;Simulado=1"; report.RelatorioMidias(…);
-//   PretendDatabases::LastStatement();   // the statement that Oracle would have received
+//   FakeDatabases::LastStatement();   // the statement that Oracle would have received
 #pragma once
 
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -17,10 +13,11 @@
 #include "tests/secret.h"
 #include "tests/wine/automation.h"
 #include "tests/wine/environment.h"
+#include "tests/wine/replaced_entries.h"
 
 namespace kodra::face {
 
-// The names of the columns of a statement's first SELECT.
+// The names of the columns that a statement's first SELECT returns.
 inline std::vector<std::wstring> SelectedColumns(const std::wstring& statement) {
   std::vector<std::wstring> columns;
   std::wstring item;
@@ -48,28 +45,26 @@ inline std::vector<std::wstring> SelectedColumns(const std::wstring& statement) 
   return columns;
 }
 
-class PretendDatabases {
+// While it exists, Connection.Open and Recordset.Open of every ADO object of the process lead here.
+class FakeDatabases {
  public:
-  PretendDatabases() {
-    Take<&_Connection::Open>(Create(L"ADODB.Connection").As<_Connection>().get(), connectionOpen_, &OpenConnection);
-    Take<&_Recordset::Open>(Create(L"ADODB.Recordset").As<_Recordset>().get(), recordsetOpen_, &OpenRecordset);
-  }
-  PretendDatabases(const PretendDatabases&) = delete;
-  PretendDatabases& operator=(const PretendDatabases&) = delete;
-  ~PretendDatabases() {
-    for (const auto& [entry, original] : taken_) Exchange(entry, original);
+  FakeDatabases() {
+    const auto connection = Create(L"ADODB.Connection").As<_Connection>();
+    const auto recordset = Create(L"ADODB.Recordset").As<_Recordset>();
+    connectionOpen_ = entries_.Replace(EntryOfMethod<&_Connection::Open>(connection.get()), &OpenConnection);
+    recordsetOpen_ = entries_.Replace(EntryOfMethod<&_Recordset::Open>(recordset.get()), &OpenRecordset);
   }
 
+  // The last statement that this thread opened, on a fake or a real database.
   static std::wstring& LastStatement() {
     thread_local std::wstring statement;
     return statement;
   }
 
-  // Words of a connection string that make a pretended database refuse the connection or each statement. Either message
+  // Words of a connection string that make a fake database refuse the connection or each statement. Either message
   // repeats the whole connection string.
   static constexpr const wchar_t* kRefuseConnection = L"Recusa=conexao";
   static constexpr const wchar_t* kRefuseStatement = L"Recusa=comando";
-  static constexpr HRESULT kRefusal = static_cast<HRESULT>(0x80004005);
   static constexpr const wchar_t* kProvider = L"Provedor simulado";
 
  private:
@@ -82,12 +77,8 @@ class PretendDatabases {
   static bool Has(const std::wstring& text, const wchar_t* word) { return text.find(word) != std::wstring::npos; }
 
   static HRESULT Refuse(const std::wstring& text) {
-    Ref<ICreateErrorInfo> info;
-    if (FAILED(CreateErrorInfo(info.put()))) return kRefusal;
-    info->SetSource(Bstr(kProvider));
-    info->SetDescription(Bstr(L"Recusado: " + text));
-    SetErrorInfo(0, info.As<IErrorInfo>().get());
-    return kRefusal;
+    LeaveErrorInfo(kProvider, (L"Recusado: " + text).c_str());
+    return E_FAIL;
   }
 
   static HRESULT STDMETHODCALLTYPE OpenConnection(_Connection* self, BSTR given, BSTR user, BSTR password,
@@ -100,7 +91,7 @@ class PretendDatabases {
     return self->put_ConnectionString(Bstr(text));
   }
 
-  // The connection string of the connection that a recordset is opened on.
+  // The connection string of a recordset's connection.
   static std::wstring TextOf(const VARIANT& connection) {
     if (V_VT(&connection) == VT_BSTR) return V_BSTR(&connection);
     if (V_VT(&connection) != VT_DISPATCH || V_DISPATCH(&connection) == nullptr) return {};
@@ -133,9 +124,9 @@ class PretendDatabases {
     return refused ? Refuse(text) : Fill(self, statement);
   }
 
-  // Makes the recordset one of two rows. A column that is a date by its name has a day, every other one "1".
+  // Fills the recordset with two rows. A column whose name is that of a date contains a day, every other one "1".
   static HRESULT Fill(_Recordset* recordset, const std::wstring& statement) {
-    const Var missing = Missing();
+    const Var missing = Var::Missing();
     const std::vector<std::wstring> columns = SelectedColumns(statement);
     Ref<Fields> fields;
     recordset->put_CursorLocation(adUseClient);
@@ -155,43 +146,16 @@ class PretendDatabases {
     }
     return SUCCEEDED(hr) ? recordset->MoveFirst() : hr;
   }
-  static Var Missing() {
-    Var missing;
-    V_VT(missing.put()) = VT_ERROR;
-    V_ERROR(const_cast<VARIANT*>(&missing.raw())) = DISP_E_PARAMNOTFOUND;
-    return missing;
-  }
 
-  static void Exchange(void** entry, void* function) {
-    DWORD before = 0;
-    VirtualProtect(entry, sizeof(void*), PAGE_READWRITE, &before);
-    *entry = function;
-    VirtualProtect(entry, sizeof(void*), before, &before);
-  }
-  // Redirects a member of the object's class to `function`.
-  template <auto kMethod, class Interface, class Function>
-  void Take(Interface* object, Function& original, Function function) {
-    // A pointer to a virtual member holds its offset in the table, plus one.
-    auto method = kMethod;
-    std::size_t offset = 0;
-    std::memcpy(&offset, &method, sizeof offset);
-    void** const entry = *reinterpret_cast<void***>(object) + (offset - 1) / sizeof(void*);
-    original = reinterpret_cast<Function>(*entry);
-    taken_.emplace_back(entry, *entry);
-    Exchange(entry, reinterpret_cast<void*>(function));
-  }
-
-  // Entries with their original content.
-  std::vector<std::pair<void**, void*>> taken_;
+  ReplacedEntries entries_;
 };
 
-// The pretended systems; the connection string of each names it differently.
 enum class System { kOracle, kSqlServer, kMySql, kDb2, kSqlite };
 inline constexpr int kSystems = 5;
 
-// A connection string of a pretended database. The siblings, which do not use ADO, read the archive with the same
-// string, when it is that of MySQL or SQLite.
-inline const std::wstring& Pretended(System system) {
+// The connection string of a fake database. The siblings do not use ADO; where the string is that of MySQL or SQLite,
+// they read the sample archive with it.
+inline const std::wstring& FakeConnection(System system) {
   static const std::wstring strings[] = {
       ArchiveConnection() + L";Descricao=MSDAORA;User ID=arquivo;Password=" + tests::kSecret + L";Simulado=1",
       L"Provider=SQLNCLI11;Server=acervo;Uid=arquivo;Pwd={antes;" + tests::kSecret + L"};Simulado=1",

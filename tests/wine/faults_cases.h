@@ -1,5 +1,5 @@
-// Every report method with filters that take it through all of its steps, on an archive small enough to run each of
-// them hundreds of times.
+// Every report method with parameters that lead it through all of its steps, on an archive so small that each of them
+// can run hundreds of times.
 #pragma once
 
 // clang-format off
@@ -9,63 +9,59 @@
 
 #include "tests/wine/environment.h"
 #include "tests/wine/public_face.h"
-#include "tests/wine/rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 
 // The sample archive with two operators and two events.
-class SmallArchive {
+class SmallArchive : public ArchiveCopy {
  public:
-  SmallArchive() : file_(L"acervo-pequeno.db") {
-    const std::wstring source = WindowsPath(Variable(L"KODRA_ARCHIVE"));
-    EXPECT_TRUE(CopyFileW(source.c_str(), file_.windowsPath().c_str(), FALSE)) << GetLastError();
-    const auto connection = Create(L"ADODB.Connection");
-    Got(Call(connection, L"Open", {Connection()}));
-    for (const wchar_t* change : {
-             L"DELETE FROM EVENTO WHERE COD_EVENTO > 2",
-             L"UPDATE OPERADOR SET OPCOES_PESSOAIS = 'APAGADO'",
-             L"UPDATE OPERADOR SET OPCOES_PESSOAIS = NULL, COD_DEPTO = (SELECT MIN(COD_DEPTO) FROM DEPTO),"
-             L" COD_GRPOP = (SELECT MIN(COD_GRPOP) FROM GRUPOS_OPERADORES)"
-             L" WHERE COD_OPERADOR IN (SELECT COD_OPERADOR FROM OPERADOR ORDER BY 1 LIMIT 2)",
-             L"UPDATE CAIXA SET CONTAINER = NULL WHERE NUM_CAIXA NOT IN ('AA001', 'AA002', 'AA006')",
-         })
-      Got(Call(connection, L"Execute", {change}));
-    Got(Call(connection, L"Close"));
-  }
-
-  std::wstring Connection() const { return ConnectionTo(file_.path()); }
-
- private:
-  OwnFile file_;
+  SmallArchive()
+      : ArchiveCopy(
+            {
+                L"DELETE FROM EVENTO WHERE COD_EVENTO > 2",
+                L"UPDATE OPERADOR SET OPCOES_PESSOAIS = 'APAGADO'",
+                L"UPDATE OPERADOR SET OPCOES_PESSOAIS = NULL, COD_DEPTO = (SELECT MIN(COD_DEPTO) FROM DEPTO),"
+                L" COD_GRPOP = (SELECT MIN(COD_GRPOP) FROM GRUPOS_OPERADORES)"
+                L" WHERE COD_OPERADOR IN (SELECT COD_OPERADOR FROM OPERADOR ORDER BY 1 LIMIT 2)",
+                L"UPDATE CAIXA SET CONTAINER = NULL WHERE NUM_CAIXA NOT IN ('AA001', 'AA002', 'AA006')",
+            },
+            L"acervo-pequeno.db") {}
 };
 
+// A report method with its parameters.
 struct ReportCase {
   const wchar_t* report;
   const wchar_t* method;
-  std::vector<std::pair<const wchar_t*, Var>> properties;
-  // Whether it runs on the client's connection.
+  Properties properties;
+  // Whether the report runs on the client's connection.
   bool onConexao = false;
-  // SQLite's message for a statement that it does not understand: then the report fails undisturbed.
+  // SQLite's message where it refuses the statement of the report; null where the report returns rows.
   const wchar_t* refusal = nullptr;
 
-  std::wstring Source() const { return std::wstring(L"KodraRpt.") + report + L"::" + method; }
-  // The error of an undisturbed run that returns no rows; `code` follows the driver's text.
+  bool IsOf(const std::wstring& className) const { return className == report; }
+  bool Is(const std::wstring& className, const std::wstring& methodName) const {
+    return IsOf(className) && methodName == method;
+  }
+  // The only report method without the common frame of errors.
+  bool HasNoFrame() const { return Is(L"CCaixaRpt", L"DocsNoModuloSubRpt"); }
+
+  // "CDeptoRpt::RelatorioDeptos", and the same as the source of an error.
+  std::wstring Name() const { return std::wstring(report) + L"::" + method; }
+  std::wstring Source() const { return L"KodraRpt." + Name(); }
+  // The error of the report where SQLite refuses its statement, otherwise none; `code` follows the driver's text.
   Failure Refused(const std::wstring& code = L" [N:1]") const {
     if (refusal == nullptr) return {};
-    return {0x80041FAB, Source(),
-            L"Erro ao gerar dados para o relatório: [Microsoft OLE DB Provider for ODBC Drivers]: " + (refusal + code)};
+    return Framed(Name(), L"[Microsoft OLE DB Provider for ODBC Drivers]: " + (refusal + code));
   }
   Ref<IDispatch> NewReport() const { return Create(std::wstring(L"KodraRpt.") + report); }
-  Ref<IDispatch> NewParameters() const {
-    auto parameters = Create(std::wstring(L"KodraRpt.") + report + L"Obj");
-    for (const auto& [name, value] : properties) EXPECT_EQ(S_OK, Put(parameters, name, value).hr);
-    return parameters;
-  }
+  Ref<IDispatch> NewParameters() const { return ParametersOf(report, properties); }
 };
 
 inline void PrintTo(const ReportCase& tested, std::ostream* out) { *out << testing::PrintToString(tested.Source()); }
 
-// The 39 methods, some in two ways.
+// The 39 methods, some of them with different parameters; those of the modules on a connection string and on a client's
+// connection.
 inline std::vector<ReportCase> ReportCases() {
   std::vector<ReportCase> cases;
   for (const ReportEntry& entry : CatalogReports()) cases.push_back({entry.name, entry.method(), {}});
@@ -73,11 +69,10 @@ inline std::vector<ReportCase> ReportCases() {
   cases.push_back({L"CModeloRpt", L"RelatorioModelos", {{L"CodModelo", L"MODELO-0002"}}});
   const Var start = Var::Date(40179);  // 2010
   const Var end = Var::Date(45657);    // 2024
-  const std::vector<std::pair<const wchar_t*, Var>> period = {{L"DataInicial", start}, {L"DataFinal", end}};
-  const std::vector<std::pair<const wchar_t*, Var>> stored = {{L"DataArmazenamento1", start},
-                                                              {L"DataArmazenamento2", end}};
+  const Properties period = {{L"DataInicial", start}, {L"DataFinal", end}};
+  const Properties stored = {{L"DataArmazenamento1", start}, {L"DataArmazenamento2", end}};
   constexpr const wchar_t* kUnquotedDate = L"[SQLite]near \"00\": syntax error (1)";
-  const std::vector<std::pair<const wchar_t*, Var>> production = {
+  const Properties production = {
       {L"DataInicial", start}, {L"DataFinal", end}, {L"CodOperador", L"1"}, {L"CodDepto", L"1"}};
   const std::vector<ReportCase> others = {
       {L"COperadorRpt", L"RelatorioOperadores", {}},
@@ -126,13 +121,14 @@ inline std::vector<ReportCase> ReportCases() {
   return cases;
 }
 
+// "CDeptoRpt_RelatorioDeptos_7": a method occurs in several cases, so the name ends with the number of the case.
 inline std::string CaseName(const testing::TestParamInfo<ReportCase>& info) {
   const std::wstring name =
       std::wstring(info.param.report) + L"_" + info.param.method + L"_" + std::to_wstring(info.index);
   return std::string(name.begin(), name.end());
 }
 
-// A report object of a case with its parameter object.
+// The report object and the parameter object of a case, ready to run on a connection string.
 class Subject {
  public:
   Subject(const ReportCase& tested, const std::wstring& connection)

@@ -1,7 +1,7 @@
-// The memory of KodraRpt.dll: the blocks that it holds, and its exhaustion at any request.
+// The memory of KodraRpt.dll: counts the blocks that the DLL holds, and refuses its requests.
 //
 // The DLL contains its own C++ runtime, which gets memory from the system's C runtime and texts from automation. While
-// a DllHeap exists, the entries of its import table for these lead here. Used on one thread.
+// a DllHeap exists, the DLL's imports of these functions lead here. Only one thread may use the DLL meanwhile.
 #pragma once
 
 #include <cstdlib>
@@ -27,11 +27,12 @@ class DllHeap {
   // What happens to the requests after the refused one.
   enum class Later {
     kServed,
-    kSmallServed,  // the compiler's runtime needs a small one for the first exception that it has no memory for
-    kRefused,      // REQUIRES: that exception has already been thrown
+    // Only small ones are served. The compiler's runtime needs one for the first exception that it has no memory for.
+    kSmallServed,
+    kRefused,  // REQUIRES: that first exception has already been thrown.
   };
 
-  // Counts requests from here on, from 1; refuses request `number` (0: none), and later ones as `later` says.
+  // Starts to count requests, from 1. Refuses request `number` (none when it is 0), and later ones as `later` says.
   void Arm(std::size_t number, Later later = Later::kServed) {
     requests_ = 0;
     number_ = number;
@@ -41,7 +42,7 @@ class DllHeap {
   void Disarm() { armed_ = false; }
   std::size_t requests() const { return requests_; }
 
-  // The number of blocks requested since this object exists and not freed.
+  // The number of blocks that the DLL has requested during the life of this object and has not freed.
   std::size_t held() const { return held_.size(); }
 
  private:
@@ -64,24 +65,24 @@ class DllHeap {
     if (requests_ == number_ || later_ == Later::kRefused) return true;
     return later_ == Later::kSmallServed && size > kSmall;
   }
-  void* Keep(void* block) {
+  void* Record(void* block) {
     if (block != nullptr) held_.insert(block);
     return block;
   }
 
   static void* __cdecl Malloc(std::size_t size) {
     DllHeap& heap = *Instance();
-    return heap.Refuses(size) ? nullptr : heap.Keep(heap.malloc_(size));
+    return heap.Refuses(size) ? nullptr : heap.Record(heap.malloc_(size));
   }
   static void* __cdecl Calloc(std::size_t count, std::size_t size) {
     DllHeap& heap = *Instance();
-    return heap.Refuses(count * size) ? nullptr : heap.Keep(heap.calloc_(count, size));
+    return heap.Refuses(count * size) ? nullptr : heap.Record(heap.calloc_(count, size));
   }
   static void* __cdecl Realloc(void* block, std::size_t size) {
     DllHeap& heap = *Instance();
     if (heap.Refuses(size)) return nullptr;
     heap.held_.erase(block);
-    return heap.Keep(heap.realloc_(block, size));
+    return heap.Record(heap.realloc_(block, size));
   }
   static void __cdecl Free(void* block) {
     Instance()->held_.erase(block);

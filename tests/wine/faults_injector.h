@@ -1,17 +1,15 @@
 // Makes the component's calls to ADO and to the siblings fail.
 //
-// The real objects do the work. A class object of the test replaces each of their classes. In the objects that it
-// returns, some entries of the interfaces' tables are replaced by functions that count the call, fail it when it is the
-// one to fail, and otherwise pass it on. Calls that the real objects make among themselves do not count.
+// The real objects do the work. For each of their classes a class object of the test is registered. In the tables of
+// the objects that it creates, some entries lead to functions that count the call and either fail it or pass it on.
+// Calls that the real objects make to each other do not count.
 //
 //   Injector injector;
-//   injector.Arm(7, Mishap::kRaised);
+//   injector.Arm(7, Fault::kRaised);
 //   report->RelatorioDeptos(...);                  // its seventh call fails
 //   injector.calls();                              // "New KodraConexao.StrCon", "IDispatch.GetIDsOfNames", …
 #pragma once
 
-#include <array>
-#include <cstring>
 #include <exception>
 #include <map>
 #include <memory>
@@ -21,22 +19,23 @@
 #include "ado/adoint.h"
 #include "tests/wine/automation.h"
 #include "tests/wine/environment.h"
+#include "tests/wine/replaced_entries.h"
+#include "tests/wine/server.h"
 
 namespace kodra::face {
 
-// How a call fails. A creation and the look-up of a name have no text: raised, they are bare.
-enum class Mishap {
-  kRaised,       // with source and description
-  kBare,         // with a number that has no text anywhere
-  kOutOfMemory,  // E_OUTOFMEMORY, with nothing else
-  kNothing,      // the call succeeds, and does nothing
+// How a call fails.
+enum class Fault {
+  kRaised,       // with source and description, which the creation of an object and the look-up of a name cannot return
+  kBare,         // only with a number that has no text anywhere
+  kOutOfMemory,  // only with E_OUTOFMEMORY
+  kNoResult,     // the call succeeds but returns nothing
 };
 
-constexpr HRESULT kMishapNumber = static_cast<HRESULT>(0x80047777);
-constexpr const wchar_t* kMishapSource = L"Prova.Fonte";
-constexpr const wchar_t* kMishapText = L"Falha provocada";
+constexpr const wchar_t* kFaultSource = L"Prova.Fonte";
+constexpr const wchar_t* kFaultText = L"Falha provocada";
 
-// The only call of the component to its surroundings that reaches no object here.
+// The name under which a call for the length of a file is counted: it reaches no object.
 constexpr const char* kFileLength = "FileLength";
 
 class Injector {
@@ -46,58 +45,56 @@ class Injector {
   Injector(const Injector&) = delete;
   Injector& operator=(const Injector&) = delete;
 
-  // Counts from here on, from 1; fails call `number` (0: none), or every one from it on.
-  void Arm(std::size_t number, Mishap mishap, bool everyLater = false) {
+  // Starts to count calls, from 1. Call `number` fails (none when it is 0), and with `everyLater` all calls after it.
+  void Arm(std::size_t number, Fault fault, bool everyLater = false) {
     calls_.clear();
     number_ = number;
-    mishap_ = mishap;
+    fault_ = fault;
     everyLater_ = everyLater;
     armed_ = true;
   }
-  // The same, with a C++ exception. REQUIRES: the calls come from this program.
+  // Makes call `number` throw a C++ exception. REQUIRES: the calls come from this program, not from the DLL.
   void ArmThrow(std::size_t number, std::exception_ptr exception) {
-    Arm(number, Mishap::kBare);
+    Arm(number, Fault::kBare);
     thrown_ = std::move(exception);
   }
   void Disarm() {
     armed_ = false;
     thrown_ = nullptr;
   }
-  // For calls that are not made to an object: counts one, or throws instead. A creation counts itself and is only
-  // announced: no exception passes through COM.
-  static void Meet(const std::string& call) {
+  // Counts a call that reaches no object, or throws.
+  static void CountOrThrow(const std::string& call) {
     if (Instance() != nullptr && Instance()->Fails(call)) Instance()->Throw();
   }
-  static void MeetCreation(const std::wstring& progId) {
+  // Throws when the creation of an object, which follows, is the call to throw. The class object counts a creation, but
+  // no exception can pass through COM.
+  static void ThrowAtCreation(const std::wstring& progId) {
     Injector* const injector = Instance();
     if (injector == nullptr || injector->thrown_ == nullptr) return;
-    if (injector->calls_.size() + 1 == injector->number_) Meet("New " + std::string(progId.begin(), progId.end()));
+    if (injector->calls_.size() + 1 == injector->number_)
+      CountOrThrow("New " + std::string(progId.begin(), progId.end()));
   }
   // The calls since Arm, by interface and member.
   const std::vector<std::string>& calls() const { return calls_; }
 
   // Whether no object of ADO and the siblings is alive.
-  bool NothingAlive() const {
-    for (const HMODULE module : modules_)
-      if (Entry<HRESULT(WINAPI*)()>(module, "DllCanUnloadNow")() != S_OK) return false;
-    return true;
-  }
+  bool NothingAlive() const { return ado_.CanUnloadNow() == S_OK && siblings_.CanUnloadNow() == S_OK; }
 
  private:
   template <auto kMethod>
   struct Replaced;
 
   // While a call is passed on, the calls that it makes do not count.
-  class Passing {
+  class PassedOn {
    public:
-    Passing() { ++Instance()->passing_; }
-    ~Passing() { --Instance()->passing_; }
+    PassedOn() { ++Instance()->passedOn_; }
+    ~PassedOn() { --Instance()->passedOn_; }
   };
 
-  // Replaces one class.
+  // Replaces a class of a DLL and creates the DLL's objects.
   class ClassObject final : public IClassFactory {
    public:
-    ClassObject(std::wstring progId, HMODULE module) : progId_(std::move(progId)), module_(module) {
+    ClassObject(std::wstring progId, const Server& server) : progId_(std::move(progId)), server_(server) {
       EXPECT_EQ(S_OK, CLSIDFromProgID(progId_.c_str(), &id_));
       EXPECT_EQ(S_OK, CoRegisterClassObject(id_, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
     }
@@ -113,10 +110,9 @@ class Injector {
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
       *object = nullptr;
       if (Instance()->Fails("New " + std::string(progId_.begin(), progId_.end()))) return Instance()->FailBare();
-      const Passing passing;
+      const PassedOn passedOn;
       Ref<IClassFactory> real;
-      HRESULT hr = Entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>(module_, "DllGetClassObject")(
-          id_, IID_IClassFactory, real.put_void());
+      HRESULT hr = server_.GetClassObject(id_, IID_IClassFactory, real.put_void());
       if (SUCCEEDED(hr)) hr = real->CreateInstance(outer, iid, object);
       if (SUCCEEDED(hr)) Watch(iid, *object);
       return hr;
@@ -124,7 +120,7 @@ class Injector {
 
    private:
     std::wstring progId_;
-    HMODULE module_;
+    const Server& server_;
     CLSID id_ = {};
     DWORD cookie_ = 0;
   };
@@ -133,15 +129,11 @@ class Injector {
     static Injector* instance = nullptr;
     return instance;
   }
-  template <class Function>
-  static Function Entry(HMODULE module, const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-  }
   static void** TableOf(void* object) { return *static_cast<void***>(object); }
 
-  // Counts a call; whether it is to fail.
+  // Counts a call; returns whether it fails.
   bool Fails(const std::string& call) {
-    if (!armed_ || passing_ > 0) return false;
+    if (!armed_ || passedOn_ > 0) return false;
     calls_.push_back(call);
     return number_ != 0 && (everyLater_ ? calls_.size() >= number_ : calls_.size() == number_);
   }
@@ -151,29 +143,21 @@ class Injector {
   }
   HRESULT FailBare() const {
     SetErrorInfo(0, nullptr);
-    if (mishap_ == Mishap::kNothing) return S_OK;
-    return mishap_ == Mishap::kOutOfMemory ? E_OUTOFMEMORY : kMishapNumber;
+    if (fault_ == Fault::kNoResult) return S_OK;
+    return fault_ == Fault::kOutOfMemory ? E_OUTOFMEMORY : kNumberWithoutText;
   }
-  // A member of a dual interface fails with an IErrorInfo …
+  // An early-bound call fails with an IErrorInfo.
   template <class... Arguments>
   HRESULT Fail(Arguments...) const {
     Throw();
     const HRESULT hr = FailBare();
-    Ref<ICreateErrorInfo> info;
-    if (mishap_ != Mishap::kRaised || FAILED(CreateErrorInfo(info.put()))) return hr;
-    info->SetSource(Bstr(kMishapSource));
-    info->SetDescription(Bstr(kMishapText));
-    SetErrorInfo(0, info.As<IErrorInfo>().get());
+    if (fault_ == Fault::kRaised) LeaveErrorInfo(kFaultSource, kFaultText);
     return hr;
   }
-  // … and a late-bound call with an EXCEPINFO.
+  // A late-bound call fails with an EXCEPINFO.
   HRESULT Fail(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* info, UINT*) const {
     Throw();
-    if (mishap_ != Mishap::kRaised) return FailBare();
-    info->scode = kMishapNumber;
-    info->bstrSource = SysAllocString(kMishapSource);
-    info->bstrDescription = SysAllocString(kMishapText);
-    return DISP_E_EXCEPTION;
+    return fault_ == Fault::kRaised ? Raise(info, kNumberWithoutText, kFaultSource, kFaultText) : FailBare();
   }
 
   template <auto kMethod, class Interface>
@@ -193,7 +177,7 @@ class Injector {
   static void Watch(IDispatch* sibling);
   static void Watch(IEnumVARIANT* members);
 
-  // The result of a call, when it is an object with calls of its own.
+  // Watches the result of a call, when it is an object whose calls count.
   template <class T>
   static void WatchResult(const T&) {}
   template <class T>
@@ -209,27 +193,20 @@ class Injector {
     if (SUCCEEDED(V_UNKNOWN(result)->QueryInterface(IID_IEnumVARIANT, members.put_void()))) Watch(members.get());
   }
 
-  void Exchange(void** entry, void* replacement) {
-    DWORD before = 0;
-    VirtualProtect(entry, sizeof(void*), PAGE_READWRITE, &before);
-    *entry = replacement;
-    VirtualProtect(entry, sizeof(void*), before, &before);
-  }
-
-  std::array<HMODULE, 2> modules_;
+  const Server ado_{DllPath(L"kodra_ado.dll")};
+  const Server siblings_{DllPath(L"kodra_siblings.dll")};
   std::vector<std::unique_ptr<ClassObject>> classes_;
-  // The original table entries.
-  std::vector<std::pair<void**, void*>> replaced_;
+  ReplacedEntries entries_;
   std::vector<std::string> calls_;
   std::size_t number_ = 0;
-  Mishap mishap_ = Mishap::kRaised;
+  Fault fault_ = Fault::kRaised;
   bool everyLater_ = false;
   bool armed_ = false;
   std::exception_ptr thrown_;
-  int passing_ = 0;
+  int passedOn_ = 0;
 };
 
-// A member of an interface, which several classes may have in tables of their own.
+// A method of an interface. Each class that has the interface has a table of its own.
 template <class Interface, class... Arguments, HRESULT (STDMETHODCALLTYPE Interface::*kMethod)(Arguments...)>
 struct Injector::Replaced<kMethod> {
   using Function = HRESULT(STDMETHODCALLTYPE*)(void*, Arguments...);
@@ -242,24 +219,17 @@ struct Injector::Replaced<kMethod> {
   static HRESULT STDMETHODCALLTYPE Call(void* self, Arguments... arguments) {
     const Original original = originals.at(TableOf(self));
     if (Instance()->Fails(original.name)) return Instance()->Fail(arguments...);
-    const Passing passing;
+    const PassedOn passedOn;
     const HRESULT hr = original.function(self, arguments...);
     if (SUCCEEDED(hr)) (WatchResult(arguments), ...);
     return hr;
   }
 
-  static void In(void* object, const char* name) {
-    // A pointer to a virtual member holds its offset in the table, plus one.
-    auto method = kMethod;
-    std::size_t offset = 0;
-    std::memcpy(&offset, &method, sizeof offset);
-    void** const table = TableOf(object);
-    void** const entry = table + (offset - 1) / sizeof(void*);
-    void* const replacement = reinterpret_cast<void*>(&Call);
-    if (*entry == replacement) return;
-    originals[table] = {reinterpret_cast<Function>(*entry), name};
-    Instance()->replaced_.emplace_back(entry, *entry);
-    Instance()->Exchange(entry, replacement);
+  static void In(Interface* object, const char* name) {
+    void** const entry = EntryOfMethod<kMethod>(object);
+    if (*entry == reinterpret_cast<void*>(&Call)) return;
+    const auto original = Instance()->entries_.Replace(entry, reinterpret_cast<void*>(&Call));
+    originals[TableOf(object)] = {reinterpret_cast<Function>(original), name};
   }
 };
 
@@ -327,22 +297,17 @@ inline void Injector::Watch(IEnumVARIANT* members) { Replace<&IEnumVARIANT::Next
 
 inline Injector::Injector() {
   Instance() = this;
-  const std::wstring folder = WindowsPath(Variable(L"KODRA_BIN"));
-  modules_ = {LoadLibraryW((folder + L"\\kodra_ado.dll").c_str()),
-              LoadLibraryW((folder + L"\\kodra_siblings.dll").c_str())};
   for (const wchar_t* progId : {L"ADODB.Connection", L"ADODB.Command", L"ADODB.Recordset"})
-    classes_.push_back(std::make_unique<ClassObject>(progId, modules_[0]));
+    classes_.push_back(std::make_unique<ClassObject>(progId, ado_));
   for (const wchar_t* progId :
        {L"KodraConexao.StrCon", L"KodraParamSist.Obtedor", L"KodraBsnV3.ObtedorDeTiposOperadores",
         L"KodraBsnV3.ModulosBsn", L"KodraBsnV3.ModulosFiltro", L"KodraBsnV3.ObtedorDeModulos",
         L"KodraRegEvt.RegEvtFind", L"KodraRegEvt.RegEvtDAO", L"VantLog.FnLog", L"VantLib.Conversoes"})
-    classes_.push_back(std::make_unique<ClassObject>(progId, modules_[1]));
+    classes_.push_back(std::make_unique<ClassObject>(progId, siblings_));
 }
 
 inline Injector::~Injector() {
-  for (const auto& [entry, original] : replaced_) Exchange(entry, original);
-  classes_.clear();
-  for (const HMODULE module : modules_) FreeLibrary(module);
+  entries_.Restore();
   Instance() = nullptr;
 }
 

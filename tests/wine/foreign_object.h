@@ -1,4 +1,4 @@
-// A parameter object that is not the component's: a client's own class that answers by member name.
+// A client's own parameter object with one property.
 #pragma once
 
 #include <cwchar>
@@ -9,7 +9,7 @@
 
 namespace kodra::face {
 
-// Has one readable property; the test decides what a reading returns.
+// An object with one readable property; the test decides what a reading returns.
 class ForeignObject final : public ClientObject {
  public:
   // Fills the result or the EXCEPINFO and returns the call's HRESULT.
@@ -19,9 +19,7 @@ class ForeignObject final : public ClientObject {
     return Ref<IDispatch>::Owning(new ForeignObject(std::move(property), std::move(answer)));
   }
   static Ref<IDispatch> With(std::wstring property, const Var& value) {
-    return With(std::move(property), [value](VARIANT* result, EXCEPINFO*) {
-      return VariantCopy(result, const_cast<VARIANT*>(&value.raw()));
-    });
+    return With(std::move(property), [value](VARIANT* result, EXCEPINFO*) { return value.CopyTo(result); });
   }
 
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
@@ -43,14 +41,9 @@ class ForeignObject final : public ClientObject {
   Answer answer_;
 };
 
-// An answer that raises.
+// An answer that raises an error.
 inline ForeignObject::Answer Raising(HRESULT number, const wchar_t* source, const wchar_t* description) {
-  return [=](VARIANT*, EXCEPINFO* info) {
-    info->scode = number;
-    info->bstrSource = SysAllocString(source);
-    info->bstrDescription = SysAllocString(description);
-    return DISP_E_EXCEPTION;
-  };
+  return [=](VARIANT*, EXCEPINFO* info) { return Raise(info, number, source, description); };
 }
 
 }  // namespace kodra::face

@@ -10,22 +10,17 @@ class HostileArguments : public Hostile {
                         const std::vector<DISPID>& names = {}) {
     return InvokeRaw(subject.report().get(), tested.method, DISPATCH_METHOD, arguments, names);
   }
-  static std::vector<ReportCase> OnStrings() {
-    std::vector<ReportCase> cases = ReportCases();
-    std::erase_if(cases, [](const ReportCase& tested) { return tested.onConexao; });
-    return cases;
-  }
 };
 
 TEST_F(HostileArguments, AMethodWithoutItsArgumentIsRefused) {
-  ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
+  ForEach(CasesOnStrings(), [](const ReportCase& tested, const Subject& subject) {
     const HRESULT hr = Invoke(tested, subject, {}).hr;
     EXPECT_TRUE(hr == DISP_E_BADPARAMCOUNT || hr == DISP_E_PARAMNOTOPTIONAL) << std::hex << hr;
   });
 }
 
 TEST_F(HostileArguments, AMethodWithTooManyArgumentsIsRefused) {
-  ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
+  ForEach(CasesOnStrings(), [](const ReportCase& tested, const Subject& subject) {
     const Var parameters(subject.parameters().get());
     EXPECT_EQ(DISP_E_BADPARAMCOUNT, Invoke(tested, subject, {parameters.raw(), parameters.raw()}).hr);
     EXPECT_EQ(DISP_E_BADPARAMCOUNT,
@@ -34,7 +29,7 @@ TEST_F(HostileArguments, AMethodWithTooManyArgumentsIsRefused) {
 }
 
 TEST_F(HostileArguments, AnObjectByReferenceIsTheObject) {
-  ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
+  ForEach(CasesOnStrings(), [](const ReportCase& tested, const Subject& subject) {
     IDispatch* object = subject.parameters().get();
     EXPECT_EQ(tested.Refused(), Invoke(tested, subject, {ByReference(&object)}).failure);
     VARIANT inside = Var(object).raw();
@@ -44,15 +39,15 @@ TEST_F(HostileArguments, AnObjectByReferenceIsTheObject) {
 }
 
 TEST_F(HostileArguments, AReferenceThatLeadsToNoValueIsRefused) {
-  Nowhere nowhere;
-  ForEach(OnStrings(), [&](const ReportCase& tested, const Subject& subject) {
-    for (const VARIANT& reference : nowhere.All())
+  InvalidReferences references;
+  ForEach(CasesOnStrings(), [&](const ReportCase& tested, const Subject& subject) {
+    for (const VARIANT& reference : references.All())
       EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(tested, subject, {reference}).hr) << reference.vt;
   });
 }
 
 TEST_F(HostileArguments, AnObjectByNameIsTheObjectAndAnUnknownNameIsRefused) {
-  ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
+  ForEach(CasesOnStrings(), [](const ReportCase& tested, const Subject& subject) {
     const Var parameters(subject.parameters().get());
     EXPECT_EQ(tested.Refused(), Invoke(tested, subject, {parameters.raw()}, {0}).failure);
     const HRESULT hr = Invoke(tested, subject, {parameters.raw()}, {5}).hr;
@@ -62,15 +57,15 @@ TEST_F(HostileArguments, AnObjectByNameIsTheObjectAndAnUnknownNameIsRefused) {
   });
 }
 
-// Values that are not objects, including an array.
-class Strangers {
+// Values that are not objects, two of them arrays.
+class NonObjects {
  public:
-  Strangers() : array_(SafeArrayCreateVector(VT_VARIANT, 0, 3)), texts_(SafeArrayCreateVector(VT_BSTR, 0, 0)) {
+  NonObjects() : array_(SafeArrayCreateVector(VT_VARIANT, 0, 3)), texts_(SafeArrayCreateVector(VT_BSTR, 0, 0)) {
     values_ = {Var(7), Var(2.5), Var(L"Owner"), Var(L""), Var(true), Var::Date(45000), Var::Null(), Var()};
   }
-  Strangers(const Strangers&) = delete;
-  Strangers& operator=(const Strangers&) = delete;
-  ~Strangers() {
+  NonObjects(const NonObjects&) = delete;
+  NonObjects& operator=(const NonObjects&) = delete;
+  ~NonObjects() {
     SafeArrayDestroy(array_);
     SafeArrayDestroy(texts_);
   }
@@ -94,32 +89,32 @@ class Strangers {
   std::vector<Var> values_;
 };
 
-TEST_F(HostileArguments, WhatIsNoObjectIsRefusedAsAParameterObject) {
-  const Strangers strangers;
-  ForEach(OnStrings(), [&](const ReportCase& tested, const Subject& subject) {
-    for (VARIANT stranger : strangers.All()) {
-      EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(tested, subject, {stranger}).hr) << stranger.vt;
-      EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(tested, subject, {ByReference(&stranger)}).hr) << stranger.vt;
+TEST_F(HostileArguments, AValueThatIsNoObjectIsRefusedAsAParameterObject) {
+  const NonObjects values;
+  ForEach(CasesOnStrings(), [&](const ReportCase& tested, const Subject& subject) {
+    for (VARIANT value : values.All()) {
+      EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(tested, subject, {value}).hr) << value.vt;
+      EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(tested, subject, {ByReference(&value)}).hr) << value.vt;
     }
   });
 }
 
 TEST_F(HostileArguments, AnObjectWithoutMembersIsRefusedAsAParameterObject) {
-  // A class factory is an object that has no IDispatch.
+  // A class factory is an object without an IDispatch.
   Ref<IClassFactory> factory;
   ASSERT_EQ(S_OK, CoGetClassObject(ClassId(kAboutClsid), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
                                    factory.put_void()));
-  VARIANT stranger = {};
-  stranger.vt = VT_UNKNOWN;
-  stranger.punkVal = factory.get();
-  ForEach(OnStrings(), [&](const ReportCase& tested, const Subject& subject) {
-    const Outcome outcome = Invoke(tested, subject, {stranger});
+  VARIANT value = {};
+  value.vt = VT_UNKNOWN;
+  value.punkVal = factory.get();
+  ForEach(CasesOnStrings(), [&](const ReportCase& tested, const Subject& subject) {
+    const Outcome outcome = Invoke(tested, subject, {value});
     EXPECT_TRUE(outcome.hr == DISP_E_TYPEMISMATCH || outcome.hr == E_NOINTERFACE) << std::hex << outcome.hr;
   });
 }
 
-TEST_F(HostileArguments, AMethodCannotBeAssignedNorAConnectionStringBeAnObject) {
-  ForEach(OnStrings(), [](const ReportCase& tested, const Subject& subject) {
+TEST_F(HostileArguments, AMethodCannotBeAssignedAndAConnectionStringCannotBeAnObject) {
+  ForEach(CasesOnStrings(), [](const ReportCase& tested, const Subject& subject) {
     const Var parameters(subject.parameters().get());
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND, InvokeRaw(subject.report().get(), tested.method, DISPATCH_PROPERTYPUT,
                                                {parameters.raw()}, {DISPID_PROPERTYPUT})
@@ -129,13 +124,12 @@ TEST_F(HostileArguments, AMethodCannotBeAssignedNorAConnectionStringBeAnObject) 
 }
 
 TEST_F(HostileArguments, APropertyRefusesAReferenceThatLeadsToNoValueAndKeepsItsValue) {
-  Nowhere nowhere;
+  InvalidReferences references;
   const auto object = Create(L"KodraRpt.CLogRptObj");
-  const std::vector<std::pair<const wchar_t*, Var>> properties = {{L"Owner", L"antes"},
-                                                                  {L"DataInicial", Var::Date(40179)}};
+  const Properties properties = {{L"Owner", L"antes"}, {L"DataInicial", Var::Date(40179)}};
   for (const auto& [name, before] : properties) {
     ASSERT_EQ(S_OK, Put(object, name, before).hr);
-    for (const VARIANT& reference : nowhere.All())
+    for (const VARIANT& reference : references.All())
       EXPECT_EQ(DISP_E_TYPEMISMATCH,
                 InvokeRaw(object.get(), name, DISPATCH_PROPERTYPUT, {reference}, {DISPID_PROPERTYPUT}).hr)
           << reference.vt;
@@ -143,22 +137,22 @@ TEST_F(HostileArguments, APropertyRefusesAReferenceThatLeadsToNoValueAndKeepsIts
   }
 }
 
-TEST_F(HostileArguments, ATextPropertyRefusesWhatIsNoTextAndKeepsItsValue) {
-  const Strangers strangers;
+TEST_F(HostileArguments, ATextPropertyRefusesAValueThatIsNoTextAndKeepsItsValue) {
+  const NonObjects values;
   for (const ParameterEntry& entry : ParameterClasses()) {
     SCOPED_TRACE(testing::PrintToString(std::wstring(entry.name)));
     const auto object = Create(std::wstring(L"KodraRpt.") + entry.name);
     ASSERT_EQ(S_OK, Put(object, L"Owner", L"antes").hr);
-    for (VARIANT stranger : strangers.All()) {
-      if ((stranger.vt & VT_ARRAY) == 0 && stranger.vt != VT_NULL) continue;
+    for (VARIANT value : values.All()) {
+      if ((value.vt & VT_ARRAY) == 0 && value.vt != VT_NULL) continue;
       EXPECT_EQ(DISP_E_TYPEMISMATCH,
-                InvokeRaw(object.get(), L"Owner", DISPATCH_PROPERTYPUT, {stranger}, {DISPID_PROPERTYPUT}).hr)
-          << stranger.vt;
+                InvokeRaw(object.get(), L"Owner", DISPATCH_PROPERTYPUT, {value}, {DISPID_PROPERTYPUT}).hr)
+          << value.vt;
     }
     EXPECT_TRUE(FAILED(Put(object, L"Owner", Var(object.get())).hr));
-    EXPECT_TRUE(FAILED(Put(object, L"Owner", Var(static_cast<IDispatch*>(nullptr))).hr));
+    EXPECT_TRUE(FAILED(Put(object, L"Owner", Var::Nothing()).hr));
     EXPECT_EQ(L"antes", Got(Get(object, L"Owner")).text());
-    // A value never assigned is an empty text.
+    // An empty VARIANT becomes the empty text.
     EXPECT_EQ(S_OK, Put(object, L"Owner", Var()).hr);
     EXPECT_EQ(L"", Got(Get(object, L"Owner")).text());
   }

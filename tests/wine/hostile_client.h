@@ -1,4 +1,4 @@
-// A client that passes what no client should: raw arguments, and unruly parameter objects.
+// A client that passes what no client should pass: raw arguments, and parameter objects that the test controls.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace kodra::face {
 
-// Invokes a member with unchecked arguments, the named ones first; both are in the order that Invoke takes.
+// Invokes a member with unchecked arguments in the order of DISPPARAMS: the named ones first, then from right to left.
 inline Outcome InvokeRaw(IDispatch* object, const std::wstring& member, WORD kind, std::vector<VARIANT> arguments,
                          std::vector<DISPID> names = {}) {
   Outcome outcome;
@@ -25,34 +25,20 @@ inline Outcome InvokeRaw(IDispatch* object, const std::wstring& member, WORD kin
   return outcome;
 }
 
-inline VARIANT ByReference(IDispatch** object) {
-  VARIANT v = {};
-  v.vt = VT_BYREF | VT_DISPATCH;
-  v.ppdispVal = object;
-  return v;
-}
-inline VARIANT ByReference(VARIANT* variant) {
-  VARIANT v = {};
-  v.vt = VT_BYREF | VT_VARIANT;
-  v.pvarVal = variant;
-  return v;
-}
-
-// References that lead to no value: to nothing, to a reference to a VARIANT, to themselves and in a circle. The tests
-// that pass them on may not copy this.
-class Nowhere {
+// References that lead to no value: to null, to a reference to a VARIANT, to itself and in a circle.
+class InvalidReferences {
  public:
-  Nowhere() {
+  InvalidReferences() {
     nested_ = ByReference(&value_);
     self_ = ByReference(&self_);
-    there_ = ByReference(&back_);
-    back_ = ByReference(&there_);
+    one_ = ByReference(&other_);
+    other_ = ByReference(&one_);
   }
-  Nowhere(const Nowhere&) = delete;
-  Nowhere& operator=(const Nowhere&) = delete;
+  InvalidReferences(const InvalidReferences&) = delete;
+  InvalidReferences& operator=(const InvalidReferences&) = delete;
 
   std::vector<VARIANT> All() {
-    std::vector<VARIANT> all = {ByReference(&nested_), ByReference(&self_), ByReference(&there_), self_};
+    std::vector<VARIANT> all = {ByReference(&nested_), ByReference(&self_), ByReference(&one_), self_};
     for (const VARTYPE type : {VT_VARIANT, VT_DISPATCH, VT_UNKNOWN, VT_BSTR, VT_I4, VT_DATE}) {
       VARIANT v = {};
       v.vt = VT_BYREF | type;
@@ -65,23 +51,26 @@ class Nowhere {
   VARIANT value_ = {};
   VARIANT nested_ = {};
   VARIANT self_ = {};
-  VARIANT there_ = {};
-  VARIANT back_ = {};
+  VARIANT one_ = {};
+  VARIANT other_ = {};
 };
 
-// A parameter object of the client's own: it has every property, and decides what each reading returns.
-class WilfulObject final : public ClientObject {
+// A client's own parameter object that has every property; the test decides what each reading returns.
+class ScriptedParameters final : public ClientObject {
  public:
   // Fills the result or the EXCEPINFO and returns the call's HRESULT.
   using Answer = std::function<HRESULT(const std::wstring& property, VARIANT* result, EXCEPINFO* info)>;
 
-  static Ref<IDispatch> New(Answer answer) { return Ref<IDispatch>::Owning(new WilfulObject(std::move(answer))); }
-  static Ref<IDispatch> Giving(const Var& value) {
-    return New([value](const std::wstring&, VARIANT* result, EXCEPINFO*) {
-      return VariantCopy(result, const_cast<VARIANT*>(&value.raw()));
-    });
+  static Ref<IDispatch> New(Answer answer) { return Ref<IDispatch>::Owning(new ScriptedParameters(std::move(answer))); }
+  // One whose properties all have this value.
+  static Ref<IDispatch> Returning(const Var& value) {
+    return New([value](const std::wstring&, VARIANT* result, EXCEPINFO*) { return value.CopyTo(result); });
   }
-  // How many exist.
+  // One whose properties all raise this error.
+  static Ref<IDispatch> Failing(HRESULT hr) {
+    return New([hr](const std::wstring&, VARIANT*, EXCEPINFO*) { return hr; });
+  }
+  // The number of these objects that exist.
   static int& Alive() {
     static int alive = 0;
     return alive;
@@ -100,29 +89,35 @@ class WilfulObject final : public ClientObject {
   }
 
  private:
-  explicit WilfulObject(Answer answer) : answer_(std::move(answer)) { ++Alive(); }
-  ~WilfulObject() override { --Alive(); }
+  explicit ScriptedParameters(Answer answer) : answer_(std::move(answer)) { ++Alive(); }
+  ~ScriptedParameters() override { --Alive(); }
 
   Answer answer_;
   std::vector<std::wstring> names_;
 };
 
-// The reports that read a property of their parameter object, each with the property's name.
-inline std::vector<ReportCase> ReadingCases() {
+// The cases on a connection string, whose report creates its own connection.
+inline std::vector<ReportCase> CasesOnStrings() {
   std::vector<ReportCase> cases = ReportCases();
-  std::erase_if(cases, [](const ReportCase& tested) { return tested.onConexao || tested.properties.empty(); });
+  std::erase_if(cases, [](const ReportCase& tested) { return tested.onConexao; });
+  return cases;
+}
+// Those of them that read properties of their parameter object.
+inline std::vector<ReportCase> ReadingCases() {
+  std::vector<ReportCase> cases = CasesOnStrings();
+  std::erase_if(cases, [](const ReportCase& tested) { return tested.properties.empty(); });
   return cases;
 }
 
-// After every test no object of the component, of ADO, of the siblings and of the client is alive.
+// Expects after every test that no object of the component, of ADO, of the siblings and of the client is alive.
 class Hostile : public testing::Test {
  protected:
   void TearDown() override {
-    for (const Server* server : {&component_, &ado_, &siblings_}) EXPECT_EQ(S_OK, server->CanUnloadNow());
-    EXPECT_EQ(0, WilfulObject::Alive());
+    servers_.ExpectUnused();
+    EXPECT_EQ(0, ScriptedParameters::Alive());
   }
 
-  // Runs a body on each case, with a report that must work afterwards.
+  // Runs `body` with a report of each case and expects that the report works afterwards.
   void ForEach(const std::vector<ReportCase>& cases,
                const std::function<void(const ReportCase&, const Subject&)>& body) {
     for (const ReportCase& tested : cases) {
@@ -137,9 +132,7 @@ class Hostile : public testing::Test {
   const SmallArchive archive_;
 
  private:
-  const Server component_;
-  const Server ado_{WindowsPath(Variable(L"KODRA_BIN")) + L"\\kodra_ado.dll"};
-  const Server siblings_{WindowsPath(Variable(L"KODRA_BIN")) + L"\\kodra_siblings.dll"};
+  const LoadedServers servers_;
 };
 
 }  // namespace kodra::face

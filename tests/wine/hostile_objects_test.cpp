@@ -1,8 +1,21 @@
-// Parameter objects that raise, return nonsense, call back into the report that reads them, or are released with it.
+// Parameter objects that raise errors, return wrong values, call the report that reads them, or release it and
+// themselves.
 #include "tests/wine/hostile_client.h"
 
 namespace kodra::face {
 namespace {
+
+const Failure kMismatch = {kTypeMismatch, L"KodraRpt", L"Tipos incompatíveis"};
+const Failure kBareError = {kNumberWithoutText, L"KodraRpt", L"Erro de automação (80047777)"};
+
+// An array of two VARIANTs.
+Var ArrayOfTwo() {
+  Var result;
+  VARIANT* const raw = result.put();
+  raw->parray = SafeArrayCreateVector(VT_VARIANT, 0, 2);
+  raw->vt = VT_ARRAY | VT_VARIANT;
+  return result;
+}
 
 class HostileObjects : public Hostile {
  protected:
@@ -11,31 +24,28 @@ class HostileObjects : public Hostile {
   }
   // The error that the client gets for an error of its own parameter object.
   static Failure Framed(const ReportCase& tested, const Failure& cause) {
-    if (tested.method == std::wstring(L"DocsNoModuloSubRpt")) return cause;
-    const bool namesCause = tested.report == std::wstring(L"CCaixaRpt") && cause.source != L"KodraRpt";
-    return {0x80041FAB, namesCause ? cause.source : tested.Source(),
+    if (tested.HasNoFrame()) return cause;
+    const bool namesCause = tested.IsOf(L"CCaixaRpt") && cause.source != L"KodraRpt";
+    return {kReportError, namesCause ? cause.source : tested.Source(),
             L"Erro ao gerar dados para o relatório: " + cause.description};
   }
-  // Answers as the case's own parameters do.
-  static HRESULT AnswerAs(const ReportCase& tested, const std::wstring& property, VARIANT* result) {
+  // Returns the value that the property has in the case's own parameter object.
+  static HRESULT ReturnProperty(const ReportCase& tested, const std::wstring& property, VARIANT* result) {
     Var value(L"");
     if (property.starts_with(L"Data")) value = Var::Date(40179);
     if (property == L"SomenteExistentes" || property == L"ModoPregresso" || property == L"ListarJaDevolvidos")
       value = Var(false);
     for (const auto& [name, given] : tested.properties)
       if (property == name) value = given;
-    return VariantCopy(result, const_cast<VARIANT*>(&value.raw()));
+    return value.CopyTo(result);
   }
 };
 
 TEST_F(HostileObjects, WhatTheyRaiseIsTheCauseThatTheClientGets) {
-  const Failure raised = {0x80047777, L"Cliente.Filtro", L"Sem permissão."};
+  const Failure raised = {kNumberWithoutText, L"Cliente.Filtro", L"Sem permissão."};
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
-    const auto raising = WilfulObject::New([](const std::wstring&, VARIANT*, EXCEPINFO* info) {
-      info->scode = static_cast<SCODE>(0x80047777);
-      info->bstrSource = SysAllocString(L"Cliente.Filtro");
-      info->bstrDescription = SysAllocString(L"Sem permissão.");
-      return DISP_E_EXCEPTION;
+    const auto raising = ScriptedParameters::New([](const std::wstring&, VARIANT*, EXCEPINFO* info) {
+      return Raise(info, kNumberWithoutText, L"Cliente.Filtro", L"Sem permissão.");
     });
     EXPECT_EQ(Framed(tested, raised), Run(tested, subject, raising).failure);
   });
@@ -43,73 +53,58 @@ TEST_F(HostileObjects, WhatTheyRaiseIsTheCauseThatTheClientGets) {
 
 TEST_F(HostileObjects, ABareErrorIsTheCauseToo) {
   const std::vector<std::pair<HRESULT, Failure>> errors = {
-      {static_cast<HRESULT>(0x80047777), {0x80047777, L"KodraRpt", L"Erro de automação (80047777)"}},
-      {E_OUTOFMEMORY, {0x800A0007, L"KodraRpt", L"Memória insuficiente"}},
-      {DISP_E_TYPEMISMATCH, {0x800A000D, L"KodraRpt", L"Tipos incompatíveis"}},
-      {DISP_E_OVERFLOW, {0x800A0006, L"KodraRpt", L"Estouro"}},
+      {kNumberWithoutText, kBareError},
+      {E_OUTOFMEMORY, {kOutOfMemory, L"KodraRpt", L"Memória insuficiente"}},
+      {DISP_E_TYPEMISMATCH, kMismatch},
+      {DISP_E_OVERFLOW, {kOverflow, L"KodraRpt", L"Estouro"}},
   };
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
-    for (const auto& [hr, cause] : errors) {
-      const auto raising = WilfulObject::New([hr = hr](const std::wstring&, VARIANT*, EXCEPINFO*) { return hr; });
-      EXPECT_EQ(Framed(tested, cause), Run(tested, subject, raising).failure);
-    }
+    for (const auto& [hr, cause] : errors)
+      EXPECT_EQ(Framed(tested, cause), Run(tested, subject, ScriptedParameters::Failing(hr)).failure);
   });
 }
 
 TEST_F(HostileObjects, ValuesThatNoPropertyHasAreRefused) {
-  VARIANT array = {};
-  array.vt = VT_ARRAY | VT_VARIANT;
-  array.parray = SafeArrayCreateVector(VT_VARIANT, 0, 2);
-  const Failure mismatch = {0x800A000D, L"KodraRpt", L"Tipos incompatíveis"};
-  const auto live = Create(L"KodraRpt.CDeptoRptObj");
+  const auto object = Create(L"KodraRpt.CDeptoRptObj");
   const std::vector<std::pair<Var, Failure>> values = {
-      {Var::Null(), {0x800A005E, L"KodraRpt", L"Uso de 'Null' inválido"}},
-      {Var(static_cast<IDispatch*>(nullptr)),
-       {0x800A005B, L"KodraRpt", L"A variável do objeto ou a variável do bloco 'With' não foi definida"}},
-      {Var(live.get()), {0x800A01B6, L"KodraRpt", L"O objeto não aceita esta propriedade ou método"}},
+      {Var::Null(), {kInvalidUseOfNull, L"KodraRpt", L"Uso de 'Null' inválido"}},
+      {Var::Nothing(),
+       {kObjectNotSet, L"KodraRpt", L"A variável do objeto ou a variável do bloco 'With' não foi definida"}},
+      {Var(object.get()), {kNoSuchMember, L"KodraRpt", L"O objeto não aceita esta propriedade ou método"}},
+      {ArrayOfTwo(), kMismatch},
+      {Var::Missing(), kMismatch},
   };
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     for (const auto& [value, cause] : values)
-      EXPECT_EQ(Framed(tested, cause), Run(tested, subject, WilfulObject::Giving(value)).failure);
-    const auto arrays = WilfulObject::New(
-        [&](const std::wstring&, VARIANT* result, EXCEPINFO*) { return VariantCopy(result, &array); });
-    EXPECT_EQ(Framed(tested, mismatch), Run(tested, subject, arrays).failure);
-    const auto missing = WilfulObject::New([](const std::wstring&, VARIANT* result, EXCEPINFO*) {
-      result->vt = VT_ERROR;
-      result->scode = DISP_E_PARAMNOTFOUND;
-      return S_OK;
-    });
-    EXPECT_EQ(Framed(tested, mismatch), Run(tested, subject, missing).failure);
+      EXPECT_EQ(Framed(tested, cause), Run(tested, subject, ScriptedParameters::Returning(value)).failure);
   });
-  SafeArrayDestroy(array.parray);
 }
 
 TEST_F(HostileObjects, ReferencesThatLeadToNoValueAreMismatches) {
-  Nowhere nowhere;
-  const Failure mismatch = {0x800A000D, L"KodraRpt", L"Tipos incompatíveis"};
+  InvalidReferences references;
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
-    for (const VARIANT& reference : nowhere.All()) {
-      const auto answering = WilfulObject::New([&](const std::wstring&, VARIANT* result, EXCEPINFO*) {
+    for (const VARIANT& reference : references.All()) {
+      const auto answering = ScriptedParameters::New([&](const std::wstring&, VARIANT* result, EXCEPINFO*) {
         *result = reference;
         return S_OK;
       });
-      EXPECT_EQ(Framed(tested, mismatch), Run(tested, subject, answering).failure) << reference.vt;
+      EXPECT_EQ(Framed(tested, kMismatch), Run(tested, subject, answering).failure) << reference.vt;
     }
-    const auto circular = WilfulObject::New([](const std::wstring&, VARIANT* result, EXCEPINFO*) {
+    const auto circular = ScriptedParameters::New([](const std::wstring&, VARIANT* result, EXCEPINFO*) {
       *result = ByReference(result);
       return S_OK;
     });
-    EXPECT_EQ(Framed(tested, mismatch), Run(tested, subject, circular).failure);
+    EXPECT_EQ(Framed(tested, kMismatch), Run(tested, subject, circular).failure);
   });
 }
 
 TEST_F(HostileObjects, TheyMayRunTheSameReportWhileItReadsThem) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     int calls = 0;
-    const auto reentrant = WilfulObject::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
+    const auto reentrant = ScriptedParameters::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
       ++calls;
       subject.ExpectToWork();
-      return AnswerAs(tested, property, result);
+      return ReturnProperty(tested, property, result);
     });
     EXPECT_EQ(tested.Refused(), Run(tested, subject, reentrant).failure);
     EXPECT_LT(0, calls);
@@ -118,25 +113,25 @@ TEST_F(HostileObjects, TheyMayRunTheSameReportWhileItReadsThem) {
 
 TEST_F(HostileObjects, TheyMayChangeTheConnectionStringOfTheReportThatReadsThem) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
-    // Longer each time, so that the report's own text moves.
+    // Each text is longer than the one before, so that the report has to allocate it anew.
     std::wstring text = archive_.Connection();
-    const auto changing = WilfulObject::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
+    const auto changing = ScriptedParameters::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
       text += L";Timeout=1000" + std::wstring(500, L' ');
       EXPECT_EQ(S_OK, Put(subject.report(), L"StringConexao", text).hr);
-      return AnswerAs(tested, property, result);
+      return ReturnProperty(tested, property, result);
     });
     EXPECT_EQ(tested.Refused(), Run(tested, subject, changing).failure);
     EXPECT_EQ(S_OK, Put(subject.report(), L"StringConexao", archive_.Connection()).hr);
   });
 }
 
-TEST_F(HostileObjects, TheyMayEmptyTheConnectionStringAndTheNextCallSaysSo) {
+TEST_F(HostileObjects, TheyMayEmptyTheConnectionStringWhichFailsTheCall) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
-    const auto taking = WilfulObject::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
+    const auto emptying = ScriptedParameters::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
       EXPECT_EQ(S_OK, Put(subject.report(), L"StringConexao", L"").hr);
-      return AnswerAs(tested, property, result);
+      return ReturnProperty(tested, property, result);
     });
-    const Outcome outcome = Run(tested, subject, taking);
+    const Outcome outcome = Run(tested, subject, emptying);
     EXPECT_TRUE(FAILED(outcome.hr));
     EXPECT_FALSE(outcome.value.object());
     EXPECT_EQ(S_OK, Put(subject.report(), L"StringConexao", archive_.Connection()).hr);
@@ -146,17 +141,17 @@ TEST_F(HostileObjects, TheyMayEmptyTheConnectionStringAndTheNextCallSaysSo) {
 TEST_F(HostileObjects, TheyLiveUntilTheReportHasReadThem) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject& subject) {
     Ref<IDispatch> parameters;
-    parameters = WilfulObject::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
+    parameters = ScriptedParameters::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
       parameters = {};
-      return AnswerAs(tested, property, result);
+      return ReturnProperty(tested, property, result);
     });
-    // Called as a script would call it, which passes its variable itself.
+    // The argument has no reference of its own, as when a script passes its variable.
     VARIANT argument = {};
     argument.vt = VT_DISPATCH;
     argument.pdispVal = parameters.get();
     EXPECT_EQ(tested.Refused(), InvokeRaw(subject.report().get(), tested.method, DISPATCH_METHOD, {argument}).failure);
     EXPECT_FALSE(parameters);
-    EXPECT_EQ(0, WilfulObject::Alive());
+    EXPECT_EQ(0, ScriptedParameters::Alive());
   });
 }
 
@@ -164,9 +159,9 @@ TEST_F(HostileObjects, TheReportLivesUntilItsCallIsOver) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject&) {
     Ref<IDispatch> report = tested.NewReport();
     ASSERT_EQ(S_OK, Put(report, L"StringConexao", archive_.Connection()).hr);
-    const auto releasing = WilfulObject::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
+    const auto releasing = ScriptedParameters::New([&](const std::wstring& property, VARIANT* result, EXCEPINFO*) {
       report = {};
-      return AnswerAs(tested, property, result);
+      return ReturnProperty(tested, property, result);
     });
     const Var argument(releasing.get());
     EXPECT_EQ(tested.Refused(), InvokeRaw(report.get(), tested.method, DISPATCH_METHOD, {argument.raw()}).failure);
@@ -178,17 +173,16 @@ TEST_F(HostileObjects, BothMayBeReleasedDuringACallThatFails) {
   ForEach(ReadingCases(), [&](const ReportCase& tested, const Subject&) {
     Ref<IDispatch> report = tested.NewReport();
     ASSERT_EQ(S_OK, Put(report, L"StringConexao", archive_.Connection()).hr);
-    Ref<IDispatch> parameters = WilfulObject::New([&](const std::wstring&, VARIANT*, EXCEPINFO*) {
+    Ref<IDispatch> parameters = ScriptedParameters::New([&](const std::wstring&, VARIANT*, EXCEPINFO*) {
       report = {};
       parameters = {};
-      return static_cast<HRESULT>(0x80047777);
+      return kNumberWithoutText;
     });
     VARIANT argument = {};
     argument.vt = VT_DISPATCH;
     argument.pdispVal = parameters.get();
-    EXPECT_EQ(Framed(tested, {0x80047777, L"KodraRpt", L"Erro de automação (80047777)"}),
-              InvokeRaw(report.get(), tested.method, DISPATCH_METHOD, {argument}).failure);
-    EXPECT_EQ(0, WilfulObject::Alive());
+    EXPECT_EQ(Framed(tested, kBareError), InvokeRaw(report.get(), tested.method, DISPATCH_METHOD, {argument}).failure);
+    EXPECT_EQ(0, ScriptedParameters::Alive());
   });
 }
 

@@ -1,21 +1,22 @@
-// The functions that a DLL imports from others, redirected while an ImportTable exists.
+// Functions that a module imports from others, redirected to functions of the test.
 #pragma once
 
 #include <cstring>
-#include <vector>
 
 #include "tests/wine/automation.h"
 #include "tests/wine/environment.h"
+#include "tests/wine/replaced_entries.h"
 
 namespace kodra::face {
 
+// The import table of a module, which stays loaded. The redirections end with this object.
 class ImportTable {
  public:
   explicit ImportTable(const std::wstring& path = DllPath()) : module_(LoadLibraryW(path.c_str())) {}
   ImportTable(const ImportTable&) = delete;
   ImportTable& operator=(const ImportTable&) = delete;
   ~ImportTable() {
-    for (const auto& [entry, original] : redirected_) Exchange(entry, original);
+    entries_.Restore();
     FreeLibrary(module_);
   }
 
@@ -24,22 +25,11 @@ class ImportTable {
   Function Redirect(const char* name, Function function) {
     void** const entry = EntryOf(name);
     EXPECT_NE(nullptr, entry) << name;
-    if (entry == nullptr) return nullptr;
-    redirected_.emplace_back(entry, *entry);
-    const auto original = reinterpret_cast<Function>(*entry);
-    Exchange(entry, reinterpret_cast<void*>(function));
-    return original;
+    return entry == nullptr ? nullptr : entries_.Replace(entry, function);
   }
 
  private:
-  static void Exchange(void** entry, void* function) {
-    DWORD before = 0;
-    VirtualProtect(entry, sizeof(void*), PAGE_READWRITE, &before);
-    *entry = function;
-    VirtualProtect(entry, sizeof(void*), before, &before);
-  }
-
-  // The place in the table of a function's address.
+  // The entry of an imported function; null when the module does not import it.
   void** EntryOf(const char* name) const {
     auto* const base = reinterpret_cast<unsigned char*>(module_);
     const auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
@@ -59,7 +49,7 @@ class ImportTable {
   }
 
   HMODULE module_;
-  std::vector<std::pair<void**, void*>> redirected_;
+  ReplacedEntries entries_;
 };
 
 }  // namespace kodra::face

@@ -1,5 +1,6 @@
-// The module reports over the client's connection: main modules only and each of them once, an unchanged connection,
-// and rows that stay with the client.
+// The module reports on a client's connection: they list only main modules, each of them once, leave the connection as
+// it is, and hold the rows in the client's memory.
+#include "ado/adoint.h"
 #include "tests/rows/module_rows.h"
 #include "tests/wine/report_rows.h"
 
@@ -9,9 +10,6 @@ namespace {
 using rows::ExpectExactly;
 using rows::ExpectRows;
 using rows::Listed;
-
-constexpr int kOpen = 1;
-constexpr int kClientSide = 3;
 
 class ModuleRowsOverConexao : public rows::OnBothEngines {
  protected:
@@ -72,7 +70,7 @@ TEST_P(ModuleRowsOverConexao, OfListingsAreMainModulesOnly) {
   ExpectRows(Result(L"RelatoriosModulos"), rows::AllModules({}, Listed::kMainOnly));
 }
 
-TEST_P(ModuleRowsOverConexao, OfListingsAreFilteredAsWell) {
+TEST_P(ModuleRowsOverConexao, OfListingsAreFiltered) {
   const Properties filters = {{L"CodDepto", L"005"}, {L"ModoPregresso", true}};
   const rows::ModuleFilter filter{.department = L"005", .backCatalogue = true};
   EXPECT_EQ(1U, rows::DiscardedModules(filter, Listed::kMainOnly).rows.size());
@@ -97,13 +95,13 @@ TEST_P(ModuleRowsOverConexao, OfOneModuleAreTheSame) {
 
 TEST_P(ModuleRowsOverConexao, LeaveTheClientsConnectionOpenAndUnchanged) {
   const auto state = [&] {
-    Names values;
+    Texts values;
     for (const wchar_t* property : {L"ConnectionString", L"State", L"CursorLocation"})
       values.push_back(Got(Get(connection_, property)).text().value());
     return values;
   };
-  const Names before = state();
-  EXPECT_EQ(std::to_wstring(kOpen), before[1]);
+  const Texts before = state();
+  EXPECT_EQ(std::to_wstring(adStateOpen), before[1]);
   for (const auto& [method, properties] : Methods()) {
     SCOPED_TRACE(testing::PrintToString(std::wstring(method)));
     EXPECT_FALSE(Result(method, properties).rows.empty());
@@ -120,7 +118,7 @@ TEST_P(ModuleRowsOverConexao, LeaveTheConnectionOpenAfterAFailureToo) {
   EXPECT_EQ(Framed(L"CCaixaRpt::EtiquetaFechamentoSubordinada",
                    L"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo ZZ999"),
             outcome.failure);
-  EXPECT_EQ(kOpen, Got(Get(connection_, L"State")).number());
+  EXPECT_EQ(adStateOpen, Got(Get(connection_, L"State")).number());
   EXPECT_FALSE(Result(L"ModulosExcluidos").rows.empty());
 }
 
@@ -129,7 +127,7 @@ TEST_P(ModuleRowsOverConexao, AreHeldByTheClientAndReadWithoutTheirConnection) {
     SCOPED_TRACE(testing::PrintToString(std::wstring(method)));
     const Table whole = Result(method, properties);
     const auto held = Open(method, properties);
-    EXPECT_EQ(kClientSide, Got(Get(held, L"CursorLocation")).number());
+    EXPECT_EQ(adUseClient, Got(Get(held, L"CursorLocation")).number());
     EXPECT_EQ(static_cast<int>(whole.rows.size()), Got(Get(held, L"RecordCount")).number());
     ASSERT_EQ(S_OK, PutRef(held, L"ActiveConnection", {}).hr);
     ASSERT_EQ(S_OK, Call(connection_, L"Close").hr);

@@ -1,13 +1,5 @@
-// What the module reports have beyond the other classes: the DebugLog event and the client's connection.
-// clang-format off
-#include <windows.h>
-#include <ocidl.h>
-#include <olectl.h>
-#include <kodrarpt.h>
-// clang-format on
-
-#include <functional>
-
+// The DebugLog event of the module reports, and their connection object.
+#include "tests/wine/event_sink.h"
 #include "tests/wine/foreign_object.h"
 #include "tests/wine/report_rows.h"
 #include "tests/wine/stand_in.h"
@@ -15,70 +7,25 @@
 namespace kodra::face {
 namespace {
 
-// Receives the event: keeps each line, then runs the test's action.
-class Listener final : public IDispatch {
- public:
-  static Ref<Listener> New() { return Ref<Listener>::Owning(new Listener); }
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = nullptr;
-    if (succeedsWithNothing) return S_OK;
-    *object = iid == IID_IUnknown || (iid == IID_IDispatch && isDispatch) ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD kind, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
-                      UINT*) override {
-    EXPECT_EQ(1, event);
-    EXPECT_EQ(DISPATCH_METHOD, kind);
-    EXPECT_EQ(1U, arguments->cArgs);
-    EXPECT_EQ(VT_BYREF | VT_BSTR, arguments->rgvarg[0].vt);
-    lines.emplace_back(*arguments->rgvarg[0].pbstrVal);
-    // A sink may write to its argument; nobody else sees it.
-    SysReAllocString(arguments->rgvarg[0].pbstrVal, L"mudada");
-    return then();
-  }
-
-  ULONG references = 1;
-  bool isDispatch = true;
-  bool succeedsWithNothing = false;
-  Names lines;
-  std::function<HRESULT()> then = [] { return S_OK; };
-
- private:
-  Listener() = default;
-  ~Listener() = default;
-};
-
 class ModuleEvents : public testing::Test {
  protected:
   ModuleEvents() {
     EXPECT_EQ(S_OK, CoCreateInstance(__uuidof(::CCaixaRpt), nullptr, CLSCTX_INPROC_SERVER, __uuidof(ICCaixaRpt),
                                      report_.put_void()));
     container_ = report_.As<IConnectionPointContainer>();
-    EXPECT_EQ(S_OK, container_->FindConnectionPoint(__uuidof(DCCaixaRptEvents), point_.put()));
+    point_ = EventsOf(report_);
   }
 
-  DWORD Advise(const Ref<Listener>& listener) {
+  DWORD Advise(const Ref<EventSink>& sink) {
     DWORD cookie = 0;
-    EXPECT_EQ(S_OK, point_->Advise(listener.get(), &cookie));
+    EXPECT_EQ(S_OK, point_->Advise(sink.get(), &cookie));
     EXPECT_NE(0U, cookie);
     return cookie;
   }
-  // Makes the report write one line to its log.
+  // Runs a report that fails; its error is the one line that it announces.
   void Fail() {
     Ref<IDispatch> rows;
-    EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), report_->EtiquetaDivisoria(nullptr, rows.put()));
+    EXPECT_EQ(kReportError, report_->EtiquetaDivisoria(nullptr, rows.put()));
   }
 
   Ref<ICCaixaRpt> report_;
@@ -86,42 +33,38 @@ class ModuleEvents : public testing::Test {
   Ref<IConnectionPoint> point_;
 };
 
-const std::wstring kLine =
-    L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211506 em KodraRpt.CCaixaRpt::InicializaPS: "
-    L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.";
-
 TEST_F(ModuleEvents, ReachEverySinkAsTheyWereSent) {
-  const auto one = Listener::New();
-  const auto other = Listener::New();
+  const auto one = EventSink::New();
+  const auto other = EventSink::New();
   Advise(one);
   Advise(other);
   Fail();
-  EXPECT_EQ(Names{kLine}, one->lines);
-  EXPECT_EQ(Names{kLine}, other->lines);
+  EXPECT_EQ(Texts{kLineWithoutConnection}, one->lines);
+  EXPECT_EQ(Texts{kLineWithoutConnection}, other->lines);
 }
 
 TEST_F(ModuleEvents, ReachTheNextSinkWhenOneFails) {
-  const auto failing = Listener::New();
-  failing->then = [] { return E_FAIL; };
-  const auto next = Listener::New();
+  const auto failing = EventSink::New();
+  failing->afterLine = [] { return E_FAIL; };
+  const auto next = EventSink::New();
   Advise(failing);
   Advise(next);
   Fail();
-  EXPECT_EQ(Names{kLine}, failing->lines);
-  EXPECT_EQ(Names{kLine}, next->lines);
+  EXPECT_EQ(Texts{kLineWithoutConnection}, failing->lines);
+  EXPECT_EQ(Texts{kLineWithoutConnection}, next->lines);
 }
 
 TEST_F(ModuleEvents, LetASinkUnadviseItselfWhileItIsCalled) {
-  const auto leaving = Listener::New();
-  const auto staying = Listener::New();
+  const auto leaving = EventSink::New();
+  const auto staying = EventSink::New();
   const DWORD cookie = Advise(leaving);
-  leaving->then = [&] { return point_->Unadvise(cookie); };
+  leaving->afterLine = [&] { return point_->Unadvise(cookie); };
   Advise(staying);
   Fail();
   Fail();
-  EXPECT_EQ(Names{kLine}, leaving->lines);
-  EXPECT_EQ((Names{kLine, kLine}), staying->lines);
-  EXPECT_EQ(1U, leaving->references);
+  EXPECT_EQ(Texts{kLineWithoutConnection}, leaving->lines);
+  EXPECT_EQ((Texts{kLineWithoutConnection, kLineWithoutConnection}), staying->lines);
+  EXPECT_EQ(1U, leaving->References());
 }
 
 TEST_F(ModuleEvents, LeaveTheReportOnItsDatabaseWhenASinkRunsItOnAnother) {
@@ -130,16 +73,16 @@ TEST_F(ModuleEvents, LeaveTheReportOnItsDatabaseWhenASinkRunsItOnAnother) {
   const auto run = [&](const wchar_t* method) {
     return ReadAll(Got(Call(report, method, {Var(parameters.get())})).object());
   };
-  const auto listener = Listener::New();
-  Advise(listener);
+  const auto sink = EventSink::New();
+  Advise(sink);
   for (const Engine engine : {Engine::kSqlite, Engine::kMariaDb}) {
     const Engine other = engine == Engine::kSqlite ? Engine::kMariaDb : Engine::kSqlite;
     ASSERT_EQ(S_OK, Put(report, L"StringConexao", ConnectionOn(engine)).hr);
-    listener->then = [] { return S_OK; };
+    sink->afterLine = [] { return S_OK; };
     const Table undisturbed = run(L"EtiquetaFechamentoSubordinada");
     EXPECT_EQ(3U, undisturbed.rows.size());
     std::size_t inner = 0;
-    listener->then = [&] {
+    sink->afterLine = [&] {
       Put(report, L"StringConexao", ConnectionOn(other));
       inner += run(L"EtiquetaDivisoria").rows.size();
       return Put(report, L"StringConexao", ConnectionOn(engine)).hr;
@@ -150,46 +93,61 @@ TEST_F(ModuleEvents, LeaveTheReportOnItsDatabaseWhenASinkRunsItOnAnother) {
 }
 
 TEST_F(ModuleEvents, EndWithUnadviseWhichKnowsEachCookieOnce) {
-  const auto listener = Listener::New();
-  const DWORD cookie = Advise(listener);
-  EXPECT_EQ(2U, listener->references);
+  const auto sink = EventSink::New();
+  const DWORD cookie = Advise(sink);
+  EXPECT_EQ(2U, sink->References());
   EXPECT_EQ(S_OK, point_->Unadvise(cookie));
-  EXPECT_EQ(1U, listener->references);
+  EXPECT_EQ(1U, sink->References());
   EXPECT_EQ(CONNECT_E_NOCONNECTION, point_->Unadvise(cookie));
   EXPECT_EQ(CONNECT_E_NOCONNECTION, point_->Unadvise(0));
   Fail();
-  EXPECT_EQ(Names{}, listener->lines);
+  EXPECT_EQ(Texts{}, sink->lines);
 }
+
+// A sink whose IDispatch cannot be had: QueryInterface returns this code for it, and no interface.
+class SinkWithoutDispatch final : public EventSink {
+ public:
+  static Ref<EventSink> New(HRESULT hr) { return Ref<EventSink>::Owning(new SinkWithoutDispatch(hr)); }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    if (iid != IID_IDispatch) return EventSink::QueryInterface(iid, object);
+    *object = nullptr;
+    return hr_;
+  }
+
+ private:
+  explicit SinkWithoutDispatch(HRESULT hr) : hr_(hr) {}
+
+  HRESULT hr_;
+};
 
 TEST_F(ModuleEvents, RefuseASinkThatCannotBeCalled) {
-  const auto listener = Listener::New();
-  listener->isDispatch = false;
-  DWORD cookie = 7;
-  EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point_->Advise(listener.get(), &cookie));
-  EXPECT_EQ(0U, cookie);
-  EXPECT_EQ(1U, listener->references);
-  EXPECT_EQ(E_POINTER, point_->Advise(nullptr, &cookie));
-  EXPECT_EQ(E_POINTER, point_->Advise(listener.get(), nullptr));
+  for (const HRESULT hr : {E_NOINTERFACE, S_OK}) {
+    const auto sink = SinkWithoutDispatch::New(hr);
+    DWORD cookie = 7;
+    EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point_->Advise(sink.get(), &cookie));
+    EXPECT_EQ(0U, cookie);
+    EXPECT_EQ(1U, sink->References());
+    Fail();
+    EXPECT_EQ(Texts{}, sink->lines);
+  }
 }
 
-TEST_F(ModuleEvents, RefuseASinkThatSucceedsWithoutReturningAnInterface) {
-  const auto listener = Listener::New();
-  listener->succeedsWithNothing = true;
+TEST_F(ModuleEvents, RefuseNoSinkAndNoPlaceForTheCookie) {
+  const auto sink = EventSink::New();
   DWORD cookie = 7;
-  EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point_->Advise(listener.get(), &cookie));
-  EXPECT_EQ(0U, cookie);
-  EXPECT_EQ(1U, listener->references);
-  Fail();
-  EXPECT_EQ(Names{}, listener->lines);
+  EXPECT_EQ(E_POINTER, point_->Advise(nullptr, &cookie));
+  EXPECT_EQ(E_POINTER, point_->Advise(sink.get(), nullptr));
+  EXPECT_EQ(1U, sink->References());
 }
 
 TEST_F(ModuleEvents, ReleaseTheirSinksWithTheReport) {
-  const auto listener = Listener::New();
-  Advise(listener);
+  const auto sink = EventSink::New();
+  Advise(sink);
   EXPECT_EQ(2U, container_.Release());
   EXPECT_EQ(1U, point_.Release());
   EXPECT_EQ(0U, report_.Release());
-  EXPECT_EQ(1U, listener->references);
+  EXPECT_EQ(1U, sink->References());
 }
 
 TEST_F(ModuleEvents, HaveOneConnectionPointThatReturnsItsContainer) {
@@ -214,8 +172,8 @@ TEST_F(ModuleEvents, HaveOneConnectionPointThatReturnsItsContainer) {
 }
 
 TEST_F(ModuleEvents, AreListedToTheEndAndNotBeyondHoweverManyAreSkipped) {
-  const auto listener = Listener::New();
-  const DWORD cookie = Advise(listener);
+  const auto sink = EventSink::New();
+  const DWORD cookie = Advise(sink);
   Ref<IEnumConnections> connections;
   ASSERT_EQ(S_OK, point_->EnumConnections(connections.put()));
   EXPECT_EQ(S_FALSE, connections->Skip(5));
@@ -241,8 +199,8 @@ TEST_F(ModuleEvents, HaveNoPointForAnotherInterface) {
 }
 
 TEST_F(ModuleEvents, ListTheirSinksInTheOrderOfAdvise) {
-  const auto one = Listener::New();
-  const auto other = Listener::New();
+  const auto one = EventSink::New();
+  const auto other = EventSink::New();
   const DWORD first = Advise(one);
   const DWORD second = Advise(other);
   EXPECT_NE(first, second);
@@ -257,40 +215,137 @@ TEST_F(ModuleEvents, ListTheirSinksInTheOrderOfAdvise) {
   EXPECT_EQ(second, data[1].dwCookie);
   EXPECT_EQ(static_cast<IUnknown*>(other.get()), data[1].pUnk);
   for (const CONNECTDATA& each : data) each.pUnk->Release();
-  // A clone continues at its original's position, and keeps its list.
+  // A clone begins at the position of its original, here the end, and keeps the list alive.
   Ref<IEnumConnections> clone;
   ASSERT_EQ(S_OK, connections->Clone(clone.put()));
   EXPECT_EQ(S_FALSE, clone->Next(1, data, &count));
   EXPECT_EQ(0U, count);
   EXPECT_EQ(0U, clone.Release());
   EXPECT_EQ(0U, connections.Release());
-  EXPECT_EQ(2U, one->references);
+  EXPECT_EQ(2U, one->References());
   point_->Unadvise(first);
   point_->Unadvise(second);
 }
 
+// Sinks that change the list of sinks while the report calls or releases them.
+class EventSinks : public ModuleEvents {};
+
+TEST_F(EventSinks, OneThatAnotherUnadvisesStillReceivesTheCurrentLine) {
+  const auto remover = EventSink::New();
+  const auto removed = EventSink::New();
+  Advise(remover);
+  const DWORD cookie = Advise(removed);
+  remover->afterLine = [&] { return point_->Unadvise(cookie); };
+  Fail();
+  EXPECT_EQ(1U, remover->lines.size());
+  EXPECT_EQ(1U, removed->lines.size());
+  EXPECT_EQ(1U, removed->References());
+  Fail();
+  EXPECT_EQ(2U, remover->lines.size());
+  EXPECT_EQ(1U, removed->lines.size());
+}
+
+TEST_F(EventSinks, OneThatAnotherAdvisesReceivesTheLinesAfterTheCurrentOne) {
+  const auto adviser = EventSink::New();
+  const auto advised = EventSink::New();
+  Advise(adviser);
+  adviser->afterLine = [&] {
+    if (adviser->lines.size() == 1) Advise(advised);
+    return S_OK;
+  };
+  Fail();
+  EXPECT_EQ(0U, advised->lines.size());
+  Fail();
+  EXPECT_EQ(2U, adviser->lines.size());
+  EXPECT_EQ(1U, advised->lines.size());
+}
+
+TEST_F(EventSinks, OneThatUnadvisesItselfIsReleasedAfterItsCall) {
+  auto sink = EventSink::New();
+  const auto staying = EventSink::New();
+  const DWORD cookie = Advise(sink);
+  Advise(staying);
+  bool gone = false;
+  bool goneInItsCall = true;
+  sink->afterLine = [&] {
+    // The action itself ends with the sink, so it may not use its captures after Unadvise.
+    bool& result = goneInItsCall;
+    const bool& now = gone;
+    const HRESULT hr = point_->Unadvise(cookie);
+    result = now;
+    return hr;
+  };
+  sink->atEnd = [&] { gone = true; };
+  sink.Release();
+  Fail();
+  EXPECT_FALSE(goneInItsCall);
+  EXPECT_TRUE(gone);
+  EXPECT_EQ(1U, staying->lines.size());
+}
+
+TEST_F(EventSinks, OneThatUnadvisesInItsLastReleaseIsNotListedThen) {
+  auto sink = EventSink::New();
+  const auto other = EventSink::New();
+  const auto staying = EventSink::New();
+  const DWORD cookie = Advise(sink);
+  const DWORD otherCookie = Advise(other);
+  Advise(staying);
+  HRESULT itself = E_UNEXPECTED;
+  HRESULT another = E_UNEXPECTED;
+  sink->atEnd = [&] {
+    itself = point_->Unadvise(cookie);
+    another = point_->Unadvise(otherCookie);
+  };
+  sink.Release();
+  EXPECT_EQ(S_OK, point_->Unadvise(cookie));
+  EXPECT_EQ(CONNECT_E_NOCONNECTION, itself);
+  EXPECT_EQ(S_OK, another);
+  EXPECT_EQ(1U, other->References());
+  Fail();
+  EXPECT_EQ(0U, other->lines.size());
+  EXPECT_EQ(1U, staying->lines.size());
+}
+
+// The sinks use the connection point without a reference to it, so that they do not keep the report alive. A sink that
+// was still listed would be released twice.
+TEST_F(EventSinks, ThoseThatUnadviseWhenTheReportIsReleasedAreNotListedThen) {
+  IConnectionPoint* const point = point_.get();
+  HRESULT results[3] = {};
+  for (HRESULT& result : results) {
+    auto sink = EventSink::New();
+    const DWORD cookie = Advise(sink);
+    sink->atEnd = [&result, point, cookie] { result = point->Unadvise(cookie); };
+    sink.Release();
+  }
+  EXPECT_EQ(2U, container_.Release());
+  EXPECT_EQ(1U, point_.Release());
+  EXPECT_EQ(0U, report_.Release());
+  for (const HRESULT result : results) EXPECT_EQ(CONNECT_E_NOCONNECTION, result);
+}
+
 TEST_F(ModuleEvents, EndWithTheWholeError) {
-  const Outcome outcome = Call(report_.As<IDispatch>(), L"EtiquetaDivisoria", {Var(static_cast<IDispatch*>(nullptr))});
-  EXPECT_EQ((Failure{0x80041FAB, L"KodraRpt.CCaixaRpt::InicializaPS",
+  const Outcome outcome = Call(report_.As<IDispatch>(), L"EtiquetaDivisoria", {Var::Nothing()});
+  EXPECT_EQ((Failure{kReportError, L"KodraRpt.CCaixaRpt::InicializaPS",
                      L"Erro ao gerar dados para o relatório: Uma das propriedades \"Conexao\" ou \"StringConexao\" "
                      L"precisam ser informadas."}),
             outcome.failure);
 }
 
 TEST_F(ModuleEvents, ComeOnceWhenTheLogFails) {
-  const auto listener = Listener::New();
-  Advise(listener);
+  const auto sink = EventSink::New();
+  Advise(sink);
   {
     const StandIn missing(L"VantLog.FnLog", REGDB_E_CLASSNOTREG);
     Fail();
-    EXPECT_EQ(Names{kLine}, listener->lines);
+    EXPECT_EQ(Texts{kLineWithoutConnection}, sink->lines);
   }
-  const auto calls = std::make_shared<Names>();
+  const auto calls = std::make_shared<Texts>();
   const StandIn refusing(L"VantLog.FnLog",
                          [&] { return RecordingObject::New(L"Log", calls, [](auto&&...) { return E_FAIL; }); });
   Fail();
-  EXPECT_EQ((Names{kLine, kLine}), listener->lines);
-  EXPECT_EQ((Names{L"Log.LogFile := ''", L"Log.Ativar := False", L"Log.DebugLog '" + kLine + L"'"}), *calls);
+  EXPECT_EQ((Texts{kLineWithoutConnection, kLineWithoutConnection}), sink->lines);
+  EXPECT_EQ((Texts{L"Log.LogFile := ''", L"Log.Ativar := False", L"Log.DebugLog '" + kLineWithoutConnection + L"'"}),
+            *calls);
 }
 
 TEST_F(ModuleEvents, AClientsConnectionStaysTheSameObject) {
@@ -309,7 +364,7 @@ TEST_F(ModuleEvents, AnObjectThatIsNoConnectionIsRefused) {
   EXPECT_EQ(S_OK, report_->putref_Conexao(connection.get()));
   const auto foreign = ForeignObject::With(L"Nome", L"x");
   const HRESULT hr = report_->putref_Conexao(foreign.get());
-  EXPECT_EQ((Failure{0x800A000D, L"KodraRpt", L"Tipos incompatíveis"}), TakeFailure(hr, report_));
+  EXPECT_EQ((Failure{kTypeMismatch, L"KodraRpt", L"Tipos incompatíveis"}), TakeFailure(hr, report_));
   Ref<IDispatch> kept;
   EXPECT_EQ(S_OK, report_->get_Conexao(kept.put()));
   EXPECT_TRUE(kept);

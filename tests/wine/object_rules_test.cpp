@@ -1,4 +1,4 @@
-// COM's rules for objects, class factories and the DLL itself, kept by every public class.
+// COM's rules for objects, class factories and the DLL itself, which every public class keeps.
 #include <kodrarpt.h>
 #include <objbase.h>
 
@@ -12,14 +12,14 @@ namespace {
 // An interface that no class of the component has.
 const IID kForeignInterface = {0x5c1d0d0a, 0x3b7e, 0x4c0e, {0x8f, 0x10, 0x21, 0x32, 0x43, 0x54, 0x65, 0x76}};
 
-// The test's own objects, separate from those that COM may still hold of the registered DLL.
+// Uses a copy of the DLL, because COM may still hold objects of the registered one.
 class ObjectRules : public testing::Test {
  protected:
   ObjectRules() : copy_(L"regras.dll") {
     EXPECT_TRUE(CopyFileW(DllPath().c_str(), copy_.windowsPath().c_str(), FALSE));
   }
 
-  // Runs a test on a new object of each public class.
+  // Runs `body` on a new object of each public class.
   template <class Body>
   void ForEachClass(Body body) {
     const Server server(copy_.windowsPath());
@@ -30,7 +30,7 @@ class ObjectRules : public testing::Test {
     EXPECT_EQ(S_OK, server.CanUnloadNow());
   }
 
-  OwnFile copy_;
+  TemporaryFile copy_;
 };
 
 TEST_F(ObjectRules, AnUnknownInterfaceIsRefusedAndTheOutPointerIsNull) {
@@ -147,14 +147,15 @@ TEST_F(ObjectRules, AnAbsentResultIsRefusedWithoutTheErrorOfAnEarlierCall) {
   EXPECT_EQ(S_FALSE, GetErrorInfo(0, info.put()));
 }
 
-// The C++ library reads its per-thread values while an exception passes, which clears the last error on Windows.
+// While an exception is thrown and caught, the C++ runtime reads its values of the thread, and on Windows this clears
+// the last error.
 TEST_F(ObjectRules, AFailedCallLeavesTheThreadsLastErrorUnchanged) {
   const Server server(copy_.windowsPath());
   const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));
   for (int call = 0; call < 2; ++call) {
     Ref<IDispatch> rows;
     SetLastError(ERROR_ARENA_TRASHED);
-    EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), report->RelatorioDeptos(nullptr, rows.put()));
+    EXPECT_EQ(kReportError, report->RelatorioDeptos(nullptr, rows.put()));
     EXPECT_EQ(static_cast<DWORD>(ERROR_ARENA_TRASHED), GetLastError());
   }
 }

@@ -1,4 +1,4 @@
-// The component's classes as this program itself contains them.
+// The component's classes that are linked into this test program.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace kodra::face {
 
-// While it exists, every public class that this process creates is the program's and not the registered DLL's.
+// While it exists, this process creates every public class from this program and not from the registered DLL.
 class OwnClasses {
  public:
   OwnClasses() {
@@ -19,7 +19,7 @@ class OwnClasses {
           com::ProgId(entry), [&entry] { return Ref<IDispatch>::Owning(static_cast<IDispatch*>(entry.create())); }));
   }
 
-  // Whether one of their objects is alive.
+  // Whether an object of these classes is alive.
   static bool AnyAlive() { return comkit::ModuleInUse(); }
 
  private:

@@ -1,7 +1,8 @@
-// What a client may pass to a report as its parameter object.
+// What a client may pass to a report as its parameter object, and what such an object may do while a report reads it.
+#include "tests/rows/differences.h"
 #include "tests/rows/driver.h"
 #include "tests/wine/foreign_object.h"
-#include "tests/wine/rows.h"
+#include "tests/wine/report_rows.h"
 
 namespace kodra::face {
 namespace {
@@ -22,10 +23,45 @@ TEST(CatalogRows, AParameterObjectOfAnotherReportServesAReportThatReadsNone) {
 }
 
 TEST(OperatorsParameterObject, ThatIsNothingIsAnErrorBeforeTheFirstStep) {
-  EXPECT_EQ(
-      (Failure{0x80041FAB, L"KodraRpt.COperadorRpt::RelatorioOperadores", L"Erro : Objeto não definido."}),
-      RunReport(L"COperadorRpt", L"RelatorioOperadores", Var(static_cast<IDispatch*>(nullptr)), ArchiveConnection())
-          .failure);
+  EXPECT_EQ((Failure{kReportError, L"KodraRpt.COperadorRpt::RelatorioOperadores", L"Erro : Objeto não definido."}),
+            RunReport(L"COperadorRpt", L"RelatorioOperadores", Var::Nothing(), ArchiveConnection()).failure);
+}
+
+// A parameter object of the client that runs a report on another database while a report reads it.
+class NestedCalls : public OnBothDatabases {
+ protected:
+  Engine Other() const { return GetParam() == Engine::kSqlite ? Engine::kMariaDb : Engine::kSqlite; }
+  // The expired media for a parameter object that runs `action` each time the report reads it.
+  Table ExpiredMedia(const std::function<void()>& action) const {
+    const auto parameters = ForeignObject::With(L"TipoRpt", [action](VARIANT* result, EXCEPINFO*) {
+      action();
+      return Var(L"V").CopyTo(result);
+    });
+    return ReadAll(Got(RunReport(L"CCDRpt", L"RelatorioMidias", Var(parameters.get()), Connection())).object());
+  }
+};
+INSTANTIATE_TEST_SUITE_P(, NestedCalls, rows::BothEngines(), rows::EngineName);
+
+TEST_P(NestedCalls, OfAClientsParameterObjectLeaveTheReportOnItsDatabase) {
+  const Table undisturbed = ExpiredMedia([] {});
+  EXPECT_EQ(rows::AddsNoYearsToADate(GetParam()), undisturbed.rows.empty());
+  const ArchiveClient other(Other());
+  const Table disturbed = ExpiredMedia([&] { other.RowsOf(L"CCDRpt", L"RelatorioMidias", {{L"TipoRpt", L"V"}}); });
+  EXPECT_EQ(undisturbed.columns, disturbed.columns);
+  EXPECT_EQ(undisturbed.rows, disturbed.rows);
+}
+
+TEST_P(NestedCalls, OfAClientsParameterObjectThatFailLeaveTheReportOnItsDatabase) {
+  const Table undisturbed = ExpiredMedia([] {});
+  const ArchiveClient other(Other());
+  const Table disturbed = ExpiredMedia([&] {
+    EXPECT_EQ(
+        Framed(L"CModeloRpt::RelatorioModelos", L"O objeto de parâmetros não tem a propriedade \"CodModelo\"."),
+        RunReport(L"CModeloRpt", L"RelatorioModelos", Var(Create(L"KodraRpt.CCDRptObj").get()), other.Connection())
+            .failure);
+  });
+  EXPECT_EQ(undisturbed.columns, disturbed.columns);
+  EXPECT_EQ(undisturbed.rows, disturbed.rows);
 }
 
 }  // namespace

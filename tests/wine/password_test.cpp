@@ -1,12 +1,10 @@
-// The connection's password is in nothing that a client sees, receives or finds in the log, whichever report fails and
-// however the connection is refused.
-#include <fstream>
+// No error, event or log line contains the connection's password, whichever report fails and however the connection is
+// refused.
 #include <iostream>
-#include <iterator>
 
+#include "tests/wine/event_sink.h"
 #include "tests/wine/fake_databases.h"
 #include "tests/wine/hostile_client.h"
-#include "tests/wine/stand_in.h"
 
 namespace kodra::face {
 namespace {
@@ -15,7 +13,7 @@ using tests::kSecret;
 
 class Passwords : public Hostile {
  protected:
-  // Connection strings that contain the password and lead to no rows; more may be added to their ends.
+  // Connection strings that contain the password and that no report returns rows for.
   std::vector<std::wstring> Refused() const {
     const std::wstring archive = archive_.Connection();
     std::wstring wrong = Variable(L"KODRA_MYSQL");
@@ -30,82 +28,68 @@ class Passwords : public Hostile {
         L"PWD={" + kSecret,
         wrong,
         quoted,
-        // Where the siblings, which do not read through ADO, find no database either.
-        Pretended(System::kSqlServer) + L";" + PretendDatabases::kRefuseConnection,
-        Pretended(System::kSqlServer) + L";" + PretendDatabases::kRefuseStatement,
+        // The siblings, which do not use ADO, find no database with these either.
+        FakeConnection(System::kSqlServer) + L";" + FakeDatabases::kRefuseConnection,
+        FakeConnection(System::kSqlServer) + L";" + FakeDatabases::kRefuseStatement,
         L"Provider=IBMDADB2;Data Source=nada;pwd = \"antes;" + kSecret + L"\";Simulado=1;Recusa=conexao",
         L"Provider=MSDAORA;Data Source=nada;Password='" + kSecret + L"';Simulado=1;Recusa=comando",
     };
   }
 
-  static void ExpectSilent(const std::wstring& text) {
-    // The text itself is not shown, because that would print the password.
+  static void ExpectNoPassword(const std::wstring& text) {
+    // The failure does not show the text, which would print the password.
     EXPECT_EQ(std::wstring::npos, text.find(kSecret));
   }
-  void ExpectSilentLog() const {
-    const std::wstring path = log_.windowsPath();
-    std::ifstream log(std::string(path.begin(), path.end()), std::ios::binary);
-    const std::string lines{std::istreambuf_iterator<char>(log), {}};
+  void ExpectLogWithoutPassword() const {
+    const std::string lines = BytesOf(log_.windowsPath());
     EXPECT_NE(std::string::npos, lines.find("saindo com o erro"));
     EXPECT_EQ(std::string::npos, lines.find(std::string(kSecret.begin(), kSecret.end())));
   }
 
-  // Lets the report write its log to a file and send its lines to `lines`.
-  void Listen(const Ref<IDispatch>& report, Names& lines) const {
-    EXPECT_EQ(S_OK, Put(report, L"LogFile", log_.windowsPath()).hr);
-    const auto sink = RecordingObject::New(L"Ouvinte", std::make_shared<Names>(),
-                                           [&](const auto&, const std::vector<Var>& arguments, VARIANT*, EXCEPINFO*) {
-                                             lines.push_back(arguments.at(0).text().value());
-                                             return S_OK;
-                                           });
-    EXPECT_EQ(1, IdOf(sink.get(), L"DebugLog"));
-    Ref<IConnectionPoint> point;
-    DWORD cookie = 0;
-    EXPECT_EQ(S_OK,
-              report.As<IConnectionPointContainer>()->FindConnectionPoint(__uuidof(DCCaixaRptEvents), point.put()));
-    EXPECT_EQ(S_OK, point->Advise(sink.get(), &cookie));
-  }
-
-  // A failing call of a case on a connection string.
+  // Runs a case on a connection string that is refused.
   void ExpectRefused(const ReportCase& tested, const std::wstring& connection) {
-    Names lines;
     const auto report = tested.NewReport();
-    const bool isModule = tested.report == std::wstring(L"CCaixaRpt");
-    if (isModule) Listen(report, lines);
+    const auto sink = EventSink::New();
+    const bool isModule = tested.IsOf(L"CCaixaRpt");
+    if (isModule) {
+      DWORD cookie = 0;
+      EXPECT_EQ(S_OK, Put(report, L"LogFile", log_.windowsPath()).hr);
+      EXPECT_EQ(S_OK, EventsOf(report)->Advise(sink.get(), &cookie));
+    }
     EXPECT_EQ(S_OK, Put(report, L"StringConexao", connection).hr);
     const Outcome outcome = Call(report, tested.method, {Var(tested.NewParameters().get())});
     ++failures_;
     EXPECT_EQ(DISP_E_EXCEPTION, outcome.hr);
-    ExpectSilent(outcome.failure.source);
-    ExpectSilent(outcome.failure.description);
-    for (const std::wstring& line : lines) ExpectSilent(line);
-    EXPECT_EQ(isModule && tested.method != std::wstring(L"DocsNoModuloSubRpt"), !lines.empty());
+    ExpectNoPassword(outcome.failure.source);
+    ExpectNoPassword(outcome.failure.description);
+    for (const std::wstring& line : sink->lines) ExpectNoPassword(line);
+    EXPECT_EQ(isModule && !tested.HasNoFrame(), !sink->lines.empty());
     EXPECT_EQ(connection, Got(Get(report, L"StringConexao")).text());
   }
 
-  const OwnFile empty_{L"vazio.db"};
-  const OwnFile log_{L"senha.log"};
+  const TemporaryFile empty_{L"vazio.db"};
+  const TemporaryFile log_{L"senha.log"};
   int failures_ = 0;
 };
 
-TEST_F(Passwords, AreInNoErrorNoEventAndNoLogLineOfAnyReport) {
-  const PretendDatabases databases;
+TEST_F(Passwords, AreInNoErrorEventOrLogLineOfAnyReport) {
+  const FakeDatabases databases;
   empty_.CreateEmpty();
   for (const std::wstring& connection : Refused())
-    for (const ReportCase& tested : ReportCases()) {
+    for (const ReportCase& tested : CasesOnStrings()) {
       SCOPED_TRACE(testing::PrintToString(tested.Source()));
-      if (!tested.onConexao) ExpectRefused(tested, connection);
+      ExpectRefused(tested, connection);
       if (HasFailure()) return;
     }
-  ExpectSilentLog();
-  std::cout << "[   NOTE   ] " << failures_ << " connections refused in secret" << std::endl;
+  ExpectLogWithoutPassword();
+  std::cout << "[   NOTE   ] " << failures_ << " refused connections" << std::endl;
 }
 
 TEST_F(Passwords, AreThreeAsterisksInAMessageThatRepeatsTheConnectionString) {
-  const PretendDatabases databases;
+  const FakeDatabases databases;
   const auto report = Create(L"KodraRpt.CDeptoRpt");
-  Put(report, L"StringConexao", Pretended(System::kSqlServer) + L";" + PretendDatabases::kRefuseConnection);
-  EXPECT_EQ((Failure{0x80041FAB, L"KodraRpt.CDeptoRpt::RelatorioDeptos",
+  Put(report, L"StringConexao", FakeConnection(System::kSqlServer) + L";" + FakeDatabases::kRefuseConnection);
+  EXPECT_EQ((Failure{kReportError, L"KodraRpt.CDeptoRpt::RelatorioDeptos",
                      L"Erro ao gerar dados para o relatório: [modADO.AbreCn]: [Provedor simulado]: Recusado: "
                      L"Provider=SQLNCLI11;Server=acervo;Uid=arquivo;Pwd=***;Simulado=1;Recusa=conexao;"
                      L"Persist Security Info=True;"}),

@@ -1,4 +1,4 @@
-// An executable file of the tests' own kind, 32-bit or 64-bit, read from the disk: headers, imports and exports.
+// An executable file, 32-bit or 64-bit like the tests themselves, as it is on the disk: headers, imports and exports.
 #pragma once
 
 #include <windows.h>
@@ -11,19 +11,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/wine/environment.h"
+
 namespace kodra::face {
 
 class PeFile {
  public:
-  explicit PeFile(const std::wstring& path) {
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) throw std::runtime_error("cannot open the file");
-    bytes_.resize(GetFileSize(file, nullptr));
-    DWORD count = 0;
-    ReadFile(file, bytes_.data(), static_cast<DWORD>(bytes_.size()), &count, nullptr);
-    CloseHandle(file);
-    if (count != bytes_.size() || At<IMAGE_DOS_HEADER>(0).e_magic != IMAGE_DOS_SIGNATURE)
-      throw std::runtime_error("no executable file");
+  explicit PeFile(const std::wstring& path) : bytes_(BytesOf(path)) {
+    if (bytes_.empty()) throw std::runtime_error("cannot read the file");
+    if (At<IMAGE_DOS_HEADER>(0).e_magic != IMAGE_DOS_SIGNATURE) throw std::runtime_error("no executable file");
   }
 
   std::size_t Size() const { return bytes_.size(); }
@@ -33,7 +29,7 @@ class PeFile {
   }
 
   // Whether the file contains a text anywhere.
-  bool Holds(const std::string& text) const {
+  bool Contains(const std::string& text) const {
     return std::search(bytes_.begin(), bytes_.end(), text.begin(), text.end()) != bytes_.end();
   }
 
@@ -83,7 +79,7 @@ class PeFile {
   }
   std::string Text(DWORD address) const { return std::string(&At<char>(Offset(address))); }
 
-  std::vector<unsigned char> bytes_;
+  std::string bytes_;
 };
 
 }  // namespace kodra::face

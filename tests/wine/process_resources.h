@@ -1,4 +1,4 @@
-// The resources that a process holds: its handles, and the blocks of its heaps.
+// The resources of this process: its handles and the memory of its heaps.
 #pragma once
 
 // clang-format off
@@ -11,8 +11,7 @@
 
 namespace kodra::face {
 
-// The number of handles that this process has open. GetProcessHandleCount always returns 0 in Wine, but the system's
-// list of all handles is available.
+// The number of open handles, from the system's list of all handles: GetProcessHandleCount always returns 0 in Wine.
 inline std::size_t OpenHandles() {
   struct Entry {
     ULONG process;
@@ -41,8 +40,8 @@ inline std::size_t OpenHandles() {
   return own;
 }
 
-// The bytes in use in all heaps of this process. Small blocks are counted in groups: a whole group counts as soon as
-// one of its blocks is in use.
+// The number of bytes in use in all heaps. Small blocks are in groups, and a group counts as a whole as soon as one of
+// its blocks is in use.
 inline std::size_t HeapBytes() {
   std::array<HANDLE, 64> heaps = {};
   const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());

@@ -1,4 +1,4 @@
-// Every public class by its ProgID, and the effects of its members for a client that calls them by name.
+// Every public class by its ProgID, and its members as a client calls them by name.
 #include "tests/wine/automation.h"
 #include "tests/wine/public_face.h"
 #include "tests/wine/server.h"
@@ -65,8 +65,7 @@ TEST(ReportObjects, ThePrivateInitialisationAndTheDatabaseCodeAreNoMembers) {
   for (const ReportEntry& entry : ReportClasses()) {
     const auto report = Create(std::wstring(L"KodraRpt.") + entry.name);
     for (const wchar_t* member : {L"InicializaPS", L"TipoBanco"}) {
-      EXPECT_EQ(DISP_E_UNKNOWNNAME, Call(report, member, {Var(static_cast<IDispatch*>(nullptr))}).hr)
-          << testing::PrintToString(entry.name);
+      EXPECT_EQ(DISP_E_UNKNOWNNAME, Call(report, member, {Var::Nothing()}).hr) << testing::PrintToString(entry.name);
     }
   }
 }
@@ -105,12 +104,6 @@ TEST(ReportObjects, AMethodWithoutItsArgumentIsRefused) {
   EXPECT_EQ(DISP_E_BADPARAMCOUNT, Call(report, L"RelatorioDeptos").hr);
 }
 
-// The initial value of each kind of property and the values that it keeps.
-struct Kept {
-  Var given;
-  Var expected;
-};
-
 Var InitialValue(const PropertyEntry& property) {
   switch (property.kind) {
     case Kind::kDate:
@@ -122,7 +115,13 @@ Var InitialValue(const PropertyEntry& property) {
   }
 }
 
-std::vector<Kept> Keeps(Kind kind) {
+// A value that a client assigns to a property, and the value that the property then has.
+struct Assignment {
+  Var given;
+  Var expected;
+};
+
+std::vector<Assignment> AssignmentsTo(Kind kind) {
   switch (kind) {
     case Kind::kDate:
       return {{Var::Date(36526.75), Var::Date(36526.75)}, {Var::Date(-1.5), Var::Date(-1.5)}};
@@ -137,7 +136,7 @@ std::vector<Kept> Keeps(Kind kind) {
   }
 }
 
-TEST(ParameterObjects, EachPropertyStartsAsStated) {
+TEST(ParameterObjects, EachPropertyHasItsInitialValue) {
   for (const ParameterEntry& entry : ParameterClasses()) {
     const auto object = Create(std::wstring(L"KodraRpt.") + entry.name);
     for (const PropertyEntry& property : entry.properties) {
@@ -149,15 +148,15 @@ TEST(ParameterObjects, EachPropertyStartsAsStated) {
   }
 }
 
-TEST(ParameterObjects, EachPropertyKeepsWhatItsRuleMakesOfAValue) {
+TEST(ParameterObjects, EachPropertyKeepsAValueAsItsKindRequires) {
   for (const ParameterEntry& entry : ParameterClasses()) {
     const auto object = Create(std::wstring(L"KodraRpt.") + entry.name);
     for (const PropertyEntry& property : entry.properties) {
-      for (const Kept& kept : Keeps(property.kind)) {
-        EXPECT_EQ(S_OK, Put(object, property.name, kept.given).hr);
+      for (const Assignment& assignment : AssignmentsTo(property.kind)) {
+        EXPECT_EQ(S_OK, Put(object, property.name, assignment.given).hr);
         const Var value = Got(Get(object, property.name));
-        EXPECT_EQ(kept.expected.type(), value.type()) << testing::PrintToString(entry.name) << property.name;
-        EXPECT_EQ(kept.expected.text(), value.text()) << testing::PrintToString(entry.name) << property.name;
+        EXPECT_EQ(assignment.expected.type(), value.type()) << testing::PrintToString(entry.name) << property.name;
+        EXPECT_EQ(assignment.expected.text(), value.text()) << testing::PrintToString(entry.name) << property.name;
       }
     }
   }
@@ -167,9 +166,9 @@ TEST(ParameterObjects, AssigningOnePropertyLeavesTheOthers) {
   for (const ParameterEntry& entry : ParameterClasses()) {
     const auto object = Create(std::wstring(L"KodraRpt.") + entry.name);
     for (const PropertyEntry& property : entry.properties)
-      EXPECT_EQ(S_OK, Put(object, property.name, Keeps(property.kind).front().given).hr);
+      EXPECT_EQ(S_OK, Put(object, property.name, AssignmentsTo(property.kind).front().given).hr);
     for (const PropertyEntry& property : entry.properties)
-      EXPECT_EQ(Keeps(property.kind).front().expected.text(), Got(Get(object, property.name)).text())
+      EXPECT_EQ(AssignmentsTo(property.kind).front().expected.text(), Got(Get(object, property.name)).text())
           << testing::PrintToString(entry.name) << property.name;
   }
 }
@@ -204,8 +203,8 @@ TEST(AboutObject, ReturnsTheFileOfTheComponent) {
 }
 
 TEST(AboutObject, ReturnsTheProgramOfTheSameNameBesideTheComponent) {
-  const OwnFile dll(L"copia.dll");
-  const OwnFile program(L"copia.exe");
+  const TemporaryFile dll(L"copia.dll");
+  const TemporaryFile program(L"copia.exe");
   ASSERT_TRUE(CopyFileW(DllPath().c_str(), dll.windowsPath().c_str(), FALSE)) << GetLastError();
   program.CreateEmpty();
   const Server server(dll.windowsPath());

@@ -1,5 +1,5 @@
-// The public face as clients have compiled it in, written by hand: the type library, the class factory and the registry
-// are compared with it. Ids of released classes never change.
+// The public face as clients have compiled it in. It is written by hand, and the type library, the class factories and
+// the registry are compared with it. The ids of released classes never change.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace kodra::face {
 struct ReportEntry {
   const wchar_t* name;
   const wchar_t* clsid;
-  // In interface order, after the properties.
+  // In the order of the interface, where they follow the properties.
   std::vector<const wchar_t*> methods;
   // The name of each method's argument.
   const wchar_t* argument = L"obj";
@@ -18,7 +18,7 @@ struct ReportEntry {
   const wchar_t* method() const { return methods.front(); }
 };
 
-// The registers' listings: a connection string and one method each.
+// The catalogs: each has a connection string and one method.
 inline const std::vector<ReportEntry>& CatalogReports() {
   static const std::vector<ReportEntry> classes = {
       {L"CCDRpt", L"{33E0FB59-3F03-41D1-851C-690BFA152989}", {L"RelatorioMidias"}},
@@ -37,7 +37,7 @@ inline const std::vector<ReportEntry>& CatalogReports() {
   return classes;
 }
 
-// The other reports; CCaixaRpt has properties of its own.
+// The other reports. Only CCaixaRpt has further properties.
 inline const std::vector<ReportEntry>& OtherReports() {
   static const std::vector<ReportEntry> classes = {
       {L"COperadorRpt", L"{FE88B20B-76BD-4CBD-BE1C-224E474812CC}", {L"RelatorioOperadores"}},

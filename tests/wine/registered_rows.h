@@ -1,4 +1,4 @@
-// The rows of the class registry when the component is registered, written independently of its own code.
+// The rows of the class registry when the component is registered, computed independently of its code.
 #pragma once
 
 #include "tests/wine/public_face.h"
@@ -6,7 +6,7 @@
 
 namespace kodra::face {
 
-// Every row of the classes of a DLL, by the common rule.
+// The rows of every class of a DLL: the same for each class, apart from names and ids.
 inline RegistryLines ClassRows(const std::wstring& dll) {
   RegistryLines rows;
   for (const ClassEntry& entry : PublicClasses()) {
@@ -22,14 +22,14 @@ inline RegistryLines ClassRows(const std::wstring& dll) {
   return rows;
 }
 
-// An interface of the type library, by its id.
-struct Described {
+// An interface of the type library.
+struct InterfaceEntry {
   std::wstring id;
   std::wstring name;
   bool isDual;
 };
-inline std::vector<Described> Interfaces(const std::wstring& dll) {
-  std::vector<Described> interfaces;
+inline std::vector<InterfaceEntry> Interfaces(const std::wstring& dll) {
+  std::vector<InterfaceEntry> interfaces;
   Ref<ITypeLib> library;
   EXPECT_EQ(S_OK, LoadTypeLibEx(dll.c_str(), REGKIND_NONE, library.put()));
   for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
@@ -49,7 +49,7 @@ inline std::vector<Described> Interfaces(const std::wstring& dll) {
   return interfaces;
 }
 
-// What automation writes for a type library and its interfaces in one view of the registry.
+// The rows that automation writes for a type library and its interfaces in one view of the registry.
 inline RegistryLines LibraryRowsOfView(const std::wstring& view, const std::wstring& dll) {
   constexpr const wchar_t* kReadFromAFile = L"8";
   const std::wstring system = sizeof(void*) == 8 ? L"win64" : L"win32";
@@ -66,7 +66,7 @@ inline RegistryLines LibraryRowsOfView(const std::wstring& view, const std::wstr
                         version + L"\\FLAGS|=" + kReadFromAFile,
                         version + L"\\HELPDIR",
                         version + L"\\HELPDIR|=" + folder};
-  // By the type library, and by IDispatch only.
+  // Automation's marshalers: one reads the type library, the other serves only IDispatch.
   constexpr const wchar_t* kDualMarshaler = L"{00020424-0000-0000-C000-000000000046}";
   constexpr const wchar_t* kDispatchMarshaler = L"{00020420-0000-0000-C000-000000000046}";
   for (const auto& [id, name, isDual] : Interfaces(dll)) {
@@ -81,7 +81,7 @@ inline RegistryLines LibraryRowsOfView(const std::wstring& view, const std::wstr
   return rows;
 }
 
-// Everything that automation writes: a 64-bit program does it for 32-bit programs too.
+// All rows that automation writes. In a 64-bit program it writes them for 32-bit programs too.
 inline RegistryLines LibraryRows(const std::wstring& dll) {
   RegistryLines rows = LibraryRowsOfView(L"", dll);
   if (sizeof(void*) == 4) return rows;
@@ -90,14 +90,14 @@ inline RegistryLines LibraryRows(const std::wstring& dll) {
   return rows;
 }
 
-// Rows in the order of a dump.
+// The rows of both lists in the order of a dump.
 inline RegistryLines Sorted(RegistryLines rows, const RegistryLines& more = {}) {
   rows.insert(rows.end(), more.begin(), more.end());
   std::sort(rows.begin(), rows.end());
   return rows;
 }
 
-// Expects no difference, and shows both sides of one.
+// Expects the same rows; a failure shows only those that differ.
 inline void ExpectSame(const RegistryLines& expected, const RegistryLines& actual) {
   EXPECT_EQ(RegistryLines(), Without(expected, actual)) << "missing";
   EXPECT_EQ(RegistryLines(), Without(actual, expected)) << "too much";

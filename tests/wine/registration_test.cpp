@@ -1,4 +1,4 @@
-// What registration writes into the class registry; unregistering removes exactly that.
+// What registration writes into the class registry, and that unregistering removes exactly that.
 #include "tests/wine/registered_rows.h"
 #include "tests/wine/registry_dump.h"
 #include "tests/wine/server.h"
@@ -6,7 +6,7 @@
 namespace kodra::face {
 namespace {
 
-// Dumps the registry without and with the component once; leaves it registered after every test.
+// Dumps the registry once without and once with the component. Registers the component again after every test.
 class Registration : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -29,6 +29,7 @@ class Registration : public testing::Test {
 RegistryLines Registration::absent_;
 RegistryLines Registration::present_;
 
+// The rows of a key and of everything below it.
 RegistryLines Under(const RegistryLines& lines, const std::wstring& key) {
   RegistryLines found;
   std::copy_if(lines.begin(), lines.end(), std::back_inserter(found), [&](const std::wstring& line) {
@@ -73,7 +74,7 @@ TEST_F(Registration, UnregisteringLeavesWhatWasThereBefore) {
   ExpectSame(absent_, DumpClasses());
 }
 
-// Including what an earlier unregistering might have left behind.
+// Not even a trace that an earlier unregistering might have left.
 TEST_F(Registration, UnregisteringLeavesNoTraceOfTheComponent) {
   RegistryLines traces = {L"KODRARPT", std::wstring(kLibraryId)};
   for (const ClassEntry& entry : PublicClasses()) traces.push_back(entry.clsid);
@@ -110,7 +111,7 @@ TEST_F(Registration, WithoutItNoClassIsCreatedByName) {
 }
 
 TEST_F(Registration, AnEarlierFileIsReplacedByTheOneThatRegisters) {
-  const OwnFile copy(L"outra.dll");
+  const TemporaryFile copy(L"outra.dll");
   ASSERT_TRUE(CopyFileW(DllPath().c_str(), copy.windowsPath().c_str(), FALSE));
   const Server other(copy.windowsPath());
   ASSERT_EQ(S_OK, other.Register());
@@ -118,6 +119,7 @@ TEST_F(Registration, AnEarlierFileIsReplacedByTheOneThatRegisters) {
   ExpectSame(present_, DumpClasses());
 }
 
+// The path in 8.3 form.
 std::wstring ShortPath(const std::wstring& path) {
   wchar_t text[MAX_PATH] = {};
   EXPECT_NE(0U, GetShortPathNameW(path.c_str(), text, MAX_PATH));
@@ -130,13 +132,13 @@ std::wstring InUpperCase(std::wstring text) {
   return text;
 }
 
-const std::wstring kDeptoServer = L"CLSID\\{8EAFA4EE-8163-4508-872D-84D4E9420440}\\InprocServer32";
-const std::wstring kGrupoServer = L"CLSID\\{257D4595-3AE2-4DAB-8106-F2A6614121DB}\\InprocServer32";
+const std::wstring kDepartmentsServer = L"CLSID\\{8EAFA4EE-8163-4508-872D-84D4E9420440}\\InprocServer32";
+const std::wstring kGroupsServer = L"CLSID\\{257D4595-3AE2-4DAB-8106-F2A6614121DB}\\InprocServer32";
 const std::wstring kLibraryFile =
     std::wstring(L"TypeLib\\") + kLibraryId + (sizeof(void*) == 8 ? L"\\1.0\\0\\win64" : L"\\1.0\\0\\win32");
 
-// Writes the default value of a key of the classes.
-void Name(const std::wstring& key, const std::wstring& file) {
+// Writes the file of a class or of the type library into the registry.
+void RegisterFile(const std::wstring& key, const std::wstring& file) {
   ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + key).c_str(), nullptr, REG_SZ,
                                            file.c_str(), static_cast<DWORD>((file.size() + 1) * sizeof(wchar_t))));
 }
@@ -151,13 +153,13 @@ TEST_F(Registration, UnregisteringAnEarlierFileLeavesTheOneThatReplacedIt) {
 
 TEST_F(Registration, UnregisteringLeavesTheClassesOfAnotherFile) {
   const std::wstring elsewhere = L"C:\\Outra Pasta\\KodraRpt.dll";
-  Name(kDeptoServer, elsewhere);
+  RegisterFile(kDepartmentsServer, elsewhere);
   ASSERT_EQ(S_OK, server_.Unregister());
   const RegistryLines rows = ClassRows(elsewhere);
   ExpectSame(Sorted(Under(Sorted(rows), L"KodraRpt.CDeptoRpt"),
                     Under(Sorted(rows), L"CLSID\\{8EAFA4EE-8163-4508-872D-84D4E9420440}")),
              Without(DumpClasses(), absent_));
-  Name(kDeptoServer, DllPath());
+  RegisterFile(kDepartmentsServer, DllPath());
   ASSERT_EQ(S_OK, server_.Unregister());
   ExpectSame(absent_, DumpClasses());
 }
@@ -165,7 +167,8 @@ TEST_F(Registration, UnregisteringLeavesTheClassesOfAnotherFile) {
 TEST_F(Registration, UnregisteringLeavesTheTypeLibraryOfAnotherFile) {
   const ServerCopy other(L"biblioteca.dll");
   ASSERT_EQ(S_OK, other->Register());
-  for (const ClassEntry& entry : PublicClasses()) Name(L"CLSID\\" + entry.clsid + L"\\InprocServer32", DllPath());
+  for (const ClassEntry& entry : PublicClasses())
+    RegisterFile(L"CLSID\\" + entry.clsid + L"\\InprocServer32", DllPath());
   ASSERT_EQ(S_OK, server_.Unregister());
   ExpectSame(Sorted(LibraryRows(other.path())), Without(DumpClasses(), absent_));
   ASSERT_EQ(S_OK, other->Unregister());
@@ -175,9 +178,9 @@ TEST_F(Registration, UnregisteringLeavesTheTypeLibraryOfAnotherFile) {
 TEST_F(Registration, UnregisteringRecognisesItsFileByEveryName) {
   const ServerCopy other(L"um nome comprido.dll");
   ASSERT_EQ(S_OK, other->Register());
-  Name(kDeptoServer, InUpperCase(other.path()));
-  Name(kGrupoServer, ShortPath(other.path()));
-  Name(kLibraryFile, ShortPath(InUpperCase(other.path())));
+  RegisterFile(kDepartmentsServer, InUpperCase(other.path()));
+  RegisterFile(kGroupsServer, ShortPath(other.path()));
+  RegisterFile(kLibraryFile, ShortPath(InUpperCase(other.path())));
   ASSERT_EQ(S_OK, other->Unregister());
   ExpectSame(absent_, DumpClasses());
 }

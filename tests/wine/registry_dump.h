@@ -51,7 +51,7 @@ inline void DumpKey(HKEY parent, const std::wstring& name, const std::wstring& p
   RegCloseKey(key);
 }
 
-// Everything below a key, in order.
+// The rows of everything below a key, sorted.
 inline RegistryLines Dump(HKEY root, const std::wstring& key) {
   RegistryLines lines;
   DumpKey(root, key, L"", lines);

@@ -1,4 +1,5 @@
-// The sample archive on one database as its client uses it: the reports run by ProgID and member name.
+// The sample archive on SQLite and on MariaDB for a client that runs reports by ProgID and member name, and copies of
+// it that a test may change.
 //
 //   const ArchiveClient client(Engine::kMariaDb);
 //   const Table supports = client.RowsOf(L"CSuporteRpt", L"RelatorioSuportes");
@@ -15,7 +16,7 @@ inline std::wstring ConnectionOn(Engine engine) {
   return engine == Engine::kSqlite ? ArchiveConnection() : Variable(L"KODRA_MYSQL");
 }
 
-// Values of a parameter object.
+// The properties that a client sets in a parameter object.
 using Properties = std::vector<std::pair<const wchar_t*, Var>>;
 
 inline Ref<IDispatch> ParametersOf(const std::wstring& report, const Properties& properties = {}) {
@@ -23,11 +24,6 @@ inline Ref<IDispatch> ParametersOf(const std::wstring& report, const Properties&
   for (const auto& [name, value] : properties)
     EXPECT_EQ(S_OK, Put(parameters, name, value).hr) << testing::PrintToString(std::wstring(name));
   return parameters;
-}
-
-// An error in the frame that most reports have.
-inline Failure Framed(const std::wstring& source, const std::wstring& cause) {
-  return {0x80041FAB, L"KodraRpt." + source, L"Erro ao gerar dados para o relatório: " + cause};
 }
 
 // A day written "2024-05-31".
@@ -59,29 +55,30 @@ class ArchiveClient {
   Engine engine_;
 };
 
-// Tests with the same result on both databases.
+// Tests that run on both databases.
 class OnBothDatabases : public testing::TestWithParam<Engine>, protected ArchiveClient {
  protected:
   OnBothDatabases() : ArchiveClient(GetParam()) {}
 };
 
-// A copy of the archive in SQLite that the test may change.
-class OwnArchive {
+// A copy of the sample archive in SQLite after statements that change it.
+class ArchiveCopy {
  public:
-  explicit OwnArchive(const Names& changes) : file_(L"acervo.db") {
+  explicit ArchiveCopy(const Texts& changes, const std::wstring& file = L"acervo.db") : file_(file) {
     const std::wstring source = WindowsPath(Variable(L"KODRA_ARCHIVE"));
     EXPECT_TRUE(CopyFileW(source.c_str(), file_.windowsPath().c_str(), FALSE)) << GetLastError();
     const auto connection = Create(L"ADODB.Connection");
-    EXPECT_EQ(S_OK, Call(connection, L"Open", {Connection()}).hr);
+    Got(Call(connection, L"Open", {Connection()}));
     for (const auto& change : changes) Got(Call(connection, L"Execute", {change}));
-    EXPECT_EQ(S_OK, Call(connection, L"Close").hr);
+    Got(Call(connection, L"Close"));
   }
 
-  std::wstring Connection() const { return ConnectionTo(file_.path()); }
-  void Delete() const { EXPECT_TRUE(DeleteFileW(file_.windowsPath().c_str())) << GetLastError(); }
+  const std::wstring& path() const { return file_.path(); }
+  std::wstring Connection() const { return ConnectionTo(path()); }
+  void Delete() const { EXPECT_TRUE(file_.Delete()) << GetLastError(); }
 
  private:
-  OwnFile file_;
+  TemporaryFile file_;
 };
 
 }  // namespace kodra::face

@@ -1,4 +1,4 @@
-// What a recordset contains, and a report run the way its client does it.
+// The rows of a recordset, and reports that are run as a client runs them.
 #pragma once
 
 #include "tests/rows/table.h"
@@ -8,22 +8,28 @@
 namespace kodra::face {
 
 using rows::Table;
-using Names = std::vector<std::wstring>;
+using Texts = std::vector<std::wstring>;
 
-// What a field holds. A type that no field of a report has is a failure of the test.
+// The value of a field. A type that no field of a report has fails the test.
 Value ValueOf(const Var& field);
 
-// All columns and all rows of a recordset from its current one on, and from its first one on.
+// The columns of a recordset, and its rows from the current one or from the first one to the last.
 Table ReadAll(const Ref<IDispatch>& recordset);
 Table ReadFromFirst(const Ref<IDispatch>& recordset);
 
-// A report's recordset as a client gets it: create, connect, fill the parameter object, call.
+// An error in the frame of most reports.
+inline Failure Framed(const std::wstring& method, const std::wstring& cause) {
+  return {kReportError, L"KodraRpt." + method, L"Erro ao gerar dados para o relatório: " + cause};
+}
+
+// Creates a report, sets its connection string and calls a method with a parameter object.
 inline Outcome RunReport(const std::wstring& name, const std::wstring& method, const Var& obj,
                          const std::wstring& connection) {
   const auto report = Create(L"KodraRpt." + name);
   EXPECT_EQ(S_OK, Put(report, L"StringConexao", connection).hr);
   return Call(report, method, {obj});
 }
+// The recordset of a report on the sample archive, by default with the initial parameters.
 inline Ref<IDispatch> OpenReport(const std::wstring& name, const std::wstring& method, const Ref<IDispatch>& obj) {
   return Got(RunReport(name, method, Var(obj.get()), ArchiveConnection())).object();
 }

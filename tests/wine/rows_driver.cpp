@@ -5,14 +5,15 @@
 namespace kodra::rows {
 namespace {
 
-// A value that a client sets in a parameter object.
+// A value as a client sets it in a parameter object.
 face::Var VarOf(const Value& value) {
   if (value.Is<bool>()) return value.As<bool>();
   if (value.Is<Date>()) return face::Var::Date(value.As<Date>().days);
   return value.As<std::wstring>();
 }
 
-// The archives are databases of their own beside those that the program is given: tests of other things read those.
+// A connection string to another database of the server: the tests of rows do not change the archive that other tests
+// read.
 std::wstring OnMariaDb(const std::wstring& database) {
   const std::wstring key = L";Database=";
   std::wstring text = face::Variable(L"KODRA_MYSQL");
@@ -20,7 +21,7 @@ std::wstring OnMariaDb(const std::wstring& database) {
   return text.replace(from, text.find(L';', from) - from, database);
 }
 
-// The tables of the program's archive, empty or with their rows.
+// Creates a database with the tables of the given archive, with or without their rows.
 std::wstring CopyOnMariaDb(const std::wstring& database, bool withRows) {
   std::vector<std::wstring> statements{L"DROP DATABASE IF EXISTS " + database,
                                        L"CREATE DATABASE " + database + L" CHARACTER SET utf8mb4"};
@@ -39,34 +40,21 @@ std::wstring SampleOnMariaDb() {
   return connection;
 }
 
-// A copy of a file under a name of this test program's own.
-void Copy(const std::wstring& source, const std::wstring& target) {
-  EXPECT_TRUE(CopyFileW(face::WindowsPath(source).c_str(), face::WindowsPath(target).c_str(), FALSE)) << GetLastError();
+const face::ArchiveCopy& SampleOnSqlite() {
+  static const face::ArchiveCopy copy(ExtraRowStatements(), L"linhas.db");
+  return copy;
 }
 
-const face::OwnFile& SampleFile() {
-  static const face::OwnFile file(L"linhas.db");
-  static const bool made = [] {
-    Copy(face::Variable(L"KODRA_ARCHIVE"), file.path());
-    Execute(ExtraRowStatements(), SqliteFile(file.path()));
-    return true;
-  }();
-  EXPECT_TRUE(made);
-  return file;
-}
-
-const face::OwnFile& EmptyFile() {
-  static const face::OwnFile file(L"vazio.db");
-  static const bool made = [] {
-    Copy(face::Variable(L"KODRA_ARCHIVE"), file.path());
-    std::vector<std::wstring> statements;
-    for (const testbed::TableShape& table : testbed::AllShapes())
-      statements.push_back(L"DELETE FROM " + std::wstring(table.name));
-    Execute(statements, SqliteFile(file.path()));
-    return true;
-  }();
-  EXPECT_TRUE(made);
-  return file;
+const face::ArchiveCopy& EmptyOnSqlite() {
+  static const face::ArchiveCopy copy(
+      [] {
+        std::vector<std::wstring> statements;
+        for (const testbed::TableShape& table : testbed::AllShapes())
+          statements.push_back(L"DELETE FROM " + std::wstring(table.name));
+        return statements;
+      }(),
+      L"linhas-vazias.db");
+  return copy;
 }
 
 }  // namespace
@@ -80,7 +68,7 @@ Outcome Run(const Report& report, const Properties& properties, const std::wstri
   Outcome outcome;
   if (called.hr != S_OK) {
     const auto& [number, source, description] = called.failure;
-    outcome.error = {static_cast<std::int32_t>(number), source, description};
+    outcome.error = {number, source, description};
   } else {
     EXPECT_EQ(VT_DISPATCH, called.value.type());
   }
@@ -103,22 +91,22 @@ void Execute(const std::vector<std::wstring>& statements, const std::wstring& co
 }
 
 std::wstring SampleOn(Engine engine) {
-  if (engine == Engine::kSqlite) return SqliteFile(SampleFile().path());
+  if (engine == Engine::kSqlite) return SqliteFile(SampleOnSqlite().path());
   static const std::wstring mariaDb = SampleOnMariaDb();
   return mariaDb;
 }
 
 std::wstring EmptyOn(Engine engine) {
-  if (engine == Engine::kSqlite) return SqliteFile(EmptyFile().path());
+  if (engine == Engine::kSqlite) return SqliteFile(EmptyOnSqlite().path());
   static const std::wstring mariaDb = CopyOnMariaDb(L"vazio", false);
   return mariaDb;
 }
 
 std::wstring CopySampleFile() {
   static int copies = 0;
-  const std::wstring& sample = SampleFile().path();
+  const std::wstring& sample = SampleOnSqlite().path();
   const std::wstring path = sample + L"-copia-" + std::to_wstring(++copies);
-  Copy(sample, path);
+  EXPECT_TRUE(CopyFileW(face::WindowsPath(sample).c_str(), face::WindowsPath(path).c_str(), FALSE)) << GetLastError();
   return path;
 }
 void RemoveFile(const std::wstring& path) { DeleteFileW(face::WindowsPath(path).c_str()); }

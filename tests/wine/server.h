@@ -1,4 +1,4 @@
-// KodraRpt.dll by its entry points, without the registry.
+// DLLs of COM classes by their entry points, without the registry.
 #pragma once
 
 #include "tests/wine/automation.h"
@@ -6,7 +6,7 @@
 
 namespace kodra::face {
 
-// A loaded copy of the DLL; unloaded with this object.
+// A DLL, the component by default, which stays loaded until this object ends.
 class Server {
  public:
   explicit Server(const std::wstring& path = DllPath()) : module_(LoadLibraryW(path.c_str())) {
@@ -48,11 +48,25 @@ class Server {
   HMODULE module_;
 };
 
-// A loaded copy of the DLL in a file of its own.
+// The component, ADO and the siblings.
+class LoadedServers {
+ public:
+  // Expects that no object of them is alive.
+  void ExpectUnused() const {
+    for (const Server* server : {&component_, &ado_, &siblings_}) EXPECT_EQ(S_OK, server->CanUnloadNow());
+  }
+
+ private:
+  const Server component_;
+  const Server ado_{DllPath(L"kodra_ado.dll")};
+  const Server siblings_{DllPath(L"kodra_siblings.dll")};
+};
+
+// A copy of the component in a file of its own, loaded.
 class ServerCopy {
  public:
   explicit ServerCopy(const std::wstring& name) : file_(name) {
-    EXPECT_TRUE(CopyFileW(DllPath().c_str(), path().c_str(), FALSE));
+    EXPECT_TRUE(CopyFileW(DllPath().c_str(), path().c_str(), FALSE)) << GetLastError();
     server_.emplace(path());
   }
 
@@ -60,7 +74,7 @@ class ServerCopy {
   const Server* operator->() const { return &*server_; }
 
  private:
-  OwnFile file_;
+  TemporaryFile file_;
   std::optional<Server> server_;
 };
 

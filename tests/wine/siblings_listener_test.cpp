@@ -1,4 +1,4 @@
-// KodraSuporte.Ouvinte: passes the events of an object on to an object that only has methods.
+// KodraSuporte.Ouvinte, which passes the events of an object on to the methods of another object.
 #include <cwchar>
 #include <functional>
 #include <sstream>
@@ -6,8 +6,8 @@
 #include "tests/rows/sample.h"
 #include "tests/wine/automation.h"
 #include "tests/wine/client_object.h"
-#include "tests/wine/environment.h"
-#include "tests/wine/script_output.h"
+#include "tests/wine/commands.h"
+#include "tests/wine/event_sink.h"
 
 namespace kodra::siblings {
 namespace {
@@ -16,15 +16,15 @@ using face::Call;
 using face::ClientObject;
 using face::Create;
 using face::Failure;
-using face::OwnFile;
 using face::Put;
 using face::Ref;
+using face::TemporaryFile;
 using face::Var;
 
-// A client's object with one method, which keeps the text that it receives.
-class Ear final : public ClientObject {
+// A client's object with one method, which records each text that it receives and then runs the test's action.
+class Receiver final : public ClientObject {
  public:
-  static Ref<Ear> New(const wchar_t* method) { return Ref<Ear>::Owning(new Ear(method)); }
+  static Ref<Receiver> New(const wchar_t* method) { return Ref<Receiver>::Owning(new Receiver(method)); }
 
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
     *ids = _wcsicmp(names[0], method_.c_str()) == 0 ? kMethod : DISPID_UNKNOWN;
@@ -45,7 +45,7 @@ class Ear final : public ClientObject {
  private:
   static constexpr DISPID kMethod = 5;
 
-  explicit Ear(const wchar_t* method) : method_(method) {}
+  explicit Receiver(const wchar_t* method) : method_(method) {}
 
   std::wstring method_;
 };
@@ -54,114 +54,110 @@ class SiblingsListener : public testing::Test {
  protected:
   SiblingsListener() : report_(Create(L"KodraRpt.CCaixaRpt")), listener_(Create(L"KodraSuporte.Ouvinte")) {}
 
-  face::Outcome Connect(const Ref<Ear>& ear) {
-    return Call(listener_, L"Conecta", {Var(report_.get()), Var(ear.get())});
+  face::Outcome Connect(const Ref<Receiver>& receiver) {
+    return Call(listener_, L"Conecta", {Var(report_.get()), Var(receiver.get())});
   }
-  // Makes the report announce one line, its error.
-  void Fail() {
-    EXPECT_EQ(Call(report_, L"EtiquetaDivisoria", {Var(static_cast<IDispatch*>(nullptr))}).failure.number, 0x80041FABU);
-  }
+  // Runs a report that fails; its error is the one line that it announces.
+  void Fail() { EXPECT_EQ(Call(report_, L"EtiquetaDivisoria", {Var::Nothing()}).failure.number, face::kReportError); }
 
   Ref<IDispatch> report_;
   Ref<IDispatch> listener_;
 };
 
-const std::wstring kLine =
-    L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211506 em KodraRpt.CCaixaRpt::InicializaPS: "
-    L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas.";
-
 TEST_F(SiblingsListener, CallsTheMethodOfTheEventsName) {
-  const auto ear = Ear::New(L"debuglog");
-  EXPECT_EQ(Connect(ear).hr, S_OK);
+  const auto receiver = Receiver::New(L"debuglog");
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
   Fail();
   Fail();
-  EXPECT_EQ(ear->lines, (std::vector<std::wstring>{kLine, kLine}));
+  EXPECT_EQ(receiver->lines, (std::vector<std::wstring>{face::kLineWithoutConnection, face::kLineWithoutConnection}));
 }
 
 TEST_F(SiblingsListener, IgnoresAnEventThatTheObjectHasNoMethodFor) {
-  const auto ear = Ear::New(L"OutroEvento");
-  EXPECT_EQ(Connect(ear).hr, S_OK);
+  const auto receiver = Receiver::New(L"OutroEvento");
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
   Fail();
-  EXPECT_EQ(ear->lines, std::vector<std::wstring>());
+  EXPECT_EQ(receiver->lines, std::vector<std::wstring>());
 }
 
 TEST_F(SiblingsListener, EndsWithDesconecta) {
-  const auto ear = Ear::New(L"DebugLog");
-  EXPECT_EQ(Connect(ear).hr, S_OK);
-  EXPECT_EQ(ear->References(), 2U);
+  const auto receiver = Receiver::New(L"DebugLog");
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
+  EXPECT_EQ(receiver->References(), 2U);
   EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
-  EXPECT_EQ(ear->References(), 1U);
+  EXPECT_EQ(receiver->References(), 1U);
   Fail();
-  EXPECT_EQ(ear->lines, std::vector<std::wstring>());
+  EXPECT_EQ(receiver->lines, std::vector<std::wstring>());
   EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
 }
 
 TEST_F(SiblingsListener, EndsWithTheListener) {
-  const auto ear = Ear::New(L"DebugLog");
-  EXPECT_EQ(Connect(ear).hr, S_OK);
+  const auto receiver = Receiver::New(L"DebugLog");
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
   EXPECT_EQ(listener_.Release(), 0U);
-  EXPECT_EQ(ear->References(), 1U);
+  EXPECT_EQ(receiver->References(), 1U);
   Fail();
-  EXPECT_EQ(ear->lines, std::vector<std::wstring>());
+  EXPECT_EQ(receiver->lines, std::vector<std::wstring>());
 }
 
 TEST_F(SiblingsListener, ListensToOneSourceAtATime) {
-  const auto first = Ear::New(L"DebugLog");
-  const auto second = Ear::New(L"DebugLog");
+  const auto first = Receiver::New(L"DebugLog");
+  const auto second = Receiver::New(L"DebugLog");
   EXPECT_EQ(Connect(first).hr, S_OK);
   EXPECT_EQ(Connect(second).hr, S_OK);
   EXPECT_EQ(first->References(), 1U);
   Fail();
   EXPECT_EQ(first->lines, std::vector<std::wstring>());
-  EXPECT_EQ(second->lines, std::vector<std::wstring>{kLine});
+  EXPECT_EQ(second->lines, std::vector<std::wstring>{face::kLineWithoutConnection});
 }
 
 TEST_F(SiblingsListener, MayEndTheConnectionWhileItListens) {
-  const auto ear = Ear::New(L"DebugLog");
-  ear->then = [&] { return Call(listener_, L"Desconecta").hr; };
-  EXPECT_EQ(Connect(ear).hr, S_OK);
+  const auto receiver = Receiver::New(L"DebugLog");
+  receiver->then = [&] { return Call(listener_, L"Desconecta").hr; };
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
   Fail();
   Fail();
-  EXPECT_EQ(ear->lines, std::vector<std::wstring>{kLine});
-  EXPECT_EQ(ear->References(), 1U);
+  EXPECT_EQ(receiver->lines, std::vector<std::wstring>{face::kLineWithoutConnection});
+  EXPECT_EQ(receiver->References(), 1U);
 }
 
 TEST_F(SiblingsListener, LeavesTheReportUndisturbedWhenTheMethodFails) {
-  const auto ear = Ear::New(L"DebugLog");
-  ear->then = [] { return E_FAIL; };
-  EXPECT_EQ(Connect(ear).hr, S_OK);
+  const auto receiver = Receiver::New(L"DebugLog");
+  receiver->then = [] { return E_FAIL; };
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
   Fail();
-  EXPECT_EQ(ear->lines, std::vector<std::wstring>{kLine});
+  EXPECT_EQ(receiver->lines, std::vector<std::wstring>{face::kLineWithoutConnection});
 }
 
 TEST_F(SiblingsListener, RefusesAnObjectWithoutEvents) {
-  const auto ear = Ear::New(L"DebugLog");
-  const Failure expected{0x80040001, L"KodraSuporte.Ouvinte::Conecta", L"O objeto não anuncia eventos."};
+  const auto receiver = Receiver::New(L"DebugLog");
+  const Failure expected{face::kSiblingError, L"KodraSuporte.Ouvinte::Conecta", L"O objeto não anuncia eventos."};
   for (const wchar_t* progId : {L"KodraRpt.CDeptoRpt", L"KodraConexao.StrCon"}) {
-    EXPECT_EQ(Call(listener_, L"Conecta", {Var(Create(progId).get()), Var(ear.get())}).failure, expected) << progId;
+    EXPECT_EQ(Call(listener_, L"Conecta", {Var(Create(progId).get()), Var(receiver.get())}).failure, expected)
+        << progId;
   }
-  EXPECT_EQ(ear->References(), 1U);
+  EXPECT_EQ(receiver->References(), 1U);
 }
 
 TEST_F(SiblingsListener, NeedsTwoObjects) {
-  const auto ear = Ear::New(L"DebugLog");
-  const Var nothing(static_cast<IDispatch*>(nullptr));
-  const Failure notSet{0x800A005B, L"KodraRpt", L"A variável do objeto ou a variável do bloco 'With' não foi definida"};
-  EXPECT_EQ(Call(listener_, L"Conecta", {nothing, Var(ear.get())}).failure, notSet);
+  const auto receiver = Receiver::New(L"DebugLog");
+  const Var nothing = Var::Nothing();
+  const Failure notSet{face::kObjectNotSet, L"KodraRpt",
+                       L"A variável do objeto ou a variável do bloco 'With' não foi definida"};
+  EXPECT_EQ(Call(listener_, L"Conecta", {nothing, Var(receiver.get())}).failure, notSet);
   EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get()), nothing}).failure, notSet);
   EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get()), 1}).failure,
-            (Failure{0x800A01A8, L"KodraRpt", L"O objeto é obrigatório"}));
-  EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get())}).failure.number, 0x800A01C2U);  // 450
+            (Failure{face::kObjectRequired, L"KodraRpt", L"O objeto é obrigatório"}));
+  EXPECT_EQ(Call(listener_, L"Conecta", {Var(report_.get())}).failure.number, face::kWrongArgumentCount);
 }
 
 TEST_F(SiblingsListener, KeepsNothingOfTheReportAlive) {
-  const auto ear = Ear::New(L"DebugLog");
-  EXPECT_EQ(Connect(ear).hr, S_OK);
+  const auto receiver = Receiver::New(L"DebugLog");
+  EXPECT_EQ(Connect(receiver).hr, S_OK);
   EXPECT_EQ(Call(listener_, L"Desconecta").hr, S_OK);
   EXPECT_EQ(report_.Release(), 0U);
 }
 
-// A module with closed subordinates.
+// The first module with closed subordinates.
 std::wstring SomeClosedParent() {
   for (const testbed::CaixaSubordinada& subordinate : rows::All<testbed::CaixaSubordinada>()) {
     if (subordinate.dataFechamento) return subordinate.numCaixa;
@@ -170,8 +166,8 @@ std::wstring SomeClosedParent() {
 }
 
 // The log's lines without date and time.
-std::wstring LoggedLines(const OwnFile& log) {
-  std::istringstream lines(BytesOf(log));
+std::wstring LoggedLines(const TemporaryFile& log) {
+  std::istringstream lines(face::BytesOf(log.windowsPath()));
   std::wstring text;
   for (std::string line; std::getline(lines, line); text += L"\n") {
     EXPECT_GT(line.size(), 20U);
@@ -187,8 +183,9 @@ std::wstring LoggedLines(const OwnFile& log) {
 
 TEST(ListeningScript, ReceivesTheLinesThatTheLogFileContains) {
   const std::wstring module = SomeClosedParent();
-  const OwnFile log(L"eventos.log");
-  const std::wstring heard = OutputOf(L"eventos.vbs", {face::ArchiveConnection(), log.windowsPath(), module});
+  const TemporaryFile log(L"eventos.log");
+  const std::wstring heard =
+      face::OutputOfScript(L"eventos.vbs", {face::ArchiveConnection(), log.windowsPath(), module});
   const std::wstring closed = L"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: ";
   const std::wstring discard = L"KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: ";
   const std::wstring discardLines = discard + L"executando query para o módulo <" + module + L">\n" + discard +

@@ -1,13 +1,11 @@
-// What kodra_siblings.dll returns beyond single values: collections, objects that read each other, files.
+// The objects of kodra_siblings.dll: collections, objects that read each other, and the log file.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <set>
 
+#include "ado/adoint.h"
 #include "tests/rows/module_rows.h"
-#include "tests/wine/environment.h"
+#include "tests/wine/commands.h"
 #include "tests/wine/foreign_object.h"
-#include "tests/wine/script_output.h"
 
 namespace kodra::siblings {
 namespace {
@@ -17,9 +15,9 @@ using face::Create;
 using face::Failure;
 using face::Get;
 using face::Got;
-using face::OwnFile;
 using face::Put;
 using face::Ref;
+using face::TemporaryFile;
 using face::Var;
 
 // The first module with subordinates.
@@ -53,22 +51,15 @@ Ref<IDispatch> Subordinates(const std::wstring& parent) {
 
 std::wstring NumCaixaOf(const VARIANT& module) {
   if (module.vt != VT_DISPATCH) return L"(no object)";
-  module.pdispVal->AddRef();
-  return Got(Get(Ref<IDispatch>::Owning(module.pdispVal), L"NumCaixa")).text().value();
+  return Got(Get(Ref<IDispatch>::Sharing(module.pdispVal), L"NumCaixa")).text().value();
 }
 
 // The enumerator that `For Each` asks a collection for.
 Ref<IEnumVARIANT> EnumeratorOf(const Ref<IDispatch>& collection) {
-  DISPPARAMS none = {};
-  Var result;
-  EXPECT_EQ(collection->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
-                               &none, result.put(), nullptr, nullptr),
-            S_OK);
+  const Var result = Got(face::Invoke(collection.get(), DISPID_NEWENUM, DISPATCH_PROPERTYGET | DISPATCH_METHOD));
   EXPECT_EQ(result.type(), VT_UNKNOWN);
   if (result.type() != VT_UNKNOWN) return {};
-  Ref<IEnumVARIANT> enumerator;
-  result.raw().punkVal->QueryInterface(IID_IEnumVARIANT, enumerator.put_void());
-  return enumerator;
+  return Ref<IUnknown>::Sharing(result.raw().punkVal).As<IEnumVARIANT>();
 }
 
 TEST(SiblingCollections, CountTheirItemsAndReturnThemFromOneOn) {
@@ -87,7 +78,7 @@ TEST(SiblingCollections, RaiseForAnIndexThatTheyDoNotHave) {
   const auto collection = Subordinates(SomeParent());
   for (const int index : {0, -1, 1000}) {
     EXPECT_EQ(Call(collection, L"Item", {index}).failure,
-              (Failure{0x800A0009, L"KodraRpt", L"Subscrito fora do intervalo"}));
+              (Failure{face::kSubscriptOutOfRange, L"KodraRpt", L"Subscrito fora do intervalo"}));
   }
 }
 
@@ -128,12 +119,10 @@ TEST(SiblingCollections, HaveAnEnumeratorThatCanSkipRestartAndBeCloned) {
   EXPECT_EQ(clone.Release(), 0U);
 }
 
-TEST(SiblingCollections, AreTheOnlyObjectsToEnumerate) {
+TEST(SiblingCollections, AreTheOnlyObjectsThatCanBeEnumerated) {
   const auto filter = Filter(L"AA001", 1);
-  DISPPARAMS none = {};
   for (const DISPID id : {DISPID_NEWENUM, DISPID_VALUE}) {
-    EXPECT_EQ(filter->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
-              DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(face::Invoke(filter.get(), id, DISPATCH_PROPERTYGET).hr, DISP_E_MEMBERNOTFOUND);
   }
 }
 
@@ -158,24 +147,25 @@ TEST(ObtedorDeModulos, ReadsThroughAnAdoConnectionThatItLeavesOpen) {
   const auto expected = SubordinatesOf(parent);
   ASSERT_EQ(Got(Get(collection, L"Count")).number(), static_cast<int>(expected.size()));
   EXPECT_EQ(Got(Get(Got(Call(collection, L"Item", {1})).object(), L"NumCaixa")).text(), expected.front());
-  EXPECT_EQ(Got(Get(connection, L"State")).number(), 1);
+  EXPECT_EQ(Got(Get(connection, L"State")).number(), adStateOpen);
 }
 
-TEST(ObtedorDeModulos, PassesADatabasesErrorOn) {
+TEST(ObtedorDeModulos, PassesTheErrorOfTheDatabaseOn) {
   const auto connection = Create(L"ADODB.Connection");  // never opened
   const auto reader = Create(L"KodraBsnV3.ObtedorDeModulos");
   EXPECT_EQ(Put(connection, L"ConnectionString", face::ArchiveConnection()).hr, S_OK);
   EXPECT_EQ(Put(reader, L"Conexao", Var(connection.get())).hr, S_OK);
-  EXPECT_EQ(Call(reader, L"ObtemSubordinados", {Var(Filter(L"AA001", 1).get())}).failure.number, 0x800A0E78U);
+  EXPECT_EQ(Call(reader, L"ObtemSubordinados", {Var(Filter(L"AA001", 1).get())}).failure.number,
+            face::ControlError(adErrObjectClosed));
 }
 
 TEST(ModulosBsn, ReturnsTheExpressionOfASystem) {
   const auto modules = Create(L"KodraBsnV3.ModulosBsn");
   EXPECT_EQ(Got(Call(modules, L"NumCxSubordinadaSQL", {2, L"s"})).text(),
             L"s.NUM_CAIXA + RIGHT('0' + CAST(s.NUM_SEQ AS VARCHAR(10)), 2)");
-  EXPECT_EQ(
-      Call(modules, L"NumCxSubordinadaSQL", {4, L"s"}).failure,
-      (Failure{0x80040001, L"KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL", L"Não há entrada para o banco tipo 4"}));
+  EXPECT_EQ(Call(modules, L"NumCxSubordinadaSQL", {4, L"s"}).failure,
+            (Failure{face::kSiblingError, L"KodraBsnV3.ModulosBsn::NumCxSubordinadaSQL",
+                     L"Não há entrada para o banco tipo 4"}));
 }
 
 TEST(ObtedorDeTiposOperadores, DescribesATypeByItsNumber) {
@@ -201,7 +191,7 @@ TEST(Conversoes, ReturnADateForTextsNumbersAndFields) {
   EXPECT_EQ(dateOf(Var(face::ForeignObject::With(L"Value", Var::Null()).get())), 0.0);
 }
 
-TEST(RegEvtDao, FindsEventsByAFilterOfItsOwnKindOrAnothers) {
+TEST(RegEvtDao, FindsEventsByAFilterAndNoneWhereNoneMatches) {
   const auto reader = Create(L"KodraRegEvt.RegEvtDAO");
   EXPECT_EQ(Put(reader, L"StringConexao", face::ArchiveConnection()).hr, S_OK);
   EXPECT_EQ(Put(reader, L"Caller", L"teste").hr, S_OK);
@@ -219,7 +209,7 @@ TEST(RegEvtDao, FindsEventsByAFilterOfItsOwnKindOrAnothers) {
 }
 
 TEST(FnLog, WritesUtf8LinesWhileItIsSwitchedOn) {
-  const OwnFile file(L"depuração.log");
+  const TemporaryFile file(L"depuração.log");
   const auto log = Create(L"VantLog.FnLog");
   EXPECT_EQ(Put(log, L"LogFile", file.windowsPath()).hr, S_OK);
   EXPECT_EQ(Call(log, L"DebugLog", {L"perdida"}).hr, S_OK);
@@ -227,7 +217,7 @@ TEST(FnLog, WritesUtf8LinesWhileItIsSwitchedOn) {
   EXPECT_EQ(Call(log, L"DebugLog", {L"módulo"}).hr, S_OK);
   EXPECT_EQ(Put(log, L"Ativar", false).hr, S_OK);
   EXPECT_EQ(Call(log, L"DebugLog", {L"perdida"}).hr, S_OK);
-  const std::string bytes = BytesOf(file);
+  const std::string bytes = face::BytesOf(file.windowsPath());
   ASSERT_EQ(bytes.size(), 20U + 9U);
   EXPECT_EQ(bytes.substr(19),
             " m\xc3\xb3"
@@ -242,7 +232,7 @@ TEST(SiblingsInAScript, AreEnumeratedIndexedAndPassedToEachOther) {
     each += L" " + code;
     item += L" " + code + std::to_wstring(std::stoi(code.substr(5)));
   }
-  EXPECT_EQ(OutputOf(L"siblings.vbs", {face::ArchiveConnection(), parent}),
+  EXPECT_EQ(face::OutputOfScript(L"siblings.vbs", {face::ArchiveConnection(), parent}),
             each + L"\n" + item +
                 L"\nmissing True\n"
                 L"beyond 9 Subscrito fora do intervalo\n"

@@ -1,4 +1,5 @@
-// kodra_siblings.dll as a late-bound client sees it: registered by regsvr32, created by ProgID.
+// The classes of kodra_siblings.dll for a late-bound client that creates them by ProgID, their module and its
+// registration.
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -6,6 +7,8 @@
 
 #include "tests/wine/automation.h"
 #include "tests/wine/environment.h"
+#include "tests/wine/registry_redirection.h"
+#include "tests/wine/server.h"
 
 namespace kodra::siblings {
 namespace {
@@ -15,15 +18,15 @@ using face::Create;
 using face::Failure;
 using face::Get;
 using face::Got;
-using face::OwnFile;
 using face::Put;
 using face::Ref;
+using face::TemporaryFile;
 using face::Var;
 
 constexpr wchar_t kStrCon[] = L"KodraConexao.StrCon";
 constexpr wchar_t kObtedor[] = L"KodraParamSist.Obtedor";
 
-std::wstring DllPath() { return face::WindowsPath(face::Variable(L"KODRA_BIN")) + L"\\kodra_siblings.dll"; }
+std::wstring DllPath() { return face::DllPath(L"kodra_siblings.dll"); }
 
 Ref<IDispatch> Part(const Ref<IDispatch>& whole, const std::wstring& member) {
   return Got(Get(whole, member)).object();
@@ -33,15 +36,8 @@ std::optional<std::wstring> TextOf(const Ref<IDispatch>& object, const std::wstr
   return Got(Get(object, member)).text();
 }
 
-// Calls an entry point of the DLL that has no arguments.
-HRESULT RunEntryPoint(HMODULE module, const char* entryPoint) {
-  const FARPROC found = GetProcAddress(module, entryPoint);
-  if (found == nullptr) return E_FAIL;
-  return reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(found))();
-}
-
-// The installation's names from a settings file.
-Ref<IDispatch> ParametersOf(const OwnFile& file, const char* contents) {
+// The system parameters that a settings file with these contents has.
+Ref<IDispatch> ParametersOf(const TemporaryFile& file, const char* contents) {
   std::ofstream(std::filesystem::path(file.windowsPath()), std::ios::binary) << contents;
   const auto obtedor = Create(kObtedor);
   EXPECT_EQ(Put(obtedor, L"ArquivoIni", file.windowsPath()).hr, S_OK);
@@ -59,8 +55,8 @@ TEST(Siblings, ReturnTheDatabaseCodeToALateBoundClient) {
   EXPECT_EQ(TextOf(sibling, L"StrCon"), L"Provider=MSDAORA;Data Source=arq");
 }
 
-TEST(Siblings, ReturnTheParametersOfAFileAsObjectsWithinAnObject) {
-  const OwnFile file(L"parâmetros.ini");
+TEST(Siblings, ReturnTheParametersOfAFileAsPartsOfAnObject) {
+  const TemporaryFile file(L"parâmetros.ini");
   const auto parameters = ParametersOf(file, "[Nomes]\r\nSerie=Dossi\xea\r\n[Senha]\r\nMax_Dias=60\r\n");
   ASSERT_TRUE(parameters);
   EXPECT_EQ(TextOf(Part(parameters, L"Nomes"), L"Serie"), L"Dossiê");
@@ -87,13 +83,13 @@ TEST(Siblings, ReturnTheParametersOfADatabase) {
 
 TEST(Siblings, ReportAnErrorWithItsNumberSourceAndDescription) {
   EXPECT_EQ(Call(Create(kObtedor), L"Obtem").failure,
-            (Failure{0x80040001, L"KodraParamSist.Obtedor::Obtem",
+            (Failure{face::kSiblingError, L"KodraParamSist.Obtedor::Obtem",
                      L"É preciso definir \"StringConexao\" ou \"ArquivoIni\"."}));
 }
 
 TEST(Siblings, ReportARuntimeErrorAsAControlError) {
   EXPECT_EQ(Call(Create(kObtedor), L"Obtem", {1}).failure,
-            (Failure{0x800A01C2, L"KodraRpt",  // 450
+            (Failure{face::kWrongArgumentCount, L"KodraRpt",
                      L"Número de argumentos incorreto ou atribuição de propriedade inválida"}));
 }
 
@@ -107,13 +103,8 @@ TEST(Siblings, RefuseAMemberThatTheyDoNotHave) {
 
 TEST(Siblings, RefuseAnIdThatTheyHaveNotReturned) {
   const auto sibling = Create(kStrCon);
-  DISPPARAMS none = {};
-  for (const DISPID id : {0, 1, -1}) {
-    EXPECT_EQ(
-        sibling->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
-        DISP_E_MEMBERNOTFOUND)
-        << id;
-  }
+  for (const DISPID id : {0, 1, -1})
+    EXPECT_EQ(face::Invoke(sibling.get(), id, DISPATCH_PROPERTYGET).hr, DISP_E_MEMBERNOTFOUND) << id;
 }
 
 TEST(Siblings, ReturnTheSameIdForANameInAnyLetterCase) {
@@ -150,13 +141,16 @@ TEST(Siblings, CannotBeAggregated) {
 
 class SiblingsModule : public testing::Test {
  protected:
-  // Held in addition to COM's references, so that its entry points stay callable.
-  void SetUp() override { ASSERT_NE(module_ = LoadLibraryW(DllPath().c_str()), nullptr); }
-  void TearDown() override { FreeLibrary(module_); }
+  HRESULT CanUnloadNow() const { return server_.CanUnloadNow(); }
+  static Ref<IClassFactory> Factory() {
+    CLSID id = {};
+    EXPECT_EQ(CLSIDFromProgID(kStrCon, &id), S_OK);
+    Ref<IClassFactory> factory;
+    EXPECT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
+    return factory;
+  }
 
-  HRESULT CanUnloadNow() const { return RunEntryPoint(module_, "DllCanUnloadNow"); }
-
-  HMODULE module_ = nullptr;
+  const face::Server server_{DllPath()};
 };
 
 TEST_F(SiblingsModule, FreesAnObjectWithItsLastReferenceAndMayThenBeUnloaded) {
@@ -170,7 +164,7 @@ TEST_F(SiblingsModule, FreesAnObjectWithItsLastReferenceAndMayThenBeUnloaded) {
 }
 
 TEST_F(SiblingsModule, StaysLoadedWhileAPartOfAResultIsHeld) {
-  const OwnFile file(L"partes.ini");
+  const TemporaryFile file(L"partes.ini");
   auto names = Part(ParametersOf(file, "[Nomes]\r\nGrupo=Fundo\r\n"), L"Nomes");
   EXPECT_EQ(CanUnloadNow(), S_FALSE);
   EXPECT_EQ(TextOf(names, L"Grupo"), L"Fundo");
@@ -179,24 +173,14 @@ TEST_F(SiblingsModule, StaysLoadedWhileAPartOfAResultIsHeld) {
 }
 
 TEST_F(SiblingsModule, StaysLoadedWhileItIsLocked) {
-  CLSID id;
-  ASSERT_EQ(CLSIDFromProgID(kStrCon, &id), S_OK);
-  Ref<IClassFactory> factory;
-  ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
-  EXPECT_EQ(factory->LockServer(TRUE), S_OK);
-  factory = {};
+  EXPECT_EQ(Factory()->LockServer(TRUE), S_OK);
   EXPECT_EQ(CanUnloadNow(), S_FALSE);
-  ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
-  EXPECT_EQ(factory->LockServer(FALSE), S_OK);
-  factory = {};
+  EXPECT_EQ(Factory()->LockServer(FALSE), S_OK);
   EXPECT_EQ(CanUnloadNow(), S_OK);
 }
 
 TEST_F(SiblingsModule, RefusesAnUnlockWithoutALockAndStaysLoadedForItsObjects) {
-  CLSID id;
-  ASSERT_EQ(CLSIDFromProgID(kStrCon, &id), S_OK);
-  Ref<IClassFactory> factory;
-  ASSERT_EQ(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.put_void()), S_OK);
+  auto factory = Factory();
   EXPECT_EQ(factory->LockServer(FALSE), E_UNEXPECTED);
   EXPECT_EQ(CanUnloadNow(), S_FALSE);
   factory = {};
@@ -204,50 +188,20 @@ TEST_F(SiblingsModule, RefusesAnUnlockWithoutALockAndStaysLoadedForItsObjects) {
 }
 
 TEST_F(SiblingsModule, RefusesAClassThatItDoesNotHave) {
-  using GetClass = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
-  const FARPROC found = GetProcAddress(module_, "DllGetClassObject");
-  ASSERT_NE(found, nullptr);
-  const auto getClass = reinterpret_cast<GetClass>(reinterpret_cast<void*>(found));
   Ref<IClassFactory> factory;
-  EXPECT_EQ(getClass(IID_IDispatch, IID_IClassFactory, factory.put_void()), CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_EQ(server_.GetClassObject(IID_IDispatch, IID_IClassFactory, factory.put_void()), CLASS_E_CLASSNOTAVAILABLE);
   EXPECT_FALSE(factory);
 }
 
-// Registers into a key that meanwhile replaces HKEY_LOCAL_MACHINE.
 class SiblingsRegistration : public SiblingsModule {
  protected:
-  void SetUp() override {
-    SiblingsModule::SetUp();
-    RegDeleteTreeW(HKEY_CURRENT_USER, kStandIn);
-    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, kStandIn, &standIn_), ERROR_SUCCESS);
-    ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, standIn_), ERROR_SUCCESS);
-  }
-  void TearDown() override {
-    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-    RegCloseKey(standIn_);
-    RegDeleteTreeW(HKEY_CURRENT_USER, kStandIn);
-    SiblingsModule::TearDown();
-  }
+  void SetUp() override { ASSERT_TRUE(registry_.IsActive()); }
 
   std::wstring Registered(const std::wstring& key, const wchar_t* name = nullptr) const {
-    wchar_t text[MAX_PATH] = L"";
-    DWORD bytes = sizeof text;
-    const std::wstring path = L"Software\\Classes\\" + key;
-    const LSTATUS status = RegGetValueW(standIn_, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &bytes);
-    return status == ERROR_SUCCESS ? text : L"(none)";
-  }
-  std::set<std::wstring> KeysBelow(const wchar_t* path) const {
-    std::set<std::wstring> names;
-    HKEY key = nullptr;
-    if (RegOpenKeyW(standIn_, path, &key) != ERROR_SUCCESS) return names;
-    wchar_t name[256];
-    for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == ERROR_SUCCESS; ++i) names.insert(name);
-    RegCloseKey(key);
-    return names;
+    return registry_.Text(L"Software\\Classes\\" + key, name);
   }
 
-  static constexpr wchar_t kStandIn[] = L"Software\\KodraTesteSiblings";
-  HKEY standIn_ = nullptr;
+  const face::RegistryRedirection registry_;
 };
 
 // Every class with its id, which never changes.
@@ -272,21 +226,21 @@ TEST_F(SiblingsRegistration, WritesItsClassesAndRemovesAllOfThem) {
     progIds.insert(progId);
     ids.insert(id);
   }
-  ASSERT_EQ(RunEntryPoint(module_, "DllRegisterServer"), S_OK);
-  EXPECT_EQ(KeysBelow(L"Software\\Classes"), progIds);
-  EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), ids);
+  ASSERT_EQ(server_.Register(), S_OK);
+  EXPECT_EQ(registry_.KeysBelow(L"Software\\Classes"), progIds);
+  EXPECT_EQ(registry_.KeysBelow(L"Software\\Classes\\CLSID"), ids);
   for (const auto& [progId, id] : kClasses) {
     EXPECT_EQ(Registered(progId + L"\\CLSID"), id);
     EXPECT_EQ(Registered(L"CLSID\\" + id + L"\\ProgID"), progId);
     EXPECT_EQ(Registered(L"CLSID\\" + id + L"\\InprocServer32"), DllPath());
     EXPECT_EQ(Registered(L"CLSID\\" + id + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
   }
-  ASSERT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
-  EXPECT_EQ(KeysBelow(L"Software\\Classes"), std::set<std::wstring>{L"CLSID"});
-  EXPECT_EQ(KeysBelow(L"Software\\Classes\\CLSID"), std::set<std::wstring>{});
+  ASSERT_EQ(server_.Unregister(), S_OK);
+  EXPECT_EQ(registry_.KeysBelow(L"Software\\Classes"), std::set<std::wstring>{L"CLSID"});
+  EXPECT_EQ(registry_.KeysBelow(L"Software\\Classes\\CLSID"), std::set<std::wstring>{});
 }
 
-TEST_F(SiblingsModule, MakesEveryClassAndReleasesIt) {
+TEST_F(SiblingsModule, CreatesEveryClassAndReleasesIt) {
   for (const auto& [progId, id] : kClasses) {
     auto object = Create(progId);
     ASSERT_TRUE(object) << testing::PrintToString(progId);
@@ -297,8 +251,8 @@ TEST_F(SiblingsModule, MakesEveryClassAndReleasesIt) {
 }
 
 TEST_F(SiblingsRegistration, MayBeRemovedTwice) {
-  EXPECT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
-  EXPECT_EQ(RunEntryPoint(module_, "DllUnregisterServer"), S_OK);
+  EXPECT_EQ(server_.Unregister(), S_OK);
+  EXPECT_EQ(server_.Unregister(), S_OK);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// A hundred thousand report calls in one process, thousands of them failing: the process then holds the same resources
-// as after the first thousand.
+// A hundred thousand report calls in one process, of which thousands fail: at the end the process holds the same
+// resources as after the first thousand calls.
 #include <array>
 #include <functional>
 #include <iostream>
@@ -18,11 +18,11 @@ namespace kodra::face {
 namespace {
 
 constexpr int kCalls = 100000;
-constexpr int kWarm = 1000;
+constexpr int kWarmUpCalls = 1000;
 
 // The kind of a call.
-enum class Turn {
-  kPretended,
+enum class CallKind {
+  kFakeDatabase,
   kSQLite,
   kMariaDb,
   // From here on the call fails.
@@ -37,27 +37,27 @@ enum class Turn {
   kSiblingFails,
   kPasswordRefused,
 };
-constexpr int kFirstFailing = static_cast<int>(Turn::kNoConnectionString);
-constexpr int kFailingTurns = static_cast<int>(Turn::kPasswordRefused) - kFirstFailing + 1;
+constexpr int kFirstFailing = static_cast<int>(CallKind::kNoConnectionString);
+constexpr int kFailingKinds = static_cast<int>(CallKind::kPasswordRefused) - kFirstFailing + 1;
 
-// One call in a hundred is on a real database, one in forty fails; their kinds alternate. In the first thousand half of
-// the calls are such, so that every report has met them.
-Turn TurnOf(int call) {
-  const auto failing = [](int number) { return static_cast<Turn>(kFirstFailing + number % kFailingTurns); };
-  if (call < kWarm) {
-    const Turn turns[] = {Turn::kPretended, failing(call / 8), Turn::kPretended, Turn::kSQLite,
-                          Turn::kPretended, Turn::kMariaDb,    Turn::kPretended, Turn::kSQLite};
-    return turns[call % 8];
+// One call in a hundred is on a real database and one in forty fails, each kind in turn. Of the first thousand calls
+// half are of these kinds, so that every report has run in each of them.
+CallKind KindOf(int call) {
+  const auto failing = [](int number) { return static_cast<CallKind>(kFirstFailing + number % kFailingKinds); };
+  if (call < kWarmUpCalls) {
+    const CallKind kinds[] = {CallKind::kFakeDatabase, failing(call / 8),  CallKind::kFakeDatabase, CallKind::kSQLite,
+                              CallKind::kFakeDatabase, CallKind::kMariaDb, CallKind::kFakeDatabase, CallKind::kSQLite};
+    return kinds[call % 8];
   }
-  if (call % 500 == 37) return Turn::kMariaDb;
-  if (call % 100 == 3) return Turn::kSQLite;
-  return call % 40 == 9 ? failing(call / 40) : Turn::kPretended;
+  if (call % 500 == 37) return CallKind::kMariaDb;
+  if (call % 100 == 3) return CallKind::kSQLite;
+  return call % 40 == 9 ? failing(call / 40) : CallKind::kFakeDatabase;
 }
 
-// The next of some cases each time, in rounds.
-class Rota {
+// Some cases, one after the other, again and again.
+class RoundRobin {
  public:
-  explicit Rota(std::vector<ReportCase> cases) : cases_(std::move(cases)) {}
+  explicit RoundRobin(std::vector<ReportCase> cases) : cases_(std::move(cases)) {}
   const ReportCase& Next() { return cases_[taken_++ % cases_.size()]; }
   std::size_t rounds() const { return taken_ / cases_.size(); }
 
@@ -66,19 +66,19 @@ class Rota {
   std::size_t taken_ = 0;
 };
 
-// A command needs a connection that is open.
-bool IsCommand(const ReportCase& tested) { return tested.method == std::wstring(L"RelatorioModelos"); }
-bool HasNoFrame(const ReportCase& tested) { return tested.method == std::wstring(L"DocsNoModuloSubRpt"); }
-// Whether siblings read the database for a report: they do not use ADO, so a real one must exist.
-bool AsksSiblings(const ReportCase& tested) {
+// Whether the report opens a command, for which a connection must really be open.
+bool IsCommand(const ReportCase& tested) { return tested.IsOf(L"CModeloRpt"); }
+// Whether siblings, which do not use ADO, read the database for the report, so that it must really exist.
+bool UsesSiblings(const ReportCase& tested) {
   const std::wstring names = tested.Source();
   return names.ends_with(L"RelatorioLog") || names.ends_with(L"FechamentoSubordinada") ||
          names.starts_with(L"KodraRpt.CEstatSubgrupo") || names.starts_with(L"KodraRpt.CEstatSerie");
 }
 
-std::vector<ReportCase> OnStringsBut(const std::function<bool(const ReportCase&)>& isOut) {
-  std::vector<ReportCase> cases = ReportCases();
-  std::erase_if(cases, [&](const ReportCase& tested) { return tested.onConexao || isOut(tested); });
+// The cases on a connection string without those for which the predicate holds.
+std::vector<ReportCase> CasesWithout(const std::function<bool(const ReportCase&)>& isExcluded) {
+  std::vector<ReportCase> cases = CasesOnStrings();
+  std::erase_if(cases, isExcluded);
   return cases;
 }
 
@@ -114,69 +114,67 @@ class Soak : public testing::Test {
   static Outcome RunOn(const ReportCase& tested, const std::wstring& connection) {
     return RunOn(tested, connection, tested.NewParameters());
   }
-  // A call on a pretended database; the same report object is used for several calls.
-  void CallPretended() {
-    const ReportCase& tested = pretended_.Next();
-    const auto kept = kept_.try_emplace(tested.Source(), tested).first;
-    const auto system = static_cast<System>(pretended_.rounds() % kSystems);
-    ExpectRows(tested, kept->second.Run(Pretended(system)), {});
+  // A call on a fake database, with the report object of the earlier calls.
+  void CallOnFakeDatabase() {
+    const ReportCase& tested = onFakeDatabases_.Next();
+    const auto report = reports_.try_emplace(tested.Source(), tested).first;
+    const auto system = static_cast<System>(onFakeDatabases_.rounds() % kSystems);
+    ExpectRows(tested, report->second.Run(FakeConnection(system)), {});
   }
+  // Checks the result of a call, and reads the rows of one result in four.
   void ExpectRows(const ReportCase& tested, const Outcome& outcome, const Failure& expected) {
     EXPECT_EQ(expected, outcome.failure) << testing::PrintToString(tested.Source());
     if (expected == Failure() && outcome.value.object() && ++answered_ % 4 == 0)
       rows_ += ReadRows(outcome.value.object());
   }
 
-  // A failing call; returns the end of its description, or its HRESULT.
-  void CallFailing(Turn turn) {
+  // A failing call of each report in turn.
+  void CallFailing(CallKind kind) {
     const ReportCase& tested = failing_.Next();
-    const Outcome outcome = Fail(tested, turn);
-    ++failures_[static_cast<std::size_t>(turn) - kFirstFailing];
+    const Outcome outcome = Fail(tested, kind);
+    ++failures_[static_cast<std::size_t>(kind) - kFirstFailing];
     EXPECT_TRUE(FAILED(outcome.hr));
     EXPECT_FALSE(outcome.value.object());
-    if (turn == Turn::kMissingArgument || turn == Turn::kWrongArgument) {
-      EXPECT_EQ(turn == Turn::kWrongArgument ? DISP_E_TYPEMISMATCH : DISP_E_BADPARAMCOUNT, outcome.hr);
+    if (kind == CallKind::kMissingArgument || kind == CallKind::kWrongArgument) {
+      EXPECT_EQ(kind == CallKind::kWrongArgument ? DISP_E_TYPEMISMATCH : DISP_E_BADPARAMCOUNT, outcome.hr);
       return;
     }
-    EXPECT_EQ(0x80041FABU, outcome.failure.number);
+    EXPECT_EQ(kReportError, outcome.failure.number);
     EXPECT_TRUE(outcome.failure.description.starts_with(L"Erro "));
-    EXPECT_TRUE(outcome.failure.description.ends_with(CauseOf(tested, turn)))
+    EXPECT_TRUE(outcome.failure.description.ends_with(CauseOf(tested, kind)))
         << testing::PrintToString(outcome.failure.description);
   }
   Outcome RunWithFailingSibling(const ReportCase& tested) {
-    ClassesAtHand::Forget();
+    ClassFactoryCache::Clear();
     const StandIn failing(L"KodraConexao.StrCon", [] {
-      return RecordingObject::New(L"StrCon", std::make_shared<Names>(),
-                                  [](const auto&, const auto&, VARIANT*, auto* info) {
-                                    info->scode = static_cast<SCODE>(0x80047777);
-                                    info->bstrDescription = SysAllocString(L"Falha provocada");
-                                    return DISP_E_EXCEPTION;
+      return RecordingObject::New(L"StrCon", std::make_shared<Texts>(),
+                                  [](const auto&, const auto&, VARIANT*, EXCEPINFO* info) {
+                                    return Raise(info, kNumberWithoutText, nullptr, L"Falha provocada");
                                   });
     });
     const Outcome outcome = RunOn(tested, archive_.Connection());
-    ClassesAtHand::Forget();
+    ClassFactoryCache::Clear();
     return outcome;
   }
-  Outcome Fail(const ReportCase& tested, Turn turn) {
-    const Var nothing(static_cast<IDispatch*>(nullptr));
-    switch (turn) {
-      case Turn::kNoConnectionString:
+  Outcome Fail(const ReportCase& tested, CallKind kind) {
+    switch (kind) {
+      case CallKind::kNoConnectionString:
         return RunOn(tested, L"");
-      case Turn::kNoParameters:
+      case CallKind::kNoParameters:
         return RunOn(tested, archive_.Connection(), {});
-      case Turn::kMissingArgument:
+      case CallKind::kMissingArgument:
         return InvokeRaw(tested.NewReport().get(), tested.method, DISPATCH_METHOD, {});
-      case Turn::kWrongArgument:
+      case CallKind::kWrongArgument:
         return InvokeRaw(tested.NewReport().get(), tested.method, DISPATCH_METHOD, {Var(7).raw()});
-      case Turn::kNoFile:
+      case CallKind::kNoFile:
         return RunOn(tested, ConnectionTo(L"/tmp/kodra-face-nao-existe/a.db"));
-      case Turn::kEmptyFile:
+      case CallKind::kEmptyFile:
         return RunOn(tested, ConnectionTo(empty_.path()));
-      case Turn::kConnectionRefused:
-        return RunOn(tested, Pretended(System::kSqlServer) + L";" + PretendDatabases::kRefuseConnection);
-      case Turn::kStatementRefused:
-        return RunOn(tested, Pretended(System::kOracle) + L";" + PretendDatabases::kRefuseStatement);
-      case Turn::kPasswordRefused:
+      case CallKind::kConnectionRefused:
+        return RunOn(tested, FakeConnection(System::kSqlServer) + L";" + FakeDatabases::kRefuseConnection);
+      case CallKind::kStatementRefused:
+        return RunOn(tested, FakeConnection(System::kOracle) + L";" + FakeDatabases::kRefuseStatement);
+      case CallKind::kPasswordRefused:
         return RunOn(tested, WrongPassword());
       default:
         return RunWithFailingSibling(tested);
@@ -186,19 +184,20 @@ class Soak : public testing::Test {
     std::wstring text = Variable(L"KODRA_MYSQL");
     return text.insert(text.find(L"Pwd=") + 4, L"Errada");
   }
-  static std::wstring CauseOf(const ReportCase& tested, Turn turn) {
-    switch (turn) {
-      case Turn::kNoConnectionString:
-        return tested.report == std::wstring(L"CCaixaRpt")
+  // How the description of the error ends.
+  static std::wstring CauseOf(const ReportCase& tested, CallKind kind) {
+    switch (kind) {
+      case CallKind::kNoConnectionString:
+        return tested.IsOf(L"CCaixaRpt")
                    ? L"Uma das propriedades \"Conexao\" ou \"StringConexao\" precisam ser informadas."
                    : L"É preciso definir a propriedade \"StringConexao\".";
-      case Turn::kNoParameters:
+      case CallKind::kNoParameters:
         return L"Objeto não definido.";
-      case Turn::kNoFile:
+      case CallKind::kNoFile:
         return L"Banco de dados \"/tmp/kodra-face-nao-existe/a.db\" não encontrado.";
-      case Turn::kEmptyFile:
+      case CallKind::kEmptyFile:
         return L" danificado.";
-      case Turn::kSiblingFails:
+      case CallKind::kSiblingFails:
         return L"Falha provocada";
       default:
         return L"";
@@ -206,44 +205,43 @@ class Soak : public testing::Test {
   }
 
   void CallOnce(int call) {
-    switch (const Turn turn = TurnOf(call)) {
-      case Turn::kPretended:
-        return CallPretended();
-      case Turn::kSQLite: {
-        const ReportCase& tested = real_.Next();
+    switch (const CallKind kind = KindOf(call)) {
+      case CallKind::kFakeDatabase:
+        return CallOnFakeDatabase();
+      case CallKind::kSQLite: {
+        const ReportCase& tested = onSQLite_.Next();
         const Subject subject(tested, archive_.Connection());
         return ExpectRows(tested, subject.Run(), tested.Refused());
       }
-      case Turn::kMariaDb: {
-        const ReportCase& tested = server_.Next();
+      case CallKind::kMariaDb: {
+        const ReportCase& tested = onMariaDb_.Next();
         const Outcome outcome = RunOn(tested, Variable(L"KODRA_MYSQL"));
         return ExpectRows(tested, outcome, {});
       }
       default:
-        return CallFailing(turn);
+        return CallFailing(kind);
     }
   }
 
-  // Expects that no object is left.
+  // Releases what the test itself holds and expects that no other object is alive.
   void ExpectNothingAlive() {
-    kept_.clear();
-    ClassesAtHand::Forget();
-    for (const Server* server : {&component_, &ado_, &siblings_}) EXPECT_EQ(S_OK, server->CanUnloadNow());
+    reports_.clear();
+    ClassFactoryCache::Clear();
+    servers_.ExpectUnused();
   }
 
-  const Server component_;
-  const Server ado_{WindowsPath(Variable(L"KODRA_BIN")) + L"\\kodra_ado.dll"};
-  const Server siblings_{WindowsPath(Variable(L"KODRA_BIN")) + L"\\kodra_siblings.dll"};
+  const LoadedServers servers_;
   const SmallArchive archive_;
-  const OwnFile empty_{L"vazio.db"};
-  const PretendDatabases databases_;
-  Rota pretended_{OnStringsBut([](const ReportCase& tested) { return IsCommand(tested) || AsksSiblings(tested); })};
-  Rota real_{ReportCases()};
-  Rota server_{OnStringsBut([](const ReportCase&) { return false; })};
-  Rota failing_{OnStringsBut(HasNoFrame)};
-  const ClassesAtHand classes_;
-  std::map<std::wstring, EarlyBound> kept_;
-  std::array<int, kFailingTurns> failures_ = {};
+  const TemporaryFile empty_{L"vazio.db"};
+  const FakeDatabases databases_;
+  RoundRobin onFakeDatabases_{
+      CasesWithout([](const ReportCase& tested) { return IsCommand(tested) || UsesSiblings(tested); })};
+  RoundRobin onSQLite_{ReportCases()};
+  RoundRobin onMariaDb_{CasesOnStrings()};
+  RoundRobin failing_{CasesWithout([](const ReportCase& tested) { return tested.HasNoFrame(); })};
+  const ClassFactoryCache factories_;
+  std::map<std::wstring, EarlyBoundReport> reports_;
+  std::array<int, kFailingKinds> failures_ = {};
   int answered_ = 0;
   int rows_ = 0;
 };
@@ -256,9 +254,9 @@ TEST_F(Soak, AHundredThousandCallsLeaveWhatTheFirstThousandLeft) {
   for (int call = 0; call < kCalls && !HasFailure(); ++call) {
     SCOPED_TRACE(call);
     CallOnce(call);
-    if ((call + 1) % kWarm != 0) continue;
+    if ((call + 1) % kWarmUpCalls != 0) continue;
     ExpectNothingAlive();
-    if (call + 1 == kWarm) {
+    if (call + 1 == kWarmUpCalls) {
       handles = OpenHandles();
       blocks = heap.held();
     }
@@ -271,22 +269,22 @@ TEST_F(Soak, AHundredThousandCallsLeaveWhatTheFirstThousandLeft) {
     failed += count;
   }
   EXPECT_LE(2000, failed);
-  EXPECT_LT(kSystems, static_cast<int>(pretended_.rounds()));
-  std::cout << "[   NOTE   ] " << kCalls << " report calls, " << failed << " of them failing in " << kFailingTurns
+  EXPECT_LT(kSystems, static_cast<int>(onFakeDatabases_.rounds()));
+  std::cout << "[   NOTE   ] " << kCalls << " report calls, " << failed << " of them failing in " << kFailingKinds
             << " ways, " << rows_ << " rows read; always " << handles << " handles and " << blocks
             << " blocks of the component" << std::endl;
 }
 
-// Texts that pass from one component to another are in the heaps of the process, not in one component's blocks. Only
-// calls without a driver are measured: Wine's own odbc32 keeps about 200 bytes of every statement, its oleaut32 some of
-// every type library that it loads.
+// Texts that pass from one component to another are in the heaps of the process and not in the blocks of one component.
+// Only calls without a driver are measured, because Wine's odbc32 keeps about 200 bytes of every statement, and its
+// oleaut32 keeps memory of every type library that it loads.
 TEST_F(Soak, CallsThatReachNoDriverLeaveTheHeapsUnchanged) {
   constexpr int kMeasured = 4000;
   const auto callMany = [&] {
-    for (int call = 0; call < kMeasured && !HasFailure(); ++call) CallPretended();
+    for (int call = 0; call < kMeasured && !HasFailure(); ++call) CallOnFakeDatabase();
     return HeapBytes();
   };
-  // Until the heaps have the groups of blocks that the calls need; with a leak at every call this never happens.
+  // The heaps grow until they have the groups of blocks that the calls need. With a leak at every call they never stop.
   std::size_t before = 0;
   std::size_t after = callMany();
   for (int round = 0; round < 10 && before != after; ++round) {

@@ -1,6 +1,6 @@
-// Objects of the test in place of sibling components: created by their ProgID, in this process only.
+// Objects of the test in place of sibling components. The report creates them by ProgID.
 //
-//   const auto calls = std::make_shared<Names>();
+//   const auto calls = std::make_shared<Texts>();
 //   const StandIn reader(L"KodraRegEvt.RegEvtDAO", [&] { return RecordingObject::New(L"DAO", calls, answer); });
 //   ... the report creates it by ProgID, and `*calls` contains the report's calls ...
 #pragma once
@@ -26,14 +26,15 @@ inline std::wstring TextOf(const Var& value) {
   return text;
 }
 
-// Answers to any member name and writes down each use of it: "DAO.Caller := texto", "DAO.Localiza(objeto)".
+// An object that has every member and records each use: "DAO.Caller := 'texto'", "DAO.Localiza (object)". Its end is
+// recorded as "DAO gone".
 class RecordingObject final : public ClientObject {
  public:
-  // Returns the result of a member that is read or called, or fills the EXCEPINFO; assignments do not call it.
+  // Called when a member is read or called, not when it is assigned: fills the result or the EXCEPINFO.
   using Answer = std::function<HRESULT(const std::wstring& member, const std::vector<Var>& arguments, VARIANT* result,
                                        EXCEPINFO* info)>;
 
-  static Ref<IDispatch> New(std::wstring name, std::shared_ptr<Names> calls, Answer answer = {}) {
+  static Ref<IDispatch> New(std::wstring name, std::shared_ptr<Texts> calls, Answer answer = {}) {
     return Ref<IDispatch>::Owning(new RecordingObject(std::move(name), std::move(calls), std::move(answer)));
   }
 
@@ -50,7 +51,7 @@ class RecordingObject final : public ClientObject {
     std::vector<Var> arguments(parameters->cArgs);
     for (UINT i = 0; i < parameters->cArgs; ++i)
       VariantCopyInd(arguments[parameters->cArgs - 1 - i].put(), &parameters->rgvarg[i]);
-    // An assignment names its value, in both kinds; a class described by a type library accepts it no other way.
+    // Both kinds of assignment must name their value: a class with a type library accepts no other call.
     const bool isPut = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     EXPECT_EQ(isPut ? 1U : 0U, parameters->cNamedArgs) << testing::PrintToString(member);
     if (isPut && parameters->cNamedArgs == 1) {
@@ -69,7 +70,7 @@ class RecordingObject final : public ClientObject {
   }
 
  private:
-  RecordingObject(std::wstring name, std::shared_ptr<Names> calls, Answer answer)
+  RecordingObject(std::wstring name, std::shared_ptr<Texts> calls, Answer answer)
       : name_(std::move(name)), calls_(std::move(calls)), answer_(std::move(answer)) {}
   ~RecordingObject() override { calls_->push_back(name_ + L" gone"); }
 
@@ -81,18 +82,18 @@ class RecordingObject final : public ClientObject {
   }
 
   std::wstring name_;
-  std::shared_ptr<Names> calls_;
+  std::shared_ptr<Texts> calls_;
   Answer answer_;
-  Names members_;
+  Texts members_;
 };
 
-// While it exists, `create` makes the objects of a ProgID; without `create` none can be made.
+// While it exists, this process gets the objects of a ProgID from `create`.
 class StandIn {
  public:
   using Creator = std::function<Ref<IDispatch>()>;
 
   StandIn(const std::wstring& progId, Creator create) : StandIn(progId, std::move(create), S_OK) {}
-  // Every creation fails with this code. With a code of success, the class returns no object.
+  // Every creation fails with this code. With S_OK, it succeeds without an object.
   StandIn(const std::wstring& progId, HRESULT failure) : StandIn(progId, {}, failure) {}
   StandIn(const StandIn&) = delete;
   StandIn& operator=(const StandIn&) = delete;

@@ -1,5 +1,5 @@
-// A client that lets COM unload the component whenever it is idle loads it again and again: the DLL must free whatever
-// it took from the process.
+// The unloading of the component. A client that lets COM unload idle DLLs loads it again and again, so that it must
+// free everything that it allocated.
 #include <kodrarpt.h>
 
 #include <memory>
@@ -11,17 +11,17 @@
 namespace kodra::face {
 namespace {
 
-// The resources that the process has left, and those that it holds.
-struct Holdings {
+// Resources of the process.
+struct Resources {
+  // The first free slots of thread-local and fiber-local storage.
   DWORD threadSlot;
   DWORD fiberSlot;
   std::size_t handles;
   std::size_t bytes;
-  bool operator==(const Holdings&) const = default;
+  bool operator==(const Resources&) const = default;
 };
 
-Holdings Held() {
-  // The first slots of thread-local and fiber-local storage that are free.
+Resources CurrentResources() {
   const DWORD threadSlot = TlsAlloc();
   const DWORD fiberSlot = FlsAlloc(nullptr);
   TlsFree(threadSlot);
@@ -29,14 +29,14 @@ Holdings Held() {
   return {threadSlot, fiberSlot, OpenHandles(), HeapBytes()};
 }
 
-void PrintTo(const Holdings& held, std::ostream* out) {
-  *out << "slots " << held.threadSlot << " and " << held.fiberSlot << ", " << held.handles << " handles, " << held.bytes
-       << " bytes";
+void PrintTo(const Resources& resources, std::ostream* out) {
+  *out << "slots " << resources.threadSlot << " and " << resources.fiberSlot << ", " << resources.handles
+       << " handles, " << resources.bytes << " bytes";
 }
 
 class Unloading : public testing::Test {
  protected:
-  // A copy, separate from the registered DLL, which COM may still hold.
+  // A copy, because COM may still hold the registered DLL.
   Unloading() : copy_(L"descarga.dll") {
     EXPECT_TRUE(CopyFileW(DllPath().c_str(), copy_.windowsPath().c_str(), FALSE));
   }
@@ -45,14 +45,14 @@ class Unloading : public testing::Test {
   static void Throw(const Server& server) {
     const auto report = server.Create<ICDeptoRpt>(__uuidof(::CDeptoRpt));
     Ref<IDispatch> rows;
-    EXPECT_EQ(static_cast<HRESULT>(0x80041FAB), report->RelatorioDeptos(nullptr, rows.put()));
+    EXPECT_EQ(kReportError, report->RelatorioDeptos(nullptr, rows.put()));
     SetErrorInfo(0, nullptr);
   }
 
   bool IsLoaded() const { return GetModuleHandleW(copy_.windowsPath().c_str()) != nullptr; }
 
-  // Runs rounds and compares what the process holds before and after. What Windows allocates now and then does not come
-  // again; a leak comes again each time.
+  // Runs rounds and expects the same resources before and after. Now and then Windows itself allocates something, once;
+  // a leak occurs in each round.
   template <class Round>
   void ExpectNothingLost(Round round) {
     constexpr int kRounds = 50;
@@ -60,17 +60,17 @@ class Unloading : public testing::Test {
       for (int i = 0; i < kRounds && !HasFailure(); ++i) round();
     };
     runAll();
-    Holdings before = Held();
+    Resources before = CurrentResources();
     runAll();
-    for (int again = 0; again < 3 && Held() != before; ++again) {
-      before = Held();
+    for (int again = 0; again < 3 && CurrentResources() != before; ++again) {
+      before = CurrentResources();
       runAll();
     }
-    EXPECT_EQ(before, Held());
+    EXPECT_EQ(before, CurrentResources());
     EXPECT_FALSE(IsLoaded());
   }
 
-  OwnFile copy_;
+  TemporaryFile copy_;
 };
 
 TEST_F(Unloading, FreesWhatTheComponentTook) {
@@ -82,12 +82,12 @@ TEST_F(Unloading, MayBeDoneMoreOftenThanAProcessHasSlots) {
   for (int i = 0; i <= kSlots && !HasFailure(); ++i) Throw(Server(copy_.windowsPath()));
 }
 
-// A count that fell too low would end the library while another client has it; one that fell too early would make the
-// library be read again for every object.
+// One release too many would end the library while another client uses it; a release before the last object ends would
+// make the component read the library again for every object.
 TEST_F(Unloading, TheTypeLibraryIsReleasedOnceAndWithTheLastObject) {
   const Server server(copy_.windowsPath());
   Ref<ITypeLib> library;
-  // An object that has described itself by the component's library; nothing of the description is left.
+  // An object whose type information, which is released again, has made the component read its library.
   const auto describe = [&server, &library] {
     auto report = server.Create<IDispatch>(__uuidof(::CDeptoRpt));
     Ref<ITypeInfo> info;
@@ -104,8 +104,8 @@ TEST_F(Unloading, TheTypeLibraryIsReleasedOnceAndWithTheLastObject) {
     return library->Release();
   };
   auto report = describe();
-  // In addition to the test's own reference: with spare references, a release too many shows as a wrong count and does
-  // not end the library.
+  // With spare references in addition to the test's own, a release too many shows as a wrong count and does not end the
+  // library.
   for (int spare = 0; spare < 9; ++spare) library->AddRef();
   for (int round = 0; round < 3; ++round) {
     EXPECT_EQ(11U, references());

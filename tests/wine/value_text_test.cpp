@@ -1,4 +1,4 @@
-// The text of a value compared with automation's own under Brazilian Portuguese.
+// The component's text of a value, compared with automation's text in Brazilian Portuguese.
 //
 // Where Wine is known to differ from Windows, the value is listed with both texts and the reason.
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr LCID kBrazilian = 0x0416;
 
-// Automation's own text of a value.
+// Automation's text of a value.
 std::wstring AutomationText(const VARIANT& variant) {
   face::Var text;
   const HRESULT hr =
@@ -103,8 +103,8 @@ TEST(ValueText, OfSmallIntegersIsAutomationsOwn) {
   check(VT_UINT, 4294967295, L"4294967295");
 }
 
-// The client sets how many bits the processor calculates with: 53 by default, 64 in programs made by Delphi and GCC.
-// The first number is one that a multiplication with 64 bits rounds twice.
+// The client sets the precision of the processor's calculations: 53 bits by default, 64 in programs built with Delphi
+// and GCC. The first number would be rounded twice by a multiplication with 64 bits.
 TEST(ValueText, IsReadAsTheNearestNumberInEveryClient) {
   const unsigned before = _controlfp(0, 0);
   for (const unsigned precision : {_PC_53, _PC_64}) {

@@ -1,7 +1,9 @@
-// Two copies of the component in one process, as in a program that brings its own and meets the installed one: each may
-// receive the other's objects.
+// The component beside other modules of a process: a second copy of itself, as in a program that brings its own and
+// meets the installed one, and the shared library of its compiler's runtime, which programs and ODBC drivers of the
+// same compiler load.
 #include <kodrarpt.h>
 
+#include "tests/wine/commands.h"
 #include "tests/wine/rows.h"
 #include "tests/wine/server.h"
 
@@ -15,7 +17,7 @@ class TwoCopies : public testing::Test {
     EXPECT_EQ(S_OK, other_->CanUnloadNow());
   }
 
-  // Runs the report on document models of one copy on a parameter object.
+  // Runs the report on document models of one copy with a parameter object.
   static Outcome Models(const ServerCopy& copy, const Ref<IDispatch>& parameters) {
     const auto report = copy->Create<IDispatch>(__uuidof(::CModeloRpt));
     EXPECT_EQ(S_OK, Put(report, L"StringConexao", ArchiveConnection()).hr);
@@ -40,12 +42,31 @@ TEST_F(TwoCopies, EachReadsTheOthersParameterObjects) {
 }
 
 TEST_F(TwoCopies, EachRaisesTheWholeErrorOfTheOthersParameterObject) {
-  const Failure absent = {0x80041FAB, L"KodraRpt.CModeloRpt::RelatorioModelos",
-                          L"Erro ao gerar dados para o relatório: O objeto de parâmetros não tem a propriedade "
-                          L"\"CodModelo\"."};
+  const Failure absent =
+      Framed(L"CModeloRpt::RelatorioModelos", L"O objeto de parâmetros não tem a propriedade \"CodModelo\".");
   EXPECT_EQ(absent, Models(one_, one_->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
   EXPECT_EQ(absent, Models(one_, other_->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
   EXPECT_EQ(absent, Models(other_, one_->Create<IDispatch>(__uuidof(::CDeptoRptObj))).failure);
+}
+
+// The output of a client of programs/, which prints each error that it receives.
+std::string OutputOfClient(const std::wstring& commandLine) {
+  const std::wstring program = ProgramPath();
+  return OutputOf(program.substr(0, program.rfind(L'\\') + 1) + commandLine);
+}
+
+const std::string kError =
+    "80041FAB KodraRpt.CDeptoRpt::RelatorioDeptos Erro ao gerar dados para o relatório: É preciso definir a "
+    "propriedade \"StringConexao\".\n";
+
+TEST(SharedRuntime, LoadedBeforeTheComponentLeavesItsErrorsWhole) {
+  EXPECT_EQ(kError + kError + "unloaded\n" + kError + kError + "the client's own exception\n",
+            OutputOfClient(L"kodra_shared_client.exe"));
+}
+
+TEST(SharedRuntime, LoadedAfterTheComponentLeavesItsErrorsWhole) {
+  EXPECT_EQ(kError + "library loaded\n" + kError + "unloaded\n" + kError + kError + "the client's own exception\n",
+            OutputOfClient(L"kodra_static_client.exe libgcc_s_dw2-1.dll"));
 }
 
 }  // namespace
