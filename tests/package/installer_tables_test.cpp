@@ -1,4 +1,4 @@
-// The MSI's description of itself in its tables and its summary, where Windows reads more than Wine does.
+// The tables and the summary of the MSI, of which Windows reads more than Wine does.
 #include <gtest/gtest.h>
 // clang-format off
 #include <windows.h>
@@ -11,6 +11,10 @@
 namespace kodra::package {
 namespace {
 
+// Properties of the summary.
+constexpr UINT kCodePage = 1;
+constexpr UINT kTemplate = 7;
+
 class Database {
  public:
   Database() { EXPECT_EQ(0U, MsiOpenDatabaseW(Installer().c_str(), nullptr, &database_)); }
@@ -18,7 +22,7 @@ class Database {
   Database& operator=(const Database&) = delete;
   ~Database() { MsiCloseHandle(database_); }
 
-  // The first column of the first row; nothing where there is none.
+  // The first column of the first row; the empty text when there is no row.
   std::wstring Value(const std::wstring& query) const {
     MSIHANDLE view = 0;
     MSIHANDLE row = 0;
@@ -53,8 +57,8 @@ class Database {
 TEST(InstallerTables, ArePortugueseInItsCodePage) {
   const Database database;
   EXPECT_EQ(L"1046", database.Property(L"ProductLanguage"));
-  EXPECT_EQ(L"1252", database.Summary(1));
-  EXPECT_EQ(L"Intel;1046", database.Summary(7));
+  EXPECT_EQ(L"1252", database.Summary(kCodePage));
+  EXPECT_EQ(L"Intel;1046", database.Summary(kTemplate));
 }
 
 TEST(InstallerTables, AreOfAProductForAllUsersThatLaterOnesUpgrade) {
@@ -69,14 +73,14 @@ TEST(InstallerTables, RefuseAWindowsOlderThanSeven) {
   EXPECT_EQ(L"O [ProductName] precisa do Windows 7 ou de um mais novo.",
             database.Value(L"SELECT `Description` FROM `LaunchCondition`"
                            L" WHERE `Condition`='Installed OR VersionNT >= 601'"));
-  // Before every other action except the search for installed versions.
+  // Only the search for installed versions comes before this action.
   for (const wchar_t* sequence : {L"InstallExecuteSequence", L"InstallUISequence"})
     EXPECT_EQ(L"100", database.Value(L"SELECT `Sequence` FROM `" + std::wstring(sequence) +
                                      L"` WHERE `Action`='LaunchConditions'"));
 }
 
-// An upgrade on Windows keeps an installed file that has a version where the package names none, and then removes it
-// with the earlier product.
+// Where the package names no version, an upgrade on Windows keeps the installed file, which has one, and then removes
+// it together with the earlier product.
 TEST(InstallerTables, NameTheVersionOfTheDll) {
   EXPECT_EQ(L"1.0.0.49", Database().Value(L"SELECT `Version` FROM `File` WHERE `File`='KodraRpt.dll'"));
 }

@@ -1,4 +1,4 @@
-// The MSI: what it installs and registers, that the installed component works, and that removing it leaves nothing.
+// The MSI: what it installs and registers, that the installed component works, and that its removal leaves nothing.
 #include <objbase.h>
 
 #include "tests/package/registry.h"
@@ -9,16 +9,16 @@
 namespace kodra::package {
 namespace {
 
-// The machine's registry of programs, and the user's whole registry.
+// The registry of programs, of the machine and of the user.
 RegistryLines DumpAll() { return Sorted(Dump(HKEY_LOCAL_MACHINE, L"Software"), Dump(HKEY_CURRENT_USER, L"Software")); }
 
-// Without the installer's bookkeeping of its products.
+// The rows without those in which the installer keeps its list of products.
 RegistryLines OfComponent(RegistryLines lines) {
   std::erase_if(lines, [](const std::wstring& line) { return line.starts_with(L"Installer\\"); });
   return lines;
 }
 
-// Windows' installer makes these keys for its own bookkeeping with the first package ever and keeps them empty.
+// Windows' installer creates these keys with the first package that it installs, and keeps them when they are empty.
 void MakeInstallersOwnKeys() {
   for (const wchar_t* path :
        {L"Software\\Classes\\Installer\\Features", L"Software\\Classes\\Installer\\Products",
@@ -32,7 +32,7 @@ void MakeInstallersOwnKeys() {
   }
 }
 
-// In every test it is installed.
+// Installs the package before each test, unless it is installed.
 class InstalledPackage : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -42,7 +42,7 @@ class InstalledPackage : public testing::Test {
     programsBefore_ = Listing(ProgramFolder());
   }
   void SetUp() override {
-    if (!Bytes(Installed() + L"\\KodraRpt.dll").empty()) return;
+    if (!BytesOf(Installed() + L"\\KodraRpt.dll").empty()) return;
     ASSERT_EQ(0U, Msiexec(L"/i", Installer()));
   }
   static void TearDownTestSuite() { Msiexec(L"/x", Installer()); }
@@ -65,7 +65,8 @@ TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRe
                               L"LEIAME.txt", L"docs\\behaviours.md", L"exemplos\\cliente.vbs"})
     EXPECT_TRUE(std::binary_search(expected.begin(), expected.end(), path)) << testing::PrintToString(path);
   for (const std::wstring& path : expected)
-    EXPECT_TRUE(Bytes(Unpacked() + L"\\" + path) == Bytes(Installed() + L"\\" + path)) << testing::PrintToString(path);
+    EXPECT_TRUE(BytesOf(Unpacked() + L"\\" + path) == BytesOf(Installed() + L"\\" + path))
+        << testing::PrintToString(path);
 }
 
 TEST_F(InstalledPackage, IsRegisteredByTheSameRule) {
@@ -83,17 +84,17 @@ TEST_F(InstalledPackage, IsRegisteredAsTheDllRegistersItself) {
 }
 
 TEST_F(InstalledPackage, ServesTheScriptClient) {
-  const Surroundings surroundings;
+  const RegisteredDependencies dependencies;
   ExpectServed(RunClient(L"cscript.exe", Installed()));
 }
 
-// About.Executavel returns the program beside the DLL that has the DLL's name, and Windows ignores letter case in
-// names: beside the DLL, the console program would be taken for the host.
+// About.Executavel returns the program that is beside the DLL and has its name, in any letter case. The console program
+// must not be found there.
 TEST_F(InstalledPackage, HasNoProgramNamedLikeTheDllBesideIt) {
   for (const std::wstring& folder : {Installed(), Unpacked(), Unpacked() + L"\\x64"}) {
     for (const std::wstring& name : Listing(folder))
       EXPECT_NE(0, _wcsicmp(L"KodraRpt.exe", name.c_str())) << testing::PrintToString(folder);
-    EXPECT_NE(std::string(), Bytes(folder + L"\\KodraRpt.dll")) << testing::PrintToString(folder);
+    EXPECT_NE(std::string(), BytesOf(folder + L"\\KodraRpt.dll")) << testing::PrintToString(folder);
   }
 }
 
@@ -103,7 +104,7 @@ TEST_F(InstalledPackage, ReturnsTheDllAsItsOwnFile) {
   CoFreeUnusedLibrariesEx(0, 0);
 }
 
-// The values that the list of installed programs shows.
+// A value that the list of installed programs shows.
 std::wstring Listed(const std::wstring& name) {
   const std::wstring root = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
   std::wstring found = L"(not listed)";
@@ -120,7 +121,7 @@ TEST_F(InstalledPackage, IsListedInPortuguese) {
   EXPECT_EQ(L"Kodra", Listed(L"Publisher"));
   EXPECT_EQ(L"Dados dos relatórios do arquivo", Listed(L"Comments"));
   EXPECT_EQ(Installed() + L"\\", Listed(L"InstallLocation"));
-  EXPECT_EQ(L"(type 4) 22 4 0 0", Listed(L"Language"));  // 1046
+  EXPECT_EQ(L"(type 4) 22 4 0 0", Listed(L"Language"));  // a DWORD: 1046, Brazilian Portuguese
 }
 
 TEST_F(InstalledPackage, LeavesRegistryAndFoldersAsBeforeWhenRemoved) {
@@ -133,7 +134,7 @@ TEST_F(InstalledPackage, IsReplacedByALaterOneWhichRefusesADowngrade) {
   const RegistryLines classes = DumpClasses();
   ASSERT_EQ(0U, Msiexec(L"/i", LaterInstaller()));
   EXPECT_EQ(L"1.0.50", Listed(L"DisplayVersion"));
-  EXPECT_NE(std::string(), Bytes(Installed() + L"\\KodraRpt.dll"));
+  EXPECT_NE(std::string(), BytesOf(Installed() + L"\\KodraRpt.dll"));
   ExpectSame(OfComponent(classes), OfComponent(DumpClasses()));
 
   EXPECT_NE(0U, Msiexec(L"/i", Installer()));

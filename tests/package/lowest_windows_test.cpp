@@ -10,7 +10,7 @@ namespace {
 
 enum class Windows { kXp, kVista, kVistaServicePack1 };
 
-// The first Windows with a function; all that are not listed were in Windows XP.
+// The first Windows that has a function. A function that is not listed was already in Windows XP.
 Windows FirstWith(const std::string& function) {
   static const std::map<std::string, Windows> later = {
       {"AcquireSRWLockExclusive", Windows::kVista},
@@ -30,8 +30,8 @@ Windows FirstWith(const std::string& function) {
   return found == later.end() ? Windows::kXp : found->second;
 }
 
-// The lowest Windows that has all of a file's imports. Each of them must be a known one: whoever adds a function to the
-// known ones finds out which Windows had it first, and adds it to FirstWith when that is later than Windows XP.
+// The lowest Windows that has all functions that a file imports. Each must be a known function: before you add one,
+// find out which Windows had it first, and add it to FirstWith if that is later than Windows XP.
 template <class IsKnown>
 Windows LowestWindowsOf(const face::PeFile& file, IsKnown isKnown) {
   Windows lowest = Windows::kXp;
@@ -50,16 +50,16 @@ void ExpectLoadedByVista(const face::PeFile& file) {
   EXPECT_LE(header.MajorOperatingSystemVersion * 100 + header.MinorOperatingSystemVersion, 600);
 }
 
-// The README says so.
+// The README names the same Windows.
 TEST(LowestWindows, OfTheComponentIsVistaWithServicePackOne) {
   const face::PeFile dll(Unpacked() + L"\\KodraRpt.dll");
   EXPECT_EQ(Windows::kVistaServicePack1, LowestWindowsOf(dll, face::IsComponentImport));
   ExpectLoadedByVista(dll);
 }
 
-#ifndef _WIN64  // the package has no console program for it
+#ifndef _WIN64  // The package contains no 64-bit console program.
 
-// The console program's imports beyond the component's.
+// The functions that the console program may import in addition to those of the component.
 bool IsConsoleImport(const std::string& dll, const std::string& function) {
   static const std::map<std::string, std::set<std::string>> known = {
       {"kernel32.dll",

@@ -6,10 +6,11 @@
 namespace kodra::package {
 namespace {
 
-// A folder as a program's author fills it: the program, the component and the two manifests; deleted with this object.
-class ProgramBesideTheComponent {
+// A folder with a program, the component and the two manifests, as the author of a program provides it. It is deleted
+// with this object.
+class SelfContainedProgram {
  public:
-  ProgramBesideTheComponent() {
+  SelfContainedProgram() {
     CreateDirectoryW(folder_.c_str(), nullptr);
     wchar_t system[MAX_PATH];
     GetSystemDirectoryW(system, MAX_PATH);
@@ -17,9 +18,9 @@ class ProgramBesideTheComponent {
     for (const wchar_t* name : {L"KodraRpt.dll", L"KodraRpt.Classes.manifest", L"programa.exe.manifest"})
       Copy(Unpacked() + L"\\" + name, name);
   }
-  ProgramBesideTheComponent(const ProgramBesideTheComponent&) = delete;
-  ProgramBesideTheComponent& operator=(const ProgramBesideTheComponent&) = delete;
-  ~ProgramBesideTheComponent() {
+  SelfContainedProgram(const SelfContainedProgram&) = delete;
+  SelfContainedProgram& operator=(const SelfContainedProgram&) = delete;
+  ~SelfContainedProgram() {
     CoFreeUnusedLibrariesEx(0, 0);
     for (const std::wstring& path : Listing(folder_)) DeleteFileW(Path(path).c_str());
     RemoveDirectoryW(folder_.c_str());
@@ -43,21 +44,21 @@ TEST(Unregistered, NoClassIsKnownByItsName) {
 }
 
 TEST(Unregistered, TheScriptClientIsServedThroughTheManifests) {
-  const Surroundings surroundings;
-  const ProgramBesideTheComponent program;
+  const RegisteredDependencies dependencies;
+  const SelfContainedProgram program;
   ExpectServed(RunClient(program.Path(L"programa.exe"), Unpacked()));
 }
 
 TEST(Unregistered, TheScriptClientIsNotServedWithoutThem) {
-  const Surroundings surroundings;
-  const ProgramBesideTheComponent program;
+  const RegisteredDependencies dependencies;
+  const SelfContainedProgram program;
   DeleteFileW(program.Path(L"programa.exe.manifest").c_str());
-  // Where the client first creates an object that it needs.
+  // The client ends where it creates its first object.
   EXPECT_EQ(L"== Uma chamada sem StringConexao (KodraRpt.CDeptoRpt)",
             RunClient(program.Path(L"programa.exe"), Unpacked()).result);
 }
 
-// The program's manifest in force on this thread.
+// While it exists, a program's manifest applies to this thread.
 class Activation {
  public:
   explicit Activation(const std::wstring& manifest) {
@@ -81,7 +82,7 @@ class Activation {
 };
 
 TEST(Unregistered, EveryClassIsCreatedThroughTheManifests) {
-  const ProgramBesideTheComponent program;
+  const SelfContainedProgram program;
   const Activation activation(program.Path(L"programa.exe.manifest"));
   for (const face::ClassEntry& entry : face::PublicClasses()) {
     HRESULT hr = E_UNEXPECTED;
@@ -97,7 +98,7 @@ TEST(Unregistered, EveryClassIsCreatedThroughTheManifests) {
 }
 
 TEST(Unregistered, TheTypeLibraryIsFoundThroughTheManifests) {
-  const ProgramBesideTheComponent program;
+  const SelfContainedProgram program;
   GUID id = {};
   ASSERT_EQ(S_OK, CLSIDFromString(face::kLibraryId, &id));
   face::Ref<ITypeLib> library;

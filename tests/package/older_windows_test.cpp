@@ -1,4 +1,4 @@
-// The MSI on other versions of Windows, which Wine imitates when it is configured to.
+// The MSI on other versions of Windows, which Wine imitates.
 #include <gtest/gtest.h>
 
 #include "tests/package/command.h"
@@ -7,31 +7,31 @@
 namespace kodra::package {
 namespace {
 
-// While it exists, Windows' installer runs on a version of Windows, by Wine's name for it.
-class InstallersWindows {
+// While it exists, Windows' installer runs on another version of Windows, which is given by Wine's name for it.
+class InstallerVersion {
  public:
-  explicit InstallersWindows(const std::wstring& version) {
+  explicit InstallerVersion(const std::wstring& version) {
     EXPECT_EQ(ERROR_SUCCESS, RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"Version", REG_SZ, version.c_str(),
                                              static_cast<DWORD>((version.size() + 1) * sizeof(wchar_t))));
   }
-  InstallersWindows(const InstallersWindows&) = delete;
-  InstallersWindows& operator=(const InstallersWindows&) = delete;
-  ~InstallersWindows() { EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_CURRENT_USER, kKey)); }
+  InstallerVersion(const InstallerVersion&) = delete;
+  InstallerVersion& operator=(const InstallerVersion&) = delete;
+  ~InstallerVersion() { EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_CURRENT_USER, kKey)); }
 
  private:
   static constexpr const wchar_t* kKey = L"Software\\Wine\\AppDefaults\\msiexec.exe";
 };
 
-bool IsInstalled() { return !Bytes(Installed() + L"\\KodraRpt.dll").empty(); }
+bool IsInstalled() { return !BytesOf(Installed() + L"\\KodraRpt.dll").empty(); }
 
 TEST(OlderWindows, VistaIsRefused) {
-  const InstallersWindows vista(L"vista");
+  const InstallerVersion vista(L"vista");
   EXPECT_EQ(static_cast<DWORD>(ERROR_INSTALL_FAILURE), Msiexec(L"/i", Installer()));
   EXPECT_FALSE(IsInstalled());
 }
 
 TEST(OlderWindows, SevenIsNotRefused) {
-  const InstallersWindows seven(L"win7");
+  const InstallerVersion seven(L"win7");
   EXPECT_EQ(static_cast<DWORD>(ERROR_SUCCESS), Msiexec(L"/i", Installer()));
   EXPECT_TRUE(IsInstalled());
   EXPECT_EQ(static_cast<DWORD>(ERROR_SUCCESS), Msiexec(L"/x", Installer()));

@@ -1,4 +1,4 @@
-// Where the tests of installation find things, and the contents of folders.
+// The paths of the packages and of the installed files, and the contents of folders.
 #pragma once
 
 #include <windows.h>
@@ -11,30 +11,22 @@
 
 namespace kodra::package {
 
+using face::BytesOf;
+
+// The folder of the unpacked zip.
 inline std::wstring Unpacked() { return face::WindowsPath(face::Variable(L"KODRA_UNPACKED")); }
 inline std::wstring Installer() { return face::WindowsPath(face::Variable(L"KODRA_MSI")); }
-// The same package as a later version.
+// The installer of a later version.
 inline std::wstring LaterInstaller() { return face::WindowsPath(face::Variable(L"KODRA_LATER_MSI")); }
 
-// The folder of programs of this test program's kind.
+// The folder where Windows installs programs that are, like this test program, 32-bit or 64-bit.
 inline std::wstring ProgramFolder() { return face::Variable(L"ProgramFiles"); }
 inline std::wstring Installed() { return ProgramFolder() + L"\\KodraRpt"; }
 
+// The path of a temporary file or folder.
 inline std::wstring Temporary(const std::wstring& name) {
   wchar_t folder[MAX_PATH];
   return std::wstring(folder, GetTempPathW(MAX_PATH, folder)) + name;
-}
-
-// A whole file; empty when there is none.
-inline std::string Bytes(const std::wstring& path) {
-  HANDLE file =
-      CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return {};
-  std::string bytes(GetFileSize(file, nullptr), '\0');
-  DWORD count = 0;
-  ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
-  CloseHandle(file);
-  return bytes;
 }
 
 // The paths of the files and folders below a folder, in order and relative to it; a folder's path ends with a

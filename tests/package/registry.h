@@ -1,4 +1,4 @@
-// The registry before and after, and the rows of the registered component.
+// The functions of tests/wine that dump and compare the registry.
 #pragma once
 
 #include "tests/wine/registered_rows.h"

@@ -9,11 +9,11 @@ namespace {
 
 RegistryLines DumpUserClasses() { return Dump(HKEY_CURRENT_USER, L"Software\\Classes"); }
 
-// Dumps the classes before anything is registered; unregisters what a test registered.
+// Dumps the classes before anything is registered, and unregisters after each test.
 class UserRegistration : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    // A user's class registry has this one key for all components; a new user does not have it yet.
+    // All components of a user share this key, which a new user does not have yet.
     HKEY shared = nullptr;
     ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyW(HKEY_CURRENT_USER, L"Software\\Classes\\CLSID", &shared));
     RegCloseKey(shared);
@@ -39,7 +39,7 @@ TEST_F(UserRegistration, WritesTheRowsOfEveryClassForTheUser) {
   ExpectSame(Sorted(face::ClassRows(face::DllPath())), Without(DumpUserClasses(), user_));
 }
 
-// Windows writes the type library for the user too. Wine writes it for all, whoever asks (it says so in its log).
+// Windows writes the type library only for the user as well. Wine always writes it for all users.
 TEST_F(UserRegistration, WritesNoClassForAllUsers) {
   ASSERT_EQ(0U, Regsvr32(L"/n /i:user"));
   EXPECT_EQ(RegistryLines(), Without(machine_, DumpClasses()));
