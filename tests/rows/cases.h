@@ -1,4 +1,4 @@
-// The case of a report: what a client sets, and the rows that a plain loop over the sample archive finds.
+// A case of a report: the properties that a client sets, and the rows that a plain loop over the sample archive finds.
 //
 //   INSTANTIATE_TEST_SUITE_P(Catalogs, ReportRows, testing::Combine(testing::ValuesIn(Cases()), BothEngines()),
 //   CaseName);
@@ -23,8 +23,8 @@ struct Case {
   std::function<Table()> expected;
   // The columns by which they are in ascending order.
   std::vector<std::wstring> order = {};
-  // Where the report returns these columns and no row at all, for the reason beside the predicate.
-  bool (*isEmptyOn)(Engine) = Nowhere;
+  // The databases on which the report returns the columns but no row; the predicate says why.
+  bool (*isEmptyOn)(Engine) = OnNoEngine;
   From from = From::kCurrentRow;
 
   friend void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }

@@ -10,7 +10,7 @@ using namespace testbed;
 const Report kMedia{L"CCDRpt", L"RelatorioMidias"};
 const std::vector<std::wstring> kMediaColumns{L"NUM_CD", L"DOC_INICIAL", L"DOC_FINAL", L"DATA_GRAVACAO", L"RELATORIO"};
 
-// Including those without a type or a recording date.
+// Media without a type or a recording date are listed too.
 Table Media() {
   Table expected(kMediaColumns);
   for (const Cd& cd : All<Cd>()) {
@@ -19,7 +19,7 @@ Table Media() {
   return expected;
 }
 
-// Those whose term ended today or earlier.
+// The media whose term ended today or earlier.
 Table ExpiredMedia() {
   Table expected(kMediaColumns);
   for (const Cd& cd : All<Cd>()) {
@@ -66,7 +66,7 @@ Table Groups() {
   return expected;
 }
 
-// One type is reserved.
+// The reserved type is not listed.
 Table ModuleTypes() {
   Table expected({L"DESCR_TIPO_CX", L"NUM_MAX_DOCS", L"NUM_MAX_FOLHAS"});
   for (const TipoCaixa& type : All<TipoCaixa>()) {

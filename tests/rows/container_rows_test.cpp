@@ -70,9 +70,9 @@ class ContainerLabelRows : public OnBothEngines {
     return joined.rows.back().front();
   }
 
-  // The label of a container that holds modules, in the order of their numbers: both databases read the index of the
-  // column. It has the latest date. Once a module has a term, the kind stays that of a term; otherwise it is the kind
-  // of the last module.
+  // The label of a container with modules, which both databases read in the order of their numbers because they use the
+  // index of the column. The label has the latest date. As soon as one module has a term, its kind is that of a term;
+  // otherwise it is the kind of the last module.
   static void AddLabel(Table& labels, const Text& container) {
     Day latest = kZeroDate;
     Text kind;

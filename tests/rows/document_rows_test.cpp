@@ -1,4 +1,4 @@
-// The document listings. A period reaches MariaDB as two days without time; SQLite cannot read one at all.
+// The document listings. MariaDB receives a period as two days without a time; SQLite cannot read a period.
 #include <algorithm>
 
 #include "tests/rows/cases.h"
@@ -29,7 +29,7 @@ Table Summary(const Filter& filter) {
   return rows;
 }
 
-// So are those without a subgroup, a series or a keeper.
+// Documents without a support, a subgroup, a series or a keeper are left out.
 Table Detail(const Filter& filter) {
   Table rows({L"COD_DOCTO", L"DESCR_GRUPO", L"DESCR_ASSUNTO", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3",
               L"DESCR_CHAVE4", L"DESCR_CHAVE5", L"DESCR_OPERADOR", L"DESCR_SUPORTE", L"DT_ARMAZ", L"ARQUIVO", L"OBS",
@@ -51,7 +51,7 @@ Table Detail(const Filter& filter) {
 
 bool IsInventory(const Documento& d) { return d.extensao == L"#INV"; }
 
-// The inventory's own documents that are indexed.
+// The documents of inventories that are indexed.
 Table Inventory(const Filter& filter) {
   Table rows({L"COD_DOCTO", L"DESCR_GRUPO", L"DESCR_ASSUNTO", L"NUM_CAIXA", L"MACO", L"DT_ARMAZ", L"ACHAVE1",
               L"ACHAVE2", L"ACHAVE3", L"ACHAVE4", L"ACHAVE5", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3",
@@ -105,7 +105,7 @@ Properties StoredIn(const Period& period) {
   return {{L"DataArmazenamento1", DateOf(period.first)}, {L"DataArmazenamento2", DateOf(period.last)}};
 }
 
-// The last day of a period counts only up to the midnight that begins it.
+// A period ends with the midnight that begins its last day.
 std::vector<Case> Periods() {
   std::vector<Case> cases;
   for (const auto& [ending, last] : {std::pair("UpToADocumentOfMidnight", kStoredAtMidnight),
@@ -146,7 +146,7 @@ std::vector<Case> Periods() {
 INSTANTIATE_TEST_SUITE_P(DocumentPeriods, ReportRows,
                          testing::Combine(testing::ValuesIn(Periods()), testing::Values(Engine::kMariaDb)), CaseName);
 
-// SQLite's translation writes the bounds into the statement without quotes, including the hours.
+// SQLite's dialect writes the bounds, with their times, into the statement without quotes.
 TEST(DocumentoOnSqlite, APeriodIsAnErrorOfTheStatement) {
   const std::wstring refusal = RefusedBySqlite(L"near \"00\": syntax error");
   for (const Period& period : {StoredBetween(200, kStoredAtMidnight),

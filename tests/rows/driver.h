@@ -1,8 +1,8 @@
 // How a client runs a report and uses a database.
 //
-// The functions of the first part are the driver: each program that runs the tests of rows defines them for its kind of
-// client. kodra_test_db calls the reports over ODBC (tests/db/rows_driver.cpp), kodra_test_wine creates them by ProgID
-// and reads them through ADO (tests/wine/rows_driver.cpp). The rest is the same for both.
+// The functions of the first part are the driver, which each program that runs the tests of rows defines for its kind
+// of client: kodra_test_db calls the reports over ODBC (tests/db/rows_driver.cpp), and kodra_test_wine creates them by
+// ProgID and reads them through ADO (tests/wine/rows_driver.cpp). The rest is the same for both.
 #pragma once
 
 #include <optional>

@@ -37,7 +37,7 @@ Table Events(const std::function<bool(const Evento&)>& filter) {
   return table;
 }
 
-// They include an action that fills every piece, and texts that are longer than their fields.
+// The archive has an action that fills every piece, and texts that are longer than their fields.
 Table AllEvents() {
   Table events = Events([](const Evento&) { return true; });
   EXPECT_EQ(events.rows.size(), All<Evento>().size());

@@ -124,7 +124,7 @@ std::vector<Case> Labels() {
        byModule},
       {"DividersOfTheFirstModule", kDividers, {{L"Modulo1", L"AA001"}}, Dividers(L"AA001"), byDocument},
       {"DividersOfAModule", kDividers, {{L"Modulo1", L"AA004"}}, Dividers(L"AA004"), byDocument},
-      // The rows are those of its parent.
+      // A subordinate has the rows of its parent.
       {"DividersOfASubordinate", kDividers, {{L"Modulo1", L"AA00102"}}, Dividers(L"AA001"), byDocument},
       {"DividersOfAnotherSubordinate", kDividers, {{L"Modulo1", L"AA00409"}}, Dividers(L"AA004"), byDocument},
   };

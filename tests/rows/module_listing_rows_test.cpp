@@ -139,7 +139,7 @@ std::vector<Case> UnclassifiedCases() {
 INSTANTIATE_TEST_SUITE_P(Unclassified, ReportRows,
                          testing::Combine(testing::ValuesIn(UnclassifiedCases()), BothEngines()), CaseName);
 
-// The archive contains what the cases above are about.
+// The archive contains rows that the filters of the cases above keep and rows that they leave out.
 TEST(ModuleArchive, HasRowsThatEachFilterSeparates) {
   for (const ModuleFilter& filter : {ModuleFilter{}, ModuleFilter{.backCatalogue = true}}) {
     EXPECT_GT(CountOfSubordinates(DiscardedModules(filter)), 0U);
@@ -192,7 +192,7 @@ TEST_P(ModuleListingRows, OfDueModulesIncludeTodayAndNotTomorrow) {
   EXPECT_FALSE(has(L"AA000"));
 }
 
-// The module of the documents that wait for one is never due.
+// AA000, the module of the documents that do not have one yet, is never due.
 TEST(ModuleListingRowsOfAChangedArchive, OfDueModulesIncludeTodayByTheDatabasesClock) {
   const ChangedArchive archive({L"UPDATE CAIXA SET TIPO_GUARDA = 'P' WHERE NUM_CAIXA <> 'AA000'",
                                 L"UPDATE CAIXA_SUBORDINADA SET TIPO_GUARDA = 'P'",

@@ -11,7 +11,7 @@ using namespace testbed;
 
 const Report kOperators{L"COperadorRpt", L"RelatorioOperadores"};
 
-// The leading digits of a type's code decide its description; without any it is type 0.
+// The leading digits of a type's code decide its description. A code without any is type 0.
 Text TypeName(const MaybeText& code) {
   static const std::map<Text, Text> kNames{{L"1", L"Administrador"}, {L"2", L"Arquivista"},  {L"3", L"Digitalizador"},
                                            {L"0", L"Consulta"},      {L"12abc", L"Auditor"}, {L"x", L"Consulta"}};
@@ -25,7 +25,7 @@ bool IsActive(const MaybeText& flag) {
   return flag && kMeanings.at(*flag);
 }
 
-// All except the deleted ones and those without a department or group.
+// All operators except those that are deleted and those without a department or a group.
 Table Operators() {
   Table expected({L"DESCR_OPERADOR", L"NOME_COMPLETO", L"DESCR_TIPO", L"DESCR_DEPTO", L"CHAPA", L"RAMAL",
                   L"DESCR_GRUPO_OP", L"ATIVO"});

@@ -146,7 +146,7 @@ TEST(IndexingArchive, HasADocumentOfNoModuleAndOneThatAnotherPersonStored) {
   EXPECT_NE(SomeDocument().codIndexador, SomeDocument().codOperador);
 }
 
-// The counts that a client made itself.
+// The properties with the counts, which the client computes.
 Properties Keywords(const std::vector<std::wstring>& counts, const Period& period = WholeArchive()) {
   static const wchar_t* const kNames[] = {L"NumeroPC1", L"NumeroPC2", L"NumeroPC3",
                                           L"NumeroPC4", L"NumeroPC5", L"NumeroObs"};

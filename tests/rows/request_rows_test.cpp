@@ -78,7 +78,7 @@ Table Slip(std::int64_t request) {
   return slip;
 }
 
-// Every request whose documents are in modules. The recordset is on the row that was added last.
+// The slip of every request with documents in modules. The recordset is on the row that was added last.
 std::vector<Case> Slips() {
   std::vector<Case> cases;
   for (std::int64_t request = 1; request <= 20; ++request) {
@@ -88,7 +88,7 @@ std::vector<Case> Slips() {
                      {{L"CodSolicit", std::to_wstring(request)}},
                      [=] { return Slip(request); },
                      {},
-                     Nowhere,
+                     OnNoEngine,
                      From::kFirstRow});
   }
   return cases;
@@ -139,7 +139,7 @@ TEST_P(RequestRows, OfASlipEndOnTheOneThatWasAddedLast) {
   EXPECT_EQ(SlipOf(L"1,3,5", From::kCurrentRow).Column(L"DOCUMENTOS"), std::vector<Value>{lines.back()});
 }
 
-// The database decides which of the requests a slip describes. None of these returns by a set date.
+// The database decides which of the requests a slip describes. None of these requests has a date of return.
 TEST_P(RequestRows, OfASlipOfSeveralRequestsAreAllDocumentsAndTheSentenceOfOneRequest) {
   for (const auto& [codes, requests] : {std::pair(L"1,2", Requests{1, 2}), std::pair(L"1,3", Requests{1, 3}),
                                         std::pair(L"1,2,4,8", Requests{1, 2, 4, 8})}) {
@@ -167,7 +167,7 @@ TEST_P(RequestRows, OfASlipOfAnUnknownRequestAreAnError) {
                    L"A variável do objeto ou a variável do bloco 'With' não foi definida"));
 }
 
-// The dates are texts. A row without a mode is neither returned nor withdrawn.
+// The dates are texts. The list of withdrawn originals alone leaves out the requests without a mode of return.
 Table Originals(bool returnedToo) {
   Table expected({L"TITULO", L"COD_DOCTO", L"DESCR_OPERADOR", L"DT_RETIRADA", L"DEVOLVIDO", L"DT_DEVOLUCAO"});
   const auto text = [](const MaybeMoment& moment) {
@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(Originals, ReportRows,
                                           testing::Values(Engine::kMariaDb)),
                          CaseName);
 
-// SQLite has no translation of a date into text, so the column's name comes without an expression.
+// SQLite's dialect has no text for a date, so that the name of the column has no expression before it.
 TEST(SolicitacaoOnSqlite, TheListOfOriginalsIsAnErrorOfTheStatement) {
   for (const Properties& properties :
        {Properties{}, Properties{{L"ListarJaDevolvidos", false}}, Properties{{L"ListarJaDevolvidos", true}}})

@@ -17,7 +17,7 @@ CaixaSubordinada Subordinate(const testbed::Text& parent, std::int64_t number, c
   return module;
 }
 
-// Calls visit with each row that is added to the generated ones.
+// Calls visit with each row that is added to the generated rows.
 template <class Visitor>
 void ForEachExtraRow(Visitor&& visit) {
   Caixa dueToday;

@@ -13,14 +13,14 @@ const Report kBySupport{L"CEstatSuporteRpt", L"RelatorioEstatisticas"};
 const Report kBySubgroup{L"CEstatSubgrupoRpt", L"RelatorioEstatisticas"};
 const Report kBySeries{L"CEstatSerieRpt", L"RelatorioEstatisticas"};
 
-// A kind in the client's text, and its meaning: F (sheets), P (pages), N (documents) or another.
+// The text that a client sets for a kind, and its meaning: F (sheets), P (pages), N (documents) or another letter.
 struct Kind {
   const char* name;
   const wchar_t* sent;
   wchar_t meaning;
 };
 
-// Digital documents and those without a module count. Sheets have no back, but the column is there.
+// Digital documents and those without a module are included. Sheets have a column for the back too, which is 0.
 Table BySupport(const Period& period, wchar_t kind) {
   Table table({L"TIT", L"COD_DOCTO", L"DESCR_SUPORTE"});
   const bool pages = kind == L'F' || kind == L'P';

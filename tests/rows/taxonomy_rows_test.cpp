@@ -12,7 +12,7 @@ using namespace testbed;
 
 const Report kModels{L"CModeloRpt", L"RelatorioModelos"};
 
-// Those without a group are left out.
+// Subgroups without a group are left out.
 Table Subgroups() {
   Table expected({L"DESCR_CLASSE", L"DESCR_GRUPO", L"OBS_GRUPO", L"IDC_ATIVO"});
   for (const Grupo& subgroup : All<Grupo>()) {
@@ -23,7 +23,7 @@ Table Subgroups() {
   return expected;
 }
 
-// Those without a series are left out.
+// Terms without a series are left out.
 Table ControlledTerms() {
   Table expected({L"DESCR_GRUPO", L"DESCR_ASSUNTO", L"COD_PALAVRA", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3",
                   L"DESCR_CHAVE4", L"DESCR_CHAVE5", L"DESCR_DICIONARIO"});
@@ -38,14 +38,14 @@ Table ControlledTerms() {
   return expected;
 }
 
-// The mark of a key: none without a caption, otherwise yes for the four letters that mean it.
+// The mark of a key: none when it has no caption, otherwise yes for the four letters that mean yes.
 Text Mark(const MaybeText& caption, const MaybeText& flag) {
   if (!caption || caption->empty()) return L"";
   const bool yes = flag && (*flag == L"1" || *flag == L"S" || *flag == L"T" || *flag == L"Y");
   return yes ? L"S" : L"N";
 }
 
-// Those without an owner are kept, those without a group are left out.
+// Series without an owner are listed; series without a group are left out.
 Table Series() {
   Table expected({L"DESCR_CLASSE",   L"DESCR_GRUPO",    L"DESCR_ASSUNTO", L"OBS_ASSUNTO",  L"DONO",
                   L"SERIE_ATIVA",    L"DESCR_CHAVE1",   L"DESCR_CHAVE2",  L"DESCR_CHAVE3", L"DESCR_CHAVE4",
@@ -77,7 +77,7 @@ Table Series() {
   return expected;
 }
 
-// The models with a stored code, or all of them, including those of a subgroup without a group.
+// The models with a code, or all of them when it is null; those of a subgroup without a group are included.
 Table Models(const MaybeText& code) {
   Table expected({L"GRUPO", L"SUBGRUPO", L"SERIE", L"DESCR_CHAVE1", L"DESCR_CHAVE2", L"DESCR_CHAVE3", L"DESCR_CHAVE4",
                   L"DESCR_CHAVE5", L"CHAVE1", L"CHAVE2", L"CHAVE3", L"CHAVE4", L"CHAVE5", L"VALIDADE"});
