@@ -44,7 +44,7 @@ class Objeto {
   operator _variant_t() const { return _variant_t(objeto_.get()); }
 
  private:
-  struct Solta {
+  struct Libera {
     void operator()(IDispatch* objeto) const { objeto->Release(); }
   };
 
@@ -78,7 +78,7 @@ class Objeto {
 
   static std::wstring Texto(const _bstr_t& texto) { return {texto, texto.length()}; }
 
-  std::unique_ptr<IDispatch, Solta> objeto_;
+  std::unique_ptr<IDispatch, Libera> objeto_;
 };
 
 // O texto de um campo, lido pelo nome; vazio quando o campo é nulo.

@@ -4,7 +4,7 @@ Lista os departamentos e imprime a etiqueta de abertura de um módulo.
   .\acervo.ps1 -Conexao 'Driver={SQLite3};Database=C:\acervo\acervo.db' -Modulo AA001
 
 O componente é de 32 bits: num Windows de 64 bits, use %windir%\SysWOW64\WindowsPowerShell\v1.0\powershell.exe.
-Os testes não executam este exemplo: o powershell.exe do Wine é só uma casca, que nada faz.
+Os testes não executam este exemplo: o powershell.exe do Wine não faz nada.
 #>
 #Requires -Version 5.1
 param(
@@ -14,8 +14,8 @@ param(
 Set-StrictMode -Version Latest
 $ErrorActionPreference = 'Stop'
 
-# Fecha o Recordset, que mantém aberta a conexão com o banco, e libera os objetos sem esperar pelo coletor de lixo.
-function Solta($linhas, $objetos) {
+# Fecha o Recordset, que mantém aberta a conexão com o banco, e libera os objetos sem esperar pela coleta de lixo.
+function Libera($linhas, $objetos) {
     if ($null -ne $linhas) { $linhas.Close() }
     foreach ($objeto in @($linhas) + $objetos) {
         if ($null -ne $objeto) { [void][Runtime.InteropServices.Marshal]::ReleaseComObject($objeto) }
@@ -35,7 +35,7 @@ function ListaDepartamentos {
             $linhas.MoveNext()
         }
     }
-    finally { Solta $linhas @($relatorio, $parametros) }
+    finally { Libera $linhas @($relatorio, $parametros) }
 }
 
 function ImprimeEtiqueta {
@@ -56,7 +56,7 @@ function ImprimeEtiqueta {
             $linhas.MoveNext()
         }
     }
-    finally { Solta $linhas @($relatorio, $parametros) }
+    finally { Libera $linhas @($relatorio, $parametros) }
 }
 
 try {

@@ -15,7 +15,7 @@ from win32com.client import Dispatch
 
 @contextmanager
 def aberto(linhas):
-    """Fecha o Recordset no fim do bloco: enquanto aberto, ele segura a conexão com o banco."""
+    """Fecha o Recordset no fim do bloco: enquanto está aberto, ele mantém aberta a conexão com o banco."""
     try:
         yield linhas
     finally:
@@ -23,7 +23,7 @@ def aberto(linhas):
 
 
 def cada_linha(linhas):
-    """Percorre o Recordset; cada linha é uma função que dá o texto de um campo pelo nome, vazio se o campo é nulo."""
+    """Percorre o Recordset. Cada linha é uma função que devolve o texto de um campo pelo nome, vazio se ele é nulo."""
 
     def texto(campo):
         valor = linhas.Fields.Item(campo).Value
