@@ -2,8 +2,8 @@
 //
 //   runtime_client [LIBRARY]
 //
-// Prints the error of a failing report four times: from the component just loaded, after LIBRARY was loaded too, and
-// twice from the component that COM has unloaded and loaded again. At the end it throws and catches an exception of its
+// Prints the error of a failing report four times: after the component is loaded, after LIBRARY is loaded too, and
+// twice after COM has unloaded the component and loaded it again. At the end it throws and catches an exception of its
 // own.
 #include <windows.h>
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Prints a text in UTF-8, and a blank or the end of the line after it.
+// Prints a text in UTF-8, followed by `end`.
 void Print(BSTR text, char end) {
   std::string bytes(3 * SysStringLen(text), '\0');
   bytes.resize(
@@ -55,7 +55,7 @@ void UnloadTheComponent() {
 }  // namespace
 
 int main(int count, char** arguments) {
-  // Unbuffered, so that output before an abrupt end is seen too.
+  // Unbuffered, so that the output is complete even if the program ends abnormally.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   CoInitialize(nullptr);
   FailAReport();

@@ -1,4 +1,4 @@
-' What a script sees of failing reports: one line for each, "case|number|source|description", into a UTF-16 file.
+' Writes the errors of failing reports into a UTF-16 file, one line for each: "case|number|source|description".
 ' Arguments: the file to write, the connection strings of the archive, of a missing file, of an empty file and of a
 ' database without tables.
 Option Explicit

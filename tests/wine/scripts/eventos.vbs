@@ -35,7 +35,7 @@ out.Write "raised " & Err.Number & vbLf
 Err.Clear
 On Error Goto 0
 
-' Without a log file the listener still receives the lines; without a listener nobody does.
+' Without a log file the listener still receives the lines.
 report.LogFile = ""
 Set rows = report.AutorizacaoDescarteModuloSubRpt(parameters)
 rows.Close

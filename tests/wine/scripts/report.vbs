@@ -1,4 +1,4 @@
-' A report as a script prints it: its column names, then its rows, with "|" between the columns, into a UTF-16 file.
+' Writes a report into a UTF-16 file: its column names, then its rows, with "|" between the columns.
 ' Arguments: the file to write, the connection string, the report class, its method.
 Option Explicit
 

@@ -1,4 +1,4 @@
-' The sibling components as a script uses them, into a UTF-16 file.
+' Uses the sibling components and writes their results into a UTF-16 file.
 ' Arguments: the file to write, the connection string, a module with subordinate modules.
 Option Explicit
 
@@ -7,7 +7,7 @@ Set out = CreateObject("Scripting.FileSystemObject").CreateTextFile(WScript.Argu
 Set cn = CreateObject("ADODB.Connection")
 cn.Open WScript.Arguments(1)
 
-' Only through the script's own connection.
+' This component reads only through the script's own connection.
 Set modules = CreateObject("KodraBsnV3.ObtedorDeModulos")
 Set modules.Conexao = cn
 Set filter = CreateObject("KodraBsnV3.ModulosFiltro")
@@ -39,7 +39,7 @@ Set business = CreateObject("KodraBsnV3.ModulosBsn")
 out.Write business.NumCxSubordinadaSQL(7, "s") & vbLf
 out.Write CreateObject("KodraBsnV3.ObtedorDeTiposOperadores").ObtemDescricao(CDbl(12)) & vbLf
 
-' The value of a field is used where the field alone is written.
+' A field that is passed as an argument is used by its value.
 Set conversions = CreateObject("VantLib.Conversoes")
 Set rs = cn.Execute("SELECT MIN(DATA_INICIAL) AS PRIMEIRA, NULL AS NENHUMA FROM EVENTO")
 out.Write "null " & CDbl(conversions.ToDate(rs.Fields("NENHUMA"))) & vbLf
