@@ -1,8 +1,8 @@
 // Compares values::ParseDate with OLE Automation's own reading of dates for Brazilian Portuguese.
 //
-// The automation here is Wine's. Where it is known or documented to differ from Windows', ParseDate follows Windows,
-// and kDifferences contains the text with both results and the reason; a difference that disappears fails too. The
-// designators "a" and "p" alone are left out: what Wine makes of them depends on what it read before.
+// The automation here is Wine's. Where it is known or documented to differ from that of Windows, ParseDate follows
+// Windows, and kDifferences contains the text with both results and the reason. A difference that disappears fails the
+// test too. The designators "a" and "p" alone are left out, because Wine reads them differently from call to call.
 #include <gtest/gtest.h>
 #include <windows.h>
 // After windows.h, which it needs.
@@ -486,7 +486,7 @@ TEST(DateRecogniser, OrdersEveryThreeNumbersAsAutomationDoes) {
 }
 
 TEST(DateRecogniser, AcceptsNothingThatAutomationRefuses) {
-  // Only pieces that both sides read alike, so that every difference is one of grammar.
+  // Both sides read each of these pieces alike, so that a difference between them is one of grammar.
   constexpr std::wstring_view kPieces[] = {L"0",    L"1",    L"2",  L"5",  L"07",        L"10",   L"12",
                                            L"13",   L"28",   L"29", L"30", L"31",        L"99",   L"1999",
                                            L"2023", L"2024", L"am", L"pm", L"fevereiro", L"jan.", L"segunda-feira",

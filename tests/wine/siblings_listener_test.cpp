@@ -184,7 +184,7 @@ std::wstring LoggedLines(const TemporaryFile& log) {
 TEST(ListeningScript, ReceivesTheLinesThatTheLogFileContains) {
   const std::wstring module = SomeClosedParent();
   const TemporaryFile log(L"eventos.log");
-  const std::wstring heard =
+  const std::wstring received =
       face::OutputOfScript(L"eventos.vbs", {face::ArchiveConnection(), log.windowsPath(), module});
   const std::wstring closed = L"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: ";
   const std::wstring discard = L"KodraRpt.CCaixaRpt::AutorizacaoDescarteModuloSubRpt: ";
@@ -194,7 +194,7 @@ TEST(ListeningScript, ReceivesTheLinesThatTheLogFileContains) {
                               L"KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro -2147211505 em "
                               L"KodraRpt.CCaixaRpt::InicializaPS: Objeto não definido.\n";
   EXPECT_EQ(LoggedLines(log), logged);
-  EXPECT_EQ(heard, logged + L"raised -2147213397\n" + discardLines + L"end\n");
+  EXPECT_EQ(received, logged + L"raised -2147213397\n" + discardLines + L"end\n");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The type library as an early-bound client compiles it in: every class, member, order, id and type.
+// The type library as early-bound clients have compiled it in: every class and member with its order, id and types.
 #include <algorithm>
 #include <map>
 
@@ -82,7 +82,7 @@ std::wstring NameOf(ITypeInfo* info) {
   return name.text();
 }
 
-// The vtable face of a class's default interface.
+// The default interface of a class, with its vtable.
 Ref<ITypeInfo> DefaultInterface(ITypeInfo* coclass) {
   HREFTYPE type = 0;
   EXPECT_EQ(S_OK, coclass->GetRefTypeOfImplType(0, &type));
@@ -94,7 +94,7 @@ Ref<ITypeInfo> DefaultInterface(ITypeInfo* coclass) {
   return vtable;
 }
 
-// The interface's own members in vtable order; each must be in the slot after the previous one.
+// The interface's own members in the order of the vtable, where each must be in the slot after the one before.
 Lines Members(ITypeInfo* info) {
   TYPEATTR* attributes = nullptr;
   EXPECT_EQ(S_OK, info->GetTypeAttr(&attributes));
@@ -112,7 +112,7 @@ Lines Members(ITypeInfo* info) {
   return lines;
 }
 
-// The members of each class in the library, by class name.
+// The members of each class of the library, by the name of the class.
 std::map<std::wstring, Lines> ClassesOfLibrary() {
   std::map<std::wstring, Lines> classes;
   const auto library = Library();
