@@ -35,7 +35,7 @@ std::wstring CopyOnMariaDb(const std::wstring& database, bool withRows) {
 }
 
 std::wstring SampleOnMariaDb() {
-  const std::wstring connection = CopyOnMariaDb(L"linhas", true);
+  const std::wstring connection = CopyOnMariaDb(L"arquivo_linhas", true);
   Execute(ExtraRowStatements(), connection);
   return connection;
 }
@@ -98,7 +98,7 @@ std::wstring SampleOn(Engine engine) {
 
 std::wstring EmptyOn(Engine engine) {
   if (engine == Engine::kSqlite) return SqliteFile(EmptyOnSqlite().path());
-  static const std::wstring mariaDb = CopyOnMariaDb(L"vazio", false);
+  static const std::wstring mariaDb = CopyOnMariaDb(L"arquivo_vazio", false);
   return mariaDb;
 }
 
