@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,10 @@ namespace kodra::testbed {
 struct ChildProcess {
   std::vector<std::string> command;  // the program, by its path or by its name in PATH, and its arguments
   // Files that the program reads and appends to. When they are empty, it uses this program's own streams.
+  // This program opens them, with its own permissions.
   std::string input, output;
+  // The user and group that the program runs as; only root may choose another one than its own.
+  std::optional<uid_t> user = {};
   // The keys that interrupt this program do not reach the new one.
   bool background = false;
 };

@@ -1,12 +1,14 @@
 #include "testbed/mariadb/mariadb_server.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <signal.h>
+#include <sys/random.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -15,6 +17,7 @@
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 
 #include "testbed/mariadb/child_process.h"
@@ -24,14 +27,36 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::wstring_view kUser = L"arquivo";
-// No test may print it: the test runs search their logs for it.
-constexpr std::wstring_view kPassword = L"NuncaMostrada";
+constexpr const char* kClient = "arquivo";
+constexpr const char* kRoot = "root";  // the server's, not the machine's
+// Every password begins with it. No test may print one: the test runs search their logs for this text.
+constexpr std::string_view kPasswordsBeginning = "NuncaMostrada";
+// The server's user and group when this program is root's: Debian reserves the number and gives it to no account.
+constexpr uid_t kUserWithoutAccount = 65530;
 
 std::string Contents(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + path.string());
+  if (!file) throw std::runtime_error("não foi possível ler " + path.string());
   return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A new file that only this program's user may read.
+std::ofstream PrivateFile(const fs::path& path) {
+  std::ofstream file(path, std::ios::binary);
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  return file;
+}
+
+std::string NewPassword() {
+  std::array<unsigned char, 16> bytes{};
+  if (getentropy(bytes.data(), bytes.size()) != 0)
+    throw std::system_error(errno, std::generic_category(), "não foi possível sortear uma senha");
+  std::string password(kPasswordsBeginning);
+  for (const unsigned char byte : bytes) {
+    password += "0123456789abcdef"[byte / 16];
+    password += "0123456789abcdef"[byte % 16];
+  }
+  return password;
 }
 
 // The standard library converts UTF-8 to wide text through std::filesystem.
@@ -39,7 +64,7 @@ std::wstring Wide(const std::string& utf8) { return fs::path(utf8).wstring(); }
 std::string Utf8(std::wstring_view text) { return fs::path(text).string(); }
 
 std::string Program(const char* path, const char* package) {
-  if (!fs::exists(path)) throw std::runtime_error("no " + std::string(path) + ": install the package " + package);
+  if (!fs::exists(path)) throw std::runtime_error("falta " + std::string(path) + ": instale o pacote " + package);
   return path;
 }
 
@@ -49,29 +74,14 @@ std::wstring DriverName() {
   for (std::string line; std::getline(known, line);) {
     if (line.starts_with("[MariaDB") && line.ends_with("]")) return Wide(line.substr(1, line.size() - 2));
   }
-  throw std::runtime_error("no MariaDB driver in /etc/odbcinst.ini: install the package odbc-mariadb");
+  throw std::runtime_error("o driver do MariaDB não consta de /etc/odbcinst.ini: instale o pacote odbc-mariadb");
 }
 
-// A port that was free a moment ago.
-std::uint16_t FreePort() {
-  const int probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t length = sizeof address;
-  const bool bound = bind(probe, reinterpret_cast<sockaddr*>(&address), length) == 0 &&
-                     getsockname(probe, reinterpret_cast<sockaddr*>(&address), &length) == 0;
-  close(probe);
-  if (!bound) throw std::runtime_error("no free port on 127.0.0.1");
-  return ntohs(address.sin_port);
-}
-
-bool Answers(std::uint16_t port) {
-  const int probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_port = htons(port);
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+bool Answers(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  path.copy(address.sun_path, sizeof address.sun_path - 1);
+  const int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
   const bool answers = connect(probe, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
   close(probe);
   return answers;
@@ -84,23 +94,18 @@ std::string Complaint(const std::string& output) {
   return output.substr(first, output.find_last_not_of('\n') + 1 - first);
 }
 
-std::vector<std::string> ServerCommand(const std::string& folder) {
-  std::vector<std::string> command{Program("/usr/sbin/mariadbd", "mariadb-server-core"), "--no-defaults",
-                                   "--datadir=" + folder + "/data", "--innodb-buffer-pool-size=128M",
-                                   "--innodb-log-file-size=64M", "--innodb-flush-log-at-trx-commit=0",
-                                   // The server's dates are UTC, as SQLite's are.
-                                   "--default-time-zone=+00:00"};
-  if (geteuid() == 0) command.emplace_back("--user=root");
-  return command;
-}
-
 }  // namespace
 
-MariaDbServer::MariaDbServer() : driver_(DriverName()) {
+MariaDbServer::MariaDbServer() : driver_(DriverName()), clientPassword_(NewPassword()), rootPassword_(NewPassword()) {
   std::string pattern = (fs::temp_directory_path() / "kodra-mariadb-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder: " + pattern);
+  if (mkdtemp(pattern.data()) == nullptr)
+    throw std::system_error(errno, std::generic_category(), "não foi possível criar a pasta " + pattern);
   folder_ = pattern;
+  serverFolder_ = folder_ + "/server";
+  socket_ = serverFolder_ + "/socket";
+  if (geteuid() == 0) user_ = kUserWithoutAccount;
   try {
+    MakeFolders();
     MakeSystemTables();
     Start();
   } catch (...) {
@@ -111,48 +116,66 @@ MariaDbServer::MariaDbServer() : driver_(DriverName()) {
 
 MariaDbServer::~MariaDbServer() { Stop(); }
 
+void MariaDbServer::MakeFolders() {
+  for (const std::string& folder :
+       {serverFolder_, serverFolder_ + "/data", serverFolder_ + "/temporary", serverFolder_ + "/files"}) {
+    fs::create_directory(folder);
+    fs::permissions(folder, fs::perms::owner_all);
+    if (user_ && chown(folder.c_str(), *user_, *user_) != 0)
+      throw std::system_error(errno, std::generic_category(), "não foi possível entregar ao servidor " + folder);
+  }
+  if (!user_) return;
+  // The server passes through to its own folder, and can neither list nor change this one.
+  if (chown(folder_.c_str(), 0, *user_) != 0)
+    throw std::system_error(errno, std::generic_category(), "não foi possível abrir ao servidor " + folder_);
+  fs::permissions(folder_, fs::perms::owner_all | fs::perms::group_exec);
+}
+
+std::vector<std::string> MariaDbServer::ServerCommand() const {
+  return {Program("/usr/sbin/mariadbd", "mariadb-server-core"), "--no-defaults", "--skip-networking",
+          "--datadir=" + serverFolder_ + "/data", "--tmpdir=" + serverFolder_ + "/temporary",
+          // The only files that statements may read and write: none.
+          "--secure-file-priv=" + serverFolder_ + "/files", "--local-infile=0", "--skip-symbolic-links",
+          "--innodb-buffer-pool-size=128M", "--innodb-log-file-size=64M", "--innodb-flush-log-at-trx-commit=0",
+          // The server's dates are UTC, as SQLite's are.
+          "--default-time-zone=+00:00"};
+}
+
 // What mariadb-install-db does, without the client programs that it needs: the server reads statements from its input,
-// at least one per line, and ends.
+// at least one per line, and ends. The accounts without a password that the system tables start with are removed.
 void MariaDbServer::MakeSystemTables() const {
-  fs::create_directory(folder_ + "/data");
-  std::ofstream script(folder_ + "/system.sql");
+  const std::string path = folder_ + "/system.sql";
+  std::ofstream script = PrivateFile(path);
   script << "create database mysql;\nuse mysql;\n";
   for (const char* name : {"mysql_system_tables.sql", "mysql_performance_tables.sql", "mysql_system_tables_data.sql"}) {
     script << Contents(fs::path("/usr/share/mysql") / name) << "\n";
   }
-  script << "flush privileges;\n"
-         << "create user '" << Utf8(kUser) << "'@'127.0.0.1' identified by '" << Utf8(kPassword) << "';\n"
-         << "create user '" << Utf8(kUser) << "'@'localhost' identified by '" << Utf8(kPassword) << "';\n"
-         << "grant all on *.* to '" << Utf8(kUser) << "'@'127.0.0.1';\n"
-         << "grant all on *.* to '" << Utf8(kUser) << "'@'localhost';\n";
+  script << "delete from global_priv where User = '" << kRoot << "';\n"
+         << "delete from proxies_priv;\n"
+         << "flush privileges;\n"
+         << "create user '" << kRoot << "'@'localhost' identified by '" << rootPassword_ << "';\n"
+         << "grant all on *.* to '" << kRoot << "'@'localhost' with grant option;\n"
+         << "create user '" << kClient << "'@'localhost' identified by '" << clientPassword_ << "';\n";
   script.close();
-  std::vector<std::string> command = ServerCommand(folder_);
+  std::vector<std::string> command = ServerCommand();
   command.emplace_back("--bootstrap");
   const int status = WaitFor(
-      Spawn({.command = command, .input = folder_ + "/system.sql", .output = folder_ + "/log", .background = true}));
+      Spawn({.command = command, .input = path, .output = folder_ + "/log", .user = user_, .background = true}));
+  fs::remove(path);
   if (status != 0)
-    throw std::runtime_error("mariadbd could not make its system tables:\n" + Contents(folder_ + "/log"));
+    throw std::runtime_error("mariadbd não conseguiu criar suas tabelas de sistema:\n" + Contents(folder_ + "/log"));
 }
 
 void MariaDbServer::Start() {
-  // Another program may take the port between the check and the start.
-  for (int attempt = 0; attempt < 3; ++attempt) {
-    port_ = FreePort();
-    std::vector<std::string> command = ServerCommand(folder_);
-    command.push_back("--port=" + std::to_string(port_));
-    command.push_back("--socket=" + folder_ + "/socket");
-    command.push_back("--pid-file=" + folder_ + "/pid");
-    command.emplace_back("--bind-address=127.0.0.1");
-    process_ = Spawn({.command = command, .input = "/dev/null", .output = folder_ + "/log", .background = true});
-    if (WaitUntilItAnswers()) {
-      WriteClientOptions();
-      return;
-    }
-    kill(process_, SIGKILL);
-    WaitFor(process_);
-    process_ = 0;
-  }
-  throw std::runtime_error("mariadbd did not start:\n" + Contents(folder_ + "/log"));
+  std::vector<std::string> command = ServerCommand();
+  command.push_back("--socket=" + socket_);
+  command.push_back("--pid-file=" + serverFolder_ + "/pid");
+  process_ =
+      Spawn({.command = command, .input = "/dev/null", .output = folder_ + "/log", .user = user_, .background = true});
+  if (!WaitUntilItAnswers())
+    throw std::runtime_error("não foi possível iniciar mariadbd:\n" + Contents(folder_ + "/log"));
+  WriteClientOptions(kRoot, rootPassword_);
+  WriteClientOptions(kClient, clientPassword_);
 }
 
 bool MariaDbServer::WaitUntilItAnswers() const {
@@ -161,7 +184,7 @@ bool MariaDbServer::WaitUntilItAnswers() const {
     siginfo_t ended{};
     waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
     if (ended.si_pid != 0) return false;
-    if (Answers(port_)) return true;
+    if (Answers(socket_)) return true;
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
   return false;
@@ -178,40 +201,44 @@ void MariaDbServer::Stop() noexcept {
 }
 
 std::wstring MariaDbServer::ConnectionString(std::wstring_view database) const {
-  return ConnectionString(database, kPassword);
+  return ConnectionString(database, Wide(clientPassword_));
 }
 
 std::wstring MariaDbServer::ConnectionString(std::wstring_view database, std::wstring_view password) const {
-  std::wstring text = L"Driver={" + driver_ + L"};Server=127.0.0.1;Port=" + std::to_wstring(port_) + L";Database=";
-  text.append(database).append(L";Uid=").append(kUser).append(L";Pwd=").append(password).append(L";");
+  std::wstring text = L"Driver={" + driver_ + L"};Server=localhost;Socket=" + Wide(socket_) + L";Database=";
+  text.append(database).append(L";Uid=").append(Wide(kClient)).append(L";Pwd=").append(password).append(L";");
   return text;
 }
 
 void MariaDbServer::CreateDatabase(std::wstring_view name) const {
   const std::string database = Utf8(name);
-  RunClient(
-      "--execute=drop database if exists " + database + "; create database " + database + " character set utf8mb4",
-      "/dev/null");
+  const std::string client = std::string("'") + kClient + "'@'localhost'";
+  RunClient(kRoot,
+            "--execute=drop database if exists " + database + "; create database " + database +
+                " character set utf8mb4; grant all on `" + database + "`.* to " + client + "; grant all on `" +
+                database + "\\_%`.* to " + client,
+            "/dev/null");
 }
 
 void MariaDbServer::RunScript(std::wstring_view database, const std::string& path) const {
-  if (!fs::exists(path)) throw std::runtime_error(path + ": no such file");
-  RunClient("--database=" + Utf8(database), path);
+  if (!fs::exists(path)) throw std::runtime_error(path + ": o arquivo não existe");
+  RunClient(kClient, "--database=" + Utf8(database), path);
 }
 
-void MariaDbServer::WriteClientOptions() const {
-  std::ofstream options(folder_ + "/client.cnf");
-  options << "[client]\nprotocol=tcp\nhost=127.0.0.1\nport=" << port_ << "\nuser=" << Utf8(kUser)
-          << "\npassword=" << Utf8(kPassword) << "\ndefault-character-set=utf8mb4\n";
+std::string MariaDbServer::OptionsOf(const std::string& user) const { return folder_ + "/" + user + ".cnf"; }
+
+void MariaDbServer::WriteClientOptions(const std::string& user, const std::string& password) const {
+  PrivateFile(OptionsOf(user)) << "[client]\nprotocol=socket\nsocket=" << socket_ << "\nuser=" << user
+                               << "\npassword=" << password << "\ndefault-character-set=utf8mb4\n";
 }
 
-void MariaDbServer::RunClient(const std::string& option, const std::string& input) const {
+void MariaDbServer::RunClient(const std::string& user, const std::string& option, const std::string& input) const {
   const std::string output = folder_ + "/client.log";
   fs::remove(output);
-  const int status = WaitFor(Spawn({.command = {Program("/usr/bin/mariadb", "mariadb-client-core"),
-                                                "--defaults-file=" + folder_ + "/client.cnf", option},
-                                    .input = input,
-                                    .output = output}));
+  const int status = WaitFor(Spawn(
+      {.command = {Program("/usr/bin/mariadb", "mariadb-client-core"), "--defaults-file=" + OptionsOf(user), option},
+       .input = input,
+       .output = output}));
   if (status != 0) throw std::runtime_error(input + ": " + Complaint(Contents(output)));
 }
 

@@ -1,10 +1,14 @@
-// A private MariaDB server: on 127.0.0.1 and a free port, with its data in a temporary folder. The server ends with the
-// object, and at the latest with this program, whichever way it ends.
+// A private MariaDB server, which listens on a socket in a temporary folder and on no port. Nobody but this program's
+// user and root can enter the folder. The server ends with the object, and at the latest with this program, whichever
+// way it ends.
 //
 //   MariaDbServer server;
 //   server.CreateDatabase(L"arquivo");
 //   server.RunScript(L"arquivo", "/path/to/schema.sql");
 //   connection.SetConnectionString(server.ConnectionString(L"arquivo"));
+//
+// When root runs this program, the server runs as a user that has no account, so that a client of the server can touch
+// nothing of root's. Each server has passwords of its own.
 //
 // Needs Debian's packages mariadb-server-core (only the server: its system tables are made from the SQL files that come
 // with it), mariadb-client-core and odbc-mariadb. A missing one raises std::runtime_error that says what to install.
@@ -12,9 +16,10 @@
 
 #include <sys/types.h>
 
-#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kodra::testbed {
 
@@ -26,29 +31,39 @@ class MariaDbServer {
   MariaDbServer(const MariaDbServer&) = delete;
   MariaDbServer& operator=(const MariaDbServer&) = delete;
 
-  std::uint16_t Port() const { return port_; }
-  // "Driver={…};Server=127.0.0.1;Port=…;Database=…;Uid=…;Pwd=…;" for a user who may do everything.
+  // "Driver={…};Server=localhost;Socket=…;Database=…;Uid=…;Pwd=…;" for the client, who may do everything in the
+  // databases made by CreateDatabase, and nothing else.
   std::wstring ConnectionString(std::wstring_view database) const;
   // The same with another password.
   std::wstring ConnectionString(std::wstring_view database, std::wstring_view password) const;
 
-  // Makes an empty database, with the character set utf8mb4; an existing one of that name is dropped.
+  // Makes an empty database, with the character set utf8mb4; an existing one of that name is dropped. The client may
+  // also make databases whose names begin with this one and an underscore.
   void CreateDatabase(std::wstring_view name) const;
-  // Runs a UTF-8 script in a database. A failure raises std::runtime_error with the line and the server's message.
+  // Runs a UTF-8 script in a database, as the client. A failure raises std::runtime_error with the line and the
+  // server's message.
   void RunScript(std::wstring_view database, const std::string& path) const;
 
  private:
+  void MakeFolders();
+  std::vector<std::string> ServerCommand() const;
   void MakeSystemTables() const;
   void Start();
   bool WaitUntilItAnswers() const;
-  void WriteClientOptions() const;
-  // Runs the client program with an option and its input from a file.
-  void RunClient(const std::string& option, const std::string& input) const;
+  // The file with the client program's settings for a user.
+  std::string OptionsOf(const std::string& user) const;
+  void WriteClientOptions(const std::string& user, const std::string& password) const;
+  // Runs the client program as a user, with an option and its input from a file.
+  void RunClient(const std::string& user, const std::string& option, const std::string& input) const;
   void Stop() noexcept;
 
-  std::string folder_;
   std::wstring driver_;
-  std::uint16_t port_ = 0;
+  std::string clientPassword_;
+  std::string rootPassword_;
+  std::string folder_;        // settings, passwords and logs
+  std::string serverFolder_;  // what the server's own user reads and writes
+  std::string socket_;
+  std::optional<uid_t> user_;  // the server's, when it is not this program's
   pid_t process_ = 0;
 };
 

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "testbed/mariadb/child_process.h"
 
@@ -22,15 +23,18 @@ class KodraMariaDb : public testing::Test {
   KodraMariaDb() {
     std::string pattern = (fs::temp_directory_path() / "kodra-test-XXXXXX").string();
     folder_ = mkdtemp(pattern.data());
+    // The server of root is another user's process and passes through this folder.
+    fs::permissions(folder_, fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
     std::ofstream(Script()) << "CREATE TABLE CD (NUM_CD VARCHAR(10));\nINSERT INTO CD VALUES ('João');\n";
   }
   ~KodraMariaDb() override { fs::remove_all(folder_); }
 
   std::string Script() const { return folder_ / "acervo.sql"; }
-  std::string Output() const {
-    std::ifstream file(folder_ / "output");
+  static std::string Contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
+  std::string Output() const { return Contents(folder_ / "output"); }
   // Whether the folder of a server exists. TMPDIR makes the program create it in the test's folder.
   bool ServerIsThere() const {
     for (const auto& entry : fs::directory_iterator(folder_)) {
@@ -60,8 +64,7 @@ class KodraMariaDb : public testing::Test {
 
   // Whether a process with this id runs; false for one that has ended but was not yet waited for.
   static bool Runs(pid_t process) {
-    std::ifstream status("/proc/" + std::to_string(process) + "/stat");
-    const std::string text{std::istreambuf_iterator<char>(status), {}};
+    const std::string text = Contents("/proc/" + std::to_string(process) + "/stat");
     const std::size_t name = text.rfind(')');
     return name != std::string::npos && text[name + 2] != 'Z';
   }
@@ -71,14 +74,39 @@ class KodraMariaDb : public testing::Test {
 
 TEST_F(KodraMariaDb, TheCommandFindsTheDatabaseFilledAndItsExitCodeIsTheProgramsOwn) {
   const int status = Run(Script(),
-                         "echo $KODRA_MYSQL; "
-                         "mariadb --defaults-file=$(echo $TMPDIR/kodra-mariadb-*/client.cnf) --skip-column-names "
+                         "echo ${KODRA_MYSQL%Pwd=*}; "
+                         "mariadb --defaults-file=$(echo $TMPDIR/kodra-mariadb-*/arquivo.cnf) --skip-column-names "
                          "arquivo --execute='select NUM_CD from CD'; exit 7");
   EXPECT_EQ(status, 7);
   const std::string output = Output();
-  EXPECT_TRUE(output.starts_with("Driver={MariaDB Unicode};Server=127.0.0.1;Port=")) << output;
-  EXPECT_TRUE(output.ends_with("Database=arquivo;Uid=arquivo;Pwd=NuncaMostrada;\nJoão\n")) << output;
+  EXPECT_TRUE(output.starts_with("Driver={MariaDB Unicode};Server=localhost;Socket=" + folder_.string())) << output;
+  EXPECT_TRUE(output.ends_with("/socket;Database=arquivo;Uid=arquivo;\nJoão\n")) << output;
   EXPECT_FALSE(ServerIsThere());
+}
+
+TEST_F(KodraMariaDb, ThePasswordIsInNoCommandLineAndInNoLogOfTheServer) {
+  const pid_t program = Start(Script(), "echo ${KODRA_MYSQL#*Pwd=}; while :; do sleep 0.1; done");
+  ASSERT_TRUE(Becomes([&] { return Output().ends_with(";\n"); }));
+  std::string password = Output();
+  password.resize(password.find(';'));
+  ASSERT_GT(password.size(), 32U);
+  std::vector<fs::path> shown;
+  for (const auto& process : fs::directory_iterator("/proc")) {
+    if (Contents(process.path() / "cmdline").find(password) != std::string::npos) shown.push_back(process.path());
+  }
+  std::vector<std::string> files;
+  for (const auto& server : fs::directory_iterator(folder_)) {
+    if (!server.is_directory()) continue;
+    for (const auto& file : fs::directory_iterator(server)) {
+      if (!file.is_regular_file() || Contents(file).find(password) == std::string::npos) continue;
+      files.push_back(file.path().filename());
+      EXPECT_EQ(file.status().permissions(), fs::perms::owner_read | fs::perms::owner_write) << file.path();
+    }
+  }
+  kill(program, SIGTERM);
+  WaitFor(program);
+  EXPECT_EQ(shown, std::vector<fs::path>());
+  EXPECT_EQ(files, std::vector<std::string>{"arquivo.cnf"});
 }
 
 TEST_F(KodraMariaDb, AScriptThatFailsIsReportedAndTheCommandIsNotRun) {
@@ -108,8 +136,23 @@ TEST_F(KodraMariaDb, AnInterruptionBeforeTheCommandStartsStopsTheServer) {
   EXPECT_FALSE(ServerIsThere());
 }
 
+TEST_F(KodraMariaDb, ACommandThatIsKilledEndsTheProgramAndTheServer) {
+  EXPECT_EQ(Run(Script(), "kill -KILL $$"), 128 + SIGKILL);
+  EXPECT_FALSE(ServerIsThere());
+}
+
+// As Ctrl-C at a terminal does it.
+TEST_F(KodraMariaDb, AnInterruptionOfTheWholeProcessGroupStopsTheServer) {
+  const pid_t program = Start(Script(), "echo pronto; while :; do sleep 0.1; done");
+  ASSERT_TRUE(Becomes([&] { return Output() == "pronto\n"; }));
+  kill(-program, SIGINT);
+  EXPECT_EQ(WaitFor(program), 128 + SIGINT);
+  EXPECT_FALSE(ServerIsThere());
+}
+
 TEST_F(KodraMariaDb, TheServerAndTheCommandEndWithAProgramThatIsKilled) {
-  const pid_t program = Start(Script(), "echo $$ $(cat $TMPDIR/kodra-mariadb-*/pid); while :; do sleep 0.1; done");
+  const pid_t program =
+      Start(Script(), "echo $$ $(cat $TMPDIR/kodra-mariadb-*/server/pid); while :; do sleep 0.1; done");
   ASSERT_TRUE(Becomes([&] { return Output().ends_with('\n'); }));
   std::istringstream ids(Output());
   pid_t command = 0;
