@@ -2,12 +2,15 @@
 ' sets the connection string and the filters, calls the method and reads the recordset to its end.
 '
 ' cliente.vbs CONNECTION OUTPUT LOG: prints into the file OUTPUT (UTF-16), lets the module reports write the log file
-' LOG, and ends with 1 when a result differs from the expected one. tabela.vbs must be appended to it.
+' LOG, and ends with 1 when a result differs from the expected one. CONNECTION is a connection string, or the name of an
+' environment variable that contains one: a password does not belong on a command line. tabela.vbs must be appended to
+' the script.
 Option Explicit
 
 Dim connection, output, logPath, report, parameters, rows, reason, listener, link, announced
 Dim calls, rowTotal, refusals, surprises
 connection = WScript.Arguments(0)
+If InStr(connection, "=") = 0 Then connection = CreateObject("WScript.Shell").Environment("PROCESS").Item(connection)
 Set output = CreateObject("Scripting.FileSystemObject").CreateTextFile(WScript.Arguments(1), True, True)
 logPath = WScript.Arguments(2)
 Set listener = New LogListener
