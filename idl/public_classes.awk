@@ -4,7 +4,7 @@
 # The IDL already names each class, method and property, in the order and with the types that clients have compiled in.
 # So the list is generated from it: a handwritten list would be one more place to change for each of them.
 #
-# A line that none of the patterns below matches ends the build, as its declaration would be missing from the list.
+# A line that no pattern below matches ends the build: its declaration would be missing from the list.
 
 BEGIN { FS = "[^A-Za-z0-9_]+" }  # $1 is empty in a line that begins with "["
 
@@ -52,7 +52,7 @@ block == "coclass" && $0 == "[default] interface I" class ";" {
 block == "coclass" && /^\[default, source\] dispinterface [A-Za-z0-9_]+;$/ { next }
 
 {
-  printf "%s:%d: no class, interface or member as the others are written:\n%s\n", FILENAME, FNR, line >"/dev/stderr"
+  printf "%s:%d: a linha não é uma classe, interface ou membro na forma dos outros:\n%s\n", FILENAME, FNR, line >"/dev/stderr"
   failed = 1
   exit
 }

@@ -15,7 +15,7 @@ function xml(text) {
 }
 
 # The installer reads a bracket as the start of a reference.
-$3 ~ /[][]/ && $3 != "[#KodraRpt.dll]" && $3 != "[INSTALLDIR]" { print "a bracket: " $0 >"/dev/stderr"; exit 1 }
+$3 ~ /[][]/ && $3 != "[#KodraRpt.dll]" && $3 != "[INSTALLDIR]" { print "um colchete: " $0 >"/dev/stderr"; exit 1 }
 
 {
   printf "<RegistryValue Root=\"HKLM\" Key=\"%s\"", xml($1)

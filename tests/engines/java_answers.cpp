@@ -79,7 +79,7 @@ void Run(std::vector<std::string> command, const fs::path& log) {
   const int code = testbed::WaitFor(testbed::Spawn({.command = std::move(command), .input = {}, .output = log}));
   if (code == 0) return;
   std::ifstream in(log);
-  throw std::runtime_error(program + " ended with " + std::to_string(code) + ":\n" +
+  throw std::runtime_error(program + " terminou com o código " + std::to_string(code) + ":\n" +
                            std::string(std::istreambuf_iterator<char>(in), {}));
 }
 
@@ -109,7 +109,7 @@ std::vector<std::vector<Answer>> AnswersInJava(std::span<const Questions> questi
   for (const auto& [engine, statements] : questions) {
     answers.push_back(ReadAnswers(folder / (std::string(engine->name) + ".answers")));
     if (answers.back().size() != statements.size())
-      throw std::runtime_error(std::string(engine->name) + ": answers are missing");
+      throw std::runtime_error(std::string(engine->name) + ": faltam respostas");
   }
   return answers;
 }

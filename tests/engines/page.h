@@ -1,12 +1,12 @@
-// The part of docs/dialects.md that is made from the run.
+// The part of docs/dialects.md that is generated from the run.
 #pragma once
 
 #include <string>
 
 namespace kodra::engines {
 
-// The page with its generated part made again; the rest is unchanged.
-// REQUIRES: it has the two lines that enclose that part.
+// Returns the page with its part between the two enclosing lines generated again and the rest unchanged. A page without
+// these lines raises std::runtime_error.
 std::string Page(const std::string& current);
 
 // Where the page is.

@@ -47,7 +47,7 @@ void Add(std::vector<Member>& members, const std::smatch& match) {
 
 void Use(Class& into, const std::smatch& match, const Interfaces& interfaces) {
   const auto found = interfaces.find(match[2]);
-  if (found == interfaces.end()) throw std::runtime_error("no interface " + match[2].str());
+  if (found == interfaces.end()) throw std::runtime_error("a IDL não declara a interface " + match[2].str());
   if (!match[1].matched) {
     into.members = found->second;
     return;
