@@ -116,7 +116,7 @@ class Bench {
                std::wstring(archive.begin(), archive.end()));
     double peak = 0;
     std::ifstream(folder_ / "pico.txt") >> peak;
-    if (peak <= 0) throw std::runtime_error("streamed_memory: o processo não disse seu pico");
+    if (peak <= 0) throw std::runtime_error("streamed_memory: o processo não informou seu pico");
     return peak;
   }
 
@@ -125,7 +125,7 @@ class Bench {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-      throw std::runtime_error("um processo não começou");
+      throw std::runtime_error("não foi possível iniciar um processo");
     WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
