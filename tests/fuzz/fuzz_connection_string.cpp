@@ -114,7 +114,7 @@ void CheckPasswordIsKeptSecret(const std::wstring& given) {
        {given + L";Password=" + std::wstring(kPassword), L"Password=" + std::wstring(kPassword) + L";" + given}) {
     FakeSurroundings around;
     const Raised raised = RaisedBy([&] { data::AbreCn(text, 0, 0, around); });
-    Require(raised.description.find(Utf8(kPassword)) == std::string::npos, "no error shows the password");
+    Require(raised.description.find(kPassword) == std::wstring::npos, "no error shows the password");
   }
 }
 
@@ -151,7 +151,7 @@ void CheckAbreCn(const std::wstring& given) {
   FakeSurroundings without;
   const Raised cause = FileError(path, false);
   Require(RaisedBy([&] { data::AbreCn(given, 0, 0, without); }) ==
-              Raised{cause.number, "modADO.AbreCn", "[" + cause.source + "]: " + cause.description},
+              Raised{cause.number, L"modADO.AbreCn", L"[" + cause.source + L"]: " + cause.description},
           "the error of the preparation gains one layer");
 }
 

@@ -7,6 +7,7 @@
 
 #include "sql/tradutor_sql.h"
 #include "tests/fuzz/target.h"
+#include "tests/recorder/journal.h"
 #include "tests/recorder/raised.h"
 #include "values/dates.h"
 #include "values/numbers.h"
@@ -138,7 +139,7 @@ void CheckNumberDefault(const Input& in) {
   std::wstring translated;
   const Raised raised = RaisedBy([&] { translated = SQLNVL(in.expression, nvNumero, in.number); });
   if (raised.number != 0) {
-    Require(raised.number == kOverflow && raised.source == "KodraRpt", "a default fails only for a number too large");
+    Require(raised.number == kOverflow && raised.source == L"KodraRpt", "a default fails only for a number too large");
     return;
   }
   const std::wstring number = values::NumberToText(values::LeadingNumber(in.number));

@@ -1,42 +1,10 @@
-// What a call raised, as a value that a test can compare whole and GoogleTest can print.
+// What a call raised, and ADO's errors that most tests expect, each from a given source.
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <ostream>
-#include <string>
-
-#include "values/erro.h"
+#include "tests/raised.h"
 
 namespace kodra::tests {
 
-struct Raised {
-  std::int32_t number = 0;
-  std::wstring source;
-  std::wstring description;
-  bool operator==(const Raised&) const = default;
-
-  friend void PrintTo(const Raised& raised, std::ostream* out) {
-    *out << raised.number << " (" << std::hex << raised.number << std::dec << ") from \"";
-    for (wchar_t c : raised.source) *out << static_cast<char>(c < 128 ? c : '?');
-    *out << "\": \"";
-    for (wchar_t c : raised.description) *out << static_cast<char>(c < 128 ? c : '?');
-    *out << '"';
-  }
-};
-
-// Returns number 0 for a call that raised nothing.
-template <class Call>
-Raised RaisedBy(Call&& call) {
-  try {
-    call();
-  } catch (const Erro& erro) {
-    return {erro.Number(), erro.Source(), erro.Description()};
-  }
-  return {};
-}
-
-// The errors that most tests expect, from a given source.
 inline Raised NoCurrentRecord(const wchar_t* source) {
   return {3021, source,
           L"Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current "

@@ -1,42 +1,15 @@
-// What a piece of code raised, in a form that a test compares and prints whole.
-//
-//   EXPECT_EQ(RaisedBy([&] { report.RelatorioDeptos(nullptr); }),
-//             (Raised{frame::kReportError, "KodraRpt.CDeptoRpt::RelatorioDeptos", "Erro ao …"}));
+// What a piece of code raised, and the errors of the component that most tests expect.
 #pragma once
 
-#include <cstdint>
-#include <ostream>
 #include <string>
 
 #include "frame/report_call.h"
-#include "tests/recorder/journal.h"
-#include "values/erro.h"
+#include "tests/raised.h"
 
 namespace kodra::recorder {
 
-struct Raised {
-  std::int32_t number = 0;
-  std::string source;
-  std::string description;
-  bool operator==(const Raised&) const = default;
-};
-
-inline std::ostream& operator<<(std::ostream& out, const Raised& raised) {
-  return out << raised.number << " from \"" << raised.source << "\": " << raised.description;
-}
-
-inline Raised ToRaised(const Erro& erro) { return {erro.Number(), Utf8(erro.Source()), Utf8(erro.Description())}; }
-
-// Any exception but an Erro goes on to the test.
-template <class Body>
-Raised RaisedBy(Body body) {
-  try {
-    body();
-  } catch (const Erro& erro) {
-    return ToRaised(erro);
-  }
-  return {0, "", "nothing was raised"};
-}
+using tests::Raised;
+using tests::RaisedBy;
 
 // The errors of the automation runtime that most tests expect. tests/values/erro_test.cpp has all of them by their
 // names.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "reports/operators/operator_flag.h"
+#include "tests/recorder/journal.h"
 #include "tests/recorder/raised.h"
 
 namespace kodra::reports {

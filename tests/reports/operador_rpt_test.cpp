@@ -322,7 +322,7 @@ std::string StepOf(const FailedCall& failed) {
 
 TEST(COperadorRptTest, OutlivesTheFailureOfAnyCall) {
   const Outcome outcome = [](const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-    return IsIgnored(failed.call) ? NothingRaised() : FailedStep(StepOf(failed), Caught(scene, failed, mishap));
+    return IsIgnored(failed.call) ? recorder::Raised() : FailedStep(StepOf(failed), Caught(scene, failed, mishap));
   };
   CheckFailures(Report(), kEveryCode, Having({kAna, kBeto}), outcome);
   Scene empty(Report(), DatabaseOf(tbSQLServer), Having({}));

@@ -77,7 +77,7 @@ std::string Scene::RunWithOwn(const Parameters& values) {
 std::string Scene::RunWith(AutomationObject* parameters) {
   Prepare();
   const int alive = around.journal.LiveObjects();
-  EXPECT_EQ(RaisedBy([&] { EXPECT_EQ(call_(parameters) != nullptr, hasRows); }), NothingRaised());
+  EXPECT_EQ(RaisedBy([&] { EXPECT_EQ(call_(parameters) != nullptr, hasRows); }), Raised());
   EXPECT_EQ(around.journal.LiveObjects(), alive);
   return around.journal.Calls();
 }
@@ -101,9 +101,9 @@ const std::vector<Mishap>& Mishaps() {
 
 std::string Caught(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
   const bool firehose = scene.Tested().firehose;
-  const std::string layered = "[" + mishap.caught.source + "]: " + mishap.caught.description;
+  const std::string layered = "[" + Utf8(mishap.caught.source) + "]: " + Utf8(mishap.caught.description);
   if (OpensConnection(failed.call)) return firehose ? "[modADO.AbreCn]: " + layered : layered;
-  return firehose && OpensRows(failed) ? layered + " [N:942]" : mishap.caught.description;
+  return firehose && OpensRows(failed) ? layered + " [N:942]" : Utf8(mishap.caught.description);
 }
 
 bool IsIgnored(std::string_view call) {
@@ -120,11 +120,7 @@ bool IsIgnored(std::string_view call) {
 }
 
 Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  return IsIgnored(failed.call) ? NothingRaised() : Framed(scene.Tested().name, Caught(scene, failed, mishap));
-}
-
-Raised NothingRaised() {
-  return RaisedBy([] {});
+  return IsIgnored(failed.call) ? Raised() : Framed(scene.Tested().name, Caught(scene, failed, mishap));
 }
 
 void CheckEachCallFailing(Scene& scene, const Outcome& outcome) {
@@ -132,7 +128,7 @@ void CheckEachCallFailing(Scene& scene, const Outcome& outcome) {
   const int calls = scene.around.journal.CallCount();
   ASSERT_GT(calls, 0);
   for (const Mishap& mishap : Mishaps()) {
-    SCOPED_TRACE(mishap.caught.description);
+    SCOPED_TRACE(Utf8(mishap.caught.description));
     for (int number = 1; number <= calls; ++number) {
       ASSERT_TRUE(CheckCallFailing(scene, number, mishap, outcome)) << number;
       ASSERT_EQ(scene.Run(), undisturbed);

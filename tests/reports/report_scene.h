@@ -113,8 +113,6 @@ std::string Caught(const Scene& scene, const FailedCall& failed, const Mishap& m
 bool IsIgnored(std::string_view call);
 // A mishap in the frame that all reports but one share, and nothing for the calls whose failure is ignored.
 recorder::Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap);
-// What RaisedBy returns for a body that raised nothing.
-recorder::Raised NothingRaised();
 
 // Makes each call of a scene fail in turn, by every mishap. Expects that outcome, nothing left alive, and the
 // undisturbed calls at the next call of the same object.

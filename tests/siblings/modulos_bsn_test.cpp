@@ -5,6 +5,7 @@
 #include "siblings/modulos_filtro.h"
 #include "siblings/value_object.h"
 #include "sql/tradutor_sql.h"
+#include "tests/recorder/journal.h"
 #include "tests/recorder/raised.h"
 #include "tests/siblings/archive_on_sqlite.h"
 

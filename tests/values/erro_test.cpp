@@ -12,7 +12,6 @@ namespace kodra::platform {
 namespace {
 
 using recorder::Raised;
-using recorder::ToRaised;
 
 // What CurrentErro makes of an exception.
 template <class Exception>
@@ -20,7 +19,7 @@ Raised CaughtAs(const Exception& exception) {
   try {
     throw exception;
   } catch (...) {
-    return ToRaised(CurrentErro());
+    return Raised(CurrentErro());
   }
 }
 
@@ -45,7 +44,7 @@ TEST(ErroTest, HasANumberAndATextForEveryRuntimeError) {
       {RuntimeError::kCannotCreateObject, {429, "KodraRpt", "O componente ActiveX não pode criar o objeto"}},
       {RuntimeError::kMemberNotFound, {438, "KodraRpt", "O objeto não aceita esta propriedade ou método"}},
   };
-  for (const auto& [error, expected] : kErrors) EXPECT_EQ(ToRaised(MakeRuntimeError(error)), expected);
+  for (const auto& [error, expected] : kErrors) EXPECT_EQ(Raised(MakeRuntimeError(error)), expected);
 }
 
 TEST(ErroTest, IsCaughtAsItIs) {

@@ -54,10 +54,9 @@ TEST(ReportMethods, CallTheMethodTheyName) {
     const recorder::Raised raised =
         recorder::RaisedBy([&] { entry.call(bare, L"DSN=acervo", framed ? &parameters : nullptr); });
     if (framed) {
-      EXPECT_EQ(raised.source,
-                recorder::Utf8(L"KodraRpt." + std::wstring(entry.className) + L"::" + std::wstring(entry.method)));
+      EXPECT_EQ(raised.source, L"KodraRpt." + std::wstring(entry.className) + L"::" + std::wstring(entry.method));
     } else {
-      EXPECT_EQ(raised, recorder::ToRaised(MakeRuntimeError(RuntimeError::kObjectNotSet)));
+      EXPECT_EQ(raised, recorder::Raised(MakeRuntimeError(RuntimeError::kObjectNotSet)));
     }
   }
 }

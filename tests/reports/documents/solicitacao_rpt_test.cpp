@@ -278,7 +278,8 @@ TEST(WithdrawalSlipTest, RefusesATextLongerThanItsField) {
   for (const auto& [column, size] : kSizes) {
     Request request = kRequest;
     request[column] = std::wstring(size, L'x');
-    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(), NothingRaised());
+    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
+              recorder::Raised());
     request[column] = std::wstring(size + 1, L'x');
     EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
               Framed(kName, "A operação em várias etapas gerou erros"));

@@ -55,11 +55,11 @@ const Case kCases[] = {
 Raised Caught(const Case& tested, Path path, std::string_view call, const Mishap& mishap) {
   const auto& [number, source, text] = mishap.caught;
   if (path == Path::kClientConnection || tested.isStatic) return mishap.caught;
-  const std::string layered = "[" + source + "]: " + text;
+  const std::wstring layered = L"[" + source + L"]: " + text;
   if (StartsWithAny(call, {"SetEnvironment(", "FileLength(", "NewConnection(", "Connection1."}))
-    return {number, "modADO.AbreFirehoseRs", "[modADO.AbreCn]: " + layered};
+    return {number, L"modADO.AbreFirehoseRs", L"[modADO.AbreCn]: " + layered};
   if (StartsWithAny(call, {"NewRecordset(", "Recordset1."}))
-    return {number, "modADO.AbreFirehoseRs", layered + " [N:942]"};
+    return {number, L"modADO.AbreFirehoseRs", layered + L" [N:942]"};
   return mishap.caught;
 }
 
@@ -88,7 +88,7 @@ class Rehearsal {
     try {
       EXPECT_NE(RunModule(stage.report, tested_.method, parameters_.get()), nullptr);
     } catch (...) {
-      return recorder::ToRaised(CurrentErro());
+      return Raised(CurrentErro());
     }
     return {};
   }
@@ -121,10 +121,11 @@ CallLines Logged(const std::string& calls) {
 // Expects the frame around what was caught, with its line in the log and at the listener.
 void CheckFrameAndLog(const Rehearsal& rehearsal, const Case& tested, const Raised& caught, const Raised& raised) {
   const std::string method = "KodraRpt.CCaixaRpt::" + tested.name;
-  const std::string source = caught.source == "KodraRpt" ? method : caught.source;
-  EXPECT_EQ(raised, Reported(source, caught.description));
-  const std::string line = method + ": ----> saindo com o erro " + std::to_string(caught.number) + " em " + source +
-                           ": " + caught.description;
+  const std::string source = caught.source == L"KodraRpt" ? method : Utf8(caught.source);
+  const std::string description = Utf8(caught.description);
+  EXPECT_EQ(raised, Reported(source, description));
+  const std::string line =
+      method + ": ----> saindo com o erro " + std::to_string(caught.number) + " em " + source + ": " + description;
   const std::string calls = rehearsal.stage.around.journal.Calls();
   EXPECT_TRUE(calls.ends_with(All({rehearsal.stage.LogLines(line)}))) << calls;
   EXPECT_EQ(rehearsal.stage.heard, Logged(calls));

@@ -128,7 +128,7 @@ TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
     ModuleObject report(L"CCaixaRpt", stage.around);
     EXPECT_EQ(
         RaisedBy([&] { frame::Run(report, L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, nullptr); }).source,
-        "KodraRpt.CCaixaRpt::InicializaPS");
+        L"KodraRpt.CCaixaRpt::InicializaPS");
     stage.around.journal.Forget();
   }
   EXPECT_EQ(stage.around.journal.Calls(), "~Log\n");

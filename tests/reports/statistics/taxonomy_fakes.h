@@ -34,7 +34,7 @@ inline CallLines NameLines(const Database& database, int object, const std::stri
 // The frame around a mishap in a report that reads names. A parameter component that cannot be made, though its class
 // is registered, is an object that is not there.
 inline recorder::Raised NamedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  const bool byTheComponent = mishap.caught.source != "KodraRpt";
+  const bool byTheComponent = mishap.caught.source != L"KodraRpt";
   if (byTheComponent && failed.call == "CreateObject(\"KodraParamSist.Obtedor\")")
     return recorder::Framed(scene.Tested().name, "A variável do objeto ou a variável do bloco 'With' não foi definida");
   return FramedOutcome(scene, failed, mishap);
