@@ -29,8 +29,8 @@ std::wstring Lower(std::wstring text) {
   return text;
 }
 
-// The component's words are plain ASCII.
-bool Names(const std::wstring& text, std::initializer_list<const wchar_t*> words) {
+// Ignores letter case. The component's words are plain ASCII.
+bool ContainsAny(const std::wstring& text, std::initializer_list<const wchar_t*> words) {
   for (const wchar_t* word : words) {
     if (Lower(text).find(Lower(word)) != std::wstring::npos) return true;
   }
@@ -40,9 +40,9 @@ bool Names(const std::wstring& text, std::initializer_list<const wchar_t*> words
 enum class System { kOracle, kDB2, kSQLite, kOther };
 
 System SystemOf(const std::wstring& text) {
-  if (Names(text, {L"ORACLE", L"MSDAORA"})) return System::kOracle;
-  if (Names(text, {L"IBMDADB2", L"ISERIES", L"IBM I", L"IBM DB2"})) return System::kDB2;
-  return Names(text, {L"SQLITE"}) ? System::kSQLite : System::kOther;
+  if (ContainsAny(text, {L"ORACLE", L"MSDAORA"})) return System::kOracle;
+  if (ContainsAny(text, {L"IBMDADB2", L"ISERIES", L"IBM I", L"IBM DB2"})) return System::kDB2;
+  return ContainsAny(text, {L"SQLITE"}) ? System::kSQLite : System::kOther;
 }
 
 // The lengths of a file: none when it is absent, empty, or one byte.
@@ -69,19 +69,22 @@ void RequireKnownAdditions(std::wstring_view added, System system) {
   take(L"Patch1=1024;", system == System::kDB2);
   take(L"OEMCP=1;", system == System::kSQLite);
   take(L"FKSupport=true;", system == System::kSQLite);
-  RequireEqual(added, L"", "nothing but the pairs of its database is added to a connection string");
+  RequireEqual(added, L"", "only the pairs of its database are added to a connection string, each at most once");
 }
 
 void CheckRewritten(const std::wstring& given, const std::wstring& rewritten, System system) {
-  Require(rewritten.starts_with(given), "what the client gave stays");
+  Require(rewritten.starts_with(given), "a rewritten string starts with the client's");
   RequireKnownAdditions(std::wstring_view(rewritten).substr(given.size()), system);
   Require(rewritten.ends_with(L';'), "a rewritten string ends with a semicolon");
-  Require(Names(rewritten, {L"Persist Security Info"}), "every string says how it keeps its password");
-  Require(system != System::kOracle || Names(rewritten, {L"Min Pool Size"}), "an Oracle string has a pool");
-  Require(system != System::kDB2 || (Names(rewritten, {L"IgnoreWarnList"}) && Names(rewritten, {L"Patch1"})),
-          "a DB2 string has its warning list and its patch");
-  Require(system != System::kSQLite || (Names(rewritten, {L"OEMCP=1;"}) && Names(rewritten, {L"FKSupport"})),
-          "an SQLite string has its encoding and foreign keys");
+  Require(ContainsAny(rewritten, {L"Persist Security Info"}), "every string contains Persist Security Info");
+  Require(system != System::kOracle || ContainsAny(rewritten, {L"Min Pool Size"}),
+          "an Oracle string contains the pool's size");
+  Require(
+      system != System::kDB2 || (ContainsAny(rewritten, {L"IgnoreWarnList"}) && ContainsAny(rewritten, {L"Patch1"})),
+      "a DB2 string contains IgnoreWarnList and Patch1");
+  Require(
+      system != System::kSQLite || (ContainsAny(rewritten, {L"OEMCP=1;"}) && ContainsAny(rewritten, {L"FKSupport"})),
+      "an SQLite string contains OEMCP and FKSupport");
 }
 
 void CheckPreAbreCn(const std::wstring& given, std::optional<std::uint64_t> fileLength) {
@@ -96,16 +99,17 @@ void CheckPreAbreCn(const std::wstring& given, std::optional<std::uint64_t> file
             "a missing or empty SQLite file is an error that names it");
     return;
   }
-  Require(raised.number == 0, "no other string is refused");
+  Require(raised.number == 0, "every other string is accepted");
   CheckRewritten(given, rewritten, system);
   const bool setsLanguage =
       around.journal.Calls() == Lines({R"(SetEnvironment("NLS_LANG", "BRAZILIAN PORTUGUESE_BRAZIL.WE8MSWIN1252"))"});
-  Require(setsLanguage == (system == System::kOracle), "the language is set for Oracle, once, and for no other");
+  Require(setsLanguage == (system == System::kOracle),
+          "NLS_LANG is set once for Oracle, and never for another database");
 
   std::wstring again = rewritten;
   data::PreAbreCn(again, around);
   RequireEqual(again, rewritten + (system == System::kSQLite ? L"OEMCP=1;" : L""),
-               "a rewritten string is left as it is, but for SQLite's encoding");
+               "rewriting a rewritten string adds only SQLite's OEMCP");
 }
 
 void CheckPasswordIsKeptSecret(const std::wstring& given) {
@@ -114,7 +118,7 @@ void CheckPasswordIsKeptSecret(const std::wstring& given) {
        {given + L";Password=" + std::wstring(kPassword), L"Password=" + std::wstring(kPassword) + L";" + given}) {
     FakeSurroundings around;
     const Raised raised = RaisedBy([&] { data::AbreCn(text, 0, 0, around); });
-    Require(raised.description.find(kPassword) == std::wstring::npos, "no error shows the password");
+    Require(raised.description.find(kPassword) == std::wstring::npos, "no error contains the password");
   }
 }
 
@@ -138,32 +142,32 @@ void CheckAbreCn(const std::wstring& given) {
   FakeSurroundings around;
   Place(around, path, 1);
   const auto connection = data::AbreCn(given, 0, 0, around);
-  Require((connection == nullptr) == given.empty(), "only the empty string gives no connection");
+  Require((connection == nullptr) == given.empty(), "only the empty string opens no connection");
   if (!connection) return;
   std::wstring rewritten = given;
   data::PreAbreCn(rewritten, around);
   RequireEqual(connection->ConnectionString(), ReplacedInOrder(ReplacedInOrder(rewritten, L";;", L";"), L"; ;", L";"),
                "the rewritten string is opened without its empty pairs");
   const bool setsSession = around.journal.Calls().find("\nConnection1.Execute(") != std::string::npos;
-  Require(setsSession == (SystemOf(given) == System::kOracle), "the session is set for Oracle and for no other");
+  Require(setsSession == (SystemOf(given) == System::kOracle), "the session's settings are sent to Oracle only");
 
   if (SystemOf(given) != System::kSQLite) return;
   FakeSurroundings without;
   const Raised cause = FileError(path, false);
   Require(RaisedBy([&] { data::AbreCn(given, 0, 0, without); }) ==
               Raised{cause.number, L"modADO.AbreCn", L"[" + cause.source + L"]: " + cause.description},
-          "the error of the preparation gains one layer");
+          "AbreCn adds one layer to the error of PreAbreCn");
 }
 
 void CheckReadKey(const std::wstring& text, const std::wstring& key, const std::wstring& written) {
   if (key.empty() || key.find(L';') != key.npos) return;  // no key of a pair
   const std::wstring value = data::ReadKey(text, key);
   Require(value.find(L';') == std::wstring::npos, "a value ends before the semicolon");
-  Require(text.find(value) != std::wstring::npos, "a value is a piece of the string");
+  Require(text.find(value) != std::wstring::npos, "a value is a part of the string");
   const bool present = values::UpperCase(text).find(values::UpperCase(key)) != std::wstring::npos;
-  Require(present || value.empty(), "a key that is not there has no value");
+  Require(present || value.empty(), "a missing key has no value");
   if (key.find(L'=') != key.npos || written.find(L';') != written.npos) return;
-  RequireEqual(data::ReadKey(key + L"=" + written + L";" + text, key), written, "the first pair of a key is read");
+  RequireEqual(data::ReadKey(key + L"=" + written + L";" + text, key), written, "the first pair with a key is read");
 }
 
 void CheckReplaceAll(const std::wstring& text, const std::wstring& find, const std::wstring& by) {

@@ -53,30 +53,30 @@ void CheckNumbers(const std::wstring& input, const Calendar& calendar) {
   const std::set<std::int32_t> given = NumbersIn(input);
   const auto has = [&](std::int32_t number) { return given.contains(number); };
   const bool dayZero = calendar.year == 1899 && calendar.month == 12 && calendar.day == 30;
-  Require(dayZero || has(calendar.day) || calendar.day == 1, "the day is a number of the text, or the first");
+  Require(dayZero || has(calendar.day) || calendar.day == 1, "the day is a number in the text, or 1");
   Require(dayZero || has(calendar.year) || has(calendar.year % 100) || calendar.year == kLeapYear,
-          "the year is a number of the text, or the current one");
-  Require(has(calendar.hour) || has(calendar.hour - 12) || calendar.hour == 0, "the hour is a number of the text");
-  Require(has(calendar.minute) || calendar.minute == 0, "the minute is a number of the text");
-  Require(has(calendar.second) || calendar.second == 0, "the second is a number of the text");
+          "the year is a number in the text, or the current year");
+  Require(has(calendar.hour) || has(calendar.hour - 12) || calendar.hour == 0, "the hour is a number in the text");
+  Require(has(calendar.minute) || calendar.minute == 0, "the minute is a number in the text");
+  Require(has(calendar.second) || calendar.second == 0, "the second is a number in the text");
 }
 
 void CheckRecognised(const std::wstring& input, Date date) {
   const Calendar calendar = values::ToCalendar(date);
-  Require(values::IsDay(calendar.year, calendar.month, calendar.day), "a date is a day of the calendar");
+  Require(values::IsDay(calendar.year, calendar.month, calendar.day), "a recognised date exists in the calendar");
   Require(calendar.hour >= 0 && calendar.hour <= 23 && calendar.minute >= 0 && calendar.minute <= 59 &&
               calendar.second >= 0 && calendar.second <= 59,
-          "a time is one of the day");
-  Require(values::FromCalendar(calendar) == date, "a date taken apart and put together is the same");
+          "a recognised time is a time of day");
+  Require(values::FromCalendar(calendar) == date, "a date survives the conversion to its parts and back");
 
   CheckNumbers(input, calendar);
   RequireDate(values::DateToText(date), calendar, "a date as text is recognised as the same date");
-  RequireDate(L" " + input + L"\t", calendar, "blanks around a date say nothing");
-  RequireDate(values::UpperCase(input), calendar, "letter case says nothing");
+  RequireDate(L" " + input + L"\t", calendar, "blanks around a date are ignored");
+  RequireDate(values::UpperCase(input), calendar, "letter case is ignored");
 
   const std::wstring longForm = Printed(L"%02d/%02d/%d %02d:%02d:%02d", calendar);
-  RequireEqual(values::FormatDate(date, L"dd/mm/yyyy hh:nn:ss"), longForm, "a date is written by its pattern");
-  RequireEqual(values::FormatDate(date, L"DD/MM/YYYY HH:MM:SS"), longForm, "a pattern knows no letter case");
+  RequireEqual(values::FormatDate(date, L"dd/mm/yyyy hh:nn:ss"), longForm, "a date is formatted by the pattern");
+  RequireEqual(values::FormatDate(date, L"DD/MM/YYYY HH:MM:SS"), longForm, "the letter case of a pattern is ignored");
   RequireDate(longForm, calendar, "a date written day first is recognised");
   RequireDate(values::FormatDate(date, L"yyyy-mm-dd hh:nn:ss"), calendar, "a date written year first is recognised");
   RequireDate(values::FormatDate(date, L"hh.nn.ss, d-m-yyyy"), calendar, "a date after its time is recognised");
@@ -86,12 +86,12 @@ void CheckConverted(const std::wstring& input) {
   const auto date = ParseDate(input);
   try {
     const Date converted = values::ToDate(input);
-    if (date) Require(converted == *date, "a text that is a date is converted to it");
+    if (date) Require(converted == *date, "the text of a date is converted to the recognised date");
     values::ToCalendar(converted);
   } catch (const Erro& erro) {
     const bool known = erro.Number() == static_cast<std::int32_t>(RuntimeError::kTypeMismatch) ||
                        erro.Number() == static_cast<std::int32_t>(RuntimeError::kOverflow);
-    Require(!date && known, "only a text that is no date fails, as a wrong type or an overflow");
+    Require(!date && known, "only text that is not a date fails, with a type mismatch or an overflow");
   }
 }
 
@@ -105,7 +105,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (date) CheckRecognised(input, *date);
   // A text without a year may be 29 February, or otherwise another day.
   Require(date.has_value() || !ParseDate(input, kCommonYear).has_value(),
-          "what is a date in one year is one in a leap year");
+          "text that is a date in a common year is a date in a leap year");
   CheckConverted(input);
   return 0;
 }

@@ -40,9 +40,9 @@ std::set<std::pair<std::wstring, std::wstring>> NamesIn(std::wstring_view text) 
 
 void CheckEncoding(std::string_view bytes, const std::wstring& text) {
   constexpr const char* kMark = "\xef\xbb\xbf";
-  RequireEqual(DecodeText(kMark + values::ToUtf8(text)), text, "a text written as UTF-8 reads the same");
+  RequireEqual(DecodeText(kMark + values::ToUtf8(text)), text, "text encoded as UTF-8 is decoded unchanged");
   for (const wchar_t c : text) {
-    Require(c <= 0x10ffff && !(c >= 0xd800 && c <= 0xdfff), "bytes decode to whole characters");
+    Require(c <= 0x10ffff && !(c >= 0xd800 && c <= 0xdfff), "bytes are decoded to valid characters");
   }
   Require(text.size() <= bytes.size(), "a character has at least one byte");
 }
@@ -57,17 +57,18 @@ void RequireSame(const IniFile& one, const IniFile& other, const std::wstring& t
 void CheckValues(const IniFile& file, const std::wstring& text) {
   for (const auto& [section, key] : NamesIn(text)) {
     const auto value = file.Find(section, key);
-    Require(file.Find(values::UpperCase(section), values::UpperCase(key)) == value, "names know no letter case");
+    Require(file.Find(values::UpperCase(section), values::UpperCase(key)) == value,
+            "the letter case of names is ignored");
     if (!value) continue;
-    Require(value->find(L'\n') == value->npos, "a value ends with its line");
-    Require(text.find(*value) != text.npos, "a value is a piece of the file");
+    Require(value->find(L'\n') == value->npos, "a value ends where its line ends");
+    Require(text.find(*value) != text.npos, "a value is a part of the file");
   }
 }
 
 void CheckOtherForms(const IniFile& file, const std::wstring& text) {
-  RequireSame(IniFile(FilledIn(text, L'\n', L"\r\n")), file, text, "Windows' line ends read the same");
-  RequireSame(IniFile(FilledIn(text, L'\n', L"\n; [Nomes]\n\n# Grupo=x\n")), file, text, "comments say nothing");
-  RequireSame(IniFile(FilledIn(text, L'\n', L" \t\n\t ")), file, text, "blanks around a line say nothing");
+  RequireSame(IniFile(FilledIn(text, L'\n', L"\r\n")), file, text, "Windows line ends make no difference");
+  RequireSame(IniFile(FilledIn(text, L'\n', L"\n; [Nomes]\n\n# Grupo=x\n")), file, text, "comments are ignored");
+  RequireSame(IniFile(FilledIn(text, L'\n', L" \t\n\t ")), file, text, "blanks around a line are ignored");
 }
 
 // A section whose name the file does not contain is read whatever comes before and after it.
@@ -75,13 +76,13 @@ void CheckWrittenSection(const std::wstring& text) {
   const std::wstring section = L"Seção " + std::to_wstring(text.size());
   if (values::UpperCase(text).find(values::UpperCase(section)) != text.npos) return;
   const std::wstring withoutSection = L"\n; [" + section + L"]\n[" + section + L"}\nSérie=a\n";
-  Require(!IniFile(text + withoutSection).Find(section, L"Série"), "a section that is not there has no keys");
+  Require(!IniFile(text + withoutSection).Find(section, L"Série"), "a missing section has no keys");
   for (const wchar_t* value : {L" Dossiê ", L"", L"a=b", L"'", L"\""}) {
     const std::wstring before = L"[ " + section + L" ] \n; Série=b\n#Série=c\nSérie\n SÉRIE = ";
     const auto found =
         IniFile(text + withoutSection + before + L'"' + value + L"\" \nSérie=d\n" + text).Find(section, L"série");
-    Require(found.has_value(), "a key is found among whatever else the file holds");
-    RequireEqual(*found, value, "a value in quotes is read as it was written, by the first line of its key");
+    Require(found.has_value(), "a key is found whatever else the file contains");
+    RequireEqual(*found, value, "a quoted value is read unchanged, from the first line with its key");
   }
 }
 

@@ -23,7 +23,7 @@ const Raised kRefused = {static_cast<std::int32_t>(0x80040E73), "Microsoft OLE D
 
 std::wstring InBraces(const std::wstring& value) { return L"{" + FilledIn(value, L'}', L"}}") + L"}"; }
 
-// Reads a value in braces from the front of a text, as an ODBC driver reads it; false when it does not end.
+// Reads a value in braces from the front of a text, as an ODBC driver reads it; returns false when it is not closed.
 bool TakeBraced(std::wstring_view& text, std::wstring& value) {
   for (std::size_t i = 1; i < text.size(); ++i) {
     if (text[i] == L'}') {
@@ -50,7 +50,7 @@ Pairs ReadByDriver(std::wstring_view text) {
   Pairs pairs;
   while (!text.empty()) {
     const std::size_t equals = text.find(L'=');
-    Require(equals < text.find(L';'), "every pair has its equals sign");
+    Require(equals < text.find(L';'), "every pair has an equals sign");
     auto& [key, value] = pairs.emplace_back(text.substr(0, equals), L"");
     text.remove_prefix(equals + 1);
     if (text.starts_with(L'{')) {
@@ -69,7 +69,8 @@ void CheckConverted(const std::wstring& converted) {
   const Pairs pairs = ReadByDriver(converted);
   std::wstring again;
   for (const auto& [key, value] : pairs) again += L" ; " + key + L" = " + InBraces(value) + L" ; ";
-  Require(ReadByDriver(ToOdbcConnectionString(again, L"", L"")) == pairs, "the driver's string is its own conversion");
+  Require(ReadByDriver(ToOdbcConnectionString(again, L"", L"")) == pairs,
+          "converting the driver's pairs again returns the same pairs");
 }
 
 void CheckCredentials(const std::wstring& text, const std::wstring& given) {
@@ -77,9 +78,10 @@ void CheckCredentials(const std::wstring& text, const std::wstring& given) {
   const std::wstring password(kPassword);
   const std::wstring converted = ToOdbcConnectionString(text, user, password);
   const Pairs pairs = ReadByDriver(converted);
-  Require(pairs.back() == std::pair<std::wstring, std::wstring>(L"PWD", password), "a password of its own comes last");
+  Require(pairs.back() == std::pair<std::wstring, std::wstring>(L"PWD", password),
+          "a password passed separately is in the last pair");
   RequireEqual(ToOdbcConnectionString(L"User ID=x;Password=y;" + text, user, password), converted,
-               "a user and a password of their own replace the string's");
+               "a user and a password passed separately replace those in the string");
 }
 
 // Any value is kept in quotes; a value in braces keeps the braces for the driver.
@@ -88,7 +90,7 @@ void CheckValue(const std::wstring& value) {
   for (const auto& [quote, doubled] : {std::pair(L'"', L"\"\""), std::pair(L'\'', L"''")}) {
     const std::wstring text = std::wstring(L"Opção=") + quote + FilledIn(value, quote, doubled) + quote;
     Require(ReadByDriver(ToOdbcConnectionString(text, L"", L"")) == Pairs{{L"Opção", value}},
-            "a value in quotes comes through as it is");
+            "a quoted value is passed on unchanged");
   }
 }
 
@@ -104,7 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckConverted(converted);
     CheckCredentials(fields[2], fields[0]);
   } else {
-    Require(raised == kRefused, "a string out of form is refused without a word of it");
+    Require(raised == kRefused, "a malformed string is refused with an error that does not repeat it");
   }
   CheckValue(fields[1]);
   return 0;

@@ -76,13 +76,13 @@ class Statement {
  public:
   explicit Statement(std::wstring_view sql) : rest_(sql) {}
 
-  // A clause that has no text has no keyword.
+  // A clause without text has no keyword.
   void Take(std::wstring_view keyword, std::wstring_view text) {
     if (!text.empty()) TakeAlways(keyword, text);
   }
   void TakeAlways(std::wstring_view keyword, std::wstring_view text) {
     const std::wstring clause = std::wstring(keyword) + std::wstring(text);
-    RequireEqual(rest_.substr(0, clause.size()), clause, "the clauses stand in the order of SQL, as they were set");
+    RequireEqual(rest_.substr(0, clause.size()), clause, "the clauses are in the order of SQL, as they were set");
     rest_.remove_prefix(clause.size());
   }
   std::wstring_view Rest() const { return rest_; }
@@ -103,8 +103,8 @@ void CheckStatement(const SelectBuilder& select, const Parts& parts) {
   statement.Take(L" WHERE ", parts.where);
   statement.Take(L" GROUP BY ", parts.groupBy);
   statement.Take(L" ORDER BY ", parts.orderBy);
-  RequireEqual(statement.Rest(), L"", "every clause stands once");
-  RequireEqual(select.SQL(), sql, "asking for the statement changes nothing");
+  RequireEqual(statement.Rest(), L"", "nothing follows the last clause");
+  RequireEqual(select.SQL(), sql, "reading the statement does not change it");
 }
 
 // The same parts, set from the last clause to the first.
@@ -133,11 +133,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   while (!calls.empty()) {
     const std::vector<std::wstring> split = Fields(calls, 2);
     Call(split[0], select, parts);
-    RequireEqual(select.Columns(), parts.columns, "the columns are read as they were set");
-    RequireEqual(select.Where(), parts.where, "the condition is read as it was set");
+    RequireEqual(select.Columns(), parts.columns, "the columns are returned as they were set");
+    RequireEqual(select.Where(), parts.where, "the condition is returned as it was set");
     calls = split[1];
   }
   CheckStatement(select, parts);
-  RequireEqual(Backwards(parts).SQL(), select.SQL(), "the order of the calls says nothing");
+  RequireEqual(Backwards(parts).SQL(), select.SQL(), "the order of the calls makes no difference");
   return 0;
 }

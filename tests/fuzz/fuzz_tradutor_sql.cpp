@@ -56,7 +56,7 @@ bool IsBalanced(std::wstring_view sql) {
 void RequireVerbatim(const std::function<std::wstring(const std::wstring&, const std::wstring&)>& translate,
                      const std::wstring& one, const std::wstring& other) {
   const std::wstring form = translate(kFirstPlace, kSecondPlace);
-  Require(IsBalanced(form), "what the translator adds closes its quotes and parentheses");
+  Require(IsBalanced(form), "the translator's own text has balanced quotes and parentheses");
   std::wstring expected;
   for (const wchar_t c : form) {
     if (c == kFirst) {
@@ -67,7 +67,7 @@ void RequireVerbatim(const std::function<std::wstring(const std::wstring&, const
       expected += c;
     }
   }
-  RequireEqual(translate(one, other), expected, "expressions stand in the SQL as they were given");
+  RequireEqual(translate(one, other), expected, "expressions are in the SQL as they were passed");
 }
 
 // Some databases get the interval and the format as the caller spelled them, with their quotes.
@@ -79,13 +79,13 @@ void CheckDateAdd(const Input& in, std::int32_t code) {
                   in.expression);
   if (code == tbSQLServer || code == tbMySQL) return;  // they get a word that is not one of their units unchanged
   RequireEqual(SQLDateAdd(values::UpperCase(in.word), in.number, in.expression),
-               SQLDateAdd(in.word, in.number, in.expression), "an interval knows no letter case");
+               SQLDateAdd(in.word, in.number, in.expression), "the letter case of an interval is ignored");
 }
 
 void CheckToChar(const Input& in, std::int32_t code) {
   if (!IsPlain(in.word)) return;
   RequireVerbatim([&](const auto& date, const auto&) { return SQLToChar(date, in.word); }, in.expression, L"");
-  Require(code != tbSQLite || SQLToChar(in.expression, in.word).empty(), "SQLite writes no date");
+  Require(code != tbSQLite || SQLToChar(in.expression, in.word).empty(), "SQLite's dialect has no text for a date");
 }
 
 std::wstring Printed(const wchar_t* format, std::int32_t a, std::int32_t b, std::int32_t c,
@@ -124,7 +124,7 @@ void CheckToDate(const Input& in, std::int32_t code) {
                       L"");
     } else if (layout <= fdDateTime) {
       RequireEqual(SQLToDate(in.expression, layout), DateLiteral(values::ToCalendar(*date), code, layout),
-                   "a date becomes the literal of its database");
+                   "a date becomes the literal of the database");
     }
   }
 }
@@ -139,12 +139,14 @@ void CheckNumberDefault(const Input& in) {
   std::wstring translated;
   const Raised raised = RaisedBy([&] { translated = SQLNVL(in.expression, nvNumero, in.number); });
   if (raised.number != 0) {
-    Require(raised.number == kOverflow && raised.source == L"KodraRpt", "a default fails only for a number too large");
+    Require(raised.number == kOverflow && raised.source == L"KodraRpt",
+            "a default fails only for a number that is too large");
     return;
   }
   const std::wstring number = values::NumberToText(values::LeadingNumber(in.number));
-  Require(number.find_first_not_of(L"0123456789,-+E") == number.npos, "a number is written in digits");
-  Require(translated.ends_with(in.expression + L", " + number + L")"), "a default number stands after its expression");
+  Require(number.find_first_not_of(L"0123456789,-+E") == number.npos,
+          "a number contains only digits, signs, a comma and an exponent");
+  Require(translated.ends_with(in.expression + L", " + number + L")"), "a default number follows its expression");
 }
 
 void CheckNVL(const Input& in) {
@@ -156,9 +158,9 @@ void CheckNVL(const Input& in) {
                     in.expression, in.number);
   }
   RequireEqual(SQLNVL(in.expression, -1, in.number), SQLNVL(in.expression, nvData, in.number),
-               "a default of no known kind is a date");
+               "a default of an unknown kind is treated as a date");
   RequireEqual(SQLNVL(in.expression, nvData, L""), SQLNVL(in.expression, nvData, L"1932-01-30"),
-               "no default date is the date that means none");
+               "an empty default date becomes the date that stands for none");
 }
 
 std::vector<Value> AsValues(const std::vector<std::wstring>& texts) { return {texts.begin(), texts.end()}; }
@@ -167,7 +169,7 @@ void CheckStrConcat(const Input& in, std::int32_t code) {
   std::vector<std::wstring> places;
   for (std::size_t i = 0; i < in.parts.size(); ++i) places.push_back(kFirstPlace);
   const std::wstring form = SQLStrConcat(AsValues(places));
-  Require(IsBalanced(form), "a concatenation closes its parentheses");
+  Require(IsBalanced(form), "a concatenation has balanced parentheses");
   std::wstring expected;
   std::size_t next = 0;
   for (const wchar_t c : form) {
@@ -179,19 +181,19 @@ void CheckStrConcat(const Input& in, std::int32_t code) {
   }
   // For MySQL the function is left out when there is nothing to join.
   if (code == tbMySQL && in.parts.size() == 1 && in.parts.front().empty()) expected.clear();
-  Require(next == in.parts.size(), "every part is joined, once");
+  Require(next == in.parts.size(), "every part is concatenated once");
   RequireEqual(SQLStrConcat(AsValues(in.parts)), expected, "the parts are in the SQL as they were passed");
 
   std::vector<Value> withNull = AsValues(in.parts);
   withNull.emplace_back(Null());
-  RequireEqual(SQLStrConcat(withNull), L"", "a part without text leaves nothing");
+  RequireEqual(SQLStrConcat(withNull), L"", "a null part makes the concatenation empty");
 }
 
 void CheckRefused(const Input& in, std::int32_t code) {
   const auto require = [&](const char* function, const Raised& raised) {
     Require(raised == Raised{kErrBase + 1, "TradutorSQL." + std::string(function),
                              "Não há entrada para o banco tipo " + std::to_string(code)},
-            "a database without dialect is refused, by the function's name and the code");
+            "a database without a dialect is refused with the function's name and the code");
   };
   require("SQLDateAdd", RaisedBy([&] { SQLDateAdd(in.word, in.number, in.expression); }));
   require("SQLDataAtual", RaisedBy([&] { SQLDataAtual(); }));
@@ -199,7 +201,7 @@ void CheckRefused(const Input& in, std::int32_t code) {
   require("SQLToChar", RaisedBy([&] { SQLToChar(in.expression, in.word); }));
   for (const std::int32_t layout : kLayouts) require("SQLToDate", RaisedBy([&] { SQLToDate(in.expression, layout); }));
   for (const std::int32_t kind : kKinds) require("SQLNVL", RaisedBy([&] { SQLNVL(in.expression, kind, in.number); }));
-  RequireEqual(SQLStrConcat(AsValues(in.parts)), L"", "only the concatenation is empty instead");
+  RequireEqual(SQLStrConcat(AsValues(in.parts)), L"", "a concatenation without a dialect is empty");
 }
 
 void CheckDialect(const Input& in, std::int32_t code) {
@@ -241,6 +243,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   DefineTipoBanco(tbOracle);
   const std::wstring oracle = Everything(in);
   DefineTipoBanco(tbOracleAlt);
-  RequireEqual(Everything(in), oracle, "the second Oracle variant is Oracle");
+  RequireEqual(Everything(in), oracle, "both Oracle codes have the same dialect");
   return 0;
 }

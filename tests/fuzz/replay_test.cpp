@@ -74,7 +74,7 @@ TEST_P(FuzzReplay, HoldsForEveryKnownInput) {
   EXPECT_GT(replayed, 0U);
 }
 
-TEST_P(FuzzReplay, HoldsForNoInputAtAll) { EXPECT_NO_THROW(GetParam().run(nullptr, 0)); }
+TEST_P(FuzzReplay, HoldsForTheEmptyInput) { EXPECT_NO_THROW(GetParam().run(nullptr, 0)); }
 
 INSTANTIATE_TEST_SUITE_P(Targets, FuzzReplay, testing::ValuesIn(kTargets),
                          [](const auto& target) { return std::string(target.param.name); });

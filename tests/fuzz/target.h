@@ -17,17 +17,16 @@ namespace kodra::fuzz {
 // Inputs are text, so that a reader understands them: UTF-8 or, when they are not UTF-8, Windows-1252.
 std::wstring TextOf(const std::uint8_t* data, std::size_t size);
 
-// The lines of a text; the last of the `count` has the rest, with its line ends, and missing ones are empty.
+// Returns `count` lines of a text: the last one is the rest, with its line ends, and missing lines are empty.
 std::vector<std::wstring> Fields(std::wstring_view text, std::size_t count);
 
-// Raises std::logic_error with the property's words when it does not hold: a crash for the engine, a failure for a
-// test.
+// Raises std::logic_error with the property when it does not hold: a crash for the engine, a failure for a test.
 void Require(bool holds, std::string_view property);
 
 // The same for two texts that must be equal; the error shows both.
 void RequireEqual(std::wstring_view actual, std::wstring_view expected, std::string_view property);
 
-// The text with every `placeholder` replaced by a value.
+// Returns the text with every `placeholder` replaced by a value.
 std::wstring FilledIn(std::wstring_view text, wchar_t placeholder, std::wstring_view value);
 
 }  // namespace kodra::fuzz
