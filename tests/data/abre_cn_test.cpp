@@ -67,7 +67,7 @@ TEST_F(AbreCnTest, OpensThePreparedStringStepByStep) {
   EXPECT_EQ(around_.journal.LiveObjects(), 0);
 }
 
-TEST_F(AbreCnTest, ChecksTheSQLiteFileBeforeItMakesAConnection) {
+TEST_F(AbreCnTest, ChecksTheSQLiteFileBeforeItCreatesAConnection) {
   around_.files[L"a.db"] = 4096;
   EXPECT_NE(Opened(L"Driver=SQLite3;Database=a.db"), nullptr);
   EXPECT_EQ(around_.journal.Calls(), Lines({
@@ -96,7 +96,7 @@ TEST_F(AbreCnTest, SetsTheLanguageOfAnOracleSessionThatIsOpen) {
                                      }));
 }
 
-TEST_F(AbreCnTest, LeavesAnOracleSessionAloneThatIsNotOpen) {
+TEST_F(AbreCnTest, SetsNoLanguageForAnOracleSessionThatIsNotOpen) {
   for (const std::int32_t state : {0, 2}) {  // closed, still connecting
     around_.journal.Forget();
     around_.ado.connectionState = state;
@@ -107,7 +107,7 @@ TEST_F(AbreCnTest, LeavesAnOracleSessionAloneThatIsNotOpen) {
   }
 }
 
-TEST_F(AbreCnTest, KeepsTheConnectionWhenTheOracleLanguageFailsHowever) {
+TEST_F(AbreCnTest, KeepsTheConnectionHoweverSettingTheOracleLanguageFails) {
   for (const auto* call : {L"Connection1.State", L"Connection1.Execute"}) {
     for (const auto& failure :
          {Failure(kRefused), Failure(std::bad_alloc()), Failure(std::runtime_error("unexpected"))}) {
@@ -126,7 +126,7 @@ struct Cleaning {
 
 class AbreCnCleaningTest : public AbreCnTest, public testing::WithParamInterface<Cleaning> {};
 
-TEST_P(AbreCnCleaningTest, TakesOutEmptyPairsInOnePassEach) {
+TEST_P(AbreCnCleaningTest, RemovesEmptyPairsInOnePassEach) {
   Opened(GetParam().given);
   EXPECT_NE(
       around_.journal.Calls().find(std::string("Connection1.SetConnectionString(\"") + GetParam().opened + "\")\n"),
@@ -146,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Strings, AbreCnCleaningTest,
                                          Cleaning{L"a=1;  ;b=2;", "a=1;  ;b=2;Persist Security Info=True;"},
                                          Cleaning{L" ", " ;Persist Security Info=True;"}));
 
-TEST_F(AbreCnTest, RaisesALowerCursorLocationToTheServers) {
+TEST_F(AbreCnTest, ReplacesALowerCursorLocationByTheServers) {
   for (const auto& [asked, set] :
        {std::pair(-1, 2), std::pair(0, 2), std::pair(1, 2), std::pair(2, 2), std::pair(3, 3)}) {
     around_.journal.Forget();
@@ -157,7 +157,7 @@ TEST_F(AbreCnTest, RaisesALowerCursorLocationToTheServers) {
   }
 }
 
-TEST_F(AbreCnTest, TakesIsolationLevelZeroForReadCommitted) {
+TEST_F(AbreCnTest, TreatsIsolationLevelZeroAsReadCommitted) {
   for (const auto& [asked, set] : {std::pair(0, 4096), std::pair(4096, 4096), std::pair(256, 256), std::pair(-1, -1)}) {
     around_.journal.Forget();
     Opened(kSQLServer, ad::kUseServer, asked);

@@ -71,7 +71,7 @@ TEST_F(AbreFirehoseRsTest, OpensATextOnAConnectionOfItsOwn) {
       }));
 }
 
-TEST_F(AbreFirehoseRsTest, OpensATextOnTheConnectionThatIsGiven) {
+TEST_F(AbreFirehoseRsTest, OpensATextOnTheConnectionThatIsPassed) {
   GiveConnection();
   EXPECT_NE(Opened(kStatement), nullptr);
   EXPECT_EQ(around_.journal.Calls(), Lines({
@@ -167,13 +167,13 @@ TEST_F(AbreFirehoseRsTest, KeepsTheFirstErrorWhenTheNativeCodeCannotBeRead) {
   }
 }
 
-TEST_F(AbreFirehoseRsTest, TakesTheNativeCodeOfALaterReadingWhenOneFails) {
+TEST_F(AbreFirehoseRsTest, UsesTheNativeCodeOfALaterReadWhenOneFails) {
   GiveConnection();
   around_.journal.FailOn(L"Connection1.NativeError", Failure(Erro(5, L"ADODB", L"outra")));
   EXPECT_EQ(RaisedWithNativeErrors({942, 942}), NoTable(" [N:942]"));
 }
 
-TEST_F(AbreFirehoseRsTest, ReadsTheNativeCodeOfTheGivenConnectionForACommandToo) {
+TEST_F(AbreFirehoseRsTest, ReadsTheNativeCodeOfThePassedConnectionForACommandToo) {
   const auto command = around_.NewCommand();
   GiveConnection();
   around_.ado.nativeErrors = {208};

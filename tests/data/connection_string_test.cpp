@@ -68,14 +68,14 @@ const Preparation kPreparations[] = {
      "Driver={SQLite3 ODBC Driver};Database=C:\\dados\\arquivo.db;Persist Security Info=True;"
      "OEMCP=1;FKSupport=true;",
      Lines({R"(FileLength("C:\dados\arquivo.db") -> 1)"})},
-    {"KnowsSQLiteInAnyLetterCase", L"driver=sqlite;database=a.db;",
+    {"RecognisesSQLiteInAnyLetterCase", L"driver=sqlite;database=a.db;",
      "driver=sqlite;database=a.db;Persist Security Info=True;OEMCP=1;FKSupport=true;", kMeasuresFile},
     {"KeepsSQLiteForeignKeysInAnyLetterCase", L"Driver=SQLite3;Database=a.db;fksupport=false;",
      "Driver=SQLite3;Database=a.db;fksupport=false;Persist Security Info=True;OEMCP=1;", kMeasuresFile},
-    {"TakesAnSQLiteFileOfFourGigabytesForAWholeOne", L"Driver=SQLite3;Database=C:\\grande.db;",
+    {"AcceptsAnSQLiteFileOfFourGigabytes", L"Driver=SQLite3;Database=C:\\grande.db;",
      "Driver=SQLite3;Database=C:\\grande.db;Persist Security Info=True;OEMCP=1;FKSupport=true;",
      Lines({R"(FileLength("C:\grande.db") -> 4294967296)"})},
-    {"TakesAStringWithDB2AndSQLiteWordsForDB2Only", L"Provider=IBMDADB2;Database=SQLITE;",
+    {"TreatsAStringWithDB2AndSQLiteWordsAsDB2Only", L"Provider=IBMDADB2;Database=SQLITE;",
      R"(Provider=IBMDADB2;Database=SQLITE;Persist Security Info=True;IgnoreWarnList="'02000'";Patch1=1024;)"},
 };
 
@@ -85,33 +85,33 @@ INSTANTIATE_TEST_SUITE_P(Strings, PreAbreCnStringTest, testing::ValuesIn(kPrepar
 
 TEST_P(PreAbreCnStringTest, IsPrepared) { Check(GetParam().given, GetParam().prepared, GetParam().calls); }
 
-TEST_F(PreAbreCnTest, GivesAnOracleStringItsPoolAndTheProcessItsLanguage) {
+TEST_F(PreAbreCnTest, AddsAPoolToAnOracleStringAndSetsTheLanguageOfTheProcess) {
   Check(L"Provider=MSDAORA;Data Source=ARQ",
         "Provider=MSDAORA;Data Source=ARQ;Persist Security Info=True;"
         "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;",
         kSetsNlsLang);
 }
 
-TEST_F(PreAbreCnTest, KnowsOracleByEitherWordInAnyLetterCaseAnywhere) {
+TEST_F(PreAbreCnTest, RecognisesOracleByEitherWordInAnyLetterCaseAnywhere) {
   for (const wchar_t* words : {L"Provider=OraOLEDB.Oracle;", L"provider=msdaora.1;", L"Server=my_oracle_host;"})
     Check(words, Utf8(words) + "Persist Security Info=True;Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;",
           kSetsNlsLang);
 }
 
-TEST_F(PreAbreCnTest, TakesAStringWithOracleAndOtherWordsForOracleOnly) {
+TEST_F(PreAbreCnTest, TreatsAStringWithOracleAndOtherWordsAsOracleOnly) {
   Check(L"Provider=MSDAORA;Data Source=IBMDADB2;Database=SQLite;",
         "Provider=MSDAORA;Data Source=IBMDADB2;Database=SQLite;Persist Security Info=True;"
         "Min Pool Size=5;Incr Pool Size=3;Decr Pool Size=3;",
         kSetsNlsLang);
 }
 
-TEST_F(PreAbreCnTest, KnowsDB2ByEachOfItsWordsAndAddsWarningListAndPatch) {
+TEST_F(PreAbreCnTest, RecognisesDB2ByEachOfItsWordsAndAddsWarningListAndPatch) {
   for (const wchar_t* words : {L"Provider=IBMDADB2.DB2COPY1;", L"Provider=ibmdadb2;", L"Driver={iSeries Access};",
                                L"Driver={IBM i Access ODBC Driver};", L"Driver={IBM DB2 ODBC DRIVER};"})
     Check(words, Utf8(words) + R"(Persist Security Info=True;IgnoreWarnList="'02000'";Patch1=1024;)");
 }
 
-TEST_F(PreAbreCnTest, RepeatsAnSQLiteEncodingThatIsThereAlready) {
+TEST_F(PreAbreCnTest, RepeatsAnSQLiteEncodingThatIsAlreadyThere) {
   Check(L"Driver=SQLite3;Database=a.db;OEMCP=1;",
         "Driver=SQLite3;Database=a.db;OEMCP=1;Persist Security Info=True;OEMCP=1;FKSupport=true;", kMeasuresFile);
 }
@@ -157,7 +157,7 @@ TEST_F(PreAbreCnTest, ReturnsTheSystemThatItPreparedTheStringFor) {
   EXPECT_EQ(systemOf(L"Driver=SQLite3;Database=a.db;"), DatabaseSystem::kSQLite);
 }
 
-TEST_F(PreAbreCnTest, FindsWhatIsAtTheEndOfALongString) {
+TEST_F(PreAbreCnTest, RecognisesKeysAtTheEndOfALongString) {
   const std::wstring longValue(2000, L'x');
   EXPECT_EQ(
       Prepared(L"Extended Properties=" + longValue + L";Provider=MSDAORA;min pool size=1;persist security info=1"),

@@ -63,7 +63,7 @@ TEST(ReadKeyTest, OverflowsForAKeyBeyondTheLastPosition) {
   EXPECT_EQ(RaisedBy([&] { ReadKey(text, L"Database"); }), kOverflow);
 }
 
-TEST(ReadKeyTest, SearchesALongStringInVainWithoutOverflow) {
+TEST(ReadKeyTest, FindsNoKeyInALongStringWithoutOverflow) {
   EXPECT_EQ(ReadKey(Filler(2 * kLastPosition), L"Database"), L"");
 }
 

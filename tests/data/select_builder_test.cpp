@@ -15,7 +15,7 @@ SelectBuilder Media() {
 
 TEST(SelectBuilderTest, HasColumnsAndTableAlone) { EXPECT_EQ(Media().SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD"); }
 
-TEST(SelectBuilderTest, PutsEveryClauseInItsPlaceInWhateverOrderTheyWereSet) {
+TEST(SelectBuilderTest, PutsTheClausesInTheOrderOfSqlInWhateverOrderTheyWereSet) {
   SelectBuilder select;
   select.SetOrderBy(L"3, 2");
   select.SetGroupBy(L"a.X, b.Y");
@@ -48,7 +48,7 @@ TEST(SelectBuilderTest, DropsAWhereThatIsSetEmptyAgain) {
   EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL FROM CD");
 }
 
-TEST(SelectBuilderTest, ReturnsColumnsAndConditionToBeExtended) {
+TEST(SelectBuilderTest, ReturnsColumnsAndConditionSoThatTheyCanBeExtended) {
   SelectBuilder select = Media();
   EXPECT_EQ(select.Columns(), L"NUM_CD, DOC_INICIAL");
   EXPECT_EQ(select.Where(), L"");
@@ -59,7 +59,7 @@ TEST(SelectBuilderTest, ReturnsColumnsAndConditionToBeExtended) {
   EXPECT_EQ(select.SQL(), L"SELECT NUM_CD, DOC_INICIAL, DOC_FINAL FROM CD WHERE (1=1) AND NUM_CD=1");
 }
 
-TEST(SelectBuilderTest, ReplacesClausesBeforeAndBehindOthers) {
+TEST(SelectBuilderTest, ReplacesClausesBeforeAndAfterOthers) {
   SelectBuilder select = Media();
   select.SetWhere(L"NUM_CD=1");
   select.SetOrderBy(L"NUM_CD");
@@ -71,7 +71,7 @@ TEST(SelectBuilderTest, ReplacesClausesBeforeAndBehindOthers) {
   EXPECT_EQ(select.Where(), L"NUM_CD=1");
 }
 
-TEST(SelectBuilderTest, TakesEveryFragmentAsGiven) {
+TEST(SelectBuilderTest, InsertsEveryFragmentUnchanged) {
   SelectBuilder select;
   select.SetColumns(L"'Mídias; \"x\"' AS RELATORIO ");
   select.SetFrom(L"CD");
@@ -106,7 +106,7 @@ TEST(SelectBuilderTest, ReplacesAJoinBetweenOthersByALongerOne) {
             L"INNER JOIN T2 ON 1=2 INNER JOIN T3 ON 1=3 WHERE 3=3");
 }
 
-TEST(SelectBuilderTest, HoldsPartsAndStatementsOfAnyLength) {
+TEST(SelectBuilderTest, AcceptsTextsOfAnyLength) {
   const std::wstring longPart(3000, L'x');
   SelectBuilder select = Media();
   select.SetWhere(longPart);

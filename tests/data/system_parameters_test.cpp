@@ -89,7 +89,7 @@ TEST_F(ObtemParametroSistemaTest, AcceptsANameInAnyLetterCase) {
   EXPECT_EQ(Read(L"Minutos_Bloqueio"), Value(15));
 }
 
-TEST_F(ObtemParametroSistemaTest, TakesASourceThatNamesAProviderOrDriverForAConnectionString) {
+TEST_F(ObtemParametroSistemaTest, TreatsASourceThatNamesAProviderOrDriverAsAConnectionString) {
   for (const char* source : {"provider=x", "a=1;PROVIDER=x", "pRoViDeR =x", "driver=x", "Driver ={SQLite3}"}) {
     around_.journal.Forget();
     Read(L"USAR_AD", recorder::Wide(source));
@@ -99,7 +99,7 @@ TEST_F(ObtemParametroSistemaTest, TakesASourceThatNamesAProviderOrDriverForAConn
   }
 }
 
-TEST_F(ObtemParametroSistemaTest, TakesAnyOtherSourceForAnIniFile) {
+TEST_F(ObtemParametroSistemaTest, TreatsAnyOtherSourceAsAnIniFile) {
   for (const char* source : {"C:\\kodra.ini", "provider", "provider  =x", "DSN=x;Database=y", "driver:=", " "}) {
     around_.journal.Forget();
     Read(L"USAR_AD", recorder::Wide(source));
@@ -115,7 +115,7 @@ TEST_F(ObtemParametroSistemaTest, RaisesForAnEmptySourceOnceTheSiblingIsThere) {
   EXPECT_EQ(around_.journal.Calls(), Lines({R"(CreateObject("KodraParamSist.Obtedor") -> Object1)", "~Object1"}));
 }
 
-TEST_F(ObtemParametroSistemaTest, RaisesForAnUnknownNameAsGivenOnceTheSetIsRead) {
+TEST_F(ObtemParametroSistemaTest, RaisesForAnUnknownNameAsPassedOnceTheSetIsRead) {
   EXPECT_EQ(RaisedFor(L"nome_Serie "), (Raised{kErrBase + 2, kSource, R"(Parâmetro desconhecido: "nome_Serie ".)"}));
   EXPECT_EQ(around_.journal.Calls(), Lines({
                                          R"(CreateObject("KodraParamSist.Obtedor") -> Object1)",
@@ -129,7 +129,7 @@ TEST_F(ObtemParametroSistemaTest, RaisesForTheEmptyName) {
   EXPECT_EQ(RaisedFor(L""), (Raised{kErrBase + 2, kSource, R"(Parâmetro desconhecido: "".)"}));
 }
 
-TEST(ObtemParametroSistemaWithoutSiblingTest, SaysWhichClassIsMissingEvenForAnEmptySource) {
+TEST(ObtemParametroSistemaWithoutSiblingTest, NamesTheMissingClassEvenForAnEmptySource) {
   FakeSurroundings around;
   for (const wchar_t* source : {kConnection, L""}) {
     EXPECT_EQ(RaisedBy([&] { ObtemParametroSistema(L"NOME_SERIE", source, around); }),
@@ -137,12 +137,12 @@ TEST(ObtemParametroSistemaWithoutSiblingTest, SaysWhichClassIsMissingEvenForAnEm
   }
 }
 
-TEST_F(ObtemParametroSistemaTest, FailsAtTheFirstUseOfASiblingThatCouldNotBeMadeForAnotherReason) {
+TEST_F(ObtemParametroSistemaTest, FailsAtTheFirstUseOfASiblingThatCouldNotBeCreatedForAnotherReason) {
   around_.journal.FailOn(L"CreateObject", Failure(Erro(-2147024891, L"", L"Acesso negado")));
   EXPECT_EQ(RaisedFor(L"NOME_SERIE"), kObjectNotSet);
 }
 
-TEST_F(ObtemParametroSistemaTest, LetsTheSiblingsErrorsThroughUnchanged) {
+TEST_F(ObtemParametroSistemaTest, PassesOnTheSiblingsErrorsUnchanged) {
   for (const auto* call : {L"Object1.Let", L"Object1.Call", L"Parametros.Get", L"Nomes.Get"}) {
     around_.journal.Forget();
     around_.journal.FailOn(call, Failure(Erro(-2147220000, L"KodraParamSist", L"Sem acesso")));
@@ -151,7 +151,7 @@ TEST_F(ObtemParametroSistemaTest, LetsTheSiblingsErrorsThroughUnchanged) {
   }
 }
 
-TEST_F(ObtemParametroSistemaTest, RaisesForASetThatIsNoObject) {
+TEST_F(ObtemParametroSistemaTest, RaisesForASetThatIsNotAnObject) {
   Install(L"texto");
   EXPECT_EQ(RaisedFor(L"NOME_SERIE"), kObjectRequired);
   Install(ObjectRef{});

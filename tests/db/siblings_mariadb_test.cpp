@@ -121,7 +121,7 @@ TEST_F(SiblingsOnMariaDb, IncludeBothBoundsOfTheTime) {
   EXPECT_EQ(ActionsFound({{L"DataInicial", bound}, {L"DataFinal", bound}}), ActionsExpected(isThen));
 }
 
-TEST_F(SiblingsOnMariaDb, TakeQuotesBackslashesAndWildcardsLiterally) {
+TEST_F(SiblingsOnMariaDb, MatchQuotesBackslashesAndWildcardsLiterally) {
   const auto connection = machine.NewConnection();
   connection->SetConnectionString(tests::MariaDb().ConnectionString(L"irmaos"));
   connection->Open(L"", L"", platform::ad::kUnspecified);

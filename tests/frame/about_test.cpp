@@ -41,7 +41,7 @@ TEST_F(AboutTest, FindsAnEmptyFileToo) {
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt.EXE)");
 }
 
-TEST_F(AboutTest, TakesNoFolderForItsFile) {
+TEST_F(AboutTest, IgnoresAFolderOfTheFilesName) {
   around_.folders = {L"C:\\Kodra\\KodraRpt.EXE", L"C:\\Kodra\\KodraRpt.DLL"};
   EXPECT_EQ(Executavel(L"C:\\Kodra\\KodraRpt.dll"), R"(C:\Kodra\KodraRpt)");
   around_.files[L"C:\\Kodra\\KodraRpt.OCX"] = 1;
@@ -67,7 +67,7 @@ TEST_F(AboutTest, EndsTheRootFolderWithOneBackslash) {
   EXPECT_EQ(Executavel(L"C:\\KodraRpt.dll"), R"(C:\KodraRpt.DLL)");
 }
 
-TEST_F(AboutTest, TakesOffTheLastExtensionOnly) {
+TEST_F(AboutTest, RemovesTheLastExtensionOnly) {
   EXPECT_EQ(Executavel(L"C:\\Kodra 1.0\\Kodra.Rpt.dll"), R"(C:\Kodra 1.0\Kodra.Rpt)");
   EXPECT_EQ(Executavel(L"C:\\Kodra 1.0\\KodraRpt"), R"(C:\Kodra 1.0\KodraRpt)");
 }

@@ -36,7 +36,7 @@ TEST(CErroTest, PrintsANegativeNumberInDecimal) {
   EXPECT_EQ(erro.ToString(), L"Erro -2147213397 em KodraRpt.CCDRpt::RelatorioMidias: Falha");
 }
 
-TEST(CErroTest, TakesOverAWholeError) {
+TEST(CErroTest, CopiesAWholeError) {
   CErro erro;
   erro.SetErro(Erro(429, L"Fonte", L"Descrição"), 126);
   EXPECT_EQ(erro.Number(), 429);
@@ -45,7 +45,7 @@ TEST(CErroTest, TakesOverAWholeError) {
   EXPECT_EQ(erro.LastDLLError(), 126);
 }
 
-TEST(CErroTest, ReplacesTheFormerErrorWhole) {
+TEST(CErroTest, ReplacesTheWholeFormerError) {
   CErro erro;
   erro.SetErro(Erro(429, L"Fonte", L"Descrição"), 126);
   erro.SetErro(Erro(0, L"", L""));

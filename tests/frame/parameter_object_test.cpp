@@ -179,7 +179,7 @@ TEST(ParameterClassesTest, ApplyThePropertysRuleToEveryAssignment) {
   });
 }
 
-TEST(ParameterObjectTest, KeepsEachPropertyApart) {
+TEST(ParameterObjectTest, KeepsEachPropertySeparately) {
   ParameterObject object = NewObject(L"CContainerRptObj");
   object.Let(L"Owner", L"a");
   object.Let(L"Container1", L"b");
@@ -215,7 +215,7 @@ TEST(ParameterObjectTest, TrimsBlanksAtBothEndsOnly) {
   }
 }
 
-TEST(ParameterObjectTest, KeepsTheInitialTextOfNoOtherLetterProperty) {
+TEST(ParameterObjectTest, StartsOtherLetterPropertiesEmpty) {
   EXPECT_EQ(NewObject(L"CEstatSerieRptObj").Get(L"TipoRpt"), Value(L""));
   EXPECT_EQ(NewObject(L"CCaixaRptObj").Get(L"Ordenacao"), Value(L"N"));
   EXPECT_EQ(NewObject(L"CCaixaRptObj").Get(L"Tipo"), Value(L""));
@@ -227,7 +227,7 @@ TEST(ParameterObjectTest, FindsAPropertyInAnyLetterCase) {
   EXPECT_EQ(object.Get(L"tiporpt"), Value(L"V"));
 }
 
-TEST(ParameterObjectTest, TurnsWhatATextPropertyIsGivenIntoText) {
+TEST(ParameterObjectTest, ConvertsValuesAssignedToATextPropertyToText) {
   ParameterObject object = NewObject(L"CDeptoRptObj");
   const std::pair<Value, const wchar_t*> kCases[] = {
       {5, L"5"}, {1.5, L"1,5"}, {true, L"Verdadeiro"}, {Empty{}, L""}, {Date{45291}, L"31/12/2023"},
@@ -238,7 +238,7 @@ TEST(ParameterObjectTest, TurnsWhatATextPropertyIsGivenIntoText) {
   }
 }
 
-TEST(ParameterObjectTest, TurnsWhatADatePropertyIsGivenIntoADate) {
+TEST(ParameterObjectTest, ConvertsValuesAssignedToADatePropertyToADate) {
   ParameterObject object = NewObject(L"CLogRptObj");
   const std::pair<Value, double> kCases[] = {
       {L"31/12/2023", 45291}, {L"31/12/2023 12:00:00", 45291.5}, {45291, 45291}, {2.25, 2.25}, {Empty{}, 0},
@@ -249,7 +249,7 @@ TEST(ParameterObjectTest, TurnsWhatADatePropertyIsGivenIntoADate) {
   }
 }
 
-TEST(ParameterObjectTest, TurnsWhatAFlagIsGivenIntoABoolean) {
+TEST(ParameterObjectTest, ConvertsValuesAssignedToAFlagToABoolean) {
   ParameterObject object = NewObject(L"CSolicitacaoRptObj");
   const std::pair<Value, bool> kCases[] = {
       {-1, true},        {1, true},   {0, false},   {L"Verdadeiro", true},
@@ -283,7 +283,7 @@ TEST(ParameterObjectTest, RefusesANullAndAnObjectWithoutDefaultPropertyAndKeepsI
   });
 }
 
-TEST(ParameterObjectTest, KnowsNoPropertyOfAnotherClass) {
+TEST(ParameterObjectTest, HasNoPropertyOfAnotherClass) {
   ParameterObject object = NewObject(L"CDeptoRptObj");
   EXPECT_EQ(RaisedBy([&] { object.Get(L"TipoRpt"); }), kMemberNotFound);
   EXPECT_EQ(RaisedBy([&] { object.Let(L"TipoRpt", L"V"); }), kMemberNotFound);

@@ -38,7 +38,7 @@ TEST_F(ParameterReaderTest, ReadsTheComponentsOwnObjects) {
   EXPECT_EQ(ReadText(media, L"TipoRpt"), L"V");
 }
 
-TEST_F(ParameterReaderTest, TurnsAnotherKindOfValueIntoText) {
+TEST_F(ParameterReaderTest, ConvertsOtherKindsOfValuesToText) {
   EXPECT_EQ(ReadFrom(5), L"5");
   EXPECT_EQ(ReadFrom(Empty{}), L"");
 }
@@ -80,7 +80,7 @@ TEST_F(ParameterReaderTest, KeepsTheDescriptionOfAMissingMemberThatTheGetterItse
   EXPECT_EQ(RaisedBy([&] { ReadFlag(*object, L"TipoRpt"); }), own);
 }
 
-TEST_F(ParameterReaderTest, LetsAnyOtherErrorThrough) {
+TEST_F(ParameterReaderTest, PassesOnAnyOtherError) {
   around_.journal.FailOn(L"Parametros.Get", Failure(Erro(-2147220000, L"Cliente", L"Agora não")));
   EXPECT_EQ(RaisedBy([&] { ReadFrom(L"V"); }), (Raised{-2147220000, "Cliente", "Agora não"}));
 }

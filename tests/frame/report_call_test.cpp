@@ -84,7 +84,7 @@ class ReportCallTest : public testing::Test {
 
 TEST_F(ReportCallTest, StartsWithoutAConnectionString) { EXPECT_EQ(ProbeObject(around_).StringConexao(), L""); }
 
-TEST_F(ReportCallTest, KeepsTheConnectionStringAsGiven) {
+TEST_F(ReportCallTest, KeepsTheConnectionStringUnchanged) {
   for (const wchar_t* text : {L" Provider=x ;; ", L"", L" "}) {
     report_.SetStringConexao(text);
     EXPECT_EQ(report_.StringConexao(), text);
@@ -150,7 +150,7 @@ TEST_F(ReportCallTest, RaisesItsOwnNumbersAndSourceInsideTheFrame) {
 
 TEST_F(ReportCallTest, RaisesTheFramesNumber) { EXPECT_EQ(kReportError, -2147213397); }
 
-TEST_F(ReportCallTest, LetsAConnectionStringOfOneBlankThrough) {
+TEST_F(ReportCallTest, AcceptsAConnectionStringOfOneBlank) {
   Connect(L" ", sql::tbSQLServer);
   EXPECT_NE(RunProbe(report_, parameters_.get()), nullptr);
   EXPECT_TRUE(around_.journal.Calls().starts_with(Lines({
@@ -189,7 +189,7 @@ TEST_F(ReportCallTest, FramesADatabaseCodeThatIsNoNumber) {
   }
 }
 
-TEST_F(ReportCallTest, SpeaksTheSqlOfTheDatabaseAndSetsTheCodeOfTheThread) {
+TEST_F(ReportCallTest, UsesTheDialectOfTheDatabaseAndSetsTheCodeOfTheThread) {
   const std::pair<std::int32_t, const wchar_t*> kToday[] = {
       {sql::tbOracle, L"TRUNC(SYSDATE)"}, {sql::tbSQLServer, L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
       {sql::tbMySQL, L"CURDATE()"},       {sql::tbOracleAlt, L"TRUNC(SYSDATE)"},
@@ -213,7 +213,7 @@ TEST_F(ReportCallTest, FramesTheTranslatorsRefusalOfADatabaseWithoutDialect) {
   }
 }
 
-TEST_F(ReportCallTest, KeepsObjectsOfDifferentDatabasesApartOnOneThread) {
+TEST_F(ReportCallTest, SeparatesObjectsOfDifferentDatabasesOnOneThread) {
   FakeSurroundings oracle;
   FakeSurroundings sqlite;
   oracle.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {sql::tbOracle}}});
@@ -235,7 +235,7 @@ TEST_F(ReportCallTest, KeepsObjectsOfDifferentDatabasesApartOnOneThread) {
   }
 }
 
-TEST_F(ReportCallTest, KeepsTheDatabasesOfDifferentThreadsApart) {
+TEST_F(ReportCallTest, SeparatesTheDatabasesOfDifferentThreads) {
   Connect(L"x", sql::tbOracle);
   RunProbe(report_, parameters_.get(), [&](ReportCall& here) {
     std::thread([] {

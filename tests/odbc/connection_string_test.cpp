@@ -43,10 +43,10 @@ const Translation kTranslations[] = {
     {"EmptyPairsAndBlanksAreSkipped", L";; ;DSN = Arquivo ; ;;OEMCP= 1;", L"DSN=Arquivo;OEMCP=1;"},
     {"AnEmptyValueStaysEmpty", L"DSN=D;Password=;", L"DSN=D;PWD=;"},
     {"ValuesMayBeInDoubleOrSingleQuotes", L"DSN='Arquivo Geral';UID=\"ana\";", L"DSN=Arquivo Geral;UID=ana;"},
-    {"AQuotedValueThatHoldsASemicolonIsHandedOnInBraces", L"DSN=D;PWD=\"a;b}c\";", L"DSN=D;PWD={a;b}}c};"},
-    {"BracesAreKeptWithWhatTheyHold", L"Driver={MariaDB Unicode};PWD={a;b}}c};",
+    {"AQuotedValueThatContainsASemicolonIsPassedOnInBraces", L"DSN=D;PWD=\"a;b}c\";", L"DSN=D;PWD={a;b}}c};"},
+    {"BracesAreKeptWithTheirContent", L"Driver={MariaDB Unicode};PWD={a;b}}c};",
      L"Driver={MariaDB Unicode};PWD={a;b}}c};"},
-    {"AValueMayHoldAnEqualsSign", L"DSN=D;PWD=a=b", L"DSN=D;PWD=a=b;"},
+    {"AValueMayContainAnEqualsSign", L"DSN=D;PWD=a=b", L"DSN=D;PWD=a=b;"},
     {"AnEmptyStringStaysEmpty", L"", L""},
     {"AccentsPass", L"Driver={SQLite3};Database=/tmp/depósito ç.db", L"Driver={SQLite3};Database=/tmp/depósito ç.db;"},
 };

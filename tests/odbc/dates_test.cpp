@@ -14,7 +14,7 @@ TEST(Dates, BeforeDayZeroTheTimeOfDayCountsAwayFromZero) {
   EXPECT_EQ(CivilOf(Date{-1.25}), (CivilTime{1899, 12, 29, 6, 0, 0, 0}));
 }
 
-TEST(Dates, EveryMillisecondSurvivesTheWayThereAndBack) {
+TEST(Dates, EveryMillisecondIsConvertedBothWays) {
   const CivilTime times[] = {{2020, 2, 29, 23, 59, 59, 999}, {2026, 11, 20, 13, 7, 5, 1}, {1950, 6, 1, 0, 0, 0, 1}};
   for (const CivilTime& time : times) EXPECT_EQ(CivilOf(DateOf(time)), time);
 }
@@ -31,7 +31,7 @@ TEST(Dates, IsoTextIsReadWithOrWithoutTimeAndSeconds) {
   EXPECT_EQ(ParseIsoDate(L"12:00:00"), Date{0.5});
 }
 
-TEST(Dates, AnyOtherTextIsNoDate) {
+TEST(Dates, OtherTextIsNoDate) {
   const wchar_t* const texts[] = {L"",
                                   L"02/01/2020",
                                   L"2020-1-2",
@@ -46,7 +46,7 @@ TEST(Dates, AnyOtherTextIsNoDate) {
   for (const wchar_t* text : texts) EXPECT_EQ(ParseIsoDate(text), std::nullopt) << text;
 }
 
-TEST(Dates, ADateIsWrittenWithNoMoreThanItHolds) {
+TEST(Dates, ADateIsWrittenWithoutTrailingZeroParts) {
   EXPECT_EQ(IsoDate(Date{43832}), L"2020-01-02");
   EXPECT_EQ(IsoDate(Date{43832.25}), L"2020-01-02 06:00:00");
   EXPECT_EQ(IsoDate(DateOf({2020, 1, 2, 6, 0, 0, 7})), L"2020-01-02 06:00:00.007");

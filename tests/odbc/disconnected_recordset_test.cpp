@@ -209,7 +209,7 @@ TEST_F(DisconnectedRecordset, UpdateWithoutARowRaisesAndWithoutAnEditDoesNothing
   EXPECT_EQ(rs.RecordCount(), 1);
 }
 
-TEST_F(DisconnectedRecordset, FieldsAreFoundWithoutRegardToLetterCase) {
+TEST_F(DisconnectedRecordset, FieldsAreFoundInAnyLetterCase) {
   Add(L"Ana", 1);
   EXPECT_EQ(rs.FieldIndex(L"ativo"), 1);
   const std::unique_ptr<platform::Field> field = rs.FieldByName(L"nome");
@@ -283,7 +283,7 @@ TEST_F(DisconnectedRecordset, ClosedItKeepsItsFieldsAndLosesItsRows) {
   EXPECT_EQ(rs.RecordCount(), 0);
 }
 
-TEST(AppendField, ADuplicateNameRaisesWithoutRegardToLetterCase) {
+TEST(AppendField, ADuplicateNameInAnyLetterCaseRaises) {
   Recordset rs;
   rs.AppendField(L"NOME", ad::kVarChar, 5, ad::kUnspecified);
   EXPECT_EQ(RaisedBy([&] { rs.AppendField(L"nome", ad::kInteger, 0, ad::kUnspecified); }),

@@ -80,7 +80,7 @@ void ExpectToFailAndLeaveNothing(const wchar_t* connectionString, const wchar_t*
   }
 }
 
-TEST(DriverManager, GetsTheHandleOfAnOpenConnectionBackWhenItGoes) {
+TEST(DriverManager, FreesTheHandleOfAnOpenConnectionWithTheConnection) {
   const int before = connections;
   {
     Connection cn;
@@ -90,16 +90,16 @@ TEST(DriverManager, GetsTheHandleOfAnOpenConnectionBackWhenItGoes) {
   EXPECT_EQ(connections, before);
 }
 
-TEST(DriverManager, GetsTheHandleBackThatItFindsNoDriverFor) {
+TEST(DriverManager, FreesTheHandleWhenNoDriverIsFound) {
   ExpectToFailAndLeaveNothing(L"DSN=NaoExiste",
                               L"[unixODBC][Driver Manager]Data source name not found and no default driver specified");
 }
 
-TEST(DriverManager, GetsTheHandleBackThatTheDriverDoesNotConnect) {
+TEST(DriverManager, FreesTheHandleWhenTheDriverCannotConnect) {
   ExpectToFailAndLeaveNothing(L"Driver={SQLite3};Database=/nao/existe/a.db", L"[SQLite]connect failed");
 }
 
-TEST(DriverManager, HandsOverMessagesOfAnyLengthWhole) {
+TEST(DriverManager, PassesOnWholeMessagesOfAnyLength) {
   for (const std::size_t length : {1U, 511U, 512U, 513U, 1024U, 32765U}) {
     messages = {std::u16string(length - 1, u'a') + u'!', u"curta", std::u16string(length, u'b') + u'!'};
     Connection cn;

@@ -11,15 +11,15 @@ namespace kodra::odbc {
 namespace ad = platform::ad;
 namespace {
 
-TEST(WithStreaming, SqlitesDriverIsAskedToStepItsRows) {
+TEST(WithStreaming, AddsStepApiForSqlitesDriver) {
   EXPECT_EQ(WithStreaming(L"Driver={SQLite3};Database=/tmp/a.db;"), L"Driver={SQLite3};Database=/tmp/a.db;StepAPI=1;");
 }
 
-TEST(WithStreaming, AKeyGivenByTheUserStays) {
+TEST(WithStreaming, KeepsAKeyOfTheUser) {
   EXPECT_EQ(WithStreaming(L"Driver={SQLite3};stepapi=0;"), L"Driver={SQLite3};stepapi=0;");
 }
 
-TEST(WithStreaming, OtherDriversGetNothing) {
+TEST(WithStreaming, AddsNothingForOtherDrivers) {
   EXPECT_EQ(WithStreaming(L"Driver={MariaDB Unicode};Database=sqlite;"), L"Driver={MariaDB Unicode};Database=sqlite;");
   EXPECT_EQ(WithStreaming(L"DSN=sqlite;"), L"DSN=sqlite;");
 }
@@ -45,7 +45,7 @@ TEST(OnlyReads, ASelectMayRunTwice) {
   EXPECT_TRUE(OnlyReads(L"with q as (select 1) select * from q"));
 }
 
-TEST(OnlyReads, WhatMayWriteMayNot) {
+TEST(OnlyReads, AStatementThatMayWriteMayNotRunTwice) {
   EXPECT_FALSE(OnlyReads(L"insert into t values(1) returning a"));
   EXPECT_FALSE(OnlyReads(L"with q as (select 1) insert into t select * from q returning a"));
   EXPECT_FALSE(OnlyReads(L"pragma user_version"));

@@ -28,7 +28,7 @@ class Nothing : public AutomationObject {
 
 const Raised kCannotCreate{429, L"KodraRpt", L"O componente ActiveX não pode criar o objeto"};
 
-TEST(Surroundings, ARegisteredClassIsMadeWithoutRegardToLetterCase) {
+TEST(Surroundings, ARegisteredClassIsCreatedInAnyLetterCase) {
   Surroundings machine;
   const ObjectRef made = std::make_shared<Nothing>();
   machine.Register(L"KodraConexao.StrCon", [&] { return ObjectRef(made); });
@@ -52,7 +52,7 @@ TEST(Surroundings, WhatAFactoryRaisesPasses) {
   EXPECT_EQ(RaisedBy([&] { machine.CreateObject(L"Kodra.Falha"); }), (Raised{7, L"fonte", L"texto"}));
 }
 
-TEST(Surroundings, ItMakesClosedDataObjects) {
+TEST(Surroundings, ItCreatesClosedDataObjects) {
   Surroundings machine;
   EXPECT_EQ(machine.NewConnection()->State(), ad::kStateClosed);
   EXPECT_EQ(machine.NewRecordset()->State(), ad::kStateClosed);
@@ -68,7 +68,7 @@ TEST(Surroundings, AnEnvironmentVariableIsSetForTheProcess) {
   EXPECT_STREQ(std::getenv("KODRA_TESTE"), "outro");
 }
 
-TEST(Surroundings, FilesFoldersAndNothingAreToldApart) {
+TEST(Surroundings, FilesFoldersAndMissingPathsAreDistinguished) {
   const std::filesystem::path folder =
       std::filesystem::temp_directory_path() / ("kodra-arquivos-" + std::to_string(::getpid()));
   std::filesystem::create_directories(folder);

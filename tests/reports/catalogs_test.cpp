@@ -70,7 +70,7 @@ TEST_P(CatalogTest, ListsItsRegister) { CheckListing(GetParam().report, GetParam
 
 TEST_P(CatalogTest, RaisesEveryErrorInItsFrame) { CheckFrame(GetParam().report); }
 
-TEST_P(CatalogTest, OutlivesTheFailureOfAnyCall) { CheckFailures(GetParam().report); }
+TEST_P(CatalogTest, WorksAgainAfterTheFailureOfAnyCall) { CheckFailures(GetParam().report); }
 
 }  // namespace
 }  // namespace kodra::reports

@@ -29,7 +29,7 @@ CallLines Reads(const std::string& first, const std::string& second) {
   return {"Parametros.Get(TipoRpt) -> " + Quoted(first), "Parametros.Get(TipoRpt) -> " + Quoted(second)};
 }
 
-TEST(CCDRptTest, ListsExpiredMediaInTheWordsOfEachDatabase) {
+TEST(CCDRptTest, ListsExpiredMediaInTheDialectOfEachDatabase) {
   const std::pair<std::int32_t, const char*> kConditions[] = {
       {tbOracle, "ADD_MONTHS(DATA_GRAVACAO, t.VALIDADE_MIDIA * 12) <= TRUNC(SYSDATE)"},
       {tbSQLServer, "DATEADD(yyyy, t.VALIDADE_MIDIA, DATA_GRAVACAO) <= DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))"},
@@ -87,7 +87,7 @@ TEST(CCDRptTest, RaisesEveryErrorInItsFrame) {
   CheckFrame(Report({L""}));
 }
 
-TEST(CCDRptTest, OutlivesTheFailureOfAnyCall) { CheckFailures(Report({L""})); }
+TEST(CCDRptTest, WorksAgainAfterTheFailureOfAnyCall) { CheckFailures(Report({L""})); }
 
 }  // namespace
 }  // namespace kodra::reports

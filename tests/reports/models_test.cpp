@@ -109,7 +109,7 @@ TEST(CModeloRptTest, RefusesANullCode) {
 
 TEST(CModeloRptTest, RaisesEveryErrorInItsFrame) { CheckFrame(Report(L"M01")); }
 
-TEST(CModeloRptTest, OutlivesTheFailureOfAnyCall) {
+TEST(CModeloRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   CheckFailures(Report(L"M01"));
   CheckFailures(Report(L""));
 }

@@ -92,7 +92,7 @@ Raised Operators(std::int32_t code, bool failing) {
       [&] { frame::Run(report, L"RelatorioOperadores", &COperadorRpt::RelatorioOperadores, parameters.get()); });
 }
 
-TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsOwnWords) {
+TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsDialect) {
   EXPECT_EQ(Media(tbOracle).Run([] { Media(tbSQLite).RunAlone(); }), kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] { EXPECT_EQ(Operators(tbSQLServer, false).number, 0); }), kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] {
@@ -103,7 +103,7 @@ TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsOwnWor
   EXPECT_EQ(Media(tbSQLite).Run([] { Media(tbOracle).RunAlone(); }), kOnSQLite);
 }
 
-TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsOwnWords) {
+TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsDialect) {
   EXPECT_EQ(Media(tbOracle).Run([] {
     EXPECT_EQ(RaisedBy([] { Media(tbOther4).RunAlone(); }),
               Framed("CCDRpt::RelatorioMidias", "Não há entrada para o banco tipo 4"));
@@ -122,14 +122,14 @@ TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsOwnWords) {
             kOnOracle);
 }
 
-TEST(NestedCallsTest, TwoDeepKeepEachStatementInItsOwnWords) {
+TEST(NestedCallsTest, TwoDeepKeepEachStatementInItsDialect) {
   std::string inner;
   EXPECT_EQ(Media(tbOracle).Run([&] { inner = Media(tbSQLite).Run([] { Media(tbSQLServer).RunAlone(); }); }),
             kOnOracle);
   EXPECT_EQ(inner, kOnSQLite);
 }
 
-TEST(NestedCallsTest, OfWhatHearsTheLogLeaveTheOuterStatementInItsOwnWords) {
+TEST(NestedCallsTest, OfALogListenerLeaveTheOuterStatementInItsDialect) {
   std::vector<std::string> heard;
   EXPECT_EQ(Media(tbOracle).Run([&] {
     CaixaStage modules;
@@ -154,7 +154,7 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
   EXPECT_NE(calls.find(".Call(NumCxSubordinadaSQL, ByRef 2, \"s\") -> \"s.COD7\"\n"), std::string::npos) << calls;
 }
 
-TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
+TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsDialect) {
   CaixaStage alone;
   alone.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   CaixaStage stage;
@@ -167,7 +167,7 @@ TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsOwnWords) {
   EXPECT_EQ(OpenedBy(stage.around), OpenedBy(alone.around));
 }
 
-TEST(NestedCallsTest, OfWhatHearsAFailureLeaveTheErrorOfTheFailedCall) {
+TEST(NestedCallsTest, OfAListenerToAFailureLeaveTheErrorOfTheFailedCall) {
   CaixaStage stage;
   stage.AnswerSubordinates(stage.NewSubordinates(0));
   stage.report.OnDebugLog([](const std::wstring&) { Media(tbSQLite).RunAlone(); });

@@ -203,7 +203,7 @@ TEST(COperadorRptTest, AsksForTheNumberThatTheTypeBeginsWith) {
   }
 }
 
-TEST(COperadorRptTest, HandsTheTypeOverAsADouble) {
+TEST(COperadorRptTest, PassesTheTypeAsADouble) {
   struct Types final : AutomationObject {
     Value Get(std::wstring_view) override { return {}; }
     void Let(std::wstring_view, const Value&) override {}
@@ -276,11 +276,11 @@ TEST(COperadorRptTest, RefusesATypeNumberThatNoDoubleHolds) {
             FailedStep(kFilling, "Estouro"));
 }
 
-TEST(COperadorRptTest, NamesNoStepForWhatFailsBeforeTheDatabase) {
+TEST(COperadorRptTest, NamesNoStepForAFailureBeforeTheDatabase) {
   CheckInputsNeeded(Report(), [](const std::string&, const std::string& cause) { return FailedStep("", cause); });
 }
 
-TEST(COperadorRptTest, NamesTheDatabaseForWhatFailsThere) {
+TEST(COperadorRptTest, NamesTheDatabaseForAFailureThere) {
   Scene scene(Report(), DatabaseOf(tbOracle), Having({kAna}));
   scene.Prepare();
   scene.around.ado.nativeErrors = {942};
@@ -289,7 +289,7 @@ TEST(COperadorRptTest, NamesTheDatabaseForWhatFailsThere) {
   EXPECT_EQ(RaisedBy([&] { scene.Call(); }), FailedStep(kReading, "[OraOLEDB]: A tabela ou view não existe [N:942]"));
 }
 
-TEST(COperadorRptTest, NamesTheDatabaseForAFileThatIsNotThere) {
+TEST(COperadorRptTest, NamesTheDatabaseForAMissingFile) {
   Scene scene(Report(), DatabaseOf(tbSQLite), Having({kAna}));
   scene.Prepare();
   scene.around.files.clear();
@@ -298,14 +298,14 @@ TEST(COperadorRptTest, NamesTheDatabaseForAFileThatIsNotThere) {
                        R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
 
-TEST(COperadorRptTest, NamesTheDatabaseForAColumnThatItDoesNotGive) {
+TEST(COperadorRptTest, NamesTheDatabaseForAMissingColumn) {
   Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.ado.results = {Rows{{L"DESCR_OPERADOR"}, {}}};
   });
   EXPECT_EQ(scene.RunRaising(), FailedStep(kReading, "O item não foi encontrado na coleção"));
 }
 
-TEST(COperadorRptTest, NamesTheFillingForASiblingThatIsNotThere) {
+TEST(COperadorRptTest, NamesTheFillingForAMissingSibling) {
   Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.ado.results = {Rows{kColumns, {kAna}}};
   });
@@ -320,7 +320,7 @@ std::string StepOf(const FailedCall& failed) {
   return passed("Recordset2.AppendField(\"ATIVO\", 11, 0, -1)\n") ? kFilling : kMaking;
 }
 
-TEST(COperadorRptTest, OutlivesTheFailureOfAnyCall) {
+TEST(COperadorRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   const Outcome outcome = [](const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
     return IsIgnored(failed.call) ? recorder::Raised() : FailedStep(StepOf(failed), Caught(scene, failed, mishap));
   };

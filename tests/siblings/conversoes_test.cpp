@@ -50,7 +50,7 @@ TEST(Conversoes, ReturnADateAsItIs) {
   });
 }
 
-TEST(Conversoes, ReturnTheZeroDateForWhatIsNoDate) {
+TEST(Conversoes, ReturnTheZeroDateForOtherValues) {
   ExpectDates({
       {Null(), {}},
       {Empty(), {}},
@@ -72,7 +72,7 @@ TEST(Conversoes, ReadTheValueOfAField) {
   });
 }
 
-TEST(Conversoes, LetAFieldsErrorThrough) {
+TEST(Conversoes, PassOnAnErrorOfAField) {
   const ObjectRef withoutValue = std::make_shared<ValueObject>(std::vector<ValueObject::Entry>{});
   EXPECT_EQ(RaisedBy([&] { ToDate(withoutValue); }), kMemberNotFound);
 }

@@ -59,7 +59,7 @@ TEST_F(FnLogTest, AppendsALineInUtf8WithDateAndTime) {
             "AA001\xe2\x80\x9d\r\n<agora> fim\r\n");
 }
 
-TEST_F(FnLogTest, TellsTheTimeOfTheCall) {
+TEST_F(FnLogTest, WritesTheTimeOfTheCall) {
   const Date before = values::Now();
   DebugLog(L"agora");
   const Date after = values::Now();
@@ -78,7 +78,7 @@ TEST_F(FnLogTest, HasEveryLineInTheFileWhenTheCallReturns) {
   }
 }
 
-TEST_F(FnLogTest, KeepsWhatTheFileHad) {
+TEST_F(FnLogTest, KeepsTheFormerContentOfTheFile) {
   std::ofstream(file.Path(), std::ios::binary) << "de ontem\r\n";
   DebugLog(L"de hoje");
   EXPECT_EQ(WithoutTimes(BytesOf(file)), "de ontem\r\n<agora> de hoje\r\n");
@@ -113,7 +113,7 @@ TEST_F(FnLogTest, WritesNothingWithoutAFile) {
   EXPECT_FALSE(std::filesystem::exists(file.Path()));
 }
 
-TEST_F(FnLogTest, GoesOnInAnotherFileAtOnce) {
+TEST_F(FnLogTest, SwitchesToAnotherFileAtOnce) {
   const testbed::TemporaryFile other("outro.log");
   DebugLog(L"um");
   log.Let(L"LogFile", DecodeText(other.Path()));

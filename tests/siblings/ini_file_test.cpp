@@ -23,12 +23,12 @@ TEST(IniFile, FindsAKeyInItsSectionInAnyLetterCase) {
   EXPECT_EQ(FindIn(file, L"Nomes", L"Serie"), "none");
 }
 
-TEST(IniFile, PassesOverBlanksCommentsAndLinesOfNoMeaning) {
+TEST(IniFile, IgnoresBlanksCommentsAndOtherLines) {
   const IniFile file(L"; Grupo=a\r\n\r\n  [ Nomes ]  \r\n# Grupo=b\r\nsem sinal\r\n\tGrupo =  Fundo geral \r\n");
   EXPECT_EQ(FindIn(file, L"Nomes", L"Grupo"), "'Fundo geral'");
 }
 
-TEST(IniFile, TakesOnePairOfQuotesAway) {
+TEST(IniFile, RemovesOnePairOfQuotes) {
   const IniFile file(L"[n]\na=\" x \"\nb='y'\nc=\"z'\nd=\"\"\ne=\"");
   EXPECT_EQ(FindIn(file, L"n", L"a"), "' x '");
   EXPECT_EQ(FindIn(file, L"n", L"b"), "'y'");
@@ -37,7 +37,7 @@ TEST(IniFile, TakesOnePairOfQuotesAway) {
   EXPECT_EQ(FindIn(file, L"n", L"e"), "'\"'");
 }
 
-TEST(IniFile, LetsTheFirstOfTwoEqualKeysCountAndKeepsLaterEqualsSigns) {
+TEST(IniFile, UsesTheFirstOfTwoEqualKeysAndKeepsLaterEqualsSigns) {
   const IniFile file(L"[n]\na=1=2\nA=3");
   EXPECT_EQ(FindIn(file, L"n", L"a"), "'1=2'");
 }
@@ -48,7 +48,7 @@ TEST(IniFile, ReadsUtf8WithAndWithoutAMark) {
   EXPECT_EQ(DecodeText("\xe2\x82\xac"), L"€");
 }
 
-TEST(IniFile, ReadsBytesThatAreNoUtf8AsWindows1252) {
+TEST(IniFile, ReadsBytesThatAreNotUtf8AsWindows1252) {
   EXPECT_EQ(DecodeText("S\xe9rie"), L"Série");
   EXPECT_EQ(DecodeText("Pre\xe7o em \x80 \x96 n\xe3o"), L"Preço em € – não");
   EXPECT_EQ(DecodeText("fim \xc3"), L"fim Ã");
@@ -64,7 +64,7 @@ TEST(IniFile, ReadsAFileAtAPathWithAccents) {
   EXPECT_EQ(FindIn(*file, L"Nomes", L"Serie"), "'Dossiê'");
 }
 
-TEST(IniFile, IsNothingForAFileThatIsNotThere) { EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value()); }
+TEST(IniFile, IsNothingForAMissingFile) { EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value()); }
 
 }  // namespace
 }  // namespace kodra::siblings

@@ -28,7 +28,7 @@ Value CodeExpression(std::int32_t databaseCode, const wchar_t* alias) {
   return modules.Call(L"NumCxSubordinadaSQL", arguments);
 }
 
-TEST(ModulosBsn, BuildTheSubordinateCodeInTheWordsOfEachDatabase) {
+TEST(ModulosBsn, BuildTheSubordinateCodeInTheDialectOfEachDatabase) {
   const std::pair<std::int32_t, const wchar_t*> kExpressions[] = {
       {tbOracle, L"s.NUM_CAIXA || LPAD(TO_CHAR(s.NUM_SEQ), 2, '0')"},
       {tbSQLServer, L"s.NUM_CAIXA + RIGHT('0' + CAST(s.NUM_SEQ AS VARCHAR(10)), 2)"},
@@ -54,7 +54,7 @@ TEST(ModulosBsn, HaveNoExpressionForASystemWithoutADialect) {
   }
 }
 
-TEST(ModulosBsn, LeaveTheTranslatorsCodeAlone) {
+TEST(ModulosBsn, DoNotChangeTheTranslatorsCode) {
   sql::DefineTipoBanco(tbSQLServer);
   CodeExpression(tbSQLite, L"s");
   EXPECT_EQ(sql::SQLDataAtual(), L"DATEADD(dd, 0, DATEDIFF(dd, 0, GETDATE()))");
@@ -73,7 +73,7 @@ TEST(ModulosBsn, KeepTheConnectionThatAClientSets) {
   EXPECT_EQ(modules.Get(L"LogFile"), Value(L"/tmp/a.log"));
 }
 
-TEST(ModulosFiltro, SelectsAllModulesUntilToldOtherwise) {
+TEST(ModulosFiltro, SelectsAllModulesByDefault) {
   ModulosFiltro filter;
   EXPECT_EQ(filter.Get(L"NumCaixa"), Value(L""));
   EXPECT_EQ(filter.Get(L"Fechados"), Value(0));
@@ -86,7 +86,7 @@ TEST(ModulosFiltro, SelectsAllModulesUntilToldOtherwise) {
 // The expression on a real database.
 using ModulosBsnOnSqlite = ArchiveOnSqlite;
 
-TEST_F(ModulosBsnOnSqlite, GiveEverySubordinateItsSevenCharacters) {
+TEST_F(ModulosBsnOnSqlite, BuildSevenCharactersForEverySubordinate) {
   std::vector<testbed::TextRow> expected;
   for (const testbed::CaixaSubordinada& module : archive->Of<testbed::CaixaSubordinada>()) {
     expected.push_back(

@@ -19,7 +19,7 @@ TEST(ObtedorDeTiposOperadores, DescribesEveryType) {
   EXPECT_EQ(DescriptionOf(12.0), Value(L"Auditor"));
 }
 
-TEST(ObtedorDeTiposOperadores, NamesTheCodeOfATypeThatItDoesNotKnow) {
+TEST(ObtedorDeTiposOperadores, NamesTheCodeOfAnUnknownType) {
   EXPECT_EQ(DescriptionOf(99.0), Value(L"Tipo desconhecido (99)"));
   EXPECT_EQ(DescriptionOf(1.5), Value(L"Tipo desconhecido (1,5)"));
   EXPECT_EQ(DescriptionOf(-1.0), Value(L"Tipo desconhecido (-1)"));

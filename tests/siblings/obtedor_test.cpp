@@ -113,7 +113,7 @@ TEST_F(ObtedorTest, FailsWhenTheDatabaseHasNoParameters) {
                                                          "Parâmetros do sistema não encontrados no banco de dados."}));
 }
 
-TEST_F(ObtedorTest, LetsADatabasesErrorThrough) {
+TEST_F(ObtedorTest, PassesOnAnErrorOfTheDatabase) {
   around_.journal.FailOn(L"Connection1.Open", recorder::Failure(Erro(-2147467259, L"Driver", L"Sem rede")));
   EXPECT_EQ(RaisedBy([&] { FromDatabase({}); }), (Raised{-2147467259, "Driver", "Sem rede"}));
 }
@@ -138,13 +138,13 @@ TEST_F(ObtedorTest, ReadsEveryParameterFromAFile) {
 
 TEST_F(ObtedorTest, ReturnsDefaultsForAnEmptyFile) { EXPECT_EQ(Shown(FromFile("")), kDefaults); }
 
-TEST_F(ObtedorTest, FailsOnAFileThatIsNotThere) {
+TEST_F(ObtedorTest, FailsOnAMissingFile) {
   obtedor_.Let(L"ArquivoIni", L"/não/há.ini");
   EXPECT_EQ(RaisedBy([&] { obtedor_.Call(L"Obtem", {}); }),
             (Raised{kErrBase + 2, "KodraParamSist.Obtedor::Obtem", "Arquivo INI \"/não/há.ini\" não encontrado."}));
 }
 
-TEST_F(ObtedorTest, FailsOnANumberThatIsNone) {
+TEST_F(ObtedorTest, FailsOnTextInPlaceOfANumber) {
   EXPECT_EQ(RaisedBy([&] { FromFile("[Senha]\nMax_Dias=muitos\n"); }), kTypeMismatch);
 }
 

@@ -126,7 +126,7 @@ TEST_F(RegEvtDaoTest, TakesOneBoundWithoutTheOther) {
             Expected([&](const Evento& event) { return event.dataInicial <= middle; }));
 }
 
-TEST_F(RegEvtDaoTest, MeansTheWholeDayByAFinalDateWithoutTime) {
+TEST_F(RegEvtDaoTest, IncludesTheWholeDayOfAFinalDateWithoutTime) {
   const testbed::Day day = std::chrono::floor<std::chrono::days>(Middle());
   const Date date = ToDate(day);
   const auto expected =
@@ -135,11 +135,11 @@ TEST_F(RegEvtDaoTest, MeansTheWholeDayByAFinalDateWithoutTime) {
   EXPECT_GT(expected.size(), 0U);
 }
 
-TEST_F(RegEvtDaoTest, TakesTheZeroDateAsNoBound) {
+TEST_F(RegEvtDaoTest, TreatsTheZeroDateAsNoBound) {
   EXPECT_EQ(Found({{L"DataInicial", Date{}}, {L"DataFinal", Date{}}}).size(), All());
 }
 
-TEST_F(RegEvtDaoTest, JoinsAllThatTheFilterSays) {
+TEST_F(RegEvtDaoTest, CombinesAllConditionsOfTheFilter) {
   const testbed::Moment middle = Middle();
   const auto expected = Expected([&](const Evento& event) {
     return event.tipoEvento == L"CON" && event.acao && event.acao->find(L"0") != std::wstring::npos &&
@@ -194,7 +194,7 @@ TEST(RegEvtDaoStatement, HasNoConditionForAnEmptyFilter) {
   EXPECT_EQ(StatementFor({}), kSelect + "ORDER BY e.DATA_INICIAL, e.COD_EVENTO");
 }
 
-TEST(RegEvtDaoStatement, HasAConditionForEveryMemberThatSaysSomething) {
+TEST(RegEvtDaoStatement, HasAConditionForEveryMemberThatIsSet) {
   EXPECT_EQ(StatementFor({{L"Acao", L"50%_!"},
                           {L"Cod_Docto", L"0000000012"},
                           {L"Maquina", L"\\\\PC"},

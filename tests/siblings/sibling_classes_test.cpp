@@ -15,7 +15,7 @@
 namespace kodra::siblings {
 namespace {
 
-TEST(SiblingClasses, EntersEverySiblingUnderItsProgId) {
+TEST(SiblingClasses, RegistersEverySiblingUnderItsProgId) {
   struct Registry {
     std::map<std::wstring, std::function<ObjectRef()>> factories;
     void Register(const std::wstring& progId, std::function<ObjectRef()> factory) {

@@ -81,7 +81,7 @@ class Kinds final : public Sibling<Kinds> {
   std::wstring fixed_ = L"sempre";
 };
 
-TEST(Sibling, ConvertsWhatIsAssignedToTheKindOfItsProperty) {
+TEST(Sibling, ConvertsAnAssignedValueToTheTypeOfTheProperty) {
   Kinds kinds;
   kinds.Let(L"Numero", L"12");
   kinds.Let(L"Marca", -1);
@@ -106,7 +106,7 @@ TEST(Sibling, TakesAnObjectByReferenceAndByValue) {
   EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Objeto", 1); }), kObjectRequired);
 }
 
-TEST(Sibling, NeverAssignsWhatIsOnlyRead) {
+TEST(Sibling, DoesNotAssignAReadOnlyProperty) {
   Kinds kinds;
   EXPECT_EQ(kinds.Get(L"Constante"), Value(L"sempre"));
   EXPECT_EQ(RaisedBy([&] { kinds.Let(L"Constante", L"nunca"); }), kMemberNotFound);
@@ -127,7 +127,7 @@ TEST(Sibling, RaisesMemberNotFoundForANameThatItDoesNotHave) {
   EXPECT_EQ(RaisedBy([&] { sample.Call(L"Textos", {}); }), kMemberNotFound);
 }
 
-TEST(Sibling, RaisesMemberNotFoundForAMemberOfAnotherUse) {
+TEST(Sibling, RaisesMemberNotFoundForAMemberUsedInAnotherWay) {
   Sample sample;
   const Value argument[] = {Value(1)};
   EXPECT_EQ(RaisedBy([&] { sample.Get(L"Acrescenta"); }), kMemberNotFound);

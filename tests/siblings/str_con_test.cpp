@@ -14,7 +14,7 @@ void ExpectCodes(std::initializer_list<std::pair<const wchar_t*, std::int32_t>> 
     EXPECT_EQ(DatabaseCode(connectionString), code) << connectionString;
 }
 
-TEST(StrCon, KnowsTheDatabaseOfAConnectionString) {
+TEST(StrCon, RecognisesTheDatabaseOfAConnectionString) {
   ExpectCodes({{L"Provider=OraOLEDB.Oracle;Data Source=ARQ", sql::tbOracle},
                {L"Provider=msdaora;Data Source=ARQ", sql::tbOracle},
                {L"Provider=SQLOLEDB;Data Source=srv", sql::tbSQLServer},

@@ -6,7 +6,7 @@
 namespace kodra::sql {
 namespace {
 
-TEST(TranslatorTest, KeepsItsCodeAndHeedsNoOther) {
+TEST(TranslatorTest, KeepsItsCodeWhateverTheCodeOfTheThreadIs) {
   const Translator oracle(tbOracle);
   const Translator sqlite(tbSQLite);
   EXPECT_EQ(oracle.Code(), tbOracle);
@@ -15,7 +15,7 @@ TEST(TranslatorTest, KeepsItsCodeAndHeedsNoOther) {
   EXPECT_EQ(sqlite.ToInt(L"d.FRENTE"), L"CAST(d.FRENTE AS INT)");
 }
 
-TEST(TranslatorTest, TheSecondOracleKeepsItsCodeAndSpeaksOracle) {
+TEST(TranslatorTest, TheSecondOracleKeepsItsCodeAndHasOraclesDialect) {
   const Translator translator(tbOracleAlt);
   EXPECT_EQ(translator.Code(), tbOracleAlt);
   EXPECT_EQ(translator.DateAdd(L"D", L"1", L"x"), L"x + 1");

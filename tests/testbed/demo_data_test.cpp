@@ -53,7 +53,7 @@ TEST(DemoData, WritesAMySqlScript) {
   EXPECT_TRUE(script.ends_with("COMMIT;\n"));
 }
 
-TEST(DemoData, SaysWhatFailed) {
+TEST(DemoData, NamesWhatFailed) {
   const Outcome sqlite = RunDemoData("sqlite /no/such/folder/a.db");
   EXPECT_EQ(sqlite.exitCode, 1);
   EXPECT_EQ(sqlite.errors, "kodra-demo-data: /no/such/folder/a.db.parcial: unable to open database file\n");

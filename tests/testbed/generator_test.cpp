@@ -42,7 +42,7 @@ TEST(Generator, MakesTheSameRowsForTheSameSize) {
   EXPECT_EQ(Lines(Generate({.documents = 300})), Lines(Generate({.documents = 300})));
 }
 
-TEST(Generator, MakesTheSameRowAloneAndInItsTurn) {
+TEST(Generator, MakesTheSameRowAloneAndInSequence) {
   const Generator generator({.documents = 300});
   const Archive archive = Generate({.documents = 300});
   EXPECT_EQ(Shown(generator.Row<Documento>(299)), Shown(archive.Of<Documento>().back()));
@@ -76,7 +76,7 @@ TEST(Generator, MakesAnArchiveWithoutDocuments) {
   EXPECT_EQ(archive.Of<Parametro>().size(), 2U);
 }
 
-TEST(Generator, LetsTheOtherTablesFollowTheDocuments) {
+TEST(Generator, SizesTheOtherTablesByTheDocuments) {
   const Generator small({.documents = 1000});
   EXPECT_EQ(small.Count<Assunto>(), 25);
   EXPECT_EQ(small.Count<Caixa>(), 27);

@@ -57,7 +57,7 @@ TEST(SqliteWriter, ReplacesAnExistingFile) {
   EXPECT_EQ(Query(file.Path(), "SELECT COUNT(*) FROM DOCUMENTO"), (std::vector<TextRow>{{"3"}}));
 }
 
-TEST(SqliteWriter, SaysWhatFailedAndLeavesNoFile) {
+TEST(SqliteWriter, NamesWhatFailedAndLeavesNoFile) {
   const std::string path = testing::TempDir() + "no-such-folder/archive.db";
   EXPECT_THROW(WriteSqlite(path, {.documents = 3}), std::runtime_error);
   EXPECT_FALSE(std::filesystem::exists(path));
@@ -121,7 +121,7 @@ TEST(MySqlWriter, KeepsEveryStatementWithinAServersSmallestPacket) {
   EXPECT_LT(longest, 1024U * 1024);
 }
 
-TEST(MySqlWriter, SaysThatAStreamFailed) {
+TEST(MySqlWriter, RaisesAnErrorForAStreamThatFails) {
   std::ostringstream script;
   script.setstate(std::ios::badbit);
   EXPECT_THROW(WriteMySql(script, {.documents = 1}), std::runtime_error);

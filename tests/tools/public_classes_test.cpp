@@ -115,7 +115,7 @@ Made ListWithout(const std::string& line, const std::string& instead) {
   return ListOf(idl.replace(at, line.size(), instead));
 }
 
-TEST(PublicClassesTest, EndTheBuildAtALineThatWouldBeMissing) {
+TEST(PublicClassesTest, EndTheBuildAtALineThatIsNotRecognised) {
   const std::pair<const char*, const char*> kCases[] = {
       {"[id(2), propget] HRESULT DataInicial([out, retval] DATE* valor);",
        "[id(2), propget] HRESULT DataInicial([out, retval] LONG* valor);"},

@@ -146,7 +146,7 @@ std::string Sources() {
   return std::regex_replace(all, std::regex(R"(\\")"), "\"");
 }
 
-TEST(ErrorsTest, AreInTheSourcesAsThePageHasThem) {
+TEST(ErrorsTest, AreInTheSourcesWithTheTextsOfThePage) {
   const std::string sources = Sources();
   for (const auto errors : {guide::Errors(), guide::Causes()}) {
     for (const guide::Error& error : errors) {

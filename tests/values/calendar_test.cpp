@@ -20,7 +20,7 @@ TEST(Calendar, DayZeroIsThe30thOfDecember1899) {
   EXPECT_EQ(ToCalendar({0}), (Calendar{1899, 12, 30}));
   EXPECT_EQ(FromCalendar({1899, 12, 30}), Date{0});
 }
-TEST(Calendar, DaysAndTimesOfDayGoBothWays) {
+TEST(Calendar, DaysAndTimesOfDayAreConvertedBothWays) {
   EXPECT_EQ(FromCalendar({2023, 12, 31}), Date{45291});
   EXPECT_EQ(FromCalendar({1899, 12, 31, 12}), Date{1.5});
   EXPECT_EQ(ToCalendar({1.5}), (Calendar{1899, 12, 31, 12}));
@@ -52,7 +52,7 @@ TEST(Calendar, RoundsToTheSecondAndIntoTheNextDay) {
   EXPECT_EQ(ToCalendar({45290.9999999}), (Calendar{2023, 12, 31}));
   EXPECT_EQ(ToCalendar({-1.9999999}), (Calendar{1899, 12, 30}));
 }
-TEST(Calendar, EverySecondOfADayComesBack) {
+TEST(Calendar, EverySecondOfADayIsConvertedBothWays) {
   for (const std::int32_t year : {1899, 1850, 2024}) {
     for (std::int32_t second = 0; second < 86400; second += 7) {
       const Calendar calendar{year, 2, 3, second / 3600, second / 60 % 60, second % 60};
@@ -61,7 +61,7 @@ TEST(Calendar, EverySecondOfADayComesBack) {
   }
 }
 
-TEST(Calendar, KnowsWhichDaysExist) {
+TEST(Calendar, TellsWhichDaysExist) {
   struct Day {
     std::int32_t year, month, day;
     bool exists;

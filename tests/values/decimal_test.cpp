@@ -48,13 +48,13 @@ TEST(DecimalNumbers, RoundDecimalsThatDoNotFitToTheEvenNeighbour) {
                  {L"7922816251426433759354395033.56", L"7922816251426433759354395034"}});
 }
 
-TEST(DecimalNumbers, AreNotWhatTheyCannotHold) {
+TEST(DecimalNumbers, AreNotReadFromNumbersThatDoNotFit) {
   for (const wchar_t* text : {L"", L"-", L".", L"1,5", L"1e3", L"+1", L" 1", L"1.2.3", L"abc",
                               L"79228162514264337593543950336", L"79228162514264337593543950335.5"})
     EXPECT_EQ(ReadAndWritten(text), L"none") << testing::PrintToString(text);
 }
 
-TEST(DecimalNumbers, AreTheNearestDouble) {
+TEST(DecimalNumbers, BecomeTheNearestDouble) {
   EXPECT_EQ(ToDouble(*ParseDecimal(L"12.50")), 12.5);
   EXPECT_EQ(ToDouble(*ParseDecimal(L"-0.0001")), -0.0001);
   EXPECT_EQ(ToDouble(*ParseDecimal(kLargest)), 79228162514264337593543950336.0);

@@ -51,12 +51,12 @@ TEST(ErroTest, IsCaughtAsItIs) {
   EXPECT_EQ(CaughtAs(Erro(-5, L"Fonte", L"Descrição")), (Raised{-5, "Fonte", "Descrição"}));
 }
 
-TEST(ErroTest, IsMadeOfExhaustedMemory) {
+TEST(ErroTest, CurrentErroIsOutOfMemoryForABadAlloc) {
   EXPECT_EQ(CaughtAs(std::bad_alloc()), (Raised{7, "KodraRpt", "Memória insuficiente"}));
   EXPECT_EQ(CaughtAs(std::bad_array_new_length()), (Raised{7, "KodraRpt", "Memória insuficiente"}));
 }
 
-TEST(ErroTest, IsMadeOfAnyOtherException) {
+TEST(ErroTest, CurrentErroIsAnInternalErrorForAnyOtherException) {
   EXPECT_EQ(CaughtAs(std::runtime_error("unexpected")), (Raised{51, "KodraRpt", "Erro interno"}));
   EXPECT_EQ(CaughtAs(5), (Raised{51, "KodraRpt", "Erro interno"}));
 }

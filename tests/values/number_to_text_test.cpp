@@ -50,7 +50,7 @@ TEST(NumberToText, SmallNumbersHaveAnExponentWhenFifteenDecimalsAreTooFew) {
   EXPECT_EQ(NumberToText(1e-100), L"1E-100");
   EXPECT_EQ(NumberToText(4.9406564584124654e-324), L"4,94065645841247E-324");
 }
-TEST(NumberToText, WritesWhatIsNoFiniteNumber) {
+TEST(NumberToText, WritesInfinitiesAndNotANumber) {
   EXPECT_EQ(NumberToText(std::numeric_limits<double>::infinity()), L"1,#INF");
   EXPECT_EQ(NumberToText(-std::numeric_limits<double>::infinity()), L"-1,#INF");
   EXPECT_EQ(NumberToText(std::numeric_limits<double>::quiet_NaN()), L"-1,#IND");
@@ -85,7 +85,7 @@ TEST(NumberToText, ASingleHasAnExponentFrom1E07OnAndBeyondSevenDecimals) {
   EXPECT_EQ(NumberToText(1.234567e-4F), L"1,234567E-04");
   EXPECT_EQ(NumberToText(1e-20F), L"1E-20");
 }
-TEST(NumberToText, ASingleThatIsNoFiniteNumberReadsAsADoubleDoes) {
+TEST(NumberToText, ASingleThatIsNotFiniteIsWrittenLikeADouble) {
   EXPECT_EQ(NumberToText(std::numeric_limits<float>::infinity()), L"1,#INF");
   EXPECT_EQ(NumberToText(std::numeric_limits<float>::quiet_NaN()), L"-1,#IND");
 }

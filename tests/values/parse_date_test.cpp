@@ -48,7 +48,7 @@ TEST(ParseDate, TriesOtherOrdersWhenDayMonthYearIsNoDay) {
               {L"29/2/23", L"2029-02-23 00:00:00"},
               {L"31/4/01", L"1931-04-01 00:00:00"}});
 }
-TEST(ParseDate, ADayThatNoOrderMakesIsNoDate) {
+TEST(ParseDate, ADayThatExistsInNoOrderIsNoDate) {
   for (const auto* text :
        {L"29/2/2023", L"31/4/2023", L"31/31/2023", L"32/13/31", L"0/1/2023", L"1/0/2023", L"13/2023"}) {
     EXPECT_EQ(Read(text), L"none") << text;
@@ -68,7 +68,7 @@ TEST(ParseDate, YearsReachFrom100To9999) {
               {L"1/2/10000", L"none"},
               {L"1/2/4294967297", L"none"}});
 }
-TEST(ParseDate, LeadingZerosCountForNothing) { EXPECT_EQ(Read(L"0000001/02/002003"), L"2003-02-01 00:00:00"); }
+TEST(ParseDate, LeadingZerosAreIgnored) { EXPECT_EQ(Read(L"0000001/02/002003"), L"2003-02-01 00:00:00"); }
 
 TEST(ParseDate, TwoNumbersAreADayOfTheCurrentYear) {
   ExpectRead(
@@ -81,7 +81,7 @@ TEST(ParseDate, TwoNumbersThatAreNoDayAreAMonth) {
               {L"32/1", L"1932-01-01 00:00:00"},
               {L"29/2", L"2029-02-01 00:00:00"}});
 }
-TEST(ParseDate, WithoutAGivenYearTheClocksYearCounts) {
+TEST(ParseDate, WithoutAYearArgumentTheCurrentYearIsUsed) {
   const auto year = ToCalendar(Today()).year;
   const auto read = ParseDate(L"1/2");
   EXPECT_TRUE(read == FromCalendar({year, 2, 1}) || read == FromCalendar({year + 1, 2, 1}));
@@ -127,7 +127,7 @@ TEST(ParseDate, ReadsADateAndATimeInEitherOrder) {
   ExpectRead({{L"2/3/4 1 pm", L"2004-03-02 13:00:00"}, {L"29/12/1899 06:00", L"1899-12-29 06:00:00"}});
   EXPECT_EQ(ParseDate(L"29/12/1899 06:00"), Date{-1.25});
 }
-TEST(ParseDate, RefusesADateAndATimeThatAreNotApart) {
+TEST(ParseDate, RefusesADateAndATimeThatAreNotSeparated) {
   for (const auto* text : {L"1/2/2023/10:20", L"1/2/2023-10:20", L"10:20/1/2/2023", L"31/12/2023T10:20",
                            L"31/12/2023 10", L"2023-12-31 10:20:30.5", L"1/2 10:20 2023", L"10:20 11:30", L"10:20 3"}) {
     EXPECT_EQ(Read(text), L"none") << text;
@@ -160,7 +160,7 @@ TEST(ParseDate, ReadsAbbreviatedMonthNamesWithAndWithoutAFullStop) {
     EXPECT_EQ(ParseDate(L"1/" + std::wstring(name) + L"./2023", kCurrentYear), FromCalendar({2023, month, 1}));
   }
 }
-TEST(ParseDate, TheMonthNamesPlaceSaysWhatTheNumbersAre) {
+TEST(ParseDate, ThePositionOfTheMonthNameDecidesWhatTheNumbersAre) {
   ExpectRead({{L"1 abril 2", L"2002-04-01 00:00:00"},
               {L"31 abril 2", L"1931-04-02 00:00:00"},
               {L"abril 1 2", L"2002-04-01 00:00:00"},
@@ -183,7 +183,7 @@ TEST(ParseDate, NamesOtherThanWholePortugueseOnesAreNoDate) {
     EXPECT_EQ(Read(text), L"none") << text;
   }
 }
-TEST(ParseDate, DayNamesAreReadAndCountForNothing) {
+TEST(ParseDate, DayNamesAreReadAndIgnored) {
   ExpectRead({{L"segunda-feira 1/2/2023", L"2023-02-01 00:00:00"},
               {L"terça-feira, 1 fevereiro 2023", L"2023-02-01 00:00:00"},
               {L"SÁBADO 1/2/2023", L"2023-02-01 00:00:00"},

@@ -27,7 +27,7 @@ TEST(ParseInvariantNumber, APointOrAnExponentMakesADouble) {
       {{L"1.0", 1.0}, {L"-0.5", -0.5}, {L".5", 0.5}, {L"5.", 5.0}, {L"1e3", 1000.0}, {L"25E-1", 2.5}, {L"0.1", 0.1}});
 }
 
-TEST(ParseInvariantNumber, WhatOnlyLooksLikeANumberIsNone) {
+TEST(ParseInvariantNumber, TextThatOnlyLooksLikeANumberIsNone) {
   for (const wchar_t* text : {L"",    L" 5",  L"5 ",  L"+5",   L"--5",  L"-", L".",     L"1.2.3", L"e5",  L"1e", L"1e+",
                               L"1d2", L"inf", L"nan", L"0x10", L"&H10", L"٣", L"1e999", L"1,5",   L"R$5", L"(5)"}) {
     EXPECT_EQ(ParseInvariantNumber(text), std::nullopt) << text;

@@ -91,7 +91,7 @@ TEST(HidePassword, ThePasswordWithoutAKeyBeforeItStays) {
   EXPECT_EQ(HidePassword(L"Segredo segredo", L"PWD=segredo"), L"Segredo segredo");
 }
 
-TEST(HidePassword, ATextThatOnlySpeaksOfAPasswordStays) {
+TEST(HidePassword, ATextThatOnlyMentionsAPasswordIsUnchanged) {
   EXPECT_EQ(HidePassword(L"Incorrect syntax near 'PWD ='. [N:102]", L"UID=ana"),
             L"Incorrect syntax near 'PWD ='. [N:102]");
   EXPECT_EQ(HidePassword(L"Incorrect syntax near 'PWD ='. [N:102]", L"PWD=segredo"),

@@ -26,7 +26,7 @@ TEST(Utf16, TheFirstAndLastPairsAreExact) {
   EXPECT_EQ(Utf16FromUtf32(U"\U0010FFFF"), std::u16string({0xDBFF, 0xDFFF}));
 }
 
-TEST(Utf16, ALoneSurrogateTravelsAsItselfBothWays) {
+TEST(Utf16, ALoneSurrogateIsKeptBothWays) {
   const std::u16string lone[] = {{0xD83D}, {0xDCE6}, {u'a', 0xD83D, u'b'}, {0xDCE6, 0xD83D}, {0xD83D, 0xD83D}};
   for (const std::u16string& text : lone) {
     EXPECT_EQ(Utf16FromUtf32(Utf32FromUtf16(text)), text);

@@ -5,7 +5,7 @@
 namespace kodra::values {
 namespace {
 
-TEST(Utf8, TextTravelsBothWays) {
+TEST(Utf8, TextIsConvertedBothWays) {
   const std::wstring text = L"aÚção – \uFFFF\U0001F4E6";
   const std::string bytes = "a\xC3\x9A\xC3\xA7\xC3\xA3o \xE2\x80\x93 \xEF\xBF\xBF\xF0\x9F\x93\xA6";
   EXPECT_EQ(ToUtf8(text), bytes);
@@ -19,7 +19,7 @@ TEST(Utf8, AnEmbeddedZeroIsACharacter) {
   EXPECT_EQ(FromUtf8(std::string_view("a\0b", 3)), std::wstring(L"a\0b", 3));
 }
 
-TEST(Utf8, WhatIsNoCharacterIsReplaced) {
+TEST(Utf8, InvalidBytesAreReplaced) {
   EXPECT_EQ(FromUtf8("a\xC3"), L"a\uFFFD");                    // cut off
   EXPECT_EQ(FromUtf8("\x9Az"), L"\uFFFDz");                    // the middle of one
   EXPECT_EQ(FromUtf8("\xC0\x80"), L"\uFFFD\uFFFD");            // longer than needed

@@ -98,13 +98,13 @@ TEST_P(CDocumentoRptTest, ListsADepartmentAlikeOnEveryDatabase) {
                Reads("", "0", "D01"));
 }
 
-TEST_P(CDocumentoRptTest, ListsAPeriodInTheWordsOfEachDatabase) {
+TEST_P(CDocumentoRptTest, ListsAPeriodInTheDialectOfEachDatabase) {
   for (const auto& [code, condition] : kMarches)
     CheckListing(DatabaseOf(code), Report(GetParam(), k1March2024, k31March2024, L""), Statement(GetParam(), condition),
                  Reads("45352", "45382", ""));
 }
 
-TEST_P(CDocumentoRptTest, ListsADepartmentInAPeriodInTheWordsOfEachDatabase) {
+TEST_P(CDocumentoRptTest, ListsADepartmentInAPeriodInTheDialectOfEachDatabase) {
   for (const auto& [code, condition] : kMarches)
     CheckListing(DatabaseOf(code), Report(GetParam(), k1March2024, k31March2024, L"D01"),
                  Statement(GetParam(), std::string(condition) + " AND d.COD_DEPTO = 'D01'"),
@@ -154,7 +154,7 @@ TEST_P(CDocumentoRptTest, FiltersADepartmentOfOneBlank) {
                Statement(GetParam(), " AND d.COD_DEPTO = ' '"), Reads("", "0", " "));
 }
 
-TEST_P(CDocumentoRptTest, LeavesAQuoteInTheDepartmentToTheDatabase) {
+TEST_P(CDocumentoRptTest, DoesNotEscapeAQuoteInTheDepartment) {
   Scene scene(Report(GetParam(), kNoDate, kNoDate, L"O'X"), DatabaseOf(tbSQLServer));
   EXPECT_EQ(scene.Run(), ListingCalls(DatabaseOf(tbSQLServer), Statement(GetParam(), " AND d.COD_DEPTO = 'O'X'"),
                                       Reads("", "0", "O'X")));
@@ -178,7 +178,7 @@ TEST_P(CDocumentoRptTest, RaisesEveryErrorInItsFrame) {
   CheckFrame(Report(GetParam(), k1March2024, k31March2024, L"D01"));
 }
 
-TEST_P(CDocumentoRptTest, OutlivesTheFailureOfAnyCall) {
+TEST_P(CDocumentoRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   const std::int32_t kWithoutDialect[] = {tbOther4};
   CheckFailures(Report(GetParam(), k1March2024, k31March2024, L"D01"), kCodesWithDialect);
   CheckFailures(Report(GetParam(), kNoDate, kNoDate, L""), kWithoutDialect);

@@ -247,12 +247,12 @@ TEST(CLogRptTest, ReturnsNothingWithoutACollection) {
   }
 }
 
-TEST(CLogRptTest, RefusesACollectionThatIsNoObject) {
+TEST(CLogRptTest, RefusesACollectionThatIsNotAnObject) {
   EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Finding(Value(L"nada"))).RunRaising(),
             Framed(kName, "O objeto é obrigatório"));
 }
 
-TEST(CLogRptTest, RefusesEventsThatAreNoObjects) {
+TEST(CLogRptTest, RefusesEventsThatAreNotObjects) {
   const auto collectionOf = [](const Value& item) -> Preparation {
     return [item](FakeSurroundings& around) {
       Finding(around.NewObject(L"Eventos", {{L"Count", {1}}, {L"Item", {item}}}))(around);
@@ -292,7 +292,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, CLogRptKindTest,
                                          Kind{L"e", L"E"}, Kind{L"", L""}, Kind{L"ação", L"AÇÃ"},
                                          Kind{L" ex", L" EX"}));
 
-TEST(CLogRptTest, HandsAnEmptyFilterOfANewParameterObjectOver) {
+TEST(CLogRptTest, PassesAnEmptyFilterForANewParameterObject) {
   const std::string calls = Scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).RunWithOwn({});
   const std::string filter = All({{
       R"(CreateObject("KodraRegEvt.RegEvtFind") -> Object2)",
@@ -389,7 +389,7 @@ TEST(CLogRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
   CheckPropertiesNeeded(Report(), Finding(kTwoEvents));
 }
 
-TEST(CLogRptTest, OutlivesTheFailureOfAnyCall) {
+TEST(CLogRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
   CheckEachCallFailing(scene, FramedOutcome);
   Scene nothing(Report(), DatabaseOf(tbSQLite), Finding(Value(ObjectRef{})));

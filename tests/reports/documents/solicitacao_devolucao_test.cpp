@@ -48,13 +48,13 @@ std::string OutAndReturned(const Dates& dates) {
   return Statement("Listagem De Originais Retirados E Originais Devolvidos", dates, "");
 }
 
-TEST(WithdrawnOriginalsTest, AreListedInTheWordsOfEachDatabase) {
+TEST(WithdrawnOriginalsTest, AreListedInTheDialectOfEachDatabase) {
   for (const Dates& dates : kDates)
     CheckListing(DatabaseOf(dates.code), Report(false), OutOnly(dates),
                  {"Parametros.Get(ListarJaDevolvidos) -> False"});
 }
 
-TEST(WithdrawnOriginalsTest, AreListedWithReturnedOnesInTheWordsOfEachDatabase) {
+TEST(WithdrawnOriginalsTest, AreListedWithReturnedOnesInTheDialectOfEachDatabase) {
   for (const Dates& dates : kDates)
     CheckListing(DatabaseOf(dates.code), Report(true), OutAndReturned(dates),
                  {"Parametros.Get(ListarJaDevolvidos) -> True"});
@@ -64,7 +64,7 @@ TEST(WithdrawnOriginalsTest, AreRefusedOnADatabaseWithoutDialectBeforeItConnects
   CheckDialectNeeded(Report(false), {"Parametros.Get(ListarJaDevolvidos) -> False"});
 }
 
-TEST(WithdrawnOriginalsTest, CoverAllRequestsWhateverCodesAreGiven) {
+TEST(WithdrawnOriginalsTest, CoverAllRequestsWhateverTheRequestCodes) {
   EXPECT_EQ(Scene(Report(false), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodSolicit", L"77"}}),
             ListingCalls(DatabaseOf(tbSQLServer), OutOnly(kOnSQLServer)));
 }
@@ -88,7 +88,7 @@ TEST(WithdrawnOriginalsTest, RaiseEveryErrorInTheirFrame) {
   CheckFrame(Report(true));
 }
 
-TEST(WithdrawnOriginalsTest, OutliveTheFailureOfAnyCall) { CheckFailures(Report(false), kCodesWithDialect); }
+TEST(WithdrawnOriginalsTest, WorkAgainAfterTheFailureOfAnyCall) { CheckFailures(Report(false), kCodesWithDialect); }
 
 }  // namespace
 }  // namespace kodra::reports

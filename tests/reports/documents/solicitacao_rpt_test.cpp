@@ -166,12 +166,12 @@ std::vector<std::vector<std::string>> SlipOf(Scene& scene) {
 
 using Slip = std::vector<std::vector<std::string>>;
 
-TEST(WithdrawalSlipTest, TakesALineADocumentAndOneRequestOnEveryDatabase) {
+TEST(WithdrawalSlipTest, HasOneLinePerDocumentAndOneRequestOnEveryDatabase) {
   for (const Database& database : Databases())
     EXPECT_EQ(Scene(Report(), database, Having({kContract, kInvoice})).Run(), ContractAndInvoice(database));
 }
 
-TEST(WithdrawalSlipTest, StandsOnItsLastRow) {
+TEST(WithdrawalSlipTest, IsOnItsLastRow) {
   Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
   scene.Prepare();
   const frame::ReportRows rows = scene.Call();
@@ -188,12 +188,12 @@ std::string SecondStatement(const std::string& calls) {
   return calls.substr(at, calls.find("\", Connection2", at) - at);
 }
 
-TEST(WithdrawalSlipTest, SpeaksOfOneDocumentInTheSingular) {
+TEST(WithdrawalSlipTest, UsesTheSingularForOneDocument) {
   Scene scene(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract}));
   EXPECT_EQ(SecondStatement(scene.Run()), RequestOf("77", OneDocument("30/03/2024")));
 }
 
-TEST(WithdrawalSlipTest, SpeaksOfSeveralDocumentsInThePlural) {
+TEST(WithdrawalSlipTest, UsesThePluralForSeveralDocuments) {
   Scene two(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
   EXPECT_EQ(SecondStatement(two.Run()), RequestOf("77", SeveralDocuments("31/03/2024")));
   Scene three(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice, kContract}));
@@ -215,7 +215,7 @@ TEST(WithdrawalSlipTest, AsksForTheDateOfAnEmptyTextWhereNoneIsPlanned) {
   EXPECT_EQ(SecondStatement(calls), RequestOf("77,78", OneDocument("30/12/1899")));
 }
 
-TEST(WithdrawalSlipTest, PastesTheRequestCodesAsTheyAreGiven) {
+TEST(WithdrawalSlipTest, InsertsTheRequestCodesUnchanged) {
   for (const wchar_t* codes : {L"77", L" 77 , 78 ", L"'77'", L""}) {
     Scene scene(Report(codes), DatabaseOf(tbSQLServer), Having({kContract}));
     const std::string calls = scene.Run();
@@ -304,7 +304,7 @@ TEST(WithdrawalSlipTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 
 TEST(WithdrawalSlipTest, RaisesEveryErrorInItsFrame) { CheckInputsNeeded(Report()); }
 
-TEST(WithdrawalSlipTest, OutlivesTheFailureOfAnyCall) {
+TEST(WithdrawalSlipTest, WorksAgainAfterTheFailureOfAnyCall) {
   CheckFailures(Report(), kEveryCode, Having({kContract, kInvoice}));
 }
 

@@ -35,13 +35,13 @@ const std::pair<std::int32_t, const char*> kUnlessNull[] = {
     {tbOracleAlt, "NVL"}, {tbDB2, "COALESCE"},     {tbSQLite, "IFNULL"},
 };
 
-TEST(DocsNoModuloTest, DescribesAMainModuleInTheWordsOfEachDatabase) {
+TEST(DocsNoModuloTest, DescribesAMainModuleInTheDialectOfEachDatabase) {
   for (const auto& [code, word] : kUnlessNull)
     CheckStatic(DatabaseOf(code), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}}, Asks::kNothing,
                 Replaced(kHeaderOfMain, "{NVL}", word));
 }
 
-TEST(DocsNoModuloTest, DescribesASubordinateWithItsParentsDatesInTheWordsOfEachDatabase) {
+TEST(DocsNoModuloTest, DescribesASubordinateWithItsParentsDatesInTheDialectOfEachDatabase) {
   for (const auto& [code, word] : kUnlessNull)
     CheckStatic(DatabaseOf(code), &CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB00107"}}, Asks::kSubordinateCode,
                 Replaced(kHeaderOfSubordinate, "{NVL}", word));
@@ -119,7 +119,7 @@ TEST(DocsNoModuloSubRptTest, UsesTheConnectionStringThatAnEarlierCallTookFromThe
             All({CaixaStage().ResultLines(kDocuments)}));
 }
 
-TEST(DocsNoModuloSubRptTest, LetsErrorsThroughAsTheyAreAndLogsNothing) {
+TEST(DocsNoModuloSubRptTest, PassesOnErrorsUnchangedAndLogsNothing) {
   const std::pair<Path, Raised> kErrors[] = {
       {Path::kConnectionString, {-2147217865, "modADO.AbreFirehoseRs", "[OraOLEDB]: A tabela não existe [N:942]"}},
       {Path::kClientConnection, {-2147217865, "OraOLEDB", "A tabela não existe"}},

@@ -69,7 +69,7 @@ TEST(EtiquetaAberturaTest, MatchesNothingForSubordinatesLeftEmpty) {
                "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)"});
 }
 
-TEST(EtiquetaAberturaTest, PastesModuleCodesAsTheyAreGiven) {
+TEST(EtiquetaAberturaTest, InsertsModuleCodesUnchanged) {
   CheckResult(DatabaseOf(tbSQLServer), &CCaixaRpt::EtiquetaAbertura,
               {{L"Modulo1", L" ab1 "}, {L"Modulo2", L"o'x"}, {L"Modulo3", L"AB00107"}}, Asks::kNothing,
               {"SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.TIPO_GUARDA, c.ANOS_VENCIMENTO FROM CAIXA c "
@@ -174,7 +174,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
   }
 }
 
-TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndPastesItWhole) {
+TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndInsertsItWhole) {
   CaixaStage stage;
   EXPECT_EQ(
       stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, stage.Foreign({{L"Modulo1", L"AB00107"}})),
@@ -234,7 +234,7 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
     }
 }
 
-TEST(EtiquetaFechamentoSubordinadaTest, RefusesAnAnswerThatIsNoObject) {
+TEST(EtiquetaFechamentoSubordinadaTest, RefusesAnAnswerThatIsNotAnObject) {
   CaixaStage stage;
   stage.AnswerSubordinates(L"AB00101");
   EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),

@@ -164,7 +164,7 @@ std::string In(const Words& words, const std::string& statement) {
   return Replaced(Replaced(statement, "{PAGES}", words.pages), "{TODAY}", words.today);
 }
 
-TEST(ModulosVencidosTest, FiltersEachHalfInItsOwnWayInTheWordsOfEachDatabase) {
+TEST(ModulosVencidosTest, FiltersEachHalfInItsOwnWayInTheDialectOfEachDatabase) {
   for (const Words& words : kWords)
     for (const Listing& listing : kVencidos)
       CheckResult(DatabaseOf(words.code), &CCaixaRpt::ModulosVencidos, listing.parameters, Asks::kSubordinateCode,
@@ -208,7 +208,7 @@ TEST(ModulosVencidosTest, ReadsEachFilterAsOftenAsItApplies) {
                  stage.ResultLines(In(kWords[1], kVencidos[1].main))}));
 }
 
-TEST(ModulosVencidosTest, SpeaksTheDialectOfEachCallsDatabase) {
+TEST(ModulosVencidosTest, UsesTheDialectOfEachCallsDatabase) {
   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   CaixaStage other(DatabaseOf(tbSQLite), Path::kClientConnection);

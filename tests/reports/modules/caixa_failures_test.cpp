@@ -166,7 +166,7 @@ TEST(CCaixaRptFailuresTest, EveryCallThatFailsIsReportedLoggedAndLeavesTheReport
         for (const Mishap& mishap : Mishaps()) CheckEachCallOf(tested, DatabaseOf(code), path, mishap);
 }
 
-TEST(CCaixaRptFailuresTest, EveryCallThatFailsForASubReportReachesTheClientAsItIs) {
+TEST(CCaixaRptFailuresTest, EveryCallThatFailsForASubReportReachesTheClientUnchanged) {
   const Case tested = {"DocsNoModuloSubRpt", &CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}};
   for (const Path path : kPaths)
     for (const std::int32_t code : {tbOracle, tbSQLServer, tbSQLite})

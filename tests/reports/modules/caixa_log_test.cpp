@@ -198,7 +198,7 @@ TEST(CCaixaRptLogTest, RefusesANullParameter) {
             Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", "Uso de 'Null' inválido"));
 }
 
-TEST(CCaixaRptLogTest, TellsWhereAFileThatIsNotThereWasLookedFor) {
+TEST(CCaixaRptLogTest, NamesThePathOfAMissingFile) {
   CaixaStage stage(DatabaseOf(tbSQLite));
   stage.around.files.clear();
   EXPECT_EQ(RaisedByDividers(stage),

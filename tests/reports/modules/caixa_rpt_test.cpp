@@ -29,7 +29,7 @@ TEST(CCaixaRptTest, StartsWithoutConnectionAndLogFile) {
   EXPECT_EQ(report.LogFile(), L"");
 }
 
-TEST(CCaixaRptTest, KeepsItsPropertiesAsTheyAreGiven) {
+TEST(CCaixaRptTest, KeepsItsPropertiesUnchanged) {
   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   const std::shared_ptr<platform::Connection> connection = stage.report.Conexao().connection;
   stage.report.SetStringConexao(L" Provider=x ;; ");
@@ -105,7 +105,7 @@ TEST(CCaixaRptTest, NeverOpensClosesOrChangesTheClientsConnection) {
   }
 }
 
-TEST(CCaixaRptTest, ReadsTheClientsConnectionAnewAtEachCall) {
+TEST(CCaixaRptTest, ReadsTheClientsConnectionAgainInEachCall) {
   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.Run(kDivisoria, Parameters());
   stage.GiveClientConnection("Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
@@ -115,7 +115,7 @@ TEST(CCaixaRptTest, ReadsTheClientsConnectionAnewAtEachCall) {
   EXPECT_EQ(stage.report.StringConexao(), L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
 }
 
-TEST(CCaixaRptTest, LearnsTheDatabaseAnewAtEachCall) {
+TEST(CCaixaRptTest, FindsOutTheDatabaseAgainInEachCall) {
   CaixaStage stage;
   stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbDB2}}});
@@ -124,7 +124,7 @@ TEST(CCaixaRptTest, LearnsTheDatabaseAnewAtEachCall) {
   EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()), other.Run(&CCaixaRpt::ModulosVencidos, Parameters()));
 }
 
-TEST(CCaixaRptTest, GoesBackToTheConnectionStringWithoutTheClientsConnection) {
+TEST(CCaixaRptTest, ReturnsToTheConnectionStringWithoutTheClientsConnection) {
   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
   stage.report.SetConexao({});
   stage.report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
@@ -132,7 +132,7 @@ TEST(CCaixaRptTest, GoesBackToTheConnectionStringWithoutTheClientsConnection) {
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
 }
 
-TEST(CCaixaRptTest, LetsAConnectionStringOfOneBlankThrough) {
+TEST(CCaixaRptTest, AcceptsAConnectionStringOfOneBlank) {
   CaixaStage stage;
   stage.report.SetStringConexao(L" ");
   EXPECT_EQ(stage.Run(kDivisoria, Parameters()),

@@ -256,13 +256,13 @@ TEST_F(EtiquetaAberturaDeContainerTest, ReturnsTheLatestDateOfTheModules) {
             (std::vector<Label>{{"C1", {46000}, "T", "Arquivo"}}));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, ReturnsTwoLabelsForAContainerGivenTwice) {
+TEST_F(EtiquetaAberturaDeContainerTest, ReturnsTwoLabelsForAContainerNamedTwice) {
   const Rows modules = ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}});
   EXPECT_EQ(Labels(Containers(L"C1", L"C1"), {modules, modules}),
             (std::vector<Label>{{"C1", {45000}, "T", "Arquivo"}, {"C1", {45000}, "T", "Arquivo"}}));
 }
 
-TEST_F(EtiquetaAberturaDeContainerTest, StartsEachContainersLabelAnew) {
+TEST_F(EtiquetaAberturaDeContainerTest, StartsANewLabelForEachContainer) {
   EXPECT_EQ(Labels(Containers(L"C1", L"C2"),
                    {ModuleRows({{L"C1", Date{45000}, L"T", L"Arquivo"}}), ModuleRows({{L"C2", Null{}, L"E", Null{}}})}),
             (std::vector<Label>{{"C1", {45000}, "T", "Arquivo"}, {"C2", {0}, "E", ""}}));

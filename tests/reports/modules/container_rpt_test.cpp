@@ -22,7 +22,7 @@ TEST(CContainerRptTest, ListsContainersAlikeOnEveryDatabase) {
 
 TEST(CContainerRptTest, RaisesEveryErrorOfTheListInItsFrame) { CheckFrame(List()); }
 
-TEST(CContainerRptTest, ListsOnAfterTheFailureOfAnyCall) { CheckFailures(List()); }
+TEST(CContainerRptTest, ListsAgainAfterTheFailureOfAnyCall) { CheckFailures(List()); }
 
 // The modules on a label.
 
@@ -49,7 +49,7 @@ TEST(CContainerRptTest, ListsTheModulesOfOneContainer) {
 
 TEST(CContainerRptTest, RaisesEveryErrorOfTheModulesInItsFrame) { CheckFrame(Modules(Containers(L"C1"))); }
 
-TEST(CContainerRptTest, ListsModulesOnAfterTheFailureOfAnyCall) { CheckFailures(Modules(Containers(L"C1"))); }
+TEST(CContainerRptTest, ListsModulesAgainAfterTheFailureOfAnyCall) { CheckFailures(Modules(Containers(L"C1"))); }
 
 }  // namespace
 }  // namespace kodra::reports

@@ -32,21 +32,21 @@ TEST(ModuleCodeTest, TakesTheLastTwoCharactersOfACodeOfAnyLength) {
   EXPECT_EQ(SubordinateNumber(L"7"), L"7");
 }
 
-TEST(ModuleCodeTest, CountsATailThatIsNoNumberAsZero) {
+TEST(ModuleCodeTest, CountsAnEndThatIsNotANumberAsZero) {
   EXPECT_EQ(SubordinateNumber(L""), L"0");
   EXPECT_EQ(SubordinateNumber(L"AB001XY"), L"0");
   EXPECT_EQ(SubordinateNumber(L"AB001X7"), L"0");
   EXPECT_EQ(SubordinateNumber(L"AB001  "), L"0");
 }
 
-TEST(ModuleCodeTest, ReadsTheNumberThatATailBeginsWith) {
+TEST(ModuleCodeTest, ReadsTheNumberThatTheEndBeginsWith) {
   EXPECT_EQ(SubordinateNumber(L"AB0017X"), L"7");
   EXPECT_EQ(SubordinateNumber(L"AB001 7"), L"7");
   EXPECT_EQ(SubordinateNumber(L"AB0017 "), L"7");
   EXPECT_EQ(SubordinateNumber(L"AB001-1"), L"-1");
 }
 
-TEST(ModuleCodeTest, KnowsAMainModuleByItsLengthAlone) {
+TEST(ModuleCodeTest, RecognisesAMainModuleByItsLengthAlone) {
   EXPECT_TRUE(NamesMainModule(L"AB001"));
   EXPECT_TRUE(NamesMainModule(L"     "));
   EXPECT_FALSE(NamesMainModule(L""));

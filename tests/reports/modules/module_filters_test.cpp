@@ -33,7 +33,7 @@ TEST_F(ModuleFiltersTest, AddsTheDepartmentToTheCondition) {
   EXPECT_EQ(OfDepto(L"7"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '7'");
 }
 
-TEST_F(ModuleFiltersTest, PutsTheDepartmentInAsItIsWritten) {
+TEST_F(ModuleFiltersTest, InsertsTheDepartmentUnchanged) {
   EXPECT_EQ(OfDepto(L"007"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '007'");
   EXPECT_EQ(OfDepto(L" 7 "), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = ' 7 '");
   EXPECT_EQ(OfDepto(L"7A"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '7A'");
@@ -41,7 +41,7 @@ TEST_F(ModuleFiltersTest, PutsTheDepartmentInAsItIsWritten) {
   EXPECT_EQ(OfDepto(L"1'x"), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '1'x'");
 }
 
-TEST_F(ModuleFiltersTest, TakesADepartmentGivenAsANumber) {
+TEST_F(ModuleFiltersTest, AcceptsADepartmentThatIsANumber) {
   EXPECT_EQ(OfDepto(7), "c.TIPO_GUARDA = 'E' AND c.COD_DEPTO = '7'");
   EXPECT_EQ(OfDepto(0), "c.TIPO_GUARDA = 'E'");
 }

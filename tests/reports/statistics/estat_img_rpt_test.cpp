@@ -118,7 +118,7 @@ TEST(CEstatImgRptTest, IsOneWholeStatementOnOracle) {
                Reads({L"7", L"", L"F"}));
 }
 
-TEST(CEstatImgRptTest, TakesTheLastDayOfThePeriodIn) {
+TEST(CEstatImgRptTest, IncludesTheLastDayOfThePeriod) {
   Subject report = Report({L"", L"", L""});
   report.parameters[L"DataInicial"] = {k31March2024};
   Scene scene(report, DatabaseOf(tbSQLServer));
@@ -154,7 +154,9 @@ TEST(CEstatImgRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) { CheckProp
 
 TEST(CEstatImgRptTest, RaisesEveryErrorInItsFrame) { CheckFrame(Report({L"7", L"D01", L"P"})); }
 
-TEST(CEstatImgRptTest, OutlivesTheFailureOfAnyCall) { CheckFailures(Report({L"7", L"D01", L"P"}), kCodesWithDialect); }
+TEST(CEstatImgRptTest, WorksAgainAfterTheFailureOfAnyCall) {
+  CheckFailures(Report({L"7", L"D01", L"P"}), kCodesWithDialect);
+}
 
 }  // namespace
 }  // namespace kodra::reports

@@ -80,7 +80,7 @@ TEST(CEstatIndexRptByDocumentTest, NamesThePropertyThatAnotherObjectDoesNotHave)
 
 TEST(CEstatIndexRptByDocumentTest, RaisesEveryErrorInItsFrame) { CheckFrame(ByDocument(L"7", L"D01")); }
 
-TEST(CEstatIndexRptByDocumentTest, OutlivesTheFailureOfAnyCall) {
+TEST(CEstatIndexRptByDocumentTest, WorksAgainAfterTheFailureOfAnyCall) {
   CheckFailures(ByDocument(L"7", L"D01"), kCodesWithDialect);
 }
 
@@ -163,7 +163,7 @@ TEST(CEstatIndexRptByKeywordsTest, NamesThePropertyThatAnotherObjectDoesNotHave)
 
 TEST(CEstatIndexRptByKeywordsTest, RaisesEveryErrorInItsFrame) { CheckFrame(ByKeywords()); }
 
-TEST(CEstatIndexRptByKeywordsTest, OutlivesTheFailureOfAnyCall) { CheckFailures(ByKeywords()); }
+TEST(CEstatIndexRptByKeywordsTest, WorksAgainAfterTheFailureOfAnyCall) { CheckFailures(ByKeywords()); }
 
 }  // namespace
 }  // namespace kodra::reports

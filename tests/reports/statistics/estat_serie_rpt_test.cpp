@@ -157,7 +157,7 @@ TEST(CEstatSerieRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) { CheckPr
 
 TEST(CEstatSerieRptTest, RaisesEveryErrorInItsFrame) { CheckInputsNeeded(Report(L"")); }
 
-TEST(CEstatSerieRptTest, OutlivesTheFailureOfAnyCall) {
+TEST(CEstatSerieRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   CheckFailures(Report(L"N"), kCodesWithDialect, kNaming, NamedOutcome);
 }
 

@@ -94,7 +94,7 @@ TEST(CEstatSubgrupoRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 
 TEST(CEstatSubgrupoRptTest, RaisesEveryErrorInItsFrame) { CheckInputsNeeded(Report(L"")); }
 
-TEST(CEstatSubgrupoRptTest, OutlivesTheFailureOfAnyCall) {
+TEST(CEstatSubgrupoRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   CheckFailures(Report(L"P"), kCodesWithDialect, kNaming, NamedOutcome);
 }
 

@@ -61,7 +61,7 @@ TEST(CEstatSuporteRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) { Check
 
 TEST(CEstatSuporteRptTest, RaisesEveryErrorInItsFrame) { CheckFrame(Report(L"P")); }
 
-TEST(CEstatSuporteRptTest, OutlivesTheFailureOfAnyCall) { CheckFailures(Report(L"P"), kCodesWithDialect); }
+TEST(CEstatSuporteRptTest, WorksAgainAfterTheFailureOfAnyCall) { CheckFailures(Report(L"P"), kCodesWithDialect); }
 
 }  // namespace
 }  // namespace kodra::reports

@@ -29,7 +29,7 @@ TEST(PeriodTest, IsTitledByItsTwoDays) {
   EXPECT_EQ(TitleOf({}), "'Período: 30/12/1899 a 30/12/1899'");
 }
 
-TEST(PeriodTest, IsAConditionInTheWordsOfEachDatabase) {
+TEST(PeriodTest, IsAConditionInTheDialectOfEachDatabase) {
   const Period march = {k1March2024, k31March2024};
   for (const auto& [code, condition] : kInMarch)
     EXPECT_EQ(Between(march, code, sql::fdDDMMYYYY), "d.DT_ARMAZ" + condition);
