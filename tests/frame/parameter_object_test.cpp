@@ -215,7 +215,7 @@ TEST(ParameterObjectTest, TrimsBlanksAtBothEndsOnly) {
   }
 }
 
-TEST(ParameterObjectTest, StartsOtherLetterPropertiesEmpty) {
+TEST(ParameterObjectTest, StartsEachLetterPropertyWithItsOwnInitialText) {
   EXPECT_EQ(NewObject(L"CEstatSerieRptObj").Get(L"TipoRpt"), Value(L""));
   EXPECT_EQ(NewObject(L"CCaixaRptObj").Get(L"Ordenacao"), Value(L"N"));
   EXPECT_EQ(NewObject(L"CCaixaRptObj").Get(L"Tipo"), Value(L""));

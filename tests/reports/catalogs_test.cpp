@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "reports/reports.h"
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -66,7 +66,7 @@ TEST(CCDRptTest, TakesAnyWordWithVFromItsOwnParameterObject) {
       {L"v", expired}, {L"vencidas", expired}, {L"V", expired}, {L"", kAll}, {L"todas", kAll}, {L" v", kAll},
   };
   for (const auto& [word, statement] : kWords)
-    EXPECT_EQ(Scene(Report({}), DatabaseOf(tbMySQL)).RunWithOwn({{L"TipoRpt", word}}),
+    EXPECT_EQ(Scenario(Report({}), DatabaseOf(tbMySQL)).RunWithOwn({{L"TipoRpt", word}}),
               ListingCalls(DatabaseOf(tbMySQL), statement))
         << Utf8(word);
 }
@@ -78,7 +78,7 @@ TEST(CCDRptTest, RefusesExpiredMediaOnADatabaseWithoutDialectBeforeItConnects) {
 TEST(CCDRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) { CheckPropertiesNeeded(Report({L""})); }
 
 TEST(CCDRptTest, RefusesANullKindOfReport) {
-  EXPECT_EQ(Scene(Report({Null{}}), DatabaseOf(tbSQLServer)).RunRaising(),
+  EXPECT_EQ(Scenario(Report({Null{}}), DatabaseOf(tbSQLServer)).RunRaising(),
             Framed("CCDRpt::RelatorioMidias", "Uso de 'Null' inválido"));
 }
 

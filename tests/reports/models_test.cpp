@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -63,13 +63,13 @@ std::string CommandCalls(const Database& database, const CallLines& before, cons
 
 TEST(CModeloRptTest, ListsEveryModelForAnEmptyCodeOnEveryDatabase) {
   for (const Database& database : Databases())
-    EXPECT_EQ(Scene(Report(L""), database).Run(),
+    EXPECT_EQ(Scenario(Report(L""), database).Run(),
               CommandCalls(database, {R"(Parametros.Get(CodModelo) -> "")"}, kAll, {}));
 }
 
 TEST(CModeloRptTest, ListsOneModelByAParameterOnEveryDatabase) {
   for (const Database& database : Databases())
-    EXPECT_EQ(Scene(Report(L"M01"), database).Run(),
+    EXPECT_EQ(Scenario(Report(L"M01"), database).Run(),
               CommandCalls(database, {R"(Parametros.Get(CodModelo) -> "M01")"}, kOne,
                            {R"(Command1.AppendParameter("COD_MODELO", 200, 1, 128, "M01"))"}));
 }
@@ -87,15 +87,15 @@ TEST(CModeloRptTest, ComparesTheCodeCutThenTrimmedAndUpperCased) {
       {std::wstring(120, L'a') + std::wstring(8, L' ') + L"b", std::wstring(120, L'A')},
   };
   for (const auto& [given, compared] : kCodes)
-    EXPECT_EQ(Scene(Report(given), DatabaseOf(tbSQLServer)).Run(),
+    EXPECT_EQ(Scenario(Report(given), DatabaseOf(tbSQLServer)).Run(),
               CommandCalls(DatabaseOf(tbSQLServer), {"Parametros.Get(CodModelo) -> " + Quoted(Utf8(given))}, kOne,
                            {"Command1.AppendParameter(\"COD_MODELO\", 200, 1, 128, " + Quoted(Utf8(compared)) + ")"}));
 }
 
 TEST(CModeloRptTest, TakesACodeOfBlanksFromItsOwnParameterObjectForNone) {
-  EXPECT_EQ(Scene(Report(L""), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodModelo", L"   "}}),
+  EXPECT_EQ(Scenario(Report(L""), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodModelo", L"   "}}),
             CommandCalls(DatabaseOf(tbSQLServer), {}, kAll, {}));
-  EXPECT_EQ(Scene(Report(L""), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodModelo", L" m01 "}}),
+  EXPECT_EQ(Scenario(Report(L""), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodModelo", L" m01 "}}),
             CommandCalls(DatabaseOf(tbSQLServer), {}, kOne,
                          {R"(Command1.AppendParameter("COD_MODELO", 200, 1, 128, "M01"))"}));
 }
@@ -103,7 +103,7 @@ TEST(CModeloRptTest, TakesACodeOfBlanksFromItsOwnParameterObjectForNone) {
 TEST(CModeloRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) { CheckPropertiesNeeded(Report(L"")); }
 
 TEST(CModeloRptTest, RefusesANullCode) {
-  EXPECT_EQ(Scene(Report(Null{}), DatabaseOf(tbSQLServer)).RunRaising(),
+  EXPECT_EQ(Scenario(Report(Null{}), DatabaseOf(tbSQLServer)).RunRaising(),
             Framed("CModeloRpt::RelatorioModelos", "Uso de 'Null' inválido"));
 }
 

@@ -5,7 +5,7 @@
 #include "reports/reports.h"
 #include "tests/recorder/fake_surroundings.h"
 #include "tests/recorder/raised.h"
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -96,7 +96,7 @@ TEST(NestedCallsTest, OfReportsOfOtherDatabasesLeaveTheOuterStatementInItsDialec
   EXPECT_EQ(Media(tbOracle).Run([] { Media(tbSQLite).RunAlone(); }), kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] { EXPECT_EQ(Operators(tbSQLServer, false).number, 0); }), kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] {
-    CaixaStage modules(DatabaseOf(tbMySQL));
+    CaixaScenario modules(DatabaseOf(tbMySQL));
     modules.Run(&CCaixaRpt::ModulosVencidos, Parameters());
   }),
             kOnOracle);
@@ -115,7 +115,7 @@ TEST(NestedCallsTest, ThatFailLeaveTheOuterStatementInItsDialect) {
   }),
             kOnOracle);
   EXPECT_EQ(Media(tbOracle).Run([] {
-    CaixaStage modules(DatabaseOf(tbOther4));
+    CaixaScenario modules(DatabaseOf(tbOther4));
     EXPECT_EQ(modules.RunRaising(&CCaixaRpt::ModulosVencidos, Parameters()),
               Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
   }),
@@ -132,7 +132,7 @@ TEST(NestedCallsTest, TwoDeepKeepEachStatementInItsDialect) {
 TEST(NestedCallsTest, OfALogListenerLeaveTheOuterStatementInItsDialect) {
   std::vector<std::string> heard;
   EXPECT_EQ(Media(tbOracle).Run([&] {
-    CaixaStage modules;
+    CaixaScenario modules;
     modules.report.OnDebugLog([&](const std::wstring& line) {
       heard.push_back(recorder::Utf8(line));
       Media(tbSQLite).RunAlone();
@@ -144,34 +144,34 @@ TEST(NestedCallsTest, OfALogListenerLeaveTheOuterStatementInItsDialect) {
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsDatabaseCodeToTheOuterOne) {
-  CaixaStage stage;
-  stage.report.OnDebugLog([&](const std::wstring&) {
-    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
-    EXPECT_NE(RunModule(stage.report, &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get()), nullptr);
+  CaixaScenario scenario;
+  scenario.report.OnDebugLog([&](const std::wstring&) {
+    scenario.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
+    EXPECT_NE(RunModule(scenario.report, &CCaixaRpt::EtiquetaDivisoria, CaixaScenario::Own({}).get()), nullptr);
   });
-  const std::string calls = stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
+  const std::string calls = scenario.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}});
   EXPECT_NE(calls.find(".Get(TipoBanco) -> 7\n"), std::string::npos) << calls;
   EXPECT_NE(calls.find(".Call(NumCxSubordinadaSQL, ByRef 2, \"s\") -> \"s.COD7\"\n"), std::string::npos) << calls;
 }
 
 TEST(NestedCallsTest, OfTheSameModuleReportLeaveItsStatementInItsDialect) {
-  CaixaStage alone;
+  CaixaScenario alone;
   alone.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  CaixaStage stage;
+  CaixaScenario scenario;
   BusyParameters parameters({{L"CodDepto", L""}, {L"ModoPregresso", false}}, [&] {
-    stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
-    EXPECT_NE(RunModule(stage.report, &CCaixaRpt::ModulosVencidos, CaixaStage::Own({}).get()), nullptr);
-    stage.around.journal.Forget();
+    scenario.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbSQLite}}});
+    EXPECT_NE(RunModule(scenario.report, &CCaixaRpt::ModulosVencidos, CaixaScenario::Own({}).get()), nullptr);
+    scenario.around.journal.Forget();
   });
-  EXPECT_NE(RunModule(stage.report, &CCaixaRpt::ModulosVencidos, &parameters), nullptr);
-  EXPECT_EQ(OpenedBy(stage.around), OpenedBy(alone.around));
+  EXPECT_NE(RunModule(scenario.report, &CCaixaRpt::ModulosVencidos, &parameters), nullptr);
+  EXPECT_EQ(OpenedBy(scenario.around), OpenedBy(alone.around));
 }
 
 TEST(NestedCallsTest, OfAListenerToAFailureLeaveTheErrorOfTheFailedCall) {
-  CaixaStage stage;
-  stage.AnswerSubordinates(stage.NewSubordinates(0));
-  stage.report.OnDebugLog([](const std::wstring&) { Media(tbSQLite).RunAlone(); });
-  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+  CaixaScenario scenario;
+  scenario.AnswerSubordinates(scenario.NewSubordinates(0));
+  scenario.report.OnDebugLog([](const std::wstring&) { Media(tbSQLite).RunAlone(); });
+  EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
             Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                      "Não há módulos subordinados fechados associados ao módulo AB001"));
 }

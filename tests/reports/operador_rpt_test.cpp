@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -152,13 +152,13 @@ std::string AnaAndBeto(const Database& database) {
 
 TEST(COperadorRptTest, CopiesTheOperatorsToARecordsetOfItsOwnOnEveryDatabase) {
   for (const Database& database : Databases())
-    EXPECT_EQ(Scene(Report(), database, Having({kAna, kBeto})).Run(), AnaAndBeto(database));
+    EXPECT_EQ(Scenario(Report(), database, Having({kAna, kBeto})).Run(), AnaAndBeto(database));
 }
 
 TEST(COperadorRptTest, IsOnTheFirstOperator) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kAna, kBeto}));
-  scene.Prepare();
-  const frame::ReportRows rows = scene.Call();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({kAna, kBeto}));
+  scenario.Prepare();
+  const frame::ReportRows rows = scenario.Call();
   ASSERT_NE(rows, nullptr);
   EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
   EXPECT_EQ(rows->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
@@ -170,19 +170,19 @@ TEST(COperadorRptTest, IsOnTheFirstOperator) {
 
 TEST(COperadorRptTest, ReturnsNothingWithoutOperators) {
   for (const Database& database : Databases()) {
-    Scene scene(Report(), database, Having({}));
-    scene.hasRows = false;
+    Scenario scenario(Report(), database, Having({}));
+    scenario.hasRows = false;
     CallLines lines = FirstLines(database);
     Append(lines, {"Recordset1.Eof() -> True", "Recordset1.Close()", "~Recordset1"});
-    EXPECT_EQ(scene.Run(), All({lines}));
+    EXPECT_EQ(scenario.Run(), All({lines}));
   }
 }
 
 TEST(COperadorRptTest, LeavesOutDeletedOperatorsAndThoseWithoutDepartmentOrGroup) {
-  Scene scene(Report(), DatabaseOf(tbSQLite), Having({kAna}));
-  scene.Run();
+  Scenario scenario(Report(), DatabaseOf(tbSQLite), Having({kAna}));
+  scenario.Run();
   EXPECT_NE(
-      scene.around.journal.Calls().find(
+      scenario.around.journal.Calls().find(
           "\"SELECT o.DESCR_OPERADOR, o.NOME_COMPLETO, o.TIPO, d.DESCR_DEPTO, o.CHAPA, o.RAMAL, o.IDC_ATIVO AS ATIVO, "
           "gp.DESCR_GRPOP AS DESCR_GRUPO_OP FROM OPERADOR o INNER JOIN DEPTO d ON o.COD_DEPTO = d.COD_DEPTO "
           "INNER JOIN GRUPOS_OPERADORES gp ON o.COD_GRPOP = gp.COD_GRPOP "
@@ -197,7 +197,7 @@ TEST(COperadorRptTest, AsksForTheNumberThatTheTypeBeginsWith) {
   };
   for (const auto& [stored, asked] : kTypes) {
     const std::string calls =
-        Scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(2, stored)}, L"Descrição")).Run();
+        Scenario(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(2, stored)}, L"Descrição")).Run();
     EXPECT_NE(calls.find("\nObject2.Call(ObtemDescricao, " + asked + ") -> \"Descrição\"\n"), std::string::npos)
         << calls;
   }
@@ -214,20 +214,20 @@ TEST(COperadorRptTest, PassesTheTypeAsADouble) {
       return L"Arquivista";
     }
   };
-  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     Having({kAna})(around);
     around.RegisterMaker(L"KodraBsnV3.ObtedorDeTiposOperadores", L"Tipos",
                          [](const std::wstring&) { return std::make_shared<Types>(); });
   });
-  scene.Run();
+  scenario.Run();
 }
 
 TEST(COperadorRptTest, TakesTextsOfTheFullSizeOfAField) {
   const std::wstring full(255, L'x');
   for (const std::size_t column : {0, 1, 3, 4, 5, 7}) {
-    Scene scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, full)}));
-    scene.Prepare();
-    const frame::ReportRows rows = scene.Call();
+    Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, full)}));
+    scenario.Prepare();
+    const frame::ReportRows rows = scenario.Call();
     ASSERT_NE(rows, nullptr);
     EXPECT_EQ(rows->FieldByName(kColumns[column])->Get(), Value(full));
   }
@@ -248,9 +248,9 @@ TEST(COperadorRptTest, WritesANumberOfAnyAutomationTypeWithItsDigits) {
   };
   for (const auto& [stored, written] : cases) {
     for (const std::size_t column : {0, 1, 3, 4, 5, 7}) {
-      Scene scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, stored)}));
-      scene.Prepare();
-      const frame::ReportRows rows = scene.Call();
+      Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, stored)}));
+      scenario.Prepare();
+      const frame::ReportRows rows = scenario.Call();
       ASSERT_NE(rows, nullptr);
       EXPECT_EQ(rows->FieldByName(kColumns[column])->Get(), Value(written));
     }
@@ -261,18 +261,18 @@ TEST(COperadorRptTest, FailsWhileFillingForATextLongerThanItsField) {
   const std::wstring tooLong(256, L'x');
   const Raised expected = FailedStep(kFilling, "A operação em várias etapas gerou erros");
   for (const std::size_t column : {0, 1, 3, 4, 5, 7})
-    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, tooLong)})).RunRaising(), expected)
+    EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(column, tooLong)})).RunRaising(), expected)
         << column;
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kAna}, tooLong)).RunRaising(), expected);
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kAna}, tooLong)).RunRaising(), expected);
 }
 
 TEST(COperadorRptTest, RefusesATypeWithoutDescription) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kAna}, Null{})).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kAna}, Null{})).RunRaising(),
             FailedStep(kFilling, "Uso de 'Null' inválido"));
 }
 
 TEST(COperadorRptTest, RefusesATypeNumberThatNoDoubleHolds) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(2, L"1e999")})).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({AnaWith(2, L"1e999")})).RunRaising(),
             FailedStep(kFilling, "Estouro"));
 }
 
@@ -281,35 +281,36 @@ TEST(COperadorRptTest, NamesNoStepForAFailureBeforeTheDatabase) {
 }
 
 TEST(COperadorRptTest, NamesTheDatabaseForAFailureThere) {
-  Scene scene(Report(), DatabaseOf(tbOracle), Having({kAna}));
-  scene.Prepare();
-  scene.around.ado.nativeErrors = {942};
-  scene.around.journal.FailOn(L"Recordset1.Open",
-                              Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
-  EXPECT_EQ(RaisedBy([&] { scene.Call(); }), FailedStep(kReading, "[OraOLEDB]: A tabela ou view não existe [N:942]"));
+  Scenario scenario(Report(), DatabaseOf(tbOracle), Having({kAna}));
+  scenario.Prepare();
+  scenario.around.ado.nativeErrors = {942};
+  scenario.around.journal.FailOn(L"Recordset1.Open",
+                                 Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela ou view não existe")));
+  EXPECT_EQ(RaisedBy([&] { scenario.Call(); }),
+            FailedStep(kReading, "[OraOLEDB]: A tabela ou view não existe [N:942]"));
 }
 
 TEST(COperadorRptTest, NamesTheDatabaseForAMissingFile) {
-  Scene scene(Report(), DatabaseOf(tbSQLite), Having({kAna}));
-  scene.Prepare();
-  scene.around.files.clear();
-  EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
+  Scenario scenario(Report(), DatabaseOf(tbSQLite), Having({kAna}));
+  scenario.Prepare();
+  scenario.around.files.clear();
+  EXPECT_EQ(RaisedBy([&] { scenario.Call(); }),
             FailedStep(kReading,
                        R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
 
 TEST(COperadorRptTest, NamesTheDatabaseForAMissingColumn) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.ado.results = {Rows{{L"DESCR_OPERADOR"}, {}}};
   });
-  EXPECT_EQ(scene.RunRaising(), FailedStep(kReading, "O item não foi encontrado na coleção"));
+  EXPECT_EQ(scenario.RunRaising(), FailedStep(kReading, "O item não foi encontrado na coleção"));
 }
 
 TEST(COperadorRptTest, NamesTheFillingForAMissingSibling) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.ado.results = {Rows{kColumns, {kAna}}};
   });
-  EXPECT_EQ(scene.RunRaising(), FailedStep(kFilling, "O componente ActiveX não pode criar o objeto"));
+  EXPECT_EQ(scenario.RunRaising(), FailedStep(kFilling, "O componente ActiveX não pode criar o objeto"));
 }
 
 // The step of a call, by the calls that had passed.
@@ -321,11 +322,11 @@ std::string StepOf(const FailedCall& failed) {
 }
 
 TEST(COperadorRptTest, WorksAgainAfterTheFailureOfAnyCall) {
-  const Outcome outcome = [](const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-    return IsIgnored(failed.call) ? recorder::Raised() : FailedStep(StepOf(failed), Caught(scene, failed, mishap));
+  const Outcome outcome = [](const Scenario& scenario, const FailedCall& failed, const InjectedFailure& injected) {
+    return IsIgnored(failed.call) ? recorder::Raised() : FailedStep(StepOf(failed), Caught(scenario, failed, injected));
   };
   CheckFailures(Report(), kEveryCode, Having({kAna, kBeto}), outcome);
-  Scene empty(Report(), DatabaseOf(tbSQLServer), Having({}));
+  Scenario empty(Report(), DatabaseOf(tbSQLServer), Having({}));
   empty.hasRows = false;
   CheckEachCallFailing(empty, outcome);
 }

@@ -48,7 +48,7 @@ TEST(DecimalNumbers, RoundDecimalsThatDoNotFitToTheEvenNeighbour) {
                  {L"7922816251426433759354395033.56", L"7922816251426433759354395034"}});
 }
 
-TEST(DecimalNumbers, AreNotReadFromNumbersThatDoNotFit) {
+TEST(DecimalNumbers, AreNotReadFromOtherTexts) {
   for (const wchar_t* text : {L"", L"-", L".", L"1,5", L"1e3", L"+1", L" 1", L"1.2.3", L"abc",
                               L"79228162514264337593543950336", L"79228162514264337593543950335.5"})
     EXPECT_EQ(ReadAndWritten(text), L"none") << testing::PrintToString(text);

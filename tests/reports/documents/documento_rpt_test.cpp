@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -155,17 +155,18 @@ TEST_P(CDocumentoRptTest, FiltersADepartmentOfOneBlank) {
 }
 
 TEST_P(CDocumentoRptTest, DoesNotEscapeAQuoteInTheDepartment) {
-  Scene scene(Report(GetParam(), kNoDate, kNoDate, L"O'X"), DatabaseOf(tbSQLServer));
-  EXPECT_EQ(scene.Run(), ListingCalls(DatabaseOf(tbSQLServer), Statement(GetParam(), " AND d.COD_DEPTO = 'O'X'"),
-                                      Reads("", "0", "O'X")));
-  scene.Prepare();
-  scene.around.ado.nativeErrors = {105};
-  scene.around.journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217900, L"SQLNCLI11", L"Aspas não fechadas")));
-  EXPECT_EQ(RaisedBy([&] { scene.Call(); }), Framed(scene.Tested().name, "[SQLNCLI11]: Aspas não fechadas [N:105]"));
+  Scenario scenario(Report(GetParam(), kNoDate, kNoDate, L"O'X"), DatabaseOf(tbSQLServer));
+  EXPECT_EQ(scenario.Run(), ListingCalls(DatabaseOf(tbSQLServer), Statement(GetParam(), " AND d.COD_DEPTO = 'O'X'"),
+                                         Reads("", "0", "O'X")));
+  scenario.Prepare();
+  scenario.around.ado.nativeErrors = {105};
+  scenario.around.journal.FailOn(L"Recordset1.Open", Failure(Erro(-2147217900, L"SQLNCLI11", L"Aspas não fechadas")));
+  EXPECT_EQ(RaisedBy([&] { scenario.Call(); }),
+            Framed(scenario.Tested().name, "[SQLNCLI11]: Aspas não fechadas [N:105]"));
 }
 
 TEST_P(CDocumentoRptTest, ListsEverythingForANewParameterObject) {
-  EXPECT_EQ(Scene(Report(GetParam(), kNoDate, kNoDate, L""), DatabaseOf(tbSQLServer)).RunWithOwn({}),
+  EXPECT_EQ(Scenario(Report(GetParam(), kNoDate, kNoDate, L""), DatabaseOf(tbSQLServer)).RunWithOwn({}),
             ListingCalls(DatabaseOf(tbSQLServer), Statement(GetParam(), "")));
 }
 

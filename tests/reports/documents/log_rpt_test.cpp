@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -168,14 +168,14 @@ const std::vector<Answers> kTwoEvents = {
 
 // A field of the only row that the report makes of an event.
 Value FieldOf(const std::wstring& field, const Answers& changes) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event(changes)}));
-  scene.Prepare();
-  return scene.Call()->FieldByName(field)->Get();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event(changes)}));
+  scenario.Prepare();
+  return scenario.Call()->FieldByName(field)->Get();
 }
 
 TEST(CLogRptTest, CopiesWhatTheEventLogFindsOnEveryDatabase) {
   for (const Database& database : Databases())
-    EXPECT_EQ(Scene(Report(), database, Finding(kTwoEvents)).Run(), TwoEvents(database));
+    EXPECT_EQ(Scenario(Report(), database, Finding(kTwoEvents)).Run(), TwoEvents(database));
 }
 
 // A collection of one event that is read through the component's reader and its filter, so that it needs both.
@@ -214,20 +214,20 @@ class Reader final : public AutomationObject, public std::enable_shared_from_thi
 };
 
 TEST(CLogRptTest, CopiesEventsThatAreReadThroughTheFilterAndTheReader) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), [](FakeSurroundings& around) {
     around.Register(L"KodraRegEvt.RegEvtFind", {});
     around.RegisterMaker(L"KodraRegEvt.RegEvtDAO", L"Leitor", [&around](const std::wstring&) {
       return std::make_shared<Reader>(around.NewObject(L"Evento", Event()));
     });
   });
-  scene.Prepare();
-  EXPECT_EQ(scene.Call()->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
+  scenario.Prepare();
+  EXPECT_EQ(scenario.Call()->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
 }
 
 TEST(CLogRptTest, IsOnTheFirstEvent) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
-  scene.Prepare();
-  const frame::ReportRows rows = scene.Call();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
+  scenario.Prepare();
+  const frame::ReportRows rows = scenario.Call();
   ASSERT_NE(rows, nullptr);
   EXPECT_EQ(rows->FieldByName(L"DESCR_OPERADOR")->Get(), Value(L"ANA"));
   rows->MoveNext();
@@ -239,16 +239,16 @@ TEST(CLogRptTest, IsOnTheFirstEvent) {
 TEST(CLogRptTest, ReturnsNothingWithoutACollection) {
   const std::pair<Value, std::string> kAnswers[] = {{ObjectRef{}, "Nothing"}, {Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kAnswers) {
-    Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(answer));
-    scene.hasRows = false;
+    Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(answer));
+    scenario.hasRows = false;
     CallLines lines = FindingLines(DatabaseOf(tbSQLServer), shown);
     Append(lines, kReleaseLines);
-    EXPECT_EQ(scene.Run(), All({lines}));
+    EXPECT_EQ(scenario.Run(), All({lines}));
   }
 }
 
 TEST(CLogRptTest, RefusesACollectionThatIsNotAnObject) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Finding(Value(L"nada"))).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Finding(Value(L"nada"))).RunRaising(),
             Framed(kName, "O objeto é obrigatório"));
 }
 
@@ -258,20 +258,20 @@ TEST(CLogRptTest, RefusesEventsThatAreNotObjects) {
       Finding(around.NewObject(L"Eventos", {{L"Count", {1}}, {L"Item", {item}}}))(around);
     };
   };
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), collectionOf(5)).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), collectionOf(5)).RunRaising(),
             Framed(kName, "O objeto é obrigatório"));
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), collectionOf(ObjectRef{})).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), collectionOf(ObjectRef{})).RunRaising(),
             Framed(kName, "A variável do objeto ou a variável do bloco 'With' não foi definida"));
 }
 
 TEST(CLogRptTest, FailsOnTheFirstRowOfAnEmptyCollection) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector<Answers>{}));
-  EXPECT_EQ(scene.RunRaising(), Framed(kName, kNoRow));
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(std::vector<Answers>{}));
+  EXPECT_EQ(scenario.RunRaising(), Framed(kName, kNoRow));
   CallLines lines = FindingLines(DatabaseOf(tbSQLServer), "Eventos");
   Append(lines, OutputLines());
   Append(lines, {"Eventos.Get(Count) -> 0", "Recordset1.MoveFirst() raises", "~Recordset1"});
   Append(lines, kReleaseLines);
-  EXPECT_EQ(scene.around.journal.Calls(), All({lines}));
+  EXPECT_EQ(scenario.around.journal.Calls(), All({lines}));
 }
 
 struct Kind {
@@ -282,7 +282,7 @@ struct Kind {
 class CLogRptKindTest : public testing::TestWithParam<Kind> {};
 
 TEST_P(CLogRptKindTest, SeeksTheFirstThreeCharactersOfTheEventInUpperCase) {
-  const std::string calls = Scene(Report(GetParam().given), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).Run();
+  const std::string calls = Scenario(Report(GetParam().given), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).Run();
   EXPECT_NE(calls.find("\nObject2.Let(Tipo_Evento, \"" + Utf8(GetParam().sought) + "\")\n"), std::string::npos)
       << calls;
 }
@@ -293,7 +293,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, CLogRptKindTest,
                                          Kind{L" ex", L" EX"}));
 
 TEST(CLogRptTest, PassesAnEmptyFilterForANewParameterObject) {
-  const std::string calls = Scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).RunWithOwn({});
+  const std::string calls = Scenario(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents)).RunWithOwn({});
   const std::string filter = All({{
       R"(CreateObject("KodraRegEvt.RegEvtFind") -> Object2)",
       R"(Object2.Let(Acao, ""))",
@@ -350,9 +350,9 @@ class CLogRptActionTest : public testing::TestWithParam<Length> {};
 
 TEST_P(CLogRptActionTest, CutsTheActionIntoFieldsOf250Characters) {
   const auto& [characters, fields, inLast] = GetParam();
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Action(characters)}}})}));
-  scene.Prepare();
-  const frame::ReportRows rows = scene.Call();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Action(characters)}}})}));
+  scenario.Prepare();
+  const frame::ReportRows rows = scenario.Call();
   for (std::size_t number = 1; number <= 32; ++number) {
     Value expected;  // as the new row has it
     if (number <= fields)
@@ -366,20 +366,21 @@ INSTANTIATE_TEST_SUITE_P(Lengths, CLogRptActionTest,
                                          Length{500, 2, 250}, Length{7751, 32, 1}, Length{8000, 32, 250}));
 
 TEST(CLogRptTest, FailsForAnActionLongerThanAllItsFields) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Action(8001)}}})}));
-  EXPECT_EQ(scene.RunRaising(), Framed(kName, kNoField));
-  const std::string calls = scene.around.journal.Calls();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Action(8001)}}})}));
+  EXPECT_EQ(scenario.RunRaising(), Framed(kName, kNoField));
+  const std::string calls = scenario.around.journal.Calls();
   EXPECT_TRUE(calls.ends_with("\nRecordset1.FieldByName(\"ACAO33\") raises\n~Recordset1\n~Object3\n~Object2\n"))
       << calls;
 }
 
 TEST(CLogRptTest, RefusesANullAction) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Null{}}}})})).RunRaising(),
-            Framed(kName, "Uso de 'Null' inválido"));
+  EXPECT_EQ(
+      Scenario(Report(), DatabaseOf(tbSQLServer), Finding(std::vector{Event({{L"Acao", {Null{}}}})})).RunRaising(),
+      Framed(kName, "Uso de 'Null' inválido"));
 }
 
 TEST(CLogRptTest, NeedsTheEventLogComponent) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer)).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer)).RunRaising(),
             Framed(kName, "O componente ActiveX não pode criar o objeto"));
 }
 
@@ -390,9 +391,9 @@ TEST(CLogRptTest, NamesThePropertyThatAnotherObjectDoesNotHave) {
 }
 
 TEST(CLogRptTest, WorksAgainAfterTheFailureOfAnyCall) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
-  CheckEachCallFailing(scene, FramedOutcome);
-  Scene nothing(Report(), DatabaseOf(tbSQLite), Finding(Value(ObjectRef{})));
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Finding(kTwoEvents));
+  CheckEachCallFailing(scenario, FramedOutcome);
+  Scenario nothing(Report(), DatabaseOf(tbSQLite), Finding(Value(ObjectRef{})));
   nothing.hasRows = false;
   CheckEachCallFailing(nothing, FramedOutcome);
 }

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "reports/reports.h"
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -65,7 +65,7 @@ TEST(WithdrawnOriginalsTest, AreRefusedOnADatabaseWithoutDialectBeforeItConnects
 }
 
 TEST(WithdrawnOriginalsTest, CoverAllRequestsWhateverTheRequestCodes) {
-  EXPECT_EQ(Scene(Report(false), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodSolicit", L"77"}}),
+  EXPECT_EQ(Scenario(Report(false), DatabaseOf(tbSQLServer)).RunWithOwn({{L"CodSolicit", L"77"}}),
             ListingCalls(DatabaseOf(tbSQLServer), OutOnly(kOnSQLServer)));
 }
 
@@ -77,8 +77,8 @@ TEST(WithdrawnOriginalsTest, AreListedWithReturnedOnesForAnyFlagButZero) {
 }
 
 TEST(WithdrawnOriginalsTest, RefuseAFlagThatIsNone) {
-  EXPECT_EQ(Scene(Report(L"talvez"), DatabaseOf(tbSQLServer)).RunRaising(), Framed(kName, "Tipos incompatíveis"));
-  EXPECT_EQ(Scene(Report(Null{}), DatabaseOf(tbSQLServer)).RunRaising(), Framed(kName, "Uso de 'Null' inválido"));
+  EXPECT_EQ(Scenario(Report(L"talvez"), DatabaseOf(tbSQLServer)).RunRaising(), Framed(kName, "Tipos incompatíveis"));
+  EXPECT_EQ(Scenario(Report(Null{}), DatabaseOf(tbSQLServer)).RunRaising(), Framed(kName, "Uso de 'Null' inválido"));
 }
 
 TEST(WithdrawnOriginalsTest, NameThePropertyThatAnotherObjectDoesNotHave) { CheckPropertiesNeeded(Report(false)); }

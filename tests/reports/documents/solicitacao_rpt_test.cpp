@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -152,9 +152,9 @@ std::string ContractAndInvoice(const Database& database) {
 }
 
 // The slip of that call: its rows, each with all columns.
-std::vector<std::vector<std::string>> SlipOf(Scene& scene) {
-  scene.Prepare();
-  const frame::ReportRows rows = scene.Call();
+std::vector<std::vector<std::string>> SlipOf(Scenario& scenario) {
+  scenario.Prepare();
+  const frame::ReportRows rows = scenario.Call();
   std::vector<std::vector<std::string>> slip;
   for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
     slip.emplace_back();
@@ -168,13 +168,13 @@ using Slip = std::vector<std::vector<std::string>>;
 
 TEST(WithdrawalSlipTest, HasOneLinePerDocumentAndOneRequestOnEveryDatabase) {
   for (const Database& database : Databases())
-    EXPECT_EQ(Scene(Report(), database, Having({kContract, kInvoice})).Run(), ContractAndInvoice(database));
+    EXPECT_EQ(Scenario(Report(), database, Having({kContract, kInvoice})).Run(), ContractAndInvoice(database));
 }
 
 TEST(WithdrawalSlipTest, IsOnItsLastRow) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
-  scene.Prepare();
-  const frame::ReportRows rows = scene.Call();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
+  scenario.Prepare();
+  const frame::ReportRows rows = scenario.Call();
   ASSERT_NE(rows, nullptr);
   EXPECT_EQ(rows->FieldByName(L"DOCUMENTOS")->Get(), Value(L"* D0002, no módulo de guarda AB002"));
   rows->MoveNext();
@@ -189,36 +189,36 @@ std::string SecondStatement(const std::string& calls) {
 }
 
 TEST(WithdrawalSlipTest, UsesTheSingularForOneDocument) {
-  Scene scene(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract}));
-  EXPECT_EQ(SecondStatement(scene.Run()), RequestOf("77", OneDocument("30/03/2024")));
+  Scenario scenario(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract}));
+  EXPECT_EQ(SecondStatement(scenario.Run()), RequestOf("77", OneDocument("30/03/2024")));
 }
 
 TEST(WithdrawalSlipTest, UsesThePluralForSeveralDocuments) {
-  Scene two(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
+  Scenario two(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}));
   EXPECT_EQ(SecondStatement(two.Run()), RequestOf("77", SeveralDocuments("31/03/2024")));
-  Scene three(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice, kContract}));
+  Scenario three(Report(L"77"), DatabaseOf(tbSQLServer), Having({kContract, kInvoice, kContract}));
   EXPECT_EQ(SecondStatement(three.Run()), RequestOf("77", SeveralDocuments("31/03/2024")));
 }
 
 TEST(WithdrawalSlipTest, NamesTheReturnDateOfTheLastDocument) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer),
-              Having({kContract, kInvoice}, {kRequest}, {k31March2024, Date{k30March2024.days + 0.75}}));
-  EXPECT_EQ(SecondStatement(scene.Run()), RequestOf("77,78", SeveralDocuments("30/03/2024")));
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer),
+                    Having({kContract, kInvoice}, {kRequest}, {k31March2024, Date{k30March2024.days + 0.75}}));
+  EXPECT_EQ(SecondStatement(scenario.Run()), RequestOf("77,78", SeveralDocuments("30/03/2024")));
 }
 
 TEST(WithdrawalSlipTest, AsksForTheDateOfAnEmptyTextWhereNoneIsPlanned) {
   Document document = kContract;
   document[2] = Null{};
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({document}, {kRequest}, {Date{0}}));
-  const std::string calls = scene.Run();
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({document}, {kRequest}, {Date{0}}));
+  const std::string calls = scenario.Run();
   EXPECT_NE(calls.find("\nObject2.Call(ToDate, \"\") -> Date(0)\n"), std::string::npos) << calls;
   EXPECT_EQ(SecondStatement(calls), RequestOf("77,78", OneDocument("30/12/1899")));
 }
 
 TEST(WithdrawalSlipTest, InsertsTheRequestCodesUnchanged) {
   for (const wchar_t* codes : {L"77", L" 77 , 78 ", L"'77'", L""}) {
-    Scene scene(Report(codes), DatabaseOf(tbSQLServer), Having({kContract}));
-    const std::string calls = scene.Run();
+    Scenario scenario(Report(codes), DatabaseOf(tbSQLServer), Having({kContract}));
+    const std::string calls = scenario.Run();
     EXPECT_NE(calls.find("Recordset1.Open(\"" + DocumentsOf(Utf8(codes)) + "\", Connection1, 0, 1, 1)\n"),
               std::string::npos)
         << calls;
@@ -228,48 +228,49 @@ TEST(WithdrawalSlipTest, InsertsTheRequestCodesUnchanged) {
 
 TEST(WithdrawalSlipTest, ListsTheDocumentsOfSeveralRequestsUnderTheFirstOne) {
   const Request other = {L"Beto", L"Não volta.", L"Sem pressa"};
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}, {kRequest, other}));
-  EXPECT_EQ(SlipOf(scene),
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract, kInvoice}, {kRequest, other}));
+  EXPECT_EQ(SlipOf(scenario),
             (Slip{{"Ana Lúcia", "* D0001, no módulo de guarda AB001 (fileira 1, estante 2, prateleira 3)",
                    "Volta em breve.", "Urgente"},
                   {"Ana Lúcia", "* D0002, no módulo de guarda AB002", "Volta em breve.", "Urgente"}}));
 }
 
 TEST(WithdrawalSlipTest, LeavesTheSentenceOfAnotherReturnModeEmpty) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{L"Ana", Null{}, L"Urgente"}}));
-  EXPECT_EQ(SlipOf(scene), (Slip{{"Ana", "* D0002, no módulo de guarda AB002", "", "Urgente"}}));
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{L"Ana", Null{}, L"Urgente"}}));
+  EXPECT_EQ(SlipOf(scenario), (Slip{{"Ana", "* D0002, no módulo de guarda AB002", "", "Urgente"}}));
 }
 
 TEST(WithdrawalSlipTest, PrintsADashForAnEmptyRemark) {
   for (const Value& remark : {Value(Null{}), Value(L"")}) {
-    Scene scene(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{Null{}, L"Volta.", remark}}));
-    EXPECT_EQ(SlipOf(scene), (Slip{{"", "* D0002, no módulo de guarda AB002", "Volta.", "-"}}));
+    Scenario scenario(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{Null{}, L"Volta.", remark}}));
+    EXPECT_EQ(SlipOf(scenario), (Slip{{"", "* D0002, no módulo de guarda AB002", "Volta.", "-"}}));
   }
-  Scene blank(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{L"Ana", L"Volta.", L" "}}));
+  Scenario blank(Report(), DatabaseOf(tbSQLServer), Having({kInvoice}, {{L"Ana", L"Volta.", L" "}}));
   EXPECT_EQ(SlipOf(blank), (Slip{{"Ana", "* D0002, no módulo de guarda AB002", "Volta.", " "}}));
 }
 
 TEST(WithdrawalSlipTest, NamesAShelfAloneAndCoordinatesThatAreNumbers) {
-  Scene scene(Report(), DatabaseOf(tbSQLServer),
-              Having({{1, 2, k30March2024, Null{}, L"", L"3"}, {L"D2", L"AB", k30March2024, 0, 1.5, Null{}}}));
+  Scenario scenario(Report(), DatabaseOf(tbSQLServer),
+                    Having({{1, 2, k30March2024, Null{}, L"", L"3"}, {L"D2", L"AB", k30March2024, 0, 1.5, Null{}}}));
   EXPECT_EQ(
-      SlipOf(scene),
+      SlipOf(scenario),
       (Slip{{"Ana Lúcia", "* 1, no módulo de guarda 2 (prateleira 3)", "Volta em breve.", "Urgente"},
             {"Ana Lúcia", "* D2, no módulo de guarda AB (fileira 0, estante 1,5)", "Volta em breve.", "Urgente"}}));
 }
 
 TEST(WithdrawalSlipTest, FailsWithoutDocumentsBeforeItAsksForTheRequest) {
   for (const Database& database : Databases()) {
-    Scene scene(Report(), database, Having({}));
-    EXPECT_EQ(scene.RunRaising(), Framed(kName, "A variável do objeto ou a variável do bloco 'With' não foi definida"));
+    Scenario scenario(Report(), database, Having({}));
+    EXPECT_EQ(scenario.RunRaising(),
+              Framed(kName, "A variável do objeto ou a variável do bloco 'With' não foi definida"));
     CallLines lines = FirstLines(database);
     Append(lines, {"Recordset1.Eof() -> True", "Recordset1.Close()", "~Recordset1", "~Object2"});
-    EXPECT_EQ(scene.around.journal.Calls(), All({lines}));
+    EXPECT_EQ(scenario.around.journal.Calls(), All({lines}));
   }
 }
 
 TEST(WithdrawalSlipTest, FailsWithoutARequest) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {})).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {})).RunRaising(),
             Framed(kName, "BOF ou EOF é verdadeiro"));
 }
 
@@ -278,23 +279,23 @@ TEST(WithdrawalSlipTest, RefusesATextLongerThanItsField) {
   for (const auto& [column, size] : kSizes) {
     Request request = kRequest;
     request[column] = std::wstring(size, L'x');
-    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
+    EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
               recorder::Raised());
     request[column] = std::wstring(size + 1, L'x');
-    EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
+    EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {request})).RunRaising(),
               Framed(kName, "A operação em várias etapas gerou erros"));
   }
 }
 
 TEST(WithdrawalSlipTest, RefusesWhatIsNoDate) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {kRequest}, {L"amanhã"})).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {kRequest}, {L"amanhã"})).RunRaising(),
             Framed(kName, "Tipos incompatíveis"));
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {kRequest}, {Null{}})).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer), Having({kContract}, {kRequest}, {Null{}})).RunRaising(),
             Framed(kName, "Uso de 'Null' inválido"));
 }
 
 TEST(WithdrawalSlipTest, NeedsTheConversionsOfTheSibling) {
-  EXPECT_EQ(Scene(Report(), DatabaseOf(tbSQLServer)).RunRaising(),
+  EXPECT_EQ(Scenario(Report(), DatabaseOf(tbSQLServer)).RunRaising(),
             Framed(kName, "O componente ActiveX não pode criar o objeto"));
 }
 

@@ -1,7 +1,7 @@
 // The header and the documents of one module.
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -72,23 +72,23 @@ TEST(DocsNoModuloTest, TakesACodeOfAnyOtherLengthForASubordinate) {
 }
 
 TEST(DocsNoModuloTest, ReadsTheModuleThenTheDepartment) {
-  CaixaStage stage(DatabaseOf(tbOracle), Path::kClientConnection);
-  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModulo, stage.Foreign({{L"Modulo1", L"AB00107"}})),
-            All({stage.InitialLines(),
+  CaixaScenario scenario(DatabaseOf(tbOracle), Path::kClientConnection);
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::DocsNoModulo, scenario.Foreign({{L"Modulo1", L"AB00107"}})),
+            All({scenario.InitialLines(),
                  {R"(Parametros.Get(Modulo1) -> "AB00107")"},
-                 stage.SubordinateCodeLines(2),
+                 scenario.SubordinateCodeLines(2),
                  {R"(Parametros.Get(CodDepto) -> "")"},
-                 CaixaStage::StaticLines(),
-                 stage.StaticOpenLines(Replaced(kHeaderOfSubordinate, "{NVL}", "NVL")),
+                 CaixaScenario::StaticLines(),
+                 scenario.StaticOpenLines(Replaced(kHeaderOfSubordinate, "{NVL}", "NVL")),
                  {"~Recordset1"}}));
 }
 
 TEST(DocsNoModuloTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
-  CaixaStage stage(DatabaseOf(tbOther4));
-  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}}),
+  CaixaScenario scenario(DatabaseOf(tbOther4));
+  EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}}),
             Reported("TradutorSQL.SQLNVL", "Não há entrada para o banco tipo 4"));
-  EXPECT_EQ(stage.heard, CallLines{"KodraRpt.CCaixaRpt::DocsNoModulo: ----> saindo com o erro -2147221503 em "
-                                   "TradutorSQL.SQLNVL: Não há entrada para o banco tipo 4"});
+  EXPECT_EQ(scenario.heard, CallLines{"KodraRpt.CCaixaRpt::DocsNoModulo: ----> saindo com o erro -2147221503 em "
+                                      "TradutorSQL.SQLNVL: Não há entrada para o banco tipo 4"});
 }
 
 // The documents of a module, for a layout within another.
@@ -99,24 +99,24 @@ TEST(DocsNoModuloSubRptTest, OpensTheDocumentsWithoutAnyInitialisation) {
   for (const Database& database : Databases())
     for (const Path path : kPaths)
       for (const wchar_t* code : {L"AB001", L"AB00107"}) {
-        CaixaStage stage(database, path);
-        EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", code}}),
-                  All({stage.ResultLines(kDocuments)}));
+        CaixaScenario scenario(database, path);
+        EXPECT_EQ(scenario.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", code}}),
+                  All({scenario.ResultLines(kDocuments)}));
       }
 }
 
 TEST(DocsNoModuloSubRptTest, ReadsTheFirstModuleOnly) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB001"}})),
-            All({{R"(Parametros.Get(Modulo1) -> "AB001")"}, stage.ResultLines(kDocuments)}));
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::DocsNoModuloSubRpt, scenario.Foreign({{L"Modulo1", L"AB001"}})),
+            All({{R"(Parametros.Get(Modulo1) -> "AB001")"}, scenario.ResultLines(kDocuments)}));
 }
 
 TEST(DocsNoModuloSubRptTest, UsesTheConnectionStringThatAnEarlierCallTookFromTheClientsConnection) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  stage.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
-  stage.report.SetConexao({});
-  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
-            All({CaixaStage().ResultLines(kDocuments)}));
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  scenario.Run(&CCaixaRpt::DocsNoModulo, {{L"Modulo1", L"AB001"}});
+  scenario.report.SetConexao({});
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+            All({CaixaScenario().ResultLines(kDocuments)}));
 }
 
 TEST(DocsNoModuloSubRptTest, PassesOnErrorsUnchangedAndLogsNothing) {
@@ -125,28 +125,28 @@ TEST(DocsNoModuloSubRptTest, PassesOnErrorsUnchangedAndLogsNothing) {
       {Path::kClientConnection, {-2147217865, "OraOLEDB", "A tabela não existe"}},
   };
   for (const auto& [path, expected] : kErrors) {
-    CaixaStage stage(DatabaseOf(tbOracle), path);
-    stage.around.ado.nativeErrors = {942};
-    stage.around.journal.FailOn(L"Recordset1.Open",
-                                recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
-    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::DocsNoModuloSubRpt, Parameters()), expected);
-    EXPECT_EQ(stage.heard, CallLines());
+    CaixaScenario scenario(DatabaseOf(tbOracle), path);
+    scenario.around.ado.nativeErrors = {942};
+    scenario.around.journal.FailOn(L"Recordset1.Open",
+                                   recorder::Failure(Erro(-2147217865, L"OraOLEDB", L"A tabela não existe")));
+    EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::DocsNoModuloSubRpt, Parameters()), expected);
+    EXPECT_EQ(scenario.heard, CallLines());
   }
 }
 
 TEST(DocsNoModuloSubRptTest, RaisesTheRuntimesErrorWithoutAParameterObject) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), path);
-    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::DocsNoModuloSubRpt, ObjectRef()), kObjectNotSet);
-    EXPECT_EQ(stage.around.journal.Calls(), "");
-    EXPECT_EQ(stage.heard, CallLines());
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), path);
+    EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::DocsNoModuloSubRpt, ObjectRef()), kObjectNotSet);
+    EXPECT_EQ(scenario.around.journal.Calls(), "");
+    EXPECT_EQ(scenario.heard, CallLines());
   }
 }
 
 TEST(DocsNoModuloSubRptTest, LeavesItToTheProviderWhenNoDatabaseWasNamed) {
-  CaixaStage stage;
-  stage.report.SetStringConexao(L"");
-  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+  CaixaScenario scenario;
+  scenario.report.SetStringConexao(L"");
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}),
             All({{
                 "NewRecordset() -> Recordset1",
                 "Recordset1.SetCursorLocation(2)",
@@ -190,46 +190,46 @@ std::string Source(const std::string& line) { return "KodraRpt.CCaixaRpt::Autori
 TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheDocumentsOfAMainModule) {
   for (const Dialect& dialect : kDialects)
     for (const Path path : kPaths) {
-      CaixaStage stage(DatabaseOf(dialect.code), path);
-      stage.around.ado.results = {{{L"COD_DOCTO"}, {{L"D1"}, {L"D2"}}}};
-      EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
-                All({stage.InitialLines(),
-                     stage.FirstLogLines(Source("executando query para o módulo <AB001>")),
-                     CaixaStage::StaticLines(),
-                     stage.StaticOpenLines(Replaced(kAuthorised, "{PAGES}", dialect.pages)),
+      CaixaScenario scenario(DatabaseOf(dialect.code), path);
+      scenario.around.ado.results = {{{L"COD_DOCTO"}, {{L"D1"}, {L"D2"}}}};
+      EXPECT_EQ(scenario.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+                All({scenario.InitialLines(),
+                     scenario.FirstLogLines(Source("executando query para o módulo <AB001>")),
+                     CaixaScenario::StaticLines(),
+                     scenario.StaticOpenLines(Replaced(kAuthorised, "{PAGES}", dialect.pages)),
                      {"Recordset1.Eof() -> False"},
-                     stage.LogLines(Source("retorno da função é a query original")),
+                     scenario.LogLines(Source("retorno da função é a query original")),
                      {"~Recordset1"}}));
-      EXPECT_EQ(stage.heard, (CallLines{Source("executando query para o módulo <AB001>"),
-                                        Source("retorno da função é a query original")}));
+      EXPECT_EQ(scenario.heard, (CallLines{Source("executando query para o módulo <AB001>"),
+                                           Source("retorno da função é a query original")}));
     }
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, OpensTheBlankRowInPlaceOfAModuleWithoutDocuments) {
   for (const Dialect& dialect : kDialects)
     for (const Path path : kPaths) {
-      CaixaStage stage(DatabaseOf(dialect.code), path);
-      stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
-      EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
-                All({stage.InitialLines(),
-                     stage.FirstLogLines(Source("executando query para o módulo <AB001>")),
-                     CaixaStage::StaticLines(),
-                     stage.StaticOpenLines(Replaced(kAuthorised, "{PAGES}", dialect.pages)),
+      CaixaScenario scenario(DatabaseOf(dialect.code), path);
+      scenario.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
+      EXPECT_EQ(scenario.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+                All({scenario.InitialLines(),
+                     scenario.FirstLogLines(Source("executando query para o módulo <AB001>")),
+                     CaixaScenario::StaticLines(),
+                     scenario.StaticOpenLines(Replaced(kAuthorised, "{PAGES}", dialect.pages)),
                      {"Recordset1.Eof() -> True"},
-                     stage.LogLines(Source("query vazia, usando query com dados em branco")),
+                     scenario.LogLines(Source("query vazia, usando query com dados em branco")),
                      {"Recordset1.Close()"},
-                     stage.StaticOpenLines(dialect.blankRow),
+                     scenario.StaticOpenLines(dialect.blankRow),
                      {"~Recordset1"}}));
-      EXPECT_EQ(stage.heard, (CallLines{Source("executando query para o módulo <AB001>"),
-                                        Source("query vazia, usando query com dados em branco")}));
+      EXPECT_EQ(scenario.heard, (CallLines{Source("executando query para o módulo <AB001>"),
+                                           Source("query vazia, usando query com dados em branco")}));
     }
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheReopenedRecordsetOnItsBlankRow) {
-  CaixaStage stage(DatabaseOf(tbOracle));
-  stage.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
-  const frame::ReportRows rows = RunModule(stage.report, &CCaixaRpt::AutorizacaoDescarteModuloSubRpt,
-                                           CaixaStage::Own({{L"Modulo1", L"AB001"}}).get());
+  CaixaScenario scenario(DatabaseOf(tbOracle));
+  scenario.around.ado.results = {{{L"COD_DOCTO"}, {}}, {{L"COD_DOCTO"}, {{L" "}}}};
+  const frame::ReportRows rows = RunModule(scenario.report, &CCaixaRpt::AutorizacaoDescarteModuloSubRpt,
+                                           CaixaScenario::Own({{L"Modulo1", L"AB001"}}).get());
   EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
   EXPECT_FALSE(rows->Eof());
   EXPECT_EQ(rows->FieldByName(L"COD_DOCTO")->Get(), Value(L" "));
@@ -239,51 +239,51 @@ TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsTheBlankRowForACodeOfAnyOtherLe
   for (const Dialect& dialect : kDialects)
     for (const Path path : kPaths)
       for (const wchar_t* code : {L"AB00107", L"", L"AB00", L"AB0010"}) {
-        CaixaStage stage(DatabaseOf(dialect.code), path);
-        stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
-        EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", code}}),
-                  All({stage.InitialLines(),
-                       stage.FirstLogLines(Source("executando query para o módulo <" + recorder::Utf8(code) + ">")),
-                       CaixaStage::StaticLines(),
-                       stage.StaticOpenLines(dialect.blankRow),
+        CaixaScenario scenario(DatabaseOf(dialect.code), path);
+        scenario.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+        EXPECT_EQ(scenario.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", code}}),
+                  All({scenario.InitialLines(),
+                       scenario.FirstLogLines(Source("executando query para o módulo <" + recorder::Utf8(code) + ">")),
+                       CaixaScenario::StaticLines(),
+                       scenario.StaticOpenLines(dialect.blankRow),
                        {"Recordset1.Eof() -> False"},
-                       stage.LogLines(Source("retorno da função é a query original")),
+                       scenario.LogLines(Source("retorno da função é a query original")),
                        {"~Recordset1"}}));
       }
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReadsTheFirstModuleOnce) {
-  CaixaStage stage;
-  stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
-  EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, stage.Foreign({{L"Modulo1", L"AB00107"}})),
-            All({stage.InitialLines(),
+  CaixaScenario scenario;
+  scenario.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, scenario.Foreign({{L"Modulo1", L"AB00107"}})),
+            All({scenario.InitialLines(),
                  {R"(Parametros.Get(Modulo1) -> "AB00107")"},
-                 stage.FirstLogLines(Source("executando query para o módulo <AB00107>")),
-                 CaixaStage::StaticLines(),
-                 stage.StaticOpenLines("SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"),
+                 scenario.FirstLogLines(Source("executando query para o módulo <AB00107>")),
+                 CaixaScenario::StaticLines(),
+                 scenario.StaticOpenLines("SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"),
                  {"Recordset1.Eof() -> False"},
-                 stage.LogLines(Source("retorno da função é a query original")),
+                 scenario.LogLines(Source("retorno da função é a query original")),
                  {"~Recordset1"}}));
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, RefusesAMainModuleOnADatabaseWithoutDialect) {
-  CaixaStage stage(DatabaseOf(tbOther4));
-  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
+  CaixaScenario scenario(DatabaseOf(tbOther4));
+  EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB001"}}),
             Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
-  EXPECT_EQ(stage.heard, CallLines{Source("----> saindo com o erro -2147221503 em TradutorSQL.SQLToInt: "
-                                          "Não há entrada para o banco tipo 4")});
+  EXPECT_EQ(scenario.heard, CallLines{Source("----> saindo com o erro -2147221503 em TradutorSQL.SQLToInt: "
+                                             "Não há entrada para o banco tipo 4")});
 }
 
 TEST(AutorizacaoDescarteModuloSubRptTest, ReturnsASubordinatesBlankRowOnADatabaseWithoutDialect) {
-  CaixaStage stage(DatabaseOf(tbOther4));
-  stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
-  EXPECT_EQ(stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB00107"}}),
-            All({stage.InitialLines(),
-                 stage.FirstLogLines(Source("executando query para o módulo <AB00107>")),
-                 CaixaStage::StaticLines(),
-                 stage.StaticOpenLines("SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"),
+  CaixaScenario scenario(DatabaseOf(tbOther4));
+  scenario.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, {{L"Modulo1", L"AB00107"}}),
+            All({scenario.InitialLines(),
+                 scenario.FirstLogLines(Source("executando query para o módulo <AB00107>")),
+                 CaixaScenario::StaticLines(),
+                 scenario.StaticOpenLines("SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS"),
                  {"Recordset1.Eof() -> False"},
-                 stage.LogLines(Source("retorno da função é a query original")),
+                 scenario.LogLines(Source("retorno da função é a query original")),
                  {"~Recordset1"}}));
 }
 

@@ -1,7 +1,7 @@
 // The labels of storage modules.
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -84,21 +84,21 @@ TEST(EtiquetaAberturaTest, SelectsMainModulesForAnythingButAnUpperCaseS) {
   for (const wchar_t* kind : {L"", L"s", L"M", L"SS", L"S ", L" S"}) {
     Parameters parameters = kThreeModules;
     parameters.emplace_back(L"Tipo", kind);
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-    EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, stage.Foreign(parameters)),
-              All({stage.InitialLines(),
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+    EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaAbertura, scenario.Foreign(parameters)),
+              All({scenario.InitialLines(),
                    {"Parametros.Get(Tipo) -> \"" + recorder::Utf8(kind) + "\"", R"(Parametros.Get(Modulo1) -> "AB001")",
                     R"(Parametros.Get(Modulo2) -> "AB002")", R"(Parametros.Get(Modulo3) -> "AB003")"},
-                   stage.ResultLines(kOpeningLabels.onConnection)}));
+                   scenario.ResultLines(kOpeningLabels.onConnection)}));
   }
 }
 
 TEST(EtiquetaAberturaTest, TakesAnyWordWithSFromItsOwnParameterObjectForSubordinates) {
   for (const wchar_t* kind : {L"s", L"S", L"subordinado"}) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-    EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", kind}, {L"Modulo1", L"AB00107"}}),
-              All({stage.InitialLines(), stage.SubordinateCodeLines(2),
-                   stage.ResultLines(
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+    EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", kind}, {L"Modulo1", L"AB00107"}}),
+              All({scenario.InitialLines(), scenario.SubordinateCodeLines(2),
+                   scenario.ResultLines(
                        "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.TIPO_GUARDA, s.ANOS_VENCIMENTO FROM CAIXA c "
                        "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
                        "WHERE (s.NUM_CAIXA='AB001' AND s.NUM_SEQ=7)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
@@ -127,16 +127,16 @@ TEST(EtiquetaFechamentoTest, TakesSubordinateCodesForMainModulesWhateverTheKind)
 }
 
 TEST(EtiquetaFechamentoTest, ReadsTheThreeModulesAndNothingElse) {
-  CaixaStage stage;
-  EXPECT_EQ(
-      stage.Run(&CCaixaRpt::EtiquetaFechamento, stage.Foreign({{L"Modulo1", L"AB001"}})),
-      All({stage.InitialLines(),
-           {R"(Parametros.Get(Modulo1) -> "AB001")", R"(Parametros.Get(Modulo2) -> "")",
-            R"(Parametros.Get(Modulo3) -> "")"},
-           stage.ResultLines("SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, "
-                             "c.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
-                             "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
-                             "WHERE (c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA='') ORDER BY c.NUM_CAIXA")}));
+  CaixaScenario scenario;
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaFechamento, scenario.Foreign({{L"Modulo1", L"AB001"}})),
+            All({scenario.InitialLines(),
+                 {R"(Parametros.Get(Modulo1) -> "AB001")", R"(Parametros.Get(Modulo2) -> "")",
+                  R"(Parametros.Get(Modulo3) -> "")"},
+                 scenario.ResultLines(
+                     "SELECT c.DESC_CAIXA, c.NUM_CAIXA, c.DOC_INICIAL, c.DOC_FINAL, c.DATA_VENCIMENTO, "
+                     "c.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
+                     "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+                     "WHERE (c.NUM_CAIXA='AB001' OR c.NUM_CAIXA='' OR c.NUM_CAIXA='') ORDER BY c.NUM_CAIXA")}));
 }
 
 // Closing labels of subordinates.
@@ -149,67 +149,67 @@ constexpr auto kSubordinatesOfAB001 =
 TEST(EtiquetaFechamentoSubordinadaTest, LabelsEverySubordinateOnceOneIsClosed) {
   for (const Database& database : Databases())
     for (const Path path : kPaths) {
-      CaixaStage stage(database, path);
-      EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
-                All({stage.InitialLines(),
-                     stage.ClosedSubordinatesLines("AB001", "Subordinados"),
+      CaixaScenario scenario(database, path);
+      EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+                All({scenario.InitialLines(),
+                     scenario.ClosedSubordinatesLines("AB001", "Subordinados"),
                      {"Subordinados.Get(Count) -> 1"},
-                     stage.SubordinateCodeLines(4),
-                     stage.ResultLines(kSubordinatesOfAB001, CaixaStage::ClosedSubordinatesEnd())}));
-      EXPECT_EQ(stage.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
-                                        "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"}));
+                     scenario.SubordinateCodeLines(4),
+                     scenario.ResultLines(kSubordinatesOfAB001, CaixaScenario::ClosedSubordinatesEnd())}));
+      EXPECT_EQ(scenario.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
+                                           "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados"}));
     }
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, TellsTheBusinessComponentsWhereToLog) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), path);
-    stage.report.SetLogFile(L"/var/log/kodra.log");
-    EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
-              All({stage.InitialLines(),
-                   stage.ClosedSubordinatesLines("AB001", "Subordinados"),
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), path);
+    scenario.report.SetLogFile(L"/var/log/kodra.log");
+    EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+              All({scenario.InitialLines(),
+                   scenario.ClosedSubordinatesLines("AB001", "Subordinados"),
                    {"Subordinados.Get(Count) -> 1"},
-                   stage.SubordinateCodeLines(4),
-                   stage.ResultLines(kSubordinatesOfAB001, CaixaStage::ClosedSubordinatesEnd())}));
+                   scenario.SubordinateCodeLines(4),
+                   scenario.ResultLines(kSubordinatesOfAB001, CaixaScenario::ClosedSubordinatesEnd())}));
   }
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, ReadsTheFirstModuleOnceAndInsertsItWhole) {
-  CaixaStage stage;
-  EXPECT_EQ(
-      stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, stage.Foreign({{L"Modulo1", L"AB00107"}})),
-      All({stage.InitialLines(),
-           {R"(Parametros.Get(Modulo1) -> "AB00107")"},
-           stage.ClosedSubordinatesLines("AB00107", "Subordinados"),
-           {"Subordinados.Get(Count) -> 1"},
-           stage.SubordinateCodeLines(4),
-           stage.ResultLines("SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, "
-                             "s.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
-                             "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
-                             "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
-                             "WHERE s.NUM_CAIXA = 'AB00107' ORDER BY NUM_CAIXA",
-                             CaixaStage::ClosedSubordinatesEnd())}));
+  CaixaScenario scenario;
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, scenario.Foreign({{L"Modulo1", L"AB00107"}})),
+            All({scenario.InitialLines(),
+                 {R"(Parametros.Get(Modulo1) -> "AB00107")"},
+                 scenario.ClosedSubordinatesLines("AB00107", "Subordinados"),
+                 {"Subordinados.Get(Count) -> 1"},
+                 scenario.SubordinateCodeLines(4),
+                 scenario.ResultLines(
+                     "SELECT c.DESC_CAIXA, s.COD7 AS NUM_CAIXA, s.DOC_INICIAL, s.DOC_FINAL, s.DATA_VENCIMENTO, "
+                     "s.TIPO_GUARDA, p.EMPRESA AS Nome_Empresa FROM CAIXA c "
+                     "INNER JOIN PARAMETRO p ON p.CODIGO = '1' "
+                     "INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
+                     "WHERE s.NUM_CAIXA = 'AB00107' ORDER BY NUM_CAIXA",
+                     CaixaScenario::ClosedSubordinatesEnd())}));
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, FailsForAModuleWithoutClosedSubordinates) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), path);
-    stage.AnswerSubordinates(stage.NewSubordinates(0));
-    stage.around.journal.Forget();
-    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), path);
+    scenario.AnswerSubordinates(scenario.NewSubordinates(0));
+    scenario.around.journal.Forget();
+    EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
               Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                        "Não há módulos subordinados fechados associados ao módulo AB001"));
     const std::string line =
         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221493 em "
         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: "
         "Não há módulos subordinados fechados associados ao módulo AB001";
-    EXPECT_EQ(stage.around.journal.Calls(), All({stage.InitialLines(),
-                                                 stage.ClosedSubordinatesLines("AB001", "Subordinados"),
-                                                 {"Subordinados.Get(Count) -> 0"},
-                                                 CaixaStage::ClosedSubordinatesEnd(),
-                                                 stage.LogLines(line)}));
-    EXPECT_EQ(stage.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
-                                      "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados", line}));
+    EXPECT_EQ(scenario.around.journal.Calls(), All({scenario.InitialLines(),
+                                                    scenario.ClosedSubordinatesLines("AB001", "Subordinados"),
+                                                    {"Subordinados.Get(Count) -> 0"},
+                                                    CaixaScenario::ClosedSubordinatesEnd(),
+                                                    scenario.LogLines(line)}));
+    EXPECT_EQ(scenario.heard, (CallLines{"KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro",
+                                         "KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: obtendo dados", line}));
   }
 }
 
@@ -217,27 +217,27 @@ TEST(EtiquetaFechamentoSubordinadaTest, FailsWithoutAListOfClosedSubordinates) {
   const std::pair<Value, const char*> kNoLists[] = {{ObjectRef(), "Nothing"}, {Empty{}, "Empty"}, {Null{}, "Null"}};
   for (const auto& [answer, shown] : kNoLists)
     for (const Path path : kPaths) {
-      CaixaStage stage(DatabaseOf(tbSQLServer), path);
-      stage.AnswerSubordinates(answer);
-      stage.around.journal.Forget();
+      CaixaScenario scenario(DatabaseOf(tbSQLServer), path);
+      scenario.AnswerSubordinates(answer);
+      scenario.around.journal.Forget();
       EXPECT_EQ(
-          stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+          scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
           Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada",
                    "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo AB001"));
-      EXPECT_EQ(
-          stage.around.journal.Calls(),
-          All({stage.InitialLines(), stage.ClosedSubordinatesLines("AB001", shown), CaixaStage::ClosedSubordinatesEnd(),
-               stage.LogLines(
-                   "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221494 em "
-                   "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: Não foi possível obter uma lista dos "
-                   "módulos subordinados fechados associados ao módulo AB001")}));
+      EXPECT_EQ(scenario.around.journal.Calls(),
+                All({scenario.InitialLines(), scenario.ClosedSubordinatesLines("AB001", shown),
+                     CaixaScenario::ClosedSubordinatesEnd(),
+                     scenario.LogLines(
+                         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: ----> saindo com o erro -2147221494 em "
+                         "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada: Não foi possível obter uma lista dos "
+                         "módulos subordinados fechados associados ao módulo AB001")}));
     }
 }
 
 TEST(EtiquetaFechamentoSubordinadaTest, RefusesAnAnswerThatIsNotAnObject) {
-  CaixaStage stage;
-  stage.AnswerSubordinates(L"AB00101");
-  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
+  CaixaScenario scenario;
+  scenario.AnswerSubordinates(L"AB00101");
+  EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, {{L"Modulo1", L"AB001"}}),
             Reported("KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada", "O objeto é obrigatório"));
 }
 
@@ -251,12 +251,12 @@ TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheModuleOnEitherConnection) {
 }
 
 TEST(EtiquetaDivisoriaTest, ListsTheDocumentsOfTheParentForASubordinate) {
-  CaixaStage stage;
-  EXPECT_EQ(
-      stage.Run(&CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", L"AB00107"}})),
-      All({stage.InitialLines(),
-           {R"(Parametros.Get(Modulo1) -> "AB00107")"},
-           stage.ResultLines("SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB001' ORDER BY d.COD_DOCTO")}));
+  CaixaScenario scenario;
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaDivisoria, scenario.Foreign({{L"Modulo1", L"AB00107"}})),
+            All({scenario.InitialLines(),
+                 {R"(Parametros.Get(Modulo1) -> "AB00107")"},
+                 scenario.ResultLines(
+                     "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = 'AB001' ORDER BY d.COD_DOCTO")}));
 }
 
 TEST(EtiquetaDivisoriaTest, MatchesNothingWithoutAModule) {

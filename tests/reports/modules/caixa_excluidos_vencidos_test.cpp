@@ -1,7 +1,7 @@
 // The listings of discarded modules and of modules due for discard.
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -62,13 +62,13 @@ TEST(ModulosExcluidosTest, TakesNoDepartmentFromACodeThatIsNotAboveZero) {
 }
 
 TEST(ModulosExcluidosTest, ReadsEachFilterAsOftenAsItApplies) {
-  CaixaStage stage;
-  EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosExcluidos, stage.Foreign({{L"CodDepto", L"007"}})),
-            All({stage.InitialLines(),
+  CaixaScenario scenario;
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::ModulosExcluidos, scenario.Foreign({{L"CodDepto", L"007"}})),
+            All({scenario.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "007")", "Parametros.Get(ModoPregresso) -> False"},
-                 stage.SubordinateCodeLines(2),
+                 scenario.SubordinateCodeLines(2),
                  {R"(Parametros.Get(CodDepto) -> "007")", "Parametros.Get(ModoPregresso) -> False"},
-                 stage.ResultLines(Union(kExcluidos[1].main, kExcluidos[1].subordinates).onString)}));
+                 scenario.ResultLines(Union(kExcluidos[1].main, kExcluidos[1].subordinates).onString)}));
 }
 
 // Modules due for discard. A department filters the first half once, the second one twice; the back catalogue the first
@@ -198,37 +198,37 @@ TEST(ModulosVencidosTest, WritesOneDatabasesStatementOutInFull) {
 }
 
 TEST(ModulosVencidosTest, ReadsEachFilterAsOftenAsItApplies) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, stage.Foreign({{L"CodDepto", L"007"}})),
-            All({stage.InitialLines(),
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::ModulosVencidos, scenario.Foreign({{L"CodDepto", L"007"}})),
+            All({scenario.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "007")", "Parametros.Get(ModoPregresso) -> False"},
-                 stage.SubordinateCodeLines(2),
+                 scenario.SubordinateCodeLines(2),
                  {R"(Parametros.Get(CodDepto) -> "007")", R"(Parametros.Get(CodDepto) -> "007")",
                   "Parametros.Get(ModoPregresso) -> False"},
-                 stage.ResultLines(In(kWords[1], kVencidos[1].main))}));
+                 scenario.ResultLines(In(kWords[1], kVencidos[1].main))}));
 }
 
 TEST(ModulosVencidosTest, UsesTheDialectOfEachCallsDatabase) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  CaixaStage other(DatabaseOf(tbSQLite), Path::kClientConnection);
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  scenario.Run(&CCaixaRpt::ModulosVencidos, Parameters());
+  CaixaScenario other(DatabaseOf(tbSQLite), Path::kClientConnection);
   EXPECT_EQ(
       other.Run(&CCaixaRpt::ModulosVencidos, Parameters()),
       All({other.InitialLines(), other.SubordinateCodeLines(2), other.ResultLines(In(kWords[5], kVencidos[0].main))}));
-  EXPECT_EQ(
-      stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()),
-      All({stage.InitialLines(), stage.SubordinateCodeLines(2), stage.ResultLines(In(kWords[1], kVencidos[0].main))}));
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::ModulosVencidos, Parameters()),
+            All({scenario.InitialLines(), scenario.SubordinateCodeLines(2),
+                 scenario.ResultLines(In(kWords[1], kVencidos[0].main))}));
 }
 
 TEST(ModulosVencidosTest, RefusesADatabaseWithoutDialectUnderTheTranslatorsSource) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(tbOther4), path);
-    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::ModulosVencidos, Parameters()),
+    CaixaScenario scenario(DatabaseOf(tbOther4), path);
+    EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::ModulosVencidos, Parameters()),
               Reported("TradutorSQL.SQLToInt", "Não há entrada para o banco tipo 4"));
-    EXPECT_EQ(stage.around.journal.Calls(),
-              All({stage.InitialLines(),
-                   stage.FirstLogLines("KodraRpt.CCaixaRpt::ModulosVencidos: ----> saindo com o erro -2147221503 em "
-                                       "TradutorSQL.SQLToInt: Não há entrada para o banco tipo 4")}));
+    EXPECT_EQ(scenario.around.journal.Calls(),
+              All({scenario.InitialLines(),
+                   scenario.FirstLogLines("KodraRpt.CCaixaRpt::ModulosVencidos: ----> saindo com o erro -2147221503 em "
+                                          "TradutorSQL.SQLToInt: Não há entrada para o banco tipo 4")}));
   }
 }
 

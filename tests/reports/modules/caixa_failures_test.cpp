@@ -1,7 +1,7 @@
 // The failure of each call that a method of CCaixaRpt makes, one after the other.
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -50,53 +50,53 @@ const Case kCases[] = {
      true},
 };
 
-// What a mishap in a call is by the time that it leaves the opening of the recordset. The provider's native code is
-// 942.
-Raised Caught(const Case& tested, Path path, std::string_view call, const Mishap& mishap) {
-  const auto& [number, source, text] = mishap.caught;
-  if (path == Path::kClientConnection || tested.isStatic) return mishap.caught;
+// An injected failure of a call, as it leaves the opening of the recordset. The provider's native code is 942.
+Raised Caught(const Case& tested, Path path, std::string_view call, const InjectedFailure& injected) {
+  const auto& [number, source, text] = injected.caught;
+  if (path == Path::kClientConnection || tested.isStatic) return injected.caught;
   const std::wstring layered = L"[" + source + L"]: " + text;
   if (StartsWithAny(call, {"SetEnvironment(", "FileLength(", "NewConnection(", "Connection1."}))
     return {number, L"modADO.AbreFirehoseRs", L"[modADO.AbreCn]: " + layered};
   if (StartsWithAny(call, {"NewRecordset(", "Recordset1."}))
     return {number, L"modADO.AbreFirehoseRs", layered + L" [N:942]"};
-  return mishap.caught;
+  return injected.caught;
 }
 
-// A stage on which a case is played again and again, with a parameter object whose calls may fail too.
-class Rehearsal {
+// A case that is called repeatedly, with a parameter object whose calls may fail too.
+class RepeatedCalls {
  public:
-  Rehearsal(const Case& tested, const Database& database, Path path)
-      : stage(database, path), tested_(tested), parameters_(stage.Foreign(tested.parameters)) {
-    stage.report.SetLogFile(kLogFile);
-    atRest_ = stage.around.journal.LiveObjects();
+  RepeatedCalls(const Case& tested, const Database& database, Path path)
+      : scenario(database, path), tested_(tested), parameters_(scenario.Foreign(tested.parameters)) {
+    scenario.report.SetLogFile(kLogFile);
+    atRest_ = scenario.around.journal.LiveObjects();
   }
 
-  // A call that nothing disturbs.
+  // A call without a failure.
   std::string Run() {
-    stage.around.ado.results = tested_.results;
-    return stage.Run(tested_.method, parameters_);
+    scenario.around.ado.results = tested_.results;
+    return scenario.Run(tested_.method, parameters_);
   }
 
-  // A call that fails where it is told to: what it raised, whatever the type; number 0 when it did not fail.
-  Raised RunFailing(int call, const Mishap& mishap) {
-    stage.around.journal.Forget();
-    stage.around.journal.FailAt(call, mishap.exception);
-    stage.around.ado.nativeErrors = {942};
-    stage.around.ado.results = tested_.results;
-    stage.heard.clear();
+  // Makes the call of that number fail, and returns what reached the client, whatever its type; Raised() when nothing
+  // did.
+  Raised RunFailing(int call, const InjectedFailure& injected) {
+    scenario.around.journal.Forget();
+    scenario.around.journal.FailAt(call, injected.exception);
+    scenario.around.ado.nativeErrors = {942};
+    scenario.around.ado.results = tested_.results;
+    scenario.heard.clear();
     try {
-      EXPECT_NE(RunModule(stage.report, tested_.method, parameters_.get()), nullptr);
+      EXPECT_NE(RunModule(scenario.report, tested_.method, parameters_.get()), nullptr);
     } catch (...) {
       return Raised(CurrentErro());
     }
     return {};
   }
 
-  // How many objects are alive beside those that the client holds.
-  int LeftAlive() const { return stage.around.journal.LiveObjects() - atRest_; }
+  // The number of living objects besides those that the client holds.
+  int LeftAlive() const { return scenario.around.journal.LiveObjects() - atRest_; }
 
-  CaixaStage stage;
+  CaixaScenario scenario;
 
  private:
   const Case& tested_;
@@ -104,7 +104,7 @@ class Rehearsal {
   int atRest_ = 0;
 };
 
-// The lines that the log took, from the journal.
+// The lines that were passed to the log, from the journal.
 CallLines Logged(const std::string& calls) {
   const std::string before = "Log.Call(DebugLog, ByRef \"";
   const std::string after = "\") -> Empty\n";
@@ -119,43 +119,43 @@ CallLines Logged(const std::string& calls) {
 }
 
 // Expects the frame around what was caught, with its line in the log and at the listener.
-void CheckFrameAndLog(const Rehearsal& rehearsal, const Case& tested, const Raised& caught, const Raised& raised) {
+void CheckFrameAndLog(const RepeatedCalls& repeated, const Case& tested, const Raised& caught, const Raised& raised) {
   const std::string method = "KodraRpt.CCaixaRpt::" + tested.name;
   const std::string source = caught.source == L"KodraRpt" ? method : Utf8(caught.source);
   const std::string description = Utf8(caught.description);
   EXPECT_EQ(raised, Reported(source, description));
   const std::string line =
       method + ": ----> saindo com o erro " + std::to_string(caught.number) + " em " + source + ": " + description;
-  const std::string calls = rehearsal.stage.around.journal.Calls();
-  EXPECT_TRUE(calls.ends_with(All({rehearsal.stage.LogLines(line)}))) << calls;
-  EXPECT_EQ(rehearsal.stage.heard, Logged(calls));
-  EXPECT_EQ(rehearsal.LeftAlive(), 1);  // the log object
+  const std::string calls = repeated.scenario.around.journal.Calls();
+  EXPECT_TRUE(calls.ends_with(All({repeated.scenario.LogLines(line)}))) << calls;
+  EXPECT_EQ(repeated.scenario.heard, Logged(calls));
+  EXPECT_EQ(repeated.LeftAlive(), 1);  // the log object
 }
 
-void CheckEachCallOf(const Case& tested, const Database& database, Path path, const Mishap& mishap) {
-  Rehearsal undisturbed(tested, database, path);
+void CheckEachCallOf(const Case& tested, const Database& database, Path path, const InjectedFailure& injected) {
+  RepeatedCalls undisturbed(tested, database, path);
   undisturbed.Run();
-  const int calls = undisturbed.stage.around.journal.CallCount();
+  const int calls = undisturbed.scenario.around.journal.CallCount();
   const std::string again = undisturbed.Run();
   for (int failing = 1; failing <= calls; ++failing) {
-    Rehearsal rehearsal(tested, database, path);
-    const std::wstring connectionString = rehearsal.stage.report.StringConexao();
-    const auto connection = rehearsal.stage.report.Conexao().connection;
-    const Raised raised = rehearsal.RunFailing(failing, mishap);
-    const std::string call = Utf8(rehearsal.stage.around.journal.FailedCall());
+    RepeatedCalls repeated(tested, database, path);
+    const std::wstring connectionString = repeated.scenario.report.StringConexao();
+    const auto connection = repeated.scenario.report.Conexao().connection;
+    const Raised raised = repeated.RunFailing(failing, injected);
+    const std::string call = Utf8(repeated.scenario.around.journal.FailedCall());
     SCOPED_TRACE(tested.name + ": " + call);
     if (IsIgnored(call)) {
       EXPECT_EQ(raised, Raised());
-      EXPECT_EQ(rehearsal.LeftAlive(), undisturbed.LeftAlive());
+      EXPECT_EQ(repeated.LeftAlive(), undisturbed.LeftAlive());
     } else {
-      CheckFrameAndLog(rehearsal, tested, Caught(tested, path, call, mishap), raised);
+      CheckFrameAndLog(repeated, tested, Caught(tested, path, call, injected), raised);
     }
-    EXPECT_EQ(rehearsal.stage.report.LogFile(), kLogFile);
-    EXPECT_EQ(rehearsal.stage.report.Conexao().connection, connection);
+    EXPECT_EQ(repeated.scenario.report.LogFile(), kLogFile);
+    EXPECT_EQ(repeated.scenario.report.Conexao().connection, connection);
     if (path == Path::kConnectionString) {
-      EXPECT_EQ(rehearsal.stage.report.StringConexao(), connectionString);
+      EXPECT_EQ(repeated.scenario.report.StringConexao(), connectionString);
     }
-    EXPECT_EQ(rehearsal.Run(), again);
+    EXPECT_EQ(repeated.Run(), again);
   }
 }
 
@@ -163,25 +163,26 @@ TEST(CCaixaRptFailuresTest, EveryCallThatFailsIsReportedLoggedAndLeavesTheReport
   for (const Case& tested : kCases)
     for (const Path path : kPaths)
       for (const std::int32_t code : kCodesWithDialect)
-        for (const Mishap& mishap : Mishaps()) CheckEachCallOf(tested, DatabaseOf(code), path, mishap);
+        for (const InjectedFailure& injected : InjectedFailures())
+          CheckEachCallOf(tested, DatabaseOf(code), path, injected);
 }
 
 TEST(CCaixaRptFailuresTest, EveryCallThatFailsForASubReportReachesTheClientUnchanged) {
   const Case tested = {"DocsNoModuloSubRpt", &CCaixaRpt::DocsNoModuloSubRpt, {{L"Modulo1", L"AB001"}}};
   for (const Path path : kPaths)
     for (const std::int32_t code : {tbOracle, tbSQLServer, tbSQLite})
-      for (const Mishap& mishap : Mishaps()) {
-        Rehearsal rehearsal(tested, DatabaseOf(code), path);
-        const std::string undisturbed = rehearsal.Run();
-        const int calls = rehearsal.stage.around.journal.CallCount();
+      for (const InjectedFailure& injected : InjectedFailures()) {
+        RepeatedCalls repeated(tested, DatabaseOf(code), path);
+        const std::string undisturbed = repeated.Run();
+        const int calls = repeated.scenario.around.journal.CallCount();
         for (int failing = 1; failing <= calls; ++failing) {
-          const Raised raised = rehearsal.RunFailing(failing, mishap);
-          const std::string call = Utf8(rehearsal.stage.around.journal.FailedCall());
+          const Raised raised = repeated.RunFailing(failing, injected);
+          const std::string call = Utf8(repeated.scenario.around.journal.FailedCall());
           SCOPED_TRACE(call);
-          EXPECT_EQ(raised, IsIgnored(call) ? Raised() : Caught(tested, path, call, mishap));
-          EXPECT_EQ(rehearsal.stage.heard, CallLines());
-          EXPECT_EQ(rehearsal.LeftAlive(), 0);
-          EXPECT_EQ(rehearsal.Run(), undisturbed);
+          EXPECT_EQ(raised, IsIgnored(call) ? Raised() : Caught(tested, path, call, injected));
+          EXPECT_EQ(repeated.scenario.heard, CallLines());
+          EXPECT_EQ(repeated.LeftAlive(), 0);
+          EXPECT_EQ(repeated.Run(), undisturbed);
         }
       }
 }

@@ -1,7 +1,7 @@
 // The listing of all modules and that of documents without classification.
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -30,14 +30,14 @@ TEST(DocsNaoIndexadosNosModulosTest, CountsThoseOfADepartment) {
 }
 
 TEST(DocsNaoIndexadosNosModulosTest, ReadsTheDepartmentAndNeverTheBackCatalogue) {
-  CaixaStage stage;
-  EXPECT_EQ(stage.Run(&CCaixaRpt::DocsNaoIndexadosNosModulos, stage.Foreign({{L"ModoPregresso", true}})),
-            All({stage.InitialLines(),
+  CaixaScenario scenario;
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::DocsNaoIndexadosNosModulos, scenario.Foreign({{L"ModoPregresso", true}})),
+            All({scenario.InitialLines(),
                  {R"(Parametros.Get(CodDepto) -> "")"},
-                 stage.ResultLines("SELECT c.NUM_CAIXA, c.DESC_CAIXA, COUNT(*) AS NaoIndexados FROM DOCUMENTO d "
-                                   "INNER JOIN CAIXA c ON c.NUM_CAIXA = d.NUM_CAIXA "
-                                   "WHERE d.COD_ASSUNTO IS NULL AND d.NUM_CAIXA<>'AA000' "
-                                   "GROUP BY c.NUM_CAIXA, c.DESC_CAIXA ORDER BY c.NUM_CAIXA")}));
+                 scenario.ResultLines("SELECT c.NUM_CAIXA, c.DESC_CAIXA, COUNT(*) AS NaoIndexados FROM DOCUMENTO d "
+                                      "INNER JOIN CAIXA c ON c.NUM_CAIXA = d.NUM_CAIXA "
+                                      "WHERE d.COD_ASSUNTO IS NULL AND d.NUM_CAIXA<>'AA000' "
+                                      "GROUP BY c.NUM_CAIXA, c.DESC_CAIXA ORDER BY c.NUM_CAIXA")}));
 }
 
 // All modules.
@@ -124,16 +124,16 @@ TEST(RelatoriosModulosTest, OrdersByDescriptionOrElseByNumber) {
 
 TEST(RelatoriosModulosTest, OrdersByNumberForAnythingButAnUpperCaseDFromAnotherObject) {
   for (const wchar_t* order : {L"d", L"DD", L"D ", L" D", L""}) {
-    CaixaStage stage;
+    CaixaScenario scenario;
     const CallLines filters = {R"(Parametros.Get(CodDepto) -> "")", "Parametros.Get(SomenteExistentes) -> False",
                                "Parametros.Get(ModoPregresso) -> False"};
-    EXPECT_EQ(stage.Run(&CCaixaRpt::RelatoriosModulos, stage.Foreign({{L"Ordenacao", order}})),
-              All({stage.InitialLines(),
+    EXPECT_EQ(scenario.Run(&CCaixaRpt::RelatoriosModulos, scenario.Foreign({{L"Ordenacao", order}})),
+              All({scenario.InitialLines(),
                    filters,
-                   stage.SubordinateCodeLines(2),
+                   scenario.SubordinateCodeLines(2),
                    filters,
                    {"Parametros.Get(Ordenacao) -> \"" + recorder::Utf8(order) + "\""},
-                   stage.ResultLines(AllModules("c.NUM_CAIXA <> 'AA000'", "(1=1)", "NUM_CAIXA").onString)}));
+                   scenario.ResultLines(AllModules("c.NUM_CAIXA <> 'AA000'", "(1=1)", "NUM_CAIXA").onString)}));
   }
 }
 

@@ -1,7 +1,7 @@
 // What CCaixaRpt logs, and the frame of its errors.
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -20,26 +20,26 @@ constexpr auto kMishapLine =
 const std::string kMishapLogged = "Log.Call(DebugLog, ByRef " + Quoted(kMishapLine) + ") -> Empty";
 
 // The error of dividers.
-Raised RaisedByDividers(CaixaStage& stage) { return stage.RunRaising(kDivisoria, Parameters()); }
+Raised RaisedByDividers(CaixaScenario& scenario) { return scenario.RunRaising(kDivisoria, Parameters()); }
 
-// The error of dividers that meet the mishap at once.
-Raised RaisedByMishap(CaixaStage& stage) {
-  stage.around.journal.Forget();
-  stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
-  return RaisedByDividers(stage);
+// The error of dividers whose first call fails as injected.
+Raised RaisedByMishap(CaixaScenario& scenario) {
+  scenario.around.journal.Forget();
+  scenario.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
+  return RaisedByDividers(scenario);
 }
 
 // The log.
 
-// Expects that the mishap's line makes the log object, sets these properties and is announced.
+// Expects that the line about the injected failure creates the log object, sets these properties and is announced.
 void CheckFirstLine(const std::wstring& logFile, const std::string& setLogFile, const std::string& setAtivar) {
-  CaixaStage stage;
-  stage.report.SetLogFile(logFile);
-  RaisedByMishap(stage);
-  EXPECT_EQ(stage.around.journal.Calls(),
+  CaixaScenario scenario;
+  scenario.report.SetLogFile(logFile);
+  RaisedByMishap(scenario);
+  EXPECT_EQ(scenario.around.journal.Calls(),
             All({{R"(CreateObject("KodraConexao.StrCon") raises)", R"(CreateObject("VantLog.FnLog") -> Log)",
                   setLogFile, setAtivar, kMishapLogged}}));
-  EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+  EXPECT_EQ(scenario.heard, CallLines{kMishapLine});
 }
 
 TEST(CCaixaRptLogTest, AnnouncesItsLinesWithoutALogFileToo) {
@@ -51,25 +51,25 @@ TEST(CCaixaRptLogTest, SwitchesTheLogOnWithALogFile) {
 }
 
 TEST(CCaixaRptLogTest, KeepsItsLogObjectAndFollowsTheLogFileFromLineToLine) {
-  CaixaStage stage;
-  RaisedByMishap(stage);
+  CaixaScenario scenario;
+  RaisedByMishap(scenario);
   for (const auto& [path, logFile, ativar] :
        {std::tuple(L"/um.log", R"(Log.Let(LogFile, "/um.log"))", "Log.Let(Ativar, True)"),
         std::tuple(L"/dois.log", R"(Log.Let(LogFile, "/dois.log"))", "Log.Let(Ativar, True)"),
         std::tuple(L"", R"(Log.Let(LogFile, ""))", "Log.Let(Ativar, False)")}) {
-    stage.report.SetLogFile(path);
-    RaisedByMishap(stage);
-    EXPECT_EQ(stage.around.journal.Calls(),
+    scenario.report.SetLogFile(path);
+    RaisedByMishap(scenario);
+    EXPECT_EQ(scenario.around.journal.Calls(),
               All({{R"(CreateObject("KodraConexao.StrCon") raises)", logFile, ativar, kMishapLogged}}));
   }
-  EXPECT_EQ(stage.heard, CallLines(4, kMishapLine));
+  EXPECT_EQ(scenario.heard, CallLines(4, kMishapLine));
 }
 
 TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
-  CaixaStage stage;
-  stage.report.OnDebugLog([&](const std::wstring&) { stage.report.SetLogFile(L"/novo.log"); });
-  stage.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
-  const std::string calls = stage.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, Parameters());
+  CaixaScenario scenario;
+  scenario.report.OnDebugLog([&](const std::wstring&) { scenario.report.SetLogFile(L"/novo.log"); });
+  scenario.around.ado.results = {{{L"COD_DOCTO"}, {{L" "}}}};
+  const std::string calls = scenario.Run(&CCaixaRpt::AutorizacaoDescarteModuloSubRpt, Parameters());
   EXPECT_TRUE(calls.ends_with(recorder::Lines({
       R"(Log.Let(LogFile, "/novo.log"))",
       "Log.Let(Ativar, True)",
@@ -80,10 +80,10 @@ TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
 }
 
 // Makes the log leave a value in the place of each line.
-void LetTheLogLeave(CaixaStage& stage, const Value& left) {
-  stage.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&stage, left](const std::wstring& name) {
-    auto log =
-        std::make_shared<recorder::FakeObject>(stage.around.journal, name, recorder::Answers{{L"DebugLog", {Empty{}}}});
+void LetTheLogLeave(CaixaScenario& scenario, const Value& left) {
+  scenario.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&scenario, left](const std::wstring& name) {
+    auto log = std::make_shared<recorder::FakeObject>(scenario.around.journal, name,
+                                                      recorder::Answers{{L"DebugLog", {Empty{}}}});
     log->Leave(L"DebugLog", left);
     return log;
   });
@@ -93,59 +93,60 @@ TEST(CCaixaRptLogTest, AnnouncesALineAsTheLogLeavesIt) {
   const std::pair<Value, std::string> kLeft[] = {
       {L"mudada pelo log", "mudada pelo log"}, {L"", ""}, {5, "5"}, {Empty{}, ""}};
   for (const auto& [left, announced] : kLeft) {
-    CaixaStage stage;
-    LetTheLogLeave(stage, left);
-    EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
-    EXPECT_EQ(stage.heard, CallLines{announced});
-    stage.heard.clear();
-    stage.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters());
-    EXPECT_EQ(stage.heard, (CallLines{announced, announced}));
+    CaixaScenario scenario;
+    LetTheLogLeave(scenario, left);
+    EXPECT_EQ(RaisedByMishap(scenario), Reported("Prova.Fonte", "Falha provocada"));
+    EXPECT_EQ(scenario.heard, CallLines{announced});
+    scenario.heard.clear();
+    scenario.Run(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters());
+    EXPECT_EQ(scenario.heard, (CallLines{announced, announced}));
   }
 }
 
 TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
-  CaixaStage stage;
-  LetTheLogLeave(stage, Null{});
+  CaixaScenario scenario;
+  LetTheLogLeave(scenario, Null{});
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
-  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
+  EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
             Reported(source, "Uso de 'Null' inválido"));
   // The line of that failure has the log fail once more, and is announced as it was written.
-  EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro 94 em " + source + ": Uso de 'Null' inválido"});
+  EXPECT_EQ(scenario.heard,
+            CallLines{source + ": ----> saindo com o erro 94 em " + source + ": Uso de 'Null' inválido"});
 }
 
 TEST(CCaixaRptLogTest, LogsNothingWhenNothingHappens) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), path);
-    stage.report.SetLogFile(L"/var/log/kodra.log");
-    EXPECT_EQ(stage.Run(kDivisoria, Parameters()), All({stage.InitialLines(), stage.ResultLines(kNoModule)}));
-    EXPECT_EQ(stage.heard, CallLines());
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), path);
+    scenario.report.SetLogFile(L"/var/log/kodra.log");
+    EXPECT_EQ(scenario.Run(kDivisoria, Parameters()), All({scenario.InitialLines(), scenario.ResultLines(kNoModule)}));
+    EXPECT_EQ(scenario.heard, CallLines());
   }
 }
 
 TEST(CCaixaRptLogTest, ReleasesTheLogObjectAtItsEnd) {
-  CaixaStage stage;
+  CaixaScenario scenario;
   {
-    ModuleObject report(L"CCaixaRpt", stage.around);
+    ModuleObject report(L"CCaixaRpt", scenario.around);
     EXPECT_EQ(
         RaisedBy([&] { frame::Run(report, L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, nullptr); }).source,
         L"KodraRpt.CCaixaRpt::InicializaPS");
-    stage.around.journal.Forget();
+    scenario.around.journal.Forget();
   }
-  EXPECT_EQ(stage.around.journal.Calls(), "~Log\n");
+  EXPECT_EQ(scenario.around.journal.Calls(), "~Log\n");
 }
 
 TEST(CCaixaRptLogTest, NeedsNoListener) {
-  CaixaStage stage;
-  stage.report.OnDebugLog(nullptr);
-  EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
-  EXPECT_EQ(stage.heard, CallLines());
+  CaixaScenario scenario;
+  scenario.report.OnDebugLog(nullptr);
+  EXPECT_EQ(RaisedByMishap(scenario), Reported("Prova.Fonte", "Falha provocada"));
+  EXPECT_EQ(scenario.heard, CallLines());
 }
 
 TEST(CCaixaRptLogTest, AnnouncesTheLineBeforeTheErrorReachesTheClient) {
-  CaixaStage stage;
+  CaixaScenario scenario;
   std::vector<std::string> order;
-  stage.report.OnDebugLog([&](const std::wstring&) { order.emplace_back("line"); });
-  RaisedByMishap(stage);
+  scenario.report.OnDebugLog([&](const std::wstring&) { order.emplace_back("line"); });
+  RaisedByMishap(scenario);
   order.emplace_back("error");
   EXPECT_EQ(order, (std::vector<std::string>{"line", "error"}));
 }
@@ -163,45 +164,45 @@ TEST(CCaixaRptLogTest, KeepsTheSourceOfAnotherComponentsError) {
        "KodraRpt.CCaixaRpt::EtiquetaDivisoria: ----> saindo com o erro 5 em KodraRpt.CAlgo: Falha provocada"},
   };
   for (const auto& [source, line] : kSources) {
-    CaixaStage stage;
-    stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
-    EXPECT_EQ(RaisedByDividers(stage), Reported(recorder::Utf8(source), "Falha provocada"));
-    EXPECT_EQ(stage.heard, CallLines{line});
+    CaixaScenario scenario;
+    scenario.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, source, L"Falha provocada")));
+    EXPECT_EQ(RaisedByDividers(scenario), Reported(recorder::Utf8(source), "Falha provocada"));
+    EXPECT_EQ(scenario.heard, CallLines{line});
   }
 }
 
 TEST(CCaixaRptLogTest, PutsTheMethodInPlaceOfTheApplicationAsTheSource) {
   for (const auto& [name, method] : FramedMethods()) {
     const std::string source = "KodraRpt.CCaixaRpt::" + name;
-    CaixaStage stage;
-    stage.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
-    const ObjectRef parameters = CaixaStage::Own({});
+    CaixaScenario scenario;
+    scenario.around.journal.FailOn(L"Object1.Get(TipoBanco)", Failure(Erro(5, L"KodraRpt", L"Falha provocada")));
+    const ObjectRef parameters = CaixaScenario::Own({});
     const CaixaMethod called = method;
-    EXPECT_EQ(stage.RunRaising(called, parameters), Reported(source, "Falha provocada"));
+    EXPECT_EQ(scenario.RunRaising(called, parameters), Reported(source, "Falha provocada"));
     std::string line = source;
     line.append(": ----> saindo com o erro 5 em ").append(source).append(": Falha provocada");
-    EXPECT_EQ(stage.heard, CallLines{line});
+    EXPECT_EQ(scenario.heard, CallLines{line});
   }
 }
 
 TEST(CCaixaRptLogTest, NamesAPropertyThatAnotherObjectDoesNotHave) {
-  CaixaStage stage;
-  const ObjectRef other = stage.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
+  CaixaScenario scenario;
+  const ObjectRef other = scenario.around.NewObject(L"Outro", {{L"Owner", {L"Arquivo"}}});
   EXPECT_EQ(
-      stage.RunRaising(&CCaixaRpt::EtiquetaDivisoria, other),
+      scenario.RunRaising(&CCaixaRpt::EtiquetaDivisoria, other),
       Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", R"(O objeto de parâmetros não tem a propriedade "Modulo1".)"));
 }
 
 TEST(CCaixaRptLogTest, RefusesANullParameter) {
-  CaixaStage stage;
-  EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaDivisoria, stage.Foreign({{L"Modulo1", Null{}}})),
+  CaixaScenario scenario;
+  EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaDivisoria, scenario.Foreign({{L"Modulo1", Null{}}})),
             Reported("KodraRpt.CCaixaRpt::EtiquetaDivisoria", "Uso de 'Null' inválido"));
 }
 
 TEST(CCaixaRptLogTest, NamesThePathOfAMissingFile) {
-  CaixaStage stage(DatabaseOf(tbSQLite));
-  stage.around.files.clear();
-  EXPECT_EQ(RaisedByDividers(stage),
+  CaixaScenario scenario(DatabaseOf(tbSQLite));
+  scenario.around.files.clear();
+  EXPECT_EQ(RaisedByDividers(scenario),
             Reported("modADO.AbreFirehoseRs",
                      R"([modADO.AbreCn]: [modADO::PreAbreCn]: Banco de dados "/dados/arquivo.db" não encontrado.)"));
 }
@@ -213,14 +214,14 @@ TEST(CCaixaRptLogTest, AnnouncesAndReportsTheErrorOnceWhenTheLogFailsInTheFrame)
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"})
     for (const std::exception_ptr& failure :
          {Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")), Failure(std::bad_alloc())}) {
-      CaixaStage stage;
-      stage.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
-      stage.around.journal.FailOn(call, failure);
-      EXPECT_EQ(RaisedByDividers(stage), Reported("Prova.Fonte", "Falha provocada"));
-      EXPECT_EQ(stage.heard, CallLines{kMishapLine});
+      CaixaScenario scenario;
+      scenario.around.journal.FailOn(L"CreateObject(\"KodraConexao.StrCon\")", Failure(kMishap));
+      scenario.around.journal.FailOn(call, failure);
+      EXPECT_EQ(RaisedByDividers(scenario), Reported("Prova.Fonte", "Falha provocada"));
+      EXPECT_EQ(scenario.heard, CallLines{kMishapLine});
       // The next error finds the log again.
-      EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
-      EXPECT_EQ(stage.heard, (CallLines{kMishapLine, kMishapLine}));
+      EXPECT_EQ(RaisedByMishap(scenario), Reported("Prova.Fonte", "Falha provocada"));
+      EXPECT_EQ(scenario.heard, (CallLines{kMishapLine, kMishapLine}));
     }
 }
 
@@ -228,19 +229,19 @@ TEST(CCaixaRptLogTest, FailsOnceWhenTheLogFailsBeforeTheFrameAndInIt) {
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
   for (const wchar_t* call :
        {L"CreateObject(\"VantLog.FnLog\")", L"Log.Let(LogFile", L"Log.Let(Ativar", L"Log.Call(DebugLog"}) {
-    CaixaStage stage;
+    CaixaScenario scenario;
     for (int time = 0; time < 2; ++time)
-      stage.around.journal.FailOn(call, Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")));
-    EXPECT_EQ(stage.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
+      scenario.around.journal.FailOn(call, Failure(Erro(-2147024891, L"VantLog", L"Acesso negado")));
+    EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
               Reported("VantLog", "Acesso negado"));
-    EXPECT_EQ(stage.heard, CallLines{source + ": ----> saindo com o erro -2147024891 em VantLog: Acesso negado"});
+    EXPECT_EQ(scenario.heard, CallLines{source + ": ----> saindo com o erro -2147024891 em VantLog: Acesso negado"});
   }
 }
 
 TEST(CCaixaRptLogTest, ReportsTheErrorWhenTheListenerFails) {
-  CaixaStage stage;
-  stage.report.OnDebugLog([](const std::wstring&) { throw Erro(5, L"Cliente", L"O cliente falhou"); });
-  EXPECT_EQ(RaisedByMishap(stage), Reported("Prova.Fonte", "Falha provocada"));
+  CaixaScenario scenario;
+  scenario.report.OnDebugLog([](const std::wstring&) { throw Erro(5, L"Cliente", L"O cliente falhou"); });
+  EXPECT_EQ(RaisedByMishap(scenario), Reported("Prova.Fonte", "Falha provocada"));
 }
 
 TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
@@ -258,14 +259,14 @@ TEST(CCaixaRptLogTest, FailsWithoutTheComponentsThatItNeeds) {
       {L"VantLog.FnLog", "AutorizacaoDescarteModuloSubRpt", &CCaixaRpt::AutorizacaoDescarteModuloSubRpt},
   };
   for (const Need& need : kNeeds) {
-    CaixaStage stage;
-    stage.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
-                                Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
-    EXPECT_EQ(stage.RunRaising(need.method, Parameters()),
+    CaixaScenario scenario;
+    scenario.around.journal.FailOn(L"CreateObject(\"" + std::wstring(need.progId) + L"\")",
+                                   Failure(MakeRuntimeError(RuntimeError::kCannotCreateObject)));
+    EXPECT_EQ(scenario.RunRaising(need.method, Parameters()),
               Reported("KodraRpt.CCaixaRpt::" + need.name, "O componente ActiveX não pode criar o objeto"));
-    EXPECT_EQ(stage.heard.back(), "KodraRpt.CCaixaRpt::" + need.name +
-                                      ": ----> saindo com o erro 429 em KodraRpt.CCaixaRpt::" + need.name +
-                                      ": O componente ActiveX não pode criar o objeto");
+    EXPECT_EQ(scenario.heard.back(), "KodraRpt.CCaixaRpt::" + need.name +
+                                         ": ----> saindo com o erro 429 em KodraRpt.CCaixaRpt::" + need.name +
+                                         ": O componente ActiveX não pode criar o objeto");
   }
 }
 

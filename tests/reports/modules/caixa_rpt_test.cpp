@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 namespace kodra::reports {
 namespace {
@@ -14,9 +14,9 @@ const CaixaMethod kDivisoria = &CCaixaRpt::EtiquetaDivisoria;
 constexpr auto kNoModule = "SELECT d.COD_DOCTO FROM DOCUMENTO d WHERE d.NUM_CAIXA = '' ORDER BY d.COD_DOCTO";
 
 // The error of a call with that parameter object.
-Raised RaisedByCall(CaixaStage& stage, CaixaMethod method, const ObjectRef& parameters) {
-  stage.around.journal.Forget();
-  return stage.RunRaising(method, parameters);
+Raised RaisedByCall(CaixaScenario& scenario, CaixaMethod method, const ObjectRef& parameters) {
+  scenario.around.journal.Forget();
+  return scenario.RunRaising(method, parameters);
 }
 
 // The properties.
@@ -30,33 +30,33 @@ TEST(CCaixaRptTest, StartsWithoutConnectionAndLogFile) {
 }
 
 TEST(CCaixaRptTest, KeepsItsPropertiesUnchanged) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  const std::shared_ptr<platform::Connection> connection = stage.report.Conexao().connection;
-  stage.report.SetStringConexao(L" Provider=x ;; ");
-  stage.report.SetLogFile(L" /var/log/kodra.log ");
-  EXPECT_EQ(stage.report.StringConexao(), L" Provider=x ;; ");
-  EXPECT_EQ(stage.report.LogFile(), L" /var/log/kodra.log ");
-  EXPECT_EQ(stage.report.Conexao().connection, connection);
-  EXPECT_EQ(stage.around.journal.Calls(), "");
-  stage.report.SetConexao({});
-  EXPECT_FALSE(stage.report.Conexao());
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  const std::shared_ptr<platform::Connection> connection = scenario.report.Conexao().connection;
+  scenario.report.SetStringConexao(L" Provider=x ;; ");
+  scenario.report.SetLogFile(L" /var/log/kodra.log ");
+  EXPECT_EQ(scenario.report.StringConexao(), L" Provider=x ;; ");
+  EXPECT_EQ(scenario.report.LogFile(), L" /var/log/kodra.log ");
+  EXPECT_EQ(scenario.report.Conexao().connection, connection);
+  EXPECT_EQ(scenario.around.journal.Calls(), "");
+  scenario.report.SetConexao({});
+  EXPECT_FALSE(scenario.report.Conexao());
 }
 
 // Where the database is.
 
 TEST(CCaixaRptTest, AsksForAConnectionOrAConnectionStringBeforeAnythingElse) {
   for (const auto& [name, method] : FramedMethods())
-    for (const ObjectRef& parameters : {CaixaStage::Own({}), ObjectRef()}) {
-      CaixaStage stage;
-      stage.report.SetStringConexao(L"");
-      EXPECT_EQ(RaisedByCall(stage, method, parameters),
+    for (const ObjectRef& parameters : {CaixaScenario::Own({}), ObjectRef()}) {
+      CaixaScenario scenario;
+      scenario.report.SetStringConexao(L"");
+      EXPECT_EQ(RaisedByCall(scenario, method, parameters),
                 Reported("KodraRpt.CCaixaRpt::InicializaPS",
                          R"(Uma das propriedades "Conexao" ou "StringConexao" precisam ser informadas.)"));
       const std::string line = "KodraRpt.CCaixaRpt::" + name +
                                ": ----> saindo com o erro -2147211506 em KodraRpt.CCaixaRpt::InicializaPS: "
                                R"(Uma das propriedades "Conexao" ou "StringConexao" precisam ser informadas.)";
-      EXPECT_EQ(stage.around.journal.Calls(), All({stage.FirstLogLines(line)}));
-      EXPECT_EQ(stage.heard, CallLines{line});
+      EXPECT_EQ(scenario.around.journal.Calls(), All({scenario.FirstLogLines(line)}));
+      EXPECT_EQ(scenario.heard, CallLines{line});
     }
 }
 
@@ -65,13 +65,13 @@ TEST(CCaixaRptTest, AsksForTheParameterObjectSecond) {
     const std::string line = "KodraRpt.CCaixaRpt::" + name +
                              ": ----> saindo com o erro -2147211505 em KodraRpt.CCaixaRpt::InicializaPS: "
                              "Objeto não definido.";
-    CaixaStage onString;
+    CaixaScenario onString;
     EXPECT_EQ(RaisedByCall(onString, method, nullptr),
               Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
     EXPECT_EQ(onString.around.journal.Calls(), All({onString.FirstLogLines(line)}));
     EXPECT_EQ(onString.heard, CallLines{line});
 
-    CaixaStage onClients(DatabaseOf(tbSQLServer), Path::kClientConnection);
+    CaixaScenario onClients(DatabaseOf(tbSQLServer), Path::kClientConnection);
     EXPECT_EQ(RaisedByCall(onClients, method, nullptr),
               Reported("KodraRpt.CCaixaRpt::InicializaPS", "Objeto não definido."));
     EXPECT_EQ(onClients.around.journal.Calls(),
@@ -84,9 +84,9 @@ TEST(CCaixaRptTest, AsksForTheParameterObjectSecond) {
 TEST(CCaixaRptTest, PrefersTheClientsConnectionAndKeepsItsString) {
   for (const auto& [name, method] : FramedMethods()) {
     SCOPED_TRACE(name);
-    CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-    const std::string undisturbed = stage.Run(method, Parameters());
-    CaixaStage both(DatabaseOf(tbSQLServer), Path::kClientConnection);
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+    const std::string undisturbed = scenario.Run(method, Parameters());
+    CaixaScenario both(DatabaseOf(tbSQLServer), Path::kClientConnection);
     both.report.SetStringConexao(L"Provider=OraOLEDB.Oracle;Data Source=ARQ");
     EXPECT_EQ(both.Run(method, Parameters()), undisturbed);
     EXPECT_EQ(both.report.StringConexao(), L"Provider=SQLNCLI11;Data Source=arquivo;");
@@ -95,8 +95,8 @@ TEST(CCaixaRptTest, PrefersTheClientsConnectionAndKeepsItsString) {
 
 TEST(CCaixaRptTest, NeverOpensClosesOrChangesTheClientsConnection) {
   for (const auto& [name, method] : FramedMethods()) {
-    CaixaStage stage(DatabaseOf(tbOracle), Path::kClientConnection);
-    const std::string calls = stage.Run(method, Parameters());
+    CaixaScenario scenario(DatabaseOf(tbOracle), Path::kClientConnection);
+    const std::string calls = scenario.Run(method, Parameters());
     const std::string read =
         "ConexaoDoCliente.ConnectionString() -> \"Provider=OraOLEDB.Oracle;Data Source=ARQ;User ID=kodra\"\n";
     EXPECT_TRUE(calls.starts_with(read)) << calls;
@@ -106,36 +106,37 @@ TEST(CCaixaRptTest, NeverOpensClosesOrChangesTheClientsConnection) {
 }
 
 TEST(CCaixaRptTest, ReadsTheClientsConnectionAgainInEachCall) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  stage.Run(kDivisoria, Parameters());
-  stage.GiveClientConnection("Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
-  CaixaStage other(DatabaseOf(tbMySQL), Path::kClientConnection);
-  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbMySQL}}});
-  EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
-  EXPECT_EQ(stage.report.StringConexao(), L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  scenario.Run(kDivisoria, Parameters());
+  scenario.SetClientConnection("Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
+  CaixaScenario other(DatabaseOf(tbMySQL), Path::kClientConnection);
+  scenario.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbMySQL}}});
+  EXPECT_EQ(scenario.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
+  EXPECT_EQ(scenario.report.StringConexao(), L"Driver={MySQL ODBC 8.0 Unicode Driver};Server=arquivo");
 }
 
 TEST(CCaixaRptTest, FindsOutTheDatabaseAgainInEachCall) {
-  CaixaStage stage;
-  stage.Run(&CCaixaRpt::ModulosVencidos, Parameters());
-  stage.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbDB2}}});
-  stage.report.SetStringConexao(L"Provider=IBMDADB2;Data Source=arquivo;");
-  CaixaStage other(DatabaseOf(tbDB2));
-  EXPECT_EQ(stage.Run(&CCaixaRpt::ModulosVencidos, Parameters()), other.Run(&CCaixaRpt::ModulosVencidos, Parameters()));
+  CaixaScenario scenario;
+  scenario.Run(&CCaixaRpt::ModulosVencidos, Parameters());
+  scenario.around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {tbDB2}}});
+  scenario.report.SetStringConexao(L"Provider=IBMDADB2;Data Source=arquivo;");
+  CaixaScenario other(DatabaseOf(tbDB2));
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::ModulosVencidos, Parameters()),
+            other.Run(&CCaixaRpt::ModulosVencidos, Parameters()));
 }
 
 TEST(CCaixaRptTest, ReturnsToTheConnectionStringWithoutTheClientsConnection) {
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  stage.report.SetConexao({});
-  stage.report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
-  CaixaStage other;
-  EXPECT_EQ(stage.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  scenario.report.SetConexao({});
+  scenario.report.SetStringConexao(L"Provider=SQLNCLI11;Data Source=arquivo;");
+  CaixaScenario other;
+  EXPECT_EQ(scenario.Run(kDivisoria, Parameters()), other.Run(kDivisoria, Parameters()));
 }
 
 TEST(CCaixaRptTest, AcceptsAConnectionStringOfOneBlank) {
-  CaixaStage stage;
-  stage.report.SetStringConexao(L" ");
-  EXPECT_EQ(stage.Run(kDivisoria, Parameters()),
+  CaixaScenario scenario;
+  scenario.report.SetStringConexao(L" ");
+  EXPECT_EQ(scenario.Run(kDivisoria, Parameters()),
             All({{
                 R"(CreateObject("KodraConexao.StrCon") -> Object1)",
                 R"(Object1.Let(StrCon, " "))",
@@ -161,10 +162,10 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
       "FROM CAIXA c INNER JOIN CAIXA_SUBORDINADA s ON c.NUM_CAIXA = s.NUM_CAIXA "
       "WHERE (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR (s.NUM_CAIXA='' AND s.NUM_SEQ=0)  OR "
       "(s.NUM_CAIXA='' AND s.NUM_SEQ=0)";
-  CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-  stage.report.SetLogFile(L"/var/log/kodra.log");
-  stage.report.SetStringConexao(L"outra");
-  EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}}),
+  CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+  scenario.report.SetLogFile(L"/var/log/kodra.log");
+  scenario.report.SetStringConexao(L"outra");
+  EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaAbertura, {{L"Tipo", L"S"}}),
             All({{
                 R"(ConexaoDoCliente.ConnectionString() -> "Provider=SQLNCLI11;Data Source=arquivo;")",
                 R"(CreateObject("KodraConexao.StrCon") -> Object1)",
@@ -186,13 +187,13 @@ TEST(CCaixaRptTest, PassesTheClientsConnectionOnToTheBusinessComponents) {
 
 TEST(CCaixaRptTest, ReturnsRowsThatOutliveTheReport) {
   for (const Path path : kPaths) {
-    CaixaStage stage(DatabaseOf(tbSQLServer), path);
+    CaixaScenario scenario(DatabaseOf(tbSQLServer), path);
     frame::ReportRows rows;
     {
-      ModuleObject report(L"CCaixaRpt", stage.around);
-      report.SetStringConexao(stage.report.StringConexao());
-      report.SetConexao(stage.report.Conexao());
-      rows = frame::Run(report, L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, CaixaStage::Own({}).get());
+      ModuleObject report(L"CCaixaRpt", scenario.around);
+      report.SetStringConexao(scenario.report.StringConexao());
+      report.SetConexao(scenario.report.Conexao());
+      rows = frame::Run(report, L"EtiquetaDivisoria", &CCaixaRpt::EtiquetaDivisoria, CaixaScenario::Own({}).get());
     }
     EXPECT_EQ(rows->State(), platform::ad::kStateOpen);
   }

@@ -3,7 +3,7 @@
 
 #include "frame/parameter_object.h"
 #include "reports/reports.h"
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 namespace {

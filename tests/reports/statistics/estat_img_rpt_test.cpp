@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 #include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
@@ -121,8 +121,8 @@ TEST(CEstatImgRptTest, IsOneWholeStatementOnOracle) {
 TEST(CEstatImgRptTest, IncludesTheLastDayOfThePeriod) {
   Subject report = Report({L"", L"", L""});
   report.parameters[L"DataInicial"] = {k31March2024};
-  Scene scene(report, DatabaseOf(tbSQLServer));
-  const std::string calls = scene.Run();
+  Scenario scenario(report, DatabaseOf(tbSQLServer));
+  const std::string calls = scenario.Run();
   EXPECT_NE(calls.find("WHERE d.DT_ARMAZ BETWEEN '20240331' AND '20240331' AND d.NUM_CAIXA <> 'AA000'  "
                        "AND s.DESCR_SUPORTE <> 'DIGITAL' \", Connection1, 0, 1, 1)\n"),
             std::string::npos)
@@ -130,7 +130,7 @@ TEST(CEstatImgRptTest, IncludesTheLastDayOfThePeriod) {
 }
 
 TEST(CEstatImgRptTest, TakesOneLetterInUpperCaseAndTrimmedCodesFromItsOwnParameterObject) {
-  EXPECT_EQ(Scene(Report({}), DatabaseOf(tbSQLServer))
+  EXPECT_EQ(Scenario(Report({}), DatabaseOf(tbSQLServer))
                 .RunWithOwn({{L"DataInicial", k1March2024},
                              {L"DataFinal", k31March2024},
                              {L"Owner", L"X"},
@@ -142,7 +142,7 @@ TEST(CEstatImgRptTest, TakesOneLetterInUpperCaseAndTrimmedCodesFromItsOwnParamet
 }
 
 TEST(CEstatImgRptTest, InsertsTheOwnerAsItIs) {
-  const std::string calls = Scene(Report({}, L"Arquivo d'Oeste"), DatabaseOf(tbSQLServer)).Run();
+  const std::string calls = Scenario(Report({}, L"Arquivo d'Oeste"), DatabaseOf(tbSQLServer)).Run();
   EXPECT_NE(calls.find(", 'Arquivo d'Oeste' AS OWNER, d.COD_DOCTO  FROM "), std::string::npos) << calls;
 }
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 #include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
@@ -121,18 +121,18 @@ TEST(CEstatIndexRptByKeywordsTest, PutsTheCountsBesideTheParameterRowAlikeOnEver
 }
 
 TEST(CEstatIndexRptByKeywordsTest, LeavesAMissingCountToTheDatabase) {
-  Scene scene(ByKeywords(L""), DatabaseOf(tbSQLServer));
-  EXPECT_EQ(scene.Run(),
+  Scenario scenario(ByKeywords(L""), DatabaseOf(tbSQLServer));
+  EXPECT_EQ(scenario.Run(),
             ListingCalls(DatabaseOf(tbSQLServer),
                          "SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'Ana Lúcia' AS OPERADOR, "
                          "'Jurídico' AS DEPTO, 10 AS PC1, 2 AS PC2,  AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, "
                          "p.EMPRESA AS FUNDO, 'X' AS OWNER FROM PARAMETRO p WHERE p.CODIGO = '1'",
                          KeywordReads("")));
-  scene.Prepare();
-  scene.around.ado.nativeErrors = {156};
-  scene.around.journal.FailOn(L"Recordset1.Open",
-                              Failure(Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
-  EXPECT_EQ(RaisedBy([&] { scene.Call(); }),
+  scenario.Prepare();
+  scenario.around.ado.nativeErrors = {156};
+  scenario.around.journal.FailOn(L"Recordset1.Open",
+                                 Failure(Erro(-2147217900, L"SQLNCLI11", L"Sintaxe incorreta próximo a 'AS'")));
+  EXPECT_EQ(RaisedBy([&] { scenario.Call(); }),
             Framed(kByKeywords, "[SQLNCLI11]: Sintaxe incorreta próximo a 'AS' [N:156]"));
 }
 
@@ -141,7 +141,7 @@ TEST(CEstatIndexRptByKeywordsTest, InsertsDescriptionsAsTheyAre) {
   report.parameters[L"DescrOperador"] = {L"D'Ávila"};
   report.parameters[L"DescrDepto"] = {L""};
   report.parameters[L"Owner"] = {L""};
-  const std::string calls = Scene(report, DatabaseOf(tbSQLServer)).Run();
+  const std::string calls = Scenario(report, DatabaseOf(tbSQLServer)).Run();
   EXPECT_NE(
       calls.find("Recordset1.Open(\"SELECT 'Período: 01/03/2024 a 31/03/2024' AS TIT1, 'D'Ávila' AS OPERADOR, "
                  "'' AS DEPTO, 10 AS PC1, 2 AS PC2, 3 AS PC3, 4 AS PC4, 1+4 AS PC5, 6 AS OBS, "
@@ -153,7 +153,7 @@ TEST(CEstatIndexRptByKeywordsTest, InsertsDescriptionsAsTheyAre) {
 TEST(CEstatIndexRptByKeywordsTest, ReadsItsOwnParameterObject) {
   Parameters values;
   for (const auto& [property, answers] : ByKeywords().parameters) values.emplace_back(property, answers.front());
-  EXPECT_EQ(Scene(ByKeywords(), DatabaseOf(tbSQLServer)).RunWithOwn(values),
+  EXPECT_EQ(Scenario(ByKeywords(), DatabaseOf(tbSQLServer)).RunWithOwn(values),
             ListingCalls(DatabaseOf(tbSQLServer), kCounts));
 }
 

@@ -96,7 +96,7 @@ TEST(CEstatSerieRptTest, IsOneWholeStatementOnSQLServer) {
 }
 
 TEST(CEstatSerieRptTest, SumsFrontPagesForANewParameterObject) {
-  EXPECT_EQ(Scene(Report(L""), DatabaseOf(tbSQLServer), kNaming)
+  EXPECT_EQ(Scenario(Report(L""), DatabaseOf(tbSQLServer), kNaming)
                 .RunWithOwn({{L"DataInicial", k1March2024}, {L"DataFinal", k31March2024}}),
             ListingCalls(DatabaseOf(tbSQLServer),
                          Statement("(por número de documentos)", "'Subgrupo: ' + g.DESCR_GRUPO",
@@ -131,7 +131,7 @@ TEST(CEstatSerieRptTest, HasTheInstallationsNames) {
 TEST(CEstatSerieRptTest, TakesTheLastDayOfAYearIntoTheNext) {
   Subject report = Report(L"F");
   report.parameters[L"DataFinal"] = {Date{45657}};  // 31 December 2024
-  const std::string calls = Scene(report, DatabaseOf(tbSQLServer), kNaming).Run();
+  const std::string calls = Scenario(report, DatabaseOf(tbSQLServer), kNaming).Run();
   EXPECT_NE(calls.find("'Período: 01/03/2024 a 31/12/2024' AS Periodo"), std::string::npos) << calls;
   EXPECT_NE(calls.find("WHERE (d.DT_ARMAZ BETWEEN '20240301' AND '20250101') AND "), std::string::npos) << calls;
 }
@@ -139,7 +139,7 @@ TEST(CEstatSerieRptTest, TakesTheLastDayOfAYearIntoTheNext) {
 TEST(CEstatSerieRptTest, RefusesAPeriodUpToTheEndOfTheCalendar) {
   Subject report = Report(L"F");
   report.parameters[L"DataFinal"] = {Date{2958465}};  // 31 December 9999
-  EXPECT_EQ(Scene(report, DatabaseOf(tbSQLServer), kNaming).RunRaising(), Framed(kName, "Estouro"));
+  EXPECT_EQ(Scenario(report, DatabaseOf(tbSQLServer), kNaming).RunRaising(), Framed(kName, "Estouro"));
 }
 
 TEST(CEstatSerieRptTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
@@ -149,7 +149,7 @@ TEST(CEstatSerieRptTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
 }
 
 TEST(CEstatSerieRptTest, NeedsTheParameterComponent) {
-  EXPECT_EQ(Scene(Report(L"F"), DatabaseOf(tbSQLServer)).RunRaising(),
+  EXPECT_EQ(Scenario(Report(L"F"), DatabaseOf(tbSQLServer)).RunRaising(),
             Framed(kName, R"(Não foi possível criar objeto da classe "KodraParamSist.Obtedor".)"));
 }
 

@@ -69,7 +69,7 @@ TEST(CEstatSubgrupoRptTest, IsTitledByTheInstallationsNameInUpperCase) {
 }
 
 TEST(CEstatSubgrupoRptTest, TakesOneLetterInUpperCaseFromItsOwnParameterObject) {
-  EXPECT_EQ(Scene(Report(L""), DatabaseOf(tbSQLServer), kNaming)
+  EXPECT_EQ(Scenario(Report(L""), DatabaseOf(tbSQLServer), kNaming)
                 .RunWithOwn({{L"DataInicial", k1March2024}, {L"DataFinal", k31March2024}, {L"TipoRpt", L"páginas"}}),
             ListingCalls(DatabaseOf(tbSQLServer),
                          Statement("ESTATÍSTICAS POR SUBGRUPO", "g.DESCR_GRUPO, d.FRENTE, d.VERSO",
@@ -84,7 +84,7 @@ TEST(CEstatSubgrupoRptTest, RefusesADatabaseWithoutDialectBeforeItConnects) {
 }
 
 TEST(CEstatSubgrupoRptTest, NeedsTheParameterComponent) {
-  EXPECT_EQ(Scene(Report(L"F"), DatabaseOf(tbSQLServer)).RunRaising(),
+  EXPECT_EQ(Scenario(Report(L"F"), DatabaseOf(tbSQLServer)).RunRaising(),
             Framed(kName, R"(Não foi possível criar objeto da classe "KodraParamSist.Obtedor".)"));
 }
 

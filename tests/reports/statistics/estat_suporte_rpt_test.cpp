@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 #include "tests/reports/statistics/march.h"
 
 namespace kodra::reports {
@@ -47,7 +47,7 @@ TEST(CEstatSuporteRptTest, IsOneWholeStatementOnMySQL) {
 }
 
 TEST(CEstatSuporteRptTest, TakesOneLetterInUpperCaseFromItsOwnParameterObject) {
-  EXPECT_EQ(Scene(Report(L""), DatabaseOf(tbSQLServer))
+  EXPECT_EQ(Scenario(Report(L""), DatabaseOf(tbSQLServer))
                 .RunWithOwn({{L"DataInicial", k1March2024}, {L"DataFinal", k31March2024}, {L"TipoRpt", L"folhas"}}),
             ListingCalls(DatabaseOf(tbSQLServer),
                          Statement(", d.FRENTE, 0 AS VERSO ", " BETWEEN '20240301' AND '20240331'")));

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tests/recorder/fake_surroundings.h"
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 
@@ -31,13 +31,15 @@ inline CallLines NameLines(const Database& database, int object, const std::stri
   };
 }
 
-// The frame around a mishap in a report that reads names. A parameter component that cannot be made, though its class
-// is registered, is an object that is not there.
-inline recorder::Raised NamedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  const bool byTheComponent = mishap.caught.source != L"KodraRpt";
+// The frame around an injected failure in a report that reads names. A parameter component that cannot be made, though
+// its class is registered, is an object that is not there.
+inline recorder::Raised NamedOutcome(const Scenario& scenario, const FailedCall& failed,
+                                     const InjectedFailure& injected) {
+  const bool byTheComponent = injected.caught.source != L"KodraRpt";
   if (byTheComponent && failed.call == "CreateObject(\"KodraParamSist.Obtedor\")")
-    return recorder::Framed(scene.Tested().name, "A variável do objeto ou a variável do bloco 'With' não foi definida");
-  return FramedOutcome(scene, failed, mishap);
+    return recorder::Framed(scenario.Tested().name,
+                            "A variável do objeto ou a variável do bloco 'With' não foi definida");
+  return FramedOutcome(scenario, failed, injected);
 }
 
 }  // namespace kodra::reports

@@ -1,4 +1,4 @@
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 #include <gtest/gtest.h>
 
@@ -31,27 +31,27 @@ bool OpensRows(const FailedCall& failed) {
   return failed.call.find(".SetC") != std::string::npos || failed.call.find(".Open(\"") != std::string::npos;
 }
 
-// Calls with the mishap at that call, and checks what came of it. Returns whether there was such a call.
-bool CheckCallFailing(Scene& scene, int number, const Mishap& mishap, const Outcome& outcome) {
-  recorder::Journal& journal = scene.around.journal;
-  scene.Prepare();
+// Calls with that failure of the call of that number, and checks the outcome. Returns whether there was such a call.
+bool CheckCallFailing(Scenario& scenario, int number, const InjectedFailure& injected, const Outcome& outcome) {
+  recorder::Journal& journal = scenario.around.journal;
+  scenario.Prepare();
   const int alive = journal.LiveObjects();
-  journal.FailAt(number, mishap.exception);
-  scene.around.ado.nativeErrors = {942};
-  const Raised raised = RaisedBy([&] { EXPECT_EQ(scene.Call() != nullptr, scene.hasRows); });
+  journal.FailAt(number, injected.exception);
+  scenario.around.ado.nativeErrors = {942};
+  const Raised raised = RaisedBy([&] { EXPECT_EQ(scenario.Call() != nullptr, scenario.hasRows); });
   const std::string call = Utf8(journal.FailedCall());
   SCOPED_TRACE(call);
   if (call.empty()) return false;
   const std::string lines = journal.Calls();
   const FailedCall failed = {call, lines.substr(0, lines.find(call + " raises\n"))};
-  EXPECT_EQ(raised, outcome(scene, failed, mishap));
+  EXPECT_EQ(raised, outcome(scenario, failed, injected));
   EXPECT_EQ(journal.LiveObjects(), alive);
   return true;
 }
 
 }  // namespace
 
-Scene::Scene(Subject subject, const Database& database, Preparation prepare)
+Scenario::Scenario(Subject subject, const Database& database, Preparation prepare)
     : subject_(std::move(subject)),
       prepare_(std::move(prepare)),
       parameters_(around.NewObject(L"Parametros", subject_.parameters)),
@@ -59,22 +59,22 @@ Scene::Scene(Subject subject, const Database& database, Preparation prepare)
   Install(database, around);
 }
 
-void Scene::Prepare() {
+void Scenario::Prepare() {
   around.ado = {};
   if (prepare_) prepare_(around);
   around.journal.Forget();
 }
 
-std::string Scene::Run() { return RunWith(parameters_.get()); }
+std::string Scenario::Run() { return RunWith(parameters_.get()); }
 
-std::string Scene::RunWithOwn(const Parameters& values) {
+std::string Scenario::RunWithOwn(const Parameters& values) {
   const std::string className = subject_.name.substr(0, subject_.name.find("::"));
   frame::ParameterObject own(frame::ParameterClassNamed(Wide(className + "Obj")));
   for (const auto& [property, value] : values) own.Let(property, value);
   return RunWith(&own);
 }
 
-std::string Scene::RunWith(AutomationObject* parameters) {
+std::string Scenario::RunWith(AutomationObject* parameters) {
   Prepare();
   const int alive = around.journal.LiveObjects();
   EXPECT_EQ(RaisedBy([&] { EXPECT_EQ(call_(parameters) != nullptr, hasRows); }), Raised());
@@ -82,7 +82,7 @@ std::string Scene::RunWith(AutomationObject* parameters) {
   return around.journal.Calls();
 }
 
-Raised Scene::RunRaising() {
+Raised Scenario::RunRaising() {
   Prepare();
   const int alive = around.journal.LiveObjects();
   Raised raised = RaisedBy([&] { Call(); });
@@ -90,20 +90,20 @@ Raised Scene::RunRaising() {
   return raised;
 }
 
-const std::vector<Mishap>& Mishaps() {
-  static const std::vector<Mishap> mishaps = {
+const std::vector<InjectedFailure>& InjectedFailures() {
+  static const std::vector<InjectedFailure> failures = {
       {Failure(Erro(-2147220000, L"Prova.Fonte", L"Falha provocada")), {-2147220000, "Prova.Fonte", "Falha provocada"}},
       {Failure(std::bad_alloc()), kOutOfMemory},
       {Failure(std::runtime_error("unexpected")), kInternalError},
   };
-  return mishaps;
+  return failures;
 }
 
-std::string Caught(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  const bool firehose = scene.Tested().firehose;
-  const std::string layered = "[" + Utf8(mishap.caught.source) + "]: " + Utf8(mishap.caught.description);
+std::string Caught(const Scenario& scenario, const FailedCall& failed, const InjectedFailure& injected) {
+  const bool firehose = scenario.Tested().firehose;
+  const std::string layered = "[" + Utf8(injected.caught.source) + "]: " + Utf8(injected.caught.description);
   if (OpensConnection(failed.call)) return firehose ? "[modADO.AbreCn]: " + layered : layered;
-  return firehose && OpensRows(failed) ? layered + " [N:942]" : Utf8(mishap.caught.description);
+  return firehose && OpensRows(failed) ? layered + " [N:942]" : Utf8(injected.caught.description);
 }
 
 bool IsIgnored(std::string_view call) {
@@ -119,19 +119,19 @@ bool IsIgnored(std::string_view call) {
                              });
 }
 
-Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap) {
-  return IsIgnored(failed.call) ? Raised() : Framed(scene.Tested().name, Caught(scene, failed, mishap));
+Raised FramedOutcome(const Scenario& scenario, const FailedCall& failed, const InjectedFailure& injected) {
+  return IsIgnored(failed.call) ? Raised() : Framed(scenario.Tested().name, Caught(scenario, failed, injected));
 }
 
-void CheckEachCallFailing(Scene& scene, const Outcome& outcome) {
-  const std::string undisturbed = scene.Run();
-  const int calls = scene.around.journal.CallCount();
+void CheckEachCallFailing(Scenario& scenario, const Outcome& outcome) {
+  const std::string undisturbed = scenario.Run();
+  const int calls = scenario.around.journal.CallCount();
   ASSERT_GT(calls, 0);
-  for (const Mishap& mishap : Mishaps()) {
-    SCOPED_TRACE(Utf8(mishap.caught.description));
+  for (const InjectedFailure& injected : InjectedFailures()) {
+    SCOPED_TRACE(Utf8(injected.caught.description));
     for (int number = 1; number <= calls; ++number) {
-      ASSERT_TRUE(CheckCallFailing(scene, number, mishap, outcome)) << number;
-      ASSERT_EQ(scene.Run(), undisturbed);
+      ASSERT_TRUE(CheckCallFailing(scenario, number, injected, outcome)) << number;
+      ASSERT_EQ(scenario.Run(), undisturbed);
     }
   }
 }
@@ -140,14 +140,14 @@ void CheckFailures(const Subject& subject, std::span<const std::int32_t> codes, 
                    const Outcome& outcome) {
   for (const std::int32_t code : codes) {
     SCOPED_TRACE(code);
-    Scene scene(subject, DatabaseOf(code), prepare);
-    CheckEachCallFailing(scene, outcome);
+    Scenario scenario(subject, DatabaseOf(code), prepare);
+    CheckEachCallFailing(scenario, outcome);
   }
 }
 
 void CheckListing(const Database& database, const Subject& subject, std::string_view statement, const CallLines& before,
                   const Preparation& prepare) {
-  EXPECT_EQ(Scene(subject, database, prepare).Run(), ListingCalls(database, statement, before));
+  EXPECT_EQ(Scenario(subject, database, prepare).Run(), ListingCalls(database, statement, before));
 }
 
 void CheckListing(const Subject& subject, std::string_view statement, const CallLines& before) {
@@ -155,9 +155,9 @@ void CheckListing(const Subject& subject, std::string_view statement, const Call
 }
 
 void CheckDialectNeeded(const Subject& subject, const CallLines& before, const Preparation& prepare) {
-  Scene scene(subject, DatabaseOf(tbOther4), prepare);
-  EXPECT_EQ(scene.RunRaising(), Framed(subject.name, "Não há entrada para o banco tipo 4"));
-  EXPECT_EQ(scene.around.journal.Calls(), All({InitialisationLines(DatabaseOf(tbOther4)), before}));
+  Scenario scenario(subject, DatabaseOf(tbOther4), prepare);
+  EXPECT_EQ(scenario.RunRaising(), Framed(subject.name, "Não há entrada para o banco tipo 4"));
+  EXPECT_EQ(scenario.around.journal.Calls(), All({InitialisationLines(DatabaseOf(tbOther4)), before}));
 }
 
 void CheckPropertiesNeeded(const Subject& subject, const Preparation& prepare) {
@@ -165,7 +165,7 @@ void CheckPropertiesNeeded(const Subject& subject, const Preparation& prepare) {
   for (const auto& [property, answers] : subject.parameters) {
     Subject without = subject;
     without.parameters.erase(property);
-    EXPECT_EQ(Scene(without, DatabaseOf(tbSQLServer), prepare).RunRaising(),
+    EXPECT_EQ(Scenario(without, DatabaseOf(tbSQLServer), prepare).RunRaising(),
               Framed(subject.name, "O objeto de parâmetros não tem a propriedade " + Quoted(Utf8(property)) + "."));
   }
 }
@@ -195,11 +195,11 @@ void CheckFrame(const Subject& subject) {
 
   Database missing = DatabaseOf(tbSQLite);
   missing.connectionString = "Driver=SQLite3;Database=nada.db";
-  EXPECT_EQ(Scene(subject, missing).RunRaising(),
+  EXPECT_EQ(Scenario(subject, missing).RunRaising(),
             Framed(subject.name, std::string(subject.firehose ? "[modADO.AbreCn]: " : "") +
                                      R"([modADO::PreAbreCn]: Banco de dados "nada.db" não encontrado.)"));
 
-  Scene refused(subject, DatabaseOf(tbOracle));
+  Scenario refused(subject, DatabaseOf(tbOracle));
   refused.Prepare();
   refused.around.ado.nativeErrors = {942};
   refused.around.journal.FailOn(L"Recordset1.Open",

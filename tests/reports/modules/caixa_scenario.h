@@ -1,8 +1,8 @@
-// A CCaixaRpt with everything that it meets, and the lines that its calls leave.
+// A CCaixaRpt with its surroundings, and the lines that its calls leave in the journal.
 //
-//   CaixaStage stage(DatabaseOf(tbSQLServer), Path::kClientConnection);
-//   EXPECT_EQ(stage.Run(&CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AB001"}}),
-//             All({stage.InitialLines(), stage.ResultLines("SELECT …")}));
+//   CaixaScenario scenario(DatabaseOf(tbSQLServer), Path::kClientConnection);
+//   EXPECT_EQ(scenario.Run(&CCaixaRpt::EtiquetaDivisoria, {{L"Modulo1", L"AB001"}}),
+//             All({scenario.InitialLines(), scenario.ResultLines("SELECT …")}));
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 #include "reports/reports.h"
 #include "tests/recorder/raised.h"
-#include "tests/reports/report_scene.h"
+#include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
 
@@ -27,10 +27,10 @@ inline constexpr Path kPaths[] = {Path::kConnectionString, Path::kClientConnecti
 // Calls a method of CCaixaRpt by its name.
 frame::ReportRows RunModule(ModuleObject& report, CaixaMethod method, AutomationObject* parameters);
 
-class CaixaStage {
+class CaixaScenario {
  public:
   // A report without log file. Subordinate modules have the code "s.COD7"; one of them is closed.
-  explicit CaixaStage(const Database& database = DatabaseOf(tbSQLServer), Path path = Path::kConnectionString);
+  explicit CaixaScenario(const Database& database = DatabaseOf(tbSQLServer), Path path = Path::kConnectionString);
 
   // The client's parameter object, whose properties have their initial values unless they are named: the component's
   // own, which leaves no lines, or another one ("Parametros" in the journal), which keeps its values as they are given.
@@ -48,7 +48,7 @@ class CaixaStage {
   // What ObtemSubordinados answers.
   void AnswerSubordinates(const Value& answer);
   ObjectRef NewSubordinates(std::int32_t count);
-  void GiveClientConnection(const std::string& connectionString);
+  void SetClientConnection(const std::string& connectionString);
 
   // InicializaPS.
   CallLines InitialLines() const;

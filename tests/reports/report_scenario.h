@@ -1,9 +1,9 @@
-// A report call with everything around it: the database, what its siblings answer and the rows that it reads, the same
-// at every call.
+// A report call with its surroundings: the database, the answers of the siblings and the rows that it reads. They are
+// the same in every call.
 //
-//   Scene scene(SubjectOf("CLogRpt::RelatorioLog", &CLogRpt::RelatorioLog), DatabaseOf(tbSQLServer), RegisterEventLog);
-//   EXPECT_EQ(scene.Run(), …);
-//   CheckEachCallFailing(scene, FramedOutcome);
+//   Scenario scenario(SubjectOf("CLogRpt::RelatorioLog", &CLogRpt::RelatorioLog), DatabaseOf(tbSQLServer));
+//   EXPECT_EQ(scenario.Run(), …);
+//   CheckEachCallFailing(scenario, FramedOutcome);
 #pragma once
 
 #include <exception>
@@ -55,12 +55,12 @@ Subject SubjectOf(std::string name, frame::ReportRows (*report)(Call&), recorder
 // Values of a parameter object by name.
 using Parameters = std::vector<std::pair<std::wstring, Value>>;
 
-// Says what siblings and recordsets will answer in the next call.
+// Prepares what siblings and recordsets answer in the next call.
 using Preparation = std::function<void(recorder::FakeSurroundings&)>;
 
-class Scene {
+class Scenario {
  public:
-  Scene(Subject subject, const Database& database, Preparation prepare = {});
+  Scenario(Subject subject, const Database& database, Preparation prepare = {});
 
   // Prepares a call and starts a new journal.
   void Prepare();
@@ -88,35 +88,35 @@ class Scene {
   Report call_;
 };
 
-// A way for a call to fail, and the error that the component makes of it.
-struct Mishap {
+// An exception for a call, and the error that the component converts it to.
+struct InjectedFailure {
   std::exception_ptr exception;
   recorder::Raised caught;
 };
 // An error, exhausted memory and an exception of no known type.
-const std::vector<Mishap>& Mishaps();
+const std::vector<InjectedFailure>& InjectedFailures();
 
-// A call that a mishap met.
+// A call that was made to fail.
 struct FailedCall {
   std::string call;
   // The lines of the journal before it.
   std::string before;
 };
 
-// What reaches the client when that mishap meets that call.
-using Outcome = std::function<recorder::Raised(const Scene&, const FailedCall&, const Mishap&)>;
+// What reaches the client when that call fails with that failure.
+using Outcome = std::function<recorder::Raised(const Scenario&, const FailedCall&, const InjectedFailure&)>;
 
-// The description of a mishap at the report method, with the layers of the functions that it passed on its way: those
-// that open a connection, and those that open rows on it. The provider's native code is 942.
-std::string Caught(const Scene& scene, const FailedCall& failed, const Mishap& mishap);
-// The calls whose failure a report goes on without.
+// The description of an injected failure at the report method, with the layers of the functions that it passed on its
+// way: those that open a connection, and those that open rows on it. The provider's native code is 942.
+std::string Caught(const Scenario& scenario, const FailedCall& failed, const InjectedFailure& injected);
+// Whether a report ignores the failure of a call.
 bool IsIgnored(std::string_view call);
-// A mishap in the frame that all reports but one share, and nothing for the calls whose failure is ignored.
-recorder::Raised FramedOutcome(const Scene& scene, const FailedCall& failed, const Mishap& mishap);
+// An injected failure in the frame that all reports but one share; Raised() for the calls whose failure is ignored.
+recorder::Raised FramedOutcome(const Scenario& scenario, const FailedCall& failed, const InjectedFailure& injected);
 
-// Makes each call of a scene fail in turn, by every mishap. Expects that outcome, nothing left alive, and the
-// undisturbed calls at the next call of the same object.
-void CheckEachCallFailing(Scene& scene, const Outcome& outcome);
+// Makes each call of a scenario fail in turn, with every failure. Expects that outcome, that nothing is left alive, and
+// that the next call of the same object makes the usual calls.
+void CheckEachCallFailing(Scenario& scenario, const Outcome& outcome);
 // The same on databases of those codes.
 void CheckFailures(const Subject& subject, std::span<const std::int32_t> codes = kEveryCode,
                    const Preparation& prepare = {}, const Outcome& outcome = FramedOutcome);

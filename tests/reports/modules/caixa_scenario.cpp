@@ -1,4 +1,4 @@
-#include "tests/reports/modules/caixa_stage.h"
+#include "tests/reports/modules/caixa_scenario.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ frame::ReportRows RunModule(ModuleObject& report, CaixaMethod method, Automation
   return nullptr;
 }
 
-CaixaStage::CaixaStage(const Database& database, Path path) : database_(database), path_(path) {
+CaixaScenario::CaixaScenario(const Database& database, Path path) : database_(database), path_(path) {
   Install(database, around);
   around.Register(L"KodraBsnV3.ModulosBsn", {{L"NumCxSubordinadaSQL", {L"s.COD7"}}});
   around.Register(L"KodraBsnV3.ModulosFiltro", {});
@@ -43,33 +43,33 @@ CaixaStage::CaixaStage(const Database& database, Path path) : database_(database
   AnswerSubordinates(NewSubordinates(1));
   report.OnDebugLog([this](const std::wstring& line) { heard.push_back(Utf8(line)); });
   if (path == Path::kClientConnection)
-    GiveClientConnection(database.connectionString);
+    SetClientConnection(database.connectionString);
   else
     report.SetStringConexao(Wide(database.connectionString));
   around.journal.Forget();
 }
 
-void CaixaStage::GiveClientConnection(const std::string& connectionString) {
+void CaixaScenario::SetClientConnection(const std::string& connectionString) {
   const auto connection = std::make_shared<recorder::FakeConnection>(around.journal, L"ConexaoDoCliente", around.ado);
   connection->SetConnectionString(Wide(connectionString));
   report.SetConexao({connection, around.NewObject(L"ObjetoConexao", {})});
 }
 
-void CaixaStage::AnswerSubordinates(const Value& answer) {
+void CaixaScenario::AnswerSubordinates(const Value& answer) {
   around.Register(L"KodraBsnV3.ObtedorDeModulos", {{L"ObtemSubordinados", {answer}}});
 }
 
-ObjectRef CaixaStage::NewSubordinates(std::int32_t count) {
+ObjectRef CaixaScenario::NewSubordinates(std::int32_t count) {
   return around.NewObject(L"Subordinados", {{L"Count", {count}}});
 }
 
-ObjectRef CaixaStage::Own(const Parameters& parameters) {
+ObjectRef CaixaScenario::Own(const Parameters& parameters) {
   auto object = std::make_shared<frame::ParameterObject>(frame::ParameterClassNamed(L"CCaixaRptObj"));
   for (const auto& [name, value] : parameters) object->Let(name, value);
   return object;
 }
 
-ObjectRef CaixaStage::Foreign(const Parameters& parameters) {
+ObjectRef CaixaScenario::Foreign(const Parameters& parameters) {
   const frame::ParameterClass& own = frame::ParameterClassNamed(L"CCaixaRptObj");
   frame::ParameterObject initial(own);
   recorder::Answers answers;
@@ -79,17 +79,17 @@ ObjectRef CaixaStage::Foreign(const Parameters& parameters) {
   return around.NewObject(L"Parametros", std::move(answers));
 }
 
-std::string CaixaStage::Run(CaixaMethod method, const ObjectRef& parameters) {
+std::string CaixaScenario::Run(CaixaMethod method, const ObjectRef& parameters) {
   around.journal.Forget();
   EXPECT_NE(RunModule(report, method, parameters.get()), nullptr);
   return around.journal.Calls();
 }
 
-recorder::Raised CaixaStage::RunRaising(CaixaMethod method, const ObjectRef& parameters) {
+recorder::Raised CaixaScenario::RunRaising(CaixaMethod method, const ObjectRef& parameters) {
   return recorder::RaisedBy([&] { RunModule(report, method, parameters.get()); });
 }
 
-CallLines CaixaStage::InitialLines() const {
+CallLines CaixaScenario::InitialLines() const {
   CallLines lines;
   if (path_ == Path::kClientConnection)
     lines.push_back("ConexaoDoCliente.ConnectionString() -> " + Quoted(database_.connectionString));
@@ -97,7 +97,7 @@ CallLines CaixaStage::InitialLines() const {
   return lines;
 }
 
-CallLines CaixaStage::BusinessLines(const std::string& name, const std::string& progId) const {
+CallLines CaixaScenario::BusinessLines(const std::string& name, const std::string& progId) const {
   CallLines lines = {
       "CreateObject(" + Quoted(progId) + ") -> " + name,
       name + ".Let(StringConexao, " + Quoted(database_.connectionString) + ")",
@@ -107,7 +107,7 @@ CallLines CaixaStage::BusinessLines(const std::string& name, const std::string& 
   return lines;
 }
 
-CallLines CaixaStage::SubordinateCodeLines(int object) const {
+CallLines CaixaScenario::SubordinateCodeLines(int object) const {
   const std::string name = "Object" + std::to_string(object);
   CallLines lines = BusinessLines(name, "KodraBsnV3.ModulosBsn");
   lines.push_back(name + ".Call(NumCxSubordinadaSQL, ByRef " + std::to_string(database_.code) +
@@ -116,13 +116,13 @@ CallLines CaixaStage::SubordinateCodeLines(int object) const {
   return lines;
 }
 
-CallLines CaixaStage::FirstLogLines(const std::string& text) const {
+CallLines CaixaScenario::FirstLogLines(const std::string& text) const {
   CallLines lines = {R"(CreateObject("VantLog.FnLog") -> Log)"};
   Append(lines, LogLines(text));
   return lines;
 }
 
-CallLines CaixaStage::LogLines(const std::string& text) const {
+CallLines CaixaScenario::LogLines(const std::string& text) const {
   return {
       "Log.Let(LogFile, " + Quoted(Utf8(report.LogFile())) + ")",
       report.LogFile().empty() ? "Log.Let(Ativar, False)" : "Log.Let(Ativar, True)",
@@ -130,7 +130,7 @@ CallLines CaixaStage::LogLines(const std::string& text) const {
   };
 }
 
-CallLines CaixaStage::ClosedSubordinatesLines(const std::string& module, const std::string& answer) const {
+CallLines CaixaScenario::ClosedSubordinatesLines(const std::string& module, const std::string& answer) const {
   CallLines lines = FirstLogLines("KodraRpt.CCaixaRpt::ObtemSubordinadosFechados: gerando filtro");
   Append(lines, {
                     R"(CreateObject("KodraBsnV3.ModulosFiltro") -> Object2)",
@@ -143,7 +143,7 @@ CallLines CaixaStage::ClosedSubordinatesLines(const std::string& module, const s
   return lines;
 }
 
-CallLines CaixaStage::ResultLines(const std::string& statement, const CallLines& ends) const {
+CallLines CaixaScenario::ResultLines(const std::string& statement, const CallLines& ends) const {
   CallLines lines;
   if (path_ == Path::kClientConnection) {
     lines = {
@@ -159,7 +159,7 @@ CallLines CaixaStage::ResultLines(const std::string& statement, const CallLines&
   return lines;
 }
 
-CallLines CaixaStage::StaticLines() {
+CallLines CaixaScenario::StaticLines() {
   return {
       "NewRecordset() -> Recordset1",
       "Recordset1.SetCursorLocation(3)",
@@ -167,7 +167,7 @@ CallLines CaixaStage::StaticLines() {
   };
 }
 
-CallLines CaixaStage::StaticOpenLines(const std::string& statement) const {
+CallLines CaixaScenario::StaticOpenLines(const std::string& statement) const {
   const bool onClients = path_ == Path::kClientConnection;
   return {"Recordset1.Open(" + Quoted(statement) + ", " +
           (onClients ? "ConexaoDoCliente" : Quoted(database_.connectionString)) + ", -1, -1, -1)"};
@@ -176,27 +176,27 @@ CallLines CaixaStage::StaticOpenLines(const std::string& statement) const {
 void CheckResult(const Database& database, CaixaMethod method, const Parameters& parameters, Asks asks,
                  const Statements& statements) {
   for (const Path path : kPaths) {
-    CaixaStage stage(database, path);
-    const CallLines asked = asks == Asks::kSubordinateCode ? stage.SubordinateCodeLines(2) : CallLines();
+    CaixaScenario scenario(database, path);
+    const CallLines asked = asks == Asks::kSubordinateCode ? scenario.SubordinateCodeLines(2) : CallLines();
     const bool onString = path == Path::kConnectionString;
-    EXPECT_EQ(stage.Run(method, parameters),
-              All({stage.InitialLines(), asked,
-                   stage.ResultLines(onString ? statements.onString : statements.onConnection)}));
-    EXPECT_EQ(stage.heard, CallLines());
+    EXPECT_EQ(scenario.Run(method, parameters),
+              All({scenario.InitialLines(), asked,
+                   scenario.ResultLines(onString ? statements.onString : statements.onConnection)}));
+    EXPECT_EQ(scenario.heard, CallLines());
   }
 }
 
 void CheckStatic(const Database& database, CaixaMethod method, const Parameters& parameters, Asks asks,
                  const std::string& statement) {
   for (const Path path : kPaths) {
-    CaixaStage stage(database, path);
-    const CallLines asked = asks == Asks::kSubordinateCode ? stage.SubordinateCodeLines(2) : CallLines();
-    EXPECT_EQ(stage.Run(method, parameters), All({stage.InitialLines(),
-                                                  asked,
-                                                  CaixaStage::StaticLines(),
-                                                  stage.StaticOpenLines(statement),
-                                                  {"~Recordset1"}}));
-    EXPECT_EQ(stage.heard, CallLines());
+    CaixaScenario scenario(database, path);
+    const CallLines asked = asks == Asks::kSubordinateCode ? scenario.SubordinateCodeLines(2) : CallLines();
+    EXPECT_EQ(scenario.Run(method, parameters), All({scenario.InitialLines(),
+                                                     asked,
+                                                     CaixaScenario::StaticLines(),
+                                                     scenario.StaticOpenLines(statement),
+                                                     {"~Recordset1"}}));
+    EXPECT_EQ(scenario.heard, CallLines());
   }
 }
 
