@@ -1,4 +1,4 @@
-// The whole sample archive in memory, for comparing a report with the rows that it was made from.
+// The whole sample archive in memory, to compare reports with the rows that they are made from.
 #pragma once
 
 #include <tuple>
@@ -31,7 +31,7 @@ class Archive {
   typename Rows<AllRecords>::Type rows_;
 };
 
-// Makes an archive; the same size produces the same rows.
+// Generates an archive; the same size produces the same rows.
 Archive Generate(Size size);
 
 }  // namespace kodra::testbed

@@ -47,7 +47,7 @@ std::int64_t Generator::Count<Parametro>() const {
 }
 template <>
 Parametro Generator::Row(std::int64_t row) const {
-  // A second row, that of another installation, which must never be read.
+  // A second row, for another installation, which must never be read.
   if (row == 1) return {L"2", L"Outra Instalação", L"Fundo", L"Seção", L"Dossiê", L"Dossiês", 1, 1, L"N", L"S", 1};
   return {L"1",     L"Memória & Arquivo – Guarda de Documentos Ltda.",
           L"Grupo", L"Subgrupo",

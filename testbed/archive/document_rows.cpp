@@ -38,7 +38,7 @@ Moment BusinessHour(Day day, Random& random) {
   return day + hours(random.Between(8, 17)) + minutes(random.Below(60)) + seconds(random.Below(60));
 }
 
-// Midnight for documents whose source had no time, the very last second of the day for some.
+// Midnight for documents whose source had no time; the last second of the day for some.
 Moment StorageMoment(Day day, std::int64_t row, Random& random) {
   if (row % 3 == 0) return day;
   if (row % 50 == 1) return day + hours(23) + minutes(59) + seconds(59);
@@ -101,7 +101,7 @@ Documento Generator::Row(std::int64_t row) const {
     document.codGrupo = SubgroupCode(entry.subgroup);
     document.codIndexador = OperatorCode(random.Below(Operators()));
     document.dataIndexacao = row % 4 == 0 ? Moment(day) : BusinessHour(day + days(random.Below(21)), random);
-    // Some are classified only as far as their subgroup.
+    // Some are classified only up to their subgroup.
     if (row % 64 != 13) {
       document.codAssunto = SeriesCode(series);
       if (row % 9 != 0) document.dtVenc = AddYears(day, entry.retentionYears);
@@ -143,7 +143,7 @@ Solicitacao Generator::Row(std::int64_t row) const {
   withdrawal.codSolicit = number;
   withdrawal.codDocto = *DocumentCode((block * 37 + place) % documents_);
   withdrawal.codOperador = OperatorCode(static_cast<std::int64_t>(request * 3) % Operators());
-  // Requests for one and for three documents take the same modes: each pair of requests takes the next two.
+  // Requests for one and for three documents have the same modes: each pair of requests has the next two.
   if (const wchar_t* mode = InTurn(kModes, block + (place == 0 ? 0 : 3)); mode != nullptr) withdrawal.devolvido = mode;
   if (const wchar_t* remark = InTurn(kRemarks, number); remark != nullptr) withdrawal.obsSolicit = remark;
   const Day day = Day(std::chrono::year(2022) / 1 / 3) + days(random.Below(700));

@@ -9,7 +9,8 @@ namespace kodra::testbed {
 namespace {
 
 constexpr Day kFirstDay = std::chrono::year(2010) / 1 / 4;
-constexpr std::int64_t kDaysOfStorage = 4378;  // to the end of 2021: whatever falls due soon after that is long overdue
+constexpr std::int64_t kDaysOfStorage =
+    4378;  // until the end of 2021, so that whatever was due soon after is overdue today
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-// Makes the rows of the sample archive, each on its own: a row depends only on the archive's size, its table and its
-// number.
+// Generates the rows of the sample archive independently of each other: a row depends only on the size of the archive,
+// its table and its number.
 //
 //   const Generator generator({.documents = 1000000});
 //   for (std::int64_t i = 0; i < generator.Count<Documento>(); ++i) Write(generator.Row<Documento>(i));
@@ -7,7 +7,7 @@
 // So an archive of any size is streamed in constant memory, and the same size produces the same rows on every machine.
 // Besides ordinary rows every table contains the kinds that reports treat differently (a deleted operator, a series
 // without an owner, a document not yet indexed, ...); from 64 documents on, all of them exist. The row number decides
-// the kind, as the row functions say. A Generator is immutable and may be shared by threads.
+// the kind, as described at the row functions. A Generator is immutable and may be shared by threads.
 #pragma once
 
 #include <cstdint>
@@ -63,9 +63,9 @@ inline constexpr std::int64_t kOperatorGroups = 5;
 
 // Texts made of the vocabulary.
 Text Padded(std::int64_t number, int digits);
-Text PersonName(std::int64_t row);          // "João D'Ávila" becomes "joao.davila"
-Text AsLogin(std::wstring_view name);       // "João D'Ávila" returns "joao.davila"
+Text PersonName(std::int64_t row);          // "João D'Ávila"
+Text AsLogin(std::wstring_view name);       // "joao.davila" for "João D'Ávila"
 Text BrazilianDate(Day day);                // "31/05/2024"
-Day AddYears(Day day, std::int64_t years);  // 29 February becomes 28 where the year has none
+Day AddYears(Day day, std::int64_t years);  // 29 February becomes 28 February in a year without it
 
 }  // namespace kodra::testbed

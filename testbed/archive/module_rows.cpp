@@ -8,21 +8,21 @@
 namespace kodra::testbed {
 namespace {
 
-// How long a module keeps its papers. The modules take these in turn, and so do the subordinate modules.
+// How long a module keeps its papers. Modules and subordinate modules use these in rotation.
 struct Retention {
   const wchar_t* kind;  // TIPO_GUARDA; null is a null
   MaybeNumber years;    // null: no due date
   bool closed;
 };
 constexpr Retention kRetentions[] = {
-    {L"T", 2, true},      // due for years
-    {L"T", 75, true},     // not due in our time
+    {L"T", 2, true},      // overdue for years
+    {L"T", 75, true},     // not due for decades
     {L"D", {}, true},     // due since it was closed
     {L"D", {}, false},    // still open
     {L"E", 1, true},      // discarded
-    {L"P", {}, true},     // kept for ever
+    {L"P", {}, true},     // kept forever
     {L"T", {}, false},    // its term has not begun
-    {nullptr, {}, false}  // nobody has decided
+    {nullptr, {}, false}  // not decided yet
 };
 
 constexpr std::int64_t kSubordinatesPerParent = 3;
@@ -59,7 +59,7 @@ Caixa Generator::Row(std::int64_t row) const {
   module.numCaixa = ModuleCode(row);
   module.codTipoCx = std::to_wstring(row % 5);
   if (row == 0) {
-    // The documents that wait for a module; the row would be due if it were one.
+    // The pseudo-module of the documents that wait for a module; as a module it would be due.
     module.descCaixa = L"Documentos sem módulo de guarda";
     module.tipoGuarda = L"T";
     module.anosVencimento = 1;
@@ -94,7 +94,7 @@ Caixa Generator::Row(std::int64_t row) const {
       break;  // not yet shelved
     case 1:
       module.coordX = L"", module.coordZ = std::to_wstring(row % 7 + 1);
-      break;  // only a shelf
+      break;  // a shelf only
     case 2:
       module.coordX = L"", module.coordY = L"", module.coordZ = L"";
       break;

@@ -1,6 +1,7 @@
-// A small source of numbers for one row: fast, and the same on every machine.
+// A small pseudo-random generator for one row: fast, and the same on every machine.
 //
-// A row's numbers depend only on the archive's seed, its table and its row number, so any row can be made on its own.
+// A row's numbers depend only on the archive's seed, its table and its row number, so any row can be generated
+// independently.
 #pragma once
 
 #include <cstddef>
@@ -41,7 +42,7 @@ class Random {
   std::uint64_t state_;
 };
 
-// The element of an array that a row takes in turn.
+// The element of an array for a row, in rotation.
 template <class T, std::size_t kSize>
 const T& InTurn(const T (&choices)[kSize], std::int64_t row) {
   return choices[static_cast<std::size_t>(row % static_cast<std::int64_t>(kSize))];

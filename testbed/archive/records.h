@@ -1,6 +1,6 @@
-// The rows of the sample archive, one plain structure per table; each member holds the column of the same name.
+// The rows of the sample archive, one plain structure per table; each member is the column of the same name.
 //
-// A member that is std::optional is a column that may be null; an empty text is an empty text, not a null.
+// A member that is std::optional is a column that may be null; an empty text is not a null.
 // Codes are texts, as the reports compare them; dates have no time zone.
 #pragma once
 
@@ -117,7 +117,7 @@ struct TipoCaixa {
 };
 
 struct Caixa {    // a storage module
-  Text numCaixa;  // 5 characters; 'AA000' holds the documents without a module
+  Text numCaixa;  // 5 characters; 'AA000' contains the documents without a module
   MaybeText descCaixa, obsCaixa, docInicial, docFinal;
   MaybeDay dataVencimento;
   MaybeDay dataFechamento;  // null while the module is open

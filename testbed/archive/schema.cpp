@@ -10,7 +10,7 @@ std::wstring TypeName(const Column& column, Engine engine) {
     case ColumnType::kText:
       return L"VARCHAR(" + std::to_wstring(column.length) + L")";
     case ColumnType::kLongText:
-      // The longest that all engines of the standard accept.
+      // The longest length that all of these engines accept.
       return engine == Engine::kStandard ? L"VARCHAR(32000)" : L"TEXT";
     case ColumnType::kInteger:
       return engine == Engine::kMySql ? L"INT" : L"INTEGER";
@@ -40,7 +40,7 @@ std::wstring CreateTable(const TableShape& table, Engine engine) {
     if (inKey) key += (key.empty() ? L"" : L", ") + std::wstring(column.name);
   }
   sql += L"  PRIMARY KEY (" + key + L")\n)";
-  // Compared by code point, as SQLite does: the same rows in the same order on both engines.
+  // Comparison by code point, as in SQLite, so that both engines return the same rows in the same order.
   if (engine == Engine::kMySql) sql += L" DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_bin";
   return sql;
 }

@@ -1,6 +1,6 @@
 // The tables of the sample archive: their columns, stated once, and the DDL that each engine needs for them.
 //
-// A table's columns connect a name and a type with the member of its record, so that the DDL, the writers and the
+// Each column connects a name and a type with a member of the record, so that the DDL, the writers and the
 // records cannot disagree. The order of columns is the order of the cells of a row.
 #pragma once
 
@@ -66,7 +66,7 @@ void ForEachRecordType(Visitor&& visitor) {
 // The shapes of all tables, in order.
 std::vector<TableShape> AllShapes();
 
-// kStandard is for the engines that know the standard's types.
+// kStandard is for the engines that have the types of standard SQL.
 enum class Engine { kSqlite, kMySql, kStandard };
 
 // The statement that creates a table, without the closing semicolon.

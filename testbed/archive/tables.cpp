@@ -24,7 +24,7 @@ Record RecordOfMember(T Record::*);
 template <auto Member>
 using RecordOf = decltype(RecordOfMember(Member));
 
-// A column held by a member, and one held by an element of an array.
+// A column that is a member, and a column that is an element of an array member.
 template <auto Member>
 ReadColumn<RecordOf<Member>> In(Column column) {
   return {column, [](const RecordOf<Member>& record) { return ToCell(record.*Member); }};

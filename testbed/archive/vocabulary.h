@@ -20,7 +20,7 @@ std::span<const std::wstring_view> Streets();
 std::span<const std::wstring_view> Companies();
 std::span<const std::wstring_view> Departments();
 
-// The kind of a series' index key, so that documents get suitable values.
+// The kind of a series' index key, which decides the values in the documents.
 enum class KeyKind { kAbsent, kBlank, kNumber, kPerson, kCompany, kDate, kCity, kMoney };
 
 struct KeyEntry {  // kAbsent has a null caption, kBlank an empty one
@@ -32,7 +32,7 @@ struct GroupEntry {
   std::wstring_view name, notes;
 };
 struct SubgroupEntry {
-  int group;  // -1: it belongs to none
+  int group;  // -1: none
   std::wstring_view name, notes;
 };
 struct SeriesEntry {

@@ -8,11 +8,11 @@
 
 namespace kodra::testbed {
 
-// Writes an SQLite database file at a path (UTF-8), in one transaction. A file already there is replaced only when
-// the new one is complete. Raises std::runtime_error with the engine's message.
+// Writes an SQLite database file at a path (UTF-8), in one transaction. An existing file is replaced only
+// when the new one is complete. Raises std::runtime_error with the engine's message.
 void WriteSqlite(const std::string& path, Size size);
 
-// Writes an SQL script in UTF-8 that drops, makes and fills the tables in the client's current database: the input of
+// Writes an SQL script in UTF-8 that drops, creates and fills the tables in the client's current database: the input of
 // the mariadb and mysql client programs. Raises std::runtime_error when the stream fails.
 void WriteMySql(std::ostream& script, Size size);
 

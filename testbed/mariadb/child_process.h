@@ -1,4 +1,4 @@
-// Programs that this one starts, and that end with it whichever way it ends.
+// Programs that this one starts and that end with it, however it ends.
 #pragma once
 
 #include <sys/types.h>
@@ -16,12 +16,12 @@ struct ChildProcess {
   std::string input, output;
   // The user and group that the program runs as; only root may choose another one than its own.
   std::optional<uid_t> user = {};
-  // The keys that interrupt this program do not reach the new one.
+  // The new program does not receive the signals of the terminal, such as Ctrl-C.
   bool background = false;
 };
 
-// Starts a program and returns its process id. A program that cannot be run ends with exit code 127. Whatever signals
-// this program handles or blocks, the new one starts with the default action for all of them.
+// Starts a program and returns its process id. A program that cannot be run ends with exit code 127. The new
+// program starts with the default action for all signals, whatever this one handles or blocks.
 // REQUIRES: called by a thread that lives as long as the program should.
 pid_t Spawn(const ChildProcess& child);
 

@@ -3,7 +3,8 @@
 //   kodra-mariadb acervo.sql -- ./relatorios --verbose
 //
 // The command finds the ODBC connection string of the database in the environment variable KODRA_MYSQL. The program
-// stops the server and ends with the command's exit code. An interruption is left to the command.
+// stops the server and ends with the command's exit code. A signal that interrupts the program is passed on to the
+// command.
 #include <signal.h>
 
 #include <CLI/CLI.hpp>
@@ -21,14 +22,14 @@ namespace {
 using kodra::testbed::MariaDbServer;
 
 constexpr wchar_t kDatabase[] = L"arquivo";
-constexpr int kFailed = 125;  // the failure is ours, not the command's
+constexpr int kFailed = 125;  // a failure of this program, not of the command
 
 std::atomic<int> interruptedBy{0};
 std::atomic<pid_t> running{0};
 
 void OnInterruption(int signal, siginfo_t* info, void*) {
   interruptedBy = signal;
-  // A key pressed at the terminal reaches the command by itself; a signal from another process is passed on here.
+  // The terminal sends the command its own signal for Ctrl-C; a signal from another process is passed on here.
   const pid_t command = running;
   if (command != 0 && info->si_code <= 0) kill(command, signal);
 }

@@ -87,7 +87,7 @@ bool Answers(const std::string& path) {
   return answers;
 }
 
-// The client program's last message: before it the program repeats the statement, which may be long.
+// The last message of the client program, without the statement that the program repeats before it.
 std::string Complaint(const std::string& output) {
   const std::size_t last = output.rfind("ERROR ");
   const std::size_t first = last == std::string::npos ? 0 : last;
@@ -192,7 +192,7 @@ bool MariaDbServer::WaitUntilItAnswers() const {
 
 void MariaDbServer::Stop() noexcept {
   if (process_ > 0) {
-    // Its data are deleted with it, so it needs no orderly end.
+    // Its data is deleted too, so it need not shut down cleanly.
     kill(process_, SIGKILL);
     while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
   }

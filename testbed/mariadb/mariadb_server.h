@@ -1,14 +1,14 @@
 // A private MariaDB server, which listens on a socket in a temporary folder and on no port. Nobody but this program's
-// user and root can enter the folder. The server ends with the object, and at the latest with this program, whichever
-// way it ends.
+// user and root can enter the folder. The server ends with the object, and at the latest with this program,
+// however it ends.
 //
 //   MariaDbServer server;
 //   server.CreateDatabase(L"arquivo");
 //   server.RunScript(L"arquivo", "/path/to/schema.sql");
 //   connection.SetConnectionString(server.ConnectionString(L"arquivo"));
 //
-// When root runs this program, the server runs as a user that has no account, so that a client of the server can touch
-// nothing of root's. Each server has passwords of its own.
+// When root runs this program, the server runs as a user that has no account, so that a client of the server has no
+// access to root's files. Each server has passwords of its own.
 //
 // Needs Debian's packages mariadb-server-core (only the server: its system tables are made from the SQL files that come
 // with it), mariadb-client-core and odbc-mariadb. A missing one raises std::runtime_error that says what to install.
@@ -37,8 +37,8 @@ class MariaDbServer {
   // The same with another password.
   std::wstring ConnectionString(std::wstring_view database, std::wstring_view password) const;
 
-  // Makes an empty database, with the character set utf8mb4; an existing one of that name is dropped. The client may
-  // also make databases whose names begin with this one and an underscore.
+  // Creates an empty database, with the character set utf8mb4; an existing one of that name is dropped. The client may
+  // also create databases whose names begin with this one and an underscore.
   void CreateDatabase(std::wstring_view name) const;
   // Runs a UTF-8 script in a database, as the client. A failure raises std::runtime_error with the line and the
   // server's message.

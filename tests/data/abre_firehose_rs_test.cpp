@@ -29,7 +29,7 @@ Raised NoTable(const std::string& nativeCode = "") {
 
 class AbreFirehoseRsTest : public testing::Test {
  protected:
-  // Makes a connection for the test, and starts a journal after it.
+  // Creates a connection for the test, and starts a new journal after it.
   void GiveConnection() {
     connection_ = around_.NewConnection();
     around_.journal.Forget();
@@ -41,7 +41,7 @@ class AbreFirehoseRsTest : public testing::Test {
     return AbreFirehoseRs(source, connectionString, options, connection_, around_);
   }
 
-  // Raised when the recordset cannot be opened on a connection with the given provider errors.
+  // Raised when the recordset cannot be opened on a connection with those provider errors.
   Raised RaisedWithNativeErrors(std::vector<std::int32_t> nativeErrors) {
     around_.ado.nativeErrors = std::move(nativeErrors);
     around_.journal.FailOn(L"Recordset1.Open", Failure(kNoTable));

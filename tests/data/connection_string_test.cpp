@@ -1,4 +1,4 @@
-// What PreAbreCn makes of a client's connection string.
+// The preparation of a client's connection string by PreAbreCn.
 #include "data/connection_string.h"
 
 #include <gtest/gtest.h>
@@ -40,7 +40,7 @@ class PreAbreCnTest : public testing::Test {
   FakeSurroundings around_;
 };
 
-// A client's string, what it becomes, and the calls that are made for it.
+// A client's string, the prepared string, and the calls that the preparation makes.
 struct Preparation {
   const char* name;
   const wchar_t* given;

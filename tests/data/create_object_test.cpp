@@ -1,4 +1,4 @@
-// Making sibling components.
+// Creating sibling components.
 #include "data/create_object.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Reading one key's value out of a connection string.
+// Reading the value of one key of a connection string.
 #include <gtest/gtest.h>
 
 #include "data/connection_string.h"

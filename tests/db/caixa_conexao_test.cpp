@@ -1,4 +1,4 @@
-// CCaixaRpt on a connection that the client opened and keeps.
+// CCaixaRpt on an open connection of the client.
 #include "odbc/engine/recordset.h"
 #include "reports/reports.h"
 #include "tests/db/rows_driver.h"

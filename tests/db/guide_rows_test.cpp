@@ -20,7 +20,7 @@ using rows::Table;
 using values::FromUtf8;
 using values::ToUtf8;
 
-// Values with which the reports find rows in the sample archive.
+// Parameter values for which the reports find rows in the sample archive.
 const std::map<std::wstring_view, std::string_view> kValues = {
     {L"DataInicial", "2010-07-01"},
     {L"DataFinal", "2010-12-31"},

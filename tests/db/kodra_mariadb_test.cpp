@@ -23,7 +23,7 @@ class KodraMariaDb : public testing::Test {
   KodraMariaDb() {
     std::string pattern = (fs::temp_directory_path() / "kodra-test-XXXXXX").string();
     folder_ = mkdtemp(pattern.data());
-    // The server of root is another user's process and passes through this folder.
+    // A server that root starts runs as another user, who must be able to enter this folder.
     fs::permissions(folder_, fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
     std::ofstream(Script()) << "CREATE TABLE CD (NUM_CD VARCHAR(10));\nINSERT INTO CD VALUES ('João');\n";
   }

@@ -1,4 +1,4 @@
-// What the private server keeps from its client and from the other users of the machine.
+// What the client of the private server and the other users of the machine may not do.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -71,7 +71,7 @@ TEST_F(PrivateServer, HasItsFilesInFoldersThatNoOtherUserMayRead) {
     ASSERT_EQ(stat(folder.c_str(), &status), 0) << folder;
     EXPECT_EQ(status.st_mode & 0777U, 0700U) << folder;
   }
-  // Its group has only the server in it, which passes through to its own folders.
+  // The group is the server's alone, which enters its own folder through this one.
   struct stat status {};
   ASSERT_EQ(stat(Socket().parent_path().parent_path().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0767U, 0700U);
@@ -105,7 +105,7 @@ TEST_F(PrivateServer, HasAPasswordThatNoOtherServerHas) {
   const std::wstring password = ValueOf(text, L"Pwd");
   EXPECT_NE(password, ValueOf(other.ConnectionString(L"privado"), L"Pwd"));
   EXPECT_GE(password.size(), kSecret.size() + 32);
-  // The test runs search what they print for this beginning.
+  // The test runs search their output for this beginning.
   EXPECT_TRUE(password.starts_with(kSecret));
 }
 

@@ -137,7 +137,7 @@ TEST_F(OdbcMariaDb, LongTextIsReadWholeAmongOtherColumns) {
             (std::vector<std::vector<Value>>{{longText, L"fim"}, {L"curto", L"fim"}, {Null{}, L"fim"}, {L"", L"fim"}}));
 }
 
-// The driver mistakes the letter for half a character of UTF-16.
+// The driver mistakes the letter for a surrogate.
 TEST_F(OdbcMariaDb, TextWithALetterThatTheDriverMiscountsStaysWhole) {
   const std::wstring shortText = L"Úrsula Ú";
   std::wstring longText;

@@ -179,7 +179,7 @@ TEST_F(OdbcSqlite, FieldsAreNotAppendedToARecordsetWithAConnection) {
             tests::NotAllowedHere(L"ADODB.Fields"));
 }
 
-// Bytes that this process has allocated and not freed.
+// The number of bytes that this process has allocated and not freed.
 std::size_t LiveBytes() {
 #ifdef __SANITIZE_ADDRESS__
   return __sanitizer_get_current_allocated_bytes();

@@ -1,4 +1,4 @@
-// The values of SQLite's columns: its driver guarantees nothing about them.
+// The values of SQLite's columns, whose types its driver does not guarantee.
 #include <gtest/gtest.h>
 
 #include "odbc/engine/command.h"

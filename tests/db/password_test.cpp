@@ -1,4 +1,4 @@
-// The password is in nothing that a report says about a connection that its driver refuses.
+// No error about a refused connection contains the password.
 #include <gtest/gtest.h>
 
 #include "console/reports/report_methods.h"

@@ -1,5 +1,5 @@
-// What a report method asks of its native client, and what its recordset keeps when the call is over. The tests of the
-// rows are in tests/rows.
+// What a report method requires of its native client, and what its recordset keeps alive after the call. The tests of
+// the rows are in tests/rows.
 #include "console/reports/report_methods.h"
 #include "tests/db/rows_driver.h"
 

@@ -1,5 +1,4 @@
-// A native client of the reports: the machine over ODBC with its sibling components, parameter objects, and recordsets
-// read into tables.
+// A native client of the reports: ODBC with the sibling components, parameter objects, and recordsets read into tables.
 #pragma once
 
 #include "frame/parameter_object.h"

@@ -1,5 +1,5 @@
-// The sample archive in both databases, made once for the whole test program, and an archive without any row. Tests
-// only read them.
+// The sample archive in both databases, created once per test program, and an archive without rows. Tests must not
+// change them.
 #pragma once
 
 #include <filesystem>
@@ -16,7 +16,7 @@ using rows::SampleArchive;
 
 // The connection string of the sample archive.
 std::wstring SampleOn(Engine engine);
-// The sample archive's file of SQLite.
+// The SQLite file of the sample archive.
 std::filesystem::path SampleFile();
 // The connection string of the archive whose tables are all empty.
 std::wstring EmptyOn(Engine engine);

@@ -1,4 +1,4 @@
-// An SQLite database file in a temporary folder, deleted with the object. It is made and filled through ODBC.
+// An SQLite database file in a temporary folder, deleted with the object. It is created and filled through ODBC.
 //
 //   SqliteFile file;
 //   file.Run(L"create table DEPTO(COD_DEPTO char(5))");
@@ -19,7 +19,7 @@ class SqliteFile {
   SqliteFile& operator=(const SqliteFile&) = delete;
 
   const std::wstring& Path() const { return path_; }
-  // For ODBC and for an ADO client alike.
+  // For ODBC and for ADO clients.
   std::wstring ConnectionString() const;
   // Runs one statement.
   void Run(const std::wstring& statement);

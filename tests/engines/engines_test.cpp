@@ -60,7 +60,8 @@ TEST_P(EveryReport, ExecutesOrIsRefusedForAKnownCause) {
     if (refusal == nullptr) {
       EXPECT_TRUE(asked.answer->Executed()) << Shown(asked) << "\n  " << asked.answer->error;
     } else {
-      EXPECT_FALSE(asked.answer->Executed()) << "executes all the same: " << Shown(asked) << "\n  " << refusal->cause;
+      EXPECT_FALSE(asked.answer->Executed())
+          << "executes, although a refusal is expected: " << Shown(asked) << "\n  " << refusal->cause;
       EXPECT_TRUE(IsOf(*refusal, asked.answer->error)) << Shown(asked) << "\n  " << asked.answer->error;
     }
   });
@@ -75,7 +76,8 @@ TEST_P(EveryReport, HasTheSameRowsOrDiffersForAKnownCause) {
     if (expected == nullptr) {
       EXPECT_FALSE(difference) << Shown(asked) << "\n  " << *difference;
     } else if (!reference.rows.empty()) {
-      EXPECT_TRUE(difference) << "the same rows after all: " << Shown(asked) << "\n  " << expected->cause;
+      EXPECT_TRUE(difference) << "has the same rows, although a difference is expected: " << Shown(asked) << "\n  "
+                              << expected->cause;
     }
   });
 }

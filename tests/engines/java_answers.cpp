@@ -94,7 +94,7 @@ std::vector<std::vector<Answer>> AnswersInJava(std::span<const Questions> questi
   // engines' messages are compared.
   std::vector<std::string> command = {"java", "-Duser.timezone=UTC", "-Duser.language=en",
                                       "-Dderby.stream.error.file=" + (folder / "derby.log").string()};
-  // A short run: optimized compilation and parallel collection cost more than they save.
+  // In so short a run, optimizing compilation and parallel garbage collection cost more time than they save.
   for (const char* option : {"-XX:TieredStopAtLevel=1", "-XX:+UseSerialGC"}) command.emplace_back(option);
   command.insert(command.end(), {"-cp", classes + ":" + kJars, "Runner"});
   for (const auto& [engine, statements] : questions) {

@@ -29,8 +29,8 @@ struct CaseLog {
   std::vector<Caught> standIns;
 };
 
-// A recordset that records what it is opened on and has the rows of SQLite's statement for it; none when SQLite refuses
-// that one.
+// A recordset that records what it is opened on and has the rows of SQLite's statement for it, or none when SQLite
+// refuses it.
 class CatchingRecordset final : public odbc::Recordset {
  public:
   explicit CatchingRecordset(CaseLog& log) : log_(log) {}

@@ -1,4 +1,4 @@
-// What the component tells about itself.
+// The component's version and file.
 #include "frame/about.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The parameter objects: which classes there are, what each holds and what assigning does.
+// The classes of parameter objects, their properties, and assignments to them.
 #include "frame/parameter_object.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ using recorder::kTypeMismatch;
 using recorder::RaisedBy;
 using recorder::Utf8;
 
-// A property as the table below writes it: name, rule, and a text that it starts with if it is not empty.
+// A property in the table below: its name, its rule, and its initial text if it is not empty.
 struct Expected {
   const wchar_t* name;
   PropertyRule rule;

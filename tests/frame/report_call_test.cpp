@@ -25,7 +25,7 @@ constexpr auto kName = "CProvaRpt::RelatorioProva";
 
 using Body = std::function<ReportRows(ReportCall&)>;
 
-// An object whose report has nothing in it but the frame and what a test puts there.
+// An object whose report consists of the frame and what a test adds.
 struct ProbeObject : ReportObject {
   explicit ProbeObject(platform::Surroundings& surroundings) : ReportObject(L"CProvaRpt", surroundings) {}
   Body body = [](ReportCall& call) { return call.Open(L"SELECT " + call.Sql().DataAtual()); };
@@ -66,7 +66,7 @@ class ReportCallTest : public testing::Test {
   Raised RaisedByBody(Body body) {
     return RaisedBy([&] { RunProbe(report_, parameters_.get(), std::move(body)); });
   }
-  // What InicializaPS raises outside the frame.
+  // The errors that InicializaPS raises outside the frame.
   Raised RaisedByInicializaPS(AutomationObject* parameters) {
     ReportCall call(report_, L"RelatorioProva", parameters);
     return RaisedBy([&] { call.InicializaPS(); });
@@ -319,7 +319,7 @@ TEST_F(ReportCallTest, KeepsItsDatabaseButNotItsConnectionStringWhenItsObjectIsC
       return nullptr;
     });
     EXPECT_EQ(outer.Sql().DataAtual(), kOracle);
-    EXPECT_EQ(outer.StringConexao(), L"y");  // the client changed it, and every use reads it anew
+    EXPECT_EQ(outer.StringConexao(), L"y");  // the client changed it, and every use reads it again
     return nullptr;
   });
 }

@@ -1,4 +1,4 @@
-// What a connection, a command and a recordset raise before any database is reached.
+// The errors of connections, commands and recordsets that are not connected to a database.
 #include <gtest/gtest.h>
 
 #include "odbc/engine/command.h"

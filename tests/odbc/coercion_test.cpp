@@ -12,7 +12,8 @@ namespace kodra::odbc {
 namespace ad = platform::ad;
 namespace {
 
-// A value, the type and size of a field, and what the field holds of the value; nothing where it does not fit.
+// A value, the type and size of a field, and the value of the field after the assignment; nothing when it does not
+// fit.
 struct Case {
   Value given;
   std::int32_t type;

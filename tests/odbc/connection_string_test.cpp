@@ -15,7 +15,7 @@ std::wstring Odbc(const std::wstring& text) { return ToOdbcConnectionString(text
 const Raised kMalformed{static_cast<std::int32_t>(0x80040E73U), L"Microsoft OLE DB Service Components",
                         L"Format of the initialization string does not conform to the OLE DB specification."};
 
-// A string, and what it becomes for ODBC.
+// A connection string, and its conversion for ODBC.
 struct Translation {
   const char* name;
   const wchar_t* given;

@@ -1,4 +1,4 @@
-// Recordsets that live in memory alone, as the reports that build their own rows use them.
+// Recordsets in memory only, as used by the reports that build their own rows.
 #include <gtest/gtest.h>
 
 #include "odbc/engine/recordset.h"

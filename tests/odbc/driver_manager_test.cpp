@@ -1,7 +1,6 @@
-// What passes between a connection and the driver manager: the handles that it asks for and frees, and messages longer
-// than any driver of the tests writes.
+// The handles that a connection allocates and frees, and messages longer than those of any driver here.
 //
-// The program's own functions of these names take the place of the driver manager's, which they call.
+// The functions of this program replace those of the driver manager and call them.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -15,10 +14,10 @@
 
 namespace {
 
-// The connection handles that this program has asked for and not freed.
+// The number of connection handles that are allocated and not freed.
 int connections = 0;
 
-// The messages of whatever fails; while there are none, the driver manager's.
+// The messages for every failure; while this is empty, the driver manager's are used.
 std::vector<std::u16string> messages;
 
 template <class Function>
@@ -69,7 +68,7 @@ tests::Raised OpenOf(Connection& cn, const wchar_t* connectionString) {
   return tests::RaisedBy([&] { cn.Open(L"", L"", ad::kUnspecified); });
 }
 
-// Tries twice on one object.
+// Opens twice, with one object.
 void ExpectToFailAndLeaveNothing(const wchar_t* connectionString, const wchar_t* message) {
   const int before = connections;
   Connection cn;

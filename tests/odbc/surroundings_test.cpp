@@ -95,7 +95,7 @@ TEST(Surroundings, FileLengthIsWholeBeyondFourGigabytes) {
       std::filesystem::temp_directory_path() / ("kodra-grande-" + std::to_string(::getpid()) + ".db");
   std::ofstream(file) << "";
   Surroundings machine;
-  // Sparse: no byte of it is on the disk.
+  // A sparse file, which takes no space on the disk.
   std::filesystem::resize_file(file, 4294967296);
   EXPECT_EQ(machine.FileLength(file.wstring()), 4294967296U);
   std::filesystem::resize_file(file, 8589934597);

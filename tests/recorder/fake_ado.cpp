@@ -7,7 +7,7 @@
 namespace kodra::recorder {
 namespace {
 
-// ADO's own refusals, as it numbers them.
+// ADO's errors, with its numbers.
 Erro NoCurrentRow(std::wstring source = L"ADODB.Field") {
   return {3021, std::move(source), L"BOF ou EOF é verdadeiro"};
 }
@@ -138,7 +138,7 @@ std::int64_t FakeRecordset::RecordCount() {
   return static_cast<std::int64_t>(held_.rows.size());
 }
 
-// Each column is a text, as most are.
+// Every column is a text, as most columns of the reports are.
 std::vector<platform::Column> FakeRecordset::Columns() {
   Note(L"Columns");
   std::vector<platform::Column> columns;

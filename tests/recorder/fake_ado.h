@@ -1,6 +1,6 @@
-// Fake ADO objects. A connection and a command only record; a recordset also holds rows, those that a test prepared for
-// it or those that the component fills in. Like ADO, it refuses a text longer than its field was defined, a value
-// without current row, and the first row of none.
+// Fake ADO objects. Connections and commands only record their calls; a recordset also contains rows, which a test
+// prepared or the component added. Like ADO, it refuses a text longer than its field, a value without a current row,
+// and MoveFirst without rows.
 #pragma once
 
 #include <deque>
@@ -19,12 +19,12 @@ struct Rows {
   std::vector<std::vector<Value>> rows;
 };
 
-// What the fakes answer; a test changes it before or between calls.
+// The answers of the fakes; a test sets them before or between calls.
 struct AdoScript {
   std::int32_t connectionState = platform::ad::kStateOpen;
   // The provider's errors, by their native codes.
   std::vector<std::int32_t> nativeErrors;
-  // What the recordsets hold that will be opened next, in order; one opened after the last of them is empty.
+  // The rows of the recordsets that are opened next, in order; later recordsets are empty.
   std::deque<Rows> results;
 };
 
@@ -90,7 +90,7 @@ class FakeRecordset final : public platform::Recordset, public Fake {
   friend class FakeField;
   // The value of a field on the current row; null when no row is current.
   Value* Current(std::size_t field);
-  // Whether a text is longer than the field was defined.
+  // Whether a text is longer than the defined size of the field.
   bool IsTooLong(std::size_t field, const Value& value) const;
 
   AdoScript& script_;
@@ -101,7 +101,7 @@ class FakeRecordset final : public platform::Recordset, public Fake {
   bool open_ = false;
 };
 
-// Its end leaves no line, but it counts as alive.
+// Its destruction leaves no line in the journal, but it counts as a living object.
 class FakeField final : public platform::Field {
  public:
   FakeField(Journal& journal, FakeRecordset& recordset, std::size_t index)

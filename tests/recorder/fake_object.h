@@ -10,8 +10,8 @@
 
 namespace kodra::recorder {
 
-// What an object answers when a member is read or called: its values one after the other, the last one from then on.
-// A member without answers is unknown to the object (error 438); any property may be assigned.
+// The answers of an object when a member is read or called: its values in order, then the last one repeatedly. A member
+// without answers does not exist (error 438); every property may be assigned.
 using Answers = std::map<std::wstring, std::deque<Value>>;
 
 class FakeObject final : public AutomationObject, public Fake {
@@ -31,7 +31,7 @@ class FakeObject final : public AutomationObject, public Fake {
     return answer;
   }
 
-  // What a method leaves in the argument that it takes by reference; the argument as it came unless a test says so.
+  // Sets the value that a method writes to its argument by reference. By default it does not change the argument.
   void Leave(std::wstring member, Value value) { left_[std::move(member)] = std::move(value); }
 
  private:

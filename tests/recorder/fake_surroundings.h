@@ -1,4 +1,4 @@
-// The surroundings of a native test: they record every call and answer as the test says.
+// The surroundings of a native test: they record every call and return the answers that the test prepared.
 //
 //   FakeSurroundings around;
 //   around.Register(L"KodraConexao.StrCon", {{L"TipoBanco", {sql::tbSQLServer}}});
@@ -7,7 +7,7 @@
 //   EXPECT_EQ(around.journal.Calls(), Lines({…}));
 //   EXPECT_EQ(around.journal.LiveObjects(), 0);
 //
-// Everything that it makes must end before it does.
+// It must outlive everything that it creates.
 #pragma once
 
 #include <functional>
@@ -37,14 +37,14 @@ std::string Lines(std::initializer_list<std::string_view> lines);
 
 class FakeSurroundings final : public platform::Surroundings {
  public:
-  // Makes a class creatable: each object of it starts with these answers. A class never registered raises error 429.
+  // Registers a class: each of its objects has these answers. Creating an unregistered class raises error 429.
   void Register(const std::wstring& progId, Answers answers) { classes_[progId] = std::move(answers); }
-  // The same for a class whose objects the test makes itself, all under one name.
+  // The same for a class whose objects the test creates itself, all with one name.
   using Maker = std::function<ObjectRef(const std::wstring& name)>;
   void RegisterMaker(const std::wstring& progId, std::wstring name, Maker make) {
     makers_[progId] = {std::move(name), std::move(make)};
   }
-  // An object that no one created by ProgID, such as a client's parameter object.
+  // An object that is not created by ProgID, such as a client's parameter object.
   ObjectRef NewObject(std::wstring name, Answers answers) {
     return std::make_shared<FakeObject>(journal, std::move(name), std::move(answers));
   }

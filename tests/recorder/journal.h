@@ -1,5 +1,5 @@
-// What the fakes write down while the component runs: every call in order with its arguments and its answer, one line
-// each, and how many fakes are alive. A test compares the whole text.
+// The record of what the component does with the fakes: every call in order with its arguments and its answer, one per
+// line, and the number of living fakes. Tests compare the whole text.
 //
 //   CreateObject("KodraConexao.StrCon") -> Object1
 //   Object1.Let(StrCon, "Provider=SQLNCLI11")
@@ -32,15 +32,16 @@ class Journal {
  public:
   // The lines in UTF-8, each with its line end.
   std::string Calls() const;
-  // Starts a new journal: no lines, calls and names counted from 1, no failure to come. Live fakes stay counted.
+  // Starts a new journal: no lines and no pending failures; calls and names are counted from 1. Living fakes are still
+  // counted.
   void Forget();
-  // How many calls the lines hold.
+  // The number of recorded calls.
   int CallCount() const { return calls_; }
-  // How many fakes are alive.
+  // The number of living fakes.
   int LiveObjects() const { return live_; }
 
-  // Makes a call fail, once: the one with that number (from 1 since the last Forget; ends of objects do not count), or
-  // the next one whose line starts so.
+  // Makes one call fail: the call with that number (from 1 since the last Forget; destructions do not count), or the
+  // next one whose line starts with that text.
   void FailAt(int call, std::exception_ptr failure) { failures_.push_back({call, {}, std::move(failure)}); }
   void FailOn(std::wstring start, std::exception_ptr failure) {
     failures_.push_back({0, std::move(start), std::move(failure)});
@@ -48,8 +49,8 @@ class Journal {
   // The last call that was made to fail; empty when none was.
   const std::wstring& FailedCall() const { return failedCall_; }
 
-  // For the fakes. Note writes a call down, or makes it fail when a test asked for that; Refuse writes down a call that
-  // its fake itself answers with an error.
+  // For the fakes. Note records a call, or makes it fail when a test requested that; Refuse records a call that the
+  // fake itself answers with an error.
   void Note(const std::wstring& call, std::wstring_view answer = {});
   template <class Exception>
   [[noreturn]] void Refuse(const std::wstring& call, const Exception& exception) {
@@ -80,7 +81,7 @@ class Journal {
   int live_ = 0;
 };
 
-// What every fake is: a name in the journal, alive until a line says that it ended.
+// The base of every fake: it has a name in the journal, and its destruction is recorded.
 class Fake {
  public:
   const std::wstring& Name() const { return name_; }

@@ -1,4 +1,4 @@
-// The ten catalogs: each lists its register by one statement, the same on every database.
+// The ten catalogs: each lists its register with one statement, which is the same on every database.
 #include <gtest/gtest.h>
 
 #include "reports/reports.h"

@@ -26,11 +26,11 @@ inline constexpr std::int32_t kCodesWithDialect[] = {tbOracle, tbSQLServer, tbMy
 using CallLines = std::vector<std::string>;
 // The lines as Journal::Calls returns them.
 std::string All(std::initializer_list<CallLines> parts);
-// Puts lines behind others.
+// Appends lines to others.
 void Append(CallLines& lines, const CallLines& more);
 
 std::string Quoted(std::string_view text);
-// A text with one word in place of another, at every place.
+// A text with every occurrence of a word replaced by another.
 std::string Replaced(std::string text, std::string_view word, std::string_view replacement);
 bool StartsWithAny(std::string_view text, std::initializer_list<std::string_view> starts);
 

@@ -1,5 +1,5 @@
-// Reports that run while another one runs on the same thread: from the parameter object of a client, or from what hears
-// the log of the module reports.
+// Reports that run while another one runs on the same thread: called by the parameter object of a client, or by a
+// listener to the log of the module reports.
 #include <gtest/gtest.h>
 
 #include "reports/reports.h"
@@ -34,7 +34,7 @@ class BusyParameters final : public AutomationObject {
   Action action_;
 };
 
-// What the recordsets were opened with, one a line.
+// The statements that the recordsets were opened with, one per line.
 std::string OpenedBy(const recorder::FakeSurroundings& around) {
   const std::string calls = around.journal.Calls();
   const std::string before = ".Open(\"SELECT";
@@ -46,7 +46,7 @@ std::string OpenedBy(const recorder::FakeSurroundings& around) {
   return statements;
 }
 
-// A report on media and its statement, whose condition is in the words of the database.
+// A report on media and its statement, whose condition is in the dialect of the database.
 class Media {
  public:
   explicit Media(std::int32_t code) {

@@ -38,7 +38,7 @@ Operator AnaWith(std::size_t column, Value value) {
   return ana;
 }
 
-// Those operators in the database, and a sibling that describes every type alike.
+// Those operators in the database, and a sibling that has one description for all types.
 Preparation Having(std::vector<Operator> operators, Value description = L"Arquivista") {
   return [operators = std::move(operators), description = std::move(description)](FakeSurroundings& around) {
     around.Register(L"KodraBsnV3.ObtedorDeTiposOperadores", {{L"ObtemDescricao", {description}}});
@@ -313,7 +313,7 @@ TEST(COperadorRptTest, NamesTheFillingForAMissingSibling) {
   EXPECT_EQ(scenario.RunRaising(), FailedStep(kFilling, "O componente ActiveX não pode criar o objeto"));
 }
 
-// The step of a call, by the calls that had passed.
+// The step of a call, by the calls before it.
 std::string StepOf(const FailedCall& failed) {
   const auto passed = [&](std::string_view line) { return failed.before.find(line) != std::string::npos; };
   if (!passed("~Object1\n")) return "";

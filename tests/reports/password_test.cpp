@@ -1,4 +1,4 @@
-// The password of the connection string in nothing that a report says, whoever repeats it and at whichever call.
+// No error and no log line of a report contains the password of the connection string, whichever call fails.
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -33,7 +33,7 @@ std::vector<std::wstring> Spellings() {
   };
 }
 
-// A machine on which every report comes as far as its rows, and logs.
+// A machine on which every report opens its rows and logs.
 class Machine {
  public:
   Machine() {
@@ -68,7 +68,7 @@ class Machine {
     return {};
   }
 
-  // The lines that the log took.
+  // The lines that were passed to the log.
   std::string Logged() const {
     std::string logged;
     std::istringstream lines(around.journal.Calls());
@@ -116,7 +116,7 @@ TEST(Password, IsThreeAsterisksInTheErrorOfAConnectionThatFails) {
 TEST(Password, IsThreeAsterisksInWhatTheModulesSayAndLog) {
   Machine machine;
   const ReportMethod& dividers = *FindReportMethod(L"CCaixaRpt", L"EtiquetaDivisoria");
-  // The making of the connection component.
+  // The creation of the connection component.
   EXPECT_EQ(machine.Run(dividers, L"PWD=" + kSecret, 1),
             (Raised{frame::kReportError, "Provedor Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada",
                     "Erro ao gerar dados para o relatório: Conexão Provider=SQLNCLI11;Data Source=a;PWD=***;"
@@ -128,7 +128,7 @@ TEST(Password, IsThreeAsterisksInWhatTheModulesSayAndLog) {
       "Provider=SQLNCLI11;Data Source=a;PWD=***;Application=b recusada\") -> Empty\n");
 }
 
-// The words of the component stay as they are even where they hold what looks like the password's pair.
+// The component's own words are unchanged even if they contain what looks like the pair of the password.
 TEST(Password, IsHiddenInNoModuleCodeOfALogLine) {
   Machine machine;
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CCaixaRptObj"));
@@ -207,7 +207,7 @@ TEST(Password, IsHiddenInNoNativeCode) {
             recorder::Framed("CDeptoRpt::RelatorioDeptos", "[Provedor]: ORA-01017: negado [N:1017]"));
 }
 
-// The file that SQLite is to read may be named by a piece of the password.
+// The path of the SQLite file may be a part of the password.
 TEST(Password, IsHiddenInNoPathOfAFile) {
   Machine machine;
   frame::ParameterObject parameters(frame::ParameterClassNamed(L"CDeptoRptObj"));

@@ -23,7 +23,8 @@ bool OpensConnection(std::string_view call) {
   return StartsWithAny(call, {"SetEnvironment(", "FileLength(", "NewConnection(", "Connection"});
 }
 
-// Whether a recordset call belongs to the opening of rows: their recordset is made as soon as the connection is open.
+// Whether a recordset call belongs to the opening of rows: their recordset is created as soon as the connection is
+// open.
 bool OpensRows(const FailedCall& failed) {
   const std::size_t lastLine = failed.before.rfind('\n', failed.before.size() - 2) + 1;
   if (failed.call == "NewRecordset()") return failed.before.substr(lastLine).starts_with("Connection");

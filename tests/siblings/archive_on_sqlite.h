@@ -1,4 +1,5 @@
-// The sample archive twice: in an SQLite file, read by the siblings through ODBC, and as the rows it was made from.
+// The sample archive in two forms: an SQLite file, which the siblings read through ODBC, and the rows that it was made
+// from.
 #pragma once
 
 #include <initializer_list>

@@ -62,7 +62,7 @@ class ConnectionObject final : public Sibling<ConnectionObject> {
     return kMembers;
   }
   int Executed() const { return executed_; }
-  // The connection itself, for those who call it early-bound.
+  // The connection itself, for early-bound callers.
   const std::shared_ptr<platform::Connection>& Connection() const { return connection_; }
 
  private:

@@ -68,7 +68,7 @@ TEST(Conversoes, ReadTheValueOfAField) {
       {FieldWith(Date{45291}), {45291}},
       {FieldWith(L"31/12/2023"), {45291}},
       {FieldWith(Null()), {}},
-      {FieldWith(FieldWith(Date{45291})), {}},  // one value deep, no further
+      {FieldWith(FieldWith(Date{45291})), {}},  // only one level deep
   });
 }
 

@@ -31,7 +31,7 @@ std::vector<std::wstring> CodesIn(const Value& collection) {
 
 class ObtedorDeModulosTest : public ArchiveOnSqlite {
  protected:
-  // The archive's subordinates of a module that are so, in the order of their numbers.
+  // The archive's subordinates of a module that satisfy a predicate, in the order of their numbers.
   template <class Predicate>
   static std::vector<std::wstring> Expected(const std::wstring& parent, Predicate isSo) {
     std::vector<std::wstring> codes;

@@ -16,7 +16,7 @@ using recorder::kTypeMismatch;
 using recorder::Raised;
 using recorder::RaisedBy;
 
-// What the parameter set holds, a line each.
+// The content of the parameter set, one value per line.
 std::string Shown(const Value& parameters) {
   const auto& object = parameters.As<ObjectRef>();
   std::wstring text;

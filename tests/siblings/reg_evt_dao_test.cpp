@@ -26,7 +26,7 @@ Date ToDate(testbed::Moment moment) {
   return {static_cast<double>(days) + static_cast<double>(seconds % 86400) / 86400};
 }
 
-// What an event object says, in one line.
+// The content of an event object, in one line.
 std::wstring Line(const Date& moment, const std::wstring& rest) {
   return values::FormatDate(moment, L"yyyy-mm-dd hh:nn:ss|") + rest;
 }
@@ -61,7 +61,7 @@ class RegEvtDaoTest : public ArchiveOnSqlite {
     }
     return lines;
   }
-  // The archive's events that are so, in the order of time and code.
+  // The archive's events that satisfy a predicate, in the order of time and code.
   static std::vector<std::wstring> Expected(const std::function<bool(const Evento&)>& isSo) {
     std::vector<Evento> events = archive->Of<Evento>();
     std::stable_sort(events.begin(), events.end(),

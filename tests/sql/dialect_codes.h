@@ -1,5 +1,5 @@
-// What the translator's tests share: the codes of the data model, what a function returns on each database, and the one
-// error of a code without dialect.
+// Shared by the translator's tests: the database codes, the results of a function on each database, and the one error
+// of a code without a dialect.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ inline constexpr std::int32_t kCodesWithDialect[] = {tbOracle, tbSQLServer, tbMy
 inline constexpr std::int32_t kCodesWithoutDialect[] = {
     tbOther4, 0, -1, 8, 9, 100, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()};
 
-// What a function returns for a database.
+// The result of a function for a database.
 struct Returned {
   std::int32_t code;
   const wchar_t* text;

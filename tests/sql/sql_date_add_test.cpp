@@ -8,7 +8,7 @@ constexpr const wchar_t* kDays[] = {L"DAY", L"DD", L"D", L"day", L"Dd", L"dd", L
 constexpr const wchar_t* kMonths[] = {L"MONTH", L"MM", L"M", L"month", L"mM", L"mm", L"m"};
 constexpr const wchar_t* kYears[] = {L"YEAR", L"YYYY", L"Y", L"A", L"AA", L"AAAA", L"year", L"yyyy", L"a", L"aaaa"};
 
-// Expects those sums of 30 of an interval and x.
+// Expects those texts for adding 30 of an interval to x.
 void ExpectSums(const wchar_t* interval, std::initializer_list<Returned> expected) {
   SCOPED_TRACE(testing::PrintToString(interval));
   ExpectOnEach(expected, [interval] { return SQLDateAdd(interval, L"30", L"x"); });

@@ -8,7 +8,7 @@ namespace {
 
 using Parts = std::vector<Value>;
 
-// Expects those texts for the parts joined.
+// Expects those texts for the concatenation of the parts.
 void ExpectJoined(const Parts& parts, std::initializer_list<Returned> expected) {
   ExpectOnEach(expected, [&] { return SQLStrConcat(parts); });
 }

@@ -3,7 +3,7 @@
 namespace kodra::sql {
 namespace {
 
-// A text read in a layout, and what that is on a database.
+// A text, its layout, and its translation for a database.
 struct Reading {
   const wchar_t* text;
   std::int32_t layout;

@@ -1,4 +1,4 @@
-// A translator of one database, beside those of others.
+// Translators of several databases at the same time.
 #include "sql/translator.h"
 
 #include <gtest/gtest.h>

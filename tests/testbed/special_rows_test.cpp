@@ -1,4 +1,4 @@
-// The kinds of rows that reports treat differently must be in every archive from 64 documents on.
+// Every archive of 64 documents or more contains all kinds of rows that reports treat differently.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -28,7 +28,7 @@ class SpecialRows : public testing::TestWithParam<std::int64_t> {
     return values;
   }
 
-  // The archive of a size is made once for all tests.
+  // The archive of each size is generated once for all tests.
   static const Archive& OfSize(std::int64_t documents) {
     static std::map<std::int64_t, Archive> archives;
     const auto found = archives.find(documents);

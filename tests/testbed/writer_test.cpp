@@ -20,7 +20,7 @@ std::string Stored(const Cell& cell) {
   return "NULL";
 }
 
-// The text between two marks of a script, the first one included.
+// The part of a script from one mark to before another.
 std::string Between(const std::string& script, const std::string& first, const std::string& last) {
   const std::size_t from = script.find(first);
   if (from == std::string::npos) return "no " + first;

@@ -1,4 +1,4 @@
-// The list of the public classes that the build makes from an IDL.
+// The list of the public classes that the build generates from the IDL.
 #include <gtest/gtest.h>
 
 #include <array>

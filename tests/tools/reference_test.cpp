@@ -141,7 +141,7 @@ std::string Sources() {
   std::string all;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(KODRA_SOURCE_DIR "/src"))
     if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h") all += Read(entry.path());
-  // A text in two literals is one text, and a quote in it is a quote.
+  // Adjacent literals are one text, and an escaped quote is a quote.
   all = std::regex_replace(all, std::regex("\"\\s*\n\\s*L\""), "");
   return std::regex_replace(all, std::regex(R"(\\")"), "\"");
 }

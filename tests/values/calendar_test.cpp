@@ -79,7 +79,7 @@ TEST(Today, IsTheLocalClocksDayWithoutTime) {
   std::time_t before = 0;
   Date today;
   std::tm local{};
-  do {  // once more, should midnight pass in between
+  do {  // again if midnight passed in between
     before = std::time(nullptr);
     local = *std::localtime(&before);
     today = Today();

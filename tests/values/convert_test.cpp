@@ -53,7 +53,7 @@ void ExpectRaised(Result (*convert)(const Value&), std::initializer_list<std::pa
   for (const std::pair<Value, Raised>& item : cases)
     EXPECT_EQ(RaisedBy([&] { convert(item.first); }), item.second) << Shown(item.first);
 }
-// Values and what a conversion makes of them.
+// Values and the results of a conversion.
 template <class Result>
 void ExpectConverted(Result (*convert)(const Value&),
                      std::initializer_list<std::pair<Value, std::type_identity_t<Result>>> cases) {

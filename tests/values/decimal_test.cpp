@@ -1,4 +1,4 @@
-// Exact decimals: read, written, rounded.
+// Reading, writing and rounding exact decimals.
 #include "values/decimal.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ std::wstring ReadAndWritten(std::wstring_view text) {
   return number ? PlainText(*number) : L"none";
 }
 
-// Texts, and what they are after reading and writing.
+// Texts, and the texts after reading and writing them.
 void ExpectWritten(std::initializer_list<std::pair<std::wstring_view, std::wstring_view>> cases) {
   for (const auto& [text, written] : cases) EXPECT_EQ(ReadAndWritten(text), written) << testing::PrintToString(text);
 }

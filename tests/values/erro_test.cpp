@@ -1,4 +1,4 @@
-// The component's one exception type, and what other exceptions become.
+// The component's one exception type, and the conversion of other exceptions to it.
 #include "values/erro.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace {
 
 using recorder::Raised;
 
-// What CurrentErro makes of an exception.
+// The result of CurrentErro for an exception.
 template <class Exception>
 Raised CaughtAs(const Exception& exception) {
   try {

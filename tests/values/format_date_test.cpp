@@ -8,7 +8,7 @@ namespace {
 
 constexpr Calendar kMoment{2023, 2, 1, 4, 5, 6};
 
-// Patterns and what they write of that moment.
+// Patterns and the texts of that moment.
 void ExpectPatterns(std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> cases) {
   for (const auto& [pattern, text] : cases) EXPECT_EQ(FormatDate(kMoment, pattern), text) << pattern;
 }

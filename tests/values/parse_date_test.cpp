@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int32_t kCurrentYear = 2026;
 
-// What a text is read as, written as year-month-day hour:minute:second; "none" when it is no date.
+// The date that a text is read as, as year-month-day hour:minute:second; "none" when it is not a date.
 std::wstring Read(std::wstring_view text) {
   const auto date = ParseDate(text, kCurrentYear);
   return date ? FormatDate(*date, L"yyyy-mm-dd hh:nn:ss") : L"none";

@@ -5,7 +5,7 @@
 namespace kodra::values {
 namespace {
 
-// The text of somebody who repeats the whole connection string.
+// A text that repeats the whole connection string.
 std::wstring Repeated(const std::wstring& connectionString) {
   return HidePassword(L"cannot open " + connectionString + L" today", connectionString);
 }
@@ -114,7 +114,7 @@ TEST(HasPassword, IsWhetherAPasswordKeyIsThere) {
   EXPECT_FALSE(HasPassword(L""));
 }
 
-// What CurrentErro makes of an exception while that connection string is in use.
+// The result of CurrentErro for an exception while that connection string is in use.
 template <class Exception>
 Erro Caught(const Exception& exception) {
   try {

@@ -20,11 +20,11 @@ TEST(Utf8, AnEmbeddedZeroIsACharacter) {
 }
 
 TEST(Utf8, InvalidBytesAreReplaced) {
-  EXPECT_EQ(FromUtf8("a\xC3"), L"a\uFFFD");                    // cut off
-  EXPECT_EQ(FromUtf8("\x9Az"), L"\uFFFDz");                    // the middle of one
-  EXPECT_EQ(FromUtf8("\xC0\x80"), L"\uFFFD\uFFFD");            // longer than needed
-  EXPECT_EQ(FromUtf8("\xED\xA0\x80"), L"\uFFFD\uFFFD\uFFFD");  // half a surrogate pair
-  EXPECT_EQ(FromUtf8("\xF8z"), L"\uFFFDz");                    // no lead byte at all
+  EXPECT_EQ(FromUtf8("a\xC3"), L"a\uFFFD");                    // truncated
+  EXPECT_EQ(FromUtf8("\x9Az"), L"\uFFFDz");                    // a continuation byte
+  EXPECT_EQ(FromUtf8("\xC0\x80"), L"\uFFFD\uFFFD");            // an overlong form
+  EXPECT_EQ(FromUtf8("\xED\xA0\x80"), L"\uFFFD\uFFFD\uFFFD");  // a lone surrogate
+  EXPECT_EQ(FromUtf8("\xF8z"), L"\uFFFDz");                    // not a lead byte
   EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), L"\uFFFD\uFFFD\uFFFD\uFFFD");
 }
 

@@ -5,7 +5,7 @@ import java.time.LocalDateTime;
 import java.time.LocalTime;
 import java.time.format.DateTimeFormatter;
 
-/** The functions that an engine lacks of the database whose dialect it runs; the scripts beside say which and why. */
+/** The functions of a database that the engine for its dialect lacks; the scripts in shims/ say which and why. */
 public final class Shims {
   private static final LocalDate SQL_SERVERS_DAY_0 = LocalDate.of(1900, 1, 1);
   private static final int STYLE_DD_MM_YYYY = 103;
@@ -27,8 +27,8 @@ public final class Shims {
   }
 
   /**
-   * SQL Server's DATEDIFF in days from its day 0, as the date that this number is there wherever a date is wanted. The
-   * engine compares no date with a number.
+   * SQL Server's DATEDIFF in days from day 0. It returns the date of that day, because SQL Server converts the number
+   * to a date when it is compared with one, and the engine does not.
    */
   public static Timestamp dateDiff(String part, int from, Timestamp moment) {
     if (!part.equals("dd")) throw new IllegalArgumentException(part);

@@ -68,7 +68,7 @@ CallLines Reads(const std::string& first, const std::string& last, const std::st
   return reads;
 }
 
-// March 2024 in the words of each database that has any.
+// March 2024 in each dialect.
 struct March {
   std::int32_t code;
   const char* condition;

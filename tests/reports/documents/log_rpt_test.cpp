@@ -90,10 +90,10 @@ CallLines FindingLines(const Database& database, const std::string& answer) {
   return lines;
 }
 
-// The end of the reader and the filter, when nothing is read through them any more.
+// The release of the reader and the filter, once nothing is read through them any more.
 const CallLines kReleaseLines = {"~Object3", "~Object2"};
 
-// The calls that make the output.
+// The calls that fill the output.
 CallLines OutputLines() {
   CallLines lines = {
       "NewRecordset() -> Recordset1",

@@ -15,7 +15,7 @@ Subject Report(const Value& listReturned) {
   return SubjectOf(kName, &CSolicitacaoRpt::RelatorioDevolucaoOriginal, {{L"ListarJaDevolvidos", {listReturned}}});
 }
 
-// The two dates as text, in the words of each database that has any.
+// The two dates as text, in each dialect.
 struct Dates {
   std::int32_t code;
   std::string withdrawn;
@@ -27,7 +27,7 @@ const Dates kDates[] = {
     {tbMySQL, "DATE_FORMAT(s.DT_RETIRADA,'%d/%m/%Y')", "DATE_FORMAT(s.DT_DEVOLUCAO,'%d/%m/%Y')"},
     {tbOracleAlt, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
     {tbDB2, "TO_CHAR(s.DT_RETIRADA,'DD/MM/YYYY')", "TO_CHAR(s.DT_DEVOLUCAO,'DD/MM/YYYY')"},
-    {tbSQLite, "", ""},  // SQLite has no text for a date
+    {tbSQLite, "", ""},  // SQLite's dialect has no text for a date
 };
 const Dates& kOnSQLServer = kDates[1];
 

@@ -9,7 +9,7 @@ namespace {
 using recorder::kObjectNotSet;
 using recorder::Raised;
 
-// The header of a module. {NVL} is the word of the database for "unless null".
+// The header of a module. {NVL} is the function of the dialect for a default in place of null.
 
 constexpr auto kHeaderOfMain =
     "SELECT {NVL}(c.NUM_CAIXA, '') AS NUM_CAIXA, {NVL}(c.DESC_CAIXA, '') AS DESC_CAIXA, "
@@ -156,7 +156,7 @@ TEST(DocsNoModuloSubRptTest, LeavesItToTheProviderWhenNoDatabaseWasNamed) {
             }}));
 }
 
-// The documents of a discard authorisation. {PAGES} is the sum of a document's pages in the words of the database.
+// The documents of a discard authorisation. {PAGES} is the sum of a document's pages in the dialect.
 
 const std::string kAuthorised =
     "SELECT d.COD_DOCTO, (SELECT COUNT(*) FROM DOCUMENTO dd WHERE dd.NUM_CAIXA = d.NUM_CAIXA) AS TOTAL_DOCS, "
@@ -169,7 +169,7 @@ struct Dialect {
   std::string blankRow;
 };
 
-// A second variant of Oracle speaks Oracle's dialect, but selects the blank row from no table.
+// Oracle's second code has Oracle's dialect, but selects the blank row from no table.
 const Dialect kDialects[] = {
     {tbOracle, "TO_NUMBER(ddd.FRENTE)+TO_NUMBER(ddd.VERSO)",
      "SELECT ' ' AS COD_DOCTO, 0 AS TOTAL_DOCS, 0 AS TOTAL_PAGINAS FROM SYS.DUAL "},

@@ -13,7 +13,7 @@ struct Listing {
   std::string subordinates;
 };
 
-// Main modules alone reach a client's connection.
+// On a client's connection only main modules are listed.
 Statements Union(const std::string& main, const std::string& subordinates) {
   return {main + " UNION " + subordinates, main};
 }
@@ -72,7 +72,7 @@ TEST(ModulosExcluidosTest, ReadsEachFilterAsOftenAsItApplies) {
 }
 
 // Modules due for discard. A department filters the first half once, the second one twice; the back catalogue the first
-// one twice, the second one never. {PAGES} and {TODAY} are the words of the database.
+// one twice, the second one never. {PAGES} and {TODAY} are expressions of the dialect.
 
 const Listing kVencidos[] = {
     {{},

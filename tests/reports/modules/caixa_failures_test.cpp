@@ -16,9 +16,9 @@ struct Case {
   std::string name;
   CaixaMethod method;
   Parameters parameters;
-  // What the recordset finds, at its first opening and at a second one.
+  // The rows of the recordset, at its first opening and at a second one.
   std::deque<Rows> results = {};
-  // Whether a connection string is given to a static recordset as it is.
+  // Whether a static recordset is opened with the connection string itself.
   bool isStatic = false;
 };
 

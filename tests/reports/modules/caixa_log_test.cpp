@@ -79,7 +79,7 @@ TEST(CCaixaRptLogTest, FollowsALogFileThatItsListenerChanges) {
   }))) << calls;
 }
 
-// Makes the log leave a value in the place of each line.
+// Makes the log replace each line by a value.
 void LetTheLogLeave(CaixaScenario& scenario, const Value& left) {
   scenario.around.RegisterMaker(L"VantLog.FnLog", L"Log", [&scenario, left](const std::wstring& name) {
     auto log = std::make_shared<recorder::FakeObject>(scenario.around.journal, name,
@@ -109,7 +109,7 @@ TEST(CCaixaRptLogTest, FailsWhereTheLogLeavesNoText) {
   const std::string source = "KodraRpt.CCaixaRpt::EtiquetaFechamentoSubordinada";
   EXPECT_EQ(scenario.RunRaising(&CCaixaRpt::EtiquetaFechamentoSubordinada, Parameters()),
             Reported(source, "Uso de 'Null' inválido"));
-  // The line of that failure has the log fail once more, and is announced as it was written.
+  // The log fails again for the line about that failure, which is announced unchanged.
   EXPECT_EQ(scenario.heard,
             CallLines{source + ": ----> saindo com o erro 94 em " + source + ": Uso de 'Null' inválido"});
 }
@@ -219,7 +219,7 @@ TEST(CCaixaRptLogTest, AnnouncesAndReportsTheErrorOnceWhenTheLogFailsInTheFrame)
       scenario.around.journal.FailOn(call, failure);
       EXPECT_EQ(RaisedByDividers(scenario), Reported("Prova.Fonte", "Falha provocada"));
       EXPECT_EQ(scenario.heard, CallLines{kMishapLine});
-      // The next error finds the log again.
+      // The log works again for the next error.
       EXPECT_EQ(RaisedByMishap(scenario), Reported("Prova.Fonte", "Falha provocada"));
       EXPECT_EQ(scenario.heard, (CallLines{kMishapLine, kMishapLine}));
     }

@@ -1,4 +1,4 @@
-// What the methods of CCaixaRpt share: where they find the database and what they ask of a call first.
+// What the methods of CCaixaRpt have in common: how they find the database, and the first checks of a call.
 #include "reports/reports.h"
 
 #include <gtest/gtest.h>

@@ -33,7 +33,7 @@ class CaixaScenario {
   explicit CaixaScenario(const Database& database = DatabaseOf(tbSQLServer), Path path = Path::kConnectionString);
 
   // The client's parameter object, whose properties have their initial values unless they are named: the component's
-  // own, which leaves no lines, or another one ("Parametros" in the journal), which keeps its values as they are given.
+  // own, which leaves no lines, or another one ("Parametros" in the journal), which keeps its values unchanged.
   static ObjectRef Own(const Parameters& parameters);
   ObjectRef Foreign(const Parameters& parameters);
   // Calls once in a new journal, drops the rows and returns all calls.
@@ -45,7 +45,7 @@ class CaixaScenario {
     return RunRaising(method, Own(parameters));
   }
 
-  // What ObtemSubordinados answers.
+  // Sets the answer of ObtemSubordinados.
   void AnswerSubordinates(const Value& answer);
   ObjectRef NewSubordinates(std::int32_t count);
   void SetClientConnection(const std::string& connectionString);
@@ -54,7 +54,7 @@ class CaixaScenario {
   CallLines InitialLines() const;
   // The object of that number, asked for the subordinates' code.
   CallLines SubordinateCodeLines(int object) const;
-  // A line of the log; the first one makes the log object.
+  // A line of the log; the first one creates the log object.
   CallLines FirstLogLines(const std::string& text) const;
   CallLines LogLines(const std::string& text) const;
   // ObtemSubordinadosFechados, with what the business component answers, and the end of the objects that it asks.
@@ -68,11 +68,11 @@ class CaixaScenario {
 
   recorder::FakeSurroundings around;
   ModuleObject report{L"CCaixaRpt", around};
-  // The log lines that the client's listener heard.
+  // The log lines that the client's listener received.
   std::vector<std::string> heard;
 
  private:
-  // What a business component is told, and the name of its object in the journal.
+  // The properties that a business component is given; `name` is its object in the journal.
   CallLines BusinessLines(const std::string& name, const std::string& progId) const;
 
   const Database& database_;

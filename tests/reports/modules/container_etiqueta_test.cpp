@@ -17,7 +17,7 @@ recorder::Answers Containers(const wchar_t* first, const wchar_t* second = L"", 
   return {{L"Container1", {first}}, {L"Container2", {second}}, {L"Container3", {third}}};
 }
 
-// A component that converts a field that it is given, and refuses anything else.
+// A component that converts a field, and refuses any other argument.
 class Conversions final : public AutomationObject, public recorder::Fake {
  public:
   Conversions(recorder::Journal& journal, std::wstring name) : Fake(journal, std::move(name)) {}
@@ -44,7 +44,7 @@ Rows ModuleRows(std::vector<std::vector<Value>> rows) {
   return {{L"CONTAINER", L"DATA_VENCIMENTO", L"TIPO_GUARDA", L"NOME_EMPRESA"}, std::move(rows)};
 }
 
-// A label as its row says it.
+// A label, from its row.
 struct Label {
   std::string container;
   Date date;

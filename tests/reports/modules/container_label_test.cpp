@@ -1,4 +1,4 @@
-// What a container's label gathers from its modules.
+// The label of a container, computed from its modules.
 #include <gtest/gtest.h>
 
 #include <vector>

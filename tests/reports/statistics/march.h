@@ -1,4 +1,4 @@
-// March 2024, the period of the statistics' tests, in the words of each database that has a dialect.
+// March 2024, the period of the statistics' tests, in each dialect.
 #pragma once
 
 #include <algorithm>
@@ -36,7 +36,7 @@ inline const std::vector<Condition> kInMarch = {
     {tbSQLite, " BETWEEN strftime('%d-%m-%Y',01/03/2024) AND strftime('%d-%m-%Y',31/03/2024)"},
 };
 
-// The same up to the day after.
+// The same with the day after the last one.
 inline const std::vector<Condition> kInMarchAndTheDayAfter = {
     {tbOracle, " BETWEEN TO_DATE('01/03/2024','DD/MM/YYYY') AND TO_DATE('01/04/2024','DD/MM/YYYY')"},
     {tbSQLServer, " BETWEEN '20240301' AND '20240401'"},

@@ -32,7 +32,7 @@ inline CallLines NameLines(const Database& database, int object, const std::stri
 }
 
 // The frame around an injected failure in a report that reads names. A parameter component that cannot be made, though
-// its class is registered, is an object that is not there.
+// its class is registered, is a missing object.
 inline recorder::Raised NamedOutcome(const Scenario& scenario, const FailedCall& failed,
                                      const InjectedFailure& injected) {
   const bool byTheComponent = injected.caught.source != L"KodraRpt";
