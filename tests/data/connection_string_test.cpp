@@ -1,4 +1,4 @@
-// The preparation of a client's connection string by PreAbreCn.
+// Connection strings: their preparation by PreAbreCn, the values of their keys, and replacements in them.
 #include "data/connection_string.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@ namespace kodra::data {
 namespace {
 
 using recorder::FakeSurroundings;
+using recorder::kOverflow;
 using recorder::Lines;
 using recorder::Raised;
 using recorder::RaisedBy;
@@ -163,6 +164,79 @@ TEST_F(PreAbreCnTest, RecognisesKeysAtTheEndOfALongString) {
       Prepared(L"Extended Properties=" + longValue + L";Provider=MSDAORA;min pool size=1;persist security info=1"),
       "Extended Properties=" + Utf8(longValue) + ";Provider=MSDAORA;min pool size=1;persist security info=1;");
 }
+
+// The last position that a search may find, counted from 1.
+constexpr std::size_t kLastPosition = 32767;
+
+std::wstring Filler(std::size_t length) { return std::wstring(length, L'x'); }
+
+// A text, a key and the value that is read for it.
+struct Reading {
+  const char* name;
+  const wchar_t* text;
+  const wchar_t* value;
+  const wchar_t* key = L"Database";
+};
+
+const Reading kReadings[] = {
+    {"TheEmptyTextForTheEmptyString", L"", L""},
+    {"TheEmptyTextForAKeyThatIsNotThere", L"Driver=x;", L""},
+    {"APairInTheMiddle", L"Driver=x;Database=a.db;UID=u;", L"a.db"},
+    {"TheLastPairWithoutASemicolon", L"Driver=x;Database=a.db", L"a.db"},
+    {"AKeyInAnyLetterCase", L"DATABASE=a.DB;", L"a.DB", L"dataBase"},
+    {"AValueWithItsBlanks", L"Database =  a.db ;", L"  a.db "},
+    {"TheEmptyTextWhenTheFirstMatchIsInAValue", L"Server=MyDatabase;Database=a.db;", L""},
+    {"TheEmptyTextForAKeyWithoutAnEqualsSign", L"Database;UID=u;", L""},
+    {"EverythingAfterTheFirstEqualsSign", L"Database=a=b;", L"a=b"},
+    {"AnEmptyValue", L"Database=;", L""},
+};
+
+class ReadKeyValueTest : public testing::TestWithParam<Reading> {};
+INSTANTIATE_TEST_SUITE_P(Texts, ReadKeyValueTest, testing::ValuesIn(kReadings),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_P(ReadKeyValueTest, IsRead) { EXPECT_EQ(ReadKey(GetParam().text, GetParam().key), GetParam().value); }
+
+TEST(ReadKeyTest, FindsTheKeyInsideALongerOneAndTakesTheFirst) {
+  EXPECT_EQ(ReadKey(L"Default Database=um;Database=dois;", L"Database"), L"um");
+  EXPECT_EQ(ReadKey(L"DatabaseFile=um;Database=dois;", L"Database"), L"um");
+}
+
+TEST(ReadKeyTest, ReadsAPairThatEndsAtTheLastPosition) {
+  const std::wstring pair = L"Database=a;";
+  EXPECT_EQ(ReadKey(Filler(kLastPosition - pair.size()) + pair, L"Database"), L"a");
+}
+
+TEST(ReadKeyTest, OverflowsForAPairThatEndsBeyondTheLastPosition) {
+  const std::wstring pair = L"Database=a;";
+  const std::wstring text = Filler(kLastPosition - pair.size() + 1) + pair;
+  EXPECT_EQ(RaisedBy([&] { ReadKey(text, L"Database"); }), kOverflow);
+}
+
+TEST(ReadKeyTest, OverflowsForAKeyBeyondTheLastPosition) {
+  const std::wstring text = Filler(kLastPosition) + L"Database=a;";
+  EXPECT_EQ(RaisedBy([&] { ReadKey(text, L"Database"); }), kOverflow);
+}
+
+TEST(ReadKeyTest, FindsNoKeyInALongStringWithoutOverflow) {
+  EXPECT_EQ(ReadKey(Filler(2 * kLastPosition), L"Database"), L"");
+}
+
+TEST(ReplaceAll, ReplacesEveryMatch) { EXPECT_EQ(ReplaceAll(L"a-b-c", L"-", L"+"), L"a+b+c"); }
+
+TEST(ReplaceAll, ReturnsTheTextWithoutAMatch) { EXPECT_EQ(ReplaceAll(L"abc", L"-", L"+"), L"abc"); }
+
+TEST(ReplaceAll, ReturnsTheTextForAnEqualReplacement) { EXPECT_EQ(ReplaceAll(L"abc", L"b", L"b"), L"abc"); }
+
+TEST(ReplaceAll, ReturnsTheEmptyText) { EXPECT_EQ(ReplaceAll(L"", L"b", L"c"), L""); }
+
+TEST(ReplaceAll, ResumesAfterTheInsertedText) {
+  EXPECT_EQ(ReplaceAll(L";;;", L";;", L";"), L";;");
+  EXPECT_EQ(ReplaceAll(L";;;;", L";;", L";"), L";;");
+  EXPECT_EQ(ReplaceAll(L"aa", L"a", L"aa"), L"aaaa");
+}
+
+TEST(ReplaceAll, RemovesMatchesForAnEmptyReplacement) { EXPECT_EQ(ReplaceAll(L"a-b-", L"-", L""), L"ab"); }
 
 }  // namespace
 }  // namespace kodra::data

@@ -1,8 +1,9 @@
-// The operators.
-#include "reports/reports.h"
-
+// The operators: the report, the operator record, and the truth of a flag.
 #include <gtest/gtest.h>
 
+#include "reports/operators/operador_obj.h"
+#include "reports/operators/operator_flag.h"
+#include "reports/reports.h"
 #include "tests/reports/report_scenario.h"
 
 namespace kodra::reports {
@@ -10,9 +11,12 @@ namespace {
 
 using recorder::Failure;
 using recorder::FakeSurroundings;
+using recorder::kObjectNotSet;
 using recorder::Raised;
 using recorder::RaisedBy;
 using recorder::Rows;
+using recorder::Shown;
+using recorder::Utf8;
 
 constexpr auto kStatement =
     "SELECT o.DESCR_OPERADOR, o.NOME_COMPLETO, o.TIPO, d.DESCR_DEPTO, o.CHAPA, o.RAMAL, o.IDC_ATIVO AS ATIVO, "
@@ -329,6 +333,63 @@ TEST(COperadorRptTest, WorksAgainAfterTheFailureOfAnyCall) {
   Scenario empty(Report(), DatabaseOf(tbSQLServer), Having({}));
   empty.hasRows = false;
   CheckEachCallFailing(empty, outcome);
+}
+
+TEST(OperadorObjTest, WritesEveryPropertyInOneLine) {
+  const OperadorObj record = {
+      .Descr_Operador = L"MARIA",
+      .Nome_Completo = L"Maria da Conceição",
+      .Tipo = L"2",
+      .Descr_Depto = L"Jurídico",
+      .Chapa = L"00017",
+      .Ramal = L"4321",
+      .Descr_Grupo_Op = L"Arquivistas",
+      .Ativo = true,
+      .Desabilitado_AD = L"N",
+      .Existe_AD = L"S",
+  };
+  EXPECT_EQ(Utf8(record.ToString()),
+            "Descr_Operador: MARIA, Nome_Completo: Maria da Conceição, Tipo: 2, Descr_Depto: Jurídico, Chapa: 00017, "
+            "Ramal: 4321, Descr_Grupo_Op: Arquivistas, Ativo: Verdadeiro, Desabilitado_AD: N, Existe_AD: S");
+}
+
+TEST(OperadorObjTest, WritesTheNamesOfEmptyPropertiesToo) {
+  EXPECT_EQ(Utf8(OperadorObj().ToString()),
+            "Descr_Operador: , Nome_Completo: , Tipo: , Descr_Depto: , Chapa: , "
+            "Ramal: , Descr_Grupo_Op: , Ativo: Falso, Desabilitado_AD: , Existe_AD: ");
+}
+
+TEST(EhVerdadeiroTest, TakesEachLetterOfYesInEitherCase) {
+  for (const wchar_t* text : {L"1", L"Y", L"S", L"T", L"V", L"y", L"s", L"t", L"v"})
+    EXPECT_TRUE(EhVerdadeiro(text)) << Utf8(text);
+}
+
+TEST(EhVerdadeiroTest, LooksAtTheFirstCharacterOnly) {
+  for (const wchar_t* text : {L"Yes", L"Sim", L"True", L"Verdadeiro", L"sim", L"verdadeiro", L"100", L"1,5", L"S "})
+    EXPECT_TRUE(EhVerdadeiro(text)) << Utf8(text);
+  for (const wchar_t* text : {L"No", L"Não", L"False", L"Falso", L"0,1", L"21", L" S", L"-1", L"\tS"})
+    EXPECT_FALSE(EhVerdadeiro(text)) << Utf8(text);
+}
+
+TEST(EhVerdadeiroTest, TakesACommaForYes) {
+  EXPECT_TRUE(EhVerdadeiro(L","));
+  EXPECT_TRUE(EhVerdadeiro(L",N"));
+}
+
+TEST(EhVerdadeiroTest, TakesEverythingElseForNo) {
+  for (const wchar_t* text : {L"0", L"N", L"F", L"n", L"f", L"X", L"", L" ", L"2", L".", L";", L"ß", L"Ş"})
+    EXPECT_FALSE(EhVerdadeiro(text)) << Utf8(text);
+}
+
+TEST(EhVerdadeiroTest, ReadsAnyValueAsItsText) {
+  for (const Value& value : {Value(1), Value(true), Value(std::int64_t{1}), Value(1.5), Value(10)})
+    EXPECT_TRUE(EhVerdadeiro(value)) << Utf8(Shown(value));
+  for (const Value& value : {Value(), Value(Null{}), Value(0), Value(false), Value(-1), Value(2), Value(0.1)})
+    EXPECT_FALSE(EhVerdadeiro(value)) << Utf8(Shown(value));
+}
+
+TEST(EhVerdadeiroTest, RefusesAnObject) {
+  EXPECT_EQ(RaisedBy([] { EhVerdadeiro(ObjectRef{}); }), kObjectNotSet);
 }
 
 }  // namespace

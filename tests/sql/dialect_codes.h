@@ -10,7 +10,7 @@
 #include <string>
 
 #include "sql/tradutor_sql.h"
-#include "values/erro.h"
+#include "tests/raised.h"
 
 namespace kodra::sql {
 
@@ -39,20 +39,17 @@ void ExpectOnAll(const wchar_t* text, Call call) {
   for (const std::int32_t code : kCodesWithDialect) ExpectOnEach({{code, text}}, call);
 }
 
-// Expects that `call` raises the no-entry error of TradutorSQL.`function` for every code without dialect.
+// The error of TradutorSQL.`function` for a code without a dialect.
+inline tests::Raised NoEntry(const std::wstring& function, std::int32_t code) {
+  return {-2147221503, L"TradutorSQL." + function, L"Não há entrada para o banco tipo " + std::to_wstring(code)};
+}
+
+// Expects that error of `call` for every code without a dialect.
 template <class Call>
 void ExpectNoEntry(const std::wstring& function, Call call) {
   for (const std::int32_t code : kCodesWithoutDialect) {
-    SCOPED_TRACE(code);
     DefineTipoBanco(code);
-    try {
-      call();
-      ADD_FAILURE() << "nothing raised";
-    } catch (const Erro& erro) {
-      EXPECT_EQ(erro.Number(), -2147221503);
-      EXPECT_EQ(erro.Source(), L"TradutorSQL." + function);
-      EXPECT_EQ(erro.Description(), L"Não há entrada para o banco tipo " + std::to_wstring(code));
-    }
+    EXPECT_EQ(tests::RaisedBy(call), NoEntry(function, code));
   }
 }
 

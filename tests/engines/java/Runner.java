@@ -21,9 +21,10 @@ import java.util.List;
  *
  * <pre>JDBC-URL shims.sql archive.txt statements.txt results.txt</pre>
  *
- * <p>A line of the archive has fields separated by tabs: "run" and a statement, "insert" and a prepared INSERT, or "row"
- * and its values. A line of the statements is a statement and, after a tab, its parameter if it has one. The answer to a
- * statement is "rows", their number and the column names, then the rows; or "error" and the engine's message.
+ * <p>A line of the archive has fields separated by tabs: "run" and a statement, "insert" and a prepared INSERT, or
+ * "row" and its values. A line of the statements is a statement and, after a tab, its parameter if it has one. The
+ * answer to a statement is "rows", their number and the column names, then the rows; or "error" and the engine's
+ * message.
  *
  * <p>A value is a letter and its text: n a number, t a text, d a date with its time of day; \N is null. In every field
  * \t, \n, \r and \\ replace the characters that would end it.
