@@ -9,7 +9,7 @@
 //   binary              text, with two hexadecimal digits per byte
 //   null                Null
 //
-// Where types vary by row (driver_manners.h) a cell is read as text, and the text as a value of the column's type. A
+// Where types vary by row (driver_quirks.h) a cell is read as text, and the text as a value of the column's type. A
 // cell that is not of that type keeps its own: a whole number beyond 32 bits is int64, a fraction in an integer column
 // double, "amanhã" in a date column text.
 #pragma once
@@ -24,7 +24,7 @@ namespace kodra::odbc {
 
 class ColumnBuffer {
  public:
-  // See driver_manners.h.
+  // See driver_quirks.h.
   ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8);
 
   // Whether a cell may be longer than any buffer worth binding: it is then read on its own, which needs blocks of one

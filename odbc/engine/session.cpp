@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "odbc/engine/connection_string.h"
-#include "odbc/engine/driver_manners.h"
+#include "odbc/engine/driver_quirks.h"
 #include "odbc/engine/recordset.h"
 #include "odbc/engine/utf8_locale.h"
 #include "values/utf16.h"

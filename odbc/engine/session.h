@@ -44,7 +44,7 @@ class Session {
   void Close() noexcept;
   bool IsOpen() const { return handle_ != nullptr; }
   SQLHDBC Handle() const { return handle_; }
-  // See driver_manners.h.
+  // See driver_quirks.h.
   bool TypesVaryByRow() const { return typesVaryByRow_; }
   bool TextIsUtf8() const { return textIsUtf8_; }
   std::wstring CurrentDatabase();

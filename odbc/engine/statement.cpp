@@ -4,7 +4,7 @@
 
 #include "odbc/engine/bound_parameter.h"
 #include "odbc/engine/coercion.h"
-#include "odbc/engine/driver_manners.h"
+#include "odbc/engine/driver_quirks.h"
 #include "values/utf16.h"
 
 namespace kodra::odbc {

@@ -1,9 +1,13 @@
-#include "odbc/engine/driver_manners.h"
+#include "odbc/engine/driver_quirks.h"
 
 #include <gtest/gtest.h>
+#include <langinfo.h>
+
+#include <string>
 
 #include "odbc/engine/command_text.h"
 #include "odbc/engine/types.h"
+#include "odbc/engine/utf8_locale.h"
 #include "tests/odbc/raised.h"
 
 namespace kodra::odbc {
@@ -71,6 +75,21 @@ TEST(StatementText, NoTextRaises) {
   EXPECT_EQ(tests::RaisedBy([] { StatementText(L"", ad::kCmdText, ad::kCmdUnknown, 0); }),
             (tests::Raised{static_cast<std::int32_t>(0x80040E0CU), L"Microsoft OLE DB Provider for ODBC Drivers",
                            L"Command text was not set for the command object."}));
+}
+
+TEST(Utf8Locale, TheThreadsCharacterSetIsUtf8WhileItLivesAndTheFormerOneAfterwards) {
+  const std::string former = nl_langinfo(CODESET);
+  {
+    const Utf8Locale utf8;
+    EXPECT_STREQ(nl_langinfo(CODESET), "UTF-8");
+  }
+  EXPECT_EQ(nl_langinfo(CODESET), former);
+}
+
+TEST(Utf8Locale, OneInsideAnotherLeavesTheOuterOneInForce) {
+  const Utf8Locale outer;
+  { const Utf8Locale inner; }
+  EXPECT_STREQ(nl_langinfo(CODESET), "UTF-8");
 }
 
 }  // namespace

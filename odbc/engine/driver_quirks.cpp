@@ -1,4 +1,4 @@
-#include "odbc/engine/driver_manners.h"
+#include "odbc/engine/driver_quirks.h"
 
 #include <algorithm>
 
