@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "testbed/mariadb/child_process.h"
+#include "tests/db/temporary_folder.h"
 
 namespace kodra::testbed {
 namespace {
@@ -21,13 +22,10 @@ namespace fs = std::filesystem;
 class KodraMariaDb : public testing::Test {
  protected:
   KodraMariaDb() {
-    std::string pattern = (fs::temp_directory_path() / "kodra-test-XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
     // A server that root starts runs as another user, who must be able to enter this folder.
-    fs::permissions(folder_, fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
+    fs::permissions(folder_.Path(), fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
     std::ofstream(Script()) << "CREATE TABLE CD (NUM_CD VARCHAR(10));\nINSERT INTO CD VALUES ('João');\n";
   }
-  ~KodraMariaDb() override { fs::remove_all(folder_); }
 
   std::string Script() const { return folder_ / "acervo.sql"; }
   static std::string Contents(const fs::path& path) {
@@ -37,7 +35,7 @@ class KodraMariaDb : public testing::Test {
   std::string Output() const { return Contents(folder_ / "output"); }
   // Whether the folder of a server exists. TMPDIR makes the program create it in the test's folder.
   bool ServerIsThere() const {
-    for (const auto& entry : fs::directory_iterator(folder_)) {
+    for (const auto& entry : fs::directory_iterator(folder_.Path())) {
       if (entry.path().filename().string().starts_with("kodra-mariadb-")) return true;
     }
     return false;
@@ -45,11 +43,11 @@ class KodraMariaDb : public testing::Test {
 
   // Starts the program on a script with a command for the shell.
   pid_t Start(const std::string& script, const std::string& shell) const {
-    return Spawn(
-        {.command = {"/usr/bin/env", "TMPDIR=" + folder_.string(), KODRA_MARIADB, script, "--", "/bin/sh", "-c", shell},
-         .input = "/dev/null",
-         .output = folder_ / "output",
-         .background = true});
+    return Spawn({.command = {"/usr/bin/env", "TMPDIR=" + folder_.Path().string(), KODRA_MARIADB, script, "--",
+                              "/bin/sh", "-c", shell},
+                  .input = "/dev/null",
+                  .output = folder_ / "output",
+                  .background = true});
   }
   int Run(const std::string& script, const std::string& shell) const { return WaitFor(Start(script, shell)); }
 
@@ -69,7 +67,7 @@ class KodraMariaDb : public testing::Test {
     return name != std::string::npos && text[name + 2] != 'Z';
   }
 
-  fs::path folder_;
+  tests::TemporaryFolder folder_;
 };
 
 TEST_F(KodraMariaDb, TheCommandFindsTheDatabaseFilledAndItsExitCodeIsTheProgramsOwn) {
@@ -79,7 +77,8 @@ TEST_F(KodraMariaDb, TheCommandFindsTheDatabaseFilledAndItsExitCodeIsThePrograms
                          "arquivo --execute='select NUM_CD from CD'; exit 7");
   EXPECT_EQ(status, 7);
   const std::string output = Output();
-  EXPECT_TRUE(output.starts_with("Driver={MariaDB Unicode};Server=localhost;Socket=" + folder_.string())) << output;
+  EXPECT_TRUE(output.starts_with("Driver={MariaDB Unicode};Server=localhost;Socket=" + folder_.Path().string()))
+      << output;
   EXPECT_TRUE(output.ends_with("/socket;Database=arquivo;Uid=arquivo;\nJoão\n")) << output;
   EXPECT_FALSE(ServerIsThere());
 }
@@ -95,7 +94,7 @@ TEST_F(KodraMariaDb, ThePasswordIsInNoCommandLineAndInNoLogOfTheServer) {
     if (Contents(process.path() / "cmdline").find(password) != std::string::npos) shown.push_back(process.path());
   }
   std::vector<std::string> files;
-  for (const auto& server : fs::directory_iterator(folder_)) {
+  for (const auto& server : fs::directory_iterator(folder_.Path())) {
     if (!server.is_directory()) continue;
     for (const auto& file : fs::directory_iterator(server)) {
       if (!file.is_regular_file() || Contents(file).find(password) == std::string::npos) continue;

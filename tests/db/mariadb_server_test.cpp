@@ -10,6 +10,7 @@
 #include "odbc/engine/recordset.h"
 #include "testbed/mariadb/child_process.h"
 #include "tests/db/mariadb.h"
+#include "tests/db/temporary_folder.h"
 #include "tests/odbc/print_value.h"
 #include "tests/odbc/raised.h"
 #include "tests/secret.h"
@@ -121,7 +122,8 @@ TEST_F(PrivateServer, RefusesWhatTheSourceTells) {
 
 TEST_F(PrivateServer, IsOutOfReachForAnotherUserOfTheMachine) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can run a program as another user";
-  const std::string output = testing::TempDir() + "kodra-estranho";
+  const tests::TemporaryFolder folder;
+  const fs::path output = folder / "saida";
   const int status = WaitFor(
       Spawn({.command = {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", "/usr/bin/mariadb",
                          "--no-defaults", "--user=arquivo", "--socket=" + Socket().string(), "--execute=select 1"},
@@ -129,7 +131,6 @@ TEST_F(PrivateServer, IsOutOfReachForAnotherUserOfTheMachine) {
              .output = output}));
   std::ifstream file(output);
   const std::string message{std::istreambuf_iterator<char>(file), {}};
-  fs::remove(output);
   EXPECT_EQ(status, 1);
   // 13 is EACCES.
   EXPECT_EQ(message,

@@ -9,6 +9,7 @@
 #include "testbed/archive/archive.h"
 #include "testbed/archive/writer.h"
 #include "tests/db/mariadb.h"
+#include "tests/db/temporary_folder.h"
 #include "values/convert.h"
 
 namespace kodra::siblings {
@@ -27,13 +28,13 @@ class SiblingsOnMariaDb : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     archive = new testbed::Archive(testbed::Generate(kSize));
-    const std::string script = testing::TempDir() + "kodra-siblings-mariadb.sql";
+    const tests::TemporaryFolder folder;
+    const std::string script = folder / "arquivo.sql";
     std::ofstream file(script, std::ios::binary);
     testbed::WriteMySql(file, kSize);
     file.close();
     tests::MariaDb().CreateDatabase(L"irmaos");
     tests::MariaDb().RunScript(L"irmaos", script);
-    std::remove(script.c_str());
   }
   static void TearDownTestSuite() { delete archive; }
 

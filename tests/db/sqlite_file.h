@@ -8,6 +8,7 @@
 #include <string>
 
 #include "odbc/engine/connection.h"
+#include "tests/db/temporary_folder.h"
 
 namespace kodra::tests {
 
@@ -27,7 +28,7 @@ class SqliteFile {
   odbc::Connection& Connection() { return connection_; }
 
  private:
-  std::string folder_;
+  TemporaryFolder folder_;
   std::wstring path_;
   odbc::Connection connection_;
 };
