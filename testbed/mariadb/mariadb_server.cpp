@@ -1,5 +1,6 @@
 #include "testbed/mariadb/mariadb_server.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/random.h>
 #include <sys/socket.h>
@@ -42,9 +43,8 @@ std::string Contents(const fs::path& path) {
 
 // A new file that only this program's user may read.
 std::ofstream PrivateFile(const fs::path& path) {
-  std::ofstream file(path, std::ios::binary);
-  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
-  return file;
+  close(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+  return std::ofstream(path, std::ios::binary);
 }
 
 std::string NewPassword() {
@@ -134,7 +134,7 @@ void MariaDbServer::MakeFolders() {
 std::vector<std::string> MariaDbServer::ServerCommand() const {
   return {Program("/usr/sbin/mariadbd", "mariadb-server-core"), "--no-defaults", "--skip-networking",
           "--datadir=" + serverFolder_ + "/data", "--tmpdir=" + serverFolder_ + "/temporary",
-          // The only files that statements may read and write: none.
+          // Statements could read and write files only in this folder, which stays empty.
           "--secure-file-priv=" + serverFolder_ + "/files", "--local-infile=0", "--skip-symbolic-links",
           "--innodb-buffer-pool-size=128M", "--innodb-log-file-size=64M", "--innodb-flush-log-at-trx-commit=0",
           // The server's dates are UTC, as SQLite's are.
