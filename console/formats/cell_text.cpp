@@ -1,11 +1,15 @@
 #include "console/formats/cell_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
+#include "odbc/engine/dates.h"
 #include "values/convert.h"
 #include "values/dates.h"
 #include "values/decimal.h"
+#include "values/erro.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
 
@@ -27,8 +31,28 @@ std::string Digits(std::int32_t number, std::size_t width) {
 
 std::string AllDigits(const Decimal& number) { return values::ToUtf8(values::PlainText(number)); }
 
+// The date in the calendar of automation dates; nothing for one outside it, which databases also hold.
+std::optional<values::Calendar> CalendarOf(Date date) {
+  try {
+    return values::ToCalendar(date);
+  } catch (const Erro&) {
+    return std::nullopt;
+  }
+}
+
+// The ISO form of a date outside the calendar, or the number of its days when it is not even a year that ISO writes.
+std::string IsoDateOutsideCalendar(Date date) {
+  constexpr double kMostDays = 4'000'000;  // some 11,000 years
+  if (!(std::abs(date.days) < kMostDays)) return Shortest(date.days);
+  std::wstring text = odbc::IsoDate(date);
+  std::ranges::replace(text, L' ', L'T');
+  return values::ToUtf8(text);
+}
+
 std::string IsoDate(Date date, ColumnKind kind) {
-  const values::Calendar c = values::ToCalendar(date);
+  const std::optional<values::Calendar> calendar = CalendarOf(date);
+  if (!calendar) return IsoDateOutsideCalendar(date);
+  const values::Calendar& c = *calendar;
   std::string out = Digits(c.year, 4) + "-" + Digits(c.month, 2) + "-" + Digits(c.day, 2);
   const bool midnight = c.hour == 0 && c.minute == 0 && c.second == 0;
   if (midnight && kind != ColumnKind::kMoment) return out;
@@ -53,6 +77,8 @@ std::optional<double> NumberIn(const Value& value) {
   return std::nullopt;
 }
 
+bool IsInCalendar(Date date) { return CalendarOf(date).has_value(); }
+
 bool IsNothing(const Value& value) { return value.Is<Null>() || value.Is<Empty>(); }
 
 std::string IsoText(const Value& value, ColumnKind kind) {
@@ -71,6 +97,8 @@ std::string IsoText(const Value& value, ColumnKind kind) {
 
 std::wstring BrazilianText(const Value& value) {
   if (value.Is<bool>()) return value.As<bool>() ? L"Sim" : L"Não";
+  if (value.Is<Date>() && !IsInCalendar(value.As<Date>()))
+    return values::FromUtf8(IsoDateOutsideCalendar(value.As<Date>()));
   return values::ToTextOrEmpty(value);
 }
 

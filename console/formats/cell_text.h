@@ -11,6 +11,10 @@ namespace kodra::console {
 // Whether the value is none: null, or a variant never assigned.
 bool IsNothing(const Value& value);
 
+// Whether the date, rounded to the second, is in the years 100 to 9999. One outside has its ISO form in both kinds of
+// text, with the fraction of a second.
+bool IsInCalendar(Date date);
+
 // The number that a value of any numeric type is; nothing for every other value. A single is the number that its digits
 // show: 0.1, not 0.100000001490116.
 std::optional<double> NumberIn(const Value& value);

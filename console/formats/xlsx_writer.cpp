@@ -21,6 +21,7 @@ using values::ToUtf8;
 
 // The first day that a spreadsheet counts as an automation date does: it takes 1900 for a leap year.
 constexpr double kFirstCountedDay = 61;
+constexpr double kBeyondLastDay = 2958466;  // 1 January 10000
 // The largest number without decimals that a spreadsheet shows digit by digit.
 constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
 // In characters. A wider text is kept whole, but not shown whole.
@@ -126,7 +127,8 @@ class XlsxWriter final : public RowWriter {
   }
 
   lxw_error WriteDate(lxw_col_t at, Date date) {
-    if (date.days < kFirstCountedDay) return WriteText(at, BrazilianText(date));
+    const bool counted = date.days >= kFirstCountedDay && date.days < kBeyondLastDay;
+    if (!counted) return WriteText(at, BrazilianText(date));
     const bool day = kinds_[at] != ColumnKind::kMoment && date.days == std::floor(date.days);
     Widen(at, day ? std::size_t{10} : std::size_t{19});
     return worksheet_write_number(sheet_, row_, at, date.days, day ? day_ : moment_);

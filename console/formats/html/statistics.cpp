@@ -92,7 +92,9 @@ StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, const gu
   if (column == nullptr) return {};
   const Value value = row.Get(column->name);
   if (value.Is<Date>()) {
-    const Date day{std::floor(value.As<Date>().days)};
+    // A day before 30 December 1899 is negative, and its time of day makes the number smaller still.
+    const Date day{std::trunc(value.As<Date>().days)};
+    if (!IsInCalendar(day)) return {BrazilianText(day), BrazilianText(day)};
     return {values::FormatDate(day, L"yyyymmdd"), values::FormatDate(day, L"dd/mm/yyyy")};
   }
   std::wstring name = row.Text(column->name);

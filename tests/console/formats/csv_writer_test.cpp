@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tests/console/formats/writing.h"
 
 namespace kodra::console {
@@ -53,6 +55,15 @@ TEST(CsvWriter, WritesDatesAsTheirColumnHasThem) {
 TEST(CsvWriter, PadsYearsOfFewerDigits) {
   // 1 January 0100, the first day of the calendar.
   EXPECT_EQ(Csv({{L"DIA", ColumnKind::kDay}}, {{Date{-657434}}}), "DIA\r\n0100-01-01\r\n");
+}
+
+TEST(CsvWriter, WritesDatesOutsideTheCalendar) {
+  constexpr double kSecond = 1.0 / 86400;
+  EXPECT_EQ(Csv({{L"DIA", ColumnKind::kDay}, {L"HORA", ColumnKind::kMoment}},
+                {{Date{-657435}, Date{-657435.25}},                  // 31 December 0099
+                 {Date{-693959}, Date{2958465 + 1 - kSecond / 10}},  // 1 January 0000, the end of 9999
+                 {Date{1e300}, Date{NAN}}}),
+            "DIA,HORA\r\n0099-12-31,0099-12-31T06:00:00\r\n0000-01-01,9999-12-31T23:59:59.900\r\n1e+300,nan\r\n");
 }
 
 TEST(CsvWriter, BeginsWithTheByteOrderMarkWhenAsked) {

@@ -33,6 +33,11 @@ TEST(TableWriter, WritesNumbersOfEveryTypeAsPeopleReadThem) {
             "A    B        C\n───  ───────  ────\n0,1  -0,0001  12,5\n(1 linha)\n");
 }
 
+TEST(TableWriter, WritesADateBeforeTheYear100InIsoForm) {
+  EXPECT_EQ(Table({{L"A", ColumnKind::kDay}}, {{Date{-657435}}, {Date{-657434}}}),
+            "A\n──────────\n0099-12-31\n01/01/100\n(2 linhas)\n");
+}
+
 TEST(TableWriter, CountsAnAccentOfItsOwnForNoWidth) {
   // "é" as one character and as "e" with a combining accent.
   EXPECT_EQ(Table({{L"A"}, {L"B"}}, {{L"\u00e9t\u00e9", L"x"}, {L"e\u0301te\u0301", L"y"}}),

@@ -119,6 +119,17 @@ TEST_F(XlsxWriterTest, WritesAsTextWhatItsNumbersCannotHold) {
             "</row>");
 }
 
+TEST_F(XlsxWriterTest, WritesDatesOutsideTheCalendarInIsoForm) {
+  Write({{L"A", ColumnKind::kDay}, {L"B", ColumnKind::kDay}, {L"C", ColumnKind::kDay}},
+        {{Date{-657435}, Date{2958465}, Date{2958466}}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\" t=\"inlineStr\"><is><t>0099-12-31</t></is></c>"
+            "<c r=\"B2\" s=\"2\"><v>2958465</v></c>"
+            "<c r=\"C2\" t=\"inlineStr\"><is><t>10000-01-01</t></is></c>"
+            "</row>");
+}
+
 TEST_F(XlsxWriterTest, KeepsTheNamesInSightAndFiltersByThem) {
   Write({{L"DESCRIÇÃO"}, {L"N", ColumnKind::kNumber}}, {{L"Departamento de Finanças", 1}, {L"x", 22}});
   const std::string sheet = Part("xl/worksheets/sheet1.xml");

@@ -58,6 +58,14 @@ TEST(StatisticsTest, CountsImagedDocumentsByDayInTheOrderOfDays) {
   EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 2", L"|01/02/2024| 1", L"|| 3", L"= 3"}));
 }
 
+TEST(StatisticsTest, CountsTheDaysOfEveryYear) {
+  // 31 December 0099 and 29 December 1899, each at midnight and at six in the morning, and 31 December 2023.
+  const Statistics result = Gathered(
+      L"CEstatImgRpt", L"RelatorioEstatisticas", {L"DT_ARMAZ", L"COD_DOCTO"},
+      {{Date{45291}, L"1"}, {Date{-1}, L"2"}, {Date{-1.25}, L"3"}, {Date{-657435}, L"4"}, {Date{-657435.25}, L"5"}});
+  EXPECT_EQ(Lines(result), (Texts{L"|0099-12-31| 2", L"|29/12/1899| 2", L"|31/12/2023| 1", L"|| 5", L"= 5"}));
+}
+
 TEST(StatisticsTest, AddsUpTheSheetsThatTheReportGives) {
   const Statistics result =
       Gathered(L"CEstatImgRpt", L"RelatorioEstatisticas", {L"DT_ARMAZ", L"FRENTE"},
