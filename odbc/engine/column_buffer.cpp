@@ -119,8 +119,12 @@ CivilTime Civil(const SQL_TIMESTAMP_STRUCT& t) {
   return {t.year, t.month, t.day, t.hour, t.minute, t.second, static_cast<std::int32_t>(t.fraction / 1000000)};
 }
 
-// A "zero date", which some systems store for a missing one, has no month.
-Value DateCell(const CivilTime& time) { return time.month == 0 ? Value(Null{}) : Value(DateOf(time)); }
+// A "zero date", which some systems store for a missing one, has no month. Another day that does not exist, as the one
+// without a number that MySQL stores for a month, keeps its parts as text.
+Value DateCell(const CivilTime& time) {
+  if (time.month == 0) return Null{};
+  return IsDay(time) ? Value(DateOf(time)) : Value(IsoText(time));
+}
 
 }  // namespace
 

@@ -5,7 +5,7 @@
 //   decimal, numeric    Decimal; decimals beyond its digits are rounded, and a whole part beyond them makes it a double
 //   character data      text of any length
 //   bit                 bool
-//   date, time, stamp   Date
+//   date, time, stamp   Date; text for a day that does not exist (2024-05-00), Null for one without a month
 //   binary              text, with two hexadecimal digits per byte
 //   null                Null
 //

@@ -11,9 +11,7 @@ namespace {
 
 constexpr double kMillisecondsADay = 86400000.0;
 
-bool Exists(const CivilTime& t) {
-  return values::IsCivilDay({t.year, t.month, t.day}) && t.hour < 24 && t.minute < 60 && t.second < 60;
-}
+bool Exists(const CivilTime& t) { return IsDay(t) && t.hour < 24 && t.minute < 60 && t.second < 60; }
 
 // Reads the parts of a date from the front of a text.
 class Parts {
@@ -109,8 +107,11 @@ std::optional<Date> ParseIsoDate(std::wstring_view text) {
   return DateOf(t);
 }
 
-std::wstring IsoDate(Date date) {
-  const CivilTime t = CivilOf(date);
+bool IsDay(const CivilTime& t) { return values::IsCivilDay({t.year, t.month, t.day}); }
+
+std::wstring IsoDate(Date date) { return IsoText(CivilOf(date)); }
+
+std::wstring IsoText(const CivilTime& t) {
   wchar_t text[64];
   const bool midnight = t.hour == 0 && t.minute == 0 && t.second == 0 && t.millisecond == 0;
   if (midnight) {

@@ -21,7 +21,9 @@ struct CivilTime {
   bool operator==(const CivilTime&) const = default;
 };
 
-// REQUIRES: a date of the Gregorian calendar.
+// Whether its day is one of the Gregorian calendar.
+bool IsDay(const CivilTime& time);
+// REQUIRES: IsDay(time).
 Date DateOf(const CivilTime& time);
 // To the nearest millisecond.
 CivilTime CivilOf(Date date);
@@ -31,5 +33,7 @@ CivilTime CivilOf(Date date);
 std::optional<Date> ParseIsoDate(std::wstring_view text);
 // "YYYY-MM-DD", with " HH:MM:SS" when the time of day is not midnight, and ".mmm" when it is not a whole second.
 std::wstring IsoDate(Date date);
+// The same of parts that need not be a date: "2024-05-00".
+std::wstring IsoText(const CivilTime& time);
 
 }  // namespace kodra::odbc

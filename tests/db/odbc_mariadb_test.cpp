@@ -98,6 +98,15 @@ TEST_F(OdbcMariaDb, AZeroDateIsNull) {
   EXPECT_EQ(rs.GetRows(1).front(), (std::vector<Value>{Null{}, Null{}}));
 }
 
+TEST_F(OdbcMariaDb, ADayThatDoesNotExistIsText) {
+  Run(L"set sql_mode='ALLOW_INVALID_DATES'");
+  Run(L"create or replace table T(D date, DT datetime)");
+  Run(L"insert into T values('2024-05-00', '2024-05-00 00:00:00'), ('2024-02-31', '2023-02-29 10:20:30')");
+  OpenFirehose(L"select * from T");
+  EXPECT_EQ(rs.GetRows(2),
+            (std::vector<std::vector<Value>>{{L"2024-05-00", L"2024-05-00"}, {L"2024-02-31", L"2023-02-29 10:20:30"}}));
+}
+
 TEST_F(OdbcMariaDb, RowsComeInOrderAcrossBlocksWhateverTheCacheSize) {
   for (int cache : {1, 7, 100, 250, 1000, 100000}) {
     rs.SetCacheSize(cache);
