@@ -4,11 +4,15 @@
 #include <system_error>
 
 #include "console/command_line/output_error.h"
+#include "console/command_line/system_reason.h"
 #include "console/run/interruption.h"
 #include "values/utf8.h"
 
 #ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
 #include <process.h>
+#include <sys/stat.h>
 #else
 #include <unistd.h>
 #endif
@@ -20,16 +24,8 @@ namespace fs = std::filesystem;
 using values::FromUtf8;
 using values::ToUtf8;
 
-std::wstring Reason(std::error_code error) {
-  if (error == std::errc::no_such_file_or_directory) return L"a pasta não existe";
-  if (error == std::errc::not_a_directory) return L"o caminho passa por um arquivo que não é pasta";
-  if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted) return L"não há permissão";
-  if (error == std::errc::read_only_file_system) return L"o disco é só de leitura";
-  if (error == std::errc::no_space_on_device) return L"o disco está cheio";
-  if (error == std::errc::is_a_directory) return L"é uma pasta";
-  if (error == std::errc::filename_too_long) return L"o nome é longo demais";
-  return FromUtf8(error.message());
-}
+// So many unfinished files of the same name are no accident.
+constexpr int kMostAttempts = 100;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
 
@@ -39,7 +35,7 @@ std::wstring Shown(const fs::path& path) {
 }
 
 OutputError CannotWrite(const fs::path& path, std::error_code error) {
-  return OutputError(L"não foi possível gravar \"" + Shown(path) + L"\": " + Reason(error) + L".");
+  return OutputError(L"não foi possível gravar \"" + Shown(path) + L"\": " + SystemReason(error) + L".");
 }
 
 fs::path PathOf(const std::wstring& text) {
@@ -60,34 +56,56 @@ bool IsWrittenDirectly(const fs::path& target) {
   return fs::exists(status) && !fs::is_regular_file(status);
 }
 
-fs::path Beside(const fs::path& target) {
+// The names that a file has until it is complete, one for each try. A run that was killed leaves its file behind, and
+// in a container every run may have the same process id.
+fs::path Beside(const fs::path& target, int attempt) {
 #ifdef _WIN32
   const int process = _getpid();
 #else
   const int process = getpid();
 #endif
-  fs::path name = fs::path(".").concat(target.filename().native());
-  return target.parent_path() / name.concat(".").concat(std::to_string(process)).concat(".parcial");
+  std::string ending = "." + std::to_string(process);
+  if (attempt > 1) ending += "-" + std::to_string(attempt);
+  return target.parent_path() / fs::path(".").concat(target.filename().native()).concat(ending).concat(".parcial");
 }
 
-// A file that this program alone has just made, or one to write directly.
-std::FILE* Open(const fs::path& path, bool asNew) {
+// A new file. Null with errno when it cannot be made, EEXIST when it is there already.
+std::FILE* Create(const fs::path& path) {
 #ifdef _WIN32
-  return _wfopen(path.c_str(), asNew ? L"wb" : L"ab");
+  const int file =
+      _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+  return file < 0 ? nullptr : _fdopen(file, "wb");
 #else
-  return std::fopen(path.c_str(), asNew ? "wbxe" : "abe");
+  return std::fopen(path.c_str(), "wbxe");
+#endif
+}
+
+// A device or a pipe.
+std::FILE* OpenDirectly(const fs::path& path) {
+#ifdef _WIN32
+  return _wfopen(path.c_str(), L"ab");
+#else
+  return std::fopen(path.c_str(), "abe");
 #endif
 }
 
 }  // namespace
 
-TargetFile::TargetFile(const std::wstring& target)
-    : target_(Real(PathOf(target))), path_(IsWrittenDirectly(target_) ? target_ : Beside(target_)) {
+TargetFile::TargetFile(const std::wstring& target) : target_(Real(PathOf(target))), path_(target_) {
   std::error_code error;
   if (fs::is_directory(target_, error)) throw CannotWrite(target_, std::make_error_code(std::errc::is_a_directory));
-  file_.reset(Open(path_, path_ != target_));
-  if (!file_) throw CannotWrite(target_, LastError());
-  if (path_ == target_) return;
+  if (IsWrittenDirectly(target_)) {
+    file_.reset(OpenDirectly(target_));
+    if (!file_) throw CannotWrite(target_, LastError());
+    return;
+  }
+  for (int attempt = 1; !file_; ++attempt) {
+    path_ = Beside(target_, attempt);
+    file_.reset(Create(path_));
+    const bool taken = !file_ && errno == EEXIST;
+    if (taken && attempt == kMostAttempts) throw CannotWrite(path_, LastError());
+    if (!file_ && !taken) throw CannotWrite(target_, LastError());
+  }
   Interruption::RemoveAtOnce(path_.string());
   const fs::file_status former = fs::status(target_, error);
   if (fs::exists(former)) fs::permissions(path_, former.permissions(), error);

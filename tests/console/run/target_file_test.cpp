@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <sstream>
@@ -62,6 +63,31 @@ TEST_F(TargetFileTest, LeavesTheFormerFileUntouchedWithoutCommit) {
   }
   EXPECT_EQ(Names(), std::vector<std::string>{"a.csv"});
   EXPECT_EQ(Read(At("a.csv")), "antes");
+}
+
+TEST_F(TargetFileTest, TakesAnotherNameWhenAKilledRunLeftItsFile) {
+  const std::string name = ".a.csv." + std::to_string(getpid());
+  Write(At((name + ".parcial").c_str()), "morto");
+  {
+    TargetFile file(Wide(At("a.csv")));
+    EXPECT_EQ(file.Path(), At((name + "-2.parcial").c_str()));
+    file.Write("inteiro");
+    file.Commit();
+  }
+  EXPECT_EQ(Read(At("a.csv")), "inteiro");
+  EXPECT_EQ(Names(), (std::vector<std::string>{name + ".parcial", "a.csv"}));
+  EXPECT_EQ(Read(At((name + ".parcial").c_str())), "morto");
+}
+
+TEST_F(TargetFileTest, NamesTheUnfinishedFileThatIsInItsWay) {
+  const std::string name = ".a.csv." + std::to_string(getpid());
+  Write(At((name + ".parcial").c_str()), "");
+  for (int attempt = 2; attempt <= 100; ++attempt)
+    Write(At((name + "-" + std::to_string(attempt) + ".parcial").c_str()), "");
+  const std::string last = At((name + "-100.parcial").c_str()).string();
+  EXPECT_EQ(FailureOf([&] { TargetFile file(Wide(At("a.csv"))); }),
+            "não foi possível gravar \"" + last + "\": já existe um arquivo com esse nome.");
+  EXPECT_EQ(Names().size(), 100U);
 }
 
 TEST_F(TargetFileTest, KeepsThePermissionsOfTheFormerFile) {

@@ -1,0 +1,11 @@
+// Why the system did not open, read or write a file, in Portuguese and without a full stop: "o disco está cheio".
+#pragma once
+
+#include <string>
+#include <system_error>
+
+namespace kodra::console {
+
+std::wstring SystemReason(std::error_code error);
+
+}  // namespace kodra::console
