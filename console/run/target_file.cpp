@@ -14,6 +14,8 @@
 #include <process.h>
 #include <sys/stat.h>
 #else
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -69,16 +71,36 @@ fs::path Beside(const fs::path& target, int attempt) {
   return target.parent_path() / fs::path(".").concat(target.filename().native()).concat(ending).concat(".parcial");
 }
 
-// A new file. Null with errno when it cannot be made, EEXIST when it is there already.
-std::FILE* Create(const fs::path& path) {
+enum class Readers { kOwner, kDefault };
+
+// A new file, for its owner alone or with the permissions of every new file. Null with errno when it cannot be made,
+// EEXIST when it is there already.
+std::FILE* Create(const fs::path& path, [[maybe_unused]] Readers readers) {
 #ifdef _WIN32
+  // Permissions come from the folder.
   const int file =
       _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
   return file < 0 ? nullptr : _fdopen(file, "wb");
 #else
-  return std::fopen(path.c_str(), "wbxe");
+  const int file =
+      open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readers == Readers::kOwner ? 0600 : 0666);
+  return file < 0 ? nullptr : fdopen(file, "wb");
 #endif
 }
+
+#ifndef _WIN32
+// Gives a file the owner, group and permissions of the one that it replaces, as far as this user may. A report is not a
+// program: set-uid and set-gid are not among them.
+void TakeOver(int file, const struct stat& former) {
+  mode_t permissions = former.st_mode & 0777;
+  const bool sameGroup = fchown(file, static_cast<uid_t>(-1), former.st_gid) == 0;
+  // Another group may do what everybody may.
+  if (!sameGroup) permissions = (permissions & ~070U) | (permissions & 07U) << 3;
+  if (fchmod(file, permissions) != 0) return;
+  // The owner comes last, because only the owner may change the permissions. For everybody but root this fails.
+  [[maybe_unused]] const int changed = fchown(file, former.st_uid, static_cast<gid_t>(-1));
+}
+#endif
 
 // A device or a pipe.
 std::FILE* OpenDirectly(const fs::path& path) {
@@ -99,16 +121,16 @@ TargetFile::TargetFile(const std::wstring& target) : target_(Real(PathOf(target)
     if (!file_) throw CannotWrite(target_, LastError());
     return;
   }
+  // Nobody may read more of the unfinished file than of the file that it replaces.
+  const Readers readers = fs::exists(target_, error) ? Readers::kOwner : Readers::kDefault;
   for (int attempt = 1; !file_; ++attempt) {
     path_ = Beside(target_, attempt);
-    file_.reset(Create(path_));
+    file_.reset(Create(path_, readers));
     const bool taken = !file_ && errno == EEXIST;
     if (taken && attempt == kMostAttempts) throw CannotWrite(path_, LastError());
     if (!file_ && !taken) throw CannotWrite(target_, LastError());
   }
   Interruption::RemoveAtOnce(path_.string());
-  const fs::file_status former = fs::status(target_, error);
-  if (fs::exists(former)) fs::permissions(path_, former.permissions(), error);
 }
 
 TargetFile::~TargetFile() {
@@ -128,6 +150,8 @@ void TargetFile::Write(std::string_view bytes) {
 void TargetFile::Commit() {
   if (std::fflush(file_.get()) != 0) throw CannotWrite(target_, LastError());
 #ifndef _WIN32
+  struct stat former {};
+  if (path_ != target_ && stat(target_.c_str(), &former) == 0) TakeOver(fileno(file_.get()), former);
   // A name must never come to the disk before the bytes that it names. A device need not support it.
   if (fsync(fileno(file_.get())) != 0 && path_ != target_) throw CannotWrite(target_, LastError());
 #endif

@@ -16,6 +16,9 @@ namespace kodra::console {
 //   file.Write("…");
 //   file.Commit();
 //
+// A target that is there already passes its owner, group and permissions on to the new file, as far as the user may
+// give them (on Windows, a new file has the permissions of its folder); until then only the user may read it.
+//
 // Until Commit the target is what it was before, or absent. Without Commit, an interruption included (interruption.h),
 // nothing stays. A target that is no regular file, as a device or a pipe, is written to directly.
 class TargetFile final : public Output {

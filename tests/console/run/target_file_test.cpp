@@ -1,7 +1,9 @@
 #include "console/run/target_file.h"
 
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -31,6 +33,16 @@ class TargetFileTest : public testing::Test {
     std::ostringstream text;
     text << std::ifstream(path).rdbuf();
     return text.str();
+  }
+  static struct stat StatusOf(const fs::path& path) {
+    struct stat status {};
+    EXPECT_EQ(stat(path.c_str(), &status), 0);
+    return status;
+  }
+  static unsigned Permissions(const fs::path& path) { return StatusOf(path).st_mode & 07777U; }
+  static std::pair<uid_t, gid_t> OwnerAndGroup(const fs::path& path) {
+    const struct stat status = StatusOf(path);
+    return {status.st_uid, status.st_gid};
   }
   // The names in the folder.
   std::vector<std::string> Names() const {
@@ -92,12 +104,66 @@ TEST_F(TargetFileTest, NamesTheUnfinishedFileThatIsInItsWay) {
 
 TEST_F(TargetFileTest, KeepsThePermissionsOfTheFormerFile) {
   Write(At("a.csv"), "antes");
-  fs::permissions(At("a.csv"), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  fs::permissions(At("a.csv"), fs::perms::owner_read | fs::perms::group_read);
   TargetFile file(Wide(At("a.csv")));
   file.Commit();
-  EXPECT_EQ(fs::status(At("a.csv")).permissions(),
-            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(Permissions(At("a.csv")), 0440U);
   EXPECT_EQ(Read(At("a.csv")), "");
+}
+
+TEST_F(TargetFileTest, IsForItsOwnerAloneUntilItReplacesAFile) {
+  Write(At("a.csv"), "antes");
+  fs::permissions(At("a.csv"), static_cast<fs::perms>(0644));
+  TargetFile file(Wide(At("a.csv")));
+  EXPECT_EQ(Permissions(file.Path()), 0600U);
+  file.Commit();
+  EXPECT_EQ(Permissions(At("a.csv")), 0644U);
+}
+
+TEST_F(TargetFileTest, HasThePermissionsOfEveryNewFile) {
+  const mode_t former = umask(027);
+  TargetFile file(Wide(At("a.csv")));
+  file.Commit();
+  umask(former);
+  EXPECT_EQ(Permissions(At("a.csv")), 0640U);
+}
+
+TEST_F(TargetFileTest, KeepsNoSetUidBit) {
+  Write(At("a.csv"), "antes");
+  fs::permissions(At("a.csv"), static_cast<fs::perms>(06755));
+  TargetFile file(Wide(At("a.csv")));
+  file.Commit();
+  EXPECT_EQ(Permissions(At("a.csv")), 0755U);
+}
+
+TEST_F(TargetFileTest, KeepsOwnerAndGroupOfTheFormerFile) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root may give a file to another user";
+  Write(At("a.csv"), "antes");
+  ASSERT_EQ(chown(At("a.csv").c_str(), 12345, 23456), 0);
+  fs::permissions(At("a.csv"), static_cast<fs::perms>(0640));
+  TargetFile file(Wide(At("a.csv")));
+  file.Commit();
+  EXPECT_EQ(OwnerAndGroup(At("a.csv")), (std::pair<uid_t, gid_t>(12345, 23456)));
+  EXPECT_EQ(Permissions(At("a.csv")), 0640U);
+}
+
+TEST_F(TargetFileTest, LetsAnotherGroupReadNoMoreThanEverybody) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root may become another user";
+  Write(At("a.csv"), "antes");
+  fs::permissions(At("a.csv"), static_cast<fs::perms>(0664));
+  fs::permissions(folder_, static_cast<fs::perms>(0777));
+  const pid_t child = fork();
+  if (child == 0) {
+    if (setgroups(0, nullptr) != 0 || setgid(54321) != 0 || setuid(54321) != 0) _exit(1);
+    TargetFile file(Wide(At("a.csv")));
+    file.Commit();
+    _exit(0);
+  }
+  int status = -1;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_EQ(status, 0);
+  EXPECT_EQ(OwnerAndGroup(At("a.csv")), (std::pair<uid_t, gid_t>(54321, 54321)));
+  EXPECT_EQ(Permissions(At("a.csv")), 0644U);
 }
 
 TEST_F(TargetFileTest, ReplacesWhatALinkLeadsTo) {
