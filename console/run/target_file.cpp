@@ -71,6 +71,25 @@ fs::path Beside(const fs::path& target, int attempt) {
   return target.parent_path() / fs::path(".").concat(target.filename().native()).concat(ending).concat(".parcial");
 }
 
+// Raises OutputError for a file whose name cannot be given to another, which otherwise only Commit would notice.
+void RequireReplaceable(const fs::path& target) {
+#ifdef _WIN32
+  std::error_code error;
+  if (!fs::exists(target, error)) return;
+  // Read-only, or open in another program.
+  std::FILE* const file = _wfopen(target.c_str(), L"r+b");
+  if (file == nullptr) throw CannotWrite(target, LastError());
+  std::fclose(file);
+#else
+  struct statx status {};
+  const bool known = statx(AT_FDCWD, target.c_str(), 0, STATX_TYPE, &status) == 0;
+  if (known && (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0) {
+    throw OutputError(L"não foi possível gravar \"" + Shown(target) +
+                      L"\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.");
+  }
+#endif
+}
+
 enum class Readers { kOwner, kDefault };
 
 // A new file, for its owner alone or with the permissions of every new file. Null with errno when it cannot be made,
@@ -121,6 +140,7 @@ TargetFile::TargetFile(const std::wstring& target) : target_(Real(PathOf(target)
     if (!file_) throw CannotWrite(target_, LastError());
     return;
   }
+  RequireReplaceable(target_);
   // Nobody may read more of the unfinished file than of the file that it replaces.
   const Readers readers = fs::exists(target_, error) ? Readers::kOwner : Readers::kDefault;
   for (int attempt = 1; !file_; ++attempt) {

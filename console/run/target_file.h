@@ -23,7 +23,8 @@ namespace kodra::console {
 // nothing stays. A target that is no regular file, as a device or a pipe, is written to directly.
 class TargetFile final : public Output {
  public:
-  // Raises OutputError when the file cannot be made.
+  // Raises OutputError when the file cannot be made, or could not get its name in the end because the target is mounted
+  // on its own or, on Windows, read-only or open in another program.
   explicit TargetFile(const std::wstring& target);
   ~TargetFile() override;
   TargetFile(const TargetFile&) = delete;

@@ -183,6 +183,28 @@ TEST_F(KodrarptProcess, UsesNoMoreMemoryForMoreRows) {
   unsetenv("ASAN_OPTIONS");
 }
 
+TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase) {
+  testbed::ChildProcess probe;
+  probe.command = {"unshare", "--map-root-user", "--mount", "true"};
+  probe.output = "/dev/null";
+  if (testbed::WaitFor(testbed::Spawn(probe)) != 0) GTEST_SKIP() << "this machine permits no mounts of one's own";
+  const fs::path target = folder_ / "destino.csv";
+  std::ofstream(target) << "antes";
+  testbed::ChildProcess child;
+  child.command = {
+      "unshare", "--map-root-user",
+      "--mount", "sh",
+      "-c",      "mount --bind \"$1\" \"$1\" && exec \"$0\" executa CDeptoRpt --conexao DSN=NaoExiste --saida \"$1\"",
+      KODRARPT,  target.string()};
+  child.output = (folder_ / "saida.txt").string();
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
+  EXPECT_EQ(Read(folder_ / "saida.txt"),
+            "kodrarpt: não foi possível gravar \"" + target.string() +
+                "\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.\n");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
+  EXPECT_EQ(Read(target), "antes");
+}
+
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsFull) {
   testbed::ChildProcess child;
   child.command = {KODRARPT, "executa", "CSuporteRpt", "--conexao", Many().Connection(), "--formato", "csv"};
