@@ -84,9 +84,9 @@ class KodrarptProcess : public testing::Test {
     child.output = (folder_ / "saida.txt").string();
     return testbed::Spawn(child);
   }
-  pid_t StartEndlessCsv() const {
+  pid_t StartEndlessCsv(const std::vector<std::string>& under = {}) const {
     return Start(
-        {},
+        under,
         {"CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave", "--conexao", EndlessConnection(), "--NumeroPC1", "1",
          "--NumeroPC2", "1", "--NumeroPC3", "1", "--NumeroPC4", "1", "--NumeroPC5", "1", "--NumeroObs", "1"},
         "csv");
@@ -203,6 +203,24 @@ TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase
                 "\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.\n");
   EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
   EXPECT_EQ(Read(target), "antes");
+}
+
+TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {
+  const pid_t process = StartEndlessCsv({"sh", "-c", "exec \"$@\" 2>&-", "sh"});
+  EXPECT_TRUE(HasBegun(process));
+  const fs::path errors = "/proc/" + std::to_string(process) + "/fd/2";
+  EXPECT_EQ(fs::read_symlink(errors), "/dev/null");
+  kill(process, SIGTERM);
+  EXPECT_EQ(ExitCodeOf(process), 130);
+}
+
+TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
+  testbed::ChildProcess child;
+  child.command = {"sh", "-c", "exec \"$0\" executa CSuporteRpt --conexao \"$1\" --formato csv >&-", KODRARPT,
+                   Many().Connection()};
+  child.output = (folder_ / "saida.txt").string();
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
+  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída\n");
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsFull) {

@@ -1,0 +1,27 @@
+#include "console/run/standard_streams.h"
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace kodra::console {
+
+#ifdef _WIN32
+
+// The runtime library never gives the numbers of the standard streams to another file.
+void OccupyClosedStreams() {}
+
+#else
+
+void OccupyClosedStreams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    if (fcntl(stream, F_GETFD) != -1) continue;
+    // A new file gets the lowest free number, which is this one. It is opened the wrong way round, for its use to fail.
+    open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
+
+#endif
+
+}  // namespace kodra::console
