@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "console/command_line/output_error.h"
 #include "console/formats/cell_text.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
@@ -40,18 +41,27 @@ void Progress::End() {
 }
 
 void Progress::Abandon() {
-  if (shown_ > 0) errors_.Write("\n");
+  if (shown_ > 0) Write("\n");
   shown_ = 0;
 }
 
 void Progress::Show(const std::wstring& text) {
   if (style_ == Style::kOwnLines) {
-    errors_.Write(values::ToUtf8(text) + "\n");
+    Write(values::ToUtf8(text) + "\n");
     return;
   }
   const std::size_t rest = shown_ > text.size() ? shown_ - text.size() : 0;
-  errors_.Write(values::ToUtf8(L'\r' + text + std::wstring(rest, L' ')));
+  Write(values::ToUtf8(L'\r' + text + std::wstring(rest, L' ')));
   shown_ = text.size();
+}
+
+void Progress::Write(const std::string& bytes) {
+  if (style_ == Style::kNone) return;
+  try {
+    errors_.Write(bytes);
+  } catch (const OutputError&) {
+    style_ = Style::kNone;
+  }
 }
 
 std::wstring Progress::PerSecond(double seconds) const {

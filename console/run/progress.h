@@ -4,6 +4,8 @@
 //   for (…) progress.Row();
 //   progress.End();
 //
+// A progress that cannot be written ends silently: the rows matter more.
+//
 // Nothing shows before a second has passed. From then on the count shows twice a second, and at the end the sum:
 //   45.312 linhas, 41.880 por segundo
 //   1.000.000 linhas em 23,4 s (42.735 por segundo)
@@ -42,6 +44,7 @@ class Progress {
 
  private:
   void Show(const std::wstring& text);
+  void Write(const std::string& bytes);
   std::wstring PerSecond(double seconds) const;
 
   Output& errors_;

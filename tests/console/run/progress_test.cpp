@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "console/command_line/output_error.h"
+
 namespace kodra::console {
 namespace {
 
@@ -70,6 +72,30 @@ TEST(Progress, LeavesItsLineForAnotherMessage) {
   run.progress.Abandon();
   run.progress.Abandon();
   EXPECT_EQ(run.errors.Text(), "\r1 linha, 1 por segundo\n");
+}
+
+// As standard error on a full disk.
+class FullOutput final : public Output {
+ public:
+  void Write(std::string_view /*bytes*/) override {
+    ++writes;
+    throw OutputError(L"cheio");
+  }
+  int writes = 0;
+};
+
+TEST(Progress, DoesNotStopAReportWhenItCannotBeShown) {
+  FullOutput errors;
+  double now = 100;
+  Progress progress(errors, Style::kOneLine, [&] { return now; });
+  now = 101;
+  progress.Row();
+  now = 102;
+  progress.Row();
+  progress.End();
+  progress.Abandon();
+  EXPECT_EQ(errors.writes, 1);
+  EXPECT_EQ(progress.Rows(), 2U);
 }
 
 TEST(Progress, CountsWithoutShowing) {
