@@ -7,6 +7,7 @@
 #include "console/command_line/help.h"
 #include "console/command_line/output_error.h"
 #include "console/command_line/suggest.h"
+#include "console/command_line/terminal_text.h"
 #include "console/command_line/usage_error.h"
 #include "values/erro.h"
 #include "values/password.h"
@@ -126,6 +127,6 @@ void Program::CheckCommandName(const std::vector<std::string>& arguments) const 
   throw UsageError("o comando \"" + name + "\" não existe" + DidYouMean(name, known));
 }
 
-void Program::PrintError(const std::string& message) const { err_ << "kodrarpt: " << message << "\n"; }
+void Program::PrintError(const std::string& message) const { err_ << "kodrarpt: " << ForTerminal(message) << "\n"; }
 
 }  // namespace kodra::console

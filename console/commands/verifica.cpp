@@ -6,6 +6,7 @@
 #include "console/command_line/connection_error.h"
 #include "console/command_line/databases.h"
 #include "console/command_line/report_name.h"
+#include "console/command_line/terminal_text.h"
 #include "console/commands/commands.h"
 #include "console/run/connection_options.h"
 #include "console/run/machine.h"
@@ -98,7 +99,7 @@ class Check {
       code = DatabaseCodeOf(connection_, surroundings);
     } catch (const Erro& error) {
       out_ << "Banco de dados: não identificado (" << ToUtf8(kConnectionSibling) << ": "
-           << ToUtf8(values::HidePassword(error.Description(), connection_)) << ")\n\n";
+           << ForTerminal(ToUtf8(values::HidePassword(error.Description(), connection_))) << ")\n\n";
       return false;
     }
     const std::string_view title = TitleOf(code);
@@ -134,7 +135,7 @@ class Check {
     if (probe.Refusals().empty()) return;
     out_ << "\nO que o banco respondeu:\n";
     for (const auto& [what, words] : probe.Refusals())
-      out_ << "  " << ToUtf8(what) << ": " << ToUtf8(values::HidePassword(words, connection_)) << "\n";
+      out_ << "  " << ToUtf8(what) << ": " << ForTerminal(ToUtf8(values::HidePassword(words, connection_))) << "\n";
   }
 
   std::vector<std::wstring> MissingOf(const Report& report, platform::Surroundings& surroundings, SchemaProbe& probe) {

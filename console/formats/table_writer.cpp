@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "console/command_line/terminal_text.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
 #include "values/utf8.h"
@@ -12,7 +13,6 @@ namespace {
 constexpr std::wstring_view kBetween = L"  ";
 
 bool IsBlankControl(wchar_t c) { return c == L'\t' || c == L'\n' || c == L'\r' || c == L'\v' || c == L'\f'; }
-bool IsControl(wchar_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029; }
 
 std::wstring OnOneLine(std::wstring_view text) {
   std::wstring shown;

@@ -41,6 +41,17 @@ TEST(ProgramTest, ReportsAnUnexpectedException) {
             (RunResult{ExitCode::kReportError, "", "kodrarpt: erro interno: oops\n"}));
 }
 
+TEST(ProgramTest, ShowsNoControlCharactersOfAMessage) {
+  EXPECT_EQ(RunAction([]() -> ExitCode {
+              throw Erro(1, L"S",
+                         L"tabela \x1b[31m\x9b"
+                         L"2J não há\r\nnem\tcoluna\x07\x7f\rfim\u2028");
+            }),
+            (RunResult{ExitCode::kReportError, "",
+                       "kodrarpt: erro 1 em S:\ntabela \uFFFD[31m\uFFFD"
+                       "2J não há\nnem\tcoluna\uFFFD\uFFFD\uFFFDfim\uFFFD\n"}));
+}
+
 TEST(ProgramTest, SuggestsTheCommandForAMisspeltOne) {
   EXPECT_EQ(RunProgram({"lsita"}), UsageFailure("o comando \"lsita\" não existe (quis dizer \"lista\"?)"));
   EXPECT_EQ(RunProgram({"imprime"}), UsageFailure("o comando \"imprime\" não existe"));

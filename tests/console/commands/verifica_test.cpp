@@ -66,6 +66,14 @@ TEST(VerificaMissing, NamesTablesAndColumnsOfEachReport) {
       << result.out;
 }
 
+TEST(VerificaMissing, ShowsNoControlCharactersOfTheDatabase) {
+  tests::SqliteFile file;
+  file.Run(L"CREATE VIEW DEPTO AS SELECT * FROM \"X\x1b[2J\"");
+  const RunResult result = RunProgram({"verifica", "--conexao", ToUtf8(file.ConnectionString())});
+  EXPECT_NE(result.out.find("  tabela DEPTO: [SQLite]no such table: main.X\uFFFD[2J (1)\n"), std::string::npos)
+      << result.out;
+}
+
 TEST(VerificaMissing, FailsWithACodeOfItsOwnIfItCannotConnect) {
   const std::string refused = ToUtf8(tests::MariaDb().ConnectionString(L"mysql", L"segredo"));
   const RunResult result = RunProgram({"verifica", "--conexao", refused});
