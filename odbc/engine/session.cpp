@@ -1,6 +1,7 @@
 #include "odbc/engine/session.h"
 
 #include <algorithm>
+#include <limits>
 #include <mutex>
 #include <utility>
 
@@ -20,6 +21,15 @@ SQLWCHAR* AsWide(std::u16string& text) { return reinterpret_cast<SQLWCHAR*>(text
 std::wstring FromWide(const SQLWCHAR* text, std::size_t length) {
   static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
   return values::FromUtf16({reinterpret_cast<const char16_t*>(text), length});
+}
+
+// ODBC takes the length of a connection string as a number of 16 bits, which cuts a longer one silently.
+void RequireFitting(std::u16string_view connectionString) {
+  constexpr SQLSMALLINT kMost = std::numeric_limits<SQLSMALLINT>::max();
+  if (connectionString.size() <= static_cast<std::size_t>(kMost)) return;
+  throw ForeignErro(
+      static_cast<std::int32_t>(0x80004005U), std::wstring(kProviderSource),
+      L"A string de conexão é longa demais: o ODBC aceita até " + std::to_wstring(kMost) + L" caracteres.");
 }
 
 // One environment for the process, never freed: a driver manager that loses its last environment unloads its drivers,
@@ -96,6 +106,7 @@ Session::~Session() { Close(); }
 void Session::Open(const std::wstring& user, const std::wstring& password) {
   const std::wstring odbc = ToOdbcConnectionString(properties_.connectionString, user, password);
   std::u16string wide = values::ToUtf16(WithStreaming(odbc));
+  RequireFitting(wide);
   const Utf8Locale narrowTextIsUtf8;
   const std::lock_guard oneAtATime(Connecting());
   SQLHDBC handle = nullptr;

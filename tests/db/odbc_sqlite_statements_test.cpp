@@ -183,5 +183,21 @@ TEST_F(OdbcSqlite, AConnectionOpensAgainAfterClose) {
   }
 }
 
+TEST_F(OdbcSqlite, AConnectionStringLongerThanOdbcCountsIsRefused) {
+  const std::wstring text = file.ConnectionString();
+  // The first passes as the string without its end, the second as one of negative length.
+  for (const std::size_t length : {text.size() + 65536, std::size_t{32768}}) {
+    Connection cn;
+    const std::wstring longer = text + L"X=" + std::wstring(length - text.size() - 2, L'x');
+    EXPECT_EQ(RaisedBy([&] { cn.Open(longer, L"", L"", ad::kUnspecified); }),
+              Provider(0x80004005U, L"A string de conexão é longa demais: o ODBC aceita até 32767 caracteres."))
+        << length;
+    EXPECT_EQ(cn.State(), ad::kStateClosed);
+  }
+  Connection cn;
+  cn.Open(text + L"X=" + std::wstring(32000, L'x'), L"", L"", ad::kUnspecified);
+  EXPECT_EQ(cn.State(), ad::kStateOpen);
+}
+
 }  // namespace
 }  // namespace kodra::odbc
