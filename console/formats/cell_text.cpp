@@ -66,10 +66,8 @@ std::optional<double> NumberIn(const Value& value) {
   if (value.Is<std::int64_t>()) return static_cast<double>(value.As<std::int64_t>());
   if (value.Is<std::uint64_t>()) return static_cast<double>(value.As<std::uint64_t>());
   if (value.Is<float>()) {
-    double number = 0;
-    const std::string digits = Shortest(value.As<float>());
-    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return read.ec == std::errc() ? number : value.As<float>();
+    const std::optional<Value> number = values::ParseInvariantNumber(values::FromUtf8(Shortest(value.As<float>())));
+    return number ? NumberIn(*number) : value.As<float>();
   }
   if (value.Is<double>()) return value.As<double>();
   if (value.Is<Currency>()) return values::ToDouble(values::ToDecimal(value.As<Currency>()));
