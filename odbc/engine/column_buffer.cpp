@@ -77,6 +77,16 @@ std::optional<Value> ParsedDecimal(std::wstring text) {
   return Coerce(Value(std::move(text)), ad::kDouble, 0);
 }
 
+// A double, or a whole number beyond 2^53, of which a double would lose digits.
+std::optional<Value> ParsedFloating(const std::wstring& text, std::int32_t type) {
+  constexpr std::int64_t kMostOfADouble = std::int64_t{1} << 53;
+  const std::optional<Value> number = values::ParseInvariantNumber(text);
+  const bool isLarge = number && (number->Is<std::uint64_t>() ||
+                                  (number->Is<std::int64_t>() && (number->As<std::int64_t>() > kMostOfADouble ||
+                                                                  number->As<std::int64_t>() < -kMostOfADouble)));
+  return isLarge ? number : Coerce(Value(text), type, 0);
+}
+
 // The value of a text in a column of the type, or the text itself when it has no value of that type.
 Value Parsed(std::wstring text, std::int32_t type) {
   if (IsWholeType(type)) {
@@ -85,7 +95,14 @@ Value Parsed(std::wstring text, std::int32_t type) {
     if (number->Is<std::int32_t>()) return WholeNumber(number->As<std::int32_t>(), type);
     return *number;
   }
-  std::optional<Value> value = IsDecimalType(type) ? ParsedDecimal(text) : Coerce(Value(text), type, 0);
+  std::optional<Value> value;
+  if (IsDecimalType(type)) {
+    value = ParsedDecimal(text);
+  } else if (type == ad::kSingle || type == ad::kDouble) {
+    value = ParsedFloating(text, type);
+  } else {
+    value = Coerce(Value(text), type, 0);
+  }
   return value ? std::move(*value) : Value(std::move(text));
 }
 

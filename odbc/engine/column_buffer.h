@@ -10,8 +10,8 @@
 //   null                Null
 //
 // Where types vary by row (driver_quirks.h) a cell is read as text, and the text as a value of the column's type. A
-// cell that is not of that type keeps its own: a whole number beyond 32 bits is int64, a fraction in an integer column
-// double, "amanhã" in a date column text.
+// cell that is not of that type keeps its own: a whole number beyond 32 bits is int64, in a column of doubles beyond
+// 2^53; a fraction in an integer column double; "amanhã" in a date column text.
 #pragma once
 
 #include <cstddef>

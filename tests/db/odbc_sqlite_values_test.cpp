@@ -1,6 +1,8 @@
 // The values of SQLite's columns, whose types its driver does not guarantee.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "odbc/engine/command.h"
 #include "tests/db/odbc_sqlite.h"
 
@@ -110,6 +112,20 @@ TEST_F(OdbcSqlite, ACharacterBeyondTheBasicPlaneIsReadAndWritten) {
   cmd.AppendParameter(L"V", ad::kVarWChar, ad::kParamInput, 20, L"caixa \U0001F4E6");
   rs.Open(&cmd, {}, ad::kOpenForwardOnly, ad::kLockReadOnly, ad::kCmdText);
   EXPECT_EQ(rs.FieldValue(0), Value(L"caixa \U0001F4E6"));
+}
+
+TEST_F(OdbcSqlite, AWholeNumberBeyondADoubleKeepsItsDigitsInAColumnOfDoubles) {
+  file.Run(L"create table T(N numeric)");
+  file.Run(
+      L"insert into T values(-9223372036854775808), (9007199254740993), (9007199254740992), (9223372036854775807), "
+      L"(1.5)");
+  OpenFirehose(rs, L"select N from T");
+  EXPECT_EQ(rs.FieldAt(0).type, ad::kDouble);
+  EXPECT_EQ(rs.GetRows(5), (std::vector<std::vector<Value>>{{std::numeric_limits<std::int64_t>::min()},
+                                                            {std::int64_t{9007199254740993}},
+                                                            {9007199254740992.0},
+                                                            {std::int64_t{9223372036854775807}},
+                                                            {1.5}}));
 }
 
 }  // namespace
