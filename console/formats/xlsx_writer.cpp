@@ -35,12 +35,18 @@ bool KeepsDigits(const Decimal& number) {
   return shortest.high == 0 && shortest.low <= kMostDigits;
 }
 
+// A whole number whose shortest form has all its digits: 9223372036854775808, but not 1e+30.
+bool HasMoreDigits(double number) {
+  return std::isfinite(number) && std::abs(number) > double{kMostDigits} && number == std::trunc(number) &&
+         IsoText(number, ColumnKind::kNumber).find('e') == std::string::npos;
+}
+
 // Whether a spreadsheet, which holds doubles of 15 digits, shows the number as it is.
 bool FitsASpreadsheet(const Value& value, double number) {
   if (value.Is<std::int64_t>() || value.Is<std::uint64_t>()) return std::abs(number) <= double{kMostDigits};
   if (value.Is<Currency>()) return KeepsDigits(values::ToDecimal(value.As<Currency>()));
   if (value.Is<Decimal>()) return KeepsDigits(value.As<Decimal>());
-  return std::isfinite(number);
+  return std::isfinite(number) && !HasMoreDigits(number);
 }
 
 struct FreeWorkbook {
@@ -123,6 +129,8 @@ class XlsxWriter final : public RowWriter {
     if (value.Is<Date>()) return WriteDate(at, value.As<Date>());
     const std::optional<double> number = NumberIn(value);
     if (number && FitsASpreadsheet(value, *number)) return WriteNumber(at, *number);
+    if (value.Is<double>() && HasMoreDigits(*number))
+      return WriteText(at, FromUtf8(IsoText(value, ColumnKind::kNumber)));
     return WriteText(at, BrazilianText(value));
   }
 

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <limits>
 
 #include "tests/console/failing.h"
 #include "tests/console/formats/writing.h"
@@ -116,6 +117,24 @@ TEST_F(XlsxWriterTest, WritesAsTextWhatItsNumbersCannotHold) {
             "<row r=\"3\">"
             "<c r=\"A3\" s=\"2\"><v>61</v></c>"
             "<c r=\"B3\" t=\"inlineStr\"><is><t>-1234567890123456</t></is></c>"
+            "</row>");
+}
+
+TEST_F(XlsxWriterTest, WritesWholeNumbersBeyondFifteenDigitsAsTextsOfEveryType) {
+  constexpr std::int64_t kSmallest = std::numeric_limits<std::int64_t>::min();
+  Write({{L"A"}, {L"B"}, {L"C"}, {L"D"}},
+        {{kSmallest, static_cast<double>(kSmallest), 9007199254740992.0, std::int64_t{9007199254740993}},
+         {1e30, -999999999999999.0, 1234567890123.75, 0.1}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\" t=\"inlineStr\"><is><t>-9223372036854775808</t></is></c>"
+            "<c r=\"B2\" t=\"inlineStr\"><is><t>-9223372036854775808</t></is></c>"
+            "<c r=\"C2\" t=\"inlineStr\"><is><t>9007199254740992</t></is></c>"
+            "<c r=\"D2\" t=\"inlineStr\"><is><t>9007199254740993</t></is></c>"
+            "</row>"
+            "<row r=\"3\">"
+            "<c r=\"A3\"><v>1E+30</v></c><c r=\"B3\"><v>-999999999999999</v></c>"
+            "<c r=\"C3\"><v>1234567890123.75</v></c><c r=\"D3\"><v>0.1</v></c>"
             "</row>");
 }
 
