@@ -1,5 +1,6 @@
 #include "console/formats/xlsx_writer.h"
 
+#include <fmt/format.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
@@ -49,6 +50,42 @@ bool FitsASpreadsheet(const Value& value, double number) {
   return std::isfinite(number) && !HasMoreDigits(number);
 }
 
+// Whether the XML of a spreadsheet can hold the character. A surrogate without its other half has become U+FFFD before.
+bool IsXmlCharacter(wchar_t c) { return (c >= 0x20 || c == L'\t' || c == L'\n') && c != 0xFFFE && c != 0xFFFF; }
+
+// Whether the text reads "_xHHHH_" there, which a spreadsheet takes for the character of that number. The last "_" may
+// be the first of the form that the next character gets.
+bool IsEscape(std::wstring_view text, std::size_t at) {
+  const auto isHexadecimal = [](wchar_t c) {
+    return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'F') || (c >= L'a' && c <= L'f');
+  };
+  const std::wstring_view piece = text.substr(at, 7);
+  return piece.size() == 7 && piece.starts_with(L"_x") && std::ranges::all_of(piece.substr(2, 4), isHexadecimal) &&
+         (piece.back() == L'_' || !IsXmlCharacter(piece.back()));
+}
+
+// The text of a cell in UTF-8, with "_xHHHH_" for a character that XML cannot hold and for the "_" of a text that reads
+// like that itself. A carriage return is among them, because XML makes a line feed of it.
+std::string CellText(std::wstring_view text) {
+  std::wstring escaped;
+  escaped.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (IsXmlCharacter(text[i]) && !IsEscape(text, i)) {
+      escaped += text[i];
+    } else {
+      escaped += values::FromUtf8(fmt::format("_x{:04X}_", static_cast<unsigned>(text[i])));
+    }
+  }
+  return ToUtf8(escaped);
+}
+
+// A text of the properties, where no such form is read: a blank in place of what XML cannot hold.
+std::string PropertyText(std::wstring text) {
+  std::ranges::replace_if(
+      text, [](wchar_t c) { return !IsXmlCharacter(c); }, L' ');
+  return ToUtf8(text);
+}
+
 struct FreeWorkbook {
   void operator()(lxw_workbook* workbook) const { lxw_workbook_free(workbook); }
 };
@@ -74,7 +111,7 @@ class XlsxWriter final : public RowWriter {
       names_.push_back(column.name);
       kinds_.push_back(column.kind);
       widths_.push_back(std::max(kNarrowestColumn, DisplayWidth(column.name) + kFilterWidth));
-      Check(worksheet_write_string(sheet_, 0, at, ToUtf8(column.name).c_str(), bold_), at);
+      Check(worksheet_write_string(sheet_, 0, at, CellText(column.name).c_str(), bold_), at);
     }
   }
 
@@ -113,11 +150,11 @@ class XlsxWriter final : public RowWriter {
   }
 
   void SetProperties(const Heading& heading) {
-    std::string title = ToUtf8(heading.title);
+    std::string title = PropertyText(heading.title);
     std::wstring text;
     for (const auto& [name, value] : heading.parameters)
       text.append(text.empty() ? L"" : L"; ").append(name).append(L": ").append(value);
-    std::string comments = ToUtf8(text);
+    std::string comments = PropertyText(text);
     lxw_doc_properties properties{};
     properties.title = title.data();
     properties.comments = comments.data();
@@ -150,7 +187,7 @@ class XlsxWriter final : public RowWriter {
   lxw_error WriteText(lxw_col_t at, const std::wstring& text) {
     if (text.empty()) return LXW_NO_ERROR;
     Widen(at, DisplayWidth(text));
-    return worksheet_write_string(sheet_, row_, at, ToUtf8(text).c_str(), nullptr);
+    return worksheet_write_string(sheet_, row_, at, CellText(text).c_str(), nullptr);
   }
 
   void Widen(lxw_col_t at, std::size_t width) { widths_[at] = std::max(widths_[at], width); }

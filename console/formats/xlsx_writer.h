@@ -4,6 +4,8 @@
 // spreadsheet's own, dates shown as 31/12/2023. What its numbers cannot hold is written as text: dates before March
 // 1900 and whole numbers beyond 15 digits.
 //
+// A text keeps every character: one that XML cannot hold is written as Office does, "_x0001_".
+//
 // Rows go to a temporary file of the library and from there, at End, to the path.
 #pragma once
 

@@ -71,6 +71,34 @@ TEST_F(XlsxWriterTest, WritesTextsThatLookLikeFormulasAsTexts) {
   EXPECT_EQ(Part("xl/worksheets/sheet1.xml").find("<f>"), std::string::npos);
 }
 
+TEST_F(XlsxWriterTest, WritesCharactersThatXmlCannotHoldByTheirNumbers) {
+  Write({{L"A"}, {L"B\x01"}, {L"C"}, {L"D"}},
+        {{L"a\xFFFE"
+          L"b\xFFFF"
+          L"c\x0B"
+          L"d\r\n\te",
+          std::wstring(L"um\0dois", 7), L"\xFFFD\x7F\x9F", L"_x000D_ _x000d_ _X000D_ _x00G0_ _x0041\x01 _x000D"}});
+  EXPECT_EQ(Rows(),
+            "<row r=\"2\">"
+            "<c r=\"A2\" t=\"inlineStr\"><is><t>a_xFFFE_b_xFFFF_c_x000B_d_x000D_\n\te</t></is></c>"
+            "<c r=\"B2\" t=\"inlineStr\"><is><t>um_x0000_dois</t></is></c>"
+            "<c r=\"C2\" t=\"inlineStr\"><is><t>\uFFFD\x7F\u009F</t></is></c>"
+            "<c r=\"D2\" t=\"inlineStr\"><is><t>_x005F_x000D_ _x005F_x000d_ _X000D_ _x00G0_ _x005F_x0041_x0001_ "
+            "_x000D</t></is></c>"
+            "</row>");
+  EXPECT_NE(Part("xl/worksheets/sheet1.xml").find("<t>B_x0001_</t>"), std::string::npos);
+}
+
+TEST_F(XlsxWriterTest, WritesABlankInItsPropertiesForACharacterThatXmlCannotHold) {
+  const auto writer = NewXlsxWriter(Path());
+  writer->Begin({L"CDeptoRpt", L"RelatorioDeptos", L"T\xFFFE", {{L"Owner", L"Ana\x1b[31m"}}}, {});
+  writer->End();
+  const std::string properties = Part("docProps/core.xml");
+  EXPECT_EQ(Between(properties, "<dc:title>", "</dc:title>"), "<dc:title>T </dc:title>");
+  EXPECT_EQ(Between(properties, "<dc:description>", "</dc:description>"),
+            "<dc:description>Owner: Ana [31m</dc:description>");
+}
+
 TEST_F(XlsxWriterTest, WritesNumbersFlagsAndDatesAsASpreadsheetsOwn) {
   Write({{L"A", ColumnKind::kNumber}, {L"B", ColumnKind::kFlag}, {L"C", ColumnKind::kDay}, {L"D", ColumnKind::kMoment}},
         {{1234.5, true, kDay, Date{45291.5}}, {-7, false, Null{}, kDay}});
