@@ -4,11 +4,16 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstdio>
+#include <filesystem>
 
 #include "console/command_line/output_error.h"
+#include "console/command_line/system_reason.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
+#include "console/formats/silenced_errors.h"
 #include "console/formats/xlsx_path.h"
 #include "values/dates.h"
 #include "values/decimal.h"
@@ -25,6 +30,7 @@ constexpr double kFirstCountedDay = 61;
 constexpr double kBeyondLastDay = 2958466;  // 1 January 10000
 // The largest number without decimals that a spreadsheet shows digit by digit.
 constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
+constexpr std::size_t kMostUnits = 32767;
 // In characters. A wider text is kept whole, but not shown whole.
 constexpr std::size_t kWidestColumn = 60;
 constexpr std::size_t kNarrowestColumn = 8;
@@ -48,6 +54,12 @@ bool FitsASpreadsheet(const Value& value, double number) {
   if (value.Is<Currency>()) return KeepsDigits(values::ToDecimal(value.As<Currency>()));
   if (value.Is<Decimal>()) return KeepsDigits(value.As<Decimal>());
   return std::isfinite(number) && !HasMoreDigits(number);
+}
+
+// The length of a text as a spreadsheet counts it, in units of UTF-16; the library counts characters.
+std::size_t UnitsOf(std::wstring_view text) {
+  return text.size() + static_cast<std::size_t>(
+                           std::ranges::count_if(text, [](wchar_t c) { return static_cast<char32_t>(c) > 0xFFFF; }));
 }
 
 // Whether the XML of a spreadsheet can hold the character. A surrogate without its other half has become U+FFFD before.
@@ -86,6 +98,12 @@ std::string PropertyText(std::wstring text) {
   return ToUtf8(text);
 }
 
+// The end of a message about a library call that failed: why, where the system said it in errno.
+std::wstring Because(int systemError) {
+  if (systemError == 0) return L".";
+  return L": " + SystemReason({systemError, std::generic_category()}) + L".";
+}
+
 struct FreeWorkbook {
   void operator()(lxw_workbook* workbook) const { lxw_workbook_free(workbook); }
 };
@@ -95,9 +113,13 @@ class XlsxWriter final : public RowWriter {
   explicit XlsxWriter(const std::wstring& path) {
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
-    workbook_.reset(workbook_new_opt(XlsxPath(path).c_str(), &options));
+    const std::string narrowPath = XlsxPath(path);
+    const SilencedErrors silenced;
+    errno = 0;
+    workbook_.reset(workbook_new_opt(narrowPath.c_str(), &options));
     if (workbook_) sheet_ = workbook_add_worksheet(workbook_.get(), "Relatório");
-    if (sheet_ == nullptr) throw OutputError(L"não foi possível criar a planilha.");
+    if (sheet_ == nullptr)
+      throw OutputError(L"não foi possível criar o arquivo temporário da planilha" + Because(errno));
     bold_ = workbook_add_format(workbook_.get());
     format_set_bold(bold_);
     day_ = NewFormat("dd/mm/yyyy");
@@ -124,6 +146,7 @@ class XlsxWriter final : public RowWriter {
       const auto at = static_cast<lxw_col_t>(i);
       if (!IsNothing(values[i])) Check(WriteCell(at, values[i]), at);
     }
+    RequireRowsKept();
   }
 
   void End() override {
@@ -136,13 +159,32 @@ class XlsxWriter final : public RowWriter {
       worksheet_freeze_panes(sheet_, 1, 0);
       Check(worksheet_autofilter(sheet_, 0, 0, row_, static_cast<lxw_col_t>(names_.size() - 1)), 0);
     }
+    std::fflush(sheet_->optimize_tmpfile);
+    RequireRowsKept();
+    RequireRoomForACopy();
+    const SilencedErrors silenced;
+    errno = 0;
     // Closing frees the workbook whether it succeeds or not.
-    const lxw_error error = workbook_close(workbook_.release());
-    if (error != LXW_NO_ERROR)
-      throw OutputError(L"não foi possível gravar a planilha: " + FromUtf8(lxw_strerror(error)));
+    if (workbook_close(workbook_.release()) != LXW_NO_ERROR)
+      throw OutputError(L"não foi possível gravar a planilha" + Because(errno));
   }
 
  private:
+  // The library takes no notice when its temporary files cannot hold the rows, and would leave them out.
+  void RequireRowsKept() const {
+    if (std::ferror(sheet_->optimize_tmpfile) == 0) return;
+    throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
+  }
+
+  // At the end the library copies the rows to a second temporary file.
+  void RequireRoomForACopy() const {
+    std::error_code error;
+    const std::filesystem::space_info disk = std::filesystem::space(std::filesystem::temp_directory_path(error), error);
+    const long size = std::ftell(sheet_->optimize_tmpfile);
+    if (error || size < 0 || disk.available >= static_cast<std::uintmax_t>(size)) return;
+    throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
+  }
+
   lxw_format* NewFormat(const char* pattern) {
     lxw_format* format = workbook_add_format(workbook_.get());
     format_set_num_format(format, pattern);
@@ -186,6 +228,7 @@ class XlsxWriter final : public RowWriter {
 
   lxw_error WriteText(lxw_col_t at, const std::wstring& text) {
     if (text.empty()) return LXW_NO_ERROR;
+    if (UnitsOf(text) > kMostUnits) return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
     Widen(at, DisplayWidth(text));
     return worksheet_write_string(sheet_, row_, at, CellText(text).c_str(), nullptr);
   }
@@ -199,7 +242,8 @@ class XlsxWriter final : public RowWriter {
       throw OutputError(L"um texto é mais longo do que cabe em uma célula de planilha (" + where +
                         L"): use --formato csv.");
     }
-    throw OutputError(L"não foi possível escrever na planilha (" + where + L"): " + FromUtf8(lxw_strerror(error)));
+    throw OutputError(L"não foi possível escrever na planilha (" + where + L"): erro " + std::to_wstring(error) +
+                      L" da libxlsxwriter.");
   }
 
   std::unique_ptr<lxw_workbook, FreeWorkbook> workbook_;

@@ -105,6 +105,14 @@ class KodrarptProcess : public testing::Test {
     return text.str();
   }
 
+  // Whether this machine lets the test mount something that nobody else sees.
+  static bool MayMount() {
+    testbed::ChildProcess probe;
+    probe.command = {"unshare", "--map-root-user", "--mount", "true"};
+    probe.output = "/dev/null";
+    return testbed::WaitFor(testbed::Spawn(probe)) == 0;
+  }
+
   // The exit code of a process that was interrupted; -1 if it was ended by a signal, or killed here after a minute.
   static int ExitCodeOf(pid_t process) {
     const auto deadline = steady_clock::now() + std::chrono::seconds(60);
@@ -184,10 +192,7 @@ TEST_F(KodrarptProcess, UsesNoMoreMemoryForMoreRows) {
 }
 
 TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase) {
-  testbed::ChildProcess probe;
-  probe.command = {"unshare", "--map-root-user", "--mount", "true"};
-  probe.output = "/dev/null";
-  if (testbed::WaitFor(testbed::Spawn(probe)) != 0) GTEST_SKIP() << "this machine permits no mounts of one's own";
+  if (!MayMount()) GTEST_SKIP() << "this machine permits no mounts of one's own";
   const fs::path target = folder_ / "destino.csv";
   std::ofstream(target) << "antes";
   testbed::ChildProcess child;
@@ -203,6 +208,26 @@ TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase
                 "\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.\n");
   EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
   EXPECT_EQ(Read(target), "antes");
+}
+
+TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
+  if (!MayMount()) GTEST_SKIP() << "this machine permits no mounts of one's own";
+  testbed::ChildProcess child;
+  child.command = {"unshare",
+                   "--map-root-user",
+                   "--mount",
+                   "sh",
+                   "-c",
+                   "mkdir \"$1/tmp\" && mount -t tmpfs -o size=1m tmpfs \"$1/tmp\" && export TMPDIR=\"$1/tmp\" && "
+                   "exec \"$0\" executa CSuporteRpt --conexao \"$2\" --formato xlsx --saida \"$1/destino.xlsx\"",
+                   KODRARPT,
+                   folder_.string(),
+                   Many().Connection()};
+  child.output = (folder_ / "saida.txt").string();
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
+  EXPECT_EQ(Read(folder_ / "saida.txt"),
+            "kodrarpt: não foi possível gravar o arquivo temporário da planilha: o disco está cheio.\n");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
 }
 
 TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {

@@ -231,12 +231,24 @@ TEST_F(XlsxWriterTest, RefusesMoreRowsThanASheetHas) {
   EXPECT_FALSE(fs::exists(folder_ / "planilha.xlsx"));
 }
 
-TEST_F(XlsxWriterTest, SaysWhenTheFileCannotBeWritten) {
-  const auto writer = NewXlsxWriter(L"/não/existe/planilha.xlsx");
-  const std::vector<Column> columns = {{L"A"}};
-  writer->Begin(ReportOfDepartments(), columns);
-  EXPECT_EQ(FailureOf([&] { writer->End(); }),
-            "não foi possível gravar a planilha: Error creating output xlsx file. Usually a permissions error.");
+TEST_F(XlsxWriterTest, CountsACharacterBeyondSixteenBitsTwice) {
+  Write({{L"A"}}, {{std::wstring(16383, L'\U0001F4E6')}});
+  EXPECT_EQ(FailureOf([&] { Write({{L"A"}}, {{std::wstring(16384, L'\U0001F4E6')}}); }),
+            "um texto é mais longo do que cabe em uma célula de planilha (linha 1, coluna A): use --formato csv.");
+}
+
+// What a spreadsheet at a path fails with; nothing may be printed.
+std::string FailureAt(const std::wstring& path) {
+  testing::internal::CaptureStderr();
+  const std::string failure = FailureOf([&] { WriteTo(*NewXlsxWriter(path), {{L"A"}}, {{L"x"}}); });
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  return failure;
+}
+
+TEST_F(XlsxWriterTest, SaysInPortugueseAloneWhyTheFileCannotBeWritten) {
+  EXPECT_EQ(FailureAt(L"/não/existe/planilha.xlsx"), "não foi possível gravar a planilha: a pasta não existe.");
+  EXPECT_EQ(FailureAt(values::FromUtf8(folder_.string())), "não foi possível gravar a planilha: é uma pasta.");
+  EXPECT_EQ(FailureAt(L"/dev/full"), "não foi possível gravar a planilha: o disco está cheio.");
 }
 
 }  // namespace
