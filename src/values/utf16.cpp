@@ -10,24 +10,20 @@ constexpr char32_t kReplacement = 0xFFFD;
 bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-template <class Text>
-void AppendAsUtf16(char32_t point, Text& out) {
-  using Unit = typename Text::value_type;
+void AppendAsUtf16(char32_t point, std::u16string& out) {
   if (point > kLastCodePoint) point = kReplacement;
   if (point < kFirstBeyondOneUnit) {
-    out.push_back(static_cast<Unit>(point));
+    out.push_back(static_cast<char16_t>(point));
     return;
   }
   point -= kFirstBeyondOneUnit;
-  out.push_back(static_cast<Unit>(0xD800 + (point >> 10)));
-  out.push_back(static_cast<Unit>(0xDC00 + (point & 0x3FF)));
+  out.push_back(static_cast<char16_t>(0xD800 + (point >> 10)));
+  out.push_back(static_cast<char16_t>(0xDC00 + (point & 0x3FF)));
 }
 
-// Replaces what the text held.
-template <class Text>
-void WriteAsUtf32(std::u16string_view text, Text& out) {
-  using Unit = typename Text::value_type;
-  out.resize(text.size());
+// For a wchar_t of 32 bits.
+std::wstring Utf32FromUtf16(std::u16string_view text) {
+  std::wstring out(text.size(), L'\0');
   std::size_t filled = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t point = text[i];
@@ -35,9 +31,10 @@ void WriteAsUtf32(std::u16string_view text, Text& out) {
       point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (text[i + 1] - 0xDC00U);
       ++i;
     }
-    out[filled++] = static_cast<Unit>(point);
+    out[filled++] = static_cast<wchar_t>(point);
   }
   out.resize(filled);
+  return out;
 }
 
 }  // namespace
@@ -57,23 +54,8 @@ std::wstring FromUtf16(std::u16string_view text) {
   if constexpr (sizeof(wchar_t) == sizeof(char16_t)) {
     return {text.begin(), text.end()};
   } else {
-    std::wstring out;
-    WriteAsUtf32(text, out);
-    return out;
+    return Utf32FromUtf16(text);
   }
-}
-
-std::u16string Utf16FromUtf32(std::u32string_view text) {
-  std::u16string out;
-  out.reserve(text.size());
-  for (char32_t point : text) AppendAsUtf16(point, out);
-  return out;
-}
-
-std::u32string Utf32FromUtf16(std::u16string_view text) {
-  std::u32string out;
-  WriteAsUtf32(text, out);
-  return out;
 }
 
 }  // namespace kodra::values

@@ -9,10 +9,8 @@
 
 namespace kodra::values {
 
+// A code point beyond 10FFFF, which UTF-16 cannot write, becomes U+FFFD.
 std::u16string ToUtf16(std::wstring_view text);
 std::wstring FromUtf16(std::u16string_view text);
-// A code point beyond 10FFFF, which UTF-16 cannot write, becomes U+FFFD.
-std::u16string Utf16FromUtf32(std::u32string_view text);
-std::u32string Utf32FromUtf16(std::u16string_view text);
 
 }  // namespace kodra::values

@@ -2,13 +2,15 @@
 
 #include <cstdint>
 
-#include "values/utf16.h"
-
 namespace kodra::values {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
+constexpr char32_t kFirstBeyondOneUnit = 0x10000;
+
+bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 bool IsScalar(char32_t point) { return point < 0xD800 || (point >= 0xE000 && point <= 0x10FFFF); }
 
 void Append(char32_t point, std::string& bytes) {
@@ -28,6 +30,26 @@ void Append(char32_t point, std::string& bytes) {
     next(6);
     next(0);
   }
+}
+
+// The room that a text needs. A pair of 16-bit surrogates needs two bytes less.
+std::size_t MostBytes(std::wstring_view text) {
+  std::size_t bytes = 0;
+  for (const wchar_t c : text) {
+    const auto point = static_cast<char32_t>(c);
+    bytes += point < 0x80 ? 1 : point < 0x800 ? 2 : point < kFirstBeyondOneUnit ? 3 : 4;
+  }
+  return bytes;
+}
+
+void Append(char32_t point, std::wstring& text) {
+  if (sizeof(wchar_t) == sizeof(char32_t) || point < kFirstBeyondOneUnit) {
+    text.push_back(static_cast<wchar_t>(point));
+    return;
+  }
+  point -= kFirstBeyondOneUnit;
+  text.push_back(static_cast<wchar_t>(0xD800 + (point >> 10)));
+  text.push_back(static_cast<wchar_t>(0xDC00 + (point & 0x3FF)));
 }
 
 struct Decoded {
@@ -55,20 +77,25 @@ Decoded First(std::string_view bytes) {
 
 std::string ToUtf8(std::wstring_view text) {
   std::string bytes;
-  bytes.reserve(text.size());
-  for (const char32_t point : Utf32FromUtf16(ToUtf16(text))) Append(IsScalar(point) ? point : kReplacement, bytes);
+  bytes.reserve(MostBytes(text));
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    auto point = static_cast<char32_t>(text[i]);
+    if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(static_cast<char32_t>(text[i + 1])))
+      point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
+    Append(IsScalar(point) ? point : kReplacement, bytes);
+  }
   return bytes;
 }
 
 std::wstring FromUtf8(std::string_view bytes) {
-  std::u32string points;
-  points.reserve(bytes.size());
+  std::wstring text;
+  text.reserve(bytes.size());
   while (!bytes.empty()) {
     const auto [point, length] = First(bytes);
-    points.push_back(point);
+    Append(point, text);
     bytes.remove_prefix(length);
   }
-  return FromUtf16(Utf16FromUtf32(points));
+  return text;
 }
 
 }  // namespace kodra::values

@@ -41,22 +41,19 @@ TEST(Utf16, AnEmptyTextStaysEmpty) {
 }
 
 TEST(Utf16, ACharacterBeyondTheBasicPlaneIsAPairOfSurrogates) {
-  EXPECT_EQ(Utf16FromUtf32(U"\U0001F4E6"), std::u16string({0xD83D, 0xDCE6}));
-  EXPECT_EQ(Utf32FromUtf16(std::u16string({0xD83D, 0xDCE6})), U"\U0001F4E6");
+  EXPECT_EQ(ToUtf16(L"\U0001F4E6"), std::u16string({0xD83D, 0xDCE6}));
+  EXPECT_EQ(FromUtf16(std::u16string({0xD83D, 0xDCE6})), L"\U0001F4E6");
   EXPECT_EQ(FromUtf16(ToUtf16(L"caixa \U0001F4E6!")), L"caixa \U0001F4E6!");
 }
 
 TEST(Utf16, TheFirstAndLastPairsAreExact) {
-  EXPECT_EQ(Utf16FromUtf32(U"\U00010000"), std::u16string({0xD800, 0xDC00}));
-  EXPECT_EQ(Utf16FromUtf32(U"\U0010FFFF"), std::u16string({0xDBFF, 0xDFFF}));
+  EXPECT_EQ(ToUtf16(L"\U00010000"), std::u16string({0xD800, 0xDC00}));
+  EXPECT_EQ(ToUtf16(L"\U0010FFFF"), std::u16string({0xDBFF, 0xDFFF}));
 }
 
 TEST(Utf16, ALoneSurrogateIsKeptBothWays) {
   const std::u16string lone[] = {{0xD83D}, {0xDCE6}, {u'a', 0xD83D, u'b'}, {0xDCE6, 0xD83D}, {0xD83D, 0xD83D}};
-  for (const std::u16string& text : lone) {
-    EXPECT_EQ(Utf16FromUtf32(Utf32FromUtf16(text)), text);
-    EXPECT_EQ(ToUtf16(FromUtf16(text)), text);
-  }
+  for (const std::u16string& text : lone) EXPECT_EQ(ToUtf16(FromUtf16(text)), text);
 }
 
 TEST(Utf16, AnEmbeddedZeroIsACharacterLikeAnyOther) {
@@ -65,7 +62,8 @@ TEST(Utf16, AnEmbeddedZeroIsACharacterLikeAnyOther) {
 }
 
 TEST(Utf16, ACodePointThatDoesNotExistBecomesTheReplacementCharacter) {
-  EXPECT_EQ(Utf16FromUtf32(std::u32string{0x110000, 0xFFFFFFFF}), std::u16string({0xFFFD, 0xFFFD}));
+  const std::wstring beyond = {static_cast<wchar_t>(0x110000), static_cast<wchar_t>(0xFFFFFFFF)};
+  EXPECT_EQ(ToUtf16(beyond), std::u16string({0xFFFD, 0xFFFD}));
 }
 
 }  // namespace
