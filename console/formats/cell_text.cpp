@@ -90,6 +90,7 @@ std::string IsoText(const Value& value, ColumnKind kind) {
   if (value.Is<Currency>()) return AllDigits(values::ToDecimal(value.As<Currency>()));
   if (value.Is<Decimal>()) return AllDigits(value.As<Decimal>());
   if (value.Is<Date>()) return IsoDate(value.As<Date>(), kind);
+  if (value.Is<std::wstring>()) return values::ToUtf8(value.As<std::wstring>());
   return values::ToUtf8(values::ToText(value));
 }
 

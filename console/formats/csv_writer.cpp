@@ -44,8 +44,9 @@ void CsvWriter::AppendText(std::string_view text) {
 }
 
 void CsvWriter::EndLine() {
-  line_ += "\r\n";
+  // On its own, because a line that is all of a long text would double its memory for two characters.
   output_.Write(line_);
+  output_.Write("\r\n");
   line_.clear();
 }
 

@@ -46,10 +46,11 @@ RowSource::RowSource(frame::ReportRows rows) : rows_(std::move(rows)) {
 }
 
 bool RowSource::Next(std::vector<Value>& values) {
+  // The former row goes first, so that two long texts are never in memory at once.
+  values.clear();
   if (started_) rows_->MoveNext();
   started_ = true;
   if (rows_->Eof()) return false;
-  values.clear();
   for (const auto& field : fields_) values.push_back(field->Get());
   return true;
 }

@@ -247,34 +247,26 @@ void ColumnBuffer::ReadLateCell(const Statement& statement, SQLUSMALLINT number)
       !long_ && text && lengths_[0] != SQL_NULL_DATA &&
       (lengths_[0] == SQL_NO_TOTAL || static_cast<std::size_t>(lengths_[0]) > cellBytes_ - sizeof(SQLWCHAR));
   if (!long_ && !cutOff) return;
-  std::vector<std::byte> bytes;
-  if (!ReadWhole(statement, number, CType(), bytes)) {
-    late_ = Null{};
-  } else if (wire_ == Wire::kBinary) {
-    late_ = Hexadecimal(bytes.data(), bytes.size());
-  } else if (wire_ == Wire::kUtf8) {
-    late_ = Utf8Cell(bytes.data(), bytes.size());
-  } else {
-    late_ = TextCell(bytes.data(), bytes.size());
-  }
+  late_.emplace();
+  lateIsNull_ = !ReadWhole(statement, number, CType(), *late_);
 }
 
-Value ColumnBuffer::TextCell(const std::byte* bytes, std::size_t length) const {
+Value ColumnBuffer::VaryingCell(const std::byte* bytes, std::size_t length) const {
+  if (wire_ == Wire::kBinary) return Hexadecimal(bytes, length);
+  if (wire_ == Wire::kUtf8) return Utf8Cell(bytes, length);
   std::wstring text = values::FromUtf16(Units(bytes, length));
   return wire_ == Wire::kParsedText ? Parsed(std::move(text), adoType_) : Value(std::move(text));
 }
 
 Value ColumnBuffer::Cell(std::size_t row) const {
-  if (late_) return *late_;
+  if (late_) return lateIsNull_ ? Value(Null{}) : VaryingCell(late_->data(), late_->size());
   const SQLLEN length = lengths_[row];
   if (length == SQL_NULL_DATA) return Null{};
   const std::byte* const bytes = cells_.data() + row * cellBytes_;
-  if (wire_ == Wire::kText || wire_ == Wire::kParsedText) {
-    return TextCell(bytes, std::min(static_cast<std::size_t>(length), cellBytes_ - sizeof(SQLWCHAR)));
-  }
-  if (wire_ == Wire::kUtf8) return Utf8Cell(bytes, std::min(static_cast<std::size_t>(length), cellBytes_));
-  if (wire_ == Wire::kBinary) return Hexadecimal(bytes, std::min(static_cast<std::size_t>(length), cellBytes_));
-  return FixedCell(bytes);
+  const bool isText = wire_ == Wire::kText || wire_ == Wire::kParsedText;
+  if (!isText && wire_ != Wire::kUtf8 && wire_ != Wire::kBinary) return FixedCell(bytes);
+  const std::size_t room = isText ? cellBytes_ - sizeof(SQLWCHAR) : cellBytes_;
+  return VaryingCell(bytes, std::min(static_cast<std::size_t>(length), room));
 }
 
 Value ColumnBuffer::FixedCell(const std::byte* bytes) const {

@@ -44,7 +44,8 @@ class ColumnBuffer {
 
   void ChooseWire(const Column& column, bool typesVaryByRow, bool textIsUtf8);
   SQLSMALLINT CType() const;
-  Value TextCell(const std::byte* bytes, std::size_t length) const;
+  // The value of a cell of text or binary data.
+  Value VaryingCell(const std::byte* bytes, std::size_t length) const;
   Value FixedCell(const std::byte* bytes) const;
 
   Wire wire_ = Wire::kText;
@@ -53,7 +54,9 @@ class ColumnBuffer {
   std::size_t cellBytes_ = 0;
   std::vector<std::byte> cells_;
   std::vector<SQLLEN> lengths_;
-  std::optional<Value> late_;
+  // The cell that was read on its own, as the driver wrote it: as a Value a long text would take twice the memory.
+  std::optional<std::vector<std::byte>> late_;
+  bool lateIsNull_ = false;
 };
 
 }  // namespace kodra::odbc
