@@ -12,8 +12,9 @@ client() {
   return "$status"
 }
 
-# The client on the private server that kodra-mariadb has started around this script.
-demo_client() { client "$KODRA_MYSQL"; }
+# The client on the private server that kodra-mariadb has started around this script. It reads the connection string, with
+# its password, from the environment.
+demo_client() { client KODRA_MYSQL; }
 
 # The demonstration on an archive of some documents in a database, with the generator of a preset:
 # show sqlite|mysql DOCUMENTS PRESET

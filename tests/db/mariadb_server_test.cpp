@@ -111,11 +111,15 @@ TEST_F(PrivateServer, HasAPasswordThatNoOtherServerHas) {
 }
 
 TEST_F(PrivateServer, RefusesWhatTheSourceTells) {
-  for (const auto& [user, password] : {std::pair{L"arquivo", L""}, {L"arquivo", L"NuncaMostrada"}, {L"root", L""}}) {
+  struct Account {
+    const wchar_t* user;
+    const wchar_t* password;
+  };
+  for (const Account& account : {Account{L"arquivo", L""}, {L"arquivo", L"NuncaMostrada"}, {L"root", L""}}) {
     odbc::Connection refused;
     const std::wstring server = text.substr(0, text.find(L"Uid="));
-    RaisedBy([&] { refused.Open(server, user, password, ad::kUnspecified); });
-    EXPECT_EQ(refused.State(), ad::kStateClosed) << testing::PrintToString(std::wstring(user));
+    RaisedBy([&] { refused.Open(server, account.user, account.password, ad::kUnspecified); });
+    EXPECT_EQ(refused.State(), ad::kStateClosed) << testing::PrintToString(account.user);
     EXPECT_EQ(refused.NativeError(0), 1045);
   }
 }
