@@ -44,7 +44,7 @@ void CsvWriter::AppendText(std::string_view text) {
 }
 
 void CsvWriter::EndLine() {
-  // On its own, because a line that is all of a long text would double its memory for two characters.
+  // Written separately: appending two characters to a line with a long text could double its memory.
   output_.Write(line_);
   output_.Write("\r\n");
   line_.clear();

@@ -1,9 +1,9 @@
-// Comma-separated values as RFC 4180 has them: a line of names and one line for each row, each ended by CR LF, in UTF-8
-// and ISO form.
+// Comma-separated values as RFC 4180 defines them: a line of names and one line for each row, each ended by CR LF, in
+// UTF-8 and ISO form.
 //
-// A cell is quoted when it holds the separator, a quote or a line end. The empty text is "" and null is nothing between
-// two separators, so that a reader can tell them; the null of a row's only column is "" too, as no line is ever blank.
-// Cells are written as they are: a spreadsheet that opens the file may take one that begins with "=" for a formula.
+// A cell is quoted when it contains the separator, a quote or a line end. The empty text is written as "" and null as
+// nothing, so that a reader can distinguish them; in a row of one column null is "" too, because no line may be blank.
+// Cells are written unchanged: a spreadsheet that opens the file may take a cell that begins with "=" for a formula.
 #pragma once
 
 #include "console/formats/output.h"
@@ -13,13 +13,13 @@ namespace kodra::console {
 
 struct CsvOptions {
   char separator = ',';
-  // The byte order mark by which some spreadsheets know UTF-8.
+  // Whether the file begins with a byte order mark, by which some spreadsheets recognise UTF-8.
   bool byteOrderMark = false;
 };
 
 class CsvWriter final : public RowWriter {
  public:
-  // REQUIRES: `output` outlives the writer; the separator is no quote, line end or letter.
+  // REQUIRES: `output` outlives the writer; the separator is not a quote, a line end or a letter.
   CsvWriter(Output& output, CsvOptions options) : output_(output), options_(options) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;

@@ -11,7 +11,7 @@ struct Range {
   char32_t first, last;
 };
 
-// Marks over or under the character before them, and characters that only join or direct others.
+// Combining marks, and characters that only join others or set their direction.
 constexpr auto kZeroWidth = std::to_array<Range>({
     {0x0300, 0x036F},
     {0x0483, 0x0489},

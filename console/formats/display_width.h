@@ -1,4 +1,4 @@
-// How many columns of a terminal a text takes.
+// The number of terminal columns that a text takes.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace kodra::console {
 
-// An accent that follows its letter as a character of its own takes none, an East Asian letter or a pictogram two, any
-// other character one. REQUIRES: no control characters.
+// A combining accent takes none, an East Asian letter or a pictogram two, every other character one. REQUIRES: no
+// control characters.
 std::size_t DisplayWidth(std::wstring_view text);
 
 }  // namespace kodra::console

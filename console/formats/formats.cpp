@@ -39,8 +39,8 @@ Format FormatNamed(std::string_view name) {
   std::vector<std::string> known;
   known.reserve(std::size(kFormats));
   for (const Named& entry : kFormats) known.emplace_back(entry.name);
-  throw UsageError("não há o formato \"" + std::string(name) + "\"" + DidYouMean(folded, known) + "; há " +
-                   FormatNames());
+  throw UsageError("o formato \"" + std::string(name) + "\" não existe" + DidYouMean(folded, known) +
+                   "; escolha entre " + FormatNames());
 }
 
 bool NeedsFile(Format format) { return format == Format::kXlsx; }

@@ -1,4 +1,4 @@
-// The formats by their names on the command line.
+// The output formats and their names on the command line.
 #pragma once
 
 #include <memory>
@@ -21,12 +21,13 @@ struct FormatOptions {
 
 // The names, in the order of the help: "tabela, csv, json, xlsx, html".
 std::string FormatNames();
-// The format of a name; letter case does not matter. Raises UsageError with the nearest name of a wrong one.
+// The format of that name, in any letter case. Raises UsageError for an unknown name, with the nearest known one.
 Format FormatNamed(std::string_view name);
-// Whether the format is for a file alone, and not for a terminal or a pipe.
+// Whether the format can only be written to a file, not to a terminal or a pipe.
 bool NeedsFile(Format format);
 
-// A writer to an output, which outlives it. A spreadsheet is written to the file at `path` instead.
+// Returns a writer to `output`; a spreadsheet is written to the file at `path` instead. REQUIRES: `output` outlives the
+// writer.
 std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options, Output& output,
                                      const std::wstring& path);
 

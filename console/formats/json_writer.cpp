@@ -20,7 +20,7 @@ std::string Cell(const Value& value, ColumnKind kind) {
   return number || value.Is<bool>() ? text : Quoted(std::move(text));
 }
 
-// The names, each other than those before it.
+// The names of the columns, with a number where a name repeats.
 std::vector<std::string> DistinctNames(std::span<const Column> columns) {
   std::vector<std::string> names;
   for (const Column& column : columns) {

@@ -1,7 +1,8 @@
-// JSON in UTF-8 and ISO form: an array with an object a row, each on its line; or JSON lines, the objects alone.
+// JSON in UTF-8 and ISO form: an array with one object per row, each on its own line; or JSON lines, the objects
+// without the array.
 //
-// A column of the name of an earlier one gets a number: TOTAL, TOTAL_2. Dates are texts, and a number that JSON has not
-// (infinite, or none) is null.
+// A column that has the name of an earlier one gets a number: TOTAL, TOTAL_2. Dates are strings. Infinity and NaN,
+// which JSON cannot express, are null.
 #pragma once
 
 #include "console/formats/output.h"
@@ -24,7 +25,7 @@ class JsonWriter final : public RowWriter {
   Output& output_;
   JsonShape shape_;
   std::vector<ColumnKind> kinds_;
-  std::vector<std::string> keys_;  // as they are written, with the colon
+  std::vector<std::string> keys_;  // in quotes and with the colon
   std::string line_;
   bool first_ = true;
 };

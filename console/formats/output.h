@@ -1,4 +1,4 @@
-// Where a writer's bytes go: a file, the standard output, a text of a test.
+// The destination of a writer's bytes: a file, the standard output, a string in a test.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@ namespace kodra::console {
 class Output {
  public:
   virtual ~Output() = default;
-  // Takes UTF-8. Raises OutputError when it cannot be written.
+  // Writes UTF-8. Raises OutputError when that fails.
   virtual void Write(std::string_view bytes) = 0;
 };
 
-// Collects what is written.
+// Collects the bytes in memory.
 class TextOutput final : public Output {
  public:
   void Write(std::string_view bytes) override { text_ += bytes; }

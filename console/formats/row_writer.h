@@ -5,8 +5,8 @@
 //   while (rows are left) writer.Row(values);
 //   writer.End();
 //
-// Rows are written as they come, so that the memory a writer takes does not grow with their number, unless its own
-// header says otherwise. A writer that is destroyed without End leaves what it wrote for its owner to discard.
+// Each row is written at once, so that a writer's memory does not grow with the number of rows, unless its own header
+// says otherwise. A writer may be destroyed without End; what it has written is then incomplete.
 #pragma once
 
 #include <span>
@@ -18,8 +18,8 @@
 
 namespace kodra::console {
 
-// What a column holds, as the database declares it. A value may still be of another kind: a computed column is often
-// declared as text, and SQLite lets a row differ from its column.
+// The kind of a column's values, as the database declares it. A value may be of another kind: a computed column is
+// often declared as text, and in SQLite a value need not have its column's type.
 enum class ColumnKind {
   kText,
   kNumber,
@@ -33,12 +33,12 @@ struct Column {
   ColumnKind kind = ColumnKind::kText;
 };
 
-// What the rows are of.
+// The report that the rows belong to.
 struct Heading {
   std::wstring className;  // "CDeptoRpt"
   std::wstring method;     // "RelatorioDeptos"
   std::wstring title;      // for people: "Departamentos"
-  // The parameters that were given, in the order of the report's own list: the name and the value as a person reads it.
+  // The parameters that were given, in the order of the report's own list: name, and value as a person reads it.
   std::vector<std::pair<std::wstring, std::wstring>> parameters;
 };
 
@@ -46,11 +46,11 @@ class RowWriter {
  public:
   virtual ~RowWriter() = default;
 
-  // Called once and first. A report that returns no recordset has no columns.
+  // Called first, once. A report without a recordset has no columns.
   virtual void Begin(const Heading& heading, std::span<const Column> columns) = 0;
-  // A value for each column.
+  // Takes one value for each column.
   virtual void Row(std::span<const Value> values) = 0;
-  // Called once and last, when every row has been written.
+  // Called last, once, after all rows.
   virtual void End() = 0;
 };
 

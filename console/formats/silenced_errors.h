@@ -1,9 +1,9 @@
-// Keeps what a C library prints to the standard error of the process from its user.
+// Hides what a C library prints to standard error.
 //
 //   const SilencedErrors silenced;
 //   library_call();
 //
-// One object at a time, on a process of one thread: the stream is the process's own.
+// One object at a time. The stream belongs to the whole process, so no other thread may write to it meanwhile.
 #pragma once
 
 namespace kodra::console {
@@ -16,7 +16,7 @@ class SilencedErrors {
   SilencedErrors& operator=(const SilencedErrors&) = delete;
 
  private:
-  int former_;  // the stream meanwhile; negative when it could not be replaced
+  int former_;  // a duplicate of the stream; negative if there is none
 };
 
 }  // namespace kodra::console

@@ -4,10 +4,10 @@
 //   ──────────────────  ───────  ──────────
 //   Notas de admissão     1.5  …
 //
-// Columns are as wide as what the first rows hold; these are kept until the widths are known, later ones are written as
-// they come, and a later cell that is wider moves the rest of its line. Numbers are aligned to the right. Nothing is
-// cut off. Line ends and tabs within a cell show as one blank, other control characters, which could command the
-// terminal, as U+FFFD.
+// The first rows are kept until the widths of the columns have been measured on them. Later rows are written at once; a
+// wider cell moves the rest of its line to the right. Numbers are aligned to the right. Nothing is cut off. A line end
+// or a tab within a cell is shown as a blank, every other control character, which could command the terminal, as
+// U+FFFD.
 #pragma once
 
 #include "console/formats/output.h"
@@ -17,7 +17,7 @@ namespace kodra::console {
 
 class TableWriter final : public RowWriter {
  public:
-  // The rows that widths are measured on.
+  // The number of rows on which the widths are measured.
   static constexpr std::size_t kMeasured = 1000;
 
   // REQUIRES: `output` outlives the writer.
@@ -31,7 +31,7 @@ class TableWriter final : public RowWriter {
   using Line = std::vector<std::wstring>;
 
   void Measure(const Line& cells);
-  // Writes the names and the rows kept so far.
+  // Writes the names and the rows that were kept.
   void WriteKept();
   void WriteLine(const Line& cells);
 

@@ -1,11 +1,11 @@
-// The path of a spreadsheet as the library that writes it takes it.
+// The path of a spreadsheet in the form that libxlsxwriter expects.
 #pragma once
 
 #include <string>
 
 namespace kodra::console {
 
-// In the encoding in which the system opens files of narrow names. Raises OutputError for a path that it cannot name.
+// Returns the path in the encoding that fopen uses. Raises OutputError for a path that this encoding cannot express.
 std::string XlsxPath(const std::wstring& path);
 
 }  // namespace kodra::console

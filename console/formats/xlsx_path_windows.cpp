@@ -13,7 +13,8 @@ std::string XlsxPath(const std::wstring& path) {
                                        static_cast<int>(narrow.size()), nullptr, &lost);
   if (lost || (size == 0 && length != 0)) {
     throw OutputError(L"o nome \"" + path +
-                      L"\" tem letras que não servem para uma planilha nesta máquina: use outro nome em --saida.");
+                      L"\" tem caracteres que não podem ser usados no nome de uma planilha nesta máquina: use outro "
+                      L"nome em --saida.");
   }
   narrow.resize(static_cast<std::size_t>(size));
   return narrow;

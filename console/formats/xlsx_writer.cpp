@@ -25,16 +25,17 @@ namespace {
 using values::FromUtf8;
 using values::ToUtf8;
 
-// The first day that a spreadsheet counts as an automation date does: it takes 1900 for a leap year.
+// 1 March 1900. A spreadsheet takes 1900 for a leap year, so that its day numbers are those of automation dates only
+// from here on.
 constexpr double kFirstCountedDay = 61;
 constexpr double kBeyondLastDay = 2958466;  // 1 January 10000
-// The largest number without decimals that a spreadsheet shows digit by digit.
+// The largest whole number that a spreadsheet shows with all its digits.
 constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
 constexpr std::size_t kMostUnits = 32767;
-// In characters. A wider text is kept whole, but not shown whole.
+// In characters. A wider text is in the cell in full, but only its beginning is visible.
 constexpr std::size_t kWidestColumn = 60;
 constexpr std::size_t kNarrowestColumn = 8;
-// The arrow of the filter takes its room beside a name.
+// The room that the arrow of the filter takes beside a name.
 constexpr std::size_t kFilterWidth = 3;
 
 bool KeepsDigits(const Decimal& number) {
@@ -42,13 +43,14 @@ bool KeepsDigits(const Decimal& number) {
   return shortest.high == 0 && shortest.low <= kMostDigits;
 }
 
-// A whole number whose shortest form has all its digits: 9223372036854775808, but not 1e+30.
+// Whether it is a whole number of more than 15 digits that is not written with an exponent: 9223372036854775808, but
+// not 1e+30.
 bool HasMoreDigits(double number) {
   return std::isfinite(number) && std::abs(number) > double{kMostDigits} && number == std::trunc(number) &&
          IsoText(number, ColumnKind::kNumber).find('e') == std::string::npos;
 }
 
-// Whether a spreadsheet, which holds doubles of 15 digits, shows the number as it is.
+// Whether a spreadsheet, which shows 15 digits of a double, shows the number unchanged.
 bool FitsASpreadsheet(const Value& value, double number) {
   if (value.Is<std::int64_t>() || value.Is<std::uint64_t>()) return std::abs(number) <= double{kMostDigits};
   if (value.Is<Currency>()) return KeepsDigits(values::ToDecimal(value.As<Currency>()));
@@ -62,11 +64,11 @@ std::size_t UnitsOf(std::wstring_view text) {
                            std::ranges::count_if(text, [](wchar_t c) { return static_cast<char32_t>(c) > 0xFFFF; }));
 }
 
-// Whether the XML of a spreadsheet can hold the character. A surrogate without its other half has become U+FFFD before.
+// Whether XML can contain the character. ToUtf8 replaces unpaired surrogates.
 bool IsXmlCharacter(wchar_t c) { return (c >= 0x20 || c == L'\t' || c == L'\n') && c != 0xFFFE && c != 0xFFFF; }
 
-// Whether the text reads "_xHHHH_" there, which a spreadsheet takes for the character of that number. The last "_" may
-// be the first of the form that the next character gets.
+// Whether the text has "_xHHHH_" at that place, which a spreadsheet reads as the character of that number. Its last "_"
+// may be the one with which the next character is written.
 bool IsEscape(std::wstring_view text, std::size_t at) {
   const auto isHexadecimal = [](wchar_t c) {
     return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'F') || (c >= L'a' && c <= L'f');
@@ -76,8 +78,8 @@ bool IsEscape(std::wstring_view text, std::size_t at) {
          (piece.back() == L'_' || !IsXmlCharacter(piece.back()));
 }
 
-// The text of a cell in UTF-8, with "_xHHHH_" for a character that XML cannot hold and for the "_" of a text that reads
-// like that itself. A carriage return is among them, because XML makes a line feed of it.
+// The text of a cell in UTF-8. A character that XML cannot contain is written as "_xHHHH_", and so is the "_" at the
+// beginning of such a form in the text itself. This includes the carriage return, which XML turns into a line feed.
 std::string CellText(std::wstring_view text) {
   std::wstring escaped;
   escaped.reserve(text.size());
@@ -91,14 +93,15 @@ std::string CellText(std::wstring_view text) {
   return ToUtf8(escaped);
 }
 
-// A text of the properties, where no such form is read: a blank in place of what XML cannot hold.
+// A text of the file's properties, in UTF-8. They know no such form: a character that XML cannot contain becomes a
+// blank.
 std::string PropertyText(std::wstring text) {
   std::ranges::replace_if(
       text, [](wchar_t c) { return !IsXmlCharacter(c); }, L' ');
   return ToUtf8(text);
 }
 
-// The end of a message about a library call that failed: why, where the system said it in errno.
+// The end of a message about a library call that failed: with the reason, unless errno is 0.
 std::wstring Because(int systemError) {
   if (systemError == 0) return L".";
   return L": " + SystemReason({systemError, std::generic_category()}) + L".";
@@ -170,7 +173,7 @@ class XlsxWriter final : public RowWriter {
   }
 
  private:
-  // The library takes no notice when its temporary files cannot hold the rows, and would leave them out.
+  // The library ignores an error of its temporary files and would leave rows out.
   void RequireRowsKept() const {
     if (std::ferror(sheet_->optimize_tmpfile) == 0) return;
     throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
@@ -254,7 +257,7 @@ class XlsxWriter final : public RowWriter {
   std::vector<std::wstring> names_;
   std::vector<ColumnKind> kinds_;
   std::vector<std::size_t> widths_;
-  lxw_row_t row_ = 0;  // the one written last; 0 is the names'
+  lxw_row_t row_ = 0;  // the row written last; row 0 has the names
 };
 
 }  // namespace

@@ -1,12 +1,12 @@
-// A spreadsheet (Office Open XML): one sheet, its first row the names, which stay in sight and filter the rest.
+// A spreadsheet (Office Open XML) with one sheet. Its first row has the names of the columns; it stays visible and has
+// a filter.
 //
-// Every text is a text: one that begins with "=", "+", "-" or "@" is never a formula. Numbers and dates are a
-// spreadsheet's own, dates shown as 31/12/2023. What its numbers cannot hold is written as text: dates before March
-// 1900 and whole numbers beyond 15 digits.
+// A text is always a text: one that begins with "=", "+", "-" or "@" is never a formula. It keeps every character; one
+// that XML cannot contain is written as Office does, "_x0001_". Numbers and dates are numbers and dates of the
+// spreadsheet, dates shown as 31/12/2023. Those that it cannot hold are written as text: dates before March 1900 or
+// after 9999, and whole numbers of more than 15 digits.
 //
-// A text keeps every character: one that XML cannot hold is written as Office does, "_x0001_".
-//
-// Rows go to a temporary file of the library and from there, at End, to the path.
+// Rows are written to a temporary file of libxlsxwriter, and at End to the path.
 #pragma once
 
 #include <memory>
@@ -15,9 +15,9 @@
 
 namespace kodra::console {
 
-// Writes a spreadsheet at a path; an existing file is replaced at End. The writer raises OutputError when a row or
-// text is more than a sheet holds (1,048,575 rows, 32,767 characters) or the file cannot be written. On a system
-// without the library this raises OutputError.
+// Returns a writer to the path; an existing file is replaced at End. The writer raises OutputError for more rows than a
+// sheet can have (1,048,575), for a text longer than a cell can hold (32,767 units of UTF-16), and when a file cannot
+// be written. This function raises OutputError in a program that was built without libxlsxwriter.
 std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path);
 
 }  // namespace kodra::console

@@ -1,4 +1,4 @@
-// In place of xlsx_writer.cpp where the library that writes spreadsheets is not to be had.
+// Takes the place of xlsx_writer.cpp in a program that is built without libxlsxwriter.
 #include "console/command_line/output_error.h"
 #include "console/formats/xlsx_writer.h"
 
@@ -6,7 +6,7 @@ namespace kodra::console {
 
 std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& /*path*/) {
   throw OutputError(
-      L"o formato xlsx não existe nesta versão do programa: use --formato csv --bom, que a planilha também abre.");
+      L"esta versão do programa não grava xlsx: use --formato csv --bom, que um programa de planilhas também abre.");
 }
 
 }  // namespace kodra::console

@@ -29,7 +29,7 @@ void ConnectionOptions::AddTo(CLI::App& command) {
   command.add_option("--conexao", text_, "A string de conexão do banco de dados")->option_text("STRING")->required();
   command
       .add_option("--senha-de", passwordVariable_,
-                  std::string("A variável de ambiente com a senha (sem esta opção, ") + kPasswordVariable + ")")
+                  std::string("A variável de ambiente que contém a senha (sem esta opção, ") + kPasswordVariable + ")")
       ->option_text("VARIÁVEL");
 }
 
@@ -37,12 +37,12 @@ std::wstring ConnectionOptions::Text() const {
   std::wstring text = FromUtf8(text_);
   const bool named = !passwordVariable_.empty();
   if (values::HasPassword(text)) {
-    if (named) throw UsageError("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de");
+    if (named) throw UsageError("a string de conexão já tem uma senha: remova-a ou não use --senha-de");
     return text;
   }
   const std::optional<std::wstring> password = Variable(named ? passwordVariable_ : kPasswordVariable);
   if (password) return WithPassword(text, *password);
-  if (named) throw UsageError("não há a variável de ambiente \"" + passwordVariable_ + "\", de --senha-de");
+  if (named) throw UsageError("a variável de ambiente \"" + passwordVariable_ + "\", de --senha-de, não existe");
   return text;
 }
 

@@ -1,4 +1,4 @@
-// The options by which a command is told its database: the connection string, and the password apart from it.
+// The options of a command that connects to a database: the connection string and, separately, the password.
 //
 //   ConnectionOptions connection;
 //   connection.AddTo(command);                       // before the command line is read
@@ -14,15 +14,15 @@ class App;
 
 namespace kodra::console {
 
-// The environment variable that holds the password when no other is named.
+// The environment variable that contains the password unless --senha-de names another.
 inline constexpr const char* kPasswordVariable = "KODRARPT_SENHA";
 
 class ConnectionOptions {
  public:
   void AddTo(CLI::App& command);
 
-  // The connection string, with the password of the environment unless it has its own. Raises UsageError when a
-  // variable that was named is not set, or the string has a password and a variable was named too.
+  // Returns the connection string with a password: its own, or else the one of the environment. Raises UsageError when
+  // --senha-de names a variable that is not set, or is given although the string has a password.
   std::wstring Text() const;
 
  private:
@@ -30,7 +30,7 @@ class ConnectionOptions {
   std::string passwordVariable_;
 };
 
-// A connection string with a password after it, in quotes where it needs them.
+// Returns the connection string with the password appended, in quotes if it needs them.
 std::wstring WithPassword(std::wstring connectionString, std::wstring_view password);
 
 }  // namespace kodra::console

@@ -23,7 +23,7 @@ constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 
 using Handler = void (*)(int);
 
-// What the handler reads and writes: nothing else may be touched while a signal is answered.
+// All that the signal handler may read and write.
 std::atomic<bool> requested{false};
 std::atomic<bool> unfinished{false};
 std::array<char, 4096> unfinishedPath{};
@@ -32,7 +32,7 @@ std::array<Handler, kSignals.size()> former{};
 static_assert(std::atomic<bool>::is_always_lock_free);
 
 void Answer(int signal) {
-  // Windows forgets the handler with each signal.
+  // Windows resets the handler at each signal.
   std::signal(signal, &Answer);
   if (!requested.exchange(true)) return;
 #ifndef _WIN32
@@ -47,7 +47,7 @@ Interruption::Interruption() {
   requested = false;
   for (std::size_t i = 0; i < kSignals.size(); ++i) {
     former[i] = std::signal(kSignals[i], &Answer);
-    // Who started the program without these requests (nohup, a job in the background) means it.
+    // A signal that is ignored from the start (nohup, a job in the background) stays ignored.
     if (former[i] == SIG_IGN) std::signal(kSignals[i], SIG_IGN);
   }
 }

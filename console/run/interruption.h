@@ -1,4 +1,4 @@
-// Ctrl-C and the other polite requests to stop (SIGINT, SIGTERM, on Linux SIGHUP).
+// Ctrl-C and the other requests to stop (SIGINT and SIGTERM; SIGHUP on Linux, SIGBREAK on Windows).
 //
 //   Interruption interruption;
 //   while (rows are left) {
@@ -6,8 +6,9 @@
 //     …
 //   }
 //
-// The first request is only noted. A second one ends the program at once, as a database may not answer for
-// long, but not before the file named by RemoveAtOnce is gone. One object at a time; it puts the former answers back.
+// The first request is only recorded. A second one removes the file that RemoveAtOnce named and ends the program at
+// once, because a database may take long to answer. One object at a time; its destructor restores the previous signal
+// handlers.
 #pragma once
 
 #include <string>
@@ -22,8 +23,8 @@ class Interruption {
   Interruption& operator=(const Interruption&) = delete;
 
   static bool Requested() noexcept;
-  // The unfinished file that a second request removes; empty for none. Paths longer than the system's longest are
-  // ignored. On Windows an open file cannot be removed, and stays.
+  // Names the unfinished file that a second request removes; empty for none. A path that is longer than the system
+  // allows is ignored. Windows cannot remove an open file, so it stays there.
   static void RemoveAtOnce(const std::string& path) noexcept;
 };
 

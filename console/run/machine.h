@@ -1,7 +1,7 @@
 // The surroundings that the program runs reports in.
 //
-// There are two: over ODBC with the sibling components that come with the program (machine_odbc.cpp), and on Windows
-// over ADO with the siblings that are installed (machine_windows.cpp).
+// On Linux: ODBC, and the sibling components that are part of the program (machine_odbc.cpp). On Windows: ADO, and the
+// siblings that are installed (machine_windows.cpp).
 #pragma once
 
 #include <memory>
@@ -14,11 +14,11 @@ class Machine {
  public:
   virtual ~Machine() = default;
   virtual platform::Surroundings& Around() = 0;
-  // Whether siblings belong to the machine and may be missing, rather than to the program.
+  // Whether the siblings are installed on the machine, where some may be missing, and not part of the program.
   virtual bool SiblingsAreInstalled() const = 0;
 };
 
-// One at a time; its thread is the one that uses it.
+// One object at a time, used by the thread that made it.
 std::unique_ptr<Machine> NewMachine();
 
 }  // namespace kodra::console

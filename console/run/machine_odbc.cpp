@@ -1,4 +1,4 @@
-// The machine over ODBC, with the siblings linked in.
+// The surroundings over ODBC, with the siblings linked into the program.
 #include "console/run/machine.h"
 #include "odbc/engine/surroundings.h"
 #include "siblings/sibling_classes.h"

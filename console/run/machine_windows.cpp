@@ -1,4 +1,4 @@
-// The machine as Windows has it: COM, ADO, and the siblings by ProgID.
+// The surroundings on Windows: COM, ADO, and the siblings by ProgID.
 #include "ado/com_surroundings.h"
 #include "comkit/automation_headers.h"
 #include "console/run/machine.h"

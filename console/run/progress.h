@@ -4,11 +4,11 @@
 //   for (…) progress.Row();
 //   progress.End();
 //
-// A progress that cannot be written ends silently: the rows matter more.
-//
-// Nothing shows before a second has passed. From then on the count shows twice a second, and at the end the sum:
+// Nothing is shown during the first second. After that the count is shown twice a second, and the total at the end:
 //   45.312 linhas, 41.880 por segundo
 //   1.000.000 linhas em 23,4 s (42.735 por segundo)
+//
+// When the progress cannot be written, no more of it is shown, and no error is raised.
 #pragma once
 
 #include <cstdint>
@@ -19,14 +19,14 @@
 
 namespace kodra::console {
 
-// Seconds since some moment, on a clock that only goes forward.
+// Seconds since some fixed moment, on a clock that never goes back.
 double SteadySeconds();
 
 class Progress {
  public:
   enum class Style {
     kNone,
-    kOneLine,   // each count over the former one, as on a terminal
+    kOneLine,   // each count over the previous one, as on a terminal
     kOwnLines,  // each count on a line of its own, as in a log
   };
   using Clock = std::function<double()>;
@@ -37,9 +37,9 @@ class Progress {
   void Row();
   // The rows so far.
   std::uint64_t Rows() const { return rows_; }
-  // Shows the sum, if anything was shown. Called once, and not after a failure.
+  // Shows the total, unless the report took less than a second. Called once, and not after a failure.
   void End();
-  // Ends the line of the last count, so that another message begins on a line of its own.
+  // Ends the line of the last count, so that the next message begins on a new line.
   void Abandon();
 
  private:
@@ -51,9 +51,9 @@ class Progress {
   Style style_;
   Clock clock_;
   double start_;
-  double next_;  // when the count shows again
+  double next_;  // when the count is shown again
   std::uint64_t rows_ = 0;
-  std::size_t shown_ = 0;  // the width of the text on the line
+  std::size_t shown_ = 0;  // the width of the count on the current line
 };
 
 }  // namespace kodra::console

@@ -40,13 +40,13 @@ RowSource::RowSource(frame::ReportRows rows) : rows_(std::move(rows)) {
     columns_.push_back({std::move(column.name), KindOfType(column.type)});
     fields_.push_back(std::move(column.field));
   }
-  // Rows that a report filled itself may be on the last one. Elsewhere the first row is the current one, and a stream
-  // would be read anew for it.
+  // A recordset that the report filled itself may be on its last row. Every other one is on its first row, and moving a
+  // stream there would run its statement again.
   if (rows_->RecordCount() > 0) rows_->MoveFirst();
 }
 
 bool RowSource::Next(std::vector<Value>& values) {
-  // The former row goes first, so that two long texts are never in memory at once.
+  // The previous row is freed first, so that two long texts are never in memory at once.
   values.clear();
   if (started_) rows_->MoveNext();
   started_ = true;

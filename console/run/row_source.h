@@ -1,4 +1,4 @@
-// The rows of a report as the program reads them: with every column, once from the first to the last.
+// Reads the rows of a report with all their columns, once, from the first to the last.
 #pragma once
 
 #include <memory>
@@ -11,12 +11,12 @@ namespace kodra::console {
 
 class RowSource {
  public:
-  // REQUIRES: `rows` are where the report left them, and not null.
+  // REQUIRES: `rows` is not null and was not moved since the report returned it.
   explicit RowSource(frame::ReportRows rows);
 
   const std::vector<Column>& Columns() const { return columns_; }
-  // Reads the next row into `values`, a value for each column; false when there is none. Raises what the reading
-  // raises.
+  // Reads the next row into `values`, one value for each column; returns false after the last row. Raises the errors of
+  // the recordset.
   bool Next(std::vector<Value>& values);
 
  private:
@@ -26,7 +26,7 @@ class RowSource {
   bool started_ = false;
 };
 
-// What a column of an ADO data type (DataTypeEnum) holds.
+// The kind of a column of that ADO data type (DataTypeEnum).
 ColumnKind KindOfType(std::int32_t adoType);
 
 }  // namespace kodra::console

@@ -1,4 +1,4 @@
-// Asks a database whether tables and columns can be read, without reading a row.
+// Asks a database whether tables and columns can be read. No row is read.
 #pragma once
 
 #include <map>
@@ -16,13 +16,13 @@ class SchemaProbe {
   SchemaProbe(platform::Surroundings& surroundings, platform::Connection& connection)
       : surroundings_(surroundings), connection_(connection) {}
 
-  // Tells what will be asked for, so that a table that is whole costs one statement. Called before the first Missing.
+  // Announces a need, so that a complete table costs a single statement. Called before the first Missing.
   void Expect(const TableNeed& need);
 
-  // What cannot be read: "tabela EVENTO", or a "coluna EVENTO.ACAO" each; nothing where all is well.
+  // Returns what cannot be read: "tabela EVENTO", or "coluna EVENTO.ACAO" for each column; empty if nothing is missing.
   std::vector<std::wstring> Missing(const TableNeed& need);
 
-  // What the database said of each table or column that it refused, in the order of their names.
+  // The database's message about each table or column that it refused, in the order of their names.
   const std::map<std::wstring, std::wstring>& Refusals() const { return refusals_; }
 
  private:
@@ -34,7 +34,7 @@ class SchemaProbe {
   };
 
   void Ask(const std::wstring& name, Table& table);
-  // Whether "SELECT list FROM table" can be run; `what` is what is refused where it cannot.
+  // Whether "SELECT list FROM table" can be run. If not, and `what` is not empty, the message is stored under `what`.
   bool CanRead(const std::wstring& list, const std::wstring& table, const std::wstring& what);
 
   platform::Surroundings& surroundings_;

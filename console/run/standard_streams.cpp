@@ -17,7 +17,8 @@ void OccupyClosedStreams() {}
 void OccupyClosedStreams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
     if (fcntl(stream, F_GETFD) != -1) continue;
-    // A new file gets the lowest free number, which is this one. It is opened the wrong way round, for its use to fail.
+    // A new file gets the lowest free number, which is this one. It is opened for the wrong direction, so that using it
+    // fails.
     open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
 }

@@ -3,8 +3,8 @@
 
 namespace kodra::console {
 
-// Takes the place of standard streams that the caller closed (2>&-), so that no file that is opened later gets their
-// numbers and with them the program's messages. Writing to such a stream still fails. Called first of all.
+// Fills the place of standard streams that the caller closed (2>&-). Otherwise a file that is opened later would get
+// such a stream's number, and the program's messages with it. Writing to the stream still fails. Called first in main.
 void OccupyClosedStreams();
 
 }  // namespace kodra::console

@@ -1,4 +1,4 @@
-// A C++ stream, as the standard output, that a format is written to.
+// An Output that writes to a C++ stream, for example the standard output.
 #pragma once
 
 #include <ostream>
@@ -17,7 +17,7 @@ class StreamOutput final : public Output {
     stream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     Check();
   }
-  // Hands everything to the system. Raises OutputError when it does not take it.
+  // Passes everything to the system. Raises OutputError when it cannot be written.
   void Flush() {
     stream_.flush();
     Check();
@@ -25,7 +25,7 @@ class StreamOutput final : public Output {
 
  private:
   void Check() const {
-    if (!stream_) throw OutputError(L"não foi possível gravar a saída");
+    if (!stream_) throw OutputError(L"não foi possível gravar a saída.");
   }
 
   std::ostream& stream_;

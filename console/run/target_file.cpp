@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 using values::FromUtf8;
 using values::ToUtf8;
 
-// So many unfinished files of the same name are no accident.
+// More unfinished files than this of one process id are no accident.
 constexpr int kMostAttempts = 100;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
@@ -45,7 +45,7 @@ fs::path PathOf(const std::wstring& text) {
   return {std::u8string(bytes.begin(), bytes.end())};
 }
 
-// What a symbolic link leads to, so that the link stays one.
+// The target of a symbolic link, so that the file is replaced and not the link.
 fs::path Real(const fs::path& path) {
   std::error_code error;
   const fs::path real = fs::canonical(path, error);
@@ -58,8 +58,8 @@ bool IsWrittenDirectly(const fs::path& target) {
   return fs::exists(status) && !fs::is_regular_file(status);
 }
 
-// The names that a file has until it is complete, one for each try. A run that was killed leaves its file behind, and
-// in a container every run may have the same process id.
+// The name of a file until it is complete, a different one for each attempt: a run that was killed leaves its file
+// behind, and in a container every run may have the same process id.
 fs::path Beside(const fs::path& target, int attempt) {
 #ifdef _WIN32
   const int process = _getpid();
@@ -71,7 +71,7 @@ fs::path Beside(const fs::path& target, int attempt) {
   return target.parent_path() / fs::path(".").concat(target.filename().native()).concat(ending).concat(".parcial");
 }
 
-// Raises OutputError for a file whose name cannot be given to another, which otherwise only Commit would notice.
+// Raises OutputError for a target that Commit could not replace, before any work is done for it.
 void RequireReplaceable(const fs::path& target) {
 #ifdef _WIN32
   std::error_code error;
@@ -92,8 +92,8 @@ void RequireReplaceable(const fs::path& target) {
 
 enum class Readers { kOwner, kDefault };
 
-// A new file, for its owner alone or with the permissions of every new file. Null with errno when it cannot be made,
-// EEXIST when it is there already.
+// Makes a new file, readable by its owner only or with the default permissions. Returns null and sets errno when it
+// cannot be made, to EEXIST when there is such a file.
 std::FILE* Create(const fs::path& path, [[maybe_unused]] Readers readers) {
 #ifdef _WIN32
   // Permissions come from the folder.
@@ -108,12 +108,12 @@ std::FILE* Create(const fs::path& path, [[maybe_unused]] Readers readers) {
 }
 
 #ifndef _WIN32
-// Gives a file the owner, group and permissions of the one that it replaces, as far as this user may. A report is not a
-// program: set-uid and set-gid are not among them.
+// Gives a file the owner, group and permissions of the one that it replaces, as far as this user may change them, but
+// neither set-uid nor set-gid: a report is not a program.
 void TakeOver(int file, const struct stat& former) {
   mode_t permissions = former.st_mode & 0777;
   const bool sameGroup = fchown(file, static_cast<uid_t>(-1), former.st_gid) == 0;
-  // Another group may do what everybody may.
+  // The members of another group get the permissions of everybody else.
   if (!sameGroup) permissions = (permissions & ~070U) | (permissions & 07U) << 3;
   if (fchmod(file, permissions) != 0) return;
   // The owner comes last, because only the owner may change the permissions. For everybody but root this fails.
@@ -172,7 +172,7 @@ void TargetFile::Commit() {
 #ifndef _WIN32
   struct stat former {};
   if (path_ != target_ && stat(target_.c_str(), &former) == 0) TakeOver(fileno(file_.get()), former);
-  // A name must never come to the disk before the bytes that it names. A device need not support it.
+  // The bytes must reach the disk before the new name does. A device need not support fsync.
   if (fsync(fileno(file_.get())) != 0 && path_ != target_) throw CannotWrite(target_, LastError());
 #endif
   if (std::fclose(file_.release()) != 0) throw CannotWrite(target_, LastError());

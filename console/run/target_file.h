@@ -1,4 +1,4 @@
-// Files that exist complete or not at all.
+// Output files that appear only when they are complete.
 #pragma once
 
 #include <cstdio>
@@ -16,25 +16,25 @@ namespace kodra::console {
 //   file.Write("…");
 //   file.Commit();
 //
-// A target that is there already passes its owner, group and permissions on to the new file, as far as the user may
-// give them (on Windows, a new file has the permissions of its folder); until then only the user may read it.
+// Until Commit the target stays as it was, or absent. Without Commit, and after an interruption (interruption.h), the
+// temporary file is removed. A target that is not a regular file, for example a device or a pipe, is written directly.
 //
-// Until Commit the target is what it was before, or absent. Without Commit, an interruption included (interruption.h),
-// nothing stays. A target that is no regular file, as a device or a pipe, is written to directly.
+// A new file that replaces another gets its owner, group and permissions, as far as the user may change them; until
+// then only the user may read it. On Windows it gets the permissions of its folder.
 class TargetFile final : public Output {
  public:
-  // Raises OutputError when the file cannot be made, or could not get its name in the end because the target is mounted
-  // on its own or, on Windows, read-only or open in another program.
+  // Raises OutputError when the temporary file cannot be made, or Commit could not replace the target: because it is a
+  // mount point or, on Windows, read-only or open in another program.
   explicit TargetFile(const std::wstring& target);
   ~TargetFile() override;
   TargetFile(const TargetFile&) = delete;
   TargetFile& operator=(const TargetFile&) = delete;
 
   void Write(std::string_view bytes) override;
-  // The path to write at, for those who write the file themselves; its content is discarded.
+  // The file to write, for a library that opens it by its path.
   const std::filesystem::path& Path() const { return path_; }
   std::wstring PathText() const;
-  // Raises OutputError when something of the file was not written or it cannot get its name.
+  // Raises OutputError when the file was not written completely or cannot be renamed.
   void Commit();
 
  private:
@@ -43,7 +43,7 @@ class TargetFile final : public Output {
   };
 
   std::filesystem::path target_;
-  std::filesystem::path path_;  // equals target_ when that is written directly
+  std::filesystem::path path_;  // equals target_ when the target is written directly
   std::unique_ptr<std::FILE, Close> file_;
 };
 

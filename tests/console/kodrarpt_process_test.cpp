@@ -105,7 +105,7 @@ class KodrarptProcess : public testing::Test {
     return text.str();
   }
 
-  // Whether this machine lets the test mount something that nobody else sees.
+  // Whether the test may mount file systems that only its own processes see.
   static bool MayMount() {
     testbed::ChildProcess probe;
     probe.command = {"unshare", "--map-root-user", "--mount", "true"};
@@ -191,7 +191,7 @@ TEST_F(KodrarptProcess, UsesNoMoreMemoryForMoreRows) {
   unsetenv("ASAN_OPTIONS");
 }
 
-TEST_F(KodrarptProcess, TakesASmallMultipleOfTheMemoryOfALongText) {
+TEST_F(KodrarptProcess, UsesASmallMultipleOfTheSizeOfALongText) {
   setenv("ASAN_OPTIONS", "quarantine_size_mb=1", 1);
   constexpr long kMegabytes = 16;
   const Supports few(kFewRows);
@@ -209,7 +209,7 @@ TEST_F(KodrarptProcess, TakesASmallMultipleOfTheMemoryOfALongText) {
 }
 
 TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase) {
-  if (!MayMount()) GTEST_SKIP() << "this machine permits no mounts of one's own";
+  if (!MayMount()) GTEST_SKIP() << "this machine does not permit private mounts";
   const fs::path target = folder_ / "destino.csv";
   std::ofstream(target) << "antes";
   testbed::ChildProcess child;
@@ -228,7 +228,7 @@ TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase
 }
 
 TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
-  if (!MayMount()) GTEST_SKIP() << "this machine permits no mounts of one's own";
+  if (!MayMount()) GTEST_SKIP() << "this machine does not permit private mounts";
   testbed::ChildProcess child;
   child.command = {"unshare",
                    "--map-root-user",
@@ -262,7 +262,7 @@ TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
                    Many().Connection()};
   child.output = (folder_ / "saida.txt").string();
   EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
-  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída\n");
+  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída.\n");
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsFull) {

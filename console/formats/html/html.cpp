@@ -33,7 +33,7 @@ std::string Escaped(std::string_view utf8) {
       case '"':
         out += "&quot;";
         break;
-      // A character that no page may hold: control characters other than white space.
+      // No page may contain control characters other than white space.
       case '\t':
       case '\n':
       case '\r':

@@ -1,4 +1,5 @@
-// A report's rows as one self-contained page to print: a listing, a statistic or sheets of labels, as the report is.
+// A report's rows as one self-contained page to print: a listing, a statistic or sheets of labels, depending on the
+// report.
 #pragma once
 
 #include <memory>
@@ -17,7 +18,7 @@ class HtmlWriter final : public RowWriter {
   // REQUIRES: `output` outlives the writer.
   HtmlWriter(Output& output, HtmlOptions options) : output_(output), options_(std::move(options)) {}
 
-  // Raises UsageError for a name that is no report.
+  // Raises UsageError for a heading that names no report.
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override { layout_->Row(values); }
   void End() override { layout_->End(); }

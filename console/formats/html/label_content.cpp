@@ -17,7 +17,7 @@ std::wstring ParameterNamed(const Heading& heading, std::wstring_view name) {
   return {};
 }
 
-// "documentos A a B", or with the one that is known.
+// "documentos A a B", or the one of the two that is known.
 std::wstring DocumentsText(const std::wstring& first, const std::wstring& last) {
   if (first.empty() && last.empty()) return {};
   if (last.empty()) return L"documentos desde " + first;

@@ -1,4 +1,4 @@
-// What a label says: the opening, closing and divider labels of modules, and the labels of containers.
+// The content of a label: the opening, closing and divider labels of modules, and the labels of containers.
 #pragma once
 
 #include <functional>
@@ -23,13 +23,13 @@ struct Label {
 // The modules in each container, for the labels of containers.
 using ContainerModules = std::map<std::wstring, std::vector<std::wstring>>;
 
-// Makes a label from a row. LabelMakerOf returns null for a report that has no labels; for labels of containers it asks
-// `containerModules` once, unless that is empty.
+// Makes a label from a row. LabelMakerOf returns null for a report without labels. For labels of containers it calls
+// `containerModules` once, unless it is empty.
 using LabelMaker = std::function<Label(const RowReader& row)>;
 LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerModules()>& containerModules);
 
-// What is said of a module's retention: its kind (one letter), the date until which it is kept (none: zero or null) and
-// the years.
+// The text about a module's retention: its kind (one letter), the date until which it is kept (zero or null: none) and
+// the number of years.
 std::wstring RetentionText(std::wstring_view kind, const Value& until, std::wstring_view years);
 
 }  // namespace kodra::console::html

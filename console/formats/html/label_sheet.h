@@ -1,4 +1,4 @@
-// Sheets of labels: how many labels a sheet has and where. All lengths are millimetres.
+// Sheets of labels: how many labels a sheet has, and where they are. All lengths are in millimetres.
 #pragma once
 
 #include <span>
@@ -19,7 +19,7 @@ struct LabelSheet {
 
 // Every sheet that can be chosen; the first is the usual one.
 std::span<const LabelSheet> LabelSheets();
-// The sheet of that name, or null.
+// Returns the sheet of that name, or null.
 const LabelSheet* FindLabelSheet(std::string_view name);
 
 // Where a label is on its sheet. Labels are counted from 0, row by row.

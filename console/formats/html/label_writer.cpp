@@ -11,13 +11,13 @@
 namespace kodra::console::html {
 namespace {
 
-// What stays free along a label's edge, as printers do not meet it to the millimetre.
+// The margin along a label's edge, because printers are not exact to the millimetre.
 constexpr double kPadding = 2.0;
 constexpr double kSmallestLetter = 1.3;
-// The widest that a module of a barcode is drawn.
+// The greatest width of a module of a barcode.
 constexpr double kWidestBar = 0.5;
 
-// How a label's inner height is shared out.
+// The shares of a label's inner height.
 constexpr double kHeadPart = 0.10;
 constexpr double kNumberPart = 0.24;
 constexpr double kDescriptionPart = 0.26;
@@ -68,7 +68,7 @@ std::string BarcodeHtml(const std::wstring& text, Box box) {
 std::string LabelHtml(const Label& label, const LabelSheet& sheet) {
   const double width = sheet.labelWidth - 2 * kPadding;
   const double height = sheet.labelHeight - 2 * kPadding;
-  // The largest letters that a part may have when it is to hold that many lines.
+  // The largest letters with which that many lines fit into a part.
   const auto letters = [&](double part, int lines) { return height * part / kLineHeight / lines; };
   const FittedText number = FitLine(label.number, width, letters(kNumberPart, 1), kSmallestLetter, true);
   const FittedText description =

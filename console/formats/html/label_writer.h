@@ -1,4 +1,4 @@
-// Sheets of labels as a page to print: each label in its place, as many copies as asked for.
+// Sheets of labels as a page to print: each label in its place, with the requested number of copies.
 #pragma once
 
 #include "console/formats/html/label_content.h"
@@ -12,7 +12,7 @@ struct LabelOptions {
   const LabelSheet* sheet = &LabelSheets().front();
   int firstLabel = 1;  // the first free label of the first sheet, counted from 1, row by row
   int copies = 1;      // of every label, one after the other
-  // Asked once, for labels of containers only; they list no modules without it.
+  // Called once, for labels of containers only; without it they list no modules.
   std::function<ContainerModules()> containerModules = {};
 };
 
@@ -37,7 +37,7 @@ class LabelWriter final : public RowWriter {
   bool sheetIsOpen_ = false;
 };
 
-// A label's inner HTML for a label of that size.
+// The HTML inside a label of that size.
 std::string LabelHtml(const Label& label, const LabelSheet& sheet);
 
 }  // namespace kodra::console::html

@@ -1,5 +1,5 @@
-// A listing as a page to print on A4: title, headings repeated on every sheet, page numbers. Rows are written as they
-// come.
+// A listing as a page to print on A4: title, headings repeated on every sheet, page numbers. Each row is
+// written at once.
 #pragma once
 
 #include "console/formats/html/preview_row.h"

@@ -17,7 +17,7 @@ std::string SheetStyle(bool landscape, std::wstring_view title, std::wstring_vie
 inline constexpr std::string_view kPageTop = "<main>\n";
 inline constexpr std::string_view kPageBottom = "</main>\n";
 
-// The parameters that the report was asked with, as one paragraph; empty without any.
+// The parameters of the report as one paragraph; empty without any.
 std::string ParametersHtml(const Heading& heading);
 
 // "Nenhum registro", "1 registro", "1.234 registros".

@@ -19,7 +19,7 @@ std::vector<std::string> SheetNames() {
 const LabelSheet& SheetNamed(const std::string& name) {
   const std::string folded = Folded(name);
   if (const LabelSheet* sheet = FindLabelSheet(folded)) return *sheet;
-  throw UsageError(fmt::format("não há a folha \"{}\"{}; há {}", name, DidYouMean(folded, SheetNames()),
+  throw UsageError(fmt::format("a folha \"{}\" não existe{}; escolha entre {}", name, DidYouMean(folded, SheetNames()),
                                fmt::join(SheetNames(), ", ")));
 }
 
@@ -28,24 +28,24 @@ const LabelSheet& SheetNamed(const std::string& name) {
 void PreviewOptions::AddTo(CLI::App& command) {
   command
       .add_option("--folha", sheet_,
-                  fmt::format("html, etiquetas: a folha, papel-colunasxlinhas: {} (sem esta opção, {})",
+                  fmt::format("html, etiquetas: a folha (papel-colunasxlinhas): {} (sem esta opção, {})",
                               fmt::join(SheetNames(), ", "), sheet_))
       ->option_text("FOLHA");
   command
       .add_option("--primeira", firstLabel_,
-                  "html, etiquetas: a primeira livre da folha, contada por linhas (sem esta opção, 1)")
+                  "html, etiquetas: a primeira etiqueta livre da folha, linha a linha (sem esta opção, 1)")
       ->option_text("NÚMERO");
-  command.add_option("--copias", copies_, "html, etiquetas: quantas de cada (sem esta opção, 1)")
+  command.add_option("--copias", copies_, "html, etiquetas: quantas cópias de cada uma (sem esta opção, 1)")
       ->option_text("NÚMERO");
 }
 
 HtmlOptions PreviewOptions::Options() const {
   const LabelSheet& sheet = SheetNamed(sheet_);
   if (firstLabel_ < 1 || firstLabel_ > sheet.Labels())
-    throw UsageError(fmt::format("a folha {} tem as etiquetas 1 a {}: --primeira {} não há", sheet.name, sheet.Labels(),
+    throw UsageError(fmt::format("--primeira vai de 1 a {} na folha {}, e não pode ser {}", sheet.Labels(), sheet.name,
                                  firstLabel_));
   if (copies_ < 1 || copies_ > kMostCopies)
-    throw UsageError(fmt::format("--copias vai de 1 a {}: {} não", kMostCopies, copies_));
+    throw UsageError(fmt::format("--copias vai de 1 a {}, e não pode ser {}", kMostCopies, copies_));
   return {{.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_},
           values::FormatDate(values::Now(), L"dd/mm/yyyy hh:nn")};
 }

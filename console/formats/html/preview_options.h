@@ -1,4 +1,4 @@
-// The options by which a command is told how to print: the sheet of labels, where to begin on it, and how many of each.
+// The options of a command that say how to print labels: on which sheet, from which label on, and how many copies.
 #pragma once
 
 #include <string>

@@ -17,7 +17,7 @@ using guide::Place;
 constexpr std::wstring_view kAccented = L"áàâãäéèêëíìîïóòôõöúùûüçñÁÀÂÃÄÉÈÊËÍÌÎÏÓÒÔÕÖÚÙÛÜÇÑ";
 constexpr std::wstring_view kPlain = L"aaaaaeeeeiiiiooooouuuucnaaaaaeeeeiiiiooooouuuucn";
 
-// What texts are put in alphabetical order by: neither case nor accents.
+// The key by which texts are sorted: without case and accents.
 std::wstring AlphabeticalOrder(std::wstring text) {
   for (wchar_t& letter : text) {
     if (const auto at = kAccented.find(letter); at != kAccented.npos)
@@ -47,7 +47,7 @@ std::wstring JoinedTexts(const RowReader& row, const std::vector<const guide::Co
   return text;
 }
 
-// The one column in a place, or null.
+// The only column in a place, or null.
 const guide::Column* ColumnIn(Place place, const guide::Report& report) {
   const auto columns = guide::ColumnsIn(place, report);
   return columns.empty() ? nullptr : columns.front();

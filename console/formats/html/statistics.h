@@ -1,4 +1,4 @@
-// Statistics grouped and totalled, as the front end's layouts do it with the rows of the reports.
+// Statistics, grouped and totalled from the rows of a report as the front end's layouts do it.
 #pragma once
 
 #include <cstdint>
@@ -17,16 +17,16 @@ struct StatisticsLine {
   std::vector<double> sums;
 };
 
-// Lines under one heading, with what they sum to.
+// The lines under one heading, with their sums.
 struct StatisticsBlock {
-  std::wstring name;  // empty where the statistic has no second level
+  std::wstring name;  // empty if the statistic has only one level
   std::vector<StatisticsLine> lines;
   std::vector<double> sums;
 };
 
 struct Statistics {
   std::wstring title, subtitle;
-  // What is said once: "Operador", and who.
+  // Captions and texts that are printed once: "Operador" and a name.
   std::vector<std::pair<std::wstring, std::wstring>> facts;
   std::wstring groupCaption;           // of the lines' names: "Dia"
   std::vector<std::wstring> measures;  // "Documentos", "Páginas"
@@ -55,7 +55,7 @@ class StatisticsGatherer {
   void TakeHeading(const RowReader& first);
 
   const guide::Report& report_;
-  // Null where the report has none.
+  // Null if the report has no such column.
   const guide::Column* block_;
   const guide::Column* line_;
   const guide::Column* total_;

@@ -59,7 +59,7 @@ std::vector<Bar> ByMonth(const std::vector<Bar>& days) {
   return months;
 }
 
-// The last measure of every line, which is the one that the statistic is of.
+// A bar for the last measure of every line, which is the subject of the statistic.
 std::string ChartHtml(const Statistics& statistics) {
   std::vector<Bar> bars;
   for (const StatisticsBlock& block : statistics.blocks) {

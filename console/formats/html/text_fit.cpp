@@ -1,4 +1,4 @@
-// Wrapping a text by estimated letter widths, as a browser would.
+// Wraps a text by estimated letter widths, as a browser would.
 #include "console/formats/html/text_fit.h"
 
 #include <algorithm>
@@ -7,9 +7,9 @@
 namespace kodra::console::html {
 namespace {
 
-constexpr double kStep = 0.95;  // from one size tried to the next
+constexpr double kStep = 0.95;  // the factor from one size to the next
 
-// The width of a letter in letter sizes; letters unknown here are as wide as they are high.
+// The width of a letter in letter sizes; a letter that is not listed is as wide as it is high.
 double LetterWidth(wchar_t letter) {
   if (std::wstring_view(L" .,;:!|'ijlíìtf/\\()[]").find(letter) != std::wstring_view::npos) return 0.34;
   if (std::wstring_view(L"mwMW%@—…").find(letter) != std::wstring_view::npos) return 1.0;

@@ -1,4 +1,4 @@
-// The size of letters at which a text fits into a box, without a browser to ask.
+// The size of letters at which a text fits into a box, estimated without a browser.
 #pragma once
 
 #include <string>
@@ -23,7 +23,7 @@ struct FittedText {
 // The size is at most `largest` and at least `smallest`; a text that needs smaller letters is cut.
 FittedText FitText(std::wstring_view text, Box box, double largest, double smallest, bool bold = false);
 
-// The same on one line that is never wrapped.
+// The same for a text on one line, without wrapping.
 FittedText FitLine(std::wstring_view text, double width, double largest, double smallest, bool bold = false);
 
 // Whether a text wrapped at blanks fits into the box in letters of that size.

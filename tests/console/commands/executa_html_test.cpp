@@ -69,12 +69,13 @@ TEST(ExecutaHtmlUsage, RefusesASheetALabelAndACopyThatDoNotExist) {
   };
   for (const Case& wrong : std::vector<Case>{
            {{"--folha", "a4-2x6"},
-            "não há a folha \"a4-2x6\" (quis dizer \"a4-2x4\"?); há a4-2x4, a4-2x7, a4-3x7, a4-3x8, a4-1x2, "
+            "a folha \"a4-2x6\" não existe (quis dizer \"a4-2x4\"?); escolha entre a4-2x4, a4-2x7, a4-3x7, a4-3x8, "
+            "a4-1x2, "
             "carta-2x5, carta-3x10"},
-           {{"--folha", "a4-2x4", "--primeira", "9"}, "a folha a4-2x4 tem as etiquetas 1 a 8: --primeira 9 não há"},
-           {{"--primeira", "0"}, "a folha a4-2x4 tem as etiquetas 1 a 8: --primeira 0 não há"},
-           {{"--copias", "0"}, "--copias vai de 1 a 1000: 0 não"},
-           {{"--copias", "1001"}, "--copias vai de 1 a 1000: 1001 não"},
+           {{"--folha", "a4-2x4", "--primeira", "9"}, "--primeira vai de 1 a 8 na folha a4-2x4, e não pode ser 9"},
+           {{"--primeira", "0"}, "--primeira vai de 1 a 8 na folha a4-2x4, e não pode ser 0"},
+           {{"--copias", "0"}, "--copias vai de 1 a 1000, e não pode ser 0"},
+           {{"--copias", "1001"}, "--copias vai de 1 a 1000, e não pode ser 1001"},
        }) {
     std::vector<std::string> arguments = {"executa", "CCaixaRpt.EtiquetaAbertura", "--conexao", "DSN=x"};
     arguments.insert(arguments.end(), wrong.options.begin(), wrong.options.end());

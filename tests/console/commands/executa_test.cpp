@@ -146,7 +146,8 @@ TEST(ExecutaUsage, RefusesWrongValuesAndSuggestsTheNearestName) {
   };
   const std::string separator = "--separador deve ser um caractere, como ; ou |, ou a palavra tab";
   for (const Case& wrong : std::vector<Case>{
-           {"--formato", "jsno", "não há o formato \"jsno\" (quis dizer \"json\"?); há tabela, csv, json, xlsx, html"},
+           {"--formato", "jsno",
+            "o formato \"jsno\" não existe (quis dizer \"json\"?); escolha entre tabela, csv, json, xlsx, html"},
            {"--progresso", "sempe", "--progresso deve ser sempre, nunca ou auto (quis dizer \"sempre\"?)"},
            {"--separador", "\"", separator},
            {"--separador", "é", separator},
@@ -226,9 +227,9 @@ TEST_F(ExecutaPassword, ComesFromTheEnvironment) {
   // The password of the connection string is used, unless a variable is named.
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", ToUtf8(full)}).code, ExitCode::kOk);
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", ToUtf8(full), "--senha-de", "SENHA_DO_ACERVO"}),
-            UsageFailure("a string de conexão já tem uma senha: tire-a de lá ou tire --senha-de"));
+            UsageFailure("a string de conexão já tem uma senha: remova-a ou não use --senha-de"));
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "NAO_HA"}),
-            UsageFailure("não há a variável de ambiente \"NAO_HA\", de --senha-de"));
+            UsageFailure("a variável de ambiente \"NAO_HA\", de --senha-de, não existe"));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ TEST(NumberIn, IsTheNumberThatTheDigitsOfASingleShow) {
   EXPECT_EQ(NumberIn(std::numeric_limits<float>::infinity()), std::numeric_limits<double>::infinity());
 }
 
-TEST(NumberIn, IsNothingForWhatIsNoNumber) {
+TEST(NumberIn, IsNothingForAValueThatIsNotANumber) {
   EXPECT_EQ(NumberIn(L"1"), std::nullopt);
   EXPECT_EQ(NumberIn(true), std::nullopt);
   EXPECT_EQ(NumberIn(Null{}), std::nullopt);

@@ -27,16 +27,16 @@ TEST(CsvWriter, QuotesSeparatorsQuotesAndLineEnds) {
             "\"A,B\",C\r\n\"um, dois\",\"diz \"\"sim\"\"\"\r\n\"linha\nfeita\",\"de\rduas\"\r\n");
 }
 
-TEST(CsvWriter, QuotesTheSeparatorThatWasChosenOnly) {
+TEST(CsvWriter, QuotesOnlyTheChosenSeparator) {
   EXPECT_EQ(Csv({{L"A"}, {L"B"}}, {{L"um, dois", L"três; quatro"}}, {.separator = ';'}),
             "A;B\r\num, dois;\"três; quatro\"\r\n");
 }
 
-TEST(CsvWriter, TellsTheEmptyTextFromNull) {
+TEST(CsvWriter, DistinguishesTheEmptyTextFromNull) {
   EXPECT_EQ(Csv({{L"A"}, {L"B"}, {L"C"}}, {{L"", Null{}, Empty{}}}), "A,B,C\r\n\"\",,\r\n");
 }
 
-TEST(CsvWriter, LeavesNoLineBlank) { EXPECT_EQ(Csv({{L"A"}}, {{Null{}}, {L"x"}}), "A\r\n\"\"\r\nx\r\n"); }
+TEST(CsvWriter, WritesNoBlankLine) { EXPECT_EQ(Csv({{L"A"}}, {{Null{}}, {L"x"}}), "A\r\n\"\"\r\nx\r\n"); }
 
 TEST(CsvWriter, WritesNumbersWithAPointAndFlagsAsWords) {
   const std::vector<Column> columns = {
@@ -45,7 +45,7 @@ TEST(CsvWriter, WritesNumbersWithAPointAndFlagsAsWords) {
             "A,B,C,D\r\n-7,9007199254740993,1234.5,true\r\n0,-1,0.1,false\r\n");
 }
 
-TEST(CsvWriter, WritesDatesAsTheirColumnHasThem) {
+TEST(CsvWriter, WritesDatesWithOrWithoutTimeAsTheirColumnIsDeclared) {
   const std::vector<Column> columns = {{L"DIA", ColumnKind::kDay}, {L"HORA", ColumnKind::kMoment}, {L"TEXTO"}};
   EXPECT_EQ(Csv(columns, {{kDay, kMoment, kDay}, {kMoment, kDay, kMoment}}),
             "DIA,HORA,TEXTO\r\n2023-12-31,2023-12-31T10:20:30,2023-12-31\r\n"

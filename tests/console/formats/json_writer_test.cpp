@@ -16,7 +16,7 @@ std::string Json(const std::vector<Column>& columns, std::initializer_list<Cells
   return Written<JsonWriter>(columns, rows, shape);
 }
 
-TEST(JsonWriter, WritesAnArrayWithARowALine) {
+TEST(JsonWriter, WritesAnArrayWithEachRowOnItsOwnLine) {
   EXPECT_EQ(Json({{L"COD"}, {L"DESCRIÇÃO"}}, {{L"1", L"Finanças"}, {L"2", L"Jurídico"}}),
             "[\n"
             "{\"COD\":\"1\",\"DESCRIÇÃO\":\"Finanças\"},\n"
@@ -29,12 +29,12 @@ TEST(JsonWriter, WritesAnEmptyArrayWithoutRows) {
   EXPECT_EQ(Json({}, {}), "[]\n");
 }
 
-TEST(JsonWriter, WritesLinesThatStandAlone) {
+TEST(JsonWriter, WritesLinesWithoutAnArray) {
   EXPECT_EQ(Json({{L"A"}}, {{L"x"}, {L"y"}}, JsonShape::kLines), "{\"A\":\"x\"}\n{\"A\":\"y\"}\n");
   EXPECT_EQ(Json({{L"A"}}, {}, JsonShape::kLines), "");
 }
 
-TEST(JsonWriter, WritesEachKindOfValueAsJsonHasIt) {
+TEST(JsonWriter, WritesEachKindOfValueInItsJsonForm) {
   const std::vector<Column> columns = {{L"A", ColumnKind::kNumber}, {L"B", ColumnKind::kNumber},
                                        {L"C", ColumnKind::kFlag},   {L"D", ColumnKind::kDay},
                                        {L"E", ColumnKind::kMoment}, {L"F"}};
@@ -50,7 +50,7 @@ TEST(JsonWriter, WritesNumbersOfEveryTypeWithTheirDigits) {
       "[\n{\"A\":0.1,\"B\":922337203685477.5807,\"C\":30792422974944119.506,\"D\":18446744073709551615}\n]\n");
 }
 
-TEST(JsonWriter, WritesNullForNumbersThatJsonHasNot) {
+TEST(JsonWriter, WritesNullForNumbersThatJsonCannotExpress) {
   EXPECT_EQ(Json({{L"A", ColumnKind::kNumber}}, {{INFINITY}, {NAN}}), "[\n{\"A\":null},\n{\"A\":null}\n]\n");
   EXPECT_EQ(Json({{L"A"}}, {{-std::numeric_limits<float>::infinity()}}), "[\n{\"A\":null}\n]\n");
 }
@@ -60,12 +60,12 @@ TEST(JsonWriter, EscapesQuotesBackslashesAndControlCharacters) {
             "[\n{\"A \\\"a\\\"\":\"C:\\\\x \\\"y\\\"\\n\\t\\u0001\"}\n]\n");
 }
 
-TEST(JsonWriter, NumbersAColumnOfTheNameOfAnEarlierOne) {
+TEST(JsonWriter, AddsANumberToTheNameOfARepeatedColumn) {
   EXPECT_EQ(Json({{L"T"}, {L"T_2"}, {L"T"}, {L"T"}}, {{1, 2, 3, 4}}),
             "[\n{\"T\":1,\"T_2\":2,\"T_3\":3,\"T_4\":4}\n]\n");
 }
 
-TEST(JsonWriter, IsReadBackWhole) {
+TEST(JsonWriter, IsReadBackUnchanged) {
   const std::wstring text = L"Acentuação, \"aspas\", \\, \u20ac, \u2028, fim";
   const auto read = nlohmann::json::parse(Json({{L"A"}, {L"B"}}, {{text, 0.1}, {L"", -0.0}}));
   ASSERT_EQ(read.size(), 2U);

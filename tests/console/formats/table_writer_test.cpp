@@ -38,7 +38,7 @@ TEST(TableWriter, WritesADateBeforeTheYear100InIsoForm) {
             "A\n──────────\n0099-12-31\n01/01/100\n(2 linhas)\n");
 }
 
-TEST(TableWriter, CountsAnAccentOfItsOwnForNoWidth) {
+TEST(TableWriter, CountsNoWidthForACombiningAccent) {
   // "é" as one character and as "e" with a combining accent.
   EXPECT_EQ(Table({{L"A"}, {L"B"}}, {{L"\u00e9t\u00e9", L"x"}, {L"e\u0301te\u0301", L"y"}}),
             "A    B\n───  ─\n\u00e9t\u00e9  x\ne\u0301te\u0301  y\n(2 linhas)\n");
@@ -50,12 +50,12 @@ TEST(TableWriter, SaysHowManyRowsThereAre) {
   EXPECT_EQ(Table({}, {}), "(0 linhas)\n");
 }
 
-TEST(TableWriter, KeepsACellOnItsLineAndTheTerminalUncommanded) {
+TEST(TableWriter, WritesACellOnOneLineWithoutControlCharacters) {
   EXPECT_EQ(Table({{L"A"}}, {{L"um\r\ndois\ntrês\tquatro"}, {L"\x1b[31mvermelho\x07\u009b"}}),
             "A\n───────────────────\num dois três quatro\n\uFFFD[31mvermelho\uFFFD\uFFFD\n(2 linhas)\n");
 }
 
-TEST(TableWriter, WritesLaterRowsInTheWidthsOfTheFirst) {
+TEST(TableWriter, WritesLaterRowsWithTheWidthsOfTheFirst) {
   TextOutput output;
   TableWriter writer(output);
   const std::vector<Column> columns = {{L"A"}, {L"B"}};

@@ -1,4 +1,4 @@
-// A report's rows of a test's own, and what a format makes of them.
+// Rows that a test makes, and the text that a format writes for them.
 #pragma once
 
 #include <initializer_list>
@@ -20,7 +20,7 @@ inline void WriteTo(RowWriter& writer, const std::vector<Column>& columns, std::
   writer.End();
 }
 
-// The whole text that a writer with these options writes.
+// Returns the whole text that a writer with these options writes.
 template <class Writer, class... Options>
 std::string Written(const std::vector<Column>& columns, std::initializer_list<Cells> rows, Options... options) {
   TextOutput output;

@@ -38,7 +38,7 @@ class XlsxWriterTest : public testing::Test {
     return text;
   }
 
-  // From one mark to the next, both included.
+  // The part of a text from one mark to the next, both included.
   static std::string Between(const std::string& text, const std::string& first, const std::string& last) {
     const std::size_t start = text.find(first);
     const std::size_t end = text.find(last, start);
@@ -99,7 +99,7 @@ TEST_F(XlsxWriterTest, WritesABlankInItsPropertiesForACharacterThatXmlCannotHold
             "<dc:description>Owner: Ana [31m</dc:description>");
 }
 
-TEST_F(XlsxWriterTest, WritesNumbersFlagsAndDatesAsASpreadsheetsOwn) {
+TEST_F(XlsxWriterTest, WritesNumbersFlagsAndDatesAsValuesOfASpreadsheet) {
   Write({{L"A", ColumnKind::kNumber}, {L"B", ColumnKind::kFlag}, {L"C", ColumnKind::kDay}, {L"D", ColumnKind::kMoment}},
         {{1234.5, true, kDay, Date{45291.5}}, {-7, false, Null{}, kDay}});
   EXPECT_EQ(Rows(),
@@ -148,7 +148,7 @@ TEST_F(XlsxWriterTest, WritesAsTextWhatItsNumbersCannotHold) {
             "</row>");
 }
 
-TEST_F(XlsxWriterTest, WritesWholeNumbersBeyondFifteenDigitsAsTextsOfEveryType) {
+TEST_F(XlsxWriterTest, WritesWholeNumbersOfMoreThanFifteenDigitsAsTexts) {
   constexpr std::int64_t kSmallest = std::numeric_limits<std::int64_t>::min();
   Write({{L"A"}, {L"B"}, {L"C"}, {L"D"}},
         {{kSmallest, static_cast<double>(kSmallest), 9007199254740992.0, std::int64_t{9007199254740993}},
@@ -177,7 +177,7 @@ TEST_F(XlsxWriterTest, WritesDatesOutsideTheCalendarInIsoForm) {
             "</row>");
 }
 
-TEST_F(XlsxWriterTest, KeepsTheNamesInSightAndFiltersByThem) {
+TEST_F(XlsxWriterTest, KeepsTheNamesVisibleWithAFilter) {
   Write({{L"DESCRIÇÃO"}, {L"N", ColumnKind::kNumber}}, {{L"Departamento de Finanças", 1}, {L"x", 22}});
   const std::string sheet = Part("xl/worksheets/sheet1.xml");
   EXPECT_EQ(Between(sheet, "<row r=\"1\"", "</row>"),
@@ -188,13 +188,13 @@ TEST_F(XlsxWriterTest, KeepsTheNamesInSightAndFiltersByThem) {
   EXPECT_EQ(Between(sheet, "<pane", "/>"),
             "<pane ySplit=\"1\" topLeftCell=\"A2\" activePane=\"bottomLeft\" state=\"frozen\"/>");
   EXPECT_EQ(Between(sheet, "<autoFilter", "/>"), "<autoFilter ref=\"A1:B3\"/>");
-  // Widths in characters, as a spreadsheet keeps them: with the margins of a cell.
+  // Widths in characters, with the margins of a cell, as a spreadsheet stores them.
   EXPECT_EQ(Between(sheet, "<cols>", "</cols>"),
             "<cols><col min=\"1\" max=\"1\" width=\"25.7109375\" customWidth=\"1\"/>"
             "<col min=\"2\" max=\"2\" width=\"9.7109375\" customWidth=\"1\"/></cols>");
 }
 
-TEST_F(XlsxWriterTest, IsNamedAfterItsReport) {
+TEST_F(XlsxWriterTest, HasTheTitleAndParametersOfItsReport) {
   const auto writer = NewXlsxWriter(Path());
   const std::vector<Column> columns = {{L"A"}};
   writer->Begin(
@@ -237,7 +237,7 @@ TEST_F(XlsxWriterTest, CountsACharacterBeyondSixteenBitsTwice) {
             "um texto é mais longo do que cabe em uma célula de planilha (linha 1, coluna A): use --formato csv.");
 }
 
-// What a spreadsheet at a path fails with; nothing may be printed.
+// The message of the error with which writing a spreadsheet at the path fails; nothing may be printed.
 std::string FailureAt(const std::wstring& path) {
   testing::internal::CaptureStderr();
   const std::string failure = FailureOf([&] { WriteTo(*NewXlsxWriter(path), {{L"A"}}, {{L"x"}}); });
@@ -245,7 +245,7 @@ std::string FailureAt(const std::wstring& path) {
   return failure;
 }
 
-TEST_F(XlsxWriterTest, SaysInPortugueseAloneWhyTheFileCannotBeWritten) {
+TEST_F(XlsxWriterTest, SaysOnlyInPortugueseWhyTheFileCannotBeWritten) {
   EXPECT_EQ(FailureAt(L"/não/existe/planilha.xlsx"), "não foi possível gravar a planilha: a pasta não existe.");
   EXPECT_EQ(FailureAt(values::FromUtf8(folder_.string())), "não foi possível gravar a planilha: é uma pasta.");
   EXPECT_EQ(FailureAt(L"/dev/full"), "não foi possível gravar a planilha: o disco está cheio.");

@@ -10,7 +10,7 @@ TEST(WithPassword, AddsAPasswordAtTheEnd) {
   EXPECT_EQ(WithPassword(L"DSN=Acervo;", L"x1"), L"DSN=Acervo;PWD=x1;");
 }
 
-TEST(WithPassword, QuotesWhatWouldEndOrOpenAValue) {
+TEST(WithPassword, QuotesAPasswordThatIsNotAPlainValue) {
   EXPECT_EQ(WithPassword(L"DSN=D", L"a;b"), L"DSN=D;PWD=\"a;b\";");
   EXPECT_EQ(WithPassword(L"DSN=D", L"{a}"), L"DSN=D;PWD=\"{a}\";");
   EXPECT_EQ(WithPassword(L"DSN=D", L"a\"b"), L"DSN=D;PWD=\"a\"\"b\";");

@@ -9,7 +9,7 @@ namespace {
 
 using Style = Progress::Style;
 
-// A report whose rows come when the test says.
+// A report whose rows come at the times that the test sets.
 struct Watched {
   explicit Watched(Style style) : progress(errors, style, [this] { return now; }) {}
   void Rows(int count) {
@@ -43,7 +43,7 @@ TEST(Progress, ShowsCountAndRateTwiceASecondAfterTheFirst) {
   EXPECT_EQ(run.errors.Text(), "\r1.000 linhas, 1.000 por segundo\r1.003 linhas, 668 por segundo  ");
 }
 
-TEST(Progress, EndsWithTheSumOverTheCount) {
+TEST(Progress, EndsWithTheTotalInPlaceOfTheCount) {
   Watched run(Style::kOneLine);
   run.now = 101;
   run.Rows(1);
@@ -63,7 +63,7 @@ TEST(Progress, PutsEachCountOnItsOwnLineInALog) {
   EXPECT_EQ(run.errors.Text(), "1 linha, 0 por segundo\n10 linhas em 2,3 s (4 por segundo)\n");
 }
 
-TEST(Progress, LeavesItsLineForAnotherMessage) {
+TEST(Progress, EndsItsLineBeforeAnotherMessage) {
   Watched run(Style::kOneLine);
   run.progress.Abandon();
   EXPECT_EQ(run.errors.Text(), "");
@@ -74,7 +74,7 @@ TEST(Progress, LeavesItsLineForAnotherMessage) {
   EXPECT_EQ(run.errors.Text(), "\r1 linha, 1 por segundo\n");
 }
 
-// As standard error on a full disk.
+// An output that fails, like standard error on a full disk.
 class FullOutput final : public Output {
  public:
   void Write(std::string_view /*bytes*/) override {

@@ -55,7 +55,7 @@ class TargetFileTest : public testing::Test {
   fs::path folder_;
 };
 
-TEST_F(TargetFileTest, IsThereOnlyOnceItIsComplete) {
+TEST_F(TargetFileTest, AppearsOnlyWhenItIsComplete) {
   {
     TargetFile file(Wide(At("relatório.csv")));
     file.Write("A,B\r\n");
@@ -66,7 +66,7 @@ TEST_F(TargetFileTest, IsThereOnlyOnceItIsComplete) {
   EXPECT_EQ(Names(), std::vector<std::string>{"relatório.csv"});
 }
 
-TEST_F(TargetFileTest, LeavesTheFormerFileUntouchedWithoutCommit) {
+TEST_F(TargetFileTest, LeavesThePreviousFileUnchangedWithoutCommit) {
   Write(At("a.csv"), "antes");
   {
     TargetFile file(Wide(At("a.csv")));
@@ -102,7 +102,7 @@ TEST_F(TargetFileTest, NamesTheUnfinishedFileThatIsInItsWay) {
   EXPECT_EQ(Names().size(), 100U);
 }
 
-TEST_F(TargetFileTest, KeepsThePermissionsOfTheFormerFile) {
+TEST_F(TargetFileTest, KeepsThePermissionsOfThePreviousFile) {
   Write(At("a.csv"), "antes");
   fs::permissions(At("a.csv"), fs::perms::owner_read | fs::perms::group_read);
   TargetFile file(Wide(At("a.csv")));
@@ -111,7 +111,7 @@ TEST_F(TargetFileTest, KeepsThePermissionsOfTheFormerFile) {
   EXPECT_EQ(Read(At("a.csv")), "");
 }
 
-TEST_F(TargetFileTest, IsForItsOwnerAloneUntilItReplacesAFile) {
+TEST_F(TargetFileTest, IsReadableOnlyByItsOwnerUntilItReplacesAFile) {
   Write(At("a.csv"), "antes");
   fs::permissions(At("a.csv"), static_cast<fs::perms>(0644));
   TargetFile file(Wide(At("a.csv")));
@@ -120,7 +120,7 @@ TEST_F(TargetFileTest, IsForItsOwnerAloneUntilItReplacesAFile) {
   EXPECT_EQ(Permissions(At("a.csv")), 0644U);
 }
 
-TEST_F(TargetFileTest, HasThePermissionsOfEveryNewFile) {
+TEST_F(TargetFileTest, HasTheDefaultPermissionsWhenItIsNew) {
   const mode_t former = umask(027);
   TargetFile file(Wide(At("a.csv")));
   file.Commit();
@@ -136,7 +136,7 @@ TEST_F(TargetFileTest, KeepsNoSetUidBit) {
   EXPECT_EQ(Permissions(At("a.csv")), 0755U);
 }
 
-TEST_F(TargetFileTest, KeepsOwnerAndGroupOfTheFormerFile) {
+TEST_F(TargetFileTest, KeepsOwnerAndGroupOfThePreviousFile) {
   if (geteuid() != 0) GTEST_SKIP() << "only root may give a file to another user";
   Write(At("a.csv"), "antes");
   ASSERT_EQ(chown(At("a.csv").c_str(), 12345, 23456), 0);
@@ -147,7 +147,7 @@ TEST_F(TargetFileTest, KeepsOwnerAndGroupOfTheFormerFile) {
   EXPECT_EQ(Permissions(At("a.csv")), 0640U);
 }
 
-TEST_F(TargetFileTest, LetsAnotherGroupReadNoMoreThanEverybody) {
+TEST_F(TargetFileTest, GivesAnotherGroupOnlyThePermissionsOfEverybody) {
   if (geteuid() != 0) GTEST_SKIP() << "only root may become another user";
   Write(At("a.csv"), "antes");
   fs::permissions(At("a.csv"), static_cast<fs::perms>(0664));
@@ -166,7 +166,7 @@ TEST_F(TargetFileTest, LetsAnotherGroupReadNoMoreThanEverybody) {
   EXPECT_EQ(Permissions(At("a.csv")), 0644U);
 }
 
-TEST_F(TargetFileTest, ReplacesWhatALinkLeadsTo) {
+TEST_F(TargetFileTest, ReplacesTheTargetOfALink) {
   Write(At("a.csv"), "antes");
   fs::create_symlink(At("a.csv"), At("link.csv"));
   TargetFile file(Wide(At("link.csv")));
