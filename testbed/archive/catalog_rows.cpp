@@ -22,7 +22,8 @@ MaybeText Maybe(const wchar_t* text) {
 }
 
 Text Address(Random& random) {
-  return Text(At(Streets(), random.Below(CountOf(Streets())))) + L", " + std::to_wstring(random.Between(1, 2999));
+  const std::int64_t number = random.Between(1, 2999);
+  return Text(At(Streets(), random.Below(CountOf(Streets())))) + L", " + std::to_wstring(number);
 }
 
 Text PostalCode(const City& city, Random& random) {
@@ -30,8 +31,9 @@ Text PostalCode(const City& city, Random& random) {
 }
 
 Text Telephone(Random& random) {
-  return L"(" + std::to_wstring(random.Between(11, 99)) + L") 3" + Padded(random.Below(1000), 3) + L"-" +
-         Padded(random.Below(10000), 4);
+  const Text line = Padded(random.Below(10000), 4);
+  const Text exchange = Padded(random.Below(1000), 3);
+  return L"(" + std::to_wstring(random.Between(11, 99)) + L") 3" + exchange + L"-" + line;
 }
 
 struct MediaType {

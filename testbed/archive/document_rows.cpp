@@ -28,14 +28,18 @@ Text KeyValue(KeyKind kind, Day day, Random& random) {
       return BrazilianDate(day - days(random.Below(90)));
     case KeyKind::kCity:
       return Text(Cities()[static_cast<std::size_t>(random.Below(static_cast<std::int64_t>(Cities().size())))].name);
-    case KeyKind::kMoney:
-      return std::to_wstring(random.Between(10, 99999)) + L"," + Padded(random.Below(100), 2);
+    case KeyKind::kMoney: {
+      const Text cents = Padded(random.Below(100), 2);
+      return std::to_wstring(random.Between(10, 99999)) + L"," + cents;
+    }
   }
   return {};
 }
 
 Moment BusinessHour(Day day, Random& random) {
-  return day + hours(random.Between(8, 17)) + minutes(random.Below(60)) + seconds(random.Below(60));
+  const seconds second(random.Below(60));
+  const minutes minute(random.Below(60));
+  return day + hours(random.Between(8, 17)) + minute + second;
 }
 
 // Midnight for documents whose source had no time; the last second of the day for some.

@@ -13,7 +13,8 @@ class Random {
  public:
   Random(std::uint64_t table, std::int64_t row) : state_(Mix(Mix(kSeed + table) ^ static_cast<std::uint64_t>(row))) {}
 
-  // A number from 0 to limit - 1. REQUIRES: limit > 0.
+  // A number from 0 to limit - 1. REQUIRES: limit > 0. Draw one number per expression: compilers evaluate the operands
+  // of one in different orders.
   std::int64_t Below(std::int64_t limit) {
     state_ += kStep;
     return static_cast<std::int64_t>((Mix(state_) >> 1) % static_cast<std::uint64_t>(limit));

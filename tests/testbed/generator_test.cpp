@@ -42,6 +42,15 @@ TEST(Generator, MakesTheSameRowsForTheSameSize) {
   EXPECT_EQ(Lines(Generate({.documents = 300})), Lines(Generate({.documents = 300})));
 }
 
+// Programs of different compilers read and compare one archive.
+TEST(Generator, MakesTheSameRowsWhicheverCompilerBuiltIt) {
+  const Generator generator({.documents = 500});
+  const Deposito place = generator.Row<Deposito>(0);
+  EXPECT_EQ(place.endereco, L"Alameda das Acácias, 2544");
+  EXPECT_EQ(place.telefone, L"(69) 3197-4762");
+  EXPECT_EQ(IsoText(*generator.Row<Documento>(1).dataIndexacao), "2010-02-01 08:42:23");
+}
+
 TEST(Generator, MakesTheSameRowAloneAndInSequence) {
   const Generator generator({.documents = 300});
   const Archive archive = Generate({.documents = 300});
