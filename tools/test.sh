@@ -17,7 +17,20 @@ failed() { printf '[  FAILED  ] %s (0 ms)\n' "$1"; }
 # in_wine_form COMMAND…
 in_wine_form() { "$@" </dev/null 2>&1 | tr -d '\r'; }
 
+# Text files have LF line ends and no blanks before them, as .editorconfig and .gitattributes say.
+check_text_files() {
+  local unlike
+  unlike=$(
+    git ls-files --eol | awk -F '\t' '$1 !~ /^i\/lf / && $1 !~ /attr\/-text/ { print $2 }'
+    git grep -lI '[[:blank:]]$' -- ':!tests/fuzz/corpus' ':!tests/fuzz/found' || true
+  )
+  [ -z "$unlike" ] && { passed format.text; return; }
+  failed format.text
+  printf 'fim de linha ou brancos no fim de uma linha: %s\n' "$unlike"
+}
+
 group_format() {
+  check_text_files
   local files
   mapfile -t files < <(git ls-files '*.h' '*.cpp')
   if clang-format --dry-run -Werror "${files[@]}"; then
