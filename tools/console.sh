@@ -39,6 +39,7 @@ group_console() {
   archive sanitize build/test/acervo.db 500
   mkdir -p build/console
   same --help
+  same --version
   same lista
   same descreve CDocumentoRpt.RelatorioAnalítico
   same sql CModeloRpt --banco todos --bonito --CodModelo "ofício nº 7 – «café» €"

@@ -9,6 +9,7 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/terminal_text.h"
 #include "console/command_line/usage_error.h"
+#include "frame/version.h"
 #include "values/erro.h"
 #include "values/password.h"
 #include "values/utf8.h"
@@ -54,6 +55,7 @@ Program::Program(std::ostream& out, std::ostream& err)
       app_(std::make_unique<CLI::App>("Gera os relatórios do arquivo sem o programa que os imprime.", "kodrarpt")) {
   app_->option_defaults()->group("Opções");
   app_->set_help_flag(kHelpFlags, kHelpText);
+  app_->set_version_flag("--version", "kodrarpt " KODRA_VERSION_TEXT, "Mostra a versão");
   app_->formatter(std::make_shared<HelpFormatter>());
   app_->require_subcommand(1);
   app_->footer(kProgramFooter);
@@ -109,8 +111,8 @@ ExitCode Program::Parse(std::vector<std::string> arguments) {
   std::ranges::reverse(arguments);  // CLI11 takes them in reverse order
   try {
     app_->parse(std::move(arguments));
-  } catch (const CLI::Success& help) {
-    app_->exit(help, out_, err_);
+  } catch (const CLI::Success& answer) {
+    app_->exit(answer, out_, err_);
     return ExitCode::kOk;
   } catch (const CLI::ParseError& error) {
     for (const CLI::App* command : app_->get_subcommands()) CheckExtras(*command);

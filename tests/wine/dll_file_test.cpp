@@ -1,13 +1,10 @@
 // KodraRpt.dll as a file: its kind, its exports, its imports from Windows and its version resource.
 #include <gtest/gtest.h>
-// clang-format off
-#include <windows.h>
-#include <winver.h>
-// clang-format on
 
 #include "tests/wine/component_imports.h"
 #include "tests/wine/environment.h"
 #include "tests/wine/pe_file.h"
+#include "tests/wine/version_resource.h"
 
 namespace kodra::face {
 namespace {
@@ -74,43 +71,11 @@ TEST(DllFile, ContainsItsTypeLibrary) {
   FreeLibrary(module);
 }
 
-class DllVersion : public testing::Test {
- protected:
-  DllVersion() : block_(GetFileVersionInfoSizeW(DllPath().c_str(), nullptr)) {
-    EXPECT_TRUE(GetFileVersionInfoW(DllPath().c_str(), 0, static_cast<DWORD>(block_.size()), block_.data()));
-  }
-  // A text of the block in Brazilian Portuguese.
-  std::wstring Text(const wchar_t* name) {
-    void* text = nullptr;
-    UINT length = 0;
-    const std::wstring path = std::wstring(L"\\StringFileInfo\\041604B0\\") + name;
-    if (!VerQueryValueW(block_.data(), path.c_str(), &text, &length)) return L"(absent)";
-    return static_cast<const wchar_t*>(text);
-  }
-
-  std::vector<unsigned char> block_;
-};
-
-TEST_F(DllVersion, IsOneZeroRevision49) {
-  void* found = nullptr;
-  UINT length = 0;
-  ASSERT_TRUE(VerQueryValueW(block_.data(), L"\\", &found, &length));
-  const auto& version = *static_cast<const VS_FIXEDFILEINFO*>(found);
-  EXPECT_EQ(1, HIWORD(version.dwFileVersionMS));
-  EXPECT_EQ(0, LOWORD(version.dwFileVersionMS));
-  EXPECT_EQ(0, HIWORD(version.dwFileVersionLS));
-  EXPECT_EQ(49, LOWORD(version.dwFileVersionLS));
-  EXPECT_EQ(version.dwFileVersionMS, version.dwProductVersionMS);
-  EXPECT_EQ(version.dwFileVersionLS, version.dwProductVersionLS);
-  EXPECT_EQ(static_cast<DWORD>(VFT_DLL), version.dwFileType);
-}
-
-TEST_F(DllVersion, IsTheSameInItsTexts) {
-  EXPECT_EQ(L"1.0.49", Text(L"FileVersion"));
-  EXPECT_EQ(L"1.0.49", Text(L"ProductVersion"));
-  EXPECT_EQ(L"KodraRpt", Text(L"ProductName"));
-  EXPECT_EQ(L"KodraRpt.dll", Text(L"OriginalFilename"));
-  EXPECT_EQ(L"Dados dos relatórios do arquivo", Text(L"FileDescription"));
+TEST(DllFile, HasTheVersionOfTheRelease) {
+  VersionResource resource(DllPath());
+  ExpectVersionOfRelease(resource, VFT_DLL);
+  EXPECT_EQ(L"KodraRpt.dll", resource.Text(L"OriginalFilename"));
+  EXPECT_EQ(L"Dados dos relatórios do arquivo", resource.Text(L"FileDescription"));
 }
 
 }  // namespace

@@ -71,6 +71,19 @@ TEST(ProgramTest, ShowsItsHelpAndFailsWithoutACommand) {
   EXPECT_EQ(noCommand, (RunResult{ExitCode::kUsage, "", help.out}));
 }
 
+TEST(ProgramTest, ShowsItsVersion) {
+  EXPECT_EQ(RunProgram({"--version"}), Success("kodrarpt 1.0.49\n"));
+  EXPECT_EQ(RunProgram({"lista", "--version"}), UsageFailure("\"lista\" não tem a opção \"--version\""));
+}
+
+TEST(ProgramTest, ListsTheOptionThatShowsTheVersionInItsHelp) {
+  EXPECT_NE(RunProgram({"--help"})
+                .out.find("Opções:\n"
+                          "  -h,--help                   Mostra esta ajuda\n"
+                          "  --version                   Mostra a versão\n"),
+            std::string::npos);
+}
+
 TEST(ProgramTest, WritesItsHelpInPortugueseWithColumnsOfCharacters) {
   std::ostringstream out;
   std::ostringstream err;
