@@ -1,7 +1,15 @@
-# libxlsxwriter for Windows, from the source that "./kodra setup" puts into the cache; without it there is no target.
+# libxlsxwriter for Windows, from the source that "./kodra setup package" puts into the cache: the same folder as in
+# tools/all.sh, and root's as a last resort. Without the source there is no target xlsxwriter.
 set(cache $ENV{KODRA_CACHE})
 if(NOT cache)
-  set(cache /var/cache/kodra)
+  set(user_cache $ENV{XDG_CACHE_HOME})
+  if(NOT user_cache)
+    set(user_cache $ENV{HOME}/.cache)
+  endif()
+  set(cache ${user_cache}/kodra)
+  if(NOT EXISTS ${cache}/libxlsxwriter)
+    set(cache /var/cache/kodra)
+  endif()
 endif()
 set(xlsxwriter_source ${cache}/libxlsxwriter)
 if(NOT EXISTS ${xlsxwriter_source}/src/workbook.c)

@@ -17,7 +17,7 @@ namespace kodra::console {
 
 // Returns a writer to the path; an existing file is replaced at End. The writer raises OutputError for more rows than a
 // sheet can have (1,048,575), for a text longer than a cell can hold (32,767 units of UTF-16), and when a file cannot
-// be written. This function raises OutputError in a program that was built without libxlsxwriter.
+// be written.
 std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path);
 
 }  // namespace kodra::console
