@@ -31,15 +31,43 @@ put_tree() {
   done < <(git -c core.quotepath=off ls-files "$2" ':!*CMakeLists.txt')
 }
 
-# The licences of the libraries that the console program is linked with, as Debian's packages contain them.
-licences() {
-  local library
-  for library in libcli11-dev libfmt-dev nlohmann-json3-dev libxlsxwriter-dev libz-mingw-w64-dev \
-    gcc-mingw-w64-i686-posix-runtime; do
-    printf '==== %s ====\n\n' "$library"
-    cat "/usr/share/doc/$library/copyright"
-    printf '\n'
-  done | sed 's/$/\r/'
+# The licence of third-party code, as Debian's package has it, with the texts in /usr/share/common-licenses that it
+# refers to: licence NAMES PACKAGE [TEXT…]
+licence() {
+  local names=$1 package=$2 text
+  shift 2
+  dpkg-query -W -f "==== $names (\${source:Package} \${Version}) ====\n\n" "$package"
+  cat "/usr/share/doc/$package/copyright"
+  for text; do
+    printf '\n---- %s ----\n\n' "$text"
+    cat "/usr/share/common-licenses/$text"
+  done
+  printf '\n'
+}
+
+# What the compiler links into every program. THIRD-PARTY.md describes it and the libraries below.
+component_licences() {
+  licence "libgcc, libstdc++" gcc-mingw-w64-i686-posix GPL-3
+  licence "mingw-w64, winpthreads" mingw-w64-i686-dev
+}
+
+console_licences() {
+  component_licences
+  licence CLI11 libcli11-dev
+  licence fmt libfmt-dev
+  licence nlohmann-json nlohmann-json3-dev
+  licence "libxlsxwriter, minizip, tmpfileplus, md5" libxlsxwriter-dev MPL-2.0
+  licence zlib libz-mingw-w64-dev
+}
+
+# The licences beside a file: put_licences FOLDER FILES COMMAND
+put_licences() {
+  {
+    printf 'Licenças do código de terceiros em %s.\n' "$2"
+    printf 'Entre parênteses, o pacote-fonte do Debian com o código-fonte.\n\n'
+    "$3"
+  } >"$folder/parts/LICENCAS.txt"
+  put "$1" "$folder/parts/LICENCAS.txt"
 }
 
 # The content of a package.
@@ -47,7 +75,8 @@ stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
   put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
   put console build/win32/console/kodrarpt.exe
-  licences >"$stage/console/LICENCAS.txt"
+  put_licences . "KodraRpt.dll" component_licences
+  put_licences console "kodrarpt.exe" console_licences
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put_tree docs docs
   put_tree exemplos examples
@@ -240,7 +269,50 @@ check_reproducible() {
   done
 }
 
+# Everything that the linker took from the system is code of a Debian package whose licence is in the list beside the
+# file: check_licences MAP FILE
+check_licences() {
+  local map=$1 file=$2 archive package missing=()
+  while read -r archive; do
+    package=$(dpkg -S "$archive")
+    package=$(dpkg-query -W -f '(${source:Package} ${Version}) ====' "${package%%:*}")
+    iconv -f CP1252 -t UTF-8 "$file" | tr -d '\r' | grep -F -- "$package" >/dev/null || missing+=("$archive: $package")
+  done < <(grep -oE '/usr/[^ ()]+\.(a|o)\>' "$map" | xargs readlink -f | sort -u)
+  [ ${#missing[@]} = 0 ] && { passed "package.licences of ${map##*/}"; return; }
+  failed "package.licences of ${map##*/}"
+  printf 'falta uma licença: %s\n' "${missing[@]}"
+}
+
+# Without the source of the spreadsheet library no package is made, and everything but kodrarpt.exe is built; both say
+# what is missing and how to get it.
+check_missing_source() {
+  local cache=$PWD/build/package/cache tree=build/package/without-source missing output
+  missing="falta o código da biblioteca de planilhas em $cache"
+  rm -rf "$cache" "$tree"
+  mkdir -p "$cache"
+  ln -s "$KODRA_CACHE/wine32" "$cache/wine32"
+  if output=$(KODRA_CACHE=$cache ./kodra package 2>&1); then output="sem erro: $output"; fi
+  if [ "$output" = "kodra: $missing
+  para buscá-lo: ./kodra setup package" ]; then
+    passed "package.without the spreadsheet library there is none"
+  else
+    failed "package.without the spreadsheet library there is none"
+    echo "$output"
+  fi
+  missing="kodrarpt.exe não será compilado: $missing/libxlsxwriter. Para buscá-lo: ./kodra setup package"
+  # CMake breaks its messages into lines.
+  if output=$(KODRA_CACHE=$cache cmake --preset win32 -B "$tree" 2>&1 | tr -s '\n ' ' ') && [[ $output == *"$missing"* ]] &&
+    output=$(ninja -C "$tree" -t targets all) && grep -q '^KodraRpt.dll: ' <<<"$output" &&
+    ! grep -q kodrarpt.exe <<<"$output"; then
+    passed "package.without the spreadsheet library the rest is built"
+  else
+    failed "package.without the spreadsheet library the rest is built"
+    tail -n 20 <<<"$output"
+  fi
+}
+
 group_package() {
+  check_missing_source
   build_package
   build_preset win32 kodra_test_package kodra_ado kodra_siblings_com
   build_preset win64 kodra_test_package
@@ -251,6 +323,9 @@ group_package() {
   check_reproducible "$version"
   rm -rf build/package/unpacked build/package/later
   unzip -q "build/package/KodraRpt-$version.zip" -d build/package/unpacked
+  check_licences build/win32/KodraRpt.map "build/package/unpacked/KodraRpt-$version/LICENCAS.txt"
+  check_licences build/win64/KodraRpt.map "build/package/unpacked/KodraRpt-$version/LICENCAS.txt"
+  check_licences build/win32/console/kodrarpt.map "build/package/unpacked/KodraRpt-$version/console/LICENCAS.txt"
   mkdir -p build/package/later
   logged later-msi ./kodra pack-later build/package/later
   later=("$packages"/later/*.msi)

@@ -61,8 +61,8 @@ TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRe
     return path.ends_with(L".manifest") || path.starts_with(L"x64\\") || path == L"SHA256SUMS";
   });
   EXPECT_EQ(expected, Listing(Installed()));
-  for (const wchar_t* path : {L"KodraRpt.dll", L"console\\kodrarpt.exe", L"console\\LICENCAS.txt", L"KodraRpt.tlb",
-                              L"LEIAME.txt", L"docs\\behaviours.md", L"exemplos\\cliente.vbs"})
+  for (const wchar_t* path : {L"KodraRpt.dll", L"LICENCAS.txt", L"console\\kodrarpt.exe", L"console\\LICENCAS.txt",
+                              L"KodraRpt.tlb", L"LEIAME.txt", L"docs\\behaviours.md", L"exemplos\\cliente.vbs"})
     EXPECT_TRUE(std::binary_search(expected.begin(), expected.end(), path)) << testing::PrintToString(path);
   for (const std::wstring& path : expected)
     EXPECT_TRUE(BytesOf(Unpacked() + L"\\" + path) == BytesOf(Installed() + L"\\" + path))

@@ -1,0 +1,67 @@
+// What the packages say about themselves: the version of each file, and the licences of the code in them.
+#include <gtest/gtest.h>
+
+#include "tests/package/command.h"
+#include "tests/package/paths.h"
+#include "tests/wine/version_resource.h"
+
+namespace kodra::package {
+namespace {
+
+using face::VersionResource;
+
+TEST(Release, BothDllsHaveItsVersion) {
+  for (const wchar_t* dll : {L"\\KodraRpt.dll", L"\\x64\\KodraRpt.dll"}) {
+    VersionResource resource(Unpacked() + dll);
+    ExpectVersionOfRelease(resource, VFT_DLL);
+    EXPECT_EQ(L"Dados dos relatórios do arquivo", resource.Text(L"FileDescription"));
+  }
+}
+
+TEST(Release, TheConsoleProgramHasItsVersion) {
+  const std::wstring program = Unpacked() + L"\\console\\kodrarpt.exe";
+  VersionResource resource(program);
+  ExpectVersionOfRelease(resource, VFT_APP);
+  EXPECT_EQ(L"kodrarpt.exe", resource.Text(L"OriginalFilename"));
+  EXPECT_EQ(L"Relatórios do arquivo no prompt de comando", resource.Text(L"FileDescription"));
+  EXPECT_EQ("kodrarpt 1.0.49\n", face::OutputOf(face::Quoted(program) + L" --version"));
+}
+
+TEST(Release, TheReadMeFileNamesItsVersion) {
+  EXPECT_TRUE(BytesOf(Unpacked() + L"\\LEIAME.txt").starts_with("KodraRpt 1.0.49 - "));
+}
+
+// Expects a list of licences to name a library in a heading, and to contain a phrase of its licence.
+void ExpectLicence(const std::string& list, const std::string& library, const std::string& phrase) {
+  const auto heading = list.find("\r\n==== " + library + " (");
+  ASSERT_NE(std::string::npos, heading) << library;
+  const auto next = list.find("\r\n==== ", heading + 1);
+  EXPECT_NE(std::string::npos, list.substr(heading, next - heading).find(phrase)) << library << ": " << phrase;
+}
+
+void ExpectLicencesOfTheCompiler(const std::string& list) {
+  ExpectLicence(list, "libgcc, libstdc++", "GCC RUNTIME LIBRARY EXCEPTION");
+  ExpectLicence(list, "libgcc, libstdc++", "TERMS AND CONDITIONS");  // of the GPL itself
+  ExpectLicence(list, "mingw-w64, winpthreads", "License: ZPL-2.1");
+  ExpectLicence(list, "mingw-w64, winpthreads", "Files: mingw-w64-libraries/winpthreads/*");
+}
+
+TEST(Release, HasTheLicencesOfTheCodeInTheDllBesideIt) {
+  ExpectLicencesOfTheCompiler(BytesOf(Unpacked() + L"\\LICENCAS.txt"));
+}
+
+TEST(Release, HasTheLicencesOfTheCodeInTheConsoleProgramBesideIt) {
+  const std::string list = BytesOf(Unpacked() + L"\\console\\LICENCAS.txt");
+  ExpectLicencesOfTheCompiler(list);
+  ExpectLicence(list, "CLI11", "University of Cincinnati");
+  ExpectLicence(list, "fmt", "Victor Zverovich");
+  ExpectLicence(list, "nlohmann-json", "Niels Lohmann");
+  ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "John McNamara");
+  ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Gilles Vollant");
+  ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Mozilla Public License Version 2.0");
+  ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Solar Designer");
+  ExpectLicence(list, "zlib", "Jean-loup Gailly and Mark Adler");
+}
+
+}  // namespace
+}  // namespace kodra::package
