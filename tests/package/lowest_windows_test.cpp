@@ -143,6 +143,8 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "_cexit",
         "_close",
         "_endthreadex",
+        "_dup",
+        "_dup2",
         "_exit",
         "_fdopen",
         "_filelengthi64",
