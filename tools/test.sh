@@ -67,7 +67,18 @@ check_named_tests() {
   printf 'docs/behaviours.md nomeia um teste que não existe: %s\n' "${missing[@]}"
 }
 
+# The newest version that the list of changes dates is the one that is stated in version.h.
+check_changes() {
+  local version newest
+  version=$(version_part MAJOR).$(version_part MINOR).$(version_part REVISION)
+  newest=$(sed -nE 's/^## ([0-9.]+) - [0-9]{4}-[0-9]{2}-[0-9]{2}$/\1/p' CHANGELOG.md | head -n 1)
+  [ "$newest" = "$version" ] && { passed docs.changes; return; }
+  failed docs.changes
+  echo "a versão é $version, e a mais nova com data em CHANGELOG.md é \"$newest\""
+}
+
 group_docs() {
+  check_changes
   check_reference
   check_group_lines
   check_named_tests
