@@ -32,6 +32,10 @@ TEST(CsvWriter, QuotesOnlyTheChosenSeparator) {
             "A;B\r\num, dois;\"três; quatro\"\r\n");
 }
 
+TEST(CsvWriter, WritesTextsThatLookLikeFormulasAsTheyAre) {
+  EXPECT_EQ(Csv({{L"A"}, {L"B"}}, {{L"=1+1", L"@soma"}, {L"+1", L"-1"}}), "A,B\r\n=1+1,@soma\r\n+1,-1\r\n");
+}
+
 TEST(CsvWriter, DistinguishesTheEmptyTextFromNull) {
   EXPECT_EQ(Csv({{L"A"}, {L"B"}, {L"C"}}, {{L"", Null{}, Empty{}}}), "A,B,C\r\n\"\",,\r\n");
 }
