@@ -56,7 +56,7 @@ ExitCode Descreve(std::ostream& out, const reports::ReportMethod& method) {
   out << NameOf(method) << "\n" << report.purpose << ".\n";
   PrintParameters(out, method);
   PrintColumns(out, report);
-  if (!report.oddities.empty()) out << "\nParece errado e é assim mesmo:\n";
+  if (!report.oddities.empty()) out << "\nParece errado, mas é assim mesmo:\n";
   for (const guide::Oddity& oddity : report.oddities) out << "  - " << oddity.text << ".\n";
   if (!report.failures.empty()) out << "\nErros próprios:\n";
   for (const guide::Failure& failure : report.failures)

@@ -75,7 +75,7 @@ std::string KindWords(const Member& member) {
       break;
   }
   if (member.argument.empty()) return "método, dá " + TypeWord(member.type);
-  return "método de `" + member.argument + "`, dá um Recordset";
+  return "método de `" + member.argument + "`, devolve um Recordset";
 }
 
 std::string Members(const Class& of) {
@@ -124,7 +124,7 @@ std::string MethodSection(const ReportMethod& method) {
   const guide::Report& report = guide::About(method);
   const std::string parameterClass = ToUtf8(method.parameterClass);
   std::string text = "## " + ToUtf8(method.method) + "\n\n" + std::string(report.purpose) + ".\n\n";
-  text += "Recebe um [`" + parameterClass + "`](" + parameterClass + ".md) e dá um `Recordset`.\n\n";
+  text += "Recebe um [`" + parameterClass + "`](" + parameterClass + ".md) e devolve um `Recordset`.\n\n";
   Table parameters({"Parâmetro", "O que faz", "Muda o SQL"});
   for (const guide::Parameter& parameter : report.parameters)
     parameters.Add(
@@ -135,7 +135,7 @@ std::string MethodSection(const ReportMethod& method) {
     columns.Add(
         {"`" + std::string(column.name) + "`", std::string(guide::TypeWord(column.type)), guide::MeaningWords(column)});
   text += columns.Text();
-  if (!report.oddities.empty()) text += "\nParece errado e é assim mesmo ([mais](../behaviours.md)):\n\n";
+  if (!report.oddities.empty()) text += "\nParece errado, mas é assim mesmo ([mais](../behaviours.md)):\n\n";
   for (const guide::Oddity& oddity : report.oddities) text += "- " + std::string(oddity.text) + ".\n";
   if (!report.failures.empty()) text += "\nErros próprios, além dos [comuns](erros.md):\n\n";
   for (const guide::Failure& failure : report.failures)
@@ -190,12 +190,12 @@ std::string ErrorTable(std::span<const guide::Error> errors) {
 
 std::string ErrorsPage() {
   return "# Erros\n\n"
-         "O que muda de uma vez para outra está como … no texto.\n\n"
+         "As reticências (…) marcam, nos textos, o que muda de um caso para outro.\n\n"
          "## O que o cliente recebe\n\n" +
          ErrorTable(guide::Errors()) +
          "\n## As causas\n\n"
-         "O número da causa se perde no caminho, e fora de `CCaixaRpt` a fonte também: ela chega só na descrição do "
-         "erro\n80041FAB. Só `DocsNoModuloSubRpt` deixa o erro passar como é. O que falhou ao abrir o banco traz antes "
+         "O número da causa se perde no caminho, e, fora de `CCaixaRpt`, a origem também: ela só aparece na descrição do "
+         "erro\n80041FAB. Só `DocsNoModuloSubRpt` deixa o erro passar sem mudança. O que falhou ao abrir o banco traz antes "
          "os nomes entre\ncolchetes, como `[modADO.AbreCn]: `, e depois o código do banco, como ` [N:942]`.\n\n" +
          ErrorTable(guide::Causes());
 }

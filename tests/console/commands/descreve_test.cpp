@@ -25,7 +25,7 @@ TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
                        "  DEVOLVIDO       texto  Modo: P permanente, I sem data, D com data, S já devolvido\n"
                        "  DT_DEVOLUCAO    texto  Data de devolução, dd/mm/aaaa\n"
                        "\n"
-                       "Parece errado e é assim mesmo:\n"
+                       "Parece errado, mas é assim mesmo:\n"
                        "  - CodSolicit não é usado: a listagem cobre todas as solicitações.\n"
                        "  - No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe.\n",
                        ""}));
@@ -55,7 +55,7 @@ TEST(DescreveTest, ShowsTheRuleOfAPropertyAndTheTipoRptOfAColumn) {
                  "  VERSO        número  Páginas de verso (com TipoRpt P)\n"
                  "  COD_DOCTO    texto   Código do documento (com outro TipoRpt)\n"
                  "\n"
-                 "Parece errado e é assim mesmo:\n"
+                 "Parece errado, mas é assim mesmo:\n"
                  "  - O período vai ao banco com o ano na frente, ao contrário das outras estatísticas.\n"
                  "  - No SQLite, a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período.\n",
                  ""}));
