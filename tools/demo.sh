@@ -34,7 +34,6 @@ show() {
       step "os relatórios sobre o acervo de exemplo, $documents documentos em um MariaDB próprio"
       "build/$preset/kodra-mariadb" build/demo/acervo.sql -- ./kodra client
       ;;
-    *) die "não há demonstração para o banco \"$engine\": sqlite ou mysql" ;;
   esac
 }
 
@@ -61,6 +60,10 @@ demo() {
       *) die "demo não conhece a opção \"$1\"" ;;
     esac
   done
+  case $engine in
+    sqlite | mysql) ;;
+    *) die "não há demonstração para o banco \"$engine\": sqlite ou mysql" ;;
+  esac
   setup build
   show "$engine" "$documents" native
 }
