@@ -32,8 +32,9 @@ LSTATUS WriteRow(HKEY root, const RegistryRow& row) {
   HKEY key = nullptr;
   LSTATUS status = RegCreateKeyExW(root, PathOf(row.key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr);
   if (status != ERROR_SUCCESS) return status;
-  const auto bytes = static_cast<DWORD>((row.value.size() + 1) * sizeof(wchar_t));
-  status = RegSetValueExW(key, NameOf(row.name), 0, REG_SZ, reinterpret_cast<const BYTE*>(row.value.c_str()), bytes);
+  const std::size_t bytes = (row.value.size() + 1) * sizeof(wchar_t);
+  status = RegSetValueExW(key, NameOf(row.name), 0, REG_SZ, reinterpret_cast<const BYTE*>(row.value.c_str()),
+                          static_cast<DWORD>(bytes));
   RegCloseKey(key);
   return status;
 }
@@ -44,8 +45,9 @@ LSTATUS DeleteKey(HKEY root, const std::wstring& key) {
 }
 
 std::optional<std::wstring> ReadText(HKEY root, const std::wstring& key, const std::wstring& name) {
-  std::wstring text(32768, L'\0');  // longer than any path
-  auto bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+  constexpr DWORD kLength = 32768;  // longer than any path
+  std::wstring text(kLength, L'\0');
+  DWORD bytes = kLength * sizeof(wchar_t);
   if (RegGetValueW(root, PathOf(key).c_str(), NameOf(name), RRF_RT_REG_SZ, nullptr, text.data(), &bytes) !=
       ERROR_SUCCESS)
     return std::nullopt;

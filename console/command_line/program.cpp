@@ -81,7 +81,7 @@ CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> action
   return *command;
 }
 
-ExitCode Program::Run(std::vector<std::string> arguments) noexcept {
+ExitCode Program::Run(const std::vector<std::string>& arguments) noexcept {
   try {
     return Parse(arguments);
   } catch (const UsageError& error) {

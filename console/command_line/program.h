@@ -45,7 +45,7 @@ class Program {
 
   // Runs the command that the arguments (without the program's name) ask for. An error becomes a message and an exit
   // code; nothing is thrown.
-  ExitCode Run(std::vector<std::string> arguments) noexcept;
+  ExitCode Run(const std::vector<std::string>& arguments) noexcept;
 
  private:
   ExitCode Parse(std::vector<std::string> arguments);

@@ -57,7 +57,7 @@ STDMETHODIMP DispatchFace::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
 DISPID DispatchFace::IdOf(std::wstring_view name) {
   if (values::EqualIgnoringCase(name, L"_NewEnum")) return DISPID_NEWENUM;
   for (std::size_t i = 0; i < names_.size(); ++i) {
-    if (values::EqualIgnoringCase(names_[i], name)) return static_cast<DISPID>(i + 1);
+    if (values::EqualIgnoringCase(names_[i], name)) return static_cast<DISPID>(i) + 1;
   }
   names_.emplace_back(name);
   return static_cast<DISPID>(names_.size());

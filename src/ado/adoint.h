@@ -4,7 +4,5 @@
 
 #include "comkit/automation_headers.h"
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wwrite-strings"  // the generated default arguments are literal BSTRs
+// Needs the declarations above.
 #include <msado15.h>
-#pragma GCC diagnostic pop

@@ -18,6 +18,7 @@ using Mutex = SRWLOCK;
 using Destructor = void (*)(void*);
 
 // A mutex that is initialized by its declaration.
+// NOLINTNEXTLINE(performance-no-int-to-ptr): the library's own value
 void* const kDeclared = reinterpret_cast<void*>(-1);
 
 SRWLOCK onceLock = SRWLOCK_INIT;

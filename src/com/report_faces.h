@@ -15,6 +15,7 @@ template <class Class, class Interface>
 using ReportBase = std::conditional_t<std::is_same_v<Class, ::CCaixaRpt>, CaixaBase,
                                       ReportFace<Class, Interface, frame::ReportObject>>;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the language allows none around a type or the members of a class
 #define KODRA_REPORT_CLASS(NAME, METHODS)                       \
   class NAME##Face final : public ReportBase<::NAME, I##NAME> { \
    public:                                                      \
@@ -25,6 +26,7 @@ using ReportBase = std::conditional_t<std::is_same_v<Class, ::CCaixaRpt>, CaixaB
   STDMETHODIMP NAME(IDispatch* obj, IDispatch** recordset) noexcept override { \
     return Rows(L## #NAME, &reports::CLASS::NAME, obj, recordset);             \
   }
+// NOLINTEND(bugprone-macro-parentheses)
 #include "idl/public_classes.def"
 
 }  // namespace kodra::com

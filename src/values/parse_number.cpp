@@ -233,9 +233,9 @@ std::optional<Value> ParseInvariantNumber(std::wstring_view text) {
   if (!scanner.TakeDecimal(numeral, L'.')) return std::nullopt;
   scanner.TakeExponent(numeral, L"E");
   if (!scanner.AtEnd()) return std::nullopt;
-  if (const auto whole = IntegerOf<std::int32_t>(numeral)) return whole;
-  if (const auto whole = IntegerOf<std::int64_t>(numeral)) return whole;
-  if (const auto whole = IntegerOf<std::uint64_t>(numeral)) return whole;
+  if (const auto whole = IntegerOf<std::int32_t>(numeral)) return *whole;
+  if (const auto whole = IntegerOf<std::int64_t>(numeral)) return *whole;
+  if (const auto whole = IntegerOf<std::uint64_t>(numeral)) return *whole;
   const double number = NearestDouble(numeral);
   return std::isinf(number) ? std::nullopt : std::optional<Value>(number);
 }
