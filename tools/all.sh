@@ -24,3 +24,4 @@ export KODRA_CACHE
 . tools/engines.sh
 . tools/reference.sh
 . tools/console.sh
+. tools/check.sh

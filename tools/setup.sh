@@ -13,6 +13,7 @@ build_packages=(
 package_packages=(wixl msitools zip g++-mingw-w64-x86-64-posix)
 test_packages=(
   "${package_packages[@]}"
+  clang libclang-rt-14-dev                                                  # native tests with their sanitizers
   clang-format shellcheck time unzip faketime
   chromium fonts-liberation poppler-utils zbar-tools                        # pages shown, printed, and their barcodes read
   wine64                                                                    # the component for 64-bit programs
@@ -20,8 +21,12 @@ test_packages=(
 )
 fuzz_packages=(clang libclang-rt-14-dev)
 lint_packages=(clang-tidy)
+check_packages=(
+  "${test_packages[@]}" "${fuzz_packages[@]}" "${lint_packages[@]}"
+  valgrind
+)
 
-# The packages of a command: packages_of build|package|test|fuzz|lint
+# The packages of a command: packages_of build|package|test|fuzz|lint|check
 packages_of() {
   printf '%s\n' "${build_packages[@]}"
   case $1 in
@@ -30,7 +35,8 @@ packages_of() {
     test) printf '%s\n' "${test_packages[@]}" ;;
     fuzz) printf '%s\n' "${fuzz_packages[@]}" ;;
     lint) printf '%s\n' "${lint_packages[@]}" ;;
-    *) die "setup não conhece \"$1\": build, package, test, fuzz ou lint" ;;
+    check) printf '%s\n' "${check_packages[@]}" | sort -u ;;
+    *) die "setup não conhece \"$1\": build, package, test, fuzz, lint ou check" ;;
   esac
 }
 
@@ -45,7 +51,7 @@ missing_packages() {
 # What only some commands need besides packages: needs_sources COMMAND
 needs_sources() { [ "$1" != build ] && [ "$1" != fuzz ] && [ "$1" != lint ]; }
 
-# Installs what a command needs and is missing: setup [build|package|test|fuzz|lint]
+# Installs what a command needs and is missing: setup [build|package|test|fuzz|lint|check]
 setup() {
   local command=${1:-test} names missing
   names=$(missing_packages "$command") || exit

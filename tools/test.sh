@@ -6,16 +6,25 @@ declare -A preset_of_group=(
   [format]=sanitize [docs]=sanitize [scripts]=sanitize [native]=sanitize [engines]=sanitize
   [wine]=win32 [demo]=win32 [bench]=win32 [package]=win32 [examples]=win32 [console]=win32
   [win64]=win64
+  [threads]=tsan [valgrind]=native
 )
 test_groups=(format docs scripts native wine demo bench package win64 examples engines console)
+# These take minutes and are part of ./kodra check only.
+check_groups=(threads valgrind)
 
 # One test's outcome: passed NAME, failed NAME.
 passed() { printf '[       OK ] %s (0 ms)\n' "$1"; }
 failed() { printf '[  FAILED  ] %s (0 ms)\n' "$1"; }
 
-# Prints the output of a GoogleTest program in Wine without its carriage returns, and returns the program's exit code:
-# in_wine_form COMMAND…
-in_wine_form() { "$@" </dev/null 2>&1 | tr -d '\r'; }
+# Prints the output of a GoogleTest program in Wine without its carriage returns, and returns the program's exit code. A
+# test that ends the program has failed: in_wine_form COMMAND…
+in_wine_form() {
+  "$@" </dev/null 2>&1 | tr -d '\r' | awk '
+    { print; fflush() }
+    $2 == "RUN" { running = $4 }
+    $2 == "OK" || $2 == "FAILED" { running = "" }
+    END { if (running != "") print "[  FAILED  ] " running " (0 ms)" }'
+}
 
 # Text files have LF line ends and no blanks before them, as .editorconfig and .gitattributes say.
 check_text_files() {
@@ -44,7 +53,7 @@ group_format() {
 # Every group of tests is listed in the usage of ./kodra and in the README.
 check_group_lines() {
   local group missing=()
-  for group in "${test_groups[@]}"; do
+  for group in "${test_groups[@]}" "${check_groups[@]}"; do
     # All lines are read: a reader that stops early would break the pipe of usage.
     ./kodra help | grep -E "^ {23}$group +[a-zA-Z]" >/dev/null || missing+=("$group: ./kodra")
     grep -qF "| \`$group\` |" README.md || missing+=("$group: README.md")
@@ -113,23 +122,26 @@ check_linked_sources() {
   printf 'KodraRpt.dll não contém: %s\n' "${missing[@]}"
 }
 
-group_wine() {
-  build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra_test_wine
+# Runs the tests in Wine on what a preset has built, in the folder of their scripts: wine_tests PRESET [OPTION…]
+wine_tests() {
+  local preset=$1
+  shift
+  build_preset "$preset" KodraRpt kodra_ado kodra_siblings_com kodra_test_wine
   build_preset sanitize kodra-demo-data kodra-mariadb
-  check_linked_sources
   archive sanitize build/test/acervo.db 500
   made build/test/acervo.sql build/sanitize/kodra-demo-data mysql --documents 500
-  with_wine
-  export KODRA_ARCHIVE=$PWD/build/test/acervo.db KODRA_BIN
-  KODRA_BIN=$(windows_path build/win32)
-  in_wine_form build/sanitize/kodra-mariadb build/test/acervo.sql -- tools/group wine_programs
+  with_wine "$preset"
+  export KODRA_ARCHIVE=$PWD/build/test/acervo.db KODRA_BIND=$PWD KODRA_BIN
+  KODRA_BIN=$(windows_path "build/$preset")
+  in_wine_form build/sanitize/kodra-mariadb build/test/acervo.sql -- env -C tests/wine \
+    ../../testbed/wine/environment run wine "../../build/$preset/tests/kodra_test_wine.exe" "$@"
 }
 
-# The test program in Wine, in the folder of its scripts, with the databases that group_wine has set up.
-group_wine_programs() {
-  export KODRA_BIND=$PWD
-  cd tests/wine
-  ../../testbed/wine/environment run wine ../../build/win32/tests/kodra_test_wine.exe
+group_wine() {
+  local status=0
+  wine_tests win32 || status=$?
+  check_linked_sources
+  return "$status"
 }
 
 # Prints how many tests a log has, and the reasons of the failures: count NAME LOG STATUS. A group that ends with an error
@@ -143,6 +155,7 @@ count() {
   total_failed=$((total_failed + bad))
   printf '  %-12s %5d ok %5d falhas\n' "$name" "$ok" "$bad"
   if [ "$bad" != 0 ]; then
+    failures+=("$name ($log)")
     grep -vE '^(\[( RUN      |       OK |----------|==========|  PASSED  )|Running main|Note: Google Test filter|$)' "$log" |
       tail -n 80
     echo "  (saída inteira em $log)"
@@ -157,6 +170,7 @@ check_secrecy() {
     total_passed=$((total_passed + 1))
   else
     total_failed=$((total_failed + 1))
+    failures+=("a senha dos testes aparece em $logs")
     echo "  os arquivos acima mostram a senha dos testes"
   fi
 }
@@ -178,18 +192,32 @@ run_group() {
   count "$group" "$logs/test-$group.log" "$status"
 }
 
+start_counting() {
+  mkdir -p "$logs"
+  total_passed=0
+  total_failed=0
+  failures=()
+}
+
+# What failed, and the totals. Returns 0 when something passed and nothing failed.
+report_count() {
+  [ ${#failures[@]} = 0 ] || printf 'falhou: %s\n' "${failures[@]}"
+  echo "$total_passed passed, $total_failed failed"
+  [ "$total_failed" = 0 ] && [ "$total_passed" != 0 ]
+}
+
 run_tests() {
-  local groups=("$@") group total_passed=0 total_failed=0
+  local groups=("$@") group packages=test
   [ ${#groups[@]} -gt 0 ] || groups=("${test_groups[@]}")
   for group in "${groups[@]}"; do
-    [ "${preset_of_group[$group]:-}" ] || die "não há grupo de testes \"$group\": ${test_groups[*]}"
+    [ "${preset_of_group[$group]:-}" ] || die "não há grupo de testes \"$group\": ${test_groups[*]} ${check_groups[*]}"
+    [[ " ${check_groups[*]} " != *" $group "* ]] || packages=check
   done
-  setup test
-  mkdir -p "$logs"
+  setup "$packages"
+  start_counting
   for group in "${groups[@]}"; do
     run_group "$group"
   done
   check_secrecy
-  echo "$total_passed passed, $total_failed failed"
-  [ "$total_failed" = 0 ] && [ "$total_passed" != 0 ]
+  report_count
 }

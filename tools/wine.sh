@@ -8,11 +8,11 @@ archive() {
 
 windows_path() { local path; path=$(readlink -f "$1"); echo "Z:${path//\//\\}"; }
 
-# Registers the component and the DLLs that it needs in Wine.
+# Registers the component and the DLLs that it needs in Wine, as a preset has built them: register PRESET
 register() {
   local dll
   for dll in kodra_ado kodra_siblings KodraRpt; do
-    wine_environment run wine regsvr32 /s "$(windows_path "build/win32/$dll.dll")" 2>>"$logs/wine.log" ||
+    wine_environment run wine regsvr32 /s "$(windows_path "build/$1/$dll.dll")" 2>>"$logs/wine.log" ||
       die "não foi possível registrar $dll.dll (veja $logs/wine.log)"
   done
 }
@@ -24,9 +24,10 @@ lock_wine() {
   flock 8
 }
 
+# The environment for this process alone, with the component of a preset registered: with_wine [PRESET]
 with_wine() {
   lock_wine
-  register
+  register "${1:-win32}"
 }
 
 # Runs a VBScript written in UTF-8, from one or more files: script FILE… -- ARGUMENT…. Wine reads scripts in the Windows

@@ -1,0 +1,73 @@
+# Everything that is run before a release: the tests, the groups that take too long for each change, and the commands
+# that examine the sources and the speed.
+
+# The native tests that start threads, under the thread sanitizer: all suites of the files that do.
+group_threads() {
+  local file folder suites status=0
+  while read -r file; do
+    folder=${file#tests/}
+    folder=${folder%%/*}
+    suites=$(sed -nE 's/^TEST(_F)?\((\w+),.*/\2.*/p' "$file" | sort -u | paste -sd:)
+    build_preset tsan "kodra_test_$folder"
+    (cd tests && "../build/tsan/tests/kodra_test_$folder" --gtest_filter="$suites") || status=1
+  done < <(git grep -lE 'std::(thread|jthread|async)\b' -- 'tests/*.cpp' ':!tests/wine')
+  return "$status"
+}
+
+# Runs kodrarpt under valgrind, which must find no error and no block that the program has lost, and the program itself
+# must succeed: under_valgrind ARGUMENT…
+under_valgrind() {
+  local log=$logs/valgrind.log name=$1
+  [ "$1" != executa ] || name="executa $2 $6"
+  if valgrind --quiet --error-exitcode=99 --leak-check=full --errors-for-leak-kinds=definite \
+    --suppressions=tests/checked/valgrind.supp --log-file="$log" build/native/kodrarpt "$@" >"$logs/valgrind.out" 2>&1 </dev/null
+  then
+    passed "valgrind.$name"
+  else
+    failed "valgrind.$name"
+    tail -n 20 "$logs/valgrind.out"
+    head -n 60 "$log"
+  fi
+}
+
+group_valgrind() {
+  build_preset native kodrarpt kodra-demo-data
+  archive native build/test/acervo-pequeno.db 50
+  local format connection="Driver={SQLite3};Database=$PWD/build/test/acervo-pequeno.db"
+  under_valgrind lista
+  under_valgrind descreve CDocumentoRpt.RelatorioAnalitico
+  under_valgrind sql CDocumentoRpt.RelatorioAnalitico --banco todos --bonito --CodDepto 7
+  for format in tabela csv json xlsx html; do
+    under_valgrind executa CDocumentoRpt.RelatorioAnalitico --conexao "$connection" --formato "$format" \
+      --saida "build/test/valgrind.$format"
+  done
+  under_valgrind verifica --conexao "$connection"
+}
+
+# Runs a command as one test: check_command NAME COMMAND…
+check_command() {
+  local name=$1 log=$logs/check-$1.log
+  shift
+  step "$*"
+  if "$@" >"$log" 2>&1 </dev/null; then
+    passed "$name" >>"$log"
+    count "$name" "$log" 0
+  else
+    failed "$name" >>"$log"
+    count "$name" "$log" 1
+  fi
+}
+
+check() {
+  setup check
+  start_counting
+  local group
+  for group in "${test_groups[@]}" "${check_groups[@]}"; do
+    run_group "$group"
+  done
+  check_secrecy
+  check_command lint ./kodra lint
+  check_command fuzz ./kodra fuzz 60
+  check_command limits ./kodra bench
+  report_count
+}
