@@ -6,7 +6,7 @@ reference_pages() {
 }
 
 reference() {
-  need build
+  need test
   rm -rf docs/reference
   reference_pages docs/reference
 }
