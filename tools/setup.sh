@@ -76,7 +76,7 @@ need() {
   para instalar tudo o que falta: ./kodra setup $1"
   wine_environment ready || die "falta o ambiente do Wine em $KODRA_CACHE
   para prepará-lo: ./kodra setup $1"
-  if needs_sources "$1" && [ ! -d "$KODRA_CACHE/libxlsxwriter" ]; then
+  if needs_sources "$1" && [ ! -f "$KODRA_CACHE/libxlsxwriter/src/workbook.c" ]; then
     die "falta o código da biblioteca de planilhas em $KODRA_CACHE
   para buscá-lo: ./kodra setup $1"
   fi
