@@ -86,7 +86,8 @@ need() {
 # The cache contains it, from Debian's own source package, whose signature apt checks.
 windows_sources() {
   local folder=$KODRA_CACHE/libxlsxwriter work status=0
-  [ ! -d "$folder" ] || return 0
+  [ ! -f "$folder/src/workbook.c" ] || return 0
+  rm -rf "$folder"
   step "busca o código da biblioteca de planilhas, para o Windows"
   mkdir -p "$KODRA_CACHE" "$logs"
   work=$(mktemp -d "$KODRA_CACHE/sources.XXXXXX")
