@@ -24,4 +24,5 @@ export KODRA_CACHE
 . tools/engines.sh
 . tools/reference.sh
 . tools/console.sh
+. tools/checked.sh
 . tools/check.sh
