@@ -194,8 +194,10 @@ std::string ErrorsPage() {
          "## O que o cliente recebe\n\n" +
          ErrorTable(guide::Errors()) +
          "\n## As causas\n\n"
-         "O número da causa se perde no caminho, e, fora de `CCaixaRpt`, a origem também: ela só aparece na descrição do "
-         "erro\n80041FAB. Só `DocsNoModuloSubRpt` deixa o erro passar sem mudança. O que falhou ao abrir o banco traz antes "
+         "O número da causa se perde no caminho, e, fora de `CCaixaRpt`, a origem também: ela só aparece na descrição "
+         "do "
+         "erro\n80041FAB. Só `DocsNoModuloSubRpt` deixa o erro passar sem mudança. O que falhou ao abrir o banco traz "
+         "antes "
          "os nomes entre\ncolchetes, como `[modADO.AbreCn]: `, e depois o código do banco, como ` [N:942]`.\n\n" +
          ErrorTable(guide::Causes());
 }
