@@ -9,7 +9,7 @@ namespace kodra::console {
 
 #ifdef _WIN32
 
-// The runtime library never gives the numbers of the standard streams to another file.
+// The runtime library never reuses the numbers of the standard streams for another file.
 void OccupyClosedStreams() {}
 
 #else

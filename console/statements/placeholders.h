@@ -1,4 +1,4 @@
-// Objects that stand in for the sibling components when a report runs without them.
+// Objects that replace the sibling components when a report runs without them.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace kodra::console {
 
-// An object that stands in for the component with a ProgID. It accepts every assignment. A system parameter is its name
+// An object that replaces the component with a ProgID. It accepts every assignment. A system parameter is its name
 // between angle brackets, a collection has one member, and a date is the zero date. The code of a subordinate module is
 // the expression of the sibling components in siblings/.
 ObjectRef NewPlaceholder(const std::wstring& progId, std::int32_t databaseCode);

@@ -32,7 +32,7 @@ constexpr const char* kClient = "arquivo";
 constexpr const char* kRoot = "root";  // the server's, not the machine's
 // Every password begins with it. No test may print one: the test runs search their logs for this text.
 constexpr std::string_view kPasswordsBeginning = "NuncaMostrada";
-// The server's user and group when this program is root's: Debian reserves the number and gives it to no account.
+// The server's user and group when this program is root's: Debian reserves the number; no account has it.
 constexpr uid_t kUserWithoutAccount = 65530;
 
 std::string Contents(const fs::path& path) {

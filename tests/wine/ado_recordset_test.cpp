@@ -65,7 +65,6 @@ TEST_F(AdoRecordset, KeepsItsConnectionAlive) {
   Var kept;
   ASSERT_EQ(S_OK, rows->get_ActiveConnection(kept.put()));
   ASSERT_EQ(VT_DISPATCH, kept.type());
-  LONG state = adStateClosed;
   const auto same = kept.object().As<_Connection>();
   ASSERT_TRUE(same);
   EXPECT_EQ(adStateOpen, StateOf(same));

@@ -23,7 +23,7 @@ inline constexpr HRESULT kCannotCreateObject = ControlError(429);
 inline constexpr HRESULT kNoSuchMember = ControlError(438);
 inline constexpr HRESULT kWrongArgumentCount = ControlError(450);
 
-// The first number that a class may give its own errors, which the sibling components do.
+// The first number that a class may use for its own errors. The sibling components start there.
 inline constexpr auto kSiblingError = static_cast<HRESULT>(0x80040001);
 // A number with which a client's or a sibling's object raises its own error.
 inline constexpr auto kRaisedNumber = static_cast<HRESULT>(0x8004002A);
