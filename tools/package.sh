@@ -57,6 +57,10 @@ console_licences() {
   licence fmt libfmt-dev
   licence nlohmann-json nlohmann-json3-dev
   licence "libxlsxwriter, minizip, tmpfileplus, md5" libxlsxwriter-dev MPL-2.0
+  licence libharu libhpdf-dev
+  licence zint libzint-dev
+  licence stb libstb-dev
+  licence "Liberation Sans" fonts-liberation2
   licence zlib libz-mingw-w64-dev
 }
 
@@ -283,30 +287,30 @@ check_licences() {
   printf 'falta uma licença: %s\n' "${missing[@]}"
 }
 
-# Without the source of the spreadsheet library no package is made, and everything but kodrarpt.exe is built; both say
+# Without the sources of its libraries no package is made, and everything but kodrarpt.exe is built; both say
 # what is missing and how to get it.
 check_missing_source() {
   local cache=$PWD/build/package/cache tree=build/package/without-source missing output
-  missing="falta o código da biblioteca de planilhas em $cache"
+  missing="falta o código de bibliotecas em $cache: libharu libxlsxwriter zint"
   rm -rf "$cache" "$tree"
   mkdir -p "$cache"
   ln -s "$KODRA_CACHE/wine32" "$cache/wine32"
   if output=$(KODRA_CACHE=$cache ./kodra package 2>&1); then output="sem erro: $output"; fi
   if [ "$output" = "kodra: $missing
   para buscá-lo: ./kodra setup package" ]; then
-    passed "package.without the spreadsheet library there is none"
+    passed "package.without the libraries' sources there is none"
   else
-    failed "package.without the spreadsheet library there is none"
+    failed "package.without the libraries' sources there is none"
     echo "$output"
   fi
-  missing="kodrarpt.exe não será compilado: $missing/libxlsxwriter. Para buscá-lo: ./kodra setup package"
+  missing="kodrarpt.exe não será compilado: falta $cache/libxlsxwriter/src/workbook.c. Para buscá-lo: ./kodra setup package"
   # CMake breaks its messages into lines.
   if output=$(KODRA_CACHE=$cache cmake --preset win32 -B "$tree" 2>&1 | tr -s '\n ' ' ') && [[ $output == *"$missing"* ]] &&
     output=$(ninja -C "$tree" -t targets all) && grep -q '^KodraRpt.dll: ' <<<"$output" &&
     ! grep -q kodrarpt.exe <<<"$output"; then
-    passed "package.without the spreadsheet library the rest is built"
+    passed "package.without the libraries' sources the rest is built"
   else
-    failed "package.without the spreadsheet library the rest is built"
+    failed "package.without the libraries' sources the rest is built"
     tail -n 20 <<<"$output"
   fi
 }

@@ -4,10 +4,11 @@ build_packages=(
   g++ cmake ninja-build ccache make                                         # native build
   libgtest-dev libgmock-dev googletest libcli11-dev libsqlite3-dev          # libraries of tests and tools
   libfmt-dev libxlsxwriter-dev nlohmann-json3-dev                           # libraries of the console program
+  libhpdf-dev libzint-dev libstb-dev fonts-liberation2                      # its pages: PDF, barcodes, images, letters
   unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
   g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine              # 32-bit Windows: compiler, widl, IDL files
-  libz-mingw-w64-dev                                                        # for the spreadsheet library in Windows programs
+  libz-mingw-w64-dev                                                        # for these libraries in Windows programs
   mmdebstrap arch-test debian-archive-keyring util-linux mount uidmap       # the Wine environment
 )
 package_packages=(wixl msitools zip g++-mingw-w64-x86-64-posix)
@@ -15,7 +16,7 @@ test_packages=(
   "${package_packages[@]}"
   clang libclang-rt-14-dev                                                  # native tests with their sanitizers
   clang-format shellcheck time unzip faketime
-  chromium fonts-liberation poppler-utils zbar-tools                        # pages shown, printed, and their barcodes read
+  chromium poppler-utils zbar-tools                                         # pages shown, printed, and their barcodes read
   wine64                                                                    # the component for 64-bit programs
   openjdk-17-jdk-headless libh2-java libhsqldb-java libderby-java           # the engines that imitate other databases
 )
@@ -76,39 +77,57 @@ need() {
   para instalar tudo o que falta: ./kodra setup $1"
   wine_environment ready || die "falta o ambiente do Wine em $KODRA_CACHE
   para prepará-lo: ./kodra setup $1"
-  if needs_sources "$1" && [ ! -f "$KODRA_CACHE/libxlsxwriter/src/workbook.c" ]; then
-    die "falta o código da biblioteca de planilhas em $KODRA_CACHE
+  local missing_sources
+  missing_sources=$(missing_windows_sources)
+  if needs_sources "$1" && [ "$missing_sources" ]; then
+    die "falta o código de bibliotecas em $KODRA_CACHE: ${missing_sources//$'\n'/ }
   para buscá-lo: ./kodra setup $1"
   fi
 }
 
-# The library that writes spreadsheets, as source, for the console program on Windows: Debian builds it only for Debian.
-# The cache contains it, from Debian's own source package, whose signature apt checks.
+# The libraries of the console program that Debian builds only for Debian, as source, for Windows: the name of each
+# source package and a file that it contains. The cache contains a folder for each.
+declare -A windows_libraries=(
+  [libxlsxwriter]=src/workbook.c [libharu]=src/hpdf_doc.c [zint]=backend/library.c
+)
+
+missing_windows_sources() {
+  local package
+  for package in "${!windows_libraries[@]}"; do
+    [ -f "$KODRA_CACHE/$package/${windows_libraries[$package]}" ] || echo "$package"
+  done | sort
+}
+
+# Fills the cache with the sources that are missing, from Debian's own source packages, whose signature apt checks.
 windows_sources() {
-  local folder=$KODRA_CACHE/libxlsxwriter work status=0
-  [ ! -f "$folder/src/workbook.c" ] || return 0
-  rm -rf "$folder"
-  step "busca o código da biblioteca de planilhas, para o Windows"
-  mkdir -p "$KODRA_CACHE" "$logs"
-  work=$(mktemp -d "$KODRA_CACHE/sources.XXXXXX")
-  mkdir -p "$work/lists/partial" "$work/cache/archives/partial"
-  # shellcheck disable=SC2016  # the format is apt's
-  printf 'deb-src %s %s main\n' \
-    "$(apt-get indextargets --format '$(SITE)' 'Identifier: Packages' 'Component: main' | head -n 1)" \
-    "$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)" >"$work/sources.list"
-  (
-    cd "$work"
-    options=(-o Dir::Etc::sourcelist="$work/sources.list" -o Dir::Etc::sourceparts=- -o Dir::State::Lists="$work/lists"
-      -o Dir::Cache="$work/cache" -o APT::Sandbox::User=root)
-    apt-get "${options[@]}" update
-    apt-get "${options[@]}" source --download-only libxlsxwriter
-    mkdir source
-    tar -xzf libxlsxwriter_*.orig.tar.gz -C source --strip-components=1
-    [ -f source/src/workbook.c ]
-  ) >"$logs/libxlsxwriter.log" 2>&1 || status=$?
-  # Another checkout may have been faster.
-  if [ "$status" = 0 ] && [ ! -d "$folder" ]; then mv -T "$work/source" "$folder" 2>/dev/null || [ -d "$folder" ]; fi
-  rm -rf "$work"
-  [ "$status" = 0 ] || { tail -n 20 "$logs/libxlsxwriter.log"
-    die "não foi possível buscar o código da biblioteca de planilhas (saída inteira em $logs/libxlsxwriter.log)"; }
+  local package folder work status packages
+  packages=$(missing_windows_sources)
+  for package in $packages; do
+    folder=$KODRA_CACHE/$package
+    rm -rf "$folder"
+    step "busca o código de $package, para o Windows"
+    mkdir -p "$KODRA_CACHE" "$logs"
+    work=$(mktemp -d "$KODRA_CACHE/sources.XXXXXX")
+    mkdir -p "$work/lists/partial" "$work/cache/archives/partial"
+    # shellcheck disable=SC2016  # the format is apt's
+    printf 'deb-src %s %s main\n' \
+      "$(apt-get indextargets --format '$(SITE)' 'Identifier: Packages' 'Component: main' | head -n 1)" \
+      "$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)" >"$work/sources.list"
+    status=0
+    (
+      cd "$work"
+      options=(-o Dir::Etc::sourcelist="$work/sources.list" -o Dir::Etc::sourceparts=- -o Dir::State::Lists="$work/lists"
+        -o Dir::Cache="$work/cache" -o APT::Sandbox::User=root)
+      apt-get "${options[@]}" update
+      apt-get "${options[@]}" source --download-only --tar-only "$package"
+      mkdir source
+      tar -xf "$package"_*.orig.tar.* -C source --strip-components=1
+      [ -f "source/${windows_libraries[$package]}" ]
+    ) >"$logs/$package.log" 2>&1 || status=$?
+    # Another checkout may have been faster.
+    if [ "$status" = 0 ] && [ ! -d "$folder" ]; then mv -T "$work/source" "$folder" 2>/dev/null || [ -d "$folder" ]; fi
+    rm -rf "$work"
+    [ "$status" = 0 ] || { tail -n 20 "$logs/$package.log"
+      die "não foi possível buscar o código de $package (saída inteira em $logs/$package.log)"; }
+  done
 }

@@ -60,6 +60,10 @@ TEST(Release, HasTheLicencesOfTheCodeInTheConsoleProgramBesideIt) {
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Gilles Vollant");
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Mozilla Public License Version 2.0");
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Solar Designer");
+  ExpectLicence(list, "libharu", "Takeshi Kanno");
+  ExpectLicence(list, "zint", "Robin Stuart");
+  ExpectLicence(list, "stb", "Sean Barrett");
+  ExpectLicence(list, "Liberation Sans", "SIL Open Font License");
   ExpectLicence(list, "zlib", "Jean-loup Gailly and Mark Adler");
 }
 
