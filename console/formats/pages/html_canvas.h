@@ -1,0 +1,29 @@
+// Pages as one HTML file to print: each page is a drawing in millimetres, the same as in the PDF file, of text that can
+// be selected.
+#pragma once
+
+#include "console/formats/output.h"
+#include "console/formats/pages/canvas.h"
+
+namespace kodra::console::pages {
+
+class HtmlCanvas final : public Canvas {
+ public:
+  // `title` is the document's title. Each page is written when it is complete. REQUIRES: `output` outlives the canvas.
+  HtmlCanvas(Output& output, std::wstring_view title) : output_(output), title_(title) {}
+
+  // REQUIRES: all pages have the same size.
+  void BeginPage(Size size) override;
+  void Text(Point start, std::wstring_view text, const TextStyle& style) override;
+  void Line(Point from, Point to, const LineStyle& style) override;
+  void Fill(std::span<const Rectangle> areas, Colour colour) override;
+  void Draw(const Picture& picture, Rectangle place) override;
+  void Finish() override;
+
+ private:
+  Output& output_;
+  std::wstring title_;
+  bool pageIsOpen_ = false;
+};
+
+}  // namespace kodra::console::pages
