@@ -28,8 +28,7 @@ std::wstring_view Text(ControlError error) {
     case ControlError::kObjectOpen:
       return L"Operation is not allowed when the object is open.";
     case ControlError::kBoundToCommand:
-      return L"Cannot change the platform::ActiveConnection property of a Recordset object which has a Command object "
-             L"as its "
+      return L"Cannot change the ActiveConnection property of a Recordset object which has a Command object as its "
              L"source.";
     case ControlError::kInvalidParamInfo:
       return L"Parameter object is improperly defined. Inconsistent or incomplete information was provided.";

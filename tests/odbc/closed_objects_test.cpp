@@ -241,12 +241,10 @@ TEST(CommandObject, ARecordsetOnACommandTakesNoConnectionOfItsOwn) {
   Command cmd;
   Connection cn;
   Recordset rs;
-  EXPECT_EQ(
-      RaisedBy([&] { rs.Open(&cmd, &cn, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified); }),
-      (Raised{
-          3707, L"ADODB.Recordset",
-          L"Cannot change the platform::ActiveConnection property of a Recordset object which has a Command object as "
-          L"its source."}));
+  EXPECT_EQ(RaisedBy([&] { rs.Open(&cmd, &cn, ad::kUnspecified, ad::kUnspecified, ad::kUnspecified); }),
+            (Raised{3707, L"ADODB.Recordset",
+                    L"Cannot change the ActiveConnection property of a Recordset object which has a Command object as "
+                    L"its source."}));
 }
 
 }  // namespace
