@@ -10,7 +10,8 @@ enum class ExitCode {
   kConnection = 3,     // the database cannot be reached or refuses the user
   kMismatch = 4,       // verifica: something that a report needs is missing
   kOutput = 5,         // a file cannot be read or written
-  kInterrupted = 130,  // Ctrl-C or another request to stop; shells use the same code
+  kInterrupted = 130,  // Ctrl-C or another request to stop; shells use the same codes
+  kTerminated = 143,   // SIGTERM
 };
 
 }  // namespace kodra::console

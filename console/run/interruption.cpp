@@ -24,27 +24,24 @@ constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 using Handler = void (*)(int);
 
 // All that the signal handler may read and write.
-std::atomic<bool> requested{false};
+std::atomic<int> requested{0};  // the signal; zero: none
 std::atomic<bool> unfinished{false};
 std::array<char, 4096> unfinishedPath{};
 std::array<Handler, kSignals.size()> former{};
 
-static_assert(std::atomic<bool>::is_always_lock_free);
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
 
 void Answer(int signal) {
   // Windows resets the handler at each signal.
   std::signal(signal, &Answer);
-  if (!requested.exchange(true)) return;
-#ifndef _WIN32
-  if (unfinished) unlink(unfinishedPath.data());
-#endif
-  std::_Exit(static_cast<int>(ExitCode::kInterrupted));
+  int none = 0;
+  if (!requested.compare_exchange_strong(none, signal)) Interruption::EndNow(Interruption::Code());
 }
 
 }  // namespace
 
 Interruption::Interruption() {
-  requested = false;
+  requested = 0;
   for (std::size_t i = 0; i < kSignals.size(); ++i) {
     former[i] = std::signal(kSignals[i], &Answer);
     // A signal that is ignored from the start (nohup, a job in the background) stays ignored.
@@ -56,7 +53,16 @@ Interruption::~Interruption() {
   for (std::size_t i = 0; i < kSignals.size(); ++i) std::signal(kSignals[i], former[i]);
 }
 
-bool Interruption::Requested() noexcept { return requested; }
+bool Interruption::Requested() noexcept { return requested != 0; }
+
+ExitCode Interruption::Code() noexcept { return requested == SIGTERM ? ExitCode::kTerminated : ExitCode::kInterrupted; }
+
+void Interruption::EndNow(ExitCode code) noexcept {
+#ifndef _WIN32
+  if (unfinished) unlink(unfinishedPath.data());
+#endif
+  std::_Exit(static_cast<int>(code));
+}
 
 void Interruption::RemoveAtOnce(const std::string& path) noexcept {
   unfinished = false;

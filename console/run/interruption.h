@@ -2,16 +2,17 @@
 //
 //   Interruption interruption;
 //   while (rows are left) {
-//     if (interruption.Requested()) return ExitCode::kInterrupted;
+//     if (interruption.Requested()) return interruption.Code();
 //     …
 //   }
 //
-// The first request is only recorded. A second one removes the file that RemoveAtOnce named and ends the program at
-// once, because a database may take long to answer. One object at a time; its destructor restores the previous signal
-// handlers.
+// The first request is only recorded. A second one ends the program at once. One object at a time; its destructor
+// restores the previous signal handlers.
 #pragma once
 
 #include <string>
+
+#include "console/command_line/exit_codes.h"
 
 namespace kodra::console {
 
@@ -23,8 +24,12 @@ class Interruption {
   Interruption& operator=(const Interruption&) = delete;
 
   static bool Requested() noexcept;
-  // Names the unfinished file that a second request removes; empty for none. A path that is longer than the system
-  // allows is ignored. Windows cannot remove an open file, so it stays there.
+  // The exit code that shells expect after the request: 128 and the signal's number.
+  static ExitCode Code() noexcept;
+  // Removes the unfinished file that RemoveAtOnce named, and ends the program. Called by any thread.
+  [[noreturn]] static void EndNow(ExitCode code) noexcept;
+  // Names the unfinished file that EndNow and a second request remove; empty for none. A path that is longer than the
+  // system allows is ignored. Windows cannot remove an open file, so it stays there.
   static void RemoveAtOnce(const std::string& path) noexcept;
 };
 

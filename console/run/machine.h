@@ -16,6 +16,9 @@ class Machine {
   virtual platform::Surroundings& Around() = 0;
   // Whether the siblings are installed on the machine, where some may be missing, and not part of the program.
   virtual bool SiblingsAreInstalled() const = 0;
+  // Stops what the database does for the thread that made the object, as far as its driver can. May be called by any
+  // thread, more than once.
+  virtual void Cancel() = 0;
 };
 
 // One object at a time, used by the thread that made it.

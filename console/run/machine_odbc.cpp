@@ -1,5 +1,6 @@
 // The surroundings over ODBC, with the siblings linked into the program.
 #include "console/run/machine.h"
+#include "odbc/engine/cancellation.h"
 #include "odbc/engine/surroundings.h"
 #include "siblings/sibling_classes.h"
 
@@ -11,8 +12,10 @@ class OdbcMachine final : public Machine {
   OdbcMachine() { siblings::RegisterSiblings(surroundings_); }
   platform::Surroundings& Around() override { return surroundings_; }
   bool SiblingsAreInstalled() const override { return false; }
+  void Cancel() override { cancellation_.Cancel(); }
 
  private:
+  odbc::Cancellation cancellation_;
   odbc::Surroundings surroundings_;
 };
 

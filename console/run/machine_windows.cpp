@@ -17,6 +17,8 @@ class WindowsMachine final : public Machine {
 
   platform::Surroundings& Around() override { return surroundings_; }
   bool SiblingsAreInstalled() const override { return true; }
+  // ADO's objects belong to the thread that made them, which waits for the database.
+  void Cancel() override {}
 
  private:
   ado::ComSurroundings surroundings_;

@@ -26,6 +26,8 @@ bool TextIsUtf8(const std::wstring& driverName, const std::wstring& odbcConnecti
          !Contains(values::UpperCase(odbcConnectionString), L"CHARSET=");
 }
 
+bool CanBeCancelled(const std::wstring& driverName) { return !Contains(values::UpperCase(driverName), L"SQLITE"); }
+
 std::size_t UnitsReadBeyond(std::u16string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char16_t unit) { return (unit & 0xFC) == 0xD8; }));

@@ -4,7 +4,7 @@
 // row. With the key it steps through the rows, but then it describes every expression column as varchar(255), while it
 // describes a result read whole after its first row. Neither declared sizes nor declared types are binding: a
 // varchar(20) may contain 500 characters, a date any text. In a block of several rows a cell that its buffer cut off
-// cannot be read again.
+// cannot be read again. Its SQLCancel closes the statement, which frees what a thread that runs it still uses.
 // MariaDB's driver, measured with 3.1.15: it describes types and sizes correctly and has no streaming; it keeps the
 // result. It mistakes a UTF-16 unit whose low byte is D8 to DB for the first of a surrogate pair: for a text with an
 // "Ú" it reports one unit too few, truncates long ones, and reads beyond the end of a parameter or a statement. The
@@ -25,6 +25,9 @@ bool TypesVaryByRow(const std::wstring& driverName);
 // True when text must be exchanged as UTF-8, because the driver miscounts wide text. When the connection string names a
 // character set of its own, the driver decides what narrow text is, so wide text is used.
 bool TextIsUtf8(const std::wstring& driverName, const std::wstring& odbcConnectionString);
+
+// True when a statement that one thread runs can be stopped by another.
+bool CanBeCancelled(const std::wstring& driverName);
 
 // How many units beyond the end of a wide text MariaDB's driver may read: a statement is followed by as many blanks.
 std::size_t UnitsReadBeyond(std::u16string_view text);

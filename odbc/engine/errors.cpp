@@ -35,6 +35,8 @@ std::wstring_view Text(ControlError error) {
     case ControlError::kInvalidConnection:
       return L"The connection cannot be used to perform this operation. It is either closed or invalid in this "
              L"context.";
+    case ControlError::kOperationCancelled:
+      return L"Operation has been cancelled by the user.";
   }
   return L"";
 }

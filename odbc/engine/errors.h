@@ -35,6 +35,7 @@ enum class ControlError : std::int32_t {
   kBoundToCommand = 3707,
   kInvalidParamInfo = 3708,
   kInvalidConnection = 3709,
+  kOperationCancelled = 3712,
 };
 
 // Errors of the provider and the cursor engine that have no message from a driver.

@@ -131,6 +131,7 @@ void Session::Open(const std::wstring& user, const std::wstring& password) {
   const std::wstring driver = DriverName(handle);
   typesVaryByRow_ = odbc::TypesVaryByRow(driver);
   textIsUtf8_ = odbc::TextIsUtf8(driver, odbc);
+  canBeCancelled_ = odbc::CanBeCancelled(driver);
   ApplyIsolationLevel();
 }
 

@@ -47,6 +47,7 @@ class Session {
   // See driver_quirks.h.
   bool TypesVaryByRow() const { return typesVaryByRow_; }
   bool TextIsUtf8() const { return textIsUtf8_; }
+  bool CanBeCancelled() const { return canBeCancelled_; }
   std::wstring CurrentDatabase();
   void SetCurrentDatabase(const std::wstring& name);
 
@@ -69,6 +70,7 @@ class Session {
   SQLHDBC handle_ = nullptr;
   bool typesVaryByRow_ = false;
   bool textIsUtf8_ = false;
+  bool canBeCancelled_ = false;
   bool inTransaction_ = false;
   std::vector<Recordset*> recordsets_;
   std::vector<ProviderError> errors_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "odbc/engine/bound_parameter.h"
+#include "odbc/engine/cancellation.h"
 #include "odbc/engine/coercion.h"
 #include "odbc/engine/driver_quirks.h"
 #include "values/utf16.h"
@@ -163,9 +164,19 @@ void Statement::BindParameters() {
   }
 }
 
+SQLRETURN Statement::Start() {
+  const Running running(session_.CanBeCancelled() ? handle_ : nullptr);
+  return SQLExecute(handle_);
+}
+
+SQLRETURN Statement::Fetch() {
+  const Running running(session_.CanBeCancelled() ? handle_ : nullptr);
+  return SQLFetch(handle_);
+}
+
 void Statement::Execute() {
   if (executed_) SQLFreeStmt(handle_, SQL_CLOSE);
-  const SQLRETURN result = SQLExecute(handle_);
+  const SQLRETURN result = Start();
   // SQL_NO_DATA is the result of an update that found no row.
   if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) Fail(Stage::kExecute);
   SQLLEN affected = -1;
@@ -192,7 +203,7 @@ void Statement::DescribeExpressions() {
   if (expressions.empty()) return;
   Statement probe(ProbeTag{}, *this);
   probe.Prepare();
-  if (!SQL_SUCCEEDED(SQLExecute(probe.handle_))) return;
+  if (!SQL_SUCCEEDED(probe.Start())) return;
   for (SQLUSMALLINT number : expressions) {
     std::wstring name = std::move(columns_[number - 1U].info.name);
     columns_[number - 1U] = DescribeColumn(probe.handle_, number);

@@ -40,6 +40,8 @@ class Statement {
 
   // Runs it, again when it has run before.
   void Execute();
+  // Reads the next rows into the bound columns.
+  SQLRETURN Fetch();
   // The columns of the statement that was run; empty when it returns no rows.
   const std::vector<Column>& Columns() const { return columns_; }
   // Rows changed; -1 when the driver does not say.
@@ -54,6 +56,7 @@ class Statement {
   Statement(ProbeTag, const Statement& original);
 
   void Prepare();
+  SQLRETURN Start();
   void BindParameters();
   void Describe();
   void DescribeExpressions();

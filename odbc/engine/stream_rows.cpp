@@ -42,7 +42,7 @@ void StreamRows::FetchBlock() {
   firstOfBlock_ += static_cast<std::int64_t>(fetched_);
   row_ = 0;
   fetched_ = 0;
-  const SQLRETURN result = SQLFetch(statement_->Handle());
+  const SQLRETURN result = statement_->Fetch();
   eof_ = !SQL_SUCCEEDED(result);
   if (eof_) fetched_ = 0;
   if (eof_ && result != SQL_NO_DATA) statement_->Fail(Stage::kFetch);

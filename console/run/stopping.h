@@ -1,0 +1,50 @@
+// Ends a run when the user asks to stop, or when its time is up.
+//
+//   Stopping stopping(*machine, limit, errors);
+//   while (rows are left) {
+//     if (stopping.Requested()) return stopping.Outcome();
+//     …
+//   }
+//
+// What the database is doing is stopped at once, so that the statement does not live on in the server. A run that does
+// not end within kPatience after that, because its driver or a long computation cannot be stopped, is ended with the
+// whole program, and its unfinished file is removed.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <ostream>
+#include <thread>
+
+#include "console/run/interruption.h"
+#include "console/run/machine.h"
+
+namespace kodra::console {
+
+inline constexpr std::chrono::milliseconds kPatience{600};
+
+class Stopping {
+ public:
+  // A limit of zero is none. `errors` gets the message about the time. REQUIRES: both outlive the object, which the
+  // thread that made the machine uses.
+  Stopping(Machine& machine, std::chrono::seconds limit, std::ostream& errors);
+  ~Stopping() = default;
+  Stopping(const Stopping&) = delete;
+  Stopping& operator=(const Stopping&) = delete;
+
+  bool Requested() const { return Interruption::Requested() || timeIsUp_; }
+  // The exit code of a run that was asked to stop; prints the message about the time.
+  ExitCode Outcome() const;
+
+ private:
+  void Watch(const std::stop_token& end);
+
+  Interruption interruption_;
+  Machine& machine_;
+  std::chrono::seconds limit_;
+  std::ostream& errors_;
+  std::atomic<bool> timeIsUp_ = false;
+  std::jthread watcher_;
+};
+
+}  // namespace kodra::console
