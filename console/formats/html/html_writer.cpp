@@ -1,8 +1,8 @@
 #include "console/formats/html/html_writer.h"
 
 #include "console/command_line/usage_error.h"
-#include "console/formats/html/listing_writer.h"
-#include "console/formats/html/statistics_writer.h"
+#include "console/formats/pages/listing_writer.h"
+#include "console/formats/pages/statistics_writer.h"
 #include "console/reports/guide.h"
 #include "values/utf8.h"
 

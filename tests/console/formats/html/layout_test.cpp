@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <set>
 
-#include "console/formats/html/bar_chart.h"
 #include "console/formats/html/html_writer.h"
+#include "console/formats/pages/bar_chart.h"
 #include "tests/console/formats/html/browser.h"
 
 namespace kodra::console::html {

@@ -1,4 +1,4 @@
-#include "console/formats/html/number_text.h"
+#include "console/formats/pages/number_text.h"
 
 #include "values/numbers.h"
 

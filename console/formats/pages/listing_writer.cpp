@@ -1,4 +1,4 @@
-#include "console/formats/html/listing_writer.h"
+#include "console/formats/pages/listing_writer.h"
 
 #include <fmt/format.h>
 

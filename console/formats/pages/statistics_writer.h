@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "console/formats/html/statistics.h"
 #include "console/formats/output.h"
+#include "console/formats/pages/statistics.h"
 #include "console/formats/row_writer.h"
 
 namespace kodra::console::html {

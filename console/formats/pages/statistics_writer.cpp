@@ -1,11 +1,11 @@
-#include "console/formats/html/statistics_writer.h"
+#include "console/formats/pages/statistics_writer.h"
 
 #include <fmt/format.h>
 
-#include "console/formats/html/bar_chart.h"
 #include "console/formats/html/html.h"
-#include "console/formats/html/number_text.h"
 #include "console/formats/html/page_style.h"
+#include "console/formats/pages/bar_chart.h"
+#include "console/formats/pages/number_text.h"
 
 namespace kodra::console::html {
 namespace {

@@ -1,4 +1,4 @@
-#include "console/formats/html/statistics.h"
+#include "console/formats/pages/statistics.h"
 
 #include <algorithm>
 #include <cmath>

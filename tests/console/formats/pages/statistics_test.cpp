@@ -1,10 +1,10 @@
 // Statistics from rows: groups, sums, order.
-#include "console/formats/html/statistics.h"
+#include "console/formats/pages/statistics.h"
 
 #include <gtest/gtest.h>
 
-#include "console/formats/html/bar_chart.h"
-#include "console/formats/html/number_text.h"
+#include "console/formats/pages/bar_chart.h"
+#include "console/formats/pages/number_text.h"
 
 namespace kodra::console::html {
 namespace {

@@ -1,4 +1,4 @@
-#include "console/formats/html/bar_chart.h"
+#include "console/formats/pages/bar_chart.h"
 
 #include <fmt/format.h>
 
@@ -7,8 +7,8 @@
 #include <numeric>
 
 #include "console/formats/html/html.h"
-#include "console/formats/html/number_text.h"
 #include "console/formats/html/text_fit.h"
+#include "console/formats/pages/number_text.h"
 
 namespace kodra::console::html {
 namespace {
