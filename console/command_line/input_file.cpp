@@ -25,6 +25,7 @@ std::string ReadInputFile(const std::wstring& path, std::size_t most) {
   const std::string utf8 = ToUtf8(path);
   const fs::path name(std::u8string(utf8.begin(), utf8.end()));
   std::error_code error;
+  if (!fs::exists(name, error) && !error) throw CannotRead(path, "o arquivo não existe");
   if (fs::is_directory(name, error)) throw CannotRead(path, "é uma pasta");
   errno = 0;
   std::ifstream file(name, std::ios::binary);

@@ -2,9 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <optional>
 
-#include "console/command_line/connection_error.h"
 #include "console/command_line/console.h"
-#include "console/command_line/output_error.h"
 #include "console/command_line/parameters.h"
 #include "console/command_line/report_name.h"
 #include "console/command_line/suggest.h"
@@ -12,15 +10,16 @@
 #include "console/commands/commands.h"
 #include "console/formats/formats.h"
 #include "console/formats/html/preview_options.h"
+#include "console/formats/pages/letterhead_options.h"
 #include "console/reports/guide.h"
 #include "console/run/connection_options.h"
 #include "console/run/interruption.h"
 #include "console/run/machine.h"
+#include "console/run/open_report.h"
 #include "console/run/progress.h"
 #include "console/run/row_source.h"
 #include "console/run/stream_output.h"
 #include "console/run/target_file.h"
-#include "data/abre_cn.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -48,6 +47,7 @@ struct Options {
   bool byteOrderMark = false;
   bool jsonLines = false;
   html::PreviewOptions preview;
+  pages::LetterheadOptions letterhead;
   std::string progress = "auto";
 };
 
@@ -59,9 +59,11 @@ FormatOptions FormatOptionsOf(const Options& options) {
                  kReserved.find(separator[0]) != std::string_view::npos)) {
     throw UsageError("--separador deve ser um caractere, como ; ou |, ou a palavra tab");
   }
+  html::HtmlOptions printed = options.preview.Options();
+  printed.letterhead = options.letterhead.Get();
   return {{.separator = isTab ? '\t' : separator[0], .byteOrderMark = options.byteOrderMark},
           options.jsonLines ? JsonShape::kLines : JsonShape::kArray,
-          options.preview.Options()};
+          std::move(printed)};
 }
 
 Progress::Style ProgressStyle(const std::string& when) {
@@ -71,15 +73,6 @@ Progress::Style ProgressStyle(const std::string& when) {
   if (when == "nunca") return Progress::Style::kNone;
   if (when == "auto") return isTerminal ? shown : Progress::Style::kNone;
   throw UsageError("--progresso deve ser sempre, nunca ou auto" + DidYouMean(when, {"sempre", "nunca", "auto"}));
-}
-
-bool CanConnect(const std::wstring& connectionString, platform::Surroundings& surroundings) {
-  try {
-    data::AbreCn(connectionString, platform::ad::kUseServer, 0, surroundings);
-    return true;
-  } catch (const Erro&) {
-    return false;
-  }
 }
 
 // Writes all rows; returns false if the user asked to stop.
@@ -130,7 +123,7 @@ class Run {
     Progress progress(errors, progressStyle_, SteadySeconds);
     try {
       machine_ = NewMachine();
-      if (!Write(Open(machine_->Around()), heading_, *writer, progress)) {
+      if (!Write(OpenReport(method_, connection_, parameters_, machine_->Around()), heading_, *writer, progress)) {
         progress.Abandon();
         return ExitCode::kInterrupted;
       }
@@ -147,15 +140,6 @@ class Run {
   }
 
  private:
-  frame::ReportRows Open(platform::Surroundings& surroundings) {
-    try {
-      return method_.call(surroundings, connection_, &parameters_);
-    } catch (const Erro& error) {
-      if (CanConnect(connection_, surroundings)) throw;
-      throw ConnectionError(error);
-    }
-  }
-
   // The modules of each requested container, for its label.
   html::ContainerModules ModulesOfContainers() {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
@@ -201,6 +185,7 @@ void AddExecuta(Program& program) {
   command.add_flag("--bom", options->byteOrderMark,
                    "csv: começa com a marca (BOM) pela qual algumas planilhas reconhecem UTF-8");
   command.add_flag("--json-linhas", options->jsonLines, "json: um objeto por linha, sem a lista em volta");
+  options->letterhead.AddTo(command);
   options->preview.AddTo(command);
   command.add_option("--progresso", options->progress, "sempre, nunca ou auto (o padrão: só em um terminal)")
       ->option_text("QUANDO");

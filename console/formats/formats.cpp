@@ -5,6 +5,7 @@
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
+#include "console/formats/pages/pdf_writer.h"
 #include "console/formats/table_writer.h"
 #include "console/formats/xlsx_writer.h"
 
@@ -22,6 +23,7 @@ constexpr auto kFormats = std::to_array<Named>({
     {"json", Format::kJson},
     {"xlsx", Format::kXlsx},
     {"html", Format::kHtml},
+    {"pdf", Format::kPdf},
 });
 
 }  // namespace
@@ -43,7 +45,7 @@ Format FormatNamed(std::string_view name) {
                    "; escolha entre " + FormatNames());
 }
 
-bool NeedsFile(Format format) { return format == Format::kXlsx; }
+bool NeedsFile(Format format) { return format == Format::kXlsx || format == Format::kPdf; }
 
 std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options, Output& output,
                                      const std::wstring& path) {
@@ -58,6 +60,8 @@ std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options
       return NewXlsxWriter(path);
     case Format::kHtml:
       return std::make_unique<html::HtmlWriter>(output, options.html);
+    case Format::kPdf:
+      return std::make_unique<pages::PdfWriter>(output, options.html.letterhead);
   }
   return nullptr;
 }

@@ -11,7 +11,7 @@
 
 namespace kodra::console {
 
-enum class Format { kTable, kCsv, kJson, kXlsx, kHtml };
+enum class Format { kTable, kCsv, kJson, kXlsx, kHtml, kPdf };
 
 struct FormatOptions {
   CsvOptions csv;
@@ -19,7 +19,7 @@ struct FormatOptions {
   html::HtmlOptions html;
 };
 
-// The names, in the order of the help: "tabela, csv, json, xlsx, html".
+// The names, in the order of the help: "tabela, csv, json, xlsx, html, pdf".
 std::string FormatNames();
 // The format of that name, in any letter case. Raises UsageError for an unknown name, with the nearest known one.
 Format FormatNamed(std::string_view name);

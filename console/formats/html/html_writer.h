@@ -5,12 +5,13 @@
 #include <memory>
 
 #include "console/formats/html/label_writer.h"
+#include "console/formats/pages/printout.h"
 
 namespace kodra::console::html {
 
 struct HtmlOptions {
   LabelOptions labels = {};
-  std::wstring issued = {};  // when the report was made, as it is printed; empty prints none
+  pages::Letterhead letterhead = {};
 };
 
 class HtmlWriter final : public RowWriter {
@@ -26,6 +27,7 @@ class HtmlWriter final : public RowWriter {
  private:
   Output& output_;
   HtmlOptions options_;
+  std::unique_ptr<pages::Printout> printout_;
   std::unique_ptr<RowWriter> layout_;
 };
 

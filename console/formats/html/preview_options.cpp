@@ -5,7 +5,6 @@
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
-#include "values/format_date.h"
 
 namespace kodra::console::html {
 namespace {
@@ -46,8 +45,7 @@ HtmlOptions PreviewOptions::Options() const {
                                  firstLabel_));
   if (copies_ < 1 || copies_ > kMostCopies)
     throw UsageError(fmt::format("--copias vai de 1 a {}, e não pode ser {}", kMostCopies, copies_));
-  return {{.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_},
-          values::FormatDate(values::Now(), L"dd/mm/yyyy hh:nn")};
+  return {.labels = {.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_}};
 }
 
 }  // namespace kodra::console::html

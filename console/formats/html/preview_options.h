@@ -15,8 +15,8 @@ class PreviewOptions {
  public:
   void AddTo(CLI::App& command);
 
-  // The options, with the present time as the time of issue. Raises UsageError for a sheet that does not exist, a first
-  // label that is not on the sheet, and a number of copies below one or above kMostCopies.
+  // Raises UsageError for a sheet that does not exist, a first label that is not on the sheet, and a number of copies
+  // below one or above kMostCopies.
   HtmlOptions Options() const;
 
  private:

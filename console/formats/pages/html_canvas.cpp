@@ -1,7 +1,6 @@
 #include "console/formats/pages/html_canvas.h"
 
 #include <fmt/format.h>
-#include <cstdlib>
 
 #include "console/formats/html/html.h"
 #include "console/formats/pages/base64.h"
@@ -10,13 +9,6 @@ namespace kodra::console::pages {
 namespace {
 
 using html::Escaped;
-
-// In millimetres.
-std::string Millimetres(Length length) {
-  const std::string_view sign = length < 0 ? "-" : "";
-  const int absolute = std::abs(length);
-  return fmt::format("{}{}.{:03}", sign, absolute / 1000, absolute % 1000);
-}
 
 std::string ColourText(Colour colour) { return fmt::format("#{:06x}", colour); }
 
@@ -36,11 +28,20 @@ void HtmlCanvas::BeginPage(Size size) {
                             Millimetres(size.width), Millimetres(size.height))));
   }
   pageIsOpen_ = true;
+  SvgCanvas::BeginPage(size);
+}
+
+void HtmlCanvas::Finish() {
+  SvgCanvas::Finish();
+  output_.Write(html::PageClosing());
+}
+
+void SvgCanvas::BeginPage(Size size) {
   output_.Write(fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {} {}\">\n",
                             Millimetres(size.width), Millimetres(size.height)));
 }
 
-void HtmlCanvas::Text(Point start, std::wstring_view text, const TextStyle& style) {
+void SvgCanvas::Text(Point start, std::wstring_view text, const TextStyle& style) {
   // The width is stated for browsers that do not have the font.
   output_.Write(
       fmt::format("<text x=\"{}\" y=\"{}\" font-size=\"{}\"{}{} textLength=\"{}\" "
@@ -51,13 +52,13 @@ void HtmlCanvas::Text(Point start, std::wstring_view text, const TextStyle& styl
                   Millimetres(TextWidth(text, style.face, style.size)), Escaped(text)));
 }
 
-void HtmlCanvas::Line(Point from, Point to, const LineStyle& style) {
+void SvgCanvas::Line(Point from, Point to, const LineStyle& style) {
   output_.Write(fmt::format("<path d=\"M{} {}L{} {}\" stroke=\"{}\" stroke-width=\"{}\"{}/>\n", Millimetres(from.x),
                             Millimetres(from.y), Millimetres(to.x), Millimetres(to.y), ColourText(style.colour),
                             Millimetres(style.width), style.dashed ? " stroke-dasharray=\"1.058\"" : ""));
 }
 
-void HtmlCanvas::Fill(std::span<const Rectangle> areas, Colour colour) {
+void SvgCanvas::Fill(std::span<const Rectangle> areas, Colour colour) {
   if (areas.empty()) return;
   std::string path;
   for (const Rectangle& area : areas) {
@@ -67,7 +68,7 @@ void HtmlCanvas::Fill(std::span<const Rectangle> areas, Colour colour) {
   output_.Write(fmt::format("<path fill=\"{}\" d=\"{}\"/>\n", ColourText(colour), path));
 }
 
-void HtmlCanvas::Draw(const Picture& picture, Rectangle place) {
+void SvgCanvas::Draw(const Picture& picture, Rectangle place) {
   output_.Write(
       fmt::format("<image x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" preserveAspectRatio=\"none\" "
                   "href=\"data:image/png;base64,{}\"/>\n",
@@ -75,9 +76,6 @@ void HtmlCanvas::Draw(const Picture& picture, Rectangle place) {
                   Base64(picture.png)));
 }
 
-void HtmlCanvas::Finish() {
-  output_.Write("</svg>\n");
-  output_.Write(html::PageClosing());
-}
+void SvgCanvas::Finish() { output_.Write("</svg>\n"); }
 
 }  // namespace kodra::console::pages

@@ -7,12 +7,12 @@
 
 namespace kodra::console::pages {
 
-class HtmlCanvas final : public Canvas {
+// A drawing within an HTML page.
+class SvgCanvas : public Canvas {
  public:
-  // `title` is the document's title. Each page is written when it is complete. REQUIRES: `output` outlives the canvas.
-  HtmlCanvas(Output& output, std::wstring_view title) : output_(output), title_(title) {}
+  // REQUIRES: `output` outlives the canvas.
+  explicit SvgCanvas(Output& output) : output_(output) {}
 
-  // REQUIRES: all pages have the same size.
   void BeginPage(Size size) override;
   void Text(Point start, std::wstring_view text, const TextStyle& style) override;
   void Line(Point from, Point to, const LineStyle& style) override;
@@ -20,8 +20,20 @@ class HtmlCanvas final : public Canvas {
   void Draw(const Picture& picture, Rectangle place) override;
   void Finish() override;
 
- private:
+ protected:
   Output& output_;
+};
+
+class HtmlCanvas final : public SvgCanvas {
+ public:
+  // `title` is the document's title. Each page is written when it is complete. REQUIRES: `output` outlives the canvas.
+  HtmlCanvas(Output& output, std::wstring_view title) : SvgCanvas(output), title_(title) {}
+
+  // REQUIRES: all pages have the same size.
+  void BeginPage(Size size) override;
+  void Finish() override;
+
+ private:
   std::wstring title_;
   bool pageIsOpen_ = false;
 };

@@ -1,6 +1,8 @@
 // Lengths on paper, in thousandths of a millimetre: whole numbers, with which every machine computes the same page.
 #pragma once
 
+#include <string>
+
 namespace kodra::console::pages {
 
 using Length = int;
@@ -10,6 +12,9 @@ consteval Length operator""_mm(unsigned long long millimetres) { return static_c
 // The printers' measure of letters: 72 points are 25.4 mm.
 consteval Length operator""_pt(long double points) { return static_cast<Length>(points * 25400 / 72 + 0.5L); }
 consteval Length operator""_pt(unsigned long long points) { return static_cast<Length>(points * 25400.0L / 72 + 0.5L); }
+
+// As style sheets and drawings write it: "12.345".
+std::string Millimetres(Length length);
 
 struct Size {
   Length width, height;

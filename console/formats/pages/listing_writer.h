@@ -1,31 +1,30 @@
-// A listing as a page to print on A4: title, headings repeated on every sheet, page numbers. Each row is
-// written at once.
+// A listing as a printout: the rows in a table, and what is the same in all of them above it.
 #pragma once
 
 #include "console/formats/html/preview_row.h"
-#include "console/formats/output.h"
+#include "console/formats/pages/printout.h"
 #include "console/formats/row_writer.h"
 #include "console/reports/guide.h"
 
-namespace kodra::console::html {
+namespace kodra::console::pages {
+
+using html::RowReader;
 
 class ListingWriter final : public RowWriter {
  public:
-  // `issued` is when the listing was made, as it is printed. REQUIRES: `output` outlives the writer; the report of
-  // Begin is a listing.
-  ListingWriter(Output& output, std::wstring issued) : output_(output), issued_(std::move(issued)) {}
+  // REQUIRES: the printout outlives the writer; the report of Begin is a listing.
+  explicit ListingWriter(Printout& printout) : printout_(printout) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override;
   void End() override;
 
  private:
-  // Writes everything above the rows; texts that are the same in all of them are taken from the first.
+  // Prints everything above the rows; texts that are the same in all of them are taken from the first.
   void OpenTable(const RowReader& first);
-  std::string DetailsHtml(const RowReader& row) const;
+  std::vector<Fact> DetailsOf(const RowReader& row) const;
 
-  Output& output_;
-  std::wstring issued_;
+  Printout& printout_;
   const guide::Report* report_ = nullptr;
   std::vector<const guide::Column*> shown_;  // in the table
   std::vector<const guide::Column*> details_;
@@ -34,4 +33,4 @@ class ListingWriter final : public RowWriter {
   std::uint64_t rows_ = 0;
 };
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::pages

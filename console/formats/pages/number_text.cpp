@@ -2,7 +2,7 @@
 
 #include "values/numbers.h"
 
-namespace kodra::console::html {
+namespace kodra::console::pages {
 
 std::wstring NumberForPeople(double number) {
   std::wstring text = values::NumberToText(number);
@@ -12,4 +12,4 @@ std::wstring NumberForPeople(double number) {
   return text;
 }
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::pages

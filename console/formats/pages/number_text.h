@@ -3,9 +3,9 @@
 
 #include <string>
 
-namespace kodra::console::html {
+namespace kodra::console::pages {
 
 // Points between thousands, a decimal comma only where there are decimals: "1.234", "-12,5".
 std::wstring NumberForPeople(double number);
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::pages

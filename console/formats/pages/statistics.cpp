@@ -7,7 +7,7 @@
 #include "values/numbers.h"
 #include "values/utf8.h"
 
-namespace kodra::console::html {
+namespace kodra::console::pages {
 
 namespace {
 
@@ -120,7 +120,7 @@ void StatisticsGatherer::TakeHeading(const RowReader& first) {
   heading_.subtitle = JoinedTexts(first, guide::ColumnsIn(Place::kSubtitle, report_));
   for (const guide::Column* fact : guide::ColumnsIn(Place::kFact, report_)) {
     if (std::wstring text = first.Text(fact->name); !text.empty())
-      heading_.facts.emplace_back(values::FromUtf8(fact->caption), std::move(text));
+      heading_.facts.push_back({values::FromUtf8(fact->caption), std::move(text)});
   }
 }
 
@@ -138,4 +138,4 @@ Statistics StatisticsGatherer::Result() const {
   return result;
 }
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::pages

@@ -7,9 +7,12 @@
 #include <vector>
 
 #include "console/formats/html/preview_row.h"
+#include "console/formats/pages/printout.h"
 #include "console/reports/guide.h"
 
-namespace kodra::console::html {
+namespace kodra::console::pages {
+
+using html::RowReader;
 
 // A line of a statistic: a group's name and its sums, one for each measure.
 struct StatisticsLine {
@@ -26,8 +29,7 @@ struct StatisticsBlock {
 
 struct Statistics {
   std::wstring title, subtitle;
-  // Captions and texts that are printed once: "Operador" and a name.
-  std::vector<std::pair<std::wstring, std::wstring>> facts;
+  std::vector<Fact> facts;
   std::wstring groupCaption;           // of the lines' names: "Dia"
   std::vector<std::wstring> measures;  // "Documentos", "Páginas"
   std::vector<StatisticsBlock> blocks;
@@ -66,4 +68,4 @@ class StatisticsGatherer {
   std::map<Key, std::map<Key, std::vector<double>>> groups_;
 };
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::pages

@@ -147,7 +147,7 @@ TEST(ExecutaUsage, RefusesWrongValuesAndSuggestsTheNearestName) {
   const std::string separator = "--separador deve ser um caractere, como ; ou |, ou a palavra tab";
   for (const Case& wrong : std::vector<Case>{
            {"--formato", "jsno",
-            "o formato \"jsno\" não existe (quis dizer \"json\"?); escolha entre tabela, csv, json, xlsx, html"},
+            "o formato \"jsno\" não existe (quis dizer \"json\"?); escolha entre tabela, csv, json, xlsx, html, pdf"},
            {"--progresso", "sempe", "--progresso deve ser sempre, nunca ou auto (quis dizer \"sempre\"?)"},
            {"--separador", "\"", separator},
            {"--separador", "é", separator},

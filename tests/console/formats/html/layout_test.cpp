@@ -5,7 +5,7 @@
 #include <set>
 
 #include "console/formats/html/html_writer.h"
-#include "console/formats/pages/bar_chart.h"
+#include "console/formats/pages/chart.h"
 #include "tests/console/formats/html/browser.h"
 
 namespace kodra::console::html {
@@ -117,7 +117,7 @@ TEST(LabelLayout, PrintsAsManySheetsAsTheLabelsTake) {
 
 std::string DocumentListing(int rows) {
   TextOutput output;
-  HtmlWriter writer(output, {.labels = {}, .issued = L"20/11/2026 12:00"});
+  HtmlWriter writer(output, {.letterhead = {.issued = L"20/11/2026 12:00"}});
   const std::vector<const wchar_t*> names = {
       L"COD_DOCTO",    L"DESCR_GRUPO",  L"DESCR_ASSUNTO",  L"DESCR_CHAVE1",  L"DESCR_CHAVE2", L"DESCR_CHAVE3",
       L"DESCR_CHAVE4", L"DESCR_CHAVE5", L"DESCR_OPERADOR", L"DESCR_SUPORTE", L"DT_ARMAZ",     L"ARQUIVO",
@@ -184,10 +184,10 @@ TEST(StatisticsLayout, PrintsItsTableAndItsChart) {
   const nlohmann::json measured = browser.Evaluate({output.Text()}, R"(document => {
     const limit = document.querySelector('.grafico').getBoundingClientRect();
     const texts = [...document.querySelectorAll('.grafico text')].map(text => text.getBoundingClientRect());
-    return {bars: document.querySelectorAll('.grafico rect').length,
+    return {bars: document.querySelectorAll('.grafico path').length,
             beyond: texts.filter(r => r.left < limit.left - 1 || r.right > limit.right + 1).length};
   })");
-  EXPECT_EQ(measured[0]["bars"], kMostBars);
+  EXPECT_EQ(measured[0]["bars"], pages::kMostBars);
   EXPECT_EQ(measured[0]["beyond"], 0);
   const Browser::Print print = browser.PrintToPdf(output.Text());
   EXPECT_EQ(print.pages, 3);

@@ -49,16 +49,17 @@ TEST(ListingWriter, PrintsRowsUnderTheirCaptionsAndDetailsBelow) {
       {L"CLogRpt", L"RelatorioLog", L"", {{L"Operador", L"ANA"}, {L"Evento", L""}}},
       {{L"DATA"}, {L"HORA"}, {L"DESCR_OPERADOR"}, {L"MAQUINA"}, {L"COD_DOCTO"}, {L"COD_ACAO"}, {L"ACAO1"}, {L"ACAO2"}},
       {{Date{45291}, L"10:00:00", L"ANA", L"PC-1", L"1", L"INC", L"Incluiu <x> ", L"e saiu"}});
-  EXPECT_EQ(Body(page),
-            "<main>\n<table>\n<thead>\n<tr><th class=\"titulo\" colspan=\"6\"><h1>Registro de eventos</h1>"
-            "<p class=\"detalhe\">Operador: ANA</p></th></tr>\n"
-            "<tr><th>Data</th><th>Hora</th><th>Operador</th><th>Máquina</th><th>Documento</th><th>Evento</th>"
-            "</tr>\n</thead>\n"
-            "<tbody><tr><td class=\"inteiro\">31/12/2023</td><td class=\"inteiro\">10:00:00</td><td "
-            "class=\"inteiro\">ANA</td><td class=\"inteiro\">PC-1</td><td class=\"inteiro\">1</td><td "
-            "class=\"inteiro\">INC</td>"
-            "</tr><tr><td class=\"detalhe\" colspan=\"6\"><b>Ação:</b> Incluiu &lt;x&gt; e saiu</td></tr></tbody>\n"
-            "<tbody class=\"soma\"><tr><td colspan=\"6\">1 registro</td></tr></tbody>\n</table>\n</main>\n");
+  EXPECT_EQ(
+      Body(page),
+      "<main>\n<section class=\"via\">\n<h1>Registro de eventos</h1>\n"
+      "<p class=\"detalhe\">Operador: ANA</p>\n"
+      "<table>\n<thead><tr><th>Data</th><th>Hora</th><th>Operador</th><th>Máquina</th><th>Documento</th><th>Evento</th>"
+      "</tr></thead>\n"
+      "<tbody><tr><td class=\"inteiro\">31/12/2023</td><td class=\"inteiro\">10:00:00</td><td "
+      "class=\"inteiro\">ANA</td><td class=\"inteiro\">PC-1</td><td class=\"inteiro\">1</td><td "
+      "class=\"inteiro\">INC</td>"
+      "</tr><tr><td class=\"detalhe\" colspan=\"6\"><b>Ação:</b> Incluiu &lt;x&gt; e saiu</td></tr></tbody>\n"
+      "<tbody class=\"total\"><tr><td colspan=\"6\">1 registro</td></tr></tbody>\n</table>\n</section>\n</main>\n");
 }
 
 TEST(ListingWriter, TakesItsTitleAndItsCaptionsFromTheRowsWhereTheyAreThere) {
@@ -93,8 +94,8 @@ TEST(ListingWriter, SaysThatThereIsNothing) {
 }
 
 TEST(ListingWriter, PrintsWhenItWasIssuedAndThePageNumbersAtTheFoot) {
-  const std::string page =
-      Page({L"CDeptoRpt", L"RelatorioDeptos", L"", {}}, {{L"DESCR_DEPTO"}}, {}, {.issued = L"20/11/2026 12:00"});
+  const std::string page = Page({L"CDeptoRpt", L"RelatorioDeptos", L"", {}}, {{L"DESCR_DEPTO"}}, {},
+                                {.letterhead = {.issued = L"20/11/2026 12:00"}});
   EXPECT_NE(page.find("@bottom-left{content:\"Departamentos · emitido em 20/11/2026 12:00\""), page.npos);
   EXPECT_NE(page.find("@bottom-right{content:\"Página \" counter(page) \" de \" counter(pages)"), page.npos);
 }
@@ -103,12 +104,12 @@ TEST(StatisticsWriter, PrintsGroupsSumsAndAChart) {
   const std::string body = Body(Page({L"CEstatSuporteRpt", L"RelatorioEstatisticas", L"", {}},
                                      {{L"TIT"}, {L"COD_DOCTO"}, {L"DESCR_SUPORTE"}},
                                      {{L"Período: x", L"1", L"Papel"}, {L"Período: x", L"2", L"Papel"}}));
-  EXPECT_TRUE(
-      body.starts_with("<main>\n<h1>Estatísticas por suporte</h1>\n<p>Período: x</p>\n"
-                       "<table>\n<thead><tr><th>Suporte</th><th class=\"numero\">Documentos</th></tr></thead>\n"
-                       "<tbody>\n<tr class=\"linha\"><td>Papel</td><td class=\"numero\">2</td></tr>\n</tbody>\n"
-                       "<tbody>\n<tr class=\"total\"><td>Total geral</td><td class=\"numero\">2</td></tr>\n</tbody>\n"
-                       "</table>\n<svg class=\"grafico\""));
+  EXPECT_TRUE(body.starts_with(
+      "<main>\n<section class=\"via\">\n<h1>Estatísticas por suporte</h1>\n<p class=\"detalhe\">Período: x</p>\n"
+      "<table>\n<thead><tr><th>Suporte</th><th class=\"numero\">Documentos</th></tr></thead>\n"
+      "<tbody><tr><td>Papel</td><td class=\"numero\">2</td></tr></tbody>\n"
+      "<tbody class=\"total\"><tr><td>Total geral</td><td class=\"numero\">2</td></tr></tbody>\n"
+      "</table>\n<figure class=\"grafico\" role=\"img\" aria-label=\"Documentos por Suporte\">\n<svg "));
 }
 
 // 60 days from 1 January 2024 to 29 February: too many bars for days.

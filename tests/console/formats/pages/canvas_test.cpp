@@ -1,11 +1,12 @@
 // What the canvases write. How the pages look is checked on real ones, by "./kodra test console".
 #include <gtest/gtest.h>
-#include <cstdio>
+#include <fstream>
 #include <string>
 
 #include "console/formats/pages/base64.h"
 #include "console/formats/pages/html_canvas.h"
 #include "console/formats/pages/pdf_canvas.h"
+#include "tests/console/pdf.h"
 #include "tests/db/temporary_folder.h"
 
 namespace kodra::console::pages {
@@ -64,19 +65,12 @@ std::string Pdf() {
   return output.Text();
 }
 
-// What a command prints about the example.
-std::string Answer(const std::string& command) {
+// What a tool prints about the example.
+std::string Answer(const std::string& tool) {
   const tests::TemporaryFolder folder;
-  const std::string path = (folder.Path() / "pagina.pdf").string();
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  const std::string pdf = Pdf();
-  std::fwrite(pdf.data(), 1, pdf.size(), file);
-  std::fclose(file);
-  std::FILE* const pipe = popen((command + " " + path + (command == "pdftotext" ? " -" : "")).c_str(), "r");
-  std::string answer;
-  for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) answer += static_cast<char>(c);
-  pclose(pipe);
-  return answer;
+  const auto path = folder / "pagina.pdf";
+  std::ofstream(path, std::ios::binary) << Pdf();
+  return tests::AnswerOf(tool, path);
 }
 
 TEST(PdfCanvas, WritesTheSameBytesEachTime) {

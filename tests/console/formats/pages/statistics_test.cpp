@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "console/formats/pages/bar_chart.h"
 #include "console/formats/pages/number_text.h"
 
-namespace kodra::console::html {
+namespace kodra::console::pages {
 namespace {
 
 using Rows = std::vector<std::vector<Value>>;
@@ -51,10 +50,10 @@ TEST(StatisticsTest, CountsImagedDocumentsByDayInTheOrderOfDays) {
   EXPECT_EQ(result.title, L"Estatísticas de digitalização");
   EXPECT_EQ(result.subtitle, L"Período: 30/12/2023 a 01/02/2024");
   EXPECT_EQ(result.measures, (Texts{L"Documentos"}));
-  EXPECT_EQ(result.facts, (std::vector<std::pair<std::wstring, std::wstring>>{{L"Fundo", L"Fundo"},
-                                                                              {L"Operador", L"Todos os Operadores"},
-                                                                              {L"Departamento", L"Jurídico"},
-                                                                              {L"Responsável", L"Eu"}}));
+  EXPECT_EQ(result.facts, (std::vector<Fact>{{L"Fundo", L"Fundo"},
+                                             {L"Operador", L"Todos os Operadores"},
+                                             {L"Departamento", L"Jurídico"},
+                                             {L"Responsável", L"Eu"}}));
   EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 2", L"|01/02/2024| 1", L"|| 3", L"= 3"}));
 }
 
@@ -141,38 +140,5 @@ TEST(NumberForPeople, HasPointsBetweenThousands) {
   EXPECT_EQ(NumberForPeople(-123), L"-123");
 }
 
-TEST(BarChart, DrawsEachBarAsLongAsItsValueIsToTheLargest) {
-  EXPECT_EQ(BarChartSvg(L"Documentos por Dia", {{L"A & B", 50}, {L"C", 100}}),
-            "<svg class=\"grafico\" viewBox=\"0 0 186 20\" width=\"186mm\" height=\"20mm\" role=\"img\" "
-            "aria-label=\"Documentos por Dia\" font-size=\"2.8\">"
-            "<text x=\"0\" y=\"4.5\" font-weight=\"bold\" font-size=\"3.4\">Documentos por Dia</text>"
-            "<text x=\"54.00\" y=\"11.11\" text-anchor=\"end\">A &amp; B</text>"
-            "<rect x=\"56.00\" y=\"8.00\" width=\"53.00\" height=\"4.20\"/>"
-            "<text x=\"110.50\" y=\"11.11\">50</text>"
-            "<text x=\"54.00\" y=\"17.11\" text-anchor=\"end\">C</text>"
-            "<rect x=\"56.00\" y=\"14.00\" width=\"106.00\" height=\"4.20\"/>"
-            "<text x=\"163.50\" y=\"17.11\">100</text>"
-            "</svg>\n");
-}
-
-TEST(BarChart, IsNoneWithoutBars) { EXPECT_EQ(BarChartSvg(L"x", {}), ""); }
-
-// Forty bars of values 1 to 40: the 35 largest keep their order, the other five add up to 1 + 2 + 3 + 4 + 5.
-TEST(BarChart, AddsTheSmallestOfTooManyTogether) {
-  std::vector<Bar> bars;
-  for (int i = 1; i <= 40; ++i) bars.push_back({L"n" + std::to_wstring(i), static_cast<double>(i)});
-  const std::string svg = BarChartSvg(L"x", bars);
-  EXPECT_EQ(svg.find(">n5<"), svg.npos);
-  EXPECT_NE(svg.find(">n6<"), svg.npos);
-  EXPECT_NE(svg.find(">n40<"), svg.npos);
-  EXPECT_NE(svg.find(">demais</text><rect x=\"56.00\" y=\"218.00\" width=\"39.75\" height=\"4.20\"/>"
-                     "<text x=\"97.25\" y=\"221.11\">15</text></svg>"),
-            svg.npos);
-}
-
-TEST(BarChart, DrawsNoLengthForNothing) {
-  EXPECT_NE(BarChartSvg(L"x", {{L"a", 0}}).find("width=\"0.00\""), std::string::npos);
-}
-
 }  // namespace
-}  // namespace kodra::console::html
+}  // namespace kodra::console::pages
