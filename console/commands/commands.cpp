@@ -7,6 +7,7 @@ void AddCommands(Program& program) {
   AddDescreve(program);
   AddExecuta(program);
   AddSql(program);
+  AddPapel(program);
   AddVerifica(program);
 }
 

@@ -12,6 +12,7 @@ void AddLista(Program& program);
 void AddDescreve(Program& program);
 void AddExecuta(Program& program);
 void AddSql(Program& program);
+void AddPapel(Program& program);
 void AddVerifica(Program& program);
 
 }  // namespace kodra::console
