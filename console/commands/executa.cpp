@@ -8,7 +8,6 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
-#include "console/formats/formats.h"
 #include "console/formats/html/preview_options.h"
 #include "console/formats/pages/letterhead_options.h"
 #include "console/reports/guide.h"
@@ -16,6 +15,7 @@
 #include "console/run/interruption.h"
 #include "console/run/machine.h"
 #include "console/run/open_report.h"
+#include "console/run/output_options.h"
 #include "console/run/progress.h"
 #include "console/run/row_source.h"
 #include "console/run/stream_output.h"
@@ -41,29 +41,17 @@ struct Options {
   std::string report;
   ConnectionOptions connection;
   ReportParameters parameters;
-  std::string format = "tabela";
-  std::string target;
-  std::string separator = ",";
-  bool byteOrderMark = false;
-  bool jsonLines = false;
+  OutputOptions output;
   html::PreviewOptions preview;
   pages::LetterheadOptions letterhead;
   std::string progress = "auto";
 };
 
 FormatOptions FormatOptionsOf(const Options& options) {
-  const std::string& separator = options.separator;
-  const bool isTab = separator == "\\t" || Folded(separator) == "tab";
-  constexpr std::string_view kReserved = "\"\r\n";
-  if (!isTab && (separator.size() != 1 || static_cast<unsigned char>(separator[0]) >= 0x80 ||
-                 kReserved.find(separator[0]) != std::string_view::npos)) {
-    throw UsageError("--separador deve ser um caractere, como ; ou |, ou a palavra tab");
-  }
-  html::HtmlOptions printed = options.preview.Options();
-  printed.letterhead = options.letterhead.Get();
-  return {{.separator = isTab ? '\t' : separator[0], .byteOrderMark = options.byteOrderMark},
-          options.jsonLines ? JsonShape::kLines : JsonShape::kArray,
-          std::move(printed)};
+  FormatOptions formatOptions = options.output.ForFormats();
+  formatOptions.html = options.preview.Options();
+  formatOptions.html.letterhead = options.letterhead.Get();
+  return formatOptions;
 }
 
 Progress::Style ProgressStyle(const std::string& when) {
@@ -99,12 +87,11 @@ class Run {
       : program_(program),
         method_(FindReport(options.report)),
         parameters_(options.parameters.For(method_)),
-        format_(FormatNamed(options.format)),
+        format_(options.output.ChosenFormat()),
         formatOptions_(FormatOptionsOf(options)),
         progressStyle_(ProgressStyle(options.progress)),
         connection_(options.connection.Text()),
-        target_(FromUtf8(options.target)) {
-    if (NeedsFile(format_) && target_.empty()) throw UsageError("o formato " + options.format + " precisa de --saida");
+        target_(options.output.Target()) {
     const guide::Report& about = guide::About(method_);
     heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
                 options.parameters.Given()};
@@ -175,16 +162,7 @@ void AddExecuta(Program& program) {
       ->option_text(" ")
       ->required();
   options->connection.AddTo(command);
-  command.add_option("--formato", options->format, FormatNames() + " (sem esta opção, tabela)")->option_text("FORMATO");
-  command.add_option("--saida", options->target, "O arquivo a gravar (sem esta opção, a saída padrão)")
-      ->option_text("ARQUIVO");
-  command
-      .add_option("--separador", options->separator,
-                  "csv: o que separa as colunas, como ; ou tab (sem esta opção, vírgula)")
-      ->option_text("CARACTERE");
-  command.add_flag("--bom", options->byteOrderMark,
-                   "csv: começa com a marca (BOM) pela qual algumas planilhas reconhecem UTF-8");
-  command.add_flag("--json-linhas", options->jsonLines, "json: um objeto por linha, sem a lista em volta");
+  options->output.AddTo(command);
   options->letterhead.AddTo(command);
   options->preview.AddTo(command);
   command.add_option("--progresso", options->progress, "sempre, nunca ou auto (o padrão: só em um terminal)")
