@@ -7,7 +7,6 @@
 #include "console/command_line/usage_error.h"
 #include "console/formats/pages/pdf_writer.h"
 #include "console/formats/table_writer.h"
-#include "console/formats/xlsx_writer.h"
 
 namespace kodra::console {
 namespace {
@@ -57,7 +56,7 @@ std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options
     case Format::kJson:
       return std::make_unique<JsonWriter>(output, options.json);
     case Format::kXlsx:
-      return NewXlsxWriter(path);
+      return NewXlsxWriter(path, options.xlsx);
     case Format::kHtml:
       return std::make_unique<html::HtmlWriter>(output, options.html);
     case Format::kPdf:

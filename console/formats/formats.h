@@ -8,6 +8,7 @@
 #include "console/formats/csv_writer.h"
 #include "console/formats/html/html_writer.h"
 #include "console/formats/json_writer.h"
+#include "console/formats/xlsx_writer.h"
 
 namespace kodra::console {
 
@@ -17,6 +18,7 @@ struct FormatOptions {
   CsvOptions csv;
   JsonShape json = JsonShape::kArray;
   html::HtmlOptions html;
+  XlsxOptions xlsx = {};
 };
 
 // The names, in the order of the help: "tabela, csv, json, xlsx, html, pdf".

@@ -1,6 +1,5 @@
 #include "console/formats/xlsx_writer.h"
 
-#include <fmt/format.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
@@ -10,13 +9,17 @@
 #include <filesystem>
 
 #include "console/command_line/output_error.h"
+#include "console/command_line/suggest.h"
 #include "console/command_line/system_reason.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
 #include "console/formats/silenced_errors.h"
 #include "console/formats/xlsx_path.h"
+#include "console/formats/xlsx_text.h"
+#include "console/reports/guide.h"
 #include "values/dates.h"
 #include "values/decimal.h"
+#include "values/utf16.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -32,11 +35,13 @@ constexpr double kBeyondLastDay = 2958466;  // 1 January 10000
 // The largest whole number that a spreadsheet shows with all its digits.
 constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
 constexpr std::size_t kMostUnits = 32767;
-// In characters. A wider text is in the cell in full, but only its beginning is visible.
+// Widths are in characters. A wider text continues on the next line of its cell.
 constexpr std::size_t kWidestColumn = 60;
 constexpr std::size_t kNarrowestColumn = 8;
 // The room that the arrow of the filter takes beside a name.
 constexpr std::size_t kFilterWidth = 3;
+// What fits across an upright A4 page in full size.
+constexpr std::size_t kPortraitWidth = 95;
 
 bool KeepsDigits(const Decimal& number) {
   const Decimal shortest = values::WithoutTrailingZeros(number);
@@ -58,47 +63,21 @@ bool FitsASpreadsheet(const Value& value, double number) {
   return std::isfinite(number) && !HasMoreDigits(number);
 }
 
-// The length of a text as a spreadsheet counts it, in units of UTF-16; the library counts characters.
-std::size_t UnitsOf(std::wstring_view text) {
-  return text.size() + static_cast<std::size_t>(
-                           std::ranges::count_if(text, [](wchar_t c) { return static_cast<char32_t>(c) > 0xFFFF; }));
+// The columns of a report by the guide, for one that returned no recordset.
+std::vector<Column> ColumnsOf(const guide::Report& report) {
+  std::vector<Column> columns;
+  for (const guide::Column& column : report.columns) columns.push_back({FromUtf8(column.name)});
+  return columns;
 }
 
-// Whether XML can contain the character. ToUtf8 replaces unpaired surrogates.
-bool IsXmlCharacter(wchar_t c) { return (c >= 0x20 || c == L'\t' || c == L'\n') && c != 0xFFFE && c != 0xFFFF; }
-
-// Whether the text has "_xHHHH_" at that place, which a spreadsheet reads as the character of that number. Its last "_"
-// may be the one with which the next character is written.
-bool IsEscape(std::wstring_view text, std::size_t at) {
-  const auto isHexadecimal = [](wchar_t c) {
-    return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'F') || (c >= L'a' && c <= L'f');
-  };
-  const std::wstring_view piece = text.substr(at, 7);
-  return piece.size() == 7 && piece.starts_with(L"_x") && std::ranges::all_of(piece.substr(2, 4), isHexadecimal) &&
-         (piece.back() == L'_' || !IsXmlCharacter(piece.back()));
-}
-
-// The text of a cell in UTF-8. A character that XML cannot contain is written as "_xHHHH_", and so is the "_" at the
-// beginning of such a form in the text itself. This includes the carriage return, which XML turns into a line feed.
-std::string CellText(std::wstring_view text) {
-  std::wstring escaped;
-  escaped.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (IsXmlCharacter(text[i]) && !IsEscape(text, i)) {
-      escaped += text[i];
-    } else {
-      escaped += values::FromUtf8(fmt::format("_x{:04X}_", static_cast<unsigned>(text[i])));
-    }
-  }
-  return ToUtf8(escaped);
-}
-
-// A text of the file's properties, in UTF-8. They know no such form: a character that XML cannot contain becomes a
-// blank.
-std::string PropertyText(std::wstring text) {
-  std::ranges::replace_if(
-      text, [](wchar_t c) { return !IsXmlCharacter(c); }, L' ');
-  return ToUtf8(text);
+// What the guide says of a column; null for a column or a report that it does not know. Databases differ in the letter
+// case of names.
+const guide::Column* Find(const guide::Report* report, std::wstring_view name) {
+  if (report == nullptr) return nullptr;
+  const std::string folded = Folded(ToUtf8(name));
+  const auto found =
+      std::ranges::find(report->columns, folded, [](const guide::Column& column) { return Folded(column.name); });
+  return found == report->columns.end() ? nullptr : &*found;
 }
 
 // The end of a message about a library call that failed: with the reason, unless errno is 0.
@@ -113,13 +92,13 @@ struct FreeWorkbook {
 
 class XlsxWriter final : public RowWriter {
  public:
-  explicit XlsxWriter(const std::wstring& path) {
-    lxw_workbook_options options{};
-    options.constant_memory = LXW_TRUE;
+  XlsxWriter(const std::wstring& path, XlsxOptions options) : options_(options) {
+    lxw_workbook_options workbookOptions{};
+    workbookOptions.constant_memory = LXW_TRUE;
     const std::string narrowPath = XlsxPath(path);
     const SilencedErrors silenced;
     errno = 0;
-    workbook_.reset(workbook_new_opt(narrowPath.c_str(), &options));
+    workbook_.reset(workbook_new_opt(narrowPath.c_str(), &workbookOptions));
     if (workbook_) sheet_ = workbook_add_worksheet(workbook_.get(), "Relatório");
     if (sheet_ == nullptr)
       throw OutputError(L"não foi possível criar o arquivo temporário da planilha" + Because(errno));
@@ -127,16 +106,22 @@ class XlsxWriter final : public RowWriter {
     format_set_bold(bold_);
     day_ = NewFormat("dd/mm/yyyy");
     moment_ = NewFormat("dd/mm/yyyy hh:mm:ss");
+    wrapped_ = workbook_add_format(workbook_.get());
+    format_set_text_wrap(wrapped_);
   }
 
   void Begin(const Heading& heading, std::span<const Column> columns) override {
+    const guide::Report* const report = guide::Find(heading.className, heading.method);
     SetProperties(heading);
-    for (const Column& column : columns) {
-      const auto at = static_cast<lxw_col_t>(names_.size());
-      names_.push_back(column.name);
-      kinds_.push_back(column.kind);
-      widths_.push_back(std::max(kNarrowestColumn, DisplayWidth(column.name) + kFilterWidth));
-      Check(worksheet_write_string(sheet_, 0, at, CellText(column.name).c_str(), bold_), at);
+    SetPage(report != nullptr && !report->page.title.empty() ? FromUtf8(report->page.title) : heading.title);
+    std::vector<Column> shown(columns.begin(), columns.end());
+    if (shown.empty() && report != nullptr) shown = ColumnsOf(*report);
+    for (const Column& column : shown) columns_.push_back({column.name, column.kind, Find(report, column.name)});
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const auto at = static_cast<lxw_col_t>(i);
+      const std::wstring text = HeadingOf(columns_[i]);
+      Widen(at, DisplayWidth(text) + kFilterWidth);
+      Check(worksheet_write_string(sheet_, 0, at, CellText(text).c_str(), bold_), at);
     }
   }
 
@@ -153,14 +138,22 @@ class XlsxWriter final : public RowWriter {
   }
 
   void End() override {
-    for (std::size_t i = 0; i < widths_.size(); ++i) {
+    std::size_t shown = columns_.size();
+    while (shown > 0 && columns_[shown - 1].IsEmptyContinuation()) --shown;
+    std::size_t pageWidth = 0;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
       const auto at = static_cast<lxw_col_t>(i);
-      const auto width = static_cast<double>(std::min(kWidestColumn, widths_[i] + 1));
-      Check(worksheet_set_column(sheet_, at, at, width, nullptr), at);
+      const std::size_t width = std::min(kWidestColumn, columns_[i].width + 1);
+      lxw_row_col_options options{};
+      options.hidden = i < shown ? LXW_FALSE : LXW_TRUE;
+      Check(worksheet_set_column_opt(sheet_, at, at, static_cast<double>(width), nullptr, &options), at);
+      if (i < shown) pageWidth += width;
     }
-    if (!names_.empty()) {
+    if (pageWidth > kPortraitWidth) worksheet_set_landscape(sheet_);
+    if (shown > 0) {
       worksheet_freeze_panes(sheet_, 1, 0);
-      Check(worksheet_autofilter(sheet_, 0, 0, row_, static_cast<lxw_col_t>(names_.size() - 1)), 0);
+      worksheet_repeat_rows(sheet_, 0, 0);
+      Check(worksheet_autofilter(sheet_, 0, 0, row_, static_cast<lxw_col_t>(shown - 1)), 0);
     }
     std::fflush(sheet_->optimize_tmpfile);
     RequireRowsKept();
@@ -173,18 +166,32 @@ class XlsxWriter final : public RowWriter {
   }
 
  private:
+  struct SheetColumn {
+    std::wstring name;
+    ColumnKind kind;
+    const guide::Column* about;  // null for a column that the guide does not know
+    std::size_t width = kNarrowestColumn;
+    bool hasText = false;
+
+    bool IsEmptyContinuation() const {
+      return !hasText && about != nullptr && about->place == guide::Place::kContinuation;
+    }
+  };
+
   // The library ignores an error of its temporary files and would leave rows out.
   void RequireRowsKept() const {
     if (std::ferror(sheet_->optimize_tmpfile) == 0) return;
     throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
   }
 
-  // At the end the library copies the rows to a second temporary file.
+  // At the end the library copies the rows to a second temporary file, with a head and a foot, and writes small parts
+  // of the spreadsheet to others.
   void RequireRoomForACopy() const {
     std::error_code error;
     const std::filesystem::space_info disk = std::filesystem::space(std::filesystem::temp_directory_path(error), error);
+    constexpr std::uintmax_t kOtherParts = 64 << 10;
     const long size = std::ftell(sheet_->optimize_tmpfile);
-    if (error || size < 0 || disk.available >= static_cast<std::uintmax_t>(size)) return;
+    if (error || size < 0 || disk.available >= static_cast<std::uintmax_t>(size) + kOtherParts) return;
     throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
   }
 
@@ -206,6 +213,25 @@ class XlsxWriter final : public RowWriter {
     workbook_set_properties(workbook_.get(), &properties);
   }
 
+  // A4, all columns on the width of a page, the title above the names, the page numbers below the rows. A title that is
+  // too long for the library is left out.
+  void SetPage(std::wstring_view title) {
+    constexpr std::uint8_t kA4 = 9;
+    worksheet_set_paper(sheet_, kA4);
+    worksheet_fit_to_pages(sheet_, 1, 0);
+    worksheet_set_header(sheet_, ("&L&B" + PageText(title)).c_str());
+    worksheet_set_footer(sheet_, "&RPágina &P de &N");
+  }
+
+  // The caption, if the option asks for it and no other column has the same, or else the name.
+  std::wstring HeadingOf(const SheetColumn& column) const {
+    if (!options_.captions || column.about == nullptr || column.about->caption.empty()) return column.name;
+    const auto hasSame = [&](const SheetColumn& other) {
+      return other.about != nullptr && other.about->caption == column.about->caption;
+    };
+    return std::ranges::count_if(columns_, hasSame) == 1 ? FromUtf8(column.about->caption) : column.name;
+  }
+
   lxw_error WriteCell(lxw_col_t at, const Value& value) {
     if (value.Is<bool>()) return worksheet_write_boolean(sheet_, row_, at, value.As<bool>() ? 1 : 0, nullptr);
     if (value.Is<Date>()) return WriteDate(at, value.As<Date>());
@@ -219,7 +245,7 @@ class XlsxWriter final : public RowWriter {
   lxw_error WriteDate(lxw_col_t at, Date date) {
     const bool counted = date.days >= kFirstCountedDay && date.days < kBeyondLastDay;
     if (!counted) return WriteText(at, BrazilianText(date));
-    const bool day = kinds_[at] != ColumnKind::kMoment && date.days == std::floor(date.days);
+    const bool day = columns_[at].kind != ColumnKind::kMoment && date.days == std::floor(date.days);
     Widen(at, day ? std::size_t{10} : std::size_t{19});
     return worksheet_write_number(sheet_, row_, at, date.days, day ? day_ : moment_);
   }
@@ -231,16 +257,18 @@ class XlsxWriter final : public RowWriter {
 
   lxw_error WriteText(lxw_col_t at, const std::wstring& text) {
     if (text.empty()) return LXW_NO_ERROR;
-    if (UnitsOf(text) > kMostUnits) return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
-    Widen(at, DisplayWidth(text));
-    return worksheet_write_string(sheet_, row_, at, CellText(text).c_str(), nullptr);
+    if (values::ToUtf16(text).size() > kMostUnits) return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
+    const std::size_t width = DisplayWidth(text);
+    Widen(at, width);
+    columns_[at].hasText = true;
+    return worksheet_write_string(sheet_, row_, at, CellText(text).c_str(), width > kWidestColumn ? wrapped_ : nullptr);
   }
 
-  void Widen(lxw_col_t at, std::size_t width) { widths_[at] = std::max(widths_[at], width); }
+  void Widen(lxw_col_t at, std::size_t width) { columns_[at].width = std::max(columns_[at].width, width); }
 
   void Check(lxw_error error, lxw_col_t at) const {
     if (error == LXW_NO_ERROR) return;
-    const std::wstring where = L"linha " + CountText(row_) + L", coluna " + names_[at];
+    const std::wstring where = L"linha " + CountText(row_) + L", coluna " + columns_[at].name;
     if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {
       throw OutputError(L"um texto é mais longo do que cabe em uma célula de planilha (" + where +
                         L"): use --formato csv.");
@@ -249,19 +277,21 @@ class XlsxWriter final : public RowWriter {
                       L" da libxlsxwriter.");
   }
 
+  XlsxOptions options_;
   std::unique_ptr<lxw_workbook, FreeWorkbook> workbook_;
   lxw_worksheet* sheet_ = nullptr;
   lxw_format* bold_ = nullptr;
   lxw_format* day_ = nullptr;
   lxw_format* moment_ = nullptr;
-  std::vector<std::wstring> names_;
-  std::vector<ColumnKind> kinds_;
-  std::vector<std::size_t> widths_;
+  lxw_format* wrapped_ = nullptr;
+  std::vector<SheetColumn> columns_;
   lxw_row_t row_ = 0;  // the row written last; row 0 has the names
 };
 
 }  // namespace
 
-std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path) { return std::make_unique<XlsxWriter>(path); }
+std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path, XlsxOptions options) {
+  return std::make_unique<XlsxWriter>(path, options);
+}
 
 }  // namespace kodra::console

@@ -17,6 +17,7 @@ void OutputOptions::AddTo(CLI::App& command) {
   command.add_flag("--bom", byteOrderMark_,
                    "csv: começa com a marca (BOM) pela qual algumas planilhas reconhecem UTF-8");
   command.add_flag("--json-linhas", jsonLines_, "json: um objeto por linha, sem a lista em volta");
+  command.add_flag("--titulos", captions_, "xlsx: os títulos das colunas em vez dos seus nomes");
 }
 
 Format OutputOptions::ChosenFormat() const {
@@ -34,7 +35,8 @@ FormatOptions OutputOptions::ForFormats() const {
   }
   return {.csv = {.separator = isTab ? '\t' : separator_[0], .byteOrderMark = byteOrderMark_},
           .json = jsonLines_ ? JsonShape::kLines : JsonShape::kArray,
-          .html = {}};
+          .html = {},
+          .xlsx = {.captions = captions_}};
 }
 
 std::wstring OutputOptions::Target() const { return values::FromUtf8(target_); }

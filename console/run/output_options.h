@@ -22,7 +22,7 @@ class OutputOptions {
 
   // Raises UsageError for an unknown format, and for one that needs a file if none is named.
   Format ChosenFormat() const;
-  // What csv and json are told; the options of html have their default values. Raises UsageError for a separator
+  // What csv, json and xlsx are told; the options of html have their default values. Raises UsageError for a separator
   // that csv cannot have.
   FormatOptions ForFormats() const;
   // The file to write; empty for the standard output.
@@ -34,6 +34,7 @@ class OutputOptions {
   std::string separator_ = ",";
   bool byteOrderMark_ = false;
   bool jsonLines_ = false;
+  bool captions_ = false;
 };
 
 }  // namespace kodra::console

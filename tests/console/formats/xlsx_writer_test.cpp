@@ -47,7 +47,7 @@ class XlsxWriterTest : public testing::Test {
   }
 
   void Write(const std::vector<Column>& columns, std::initializer_list<Cells> rows) {
-    WriteTo(*NewXlsxWriter(Path()), columns, rows);
+    WriteTo(*NewXlsxWriter(Path(), {}), columns, rows);
   }
   // The rows after the names.
   std::string Rows() const {
@@ -90,7 +90,7 @@ TEST_F(XlsxWriterTest, WritesCharactersThatXmlCannotHoldByTheirNumbers) {
 }
 
 TEST_F(XlsxWriterTest, WritesABlankInItsPropertiesForACharacterThatXmlCannotHold) {
-  const auto writer = NewXlsxWriter(Path());
+  const auto writer = NewXlsxWriter(Path(), {});
   writer->Begin({L"CDeptoRpt", L"RelatorioDeptos", L"T\xFFFE", {{L"Owner", L"Ana\x1b[31m"}}}, {});
   writer->End();
   const std::string properties = Part("docProps/core.xml");
@@ -195,7 +195,7 @@ TEST_F(XlsxWriterTest, KeepsTheNamesVisibleWithAFilter) {
 }
 
 TEST_F(XlsxWriterTest, HasTheTitleAndParametersOfItsReport) {
-  const auto writer = NewXlsxWriter(Path());
+  const auto writer = NewXlsxWriter(Path(), {});
   const std::vector<Column> columns = {{L"A"}};
   writer->Begin(
       {L"CDocumentoRpt", L"RelatorioSintetico", L"Documentos & mídias", {{L"CodDepto", L"07"}, {L"Owner", L"Ana"}}},
@@ -207,8 +207,111 @@ TEST_F(XlsxWriterTest, HasTheTitleAndParametersOfItsReport) {
             "<dc:description>CodDepto: 07; Owner: Ana</dc:description>");
 }
 
-TEST_F(XlsxWriterTest, IsEmptyForAReportWithoutRecordset) {
-  Write({}, {});
+TEST_F(XlsxWriterTest, IsPrintedOnA4WithItsTitleNamesAndPageNumbers) {
+  Write({{L"DESCR_DEPTO"}, {L"CIDADE"}}, {{L"Finanças", L"Rio"}});
+  const std::string sheet = Part("xl/worksheets/sheet1.xml");
+  EXPECT_EQ(Between(sheet, "<sheetPr", "</sheetPr>"), "<sheetPr><pageSetUpPr fitToPage=\"1\"/></sheetPr>");
+  EXPECT_EQ(Between(sheet, "<pageSetup", "/>"),
+            "<pageSetup paperSize=\"9\" fitToHeight=\"0\" orientation=\"portrait\"/>");
+  EXPECT_EQ(Between(sheet, "<headerFooter>", "</headerFooter>"),
+            "<headerFooter><oddHeader>&amp;L&amp;BDepartamentos</oddHeader>"
+            "<oddFooter>&amp;RPágina &amp;P de &amp;N</oddFooter></headerFooter>");
+  EXPECT_EQ(Between(Part("xl/workbook.xml"), "<definedName name=\"_xlnm.Print_Titles\"", "</definedName>"),
+            "<definedName name=\"_xlnm.Print_Titles\" localSheetId=\"0\">'Relatório'!$1:$1</definedName>");
+}
+
+TEST_F(XlsxWriterTest, IsPrintedInLandscapeIfItIsWide) {
+  Write({{L"A"}, {L"B"}}, {{std::wstring(60, L'x'), std::wstring(33, L'x')}});
+  EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<pageSetup", "/>"),
+            "<pageSetup paperSize=\"9\" fitToHeight=\"0\" orientation=\"portrait\"/>");
+  Write({{L"A"}, {L"B"}}, {{std::wstring(60, L'x'), std::wstring(35, L'x')}});
+  EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<pageSetup", "/>"),
+            "<pageSetup paperSize=\"9\" fitToHeight=\"0\" orientation=\"landscape\"/>");
+}
+
+TEST_F(XlsxWriterTest, PrintsAnAmpersandOfItsTitle) {
+  const auto writer = NewXlsxWriter(Path(), {});
+  writer->Begin({L"", L"", L"Mapas & plantas", {}}, {});
+  writer->End();
+  EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<oddHeader>", "</oddHeader>"),
+            "<oddHeader>&amp;L&amp;BMapas &amp;&amp; plantas</oddHeader>");
+}
+
+TEST_F(XlsxWriterTest, ContinuesALongTextOnTheNextLineOfItsCell) {
+  Write({{L"A"}, {L"B"}}, {{std::wstring(60, L'x'), std::wstring(61, L'x')}});
+  EXPECT_EQ(Rows(), "<row r=\"2\"><c r=\"A2\" t=\"inlineStr\"><is><t>" + std::string(60, 'x') +
+                        "</t></is></c><c r=\"B2\" s=\"2\" t=\"inlineStr\"><is><t>" + std::string(61, 'x') +
+                        "</t></is></c></row>");
+  EXPECT_EQ(Between(Part("xl/styles.xml"), "applyAlignment", "</xf>"),
+            "applyAlignment=\"1\"><alignment wrapText=\"1\"/></xf>");
+}
+
+TEST_F(XlsxWriterTest, HasTheCaptionsOfTheGuideIfThatIsAskedFor) {
+  const std::vector<Column> columns = {{L"DESCR_CHAVE1"}, {L"OBRIGATORIA1"}, {L"OBRIGATORIA2"}, {L"DONO"}, {L"NOVA"}};
+  for (const bool captions : {false, true}) {
+    const auto writer = NewXlsxWriter(Path(), {.captions = captions});
+    writer->Begin({L"CSerieRpt", L"RelatorioSeries", L"Séries", {}}, columns);
+    writer->End();
+    const std::string first = captions ? "Chave 1" : "DESCR_CHAVE1";
+    EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<row", "</row>"),
+              "<row r=\"1\"><c r=\"A1\" s=\"1\" t=\"inlineStr\"><is><t>" + first +
+                  "</t></is></c>"
+                  "<c r=\"B1\" s=\"1\" t=\"inlineStr\"><is><t>OBRIGATORIA1</t></is></c>"
+                  "<c r=\"C1\" s=\"1\" t=\"inlineStr\"><is><t>OBRIGATORIA2</t></is></c>"
+                  "<c r=\"D1\" s=\"1\" t=\"inlineStr\"><is><t>DONO</t></is></c>"
+                  "<c r=\"E1\" s=\"1\" t=\"inlineStr\"><is><t>NOVA</t></is></c></row>");
+  }
+}
+
+TEST_F(XlsxWriterTest, HidesContinuationsAtTheEndThatAreEmptyInAllRows) {
+  const std::vector<Column> columns = {{L"HORA"}, {L"ACAO1"}, {L"ACAO2"}, {L"ACAO3"}, {L"ACAO4"}, {L"ACAO5"}};
+  const auto writer = NewXlsxWriter(Path(), {});
+  writer->Begin({L"CLogRpt", L"RelatorioLog", L"Eventos", {}}, columns);
+  writer->Row(Cells{L"10:20:30", L"a", Null{}, L"c", L"", Null{}});
+  writer->Row(Cells{L"10:20:31", L"a", Null{}, Null{}, Null{}, Null{}});
+  writer->End();
+  const std::string sheet = Part("xl/worksheets/sheet1.xml");
+  EXPECT_EQ(Between(sheet, "<cols>", "</cols>"),
+            "<cols><col min=\"1\" max=\"1\" width=\"9.7109375\" customWidth=\"1\"/>"
+            "<col min=\"2\" max=\"2\" width=\"9.7109375\" customWidth=\"1\"/>"
+            "<col min=\"3\" max=\"3\" width=\"9.7109375\" customWidth=\"1\"/>"
+            "<col min=\"4\" max=\"4\" width=\"9.7109375\" customWidth=\"1\"/>"
+            "<col min=\"5\" max=\"5\" width=\"9.7109375\" hidden=\"1\" customWidth=\"1\"/>"
+            "<col min=\"6\" max=\"6\" width=\"9.7109375\" hidden=\"1\" customWidth=\"1\"/></cols>");
+  EXPECT_EQ(Between(sheet, "<autoFilter", "/>"), "<autoFilter ref=\"A1:D3\"/>");
+}
+
+TEST_F(XlsxWriterTest, HidesNoOtherColumnThatIsEmpty) {
+  const std::vector<Column> columns = {{L"HORA"}, {L"ACAO1"}};
+  const auto writer = NewXlsxWriter(Path(), {});
+  writer->Begin({L"CLogRpt", L"RelatorioLog", L"Eventos", {}}, columns);
+  writer->Row(Cells{L"10:20:30", Null{}});
+  writer->End();
+  const std::string sheet = Part("xl/worksheets/sheet1.xml");
+  EXPECT_EQ(sheet.find("hidden"), std::string::npos) << sheet;
+  EXPECT_EQ(Between(sheet, "<autoFilter", "/>"), "<autoFilter ref=\"A1:B2\"/>");
+}
+
+TEST_F(XlsxWriterTest, HasItsNamesWithoutRows) {
+  Write({{L"DESCR_DEPTO"}}, {});
+  EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<sheetData>", "</sheetData>"),
+            "<sheetData><row r=\"1\"><c r=\"A1\" s=\"1\" t=\"inlineStr\"><is><t>DESCR_DEPTO</t></is></c></row>"
+            "</sheetData>");
+}
+
+TEST_F(XlsxWriterTest, HasTheNamesOfTheGuideForAReportWithoutRecordset) {
+  const auto writer = NewXlsxWriter(Path(), {});
+  writer->Begin({L"CSuporteRpt", L"RelatorioSuportes", L"Suportes", {}}, {});
+  writer->End();
+  EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<sheetData>", "</sheetData>"),
+            "<sheetData><row r=\"1\"><c r=\"A1\" s=\"1\" t=\"inlineStr\"><is><t>DESCR_SUPORTE</t></is></c></row>"
+            "</sheetData>");
+}
+
+TEST_F(XlsxWriterTest, IsEmptyWithoutColumns) {
+  const auto writer = NewXlsxWriter(Path(), {});
+  writer->Begin({L"", L"", L"Nada", {}}, {});
+  writer->End();
   EXPECT_NE(Part("xl/worksheets/sheet1.xml").find("<sheetData/>"), std::string::npos);
 }
 
@@ -221,7 +324,7 @@ TEST_F(XlsxWriterTest, RefusesATextLongerThanACellHolds) {
 }
 
 TEST_F(XlsxWriterTest, RefusesMoreRowsThanASheetHas) {
-  const auto writer = NewXlsxWriter(Path());
+  const auto writer = NewXlsxWriter(Path(), {});
   const std::vector<Column> columns = {{L"A"}};
   writer->Begin(ReportOfDepartments(), columns);
   const Cells nothing = {Null{}};
@@ -240,7 +343,7 @@ TEST_F(XlsxWriterTest, CountsACharacterBeyondSixteenBitsTwice) {
 // The message of the error with which writing a spreadsheet at the path fails; nothing may be printed.
 std::string FailureAt(const std::wstring& path) {
   testing::internal::CaptureStderr();
-  const std::string failure = FailureOf([&] { WriteTo(*NewXlsxWriter(path), {{L"A"}}, {{L"x"}}); });
+  const std::string failure = FailureOf([&] { WriteTo(*NewXlsxWriter(path, {}), {{L"A"}}, {{L"x"}}); });
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   return failure;
 }
