@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 
 #include "console/command_line/system_reason.h"
 #include "console/command_line/usage_error.h"
@@ -15,8 +16,23 @@ namespace {
 namespace fs = std::filesystem;
 using values::ToUtf8;
 
-UsageError CannotRead(const std::wstring& path, const std::string& reason) {
-  return UsageError(fmt::format("não foi possível ler \"{}\": {}", ToUtf8(path), reason));
+// `what` is the file's name in quotes, or "a entrada padrão".
+UsageError CannotRead(const std::string& what, const std::string& reason) {
+  return UsageError(fmt::format("não foi possível ler {}: {}", what, reason));
+}
+
+std::string LastReason() {
+  if (errno == ENOENT) return "o arquivo não existe";
+  return ToUtf8(SystemReason({errno, std::generic_category()}));
+}
+
+std::string Read(std::istream& input, const std::string& what, std::size_t most) {
+  std::string bytes(most + 1, '\0');
+  input.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (input.bad()) throw CannotRead(what, LastReason());
+  bytes.resize(static_cast<std::size_t>(input.gcount()));
+  if (bytes.size() > most) throw CannotRead(what, fmt::format("tem mais de {} bytes", most));
+  return bytes;
 }
 
 }  // namespace
@@ -24,18 +40,19 @@ UsageError CannotRead(const std::wstring& path, const std::string& reason) {
 std::string ReadInputFile(const std::wstring& path, std::size_t most) {
   const std::string utf8 = ToUtf8(path);
   const fs::path name(std::u8string(utf8.begin(), utf8.end()));
+  const std::string what = "\"" + utf8 + "\"";
   std::error_code error;
-  if (!fs::exists(name, error) && !error) throw CannotRead(path, "o arquivo não existe");
-  if (fs::is_directory(name, error)) throw CannotRead(path, "é uma pasta");
+  if (!fs::exists(name, error) && !error) throw CannotRead(what, "o arquivo não existe");
+  if (fs::is_directory(name, error)) throw CannotRead(what, "é uma pasta");
   errno = 0;
   std::ifstream file(name, std::ios::binary);
-  if (!file) throw CannotRead(path, ToUtf8(SystemReason({errno, std::generic_category()})));
-  std::string bytes(most + 1, '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (file.bad()) throw CannotRead(path, ToUtf8(SystemReason({errno, std::generic_category()})));
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  if (bytes.size() > most) throw CannotRead(path, fmt::format("tem mais de {} bytes", most));
-  return bytes;
+  if (!file) throw CannotRead(what, LastReason());
+  return Read(file, what, most);
+}
+
+std::string ReadStandardInput(std::size_t most) {
+  errno = 0;
+  return Read(std::cin, "a entrada padrão", most);
 }
 
 }  // namespace kodra::console

@@ -1,4 +1,4 @@
-// Files that the user names, to be read whole.
+// Files that the user names, and the standard input, to be read whole.
 #pragma once
 
 #include <cstddef>
@@ -9,5 +9,7 @@ namespace kodra::console {
 // Returns the file's bytes. Raises UsageError, with the file's name and the reason, if it cannot be read or is longer
 // than `most` bytes.
 std::string ReadInputFile(const std::wstring& path, std::size_t most);
+// The same for the standard input.
+std::string ReadStandardInput(std::size_t most);
 
 }  // namespace kodra::console
