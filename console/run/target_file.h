@@ -7,6 +7,7 @@
 #include <string>
 
 #include "console/formats/output.h"
+#include "console/run/write_signals.h"
 
 namespace kodra::console {
 
@@ -17,7 +18,8 @@ namespace kodra::console {
 //   file.Commit();
 //
 // Until Commit the target stays as it was, or absent. Without Commit, and after an interruption (interruption.h), the
-// temporary file is removed. A target that is not a regular file, for example a device or a pipe, is written directly.
+// temporary file is removed; a failed write, of whatever stream, does not end the process meanwhile. A target that is
+// not a regular file, for example a device or a pipe, is written directly.
 //
 // A new file that replaces another gets its owner, group and permissions, as far as the user may change them; until
 // then only the user may read it. On Windows it gets the permissions of its folder.
@@ -42,6 +44,7 @@ class TargetFile final : public Output {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
 
+  IgnoredWriteSignals ignoredSignals_;
   std::filesystem::path target_;
   std::filesystem::path path_;  // equals target_ when the target is written directly
   std::unique_ptr<std::FILE, Close> file_;

@@ -2,10 +2,15 @@
 
 #include <grp.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -50,6 +55,17 @@ class TargetFileTest : public testing::Test {
     for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
+  }
+
+  // Writes to a pipe that nobody reads, as kodrarpt writes messages when its errors go to a program that has ended.
+  // Returns the number of the error.
+  static int WriteWithoutReader() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    close(ends[0]);
+    const int error = write(ends[1], "x", 1) < 0 ? errno : 0;
+    close(ends[1]);
+    return error;
   }
 
   fs::path folder_;
@@ -199,6 +215,43 @@ TEST_F(TargetFileTest, SaysThatTheDiskIsFull) {
   TargetFile file(L"/dev/full");
   file.Write("x");
   EXPECT_EQ(FailureOf([&] { file.Commit(); }), "não foi possível gravar \"/dev/full\": o disco está cheio.");
+}
+
+TEST_F(TargetFileTest, IsCompletedWhenTheProgramsMessagesHaveNoReader) {
+  const auto writeAFile = [this] {
+    signal(SIGPIPE, SIG_DFL);
+    TargetFile file(Wide(At("a.csv")));
+    file.Write("linha");
+    if (WriteWithoutReader() == EPIPE) file.Commit();
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(writeAFile(), testing::ExitedWithCode(0), "");
+  EXPECT_EQ(Names(), std::vector<std::string>{"a.csv"});
+  EXPECT_EQ(Read(At("a.csv")), "linha");
+}
+
+TEST_F(TargetFileTest, IsRemovedWhenItGrowsBeyondTheLargestFileOfTheUser) {
+  const auto writeAFile = [this] {
+    const rlimit small{.rlim_cur = 100, .rlim_max = 100};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string target = At("a.csv").string();
+    const std::string failure = FailureOf([&] {
+      TargetFile file(Wide(target));
+      file.Write("linha");
+      file.Write(std::string(1000, 'x'));
+      file.Commit();
+    });
+    std::_Exit(failure == "não foi possível gravar \"" + target + "\": o arquivo é grande demais para o disco." ? 0
+                                                                                                                : 1);
+  };
+  EXPECT_EXIT(writeAFile(), testing::ExitedWithCode(0), "");
+  EXPECT_EQ(Names(), std::vector<std::string>{});
+}
+
+TEST_F(TargetFileTest, LeavesTheProgramsSignalsAsTheyWere) {
+  const auto previous = signal(SIGPIPE, SIG_DFL);
+  { const TargetFile file(Wide(At("a.csv"))); }
+  EXPECT_EQ(signal(SIGPIPE, previous), SIG_DFL);
 }
 
 }  // namespace
