@@ -95,6 +95,8 @@ class Run {
     const guide::Report& about = guide::About(method_);
     heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
                 options.parameters.Given()};
+    // As the report reads them: "1/2/2024" is 01/02/2024, and "s" is Sim.
+    for (auto& [name, text] : heading_.parameters) text = BrazilianText(parameters_.Get(name));
     formatOptions_.html.labels.containerModules = [this] { return ModulesOfContainers(); };
   }
 

@@ -5,9 +5,9 @@ namespace kodra::console::guide {
 namespace {
 
 const std::vector<Parameter> kThree = {
-    {"Container1", "Código do primeiro container", "CT01"},
-    {"Container2", "Código do segundo container; vazio não traz nenhum", "CT02"},
-    {"Container3", "Código do terceiro container; vazio não traz nenhum", "CT03"},
+    {"Container1", "Código do primeiro container", "CT01", "container {}"},
+    {"Container2", "Código do segundo container; vazio não traz nenhum", "CT02", "container {}"},
+    {"Container3", "Código do terceiro container; vazio não traz nenhum", "CT03", "container {}"},
 };
 
 }  // namespace

@@ -34,9 +34,15 @@ inline constexpr Column kDocFinal = {"DOC_FINAL", kText, "Último documento", "D
 inline constexpr Column kDataVencimento = {"DATA_VENCIMENTO", kDate, "Fim do prazo de guarda", "Vencimento"};
 inline constexpr Column kDataFechamento = {"DATA_FECHAMENTO", kDate, "Data de fechamento; nula no módulo aberto",
                                            "Fechamento"};
-inline constexpr Column kTipoGuarda = {
-    "TIPO_GUARDA", kText, "Tipo de guarda: E descartado, T por prazo, D até fechar, P fora das relações", "Guarda"};
-inline constexpr Column kAnosVencimento = {"ANOS_VENCIMENTO", kNumber, "Anos de guarda", "Anos"};
+inline constexpr Column kTipoGuarda = {"TIPO_GUARDA",
+                                       kText,
+                                       "Tipo de guarda: E descartado, T por prazo, D até fechar, P fora das relações",
+                                       "Guarda",
+                                       kColumn,
+                                       {},
+                                       {},
+                                       "T por prazo, D até fechar, E descartado, P fora das relações"};
+inline constexpr Column kAnosVencimento = {"ANOS_VENCIMENTO", kNumber, "Anos de guarda", "Anos de guarda"};
 
 inline constexpr Oddity kPastedFilters = {
     "Os filtros entram no SQL entre aspas simples, como foram informados: um apóstrofo no valor dá erro de sintaxe no "

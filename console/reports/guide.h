@@ -41,6 +41,8 @@ struct Column {
   // The values of TipoRpt with which the recordset has the column; "*" means all values that no other column names, and
   // empty means always.
   std::string_view kinds = {};
+  // What its codes mean: "P permanente, I sem data". Printed below the table.
+  std::string_view legend = {};
 };
 
 // A property of the parameter object that the report reads.
@@ -49,6 +51,9 @@ struct Parameter {
   std::string_view effect;
   // An example, as typed on a command line.
   std::string_view sample;
+  // The filter as the page says it, in lower case, "{}" being the value: "departamento {}". A flag is mentioned only if
+  // it is set. Empty for what the page shows anyway.
+  std::string_view words = {};
   // Whether it changes the text of the statements.
   bool changesSql = true;
   // Further values, with which the report sends other statements than with the sample.
@@ -68,6 +73,13 @@ struct Failure {
   std::string_view remedy;
 };
 
+// What a reader of the page must know, so that its figures do not mislead.
+struct Note {
+  std::string_view text;
+  // The values of TipoRpt with which the page has the note; "!NF" means all others than these, and empty means always.
+  std::string_view kinds = {};
+};
+
 enum class PageKind { kListing, kStatistic, kOpeningLabels, kClosingLabels, kDividerLabels, kContainerLabels };
 
 struct Page {
@@ -78,6 +90,7 @@ struct Page {
   std::string_view lineCaption = {};
   // The columns that come first in their place, in this order; the others follow in the order of the recordset.
   std::vector<std::string_view> first = {};
+  std::vector<Note> notes = {};
 };
 
 struct Report {

@@ -5,8 +5,9 @@ namespace kodra::console::guide {
 namespace {
 
 const Parameter kDepto = {"CodDepto", "Código do departamento; só filtra se o seu valor numérico for maior que zero",
-                          "001"};
-const Parameter kPregresso = {"ModoPregresso", "Sim lista só os módulos do acervo pregresso", "sim"};
+                          "001", "departamento {}"};
+const Parameter kPregresso = {"ModoPregresso", "Sim lista só os módulos do acervo pregresso", "sim",
+                              "só o acervo pregresso"};
 
 constexpr Column kFileira = {"FILEIRA", kText, "Fileira", "Fileira"};
 constexpr Column kEstante = {"ESTANTE", kText, "Estante", "Estante"};
@@ -53,7 +54,9 @@ std::vector<Report> ModuleListings() {
                     {"O módulo AA000 só fica de fora na metade dos módulos principais",
                      "The module AA000 is left out of the main half only"},
                     kDepartmentText},
-       .page = {kListing, "Módulos vencidos"}},
+       .page = {.kind = kListing,
+                .title = "Módulos vencidos",
+                .notes = {{"um módulo subordinado aparece com as páginas e os documentos do seu módulo principal"}}}},
 
       {.className = "CCaixaRpt",
        .method = "DocsNoModulo",
@@ -61,6 +64,7 @@ std::vector<Report> ModuleListings() {
        .parameters = {{"Modulo1",
                        "Código do módulo: 5 caracteres para um principal, 7 para um subordinado",
                        "AA001",
+                       "módulo {}",
                        true,
                        {"AA00101"}},
                       kDepto},
@@ -78,7 +82,7 @@ std::vector<Report> ModuleListings() {
                    {"DEPOSITO", kText, "Depósito", "Depósito", kDetail},
                    {"ENDERECO", kText, "Endereço do depósito", "Endereço", kDetail},
                    {"CIDADE", kText, "Cidade do depósito", "Cidade", kDetail},
-                   {"ESTADO", kText, "Estado do depósito", "UF", kDetail},
+                   {"ESTADO", kText, "Estado do depósito", "Estado", kDetail},
                    {"TELEFONE", kText, "Telefone do depósito", "Telefone", kDetail},
                    {"CONTATO", kText, "Pessoa de contato do depósito", "Contato", kDetail}},
        .oddities = {kDepartmentText, kPastedFilters},
@@ -87,7 +91,8 @@ std::vector<Report> ModuleListings() {
       {.className = "CCaixaRpt",
        .method = "DocsNoModuloSubRpt",
        .purpose = "Os códigos dos documentos de um módulo",
-       .parameters = {{"Modulo1", "Código do módulo; valem os 5 primeiros caracteres, o módulo principal", "AA001"}},
+       .parameters = {{"Modulo1", "Código do módulo; valem os 5 primeiros caracteres, o módulo principal", "AA001",
+                       "módulo {}"}},
        .columns = {kCodDocto},
        .oddities =
            {{"O método não confere nada nem grava no log, e o erro chega como é, sem o texto e o número dos erros "
@@ -107,11 +112,13 @@ std::vector<Report> ModuleListings() {
        .method = "RelatoriosModulos",
        .purpose = "Todos os módulos, com a sua localização",
        .parameters = {kDepto,
-                      {"SomenteExistentes", "Sim deixa de fora os módulos descartados (E) e os de tipo P", "sim"},
+                      {"SomenteExistentes", "Sim deixa de fora os módulos descartados (E) e os de tipo P", "sim",
+                       "só os existentes"},
                       kPregresso,
                       {"Ordenacao",
                        "D ordena pela descrição; outro valor, pelo código. Um objeto novo já traz N",
                        "D",
+                       {},
                        true,
                        {"N"}}},
        .columns = {kModulo,
@@ -136,7 +143,7 @@ std::vector<Report> ModuleListings() {
        .purpose = "Os documentos de um módulo com totais, para autorizar o descarte",
        .parameters = {{"Modulo1",
                        "Código de um módulo principal, 5 caracteres; com outro tamanho vem uma linha em branco",
-                       "AA001"}},
+                       "AA001", "módulo {}"}},
        .columns = {kCodDocto,
                    {"TOTAL_DOCS", kNumber, "Documentos do módulo", "Total de documentos", kFact},
                    {"TOTAL_PAGINAS", kNumber, "Folhas e versos do módulo", "Total de páginas", kFact}},

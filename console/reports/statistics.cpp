@@ -4,13 +4,14 @@
 namespace kodra::console::guide {
 namespace {
 
-const Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; aparece também no título", "01/02/2024"};
-const Parameter kLastDay = {"DataFinal", "Último dia do período; aparece também no título", "29/02/2024"};
-const Parameter kOwnerText = {"Owner", "Texto devolvido na coluna OWNER", "Arquivo Geral"};
-const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio inclui todos", "001"};
+const Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; aparece também no título", "01/02/2024",
+                             "desde {}"};
+const Parameter kLastDay = {"DataFinal", "Último dia do período; aparece também no título", "29/02/2024", "até {}"};
+const Parameter kOwnerText = {"Owner", "Texto devolvido na coluna OWNER", "Arquivo Geral", "responsável {}"};
+const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio inclui todos", "001", "departamento {}"};
 // TipoRpt in the statistics by support and by subgroup.
 const Parameter kCounted = {
-    "TipoRpt", "F traz as folhas; P, folhas e versos; outro valor, só os documentos", "F", true, {"P", "N"}};
+    "TipoRpt", "F traz as folhas; P, folhas e versos; outro valor, só os documentos", "F", {}, true, {"P", "N"}};
 
 constexpr Column kPeriod = {"TIT1", kText, "Título: \"Período: … a …\"", {}, kSubtitle};
 constexpr Column kOperador = {"OPERADOR", kText, "Operador do filtro, ou Todos os Operadores", "Operador", kFact};
@@ -36,11 +37,12 @@ std::vector<Report> Statistics() {
        .parameters = {kOwnerText,
                       kFirstDay,
                       kLastDay,
-                      {"CodOperador", "Código do operador que armazenou; vazio inclui todos", "001"},
+                      {"CodOperador", "Código do operador que armazenou; vazio inclui todos", "001", "operador {}"},
                       kCodDepto,
                       {"TipoRpt",
                        "P traz folhas e versos; F, só folhas; outro valor, o código do documento",
                        "P",
+                       {},
                        true,
                        {"F", "N"}}},
        .columns = {kPeriod,
@@ -56,13 +58,16 @@ std::vector<Report> Statistics() {
                      "Imaging leaves out AA000 and the support DIGITAL; the other statistics count them."},
                     kBrokenPeriodOnSqlite,
                     kPastedFilters},
-       .page = {.kind = kStatistic, .title = "Estatísticas de digitalização", .first = {"FUNDO"}}},
+       .page = {.kind = kStatistic,
+                .title = "Estatísticas de digitalização",
+                .first = {"FUNDO"},
+                .notes = {{"os documentos do módulo AA000 e os de suporte DIGITAL não contam"}}}},
 
       {.className = "CEstatIndexRpt",
        .method = "RelatorioEstatisticasPorDocumento",
        .purpose = "Os documentos indexados em um período",
        .parameters = {kOwnerText,
-                      {"CodOperador", "Código do operador que indexou; vazio inclui todos", "001"},
+                      {"CodOperador", "Código do operador que indexou; vazio inclui todos", "001", "operador {}"},
                       kCodDepto,
                       kFirstDay,
                       kLastDay},
@@ -81,10 +86,10 @@ std::vector<Report> Statistics() {
        .purpose = "Os totais de palavras-chave que o cliente contou",
        .parameters =
            {kOwnerText,
-            {"DescrDepto", "Texto devolvido na coluna DEPTO", "Todos os Departamentos"},
-            {"DescrOperador", "Texto devolvido na coluna OPERADOR", "Todos os Operadores"},
-            {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024"},
-            {"DataFinal", "Último dia do período, só para o título", "29/02/2024"},
+            {"DescrDepto", "Texto devolvido na coluna DEPTO", "Todos os Departamentos", "departamento {}"},
+            {"DescrOperador", "Texto devolvido na coluna OPERADOR", "Todos os Operadores", "operador {}"},
+            {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024", "desde {}"},
+            {"DataFinal", "Último dia do período, só para o título", "29/02/2024", "até {}"},
             {"NumeroPC1", "Documentos com a palavra-chave 1, contados pelo cliente; entra no SQL sem aspas", "12"},
             {"NumeroPC2", "Documentos com a palavra-chave 2, contados pelo cliente; entra no SQL sem aspas", "22"},
             {"NumeroPC3", "Documentos com a palavra-chave 3, contados pelo cliente; entra no SQL sem aspas", "32"},
@@ -105,7 +110,12 @@ std::vector<Report> Statistics() {
        .oddities = {{"Um número vazio deixa a instrução com erro de sintaxe", "A count left empty is invalid SQL."}},
        .failures = {{"Erro de sintaxe do banco",
                      "Informe um número em NumeroPC1 a NumeroPC5 e em NumeroObs, mesmo que seja 0"}},
-       .page = {kStatistic, "Estatísticas de indexação por palavras-chave", "Chave", {"FUNDO"}}},
+       .page =
+           {kStatistic,
+            "Estatísticas de indexação por palavras-chave",
+            "Chave",
+            {"FUNDO"},
+            {{"um documento com várias chaves conta em cada uma delas; o total geral não é o número de documentos"}}}},
 
       {.className = "CEstatSuporteRpt",
        .method = "RelatorioEstatisticas",
@@ -119,7 +129,9 @@ std::vector<Report> Statistics() {
             {.name = "VERSO", .type = kNumber, .meaning = "Páginas de verso; sempre 0 com TipoRpt F", .kinds = "FP"}},
        .oddities = {{"Com F, a coluna VERSO vem sempre com 0", "Front pages come with a back count of 0"},
                     kBrokenPeriodOnSqlite},
-       .page = {kStatistic, "Estatísticas por suporte"}},
+       .page = {.kind = kStatistic,
+                .title = "Estatísticas por suporte",
+                .notes = {{"só as folhas foram somadas; o verso não conta", "F"}}}},
 
       {.className = "CEstatSubgrupoRpt",
        .method = "RelatorioEstatisticas",
@@ -139,12 +151,12 @@ std::vector<Report> Statistics() {
       {.className = "CEstatSerieRpt",
        .method = "RelatorioEstatisticas",
        .purpose = "Os totais armazenados em cada série de um subgrupo",
-       .parameters = {kFirstDay,
-                      {"DataFinal",
-                       "Último dia do período; a instrução vai até a meia-noite do dia seguinte, inclusive",
-                       "29/02/2024"},
-                      {"TipoRpt", "N conta documentos; F, P e qualquer outro somam as folhas", "N", true, {"F", "P"}},
-                      {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001"}},
+       .parameters =
+           {kFirstDay,
+            {"DataFinal", "Último dia do período; a instrução vai até a meia-noite do dia seguinte, inclusive",
+             "29/02/2024", "até {}"},
+            {"TipoRpt", "N conta documentos; F, P e qualquer outro somam as folhas", "N", {}, true, {"F", "P"}},
+            {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001", "subgrupo {}"}},
        .columns = {{"Titulo", kText, "Título com o nome que a instalação dá à série", {}, kTitle},
                    {"Subtitulo", kText, "O que se conta: folhas, páginas ou documentos", {}, kSubtitle},
                    {"Periodo", kText, "Período: … a …", {}, kSubtitle},
@@ -155,7 +167,11 @@ std::vector<Report> Statistics() {
                      "Pages are front pages in the series statistics."},
                     {"A meia-noite do dia seguinte ao último também conta", "The series statistics end a day later."},
                     kBrokenPeriodOnSqlite},
-       .page = {kStatistic, "Estatísticas por série"}},
+       .page = {.kind = kStatistic,
+                .title = "Estatísticas por série",
+                .notes = {{"os totais somam as folhas; o verso não conta", "P"},
+                          {"os totais somam as folhas, e não os documentos", "!NFP"},
+                          {"conta também o que foi armazenado à meia-noite depois do último dia"}}}},
   };
 }
 

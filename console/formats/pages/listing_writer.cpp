@@ -1,5 +1,6 @@
 #include "console/formats/pages/listing_writer.h"
 
+#include "console/formats/pages/number_text.h"
 #include "console/formats/pages/report_words.h"
 #include "values/utf8.h"
 
@@ -43,6 +44,7 @@ constexpr std::size_t kUnbrokenLength = 14;
 Cell CellOf(const guide::Column& column, const RowReader& row) {
   const Value value = row.Get(column.name);
   Cell cell = {row.Text(column.name), NumberIn(value).has_value(), value.Is<Date>()};
+  if (cell.isNumber && column.type == guide::ValueType::kNumber) cell.text = WithThousands(cell.text);
   if (value.Is<std::wstring>())
     cell.isWhole = cell.text.size() <= kUnbrokenLength && cell.text.find(L' ') == cell.text.npos;
   return cell;
@@ -60,7 +62,7 @@ void ListingWriter::Begin(const Heading& heading, std::span<const Column> column
 
 void ListingWriter::OpenTable(const RowReader& first) {
   PageHead head = {TitleOf(*report_, first)};
-  if (std::wstring filters = FilterText(heading_); !filters.empty()) head.lines.push_back(std::move(filters));
+  if (std::wstring filters = FilterText(*report_, heading_); !filters.empty()) head.lines.push_back(std::move(filters));
   for (const guide::Column* fact : guide::ColumnsIn(guide::Place::kFact, *report_)) {
     if (std::wstring text = first.Text(fact->name); !text.empty())
       head.facts.push_back({FromUtf8(fact->caption), std::move(text)});
@@ -97,6 +99,9 @@ void ListingWriter::End() {
   if (rows_ == 0) OpenTable(RowReader(columns_, {}));
   printout_.Row({.cells = {{RowCountText(rows_)}}, .style = RowStyle::kTotal});
   printout_.CloseTable();
+  if (rows_ > 0) {
+    for (const Fact& note : NotesOf(*report_, heading_)) printout_.Note(note);
+  }
   printout_.End();
 }
 

@@ -67,14 +67,18 @@ void StatisticsWriter::Row(std::span<const Value> values) {
 
 void StatisticsWriter::End() {
   const Statistics statistics = gatherer_->Result();
+  const guide::Report& report = *guide::Find(heading_.className, heading_.method);
   printout_.Begin(statistics.title, false);
   PageHead head = {statistics.title, {}, statistics.facts};
-  if (!statistics.subtitle.empty()) head.lines.push_back(statistics.subtitle);
+  // The rows say in words what was counted; without rows, the parameters do.
+  const std::wstring line = rows_ == 0 ? FilterText(report, heading_) : statistics.subtitle;
+  if (!line.empty()) head.lines.push_back(line);
   printout_.Head(head);
   if (rows_ == 0) {
     printout_.Paragraph(RowCountText(0) + L".");
   } else {
     PrintTable(statistics, printout_);
+    for (const Fact& note : NotesOf(report, heading_)) printout_.Note(note);
     PrintChart(statistics, printout_);
   }
   printout_.End();

@@ -37,10 +37,11 @@ INSTANTIATE_TEST_SUITE_P(, ExecutaHtml, testing::Values(Engine::kSqlite, Engine:
 TEST_P(ExecutaHtml, PrintsAListing) {
   const RunResult result = RunReport("CDocumentoRpt.RelatorioSintetico", {"--CodDepto", "1"});
   EXPECT_EQ(result.code, ExitCode::kOk);
-  EXPECT_EQ(TextsOf(result.out), (std::vector<std::string>{
-                                     "Documentos: relatório sintético", "CodDepto: 1", "Documento", "Suporte", "Módulo",
-                                     "Mídia", "Armazenamento", "Vencimento", "Frente", "Verso", "0000000001", "Papel",
-                                     "AB001", "31/12/2023 10:20:30", "31/12/2028", "1200", "3", "1 registro"}));
+  EXPECT_EQ(
+      TextsOf(result.out),
+      (std::vector<std::string>{"Documentos: relatório sintético", "Departamento 1", "Documento", "Suporte", "Módulo",
+                                "Mídia", "Armazenamento", "Vencimento", "Frente", "Verso", "0000000001", "Papel",
+                                "AB001", "31/12/2023 10:20:30", "31/12/2028", "1.200", "3", "1 registro"}));
 }
 
 // The modules of each container come from a second report.

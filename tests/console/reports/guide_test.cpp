@@ -196,6 +196,30 @@ TEST(GuideTest, SaysForEachStatisticWhatItsLinesAre) {
   EXPECT_EQ(statistics, 6);
 }
 
+// Without words are only filters that the page shows otherwise: in its title, its figures or its order.
+TEST(GuideTest, HasWordsForEachFilterOfAPage) {
+  const std::set<std::string_view> shown = {"TipoRpt",   "Ordenacao", "NumeroPC1", "NumeroPC2",
+                                            "NumeroPC3", "NumeroPC4", "NumeroPC5", "NumeroObs"};
+  for (const guide::Report& report : guide::Reports()) {
+    if (report.page.kind != PageKind::kListing && report.page.kind != PageKind::kStatistic) continue;
+    for (const Parameter& parameter : report.parameters)
+      EXPECT_EQ(parameter.words.empty(), shown.contains(parameter.name))
+          << NameOfEntry(report) << " " << parameter.name;
+  }
+}
+
+// A flag is mentioned without its value.
+TEST(GuideTest, PutsTheValueOfEachOtherFilterIntoItsWords) {
+  for (const ReportMethod& method : reports::ReportMethods()) {
+    for (const Parameter& parameter : guide::About(method).parameters) {
+      if (parameter.words.empty()) continue;
+      const bool isFlag = PropertyNamed(method, parameter.name)->rule == kFlag;
+      EXPECT_EQ(parameter.words.find("{}") == std::string_view::npos, isFlag)
+          << NameOf(method) << " " << parameter.name;
+    }
+  }
+}
+
 std::vector<std::string> NamesIn(Place place, const wchar_t* className, const wchar_t* method) {
   std::vector<std::string> names;
   for (const guide::Column* column : guide::ColumnsIn(place, *guide::Find(className, method)))

@@ -52,14 +52,14 @@ TEST(ListingWriter, PrintsRowsUnderTheirCaptionsAndDetailsBelow) {
   EXPECT_EQ(
       Body(page),
       "<main>\n<section class=\"via\">\n<h1>Registro de eventos</h1>\n"
-      "<p class=\"detalhe\">Operador: ANA</p>\n"
-      "<table>\n<thead><tr><th>Data</th><th>Hora</th><th>Operador</th><th>Máquina</th><th>Documento</th><th>Evento</th>"
+      "<p class=\"detalhe\">Operador ANA</p>\n"
+      "<table>\n<thead><tr><th>Data</th><th>Operador</th><th>Máquina</th><th>Documento</th><th>Evento</th>"
       "</tr></thead>\n"
-      "<tbody><tr><td class=\"inteiro\">31/12/2023</td><td class=\"inteiro\">10:00:00</td><td "
+      "<tbody><tr><td class=\"inteiro\">31/12/2023</td><td "
       "class=\"inteiro\">ANA</td><td class=\"inteiro\">PC-1</td><td class=\"inteiro\">1</td><td "
       "class=\"inteiro\">INC</td>"
-      "</tr><tr><td class=\"detalhe\" colspan=\"6\"><b>Ação:</b> Incluiu &lt;x&gt; e saiu</td></tr></tbody>\n"
-      "<tbody class=\"total\"><tr><td colspan=\"6\">1 registro</td></tr></tbody>\n</table>\n</section>\n</main>\n");
+      "</tr><tr><td class=\"detalhe\" colspan=\"5\"><b>Ação:</b> Incluiu &lt;x&gt; e saiu</td></tr></tbody>\n"
+      "<tbody class=\"total\"><tr><td colspan=\"5\">1 registro</td></tr></tbody>\n</table>\n</section>\n</main>\n");
 }
 
 TEST(ListingWriter, TakesItsTitleAndItsCaptionsFromTheRowsWhereTheyAreThere) {

@@ -39,8 +39,9 @@ TEST(TextLines, AreBrokenInsideOnlyAWordThatIsTooWide) {
 }
 
 TEST(TextLines, KeepTheWeightOfEachRun) {
-  EXPECT_EQ(Wrapped(std::vector<pages::Run>{{L"Nome:", Face::kBold}, {L"Ana Sá ·"}, {L"Ano:", Face::kBold}}, kSize, 100000),
-            (std::vector<Line>{{{L"Nome: ", Face::kBold}, {L"Ana Sá · "}, {L"Ano:", Face::kBold}}}));
+  EXPECT_EQ(
+      Wrapped(std::vector<pages::Run>{{L"Nome:", Face::kBold}, {L"Ana Sá ·"}, {L"Ano:", Face::kBold}}, kSize, 100000),
+      (std::vector<Line>{{{L"Nome: ", Face::kBold}, {L"Ana Sá · "}, {L"Ano:", Face::kBold}}}));
 }
 
 TEST(TextLines, AreShortenedWithAnEllipsis) {
