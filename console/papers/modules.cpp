@@ -17,12 +17,13 @@ using pages::TableRow;
 constexpr std::size_t kCodesPerRow = 7;
 constexpr std::size_t kMainModuleLength = 5;
 
-// The module's number, place and dates, as the report on one module has them.
+// The module's place and dates, as the report on one module has them.
 PageHead HeadOf(const std::wstring& title, const Source& source) {
   const ReportTable header = source.read(L"CCaixaRpt", L"DocsNoModulo");
   if (header.rows.empty()) throw UsageError("o módulo \"" + values::ToUtf8(source.subject) + "\" não foi encontrado");
   PageHead head = {.title = title};
   for (const guide::Column& column : guide::Find(L"CCaixaRpt", L"DocsNoModulo")->columns) {
+    if (column.name == "NUM_CAIXA") continue;  // in the title
     if (std::wstring text = header.Row(0).Text(column.name); !text.empty())
       head.facts.push_back({values::FromUtf8(column.caption), std::move(text)});
   }
@@ -63,11 +64,10 @@ std::wstring NumberText(const Value& value) { return pages::NumberForPeople(Numb
 void PrintDiscardAuthorisation(const Source& source, Printout& printout) {
   if (source.subject.size() != kMainModuleLength)
     throw UsageError("a autorização de descarte é de um módulo principal: --Modulo1 tem 5 caracteres");
-  const std::wstring title = L"Autorização de descarte";
-  const PageHead head = HeadOf(title, source);
+  const PageHead head = HeadOf(L"Autorização de descarte do módulo " + source.subject, source);
   const ReportTable documents = source.read(L"CCaixaRpt", L"AutorizacaoDescarteModuloSubRpt");
   const std::vector<std::wstring> codes = CodesIn(documents);
-  printout.Begin(title + L" do módulo " + source.subject, false);
+  printout.Begin(head.title, false);
   printout.Head(head);
   if (codes.empty()) {
     printout.Paragraph(L"O módulo não tem documentos.");

@@ -38,6 +38,7 @@ void PrintCopy(const Source& source, const ReportTable& slip, const std::wstring
   if (const std::wstring sentence = first.Text("DEVOLUCAO"); !sentence.empty()) printout.Paragraph(sentence);
   if (const std::wstring remark = first.Text("OBS_SOLICIT"); remark != L"-")
     printout.Paragraph(L"Observação: " + remark);
+  if (!isOne) printout.Note({L"Nota", L"quem retirou, a devolução e a observação são os de uma das solicitações."});
   printout.Signatures({L"Entregue por", L"Recebido por", L"Devolvido em"});
 }
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "console/command_line/usage_error.h"
-#include "tests/console/papers/recording_printout.h"
+#include "tests/console/formats/pages/recording_printout.h"
 
 namespace kodra::console::papers {
 namespace {
@@ -52,6 +52,7 @@ TEST(WithdrawalSlip, HasACopyForTheArchiveAndOneForTheReader) {
       L"fim da tabela",
       L"parágrafo: Os documentos serão retirados permanentemente.",
       L"parágrafo: Observação: urgente",
+      L"nota: Nota: quem retirou, a devolução e a observação são os de uma das solicitações.",
       L"assinaturas: [Entregue por] [Recebido por] [Devolvido em]",
   };
   Lines expected = {L"retrato: Comprovante de retirada de originais", L"título: Comprovante de retirada de originais",
@@ -139,8 +140,8 @@ TEST(DiscardAuthorisation, NamesTheModuleItsDocumentsAndWhoSigns) {
       Printed("descarte", L"AB001", {{L"DocsNoModulo", kHeader}, {L"AutorizacaoDescarteModuloSubRpt", Codes(8, true)}}),
       (Lines{
           L"retrato: Autorização de descarte do módulo AB001",
-          L"título: Autorização de descarte",
-          L"Módulo: AB001",
+          L"título: Autorização de descarte do módulo AB001",
+
           L"Descrição: Contratos",
           L"Vencimento: 31/12/2023",
           L"Fileira: 3",
@@ -163,8 +164,8 @@ TEST(DiscardAuthorisation, HasNoSignaturesForAModuleWithoutDocuments) {
                              {{L" ", std::int32_t(0), std::int32_t(0)}}};
   const Lines lines =
       Printed("descarte", L"AB001", {{L"DocsNoModulo", kHeader}, {L"AutorizacaoDescarteModuloSubRpt", blank}});
-  EXPECT_EQ(lines[7], L"parágrafo: O módulo não tem documentos.");
-  EXPECT_EQ(lines[8], L"fim");
+  EXPECT_EQ(lines[6], L"parágrafo: O módulo não tem documentos.");
+  EXPECT_EQ(lines[7], L"fim");
 }
 
 TEST(DiscardAuthorisation, IsForMainModulesThatExist) {
@@ -181,7 +182,6 @@ TEST(ModuleSheet, ListsWhatIsInTheModule) {
             (Lines{
                 L"retrato: Módulo AB001",
                 L"título: Módulo AB001",
-                L"Módulo: AB001",
                 L"Descrição: Contratos",
                 L"Vencimento: 31/12/2023",
                 L"Fileira: 3",
