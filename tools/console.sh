@@ -33,6 +33,38 @@ same_sheet() {
   fi
 }
 
+# Writes pages on both systems; the files must have the same bytes. Pages contain the minute in which they are issued:
+# both are written in the same one.
+same_pages() {
+  local folder=build/console minute
+  rm -rf "$folder/native-pages" "$folder/windows-pages"
+  mkdir -p "$folder/native-pages" "$folder/windows-pages"
+  minute=
+  until [ "$minute" = "$(date +%H:%M)" ]; do
+    minute=$(date +%H:%M)
+    TZ=UTC build/sanitize/kodrarpt "$@" --saida "$folder/native-pages/páginas.pdf" || true
+    wine_environment run wine build/win32/console/kodrarpt.exe "$@" --saida "$folder/windows-pages/páginas.pdf" \
+      2>>"$logs/wine.log" || true
+  done
+  if [ -s "$folder/native-pages/páginas.pdf" ] && cmp -s "$folder/native-pages/páginas.pdf" "$folder/windows-pages/páginas.pdf"; then
+    passed "console.pages $1 $2"
+  else
+    failed "console.pages $1 $2"
+    echo "kodrarpt $* escreve outras páginas no Windows"
+  fi
+}
+
+# The pages that same_pages wrote last: A4, with these words, and every font embedded and a subset.
+pages_have() {
+  local file=build/console/native-pages/páginas.pdf words missing=
+  for words in "$@"; do
+    pdftotext -layout "$file" - | grep -qF "$words" || missing="$missing «$words»"
+  done
+  pdfinfo "$file" | grep -q '(A4)' || missing="$missing A4"
+  pdffonts "$file" | tail -n +3 | awk '$0 !~ / yes yes /{other = 1} END {exit other || NR == 0}' || missing="$missing fontes"
+  if [ -z "$missing" ]; then passed "console.pages have $1"; else failed "console.pages have $1"; echo "faltam:$missing"; fi
+}
+
 group_console() {
   build_preset sanitize kodrarpt kodra-demo-data
   build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
@@ -59,4 +91,16 @@ group_console() {
   same executa CDeptoRpt --conexao "$connection" --formato cvs
   same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
   same verifica --conexao "$connection"
+  # One dot of PNG.
+  base64 -d >build/console/logotipo.png <<<iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==
+  same_pages executa CDocumentoRpt.RelatorioAnalitico --formato pdf --conexao "$connection" --orgao "Órgão Público" \
+    --logotipo build/console/logotipo.png
+  pages_have "Documentos: relatório analítico" "Órgão Público" "Armazenamento" "Página 2 de " "registros"
+  same_pages executa CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave --formato pdf --conexao "$connection" \
+    --NumeroPC1 1200 --NumeroPC2 7 --NumeroPC3 0 --NumeroPC4 333 --NumeroPC5 1 --NumeroObs 2
+  pages_have "Estatísticas de indexação por palavras-chave" "Documentos por Chave" "1.200" "Total geral"
+  same_pages papel retirada --conexao "$connection" --CodSolicit 1
+  pages_have "Comprovante de retirada de originais" "2ª via: acompanha os originais" "Devolvido em"
+  same_pages papel modulo --conexao "$connection" --Modulo1 AA001
+  pages_have "Módulo AA001" "Documentos" "Depósito:"
 }
