@@ -107,7 +107,7 @@ std::vector<Report> Catalogs() {
        .purpose = "Os termos controlados das chaves de cada série",
        .columns = {kDescrGrupo,
                    kDescrAssunto,
-                   {"COD_PALAVRA", kText, "Código do termo", "Chave"},
+                   {"COD_PALAVRA", kText, "Código do termo", "Código"},
                    {"DESCR_CHAVE1", kText, "Legenda da chave 1", "Chave 1", kDetail},
                    {"DESCR_CHAVE2", kText, "Legenda da chave 2", "Chave 2", kDetail},
                    {"DESCR_CHAVE3", kText, "Legenda da chave 3", "Chave 3", kDetail},

@@ -41,7 +41,7 @@ struct Column {
   // The values of TipoRpt with which the recordset has the column; "*" means all values that no other column names, and
   // empty means always.
   std::string_view kinds = {};
-  // What its codes mean: "P permanente, I sem data". Printed below the table.
+  // What its codes mean: "P permanente, I sem data". Printed above the table.
   std::string_view legend = {};
 };
 

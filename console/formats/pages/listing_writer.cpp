@@ -43,10 +43,11 @@ constexpr std::size_t kUnbrokenLength = 14;
 
 Cell CellOf(const guide::Column& column, const RowReader& row) {
   const Value value = row.Get(column.name);
-  Cell cell = {row.Text(column.name), NumberIn(value).has_value(), value.Is<Date>()};
+  const bool isDate = value.Is<Date>() || column.type == guide::ValueType::kDate;
+  Cell cell = {row.Text(column.name), NumberIn(value).has_value(), isDate};
   if (cell.isNumber && column.type == guide::ValueType::kNumber) cell.text = WithThousands(cell.text);
-  if (value.Is<std::wstring>())
-    cell.isWhole = cell.text.size() <= kUnbrokenLength && cell.text.find(L' ') == cell.text.npos;
+  if (value.Is<std::wstring>() && cell.text.size() <= kUnbrokenLength && cell.text.find(L' ') == cell.text.npos)
+    cell.isWhole = true;
   return cell;
 }
 
@@ -69,6 +70,9 @@ void ListingWriter::OpenTable(const RowReader& first) {
   }
   printout_.Begin(head.title, shown_.size() > kPortraitColumns);
   printout_.Head(head);
+  if (rows_ > 0) {
+    for (const Fact& note : NotesOf(*report_, heading_)) printout_.Note(note);
+  }
   std::vector<TableColumn> columns;
   // A heading is aligned like the figures of its column.
   for (const guide::Column* column : shown_)
@@ -99,9 +103,6 @@ void ListingWriter::End() {
   if (rows_ == 0) OpenTable(RowReader(columns_, {}));
   printout_.Row({.cells = {{RowCountText(rows_)}}, .style = RowStyle::kTotal});
   printout_.CloseTable();
-  if (rows_ > 0) {
-    for (const Fact& note : NotesOf(*report_, heading_)) printout_.Note(note);
-  }
   printout_.End();
 }
 

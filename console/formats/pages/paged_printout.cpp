@@ -1,11 +1,10 @@
 #include "console/formats/pages/paged_printout.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "console/formats/pages/chart.h"
 #include "console/formats/pages/page_style.h"
-#include "console/formats/pages/text_lines.h"
+#include "console/formats/pages/table_slices.h"
 
 namespace kodra::console::pages {
 namespace {
@@ -29,107 +28,6 @@ constexpr Length kLowerTop = kHalf + 8_mm;
 // The lower half has less room, because of the foot of the page.
 constexpr Length kHalfRoom = kA4.height - kBottomMargin - kLowerTop;
 
-Length WidthOf(const Line& line, Length size) {
-  Length width = 0;
-  for (const Run& run : line) width += TextWidth(run.text, run.face, size);
-  return width;
-}
-
-std::vector<Run> RunsOf(const std::vector<Fact>& facts) {
-  std::vector<Run> runs;
-  for (const Fact& fact : facts) {
-    if (!runs.empty()) runs.back().text += L" ·";
-    runs.push_back({fact.caption + L":", Face::kBold});
-    runs.push_back({fact.text, Face::kRegular});
-  }
-  return runs;
-}
-
-// Part of a table's row: one line of each cell, or a line across all of them.
-struct Slice {
-  struct Placed {
-    Length x;
-    Line line;
-  };
-  std::vector<Placed> lines;
-  TextStyle letters;
-  Length above = 0, below = 0;  // the room between the letters and the next slices
-  Length Height() const { return above + LineHeight(letters.size) + below; }
-};
-
-using Slices = std::vector<Slice>;
-
-Length HeightOf(const Slices& slices) {
-  Length height = 0;
-  for (const Slice& slice : slices) height += slice.Height();
-  return height;
-}
-
-// The lines of several cells as slices.
-class CellLines {
- public:
-  CellLines(const std::vector<Length>& widths, TextStyle letters) : widths_(widths), letters_(letters) {}
-
-  void Add(const std::wstring& text, bool isNumber) {
-    Put(text, widths_[cell_], isNumber);
-    left_ += widths_[cell_++];
-  }
-  void AddAcross(const std::wstring& text) { Put(text, std::accumulate(widths_.begin(), widths_.end(), 0), false); }
-
-  Slices Take() {
-    if (slices_.empty()) slices_.push_back({{}, letters_});
-    slices_.front().above = kCellTop;
-    slices_.back().below = kCellTop;
-    return std::move(slices_);
-  }
-
- private:
-  void Put(const std::wstring& text, Length width, bool isNumber) {
-    const Run run = {text, letters_.face};
-    const std::vector<Line> lines = Wrapped({&run, 1}, letters_.size, width - 2 * kCellSide);
-    if (slices_.size() < lines.size()) slices_.resize(lines.size(), {{}, letters_});
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      const Length indent = isNumber ? width - kCellSide - WidthOf(lines[i], letters_.size) : kCellSide;
-      slices_[i].lines.push_back({left_ + indent, lines[i]});
-    }
-  }
-
-  const std::vector<Length>& widths_;
-  TextStyle letters_;
-  Slices slices_;
-  std::size_t cell_ = 0;
-  Length left_ = 0;
-};
-
-Slices CaptionSlices(const std::vector<TableColumn>& columns, const std::vector<Length>& widths) {
-  if (std::ranges::all_of(columns, &std::wstring::empty, &TableColumn::caption)) return {};
-  CellLines cells(widths, {.face = Face::kBold, .size = kSmallSize, .colour = kAccent});
-  for (const TableColumn& column : columns) cells.Add(column.caption, column.isNumber);
-  return cells.Take();
-}
-
-TextStyle LettersOf(RowStyle style) {
-  return {.face = style == RowStyle::kPlain ? Face::kRegular : Face::kBold,
-          .size = style == RowStyle::kBlock ? kBlockSize : kTextSize,
-          .colour = kInk};
-}
-
-Slices RowSlices(const TableRow& row, const std::vector<Length>& widths) {
-  CellLines cells(widths, LettersOf(row.style));
-  if (row.cells.size() == widths.size()) {
-    for (const Cell& cell : row.cells) cells.Add(cell.text, cell.isNumber);
-  } else {
-    cells.AddAcross(row.cells.front().text);
-  }
-  Slices slices = cells.Take();
-  const TextStyle small = {.size = kSmallSize, .colour = kMuted};
-  const Length width = std::accumulate(widths.begin(), widths.end(), 0) - 2 * kCellSide;
-  for (const Line& line : Wrapped(RunsOf(row.details), kSmallSize, width))
-    slices.push_back({{{kCellSide, line}}, small});
-  slices.back().below = kCellTop;
-  return slices;
-}
-
 // Fills the pages of one copy from top to bottom.
 class Layout {
  public:
@@ -143,8 +41,11 @@ class Layout {
   Layout(Canvas& canvas, const Paper& paper, int pages)
       : canvas_(canvas), paper_(paper), pages_(pages), width_(paper.size.width - 2 * kSideMargin) {}
 
-  void Put(const PagedPrintout::Copy& copy) {
-    for (const PagedPrintout::Block& block : copy) std::visit([&](const auto& each) { Put(each); }, block);
+  void Put(std::span<const PagedPrintout::Block> copy) {
+    for (; !copy.empty(); copy = copy.subspan(1)) {
+      if (IsTable(copy.front())) below_ = SignedRoom(copy.subspan(1));
+      std::visit([&](const auto& each) { Put(each); }, copy.front());
+    }
   }
 
   void NextPage() {
@@ -166,6 +67,20 @@ class Layout {
   Length Used() const { return y_ - kTopMargin; }
 
  private:
+  static bool IsTable(const PagedPrintout::Block& block) { return std::holds_alternative<PagedPrintout::Table>(block); }
+
+  // The room that these blocks take if they are short and end with signatures: nobody signs a page that has nothing
+  // else.
+  Length SignedRoom(std::span<const PagedPrintout::Block> blocks) const {
+    if (blocks.empty() || !std::holds_alternative<PagedPrintout::SignatureBlock>(blocks.back())) return 0;
+    if (std::ranges::any_of(blocks, IsTable)) return 0;
+    NoCanvas none;
+    Layout below(none, paper_, 0);
+    below.NextPage();
+    below.Put(blocks);
+    return below.Pages() == 1 && below.Used() <= WholePage() / 2 ? below.Used() : 0;
+  }
+
   Length Room() const { return paper_.size.height - kBottomMargin - y_; }
   Length WholePage() const { return paper_.size.height - kBottomMargin - kTopMargin; }
   // Goes to a new page unless there is so much room on this one.
@@ -241,7 +156,7 @@ class Layout {
   }
 
   void Put(const PagedPrintout::SignatureBlock& block) {
-    Need(kSigningRoom + 2 * LineHeight(kSmallSize));
+    Need(kSigningRoom + kCellTop + LineHeight(kSmallSize));
     y_ += kSigningRoom;
     const auto count = static_cast<Length>(block.captions.size());
     const Length each = (width_ - (count - 1) * kSignatureGap) / count;
@@ -259,17 +174,18 @@ class Layout {
     const std::vector<Length> widths = ColumnWidths(table.needs, width_);
     const Slices captions = CaptionSlices(table.columns, widths);
     const Length captionHeight = HeightOf(captions);
-    y_ += 2_mm;
+    y_ += kTableGap;
     bool isBegun = false;
     std::size_t stripe = 0;
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
       const TableRow& row = table.rows[i];
       const Slices slices = RowSlices(row, widths);
       Length needed = HeightOf(slices);
+      if (i + 1 == table.rows.size()) needed += kTableGap + below_;
       if (row.style == RowStyle::kBlock && i + 1 < table.rows.size())
         needed += kBlockGap + HeightOf(RowSlices(table.rows[i + 1], widths));
       const Length captionsToo = isBegun ? 0 : captionHeight;
-      // A row that is higher than a page begins where the table is.
+      // A row that is higher than a page starts on this one and continues on the next.
       const bool isTooHigh = needed > WholePage() - captionHeight;
       if (captionsToo + (isTooHigh ? slices.front().Height() : needed) > Room()) {
         NextPage();
@@ -287,9 +203,10 @@ class Layout {
       Need(captionHeight);
       PutCaptions(captions);
     }
-    y_ += 2_mm;
+    y_ += kTableGap;
   }
 
+  static constexpr Length kTableGap = 2_mm;
   static constexpr Length kBlockGap = 2.5_mm;
 
   void Rule(Length width, Colour colour) {
@@ -309,7 +226,7 @@ class Layout {
     Rule(kThickRule, kAccent);
   }
 
-  // A row that does not fit on the page goes on on the next ones.
+  // A row that does not fit on the page continues on the next ones.
   void PutRow(std::span<const Slice> slices, bool isStriped, const Slices& captions) {
     while (!slices.empty()) {
       std::size_t count = 0;
@@ -332,6 +249,7 @@ class Layout {
   Length width_;
   int page_ = 0;
   Length y_ = 0;
+  Length below_ = 0;  // what must be on the same page as the end of the present table
 };
 
 Length WidthInCell(const Run& run, Length size) { return TextWidth(run.text, run.face, size) + 2 * kCellSide; }

@@ -28,15 +28,18 @@ void PrintTable(const Statistics& statistics, Printout& printout) {
   printout.CloseTable();
 }
 
-// Days, in order, added up by month: "31/12/2023" counts for "12/2023".
-std::vector<Bar> ByMonth(const std::vector<Bar>& days) {
-  std::vector<Bar> months;
+// Where the month and the year begin in "31/12/2023".
+constexpr std::size_t kMonthPlace = 3, kYearPlace = 6;
+
+// Days, in order, added up by month or year.
+std::vector<Bar> AddedUp(const std::vector<Bar>& days, std::size_t place) {
+  std::vector<Bar> sums;
   for (const Bar& day : days) {
-    const std::wstring month = day.name.substr(std::min<std::size_t>(3, day.name.size()));
-    if (months.empty() || months.back().name != month) months.push_back({month, 0});
-    months.back().value += day.value;
+    const std::wstring name = day.name.substr(std::min(place, day.name.size()));
+    if (sums.empty() || sums.back().name != name) sums.push_back({name, 0});
+    sums.back().value += day.value;
   }
-  return months;
+  return sums;
 }
 
 // A bar for the last measure of every line, which is the subject of the statistic.
@@ -45,11 +48,14 @@ void PrintChart(const Statistics& statistics, Printout& printout) {
   for (const StatisticsBlock& block : statistics.blocks) {
     for (const StatisticsLine& line : block.lines) bars.push_back({line.name, line.sums.back()});
   }
-  const std::wstring& measure = statistics.measures.back();
-  if (statistics.groupCaption == L"Dia" && bars.size() > kMostBars)
-    printout.Chart(measure + L" por mês", ByMonth(bars));
-  else
-    printout.Chart(measure + L" por " + statistics.groupCaption, bars);
+  std::wstring lines = statistics.groupCaption;
+  if (lines == L"Dia" && bars.size() > kMostBars) {
+    const std::vector<Bar> months = AddedUp(bars, kMonthPlace);
+    const bool areFew = months.size() <= kMostBars;
+    lines = areFew ? L"mês" : L"ano";
+    bars = areFew ? months : AddedUp(bars, kYearPlace);
+  }
+  printout.Chart(statistics.measures.back() + L" por " + lines, bars);
 }
 
 }  // namespace
@@ -77,8 +83,8 @@ void StatisticsWriter::End() {
   if (rows_ == 0) {
     printout_.Paragraph(RowCountText(0) + L".");
   } else {
-    PrintTable(statistics, printout_);
     for (const Fact& note : NotesOf(report, heading_)) printout_.Note(note);
+    PrintTable(statistics, printout_);
     PrintChart(statistics, printout_);
   }
   printout_.End();

@@ -16,19 +16,20 @@ void ForEachWord(std::wstring_view text, Take take) {
 }
 
 // As many letters of a word as are not wider than `width`, at least one.
-std::size_t FittingLetters(std::wstring_view word, Face face, Length size, Length width) {
+std::size_t FittingLetters(std::wstring_view word, Face face, std::int64_t units) {
   std::size_t count = 1;
-  while (count < word.size() && TextWidth(word.substr(0, count + 1), face, size) <= width) ++count;
+  while (count < word.size() && TextUnits(word.substr(0, count + 1), face) <= units) ++count;
   return count;
 }
 
 class Wrapper {
  public:
-  Wrapper(Length size, Length width) : size_(size), width_(width) {}
+  // Measures in the units of the font, so that a text fits exactly where TextWidth says so.
+  Wrapper(Length size, Length width) : width_(std::int64_t{width} * kUnitsPerEm / size) {}
 
   void Add(std::wstring_view word, Face face) {
-    Length wide = TextWidth(word, face, size_);
-    const Length blank = lines_.empty() ? 0 : TextWidth(L" ", lines_.back().back().face, size_);
+    std::int64_t wide = TextUnits(word, face);
+    const std::int64_t blank = lines_.empty() ? 0 : TextUnits(L" ", lines_.back().back().face);
     if (!lines_.empty() && used_ + blank + wide <= width_) {
       Run& last = lines_.back().back();
       last.text += L' ';
@@ -40,11 +41,11 @@ class Wrapper {
       return;
     }
     while (wide > width_) {
-      const std::size_t count = FittingLetters(word, face, size_, width_);
+      const std::size_t count = FittingLetters(word, face, width_);
       if (count == word.size()) break;
       lines_.push_back({{std::wstring(word.substr(0, count)), face}});
       word.remove_prefix(count);
-      wide = TextWidth(word, face, size_);
+      wide = TextUnits(word, face);
     }
     lines_.push_back({{std::wstring(word), face}});
     used_ = wide;
@@ -53,9 +54,9 @@ class Wrapper {
   std::vector<Line> Lines() { return std::move(lines_); }
 
  private:
-  Length size_, width_;
+  std::int64_t width_;
   std::vector<Line> lines_;
-  Length used_ = 0;  // of the last line
+  std::int64_t used_ = 0;  // of the last line
 };
 
 }  // namespace

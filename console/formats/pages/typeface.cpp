@@ -22,8 +22,7 @@ extern const unsigned kLiberationSansBoldSize;
 namespace kodra::console::pages {
 namespace {
 
-// The measures of Liberation Sans are in 2048ths of the letters' size.
-constexpr int kUnitsPerEm = 2048;
+// In the units of Liberation Sans.
 constexpr int kAscent = 1854, kDescent = 434;
 
 stbtt_fontinfo Opened(std::span<const unsigned char> file) {
@@ -54,14 +53,18 @@ std::wstring Printable(std::wstring_view text) {
   return printable;
 }
 
-Length TextWidth(std::wstring_view text, Face face, Length size) {
+std::int64_t TextUnits(std::wstring_view text, Face face) {
   std::int64_t units = 0;
   for (const wchar_t character : text) {
     int advance = 0;
     stbtt_GetCodepointHMetrics(&Font(face), character, &advance, nullptr);
     units += advance;
   }
-  return static_cast<Length>((units * size + kUnitsPerEm - 1) / kUnitsPerEm);
+  return units;
+}
+
+Length TextWidth(std::wstring_view text, Face face, Length size) {
+  return static_cast<Length>((TextUnits(text, face) * size + kUnitsPerEm - 1) / kUnitsPerEm);
 }
 
 Length Ascent(Length size) { return (size * kAscent + kUnitsPerEm - 1) / kUnitsPerEm; }

@@ -211,6 +211,22 @@ TEST(PagedPrintout, NumbersThePagesOfEachCopyThatDoesNotFitOnHalfAPage) {
     EXPECT_EQ(FootOf(pages[i]), L"Página " + std::to_wstring(i % 2 + 1) + L" de 2") << i;
 }
 
+// Wherever the table ends, the signatures are on a page with its last row.
+TEST(PagedPrintout, LeavesNoSignaturesAloneOnAPage) {
+  for (int rows = 30; rows < 50; ++rows) {
+    for (int notes = 0; notes < 5; ++notes) {
+      const std::vector<Page> pages = Pages([&](Printout& printout) {
+        for (int i = 0; i < notes; ++i) printout.Note({L"Nota", L"x"});
+        PrintNumbers(printout, rows);
+        printout.Paragraph(L"Devolução em 22/11/2026.");
+        printout.Signatures({L"Entregue por"});
+      });
+      EXPECT_NE(pages.back().Find(L"Entregue por"), nullptr) << rows << " " << notes;
+      EXPECT_NE(pages.back().Find(L"n" + std::to_wstring(rows)), nullptr) << rows << " " << notes;
+    }
+  }
+}
+
 TEST(PagedPrintout, PrintsAnEmptyTable) {
   const std::vector<Page> pages = Pages([](Printout& printout) { PrintNumbers(printout, 0); });
   ASSERT_EQ(pages.size(), 1U);

@@ -44,9 +44,9 @@ TEST(ReportPages, ExplainTheCodesThatTheyShow) {
       Printed({L"CSolicitacaoRpt", L"RelatorioDevolucaoOriginal", L"", {}},
               {{L"TITULO"}, {L"COD_DOCTO"}, {L"DESCR_OPERADOR"}, {L"DEVOLVIDO"}}, {{L"Listagem", L"1", L"Ana", L"P"}}),
       (Lines{L"retrato: Listagem", L"título: Listagem",
+             L"nota: Devolução: P permanente, I sem data, D com data, S já devolvido",
              L"tabela: [Documento] [Operador] [Retirada] [Devolução] [Data da devolução]", L"| 1 | Ana |  | P |  ",
-             L"total| 1 registro ", L"fim da tabela",
-             L"nota: Devolução: P permanente, I sem data, D com data, S já devolvido", L"fim"}));
+             L"total| 1 registro ", L"fim da tabela", L"fim"}));
 }
 
 TEST(ReportPages, SayNothingAboutCodesWithoutRows) {
@@ -99,12 +99,28 @@ TEST(ReportPages, ShowAStatisticWithItsSumsItsNotesAndItsChart) {
                     {{L"Período: x", L"Ana", std::int32_t(1200), std::int32_t(7)}}),
             (Lines{L"retrato: Estatísticas de indexação por palavras-chave",
                    L"título: Estatísticas de indexação por palavras-chave", L"linha: Período: x", L"Operador: Ana",
-                   L"tabela: [Chave] [Documentos]", L"| Chave 1 | 1.200 ", L"| Chave 2 | 0 ", L"| Chave 3 | 0 ",
-                   L"| Chave 4 | 0 ", L"| Chave 5 | 0 ", L"| Observação | 7 ", L"total| Total geral | 1.207 ",
-                   L"fim da tabela",
                    L"nota: Nota: um documento com várias chaves conta em cada uma delas; o total geral não é o número "
                    L"de documentos",
-                   L"gráfico: Documentos por Chave", L"fim"}));
+                   L"tabela: [Chave] [Documentos]", L"| Chave 1 | 1.200 ", L"| Chave 2 | 0 ", L"| Chave 3 | 0 ",
+                   L"| Chave 4 | 0 ", L"| Chave 5 | 0 ", L"| Observação | 7 ", L"total| Total geral | 1.207 ",
+                   L"fim da tabela", L"gráfico: Documentos por Chave", L"fim"}));
+}
+
+// The caption of the chart of so many days in a row from 1 January 2024.
+std::wstring ChartOfDays(int days) {
+  Rows rows;
+  for (int day = 0; day < days; ++day) rows.push_back({Date{45292.0 + day}, L"1"});
+  const Lines lines = Printed({L"CEstatIndexRpt", L"RelatorioEstatisticasPorDocumento", L"", {}},
+                              {{L"DATA_INDEXACAO"}, {L"COD_DOCTO"}}, rows);
+  return lines[lines.size() - 2];
+}
+
+TEST(ReportPages, DrawMonthsOrYearsInPlaceOfTooManyDays) {
+  EXPECT_EQ(ChartOfDays(36), L"gráfico: Documentos por Dia");
+  EXPECT_EQ(ChartOfDays(37), L"gráfico: Documentos por mês");
+  // 36 months: the year 2024 has 366 days.
+  EXPECT_EQ(ChartOfDays(366 + 2 * 365), L"gráfico: Documentos por mês");
+  EXPECT_EQ(ChartOfDays(366 + 2 * 365 + 1), L"gráfico: Documentos por ano");
 }
 
 TEST(WithThousands, KeepsDecimalsAndSigns) {

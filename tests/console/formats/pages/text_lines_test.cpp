@@ -33,6 +33,15 @@ TEST(TextLines, AreBrokenAtBlanksWhereTheNextWordDoesNotFit) {
   EXPECT_EQ(Texts({{L" "}}, 10000), Lines());
 }
 
+TEST(TextLines, AreNotBrokenWhereTheyFitExactly) {
+  const std::wstring text = L"04/01/2010 13:07:47";
+  for (const Length size : {7.5_pt, 8_pt, 9_pt, 10_pt, 14_pt}) {
+    const pages::Run run = {text};
+    EXPECT_EQ(Wrapped({&run, 1}, size, TextWidth(text, Face::kRegular, size)).size(), 1U) << size;
+    EXPECT_EQ(Wrapped({&run, 1}, size, TextWidth(text, Face::kRegular, size) - 1).size(), 2U) << size;
+  }
+}
+
 TEST(TextLines, AreBrokenInsideOnlyAWordThatIsTooWide) {
   EXPECT_EQ(Texts({{L"a aaaaa a"}}, 2 * 1139 + 569), (Lines{L"a", L"aa", L"aa", L"a a"}));
   EXPECT_EQ(Texts({{L"aaa"}}, 1), (Lines{L"a", L"a", L"a"}));
