@@ -29,8 +29,10 @@ using values::FromUtf8;
 
 constexpr const char* kFooter =
     "Em csv e json, as datas são ISO (2023-12-31T10:20:30) e os números têm ponto decimal; em tabela, são como as\n"
-    "pessoas os escrevem (31/12/2023 10:20:30 e 1234,5); em xlsx, são datas e números da planilha. O arquivo de\n"
-    "--saida só aparece quando está completo; com Ctrl-C ou com um erro, fica o arquivo que havia antes.\n"
+    "pessoas os escrevem (31/12/2023 10:20:30 e 1234,5); em xlsx, são datas e números da planilha; html e pdf\n"
+    "são páginas A4 para imprimir. O arquivo de --saida só aparece quando está completo; com Ctrl-C ou com um erro, "
+    "fica\n"
+    "o arquivo que havia antes.\n"
     "\n"
     "Exemplo:\n"
     "  KODRARPT_SENHA=… kodrarpt executa CDocumentoRpt.RelatorioSintetico --conexao \"DSN=Acervo;UID=ana\" \\\n"
