@@ -8,7 +8,7 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
-#include "console/formats/html/preview_options.h"
+#include "console/formats/labels/preview_options.h"
 #include "console/formats/pages/letterhead_options.h"
 #include "console/reports/guide.h"
 #include "console/run/connection_options.h"
@@ -44,7 +44,7 @@ struct Options {
   ConnectionOptions connection;
   ReportParameters parameters;
   OutputOptions output;
-  html::PreviewOptions preview;
+  labels::PreviewOptions preview;
   pages::LetterheadOptions letterhead;
   std::string progress = "auto";
 };
@@ -132,10 +132,10 @@ class Run {
 
  private:
   // The modules of each requested container, for its label.
-  html::ContainerModules ModulesOfContainers() {
+  labels::ContainerModules ModulesOfContainers() {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
     RowSource source(modules.call(machine_->Around(), connection_, &parameters_));
-    html::ContainerModules found;
+    labels::ContainerModules found;
     std::vector<Value> values;
     while (source.Next(values)) {
       const html::RowReader row(source.Columns(), values);

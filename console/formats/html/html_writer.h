@@ -4,13 +4,13 @@
 
 #include <memory>
 
-#include "console/formats/html/label_writer.h"
+#include "console/formats/labels/label_writer.h"
 #include "console/formats/pages/printout.h"
 
 namespace kodra::console::html {
 
 struct HtmlOptions {
-  LabelOptions labels = {};
+  labels::LabelOptions labels = {};
   pages::Letterhead letterhead = {};
 };
 

@@ -11,6 +11,12 @@
 namespace kodra::console::html {
 namespace {
 
+using labels::FindLabelSheet;
+using labels::LabelPlace;
+using labels::LabelSheet;
+using labels::LabelSheets;
+using labels::PlaceOf;
+
 using tests::Browser;
 
 // The longest texts that the archive's columns take, of the widest letters and of ordinary ones.

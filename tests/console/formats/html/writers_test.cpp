@@ -8,6 +8,8 @@
 namespace kodra::console::html {
 namespace {
 
+using labels::FindLabelSheet;
+
 using Rows = std::vector<std::vector<Value>>;
 
 std::string Page(const Heading& heading, const std::vector<Column>& columns, const Rows& rows,

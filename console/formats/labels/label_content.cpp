@@ -1,11 +1,11 @@
 // The labels, one function each.
-#include "console/formats/html/label_content.h"
+#include "console/formats/labels/label_content.h"
 
 #include <cmath>
 
 #include "console/reports/guide.h"
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 namespace {
 
 constexpr std::size_t kModuleDigits = 5;
@@ -107,4 +107,4 @@ LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerMod
   return nullptr;
 }
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

@@ -9,7 +9,7 @@ namespace CLI {
 class App;
 }
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 
 class PreviewOptions {
  public:
@@ -17,7 +17,7 @@ class PreviewOptions {
 
   // Raises UsageError for a sheet that does not exist, a first label that is not on the sheet, and a number of copies
   // below one or above kMostCopies.
-  HtmlOptions Options() const;
+  html::HtmlOptions Options() const;
 
  private:
   std::string sheet_{LabelSheets().front().name};
@@ -27,4 +27,4 @@ class PreviewOptions {
 
 inline constexpr int kMostCopies = 1000;
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

@@ -1,10 +1,10 @@
 // The sheets: common cuts of A4 and letter paper.
-#include "console/formats/html/label_sheet.h"
+#include "console/formats/labels/label_sheet.h"
 
 #include <algorithm>
 #include <array>
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 namespace {
 
 constexpr double kA4Width = 210, kA4Height = 297;
@@ -53,4 +53,4 @@ LabelPlace PlaceOf(const LabelSheet& sheet, int index) {
   return {index / sheet.Labels(), sheet.left + column * sheet.columnPitch, sheet.top + row * sheet.rowPitch};
 }
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

@@ -9,7 +9,9 @@
 
 #include "console/formats/html/preview_row.h"
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
+
+using html::RowReader;
 
 struct Label {
   std::wstring kind;         // "ABERTURA DE MÓDULO"
@@ -32,4 +34,4 @@ LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerMod
 // the number of years.
 std::wstring RetentionText(std::wstring_view kind, const Value& until, std::wstring_view years);
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

@@ -1,9 +1,9 @@
 // What each label says.
-#include "console/formats/html/label_content.h"
+#include "console/formats/labels/label_content.h"
 
 #include <gtest/gtest.h>
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 namespace {
 
 constexpr Date kLastOf2023{45291};
@@ -113,4 +113,4 @@ TEST(LabelContent, IsNoneOfAListing) {
 }
 
 }  // namespace
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

@@ -1,4 +1,4 @@
-#include "console/formats/html/preview_options.h"
+#include "console/formats/labels/preview_options.h"
 
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
@@ -6,7 +6,7 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 namespace {
 
 std::vector<std::string> SheetNames() {
@@ -38,7 +38,7 @@ void PreviewOptions::AddTo(CLI::App& command) {
       ->option_text("NÚMERO");
 }
 
-HtmlOptions PreviewOptions::Options() const {
+html::HtmlOptions PreviewOptions::Options() const {
   const LabelSheet& sheet = SheetNamed(sheet_);
   if (firstLabel_ < 1 || firstLabel_ > sheet.Labels())
     throw UsageError(fmt::format("--primeira vai de 1 a {} na folha {}, e não pode ser {}", sheet.Labels(), sheet.name,
@@ -48,4 +48,4 @@ HtmlOptions PreviewOptions::Options() const {
   return {.labels = {.sheet = &sheet, .firstLabel = firstLabel_, .copies = copies_}};
 }
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

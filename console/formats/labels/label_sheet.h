@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 
 struct LabelSheet {
   std::string_view name;  // as people choose it: "a4-2x7" has two columns and seven rows
@@ -29,4 +29,4 @@ struct LabelPlace {
 };
 LabelPlace PlaceOf(const LabelSheet& sheet, int index);
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

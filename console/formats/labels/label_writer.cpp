@@ -1,5 +1,5 @@
 // The sheets' style and the parts of a label.
-#include "console/formats/html/label_writer.h"
+#include "console/formats/labels/label_writer.h"
 
 #include <fmt/format.h>
 
@@ -8,8 +8,10 @@
 #include "console/formats/html/text_fit.h"
 #include "values/utf8.h"
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 namespace {
+
+using namespace html;
 
 // The margin along a label's edge, because printers are not exact to the millimetre.
 constexpr double kPadding = 2.0;
@@ -110,4 +112,4 @@ void LabelWriter::End() {
   output_.Write(PageClosing());
 }
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

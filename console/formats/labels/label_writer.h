@@ -1,12 +1,12 @@
 // Sheets of labels as a page to print: each label in its place, with the requested number of copies.
 #pragma once
 
-#include "console/formats/html/label_content.h"
-#include "console/formats/html/label_sheet.h"
+#include "console/formats/labels/label_content.h"
+#include "console/formats/labels/label_sheet.h"
 #include "console/formats/output.h"
 #include "console/formats/row_writer.h"
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 
 struct LabelOptions {
   const LabelSheet* sheet = &LabelSheets().front();
@@ -40,4 +40,4 @@ class LabelWriter final : public RowWriter {
 // The HTML inside a label of that size.
 std::string LabelHtml(const Label& label, const LabelSheet& sheet);
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels

@@ -1,9 +1,9 @@
 // Sheets of labels: every label on the paper, none over another.
-#include "console/formats/html/label_sheet.h"
+#include "console/formats/labels/label_sheet.h"
 
 #include <gtest/gtest.h>
 
-namespace kodra::console::html {
+namespace kodra::console::labels {
 namespace {
 
 constexpr double kHundredth = 0.01;
@@ -51,4 +51,4 @@ TEST(LabelSheet, FillsRowByRowAndThenTheNextSheet) {
 }
 
 }  // namespace
-}  // namespace kodra::console::html
+}  // namespace kodra::console::labels
