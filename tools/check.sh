@@ -41,6 +41,7 @@ group_valgrind() {
     under_valgrind executa CDocumentoRpt.RelatorioAnalitico --conexao "$connection" --formato "$format" \
       --saida "build/test/valgrind.$format"
   done
+  under_valgrind etiquetas abertura AA001 --com-lugar --conexao "$connection" --saida build/test/valgrind.pdf
   under_valgrind verifica --conexao "$connection"
 }
 

@@ -65,6 +65,62 @@ pages_have() {
   if [ -z "$missing" ]; then passed "console.pages have $1"; else failed "console.pages have $1"; echo "faltam:$missing"; fi
 }
 
+# Prints labels of a kind on several stocks, at the resolution of an office printer: a scanner must read the codes that
+# standard input lists, and nothing else; the first label must be in its place, in millimetres from the page's corner.
+# The padding of a label is 2 mm, or 1.5 mm on labels of less than 30 mm.
+labels_are_read() {
+  local kind=$1 stock left top pages=build/console/labels expected found place
+  shift
+  expected=$(sort)
+  while read -r stock left top; do
+    rm -rf "$pages"
+    mkdir -p "$pages"
+    build/sanitize/kodrarpt etiquetas "$kind" "$@" --folha "$stock" --saida "$pages/labels.pdf" 2>>"$logs/console.log" || true
+    pdftoppm -r 600 -mono "$pages/labels.pdf" "$pages/page"
+    found=$(zbarimg --nodbus --quiet --raw "$pages"/page*.pbm | sort)
+    place=$(pdftotext -bbox "$pages/labels.pdf" - | awk -F'"' -v left="$left" -v top="$top" '/<word/ {
+      x = $2 / 72 * 25.4 - left; y = $4 / 72 * 25.4 - top
+      print x * x <= 0.04 && y * y <= 0.04 ? "here" : "at " $2 ", " $4 " points"; exit }')
+    if [ "$found" = "$expected" ] && [ "$place" = here ] && [ -n "$expected" ]; then
+      passed "console.labels $kind $stock"
+    else
+      failed "console.labels $kind $stock"
+      echo "etiquetas $kind $* --folha $stock: primeira etiqueta $place; códigos que faltam (<) ou sobram (>):"
+      diff <(echo "$expected") <(echo "$found") || true
+    fi
+  done <<'END'
+a4-2x7 6.65 17.15
+carta-3x10 6.3 14.2
+60x40mm 2 2
+END
+}
+
+# The labels of the archive: their codes, their words and their fonts; and the same bytes on Windows.
+labels() {
+  local connection=$1 kind
+  shift
+  printf '%s\n' AA001 AA00102 AA003 | labels_are_read abertura AA001 AA00102 AA003 --conexao "$connection"
+  printf '%s\n' AA002 AA001 | labels_are_read fechamento AA002 AA001 --conexao "$connection"
+  printf '%s\n' AA00101 AA00102 AA00103 | labels_are_read subordinadas AA001 --conexao "$connection"
+  build/sanitize/kodrarpt executa CCaixaRpt.EtiquetaDivisoria --Modulo1 AA001 --formato csv --conexao "$connection" |
+    sed 1d | tr -d '\r' | labels_are_read divisoria AA001 --conexao "$connection"
+  printf '%s\n' CT0001 CT0005 | labels_are_read conteiner CT0001 CT0005 --conexao "$connection"
+  printf '%s\n' AA001 AA002 | labels_are_read abertura AA001 AA002 --codigo qr --com-lugar --conexao "$connection"
+  build/sanitize/kodrarpt etiquetas fechamento AA002 --orgao "Câmara de Évora" --conexao "$connection" \
+    --saida build/console/labels.pdf 2>>"$logs/console.log"
+  if pdftotext build/console/labels.pdf - | grep -qx "Câmara de Évora" &&
+    [ "$(pdffonts build/console/labels.pdf | grep -c '^KODRA.+LiberationSans.* yes yes ')" = 2 ]; then
+    passed console.labels-text
+  else
+    failed console.labels-text
+  fi
+  for kind in abertura fechamento subordinadas divisoria; do
+    same etiquetas "$kind" AA001 AA002 --com-lugar --ajuste=-0.5,1 --conexao "$connection"
+  done
+  same etiquetas conteiner --de CT0001 --codigo qr --folha 60x40mm --conexao "$connection"
+  same etiquetas abertura AA001 AA00101 XX999 --formato html --contorno --conexao "$connection"
+}
+
 group_console() {
   build_preset sanitize kodrarpt kodra-demo-data
   build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
@@ -103,4 +159,5 @@ group_console() {
   pages_have "Comprovante de retirada de originais" "2ª via: acompanha os originais" "Devolvido em"
   same_pages papel modulo --conexao "$connection" --Modulo1 AA001
   pages_have "Módulo AA001" "Documentos" "Depósito:"
+  labels "$connection"
 }

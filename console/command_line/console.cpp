@@ -38,10 +38,12 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
+bool StandardOutputIsTerminal() { return _isatty(_fileno(stdout)) != 0; }
 bool StandardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 #else
 
+bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
 Utf8Console::Utf8Console() = default;

@@ -24,6 +24,7 @@ class Utf8Console {
 // The arguments of this process after the program's name. Takes the arguments of main.
 std::vector<std::string> Arguments(int count, char** values);
 
+bool StandardOutputIsTerminal();
 bool StandardErrorIsTerminal();
 
 }  // namespace kodra::console

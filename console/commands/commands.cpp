@@ -6,6 +6,7 @@ void AddCommands(Program& program) {
   AddLista(program);
   AddDescreve(program);
   AddExecuta(program);
+  AddEtiquetas(program);
   AddSql(program);
   AddPapel(program);
   AddVerifica(program);

@@ -11,6 +11,7 @@ void AddCommands(Program& program);
 void AddLista(Program& program);
 void AddDescreve(Program& program);
 void AddExecuta(Program& program);
+void AddEtiquetas(Program& program);
 void AddSql(Program& program);
 void AddPapel(Program& program);
 void AddVerifica(Program& program);

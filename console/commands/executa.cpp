@@ -8,7 +8,7 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
-#include "console/formats/labels/preview_options.h"
+#include "console/formats/labels/label_arguments.h"
 #include "console/formats/pages/letterhead_options.h"
 #include "console/reports/guide.h"
 #include "console/run/connection_options.h"
@@ -44,15 +44,18 @@ struct Options {
   ConnectionOptions connection;
   ReportParameters parameters;
   OutputOptions output;
-  labels::PreviewOptions preview;
+  labels::LabelArguments labels;
   pages::LetterheadOptions letterhead;
   std::string progress = "auto";
 };
 
 FormatOptions FormatOptionsOf(const Options& options) {
   FormatOptions formatOptions = options.output.ForFormats();
-  formatOptions.html = options.preview.Options();
-  formatOptions.html.letterhead = options.letterhead.Get();
+  pages::Letterhead& letterhead = formatOptions.html.letterhead = options.letterhead.Get();
+  labels::LabelOptions& labels = formatOptions.html.labels;
+  labels.print = options.labels.Options();
+  labels.print.logo = letterhead.logo;
+  labels.organisation = letterhead.organisation;
   return formatOptions;
 }
 
@@ -100,6 +103,9 @@ class Run {
     // As the report reads them: "1/2/2024" is 01/02/2024, and "s" is Sim.
     for (auto& [name, text] : heading_.parameters) text = BrazilianText(parameters_.Get(name));
     formatOptions_.html.labels.containerModules = [this] { return ModulesOfContainers(); };
+    formatOptions_.html.labels.print.warn = [this](const std::string& warning) {
+      program_.Err() << "kodrarpt: aviso: " << warning << "\n";
+    };
   }
 
   ExitCode Execute() {
@@ -168,7 +174,7 @@ void AddExecuta(Program& program) {
   options->connection.AddTo(command);
   options->output.AddTo(command);
   options->letterhead.AddTo(command);
-  options->preview.AddTo(command);
+  options->labels.AddTo(command, "etiquetas: ");
   command.add_option("--progresso", options->progress, "sempre, nunca ou auto (o padrão: só em um terminal)")
       ->option_text("QUANDO");
   options->parameters.AddTo(command);

@@ -60,7 +60,7 @@ std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options
     case Format::kHtml:
       return std::make_unique<html::HtmlWriter>(output, options.html);
     case Format::kPdf:
-      return std::make_unique<pages::PdfWriter>(output, options.html.letterhead);
+      return std::make_unique<pages::PdfWriter>(output, options.html.letterhead, options.html.labels);
   }
   return nullptr;
 }

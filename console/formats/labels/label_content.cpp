@@ -8,8 +8,6 @@
 namespace kodra::console::labels {
 namespace {
 
-constexpr std::size_t kModuleDigits = 5;
-
 std::wstring ParameterNamed(const Heading& heading, std::wstring_view name) {
   for (const auto& [known, value] : heading.parameters) {
     if (known == name) return value;
@@ -29,50 +27,56 @@ std::wstring Joined(const std::wstring& first, const std::wstring& second) {
   return first.empty() || second.empty() ? first + second : first + L" · " + second;
 }
 
-Label OpeningLabel(const RowReader& row) {
-  const std::wstring number = row.Text("NUM_CAIXA");
-  return {.kind = L"ABERTURA DE MÓDULO",
-          .number = number,
-          .description = row.Text("DESC_CAIXA"),
-          .facts = RetentionText(row.Text("TIPO_GUARDA"), {}, row.Text("ANOS_VENCIMENTO")),
-          .barcode = number};
-}
-
-Label ClosingLabel(const RowReader& row) {
-  const std::wstring number = row.Text("NUM_CAIXA");
-  return {.kind = L"FECHAMENTO DE MÓDULO",
-          .company = row.Text("Nome_Empresa"),
-          .number = number,
-          .description = row.Text("DESC_CAIXA"),
-          .facts = Joined(DocumentsText(row.Text("DOC_INICIAL"), row.Text("DOC_FINAL")),
-                          RetentionText(row.Text("TIPO_GUARDA"), row.Get("DATA_VENCIMENTO"), L"")),
-          .barcode = number};
-}
-
-// A divider is put before a document within the module, whose number is not among the columns.
-Label DividerLabel(const RowReader& row, const std::wstring& module) {
-  return {.kind = L"DIVISÓRIA", .number = row.Text("COD_DOCTO"), .facts = L"módulo " + module, .barcode = module};
-}
-
 std::wstring ModulesText(const std::vector<std::wstring>& modules) {
   std::wstring text;
   for (const std::wstring& module : modules) text += (text.empty() ? L"" : L", ") + module;
   return text;
 }
 
-Label ContainerLabelOf(const RowReader& row, const ContainerModules& containerModules) {
-  const std::wstring number = row.Text("CONTAINER");
-  const auto modules = containerModules.find(number);
-  return {
-      .kind = L"ABERTURA DE CONTAINER",
-      .company = row.Text("NOME_EMPRESA"),
-      .number = number,
-      .description = modules == containerModules.end() ? std::wstring() : L"Módulos: " + ModulesText(modules->second),
-      .facts = RetentionText(row.Text("TIPO_GUARDA"), row.Get("DATA_VENCIMENTO"), L""),
-      .barcode = number};
+}  // namespace
+
+Label OpeningLabel(const RowReader& row) {
+  return {.kind = L"ABERTURA DE MÓDULO",
+          .number = row.Text("NUM_CAIXA"),
+          .description = row.Text("DESC_CAIXA"),
+          .facts = RetentionText(row.Text("TIPO_GUARDA"), {}, row.Text("ANOS_VENCIMENTO"))};
 }
 
-}  // namespace
+Label ClosingLabel(const RowReader& row) {
+  return {.kind = L"FECHAMENTO DE MÓDULO",
+          .organisation = row.Text("Nome_Empresa"),
+          .number = row.Text("NUM_CAIXA"),
+          .description = row.Text("DESC_CAIXA"),
+          .facts = Joined(DocumentsText(row.Text("DOC_INICIAL"), row.Text("DOC_FINAL")),
+                          RetentionText(row.Text("TIPO_GUARDA"), row.Get("DATA_VENCIMENTO"), L""))};
+}
+
+Label DividerLabel(const RowReader& row, const std::wstring& module) {
+  return {.kind = L"DIVISÓRIA", .number = row.Text("COD_DOCTO"), .facts = L"módulo " + module};
+}
+
+Label ContainerLabel(const RowReader& row, const ContainerModules& modules) {
+  const std::wstring number = row.Text("CONTAINER");
+  const auto found = modules.find(number);
+  return {.kind = L"ABERTURA DE CONTÊINER",
+          .organisation = row.Text("NOME_EMPRESA"),
+          .number = number,
+          .description = found == modules.end() ? std::wstring() : L"Módulos: " + ModulesText(found->second),
+          .facts = RetentionText(row.Text("TIPO_GUARDA"), row.Get("DATA_VENCIMENTO"), L"")};
+}
+
+std::wstring PlaceText(const RowReader& row) {
+  std::wstring text;
+  for (const auto& [column, caption] :
+       std::vector<std::pair<std::string_view, std::wstring>>{{"FILEIRA", L"fileira"},
+                                                              {"ESTANTE", L"estante"},
+                                                              {"PRATELEIRA", L"prateleira"},
+                                                              {"DEPOSITO", L"depósito"}}) {
+    const std::wstring value = row.Text(column);
+    if (!value.empty()) text += (text.empty() ? L"" : L", ") + caption + L" " + value;
+  }
+  return text;
+}
 
 std::wstring RetentionText(std::wstring_view kind, const Value& until, std::wstring_view years) {
   const bool dated = until.Is<Date>() && until.As<Date>().days != 0;
@@ -93,12 +97,12 @@ LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerMod
     case guide::PageKind::kClosingLabels:
       return ClosingLabel;
     case guide::PageKind::kDividerLabels:
-      return [module = ParameterNamed(heading, L"Modulo1").substr(0, kModuleDigits)](const RowReader& row) {
+      return [module = ParameterNamed(heading, L"Modulo1").substr(0, kMainModuleLetters)](const RowReader& row) {
         return DividerLabel(row, module);
       };
     case guide::PageKind::kContainerLabels:
       return [modules = containerModules ? containerModules() : ContainerModules()](const RowReader& row) {
-        return ContainerLabelOf(row, modules);
+        return ContainerLabel(row, modules);
       };
     case guide::PageKind::kListing:
     case guide::PageKind::kStatistic:

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,16 +13,28 @@ namespace kodra::console::labels {
 using html::RowReader;
 
 struct Label {
-  std::wstring kind;         // "ABERTURA DE MÓDULO"
-  std::wstring company;      // beside the kind, may be empty
-  std::wstring number;       // the largest text
-  std::wstring description;  // may wrap over lines
-  std::wstring facts;        // one line: documents, retention or module
-  std::wstring barcode;      // the number that a scanner reads
+  std::wstring kind;               // "ABERTURA DE MÓDULO"
+  std::wstring organisation = {};  // may be empty
+  std::wstring number;             // the largest text, and what a scanner reads
+  std::wstring description = {};
+  std::wstring facts = {};  // documents, retention or module
+  std::wstring place = {};  // where the module is; may be empty
 };
 
 // The modules in each container, for the labels of containers.
 using ContainerModules = std::map<std::wstring, std::vector<std::wstring>>;
+
+Label OpeningLabel(const RowReader& row);
+Label ClosingLabel(const RowReader& row);
+// `module` is the module in which the divider is put, whose number is not among the columns.
+Label DividerLabel(const RowReader& row, const std::wstring& module);
+Label ContainerLabel(const RowReader& row, const ContainerModules& modules);
+
+// How many letters of a module's code name the main module.
+inline constexpr std::size_t kMainModuleLetters = 5;
+
+// "fileira 1, estante 2, prateleira 3, depósito Central", from the one-module report; what is empty is left out.
+std::wstring PlaceText(const RowReader& row);
 
 // Makes a label from a row. LabelMakerOf returns null for a report without labels. For labels of containers it calls
 // `containerModules` once, unless it is empty.

@@ -1,43 +1,46 @@
-// Sheets of labels as a page to print: each label in its place, with the requested number of copies.
+// The rows of a report of labels as pages of labels, HTML or PDF.
 #pragma once
 
-#include "console/formats/labels/label_content.h"
-#include "console/formats/labels/label_sheet.h"
+#include <memory>
+
+#include "console/formats/labels/label_printer.h"
 #include "console/formats/output.h"
 #include "console/formats/row_writer.h"
 
 namespace kodra::console::labels {
 
 struct LabelOptions {
-  const LabelSheet* sheet = &LabelSheets().front();
-  int firstLabel = 1;  // the first free label of the first sheet, counted from 1, row by row
-  int copies = 1;      // of every label, one after the other
+  PrintOptions print = {};
+  // On every label, in place of the one in its row; empty for that one.
+  std::wstring organisation = {};
   // Called once, for labels of containers only; without it they list no modules.
   std::function<ContainerModules()> containerModules = {};
 };
 
+enum class PageFormat { kHtml, kPdf };
+
+// A canvas of that format. REQUIRES: `output` outlives the canvas.
+std::unique_ptr<pages::Canvas> NewCanvas(PageFormat format, Output& output, std::wstring_view title);
+
 class LabelWriter final : public RowWriter {
  public:
-  // REQUIRES: `output` outlives the writer; the first label is on the sheet and there is at least one copy; the report
-  // of Begin has labels.
-  LabelWriter(Output& output, LabelOptions options) : output_(output), options_(std::move(options)) {}
+  // REQUIRES: `output` outlives the writer; the options are as LabelPrinter requires them; the report of Begin has
+  // labels.
+  LabelWriter(Output& output, PageFormat format, LabelOptions options)
+      : output_(output), format_(format), options_(std::move(options)) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override;
-  void End() override;
+  void End() override { printer_->Finish(); }
 
  private:
-  void Place(const std::string& label);
-
   Output& output_;
+  PageFormat format_;
   LabelOptions options_;
-  LabelMaker maker_;
   std::vector<Column> columns_;
-  int place_ = 0;
-  bool sheetIsOpen_ = false;
+  LabelMaker maker_;
+  std::unique_ptr<pages::Canvas> canvas_;
+  std::unique_ptr<LabelPrinter> printer_;
 };
-
-// The HTML inside a label of that size.
-std::string LabelHtml(const Label& label, const LabelSheet& sheet);
 
 }  // namespace kodra::console::labels

@@ -1,8 +1,9 @@
-// A report's rows as a PDF file of A4 pages: a listing or a statistic, depending on the report.
+// A report's rows as a PDF file: a listing or a statistic on A4 pages, or labels, depending on the report.
 #pragma once
 
 #include <memory>
 
+#include "console/formats/labels/label_writer.h"
 #include "console/formats/output.h"
 #include "console/formats/pages/pdf_canvas.h"
 #include "console/formats/pages/printout.h"
@@ -16,9 +17,10 @@ inline constexpr std::uint64_t kMostPdfRows = 100'000;
 class PdfWriter final : public RowWriter {
  public:
   // REQUIRES: `output` outlives the writer.
-  PdfWriter(Output& output, Letterhead letterhead) : output_(output), letterhead_(std::move(letterhead)) {}
+  PdfWriter(Output& output, Letterhead letterhead, labels::LabelOptions labels = {})
+      : output_(output), letterhead_(std::move(letterhead)), labels_(std::move(labels)) {}
 
-  // Raises UsageError for a heading that names no report, and for labels.
+  // Raises UsageError for a heading that names no report.
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   // Raises UsageError for a row beyond kMostPdfRows.
   void Row(std::span<const Value> values) override;
@@ -27,6 +29,7 @@ class PdfWriter final : public RowWriter {
  private:
   Output& output_;
   Letterhead letterhead_;
+  labels::LabelOptions labels_;
   std::unique_ptr<PdfCanvas> canvas_;
   std::unique_ptr<Printout> printout_;
   std::unique_ptr<RowWriter> layout_;

@@ -43,14 +43,20 @@ TEST_F(ExecutaPdf, PrintsAListing) {
   EXPECT_NE(tests::AnswerOf("pdfinfo", target_).find("(A4)"), std::string::npos);
 }
 
+TEST_F(ExecutaPdf, WritesLabelsOnTheirStock) {
+  EXPECT_EQ(
+      RunReport("CCaixaRpt.EtiquetaDivisoria", {"--Modulo1", "AB001", "--folha", "100x50mm", "--orgao", "Câmara"}),
+      Success(""));
+  EXPECT_EQ(tests::TextOfPdf(target_), "Câmara\n\n0000000001\nmódulo AB001\n\n0000000001\n\nDIVISÓRIA\n\n\f");
+  EXPECT_NE(tests::AnswerOf("pdfinfo", target_).find("283.465 x 141.732 pts"), std::string::npos);
+}
+
 TEST_F(ExecutaPdf, NeedsAFile) {
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=D", "--formato", "pdf"}),
             UsageFailure("o formato pdf precisa de --saida"));
 }
 
 TEST_F(ExecutaPdf, LeavesNoFileBehindWhenItRefuses) {
-  EXPECT_EQ(RunReport("CCaixaRpt.EtiquetaDivisoria", {"--Modulo1", "AB001"}),
-            UsageFailure("as etiquetas não saem em pdf; use --formato html"));
   const std::string logo = OtherFile("GIF89a");
   EXPECT_EQ(RunReport("CDeptoRpt", {"--logotipo", logo}),
             UsageFailure("a imagem \"" + logo + "\" não serve: não é um arquivo PNG"));

@@ -1,4 +1,4 @@
-// The pages as text: what a listing, a statistic and a sheet of labels contain.
+// The pages as text: what a listing and a statistic contain.
 #include <gtest/gtest.h>
 
 #include "console/command_line/usage_error.h"
@@ -7,8 +7,6 @@
 
 namespace kodra::console::html {
 namespace {
-
-using labels::FindLabelSheet;
 
 using Rows = std::vector<std::vector<Value>>;
 
@@ -124,30 +122,6 @@ TEST(StatisticsWriter, DrawsMonthsInPlaceOfTooManyDays) {
   EXPECT_NE(page.find(">01/2024</text>"), page.npos);
   EXPECT_NE(page.find(">02/2024</text>"), page.npos);
   EXPECT_NE(page.find("<td>29/02/2024</td>"), page.npos);
-}
-
-TEST(LabelWriter, PlacesCopiesFromTheFirstFreeLabel) {
-  HtmlOptions options;
-  options.labels = {.sheet = FindLabelSheet("a4-2x7"), .firstLabel = 14, .copies = 2};
-  const std::string page =
-      Page({L"CCaixaRpt", L"EtiquetaAbertura", L"", {}}, {{L"NUM_CAIXA"}}, {{L"AB001"}, {L"AB002"}}, options);
-  std::vector<std::string> places;
-  for (auto at = page.find("class=\"etiqueta\" style=\""); at != page.npos;
-       at = page.find("class=\"etiqueta\" style=\"", at + 1))
-    places.push_back(page.substr(at + 24, page.find('"', at + 24) - at - 24));
-  EXPECT_EQ(places, (std::vector<std::string>{"left:106.25mm;top:243.75mm", "left:4.65mm;top:15.15mm",
-                                              "left:106.25mm;top:15.15mm", "left:4.65mm;top:53.25mm"}));
-}
-
-TEST(LabelWriter, SaysThatThereIsNoLabel) {
-  const std::string page = Page({L"CCaixaRpt", L"EtiquetaAbertura", L"", {}}, {{L"NUM_CAIXA"}}, {});
-  EXPECT_EQ(Body(page), "<p class=\"vazio\">Nenhuma etiqueta.</p>\n");
-}
-
-TEST(LabelWriter, LeavesOutTheBarcodeOfANumberThatHasNone) {
-  const std::string page = Page({L"CCaixaRpt", L"EtiquetaAbertura", L"", {}}, {{L"NUM_CAIXA"}}, {{L"ÁB001"}});
-  EXPECT_EQ(page.find("<svg"), page.npos);
-  EXPECT_NE(page.find("ÁB001"), page.npos);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ Label LabelOf(const Heading& heading, const std::vector<NamedValue>& row, const 
 
 // All texts of a label, for one comparison.
 std::vector<std::wstring> Texts(const Label& label) {
-  return {label.kind, label.company, label.number, label.description, label.facts, label.barcode};
+  return {label.kind, label.organisation, label.number, label.description, label.facts, label.place};
 }
 
 TEST(RetentionText, SaysTheKindTheYearsAndTheDate) {
@@ -53,21 +53,21 @@ TEST(LabelContent, OfAnOpening) {
                                                                          {L"TIPO_GUARDA", L"T"},
                                                                          {L"ANOS_VENCIMENTO", std::int32_t(10)}})),
             (std::vector<std::wstring>{L"ABERTURA DE MÓDULO", L"", L"AB001", L"Contratos", L"guarda por prazo, 10 anos",
-                                       L"AB001"}));
+                                       L""}));
 }
 
 TEST(LabelContent, OfAClosing) {
   for (const wchar_t* method : {L"EtiquetaFechamento", L"EtiquetaFechamentoSubordinada"}) {
-    EXPECT_EQ(Texts(LabelOf({L"CCaixaRpt", method, L"", {}}, {{L"DESC_CAIXA", L"Contratos"},
-                                                              {L"NUM_CAIXA", L"AB00107"},
-                                                              {L"DOC_INICIAL", L"0000000001"},
-                                                              {L"DOC_FINAL", L"0000000090"},
-                                                              {L"DATA_VENCIMENTO", kLastOf2023},
-                                                              {L"TIPO_GUARDA", L"T"},
-                                                              {L"Nome_Empresa", L"Arquivo Geral"}})),
-              (std::vector<std::wstring>{L"FECHAMENTO DE MÓDULO", L"Arquivo Geral", L"AB00107", L"Contratos",
-                                         L"documentos 0000000001 a 0000000090 · guarda por prazo, até 31/12/2023",
-                                         L"AB00107"}));
+    EXPECT_EQ(
+        Texts(LabelOf({L"CCaixaRpt", method, L"", {}}, {{L"DESC_CAIXA", L"Contratos"},
+                                                        {L"NUM_CAIXA", L"AB00107"},
+                                                        {L"DOC_INICIAL", L"0000000001"},
+                                                        {L"DOC_FINAL", L"0000000090"},
+                                                        {L"DATA_VENCIMENTO", kLastOf2023},
+                                                        {L"TIPO_GUARDA", L"T"},
+                                                        {L"Nome_Empresa", L"Arquivo Geral"}})),
+        (std::vector<std::wstring>{L"FECHAMENTO DE MÓDULO", L"Arquivo Geral", L"AB00107", L"Contratos",
+                                   L"documentos 0000000001 a 0000000090 · guarda por prazo, até 31/12/2023", L""}));
   }
 }
 
@@ -85,7 +85,7 @@ TEST(LabelContent, OfAClosingWithoutDocuments) {
 TEST(LabelContent, OfADividerNamesTheModuleThatWasAskedFor) {
   EXPECT_EQ(Texts(LabelOf({L"CCaixaRpt", L"EtiquetaDivisoria", L"", {{L"Modulo1", L"AB00107"}}},
                           {{L"COD_DOCTO", L"0000000001"}})),
-            (std::vector<std::wstring>{L"DIVISÓRIA", L"", L"0000000001", L"", L"módulo AB001", L"AB001"}));
+            (std::vector<std::wstring>{L"DIVISÓRIA", L"", L"0000000001", L"", L"módulo AB001", L""}));
 }
 
 TEST(LabelContent, OfAContainerListsItsModules) {
@@ -96,8 +96,8 @@ TEST(LabelContent, OfAContainerListsItsModules) {
                            {L"TIPO_GUARDA", L"D"},
                            {L"NOME_EMPRESA", L"Arquivo Geral"}},
                           modules)),
-            (std::vector<std::wstring>{L"ABERTURA DE CONTAINER", L"Arquivo Geral", L"C1", L"Módulos: AB001, AB002",
-                                       L"descarte após o fechamento", L"C1"}));
+            (std::vector<std::wstring>{L"ABERTURA DE CONTÊINER", L"Arquivo Geral", L"C1", L"Módulos: AB001, AB002",
+                                       L"descarte após o fechamento", L""}));
 }
 
 TEST(LabelContent, ReadsNamesInAnyCaseAndFixedWidthColumnsWithoutTheirBlanks) {
@@ -105,6 +105,18 @@ TEST(LabelContent, ReadsNamesInAnyCaseAndFixedWidthColumnsWithoutTheirBlanks) {
                               {{L"num_caixa", L"AB001  "}, {L"desc_caixa", L"Contratos "}});
   EXPECT_EQ(label.number, L"AB001");
   EXPECT_EQ(label.description, L"Contratos");
+}
+
+TEST(PlaceText, LeavesOutWhatIsEmpty) {
+  const auto place = [](const Value& row, const Value& rack, const Value& shelf, const Value& depository) {
+    const std::vector<Column> columns = {{L"FILEIRA"}, {L"ESTANTE"}, {L"PRATELEIRA"}, {L"DEPOSITO"}};
+    const std::vector<Value> values = {row, rack, shelf, depository};
+    return PlaceText(RowReader(columns, values));
+  };
+  EXPECT_EQ(place(L"D", L"01", L"4", L"Galpão Central"),
+            L"fileira D, estante 01, prateleira 4, depósito Galpão Central");
+  EXPECT_EQ(place(L"", Null(), L"2 ", L""), L"prateleira 2");
+  EXPECT_EQ(place(Null(), Null(), Null(), Null()), L"");
 }
 
 TEST(LabelContent, IsNoneOfAListing) {

@@ -1,0 +1,133 @@
+#include "console/formats/labels/label_arguments.h"
+
+#include <fmt/format.h>
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include "console/command_line/input_file.h"
+#include "console/command_line/suggest.h"
+#include "console/command_line/usage_error.h"
+#include "console/formats/labels/millimetres.h"
+#include "values/utf8.h"
+
+namespace kodra::console::labels {
+namespace {
+
+using namespace pages;
+using values::FromUtf8;
+
+constexpr std::size_t kLargestStockFile = 1 << 20;
+// Most printers cannot print nearer to the edge.
+constexpr Length kUnprintable = 5_mm;
+
+std::vector<std::string> NamesOf(const std::vector<Stock>& stocks) {
+  std::vector<std::string> names;
+  for (const Stock& stock : stocks) names.push_back(stock.name);
+  return names;
+}
+
+// "1.5,-2" or "1,5;-2".
+std::optional<Point> ParseShift(std::string_view text) {
+  std::size_t separator = text.find(';');
+  if (separator == text.npos) separator = text.find(',');
+  if (separator == text.npos) return std::nullopt;
+  const std::optional<Length> x = ParseMillimetres(text.substr(0, separator));
+  const std::optional<Length> y = ParseMillimetres(text.substr(separator + 1));
+  return x && y ? std::optional<Point>({*x, *y}) : std::nullopt;
+}
+
+Point ShiftOf(const std::string& text) {
+  if (text.empty()) return {};
+  const std::optional<Point> shift = ParseShift(text);
+  if (!shift) {
+    throw UsageError(fmt::format(
+        "--ajuste tem a forma X,Y em milímetros, como 1,-2 ou 0.5,1 ou 0,5;1, e não pode ser \"{}\"", text));
+  }
+  if (std::max(std::abs(shift->x), std::abs(shift->y)) > kFarthestShift)
+    throw UsageError(fmt::format("--ajuste vai até {} mm em cada direção", MillimetresText(kFarthestShift)));
+  return *shift;
+}
+
+CodeKind CodeNamed(const std::string& name) {
+  static const std::map<std::string, CodeKind> codes = {
+      {"code128", CodeKind::kCode128}, {"qr", CodeKind::kQr}, {"nenhum", CodeKind::kNone}};
+  const auto found = codes.find(Folded(name));
+  if (found != codes.end()) return found->second;
+  throw UsageError(fmt::format("o código \"{}\" não existe{}; escolha entre code128, qr, nenhum", name,
+                               DidYouMean(Folded(name), {"code128", "qr", "nenhum"})));
+}
+
+bool LooksLikeRoll(const std::string& name) { return name.ends_with("mm"); }
+
+}  // namespace
+
+void LabelArguments::AddTo(CLI::App& command, const std::string& prefix) {
+  command
+      .add_option("--folha", stock_,
+                  fmt::format("{}A folha, como a4-2x7, ou a etiqueta de um rolo, como 100x50mm (sem esta opção, {})",
+                              prefix, stock_))
+      ->option_text("FOLHA");
+  command
+      .add_option("--primeira", firstLabel_,
+                  prefix + "A primeira etiqueta livre da folha, linha a linha (sem esta opção, 1)")
+      ->option_text("NÚMERO");
+  command.add_option("--copias", copies_, prefix + "Quantas cópias de cada etiqueta (sem esta opção, 1)")
+      ->option_text("NÚMERO");
+  command.add_option("--codigo", code_, prefix + "code128, qr ou nenhum (sem esta opção, code128)")
+      ->option_text("CÓDIGO");
+}
+
+void LabelArguments::AddAllTo(CLI::App& command) {
+  AddTo(command, "");
+  command.add_option("--folha-propria", ownStock_, "As medidas de outra folha, em milímetros")->option_text("MEDIDAS");
+  command.add_option("--folhas-de", stockFile_, "Um arquivo com outras folhas, uma por linha: NOME = MEDIDAS")
+      ->option_text("ARQUIVO");
+  command.add_option("--ajuste", shift_, "Desloca tudo na página, em milímetros, como 1,-2")->option_text("X,Y");
+  command.add_flag("--contorno", outline_, "Desenha as bordas das etiquetas, para um teste em papel comum");
+  command.add_option("--logotipo", logo_, "Uma imagem PNG para o canto de cada etiqueta")->option_text("ARQUIVO");
+}
+
+Stock LabelArguments::ChosenStock() const {
+  if (!ownStock_.empty()) return ParseStock("própria", ownStock_);
+  if (LooksLikeRoll(stock_)) return ParseStock(stock_, stock_);
+  std::vector<Stock> stocks = BuiltInStocks();
+  if (!stockFile_.empty()) {
+    const std::vector<Stock> more = ParseStocks(stockFile_, ReadInputFile(FromUtf8(stockFile_), kLargestStockFile));
+    stocks.insert(stocks.end(), more.begin(), more.end());
+  }
+  const std::string folded = Folded(stock_);
+  const auto found = std::ranges::find(stocks, folded, &Stock::name);
+  if (found != stocks.end()) return *found;
+  throw UsageError(fmt::format("a folha \"{}\" não existe{}; escolha entre {}", stock_,
+                               DidYouMean(folded, NamesOf(stocks)), fmt::join(NamesOf(stocks), ", ")));
+}
+
+PrintOptions LabelArguments::Options() const {
+  PrintOptions options = {.stock = ChosenStock(),
+                          .firstLabel = firstLabel_,
+                          .copies = copies_,
+                          .shift = ShiftOf(shift_),
+                          .outline = outline_,
+                          .code = CodeNamed(code_)};
+  if (firstLabel_ < 1 || firstLabel_ > options.stock.Labels()) {
+    throw UsageError(fmt::format("--primeira vai de 1 a {} na folha {}, e não pode ser {}", options.stock.Labels(),
+                                 options.stock.name, firstLabel_));
+  }
+  if (copies_ < 1 || copies_ > kMostCopies)
+    throw UsageError(fmt::format("--copias vai de 1 a {}, e não pode ser {}", kMostCopies, copies_));
+  if (!logo_.empty()) options.logo = std::make_shared<const Picture>(ReadPicture(FromUtf8(logo_)));
+  return options;
+}
+
+std::string EdgeWarning(const Stock& stock) {
+  const Length distance = DistanceToEdge(stock);
+  if (stock.IsRoll() || distance >= kUnprintable) return {};
+  return fmt::format(
+      "na folha {}, as etiquetas ficam a {} mm da borda do papel, e muitas impressoras não imprimem a menos de {} mm; "
+      "confira com um teste",
+      stock.name, MillimetresText(distance), MillimetresText(kUnprintable));
+}
+
+}  // namespace kodra::console::labels

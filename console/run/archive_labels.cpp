@@ -1,0 +1,174 @@
+#include "console/run/archive_labels.h"
+
+#include <algorithm>
+#include <map>
+
+#include "console/run/interruption.h"
+#include "console/run/open_report.h"
+#include "console/run/row_source.h"
+#include "values/upper.h"
+
+namespace kodra::console {
+namespace {
+
+using labels::Label;
+using labels::RowReader;
+
+constexpr std::size_t kCodesACall = 3;
+
+std::wstring MainModule(std::wstring_view code) { return std::wstring(code.substr(0, labels::kMainModuleLetters)); }
+
+bool IsSubordinate(std::wstring_view code) { return code.size() > labels::kMainModuleLetters; }
+
+// Codes differ in letter case only between databases that do not distinguish it.
+struct BeforeIgnoringCase {
+  bool operator()(const std::wstring& one, const std::wstring& other) const {
+    return values::UpperCase(one) < values::UpperCase(other);
+  }
+};
+
+// The first label of each code.
+using LabelsByCode = std::map<std::wstring, Label, BeforeIgnoringCase>;
+
+std::vector<std::wstring> Distinct(std::vector<std::wstring> codes) {
+  std::ranges::sort(codes);
+  codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+  return codes;
+}
+
+}  // namespace
+
+template <class Take>
+void ArchiveLabels::ForEachRow(std::wstring_view className, std::wstring_view method,
+                               const std::vector<std::pair<std::wstring, std::wstring>>& parameters, Take take) {
+  const reports::ReportMethod& report = *reports::FindReportMethod(className, method);
+  frame::ParameterObject object(frame::ParameterClassNamed(report.parameterClass));
+  for (const auto& [name, value] : parameters) object.Let(name, value);
+  frame::ReportRows rows = OpenReport(report, connection_, object, surroundings_);
+  if (!rows) return;
+  RowSource source(std::move(rows));
+  std::vector<Value> values;
+  while (!Interruption::Requested() && source.Next(values)) take(RowReader(source.Columns(), values));
+}
+
+template <class Take>
+void ArchiveLabels::ForEachRowOf(std::wstring_view className, std::wstring_view method, const std::wstring& parameter,
+                                 const std::vector<std::wstring>& codes, const std::wstring& type, Take take) {
+  for (std::size_t first = 0; first < codes.size() && !Interruption::Requested(); first += kCodesACall) {
+    std::vector<std::pair<std::wstring, std::wstring>> parameters;
+    if (!type.empty()) parameters.emplace_back(L"Tipo", type);
+    const std::size_t count = std::min(kCodesACall, codes.size() - first);
+    for (std::size_t i = 0; i < count; ++i)
+      parameters.emplace_back(parameter + std::to_wstring(i + 1), codes[first + i]);
+    ForEachRow(className, method, parameters, take);
+  }
+}
+
+std::vector<std::wstring> ArchiveLabels::CodesIn(LabelKind kind, const CodeRange& range) {
+  const bool containers = kind == LabelKind::kContainers;
+  const std::wstring& bound = range.first.empty() ? range.last : range.first;
+  const std::size_t letters = bound.empty() ? labels::kMainModuleLetters : bound.size();
+  const std::wstring first = values::UpperCase(range.first), last = values::UpperCase(range.last);
+  std::vector<std::wstring> codes;
+  const auto take = [&](const std::wstring& code) {
+    const std::wstring upper = values::UpperCase(code);
+    const bool isInside = upper >= first && (last.empty() || upper <= last);
+    if (isInside && !code.empty() && (containers || code.size() == letters)) codes.push_back(code);
+  };
+  if (containers)
+    ForEachRow(L"CContainerRpt", L"RelatorioContainers", {},
+               [&](const RowReader& row) { take(row.Text("NUM_CONTAINER")); });
+  else
+    ForEachRow(L"CCaixaRpt", L"RelatoriosModulos", {{L"CodDepto", range.department}},
+               [&](const RowReader& row) { take(row.Text("NUM_CAIXA")); });
+  return Distinct(std::move(codes));
+}
+
+std::vector<std::vector<Label>> ArchiveLabels::LabelsOf(LabelKind kind, const std::vector<std::wstring>& codes) {
+  std::vector<std::vector<Label>> found;
+  if (kind == LabelKind::kSubordinates || kind == LabelKind::kDividers) {
+    for (const std::wstring& code : codes) {
+      if (Interruption::Requested()) break;
+      found.push_back(kind == LabelKind::kDividers ? DividersOf(code) : SubordinatesOf(code));
+    }
+    return found;
+  }
+  const std::vector<std::wstring> distinct = Distinct(codes);
+  LabelsByCode byCode;
+  // Opening labels come twice.
+  const auto take = [&](Label label) { byCode.try_emplace(label.number, std::move(label)); };
+  if (kind == LabelKind::kOpening) {
+    std::vector<std::wstring> main, subordinate;
+    for (const std::wstring& code : distinct) (IsSubordinate(code) ? subordinate : main).push_back(code);
+    const auto takeRow = [&](const RowReader& row) { take(labels::OpeningLabel(row)); };
+    ForEachRowOf(L"CCaixaRpt", L"EtiquetaAbertura", L"Modulo", main, L"N", takeRow);
+    ForEachRowOf(L"CCaixaRpt", L"EtiquetaAbertura", L"Modulo", subordinate, L"S", takeRow);
+  } else if (kind == LabelKind::kClosing) {
+    ForEachRowOf(L"CCaixaRpt", L"EtiquetaFechamento", L"Modulo", distinct, {},
+                 [&](const RowReader& row) { take(labels::ClosingLabel(row)); });
+  } else {
+    const labels::ContainerModules modules = ModulesOf(distinct);
+    ForEachRowOf(L"CContainerRpt", L"EtiquetaAbertura", L"Container", distinct, {},
+                 [&](const RowReader& row) { take(labels::ContainerLabel(row, modules)); });
+  }
+  for (const std::wstring& code : codes) {
+    const auto label = byCode.find(code);
+    found.emplace_back();
+    if (label != byCode.end()) found.back().push_back(label->second);
+  }
+  return found;
+}
+
+std::wstring ArchiveLabels::Organisation(const std::vector<std::wstring>& modules) {
+  std::vector<std::wstring> first;
+  for (std::size_t i = 0; i < std::min(kCodesACall, modules.size()); ++i) first.push_back(MainModule(modules[i]));
+  std::wstring organisation;
+  ForEachRowOf(L"CCaixaRpt", L"EtiquetaFechamento", L"Modulo", first, {},
+               [&](const RowReader& row) { organisation = row.Text("Nome_Empresa"); });
+  return organisation;
+}
+
+std::wstring ArchiveLabels::PlaceOf(std::wstring_view module) {
+  std::wstring place;
+  ForEachRow(L"CCaixaRpt", L"DocsNoModulo", {{L"Modulo1", MainModule(module)}},
+             [&](const RowReader& row) { place = labels::PlaceText(row); });
+  return place;
+}
+
+labels::ContainerModules ArchiveLabels::ModulesOf(const std::vector<std::wstring>& containers) {
+  labels::ContainerModules modules;
+  ForEachRowOf(L"CContainerRpt", L"EtiquetaAberturaSubRpt", L"Container", containers, {},
+               [&](const RowReader& row) { modules[row.Text("CONTAINER")].push_back(row.Text("NUM_CAIXA")); });
+  return modules;
+}
+
+bool ArchiveLabels::Exists(const std::wstring& module) {
+  bool exists = false;
+  ForEachRow(L"CCaixaRpt", L"EtiquetaAbertura", {{L"Modulo1", module}}, [&](const RowReader&) { exists = true; });
+  return exists;
+}
+
+std::vector<Label> ArchiveLabels::SubordinatesOf(const std::wstring& module) {
+  std::vector<Label> found;
+  try {
+    ForEachRow(L"CCaixaRpt", L"EtiquetaFechamentoSubordinada", {{L"Modulo1", module}},
+               [&](const RowReader& row) { found.push_back(labels::ClosingLabel(row)); });
+  } catch (const Erro& error) {
+    // The report fails for a module without closed subordinates, and in another way for an unknown module. Here both
+    // are modules without labels.
+    const auto says = [&](std::wstring_view text) { return error.Description().find(text) != std::wstring::npos; };
+    const bool hasNone = says(L"Não há módulos subordinados fechados");
+    const bool isUnknown = says(L"Não foi possível obter uma lista dos módulos subordinados") && !Exists(module);
+    if (!hasNone && !isUnknown) throw;
+  }
+  return found;
+}
+
+std::vector<Label> ArchiveLabels::DividersOf(const std::wstring& module) {
+  std::vector<Label> found;
+  ForEachRow(L"CCaixaRpt", L"EtiquetaDivisoria", {{L"Modulo1", module}},
+             [&](const RowReader& row) { found.push_back(labels::DividerLabel(row, MainModule(module))); });
+  return found;
+}
+
+}  // namespace kodra::console
