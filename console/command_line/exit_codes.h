@@ -6,6 +6,7 @@ namespace kodra::console {
 enum class ExitCode {
   kOk = 0,
   kReportError = 1,    // a report, or the database behind it, failed
+  kNotInPlace = 1,     // confere: something is not where the archive says it is
   kUsage = 2,          // the command line is wrong
   kConnection = 3,     // the database cannot be reached or refuses the user
   kMismatch = 4,       // verifica: something that a report needs is missing

@@ -23,7 +23,7 @@ std::string Line(const std::string& left, const std::string& right, std::size_t 
 const char* const kProgramFooter =
     "Códigos de saída:\n"
     "  0  tudo certo\n"
-    "  1  o relatório ou o banco de dados deu erro\n"
+    "  1  o relatório ou o banco de dados deu erro; confere: algo não está no lugar\n"
     "  2  a linha de comando tem um erro\n"
     "  3  não foi possível conectar ao banco de dados\n"
     "  4  verifica: falta algo de que um relatório precisa\n"

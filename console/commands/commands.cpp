@@ -9,6 +9,7 @@ void AddCommands(Program& program) {
   AddEtiquetas(program);
   AddSql(program);
   AddPapel(program);
+  AddConfere(program);
   AddVerifica(program);
 }
 

@@ -14,6 +14,7 @@ void AddExecuta(Program& program);
 void AddEtiquetas(Program& program);
 void AddSql(Program& program);
 void AddPapel(Program& program);
+void AddConfere(Program& program);
 void AddVerifica(Program& program);
 
 }  // namespace kodra::console

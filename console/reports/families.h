@@ -11,6 +11,8 @@ std::vector<Report> ModuleLabels();
 std::vector<Report> ModuleListings();
 std::vector<Report> Containers();
 std::vector<Report> Statistics();
+// The listings that the program makes itself, without a report method.
+std::vector<Report> OwnListings();
 
 using enum ValueType;
 using enum Place;

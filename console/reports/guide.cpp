@@ -17,10 +17,14 @@ const std::vector<Report>& Reports() {
 }
 
 const Report* Find(std::wstring_view className, std::wstring_view method) {
-  const auto found = std::ranges::find_if(Reports(), [&](const Report& report) {
-    return std::ranges::equal(report.className, className) && std::ranges::equal(report.method, method);
-  });
-  return found == Reports().end() ? nullptr : &*found;
+  static const std::vector<Report> own = OwnListings();
+  for (const std::vector<Report>* all : {&Reports(), &own}) {
+    const auto found = std::ranges::find_if(*all, [&](const Report& report) {
+      return std::ranges::equal(report.className, className) && std::ranges::equal(report.method, method);
+    });
+    if (found != all->end()) return &*found;
+  }
+  return nullptr;
 }
 
 const Report& About(const reports::ReportMethod& method) { return *Find(method.className, method.method); }

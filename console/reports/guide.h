@@ -108,9 +108,9 @@ struct Report {
   std::string_view sqlNote = {};
 };
 
-// All entries, family by family.
+// The entries of all report methods, family by family.
 const std::vector<Report>& Reports();
-// The entry of a report, or null if there is none of these names.
+// The entry of a report, or of a listing that the program makes itself; null if there is none of these names.
 const Report* Find(std::wstring_view className, std::wstring_view method);
 // The entry of a method; every method has one.
 const Report& About(const reports::ReportMethod& method);

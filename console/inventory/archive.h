@@ -1,0 +1,65 @@
+// What the archive says about the places of documents and modules, read through the reports.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "console/inventory/comparison.h"
+#include "platform/surroundings.h"
+
+namespace kodra::console::html {
+class RowReader;
+}
+
+namespace kodra::console::inventory {
+
+// All members raise what a report raises. Reading ends early when the user asks to stop (interruption.h); the result is
+// then incomplete.
+class Archive {
+ public:
+  // REQUIRES: the surroundings outlive the object.
+  Archive(platform::Surroundings& surroundings, std::wstring connection)
+      : surroundings_(surroundings), connection_(std::move(connection)) {}
+
+  // The documents of these modules, module by module, in the order of their codes. Raises UsageError for a module that
+  // is not listed, and for a subordinate one, because the archive does not record which documents are in it.
+  std::vector<Item> DocumentsOf(std::span<const std::wstring> modules);
+  // The modules of these containers, container by container, in the order of their codes. Raises UsageError for a
+  // container that does not exist.
+  std::vector<Item> ModulesOf(std::span<const std::wstring> containers);
+
+  // The documents and the modules of these codes that the archive has.
+  std::vector<Item> FindDocuments(const std::set<std::wstring>& codes);
+  std::vector<Item> FindModules(const std::set<std::wstring>& codes);
+
+  // The code of the main module for that of a subordinate, which is kept with it; another code unchanged.
+  std::wstring MainModuleOf(const std::wstring& code);
+
+  // The documents that are lent out. Of several requests for one document the first that the database returns counts.
+  Loans ReadLoans();
+
+ private:
+  using Parameters = std::vector<std::pair<std::wstring_view, std::wstring>>;
+  void ForEachRow(std::wstring_view className, std::wstring_view method, const Parameters& parameters,
+                  const std::function<void(const html::RowReader&)>& visit);
+  // The modules of three containers at most, which may be the same, as the report asks for them.
+  void ForEachModule(const std::wstring& first, const std::wstring& second, const std::wstring& third,
+                     const std::function<void(const Item&)>& visit);
+  // Where each module is, by its code: main and subordinate ones. Read once.
+  const std::map<std::wstring, std::wstring>& Locations();
+  std::wstring LocationOf(const std::wstring& module);
+  std::vector<std::wstring> ContainerCodes();
+
+  platform::Surroundings& surroundings_;
+  std::wstring connection_;
+  std::optional<std::map<std::wstring, std::wstring>> locations_;
+};
+
+}  // namespace kodra::console::inventory
