@@ -42,6 +42,9 @@ group_valgrind() {
       --saida "build/test/valgrind.$format"
   done
   under_valgrind etiquetas abertura AA001 --com-lugar --conexao "$connection" --saida build/test/valgrind.pdf
+  build/native/kodrarpt executa CCaixaRpt.DocsNoModuloSubRpt --Modulo1 AA001 --conexao "$connection" --formato csv |
+    tail -n +2 >build/test/lidos.txt
+  under_valgrind confere --modulo AA001 --conexao "$connection" --lista build/test/lidos.txt
   under_valgrind verifica --conexao "$connection"
 }
 

@@ -146,6 +146,9 @@ group_console() {
   done
   same executa CDeptoRpt --conexao "$connection" --formato cvs
   same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
+  printf '0000000021\r\n0000000022\r\n0000000001\r\nX\r\n' >build/console/lidos.txt
+  same confere --modulo AA002 --conexao "$connection" --lista build/console/lidos.txt --formato csv
+  same confere --conteiner CT0001 --conexao "$connection" --lista build/console/lidos.txt
   same verifica --conexao "$connection"
   # One dot of PNG.
   base64 -d >build/console/logotipo.png <<<iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==
