@@ -17,7 +17,7 @@
 namespace {
 
 constexpr std::size_t kPage = 4096;
-constexpr std::size_t kRangePages = 96 * 1024;
+constexpr std::size_t kRangePages = 64 * 1024;
 constexpr std::size_t kLargestSmallPages = 256;
 // What a new block contains, so that a value that is read before it is written is wrong, and what surrounds it.
 constexpr unsigned char kFilling = 0xCD;
