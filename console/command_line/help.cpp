@@ -5,9 +5,12 @@
 namespace kodra::console {
 namespace {
 
-// The option or argument that CLI11's message is about. The message begins with its name and a colon or a blank.
+// The option or argument that CLI11's message is about. The message begins with its name and a colon or a blank, or
+// with "Could not convert: " and its name.
 std::string Subject(const CLI::ParseError& error) {
-  const std::string message = error.what();
+  constexpr std::string_view kConversion = "Could not convert: ";
+  std::string message = error.what();
+  if (message.starts_with(kConversion)) message.erase(0, kConversion.size());
   return message.substr(0, message.find_first_of(": "));
 }
 

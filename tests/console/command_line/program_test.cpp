@@ -63,6 +63,27 @@ TEST(ProgramTest, RefusesOptionsAndArgumentsThatACommandDoesNotHave) {
   EXPECT_EQ(RunProgram({"lista", "tudo"}), UsageFailure("argumento a mais: \"tudo\""));
 }
 
+TEST(ProgramTest, RefusesAWrongNumberAndOptionsThatDoNotGoTogether) {
+  const auto refusal = [](std::vector<std::string> arguments) {
+    std::ostringstream out;
+    std::ostringstream err;
+    Program program(out, err);
+    CLI::App& command = program.Add({"prova", "Faz a prova", "Exemplo: prova"}, [] { return ExitCode::kOk; });
+    int number = 0;
+    command.add_option("--numero", number);
+    CLI::Option* const wide = command.add_flag("--largo");
+    command.add_flag("--estreito")->excludes(wide);
+    command.add_flag("--dobrado")->needs(wide);
+    arguments.insert(arguments.begin(), "prova");
+    const ExitCode code = program.Run(arguments);
+    return RunResult{code, out.str(), err.str()};
+  };
+  EXPECT_EQ(refusal({"--numero", "sete"}), UsageFailure("valor inválido para --numero"));
+  EXPECT_EQ(refusal({"--estreito", "--largo"}),
+            UsageFailure("--largo não pode ser usado com outra das opções informadas"));
+  EXPECT_EQ(refusal({"--dobrado"}), UsageFailure("--dobrado precisa de outra opção"));
+}
+
 TEST(ProgramTest, ShowsItsHelpAndFailsWithoutACommand) {
   const RunResult help = RunProgram({"--help"});
   const RunResult noCommand = RunProgram({});
