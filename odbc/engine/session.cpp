@@ -156,8 +156,8 @@ std::wstring Session::CurrentDatabase() {
 
 void Session::SetCurrentDatabase(const std::wstring& name) {
   std::u16string wide = values::ToUtf16(name);
-  const auto bytes = static_cast<SQLINTEGER>(wide.size() * sizeof(SQLWCHAR));
-  if (!SQL_SUCCEEDED(SQLSetConnectAttrW(handle_, SQL_ATTR_CURRENT_CATALOG, AsWide(wide), bytes))) {
+  // MariaDB's driver would take a length in bytes, which ODBC asks for, as one in characters.
+  if (!SQL_SUCCEEDED(SQLSetConnectAttrW(handle_, SQL_ATTR_CURRENT_CATALOG, AsWide(wide), SQL_NTS))) {
     Fail(SQL_HANDLE_DBC, handle_, Stage::kExecute);
   }
 }

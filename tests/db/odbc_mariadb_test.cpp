@@ -36,6 +36,17 @@ class OdbcMariaDb : public testing::Test {
   Recordset rs;
 };
 
+TEST_F(OdbcMariaDb, AnOpenConnectionChangesItsDatabase) {
+  MariaDb().CreateDatabase(L"outro");
+  EXPECT_EQ(cn.DefaultDatabase(), L"odbc");
+  cn.SetDefaultDatabase(L"outro");
+  EXPECT_EQ(cn.DefaultDatabase(), L"outro");
+  OpenFirehose(L"select database()");
+  EXPECT_EQ(rs.FieldValue(0), Value(L"outro"));
+  EXPECT_EQ(RaisedBy([&] { cn.SetDefaultDatabase(L"mysql"); }).source, kProvider);
+  EXPECT_EQ(cn.DefaultDatabase(), L"outro");
+}
+
 TEST_F(OdbcMariaDb, EveryDeclaredTypeHasItsAdoTypeAndValue) {
   Run(L"create or replace table T(I int, U int unsigned, S smallint, Y tinyint, B bigint, BU bigint unsigned, "
       L"N decimal(10,2), R float, F double, BT bit(1), D date, DT datetime, DM datetime(3), H time, C char(5), "
