@@ -313,6 +313,7 @@ check_missing_source() {
     failed "package.without the libraries' sources the rest is built"
     tail -n 20 <<<"$output"
   fi
+  rm -rf "$cache" "$tree"
 }
 
 group_package() {
