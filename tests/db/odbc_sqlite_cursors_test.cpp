@@ -29,6 +29,13 @@ TEST_F(OdbcSqlite, TwoStreamsOnOneConnectionDoNotDisturbEachOther) {
   EXPECT_EQ(rs.GetRows(-1).size(), 500U);
 }
 
+TEST_F(OdbcSqlite, AStreamDoesNotKnowItsPositionBeforeItsEnd) {
+  OpenFirehose(rs, Numbers(1));
+  EXPECT_EQ(rs.AbsolutePosition(), ad::kPosUnknown);
+  rs.MoveNext();
+  EXPECT_EQ(rs.AbsolutePosition(), ad::kPosEOF);
+}
+
 TEST_F(OdbcSqlite, AStreamGoesForwardOnly) {
   const Raised backward = Provider(0x80040E24U, L"Rowset does not support fetching backward.");
   OpenFirehose(rs, Numbers(10));

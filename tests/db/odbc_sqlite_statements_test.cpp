@@ -1,6 +1,8 @@
 // Statements, commands, transactions and failures, on an SQLite file.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "odbc/engine/command.h"
 #include "tests/db/odbc_sqlite.h"
 #include "tests/secret.h"
@@ -98,6 +100,34 @@ TEST_F(OdbcSqlite, ANullParameterIsANull) {
   cmd.AppendParameter(L"B", ad::kVarChar, ad::kParamInput, 5, L"");
   const Execution execution = cmd.Execute(ad::kUnspecified);
   EXPECT_EQ(execution.recordset->GetRows(1).front(), (std::vector<Value>{1, L""}));
+}
+
+TEST_F(OdbcSqlite, AParameterOfEveryTypeReachesTheDatabase) {
+  Command cmd;
+  cmd.SetActiveConnection(&file.Connection());
+  cmd.SetCommandText(L"select ?, ?, ?, ?, ?, ?, ?");
+  cmd.AppendParameter(L"GRANDE", ad::kBigInt, ad::kParamInput, 0, std::int64_t{9007199254740993});
+  cmd.AppendParameter(L"MOMENTO", ad::kDBTimeStamp, ad::kParamInput, 0, Date{43832.25});
+  cmd.AppendParameter(L"SEM_SINAL", ad::kUnsignedBigInt, ad::kParamInput, 0, std::uint64_t{9223372036854775808U});
+  cmd.AppendParameter(L"VALOR", ad::kCurrency, ad::kParamInput, 0, Currency{12500});
+  cmd.AppendParameter(L"EXATO", ad::kNumeric, ad::kParamInput, 0, Decimal{.low = 25, .scale = 1});
+  cmd.AppendParameter(L"SIMPLES", ad::kSingle, ad::kParamInput, 0, 0.5F);
+  cmd.AppendParameter(L"QUALQUER", ad::kVariant, ad::kParamInput, 0, L"ação");
+  // The integers of SQLite are signed.
+  EXPECT_EQ(cmd.Execute(ad::kUnspecified).recordset->GetRows(1).front(),
+            (std::vector<Value>{std::int64_t{9007199254740993}, L"2020-01-02 06:00:00.000",
+                                std::numeric_limits<std::int64_t>::min(), 1.25, 2.5, 0.5, L"ação"}));
+}
+
+TEST_F(OdbcSqlite, AParameterThatReturnsAValueOrIsAnObjectIsRefusedWhenTheCommandRuns) {
+  Command cmd;
+  cmd.SetActiveConnection(&file.Connection());
+  cmd.SetCommandText(L"select ? as A");
+  cmd.AppendParameter(L"A", ad::kInteger, ad::kParamInput + 1, 0, 1);
+  EXPECT_EQ(RaisedBy([&] { cmd.Execute(ad::kUnspecified); }).number, 3251);
+  cmd.SetParameter(0, {L"A", ad::kVariant, ad::kParamInput, 0, ObjectRef()});
+  EXPECT_EQ(RaisedBy([&] { cmd.Execute(ad::kUnspecified); }),
+            (Raised{3421, L"ADODB.Command", L"Application uses a value of the wrong type for the current operation."}));
 }
 
 TEST_F(OdbcSqlite, AParameterWithoutAValueRaises) {

@@ -49,11 +49,17 @@ TEST(ClosedConnection, KeepsWhatIsSet) {
   cn.SetCursorLocation(ad::kUseClient);
   cn.SetIsolationLevel(65536);
   cn.SetCommandTimeout(90);
+  cn.SetConnectionTimeout(5);
+  cn.SetProvider(L"MSDASQL.1");
+  cn.SetMode(1);
   cn.SetDefaultDatabase(L"arq");
   EXPECT_EQ(cn.ConnectionString(), L"DSN=Arquivo");
   EXPECT_EQ(cn.CursorLocation(), ad::kUseClient);
   EXPECT_EQ(cn.IsolationLevel(), 65536);
   EXPECT_EQ(cn.CommandTimeout(), 90);
+  EXPECT_EQ(cn.ConnectionTimeout(), 5);
+  EXPECT_EQ(cn.Provider(), L"MSDASQL.1");
+  EXPECT_EQ(cn.Mode(), 1);
   EXPECT_EQ(cn.DefaultDatabase(), L"arq");
 }
 
@@ -183,6 +189,29 @@ TEST(OpenRecordset, RefusesToOpenAgainAndToChangeItsCursor) {
   EXPECT_EQ(RaisedBy([&] { rs.SetSource(L"select 1"); }), open);
   rs.SetCacheSize(50);
   EXPECT_EQ(rs.CacheSize(), 50);
+}
+
+TEST(CommandObject, KeepsWhatIsSet) {
+  Command cmd;
+  cmd.SetName(L"Busca");
+  cmd.SetPrepared(true);
+  cmd.SetCommandTimeout(90);
+  EXPECT_EQ(RaisedBy([&] { cmd.SetCommandTimeout(-1); }), InvalidArgument(L"ADODB.Command"));
+  EXPECT_EQ(cmd.Name(), L"Busca");
+  EXPECT_TRUE(cmd.Prepared());
+  EXPECT_EQ(cmd.CommandTimeout(), 90);
+  EXPECT_EQ(cmd.ActiveConnection(), nullptr);
+}
+
+TEST(CommandObject, TakesAnotherParameterInPlaceOfOne) {
+  Command cmd;
+  cmd.AppendParameter(L"A", ad::kVarChar, ad::kParamInput, 5, L"x");
+  cmd.SetParameter(0, {L"B", ad::kInteger, ad::kParamInput, 0, 7});
+  EXPECT_EQ(RaisedBy([&] { cmd.SetParameter(0, {L"C", ad::kInteger, ad::kParamInput, 0, L"x"}); }), kWrongValue);
+  EXPECT_EQ(RaisedBy([&] { cmd.SetParameter(0, {L"C", ad::kVarChar, ad::kParamInput, 0, L"x"}); }), kImproperParameter);
+  EXPECT_EQ(RaisedBy([&] { cmd.SetParameter(1, cmd.ParameterAt(0)); }), ItemNotFound(L"ADODB.Parameters"));
+  EXPECT_EQ(cmd.ParameterAt(0).name, L"B");
+  EXPECT_EQ(cmd.ParameterAt(0).value, Value(7));
 }
 
 TEST(CommandObject, KeepsItsParametersInOrder) {

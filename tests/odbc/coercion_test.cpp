@@ -70,6 +70,13 @@ TEST(Coercion, IntegersAreKeptWithinTheirType) {
                  {32768, ad::kSmallInt, 0, std::nullopt},
                  {-1, ad::kUnsignedTinyInt, 0, std::nullopt},
                  {255, ad::kUnsignedTinyInt, 0, 255},
+                 {-128, ad::kTinyInt, 0, -128},
+                 {128, ad::kTinyInt, 0, std::nullopt},
+                 {65535, ad::kUnsignedSmallInt, 0, 65535},
+                 {65536, ad::kUnsignedSmallInt, 0, std::nullopt},
+                 {std::int64_t{4294967295}, ad::kUnsignedInt, 0, std::int64_t{4294967295}},
+                 {-1, ad::kUnsignedInt, 0, std::nullopt},
+                 {7, ad::kEmpty, 0, std::nullopt},
                  {7, ad::kBigInt, 0, std::int64_t{7}},
                  {1e300, ad::kBigInt, 0, std::nullopt},
                  {std::numeric_limits<double>::quiet_NaN(), ad::kInteger, 0, std::nullopt}});

@@ -4,6 +4,7 @@
 #include "odbc/engine/recordset.h"
 #include "tests/odbc/print_value.h"
 #include "tests/odbc/raised.h"
+#include "values/automation.h"
 
 namespace kodra::odbc {
 
@@ -226,6 +227,20 @@ TEST_F(DisconnectedRecordset, AFieldFollowsTheCurrentRow) {
   EXPECT_EQ(field->Get(), Value(L"Ana"));
   rs.MoveNext();
   EXPECT_EQ(field->Get(), Value(L"Bia"));
+}
+
+TEST_F(DisconnectedRecordset, AFieldIsAnObjectWithAValueAndNoOtherMember) {
+  Add(L"Ana", 1);
+  const std::unique_ptr<platform::Field> field = rs.FieldByName(L"NOME");
+  const ObjectRef object = field->AsObject();
+  object->Let(L"Value", L"Bia");
+  EXPECT_EQ(object->Get(L"Value"), Value(L"Bia"));
+  EXPECT_EQ(rs.FieldValue(0), Value(L"Bia"));
+  const Raised noSuchMember{438, L"KodraRpt", L"O objeto não aceita esta propriedade ou método"};
+  EXPECT_EQ(RaisedBy([&] { object->Get(L"Name"); }), noSuchMember);
+  EXPECT_EQ(RaisedBy([&] { object->Let(L"Name", L"X"); }), noSuchMember);
+  EXPECT_EQ(RaisedBy([&] { object->Set(L"Value", nullptr); }), noSuchMember);
+  EXPECT_EQ(RaisedBy([&] { object->Call(L"Value", {}); }), noSuchMember);
 }
 
 TEST_F(DisconnectedRecordset, AnUnknownFieldRaises) {

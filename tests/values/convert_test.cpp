@@ -178,6 +178,8 @@ TEST(ToBool, IsTrueForAnyNumberButZero) {
   EXPECT_TRUE(ToBool(Decimal{.high = 1}));
   EXPECT_TRUE(ToBool(Decimal{.low = 1, .scale = 28}));
   EXPECT_FALSE(ToBool(Decimal{.scale = 2, .negative = true}));
+  EXPECT_TRUE(ToBool(Date{0.5}));
+  EXPECT_FALSE(ToBool(Date{}));
   EXPECT_TRUE(ToBool(Holding(L"Verdadeiro")));
   ExpectRaised(ToBool, {{AnObject(), kMemberNotFound}});
 }

@@ -171,6 +171,15 @@ TEST_F(ModuleEvents, HaveOneConnectionPointThatReturnsItsContainer) {
   EXPECT_EQ(S_FALSE, points->Skip(1));
 }
 
+TEST_F(ModuleEvents, HaveAConnectionPointThatIsAnObjectOfItsOwn) {
+  EXPECT_EQ(point_.get(), point_.As<IConnectionPoint>().get());
+  EXPECT_NE(report_.As<IUnknown>().get(), point_.As<IUnknown>().get());
+  void* face = &face;
+  EXPECT_EQ(E_NOINTERFACE, point_->QueryInterface(IID_IDispatch, &face));
+  EXPECT_EQ(nullptr, face);
+  EXPECT_EQ(E_POINTER, point_->QueryInterface(IID_IUnknown, nullptr));
+}
+
 TEST_F(ModuleEvents, AreListedToTheEndAndNotBeyondHoweverManyAreSkipped) {
   const auto sink = EventSink::New();
   const DWORD cookie = Advise(sink);

@@ -78,6 +78,7 @@ TEST(DisplayWidth, CountsEastAsianLettersAndPictogramsTwice) {
   EXPECT_EQ(DisplayWidth(L"caixa"), 5U);
   EXPECT_EQ(DisplayWidth(L"\u6587\u66f8"), 4U);
   EXPECT_EQ(DisplayWidth(L"\U0001F4E6"), 2U);
+  EXPECT_EQ(DisplayWidth(L"\xD83D\xDCE6"), 2U);  // two halves, as Windows has a character
   EXPECT_EQ(DisplayWidth(L"\u2500\u20ac\u2014"), 3U);
   EXPECT_EQ(DisplayWidth(L"a\u200bb\ufeff"), 2U);
 }

@@ -7,6 +7,7 @@ namespace kodra::console::html {
 namespace {
 
 TEST(Html, EscapesWhatATextMayNotHold) {
+  EXPECT_EQ(Escaped(L"a\tb\nc\r"), "a\tb\nc\r");
   EXPECT_EQ(Escaped(L"<b>\"A\" & B</b>\x01 é"), "&lt;b&gt;&quot;A&quot; &amp; B&lt;/b&gt;  é");
 }
 
