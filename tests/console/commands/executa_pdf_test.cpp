@@ -47,7 +47,8 @@ TEST_F(ExecutaPdf, WritesLabelsOnTheirStock) {
   EXPECT_EQ(
       RunReport("CCaixaRpt.EtiquetaDivisoria", {"--Modulo1", "AB001", "--folha", "100x50mm", "--orgao", "Câmara"}),
       Success(""));
-  EXPECT_EQ(tests::TextOfPdf(target_), "Câmara\n\n0000000001\nmódulo AB001\n\n0000000001\n\nDIVISÓRIA\n\n\f");
+  EXPECT_EQ(tests::TextOfPdf(target_),
+            "Câmara\n\n0000000001                  DIVISÓRIA\nmódulo AB001\n\n\n\n\n               0000000001\n\f");
   EXPECT_NE(tests::AnswerOf("pdfinfo", target_).find("283.465 x 141.732 pts"), std::string::npos);
 }
 
