@@ -49,7 +49,7 @@ TEST(FittedText, OnOneLineShrinksAndIsCut) {
   EXPECT_EQ(FitLine(L"A A", Face::kRegular, kSizes, 3301).letters, 2048);
   EXPECT_EQ(FitLine(L"A A", Face::kRegular, kSizes, 3300).letters, 1948);
   const FittedText cut = FitLine(L"AA AA", Face::kRegular, kSizes, 2800);
-  EXPECT_EQ(cut.lines, Lines{L"AA…"});
+  EXPECT_EQ(cut.lines, Lines{L"AA …"});
   EXPECT_TRUE(cut.isCut);
 }
 
