@@ -69,7 +69,7 @@ pages_have() {
 # standard input lists, and nothing else; the first label must be in its place, in millimetres from the page's corner.
 # The padding of a label is 2 mm, or 1.5 mm on labels of less than 30 mm.
 labels_are_read() {
-  local kind=$1 stock left top pages=build/console/labels expected found place
+  local kind=$1 stock left top pages=build/console/labels expected found place name
   shift
   expected=$(sort)
   while read -r stock left top; do
@@ -81,10 +81,11 @@ labels_are_read() {
     place=$(pdftotext -bbox "$pages/labels.pdf" - | awk -F'"' -v left="$left" -v top="$top" '/<word/ {
       x = $2 / 72 * 25.4 - left; y = $4 / 72 * 25.4 - top
       print x * x <= 0.04 && y * y <= 0.04 ? "here" : "at " $2 ", " $4 " points"; exit }')
+    name="console.labels $kind ${*%%Driver=*} $stock"
     if [ "$found" = "$expected" ] && [ "$place" = here ] && [ -n "$expected" ]; then
-      passed "console.labels $kind $stock"
+      passed "$name"
     else
-      failed "console.labels $kind $stock"
+      failed "$name"
       echo "etiquetas $kind $* --folha $stock: primeira etiqueta $place; códigos que faltam (<) ou sobram (>):"
       diff <(echo "$expected") <(echo "$found") || true
     fi

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cctype>
+#include <cstdlib>
 #include <map>
 #include <optional>
 
@@ -64,18 +66,22 @@ bool LooksLikeRoll(const std::string& name) { return name.ends_with("mm"); }
 }  // namespace
 
 void LabelArguments::AddTo(CLI::App& command, const std::string& prefix) {
+  const auto described = [&](std::string text) {
+    if (!prefix.empty()) text[0] = static_cast<char>(std::tolower(text[0]));
+    return prefix + text;
+  };
   command
       .add_option("--folha", stock_,
-                  fmt::format("{}A folha, como a4-2x7, ou a etiqueta de um rolo, como 100x50mm (sem esta opção, {})",
-                              prefix, stock_))
+                  described(fmt::format(
+                      "A folha, como a4-2x7, ou a etiqueta de um rolo, como 100x50mm (sem esta opção, {})", stock_)))
       ->option_text("FOLHA");
   command
       .add_option("--primeira", firstLabel_,
-                  prefix + "A primeira etiqueta livre da folha, linha a linha (sem esta opção, 1)")
+                  described("A primeira etiqueta livre da folha, linha a linha (sem esta opção, 1)"))
       ->option_text("NÚMERO");
-  command.add_option("--copias", copies_, prefix + "Quantas cópias de cada etiqueta (sem esta opção, 1)")
+  command.add_option("--copias", copies_, described("Quantas cópias de cada etiqueta (sem esta opção, 1)"))
       ->option_text("NÚMERO");
-  command.add_option("--codigo", code_, prefix + "code128, qr ou nenhum (sem esta opção, code128)")
+  command.add_option("--codigo", code_, described("O código: code128, qr ou nenhum (sem esta opção, code128)"))
       ->option_text("CÓDIGO");
 }
 
