@@ -96,7 +96,7 @@ std::vector<std::vector<Label>> ArchiveLabels::LabelsOf(LabelKind kind, const st
   const std::vector<std::wstring> distinct = Distinct(codes);
   LabelsByCode byCode;
   // Opening labels come twice.
-  const auto take = [&](Label label) { byCode.try_emplace(label.number, std::move(label)); };
+  const auto take = [&](const Label& label) { byCode.try_emplace(label.number, label); };
   if (kind == LabelKind::kOpening) {
     std::vector<std::wstring> main, subordinate;
     for (const std::wstring& code : distinct) (IsSubordinate(code) ? subordinate : main).push_back(code);

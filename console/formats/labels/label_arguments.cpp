@@ -26,6 +26,7 @@ constexpr Length kUnprintable = 5_mm;
 
 std::vector<std::string> NamesOf(const std::vector<Stock>& stocks) {
   std::vector<std::string> names;
+  names.reserve(stocks.size());
   for (const Stock& stock : stocks) names.push_back(stock.name);
   return names;
 }

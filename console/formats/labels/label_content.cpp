@@ -73,7 +73,8 @@ std::wstring PlaceText(const RowReader& row) {
                                                               {"PRATELEIRA", L"prateleira"},
                                                               {"DEPOSITO", L"depósito"}}) {
     const std::wstring value = row.Text(column);
-    if (!value.empty()) text += (text.empty() ? L"" : L", ") + caption + L" " + value;
+    if (value.empty()) continue;
+    text.append(text.empty() ? L"" : L", ").append(caption).append(L" ").append(value);
   }
   return text;
 }
