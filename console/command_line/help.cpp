@@ -31,7 +31,7 @@ const char* const kProgramFooter =
     "  3  não foi possível conectar ao banco de dados\n"
     "  4  verifica: falta algo de que um relatório precisa\n"
     "  5  não foi possível ler ou gravar um arquivo\n"
-    "  130  interrompido por Ctrl-C\n"
+    "  130  interrompido por Ctrl-C; 143, por SIGTERM\n"
     "\n"
     "\"kodrarpt COMANDO --help\" explica cada comando, com um exemplo.";
 

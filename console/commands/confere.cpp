@@ -14,11 +14,9 @@
 #include "console/inventory/scanned_codes.h"
 #include "console/reports/guide.h"
 #include "console/run/connection_options.h"
-#include "console/run/interruption.h"
-#include "console/run/machine.h"
 #include "console/run/output_options.h"
-#include "console/run/stream_output.h"
-#include "console/run/target_file.h"
+#include "console/run/output_run.h"
+#include "console/run/time_limit.h"
 #include "values/erro.h"
 #include "values/password.h"
 #include "values/utf8.h"
@@ -54,6 +52,7 @@ struct Options {
   std::string list = "-";
   OutputOptions output;
   pages::LetterheadOptions letterhead;
+  TimeLimit timeLimit;
 };
 
 // The codes as they were given, each once.
@@ -89,7 +88,7 @@ class Inventory {
         connection_(options.connection.Text()),
         format_(options.output.ChosenFormat()),
         formatOptions_(options.output.ForFormats()),
-        target_(options.output.Target()) {
+        destination_{options.output.Target(), options.timeLimit.Get()} {
     if (options.modules.empty() && options.containers.empty())
       throw UsageError("falta --modulo, para conferir documentos, ou --conteiner, para conferir módulos");
     if (!options.modules.empty() && !options.containers.empty())
@@ -99,28 +98,22 @@ class Inventory {
   }
 
   ExitCode Execute() {
-    const Interruption interruption;
-    try {
-      std::optional<TargetFile> file;
-      if (!target_.empty()) file.emplace(target_);
-      const std::unique_ptr<Machine> machine = NewMachine();
-      inventory::Archive archive(machine->Around(), connection_);
-      const std::vector<Finding> findings = documents_ ? CompareDocuments(archive) : CompareModules(archive);
-      if (Interruption::Requested()) return Interruption::Code();
-      Write(findings, file);
-      program_.Err() << ToUtf8(inventory::Summary(findings)) << "\n";
-      return AllInPlace(findings) ? ExitCode::kOk : ExitCode::kNotInPlace;
-    } catch (...) {
-      // A request to stop may make a report fail; that is no error.
-      if (Interruption::Requested()) return Interruption::Code();
-      throw;
-    }
+    std::vector<Finding> findings;
+    const ExitCode code = RunToOutput(program_, destination_, [&](OutputRun& run) {
+      inventory::Archive archive(run.machine.Around(), connection_);
+      findings = documents_ ? CompareDocuments(archive, run.stopping) : CompareModules(archive);
+      Write(findings, run);
+      return true;
+    });
+    if (code != ExitCode::kOk) return code;
+    program_.Err() << ToUtf8(inventory::Summary(findings)) << "\n";
+    return AllInPlace(findings) ? ExitCode::kOk : ExitCode::kNotInPlace;
   }
 
  private:
-  std::vector<Finding> CompareDocuments(inventory::Archive& archive) {
+  std::vector<Finding> CompareDocuments(inventory::Archive& archive, const Stopping& stopping) {
     const std::vector<Item> expected = archive.DocumentsOf(places_);
-    loans_ = ReadLoans(archive);
+    loans_ = ReadLoans(archive, stopping);
     const std::vector<std::wstring> read = WithoutPlaces(scanned_);
     return Compare(expected, read, archive.FindDocuments(Others(expected, read)), loans_);
   }
@@ -137,13 +130,13 @@ class Inventory {
   }
 
   // The loans, or none if the database does not answer: the list of originals does not run on every database.
-  inventory::Loans ReadLoans(inventory::Archive& archive) const {
+  inventory::Loans ReadLoans(inventory::Archive& archive, const Stopping& stopping) const {
     try {
       return archive.ReadLoans();
     } catch (const ConnectionError&) {
       throw;
     } catch (const Erro& error) {
-      if (Interruption::Requested()) throw;
+      if (stopping.Requested()) throw;
       program_.Err() << "kodrarpt: aviso: não foi possível saber quais documentos estão emprestados, e eles saem como "
                         "ausentes:\n"
                      << ForTerminal(ToUtf8(values::HidePassword(error.Description(), connection_))) << "\n";
@@ -164,10 +157,8 @@ class Inventory {
     return others;
   }
 
-  void Write(const std::vector<Finding>& findings, std::optional<TargetFile>& file) {
-    StreamOutput standard(program_.Out());
-    Output& output = file ? static_cast<Output&>(*file) : standard;
-    const auto writer = NewWriter(format_, formatOptions_, output, file ? file->PathText() : std::wstring());
+  void Write(const std::vector<Finding>& findings, OutputRun& run) {
+    const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
     std::vector<Column> columns;
     for (const guide::Column& column : listing_.columns) columns.push_back({FromUtf8(column.name)});
     writer->Begin(
@@ -178,8 +169,6 @@ class Inventory {
         columns);
     for (const Finding& finding : findings) writer->Row(Cells(finding));
     writer->End();
-    if (file) file->Commit();
-    standard.Flush();
   }
 
   // In the order of the listing's columns.
@@ -201,7 +190,7 @@ class Inventory {
   std::wstring connection_;
   Format format_;
   FormatOptions formatOptions_;
-  std::wstring target_;
+  Destination destination_;
   std::vector<std::wstring> scanned_;
   inventory::Loans loans_;
 };
@@ -229,6 +218,7 @@ void AddConfere(Program& program) {
   options->connection.AddTo(command);
   options->output.AddTo(command);
   options->letterhead.AddTo(command);
+  options->timeLimit.AddTo(command);
 }
 
 }  // namespace kodra::console

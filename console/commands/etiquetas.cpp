@@ -16,10 +16,8 @@
 #include "console/formats/labels/label_writer.h"
 #include "console/run/archive_labels.h"
 #include "console/run/connection_options.h"
-#include "console/run/interruption.h"
-#include "console/run/machine.h"
-#include "console/run/stream_output.h"
-#include "console/run/target_file.h"
+#include "console/run/output_run.h"
+#include "console/run/time_limit.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
 
@@ -67,6 +65,7 @@ struct Options {
   std::string organisation;
   std::string format = "pdf";
   std::string target;
+  TimeLimit timeLimit;
 };
 
 const Kind& KindNamed(const std::string& name) {
@@ -140,6 +139,7 @@ class Run {
         format_(FormatNamed(options.format)),
         print_(options.labels.Options()),
         connection_(options.connection.Text()),
+        destination_{FromUtf8(options.target), options.timeLimit.Get()},
         range_(RangeOf(options, kind_.kind)) {
     print_.place = options.withPlace;
     print_.warn = [this](const std::string& warning) { Warn(warning); };
@@ -154,33 +154,15 @@ class Run {
   }
 
   ExitCode Execute() {
-    const Interruption interruption;
-    // Created before the reports run: an error in the path must show now and not an hour later.
-    std::optional<TargetFile> file;
-    if (!options_.target.empty()) file.emplace(FromUtf8(options_.target));
-    try {
-      const std::vector<Label> labels = Labels();
-      if (Interruption::Requested()) return ExitCode::kInterrupted;
-      if (!labels.empty()) {
-        if (const std::string warning = labels::EdgeWarning(print_.stock); !warning.empty()) Warn(warning);
-        StreamOutput standard(program_.Out());
-        Write(labels, file ? static_cast<Output&>(*file) : standard);
-        if (file) file->Commit();
-        standard.Flush();
-      }
-    } catch (...) {
-      // A request to stop may make a report fail; that is no error.
-      if (Interruption::Requested()) return ExitCode::kInterrupted;
-      throw;
-    }
-    return Conclude();
+    const ExitCode code =
+        RunToOutput(program_, destination_, [this](OutputRun& run) { return Print(Labels(run), run.output); });
+    return code == ExitCode::kOk ? Conclude() : code;
   }
 
  private:
   // All labels in their order. Remembers the codes that have none.
-  std::vector<Label> Labels() {
-    const std::unique_ptr<Machine> machine = NewMachine();
-    ArchiveLabels archive(machine->Around(), connection_);
+  std::vector<Label> Labels(OutputRun& run) {
+    ArchiveLabels archive(run.machine.Around(), connection_);
     std::vector<Label> all;
     missing_ = TakeLabelsOf(codes_, archive, all);
     if (range_) missingInRange_ = TakeLabelsOf(archive.CodesIn(kind_.kind, *range_), archive, all);
@@ -201,7 +183,7 @@ class Run {
     const std::wstring organisation =
         isUnnamed && options_.organisation.empty() ? archive.Organisation(codes) : std::wstring();
     std::map<std::wstring, std::wstring> places;
-    for (std::size_t i = 0; i < found.size() && !Interruption::Requested(); ++i) {
+    for (std::size_t i = 0; i < found.size(); ++i) {
       if (found[i].empty()) missing.push_back(ToUtf8(codes[i]));
       for (Label& label : found[i]) {
         if (isUnnamed) label.organisation = organisation;
@@ -216,14 +198,18 @@ class Run {
     return missing;
   }
 
-  // Everything is drawn before anything is written: a label may turn out to have no room for its code.
-  void Write(const std::vector<Label>& labels, Output& output) const {
+  // Everything is drawn before anything is written: a label may turn out to have no room for its code. Returns whether
+  // there was any label.
+  bool Print(const std::vector<Label>& labels, Output& output) const {
+    if (labels.empty()) return false;
+    if (const std::string warning = labels::EdgeWarning(print_.stock); !warning.empty()) Warn(warning);
     TextOutput pages;
     const std::unique_ptr<pages::Canvas> canvas = labels::NewCanvas(format_, pages, kind_.title);
     labels::LabelPrinter printer(*canvas, print_);
     for (const Label& label : labels) printer.Print(label);
     printer.Finish();
     output.Write(pages.Text());
+    return true;
   }
 
   ExitCode Conclude() const {
@@ -241,6 +227,7 @@ class Run {
   labels::PageFormat format_;
   labels::PrintOptions print_;
   std::wstring connection_;
+  Destination destination_;
   std::optional<CodeRange> range_;
   std::vector<std::wstring> codes_;
   std::vector<std::string> missing_, missingInRange_;
@@ -270,6 +257,7 @@ void AddEtiquetas(Program& program) {
   command.add_option("--lista", options->list, "Um arquivo com um código por linha; - é a entrada padrão")
       ->option_text("ARQUIVO");
   options->connection.AddTo(command);
+  options->timeLimit.AddTo(command);
   command.add_option("--formato", options->format, "pdf ou html (sem esta opção, pdf)")->option_text("FORMATO");
   command.add_option("--saida", options->target, "O arquivo a gravar (sem esta opção, a saída padrão)")
       ->option_text("ARQUIVO");

@@ -12,14 +12,13 @@
 #include "console/formats/pages/letterhead_options.h"
 #include "console/reports/guide.h"
 #include "console/run/connection_options.h"
-#include "console/run/interruption.h"
-#include "console/run/machine.h"
 #include "console/run/open_report.h"
 #include "console/run/output_options.h"
+#include "console/run/output_run.h"
 #include "console/run/progress.h"
 #include "console/run/row_source.h"
 #include "console/run/stream_output.h"
-#include "console/run/target_file.h"
+#include "console/run/time_limit.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -46,6 +45,7 @@ struct Options {
   OutputOptions output;
   labels::LabelArguments labels;
   pages::LetterheadOptions letterhead;
+  TimeLimit timeLimit;
   std::string progress = "auto";
 };
 
@@ -68,23 +68,6 @@ Progress::Style ProgressStyle(const std::string& when) {
   throw UsageError("--progresso deve ser sempre, nunca ou auto" + DidYouMean(when, {"sempre", "nunca", "auto"}));
 }
 
-// Writes all rows; returns false if the user asked to stop.
-bool Write(frame::ReportRows rows, const Heading& heading, RowWriter& writer, Progress& progress) {
-  // A report with nothing to list may return no recordset.
-  std::optional<RowSource> source;
-  if (rows) source.emplace(std::move(rows));
-  writer.Begin(heading, source ? source->Columns() : std::vector<Column>{});
-  std::vector<Value> values;
-  while (source && source->Next(values)) {
-    if (Interruption::Requested()) return false;
-    writer.Row(values);
-    progress.Row();
-  }
-  if (Interruption::Requested()) return false;
-  writer.End();
-  return true;
-}
-
 // One run of a report, from its options to the written rows.
 class Run {
  public:
@@ -96,51 +79,47 @@ class Run {
         formatOptions_(FormatOptionsOf(options)),
         progressStyle_(ProgressStyle(options.progress)),
         connection_(options.connection.Text()),
-        target_(options.output.Target()) {
+        destination_{options.output.Target(), options.timeLimit.Get()} {
     const guide::Report& about = guide::About(method_);
     heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
                 options.parameters.Given()};
     // As the report reads them: "1/2/2024" is 01/02/2024, and "s" is Sim.
     for (auto& [name, text] : heading_.parameters) text = BrazilianText(parameters_.Get(name));
-    formatOptions_.html.labels.containerModules = [this] { return ModulesOfContainers(); };
     formatOptions_.html.labels.print.warn = [this](const std::string& warning) {
       program_.Err() << "kodrarpt: aviso: " << warning << "\n";
     };
   }
 
   ExitCode Execute() {
-    const Interruption interruption;
-    // Created before the report runs: an error in the path must show now and not an hour later.
-    std::optional<TargetFile> file;
-    if (!target_.empty()) file.emplace(target_);
-    StreamOutput standard(program_.Out());
-    Output& output = file ? static_cast<Output&>(*file) : standard;
-    const auto writer = NewWriter(format_, formatOptions_, output, file ? file->PathText() : std::wstring());
-    StreamOutput errors(program_.Err());
-    Progress progress(errors, progressStyle_, SteadySeconds);
-    try {
-      machine_ = NewMachine();
-      if (!Write(OpenReport(method_, connection_, parameters_, machine_->Around()), heading_, *writer, progress)) {
-        progress.Abandon();
-        return ExitCode::kInterrupted;
-      }
-      if (file) file->Commit();
-      standard.Flush();
-    } catch (...) {
-      progress.Abandon();
-      // A request to stop may make the report fail; that is no error.
-      if (Interruption::Requested()) return ExitCode::kInterrupted;
-      throw;
-    }
-    progress.End();
-    return ExitCode::kOk;
+    return RunToOutput(program_, destination_, [this](OutputRun& run) { return Write(run); });
   }
 
  private:
+  bool Write(OutputRun& run) {
+    formatOptions_.html.labels.containerModules = [&] { return ModulesOfContainers(run.machine.Around()); };
+    const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
+    StreamOutput errors(program_.Err());
+    Progress progress(errors, progressStyle_, SteadySeconds);
+    // A report with nothing to list may return no recordset.
+    std::optional<RowSource> source;
+    if (frame::ReportRows rows = OpenReport(method_, connection_, parameters_, run.machine.Around()))
+      source.emplace(std::move(rows));
+    writer->Begin(heading_, source ? source->Columns() : std::vector<Column>{});
+    std::vector<Value> values;
+    while (source && source->Next(values)) {
+      if (run.stopping.Requested()) return false;
+      writer->Row(values);
+      progress.Row();
+    }
+    writer->End();
+    if (!run.stopping.Requested()) progress.End();
+    return true;
+  }
+
   // The modules of each requested container, for its label.
-  labels::ContainerModules ModulesOfContainers() {
+  labels::ContainerModules ModulesOfContainers(platform::Surroundings& surroundings) {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
-    RowSource source(modules.call(machine_->Around(), connection_, &parameters_));
+    RowSource source(modules.call(surroundings, connection_, &parameters_));
     labels::ContainerModules found;
     std::vector<Value> values;
     while (source.Next(values)) {
@@ -157,9 +136,8 @@ class Run {
   FormatOptions formatOptions_;
   Progress::Style progressStyle_;
   std::wstring connection_;
-  std::wstring target_;
+  Destination destination_;
   Heading heading_;
-  std::unique_ptr<Machine> machine_;
 };
 
 }  // namespace
@@ -175,6 +153,7 @@ void AddExecuta(Program& program) {
   options->output.AddTo(command);
   options->letterhead.AddTo(command);
   options->labels.AddTo(command, "etiquetas: ");
+  options->timeLimit.AddTo(command);
   command.add_option("--progresso", options->progress, "sempre, nunca ou auto (o padrão: só em um terminal)")
       ->option_text("QUANDO");
   options->parameters.AddTo(command);

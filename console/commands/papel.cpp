@@ -1,7 +1,6 @@
 // kodrarpt papel: prints a paper for the counter or the shelves.
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
-#include <optional>
 
 #include "console/command_line/parameters.h"
 #include "console/command_line/suggest.h"
@@ -13,12 +12,10 @@
 #include "console/formats/pages/pdf_canvas.h"
 #include "console/papers/papers.h"
 #include "console/run/connection_options.h"
-#include "console/run/interruption.h"
-#include "console/run/machine.h"
 #include "console/run/open_report.h"
+#include "console/run/output_run.h"
 #include "console/run/row_source.h"
-#include "console/run/stream_output.h"
-#include "console/run/target_file.h"
+#include "console/run/time_limit.h"
 #include "values/dates.h"
 #include "values/utf8.h"
 
@@ -49,6 +46,7 @@ struct Options {
   std::string format = "pdf";
   std::string target;
   pages::LetterheadOptions letterhead;
+  TimeLimit timeLimit;
 };
 
 // The paper's main parameter as typed. Raises UsageError if it is missing.
@@ -77,6 +75,7 @@ class Run {
         isPdf_(IsPdf(options.format)),
         subject_(SubjectOf(paper_, options.parameters)),
         connection_(options.connection.Text()),
+        destination_{FromUtf8(options.target), options.timeLimit.Get()},
         letterhead_(options.letterhead.Get()) {
     // Checks the parameters before a file is made.
     options.parameters.For(*reports::FindReportMethod(paper_.className, paper_.method));
@@ -84,45 +83,33 @@ class Run {
   }
 
   ExitCode Execute() {
-    const Interruption interruption;
-    std::optional<TargetFile> file;
-    if (!options_.target.empty()) file.emplace(FromUtf8(options_.target));
-    StreamOutput standard(program_.Out());
-    try {
-      machine_ = NewMachine();
-      Print(file ? static_cast<Output&>(*file) : standard);
-    } catch (...) {
-      // A request to stop may make the report fail; that is no error.
-      if (Interruption::Requested()) return ExitCode::kInterrupted;
-      throw;
-    }
-    if (Interruption::Requested()) return ExitCode::kInterrupted;
-    if (file) file->Commit();
-    standard.Flush();
-    return ExitCode::kOk;
+    return RunToOutput(program_, destination_, [this](OutputRun& run) {
+      Print(run);
+      return true;
+    });
   }
 
  private:
-  void Print(Output& output) {
-    const papers::Source source = {[this](std::wstring_view className, std::wstring_view method) {
-                                     return Read(*reports::FindReportMethod(className, method));
+  void Print(OutputRun& run) {
+    const papers::Source source = {[&](std::wstring_view className, std::wstring_view method) {
+                                     return Read(*reports::FindReportMethod(className, method), run);
                                    },
                                    subject_, values::Today()};
     if (isPdf_) {
-      pages::PdfCanvas canvas(output, FromUtf8(paper_.purpose));
+      pages::PdfCanvas canvas(run.output, FromUtf8(paper_.purpose));
       pages::PagedPrintout printout(canvas, letterhead_);
       paper_.print(source, printout);
     } else {
-      html::HtmlPrintout printout(output, letterhead_);
+      html::HtmlPrintout printout(run.output, letterhead_);
       paper_.print(source, printout);
     }
   }
 
-  papers::ReportTable Read(const reports::ReportMethod& method) {
+  papers::ReportTable Read(const reports::ReportMethod& method, OutputRun& run) {
     frame::ParameterObject parameters = options_.parameters.For(method);
     papers::ReportTable table;
     // A report with nothing to list may return no recordset.
-    if (frame::ReportRows rows = OpenReport(method, connection_, parameters, machine_->Around())) {
+    if (frame::ReportRows rows = OpenReport(method, connection_, parameters, run.machine.Around())) {
       RowSource source(std::move(rows));
       table.columns = source.Columns();
       for (std::vector<Value> values; source.Next(values);) table.rows.push_back(values);
@@ -135,8 +122,8 @@ class Run {
   const Paper& paper_;
   bool isPdf_;
   std::wstring subject_, connection_;
+  Destination destination_;
   pages::Letterhead letterhead_;
-  std::unique_ptr<Machine> machine_;
 };
 
 }  // namespace
@@ -153,6 +140,7 @@ void AddPapel(Program& program) {
   command.add_option("--saida", options->target, "O arquivo a gravar; em html, sem esta opção, a saída padrão")
       ->option_text("ARQUIVO");
   options->letterhead.AddTo(command);
+  options->timeLimit.AddTo(command);
   options->parameters.AddTo(command);
 }
 

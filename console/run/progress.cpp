@@ -23,6 +23,8 @@ double SteadySeconds() {
 Progress::Progress(Output& errors, Style style, Clock clock)
     : errors_(errors), style_(style), clock_(std::move(clock)), start_(clock_()), next_(start_ + kFirstAfter) {}
 
+Progress::~Progress() { EndLine(); }
+
 void Progress::Row() {
   ++rows_;
   if (style_ == Style::kNone) return;
@@ -37,10 +39,10 @@ void Progress::End() {
   if (style_ == Style::kNone || seconds < kFirstAfter) return;
   const std::wstring tenths = values::NumberToText(std::round(seconds * 10) / 10);
   Show(CountText(rows_) + (rows_ == 1 ? L" linha em " : L" linhas em ") + tenths + L" s (" + PerSecond(seconds) + L")");
-  Abandon();
+  EndLine();
 }
 
-void Progress::Abandon() {
+void Progress::EndLine() {
   if (shown_ > 0) Write("\n");
   shown_ = 0;
 }

@@ -33,17 +33,20 @@ class Progress {
 
   // REQUIRES: `errors` outlives the object.
   Progress(Output& errors, Style style, Clock clock);
+  // Ends the line of the last count, so that the next message begins on a new line.
+  ~Progress();
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
 
   void Row();
   // The rows so far.
   std::uint64_t Rows() const { return rows_; }
   // Shows the total, unless the report took less than a second. Called once, and not after a failure.
   void End();
-  // Ends the line of the last count, so that the next message begins on a new line.
-  void Abandon();
 
  private:
   void Show(const std::wstring& text);
+  void EndLine();
   void Write(const std::string& bytes);
   std::wstring PerSecond(double seconds) const;
 

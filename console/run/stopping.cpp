@@ -28,6 +28,7 @@ void Stopping::Watch(const std::stop_token& end) {
 
 ExitCode Stopping::Outcome() const {
   if (Interruption::Requested()) return Interruption::Code();
+  if (isTold_.exchange(true)) return ExitCode::kReportError;
   errors_ << "kodrarpt: o relatório foi interrompido: passou do limite de " << limit_.count()
           << (limit_.count() == 1 ? " segundo\n" : " segundos\n") << std::flush;
   return ExitCode::kReportError;

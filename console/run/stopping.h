@@ -33,7 +33,7 @@ class Stopping {
   Stopping& operator=(const Stopping&) = delete;
 
   bool Requested() const { return Interruption::Requested() || timeIsUp_; }
-  // The exit code of a run that was asked to stop; prints the message about the time.
+  // The exit code of a run that was asked to stop. Prints the message about the time, once.
   ExitCode Outcome() const;
 
  private:
@@ -44,6 +44,7 @@ class Stopping {
   std::chrono::seconds limit_;
   std::ostream& errors_;
   std::atomic<bool> timeIsUp_ = false;
+  mutable std::atomic<bool> isTold_ = false;
   std::jthread watcher_;
 };
 

@@ -10,7 +10,9 @@
 #include <sstream>
 #include <thread>
 
+#include "odbc/engine/recordset.h"
 #include "testbed/mariadb/child_process.h"
+#include "tests/db/mariadb.h"
 #include "tests/db/sqlite_file.h"
 #include "values/utf8.h"
 
@@ -159,7 +161,7 @@ TEST_F(KodrarptProcess, KeepsThePreviousFileWhenItIsInterrupted) {
     const pid_t process = StartEndlessCsv();
     EXPECT_TRUE(HasBegun(process));
     kill(process, signal);
-    EXPECT_EQ(ExitCodeOf(process), 130);
+    EXPECT_EQ(ExitCodeOf(process), 128 + signal);
     EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
     EXPECT_EQ(Read(folder_ / "destino.csv"), "antes");
     EXPECT_EQ(Read(folder_ / "saida.txt"), "");
@@ -169,11 +171,88 @@ TEST_F(KodrarptProcess, KeepsThePreviousFileWhenItIsInterrupted) {
 TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
   const pid_t process = StartEndlessCsv();
   EXPECT_TRUE(HasBegun(process));
-  kill(process, SIGINT);
-  kill(process, SIGINT);
   kill(process, SIGTERM);
-  EXPECT_EQ(ExitCodeOf(process), 130);
+  kill(process, SIGTERM);
+  EXPECT_EQ(ExitCodeOf(process), 143);
   EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
+}
+
+// A database that takes half a minute, or for ever, to answer with its first support.
+std::string SlowMariaDb() {
+  MariaDb().CreateDatabase(L"lenta");
+  odbc::Connection connection;
+  connection.Open(MariaDb().ConnectionString(L"lenta"), L"", L"", platform::ad::kUnspecified);
+  connection.Execute(L"CREATE OR REPLACE VIEW SUPORTE AS SELECT '1' AS COD_SUPORTE, SLEEP(30) AS DESCR_SUPORTE",
+                     platform::ad::kCmdText);
+  return ToUtf8(MariaDb().ConnectionString(L"lenta"));
+}
+
+std::string SlowSqlite() {
+  static SqliteFile file;
+  static const bool made = [] {
+    file.Run(
+        L"CREATE VIEW SUPORTE AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
+        L"SELECT i AS COD_SUPORTE, i AS DESCR_SUPORTE FROM n WHERE i < 0");
+    return true;
+  }();
+  return made ? ToUtf8(file.ConnectionString()) : "";
+}
+
+// How many statements of other connections the server runs.
+std::int64_t RunningStatements() {
+  odbc::Connection connection;
+  connection.Open(MariaDb().ConnectionString(L"lenta"), L"", L"", platform::ad::kUnspecified);
+  return connection
+      .Query(
+          L"SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE COMMAND IN ('Query', 'Execute') "
+          L"AND ID <> CONNECTION_ID()",
+          platform::ad::kCmdText)
+      .recordset->FieldValue(0)
+      .As<std::int64_t>();
+}
+
+TEST_F(KodrarptProcess, TakesItsStatementOffTheServerWhenItIsInterrupted) {
+  const std::string connection = SlowMariaDb();
+  for (const int signal : {SIGINT, SIGTERM}) {
+    const pid_t process = Start({}, {"CSuporteRpt.RelatorioSuportes", "--conexao", connection}, "csv");
+    const auto deadline = steady_clock::now() + std::chrono::seconds(30);
+    while (RunningStatements() == 0 && steady_clock::now() < deadline)
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(RunningStatements(), 1);
+    const auto asked = steady_clock::now();
+    kill(process, signal);
+    EXPECT_EQ(ExitCodeOf(process), 128 + signal);
+    EXPECT_LT(steady_clock::now() - asked, std::chrono::seconds(1));
+    EXPECT_EQ(RunningStatements(), 0);
+    EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
+    EXPECT_EQ(Read(folder_ / "saida.txt"), "");
+  }
+}
+
+// The driver of SQLite cannot stop a statement, so the program ends with it.
+TEST_F(KodrarptProcess, EndsWithinASecondWhileTheFirstRowIsStillSought) {
+  const pid_t process = Start({}, {"CSuporteRpt.RelatorioSuportes", "--conexao", SlowSqlite()}, "csv");
+  const auto deadline = steady_clock::now() + std::chrono::seconds(30);
+  while (Names().size() < 2 && steady_clock::now() < deadline)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  const auto asked = steady_clock::now();
+  kill(process, SIGINT);
+  EXPECT_EQ(ExitCodeOf(process), 130);
+  EXPECT_LT(steady_clock::now() - asked, std::chrono::seconds(1));
+  EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
+}
+
+TEST_F(KodrarptProcess, EndsAtItsTimeLimit) {
+  for (const std::string& connection : {SlowMariaDb(), SlowSqlite()}) {
+    const pid_t process =
+        Start({}, {"CSuporteRpt.RelatorioSuportes", "--conexao", connection, "--tempo-limite", "1"}, "csv");
+    EXPECT_EQ(ExitCodeOf(process), 1);
+    EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: o relatório foi interrompido: passou do limite de 1 segundo\n");
+    EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
+    fs::remove(folder_ / "saida.txt");
+  }
+  EXPECT_EQ(RunningStatements(), 0);
 }
 
 TEST_F(KodrarptProcess, UsesNoMoreMemoryForMoreRows) {
@@ -253,7 +332,7 @@ TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {
   const fs::path errors = "/proc/" + std::to_string(process) + "/fd/2";
   EXPECT_EQ(fs::read_symlink(errors), "/dev/null");
   kill(process, SIGTERM);
-  EXPECT_EQ(ExitCodeOf(process), 130);
+  EXPECT_EQ(ExitCodeOf(process), 143);
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {

@@ -64,14 +64,18 @@ TEST(Progress, PutsEachCountOnItsOwnLineInALog) {
 }
 
 TEST(Progress, EndsItsLineBeforeAnotherMessage) {
-  Watched run(Style::kOneLine);
-  run.progress.Abandon();
-  EXPECT_EQ(run.errors.Text(), "");
-  run.now = 101;
-  run.Rows(1);
-  run.progress.Abandon();
-  run.progress.Abandon();
-  EXPECT_EQ(run.errors.Text(), "\r1 linha, 1 por segundo\n");
+  TextOutput errors;
+  {
+    const Progress progress(errors, Style::kOneLine, [] { return 100.0; });
+  }
+  EXPECT_EQ(errors.Text(), "");
+  {
+    double now = 100;
+    Progress progress(errors, Style::kOneLine, [&] { return now; });
+    now = 101;
+    progress.Row();
+  }
+  EXPECT_EQ(errors.Text(), "\r1 linha, 1 por segundo\n");
 }
 
 // An output that fails, like standard error on a full disk.
@@ -86,16 +90,17 @@ class FullOutput final : public Output {
 
 TEST(Progress, DoesNotStopAReportWhenItCannotBeShown) {
   FullOutput errors;
-  double now = 100;
-  Progress progress(errors, Style::kOneLine, [&] { return now; });
-  now = 101;
-  progress.Row();
-  now = 102;
-  progress.Row();
-  progress.End();
-  progress.Abandon();
+  {
+    double now = 100;
+    Progress progress(errors, Style::kOneLine, [&] { return now; });
+    now = 101;
+    progress.Row();
+    now = 102;
+    progress.Row();
+    progress.End();
+    EXPECT_EQ(progress.Rows(), 2U);
+  }
   EXPECT_EQ(errors.writes, 1);
-  EXPECT_EQ(progress.Rows(), 2U);
 }
 
 TEST(Progress, CountsWithoutShowing) {
