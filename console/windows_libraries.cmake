@@ -33,9 +33,9 @@ third_party(xlsxwriter ${cache}/libxlsxwriter/include ${library_sources} ${xlsxw
   ${xlsxwriter_parts}/minizip/ioapi.c ${xlsxwriter_parts}/minizip/iowin32.c
   ${xlsxwriter_parts}/tmpfileplus/tmpfileplus.c ${xlsxwriter_parts}/md5/md5.c)
 
-# Without the annexes that need libpng and without 3D models.
+# Without what needs libpng.
 file(GLOB library_sources ${cache}/libharu/src/*.c)
-list(FILTER library_sources EXCLUDE REGEX "_(png|u3d)\\.c$")
+list(FILTER library_sources EXCLUDE REGEX "_png\\.c$")
 file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/libharu/hpdf_config.h CONTENT
   "#define LIBHPDF_STDC_HEADERS 1\n#define LIBHPDF_HAVE_LIBZ 1\n#define LIBHPDF_HAVE_NOPNGLIB 1\n")
 third_party(hpdf ${cache}/libharu/include ${library_sources})

@@ -29,6 +29,7 @@ const Paper& PaperNamed(std::string_view name) {
   const auto found = std::ranges::find(kPapers, folded, &Paper::name);
   if (found != kPapers.end()) return *found;
   std::vector<std::string> known;
+  known.reserve(std::size(kPapers));
   for (const Paper& paper : kPapers) known.emplace_back(paper.name);
   throw UsageError(fmt::format("o papel \"{}\" não existe{}; escolha entre {}", name, DidYouMean(folded, known),
                                fmt::join(known, ", ")));

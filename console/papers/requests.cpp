@@ -12,7 +12,6 @@ namespace kodra::console::papers {
 namespace {
 
 using html::RowReader;
-using pages::Fact;
 using pages::PageHead;
 using pages::Printout;
 using pages::RowStyle;

@@ -33,6 +33,8 @@ class PdfCanvas::Document {
       bytes += letter.codePage == 0 && letter.byte != 0 ? static_cast<char>(letter.byte) : '?';
     }
     HPDF_SetInfoAttr(Get(), HPDF_INFO_TITLE, bytes.c_str());
+    // The library would name its version, which is another one on Windows than on Linux.
+    HPDF_SetInfoAttr(Get(), HPDF_INFO_PRODUCER, "kodrarpt");
   }
 
   HPDF_Doc Get() const { return document_.get(); }

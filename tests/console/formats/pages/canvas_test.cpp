@@ -81,6 +81,7 @@ TEST(PdfCanvas, WritesTheSameBytesEachTime) {
 TEST(PdfCanvas, HasPagesOfTheirSizeAndATitle) {
   const std::string info = Answer("pdfinfo");
   EXPECT_NE(info.find("Title:           Título\n"), std::string::npos) << info;
+  EXPECT_NE(info.find("Producer:        kodrarpt\n"), std::string::npos) << info;
   EXPECT_NE(info.find("Pages:           2\n"), std::string::npos) << info;
   EXPECT_NE(info.find("Page size:       283.465 x 141.732 pts\n"), std::string::npos) << info;
 }
