@@ -156,6 +156,7 @@ std::vector<Report> Catalogs() {
                    {"VALIDADE", kNumber, "Validade, em anos", "Validade (anos)"}},
        .oddities = {{"O código é cortado em 128 caracteres antes de perder os espaços das pontas",
                      "A model's code is cut to 128 characters before it is trimmed."}},
+       .rows = RowsKind::kAtClient,
        .page = {kListing, "Modelos de documento"}},
 
       {.className = "CTipo_CaixaRpt",
@@ -209,6 +210,7 @@ std::vector<Report> Catalogs() {
                     {"Erro ao preencher conjunto de dados de saída: …",
                      "Um texto do operador passa de 255 caracteres, ou o componente "
                      "KodraBsnV3.ObtedorDeTiposOperadores falhou"}},
+       .rows = RowsKind::kInMemory,
        .page = {kListing, "Operadores"}},
   };
 }

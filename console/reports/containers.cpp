@@ -37,6 +37,7 @@ std::vector<Report> Containers() {
              "A container's label may name any company."},
             {"Um container pedido duas vezes sai em duas etiquetas", "A container named twice has two labels."},
             kPastedFilters},
+       .rows = RowsKind::kInMemory,
        .page = {kContainerLabels}},
 
       {.className = "CContainerRpt",

@@ -99,6 +99,7 @@ std::vector<Report> Documents() {
                     {"O recordset vem posicionado na última linha", "Withdrawal: the slip is on its last row."}},
        .failures = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
                      "A solicitação não tem documento em nenhum módulo: confira CodSolicit"}},
+       .rows = RowsKind::kInMemory,
        .page = {.kind = kListing,
                 .title = "Retirada de originais",
                 .notes = {{"com várias solicitações, o operador, a devolução e a observação são os de uma delas"}}},
@@ -184,6 +185,7 @@ std::vector<Report> Documents() {
                      "Log: no event is an error, no collection is Nothing."}},
        .failures = {{"A mensagem do ADO instalado para \"nenhum registro atual\" (3021)",
                      "Nenhum evento passa pelos filtros: amplie o período ou tire filtros"}},
+       .rows = RowsKind::kInMemory,
        .page = {kListing, "Registro de eventos"}},
   };
 }

@@ -29,6 +29,11 @@ const Report* Find(std::wstring_view className, std::wstring_view method) {
 
 const Report& About(const reports::ReportMethod& method) { return *Find(method.className, method.method); }
 
+bool IsOddOnSqlite(const Report& report) {
+  return std::ranges::any_of(report.oddities,
+                             [](const Oddity& oddity) { return oddity.entry.starts_with("On SQLite "); });
+}
+
 std::vector<const Column*> ColumnsIn(Place place, const Report& report) {
   std::vector<const Column*> columns;
   for (const Column& column : report.columns)

@@ -80,6 +80,13 @@ struct Note {
   std::string_view kinds = {};
 };
 
+// How the rows reach the client, and so whether they can be counted and read twice.
+enum class RowsKind {
+  kStreamed,  // from the server while they are read, forward only
+  kAtClient,  // read whole when the recordset is opened
+  kInMemory,  // made by the report, without a connection
+};
+
 enum class PageKind { kListing, kStatistic, kOpeningLabels, kClosingLabels, kDividerLabels, kContainerLabels };
 
 struct Page {
@@ -103,6 +110,7 @@ struct Report {
   std::vector<Column> columns;
   std::vector<Oddity> oddities = {};
   std::vector<Failure> failures = {};
+  RowsKind rows = RowsKind::kStreamed;
   Page page;
   // What a reader of its statements must know beyond their text; empty for most.
   std::string_view sqlNote = {};
@@ -114,6 +122,9 @@ const std::vector<Report>& Reports();
 const Report* Find(std::wstring_view className, std::wstring_view method);
 // The entry of a method; every method has one.
 const Report& About(const reports::ReportMethod& method);
+
+// Whether SQLite makes something else of its statement, which then fails or finds nothing.
+bool IsOddOnSqlite(const Report& report);
 
 // The columns that the page shows in a place, in their order on paper.
 std::vector<const Column*> ColumnsIn(Place place, const Report& report);

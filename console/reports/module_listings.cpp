@@ -86,6 +86,7 @@ std::vector<Report> ModuleListings() {
                    {"TELEFONE", kText, "Telefone do depósito", "Telefone", kDetail},
                    {"CONTATO", kText, "Pessoa de contato do depósito", "Contato", kDetail}},
        .oddities = {kDepartmentText, kPastedFilters},
+       .rows = RowsKind::kAtClient,
        .page = {kListing, "Documentos no módulo"}},
 
       {.className = "CCaixaRpt",
@@ -148,6 +149,7 @@ std::vector<Report> ModuleListings() {
                    {"TOTAL_DOCS", kNumber, "Documentos do módulo", "Total de documentos", kFact},
                    {"TOTAL_PAGINAS", kNumber, "Folhas e versos do módulo", "Total de páginas", kFact}},
        .oddities = {kPastedFilters},
+       .rows = RowsKind::kAtClient,
        .page = {kListing, "Autorização de descarte: documentos do módulo"},
        .sqlNote = "a segunda instrução só é enviada se a primeira não devolver nenhuma linha"},
   };
