@@ -14,6 +14,9 @@ BEGIN { FS = "[^A-Za-z0-9_]+" }  # $1 is empty in a line that begins with "["
   sub(/^[ \t]*(\/\/.*)?/, "")
 }
 
+# What an object browser shows of a member.
+/^\[id\(/ { sub(/, helpstring\("[^"]*"\)\]/, "]") }
+
 # The library around the declarations, and the attributes before each.
 /^$/ || /^[{]$/ || /^import "[^"]*";$/ || /^library [A-Za-z]+$/ || /^importlib\("[^"]*"\);$/ { next }
 /^\[(object, )?uuid\([^)]*\)[^]]*\]$/ { isCreatable = !/noncreatable/; next }

@@ -1,21 +1,25 @@
-# The reference pages, which are made from the IDL and the console program's guide.
+# What is made from the sources and committed: the reference pages, and the help texts of the IDL.
 
-reference_pages() {
+made=(docs/reference idl/kodrarpt.idl)
+
+make_reference() {
   build_preset sanitize kodra-reference
-  build/sanitize/kodra-reference idl/kodrarpt.idl "$1"
+  build/sanitize/kodra-reference . "$1"
 }
 
 reference() {
   need test
   rm -rf docs/reference
-  reference_pages docs/reference
+  make_reference .
 }
 
-# The pages in docs/ must equal those that are generated from the sources.
+# The committed files must equal those that are made from the sources.
 check_reference() {
+  local path status=0
   rm -rf build/reference
-  reference_pages build/reference
-  if diff -ru docs/reference build/reference; then
+  make_reference build/reference
+  for path in "${made[@]}"; do diff -ru "$path" "build/reference/$path" || status=1; done
+  if [ $status = 0 ]; then
     passed docs.reference
   else
     failed docs.reference

@@ -45,7 +45,7 @@ library KodraRpt
         [id(1), propput] HRESULT Operador([in] BSTR valor);
         [id(2), propget] HRESULT DataInicial([out, retval] DATE* valor);
         [id(2), propput] HRESULT DataInicial([in] DATE valor);
-        [id(3), propget] HRESULT Tudo([out, retval] VARIANT_BOOL* valor);
+        [id(3), propget, helpstring("Sim (ou 1): não filtra")] HRESULT Tudo([out, retval] VARIANT_BOOL* valor);
         [id(3), propput] HRESULT Tudo([in] VARIANT_BOOL valor);
     };
     [object, uuid(2), dual]
@@ -53,7 +53,7 @@ library KodraRpt
     {
         [id(1), propget] HRESULT StringConexao([out, retval] BSTR* valor);
         [id(1), propput] HRESULT StringConexao([in] BSTR valor);
-        [id(2)] HRESULT RelatorioLog([in] IDispatch* obj, [out, retval] IDispatch** recordset);
+        [id(2), helpstring("Os eventos, um por linha")] HRESULT RelatorioLog([in] IDispatch* obj, [out, retval] IDispatch** recordset);
         [id(3)] HRESULT RelatorioDias([in] IDispatch* Params, [out, retval] IDispatch** recordset);
     };
     [object, uuid(3), dual]

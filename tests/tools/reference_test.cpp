@@ -103,22 +103,30 @@ TEST(PagesTest, ShowAParameterClassWhole) {
             "\n"
             "Objeto de parâmetros, `CreateObject(\"KodraRpt.CModeloRptObj\")`.\n"
             "\n"
-            "## Membros\n"
+            "## Propriedades\n"
             "\n"
-            "| Membro | Id | O que é | Descrição |\n"
-            "| --- | --- | --- | --- |\n"
-            "| `Owner` | 1 | propriedade, texto | texto |\n"
-            "| `CodModelo` | 2 | propriedade, texto | texto, sem espaços nas pontas |\n"
+            "| Propriedade | Id | Valor |\n"
+            "| --- | --- | --- |\n"
+            "| `Owner` | 1 | texto |\n"
+            "| `CodModelo` | 2 | texto, sem espaços nas pontas |\n"
             "\n"
-            "## Quem lê\n"
+            "## O que cada propriedade faz\n"
             "\n"
-            "- [`CModeloRpt.RelatorioModelos`](CModeloRpt.md): `CodModelo`\n"
+            "| Propriedade | O que faz | Em |\n"
+            "| --- | --- | --- |\n"
+            "| `Owner` | nenhum relatório lê |  |\n"
+            "| `CodModelo` | Código do modelo; maiúsculas, minúsculas e espaços nas pontas não importam; vazio lista "
+            "todos | `RelatorioModelos` |\n"
+            "\n"
+            "## Quem recebe\n"
+            "\n"
+            "- [`CModeloRpt.RelatorioModelos`](CModeloRpt.md)\n"
             "\n"
             "## Exemplo\n"
             "\n"
             "```vb\n"
             "Set parametros = CreateObject(\"KodraRpt.CModeloRptObj\")\n"
-            "parametros.Owner = \"Arquivo Geral\"\n"
+            "parametros.CodModelo = \"OFICIO\"\n"
             "```\n");
 }
 
@@ -127,13 +135,57 @@ TEST(PagesTest, LinkOnlyToExistingFiles) {
   const std::regex link(R"(\]\(([^)]+)\))");
   for (const auto& [name, text] : pages) {
     for (std::sregex_iterator at(text.begin(), text.end(), link), end; at != end; ++at) {
-      const std::string target = (*at)[1];
+      const std::string place = (*at)[1];
+      const std::string target = place.substr(0, place.find('#'));
       const bool isThere =
           pages.contains(target) ||
           (target.starts_with("../") && std::filesystem::exists(KODRA_SOURCE_DIR "/docs/" + target.substr(3)));
       EXPECT_TRUE(isThere) << name << " " << target;
     }
   }
+}
+
+// The lines of a page from one on.
+std::string LinesFrom(const std::string& page, const std::string& first, int count) {
+  std::istringstream lines(page.substr(page.find(first)));
+  std::string text;
+  std::string line;
+  for (int i = 0; i < count && std::getline(lines, line); ++i) text += line + "\n";
+  return text;
+}
+
+TEST(PagesTest, ShowAPropertyOnceForEachThingThatItDoes) {
+  EXPECT_EQ(
+      LinesFrom(Pages(Classes()).at("CEstatIndexRptObj.md"), "| `DataInicial` | Primeiro", 2),
+      "| `DataInicial` | Primeiro dia do período; aparece também no título | `RelatorioEstatisticasPorDocumento` |\n"
+      "| `DataInicial` | Primeiro dia do período, só para o título | `RelatorioEstatisticasPorPalavrasChave` |\n");
+}
+
+TEST(PagesTest, ShowAnExampleOnADatabaseWhereTheReportWorks) {
+  const auto pages = Pages(Classes());
+  const std::string sqlite = "relatorio.StringConexao = \"Provider=MSDASQL;Driver={SQLite3};";
+  const std::string mysql = "relatorio.StringConexao = \"Provider=MSDASQL;Driver={MySQL ODBC 8.0 Unicode Driver};";
+  EXPECT_NE(pages.at("CDeptoRpt.md").find(sqlite), std::string::npos);
+  EXPECT_EQ(pages.at("CDeptoRpt.md").find(mysql), std::string::npos);
+  EXPECT_NE(pages.at("CDocumentoRpt.md").find(mysql), std::string::npos);
+  EXPECT_EQ(pages.at("CDocumentoRpt.md").find(sqlite), std::string::npos);
+}
+
+TEST(PagesTest, SayHowTheRowsAreRead) {
+  const auto pages = Pages(Classes());
+  EXPECT_NE(pages.at("CDeptoRpt.md")
+                .find("As linhas [vêm do servidor](../recordsets.pt-BR.md#do-servidor) e são lidas "
+                      "uma vez só.\n"),
+            std::string::npos);
+  EXPECT_NE(
+      pages.at("CModeloRpt.md").find("[ficam no cliente](../recordsets.pt-BR.md#no-cliente) e podem ser contadas"),
+      std::string::npos);
+  EXPECT_NE(pages.at("CLogRpt.md").find("[são montadas na memória](../recordsets.pt-BR.md#na-memória)"),
+            std::string::npos);
+  EXPECT_NE(
+      pages.at("CCaixaRpt.md")
+          .find("uma vez só. Com a propriedade `Conexao`, [ficam no cliente](../recordsets.pt-BR.md#no-cliente)."),
+      std::string::npos);
 }
 
 // The texts of the errors, as the sources write them.

@@ -168,6 +168,45 @@ TEST(TypeLibrary, TheModuleReportsHaveAConnectionAndALogFileBeforeTheirMethods) 
   EXPECT_EQ(Joined(expected, Methods(4, OtherReports().back())), ClassesOfLibrary().at(L"CCaixaRpt"));
 }
 
+// What an object browser shows of each member of an interface, by the member's name.
+std::map<std::wstring, std::wstring> HelpTexts(ITypeInfo* info) {
+  TYPEATTR* attributes = nullptr;
+  EXPECT_EQ(S_OK, info->GetTypeAttr(&attributes));
+  std::map<std::wstring, std::wstring> texts;
+  for (WORD i = 0; i < attributes->cFuncs; ++i) {
+    FUNCDESC* member = nullptr;
+    EXPECT_EQ(S_OK, info->GetFuncDesc(i, &member));
+    Bstr name;
+    Bstr text;
+    EXPECT_EQ(S_OK, info->GetDocumentation(member->memid, name.put(), text.put(), nullptr, nullptr));
+    texts[name.text()] = text.text();
+    info->ReleaseFuncDesc(member);
+  }
+  info->ReleaseTypeAttr(attributes);
+  return texts;
+}
+
+TEST(TypeLibrary, EveryMemberHasAHelpText) {
+  const auto library = Library();
+  for (const ClassEntry& entry : PublicClasses()) {
+    CLSID id = {};
+    ASSERT_EQ(S_OK, CLSIDFromString(entry.clsid.c_str(), &id));
+    Ref<ITypeInfo> coclass;
+    ASSERT_EQ(S_OK, library->GetTypeInfoOfGuid(id, coclass.put()));
+    const auto texts = HelpTexts(DefaultInterface(coclass.get()).get());
+    EXPECT_FALSE(texts.empty()) << testing::PrintToString(entry.name);
+    for (const auto& [name, text] : texts)
+      EXPECT_FALSE(text.empty()) << testing::PrintToString(entry.name + L"." + name);
+    if (entry.name == L"CCDRpt") {
+      EXPECT_EQ(L"As mídias, todas ou só as vencidas", texts.at(L"RelatorioMidias"));
+    }
+    if (entry.name == L"CCDRptObj") {
+      EXPECT_EQ(L"V, ou qualquer texto que comece com v, lista só as mídias vencidas; outro valor lista todas",
+                texts.at(L"TipoRpt"));
+    }
+  }
+}
+
 TEST(TypeLibrary, OnlyTheModuleReportsHaveAnEvent) {
   const auto library = Library();
   for (const ClassEntry& entry : PublicClasses()) {

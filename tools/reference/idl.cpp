@@ -9,7 +9,7 @@ namespace {
 
 // The IDL has one declaration on each line.
 const std::regex kInterface(R"(\s*(?:disp)?interface (\w+)(?: : IDispatch)?)");
-const std::regex kMember(R"(\s*\[id\((\d+)\)(?:, (prop\w+))?\] \w+ (\w+)\((.*)\);)");
+const std::regex kMember(R"(\s*\[id\((\d+)\)(?:, (prop\w+))?(?:, helpstring\("[^"]*"\))?\] \w+ (\w+)\((.*)\);)");
 const std::regex kAttributes(R"(\s*\[uuid\([^)]*\)(.*)\])");
 const std::regex kCoclass(R"(\s*coclass (\w+))");
 const std::regex kUse(R"(\s*\[default(, source)?\] (?:disp)?interface (\w+);)");

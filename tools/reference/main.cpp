@@ -1,33 +1,49 @@
-// kodra-reference: writes the reference pages from the IDL and the guide.
+// kodra-reference: writes the reference pages and the help texts of the IDL, from the IDL and the guide.
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <sstream>
 
+#include "tools/reference/member_texts.h"
 #include "tools/reference/pages.h"
 
 namespace {
 
-void Write(const std::string& idl, const std::filesystem::path& folder) {
-  std::ifstream in(idl);
-  if (!in) throw std::runtime_error(idl + ": não foi possível ler o arquivo");
-  std::filesystem::create_directories(folder);
-  for (const auto& [name, text] : kodra::console::reference::Pages(kodra::console::reference::ReadIdl(in)))
-    if (!(std::ofstream(folder / name, std::ios::binary) << text))
-      throw std::runtime_error(name + ": não foi possível gravar o arquivo");
+namespace reference = kodra::console::reference;
+
+std::string Read(const std::filesystem::path& path) {
+  std::ostringstream text;
+  if (!(text << std::ifstream(path).rdbuf()))
+    throw std::runtime_error(path.string() + ": não foi possível ler o arquivo");
+  return text.str();
+}
+
+void Write(const std::filesystem::path& path, const std::string& text) {
+  std::filesystem::create_directories(path.parent_path());
+  if (!(std::ofstream(path, std::ios::binary) << text))
+    throw std::runtime_error(path.string() + ": não foi possível gravar o arquivo");
+}
+
+void WriteAll(const std::filesystem::path& sources, const std::filesystem::path& folder) {
+  const std::string idl = Read(sources / "idl/kodrarpt.idl");
+  std::istringstream reader(idl);
+  for (const auto& [name, text] : reference::Pages(reference::ReadIdl(reader)))
+    Write(folder / "docs/reference" / name, text);
+  Write(folder / "idl/kodrarpt.idl", reference::WithHelpTexts(idl));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("Escreve as páginas de referência a partir da IDL e do guia de kodrarpt.");
-  std::string idl;
+  CLI::App app("Escreve o que é feito dos fontes: a referência e os textos de ajuda da IDL.");
+  std::string sources;
   std::string folder;
-  app.add_option("idl", idl, "O arquivo IDL do componente")->required();
-  app.add_option("pasta", folder, "A pasta em que as páginas são gravadas")->required();
+  app.add_option("fontes", sources, "A pasta dos fontes")->required();
+  app.add_option("pasta", folder, "A pasta em que os arquivos são gravados; pode ser a dos fontes")->required();
   CLI11_PARSE(app, argc, argv);
   try {
-    Write(idl, folder);
+    WriteAll(sources, folder);
   } catch (const std::exception& error) {
     std::cerr << "kodra-reference: " << error.what() << "\n";
     return 1;

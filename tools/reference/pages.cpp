@@ -8,6 +8,7 @@
 #include "console/reports/words.h"
 #include "frame/parameter_object.h"
 #include "tools/reference/markdown.h"
+#include "tools/reference/member_texts.h"
 #include "values/utf8.h"
 
 namespace kodra::console::reference {
@@ -16,32 +17,10 @@ namespace {
 using reports::ReportMethod;
 using values::ToUtf8;
 
-// Descriptions of the members that are in no table.
-struct MemberNote {
-  std::string_view name;
-  std::string_view note;
-};
-constexpr MemberNote kMemberNotes[] = {
-    {"StringConexao", "String de conexão do ADO; defina antes do primeiro relatório"},
-    {"Conexao", "Conexão aberta do cliente, no lugar de StringConexao; o componente não a abre, fecha nem muda"},
-    {"LogFile", "Arquivo do log de depuração; vazio desliga o arquivo, não o evento DebugLog"},
-    {"Executavel", "Caminho completo do arquivo do componente"},
-    {"Versao", "Versão do componente: maior, menor e revisão"},
-    {"ToString", "Todas as propriedades em um texto só"},
-};
-
-std::vector<const ReportMethod*> MethodsOf(const std::string& className) {
-  std::vector<const ReportMethod*> methods;
-  for (const ReportMethod& method : reports::ReportMethods())
-    if (ToUtf8(method.className) == className) methods.push_back(&method);
-  return methods;
-}
-
-const frame::ParameterClass* ParameterClassOf(const std::string& className) {
-  for (const frame::ParameterClass& candidate : frame::ParameterClasses())
-    if (ToUtf8(candidate.name) == className) return &candidate;
-  return nullptr;
-}
+// A database on which every report works, and the small one for all reports that work there.
+constexpr const char* kMySql =
+    "Provider=MSDASQL;Driver={MySQL ODBC 8.0 Unicode Driver};Server=servidor;Database=acervo;User=kodra;Password=…";
+constexpr const char* kSqlite = "Provider=MSDASQL;Driver={SQLite3};Database=C:\\acervo\\acervo.db";
 
 std::string TypeWord(const std::string& idlType) {
   if (idlType == "BSTR") return "texto";
@@ -50,19 +29,10 @@ std::string TypeWord(const std::string& idlType) {
   return "objeto";
 }
 
-// The description of a member: a method's purpose, a property's rule, or a note.
-std::string Described(const Class& of, const Member& member) {
-  for (const ReportMethod* method : MethodsOf(of.name))
-    if (ToUtf8(method->method) == member.name) return std::string(guide::About(*method).purpose);
-  if (const frame::ParameterClass* known = ParameterClassOf(of.name)) {
-    const auto property = std::ranges::find_if(
-        known->properties, [&](const frame::Property& candidate) { return ToUtf8(candidate.name) == member.name; });
-    return std::string(guide::RuleWords(property->rule)) +
-           (property->initial.empty() ? "" : "; um objeto novo traz " + ToUtf8(property->initial));
-  }
-  for (const auto& [name, note] : kMemberNotes)
-    if (name == member.name) return std::string(note);
-  return TypeWord(member.type);
+// The rule of a property of a parameter class, and what it is in a new object.
+std::string ValueWords(const frame::Property& property) {
+  return std::string(guide::RuleWords(property.rule)) +
+         (property.initial.empty() ? "" : "; um objeto novo traz " + ToUtf8(property.initial));
 }
 
 std::string KindWords(const Member& member) {
@@ -81,7 +51,7 @@ std::string KindWords(const Member& member) {
 std::string Members(const Class& of) {
   Table table({"Membro", "Id", "O que é", "Descrição"});
   for (const Member& member : of.members)
-    table.Add({"`" + member.name + "`", std::to_string(member.id), KindWords(member), Described(of, member)});
+    table.Add({"`" + member.name + "`", std::to_string(member.id), KindWords(member), HelpText(of, member)});
   return "## Membros\n\n" + table.Text();
 }
 
@@ -95,22 +65,28 @@ std::string Literal(const frame::Property& property, std::string_view sample) {
   return "\"" + std::string(sample) + "\"";
 }
 
+// The statement of a script that assigns the sample of a parameter.
+std::string Assignment(const frame::ParameterClass& parameters, const guide::Parameter& parameter) {
+  const auto property = std::ranges::find_if(parameters.properties, [&](const frame::Property& candidate) {
+    return ToUtf8(candidate.name) == parameter.name;
+  });
+  return "parametros." + std::string(parameter.name) + " = " + Literal(*property, parameter.sample) + "\n";
+}
+
 std::string Sample(const ReportMethod& method) {
   const std::string className = ToUtf8(method.className);
   const std::string parameterClass = ToUtf8(method.parameterClass);
-  std::string script =
-      "Set relatorio = CreateObject(\"KodraRpt." + className +
-      "\")\n"
-      "Set parametros = CreateObject(\"KodraRpt." +
-      parameterClass +
-      "\")\n"
-      "relatorio.StringConexao = \"Provider=MSDASQL;Driver={SQLite3};Database=C:\\acervo\\acervo.db\"\n";
+  const guide::Report& report = guide::About(method);
+  std::string script = "Set relatorio = CreateObject(\"KodraRpt." + className +
+                       "\")\n"
+                       "Set parametros = CreateObject(\"KodraRpt." +
+                       parameterClass +
+                       "\")\n"
+                       "relatorio.StringConexao = \"" +
+                       (guide::IsOddOnSqlite(report) ? kMySql : kSqlite) + "\"\n";
   std::string command = "kodrarpt sql " + NameOf(method) + " --banco todos";
-  for (const guide::Parameter& parameter : guide::About(method).parameters) {
-    const auto properties = ParameterClassOf(parameterClass)->properties;
-    const auto property = std::ranges::find_if(
-        properties, [&](const frame::Property& candidate) { return ToUtf8(candidate.name) == parameter.name; });
-    script += "parametros." + std::string(parameter.name) + " = " + Literal(*property, parameter.sample) + "\n";
+  for (const guide::Parameter& parameter : report.parameters) {
+    script += Assignment(*ParameterClassOf(parameterClass), parameter);
     const bool isQuoted = parameter.sample.find(' ') != std::string_view::npos;
     const std::string quote = isQuoted ? "\"" : "";
     command.append(" --").append(parameter.name).append(" ");
@@ -120,11 +96,28 @@ std::string Sample(const ReportMethod& method) {
   return "```vb\n" + script + "```\n\n" + "```sh\n" + command + "\n```\n";
 }
 
+// How the rows are read, in a sentence or two with a link to the page about it.
+std::string RowsWords(const ReportMethod& method) {
+  switch (guide::About(method).rows) {
+    case guide::RowsKind::kStreamed:
+      return "As linhas [vêm do servidor](../recordsets.pt-BR.md#do-servidor) e são lidas uma vez só." +
+             std::string(method.className == L"CCaixaRpt"
+                             ? " Com a propriedade `Conexao`, [ficam no cliente](../recordsets.pt-BR.md#no-cliente)."
+                             : "");
+    case guide::RowsKind::kAtClient:
+      return "As linhas [ficam no cliente](../recordsets.pt-BR.md#no-cliente) e podem ser contadas e relidas.";
+    case guide::RowsKind::kInMemory:
+      return "As linhas [são montadas na memória](../recordsets.pt-BR.md#na-memória) e podem ser contadas e relidas.";
+  }
+  return {};
+}
+
 std::string MethodSection(const ReportMethod& method) {
   const guide::Report& report = guide::About(method);
   const std::string parameterClass = ToUtf8(method.parameterClass);
   std::string text = "## " + ToUtf8(method.method) + "\n\n" + std::string(report.purpose) + ".\n\n";
-  text += "Recebe um [`" + parameterClass + "`](" + parameterClass + ".md) e devolve um `Recordset`.\n\n";
+  text += "Recebe um [`" + parameterClass + "`](" + parameterClass + ".md) e devolve um `Recordset`. " +
+          RowsWords(method) + "\n\n";
   Table parameters({"Parâmetro", "O que faz", "Muda o SQL"});
   for (const guide::Parameter& parameter : report.parameters)
     parameters.Add(
@@ -146,26 +139,60 @@ std::string MethodSection(const ReportMethod& method) {
 std::string ReportPage(const Class& of) {
   std::string text = "# " + of.name + "\n\nClasse de relatório, `CreateObject(\"KodraRpt." + of.name + "\")`.\n\n";
   text += Members(of);
-  for (const std::string& event : of.events)
-    text += "\nEvento `" + event + "`: traz cada linha do log no momento em que é escrita.\n";
+  for (const std::string& event : of.events) text += "\n## Evento " + event + "\n\n" + kEventText + ".\n";
   for (const ReportMethod* method : MethodsOf(of.name)) text += "\n" + MethodSection(*method);
   return text;
 }
 
-std::string ParameterPage(const Class& of) {
-  std::string text = "# " + of.name + "\n\nObjeto de parâmetros, `CreateObject(\"KodraRpt." + of.name + "\")`.\n\n";
-  text += Members(of) + "\n## Quem lê\n\n";
-  for (const ReportMethod& method : reports::ReportMethods()) {
-    if (ToUtf8(method.parameterClass) != of.name) continue;
-    text += "- [`" + NameOf(method) + "`](" + ToUtf8(method.className) + ".md):";
-    const auto parameters = guide::About(method).parameters;
-    for (const guide::Parameter& parameter : parameters)
-      text += (&parameter == parameters.data() ? " `" : ", `") + std::string(parameter.name) + "`";
-    text += parameters.empty() ? " nenhuma, mas exige o objeto\n" : "\n";
+// The properties with the values that they keep.
+std::string Properties(const Class& of, const frame::ParameterClass& parameters) {
+  Table table({"Propriedade", "Id", "Valor"});
+  for (const Member& member : of.members) {
+    const auto property = std::ranges::find_if(
+        parameters.properties, [&](const frame::Property& candidate) { return ToUtf8(candidate.name) == member.name; });
+    table.Add({"`" + member.name + "`", std::to_string(member.id), ValueWords(*property)});
   }
-  return text + "\n## Exemplo\n\n```vb\nSet parametros = CreateObject(\"KodraRpt." + of.name + "\")\nparametros." +
-         of.members.front().name +
-         (of.members.front().type == "DATE" ? " = DateSerial(2024, 2, 1)" : " = \"Arquivo Geral\"") + "\n```\n";
+  return table.Text();
+}
+
+// What each property does, and in which methods.
+std::string Uses(const Class& of, const frame::ParameterClass& parameters) {
+  Table table({"Propriedade", "O que faz", "Em"});
+  for (const Member& member : of.members) {
+    const std::string name = "`" + member.name + "`";
+    const std::vector<Use> uses = UsesOf(parameters, member.name);
+    if (uses.empty()) table.Add({name, "nenhum relatório lê", ""});
+    for (const Use& use : uses) {
+      std::string methods;
+      for (const ReportMethod* method : use.methods)
+        methods += (methods.empty() ? "`" : ", `") + ToUtf8(method->method) + "`";
+      table.Add({name, use.effect, methods});
+    }
+  }
+  return table.Text();
+}
+
+// An assignment to a property that a report reads; nothing if none is read.
+std::string ParameterSample(const frame::ParameterClass& parameters) {
+  for (const ReportMethod& method : reports::ReportMethods()) {
+    const auto& read = guide::About(method).parameters;
+    if (method.parameterClass == parameters.name && !read.empty()) return Assignment(parameters, read.front());
+  }
+  return {};
+}
+
+std::string ParameterPage(const Class& of) {
+  const frame::ParameterClass& parameters = *ParameterClassOf(of.name);
+  std::string text = "# " + of.name + "\n\nObjeto de parâmetros, `CreateObject(\"KodraRpt." + of.name + "\")`.\n\n";
+  text += "## Propriedades\n\n" + Properties(of, parameters);
+  text += "\n## O que cada propriedade faz\n\n" + Uses(of, parameters) + "\n## Quem recebe\n\n";
+  for (const ReportMethod& method : reports::ReportMethods()) {
+    if (method.parameterClass != parameters.name) continue;
+    text += "- [`" + NameOf(method) + "`](" + ToUtf8(method.className) + ".md)" +
+            (guide::About(method).parameters.empty() ? ": não lê nenhuma, mas exige o objeto\n" : "\n");
+  }
+  return text + "\n## Exemplo\n\n```vb\nSet parametros = CreateObject(\"KodraRpt." + of.name + "\")\n" +
+         ParameterSample(parameters) + "```\n";
 }
 
 std::string OtherPage(const Class& of) {
@@ -207,10 +234,12 @@ std::string Index(const std::vector<Class>& classes) {
       "# Referência\n\n"
       "As classes públicas de KodraRpt, feitas da IDL e do guia de `kodrarpt`; `./kodra reference` as escreve de "
       "novo.\n"
-      "Os erros, com o que fazer, estão em [erros](erros.md).\n\n";
+      "Os erros, com o que fazer, estão em [erros](erros.md); como ler as linhas, em "
+      "[recordsets](../recordsets.pt-BR.md).\n\n";
   Table table({"Classe", "O que faz"});
   for (const Class& of : classes) {
-    std::string what = ParameterClassOf(of.name) != nullptr ? "Parâmetros" : "";
+    const bool isParameters = ParameterClassOf(of.name) != nullptr;
+    std::string what = isParameters ? "Parâmetros de " + of.name.substr(0, of.name.size() - 3) : "";
     for (const ReportMethod* method : MethodsOf(of.name))
       what += (what.empty() ? "" : "; ") + std::string(guide::About(*method).purpose);
     if (what.empty()) what = of.isCreatable ? "Versão e arquivo do componente" : "Um operador";
