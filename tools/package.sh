@@ -78,7 +78,7 @@ put_licences() {
 stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
   put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
-  put console build/win32/console/kodrarpt.exe
+  put console build/win32/console/kodrarpt.exe packaging/console/kodrarpt.bash packaging/console/kodrarpt.1
   put_licences . "KodraRpt.dll" component_licences
   put_licences console "kodrarpt.exe" console_licences
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"

@@ -1,6 +1,7 @@
-# What is made from the sources and committed: the reference pages, and the help texts of the IDL.
+# What is made from the sources and committed: the reference pages, the help texts of the IDL, and the completion and
+# manual page of kodrarpt.
 
-made=(docs/reference idl/kodrarpt.idl)
+made=(docs/reference idl/kodrarpt.idl packaging/console)
 
 make_reference() {
   build_preset sanitize kodra-reference
@@ -19,7 +20,7 @@ check_reference() {
   rm -rf build/reference
   make_reference build/reference
   for path in "${made[@]}"; do diff -ru "$path" "build/reference/$path" || status=1; done
-  if [ $status = 0 ]; then
+  if [ "$status" = 0 ]; then
     passed docs.reference
   else
     failed docs.reference

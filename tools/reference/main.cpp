@@ -1,10 +1,13 @@
-// kodra-reference: writes the reference pages and the help texts of the IDL, from the IDL and the guide.
+// kodra-reference: writes the reference pages, the help texts of the IDL, and the completion and the manual page of
+// kodrarpt, from the IDL, the guide and the options of the program.
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
 
+#include "console/commands/commands.h"
+#include "tools/reference/command_line.h"
 #include "tools/reference/member_texts.h"
 #include "tools/reference/pages.h"
 
@@ -31,12 +34,16 @@ void WriteAll(const std::filesystem::path& sources, const std::filesystem::path&
   for (const auto& [name, text] : reference::Pages(reference::ReadIdl(reader)))
     Write(folder / "docs/reference" / name, text);
   Write(folder / "idl/kodrarpt.idl", reference::WithHelpTexts(idl));
+  kodra::console::Program program(std::cout, std::cerr);
+  kodra::console::AddCommands(program);
+  Write(folder / "packaging/console/kodrarpt.bash", reference::BashCompletion(program));
+  Write(folder / "packaging/console/kodrarpt.1", reference::ManPage(program));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("Escreve o que é feito dos fontes: a referência e os textos de ajuda da IDL.");
+  CLI::App app("Escreve o que é feito dos fontes: referência, textos de ajuda da IDL, e o que acompanha kodrarpt.");
   std::string sources;
   std::string folder;
   app.add_option("fontes", sources, "A pasta dos fontes")->required();
