@@ -31,6 +31,20 @@ put_tree() {
   done < <(git -c core.quotepath=off ls-files "$2" ':!*CMakeLists.txt')
 }
 
+# Turns the Markdown of the staged package into HTML. Links to a page lead to its HTML, and the examples have another
+# folder in the package; lowdown leaves what is not ASCII out of the names of headings, so links leave it out, too.
+make_html() {
+  local page style
+  while read -r page; do
+    style=${page#"$stage"/}
+    style=$(sed -E 's,[^/]+/,../,g; s,[^/]+$,docs/estilo.css,' <<<"$style")
+    lowdown -s -T html -m "title=$(sed -n '1s/^# //p' "$page")" -m "css=$style" "$page" |
+      sed -E ':again; s/(href="[^":]*#[^"%]*)(%[0-9A-F]{2})+/\1/; t again
+        s,(href="[^":#]*)\.md(["#]),\1.html\2,g; s,href="\.\./examples/,href="../exemplos/,g' >"${page%.md}.html"
+    rm "$page"
+  done < <(find "$stage" -name '*.md')
+}
+
 # The licence of third-party code, as Debian's package has it, with the texts in /usr/share/common-licenses that it
 # refers to: licence NAMES PACKAGE [TEXT…]
 licence() {
@@ -82,8 +96,10 @@ stage_files() {
   put_licences . "KodraRpt.dll" component_licences
   put_licences console "kodrarpt.exe" console_licences
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
-  put_tree docs docs
+  put docs packaging/estilo.css docs/{guia.pt-BR,recordsets.pt-BR,behaviours,dialects}.md
+  put_tree docs/reference docs/reference
   put_tree exemplos examples
+  make_html
   cat testbed/archive/cliente.vbs testbed/archive/tabela.vbs | sed 's/$/\r/' | iconv -f UTF-8 -t CP1252 >"$stage/exemplos/cliente.vbs"
 }
 

@@ -11,7 +11,7 @@ build_packages=(
   libz-mingw-w64-dev                                                        # for these libraries in Windows programs
   mmdebstrap arch-test debian-archive-keyring util-linux mount uidmap       # the Wine environment
 )
-package_packages=(wixl msitools zip g++-mingw-w64-x86-64-posix)
+package_packages=(wixl msitools zip lowdown g++-mingw-w64-x86-64-posix)
 test_packages=(
   "${package_packages[@]}"
   clang libclang-rt-14-dev                                                  # native tests with their sanitizers

@@ -62,7 +62,7 @@ TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRe
   });
   EXPECT_EQ(expected, Listing(Installed()));
   for (const wchar_t* path : {L"KodraRpt.dll", L"LICENCAS.txt", L"console\\kodrarpt.exe", L"console\\LICENCAS.txt",
-                              L"KodraRpt.tlb", L"LEIAME.txt", L"docs\\behaviours.md", L"exemplos\\cliente.vbs"})
+                              L"KodraRpt.tlb", L"LEIAME.txt", L"docs\\guia.pt-BR.html", L"exemplos\\cliente.vbs"})
     EXPECT_TRUE(std::binary_search(expected.begin(), expected.end(), path)) << testing::PrintToString(path);
   for (const std::wstring& path : expected)
     EXPECT_TRUE(BytesOf(Unpacked() + L"\\" + path) == BytesOf(Installed() + L"\\" + path))

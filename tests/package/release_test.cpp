@@ -1,6 +1,9 @@
 // What the packages say about themselves: the version of each file, and the licences of the code in them.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <regex>
+
 #include "tests/package/command.h"
 #include "tests/package/paths.h"
 #include "tests/wine/version_resource.h"
@@ -29,6 +32,49 @@ TEST(Release, TheConsoleProgramHasItsVersion) {
 
 TEST(Release, TheReadMeFileNamesItsVersion) {
   EXPECT_TRUE(BytesOf(Unpacked() + L"\\LEIAME.txt").starts_with("KodraRpt 1.0.49 - "));
+}
+
+TEST(Release, TheReadMeFileSaysWhatToDoFirst) {
+  const std::string text = BytesOf(Unpacked() + L"\\LEIAME.txt");
+  const auto first = text.find("\r\nO que fazer primeiro\r\n");
+  ASSERT_NE(std::string::npos, first);
+  EXPECT_LT(first, text.find("\r\nH\xe1 tr\xeas maneiras"));  // in code page 1252
+}
+
+// A page of the documentation.
+struct DocumentationPage {
+  std::filesystem::path path;
+  std::string text;
+};
+
+std::vector<DocumentationPage> Documentation() {
+  std::vector<DocumentationPage> pages;
+  for (const std::wstring& name : Listing(Unpacked()))
+    if (name.ends_with(L".html")) pages.push_back({Unpacked() + L"\\" + name, BytesOf(Unpacked() + L"\\" + name)});
+  return pages;
+}
+
+TEST(Release, HasItsDocumentationAsHtmlAlone) {
+  EXPECT_GT(Documentation().size(), 50U);
+  for (const std::wstring& name : Listing(Unpacked()))
+    EXPECT_FALSE(name.ends_with(L".md")) << testing::PrintToString(name);
+}
+
+TEST(Release, TheLinksOfTheDocumentationLeadToPlacesInThePackage) {
+  const std::regex link("(?:href|src)=\"([^\"#]*)(?:#([^\"]*))?\"");
+  int links = 0;
+  for (const DocumentationPage& page : Documentation()) {
+    for (std::sregex_iterator at(page.text.begin(), page.text.end(), link), end; at != end; ++at, ++links) {
+      const std::string target = (*at)[1];
+      const std::filesystem::path path = target.empty() ? page.path : page.path.parent_path() / target;
+      const std::string text = BytesOf(path.wstring());
+      EXPECT_FALSE(text.empty()) << page.path << " " << target;
+      if ((*at)[2].matched) {
+        EXPECT_NE(std::string::npos, text.find(" id=\"" + (*at)[2].str() + "\"")) << page.path << " " << (*at)[0];
+      }
+    }
+  }
+  EXPECT_GT(links, 200);
 }
 
 // Expects a list of licences to name a library in a heading, and to contain a phrase of its licence.
