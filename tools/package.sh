@@ -172,19 +172,21 @@ make_msi() {
 # The checksum of each file in a folder.
 sums() { (cd "$1" && find . -type f | sort | sed 's,^\./,,' | xargs sha256sum); }
 
-# What wixl cannot express: the DLL's version, which an upgrade compares; the code page of the texts; and a summary that
-# is in Portuguese, has the package's own date, and has a code that depends only on what is installed.
+# What wixl cannot express: the DLL's version, which an upgrade compares; the code page of the texts; what KODRA_PATH=1
+# does; and a summary that is in Portuguese, has the package's own date, and has a code that depends only on what is
+# installed.
 finish_msi() {
   local msi=$1 parts=$2 day code
   day=$(date -u -d "@$SOURCE_DATE_EPOCH" '+%Y/%m/%d %H:%M:%S')
-  code=$(name_guid "package $version $(cat packaging/kodrarpt.wxs "$parts/registry.wxi"; sums "$stage")")
+  code=$(name_guid "package $version $(cat packaging/*.idt packaging/kodrarpt.wxs "$parts/registry.wxi"; sums "$stage")")
   printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$parts/_ForceCodepage.idt"
   msiinfo export "$msi" _SummaryInformation >"$parts/summary"
   sed -E "s/^7\t[^\r]*/7\tIntel;1046/; s/^9\t[^\r]*/9\t{$code}/; s#^(12|13)\t[^\r]*#\1\t$day#" \
     "$parts/summary" >"$parts/_SummaryInformation.idt"
+  cp packaging/Environment.idt packaging/Condition.idt "$parts"
   (
     cd "$parts" || exit
-    msibuild "$msi" -i _ForceCodepage.idt
+    msibuild "$msi" -i _ForceCodepage.idt Environment.idt Condition.idt
     msibuild "$msi" -q "UPDATE \`File\` SET \`Version\`='$assembly_version', \`Language\`='1046' WHERE \`File\`='KodraRpt.dll'"
     msibuild "$msi" -i _SummaryInformation.idt
   )

@@ -18,6 +18,18 @@ RegistryLines OfComponent(RegistryLines lines) {
   return lines;
 }
 
+// PATH of the machine, which new programs get. When Wine's installer removes a folder, it leaves the separator.
+std::wstring MachinePath() {
+  const std::wstring key = L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
+  wchar_t text[4096] = {};
+  DWORD size = sizeof(text);
+  constexpr DWORD kUnexpanded = RRF_RT_REG_EXPAND_SZ | RRF_RT_REG_SZ | RRF_NOEXPAND;
+  EXPECT_EQ(ERROR_SUCCESS, RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"PATH", kUnexpanded, nullptr, text, &size));
+  std::wstring path = text;
+  if (path.ends_with(L';')) path.pop_back();
+  return path;
+}
+
 // Windows' installer creates these keys with the first package that it installs, and keeps them when they are empty.
 void MakeInstallersOwnKeys() {
   for (const wchar_t* path :
@@ -40,6 +52,7 @@ class InstalledPackage : public testing::Test {
     registryBefore_ = DumpAll();
     classesBefore_ = DumpClasses();
     programsBefore_ = Listing(ProgramFolder());
+    pathBefore_ = MachinePath();
   }
   void SetUp() override {
     if (!BytesOf(Installed() + L"\\KodraRpt.dll").empty()) return;
@@ -50,10 +63,12 @@ class InstalledPackage : public testing::Test {
   static RegistryLines registryBefore_;
   static RegistryLines classesBefore_;
   static std::vector<std::wstring> programsBefore_;
+  static std::wstring pathBefore_;
 };
 RegistryLines InstalledPackage::registryBefore_;
 RegistryLines InstalledPackage::classesBefore_;
 std::vector<std::wstring> InstalledPackage::programsBefore_;
+std::wstring InstalledPackage::pathBefore_;
 
 TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRegistration) {
   std::vector<std::wstring> expected = Listing(Unpacked());
@@ -122,6 +137,18 @@ TEST_F(InstalledPackage, IsListedInPortuguese) {
   EXPECT_EQ(L"Dados dos relatórios do arquivo", Listed(L"Comments"));
   EXPECT_EQ(Installed() + L"\\", Listed(L"InstallLocation"));
   EXPECT_EQ(L"(type 4) 22 4 0 0", Listed(L"Language"));  // a DWORD: 1046, Brazilian Portuguese
+}
+
+TEST_F(InstalledPackage, LeavesThePathAlone) { EXPECT_EQ(pathBefore_, MachinePath()); }
+
+TEST_F(InstalledPackage, PutsTheConsoleOnThePathIfAskedAndTakesItOffWhenRemoved) {
+  ASSERT_EQ(0U, Msiexec(L"/x", Installer()));
+  ASSERT_EQ(0U, Msiexec(L"/i", Installer(), L"KODRA_PATH=1"));
+  EXPECT_EQ(pathBefore_ + L";" + Installed() + L"\\console", MachinePath());
+  ASSERT_EQ(0U, Msiexec(L"/x", Installer()));
+  EXPECT_EQ(pathBefore_, MachinePath());
+  ExpectSame(registryBefore_, DumpAll());
+  EXPECT_EQ(programsBefore_, Listing(ProgramFolder()));
 }
 
 TEST_F(InstalledPackage, LeavesRegistryAndFoldersAsBeforeWhenRemoved) {
