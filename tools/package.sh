@@ -78,13 +78,14 @@ console_licences() {
   licence zlib libz-mingw-w64-dev
 }
 
-# The licences beside a file: put_licences FOLDER FILES COMMAND
+# The licences beside a file: put_licences FOLDER FILES COMMAND. A letter that code page 1252 lacks becomes the nearest
+# that it has.
 put_licences() {
   {
     printf 'Licenças do código de terceiros em %s.\n' "$2"
     printf 'Entre parênteses, o pacote-fonte do Debian com o código-fonte.\n\n'
     "$3"
-  } >"$folder/parts/LICENCAS.txt"
+  } | iconv -f UTF-8 -t CP1252//TRANSLIT | iconv -f CP1252 -t UTF-8 >"$folder/parts/LICENCAS.txt"
   put "$1" "$folder/parts/LICENCAS.txt"
 }
 
