@@ -11,6 +11,7 @@ void AddCommands(Program& program) {
   AddPapel(program);
   AddConfere(program);
   AddVerifica(program);
+  AddEsquema(program);
 }
 
 }  // namespace kodra::console

@@ -16,5 +16,6 @@ void AddSql(Program& program);
 void AddPapel(Program& program);
 void AddConfere(Program& program);
 void AddVerifica(Program& program);
+void AddEsquema(Program& program);
 
 }  // namespace kodra::console

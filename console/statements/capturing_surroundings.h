@@ -30,8 +30,9 @@ class CapturingSurroundings final : public platform::Surroundings {
     return factory_(progId);
   }
   void SetEnvironment(const std::wstring&, const std::wstring&) override {}
-  std::optional<std::uint64_t> FileLength(const std::wstring&) override { return std::nullopt; }
-  bool IsFile(const std::wstring&) override { return false; }
+  // The file of an SQLite database is checked before the connection is opened.
+  std::optional<std::uint64_t> FileLength(const std::wstring&) override { return 1; }
+  bool IsFile(const std::wstring&) override { return true; }
 
  private:
   int rows_;

@@ -1,7 +1,6 @@
 // What a report needs in an installation: tables, columns and sibling components.
 //
-// The needs are found by running the report without a database, with the siblings that come with this program, once for
-// each form of its statements.
+// The needs are found in every statement that the report can send (every_statement.h).
 #pragma once
 
 #include "console/reports/report_methods.h"
