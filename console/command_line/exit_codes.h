@@ -9,7 +9,7 @@ enum class ExitCode {
   kNotInPlace = 1,     // confere: something is not where the archive says it is
   kUsage = 2,          // the command line is wrong
   kConnection = 3,     // the database cannot be reached or refuses the user
-  kMismatch = 4,       // verifica: something that a report needs is missing
+  kMismatch = 4,       // verifica: something keeps a report from working
   kOutput = 5,         // a file cannot be read or written
   kInterrupted = 130,  // Ctrl-C or another request to stop; shells use the same codes
   kTerminated = 143,   // SIGTERM

@@ -29,7 +29,7 @@ const char* const kProgramFooter =
     "  1  o relatório ou o banco de dados deu erro; confere: algo não está no lugar\n"
     "  2  a linha de comando tem um erro\n"
     "  3  não foi possível conectar ao banco de dados\n"
-    "  4  verifica: falta algo de que um relatório precisa\n"
+    "  4  verifica: um relatório não pode funcionar, porque falta algo, não há permissão ou um tipo está errado\n"
     "  5  não foi possível ler ou gravar um arquivo\n"
     "  130  interrompido por Ctrl-C; 143, por SIGTERM\n"
     "\n"

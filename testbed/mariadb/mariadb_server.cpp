@@ -205,9 +205,18 @@ std::wstring MariaDbServer::ConnectionString(std::wstring_view database) const {
 }
 
 std::wstring MariaDbServer::ConnectionString(std::wstring_view database, std::wstring_view password) const {
+  return ConnectionString(database, Wide(kClient), password);
+}
+
+std::wstring MariaDbServer::ConnectionString(std::wstring_view database, std::wstring_view user,
+                                             std::wstring_view password) const {
   std::wstring text = L"Driver={" + driver_ + L"};Server=localhost;Socket=" + Wide(socket_) + L";Database=";
-  text.append(database).append(L";Uid=").append(Wide(kClient)).append(L";Pwd=").append(password).append(L";");
+  text.append(database).append(L";Uid=").append(user).append(L";Pwd=").append(password).append(L";");
   return text;
+}
+
+void MariaDbServer::Administer(std::string_view statements) const {
+  RunClient(kRoot, "--execute=" + std::string(statements), "/dev/null");
 }
 
 void MariaDbServer::CreateDatabase(std::wstring_view name) const {

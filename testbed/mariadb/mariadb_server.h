@@ -34,8 +34,9 @@ class MariaDbServer {
   // "Driver={…};Server=localhost;Socket=…;Database=…;Uid=…;Pwd=…;" for the client, who may do everything in the
   // databases made by CreateDatabase, and nothing else.
   std::wstring ConnectionString(std::wstring_view database) const;
-  // The same with another password.
+  // The same with another password, and for another user.
   std::wstring ConnectionString(std::wstring_view database, std::wstring_view password) const;
+  std::wstring ConnectionString(std::wstring_view database, std::wstring_view user, std::wstring_view password) const;
 
   // Creates an empty database, with the character set utf8mb4; an existing one of that name is dropped. The client may
   // also create databases whose names begin with this one and an underscore.
@@ -43,6 +44,9 @@ class MariaDbServer {
   // Runs a UTF-8 script in a database, as the client. A failure raises std::runtime_error with the line and the
   // server's message.
   void RunScript(std::wstring_view database, const std::string& path) const;
+  // Runs statements as the administrator of the server, who may create users. A failure raises std::runtime_error with
+  // the server's message.
+  void Administer(std::string_view statements) const;
 
  private:
   void MakeFolders();
