@@ -25,4 +25,5 @@ export KODRA_CACHE
 . tools/reference.sh
 . tools/console.sh
 . tools/checked.sh
+. tools/coverage.sh
 . tools/check.sh

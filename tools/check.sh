@@ -71,6 +71,7 @@ check() {
   done
   check_secrecy
   check_command lint ./kodra lint
+  check_command coverage ./kodra coverage
   check_command fuzz ./kodra fuzz 60
   check_command limits ./kodra bench
   report_count

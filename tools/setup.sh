@@ -24,7 +24,7 @@ fuzz_packages=(clang libclang-rt-14-dev)
 lint_packages=(clang-tidy)
 check_packages=(
   "${test_packages[@]}" "${fuzz_packages[@]}" "${lint_packages[@]}"
-  valgrind
+  valgrind gcovr
 )
 
 # The packages of a command: packages_of build|package|test|fuzz|lint|check
