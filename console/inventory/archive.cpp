@@ -25,6 +25,7 @@ void RequireKnown(const std::wstring& code, const std::vector<std::wstring>& kno
                   std::string_view list) {
   if (std::ranges::find(known, code) != known.end()) return;
   std::vector<std::string> candidates;
+  candidates.reserve(known.size());
   for (const std::wstring& each : known) candidates.push_back(ToUtf8(each));
   throw UsageError(fmt::format("{} \"{}\" não está na relação de {} do acervo{}", what, ToUtf8(code), list,
                                DidYouMean(ToUtf8(code), candidates)));
