@@ -156,12 +156,13 @@ TEST(Etiquetas, PrintsAContainerWithItsModules) {
 TEST(Etiquetas, AddsThePlaceOfAModuleAlsoToItsSubordinates) {
   const RunResult result = RunOnRoll({"subordinadas", "AA001", "--com-lugar"});
   EXPECT_EQ(result.code, ExitCode::kOk);
-  EXPECT_EQ(PagesOf(result.out), (std::vector<Texts>{{"Acervo &amp; Cia", "AA00101", "FECHAMENTO DE MÓDULO", "Módulo 1",
-                                                      "documentos 1 a 5 · descarte após o fechamento · fileira D,",
-                                                      "estante 01, prateleira 4, depósito Galpão", "AA00101"},
-                                                     {"Acervo &amp; Cia", "AA00102", "FECHAMENTO DE MÓDULO", "Módulo 1",
-                                                      "documentos desde 6 · descarte após o fechamento · fileira D,",
-                                                      "estante 01, prateleira 4, depósito Galpão", "AA00102"}}));
+  EXPECT_EQ(PagesOf(result.out),
+            (std::vector<Texts>{{"Acervo &amp; Cia", "AA00101", "FECHAMENTO DE MÓDULO", "Módulo 1",
+                                 "documentos 1 a 5 · descarte após o fechamento · fileira D, estante 01,",
+                                 "prateleira 4, depósito Galpão", "AA00101"},
+                                {"Acervo &amp; Cia", "AA00102", "FECHAMENTO DE MÓDULO", "Módulo 1",
+                                 "documentos desde 6 · descarte após o fechamento · fileira D, estante",
+                                 "01, prateleira 4, depósito Galpão", "AA00102"}}));
 }
 
 // AA002 has a subordinate, which is not closed.
@@ -369,7 +370,7 @@ TEST_P(EtiquetasOnBothDatabases, PrintsEachKindOfLabel) {
                                  "guarda por prazo, 75 anos", "AA001"}}));
   EXPECT_EQ(pages({"fechamento", "AA002"}),
             (std::vector<Texts>{{organisation, "FECHAMENTO DE MÓDULO", "AA002", "Assessoria Jurídica – módulo 2",
-                                 "documentos 0000000021 a 0000000040 · descarte", "após o fechamento", "AA002"}}));
+                                 "documentos 0000000021 a 0000000040 · descarte após o", "fechamento", "AA002"}}));
   EXPECT_EQ(pages({"subordinadas", "AA001"}).at(0).at(2), "AA00101");
   EXPECT_EQ(pages({"divisoria", "AA001"}).at(1),
             (Texts{organisation, "DIVISÓRIA", "0000000002", "módulo AA001", "0000000002"}));
