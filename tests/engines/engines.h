@@ -1,6 +1,7 @@
 // The engines that execute the statements, each for one database.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -17,6 +18,8 @@ struct Engine {
   std::string_view shims = {};
   // Where it sorts nulls.
   bool nullsLast = false;
+  // The statement that creates the user "LEITURA"; empty where a permission needs no user.
+  std::string_view createUser = {};
 
   bool InJava() const { return !jdbcUrl.empty(); }
   // Oracle treats an empty text as a null.
@@ -29,5 +32,7 @@ std::span<const Engine> Engines();
 inline const Engine& Reference() { return Engines().front(); }
 
 std::string_view NameOf(Database database);
+// Its code in sql/tipo_banco.h.
+std::int32_t CodeOf(Database database);
 
 }  // namespace kodra::engines

@@ -3,6 +3,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "console/schema/grants.h"
+#include "console/schema/indexes.h"
 #include "testbed/archive/schema.h"
 #include "testbed/mariadb/child_process.h"
 #include "tests/db/sample.h"
@@ -44,6 +46,16 @@ void WriteArchive(const fs::path& path) {
       out << "\n";
     }
   });
+}
+
+// What `kodrarpt esquema` writes for an administrator of the database: the indexes, and the permissions of a user, who
+// must exist. The run stops if the engine refuses one of them.
+void WriteSchema(const fs::path& path, const Engine& engine) {
+  std::ofstream out(path, std::ios::binary);
+  for (const console::schema::Index& index : console::schema::Indexes())
+    out << console::schema::CreateStatement(index) << ";\n";
+  if (!engine.createUser.empty()) out << engine.createUser << ";\n";
+  for (const std::string& grant : console::schema::Grants("LEITURA", CodeOf(engine.database))) out << grant << ";\n";
 }
 
 void WriteStatements(const fs::path& path, std::span<const Statement> statements) {
@@ -93,15 +105,19 @@ std::vector<std::vector<Answer>> AnswersInJava(std::span<const Questions> questi
   // The reports write dates without a time zone, and the archive's day begins when UTC's does. English, because the
   // engines' messages are compared.
   std::vector<std::string> command = {"java", "-Duser.timezone=UTC", "-Duser.language=en",
-                                      "-Dderby.stream.error.file=" + (folder / "derby.log").string()};
+                                      "-Dderby.stream.error.file=" + (folder / "derby.log").string(),
+                                      // Without it Derby refuses every GRANT.
+                                      "-Dderby.database.sqlAuthorization=true"};
   // In so short a run, optimizing compilation and parallel garbage collection cost more time than they save.
   for (const char* option : {"-XX:TieredStopAtLevel=1", "-XX:+UseSerialGC"}) command.emplace_back(option);
   command.insert(command.end(), {"-cp", classes + ":" + kJars, "Runner"});
   for (const auto& [engine, statements] : questions) {
     const std::string name(engine->name);
+    WriteSchema(folder / (name + ".schema"), *engine);
     WriteStatements(folder / (name + ".statements"), statements);
-    for (const fs::path& argument : {fs::path(engine->jdbcUrl), kSources / "shims" / engine->shims, folder / "archive",
-                                     folder / (name + ".statements"), folder / (name + ".answers")})
+    for (const fs::path& argument :
+         {fs::path(engine->jdbcUrl), kSources / "shims" / engine->shims, folder / "archive",
+          folder / (name + ".schema"), folder / (name + ".statements"), folder / (name + ".answers")})
       command.push_back(argument);
   }
   Run(command, folder / "java.log");

@@ -147,22 +147,6 @@ class Catcher {
   CatchingSurroundings machine_;
 };
 
-std::int32_t CodeOf(Database database) {
-  switch (database) {
-    case Database::kOracle:
-      return sql::tbOracle;
-    case Database::kSqlServer:
-      return sql::tbSQLServer;
-    case Database::kMySql:
-      return sql::tbMySQL;
-    case Database::kDb2:
-      return sql::tbDB2;
-    case Database::kSqlite:
-      return sql::tbSQLite;
-  }
-  return 0;
-}
-
 // A case and how it is called.
 struct Call {
   Case wanted;

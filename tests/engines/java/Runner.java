@@ -17,9 +17,9 @@ import java.util.ArrayList;
 import java.util.List;
 
 /**
- * Loads the sample archive into engines in memory and runs statements on each: for every engine five arguments,
+ * Loads the sample archive into engines in memory and runs statements on each: for every engine six arguments,
  *
- * <pre>JDBC-URL shims.sql archive.txt statements.txt results.txt</pre>
+ * <pre>JDBC-URL shims.sql archive.txt schema.sql statements.txt results.txt</pre>
  *
  * <p>A line of the archive has fields separated by tabs: "run" and a statement, "insert" and a prepared INSERT, or
  * "row" and its values. A line of the statements is a statement and, after a tab, its parameter if it has one. The
@@ -33,11 +33,12 @@ public final class Runner {
   private static final DateTimeFormatter MOMENT = DateTimeFormatter.ofPattern("uuuu-MM-dd HH:mm:ss");
 
   public static void main(String[] arguments) throws Exception {
-    for (int i = 0; i < arguments.length; i += 5) {
+    for (int i = 0; i < arguments.length; i += 6) {
       try (Connection connection = DriverManager.getConnection(arguments[i])) {
         runScript(connection, Path.of(arguments[i + 1]));
         load(connection, Path.of(arguments[i + 2]));
-        answer(connection, Path.of(arguments[i + 3]), Path.of(arguments[i + 4]));
+        runScript(connection, Path.of(arguments[i + 3]));
+        answer(connection, Path.of(arguments[i + 4]), Path.of(arguments[i + 5]));
       }
     }
   }
