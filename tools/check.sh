@@ -46,6 +46,7 @@ group_valgrind() {
     tail -n +2 >build/test/lidos.txt
   under_valgrind confere --modulo AA001 --conexao "$connection" --lista build/test/lidos.txt
   under_valgrind verifica --conexao "$connection"
+  under_valgrind esquema --banco todos
 }
 
 # Runs a command as one test: check_command NAME COMMAND…

@@ -164,4 +164,6 @@ group_console() {
   same_pages papel modulo --conexao "$connection" --Modulo1 AA001
   pages_have "Módulo AA001" "Documentos" "Depósito:"
   labels "$connection"
+  same verifica --json --conexao "$connection"
+  same esquema --banco todos --indices
 }
