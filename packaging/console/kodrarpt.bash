@@ -6,7 +6,7 @@ _kodrarpt() {
   local words='' options='' arguments='' hasParameters='' files=''
   COMPREPLY=()
   if [ "$COMP_CWORD" = 1 ]; then
-    words='lista descreve executa etiquetas sql papel confere verifica --help --version'
+    words='lista descreve executa etiquetas sql papel confere verifica esquema --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
     return
   fi
@@ -19,12 +19,12 @@ _kodrarpt() {
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --senha-de --formato --saida --separador --bom --json-linhas --titulos --orgao --logotipo --folha --primeira --copias --codigo --progresso'
+      options='--help --conexao --senha-de --formato --saida --separador --bom --json-linhas --titulos --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso'
       arguments=$reports
       hasParameters=1
       ;;
     etiquetas)
-      options='--help --de --ate --CodDepto --lista --conexao --senha-de --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
+      options='--help --de --ate --CodDepto --lista --conexao --senha-de --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
@@ -33,15 +33,19 @@ _kodrarpt() {
       hasParameters=1
       ;;
     papel)
-      options='--help --conexao --senha-de --formato --saida --orgao --logotipo'
+      options='--help --conexao --senha-de --formato --saida --orgao --logotipo --tempo-limite'
       arguments='retirada originais descarte modulo'
       hasParameters=1
       ;;
     confere)
-      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --json-linhas --titulos --orgao --logotipo'
+      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --json-linhas --titulos --orgao --logotipo --tempo-limite'
       ;;
     verifica)
-      options='--help --conexao --senha-de'
+      options='--help --conexao --senha-de --json'
+      ;;
+    esquema)
+      options='--help --banco --indices --permissoes'
+      arguments=$reports
       ;;
   esac
   case "$command $previous" in
@@ -56,6 +60,7 @@ _kodrarpt() {
     'executa --primeira') ;;
     'executa --copias') ;;
     'executa --codigo') words='code128 qr nenhum' ;;
+    'executa --tempo-limite') ;;
     'executa --progresso') words='sempre nunca auto' ;;
     'etiquetas --de') ;;
     'etiquetas --ate') ;;
@@ -63,6 +68,7 @@ _kodrarpt() {
     'etiquetas --lista') files=1 ;;
     'etiquetas --conexao') ;;
     'etiquetas --senha-de') ;;
+    'etiquetas --tempo-limite') ;;
     'etiquetas --formato') words='pdf html' ;;
     'etiquetas --saida') files=1 ;;
     'etiquetas --folha') ;;
@@ -81,6 +87,7 @@ _kodrarpt() {
     'papel --saida') files=1 ;;
     'papel --orgao') ;;
     'papel --logotipo') files=1 ;;
+    'papel --tempo-limite') ;;
     'confere --modulo') ;;
     'confere --conteiner') ;;
     'confere --lista') files=1 ;;
@@ -91,8 +98,11 @@ _kodrarpt() {
     'confere --separador') ;;
     'confere --orgao') ;;
     'confere --logotipo') files=1 ;;
+    'confere --tempo-limite') ;;
     'verifica --conexao') ;;
     'verifica --senha-de') ;;
+    'esquema --banco') words='oracle sqlserver mysql db2 sqlite todos' ;;
+    'esquema --permissoes') ;;
     *' --'[A-Z]*) ;;
     *)
       case $word in
