@@ -58,9 +58,9 @@ same_pages() {
 pages_have() {
   local file=build/console/native-pages/páginas.pdf words missing=
   for words in "$@"; do
-    pdftotext -layout "$file" - | grep -qF "$words" || missing="$missing «$words»"
+    pdftotext -layout "$file" - | grep -F -- "$words" >/dev/null || missing="$missing «$words»"
   done
-  pdfinfo "$file" | grep -q '(A4)' || missing="$missing A4"
+  pdfinfo "$file" | grep '(A4)' >/dev/null || missing="$missing A4"
   pdffonts "$file" | tail -n +3 | awk '$0 !~ / yes yes /{other = 1} END {exit other || NR == 0}' || missing="$missing fontes"
   if [ -z "$missing" ]; then passed "console.pages have $1"; else failed "console.pages have $1"; echo "faltam:$missing"; fi
 }
@@ -109,7 +109,7 @@ labels() {
   printf '%s\n' AA001 AA002 | labels_are_read abertura AA001 AA002 --codigo qr --com-lugar --conexao "$connection"
   build/sanitize/kodrarpt etiquetas fechamento AA002 --orgao "Câmara de Évora" --conexao "$connection" \
     --saida build/console/labels.pdf 2>>"$logs/console.log"
-  if pdftotext build/console/labels.pdf - | grep -qx "Câmara de Évora" &&
+  if pdftotext build/console/labels.pdf - | grep -x "Câmara de Évora" >/dev/null &&
     [ "$(pdffonts build/console/labels.pdf | grep -c '^KODRA.+LiberationSans.* yes yes ')" = 2 ]; then
     passed console.labels-text
   else

@@ -4,8 +4,8 @@
 //
 // Without a connection string, that of the environment variable KODRA_MYSQL is used. The database must be a sample
 // archive that may be changed: first the advised indexes replace the keys and indexes of their tables. Then each index
-// is left out in turn, and its reports run to their last row. Each runs in a process of its own, so that it can be ended
-// at the limit. The figure is the best of three runs.
+// is left out in turn, and its reports run to their last row. Each runs in a process of its own, so that it can be
+// ended at the limit. The figure is the best of three runs.
 #include <sys/wait.h>
 #include <unistd.h>
 
