@@ -72,6 +72,11 @@ std::wstring WordOf(Family family) {
   return family == Family::kDate ? L"data" : L"outro tipo";
 }
 
+Problem WrongType(const std::wstring& table, const std::wstring& column, Family actual, Family expected) {
+  return {Defect::kWrongType,
+          L"coluna " + table + L"." + column + L" (" + WordOf(actual) + L" em vez de " + WordOf(expected) + L")"};
+}
+
 }  // namespace
 
 void SchemaProbe::Expect(const TableNeed& need) {
@@ -124,8 +129,7 @@ void SchemaProbe::CompareTypes(const std::wstring& name, Table& table, const std
     // SQLite stores dates as text.
     const bool isDateAsText = databaseCode_ == sql::tbSQLite && expected == Family::kDate && actual == Family::kText;
     if (actual == expected || isDateAsText) continue;
-    table.columnProblems[column] = {Defect::kWrongType, L"coluna " + name + L"." + column + L" (" + WordOf(actual) +
-                                                            L" em vez de " + WordOf(expected) + L")"};
+    table.columnProblems[column] = WrongType(name, column, actual, expected);
   }
 }
 

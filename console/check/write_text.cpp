@@ -76,13 +76,14 @@ void WriteReports(const Findings& findings, std::ostream& out) {
 }
 
 void WriteAnswers(const Findings& findings, std::ostream& out) {
-  std::vector<std::string> lines;
-  for (const auto& [what, words] : findings.answers) lines.push_back(what + ": " + words);
+  const char* heading = "\nO que o banco respondeu:\n";
+  const auto write = [&](const std::string& what, const std::string& words) {
+    out << heading << "  " << what << ": " << ForTerminal(words) << "\n";
+    heading = "";
+  };
+  for (const auto& [what, words] : findings.answers) write(what, words);
   for (const ReportFinding& report : findings.reports)
-    for (const std::string& words : report.refusals) lines.push_back(report.name + ": " + words);
-  if (lines.empty()) return;
-  out << "\nO que o banco respondeu:\n";
-  for (const std::string& line : lines) out << "  " << ForTerminal(line) << "\n";
+    for (const std::string& words : report.refusals) write(report.name, words);
 }
 
 void WriteLimits(const Findings& findings, std::ostream& out) {
