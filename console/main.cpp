@@ -11,7 +11,11 @@ int main(int argc, char** argv) {
   const kodra::console::Utf8Console console;
   kodra::console::Program program(std::cout, std::cerr);
   kodra::console::AddCommands(program);
-  const auto code = program.Run(kodra::console::Arguments(argc, argv));
+  auto code = program.Run(kodra::console::Arguments(argc, argv));
   std::cout.flush();
-  return static_cast<int>(std::cout ? code : kodra::console::ExitCode::kOutput);
+  if (!std::cout && code == kodra::console::ExitCode::kOk) {
+    std::cerr << "kodrarpt: não foi possível gravar a saída.\n";
+    code = kodra::console::ExitCode::kOutput;
+  }
+  return static_cast<int>(code);
 }

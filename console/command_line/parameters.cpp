@@ -8,6 +8,7 @@
 #include "console/command_line/report_name.h"
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
+#include "console/reports/guide.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -31,6 +32,25 @@ std::vector<std::string> NamesOf(const frame::ParameterClass& parameterClass) {
   throw UsageError(message);
 }
 
+// Raises UsageError for a text that ends its quotes, begins a comment or another statement, or is not the figure that a
+// statement needs.
+void CheckPasted(const std::string& name, const std::string& text, const reports::ReportMethod& method) {
+  const std::vector<guide::Parameter>& parameters = guide::About(method).parameters;
+  const auto known = std::ranges::find(parameters, name, &guide::Parameter::name);
+  if (known == parameters.end() || !known->changesSql) return;
+  constexpr const char* kAdvice =
+      ", e o relatório passa o valor ao SQL como está; se é isso mesmo, acrescente --literal";
+  for (const char* const piece : {"'", "\"", ";", "--", "/*"}) {
+    if (text.find(piece) != std::string::npos) throw UsageError("o valor de --" + name + " contém " + piece + kAdvice);
+  }
+  const bool isFigure = name.starts_with("Numero");
+  if (isFigure && text.find_first_not_of("0123456789") != std::string::npos)
+    throw UsageError("o valor de --" + name + " não é um número inteiro" + kAdvice);
+}
+
+constexpr std::pair<std::wstring_view, std::wstring_view> kPeriods[] = {{L"DataInicial", L"DataFinal"},
+                                                                        {L"DataArmazenamento1", L"DataArmazenamento2"}};
+
 }  // namespace
 
 void ReportParameters::AddTo(CLI::App& command) {
@@ -42,6 +62,7 @@ void ReportParameters::AddTo(CLI::App& command) {
       options_.emplace_back(property.name, option);
     }
   }
+  command.add_flag("--literal", isLiteral_, "Aceita aspas e sinais do SQL nos valores dos parâmetros");
 }
 
 frame::ParameterObject ReportParameters::For(const reports::ReportMethod& method) const {
@@ -51,9 +72,25 @@ frame::ParameterObject ReportParameters::For(const reports::ReportMethod& method
     if (option->count() == 0) continue;
     const auto property = std::ranges::find(parameterClass.properties, name, &frame::Property::name);
     if (property == parameterClass.properties.end()) RaiseUnknown(name, method, parameterClass);
-    object.Let(name, ParameterValue(*property, option->results().front()));
+    const std::string& text = option->results().front();
+    const bool isText = property->rule != frame::PropertyRule::kDate && property->rule != frame::PropertyRule::kFlag;
+    if (isText && !isLiteral_) CheckPasted(ToUtf8(name), text, method);
+    object.Let(name, ParameterValue(*property, text));
   }
   return object;
+}
+
+std::string ReportParameters::PeriodWarning(frame::ParameterObject& object, const reports::ReportMethod& method) {
+  const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);
+  for (const auto& [first, last] : kPeriods) {
+    if (std::ranges::find(parameterClass.properties, first, &frame::Property::name) == parameterClass.properties.end())
+      continue;
+    const Value begin = object.Get(first);
+    const Value end = object.Get(last);
+    if (begin.Is<Date>() && end.Is<Date>() && end.As<Date>().days != 0 && end.As<Date>().days < begin.As<Date>().days)
+      return "--" + ToUtf8(last) + " é antes de --" + ToUtf8(first) + ", e nenhuma data cai nesse período";
+  }
+  return {};
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> ReportParameters::Given() const {

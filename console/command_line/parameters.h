@@ -27,14 +27,18 @@ class ReportParameters {
   void AddTo(CLI::App& command);
 
   // The parameter object of a method, with the options that were given. Raises UsageError for a property that its class
-  // does not have, and for a value that is not a date or a flag as ParameterValue requires.
+  // does not have, for a value that is not a date or a flag as ParameterValue requires, and, without --literal, for a
+  // text that would be more than a value in the statements: reports paste their filters as they are.
   frame::ParameterObject For(const reports::ReportMethod& method) const;
+  // A warning about a period that ends before it begins; empty for none.
+  static std::string PeriodWarning(frame::ParameterObject& object, const reports::ReportMethod& method);
 
   // The name and the typed value of each option that was given, in the order of the parameter classes.
   std::vector<std::pair<std::wstring, std::wstring>> Given() const;
 
  private:
   std::vector<std::pair<std::wstring_view, const CLI::Option*>> options_;
+  bool isLiteral_ = false;
 };
 
 }  // namespace kodra::console

@@ -107,6 +107,11 @@ ExitCode Program::Parse(std::vector<std::string> arguments) {
     err_ << app_->help();
     return ExitCode::kUsage;
   }
+  // "ajuda" and "ajuda COMANDO" are what people try first.
+  if (arguments.front() == "ajuda") {
+    arguments.erase(arguments.begin());
+    arguments.emplace_back("--help");
+  }
   CheckCommandName(arguments);
   std::ranges::reverse(arguments);  // CLI11 takes them in reverse order
   try {

@@ -36,11 +36,18 @@ void Print(std::ostream& out, const Rows& rows) {
 
 void PrintParameters(std::ostream& out, const reports::ReportMethod& method) {
   Rows rows;
-  for (const frame::Property& property : frame::ParameterClassNamed(method.parameterClass).properties)
-    rows.push_back({"--" + values::ToUtf8(property.name), std::string(guide::RuleWords(property.rule)),
-                    guide::EffectWords(method, property)});
+  std::string others;
+  for (const frame::Property& property : frame::ParameterClassNamed(method.parameterClass).properties) {
+    const std::string option = "--" + values::ToUtf8(property.name);
+    const std::string effect = guide::EffectWords(method, property);
+    if (effect.empty())
+      others.append(others.empty() ? "" : ", ").append(option);
+    else
+      rows.push_back({option, std::string(guide::RuleWords(property.rule)), effect});
+  }
   out << "\nParâmetros (" << values::ToUtf8(method.parameterClass) << "):\n";
   Print(out, rows);
+  if (!others.empty()) out << "  Sem efeito neste relatório: " << others << "\n";
 }
 
 void PrintColumns(std::ostream& out, const guide::Report& report) {
@@ -61,6 +68,8 @@ ExitCode Descreve(std::ostream& out, const reports::ReportMethod& method) {
   if (!report.failures.empty()) out << "\nErros próprios:\n";
   for (const guide::Failure& failure : report.failures)
     out << "  - " << failure.cause << "\n    " << failure.remedy << ".\n";
+  out << "\nExemplo:\n  kodrarpt executa " << NameOf(method) << " --conexao \"DSN=Acervo\""
+      << guide::SampleArguments(report) << "\n";
   return ExitCode::kOk;
 }
 

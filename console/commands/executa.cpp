@@ -96,6 +96,8 @@ class Run {
 
  private:
   bool Write(OutputRun& run) {
+    if (const std::string warning = ReportParameters::PeriodWarning(parameters_, method_); !warning.empty())
+      program_.Err() << "kodrarpt: aviso: " << warning << "\n";
     formatOptions_.html.labels.containerModules = [&] { return ModulesOfContainers(run.machine.Around()); };
     const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
     StreamOutput errors(program_.Err());

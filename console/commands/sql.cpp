@@ -65,6 +65,7 @@ ExitCode Sql(const Program& program, const Options& options) {
     (options.isLaidOut ? program.Out() << "-- nota: " : program.Err() << "kodrarpt: nota: ") << note << "\n";
   const char* separator = "";
   for (const DatabaseStatements& one : all) {
+    if (one.captured.statements.empty()) continue;
     if (all.size() > 1) program.Out() << separator << "-- " << one.database.title << "\n";
     Print(program.Out(), one.captured.statements, options.isLaidOut);
     separator = "\n";

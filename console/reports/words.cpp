@@ -40,8 +40,17 @@ std::string EffectWords(const reports::ReportMethod& method, const frame::Proper
   const std::string name = values::ToUtf8(property.name);
   const auto parameters = About(method).parameters;
   const auto found = std::ranges::find(parameters, name, &Parameter::name);
-  if (found == parameters.end()) return "não é lido";
+  if (found == parameters.end()) return {};
   return std::string(found->effect) + (found->changesSql ? "" : " (não muda o SQL)");
+}
+
+std::string SampleArguments(const Report& report) {
+  std::string arguments;
+  for (const Parameter& parameter : report.parameters) {
+    const char* const quote = parameter.sample.find(' ') == std::string_view::npos ? "" : "\"";
+    arguments.append(" --").append(parameter.name).append(" ").append(quote).append(parameter.sample).append(quote);
+  }
+  return arguments;
 }
 
 std::string MeaningWords(const Column& column) {

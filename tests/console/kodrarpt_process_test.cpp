@@ -335,6 +335,14 @@ TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {
   EXPECT_EQ(ExitCodeOf(process), 143);
 }
 
+TEST_F(KodrarptProcess, SaysThatTheStandardOutputIsFull) {
+  testbed::ChildProcess child;
+  child.command = {"sh", "-c", "exec \"$0\" lista 2>\"$1\" >/dev/full", KODRARPT, (folder_ / "saida.txt").string()};
+  child.output = (folder_ / "resto.txt").string();
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
+  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída.\n");
+}
+
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
   testbed::ChildProcess child;
   child.command = {"sh", "-c", "exec \"$0\" executa CSuporteRpt --conexao \"$1\" --formato csv >&-", KODRARPT,

@@ -84,14 +84,9 @@ std::string Sample(const ReportMethod& method) {
                        "\")\n"
                        "relatorio.StringConexao = \"" +
                        (guide::IsOddOnSqlite(report) ? kMySql : kSqlite) + "\"\n";
-  std::string command = "kodrarpt sql " + NameOf(method) + " --banco todos";
-  for (const guide::Parameter& parameter : report.parameters) {
+  const std::string command = "kodrarpt sql " + NameOf(method) + " --banco todos" + guide::SampleArguments(report);
+  for (const guide::Parameter& parameter : report.parameters)
     script += Assignment(*ParameterClassOf(parameterClass), parameter);
-    const bool isQuoted = parameter.sample.find(' ') != std::string_view::npos;
-    const std::string quote = isQuoted ? "\"" : "";
-    command.append(" --").append(parameter.name).append(" ");
-    command.append(quote).append(parameter.sample).append(quote);
-  }
   script += "Set linhas = relatorio." + ToUtf8(method.method) + "(parametros)\n";
   return "```vb\n" + script + "```\n\n" + "```sh\n" + command + "\n```\n";
 }

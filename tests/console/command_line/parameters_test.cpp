@@ -52,6 +52,39 @@ TEST(ReportParametersTest, FillTheObjectByThePropertysRule) {
   EXPECT_EQ(Command("ModulosVencidos", L"ModoPregresso").ValueAfter({"--ModoPregresso", "sim"}), Value(true));
 }
 
+TEST(ReportParametersTest, RefuseATextThatIsMoreThanAValueInAStatement) {
+  for (const std::string piece : {"'", "\"", ";", "--", "/*"}) {
+    EXPECT_EQ(Command("RelatorioSintetico", L"CodDepto").UsageMessage({"--CodDepto", "7" + piece + "1"}),
+              "kodrarpt: o valor de --CodDepto contém " + piece +
+                  ", e o relatório passa o valor ao SQL como está; se é isso mesmo, acrescente --literal\n");
+  }
+  EXPECT_EQ(
+      Command("RelatorioEstatisticasPorPalavrasChave", L"NumeroPC1").UsageMessage({"--NumeroPC1", "1 or 1=1"}),
+      "kodrarpt: o valor de --NumeroPC1 não é um número inteiro, e o relatório passa o valor ao SQL como está; se é "
+      "isso mesmo, acrescente --literal\n");
+}
+
+TEST(ReportParametersTest, AcceptSuchATextWhenItIsLiteral) {
+  EXPECT_EQ(Command("RelatorioSintetico", L"CodDepto").ValueAfter({"--literal", "--CodDepto", "7'1"}), Value(L"7'1"));
+}
+
+TEST(ReportParametersTest, AcceptAnyTextThatNoStatementContains) {
+  EXPECT_EQ(Command("CLogRpt", L"Acao").ValueAfter({"--Acao", "d'água"}), Value(L"d'água"));
+}
+
+TEST(ReportParametersTest, WarnOfAPeriodThatEndsBeforeItBegins) {
+  const reports::ReportMethod& method = FindReport("RelatorioSintetico");
+  frame::ParameterObject object(frame::ParameterClassNamed(method.parameterClass));
+  EXPECT_EQ(ReportParameters::PeriodWarning(object, method), "");
+  object.Let(L"DataArmazenamento1", values::FromCalendar({2024, 12, 31}));
+  EXPECT_EQ(ReportParameters::PeriodWarning(object, method), "");  // without the last day there is no period
+  object.Let(L"DataArmazenamento2", values::FromCalendar({2024, 1, 1}));
+  EXPECT_EQ(ReportParameters::PeriodWarning(object, method),
+            "--DataArmazenamento2 é antes de --DataArmazenamento1, e nenhuma data cai nesse período");
+  object.Let(L"DataArmazenamento2", values::FromCalendar({2024, 12, 31}));
+  EXPECT_EQ(ReportParameters::PeriodWarning(object, method), "");
+}
+
 TEST(ReportParametersTest, KeepTheInitialValueOfAPropertyThatIsNotGiven) {
   EXPECT_EQ(Command("ModulosVencidos", L"Ordenacao").ValueAfter({}), Value(L"N"));
 }
@@ -81,6 +114,7 @@ TEST(ReportParametersTest, AreOneLineInTheHelp) {
             "\n"
             "Opções:\n"
             "  -h,--help                   Mostra esta ajuda\n"
+            "  --literal                   Aceita aspas e sinais do SQL nos valores dos parâmetros\n"
             "\n"
             "Parâmetros do relatório:\n"
             "  --NOME VALOR                \"kodrarpt descreve RELATÓRIO\" mostra os nomes e os valores\n"

@@ -26,6 +26,12 @@ TEST(ProgramTest, EndsWithTheCodeOfItsCommand) {
   EXPECT_EQ(RunAction([] { return ExitCode::kMismatch; }), (RunResult{ExitCode::kMismatch, "", ""}));
 }
 
+TEST(ProgramTest, ShowsItsHelpForTheWordAjudaToo) {
+  EXPECT_EQ(RunProgram({"ajuda"}), RunProgram({"--help"}));
+  EXPECT_EQ(RunProgram({"ajuda", "lista"}), RunProgram({"lista", "--help"}));
+  EXPECT_EQ(RunProgram({"ajuda"}).code, ExitCode::kOk);
+}
+
 TEST(ProgramTest, ShowsTheNumberSourceAndDescriptionOfAReportsError) {
   EXPECT_EQ(RunAction([]() -> ExitCode { throw Erro(-2147213397, L"KodraRpt.CLogRpt::RelatorioLog", L"É isso"); }),
             (RunResult{ExitCode::kReportError, "",

@@ -13,9 +13,8 @@ TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
                        "Os originais retirados ou já devolvidos.\n"
                        "\n"
                        "Parâmetros (CSolicitacaoRptObj):\n"
-                       "  --Owner               texto       não é lido\n"
-                       "  --CodSolicit          texto       não é lido\n"
                        "  --ListarJaDevolvidos  sim ou não  Sim inclui os originais já devolvidos e muda o título\n"
+                       "  Sem efeito neste relatório: --Owner, --CodSolicit\n"
                        "\n"
                        "Colunas:\n"
                        "  TITULO          texto  Título da listagem\n"
@@ -27,7 +26,11 @@ TEST(DescreveTest, ShowsParametersColumnsAndOddities) {
                        "\n"
                        "Parece errado, mas é assim mesmo:\n"
                        "  - CodSolicit não é usado: a listagem cobre todas as solicitações.\n"
-                       "  - No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe.\n",
+                       "  - No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe.\n"
+                       "\n"
+                       "Exemplo:\n"
+                       "  kodrarpt executa CSolicitacaoRpt.RelatorioDevolucaoOriginal --conexao \"DSN=Acervo\" "
+                       "--ListarJaDevolvidos sim\n",
                        ""}));
 }
 
@@ -39,13 +42,13 @@ TEST(DescreveTest, ShowsTheRuleOfAPropertyAndTheTipoRptOfAColumn) {
                  "Os documentos, folhas ou páginas armazenados, por subgrupo.\n"
                  "\n"
                  "Parâmetros (CEstatSubgrupoRptObj):\n"
-                 "  --Owner        texto                                     não é lido\n"
                  "  --DataInicial  data                                      Primeiro dia do período; aparece também "
                  "no título\n"
                  "  --DataFinal    data                                      Último dia do período; aparece também no "
                  "título\n"
                  "  --TipoRpt      texto, só a primeira letra, em maiúscula  F traz as folhas; P, folhas e versos; "
                  "outro valor, só os documentos\n"
+                 "  Sem efeito neste relatório: --Owner\n"
                  "\n"
                  "Colunas:\n"
                  "  TITULO       texto   Título com o nome que a instalação dá ao subgrupo\n"
@@ -57,16 +60,25 @@ TEST(DescreveTest, ShowsTheRuleOfAPropertyAndTheTipoRptOfAColumn) {
                  "\n"
                  "Parece errado, mas é assim mesmo:\n"
                  "  - O período vai ao banco com o ano na frente, ao contrário das outras estatísticas.\n"
-                 "  - No SQLite, a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período.\n",
+                 "  - No SQLite, a data do período sai sem aspas: vira uma conta, e nenhum documento cai no período.\n"
+                 "\n"
+                 "Exemplo:\n"
+                 "  kodrarpt executa CEstatSubgrupoRpt.RelatorioEstatisticas --conexao \"DSN=Acervo\" --DataInicial "
+                 "01/02/2024 --DataFinal 29/02/2024 --TipoRpt F\n",
                  ""}));
 }
 
 TEST(DescreveTest, ShowsAReportsOwnErrors) {
   const std::string out = RunProgram({"descreve", "CLogRpt"}).out;
-  EXPECT_EQ(out.substr(out.find("\nErros próprios:")),
-            "\nErros próprios:\n"
-            "  - A mensagem do ADO instalado para \"nenhum registro atual\" (3021)\n"
-            "    Nenhum evento passa pelos filtros: amplie o período ou tire filtros.\n");
+  EXPECT_EQ(
+      out.substr(out.find("\nErros próprios:")),
+      "\nErros próprios:\n"
+      "  - A mensagem do ADO instalado para \"nenhum registro atual\" (3021)\n"
+      "    Nenhum evento passa pelos filtros: amplie o período ou tire filtros.\n"
+      "\n"
+      "Exemplo:\n"
+      "  kodrarpt executa CLogRpt.RelatorioLog --conexao \"DSN=Acervo\" --MaquinaOrigem BALCAO01 --Operador MARIA "
+      "--Acao retirada --Evento ALT --CodDocto D000001 --DataInicial 01/02/2024 --DataFinal 29/02/2024\n");
   EXPECT_NE(out.find("\n  --Operador       texto  Nome do operador (não muda o SQL)\n"), std::string::npos);
 }
 

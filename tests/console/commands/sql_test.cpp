@@ -113,6 +113,13 @@ TEST(SqlTest, NotesThatAReportSendsNoStatement) {
                     "KodraRegEvt.RegEvtDAO\n"));
 }
 
+TEST(SqlTest, PrintsNoHeadingsForAReportThatSendsNoStatement) {
+  EXPECT_EQ(RunProgram({"sql", "CLogRpt", "--banco", "todos"}),
+            Success("",
+                    "kodrarpt: nota: o relatório não envia nenhuma instrução: os eventos vêm do componente "
+                    "KodraRegEvt.RegEvtDAO\n"));
+}
+
 TEST(SqlTest, LaysOutWithNotesAsComments) {
   EXPECT_EQ(RunProgram({"sql", "EtiquetaFechamentoSubordinada", "--banco", "DB2", "--bonito", "--Modulo1", "AB123"}),
             Success(std::string("-- ") + kSubordinateNote +
