@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "console/commands/commands.h"
+#include "tests/db/temporary_folder.h"
 
 namespace kodra::console::reference {
 namespace {
@@ -35,7 +36,7 @@ class CommandLineTest : public testing::Test {
 
   // What bash offers for the last word of a command line.
   std::string Offered(const std::string& line) const {
-    const std::string file = testing::TempDir() + "/command_line_test.bash";
+    const std::string file = (folder_ / "completa.bash").string();
     std::ofstream(file) << BashCompletion(program_) << "COMP_WORDS=(" << line << ")\n"
                         << "COMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_kodrarpt\necho \"${COMPREPLY[@]}\"\n";
     std::FILE* const output = popen(("bash " + file + " 2>&1").c_str(), "r");
@@ -47,6 +48,7 @@ class CommandLineTest : public testing::Test {
     return text;
   }
 
+  tests::TemporaryFolder folder_;
   Program program_;
 };
 
@@ -75,9 +77,9 @@ TEST_F(CommandLineTest, CompletesTheValueOfAnOption) {
 }
 
 TEST_F(CommandLineTest, CompletesTheNameOfAFileAfterAnOptionThatTakesOne) {
-  std::ofstream(testing::TempDir() + "/command_line_test.csv") << "x";
-  EXPECT_EQ(Offered("kodrarpt executa CDeptoRpt --saida " + testing::TempDir() + "/command_line_test.c"),
-            testing::TempDir() + "/command_line_test.csv\n");
+  const std::string file = (folder_ / "deptos.csv").string();
+  std::ofstream(file) << "x";
+  EXPECT_EQ(Offered("kodrarpt executa CDeptoRpt --saida " + file.substr(0, file.size() - 2)), file + "\n");
 }
 
 TEST_F(CommandLineTest, DescribesEachCommandOnTheManualPage) {

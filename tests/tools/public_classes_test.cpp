@@ -6,6 +6,8 @@
 #include <fstream>
 #include <string>
 
+#include "tests/db/temporary_folder.h"
+
 namespace {
 
 struct Made {
@@ -15,7 +17,8 @@ struct Made {
 
 // The output of idl/public_classes.awk for an IDL, with its messages.
 Made ListOf(const std::string& idl) {
-  const std::string file = testing::TempDir() + "/public_classes_test.idl";
+  const kodra::tests::TemporaryFolder folder;
+  const std::string file = (folder / "classes.idl").string();
   std::ofstream(file) << idl;
   const std::string command = "awk -f " KODRA_SOURCE_DIR "/idl/public_classes.awk " + file + " 2>&1";
   std::FILE* const output = popen(command.c_str(), "r");
@@ -131,7 +134,7 @@ TEST(PublicClassesTest, EndTheBuildAtALineThatIsNotRecognised) {
   for (const auto& [line, instead] : kCases) {
     const Made made = ListWithout(line, instead);
     EXPECT_FALSE(made.ended) << instead;
-    EXPECT_NE(made.text.find("public_classes_test.idl:"), std::string::npos) << made.text;
+    EXPECT_NE(made.text.find("classes.idl:"), std::string::npos) << made.text;
     EXPECT_NE(made.text.find(instead), std::string::npos) << made.text;
     EXPECT_EQ(made.text.find("KODRA_"), std::string::npos) << made.text;
   }
