@@ -4,6 +4,16 @@
 #include "values/utf8.h"
 
 namespace kodra::console {
+namespace {
+
+// The text with an apostrophe before it if a spreadsheet may take it for a formula.
+std::string WithoutFormula(std::string text) {
+  constexpr std::string_view kStartsOfFormulas = "=+-@\t\r";
+  if (!text.empty() && kStartsOfFormulas.find(text.front()) != kStartsOfFormulas.npos) text.insert(0, 1, '\'');
+  return text;
+}
+
+}  // namespace
 
 void CsvWriter::Begin(const Heading& /*heading*/, std::span<const Column> columns) {
   if (options_.byteOrderMark) line_ += "\xEF\xBB\xBF";
@@ -23,12 +33,18 @@ void CsvWriter::Row(std::span<const Value> values) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (i > 0) line_ += options_.separator;
     if (!IsNothing(values[i])) {
-      AppendText(IsoText(values[i], kinds_[i]));
+      AppendText(TextOf(values[i], kinds_[i]));
     } else if (values.size() == 1) {
       AppendText({});
     }
   }
   EndLine();
+}
+
+std::string CsvWriter::TextOf(const Value& value, ColumnKind kind) const {
+  if (!options_.forSpreadsheet) return IsoText(value, kind);
+  std::string text = values::ToUtf8(BrazilianText(value));
+  return NumberIn(value) ? text : WithoutFormula(std::move(text));
 }
 
 void CsvWriter::AppendText(std::string_view text) {

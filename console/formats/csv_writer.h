@@ -4,6 +4,7 @@
 // A cell is quoted when it contains the separator, a quote or a line end. The empty text is written as "" and null as
 // nothing, so that a reader can distinguish them; in a row of one column null is "" too, because no line may be blank.
 // Cells are written unchanged: a spreadsheet that opens the file may take a cell that begins with "=" for a formula.
+// With `forSpreadsheet` they are written for people instead, and no text can be taken for a formula.
 #pragma once
 
 #include "console/formats/output.h"
@@ -15,7 +16,13 @@ struct CsvOptions {
   char separator = ',';
   // Whether the file begins with a byte order mark, by which some spreadsheets recognise UTF-8.
   bool byteOrderMark = false;
+  // Whether a Brazilian spreadsheet opens the file: numbers have a decimal comma and dates are 31/12/2023. A text that
+  // begins with "=", "+", "-", "@", a tab or a carriage return gets an apostrophe before it; a number never does.
+  bool forSpreadsheet = false;
 };
+
+// What a Brazilian Excel opens with its columns, accents, numbers and dates.
+inline constexpr CsvOptions kCsvForExcel = {.separator = ';', .byteOrderMark = true, .forSpreadsheet = true};
 
 class CsvWriter final : public RowWriter {
  public:
@@ -27,6 +34,7 @@ class CsvWriter final : public RowWriter {
   void End() override {}
 
  private:
+  std::string TextOf(const Value& value, ColumnKind kind) const;
   void AppendText(std::string_view text);
   void EndLine();
 

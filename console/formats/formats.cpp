@@ -44,6 +44,17 @@ Format FormatNamed(std::string_view name) {
                    "; escolha entre " + FormatNames());
 }
 
+std::string NameOf(Format format) { return std::string(std::ranges::find(kFormats, format, &Named::format)->name); }
+
+Format FormatOfFile(std::string_view path) {
+  const std::string folded = Folded(path);
+  if (folded.ends_with(".htm")) return Format::kHtml;
+  for (const Named& entry : kFormats) {
+    if (folded.ends_with("." + std::string(entry.name))) return entry.format;
+  }
+  return Format::kTable;
+}
+
 bool NeedsFile(Format format) { return format == Format::kXlsx || format == Format::kPdf; }
 
 std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options, Output& output,

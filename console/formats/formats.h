@@ -25,6 +25,11 @@ struct FormatOptions {
 std::string FormatNames();
 // The format of that name, in any letter case. Raises UsageError for an unknown name, with the nearest known one.
 Format FormatNamed(std::string_view name);
+// The name of one format: "csv".
+std::string NameOf(Format format);
+// The format that the ending of the file's name asks for, in any letter case (.htm is html, too); the table for another
+// ending or none.
+Format FormatOfFile(std::string_view path);
 // Whether the format can only be written to a file, not to a terminal or a pipe.
 bool NeedsFile(Format format);
 

@@ -1,44 +1,88 @@
 #include "console/run/output_options.h"
 
 #include <CLI/CLI.hpp>
+#include <cctype>
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
+namespace {
+
+// An option that has an effect on one format only.
+struct OptionOfFormat {
+  const char* option;
+  Format format;
+};
+
+constexpr auto kOptionsOfFormats = std::to_array<OptionOfFormat>({
+    {"--separador", Format::kCsv},
+    {"--bom", Format::kCsv},
+    {"--excel", Format::kCsv},
+    {"--json-linhas", Format::kJson},
+    {"--titulos", Format::kXlsx},
+});
+
+// Raises UsageError for a character that could be part of a value, or that quotes one.
+char SeparatorOf(const std::string& text) {
+  if (text == "\t" || text == "\\t" || Folded(text) == "tab") return '\t';
+  const bool isOne = text.size() == 1 && std::ispunct(static_cast<unsigned char>(text[0])) != 0;
+  if (!isOne || text == "\"" || text == "'")
+    throw UsageError("--separador deve ser um sinal, como ; ou |, ou a palavra tab");
+  return text[0];
+}
+
+}  // namespace
 
 void OutputOptions::AddTo(CLI::App& command) {
-  command.add_option("--formato", format_, FormatNames() + " (sem esta opção, tabela)")->option_text("FORMATO");
+  command_ = &command;
+  command
+      .add_option("--formato", format_,
+                  FormatNames() + " (sem esta opção, o da extensão de --saida, como .csv, ou tabela)")
+      ->option_text("FORMATO");
   command.add_option("--saida", target_, "O arquivo a gravar (sem esta opção, a saída padrão)")->option_text("ARQUIVO");
   command
       .add_option("--separador", separator_, "csv: o que separa as colunas, como ; ou tab (sem esta opção, vírgula)")
       ->option_text("CARACTERE");
   command.add_flag("--bom", byteOrderMark_,
                    "csv: começa com a marca (BOM) pela qual algumas planilhas reconhecem UTF-8");
+  command.add_flag("--excel", forExcel_,
+                   "csv: para abrir no Excel em português, com ; entre as colunas, BOM, vírgula decimal e datas como "
+                   "31/12/2023; nenhum texto vira fórmula");
   command.add_flag("--json-linhas", jsonLines_, "json: um objeto por linha, sem a lista em volta");
   command.add_flag("--titulos", captions_, "xlsx: os títulos das colunas em vez dos seus nomes");
 }
 
 Format OutputOptions::ChosenFormat() const {
-  const Format format = FormatNamed(format_);
+  const Format format = IsGiven("--formato") ? FormatNamed(format_) : FormatOfFile(target_);
+  for (const OptionOfFormat& each : kOptionsOfFormats) {
+    if (each.format != format && IsGiven(each.option))
+      throw UsageError(std::string(each.option) + " só vale com o formato " + NameOf(each.format));
+  }
   if (NeedsFile(format) && target_.empty()) throw UsageError("o formato " + format_ + " precisa de --saida");
   return format;
 }
 
 FormatOptions OutputOptions::ForFormats() const {
-  const bool isTab = separator_ == "\\t" || Folded(separator_) == "tab";
-  constexpr std::string_view kReserved = "\"\r\n";
-  if (!isTab && (separator_.size() != 1 || static_cast<unsigned char>(separator_[0]) >= 0x80 ||
-                 kReserved.find(separator_[0]) != std::string_view::npos)) {
-    throw UsageError("--separador deve ser um caractere, como ; ou |, ou a palavra tab");
-  }
-  return {.csv = {.separator = isTab ? '\t' : separator_[0], .byteOrderMark = byteOrderMark_},
+  return {.csv = ForCsv(),
           .json = jsonLines_ ? JsonShape::kLines : JsonShape::kArray,
           .html = {},
           .xlsx = {.captions = captions_}};
 }
 
 std::wstring OutputOptions::Target() const { return values::FromUtf8(target_); }
+
+bool OutputOptions::IsGiven(const std::string& option) const { return command_->count(option) > 0; }
+
+CsvOptions OutputOptions::ForCsv() const {
+  if (!forExcel_) return {.separator = SeparatorOf(separator_), .byteOrderMark = byteOrderMark_};
+  for (const char* const option : {"--separador", "--bom"}) {
+    if (IsGiven(option))
+      throw UsageError("--excel já escolhe o separador e a marca (BOM), e não pode ser usado com " +
+                       std::string(option));
+  }
+  return kCsvForExcel;
+}
 
 }  // namespace kodra::console

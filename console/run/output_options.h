@@ -18,9 +18,11 @@ namespace kodra::console {
 
 class OutputOptions {
  public:
+  // REQUIRES: the command outlives the object.
   void AddTo(CLI::App& command);
 
-  // Raises UsageError for an unknown format, and for one that needs a file if none is named.
+  // The format that was asked for, or else that of the ending of the file's name. Raises UsageError for an unknown
+  // format, for one that needs a file if none is named, and for an option that has no effect on the format.
   Format ChosenFormat() const;
   // What csv, json and xlsx are told; the options of html have their default values. Raises UsageError for a separator
   // that csv cannot have.
@@ -29,10 +31,15 @@ class OutputOptions {
   std::wstring Target() const;
 
  private:
-  std::string format_ = "tabela";
+  bool IsGiven(const std::string& option) const;
+  CsvOptions ForCsv() const;
+
+  const CLI::App* command_ = nullptr;
+  std::string format_;
   std::string target_;
   std::string separator_ = ",";
   bool byteOrderMark_ = false;
+  bool forExcel_ = false;
   bool jsonLines_ = false;
   bool captions_ = false;
 };

@@ -19,7 +19,7 @@ _kodrarpt() {
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --senha-de --formato --saida --separador --bom --json-linhas --titulos --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
+      options='--help --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso'
       arguments=$reports
       hasParameters=1
       ;;
@@ -28,17 +28,17 @@ _kodrarpt() {
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
-      options='--help --banco --bonito --literal'
+      options='--help --banco --bonito'
       arguments=$reports
       hasParameters=1
       ;;
     papel)
-      options='--help --conexao --senha-de --formato --saida --orgao --logotipo --tempo-limite --literal'
+      options='--help --conexao --senha-de --formato --saida --orgao --logotipo --tempo-limite'
       arguments='retirada originais descarte modulo'
       hasParameters=1
       ;;
     confere)
-      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --json-linhas --titulos --orgao --logotipo --tempo-limite'
+      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --orgao --logotipo --tempo-limite'
       ;;
     verifica)
       options='--help --conexao --senha-de --json'

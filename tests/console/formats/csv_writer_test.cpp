@@ -75,5 +75,34 @@ TEST(CsvWriter, BeginsWithTheByteOrderMarkWhenAsked) {
   EXPECT_EQ(Csv({}, {}, {.byteOrderMark = true}), "\xEF\xBB\xBF");
 }
 
+TEST(CsvWriter, WritesNumbersDatesAndFlagsForExcelAsBraziliansDo) {
+  const std::vector<Column> columns = {{L"NÚMERO", ColumnKind::kNumber},
+                                       {L"DIA", ColumnKind::kDay},
+                                       {L"HORA", ColumnKind::kMoment},
+                                       {L"ATIVA", ColumnKind::kFlag},
+                                       {L"TEXTO"}};
+  EXPECT_EQ(Csv(columns, {{1234.5, kDay, kMoment, true, L"um; dois, \"três\""}, {-5, kMoment, kDay, false, L""}},
+                kCsvForExcel),
+            "\xEF\xBB\xBFNÚMERO;DIA;HORA;ATIVA;TEXTO\r\n"
+            "1234,5;31/12/2023;31/12/2023 10:20:30;Sim;\"um; dois, \"\"três\"\"\"\r\n"
+            "-5;31/12/2023 10:20:30;31/12/2023;Não;\"\"\r\n");
+}
+
+TEST(CsvWriter, LeavesNoTextThatExcelTakesForAFormula) {
+  // The carriage return is quoted, too.
+  EXPECT_EQ(Csv({{L"A"}, {L"B"}, {L"C"}},
+                {{L"=1+1", L"+55 11", L"-1"}, {L"@soma", L"\t=1", L"\r=1"}, {L"a=1", L"'x", L" =1"}}, kCsvForExcel),
+            "\xEF\xBB\xBF"
+            "A;B;C\r\n'=1+1;'+55 11;'-1\r\n'@soma;'\t=1;\"'\r=1\"\r\na=1;'x; =1\r\n");
+}
+
+TEST(CsvWriter, LeavesNegativeNumbersOfEveryTypeNumbersForExcel) {
+  EXPECT_EQ(Csv({{L"A"}, {L"B"}, {L"C"}, {L"D"}},
+                {{std::int64_t{-7}, -0.5, Currency{-12500}, Decimal{.low = 125, .scale = 1, .negative = true}}},
+                kCsvForExcel),
+            "\xEF\xBB\xBF"
+            "A;B;C;D\r\n-7;-0,5;-1,25;-12,5\r\n");
+}
+
 }  // namespace
 }  // namespace kodra::console
