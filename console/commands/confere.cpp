@@ -88,6 +88,7 @@ class Inventory {
         connection_(options.connection.Text()),
         format_(options.output.ChosenFormat()),
         formatOptions_(options.output.ForFormats()),
+        mostRows_(options.output.MostRows()),
         destination_{options.output.Target(), options.timeLimit.Get()} {
     if (options.modules.empty() && options.containers.empty())
       throw UsageError("falta --modulo, para conferir documentos, ou --conteiner, para conferir módulos");
@@ -167,7 +168,8 @@ class Inventory {
          FromUtf8(listing_.purpose),
          {{documents_ ? L"Modulos" : L"Conteineres", Joined(places_)}, {L"Totais", inventory::Summary(findings)}}},
         columns);
-    for (const Finding& finding : findings) writer->Row(Cells(finding));
+    const auto rows = static_cast<std::size_t>(std::min<std::uint64_t>(findings.size(), mostRows_));
+    for (const Finding& finding : std::span(findings).first(rows)) writer->Row(Cells(finding));
     writer->End();
   }
 
@@ -190,6 +192,7 @@ class Inventory {
   std::wstring connection_;
   Format format_;
   FormatOptions formatOptions_;
+  std::uint64_t mostRows_;
   Destination destination_;
   std::vector<std::wstring> scanned_;
   inventory::Loans loans_;

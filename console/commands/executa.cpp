@@ -77,6 +77,7 @@ class Run {
         parameters_(options.parameters.For(method_)),
         format_(options.output.ChosenFormat()),
         formatOptions_(FormatOptionsOf(options)),
+        mostRows_(options.output.MostRows()),
         progressStyle_(ProgressStyle(options.progress)),
         connection_(options.connection.Text()),
         destination_{options.output.Target(), options.timeLimit.Get()} {
@@ -108,7 +109,7 @@ class Run {
       source.emplace(std::move(rows));
     writer->Begin(heading_, source ? source->Columns() : std::vector<Column>{});
     std::vector<Value> values;
-    while (source && source->Next(values)) {
+    while (source && progress.Rows() < mostRows_ && source->Next(values)) {
       if (run.stopping.Requested()) return false;
       writer->Row(values);
       progress.Row();
@@ -136,6 +137,7 @@ class Run {
   frame::ParameterObject parameters_;
   Format format_;
   FormatOptions formatOptions_;
+  std::uint64_t mostRows_;
   Progress::Style progressStyle_;
   std::wstring connection_;
   Destination destination_;

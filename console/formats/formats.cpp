@@ -5,6 +5,7 @@
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
+#include "console/formats/chosen_columns.h"
 #include "console/formats/pages/pdf_writer.h"
 #include "console/formats/table_writer.h"
 
@@ -24,6 +25,26 @@ constexpr auto kFormats = std::to_array<Named>({
     {"html", Format::kHtml},
     {"pdf", Format::kPdf},
 });
+
+// A writer of all columns.
+std::unique_ptr<RowWriter> NewFullWriter(Format format, const FormatOptions& options, Output& output,
+                                         const std::wstring& path) {
+  switch (format) {
+    case Format::kTable:
+      return std::make_unique<TableWriter>(output);
+    case Format::kCsv:
+      return std::make_unique<CsvWriter>(output, options.csv);
+    case Format::kJson:
+      return std::make_unique<JsonWriter>(output, options.json);
+    case Format::kXlsx:
+      return NewXlsxWriter(path, options.xlsx);
+    case Format::kHtml:
+      return std::make_unique<html::HtmlWriter>(output, options.html);
+    case Format::kPdf:
+      return std::make_unique<pages::PdfWriter>(output, options.html.letterhead, options.html.labels);
+  }
+  return nullptr;
+}
 
 }  // namespace
 
@@ -59,21 +80,9 @@ bool NeedsFile(Format format) { return format == Format::kXlsx || format == Form
 
 std::unique_ptr<RowWriter> NewWriter(Format format, const FormatOptions& options, Output& output,
                                      const std::wstring& path) {
-  switch (format) {
-    case Format::kTable:
-      return std::make_unique<TableWriter>(output);
-    case Format::kCsv:
-      return std::make_unique<CsvWriter>(output, options.csv);
-    case Format::kJson:
-      return std::make_unique<JsonWriter>(output, options.json);
-    case Format::kXlsx:
-      return NewXlsxWriter(path, options.xlsx);
-    case Format::kHtml:
-      return std::make_unique<html::HtmlWriter>(output, options.html);
-    case Format::kPdf:
-      return std::make_unique<pages::PdfWriter>(output, options.html.letterhead, options.html.labels);
-  }
-  return nullptr;
+  std::unique_ptr<RowWriter> writer = NewFullWriter(format, options, output, path);
+  if (options.columns.empty()) return writer;
+  return std::make_unique<ChosenColumns>(std::move(writer), options.columns);
 }
 
 }  // namespace kodra::console

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "console/formats/csv_writer.h"
 #include "console/formats/html/html_writer.h"
@@ -19,6 +20,8 @@ struct FormatOptions {
   JsonShape json = JsonShape::kArray;
   html::HtmlOptions html;
   XlsxOptions xlsx = {};
+  // The names of the columns to write, in this order; empty for all.
+  std::vector<std::string> columns = {};
 };
 
 // The names, in the order of the help: "tabela, csv, json, xlsx, html, pdf".

@@ -1,7 +1,10 @@
 #include "console/run/output_options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <cctype>
+#include <limits>
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
@@ -52,14 +55,19 @@ void OutputOptions::AddTo(CLI::App& command) {
                    "31/12/2023; nenhum texto vira fórmula");
   command.add_flag("--json-linhas", jsonLines_, "json: um objeto por linha, sem a lista em volta");
   command.add_flag("--titulos", captions_, "xlsx: os títulos das colunas em vez dos seus nomes");
+  command
+      .add_option(
+          "--colunas", columns_,
+          "Só estas colunas, nesta ordem, separadas por vírgula (\"kodrarpt descreve\" mostra os nomes); não vale "
+          "com html nem pdf")
+      ->option_text("NOMES");
+  command.add_option("--limite", mostRows_, "Só as primeiras linhas, até este número; não vale com html nem pdf")
+      ->option_text("LINHAS");
 }
 
 Format OutputOptions::ChosenFormat() const {
   const Format format = IsGiven("--formato") ? FormatNamed(format_) : FormatOfFile(target_);
-  for (const OptionOfFormat& each : kOptionsOfFormats) {
-    if (each.format != format && IsGiven(each.option))
-      throw UsageError(std::string(each.option) + " só vale com o formato " + NameOf(each.format));
-  }
+  CheckApplies(format);
   if (NeedsFile(format) && target_.empty()) throw UsageError("o formato " + format_ + " precisa de --saida");
   return format;
 }
@@ -68,12 +76,33 @@ FormatOptions OutputOptions::ForFormats() const {
   return {.csv = ForCsv(),
           .json = jsonLines_ ? JsonShape::kLines : JsonShape::kArray,
           .html = {},
-          .xlsx = {.captions = captions_}};
+          .xlsx = {.captions = captions_},
+          .columns = ColumnNames()};
+}
+
+std::uint64_t OutputOptions::MostRows() const {
+  if (!IsGiven("--limite")) return std::numeric_limits<std::uint64_t>::max();
+  if (mostRows_ < 1) throw UsageError("--limite deve ser 1 ou mais");
+  return static_cast<std::uint64_t>(mostRows_);
 }
 
 std::wstring OutputOptions::Target() const { return values::FromUtf8(target_); }
 
 bool OutputOptions::IsGiven(const std::string& option) const { return command_->count(option) > 0; }
+
+void OutputOptions::CheckApplies(Format format) const {
+  for (const OptionOfFormat& each : kOptionsOfFormats) {
+    if (each.format != format && IsGiven(each.option))
+      throw UsageError(std::string(each.option) + " só vale com o formato " + NameOf(each.format));
+  }
+  // A page has its own columns, and totals of all rows.
+  if (format != Format::kHtml && format != Format::kPdf) return;
+  for (const char* const option : {"--colunas", "--limite"}) {
+    if (IsGiven(option))
+      throw UsageError(std::string(option) + " não vale com o formato " + NameOf(format) +
+                       ", que traz o relatório inteiro");
+  }
+}
 
 CsvOptions OutputOptions::ForCsv() const {
   if (!forExcel_) return {.separator = SeparatorOf(separator_), .byteOrderMark = byteOrderMark_};
@@ -83,6 +112,17 @@ CsvOptions OutputOptions::ForCsv() const {
                        std::string(option));
   }
   return kCsvForExcel;
+}
+
+std::vector<std::string> OutputOptions::ColumnNames() const {
+  std::vector<std::string> names;
+  if (!IsGiven("--colunas")) return names;
+  for (std::size_t start = 0; start <= columns_.size();) {
+    const std::size_t end = std::min(columns_.find(',', start), columns_.size());
+    names.push_back(CLI::detail::trim_copy(columns_.substr(start, end - start)));
+    start = end + 1;
+  }
+  return names;
 }
 
 }  // namespace kodra::console

@@ -6,6 +6,7 @@
 //   const FormatOptions formatOptions = output.ForFormats();
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "console/formats/formats.h"
@@ -24,15 +25,19 @@ class OutputOptions {
   // The format that was asked for, or else that of the ending of the file's name. Raises UsageError for an unknown
   // format, for one that needs a file if none is named, and for an option that has no effect on the format.
   Format ChosenFormat() const;
-  // What csv, json and xlsx are told; the options of html have their default values. Raises UsageError for a separator
-  // that csv cannot have.
+  // The columns to write, and what csv, json and xlsx are told; the options of html have their default values. Raises
+  // UsageError for a separator that csv cannot have.
   FormatOptions ForFormats() const;
+  // The number of rows to write at most. Raises UsageError for a number below 1.
+  std::uint64_t MostRows() const;
   // The file to write; empty for the standard output.
   std::wstring Target() const;
 
  private:
   bool IsGiven(const std::string& option) const;
+  void CheckApplies(Format format) const;
   CsvOptions ForCsv() const;
+  std::vector<std::string> ColumnNames() const;
 
   const CLI::App* command_ = nullptr;
   std::string format_;
@@ -42,6 +47,8 @@ class OutputOptions {
   bool forExcel_ = false;
   bool jsonLines_ = false;
   bool captions_ = false;
+  std::string columns_;
+  std::int64_t mostRows_ = 0;
 };
 
 }  // namespace kodra::console

@@ -19,7 +19,7 @@ _kodrarpt() {
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso'
+      options='--help --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso'
       arguments=$reports
       hasParameters=1
       ;;
@@ -38,7 +38,7 @@ _kodrarpt() {
       hasParameters=1
       ;;
     confere)
-      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --orgao --logotipo --tempo-limite'
+      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
       ;;
     verifica)
       options='--help --conexao --senha-de --json'
@@ -54,6 +54,8 @@ _kodrarpt() {
     'executa --formato') words='tabela csv json xlsx html pdf' ;;
     'executa --saida') files=1 ;;
     'executa --separador') ;;
+    'executa --colunas') ;;
+    'executa --limite') ;;
     'executa --orgao') ;;
     'executa --logotipo') files=1 ;;
     'executa --folha') ;;
@@ -96,6 +98,8 @@ _kodrarpt() {
     'confere --formato') words='tabela csv json xlsx html pdf' ;;
     'confere --saida') files=1 ;;
     'confere --separador') ;;
+    'confere --colunas') ;;
+    'confere --limite') ;;
     'confere --orgao') ;;
     'confere --logotipo') files=1 ;;
     'confere --tempo-limite') ;;

@@ -204,6 +204,14 @@ TEST_P(Confere, WritesAFileInEveryFormat) {
   }
 }
 
+TEST_P(Confere, WritesOnlyTheChosenColumnsAndTheFirstRowsButCountsAll) {
+  const RunResult result =
+      RunOn({"--modulo", "AB002", "--colunas", "situacao,codigo", "--limite", "1"}, "0000000006\nX\n");
+  EXPECT_EQ(result.out, "SITUACAO,CODIGO\r\npresente,0000000006\r\n");
+  EXPECT_TRUE(result.err.ends_with("1 presente, 0 emprestados, 0 ausentes, 0 em outro lugar, 1 desconhecido\n"))
+      << result.err;
+}
+
 TEST_P(Confere, HasAPageWithTheTotalsAndTheCaptionsOfItsColumns) {
   const TypedInput typed("0000000006\n");
   const RunResult result = RunProgram({"confere", "--modulo", "AB002", "--conexao", Connection(), "--formato", "html"});

@@ -132,6 +132,22 @@ TEST_P(Executa, WritesTheFormatThatTheFilesNameAsksFor) {
   }
 }
 
+TEST_P(Executa, WritesOnlyTheChosenColumnsAndTheFirstRows) {
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "csv", "--colunas", "estado,DESCR_DEPTO"}),
+            Success("ESTADO,DESCR_DEPTO\r\nRJ,Finanças\r\nSP,Jurídico\r\n"));
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--colunas", "CIDADE", "--limite", "1"}),
+            Success("CIDADE\n──────\n=Rio\n(1 linha)\n"));
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--colunas", "CEP", "--limite", "9", "--formato", "json"}),
+            Success("[\n{\"CEP\":null},\n{\"CEP\":\"01000-000\"}\n]\n"));
+}
+
+TEST_P(Executa, RefusesAnUnknownColumnAndWritesNoFile) {
+  EXPECT_EQ(RunReport("CDeptoRpt", {"--colunas", "CIDAD", "--saida", (folder_ / "a.xlsx").string()}),
+            UsageFailure("não há a coluna \"CIDAD\" (quis dizer \"CIDADE\"?); as colunas são DESCR_DEPTO, ENDERECO, "
+                         "CIDADE, ESTADO, CEP, END_EMAIL"));
+  EXPECT_TRUE(fs::is_empty(folder_));
+}
+
 TEST_P(Executa, WritesASpreadsheetToAFileOnly) {
   EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx"}), UsageFailure("o formato xlsx precisa de --saida"));
   const fs::path target = folder_ / "departamentos.xlsx";

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <limits>
 
 #include "console/command_line/usage_error.h"
 
@@ -25,6 +26,7 @@ class Given {
     try {
       options_.ChosenFormat();
       options_.ForFormats();
+      options_.MostRows();
     } catch (const UsageError& error) {
       return error.what();
     }
@@ -89,6 +91,33 @@ TEST(OutputOptions, RefuseASeparatorThatCouldBePartOfAValue) {
               "--separador deve ser um sinal, como ; ou |, ou a palavra tab")
         << wrong;
   }
+}
+
+TEST(OutputOptions, SplitTheNamesOfTheColumnsAtCommas) {
+  using Names = std::vector<std::string>;
+  const auto names = [](const std::string& text) { return Given({"--colunas", text}).Options().ForFormats().columns; };
+  EXPECT_EQ(names("A"), Names({"A"}));
+  EXPECT_EQ(names("A, b ,C"), Names({"A", "b", "C"}));
+  // An empty name is one that no report has.
+  EXPECT_EQ(names("A,"), Names({"A", ""}));
+  EXPECT_EQ(names(""), Names({""}));
+  EXPECT_EQ(Given({}).Options().ForFormats().columns, Names());
+}
+
+TEST(OutputOptions, TakeALimitFromOneRowOn) {
+  EXPECT_EQ(Given({"--limite", "1"}).Options().MostRows(), 1U);
+  EXPECT_EQ(Given({"--limite", "5000000000"}).Options().MostRows(), 5'000'000'000U);
+  EXPECT_EQ(Given({}).Options().MostRows(), std::numeric_limits<std::uint64_t>::max());
+  for (const char* const wrong : {"0", "-1"})
+    EXPECT_EQ(Given({"--limite", wrong}).Refusal(), "--limite deve ser 1 ou mais") << wrong;
+}
+
+TEST(OutputOptions, RefuseFewerColumnsOrRowsOnAPage) {
+  EXPECT_EQ(Given({"--saida", "a.pdf", "--colunas", "A"}).Refusal(),
+            "--colunas não vale com o formato pdf, que traz o relatório inteiro");
+  EXPECT_EQ(Given({"--formato", "html", "--limite", "1"}).Refusal(),
+            "--limite não vale com o formato html, que traz o relatório inteiro");
+  EXPECT_EQ(Given({"--saida", "a.xlsx", "--colunas", "A", "--limite", "1"}).Refusal(), "");
 }
 
 }  // namespace
