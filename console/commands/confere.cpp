@@ -159,6 +159,7 @@ class Inventory {
   }
 
   void Write(const std::vector<Finding>& findings, OutputRun& run) {
+    formatOptions_.terminalWidth = run.terminalWidth;
     const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
     std::vector<Column> columns;
     for (const guide::Column& column : listing_.columns) columns.push_back({FromUtf8(column.name)});

@@ -100,6 +100,7 @@ class Run {
     if (const std::string warning = ReportParameters::PeriodWarning(parameters_, method_); !warning.empty())
       program_.Err() << "kodrarpt: aviso: " << warning << "\n";
     formatOptions_.html.labels.containerModules = [&] { return ModulesOfContainers(run.machine.Around()); };
+    formatOptions_.terminalWidth = run.terminalWidth;
     const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
     StreamOutput errors(program_.Err());
     Progress progress(errors, progressStyle_, SteadySeconds);

@@ -31,7 +31,7 @@ std::unique_ptr<RowWriter> NewFullWriter(Format format, const FormatOptions& opt
                                          const std::wstring& path) {
   switch (format) {
     case Format::kTable:
-      return std::make_unique<TableWriter>(output);
+      return std::make_unique<TableWriter>(output, options.terminalWidth);
     case Format::kCsv:
       return std::make_unique<CsvWriter>(output, options.csv);
     case Format::kJson:

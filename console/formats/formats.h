@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,8 @@ namespace kodra::console {
 enum class Format { kTable, kCsv, kJson, kXlsx, kHtml, kPdf };
 
 struct FormatOptions {
+  // The width of the terminal that a table is written to; nothing for a file or a pipe.
+  std::optional<std::size_t> terminalWidth = {};
   CsvOptions csv;
   JsonShape json = JsonShape::kArray;
   html::HtmlOptions html;

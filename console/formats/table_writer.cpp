@@ -57,6 +57,7 @@ void TableWriter::Row(std::span<const Value> values) {
 void TableWriter::End() {
   if (measuring_) WriteKept();
   output_.Write(values::ToUtf8(L"(" + CountText(count_) + (count_ == 1 ? L" linha)\n" : L" linhas)\n")));
+  if (!leftOut_.empty()) WriteLeftOut();
 }
 
 void TableWriter::Measure(const Line& cells) {
@@ -66,6 +67,7 @@ void TableWriter::Measure(const Line& cells) {
 void TableWriter::WriteKept() {
   measuring_ = false;
   if (names_.empty()) return;
+  Fit();
   WriteLine(names_);
   Line rule;
   for (const std::size_t width : widths_) rule.emplace_back(width, L'─');
@@ -74,10 +76,31 @@ void TableWriter::WriteKept() {
   kept_ = {};
 }
 
+void TableWriter::Fit() {
+  std::size_t used = 0;
+  for (std::size_t i = 0; i < names_.size(); ++i) {
+    const std::size_t end = shown_.empty() ? widths_[i] : used + kBetween.size() + widths_[i];
+    if (terminalWidth_ && end > *terminalWidth_ && !shown_.empty()) {
+      leftOut_.push_back(names_[i]);
+    } else {
+      shown_.push_back(i);
+      used = end;
+    }
+  }
+}
+
+void TableWriter::WriteLeftOut() {
+  std::wstring names;
+  for (const std::wstring& name : leftOut_) names += (names.empty() ? L"" : L", ") + name;
+  output_.Write(values::ToUtf8(L"mais " + CountText(leftOut_.size()) +
+                               (leftOut_.size() == 1 ? L" coluna não cabe aqui (" : L" colunas não cabem aqui (") +
+                               names + L"): use --colunas, ou --saida ARQUIVO.csv\n"));
+}
+
 void TableWriter::WriteLine(const Line& cells) {
   std::wstring line;
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (i > 0) line += kBetween;
+  for (const std::size_t i : shown_) {
+    if (i != shown_.front()) line += kBetween;
     const std::size_t width = DisplayWidth(cells[i]);
     const std::size_t missing = widths_[i] > width ? widths_[i] - width : 0;
     if (toTheRight_[i]) line.append(missing, L' ');

@@ -73,7 +73,8 @@ Format OutputOptions::ChosenFormat() const {
 }
 
 FormatOptions OutputOptions::ForFormats() const {
-  return {.csv = ForCsv(),
+  return {.terminalWidth = {},
+          .csv = ForCsv(),
           .json = jsonLines_ ? JsonShape::kLines : JsonShape::kArray,
           .html = {},
           .xlsx = {.captions = captions_},

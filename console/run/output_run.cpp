@@ -1,7 +1,9 @@
 #include "console/run/output_run.h"
 
+#include <iostream>
 #include <optional>
 
+#include "console/run/standard_streams.h"
 #include "console/run/stream_output.h"
 #include "console/run/target_file.h"
 
@@ -14,8 +16,10 @@ ExitCode RunToOutput(Program& program, const Destination& destination, const std
   StreamOutput standard(program.Out());
   const std::unique_ptr<Machine> machine = NewMachine();
   const Stopping stopping(*machine, destination.limit, program.Err());
+  // A program within another process, as in a test, has its own stream.
+  const bool isProcess = &program.Out() == &std::cout;
   OutputRun run = {*machine, file ? static_cast<Output&>(*file) : standard, file ? file->PathText() : std::wstring(),
-                   stopping};
+                   file || !isProcess ? std::nullopt : TerminalWidth(), stopping};
   bool keeps = false;
   try {
     keeps = work(run);

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "console/command_line/program.h"
@@ -29,6 +30,7 @@ struct OutputRun {
   Machine& machine;
   Output& output;
   std::wstring path;  // of the unfinished file, for a library that opens it by its path; empty for the standard output
+  std::optional<std::size_t> terminalWidth;  // if the output is a terminal
   const Stopping& stopping;
 };
 

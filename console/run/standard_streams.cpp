@@ -1,7 +1,10 @@
 #include "console/run/standard_streams.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -12,6 +15,13 @@ namespace kodra::console {
 // The runtime library never reuses the numbers of the standard streams for another file.
 void OccupyClosedStreams() {}
 
+std::optional<std::size_t> TerminalWidth() {
+  CONSOLE_SCREEN_BUFFER_INFO console;
+  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &console) == 0) return std::nullopt;
+  // The last column stays free: after a character in it, the console is already on the next line.
+  return static_cast<std::size_t>(console.srWindow.Right - console.srWindow.Left);
+}
+
 #else
 
 void OccupyClosedStreams() {
@@ -21,6 +31,12 @@ void OccupyClosedStreams() {
     // fails.
     open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
+}
+
+std::optional<std::size_t> TerminalWidth() {
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
+  return size.ws_col;
 }
 
 #endif

@@ -1,8 +1,13 @@
 // kodrarpt as a process: how it reacts to signals, and how much memory it uses.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -304,6 +309,49 @@ TEST_F(KodrarptProcess, RefusesAFileThatIsMountedOnItsOwnBeforeItAsksTheDatabase
                 "\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.\n");
   EXPECT_EQ(Names(), (std::vector<std::string>{"destino.csv", "saida.txt"}));
   EXPECT_EQ(Read(target), "antes");
+}
+
+// Starts a process with a terminal of that width for its output, and returns what the terminal gets.
+std::string OnTerminal(unsigned short width, const std::vector<std::string>& command) {
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+  EXPECT_EQ(grantpt(terminal), 0);
+  EXPECT_EQ(unlockpt(terminal), 0);
+  const winsize size = {.ws_row = 24, .ws_col = width, .ws_xpixel = 0, .ws_ypixel = 0};
+  EXPECT_EQ(ioctl(terminal, TIOCSWINSZ, &size), 0);
+  testbed::ChildProcess child;
+  child.command = command;
+  child.output = ptsname(terminal);
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 0);
+  std::array<char, 4096> shown{};
+  const ssize_t length = read(terminal, shown.data(), shown.size());
+  close(terminal);
+  return {shown.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
+}
+
+TEST_F(KodrarptProcess, FitsATableToTheTerminal) {
+  SqliteFile file;
+  file.Run(
+      L"CREATE TABLE DEPTO (COD_DEPTO, DESCR_DEPTO VARCHAR(50), ENDERECO VARCHAR(50), CIDADE VARCHAR(50), "
+      L"ESTADO VARCHAR(2), CEP VARCHAR(9), END_EMAIL VARCHAR(50))");
+  file.Run(L"INSERT INTO DEPTO VALUES ('1', 'Fin' || char(27) || '[2J', 'Rua A', 'Rio', 'RJ', '01000-000', 'a@b.br')");
+  const std::vector<std::string> command = {KODRARPT, "executa", "CDeptoRpt", "--conexao",
+                                            ToUtf8(file.ConnectionString())};
+  EXPECT_EQ(OnTerminal(30, command),
+            "DESCR_DEPTO  ENDERECO  CIDADE\r\n"
+            "───────────  ────────  ──────\r\n"
+            "Fin\uFFFD[2J      Rua A     Rio\r\n"
+            "(1 linha)\r\n"
+            "mais 3 colunas não cabem aqui (ESTADO, CEP, END_EMAIL): use --colunas, ou --saida ARQUIVO.csv\r\n");
+  // A file is as wide as the table.
+  testbed::ChildProcess child;
+  child.command = command;
+  child.output = (folder_ / "saida.txt").string();
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 0);
+  EXPECT_EQ(Read(folder_ / "saida.txt"),
+            "DESCR_DEPTO  ENDERECO  CIDADE  ESTADO  CEP        END_EMAIL\n"
+            "───────────  ────────  ──────  ──────  ─────────  ─────────\n"
+            "Fin\uFFFD[2J      Rua A     Rio     RJ      01000-000  a@b.br\n"
+            "(1 linha)\n");
 }
 
 TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {

@@ -74,6 +74,36 @@ TEST(TableWriter, WritesLaterRowsWithTheWidthsOfTheFirst) {
   EXPECT_EQ(output.Text().substr(measured.size()), "a    x\nabcdefg  x\n(1.002 linhas)\n");
 }
 
+TEST(TableWriter, LeavesOutTheColumnsThatDoNotFitTheTerminal) {
+  const std::vector<Column> columns = {{L"CODIGO"}, {L"OBSERVAÇÃO"}, {L"UF"}, {L"PÁGINAS", ColumnKind::kNumber}};
+  const std::initializer_list<Cells> rows = {{L"1", L"um texto bem longo", L"RJ", 12}, {L"2", L"outro", L"SP", 7}};
+  EXPECT_EQ(Written<TableWriter>(columns, rows, std::optional<std::size_t>(19)),
+            "CODIGO  UF  PÁGINAS\n"
+            "──────  ──  ───────\n"
+            "1       RJ       12\n"
+            "2       SP        7\n"
+            "(2 linhas)\n"
+            "mais 1 coluna não cabe aqui (OBSERVAÇÃO): use --colunas, ou --saida ARQUIVO.csv\n");
+  EXPECT_EQ(Written<TableWriter>(columns, rows, std::optional<std::size_t>(18)),
+            "CODIGO  UF\n"
+            "──────  ──\n"
+            "1       RJ\n"
+            "2       SP\n"
+            "(2 linhas)\n"
+            "mais 2 colunas não cabem aqui (OBSERVAÇÃO, PÁGINAS): use --colunas, ou --saida ARQUIVO.csv\n");
+}
+
+TEST(TableWriter, ShowsTheFirstColumnOnATerminalOfAnyWidth) {
+  EXPECT_EQ(Written<TableWriter>({{L"CODIGO"}, {L"B"}}, {{L"AB001", L"x"}}, std::optional<std::size_t>(3)),
+            "CODIGO\n──────\nAB001\n(1 linha)\n"
+            "mais 1 coluna não cabe aqui (B): use --colunas, ou --saida ARQUIVO.csv\n");
+}
+
+TEST(TableWriter, ShowsAllColumnsOnATerminalThatIsWideEnough) {
+  EXPECT_EQ(Written<TableWriter>({{L"A"}, {L"B"}}, {{L"x", L"y"}}, std::optional<std::size_t>(4)),
+            "A  B\n─  ─\nx  y\n(1 linha)\n");
+}
+
 TEST(DisplayWidth, CountsEastAsianLettersAndPictogramsTwice) {
   EXPECT_EQ(DisplayWidth(L"caixa"), 5U);
   EXPECT_EQ(DisplayWidth(L"\u6587\u66f8"), 4U);
