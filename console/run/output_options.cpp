@@ -40,9 +40,7 @@ char SeparatorOf(const std::string& text) {
 
 void OutputOptions::AddTo(CLI::App& command) {
   command_ = &command;
-  command
-      .add_option("--formato", format_,
-                  FormatNames() + " (sem esta opção, o da extensão de --saida, como .csv, ou tabela)")
+  command.add_option("--formato", format_, FormatNames() + " (sem esta opção, o da extensão de --saida, ou tabela)")
       ->option_text("FORMATO");
   command.add_option("--saida", target_, "O arquivo a gravar (sem esta opção, a saída padrão)")->option_text("ARQUIVO");
   command
@@ -51,15 +49,12 @@ void OutputOptions::AddTo(CLI::App& command) {
   command.add_flag("--bom", byteOrderMark_,
                    "csv: começa com a marca (BOM) pela qual algumas planilhas reconhecem UTF-8");
   command.add_flag("--excel", forExcel_,
-                   "csv: para abrir no Excel em português, com ; entre as colunas, BOM, vírgula decimal e datas como "
-                   "31/12/2023; nenhum texto vira fórmula");
+                   "csv: para o Excel em português (; 1234,5 31/12/2023), sem texto que vire fórmula");
   command.add_flag("--json-linhas", jsonLines_, "json: um objeto por linha, sem a lista em volta");
   command.add_flag("--titulos", captions_, "xlsx: os títulos das colunas em vez dos seus nomes");
   command
-      .add_option(
-          "--colunas", columns_,
-          "Só estas colunas, nesta ordem, separadas por vírgula (\"kodrarpt descreve\" mostra os nomes); não vale "
-          "com html nem pdf")
+      .add_option("--colunas", columns_,
+                  "Só estas colunas, nesta ordem, separadas por vírgula; não vale com html nem pdf")
       ->option_text("NOMES");
   command.add_option("--limite", mostRows_, "Só as primeiras linhas, até este número; não vale com html nem pdf")
       ->option_text("LINHAS");
