@@ -19,7 +19,7 @@ _kodrarpt() {
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso'
+      options='--help --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
       arguments=$reports
       hasParameters=1
       ;;
@@ -28,12 +28,12 @@ _kodrarpt() {
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
-      options='--help --banco --bonito'
+      options='--help --banco --bonito --literal'
       arguments=$reports
       hasParameters=1
       ;;
     papel)
-      options='--help --conexao --senha-de --formato --saida --orgao --logotipo --tempo-limite'
+      options='--help --conexao --senha-de --formato --saida --orgao --logotipo --tempo-limite --literal'
       arguments='retirada originais descarte modulo'
       hasParameters=1
       ;;
