@@ -1,9 +1,10 @@
-// The failure of a call that writes a file.
+// The failure of a call that writes a file, and the refusal of one that checks what the user typed.
 #pragma once
 
 #include <string>
 
 #include "console/command_line/output_error.h"
+#include "console/command_line/usage_error.h"
 
 namespace kodra::console {
 
@@ -13,6 +14,17 @@ std::string FailureOf(Call&& call) {
   try {
     call();
   } catch (const OutputError& error) {
+    return error.what();
+  }
+  return {};
+}
+
+// The message of the UsageError that a call raises; empty when it raises nothing.
+template <class Call>
+std::string RefusalOf(Call&& call) {
+  try {
+    call();
+  } catch (const UsageError& error) {
     return error.what();
   }
   return {};

@@ -18,7 +18,7 @@ struct Slice {
   };
   std::vector<Placed> lines;
   TextStyle letters;
-  Length above = 0, below = 0;  // the room between the letters and the next slices
+  Length above = 0, below = 0;  // white space over and under the letters
   Length Height() const { return above + style::LineHeight(letters.size) + below; }
 };
 

@@ -5,22 +5,13 @@
 #include <fstream>
 
 #include "console/command_line/usage_error.h"
+#include "tests/console/failing.h"
 #include "tests/console/typed_input.h"
 #include "tests/db/temporary_folder.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
 namespace {
-
-template <class Call>
-std::string RefusalOf(Call&& call) {
-  try {
-    call();
-  } catch (const UsageError& error) {
-    return error.what();
-  }
-  return "(none)";
-}
 
 TEST(InputFile, IsReadWhole) {
   const tests::TemporaryFolder folder;

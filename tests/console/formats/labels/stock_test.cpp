@@ -6,6 +6,7 @@
 
 #include "console/command_line/usage_error.h"
 #include "console/formats/labels/millimetres.h"
+#include "tests/console/failing.h"
 
 namespace kodra::console::labels {
 namespace {
@@ -13,17 +14,6 @@ namespace {
 using namespace pages;
 
 const Stock& BuiltIn(const std::string& name) { return *std::ranges::find(BuiltInStocks(), name, &Stock::name); }
-
-// The message of the UsageError that a call raises; empty when it raises nothing.
-template <class Call>
-std::string RefusalOf(Call&& call) {
-  try {
-    call();
-  } catch (const UsageError& error) {
-    return error.what();
-  }
-  return {};
-}
 
 TEST(Millimetres, AreReadWithACommaOrAPoint) {
   EXPECT_EQ(ParseMillimetres("38,1"), 38'100);
