@@ -127,7 +127,7 @@ class Run {
     labels::ContainerModules found;
     std::vector<Value> values;
     while (source.Next(values)) {
-      const html::RowReader row(source.Columns(), values);
+      const RowReader row(source.Columns(), values);
       found[row.Text("CONTAINER")].push_back(row.Text("NUM_CAIXA"));
     }
     return found;

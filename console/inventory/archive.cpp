@@ -5,7 +5,6 @@
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
-#include "console/formats/html/preview_row.h"
 #include "console/run/interruption.h"
 #include "console/run/open_report.h"
 #include "console/run/row_source.h"
@@ -17,7 +16,6 @@
 namespace kodra::console::inventory {
 namespace {
 
-using html::RowReader;
 using values::ToUtf8;
 
 // Raises UsageError unless the code is one of the known ones.

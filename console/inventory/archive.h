@@ -11,12 +11,9 @@
 #include <utility>
 #include <vector>
 
+#include "console/formats/row_reader.h"
 #include "console/inventory/comparison.h"
 #include "platform/surroundings.h"
-
-namespace kodra::console::html {
-class RowReader;
-}
 
 namespace kodra::console::inventory {
 
@@ -48,7 +45,7 @@ class Archive {
  private:
   using Parameters = std::vector<std::pair<std::wstring_view, std::wstring>>;
   void ForEachRow(std::wstring_view className, std::wstring_view method, const Parameters& parameters,
-                  const std::function<void(const html::RowReader&)>& visit);
+                  const std::function<void(const RowReader&)>& visit);
   // The modules of three containers at most, which may be the same, as the report asks for them.
   void ForEachModule(const std::wstring& first, const std::wstring& second, const std::wstring& third,
                      const std::function<void(const Item&)>& visit);

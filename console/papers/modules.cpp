@@ -72,7 +72,7 @@ void PrintDiscardAuthorisation(const Source& source, Printout& printout) {
   if (codes.empty()) {
     printout.Paragraph(L"O módulo não tem documentos.");
   } else {
-    const html::RowReader first = documents.Row(0);
+    const RowReader first = documents.Row(0);
     printout.Paragraph(L"Autorizo o descarte dos documentos deste módulo, relacionados abaixo.");
     PrintCodes(codes,
                Counted(NumberText(first.Get("TOTAL_DOCS")), L"documento", L"documentos") + L", " +

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "console/formats/html/preview_row.h"
 #include "console/formats/pages/printout.h"
+#include "console/formats/row_reader.h"
 
 namespace kodra::console::papers {
 
@@ -18,7 +18,7 @@ struct ReportTable {
   std::vector<std::vector<Value>> rows;
 
   // REQUIRES: the table outlives the reader.
-  html::RowReader Row(std::size_t index) const { return {columns, rows[index]}; }
+  RowReader Row(std::size_t index) const { return {columns, rows[index]}; }
 };
 
 // What a paper is made from.

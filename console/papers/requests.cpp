@@ -11,7 +11,6 @@
 namespace kodra::console::papers {
 namespace {
 
-using html::RowReader;
 using pages::PageHead;
 using pages::Printout;
 using pages::RowStyle;

@@ -12,7 +12,6 @@ namespace kodra::console {
 namespace {
 
 using labels::Label;
-using labels::RowReader;
 
 constexpr std::size_t kCodesACall = 3;
 

@@ -6,11 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "console/formats/html/preview_row.h"
+#include "console/formats/row_reader.h"
 
 namespace kodra::console::labels {
-
-using html::RowReader;
 
 struct Label {
   std::wstring kind;               // "ABERTURA DE MÓDULO"

@@ -1,14 +1,12 @@
 // A listing as a printout: the rows in a table, and what is the same in all of them above it.
 #pragma once
 
-#include "console/formats/html/preview_row.h"
 #include "console/formats/pages/printout.h"
+#include "console/formats/row_reader.h"
 #include "console/formats/row_writer.h"
 #include "console/reports/guide.h"
 
 namespace kodra::console::pages {
-
-using html::RowReader;
 
 class ListingWriter final : public RowWriter {
  public:

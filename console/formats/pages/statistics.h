@@ -6,13 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "console/formats/html/preview_row.h"
 #include "console/formats/pages/printout.h"
+#include "console/formats/row_reader.h"
 #include "console/reports/guide.h"
 
 namespace kodra::console::pages {
-
-using html::RowReader;
 
 // A line of a statistic: a group's name and its sums, one for each measure.
 struct StatisticsLine {

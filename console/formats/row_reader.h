@@ -10,7 +10,7 @@
 #include "console/formats/cell_text.h"
 #include "console/formats/row_writer.h"
 
-namespace kodra::console::html {
+namespace kodra::console {
 
 class RowReader {
  public:
@@ -42,4 +42,4 @@ class RowReader {
   std::span<const Value> values_;
 };
 
-}  // namespace kodra::console::html
+}  // namespace kodra::console
