@@ -58,8 +58,8 @@ coverage() {
   build_preset win32-coverage KodraRpt kodra_ado kodra_siblings_com kodra_test_wine
   forget_runs win32-coverage
   step "testes no Wine"
-  # The excluded tests describe the file that is shipped, or only repeat calls that others make.
-  logged coverage-wine wine_tests win32-coverage '--gtest_filter=-DllFile.*:Soak*'
+  # The excluded tests describe the files that are shipped, or only repeat calls that others make.
+  logged coverage-wine wine_tests win32-coverage '--gtest_filter=-DllFile.*:ConsoleProgram.*:Soak*'
   coverage_of win32-coverage i686-w64-mingw32-gcov-posix '(src/(com|ado)|comkit|odbc/adodb|siblings/com)'
   covered_folders build/coverage/{,win32-}coverage.csv >build/coverage/folders.md
   printf '| pasta | linhas %% | desvios %% |\n| --- | --- | --- |\n'

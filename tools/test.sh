@@ -139,6 +139,7 @@ wine_tests() {
 
 group_wine() {
   local status=0
+  build_preset win32 kodrarpt
   wine_tests win32 || status=$?
   check_linked_sources
   return "$status"

@@ -10,7 +10,7 @@
 // restores the previous signal handlers.
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 #include "console/command_line/exit_codes.h"
 
@@ -26,11 +26,12 @@ class Interruption {
   static bool Requested() noexcept;
   // The exit code that shells expect after the request: 128 and the signal's number.
   static ExitCode Code() noexcept;
-  // Removes the unfinished file that RemoveAtOnce named, and ends the program. Called by any thread.
+  // Removes the unfinished file that RemoveAtOnce named, and ends the program. Called by any thread. On Windows it waits,
+  // for ten seconds at most, while the file is open without being shared for deletion.
   [[noreturn]] static void EndNow(ExitCode code) noexcept;
   // Names the unfinished file that EndNow and a second request remove; empty for none. A path that is longer than the
-  // system allows is ignored. Windows cannot remove an open file, so it stays there.
-  static void RemoveAtOnce(const std::string& path) noexcept;
+  // system allows is ignored.
+  static void RemoveAtOnce(const std::filesystem::path& path) noexcept;
 };
 
 }  // namespace kodra::console

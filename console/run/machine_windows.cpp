@@ -17,7 +17,7 @@ class WindowsMachine final : public Machine {
 
   platform::Surroundings& Around() override { return surroundings_; }
   bool SiblingsAreInstalled() const override { return true; }
-  // ADO's objects belong to the thread that made them, which waits for the database.
+  // ADO's objects belong to the thread that made them, which waits for the database: the program ends with it.
   void Cancel() override {}
 
  private:

@@ -7,7 +7,7 @@
 //   }
 //
 // What the database is doing is stopped at once, so that the statement does not live on in the server. A run that does
-// not end within kPatience after that, because its driver or a long computation cannot be stopped, is ended with the
+// not end within kPatience after that, because ADO, a driver or a long computation cannot be stopped, is ended with the
 // whole program, and its unfinished file is removed.
 #pragma once
 

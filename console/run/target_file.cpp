@@ -12,7 +12,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <process.h>
-#include <sys/stat.h>
+#include <windows.h>
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -92,22 +92,26 @@ void RequireReplaceable(const fs::path& target) {
 
 enum class Readers { kOwner, kDefault };
 
-// Makes a new file, readable by its owner only or with the default permissions. Returns null and sets errno when it
-// cannot be made, to EEXIST when there is such a file.
-std::FILE* Create(const fs::path& path, [[maybe_unused]] Readers readers) {
 #ifdef _WIN32
-  // Permissions come from the folder.
-  const int file =
-      _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
-  return file < 0 ? nullptr : _fdopen(file, "wb");
+// Makes a new file, with the permissions of its folder. Returns null and the error when it cannot be made: file_exists
+// when there is such a file. An interruption can delete it while it is open.
+std::FILE* Create(const fs::path& path, Readers, std::error_code& error) {
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  error.assign(file == INVALID_HANDLE_VALUE ? static_cast<int>(GetLastError()) : 0, std::system_category());
+  if (error) return nullptr;
+  return _fdopen(_open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY), "wb");
+}
 #else
+// Makes a new file, readable by its owner only or with the default permissions. Returns null and the error when it
+// cannot be made: file_exists when there is such a file.
+std::FILE* Create(const fs::path& path, Readers readers, std::error_code& error) {
   const int file =
       open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readers == Readers::kOwner ? 0600 : 0666);
+  error = file < 0 ? LastError() : std::error_code();
   return file < 0 ? nullptr : fdopen(file, "wb");
-#endif
 }
 
-#ifndef _WIN32
 // Gives a file the owner, group and permissions of the one that it replaces, as far as this user may change them, but
 // neither set-uid nor set-gid: a report is not a program.
 void TakeOver(int file, const struct stat& former) {
@@ -145,12 +149,12 @@ TargetFile::TargetFile(const std::wstring& target) : target_(Real(PathOf(target)
   const Readers readers = fs::exists(target_, error) ? Readers::kOwner : Readers::kDefault;
   for (int attempt = 1; !file_; ++attempt) {
     path_ = Beside(target_, attempt);
-    file_.reset(Create(path_, readers));
-    const bool taken = !file_ && errno == EEXIST;
-    if (taken && attempt == kMostAttempts) throw CannotWrite(path_, LastError());
-    if (!file_ && !taken) throw CannotWrite(target_, LastError());
+    file_.reset(Create(path_, readers, error));
+    const bool taken = error == std::errc::file_exists;
+    if (taken && attempt == kMostAttempts) throw CannotWrite(path_, error);
+    if (error && !taken) throw CannotWrite(target_, error);
   }
-  Interruption::RemoveAtOnce(path_.string());
+  Interruption::RemoveAtOnce(path_);
 }
 
 TargetFile::~TargetFile() {

@@ -38,6 +38,14 @@ inline std::wstring ProgramPath() {
 inline std::wstring ConnectionTo(const std::wstring& path) { return L"Driver={SQLite3};Database=" + path; }
 inline std::wstring ArchiveConnection() { return ConnectionTo(Variable(L"KODRA_ARCHIVE")); }
 
+// The connection string of another database of the MariaDB server.
+inline std::wstring ConnectionOnMariaDb(const std::wstring& database) {
+  const std::wstring key = L";Database=";
+  std::wstring text = Variable(L"KODRA_MYSQL");
+  const std::size_t from = text.find(key) + key.size();
+  return text.replace(from, text.find(L';', from) - from, database);
+}
+
 // A whole file; empty when there is none.
 inline std::string BytesOf(const std::wstring& windowsPath) {
   HANDLE file = CreateFileW(windowsPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,

@@ -12,16 +12,8 @@ face::Var VarOf(const Value& value) {
   return value.As<std::wstring>();
 }
 
-// A connection string to another database of the server: the tests of rows do not change the archive that other tests
-// read.
-std::wstring OnMariaDb(const std::wstring& database) {
-  const std::wstring key = L";Database=";
-  std::wstring text = face::Variable(L"KODRA_MYSQL");
-  const std::size_t from = text.find(key) + key.size();
-  return text.replace(from, text.find(L';', from) - from, database);
-}
-
-// Creates a database with the tables of the given archive, with or without their rows.
+// Creates a database with the tables of the given archive, with or without their rows: the tests of rows do not change
+// the archive that other tests read.
 std::wstring CopyOnMariaDb(const std::wstring& database, bool withRows) {
   std::vector<std::wstring> statements{L"DROP DATABASE IF EXISTS " + database,
                                        L"CREATE DATABASE " + database + L" CHARACTER SET utf8mb4"};
@@ -31,7 +23,7 @@ std::wstring CopyOnMariaDb(const std::wstring& database, bool withRows) {
     if (withRows) statements.push_back(L"INSERT INTO " + database + L"." + table + L" SELECT * FROM " + table);
   }
   Execute(statements, face::Variable(L"KODRA_MYSQL"));
-  return OnMariaDb(database);
+  return face::ConnectionOnMariaDb(database);
 }
 
 std::wstring SampleOnMariaDb() {
