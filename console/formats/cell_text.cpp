@@ -17,19 +17,23 @@ namespace kodra::console {
 namespace {
 
 template <class Number>
-std::string Shortest(Number number) {
+void AppendShortest(Number number, std::string& out) {
   std::array<char, 32> buffer{};
-  return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr};
+  out.append(buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr);
 }
 
-// A number of at least `width` digits, zeros before it.
-std::string Digits(std::int32_t number, std::size_t width) {
-  std::string digits = Shortest(number);
-  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-  return digits;
+template <class Number>
+std::string Shortest(Number number) {
+  std::string text;
+  AppendShortest(number, text);
+  return text;
 }
 
-std::string AllDigits(const Decimal& number) { return values::ToUtf8(values::PlainText(number)); }
+// REQUIRES: 0 <= number <= 99, and room for two characters.
+void PutTwoDigits(std::int32_t number, char* at) {
+  at[0] = static_cast<char>('0' + number / 10);
+  at[1] = static_cast<char>('0' + number % 10);
+}
 
 // The date in the calendar of automation dates; nothing for one outside it, which databases also hold.
 std::optional<values::Calendar> CalendarOf(Date date) {
@@ -49,14 +53,23 @@ std::string IsoDateOutsideCalendar(Date date) {
   return values::ToUtf8(text);
 }
 
-std::string IsoDate(Date date, ColumnKind kind) {
+void AppendIsoDate(Date date, ColumnKind kind, std::string& out) {
   const std::optional<values::Calendar> calendar = CalendarOf(date);
-  if (!calendar) return IsoDateOutsideCalendar(date);
-  const values::Calendar& c = *calendar;
-  std::string out = Digits(c.year, 4) + "-" + Digits(c.month, 2) + "-" + Digits(c.day, 2);
-  const bool midnight = c.hour == 0 && c.minute == 0 && c.second == 0;
-  if (midnight && kind != ColumnKind::kMoment) return out;
-  return out + "T" + Digits(c.hour, 2) + ":" + Digits(c.minute, 2) + ":" + Digits(c.second, 2);
+  if (!calendar) {
+    out += IsoDateOutsideCalendar(date);
+    return;
+  }
+  constexpr std::size_t kDayLength = 10;
+  char text[] = "0000-00-00T00:00:00";
+  PutTwoDigits(calendar->year / 100, text);
+  PutTwoDigits(calendar->year % 100, text + 2);
+  PutTwoDigits(calendar->month, text + 5);
+  PutTwoDigits(calendar->day, text + 8);
+  PutTwoDigits(calendar->hour, text + 11);
+  PutTwoDigits(calendar->minute, text + 14);
+  PutTwoDigits(calendar->second, text + 17);
+  const bool midnight = calendar->hour == 0 && calendar->minute == 0 && calendar->second == 0;
+  out.append(text, midnight && kind != ColumnKind::kMoment ? kDayLength : sizeof text - 1);
 }
 
 }  // namespace
@@ -80,18 +93,36 @@ bool IsInCalendar(Date date) { return CalendarOf(date).has_value(); }
 bool IsNothing(const Value& value) { return value.Is<Null>() || value.Is<Empty>(); }
 
 std::string IsoText(const Value& value, ColumnKind kind) {
-  if (IsNothing(value)) return {};
-  if (value.Is<bool>()) return value.As<bool>() ? "true" : "false";
-  if (value.Is<std::int32_t>()) return Shortest(value.As<std::int32_t>());
-  if (value.Is<std::int64_t>()) return Shortest(value.As<std::int64_t>());
-  if (value.Is<std::uint64_t>()) return Shortest(value.As<std::uint64_t>());
-  if (value.Is<float>()) return Shortest(value.As<float>());
-  if (value.Is<double>()) return Shortest(value.As<double>());
-  if (value.Is<Currency>()) return AllDigits(values::ToDecimal(value.As<Currency>()));
-  if (value.Is<Decimal>()) return AllDigits(value.As<Decimal>());
-  if (value.Is<Date>()) return IsoDate(value.As<Date>(), kind);
-  if (value.Is<std::wstring>()) return values::ToUtf8(value.As<std::wstring>());
-  return values::ToUtf8(values::ToText(value));
+  std::string text;
+  AppendIsoText(value, kind, text);
+  return text;
+}
+
+void AppendIsoText(const Value& value, ColumnKind kind, std::string& out) {
+  if (IsNothing(value)) return;
+  if (value.Is<std::wstring>()) {
+    values::AppendUtf8(value.As<std::wstring>(), out);
+  } else if (value.Is<std::int32_t>()) {
+    AppendShortest(value.As<std::int32_t>(), out);
+  } else if (value.Is<Date>()) {
+    AppendIsoDate(value.As<Date>(), kind, out);
+  } else if (value.Is<bool>()) {
+    out += value.As<bool>() ? "true" : "false";
+  } else if (value.Is<std::int64_t>()) {
+    AppendShortest(value.As<std::int64_t>(), out);
+  } else if (value.Is<std::uint64_t>()) {
+    AppendShortest(value.As<std::uint64_t>(), out);
+  } else if (value.Is<float>()) {
+    AppendShortest(value.As<float>(), out);
+  } else if (value.Is<double>()) {
+    AppendShortest(value.As<double>(), out);
+  } else if (value.Is<Currency>()) {
+    values::AppendUtf8(values::PlainText(values::ToDecimal(value.As<Currency>())), out);
+  } else if (value.Is<Decimal>()) {
+    values::AppendUtf8(values::PlainText(value.As<Decimal>()), out);
+  } else {
+    values::AppendUtf8(values::ToText(value), out);
+  }
 }
 
 std::wstring BrazilianText(const Value& value) {

@@ -22,6 +22,8 @@ std::optional<double> NumberIn(const Value& value);
 // For machines, in UTF-8: the text itself, 1234.5, true or false, 2023-12-31 or 2023-12-31T10:20:30. The time of day is
 // written in a column of moments, and in other columns unless it is midnight.
 std::string IsoText(const Value& value, ColumnKind kind);
+// The same at the end of `out`.
+void AppendIsoText(const Value& value, ColumnKind kind, std::string& out);
 
 // For people: the text itself, 1234,5, Sim or Não, 31/12/2023 or 31/12/2023 10:20:30.
 std::wstring BrazilianText(const Value& value);

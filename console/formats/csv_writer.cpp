@@ -1,16 +1,17 @@
 #include "console/formats/csv_writer.h"
 
+#include <algorithm>
+
 #include "console/formats/cell_text.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
 namespace {
 
-// The text with an apostrophe before it if a spreadsheet may take it for a formula.
-std::string WithoutFormula(std::string text) {
+// Whether a spreadsheet may take the text for a formula.
+bool BeginsFormula(std::string_view text) {
   constexpr std::string_view kStartsOfFormulas = "=+-@\t\r";
-  if (!text.empty() && kStartsOfFormulas.find(text.front()) != kStartsOfFormulas.npos) text.insert(0, 1, '\'');
-  return text;
+  return !text.empty() && kStartsOfFormulas.find(text.front()) != kStartsOfFormulas.npos;
 }
 
 }  // namespace
@@ -20,7 +21,9 @@ void CsvWriter::Begin(const Heading& /*heading*/, std::span<const Column> column
   for (const Column& column : columns) {
     if (!kinds_.empty()) line_ += options_.separator;
     kinds_.push_back(column.kind);
-    AppendText(values::ToUtf8(column.name));
+    const std::size_t start = line_.size();
+    values::AppendUtf8(column.name, line_);
+    QuoteFrom(start);
   }
   if (kinds_.empty()) {
     output_.Write(line_);
@@ -32,28 +35,31 @@ void CsvWriter::Begin(const Heading& /*heading*/, std::span<const Column> column
 void CsvWriter::Row(std::span<const Value> values) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (i > 0) line_ += options_.separator;
-    if (!IsNothing(values[i])) {
-      AppendText(TextOf(values[i], kinds_[i]));
-    } else if (values.size() == 1) {
-      AppendText({});
-    }
+    if (!IsNothing(values[i]) || values.size() == 1) AppendCell(values[i], kinds_[i]);
   }
   EndLine();
 }
 
-std::string CsvWriter::TextOf(const Value& value, ColumnKind kind) const {
-  if (!options_.forSpreadsheet) return IsoText(value, kind);
-  std::string text = values::ToUtf8(BrazilianText(value));
-  return NumberIn(value) ? text : WithoutFormula(std::move(text));
+void CsvWriter::AppendCell(const Value& value, ColumnKind kind) {
+  const std::size_t start = line_.size();
+  if (!options_.forSpreadsheet) {
+    AppendIsoText(value, kind, line_);
+  } else {
+    values::AppendUtf8(BrazilianText(value), line_);
+    const bool isNumber = NumberIn(value).has_value();
+    if (!isNumber && BeginsFormula(std::string_view(line_).substr(start))) line_.insert(start, 1, '\'');
+  }
+  QuoteFrom(start);
 }
 
-void CsvWriter::AppendText(std::string_view text) {
-  const bool quoted =
-      text.empty() || text.find_first_of("\"\r\n") != text.npos || text.find(options_.separator) != text.npos;
-  if (!quoted) {
-    line_ += text;
-    return;
-  }
+void CsvWriter::QuoteFrom(std::size_t start) {
+  const std::string_view cell = std::string_view(line_).substr(start);
+  const bool isQuoted = cell.empty() || std::ranges::any_of(cell, [this](char c) {
+                          return c == options_.separator || c == '"' || c == '\r' || c == '\n';
+                        });
+  if (!isQuoted) return;
+  const std::string text(cell);
+  line_.resize(start);
   line_ += '"';
   for (const char c : text) line_.append(c == '"' ? 2 : 1, c);
   line_ += '"';

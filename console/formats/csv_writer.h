@@ -34,8 +34,9 @@ class CsvWriter final : public RowWriter {
   void End() override {}
 
  private:
-  std::string TextOf(const Value& value, ColumnKind kind) const;
-  void AppendText(std::string_view text);
+  void AppendCell(const Value& value, ColumnKind kind);
+  // Puts what the line has from `start` on in quotes, if a cell must be.
+  void QuoteFrom(std::size_t start);
   void EndLine();
 
   Output& output_;

@@ -22,11 +22,14 @@ class JsonWriter final : public RowWriter {
   void End() override;
 
  private:
+  void AppendCell(const Value& value, ColumnKind kind);
+
   Output& output_;
   JsonShape shape_;
   std::vector<ColumnKind> kinds_;
   std::vector<std::string> keys_;  // in quotes and with the colon
   std::string line_;
+  std::string text_;  // of a cell, without quotes
   bool first_ = true;
 };
 

@@ -19,13 +19,15 @@ class RowReader {
 
   bool Has(std::string_view column) const { return IndexOf(column) < columns_.size(); }
   // The value, or Empty for a column that the report does not have. Databases differ in the letter case of names.
-  Value Get(std::string_view column) const {
+  const Value& Get(std::string_view column) const {
+    static const Value kNone;
     const std::size_t index = IndexOf(column);
-    return index < values_.size() ? values_[index] : Value();
+    return index < values_.size() ? values_[index] : kNone;
   }
   // As people read it, without blanks at the end, as fixed-width columns have them.
-  std::wstring Text(std::string_view column) const {
-    std::wstring text = BrazilianText(Get(column));
+  std::wstring Text(std::string_view column) const { return TextOf(Get(column)); }
+  static std::wstring TextOf(const Value& value) {
+    std::wstring text = BrazilianText(value);
     text.erase(text.find_last_not_of(L' ') + 1);
     return text;
   }

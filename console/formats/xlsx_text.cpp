@@ -14,6 +14,7 @@ bool IsXmlCharacter(wchar_t c) { return (c >= 0x20 || c == L'\t' || c == L'\n') 
 // Whether the text has "_xHHHH_" at that place, which a spreadsheet reads as the character of that number. Its last "_"
 // may be the one with which the next character is written.
 bool IsEscape(std::wstring_view text, std::size_t at) {
+  if (text[at] != L'_') return false;
   const auto isHexadecimal = [](wchar_t c) {
     return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'F') || (c >= L'a' && c <= L'f');
   };
@@ -25,16 +26,16 @@ bool IsEscape(std::wstring_view text, std::size_t at) {
 }  // namespace
 
 std::string CellText(std::wstring_view text) {
-  std::wstring escaped;
-  escaped.reserve(text.size());
+  std::string cell;
+  std::size_t copied = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (IsXmlCharacter(text[i]) && !IsEscape(text, i)) {
-      escaped += text[i];
-    } else {
-      escaped += values::FromUtf8(fmt::format("_x{:04X}_", static_cast<unsigned>(text[i])));
-    }
+    if (IsXmlCharacter(text[i]) && !IsEscape(text, i)) continue;
+    values::AppendUtf8(text.substr(copied, i - copied), cell);
+    cell += fmt::format("_x{:04X}_", static_cast<unsigned>(text[i]));
+    copied = i + 1;
   }
-  return values::ToUtf8(escaped);
+  values::AppendUtf8(text.substr(copied), cell);
+  return cell;
 }
 
 std::string PropertyText(std::wstring text) {

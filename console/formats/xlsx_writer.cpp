@@ -233,6 +233,7 @@ class XlsxWriter final : public RowWriter {
   }
 
   lxw_error WriteCell(lxw_col_t at, const Value& value) {
+    if (value.Is<std::wstring>()) return WriteText(at, value.As<std::wstring>());
     if (value.Is<bool>()) return worksheet_write_boolean(sheet_, row_, at, value.As<bool>() ? 1 : 0, nullptr);
     if (value.Is<Date>()) return WriteDate(at, value.As<Date>());
     const std::optional<double> number = NumberIn(value);
@@ -257,7 +258,8 @@ class XlsxWriter final : public RowWriter {
 
   lxw_error WriteText(lxw_col_t at, const std::wstring& text) {
     if (text.empty()) return LXW_NO_ERROR;
-    if (values::ToUtf16(text).size() > kMostUnits) return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
+    // A character has at most two units.
+    if (text.size() > kMostUnits / 2 && values::ToUtf16(text).size() > kMostUnits) return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
     const std::size_t width = DisplayWidth(text);
     Widen(at, width);
     columns_[at].hasText = true;

@@ -78,37 +78,30 @@ std::optional<Value> ParsedDecimal(std::wstring text) {
 }
 
 // A double, or a whole number beyond 2^53, of which a double would lose digits.
-std::optional<Value> ParsedFloating(const std::wstring& text, std::int32_t type) {
+std::optional<Value> ParsedFloating(const Value& text, std::int32_t type) {
   constexpr std::int64_t kMostOfADouble = std::int64_t{1} << 53;
-  const std::optional<Value> number = values::ParseInvariantNumber(text);
+  const std::optional<Value> number = values::ParseInvariantNumber(text.As<std::wstring>());
   const bool isLarge = number && (number->Is<std::uint64_t>() ||
                                   (number->Is<std::int64_t>() && (number->As<std::int64_t>() > kMostOfADouble ||
                                                                   number->As<std::int64_t>() < -kMostOfADouble)));
-  return isLarge ? number : Coerce(Value(text), type, 0);
+  return isLarge ? number : Coerce(text, type, 0);
 }
 
-// The value of a text in a column of the type, or the text itself when it has no value of that type.
-Value Parsed(std::wstring text, std::int32_t type) {
+// The value of a text in a column of the type; nothing when it has no value of that type.
+std::optional<Value> Parsed(const Value& text, std::int32_t type) {
   if (IsWholeType(type)) {
-    const std::optional<Value> number = values::ParseInvariantNumber(text);
-    if (!number) return Value(std::move(text));
-    if (number->Is<std::int32_t>()) return WholeNumber(number->As<std::int32_t>(), type);
-    return *number;
+    const std::optional<Value> number = values::ParseInvariantNumber(text.As<std::wstring>());
+    if (number && number->Is<std::int32_t>()) return WholeNumber(number->As<std::int32_t>(), type);
+    return number;
   }
-  std::optional<Value> value;
-  if (IsDecimalType(type)) {
-    value = ParsedDecimal(text);
-  } else if (type == ad::kSingle || type == ad::kDouble) {
-    value = ParsedFloating(text, type);
-  } else {
-    value = Coerce(Value(text), type, 0);
-  }
-  return value ? std::move(*value) : Value(std::move(text));
+  if (IsDecimalType(type)) return ParsedDecimal(text.As<std::wstring>());
+  if (type == ad::kSingle || type == ad::kDouble) return ParsedFloating(text, type);
+  return Coerce(text, type, 0);
 }
 
 // Reads a whole cell from the driver into `bytes`; false for a null.
 bool ReadWhole(const Statement& statement, SQLUSMALLINT number, SQLSMALLINT cType, std::vector<std::byte>& bytes) {
-  const std::size_t terminator = cType == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;
+  const std::size_t terminator = cType == SQL_C_WCHAR ? sizeof(SQLWCHAR) : cType == SQL_C_CHAR ? sizeof(SQLCHAR) : 0;
   std::size_t filled = 0;
   bytes.resize(4096);
   for (;;) {
@@ -145,7 +138,8 @@ Value DateCell(const CivilTime& time) {
 
 }  // namespace
 
-ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8) : adoType_(column.info.type) {
+ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow, bool textIsUtf8)
+    : adoType_(column.info.type), isNarrow_(typesVaryByRow) {
   ChooseWire(column, typesVaryByRow, textIsUtf8);
   switch (wire_) {
     case Wire::kText:
@@ -154,7 +148,7 @@ ColumnBuffer::ColumnBuffer(const Column& column, bool typesVaryByRow, bool textI
       const SQLULEN units =
           typesVaryByRow ? std::clamp(column.size, kLeastRoom, kMostRoom) : std::max(column.size, kLeastRoom / 2) * 2;
       long_ = !typesVaryByRow && (column.size == 0 || column.size > kLongestBound);
-      cellBytes_ = long_ ? 0 : (units + 1) * sizeof(SQLWCHAR);
+      cellBytes_ = long_ ? 0 : (units + 1) * UnitBytes();
       break;
     }
     case Wire::kUtf8:
@@ -228,7 +222,7 @@ SQLSMALLINT ColumnBuffer::CType() const {
     case Wire::kParsedText:
       break;
   }
-  return SQL_C_WCHAR;
+  return isNarrow_ ? SQL_C_CHAR : SQL_C_WCHAR;
 }
 
 void ColumnBuffer::Bind(const Statement& statement, SQLUSMALLINT number, std::size_t rows) {
@@ -243,9 +237,8 @@ void ColumnBuffer::Bind(const Statement& statement, SQLUSMALLINT number, std::si
 void ColumnBuffer::ReadLateCell(const Statement& statement, SQLUSMALLINT number) {
   late_.reset();
   const bool text = wire_ == Wire::kText || wire_ == Wire::kParsedText;
-  const bool cutOff =
-      !long_ && text && lengths_[0] != SQL_NULL_DATA &&
-      (lengths_[0] == SQL_NO_TOTAL || static_cast<std::size_t>(lengths_[0]) > cellBytes_ - sizeof(SQLWCHAR));
+  const bool cutOff = !long_ && text && lengths_[0] != SQL_NULL_DATA &&
+                      (lengths_[0] == SQL_NO_TOTAL || static_cast<std::size_t>(lengths_[0]) > cellBytes_ - UnitBytes());
   if (!long_ && !cutOff) return;
   late_.emplace();
   lateIsNull_ = !ReadWhole(statement, number, CType(), *late_);
@@ -254,8 +247,11 @@ void ColumnBuffer::ReadLateCell(const Statement& statement, SQLUSMALLINT number)
 Value ColumnBuffer::VaryingCell(const std::byte* bytes, std::size_t length) const {
   if (wire_ == Wire::kBinary) return Hexadecimal(bytes, length);
   if (wire_ == Wire::kUtf8) return Utf8Cell(bytes, length);
-  std::wstring text = values::FromUtf16(Units(bytes, length));
-  return wire_ == Wire::kParsedText ? Parsed(std::move(text), adoType_) : Value(std::move(text));
+  std::wstring text = isNarrow_ ? Utf8Cell(bytes, length) : values::FromUtf16(Units(bytes, length));
+  if (wire_ == Wire::kText) return text;
+  Value unparsed(std::move(text));
+  std::optional<Value> value = Parsed(unparsed, adoType_);
+  return value ? std::move(*value) : std::move(unparsed);
 }
 
 Value ColumnBuffer::Cell(std::size_t row) const {
@@ -265,7 +261,7 @@ Value ColumnBuffer::Cell(std::size_t row) const {
   const std::byte* const bytes = cells_.data() + row * cellBytes_;
   const bool isText = wire_ == Wire::kText || wire_ == Wire::kParsedText;
   if (!isText && wire_ != Wire::kUtf8 && wire_ != Wire::kBinary) return FixedCell(bytes);
-  const std::size_t room = isText ? cellBytes_ - sizeof(SQLWCHAR) : cellBytes_;
+  const std::size_t room = isText ? cellBytes_ - UnitBytes() : cellBytes_;
   return VaryingCell(bytes, std::min(static_cast<std::size_t>(length), room));
 }
 

@@ -44,12 +44,15 @@ class ColumnBuffer {
 
   void ChooseWire(const Column& column, bool typesVaryByRow, bool textIsUtf8);
   SQLSMALLINT CType() const;
+  // Of a text that is not Wire::kUtf8.
+  std::size_t UnitBytes() const { return isNarrow_ ? sizeof(SQLCHAR) : sizeof(SQLWCHAR); }
   // The value of a cell of text or binary data.
   Value VaryingCell(const std::byte* bytes, std::size_t length) const;
   Value FixedCell(const std::byte* bytes) const;
 
   Wire wire_ = Wire::kText;
   std::int32_t adoType_;
+  bool isNarrow_;  // whether Wire::kText and kParsedText are the driver's narrow text, in UTF-8
   bool long_ = false;
   std::size_t cellBytes_ = 0;
   std::vector<std::byte> cells_;

@@ -4,7 +4,8 @@
 // row. With the key it steps through the rows, but then it describes every expression column as varchar(255), while it
 // describes a result read whole after its first row. Neither declared sizes nor declared types are binding: a
 // varchar(20) may contain 500 characters, a date any text. In a block of several rows a cell that its buffer cut off
-// cannot be read again. Its SQLCancel closes the statement, which frees what a thread that runs it still uses.
+// cannot be read again. Its narrow text is the UTF-8 that the database stores; wide text is converted from it. Its
+// SQLCancel closes the statement, which frees what a thread that runs it still uses.
 // MariaDB's driver, measured with 3.1.15: it describes types and sizes correctly and has no streaming; it keeps the
 // result. It mistakes a UTF-16 unit whose low byte is D8 to DB for the first of a surrogate pair: for a text with an
 // "Ú" it reports one unit too few, truncates long ones, and reads beyond the end of a parameter or a statement. The
@@ -19,7 +20,7 @@ namespace kodra::odbc {
 // The connection string with the keys that make the driver stream its rows, unless it contains them already.
 std::wstring WithStreaming(const std::wstring& odbcConnectionString);
 
-// True when declared types and sizes say nothing reliable about a value. `driverName` is the value of SQL_DRIVER_NAME.
+// True when declared types and sizes say nothing reliable about a value. Text is then read as narrow text in UTF-8. `driverName` is the value of SQL_DRIVER_NAME.
 bool TypesVaryByRow(const std::wstring& driverName);
 
 // True when text must be exchanged as UTF-8, because the driver miscounts wide text. When the connection string names a

@@ -1,5 +1,6 @@
 #include "values/utf8.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace kodra::values {
@@ -77,17 +78,33 @@ Decoded First(std::string_view bytes) {
 
 std::string ToUtf8(std::wstring_view text) {
   std::string bytes;
-  bytes.reserve(MostBytes(text));
+  AppendUtf8(text, bytes);
+  return bytes;
+}
+
+void AppendUtf8(std::wstring_view text, std::string& bytes) {
+  const std::size_t most = MostBytes(text);
+  const std::size_t start = bytes.size();
+  if (most == text.size()) {
+    // Nearly every text is ASCII.
+    bytes.resize(start + most);
+    std::ranges::transform(text, bytes.begin() + static_cast<std::ptrdiff_t>(start),
+                           [](wchar_t c) { return static_cast<char>(c); });
+    return;
+  }
+  bytes.reserve(start + most);
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto point = static_cast<char32_t>(text[i]);
     if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(static_cast<char32_t>(text[i + 1])))
       point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
     Append(IsScalar(point) ? point : kReplacement, bytes);
   }
-  return bytes;
 }
 
 std::wstring FromUtf8(std::string_view bytes) {
+  const auto isAscii = [](char c) { return static_cast<std::uint8_t>(c) < 0x80; };
+  // Nearly every text is ASCII.
+  if (std::ranges::all_of(bytes, isAscii)) return {bytes.begin(), bytes.end()};
   std::wstring text;
   text.reserve(bytes.size());
   while (!bytes.empty()) {

@@ -105,6 +105,16 @@ TEST_F(OdbcSqlite, TextAroundTheSizeOfItsBufferIsReadWhole) {
   }
 }
 
+TEST_F(OdbcSqlite, ATextInTheFormOfABinaryLiteralIsText) {
+  OpenFirehose(rs, L"select 'X''4142''' as V");
+  EXPECT_EQ(rs.FieldValue(0), Value(L"X'4142'"));
+}
+
+TEST_F(OdbcSqlite, AByteThatIsNotUtf8IsReadAsTheReplacementCharacter) {
+  OpenFirehose(rs, L"select cast(x'61E97A' as text) as V");
+  EXPECT_EQ(rs.FieldValue(0), Value(L"a\uFFFDz"));
+}
+
 TEST_F(OdbcSqlite, ACharacterBeyondTheBasicPlaneIsReadAndWritten) {
   Command cmd;
   cmd.SetActiveConnection(&file.Connection());

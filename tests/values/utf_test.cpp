@@ -16,6 +16,13 @@ TEST(Utf8, TextIsConvertedBothWays) {
   EXPECT_EQ(FromUtf8(""), L"");
 }
 
+TEST(Utf8, TextIsAppendedToWhatIsThere) {
+  std::string bytes = "São ";
+  AppendUtf8(L"Paulo", bytes);
+  AppendUtf8(L", Brasília", bytes);
+  EXPECT_EQ(bytes, "São Paulo, Brasília");
+}
+
 TEST(Utf8, AnEmbeddedZeroIsACharacter) {
   EXPECT_EQ(ToUtf8(std::wstring_view(L"a\0b", 3)), std::string("a\0b", 3));
   EXPECT_EQ(FromUtf8(std::string_view("a\0b", 3)), std::wstring(L"a\0b", 3));

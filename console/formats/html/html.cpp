@@ -16,37 +16,38 @@ constexpr std::string_view kCommonStyle =
 
 }  // namespace
 
-std::string Escaped(std::string_view utf8) {
-  std::string out;
-  out.reserve(utf8.size());
-  for (const char c : utf8) {
+void AppendEscaped(std::wstring_view text, std::string& html) {
+  for (const char c : ToUtf8(text)) {
     switch (c) {
       case '&':
-        out += "&amp;";
+        html += "&amp;";
         break;
       case '<':
-        out += "&lt;";
+        html += "&lt;";
         break;
       case '>':
-        out += "&gt;";
+        html += "&gt;";
         break;
       case '"':
-        out += "&quot;";
+        html += "&quot;";
         break;
       // No page may contain control characters other than white space.
       case '\t':
       case '\n':
       case '\r':
-        out += c;
+        html += c;
         break;
       default:
-        out += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+        html += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
     }
   }
-  return out;
 }
 
-std::string Escaped(std::wstring_view text) { return Escaped(std::string_view(ToUtf8(text))); }
+std::string Escaped(std::wstring_view text) {
+  std::string html;
+  AppendEscaped(text, html);
+  return html;
+}
 
 std::string StyleText(std::wstring_view text) {
   std::string out = "\"";

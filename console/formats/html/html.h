@@ -8,7 +8,8 @@ namespace kodra::console::html {
 
 // A text escaped for use between tags or in a quoted attribute, in UTF-8.
 std::string Escaped(std::wstring_view text);
-std::string Escaped(std::string_view utf8);
+// The same at the end of `html`.
+void AppendEscaped(std::wstring_view text, std::string& html);
 
 // A text as a quoted string of a style sheet, in UTF-8.
 std::string StyleText(std::wstring_view text);

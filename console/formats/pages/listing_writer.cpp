@@ -42,9 +42,9 @@ std::wstring CaptionOf(const guide::Column& column, const RowReader& row) {
 constexpr std::size_t kUnbrokenLength = 14;
 
 Cell CellOf(const guide::Column& column, const RowReader& row) {
-  const Value value = row.Get(column.name);
+  const Value& value = row.Get(column.name);
   const bool isDate = value.Is<Date>() || column.type == guide::ValueType::kDate;
-  Cell cell = {row.Text(column.name), NumberIn(value).has_value(), isDate};
+  Cell cell = {RowReader::TextOf(value), NumberIn(value).has_value(), isDate};
   if (cell.isNumber && column.type == guide::ValueType::kNumber) cell.text = WithThousands(cell.text);
   if (value.Is<std::wstring>() && cell.text.size() <= kUnbrokenLength && cell.text.find(L' ') == cell.text.npos)
     cell.isWhole = true;
