@@ -19,6 +19,7 @@
 #include "console/run/row_source.h"
 #include "console/run/stream_output.h"
 #include "console/run/time_limit.h"
+#include "console/run/waiting.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -103,11 +104,15 @@ class Run {
     formatOptions_.terminalWidth = run.terminalWidth;
     const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
     StreamOutput errors(program_.Err());
-    Progress progress(errors, progressStyle_, SteadySeconds);
+    // On a terminal, the rows of a table are their own progress.
+    const bool rowsAreSeen = format_ == Format::kTable && run.terminalWidth;
+    Progress progress(errors, rowsAreSeen ? Progress::Style::kNone : progressStyle_, SteadySeconds);
+    Waiting waiting(errors, progressStyle_);
     // A report with nothing to list may return no recordset.
     std::optional<RowSource> source;
     if (frame::ReportRows rows = OpenReport(method_, connection_, parameters_, run.machine.Around()))
       source.emplace(std::move(rows));
+    waiting.End();
     writer->Begin(heading_, source ? source->Columns() : std::vector<Column>{});
     std::vector<Value> values;
     while (source && progress.Rows() < mostRows_ && source->Next(values)) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "console/command_line/output_error.h"
 #include "console/command_line/terminal_text.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
@@ -44,6 +45,7 @@ void TableWriter::Row(std::span<const Value> values) {
   Line cells;
   cells.reserve(values.size());
   for (const Value& value : values) cells.push_back(OnOneLine(BrazilianText(value)));
+  const std::lock_guard turn(mutex_);
   ++count_;
   if (!measuring_) {
     WriteLine(cells);
@@ -52,9 +54,23 @@ void TableWriter::Row(std::span<const Value> values) {
   Measure(cells);
   kept_.push_back(std::move(cells));
   if (kept_.size() == kMeasured) WriteKept();
+  if (count_ == 1 && terminalWidth_) WriteSoon();
+}
+
+void TableWriter::WriteSoon() {
+  late_ = std::jthread([this](const std::stop_token& end) {
+    std::unique_lock turn(mutex_);
+    ends_.wait_for(turn, end, kPatience, [this] { return !measuring_; });
+    if (!measuring_ || end.stop_requested()) return;
+    try {
+      WriteKept();
+    } catch (const OutputError&) {  // NOLINT(bugprone-empty-catch): the caller's next line raises it again
+    }
+  });
 }
 
 void TableWriter::End() {
+  const std::lock_guard turn(mutex_);
   if (measuring_) WriteKept();
   output_.Write(values::ToUtf8(L"(" + CountText(count_) + (count_ == 1 ? L" linha)\n" : L" linhas)\n")));
   if (!leftOut_.empty()) WriteLeftOut();
@@ -97,14 +113,25 @@ void TableWriter::WriteLeftOut() {
                                names + L"): use --colunas, ou --saida ARQUIVO.csv\n"));
 }
 
+std::wstring TableWriter::Fitted(const std::wstring& cell, std::size_t column) const {
+  const std::size_t width = std::max<std::size_t>(widths_[column], 1);
+  if (!terminalWidth_ || toTheRight_[column] || DisplayWidth(cell) <= width) return cell;
+  std::wstring text = cell.substr(0, width - 1);
+  while (DisplayWidth(text) > width - 1) text.pop_back();
+  // Half of a character of two units.
+  if (!text.empty() && text.back() >= 0xD800 && text.back() <= 0xDBFF) text.pop_back();
+  return text + L'…';
+}
+
 void TableWriter::WriteLine(const Line& cells) {
   std::wstring line;
   for (const std::size_t i : shown_) {
     if (i != shown_.front()) line += kBetween;
-    const std::size_t width = DisplayWidth(cells[i]);
+    const std::wstring cell = Fitted(cells[i], i);
+    const std::size_t width = DisplayWidth(cell);
     const std::size_t missing = widths_[i] > width ? widths_[i] - width : 0;
     if (toTheRight_[i]) line.append(missing, L' ');
-    line += cells[i];
+    line += cell;
     if (!toTheRight_[i]) line.append(missing, L' ');
   }
   line.erase(line.find_last_not_of(L' ') + 1);

@@ -104,6 +104,28 @@ TEST(TableWriter, ShowsAllColumnsOnATerminalThatIsWideEnough) {
             "A  B\n─  ─\nx  y\n(1 linha)\n");
 }
 
+// What a terminal shows of a row that follows a thousand others.
+std::string AfterAThousandRows(const std::vector<Column>& columns, const Cells& others, const Cells& last) {
+  TextOutput output;
+  TableWriter writer(output, std::optional<std::size_t>(80));
+  writer.Begin(ReportOfDepartments(), columns);
+  for (std::size_t i = 0; i < TableWriter::kMeasured; ++i) writer.Row(others);
+  writer.Row(last);
+  writer.End();
+  const std::string before = output.Text().substr(0, output.Text().rfind('\n', output.Text().size() - 2));
+  return before.substr(before.rfind('\n') + 1);
+}
+
+TEST(TableWriter, CutsOffATextOnATerminalThatIsWiderThanItsColumn) {
+  EXPECT_EQ(AfterAThousandRows({{L"A"}, {L"B"}}, {L"abc", L"x"}, {L"abcdefg", L"y"}), "ab…  y");
+  EXPECT_EQ(AfterAThousandRows({{L"A"}, {L"B"}}, {L"abc", L"x"}, {L"\u6587\u66f8\u6587", L"y"}), "\u6587…  y");
+  EXPECT_EQ(AfterAThousandRows({{L""}, {L"B"}}, {L"", L"x"}, {L"abc", L"y"}), "…  y");
+}
+
+TEST(TableWriter, CutsOffNoNumber) {
+  EXPECT_EQ(AfterAThousandRows({{L"A", ColumnKind::kNumber}, {L"B"}}, {1, L"x"}, {1234567, L"y"}), "1234567  y");
+}
+
 TEST(DisplayWidth, CountsEastAsianLettersAndPictogramsTwice) {
   EXPECT_EQ(DisplayWidth(L"caixa"), 5U);
   EXPECT_EQ(DisplayWidth(L"\u6587\u66f8"), 4U);
