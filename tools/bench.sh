@@ -2,7 +2,8 @@
 
 # Every line that the benchmarks print.
 bench_names=(small_report statement_share streamed_rows streamed_memory dataset_rows_log dataset_rows_operadores
-  dataset_rows script_peer dll_size load_and_create)
+  dataset_rows script_peer dll_size load_and_create export_csv export_json export_xlsx export_html export_peer
+  export_memory)
 
 # The preset of the native programs: the tests, which measure nothing, use those that they have built anyway.
 bench_preset=native
@@ -15,7 +16,7 @@ bench_archive() {
 }
 
 build_benches() {
-  build_preset "$bench_preset" kodra-bench-statements kodra-bench-archives kodra-bench-plot
+  build_preset "$bench_preset" kodra-bench-statements kodra-bench-archives kodra-bench-plot kodra-bench-exports kodrarpt
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra-bench kodra_bench_empty
   mkdir -p build/bench
 }
@@ -41,13 +42,17 @@ on_one_core() (
 # programs, written to build/bench/resultados.tsv. Returns 0 when every limit is met, 1 when one is not, more when a
 # benchmark failed: run_benches ROUNDS SIZE [NAME…].
 run_benches() {
-  local rounds=$1 size=$2 status=0 one=0 line chosen=() results=build/bench/resultados.tsv
+  local rounds=$1 size=$2 status=0 one=0 line chosen=() exports=() results=build/bench/resultados.tsv
   shift 2
   printf 'nome\trazao\tcomponente\tdireto\tunidade\tlimite\tcumprido\n' >"$results"
   local benchmark=(wine build/win32/kodra-bench.exe "$(windows_path build/bench)" "$size")
   for line in "${bench_names[@]}" growth; do
-    case $line in statement_share | load_and_create) continue ;; esac
-    if bench_wanted "$line" "$@"; then chosen+=("$line"); fi
+    bench_wanted "$line" "$@" || continue
+    case $line in
+      statement_share | load_and_create) ;;
+      export_*) exports+=("$line") ;;
+      *) chosen+=("$line") ;;
+    esac
   done
   # What the statement is a share of.
   if bench_wanted statement_share "$@" && ! bench_wanted small_report "$@"; then chosen+=(small_report); fi
@@ -68,7 +73,22 @@ run_benches() {
     wine_environment run "${benchmark[@]}" load_and_create 2>>"$logs/wine.log" || one=$?
     [ "$one" -le "$status" ] || status=$one
   fi
+  if [ ${#exports[@]} != 0 ]; then
+    one=0
+    bench_exports "$size" "${exports[@]}" || one=$?
+    [ "$one" -le "$status" ] || status=$one
+  fi
   return "$status"
+}
+
+# The lines export_…, without Wine: bench_exports SIZE LINE…
+bench_exports() {
+  local size=$1 documents=300000 rounds=5 folder=build/bench
+  shift
+  if [ "$size" = small ]; then documents=1000 rounds=1; fi
+  "build/$bench_preset/kodra-bench-exports" --folder "$folder" --program "build/$bench_preset/kodrarpt" \
+    --peer bench/native/export_peer.py --archive "$folder/acervo-$documents.db" --small "$folder/acervo-1000.db" \
+    --rounds "$rounds" "$@"
 }
 
 # The time of the reports with and without each index that `kodrarpt verifica` advises, on SQLite and on MariaDB. It
@@ -104,7 +124,7 @@ bench() {
   build_benches
   step "gera os acervos dos testes de desempenho (uma vez)"
   local documents
-  for documents in 1000 10000 100000 1000000; do bench_archive "acervo-$documents" --documents "$documents"; done
+  for documents in 1000 10000 100000 300000 1000000; do bench_archive "acervo-$documents" --documents "$documents"; done
   bench_archive registros-20000 --documents 100 --registers 20000
   with_wine
   step "o que o componente acrescenta ao que é preciso fazer de qualquer modo"
