@@ -1,7 +1,9 @@
 // kodrarpt: the reports of the archive on a console.
+#include <cerrno>
 #include <iostream>
 
 #include "console/command_line/console.h"
+#include "console/command_line/output_error.h"
 #include "console/command_line/program.h"
 #include "console/commands/commands.h"
 #include "console/run/standard_streams.h"
@@ -12,9 +14,11 @@ int main(int argc, char** argv) {
   kodra::console::Program program(std::cout, std::cerr);
   kodra::console::AddCommands(program);
   auto code = program.Run(kodra::console::Arguments(argc, argv));
+  // After a write that failed during the run, errno still has its reason: nothing is written any more.
+  if (std::cout) errno = 0;
   std::cout.flush();
   if (!std::cout && code == kodra::console::ExitCode::kOk) {
-    std::cerr << "kodrarpt: não foi possível gravar a saída.\n";
+    std::cerr << "kodrarpt: " << kodra::console::StandardOutputError().what() << "\n";
     code = kodra::console::ExitCode::kOutput;
   }
   return static_cast<int>(code);

@@ -6,10 +6,9 @@ namespace kodra::console {
 enum class ExitCode {
   kOk = 0,
   kReportError = 1,    // a report, or the database behind it, failed
-  kNotInPlace = 1,     // confere: something is not where the archive says it is
   kUsage = 2,          // the command line is wrong
   kConnection = 3,     // the database cannot be reached or refuses the user
-  kMismatch = 4,       // verifica: something keeps a report from working
+  kMismatch = 4,       // verifica: something keeps a report from working; confere: something is not in its place
   kOutput = 5,         // a file cannot be read or written
   kInterrupted = 130,  // Ctrl-C or another request to stop; shells use the same codes
   kTerminated = 143,   // SIGTERM

@@ -26,10 +26,11 @@ std::string Line(const std::string& left, const std::string& right, std::size_t 
 const char* const kProgramFooter =
     "Códigos de saída:\n"
     "  0  tudo certo\n"
-    "  1  o relatório ou o banco de dados deu erro; confere: algo não está no lugar\n"
+    "  1  o relatório ou o banco de dados deu erro\n"
     "  2  a linha de comando tem um erro\n"
     "  3  não foi possível conectar ao banco de dados\n"
-    "  4  verifica: um relatório não pode funcionar, porque falta algo, não há permissão ou um tipo está errado\n"
+    "  4  verifica: um relatório não pode funcionar, porque falta algo, não há permissão ou um tipo está errado;\n"
+    "     confere: algo está ausente, em outro lugar ou é desconhecido\n"
     "  5  não foi possível ler ou gravar um arquivo\n"
     "  130  interrompido por Ctrl-C; 143, por SIGTERM\n"
     "\n"
@@ -73,11 +74,12 @@ std::string InPortuguese(const CLI::ParseError& error) {
     const bool tooMany = std::string(error.what()).find("At Most") != std::string::npos;
     return tooMany ? subject + " aparece mais de uma vez" : "falta o valor de " + subject;
   }
-  if (kind == "ValidationError" || kind == "ConversionError") return "valor inválido para " + subject;
+  if (kind == "ConversionError") return "o valor de " + subject + " não é um número inteiro";
+  if (kind == "ValidationError") return "o valor de " + subject + " não serve";
   if (kind == "ExtrasError") return "argumento desconhecido";
   if (kind == "ExcludesError") return subject + " não pode ser usado com outra das opções informadas";
   if (kind == "RequiresError") return subject + " precisa de outra opção";
-  return std::string("linha de comando inválida: ") + error.what();
+  return "a linha de comando tem um erro";
 }
 
 }  // namespace kodra::console

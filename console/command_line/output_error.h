@@ -14,4 +14,7 @@ class OutputError : public std::runtime_error {
   explicit OutputError(const std::wstring& message) : std::runtime_error(values::ToUtf8(message)) {}
 };
 
+// The error of a write to the standard output that failed last, with the reason that errno has, if any.
+OutputError StandardOutputError();
+
 }  // namespace kodra::console

@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "values/utf8.h"
-
 namespace kodra::console {
 namespace {
 
@@ -32,6 +30,7 @@ constexpr auto kReasons = std::to_array<Reason>({
     {std::errc::file_exists, L"já existe um arquivo com esse nome"},
     {std::errc::device_or_resource_busy, L"o arquivo está em uso"},
     {std::errc::too_many_files_open, L"há arquivos demais abertos"},
+    {std::errc::bad_file_descriptor, L"a saída está fechada"},
     {std::errc::broken_pipe, L"quem lia a saída já terminou"},
 });
 
@@ -40,7 +39,7 @@ constexpr auto kReasons = std::to_array<Reason>({
 std::wstring SystemReason(std::error_code error) {
   for (const Reason& reason : kReasons)
     if (error == reason.error) return std::wstring(reason.text);
-  return L"erro " + std::to_wstring(error.value()) + L" do sistema (" + values::FromUtf8(error.message()) + L")";
+  return L"erro " + std::to_wstring(error.value()) + L" do sistema";
 }
 
 }  // namespace kodra::console

@@ -38,7 +38,7 @@ constexpr const char* kFooter =
     "\n"
     "Cada código sai com a sua situação segundo o acervo: presente, emprestado (com quem e desde quando), ausente, em\n"
     "outro lugar (e onde) ou desconhecido. Os totais vão para a saída de erros. O código de saída é 0 se está tudo no\n"
-    "lugar ou emprestado, e 1 se algo está ausente, em outro lugar ou é desconhecido. Nada é gravado no banco.\n"
+    "lugar ou emprestado, e 4 se algo está ausente, em outro lugar ou é desconhecido. Nada é gravado no banco.\n"
     "\n"
     "Exemplo:\n"
     "  KODRARPT_SENHA=… kodrarpt confere --modulo AA001 --modulo AA002 --conexao \"DSN=Acervo;UID=ana\" \\\n"
@@ -108,7 +108,7 @@ class Inventory {
     });
     if (code != ExitCode::kOk) return code;
     program_.Err() << ToUtf8(inventory::Summary(findings)) << "\n";
-    return AllInPlace(findings) ? ExitCode::kOk : ExitCode::kNotInPlace;
+    return AllInPlace(findings) ? ExitCode::kOk : ExitCode::kMismatch;
   }
 
  private:

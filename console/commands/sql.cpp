@@ -18,6 +18,7 @@ namespace {
 constexpr const char* kFooter =
     "Sem --bonito, cada instrução sai em uma linha, byte por byte como o relatório a envia, e as notas vão para a\n"
     "saída de erros. Com --bonito, as notas saem como comentários e cada quebra de linha substitui um espaço.\n"
+    "O ponto e vírgula do fim não faz parte da instrução: separa uma da outra para o programa que as executa.\n"
     "\n"
     "Exemplo:\n"
     "  kodrarpt sql CDocumentoRpt.RelatorioSintetico --banco oracle --bonito \\\n"
@@ -48,7 +49,7 @@ void Print(std::ostream& out, const std::vector<Statement>& statements, bool isL
   const char* separator = "";
   for (const Statement& statement : statements) {
     const std::string text = values::ToUtf8(statement.text);
-    out << separator << (isLaidOut ? LaidOut(text) : text) << "\n";
+    out << separator << (isLaidOut ? LaidOut(text) : text) << ";\n";
     separator = isLaidOut ? "\n" : "";
   }
 }

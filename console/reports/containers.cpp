@@ -5,9 +5,9 @@ namespace kodra::console::guide {
 namespace {
 
 const std::vector<Parameter> kThree = {
-    {"Container1", "Código do primeiro container", "CT01", "container {}"},
-    {"Container2", "Código do segundo container; vazio não traz nenhum", "CT02", "container {}"},
-    {"Container3", "Código do terceiro container; vazio não traz nenhum", "CT03", "container {}"},
+    {"Container1", "Código do primeiro contêiner", "CT01", "contêiner {}"},
+    {"Container2", "Código do segundo contêiner; vazio não traz nenhum", "CT02", "contêiner {}"},
+    {"Container3", "Código do terceiro contêiner; vazio não traz nenhum", "CT03", "contêiner {}"},
 };
 
 }  // namespace
@@ -16,22 +16,22 @@ std::vector<Report> Containers() {
   return {
       {.className = "CContainerRpt",
        .method = "RelatorioContainers",
-       .purpose = "Os containers",
-       .columns = {{"NUM_CONTAINER", kText, "Código do container", "Container"},
-                   {"DESC_CONTAINER", kText, "Descrição do container", "Descrição"}},
-       .page = {kListing, "Containers"}},
+       .purpose = "Os contêineres",
+       .columns = {{"NUM_CONTAINER", kText, "Código do contêiner", "Contêiner"},
+                   {"DESC_CONTAINER", kText, "Descrição do contêiner", "Descrição"}},
+       .page = {kListing, "Contêineres"}},
 
       {.className = "CContainerRpt",
        .method = "EtiquetaAbertura",
-       .purpose = "As etiquetas de até três containers",
+       .purpose = "As etiquetas de até três contêineres",
        .parameters = kThree,
-       .columns = {{"CONTAINER", kText, "Código do container, como foi pedido"},
+       .columns = {{"CONTAINER", kText, "Código do contêiner, como foi pedido"},
                    {"DATA_VENCIMENTO", kDate,
                     "O último prazo dos seus módulos; a data zero, 30/12/1899, se nenhum tem prazo"},
                    {"TIPO_GUARDA", kText, "T se algum módulo tem prazo; senão, o tipo do último módulo"},
                    {"NOME_EMPRESA", kText, "Nome da organização"}},
        .oddities =
-           {{"Basta um módulo com prazo para o container ser do tipo T, quaisquer que sejam os tipos dos módulos",
+           {{"Basta um módulo com prazo para o contêiner ser do tipo T, quaisquer que sejam os tipos dos módulos",
              "A container with one dated module is of kind \"T\","},
             {"O nome da organização é o da última linha de parâmetros que o banco devolver",
              "A container's label may name any company."},
@@ -42,12 +42,12 @@ std::vector<Report> Containers() {
 
       {.className = "CContainerRpt",
        .method = "EtiquetaAberturaSubRpt",
-       .purpose = "Os módulos de até três containers, para as suas etiquetas",
+       .purpose = "Os módulos de até três contêineres, para as suas etiquetas",
        .parameters = kThree,
-       .columns = {{"CONTAINER", kText, "Código do container", "Container"},
+       .columns = {{"CONTAINER", kText, "Código do contêiner", "Contêiner"},
                    {"NUM_CAIXA", kText, "Código do módulo", "Módulo"}},
        .oddities = {kPastedFilters},
-       .page = {kListing, "Módulos dos containers"}},
+       .page = {kListing, "Módulos dos contêineres"}},
   };
 }
 

@@ -1,6 +1,7 @@
 // An Output that writes to a C++ stream, for example the standard output.
 #pragma once
 
+#include <cerrno>
 #include <ostream>
 
 #include "console/command_line/output_error.h"
@@ -14,18 +15,20 @@ class StreamOutput final : public Output {
   explicit StreamOutput(std::ostream& stream) : stream_(stream) {}
 
   void Write(std::string_view bytes) override {
+    errno = 0;
     stream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     Check();
   }
   // Passes everything to the system. Raises OutputError when it cannot be written.
   void Flush() {
+    errno = 0;
     stream_.flush();
     Check();
   }
 
  private:
   void Check() const {
-    if (!stream_) throw OutputError(L"não foi possível gravar a saída.");
+    if (!stream_) throw StandardOutputError();
   }
 
   std::ostream& stream_;

@@ -434,7 +434,26 @@ TEST_F(KodrarptProcess, SaysThatTheStandardOutputIsFull) {
   child.command = {"sh", "-c", "exec \"$0\" lista 2>\"$1\" >/dev/full", KODRARPT, (folder_ / "saida.txt").string()};
   child.output = (folder_ / "resto.txt").string();
   EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
-  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída.\n");
+  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída: o disco está cheio.\n");
+}
+
+// A program that starts this one may make it ignore the signal of a closed pipe.
+TEST_F(KodrarptProcess, SaysThatTheReaderOfItsOutputHasEnded) {
+  testbed::ChildProcess child;
+  child.command = {
+      "sh",
+      "-c",
+      "trap '' PIPE; { \"$0\" executa CSuporteRpt --conexao \"$1\" --formato csv 2>\"$2\"; echo $? >\"$3\"; } "
+      "| head -n 1",
+      KODRARPT,
+      Many().Connection(),
+      (folder_ / "erros.txt").string(),
+      (folder_ / "código.txt").string()};
+  child.output = (folder_ / "saida.txt").string();
+  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 0);
+  EXPECT_EQ(Read(folder_ / "saida.txt"), "DESCR_SUPORTE\r\n");
+  EXPECT_EQ(Read(folder_ / "erros.txt"), "kodrarpt: não foi possível gravar a saída: quem lia a saída já terminou.\n");
+  EXPECT_EQ(Read(folder_ / "código.txt"), "5\n");
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
@@ -443,7 +462,7 @@ TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
                    Many().Connection()};
   child.output = (folder_ / "saida.txt").string();
   EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
-  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída.\n");
+  EXPECT_EQ(Read(folder_ / "saida.txt"), "kodrarpt: não foi possível gravar a saída: a saída está fechada.\n");
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsFull) {

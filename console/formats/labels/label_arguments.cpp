@@ -21,8 +21,9 @@ using namespace pages;
 using values::FromUtf8;
 
 constexpr std::size_t kLargestStockFile = 1 << 20;
-// Most printers cannot print nearer to the edge.
-constexpr Length kUnprintable = 5_mm;
+// Most laser printers cannot print nearer to the edge than about a sixth of an inch. The usual sheets keep away from
+// it.
+constexpr Length kUnprintable = 4.2_mm;
 
 std::vector<std::string> NamesOf(const std::vector<Stock>& stocks) {
   std::vector<std::string> names;

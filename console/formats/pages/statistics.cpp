@@ -17,6 +17,9 @@ using guide::Place;
 constexpr std::wstring_view kAccented = L"áàâãäéèêëíìîïóòôõöúùûüçñÁÀÂÃÄÉÈÊËÍÌÎÏÓÒÔÕÖÚÙÛÜÇÑ";
 constexpr std::wstring_view kPlain = L"aaaaaeeeeiiiiooooouuuucnaaaaaeeeeiiiiooooouuuucn";
 
+// What a report says of a period that was not given: from the zero date to the zero date.
+constexpr std::wstring_view kNoPeriod = L"Período: 30/12/1899 a 30/12/1899";
+
 // The key by which texts are sorted: without case and accents.
 std::wstring AlphabeticalOrder(std::wstring text) {
   for (wchar_t& letter : text) {
@@ -42,7 +45,7 @@ std::wstring JoinedTexts(const RowReader& row, const std::vector<const guide::Co
   std::wstring text;
   for (const guide::Column* column : columns) {
     const std::wstring part = row.Text(column->name);
-    if (!part.empty()) text += (text.empty() ? L"" : L" · ") + part;
+    if (!part.empty() && part != kNoPeriod) text += (text.empty() ? L"" : L" · ") + part;
   }
   return text;
 }

@@ -84,7 +84,7 @@ TEST(ProgramTest, RefusesAWrongNumberAndOptionsThatDoNotGoTogether) {
     const ExitCode code = program.Run(arguments);
     return RunResult{code, out.str(), err.str()};
   };
-  EXPECT_EQ(refusal({"--numero", "sete"}), UsageFailure("valor inválido para --numero"));
+  EXPECT_EQ(refusal({"--numero", "sete"}), UsageFailure("o valor de --numero não é um número inteiro"));
   EXPECT_EQ(refusal({"--estreito", "--largo"}),
             UsageFailure("--largo não pode ser usado com outra das opções informadas"));
   EXPECT_EQ(refusal({"--dobrado"}), UsageFailure("--dobrado precisa de outra opção"));

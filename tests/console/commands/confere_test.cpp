@@ -111,7 +111,7 @@ TEST_P(Confere, SaysOfEachDocumentWhereItIs) {
                                                  "0000000004,ausente," + place + ",,\r\n" +  //
                                                  "0000000005,ausente," + place + ",,\r\n";
   EXPECT_EQ(result,
-            (RunResult{ExitCode::kNotInPlace,
+            (RunResult{ExitCode::kMismatch,
                        kDocumentColumns + documents +
                            "0000000006,em outro lugar,AB002,fileira 4,,,\r\n"
                            "X'Y,desconhecido,,,,,\r\n"
@@ -152,7 +152,7 @@ TEST_P(Confere, ShowsWhoHasADocumentThatIsThereAlthoughItIsLentOut) {
 
 TEST_P(Confere, SaysOfEachModuleWhereItIs) {
   EXPECT_EQ(RunOn({"--conteiner", "C1"}, "AB00101\nC1\nAB003\nAB004\nZZ999\nAB001\n"),
-            (RunResult{ExitCode::kNotInPlace,
+            (RunResult{ExitCode::kMismatch,
                        std::string(kModuleColumns) + "AB001,presente,C1,\"fileira 1, estante 2, prateleira 3\"\r\n"
                                                      "AB002,ausente,C1,fileira 4\r\n"
                                                      "AB003,em outro lugar,C2,\r\n"

@@ -202,15 +202,19 @@ TEST(Etiquetas, WritesAPdfFileUnlessToldOtherwise) {
   EXPECT_EQ(RunLabels(Archive(), {"abertura", "AA001", "--folha", "a4-1x2"}), Success(pdf));
 }
 
+TEST(Etiquetas, SayNothingOfTheUsualStock) {
+  for (const char* const sheet : {"a4-2x4", "a4-2x7", "pimaco-6180", "pimaco-a4262", "pimaco-a4364"})
+    EXPECT_EQ(RunLabels(Archive(), {"abertura", "AA001", "--formato", "html", "--folha", sheet}).err, "") << sheet;
+}
+
 TEST(Etiquetas, WarnsOfStockNearTheEdgeAndOfTextsThatAreCut) {
   const RunResult result = RunLabels(
-      Archive(), {"abertura", "AA001", "--formato", "html", "--folha", "pimaco-6180", "--orgao", std::string(70, 'W')});
+      Archive(), {"abertura", "AA001", "--formato", "html", "--folha", "a4-3x8", "--orgao", std::string(200, 'W')});
   EXPECT_EQ(result.code, ExitCode::kOk);
-  EXPECT_EQ(
-      result.err,
-      "kodrarpt: aviso: na folha pimaco-6180, as etiquetas ficam a 4,8 mm da borda do papel, e muitas impressoras "
-      "não imprimem a menos de 5 mm; confira com um teste\n"
-      "kodrarpt: aviso: na etiqueta AA001, não cabe por inteiro: o órgão\n");
+  EXPECT_EQ(result.err,
+            "kodrarpt: aviso: na folha a4-3x8, as etiquetas ficam a 0 mm da borda do papel, e muitas impressoras "
+            "não imprimem a menos de 4,2 mm; confira com um teste\n"
+            "kodrarpt: aviso: na etiqueta AA001, não cabe por inteiro: o órgão\n");
 }
 
 TEST(Etiquetas, TakesStockFromAFileAndFromItsMeasures) {

@@ -57,6 +57,13 @@ TEST(StatisticsTest, CountsImagedDocumentsByDayInTheOrderOfDays) {
   EXPECT_EQ(Lines(result), (Texts{L"|31/12/2023| 2", L"|01/02/2024| 1", L"|| 3", L"= 3"}));
 }
 
+TEST(StatisticsTest, LeavesOutAPeriodThatWasNotGiven) {
+  const Statistics result = Gathered(L"CEstatIndexRpt", L"RelatorioEstatisticasPorPalavrasChave",
+                                     {L"TIT1", L"OPERADOR", L"DEPTO", L"PC1", L"FUNDO"},
+                                     {{L"Período: 30/12/1899 a 30/12/1899", L"Todos", L"Todos", 12, L"Fundo"}});
+  EXPECT_EQ(result.subtitle, L"");
+}
+
 TEST(StatisticsTest, CountsTheDaysOfEveryYear) {
   // 31 December 0099 and 29 December 1899, each at midnight and at six in the morning, and 31 December 2023.
   const Statistics result = Gathered(
