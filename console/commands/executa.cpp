@@ -1,6 +1,5 @@
 // kodrarpt executa: runs a report and writes its rows.
 #include <CLI/CLI.hpp>
-#include <optional>
 
 #include "console/command_line/console.h"
 #include "console/command_line/parameters.h"
@@ -86,7 +85,7 @@ class Run {
     heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
                 options.parameters.Given()};
     // As the report reads them: "1/2/2024" is 01/02/2024, and "s" is Sim.
-    for (auto& [name, text] : heading_.parameters) text = BrazilianText(parameters_.Get(name));
+    for (auto& [name, text] : heading_.parameters) text = BrazilianText(parameters_.Get(name), ColumnKind::kText);
     formatOptions_.html.labels.print.warn = [this](const std::string& warning) {
       program_.Err() << "kodrarpt: aviso: " << warning << "\n";
     };
@@ -108,14 +107,11 @@ class Run {
     const bool rowsAreSeen = format_ == Format::kTable && run.terminalWidth;
     Progress progress(errors, rowsAreSeen ? Progress::Style::kNone : progressStyle_, SteadySeconds);
     Waiting waiting(errors, progressStyle_);
-    // A report with nothing to list may return no recordset.
-    std::optional<RowSource> source;
-    if (frame::ReportRows rows = OpenReport(method_, connection_, parameters_, run.machine.Around()))
-      source.emplace(std::move(rows));
+    RowSource source(OpenReport(method_, connection_, parameters_, run.machine.Around()), method_);
     waiting.End();
-    writer->Begin(heading_, source ? source->Columns() : std::vector<Column>{});
+    writer->Begin(heading_, source.Columns());
     std::vector<Value> values;
-    while (source && progress.Rows() < mostRows_ && source->Next(values)) {
+    while (progress.Rows() < mostRows_ && source.Next(values)) {
       if (run.stopping.Requested()) return false;
       writer->Row(values);
       progress.Row();
@@ -128,7 +124,7 @@ class Run {
   // The modules of each requested container, for its label.
   labels::ContainerModules ModulesOfContainers(platform::Surroundings& surroundings) {
     const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
-    RowSource source(modules.call(surroundings, connection_, &parameters_));
+    RowSource source(modules.call(surroundings, connection_, &parameters_), modules);
     labels::ContainerModules found;
     std::vector<Value> values;
     while (source.Next(values)) {

@@ -107,13 +107,9 @@ class Run {
 
   papers::ReportTable Read(const reports::ReportMethod& method, OutputRun& run) {
     frame::ParameterObject parameters = options_.parameters.For(method);
-    papers::ReportTable table;
-    // A report with nothing to list may return no recordset.
-    if (frame::ReportRows rows = OpenReport(method, connection_, parameters, run.machine.Around())) {
-      RowSource source(std::move(rows));
-      table.columns = source.Columns();
-      for (std::vector<Value> values; source.Next(values);) table.rows.push_back(values);
-    }
+    RowSource source(OpenReport(method, connection_, parameters, run.machine.Around()), method);
+    papers::ReportTable table = {source.Columns(), {}};
+    for (std::vector<Value> values; source.Next(values);) table.rows.push_back(values);
     return table;
   }
 

@@ -10,6 +10,7 @@
 #include "values/dates.h"
 #include "values/decimal.h"
 #include "values/erro.h"
+#include "values/format_date.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
 
@@ -53,6 +54,18 @@ std::string IsoDateOutsideCalendar(Date date) {
   return values::ToUtf8(text);
 }
 
+// Whether a column of that kind shows the time of day: all rows of a column of moments do, and a column of days only
+// for a value that has one.
+bool HasTime(const values::Calendar& date, ColumnKind kind) {
+  return kind == ColumnKind::kMoment || date.hour != 0 || date.minute != 0 || date.second != 0;
+}
+
+std::wstring BrazilianDate(Date date, ColumnKind kind) {
+  const std::optional<values::Calendar> calendar = CalendarOf(date);
+  if (!calendar) return values::FromUtf8(IsoDateOutsideCalendar(date));
+  return values::FormatDate(*calendar, HasTime(*calendar, kind) ? L"dd/mm/yyyy hh:nn:ss" : L"dd/mm/yyyy");
+}
+
 void AppendIsoDate(Date date, ColumnKind kind, std::string& out) {
   const std::optional<values::Calendar> calendar = CalendarOf(date);
   if (!calendar) {
@@ -68,8 +81,7 @@ void AppendIsoDate(Date date, ColumnKind kind, std::string& out) {
   PutTwoDigits(calendar->hour, text + 11);
   PutTwoDigits(calendar->minute, text + 14);
   PutTwoDigits(calendar->second, text + 17);
-  const bool midnight = calendar->hour == 0 && calendar->minute == 0 && calendar->second == 0;
-  out.append(text, midnight && kind != ColumnKind::kMoment ? kDayLength : sizeof text - 1);
+  out.append(text, HasTime(*calendar, kind) ? sizeof text - 1 : kDayLength);
 }
 
 }  // namespace
@@ -125,10 +137,9 @@ void AppendIsoText(const Value& value, ColumnKind kind, std::string& out) {
   }
 }
 
-std::wstring BrazilianText(const Value& value) {
+std::wstring BrazilianText(const Value& value, ColumnKind kind) {
   if (value.Is<bool>()) return value.As<bool>() ? L"Sim" : L"Não";
-  if (value.Is<Date>() && !IsInCalendar(value.As<Date>()))
-    return values::FromUtf8(IsoDateOutsideCalendar(value.As<Date>()));
+  if (value.Is<Date>()) return BrazilianDate(value.As<Date>(), kind);
   return values::ToTextOrEmpty(value);
 }
 

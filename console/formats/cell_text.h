@@ -25,8 +25,9 @@ std::string IsoText(const Value& value, ColumnKind kind);
 // The same at the end of `out`.
 void AppendIsoText(const Value& value, ColumnKind kind, std::string& out);
 
-// For people: the text itself, 1234,5, Sim or Não, 31/12/2023 or 31/12/2023 10:20:30.
-std::wstring BrazilianText(const Value& value);
+// For people: the text itself, 1234,5, Sim or Não, 31/12/2023 or 31/12/2023 10:20:30. The time of day is written as in
+// ISO form.
+std::wstring BrazilianText(const Value& value, ColumnKind kind);
 
 // A count with points between groups of three digits: 1.234.567.
 std::wstring CountText(std::uint64_t count);

@@ -31,14 +31,12 @@ std::vector<std::size_t> IndicesOf(const std::string& name, std::span<const Colu
 
 void ChosenColumns::Begin(const Heading& heading, std::span<const Column> columns) {
   std::vector<Column> shown;
-  if (!columns.empty()) {
-    for (const std::string& name : names_) {
-      const std::vector<std::size_t> indices = IndicesOf(name, columns);
-      if (indices.empty()) RaiseUnknown(name, columns);
-      for (const std::size_t index : indices) {
-        chosen_.push_back(index);
-        shown.push_back(columns[index]);
-      }
+  for (const std::string& name : names_) {
+    const std::vector<std::size_t> indices = IndicesOf(name, columns);
+    if (indices.empty()) RaiseUnknown(name, columns);
+    for (const std::size_t index : indices) {
+      chosen_.push_back(index);
+      shown.push_back(columns[index]);
     }
   }
   writer_->Begin(heading, shown);

@@ -15,7 +15,7 @@ class ChosenColumns final : public RowWriter {
   ChosenColumns(std::unique_ptr<RowWriter> writer, std::vector<std::string> names)
       : writer_(std::move(writer)), names_(std::move(names)) {}
 
-  // Raises UsageError for a name that no column has, unless the report has no recordset.
+  // Raises UsageError for a name that no column has.
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override;
   void End() override { writer_->End(); }

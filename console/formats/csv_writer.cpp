@@ -25,11 +25,7 @@ void CsvWriter::Begin(const Heading& /*heading*/, std::span<const Column> column
     values::AppendUtf8(column.name, line_);
     QuoteFrom(start);
   }
-  if (kinds_.empty()) {
-    output_.Write(line_);
-  } else {
-    EndLine();
-  }
+  EndLine();
 }
 
 void CsvWriter::Row(std::span<const Value> values) {
@@ -45,7 +41,7 @@ void CsvWriter::AppendCell(const Value& value, ColumnKind kind) {
   if (!options_.forSpreadsheet) {
     AppendIsoText(value, kind, line_);
   } else {
-    values::AppendUtf8(BrazilianText(value), line_);
+    values::AppendUtf8(BrazilianText(value, kind), line_);
     const bool isNumber = NumberIn(value).has_value();
     if (!isNumber && BeginsFormula(std::string_view(line_).substr(start))) line_.insert(start, 1, '\'');
   }

@@ -24,10 +24,14 @@ class RowReader {
     const std::size_t index = IndexOf(column);
     return index < values_.size() ? values_[index] : kNone;
   }
-  // As people read it, without blanks at the end, as fixed-width columns have them.
-  std::wstring Text(std::string_view column) const { return TextOf(Get(column)); }
-  static std::wstring TextOf(const Value& value) {
-    std::wstring text = BrazilianText(value);
+  // As people read it.
+  std::wstring WholeText(std::string_view column) const {
+    const std::size_t index = IndexOf(column);
+    return index < values_.size() ? BrazilianText(values_[index], columns_[index].kind) : std::wstring();
+  }
+  // The same without the blanks at its end that fixed-width columns have.
+  std::wstring Text(std::string_view column) const {
+    std::wstring text = WholeText(column);
     text.erase(text.find_last_not_of(L' ') + 1);
     return text;
   }

@@ -46,7 +46,7 @@ class RowWriter {
  public:
   virtual ~RowWriter() = default;
 
-  // Called first, once. A report without a recordset has no columns.
+  // Called first, once.
   virtual void Begin(const Heading& heading, std::span<const Column> columns) = 0;
   // Takes one value for each column.
   virtual void Row(std::span<const Value> values) = 0;

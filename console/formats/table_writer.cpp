@@ -35,7 +35,7 @@ std::wstring OnOneLine(std::wstring_view text) {
 void TableWriter::Begin(const Heading& /*heading*/, std::span<const Column> columns) {
   for (const Column& column : columns) {
     names_.push_back(OnOneLine(column.name));
-    toTheRight_.push_back(column.kind == ColumnKind::kNumber);
+    kinds_.push_back(column.kind);
   }
   widths_.resize(columns.size());
   Measure(names_);
@@ -44,7 +44,7 @@ void TableWriter::Begin(const Heading& /*heading*/, std::span<const Column> colu
 void TableWriter::Row(std::span<const Value> values) {
   Line cells;
   cells.reserve(values.size());
-  for (const Value& value : values) cells.push_back(OnOneLine(BrazilianText(value)));
+  for (std::size_t i = 0; i < values.size(); ++i) cells.push_back(OnOneLine(BrazilianText(values[i], kinds_[i])));
   const std::lock_guard turn(mutex_);
   ++count_;
   if (!measuring_) {
@@ -82,7 +82,6 @@ void TableWriter::Measure(const Line& cells) {
 
 void TableWriter::WriteKept() {
   measuring_ = false;
-  if (names_.empty()) return;
   Fit();
   WriteLine(names_);
   Line rule;
@@ -115,7 +114,7 @@ void TableWriter::WriteLeftOut() {
 
 std::wstring TableWriter::Fitted(const std::wstring& cell, std::size_t column) const {
   const std::size_t width = std::max<std::size_t>(widths_[column], 1);
-  if (!terminalWidth_ || toTheRight_[column] || DisplayWidth(cell) <= width) return cell;
+  if (!terminalWidth_ || kinds_[column] == ColumnKind::kNumber || DisplayWidth(cell) <= width) return cell;
   std::wstring text = cell.substr(0, width - 1);
   while (DisplayWidth(text) > width - 1) text.pop_back();
   // Half of a character of two units.
@@ -130,9 +129,10 @@ void TableWriter::WriteLine(const Line& cells) {
     const std::wstring cell = Fitted(cells[i], i);
     const std::size_t width = DisplayWidth(cell);
     const std::size_t missing = widths_[i] > width ? widths_[i] - width : 0;
-    if (toTheRight_[i]) line.append(missing, L' ');
+    const bool toTheRight = kinds_[i] == ColumnKind::kNumber;
+    if (toTheRight) line.append(missing, L' ');
     line += cell;
-    if (!toTheRight_[i]) line.append(missing, L' ');
+    if (!toTheRight) line.append(missing, L' ');
   }
   line.erase(line.find_last_not_of(L' ') + 1);
   output_.Write(values::ToUtf8(line) + "\n");

@@ -58,7 +58,7 @@ class TableWriter final : public RowWriter {
   Output& output_;
   std::optional<std::size_t> terminalWidth_;
   Line names_;
-  std::vector<bool> toTheRight_;
+  std::vector<ColumnKind> kinds_;
   std::vector<std::size_t> widths_;
   std::vector<std::size_t> shown_;  // indices of the columns
   Line leftOut_;                    // names of the other columns

@@ -9,7 +9,6 @@
 #include <filesystem>
 
 #include "console/command_line/output_error.h"
-#include "console/command_line/suggest.h"
 #include "console/command_line/system_reason.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
@@ -63,23 +62,6 @@ bool FitsASpreadsheet(const Value& value, double number) {
   return std::isfinite(number) && !HasMoreDigits(number);
 }
 
-// The columns of a report by the guide, for one that returned no recordset.
-std::vector<Column> ColumnsOf(const guide::Report& report) {
-  std::vector<Column> columns;
-  for (const guide::Column& column : report.columns) columns.push_back({FromUtf8(column.name)});
-  return columns;
-}
-
-// What the guide says of a column; null for a column or a report that it does not know. Databases differ in the letter
-// case of names.
-const guide::Column* Find(const guide::Report* report, std::wstring_view name) {
-  if (report == nullptr) return nullptr;
-  const std::string folded = Folded(ToUtf8(name));
-  const auto found =
-      std::ranges::find(report->columns, folded, [](const guide::Column& column) { return Folded(column.name); });
-  return found == report->columns.end() ? nullptr : &*found;
-}
-
 // The end of a message about a library call that failed: with the reason, unless errno is 0.
 std::wstring Because(int systemError) {
   if (systemError == 0) return L".";
@@ -114,9 +96,9 @@ class XlsxWriter final : public RowWriter {
     const guide::Report* const report = guide::Find(heading.className, heading.method);
     SetProperties(heading);
     SetPage(report != nullptr && !report->page.title.empty() ? FromUtf8(report->page.title) : heading.title);
-    std::vector<Column> shown(columns.begin(), columns.end());
-    if (shown.empty() && report != nullptr) shown = ColumnsOf(*report);
-    for (const Column& column : shown) columns_.push_back({column.name, column.kind, Find(report, column.name)});
+    for (const Column& column : columns)
+      columns_.push_back(
+          {column.name, column.kind, report == nullptr ? nullptr : guide::FindColumn(*report, column.name)});
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const auto at = static_cast<lxw_col_t>(i);
       const std::wstring text = HeadingOf(columns_[i]);
@@ -240,26 +222,27 @@ class XlsxWriter final : public RowWriter {
     if (number && FitsASpreadsheet(value, *number)) return WriteNumber(at, *number);
     if (value.Is<double>() && HasMoreDigits(*number))
       return WriteText(at, FromUtf8(IsoText(value, ColumnKind::kNumber)));
-    return WriteText(at, BrazilianText(value));
+    return WriteText(at, BrazilianText(value, columns_[at].kind));
   }
 
   lxw_error WriteDate(lxw_col_t at, Date date) {
     const bool counted = date.days >= kFirstCountedDay && date.days < kBeyondLastDay;
-    if (!counted) return WriteText(at, BrazilianText(date));
+    if (!counted) return WriteText(at, BrazilianText(date, columns_[at].kind));
     const bool day = columns_[at].kind != ColumnKind::kMoment && date.days == std::floor(date.days);
     Widen(at, day ? std::size_t{10} : std::size_t{19});
     return worksheet_write_number(sheet_, row_, at, date.days, day ? day_ : moment_);
   }
 
   lxw_error WriteNumber(lxw_col_t at, double number) {
-    Widen(at, BrazilianText(number).size());
+    Widen(at, BrazilianText(number, ColumnKind::kNumber).size());
     return worksheet_write_number(sheet_, row_, at, number, nullptr);
   }
 
   lxw_error WriteText(lxw_col_t at, const std::wstring& text) {
     if (text.empty()) return LXW_NO_ERROR;
     // A character has at most two units.
-    if (text.size() > kMostUnits / 2 && values::ToUtf16(text).size() > kMostUnits) return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
+    if (text.size() > kMostUnits / 2 && values::ToUtf16(text).size() > kMostUnits)
+      return LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED;
     const std::size_t width = DisplayWidth(text);
     Widen(at, width);
     columns_[at].hasText = true;

@@ -1,5 +1,5 @@
 // A spreadsheet (Office Open XML) with one sheet. Its first row has the names of the columns; it stays visible and has
-// a filter. A report without recordset has the names that the guide lists. Columns that continue the text of the one
+// a filter. Columns that continue the text of the one
 // before them, as those of the event log, are hidden at the end of the sheet if they are empty in all rows.
 //
 // It is printed on A4, in landscape if it is wide, with all columns on the width of a page, the title and the names on

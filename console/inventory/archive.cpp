@@ -116,7 +116,7 @@ void Archive::ForEachRow(std::wstring_view className, std::wstring_view method, 
   const reports::ReportMethod& report = *reports::FindReportMethod(className, method);
   frame::ParameterObject object(frame::ParameterClassNamed(report.parameterClass));
   for (const auto& [name, value] : parameters) object.Let(name, value);
-  RowSource source(OpenReport(report, connection_, object, surroundings_));
+  RowSource source(OpenReport(report, connection_, object, surroundings_), report);
   std::vector<Value> values;
   while (!Interruption::Requested() && source.Next(values)) visit(RowReader(source.Columns(), values));
 }

@@ -141,7 +141,7 @@ std::vector<Report> Documents() {
                       {"CodDocto", "Código do documento", "D000001", "documento {}", false},
                       {"DataInicial", "Primeiro dia", "01/02/2024", "desde {}", false},
                       {"DataFinal", "Último dia", "29/02/2024", "até {}", false}},
-       .columns = {{"DATA", kDate, "Data e hora do evento", "Data"},
+       .columns = {{"DATA", kMoment, "Data e hora do evento", "Data"},
                    {"HORA", kText, "Hora do evento, hh:mm:ss", {}, kNowhere},
                    {"DESCR_OPERADOR", kText, "Operador, até 250 caracteres", "Operador"},
                    {"MAQUINA", kText, "Computador, até 250 caracteres", "Máquina"},

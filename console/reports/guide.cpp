@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "console/reports/families.h"
+#include "values/upper.h"
+#include "values/utf8.h"
 
 namespace kodra::console::guide {
 
@@ -28,6 +30,13 @@ const Report* Find(std::wstring_view className, std::wstring_view method) {
 }
 
 const Report& About(const reports::ReportMethod& method) { return *Find(method.className, method.method); }
+
+const Column* FindColumn(const Report& report, std::wstring_view name) {
+  const auto found = std::ranges::find_if(report.columns, [&](const Column& column) {
+    return values::EqualIgnoringCase(values::FromUtf8(column.name), name);
+  });
+  return found == report.columns.end() ? nullptr : &*found;
+}
 
 bool IsOddOnSqlite(const Report& report) {
   return std::ranges::any_of(report.oddities,

@@ -11,7 +11,13 @@
 
 namespace kodra::console::guide {
 
-enum class ValueType { kText, kNumber, kDate, kFlag };
+enum class ValueType {
+  kText,
+  kNumber,
+  kDate,    // a day, although some databases store it with a time of day
+  kMoment,  // a day with its time
+  kFlag,
+};
 
 // Where the printed page shows a column. Labels and the figures of a statistic look their columns up by name instead.
 enum class Place {
@@ -128,5 +134,9 @@ bool IsOddOnSqlite(const Report& report);
 
 // The columns that the page shows in a place, in their order on paper.
 std::vector<const Column*> ColumnsIn(Place place, const Report& report);
+// The column of that name, in any letter case, because databases differ in it; null for a name that the entry does not
+// have.
+const Column* FindColumn(const Report& report, std::wstring_view name);
+
 
 }  // namespace kodra::console::guide

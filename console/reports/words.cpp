@@ -14,6 +14,8 @@ std::string_view TypeWord(ValueType type) {
       return "número";
     case ValueType::kDate:
       return "data";
+    case ValueType::kMoment:
+      return "data e hora";
     case ValueType::kFlag:
       return "sim ou não";
   }

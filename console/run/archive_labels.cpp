@@ -43,9 +43,7 @@ void ArchiveLabels::ForEachRow(std::wstring_view className, std::wstring_view me
   const reports::ReportMethod& report = *reports::FindReportMethod(className, method);
   frame::ParameterObject object(frame::ParameterClassNamed(report.parameterClass));
   for (const auto& [name, value] : parameters) object.Let(name, value);
-  frame::ReportRows rows = OpenReport(report, connection_, object, surroundings_);
-  if (!rows) return;
-  RowSource source(std::move(rows));
+  RowSource source(OpenReport(report, connection_, object, surroundings_), report);
   std::vector<Value> values;
   while (!Interruption::Requested() && source.Next(values)) take(RowReader(source.Columns(), values));
 }

@@ -1,10 +1,22 @@
 #include "console/run/row_source.h"
 
+#include "console/reports/guide.h"
 #include "odbc/engine/types.h"
+#include "values/utf8.h"
 
 namespace kodra::console {
 
 namespace ad = platform::ad;
+
+namespace {
+
+// The kind of a column that the guide describes, of which the database says `declared`.
+ColumnKind KindOf(const guide::Column& column, ColumnKind declared) {
+  if (column.type == guide::ValueType::kDate) return ColumnKind::kDay;
+  return column.type == guide::ValueType::kMoment ? ColumnKind::kMoment : declared;
+}
+
+}  // namespace
 
 ColumnKind KindOfType(std::int32_t adoType) {
   switch (adoType) {
@@ -35,9 +47,17 @@ ColumnKind KindOfType(std::int32_t adoType) {
   }
 }
 
-RowSource::RowSource(frame::ReportRows rows) : rows_(std::move(rows)) {
+RowSource::RowSource(frame::ReportRows rows, const reports::ReportMethod& method) : rows_(std::move(rows)) {
+  const guide::Report& about = guide::About(method);
+  if (!rows_) {
+    for (const guide::Column& column : about.columns)
+      columns_.push_back({values::FromUtf8(column.name), KindOf(column, ColumnKind::kText)});
+    return;
+  }
   for (platform::Column& column : rows_->Columns()) {
-    columns_.push_back({std::move(column.name), KindOfType(column.type)});
+    ColumnKind kind = KindOfType(column.type);
+    if (const guide::Column* known = guide::FindColumn(about, column.name)) kind = KindOf(*known, kind);
+    columns_.push_back({std::move(column.name), kind});
     fields_.push_back(std::move(column.field));
   }
   // A recordset that the report filled itself may be on its last row. Every other one is on its first row, and moving a
@@ -46,6 +66,7 @@ RowSource::RowSource(frame::ReportRows rows) : rows_(std::move(rows)) {
 }
 
 bool RowSource::Next(std::vector<Value>& values) {
+  if (!rows_) return false;
   // The previous row is freed first, so that two long texts are never in memory at once.
   values.clear();
   if (started_) rows_->MoveNext();

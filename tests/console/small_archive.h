@@ -8,7 +8,7 @@
 namespace kodra::tests {
 
 // The connection string of the archive: two departments, two documents on paper, two containers with one module each,
-// and no operator. The archive is created once per test program.
+// no operator and no event. The archive is created once per test program.
 std::wstring SmallArchiveOn(Engine engine);
 
 }  // namespace kodra::tests

@@ -1,5 +1,6 @@
 // The console program's guide to the reports, compared with their rows on both databases.
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <optional>
 
@@ -70,6 +71,8 @@ bool IsOfType(const Value& value, ValueType type) {
     case ValueType::kNumber:
       return value.Is<double>();
     case ValueType::kDate:
+      return value.Is<Date>() && value.As<Date>().days == std::floor(value.As<Date>().days);
+    case ValueType::kMoment:
       return value.Is<Date>();
     case ValueType::kFlag:
       return value.Is<bool>();

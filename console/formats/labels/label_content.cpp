@@ -85,7 +85,9 @@ std::wstring RetentionText(std::wstring_view kind, const Value& until, std::wstr
   if (kind == L"D") return L"descarte após o fechamento";
   std::wstring text = kind == L"T" ? L"guarda por prazo" : kind.empty() ? L"" : L"guarda " + std::wstring(kind);
   if (!years.empty() && years != L"0") text += L", " + std::wstring(years) + (years == L"1" ? L" ano" : L" anos");
-  if (dated) text += (text.empty() ? L"até " : L", até ") + BrazilianText(Date{std::floor(until.As<Date>().days)});
+  if (dated)
+    text +=
+        (text.empty() ? L"até " : L", até ") + BrazilianText(Date{std::floor(until.As<Date>().days)}, ColumnKind::kDay);
   return text;
 }
 

@@ -20,7 +20,7 @@ std::wstring WholeText(const guide::Column& column, const guide::Report& report,
   for (const guide::Column& each : report.columns) {
     if (each.place != guide::Place::kContinuation) isWithin = each.name == column.name;
     if (!isWithin) continue;
-    text += BrazilianText(row.Get(each.name));
+    text += row.WholeText(each.name);
     ++parts;
   }
   return parts == 1 ? row.Text(column.name) : text;
@@ -43,8 +43,9 @@ constexpr std::size_t kUnbrokenLength = 14;
 
 Cell CellOf(const guide::Column& column, const RowReader& row) {
   const Value& value = row.Get(column.name);
-  const bool isDate = value.Is<Date>() || column.type == guide::ValueType::kDate;
-  Cell cell = {RowReader::TextOf(value), NumberIn(value).has_value(), isDate};
+  const bool isDate =
+      value.Is<Date>() || column.type == guide::ValueType::kDate || column.type == guide::ValueType::kMoment;
+  Cell cell = {row.Text(column.name), NumberIn(value).has_value(), isDate};
   if (cell.isNumber && column.type == guide::ValueType::kNumber) cell.text = WithThousands(cell.text);
   if (value.Is<std::wstring>() && cell.text.size() <= kUnbrokenLength && cell.text.find(L' ') == cell.text.npos)
     cell.isWhole = true;

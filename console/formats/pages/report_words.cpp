@@ -23,7 +23,7 @@ std::wstring GivenText(std::string_view name, const Heading& heading) {
 std::wstring InWords(std::string_view words, const std::wstring& text) {
   std::wstring filter = FromUtf8(words);
   const std::size_t place = filter.find(L"{}");
-  if (place == filter.npos) return text == BrazilianText(true) ? filter : std::wstring();
+  if (place == filter.npos) return text == BrazilianText(true, ColumnKind::kFlag) ? filter : std::wstring();
   return filter.replace(place, 2, text);
 }
 

@@ -97,7 +97,10 @@ StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, const gu
   if (value.Is<Date>()) {
     // A day before 30 December 1899 is negative, and its time of day makes the number smaller still.
     const Date day{std::trunc(value.As<Date>().days)};
-    if (!IsInCalendar(day)) return {BrazilianText(day), BrazilianText(day)};
+    if (!IsInCalendar(day)) {
+      const std::wstring name = BrazilianText(day, ColumnKind::kDay);
+      return {name, name};
+    }
     return {values::FormatDate(day, L"yyyymmdd"), values::FormatDate(day, L"dd/mm/yyyy")};
   }
   std::wstring name = row.Text(column->name);

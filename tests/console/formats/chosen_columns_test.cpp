@@ -45,12 +45,5 @@ TEST(ChosenColumns, RefuseAnUnknownNameBeforeAnythingIsWritten) {
   EXPECT_EQ(output.Text(), "");
 }
 
-TEST(ChosenColumns, AreNoneOfAReportWithoutRecordset) {
-  TextOutput output;
-  ChosenColumns writer(std::make_unique<CsvWriter>(output, CsvOptions{}), {"COD"});
-  WriteTo(writer, {}, {});
-  EXPECT_EQ(output.Text(), "");
-}
-
 }  // namespace
 }  // namespace kodra::console

@@ -23,7 +23,7 @@ TEST(TableWriter, AlignsColumnsByWhatTheTerminalShows) {
       "SÉRIE      PÁGINAS  ARMAZENADO           ATIVA\n"
       "─────────  ───────  ───────────────────  ─────\n"
       "Admissões   1234,5  31/12/2023 10:20:30  Sim\n"
-      "Férias           7  31/12/2023           Não\n"
+      "Férias           7  31/12/2023 00:00:00  Não\n"
       "\n"
       "(3 linhas)\n");
 }
@@ -31,6 +31,17 @@ TEST(TableWriter, AlignsColumnsByWhatTheTerminalShows) {
 TEST(TableWriter, WritesNumbersOfEveryTypeAsPeopleReadThem) {
   EXPECT_EQ(Table({{L"A"}, {L"B"}, {L"C"}}, {{0.1F, Currency{-1}, Decimal{.low = 1250, .scale = 2}}}),
             "A    B        C\n───  ───────  ────\n0,1  -0,0001  12,5\n(1 linha)\n");
+}
+
+TEST(TableWriter, WritesTheTimeInEveryRowOfAColumnOfMomentsAndOnlyWhereThereIsOneInOthers) {
+  EXPECT_EQ(Table({{L"DIA", ColumnKind::kDay}, {L"MOMENTO", ColumnKind::kMoment}, {L"TEXTO"}},
+                  {{kDay, kDay, kDay}, {kMoment, kMoment, kMoment}, {Date{0}, Date{0}, Date{0}}}),
+            "DIA                  MOMENTO              TEXTO\n"
+            "───────────────────  ───────────────────  ───────────────────\n"
+            "31/12/2023           31/12/2023 00:00:00  31/12/2023\n"
+            "31/12/2023 10:20:30  31/12/2023 10:20:30  31/12/2023 10:20:30\n"
+            "30/12/1899           30/12/1899 00:00:00  30/12/1899\n"
+            "(3 linhas)\n");
 }
 
 TEST(TableWriter, WritesADateBeforeTheYear100InIsoForm) {
@@ -47,7 +58,6 @@ TEST(TableWriter, CountsNoWidthForACombiningAccent) {
 TEST(TableWriter, SaysHowManyRowsThereAre) {
   EXPECT_EQ(Table({{L"A"}}, {}), "A\n─\n(0 linhas)\n");
   EXPECT_EQ(Table({{L"A"}}, {{L"x"}}), "A\n─\nx\n(1 linha)\n");
-  EXPECT_EQ(Table({}, {}), "(0 linhas)\n");
 }
 
 TEST(TableWriter, WritesACellOnOneLineWithoutControlCharacters) {

@@ -299,22 +299,6 @@ TEST_F(XlsxWriterTest, HasItsNamesWithoutRows) {
             "</sheetData>");
 }
 
-TEST_F(XlsxWriterTest, HasTheNamesOfTheGuideForAReportWithoutRecordset) {
-  const auto writer = NewXlsxWriter(Path(), {});
-  writer->Begin({L"CSuporteRpt", L"RelatorioSuportes", L"Suportes", {}}, {});
-  writer->End();
-  EXPECT_EQ(Between(Part("xl/worksheets/sheet1.xml"), "<sheetData>", "</sheetData>"),
-            "<sheetData><row r=\"1\"><c r=\"A1\" s=\"1\" t=\"inlineStr\"><is><t>DESCR_SUPORTE</t></is></c></row>"
-            "</sheetData>");
-}
-
-TEST_F(XlsxWriterTest, IsEmptyWithoutColumns) {
-  const auto writer = NewXlsxWriter(Path(), {});
-  writer->Begin({L"", L"", L"Nada", {}}, {});
-  writer->End();
-  EXPECT_NE(Part("xl/worksheets/sheet1.xml").find("<sheetData/>"), std::string::npos);
-}
-
 TEST_F(XlsxWriterTest, RefusesATextLongerThanACellHolds) {
   Write({{L"A"}}, {{std::wstring(32767, L'ã')}});
   const auto write = [&] { Write({{L"A"}, {L"OBS"}}, {{L"x", L"y"}, {L"x", std::wstring(32768, L'ã')}}); };

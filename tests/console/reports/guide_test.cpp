@@ -109,6 +109,26 @@ TEST(GuideTest, LinksEachOddityToItsEntry) {
       EXPECT_NE(behaviours.str().find("\n**" + std::string(oddity.entry)), std::string::npos) << oddity.entry;
 }
 
+// The databases have the same column as a day or as a day with its time; the entries say which it is.
+TEST(GuideTest, HasTheTimeOfDayWhereTheTablesHaveIt) {
+  std::set<std::string> days, moments;
+  for (const guide::Report& report : guide::Reports()) {
+    for (const guide::Column& column : report.columns) {
+      if (column.type == guide::ValueType::kDate) days.emplace(column.name);
+      if (column.type == guide::ValueType::kMoment) moments.emplace(column.name);
+    }
+  }
+  EXPECT_EQ(days, (std::set<std::string>{"DATA_FECHAMENTO", "DATA_GRAVACAO", "DATA_VENCIMENTO", "DT_VENC"}));
+  EXPECT_EQ(moments, (std::set<std::string>{"DATA", "DATA_INDEXACAO", "DT_ARMAZ"}));
+}
+
+TEST(GuideTest, FindsAColumnInAnyLetterCase) {
+  const guide::Report& report = *guide::Find(L"CDeptoRpt", L"RelatorioDeptos");
+  EXPECT_EQ(guide::FindColumn(report, L"cidade"), guide::FindColumn(report, L"CIDADE"));
+  EXPECT_EQ(guide::FindColumn(report, L"CIDADE")->name, "CIDADE");
+  EXPECT_EQ(guide::FindColumn(report, L"CIDADES"), nullptr);
+}
+
 TEST(GuideTest, EndsNoTextWithAFullStop) {
   for (const guide::Report& report : guide::Reports()) {
     EXPECT_FALSE(report.purpose.empty() || report.purpose.ends_with('.')) << NameOfEntry(report);

@@ -30,6 +30,14 @@ TEST(ReportPages, SayTheFiltersInWords) {
       L"linha: Armazenados desde 01/02/2024 · armazenados até 29/02/2024 · departamento 001");
 }
 
+TEST(ReportPages, HaveTheTimeInEveryRowOfAColumnOfMoments) {
+  const Lines lines = Printed({L"CDocumentoRpt", L"RelatorioSintetico", L"", {}},
+                              {{L"COD_DOCTO"}, {L"DT_ARMAZ", ColumnKind::kMoment}, {L"DT_VENC", ColumnKind::kDay}},
+                              {{L"1", Date{45291.5}, Date{45291}}, {L"2", Date{45291}, Date{45291}}});
+  EXPECT_EQ(lines[3], L"| 1 |  |  |  | 31/12/2023 12:00:00 | 31/12/2023 |  |  ");
+  EXPECT_EQ(lines[4], L"| 2 |  |  |  | 31/12/2023 00:00:00 | 31/12/2023 |  |  ");
+}
+
 TEST(ReportPages, MentionAFlagOnlyIfItIsSet) {
   const auto line = [](const wchar_t* flag) {
     return Printed({L"CCaixaRpt", L"RelatoriosModulos", L"", {{L"CodDepto", L""}, {L"SomenteExistentes", flag}}}, {},
