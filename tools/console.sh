@@ -136,6 +136,8 @@ group_console() {
   same sql CModeloRpt --banco oracle --CodModelo 'um "dois" tr\ês'
   same sql CDeptoRpt --banco açúcar
   same lísta
+  same lista --json
+  same executa CLogRpt --help
   # The same rows through ADO and the siblings by ProgID as through ODBC and the siblings that are linked in.
   with_wine
   local report format connection="Driver={SQLite3};Database=$PWD/build/test/acervo.db"
@@ -146,6 +148,8 @@ group_console() {
     done
   done
   same executa CDeptoRpt --conexao "$connection" --formato cvs
+  same executa CDeptoRpt --conexao "Driver={SQLite3};Database=nada.db" --detalhes
+  same executa CDocumentoRpt.RelatorioSintetico --conexao "$connection" --CodDepto 999
   same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
   printf '0000000021\r\n0000000022\r\n0000000001\r\nX\r\n' >build/console/lidos.txt
   same confere --modulo AA002 --conexao "$connection" --lista build/console/lidos.txt --formato csv

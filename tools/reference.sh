@@ -1,7 +1,7 @@
-# What is made from the sources and committed: the reference pages, the help texts of the IDL, and the completion and
-# manual page of kodrarpt.
+# What is made from the sources and committed: the reference pages, the guide's table of errors, the help texts of the
+# IDL, and the completion and manual page of kodrarpt.
 
-made=(docs/reference idl/kodrarpt.idl packaging/console)
+made=(docs/reference docs/guia.pt-BR.md idl/kodrarpt.idl packaging/console)
 
 make_reference() {
   build_preset sanitize kodra-reference

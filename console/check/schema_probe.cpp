@@ -145,9 +145,7 @@ std::vector<std::int32_t> SchemaProbe::TypesOf(const std::wstring& list, const s
 
 Problem SchemaProbe::Refused(const std::wstring& what, const Erro& error) {
   const std::int32_t number = connection_.ErrorCount() > 0 ? connection_.NativeError(0) : 0;
-  if (databaseCode_ == sql::tbSQLite && (number == kNotADatabase || number == kCorrupt))
-    throw ConnectionError(Erro(error.Number(), error.Source(),
-                               L"o arquivo não é um banco de dados SQLite ou está danificado: " + error.Description()));
+  if (databaseCode_ == sql::tbSQLite && (number == kNotADatabase || number == kCorrupt)) throw ConnectionError(error);
   refusals_[what] = error.Description();
   const bool isForbidden = std::ranges::any_of(
       kForbidden, [&](const NativeCode& code) { return code.databaseCode == databaseCode_ && code.number == number; });

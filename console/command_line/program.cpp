@@ -2,8 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <new>
 
 #include "console/command_line/connection_error.h"
+#include "console/command_line/error_message.h"
 #include "console/command_line/help.h"
 #include "console/command_line/output_error.h"
 #include "console/command_line/suggest.h"
@@ -35,11 +37,6 @@ void CheckExtras(const CLI::App& command) {
   throw UsageError("\"" + command.get_name() + "\" não tem a opção \"" + name + "\"" + DidYouMean(name, known));
 }
 
-std::string Described(const Erro& error) {
-  return values::ToUtf8(L"erro " + std::to_wstring(error.Number()) + L" em " + error.Source() + L":\n" +
-                        error.Description());
-}
-
 // A message may quote an argument, and an argument may be a connection string.
 std::string WithoutPasswords(const std::string& message, const std::vector<std::string>& arguments) {
   std::wstring shown = values::FromUtf8(message);
@@ -69,6 +66,7 @@ std::vector<const CLI::App*> Program::Commands() const {
 }
 
 CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> action) {
+  texts_.push_back(text);
   CLI::App* command = app_->add_subcommand(text.name, text.description);
   command->group("Comandos");
   command->set_help_flag(kHelpFlags, kHelpText);
@@ -91,10 +89,13 @@ ExitCode Program::Run(const std::vector<std::string>& arguments) noexcept {
     PrintError(error.what());
     return ExitCode::kOutput;
   } catch (const ConnectionError& error) {
-    PrintError("não foi possível conectar ao banco de dados: " + Described(error));
+    PrintError(ErrorMessage(error, WantsDetails()));
     return ExitCode::kConnection;
   } catch (const Erro& error) {
-    PrintError(Described(error));
+    PrintError(ErrorMessage(error, WantsDetails()));
+    return ExitCode::kReportError;
+  } catch (const std::bad_alloc&) {
+    PrintError("faltou memória; feche outros programas ou peça menos linhas");
     return ExitCode::kReportError;
   } catch (const std::exception& error) {
     PrintError(std::string("erro interno: ") + error.what());
@@ -113,11 +114,10 @@ ExitCode Program::Parse(std::vector<std::string> arguments) {
     arguments.emplace_back("--help");
   }
   CheckCommandName(arguments);
-  std::ranges::reverse(arguments);  // CLI11 takes them in reverse order
   try {
-    app_->parse(std::move(arguments));
+    app_->parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // CLI11 takes them in reverse order
   } catch (const CLI::Success& answer) {
-    app_->exit(answer, out_, err_);
+    Help(arguments, answer);
     return ExitCode::kOk;
   } catch (const CLI::ParseError& error) {
     for (const CLI::App* command : app_->get_subcommands()) CheckExtras(*command);
@@ -126,12 +126,29 @@ ExitCode Program::Parse(std::vector<std::string> arguments) {
   return result_;
 }
 
+void Program::Help(const std::vector<std::string>& arguments, const CLI::Success& answer) const {
+  const auto text = std::ranges::find(texts_, arguments.front(), &CommandText::name);
+  const bool hasArgument = arguments.size() > 1 && !IsOption(arguments[1]);
+  const bool isHelp = dynamic_cast<const CLI::CallForHelp*>(&answer) != nullptr;
+  if (isHelp && hasArgument && text != texts_.end() && text->helpOn)
+    text->helpOn(out_, arguments[1]);
+  else
+    app_->exit(answer, out_, err_);
+}
+
 void Program::CheckCommandName(const std::vector<std::string>& arguments) const {
   const std::string& name = arguments.front();
   std::vector<std::string> known;
   for (const CLI::App* command : Commands()) known.push_back(command->get_name());
   if (IsOption(name) || std::ranges::find(known, name) != known.end()) return;
   throw UsageError("o comando \"" + name + "\" não existe" + DidYouMean(name, known));
+}
+
+bool Program::WantsDetails() const {
+  return std::ranges::any_of(app_->get_subcommands(), [](const CLI::App* command) {
+    const CLI::Option* const details = command->get_option_no_throw(kDetailsOption);
+    return details != nullptr && details->count() > 0;
+  });
 }
 
 void Program::PrintError(const std::string& message) const { err_ << "kodrarpt: " << ForTerminal(message) << "\n"; }

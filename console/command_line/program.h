@@ -17,15 +17,21 @@
 
 namespace CLI {
 class App;
-}
+class Success;
+}  // namespace CLI
 
 namespace kodra::console {
+
+// The option of commands that run reports: their errors come with the component's whole message.
+inline constexpr const char* kDetailsOption = "--detalhes";
 
 struct CommandText {
   std::string name;
   std::string description;
   // The text below the options in the command's help. It contains an example.
   std::string footer;
+  // Prints the help on the first argument, if the command has a help of its own on it.
+  std::function<void(std::ostream& out, const std::string& argument)> helpOn = {};
 };
 
 class Program {
@@ -49,12 +55,17 @@ class Program {
 
  private:
   ExitCode Parse(std::vector<std::string> arguments);
+  // The help that was asked for: of the program, of a command, or of a command's argument.
+  void Help(const std::vector<std::string>& arguments, const CLI::Success& answer) const;
   void CheckCommandName(const std::vector<std::string>& arguments) const;
+  // Whether the command that runs was asked for the details of errors.
+  bool WantsDetails() const;
   void PrintError(const std::string& message) const;
 
   std::ostream& out_;
   std::ostream& err_;
   std::unique_ptr<CLI::App> app_;
+  std::vector<CommandText> texts_;  // of the commands
   ExitCode result_ = ExitCode::kOk;
 };
 

@@ -12,7 +12,7 @@
 #include "console/formats/pages/letterhead_options.h"
 #include "console/inventory/archive.h"
 #include "console/inventory/scanned_codes.h"
-#include "console/reports/guide.h"
+#include "console/reports/errors.h"
 #include "console/run/connection_options.h"
 #include "console/run/output_options.h"
 #include "console/run/output_run.h"
@@ -138,9 +138,12 @@ class Inventory {
       throw;
     } catch (const Erro& error) {
       if (stopping.Requested()) throw;
+      const std::string description = ToUtf8(values::HidePassword(error.Description(), connection_));
+      const auto explanation =
+          guide::Explain(description, guide::Find(L"CSolicitacaoRpt", L"RelatorioDevolucaoOriginal"));
       program_.Err() << "kodrarpt: aviso: não foi possível saber quais documentos estão emprestados, e eles saem como "
-                        "ausentes:\n"
-                     << ForTerminal(ToUtf8(values::HidePassword(error.Description(), connection_))) << "\n";
+                        "ausentes: "
+                     << ForTerminal(explanation ? explanation->whatHappened : guide::CauseIn(description)) << "\n";
       return {};
     }
   }

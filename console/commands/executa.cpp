@@ -7,6 +7,7 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
+#include "console/commands/report_description.h"
 #include "console/formats/labels/label_arguments.h"
 #include "console/formats/pages/letterhead_options.h"
 #include "console/reports/guide.h"
@@ -34,6 +35,8 @@ constexpr const char* kFooter =
     "o arquivo que havia antes.\n"
     "\n"
     "Exemplo:\n"
+    "\"kodrarpt executa RELATÓRIO --help\" mostra os parâmetros e as colunas do relatório.\n"
+    "\n"
     "  KODRARPT_SENHA=… kodrarpt executa CDocumentoRpt.RelatorioSintetico --conexao \"DSN=Acervo;UID=ana\" \\\n"
     "      --DataArmazenamento1 01/01/2024 --DataArmazenamento2 31/12/2024 --formato csv --saida documentos.csv";
 
@@ -69,6 +72,11 @@ Progress::Style ProgressStyle(const std::string& when) {
 }
 
 // One run of a report, from its options to the written rows.
+void PrintHelpOn(std::ostream& out, const std::string& report) {
+  PrintDescription(out, FindReport(report));
+  out << "\n\"kodrarpt executa --help\" mostra as outras opções: a conexão, os formatos, as páginas e as etiquetas.\n";
+}
+
 class Run {
  public:
   Run(Program& program, const Options& options)
@@ -150,7 +158,7 @@ class Run {
 
 void AddExecuta(Program& program) {
   const auto options = std::make_shared<Options>();
-  CLI::App& command = program.Add({"executa", "Executa um relatório e grava as suas linhas", kFooter},
+  CLI::App& command = program.Add({"executa", "Executa um relatório e grava as suas linhas", kFooter, PrintHelpOn},
                                   [&program, options] { return Run(program, *options).Execute(); });
   command.add_option("RELATÓRIO", options->report, "Classe.Metodo, ou só a classe ou o método")
       ->option_text(" ")

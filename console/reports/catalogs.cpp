@@ -204,12 +204,14 @@ std::vector<Report> Catalogs() {
                     {"Sem operadores, o resultado é Nothing, sem erro", "Operators: none is no recordset."},
                     {"Um texto com mais de 255 caracteres dá erro",
                      "Operators: a text longer than 255 characters fails the report."}},
-       .failures = {{"Erro : …",
-                     "Algo falhou antes de chegar ao banco: confira a StringConexao e o objeto de parâmetros"},
-                    {"Erro ao obter dados do SGBD: …", "Veja a causa que o banco informou, depois dos dois-pontos"},
+       .failures = {{"Erro : …", "algo falhou antes de chegar ao banco",
+                     "Confira StringConexao e o objeto de parâmetros"},
+                    {"Erro ao obter dados do SGBD: …", "o banco não devolveu os operadores",
+                     "Procure a causa, que está depois dos dois-pontos"},
                     {"Erro ao preencher conjunto de dados de saída: …",
-                     "Um texto do operador passa de 255 caracteres, ou o componente "
-                     "KodraBsnV3.ObtedorDeTiposOperadores falhou"}},
+                     "um texto do operador passa de 255 caracteres, ou o componente "
+                     "KodraBsnV3.ObtedorDeTiposOperadores falhou",
+                     "Encurte o texto; se nenhum é tão longo, confira a instalação do componente"}},
        .rows = RowsKind::kInMemory,
        .page = {kListing, "Operadores"}},
   };

@@ -98,7 +98,7 @@ std::vector<Report> Documents() {
                     {"Sem documentos dá erro, em vez de uma guia vazia", "Withdrawal: no document is an error,"},
                     {"O recordset vem posicionado na última linha", "Withdrawal: the slip is on its last row."}},
        .failures = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
-                     "A solicitação não tem documento em nenhum módulo: confira CodSolicit"}},
+                     "a solicitação não tem documento em nenhum módulo", "Confira o código em CodSolicit"}},
        .rows = RowsKind::kInMemory,
        .page = {.kind = kListing,
                 .title = "Retirada de originais",
@@ -184,7 +184,7 @@ std::vector<Report> Documents() {
                     {"Uma coleção sem eventos dá erro; sem coleção, o resultado é Nothing",
                      "Log: no event is an error, no collection is Nothing."}},
        .failures = {{"A mensagem do ADO instalado para \"nenhum registro atual\" (3021)",
-                     "Nenhum evento passa pelos filtros: amplie o período ou tire filtros"}},
+                     "nenhum evento passa pelos filtros", "Amplie o período ou tire filtros"}},
        .rows = RowsKind::kInMemory,
        .page = {kListing, "Registro de eventos"}},
   };

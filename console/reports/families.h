@@ -46,6 +46,14 @@ inline constexpr Column kTipoGuarda = {"TIPO_GUARDA",
                                        "T por prazo, D até fechar, E descartado, P fora das relações"};
 inline constexpr Column kAnosVencimento = {"ANOS_VENCIMENTO", kNumber, "Anos de guarda", "Anos de guarda"};
 
+inline constexpr Failure kNoListOfSubordinates = {
+    "Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo …",
+    "o módulo … não existe, ou KodraBsnV3.ObtedorDeModulos não devolveu a lista dos seus subordinados",
+    "Confira o código em Modulo1; se ele existe, confira a instalação e o log de KodraBsnV3"};
+inline constexpr Failure kNoClosedSubordinate = {
+    "Não há módulos subordinados fechados associados ao módulo …", "nenhum subordinado do módulo … está fechado",
+    "Feche ao menos um, e vêm as etiquetas de todos; ou confira o código em Modulo1"};
+
 inline constexpr Oddity kPastedFilters = {
     "Os filtros entram no SQL entre aspas simples, como foram informados: um apóstrofo no valor dá erro de sintaxe no "
     "banco",

@@ -73,9 +73,12 @@ struct Oddity {
   std::string_view entry;
 };
 
-// An error that only this report raises: the cause as the description contains it, and what to do.
+// An error that means more in this report: the cause as the description contains it, or the name of a kind of answer
+// (errors.h).
 struct Failure {
   std::string_view cause;
+  // In lower case.
+  std::string_view whatHappened;
   std::string_view remedy;
 };
 
@@ -131,12 +134,12 @@ const Report& About(const reports::ReportMethod& method);
 
 // Whether SQLite makes something else of its statement, which then fails or finds nothing.
 bool IsOddOnSqlite(const Report& report);
-
-// The columns that the page shows in a place, in their order on paper.
-std::vector<const Column*> ColumnsIn(Place place, const Report& report);
 // The column of that name, in any letter case, because databases differ in it; null for a name that the entry does not
 // have.
 const Column* FindColumn(const Report& report, std::wstring_view name);
 
+
+// The columns that the page shows in a place, in their order on paper.
+std::vector<const Column*> ColumnsIn(Place place, const Report& report);
 
 }  // namespace kodra::console::guide

@@ -52,11 +52,7 @@ std::vector<Report> ModuleLabels() {
        .oddities = {{"Basta um subordinado fechado para saírem as etiquetas de todos",
                      "One closed subordinate brings the labels of all."},
                     kPastedFilters},
-       .failures =
-           {{"Não foi possível obter uma lista dos módulos subordinados fechados associados ao módulo …",
-             "O componente KodraBsnV3.ObtedorDeModulos não devolveu a lista: confira a instalação e o log dele"},
-            {"Não há módulos subordinados fechados associados ao módulo …",
-             "Feche ao menos um subordinado do módulo, ou confira o código em Modulo1"}},
+       .failures = {kNoListOfSubordinates, kNoClosedSubordinate},
        .page = {kClosingLabels}},
 
       {.className = "CCaixaRpt",

@@ -108,7 +108,7 @@ std::vector<Report> Statistics() {
                    kFundo,
                    kOwner},
        .oddities = {{"Um número vazio deixa a instrução com erro de sintaxe", "A count left empty is invalid SQL."}},
-       .failures = {{"Erro de sintaxe do banco",
+       .failures = {{"Erro de sintaxe do banco", "falta um dos números que o cliente conta",
                      "Informe um número em NumeroPC1 a NumeroPC5 e em NumeroObs, mesmo que seja 0"}},
        .page =
            {kStatistic,

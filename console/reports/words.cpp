@@ -64,4 +64,11 @@ std::string MeaningWords(const Column& column) {
   return words + ")";
 }
 
+std::string Continued(std::string_view sentence) {
+  std::string text(sentence);
+  const bool isWord = text.size() > 1 && text[1] >= 'a' && text[1] <= 'z';
+  if (isWord && text[0] >= 'A' && text[0] <= 'Z') text[0] = static_cast<char>(text[0] - 'A' + 'a');
+  return text;
+}
+
 }  // namespace kodra::console::guide

@@ -20,4 +20,7 @@ std::string SampleArguments(const Report& report);
 // A column's meaning, with the values of TipoRpt with which the recordset has it.
 std::string MeaningWords(const Column& column);
 
+// A sentence as it continues after a colon: its first letter in lower case, unless it begins with a name as "UID".
+std::string Continued(std::string_view sentence);
+
 }  // namespace kodra::console::guide

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "console/command_line/program.h"
 #include "console/command_line/usage_error.h"
 #include "values/password.h"
 #include "values/utf8.h"
@@ -31,6 +32,7 @@ void ConnectionOptions::AddTo(CLI::App& command) {
       .add_option("--senha-de", passwordVariable_,
                   std::string("A variável de ambiente que contém a senha (sem esta opção, ") + kPasswordVariable + ")")
       ->option_text("VARIÁVEL");
+  command.add_flag(kDetailsOption, details_, "Em um erro, mostra também a mensagem completa do componente");
 }
 
 std::wstring ConnectionOptions::Text() const {

@@ -1,4 +1,5 @@
-// The options of a command that connects to a database: the connection string and, separately, the password.
+// The options of a command that connects to a database: the connection string and, separately, the password; and
+// --detalhes, which Program reads.
 //
 //   ConnectionOptions connection;
 //   connection.AddTo(command);                       // before the command line is read
@@ -28,6 +29,7 @@ class ConnectionOptions {
  private:
   std::string text_;
   std::string passwordVariable_;
+  bool details_ = false;
 };
 
 // Returns the connection string with the password appended, in quotes if it needs them.

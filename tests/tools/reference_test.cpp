@@ -221,6 +221,27 @@ TEST(ErrorsTest, ContainEveryNumberOfTheComponentsOwn) {
   EXPECT_GT(found, 5);
 }
 
+TEST(GuideErrorTable, IsWrittenBetweenItsComments) {
+  const std::string guide = "antes\n<!-- ./kodra reference escreve daqui -->\nvelho\n<!-- até aqui -->\n\ndepois\n";
+  const std::string written = WithErrorTable(guide);
+  const std::string start =
+      "antes\n<!-- ./kodra reference escreve daqui -->\n\n| Causa | O que houve | O que fazer |\n| --- | --- | --- |\n"
+      "| É preciso definir a propriedade \"StringConexao\". | a conexão está vazia | defina StringConexao antes de "
+      "chamar o método; no kodrarpt, informe --conexao |\n";
+  const std::string end = "<!-- até aqui -->\n\ndepois\n";
+  EXPECT_EQ(written.substr(0, start.size()), start);
+  EXPECT_EQ(written.substr(written.size() - end.size()), end);
+  EXPECT_EQ(written.find("velho"), std::string::npos);
+  EXPECT_NE(written.find("\n| A mensagem do ADO instalado para \"nenhum registro atual\" (3021) | nenhum evento passa "
+                         "pelos filtros | amplie o período ou tire filtros |\n"),
+            std::string::npos);
+  EXPECT_NE(written.find("\n| Banco ocupado (\"database is locked\"…) | outro programa está gravando no banco | tente "
+                         "de novo daqui a pouco |\n"),
+            std::string::npos);
+  EXPECT_EQ(WithErrorTable(written), written);
+  EXPECT_THROW(WithErrorTable("sem comentários"), std::runtime_error);
+}
+
 TEST(ErrorsTest, AreNumberedAsAClientSeesThem) {
   EXPECT_EQ(guide::NumberWords(-2147213397), "80041FAB (-2147213397)");
   EXPECT_EQ(guide::NumberWords(429), "429");

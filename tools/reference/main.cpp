@@ -1,5 +1,5 @@
-// kodra-reference: writes the reference pages, the help texts of the IDL, and the completion and the manual page of
-// kodrarpt, from the IDL, the guide and the options of the program.
+// kodra-reference: writes the reference pages, the guide's table of errors, the help texts of the IDL, and the
+// completion and the manual page of kodrarpt, from the IDL, the entries on the reports and the options of the program.
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <fstream>
@@ -33,6 +33,8 @@ void WriteAll(const std::filesystem::path& sources, const std::filesystem::path&
   std::istringstream reader(idl);
   for (const auto& [name, text] : reference::Pages(reference::ReadIdl(reader)))
     Write(folder / "docs/reference" / name, text);
+  const std::filesystem::path guide = "docs/guia.pt-BR.md";
+  Write(folder / guide, reference::WithErrorTable(Read(sources / guide)));
   Write(folder / "idl/kodrarpt.idl", reference::WithHelpTexts(idl));
   kodra::console::Program program(std::cout, std::cerr);
   kodra::console::AddCommands(program);

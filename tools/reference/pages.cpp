@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <stdexcept>
 
 #include "console/command_line/report_name.h"
 #include "console/reports/errors.h"
@@ -127,7 +128,8 @@ std::string MethodSection(const ReportMethod& method) {
   for (const guide::Oddity& oddity : report.oddities) text += "- " + std::string(oddity.text) + ".\n";
   if (!report.failures.empty()) text += "\nErros próprios, além dos [comuns](erros.md):\n\n";
   for (const guide::Failure& failure : report.failures)
-    text += "- \"" + std::string(failure.cause) + "\": " + std::string(failure.remedy) + ".\n";
+    text += "- \"" + std::string(failure.cause) + "\": " + std::string(failure.whatHappened) + ". " +
+            std::string(failure.remedy) + ".\n";
   return text + "\nExemplo:\n\n" + Sample(method);
 }
 
@@ -204,9 +206,24 @@ std::string OtherPage(const Class& of) {
 }
 
 std::string ErrorTable(std::span<const guide::Error> errors) {
-  Table table({"Número", "Texto", "O que fazer"});
+  Table table({"Número", "Texto", "O que houve", "O que fazer"});
   for (const guide::Error& error : errors)
-    table.Add({guide::NumberWords(error.number), std::string(error.text), std::string(error.remedy) + "."});
+    table.Add({guide::NumberWords(error.number), std::string(error.text), std::string(error.whatHappened),
+               std::string(error.remedy) + "."});
+  return table.Text();
+}
+
+std::string Quoted(const std::vector<std::string_view>& words) {
+  std::string text;
+  for (const std::string_view word : words) text.append(text.empty() ? "\"" : ", \"").append(word).append("\"");
+  return text;
+}
+
+std::string AnswerTable() {
+  Table table({"Resposta", "Traz uma destas palavras", "O que houve", "O que fazer"});
+  for (const guide::Answer& answer : guide::Answers())
+    table.Add({std::string(answer.name), Quoted(answer.words), std::string(answer.whatHappened),
+               std::string(answer.remedy) + "."});
   return table.Text();
 }
 
@@ -221,7 +238,40 @@ std::string ErrorsPage() {
          "erro\n80041FAB. Só `DocsNoModuloSubRpt` deixa o erro passar sem mudança. O que falhou ao abrir o banco traz "
          "antes "
          "os nomes entre\ncolchetes, como `[modADO.AbreCn]: `, e depois o código do banco, como ` [N:942]`.\n\n" +
-         ErrorTable(guide::Causes());
+         ErrorTable(guide::Causes()) +
+         "\n## O que os bancos respondem\n\n"
+         "A causa traz as palavras do banco ou do driver, na língua deles. Por estas o `kodrarpt` reconhece o que "
+         "houve:\n\n" +
+         AnswerTable();
+}
+
+// The causes that only some reports have, each once.
+std::vector<guide::Failure> OwnFailures() {
+  std::vector<guide::Failure> own;
+  const auto isTold = [&](const guide::Failure& failure) {
+    return std::ranges::find(own, failure.cause, &guide::Failure::cause) != own.end() ||
+           std::ranges::find(guide::Causes(), failure.cause, &guide::Error::text) != guide::Causes().end();
+  };
+  for (const guide::Report& report : guide::Reports()) {
+    for (const guide::Failure& failure : report.failures)
+      if (!isTold(failure)) own.push_back(failure);
+  }
+  return own;
+}
+
+// All causes, for people who look for what they read in a message.
+std::string CauseTable() {
+  Table table({"Causa", "O que houve", "O que fazer"});
+  const auto add = [&](const std::string& cause, std::string_view whatHappened, std::string_view remedy) {
+    table.Add({cause, std::string(whatHappened), guide::Continued(remedy)});
+  };
+  for (const guide::Error& error : guide::Causes())
+    add(std::string(error.text), error.whatHappened, error.remedy);
+  for (const guide::Failure& failure : OwnFailures())
+    add(std::string(failure.cause), failure.whatHappened, failure.remedy);
+  for (const guide::Answer& answer : guide::Answers())
+    add(std::string(answer.name) + " (" + Quoted({answer.words.front()}) + "…)", answer.whatHappened, answer.remedy);
+  return table.Text();
 }
 
 std::string Index(const std::vector<Class>& classes) {
@@ -244,6 +294,15 @@ std::string Index(const std::vector<Class>& classes) {
 }
 
 }  // namespace
+
+std::string WithErrorTable(const std::string& guide) {
+  constexpr std::string_view kBegin = "<!-- ./kodra reference escreve daqui -->\n";
+  constexpr std::string_view kEnd = "<!-- até aqui -->\n";
+  const std::size_t begin = guide.find(kBegin);
+  const std::size_t end = guide.find(kEnd);
+  if (begin == guide.npos || end == guide.npos) throw std::runtime_error("o guia não tem os comentários da tabela");
+  return guide.substr(0, begin) + std::string(kBegin) + "\n" + CauseTable() + "\n" + guide.substr(end);
+}
 
 std::map<std::string, std::string> Pages(const std::vector<Class>& classes) {
   std::map<std::string, std::string> pages = {{"README.md", Index(classes)}, {"erros.md", ErrorsPage()}};

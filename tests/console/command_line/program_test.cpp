@@ -32,14 +32,46 @@ TEST(ProgramTest, ShowsItsHelpForTheWordAjudaToo) {
   EXPECT_EQ(RunProgram({"ajuda"}).code, ExitCode::kOk);
 }
 
-TEST(ProgramTest, ShowsTheNumberSourceAndDescriptionOfAReportsError) {
-  EXPECT_EQ(RunAction([]() -> ExitCode { throw Erro(-2147213397, L"KodraRpt.CLogRpt::RelatorioLog", L"É isso"); }),
+TEST(ProgramTest, SaysWhatAReportsErrorMeansAndWhatToDo) {
+  EXPECT_EQ(RunAction([]() -> ExitCode {
+              throw Erro(-2147213397, L"KodraRpt.CDeptoRpt::RelatorioDeptos",
+                         L"Erro ao gerar dados para o relatório: Objeto não definido.");
+            }),
             (RunResult{ExitCode::kReportError, "",
-                       "kodrarpt: erro -2147213397 em KodraRpt.CLogRpt::RelatorioLog:\nÉ isso\n"}));
+                       "kodrarpt: o relatório CDeptoRpt.RelatorioDeptos não pôde ser gerado: o objeto de parâmetros é "
+                       "Nothing.\n"
+                       "O que fazer: crie um objeto da classe …RptObj e passe-o ao método, mesmo que o relatório não "
+                       "leia nada dele.\n"
+                       "Com --detalhes, sai também a mensagem do componente.\n"}));
+}
+
+TEST(ProgramTest, ShowsNumberSourceAndDescriptionOfAReportsErrorIfAskedForDetails) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Program program(out, err);
+  CLI::App& command = program.Add({"prova", "Faz a prova", "Exemplo: prova"}, []() -> ExitCode {
+    throw Erro(-2147213397, L"KodraRpt.CLogRpt::RelatorioLog", L"Erro ao gerar dados para o relatório: Estouro");
+  });
+  bool details = false;
+  command.add_flag("--detalhes", details, "");
+  EXPECT_EQ(program.Run({"prova", "--detalhes"}), ExitCode::kReportError);
+  EXPECT_EQ(
+      err.str(),
+      "kodrarpt: o relatório CLogRpt.RelatorioLog não pôde ser gerado: uma data está fora dos anos 100 a 9999, ou "
+      "um número é grande demais.\n"
+      "O que fazer: confira as datas e os números informados.\n"
+      "A mensagem do componente: erro -2147213397 em KodraRpt.CLogRpt::RelatorioLog:\n"
+      "Erro ao gerar dados para o relatório: Estouro\n");
 }
 
 TEST(ProgramTest, ShowsTheMessageOfAUsageError) {
   EXPECT_EQ(RunAction([]() -> ExitCode { throw UsageError("não dá"); }), UsageFailure("não dá"));
+}
+
+TEST(ProgramTest, SaysThatThereIsTooLittleMemory) {
+  EXPECT_EQ(RunAction([]() -> ExitCode { throw std::bad_alloc(); }),
+            (RunResult{ExitCode::kReportError, "",
+                       "kodrarpt: faltou memória; feche outros programas ou peça menos linhas\n"}));
 }
 
 TEST(ProgramTest, ReportsAnUnexpectedException) {
@@ -54,8 +86,10 @@ TEST(ProgramTest, ShowsNoControlCharactersOfAMessage) {
                          L"2J não há\r\nnem\tcoluna\x07\x7f\rfim\u2028");
             }),
             (RunResult{ExitCode::kReportError, "",
-                       "kodrarpt: erro 1 em S:\ntabela \uFFFD[31m\uFFFD"
-                       "2J não há\nnem\tcoluna\uFFFD\uFFFD\uFFFDfim\uFFFD\n"}));
+                       "kodrarpt: o relatório não pôde ser gerado: tabela \uFFFD[31m\uFFFD"
+                       "2J não há\nnem\tcoluna\uFFFD\uFFFD\uFFFDfim\uFFFD.\n"
+                       "O que fazer: procure a mensagem no guia, ou mostre-a a quem cuida do banco de dados.\n"
+                       "Com --detalhes, sai também a mensagem do componente.\n"}));
 }
 
 TEST(ProgramTest, SuggestsTheCommandForAMisspeltOne) {

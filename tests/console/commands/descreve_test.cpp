@@ -74,12 +74,48 @@ TEST(DescreveTest, ShowsAReportsOwnErrors) {
       out.substr(out.find("\nErros próprios:")),
       "\nErros próprios:\n"
       "  - A mensagem do ADO instalado para \"nenhum registro atual\" (3021)\n"
-      "    Nenhum evento passa pelos filtros: amplie o período ou tire filtros.\n"
+      "    O que houve: nenhum evento passa pelos filtros.\n"
+      "    O que fazer: amplie o período ou tire filtros.\n"
       "\n"
       "Exemplo:\n"
       "  kodrarpt executa CLogRpt.RelatorioLog --conexao \"DSN=Acervo\" --MaquinaOrigem BALCAO01 --Operador MARIA "
       "--Acao retirada --Evento ALT --CodDocto D000001 --DataInicial 01/02/2024 --DataFinal 29/02/2024\n");
   EXPECT_NE(out.find("\n  --Operador       texto  Nome do operador (não muda o SQL)\n"), std::string::npos);
+}
+
+TEST(DescreveTest, WritesOneJsonObjectForPrograms) {
+  EXPECT_EQ(
+      RunProgram({"descreve", "RelatorioDevolucaoOriginal", "--json"}),
+      Success("{\"nome\":\"CSolicitacaoRpt.RelatorioDevolucaoOriginal\","
+              "\"finalidade\":\"Os originais retirados ou já devolvidos\","
+              "\"parametros\":[{\"nome\":\"ListarJaDevolvidos\",\"tipo\":\"sim ou não\","
+              "\"efeito\":\"Sim inclui os originais já devolvidos e muda o título\",\"exemplo\":\"sim\"}],"
+              "\"colunas\":["
+              "{\"nome\":\"TITULO\",\"tipo\":\"texto\",\"significado\":\"Título da listagem\",\"titulo\":\"\"},"
+              "{\"nome\":\"COD_DOCTO\",\"tipo\":\"texto\",\"significado\":\"Código do documento\","
+              "\"titulo\":\"Documento\"},"
+              "{\"nome\":\"DESCR_OPERADOR\",\"tipo\":\"texto\",\"significado\":\"Nome completo de quem retirou, ou "
+              "o seu nome de acesso\",\"titulo\":\"Operador\"},"
+              "{\"nome\":\"DT_RETIRADA\",\"tipo\":\"texto\",\"significado\":\"Data de retirada, dd/mm/aaaa\","
+              "\"titulo\":\"Retirada\"},"
+              "{\"nome\":\"DEVOLVIDO\",\"tipo\":\"texto\",\"significado\":\"Modo: P permanente, I sem data, D com "
+              "data, S já devolvido\",\"titulo\":\"Devolução\"},"
+              "{\"nome\":\"DT_DEVOLUCAO\",\"tipo\":\"texto\",\"significado\":\"Data de devolução, dd/mm/aaaa\","
+              "\"titulo\":\"Data da devolução\"}],"
+              "\"particularidades\":[\"CodSolicit não é usado: a listagem cobre todas as solicitações\","
+              "\"No SQLite, a conversão da data em texto sai vazia, e a instrução dá erro de sintaxe\"],"
+              "\"erros\":[],"
+              "\"exemplo\":\"kodrarpt executa CSolicitacaoRpt.RelatorioDevolucaoOriginal --conexao \\\"DSN=Acervo\\\" "
+              "--ListarJaDevolvidos sim\"}\n"));
+}
+
+TEST(DescreveTest, HasAReportsOwnErrorsInItsJson) {
+  const std::string out = RunProgram({"descreve", "RelatorioRetiradaOriginal", "--json"}).out;
+  EXPECT_NE(out.find("\"erros\":[{\"causa\":\"A variável do objeto ou a variável do bloco 'With' não foi definida\","
+                     "\"o_que_houve\":\"a solicitação não tem documento em nenhum módulo\","
+                     "\"o_que_fazer\":\"Confira o código em CodSolicit\"}]"),
+            std::string::npos)
+      << out;
 }
 
 TEST(DescreveTest, RefusesAnUnknownReport) {

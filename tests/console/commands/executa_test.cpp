@@ -157,7 +157,15 @@ TEST_P(Executa, KeepsThePreviousFileWhenTheReportFails) {
   // The small archive has no table of groups.
   const RunResult result = RunReport("CGrupoRpt", {"--formato", "csv", "--saida", target.string()});
   EXPECT_EQ(result.code, ExitCode::kReportError);
-  EXPECT_EQ(result.err.substr(0, 75), "kodrarpt: erro -2147213397 em KodraRpt.CGrupoRpt::RelatorioGrupos:\nErro ao ");
+  const bool isSqlite = GetParam() == Engine::kSqlite;
+  EXPECT_EQ(result.err,
+            "kodrarpt: o relatório CGrupoRpt.RelatorioGrupos não pôde ser gerado: o banco não tem uma tabela ou coluna "
+            "que o relatório lê, ou o usuário não a vê.\n"
+            "Resposta do banco ou do driver: " +
+                std::string(isSqlite ? "no such table: CLASSE (1)" : "Table 'pequeno.CLASSE' doesn't exist") +
+                "\n"
+                "O que fazer: confira a conexão; \"kodrarpt verifica\" mostra tudo o que falta.\n"
+                "Com --detalhes, sai também a mensagem do componente.\n");
   EXPECT_EQ(Read(target), "antes");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
 }

@@ -226,19 +226,26 @@ TEST(VerificaFile, RefusesAFileThatIsNoDatabase) {
   const tests::TemporaryFolder folder;
   std::string bytes;
   for (unsigned i = 0; i < 5000; ++i) bytes += static_cast<char>(i * 2654435761U >> 24);
-  EXPECT_EQ(Verifica(FileWith(bytes, folder)),
-            (RunResult{ExitCode::kConnection, "",
-                       "kodrarpt: não foi possível conectar ao banco de dados: erro -2147217900 em Microsoft OLE DB "
-                       "Provider for ODBC Drivers:\no arquivo não é um banco de dados SQLite ou está danificado: "
-                       "[SQLite]file is not a database (26)\n"}));
+  EXPECT_EQ(
+      Verifica(FileWith(bytes, folder)),
+      (RunResult{ExitCode::kConnection, "",
+                 "kodrarpt: não foi possível conectar ao banco de dados: o arquivo não é um banco SQLite, ou está "
+                 "danificado.\n"
+                 "Resposta do banco ou do driver: file is not a database (26)\n"
+                 "O que fazer: confira o caminho em Database, na string de conexão, ou restaure uma cópia de "
+                 "segurança.\n"
+                 "Com --detalhes, sai também a mensagem do componente.\n"}));
 }
 
 TEST(VerificaFile, RefusesAnEmptyFile) {
   const tests::TemporaryFolder folder;
-  const RunResult result = Verifica(FileWith("", folder));
-  EXPECT_EQ(result.code, ExitCode::kConnection);
-  EXPECT_EQ(result.out, "");
-  EXPECT_TRUE(result.err.ends_with("acervo.db\" danificado.\n")) << result.err;
+  EXPECT_EQ(Verifica(FileWith("", folder)),
+            (RunResult{ExitCode::kConnection, "",
+                       "kodrarpt: não foi possível conectar ao banco de dados: o arquivo \"" +
+                           (folder.Path() / "acervo.db").string() +
+                           "\", do SQLite, está vazio.\n"
+                           "O que fazer: restaure uma cópia de segurança.\n"
+                           "Com --detalhes, sai também a mensagem do componente.\n"}));
 }
 
 TEST(VerificaFile, IsNotChanged) {
@@ -253,11 +260,15 @@ TEST(VerificaFile, IsNotChanged) {
 }
 
 TEST(VerificaConnection, FailsWithACodeOfItsOwnIfItCannotConnect) {
-  const RunResult result = Verifica(tests::MariaDb().ConnectionString(L"mysql", L"segredo"));
-  EXPECT_EQ(result.code, ExitCode::kConnection);
-  EXPECT_EQ(result.out, "");
-  EXPECT_TRUE(result.err.starts_with("kodrarpt: não foi possível conectar ao banco de dados: erro ")) << result.err;
-  EXPECT_EQ(result.err.find("segredo"), std::string::npos);
+  EXPECT_EQ(Verifica(tests::MariaDb().ConnectionString(L"mysql", L"segredo")),
+            (RunResult{ExitCode::kConnection, "",
+                       "kodrarpt: não foi possível conectar ao banco de dados: o banco não aceita o usuário ou a "
+                       "senha.\n"
+                       "Resposta do banco ou do driver: Access denied for user 'arquivo'@'localhost' (using password: "
+                       "YES)\n"
+                       "O que fazer: confira o usuário e a senha; no kodrarpt, ela pode estar na variável "
+                       "KODRARPT_SENHA.\n"
+                       "Com --detalhes, sai também a mensagem do componente.\n"}));
 }
 
 TEST(VerificaConnection, RefusesAnEmptyConnectionString) {
