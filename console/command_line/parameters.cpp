@@ -80,6 +80,17 @@ frame::ParameterObject ReportParameters::For(const reports::ReportMethod& method
   return object;
 }
 
+void ReportParameters::RefuseUnread(const reports::ReportMethod& method) const {
+  const std::vector<guide::Parameter>& read = guide::About(method).parameters;
+  std::string names;
+  for (const guide::Parameter& parameter : read) names.append(names.empty() ? "" : ", ").append(parameter.name);
+  for (const auto& [name, value] : Given()) {
+    if (std::ranges::find(read, ToUtf8(name), &guide::Parameter::name) != read.end()) continue;
+    throw UsageError(NameOf(method) + " não lê o parâmetro \"" + ToUtf8(name) + "\"" +
+                     (names.empty() ? ", nem nenhum outro" : "; só lê " + names));
+  }
+}
+
 std::string ReportParameters::PeriodWarning(frame::ParameterObject& object, const reports::ReportMethod& method) {
   const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);
   for (const auto& [first, last] : kPeriods) {

@@ -30,6 +30,8 @@ class ReportParameters {
   // does not have, for a value that is not a date or a flag as ParameterValue requires, and, without --literal, for a
   // text that would be more than a value in the statements: reports paste their filters as they are.
   frame::ParameterObject For(const reports::ReportMethod& method) const;
+  // Raises UsageError for a parameter that was given and that the report does not read: it would change nothing.
+  void RefuseUnread(const reports::ReportMethod& method) const;
   // A warning about a period that ends before it begins; empty for none.
   static std::string PeriodWarning(frame::ParameterObject& object, const reports::ReportMethod& method);
 

@@ -19,6 +19,7 @@
 #include "console/run/row_source.h"
 #include "console/run/stream_output.h"
 #include "console/run/time_limit.h"
+#include "console/run/unknown_codes.h"
 #include "console/run/waiting.h"
 #include "values/utf8.h"
 
@@ -34,9 +35,9 @@ constexpr const char* kFooter =
     "fica\n"
     "o arquivo que havia antes.\n"
     "\n"
-    "Exemplo:\n"
     "\"kodrarpt executa RELATÓRIO --help\" mostra os parâmetros e as colunas do relatório.\n"
     "\n"
+    "Exemplo:\n"
     "  KODRARPT_SENHA=… kodrarpt executa CDocumentoRpt.RelatorioSintetico --conexao \"DSN=Acervo;UID=ana\" \\\n"
     "      --DataArmazenamento1 01/01/2024 --DataArmazenamento2 31/12/2024 --formato csv --saida documentos.csv";
 
@@ -71,12 +72,12 @@ Progress::Style ProgressStyle(const std::string& when) {
   throw UsageError("--progresso deve ser sempre, nunca ou auto" + DidYouMean(when, {"sempre", "nunca", "auto"}));
 }
 
-// One run of a report, from its options to the written rows.
 void PrintHelpOn(std::ostream& out, const std::string& report) {
   PrintDescription(out, FindReport(report));
   out << "\n\"kodrarpt executa --help\" mostra as outras opções: a conexão, os formatos, as páginas e as etiquetas.\n";
 }
 
+// One run of a report, from its options to the written rows.
 class Run {
  public:
   Run(Program& program, const Options& options)
@@ -89,7 +90,9 @@ class Run {
         progressStyle_(ProgressStyle(options.progress)),
         connection_(options.connection.Text()),
         destination_{options.output.Target(), options.timeLimit.Get()} {
+    options.parameters.RefuseUnread(method_);
     const guide::Report& about = guide::About(method_);
+    if (!about.page.IsOfLabels()) options.labels.RefuseFor(NameOf(method_));
     heading_ = {std::wstring(method_.className), std::wstring(method_.method), FromUtf8(about.purpose),
                 options.parameters.Given()};
     // As the report reads them: "1/2/2024" is 01/02/2024, and "s" is Sim.
@@ -125,8 +128,14 @@ class Run {
       progress.Row();
     }
     writer->End();
+    if (progress.Rows() == 0 && !run.stopping.Requested()) WarnOfUnknownCodes(run);
     if (!run.stopping.Requested()) progress.End();
     return true;
+  }
+
+  void WarnOfUnknownCodes(OutputRun& run) {
+    for (const std::string& message : UnknownCodes(parameters_, method_, connection_, run.machine.Around()))
+      program_.Err() << "kodrarpt: aviso: " << message << "\n";
   }
 
   // The modules of each requested container, for its label.

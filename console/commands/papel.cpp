@@ -78,7 +78,9 @@ class Run {
         destination_{FromUtf8(options.target), options.timeLimit.Get()},
         letterhead_(options.letterhead.Get()) {
     // Checks the parameters before a file is made.
-    options.parameters.For(*reports::FindReportMethod(paper_.className, paper_.method));
+    const reports::ReportMethod& method = *reports::FindReportMethod(paper_.className, paper_.method);
+    options.parameters.For(method);
+    options.parameters.RefuseUnread(method);
     if (isPdf_ && options.target.empty()) throw UsageError("o formato pdf precisa de --saida");
   }
 

@@ -58,6 +58,7 @@ ExitCode Sql(const Program& program, const Options& options) {
   const std::vector<Database> databases = DatabasesNamed(options.database);
   const reports::ReportMethod& method = FindReport(options.report);
   frame::ParameterObject parameters = options.parameters.For(method);
+  options.parameters.RefuseUnread(method);
   std::vector<DatabaseStatements> all;
   all.reserve(databases.size());
   for (const Database& database : databases) all.push_back({database, Capture(method, database.code, parameters)});

@@ -107,6 +107,8 @@ struct Page {
   // The columns that come first in their place, in this order; the others follow in the order of the recordset.
   std::vector<std::string_view> first = {};
   std::vector<Note> notes = {};
+
+  bool IsOfLabels() const { return kind != PageKind::kListing && kind != PageKind::kStatistic; }
 };
 
 struct Report {
@@ -132,12 +134,12 @@ const Report* Find(std::wstring_view className, std::wstring_view method);
 // The entry of a method; every method has one.
 const Report& About(const reports::ReportMethod& method);
 
-// Whether SQLite makes something else of its statement, which then fails or finds nothing.
-bool IsOddOnSqlite(const Report& report);
 // The column of that name, in any letter case, because databases differ in it; null for a name that the entry does not
 // have.
 const Column* FindColumn(const Report& report, std::wstring_view name);
 
+// Whether SQLite makes something else of its statement, which then fails or finds nothing.
+bool IsOddOnSqlite(const Report& report);
 
 // The columns that the page shows in a place, in their order on paper.
 std::vector<const Column*> ColumnsIn(Place place, const Report& report);

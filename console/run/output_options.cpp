@@ -13,18 +13,31 @@
 namespace kodra::console {
 namespace {
 
-// An option that has an effect on one format only.
-struct OptionOfFormat {
+bool IsPage(Format format) { return format == Format::kHtml || format == Format::kPdf; }
+
+// An option that has an effect on some formats only. A command need not have all of them.
+struct OptionOfFormats {
   const char* option;
-  Format format;
+  const char* formats;
+  bool (*applies)(Format format);
 };
 
-constexpr auto kOptionsOfFormats = std::to_array<OptionOfFormat>({
-    {"--separador", Format::kCsv},
-    {"--bom", Format::kCsv},
-    {"--excel", Format::kCsv},
-    {"--json-linhas", Format::kJson},
-    {"--titulos", Format::kXlsx},
+constexpr bool IsCsv(Format format) { return format == Format::kCsv; }
+constexpr bool IsJson(Format format) { return format == Format::kJson; }
+constexpr bool IsXlsx(Format format) { return format == Format::kXlsx; }
+
+constexpr auto kOptionsOfFormats = std::to_array<OptionOfFormats>({
+    {"--separador", "o formato csv", IsCsv},
+    {"--bom", "o formato csv", IsCsv},
+    {"--excel", "o formato csv", IsCsv},
+    {"--json-linhas", "o formato json", IsJson},
+    {"--titulos", "o formato xlsx", IsXlsx},
+    {"--orgao", "os formatos html e pdf", IsPage},
+    {"--logotipo", "os formatos html e pdf", IsPage},
+    {"--folha", "os formatos html e pdf", IsPage},
+    {"--primeira", "os formatos html e pdf", IsPage},
+    {"--copias", "os formatos html e pdf", IsPage},
+    {"--codigo", "os formatos html e pdf", IsPage},
 });
 
 // Raises UsageError for a character that could be part of a value, or that quotes one.
@@ -84,15 +97,18 @@ std::uint64_t OutputOptions::MostRows() const {
 
 std::wstring OutputOptions::Target() const { return values::FromUtf8(target_); }
 
-bool OutputOptions::IsGiven(const std::string& option) const { return command_->count(option) > 0; }
+bool OutputOptions::IsGiven(const std::string& name) const {
+  const CLI::Option* const option = command_->get_option_no_throw(name);
+  return option != nullptr && option->count() > 0;
+}
 
 void OutputOptions::CheckApplies(Format format) const {
-  for (const OptionOfFormat& each : kOptionsOfFormats) {
-    if (each.format != format && IsGiven(each.option))
-      throw UsageError(std::string(each.option) + " só vale com o formato " + NameOf(each.format));
+  for (const OptionOfFormats& each : kOptionsOfFormats) {
+    if (!each.applies(format) && IsGiven(each.option))
+      throw UsageError(std::string(each.option) + " só vale com " + each.formats);
   }
   // A page has its own columns, and totals of all rows.
-  if (format != Format::kHtml && format != Format::kPdf) return;
+  if (!IsPage(format)) return;
   for (const char* const option : {"--colunas", "--limite"}) {
     if (IsGiven(option))
       throw UsageError(std::string(option) + " não vale com o formato " + NameOf(format) +

@@ -34,7 +34,7 @@ class OutputOptions {
   std::wstring Target() const;
 
  private:
-  bool IsGiven(const std::string& option) const;
+  bool IsGiven(const std::string& name) const;
   void CheckApplies(Format format) const;
   CsvOptions ForCsv() const;
   std::vector<std::string> ColumnNames() const;

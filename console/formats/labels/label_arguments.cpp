@@ -68,6 +68,7 @@ bool LooksLikeRoll(const std::string& name) { return name.ends_with("mm"); }
 }  // namespace
 
 void LabelArguments::AddTo(CLI::App& command, const std::string& prefix) {
+  command_ = &command;
   const auto described = [&](std::string text) {
     if (!prefix.empty()) text[0] = static_cast<char>(std::tolower(text[0]));
     return prefix + text;
@@ -97,7 +98,23 @@ void LabelArguments::AddAllTo(CLI::App& command) {
   command.add_option("--logotipo", logo_, "Uma imagem PNG para o canto de cada etiqueta")->option_text("ARQUIVO");
 }
 
+void LabelArguments::RefuseFor(const std::string& report) const {
+  for (const char* const option : {"--folha", "--primeira", "--copias", "--codigo"}) {
+    if (IsGiven(option))
+      throw UsageError(fmt::format("{} só vale com um relatório de etiquetas, e {} não é um deles", option, report));
+  }
+}
+
+bool LabelArguments::IsGiven(const std::string& name) const {
+  const CLI::Option* const option = command_->get_option_no_throw(name);
+  return option != nullptr && option->count() > 0;
+}
+
 Stock LabelArguments::ChosenStock() const {
+  for (const char* const other : {"--folha", "--folhas-de"}) {
+    if (!ownStock_.empty() && IsGiven(other))
+      throw UsageError(fmt::format("--folha-propria já diz qual é a folha, e não pode ser usada com {}", other));
+  }
   if (!ownStock_.empty()) return ParseStock("própria", ownStock_);
   if (LooksLikeRoll(stock_)) return ParseStock(stock_, stock_);
   std::vector<Stock> stocks = BuiltInStocks();

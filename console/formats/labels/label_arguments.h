@@ -14,17 +14,23 @@ namespace kodra::console::labels {
 
 class LabelArguments {
  public:
+  // REQUIRES of both: the command outlives the object.
   // Adds --folha, --primeira, --copias and --codigo, the options that `executa` has. `prefix` begins their texts.
   void AddTo(CLI::App& command, const std::string& prefix);
   // Adds the further options of `etiquetas`.
   void AddAllTo(CLI::App& command);
+
+  // Raises UsageError, with the report's name, if an option was given: the report has no labels.
+  void RefuseFor(const std::string& report) const;
 
   // Raises UsageError for a value that an option does not take, and for a file that cannot be read.
   PrintOptions Options() const;
 
  private:
   Stock ChosenStock() const;
+  bool IsGiven(const std::string& name) const;
 
+  const CLI::App* command_ = nullptr;
   std::string stock_ = BuiltInStocks().front().name;
   std::string ownStock_, stockFile_;
   int firstLabel_ = 1;

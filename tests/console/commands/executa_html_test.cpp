@@ -80,7 +80,8 @@ TEST(ExecutaHtmlUsage, RefusesASheetALabelAndACopyThatDoNotExist) {
            {{"--copias", "0"}, "--copias vai de 1 a 1000, e não pode ser 0"},
            {{"--copias", "1001"}, "--copias vai de 1 a 1000, e não pode ser 1001"},
        }) {
-    std::vector<std::string> arguments = {"executa", "CCaixaRpt.EtiquetaAbertura", "--conexao", "DSN=x"};
+    std::vector<std::string> arguments = {"executa", "CCaixaRpt.EtiquetaAbertura", "--formato", "html", "--conexao",
+                                          "DSN=x"};
     arguments.insert(arguments.end(), wrong.options.begin(), wrong.options.end());
     EXPECT_EQ(RunProgram(arguments), UsageFailure(wrong.message));
   }

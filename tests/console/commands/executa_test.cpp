@@ -193,6 +193,51 @@ TEST(ExecutaUsage, RefusesWrongValuesAndSuggestsTheNearestName) {
   }
 }
 
+TEST(ExecutaUsage, RefusesAParameterThatTheReportDoesNotRead) {
+  EXPECT_EQ(RunProgram({"executa", "RelatorioDevolucaoOriginal", "--conexao", "DSN=D", "--CodSolicit", "17"}),
+            UsageFailure("CSolicitacaoRpt.RelatorioDevolucaoOriginal não lê o parâmetro \"CodSolicit\"; só lê "
+                         "ListarJaDevolvidos"));
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=D", "--Owner", "eu"}),
+            UsageFailure("CDeptoRpt.RelatorioDeptos não lê o parâmetro \"Owner\", nem nenhum outro"));
+}
+
+TEST(ExecutaUsage, RefusesOptionsOfLabelsForAnotherReportOrFormat) {
+  for (const auto& [option, value] : std::vector<std::pair<std::string, std::string>>{
+           {"--folha", "a4-2x7"}, {"--primeira", "2"}, {"--copias", "2"}, {"--codigo", "qr"}}) {
+    EXPECT_EQ(
+        RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=D", "--formato", "html", option, value}),
+        UsageFailure(option + " só vale com um relatório de etiquetas, e CDeptoRpt.RelatorioDeptos não é um deles"));
+    EXPECT_EQ(
+        RunProgram({"executa", "CCaixaRpt.EtiquetaDivisoria", "--conexao", "DSN=D", "--saida", "a.csv", option, value}),
+        UsageFailure(option + " só vale com os formatos html e pdf"));
+  }
+}
+
+TEST(ExecutaUsage, RefusesALetterheadForAFormatWithoutPages) {
+  for (const std::string command : {"executa", "confere"}) {
+    std::vector<std::string> arguments = {command, "--conexao", "DSN=D", "--formato", "json", "--orgao", "Arquivo"};
+    if (command == "executa") arguments.insert(arguments.begin() + 1, "CDeptoRpt");
+    EXPECT_EQ(RunProgram(arguments), UsageFailure("--orgao só vale com os formatos html e pdf"));
+  }
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=D", "--logotipo", "a.png"}),
+            UsageFailure("--logotipo só vale com os formatos html e pdf"));
+}
+
+TEST(ExecutaUsage, ShowsTheParametersAndColumnsOfAReportInTheHelpOnIt) {
+  const RunResult result = RunProgram({"executa", "CTipo_CaixaRpt", "--help"});
+  EXPECT_EQ(result.code, ExitCode::kOk);
+  EXPECT_EQ(result.out,
+            RunProgram({"descreve", "CTipo_CaixaRpt"}).out +
+                "\n\"kodrarpt executa --help\" mostra as outras opções: a conexão, os formatos, as páginas e as "
+                "etiquetas.\n");
+  EXPECT_EQ(RunProgram({"ajuda", "executa", "CTipo_CaixaRpt"}), result);
+  EXPECT_EQ(
+      RunProgram({"executa", "CTipo_CaixRpt", "-h"}),
+      UsageFailure("o relatório \"CTipo_CaixRpt\" não existe (quis dizer \"CTipo_CaixaRpt\"?); \"kodrarpt lista\" "
+                   "mostra todos"));
+  EXPECT_TRUE(RunProgram({"executa", "--help"}).out.starts_with("Executa um relatório e grava as suas linhas\n"));
+}
+
 TEST(ExecutaUsage, NeedsAConnectionString) {
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt"}), UsageFailure("falta --conexao"));
 }

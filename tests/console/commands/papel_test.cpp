@@ -86,6 +86,9 @@ TEST(PapelUsage, NamesWhatIsMissingOrUnknown) {
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--formato", "pfd", "--saida", "x"}),
             UsageFailure("um papel sai em pdf ou html (quis dizer \"pdf\"?)"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--CodSolicit", "1", "--saida", "x"}).code, ExitCode::kUsage);
+  EXPECT_EQ(papel({"retirada", "--CodSolicit", "1", "--ListarJaDevolvidos", "sim", "--saida", "x"}),
+            UsageFailure("CSolicitacaoRpt.RelatorioRetiradaOriginal não lê o parâmetro \"ListarJaDevolvidos\"; só lê "
+                         "CodSolicit"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--logotipo", "/", "--saida", "x"}),
             UsageFailure("não foi possível ler \"/\": é uma pasta"));
 }

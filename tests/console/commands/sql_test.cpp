@@ -156,7 +156,12 @@ TEST(SqlTest, SeparatesLaidOutStatements) {
                     "SELECT cx.CONTAINER, cx.DATA_VENCIMENTO, cx.TIPO_GUARDA, p.EMPRESA AS NOME_EMPRESA\n"
                     "FROM CAIXA cx\n"
                     "INNER JOIN PARAMETRO p ON 1=1\n"
-                    "WHERE cx.CONTAINER=''\n"));
+                    "WHERE cx.CONTAINER='';\n"));
+}
+
+TEST(SqlTest, RefusesAParameterThatTheReportDoesNotRead) {
+  EXPECT_EQ(RunProgram({"sql", "CSerieRpt", "--banco", "db2", "--Owner", "eu"}),
+            UsageFailure("CSerieRpt.RelatorioSeries não lê o parâmetro \"Owner\", nem nenhum outro"));
 }
 
 TEST(SqlTest, RefusesAnUnknownOption) {
