@@ -12,19 +12,19 @@ _kodrarpt() {
   fi
   case $command in
     lista)
-      options='--help'
+      options='--help --json'
       ;;
     descreve)
-      options='--help'
+      options='--help --json'
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
+      options='--help --conexao --senha-de --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
       arguments=$reports
       hasParameters=1
       ;;
     etiquetas)
-      options='--help --de --ate --CodDepto --lista --conexao --senha-de --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
+      options='--help --de --ate --CodDepto --lista --conexao --senha-de --detalhes --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
@@ -33,15 +33,15 @@ _kodrarpt() {
       hasParameters=1
       ;;
     papel)
-      options='--help --conexao --senha-de --formato --saida --orgao --logotipo --tempo-limite --literal'
+      options='--help --conexao --senha-de --detalhes --formato --saida --orgao --logotipo --tempo-limite --literal'
       arguments='retirada originais descarte modulo'
       hasParameters=1
       ;;
     confere)
-      options='--help --modulo --conteiner --lista --conexao --senha-de --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
+      options='--help --modulo --conteiner --lista --conexao --senha-de --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
       ;;
     verifica)
-      options='--help --conexao --senha-de --json'
+      options='--help --conexao --senha-de --detalhes --json'
       ;;
     esquema)
       options='--help --banco --indices --permissoes'

@@ -232,8 +232,13 @@ TEST(GuideErrorTable, IsWrittenBetweenItsComments) {
   EXPECT_EQ(written.substr(0, start.size()), start);
   EXPECT_EQ(written.substr(written.size() - end.size()), end);
   EXPECT_EQ(written.find("velho"), std::string::npos);
-  EXPECT_NE(written.find("\n| A mensagem do ADO instalado para \"nenhum registro atual\" (3021) | nenhum evento passa "
-                         "pelos filtros | amplie o período ou tire filtros |\n"),
+  EXPECT_NE(written.find("\n| A mensagem do ADO instalado para \"nenhum registro atual\" (3021), em "
+                         "CLogRpt.RelatorioLog | nenhum evento passa pelos filtros | amplie o período ou tire filtros "
+                         "|\n"),
+            std::string::npos);
+  EXPECT_NE(written.find("\n| A variável do objeto ou a variável do bloco 'With' não foi definida, em "
+                         "CSolicitacaoRpt.RelatorioRetiradaOriginal | a solicitação não tem documento em nenhum módulo "
+                         "| confira o código em CodSolicit |\n"),
             std::string::npos);
   EXPECT_NE(written.find("\n| Banco ocupado (\"database is locked\"…) | outro programa está gravando no banco | tente "
                          "de novo daqui a pouco |\n"),

@@ -245,18 +245,11 @@ std::string ErrorsPage() {
          AnswerTable();
 }
 
-// The causes that only some reports have, each once.
-std::vector<guide::Failure> OwnFailures() {
-  std::vector<guide::Failure> own;
-  const auto isTold = [&](const guide::Failure& failure) {
-    return std::ranges::find(own, failure.cause, &guide::Failure::cause) != own.end() ||
-           std::ranges::find(guide::Causes(), failure.cause, &guide::Error::text) != guide::Causes().end();
-  };
-  for (const guide::Report& report : guide::Reports()) {
-    for (const guide::Failure& failure : report.failures)
-      if (!isTold(failure)) own.push_back(failure);
-  }
-  return own;
+// Whether the list of causes says the same as the report.
+bool IsCommon(const guide::Failure& failure) {
+  return std::ranges::any_of(guide::Causes(), [&](const guide::Error& error) {
+    return error.text == failure.cause && error.remedy == failure.remedy;
+  });
 }
 
 // All causes, for people who look for what they read in a message.
@@ -265,10 +258,13 @@ std::string CauseTable() {
   const auto add = [&](const std::string& cause, std::string_view whatHappened, std::string_view remedy) {
     table.Add({cause, std::string(whatHappened), guide::Continued(remedy)});
   };
-  for (const guide::Error& error : guide::Causes())
-    add(std::string(error.text), error.whatHappened, error.remedy);
-  for (const guide::Failure& failure : OwnFailures())
-    add(std::string(failure.cause), failure.whatHappened, failure.remedy);
+  for (const guide::Error& error : guide::Causes()) add(std::string(error.text), error.whatHappened, error.remedy);
+  for (const ReportMethod& method : reports::ReportMethods()) {
+    for (const guide::Failure& failure : guide::About(method).failures) {
+      if (!IsCommon(failure))
+        add(std::string(failure.cause) + ", em " + NameOf(method), failure.whatHappened, failure.remedy);
+    }
+  }
   for (const guide::Answer& answer : guide::Answers())
     add(std::string(answer.name) + " (" + Quoted({answer.words.front()}) + "…)", answer.whatHappened, answer.remedy);
   return table.Text();
