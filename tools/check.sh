@@ -9,7 +9,8 @@ group_threads() {
     folder=${folder%%/*}
     suites=$(sed -nE 's/^TEST(_F)?\((\w+),.*/\2.*/p' "$file" | sort -u | paste -sd:)
     build_preset tsan "kodra_test_$folder"
-    (cd tests && "../build/tsan/tests/kodra_test_$folder" --gtest_filter="$suites") || status=1
+    (cd tests && TSAN_OPTIONS=suppressions=checked/tsan.supp "../build/tsan/tests/kodra_test_$folder" \
+      --gtest_filter="$suites") || status=1
   done < <(git grep -lE 'std::(thread|jthread|async)\b' -- 'tests/*.cpp' ':!tests/wine')
   return "$status"
 }

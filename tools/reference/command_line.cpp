@@ -118,7 +118,7 @@ std::string AsTyped(const std::string& text) { return ".nf\n" + Troff(text) + "\
 std::string OptionParagraph(const CLI::Option& option) {
   const bool isArgument = !option.nonpositional();
   const std::string name = isArgument ? option.get_name() : Joined(NamesOf(option), ", ");
-  const std::string value = option.get_option_text();
+  const std::string& value = option.get_option_text();
   return ".TP\n\\fB" + Troff(name) + "\\fR" +
          (isArgument || !TakesAValue(option) || value == " " ? "" : " \\fI" + Troff(value) + "\\fR") + "\n" +
          Troff(option.get_description()) + ".\n";
