@@ -12,12 +12,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "odbc/engine/recordset.h"
 #include "testbed/mariadb/child_process.h"
 #include "tests/db/mariadb.h"
+#include "tests/db/sample.h"
 #include "tests/db/sqlite_file.h"
 #include "values/utf8.h"
 
@@ -54,29 +54,18 @@ const Supports& Many() {
 // A database whose parameter table never ends. A run of a report that reads it unsorted ends only when it is
 // interrupted.
 std::string EndlessConnection() {
-  static SqliteFile file;
-  static const bool made = [] {
-    file.Run(
-        L"CREATE VIEW PARAMETRO AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
-        L"SELECT '1' AS CODIGO, printf('Acervo %d', i) AS EMPRESA FROM n");
-    return true;
-  }();
-  return made ? ToUtf8(file.ConnectionString()) : "";
+  return ToUtf8(DatabaseOf(Engine::kSqlite, L"interminavel",
+                           {L"CREATE VIEW PARAMETRO AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
+                            L"SELECT '1' AS CODIGO, printf('Acervo %d', i) AS EMPRESA FROM n"}));
 }
 
 class KodrarptProcess : public testing::Test {
  protected:
   KodrarptProcess() {
-    std::string pattern = (fs::temp_directory_path() / "kodra-process-XXXXXX").string();
-    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
     // A shell makes its background programs ignore Ctrl-C, and kodrarpt would inherit that from this program.
     previousHandler_ = signal(SIGINT, SIG_DFL);
   }
-  ~KodrarptProcess() override {
-    signal(SIGINT, previousHandler_);
-    fs::remove_all(folder_);
-  }
+  ~KodrarptProcess() override { signal(SIGINT, previousHandler_); }
 
   // Starts "kodrarpt executa" with a report and its arguments, and writes to "destino.csv" or "destino.json". A wrapper
   // is a command that runs kodrarpt; it may be empty.
@@ -99,18 +88,7 @@ class KodrarptProcess : public testing::Test {
         "csv");
   }
 
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
-  static std::string Read(const fs::path& path) {
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-  }
+  std::vector<std::string> Names() const { return folder_.Names(); }
 
   // Whether the test may mount file systems that only its own processes see.
   static bool MayMount() {
@@ -156,7 +134,7 @@ class KodrarptProcess : public testing::Test {
     return std::stol(Read(peak)) / 1024;
   }
 
-  fs::path folder_;
+  const TemporaryFolder folder_;
   sighandler_t previousHandler_;
 };
 
@@ -184,23 +162,14 @@ TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
 
 // A database that takes half a minute, or for ever, to answer with its first support.
 std::string SlowMariaDb() {
-  MariaDb().CreateDatabase(L"lenta");
-  odbc::Connection connection;
-  connection.Open(MariaDb().ConnectionString(L"lenta"), L"", L"", platform::ad::kUnspecified);
-  connection.Execute(L"CREATE OR REPLACE VIEW SUPORTE AS SELECT '1' AS COD_SUPORTE, SLEEP(30) AS DESCR_SUPORTE",
-                     platform::ad::kCmdText);
-  return ToUtf8(MariaDb().ConnectionString(L"lenta"));
+  return ToUtf8(DatabaseOf(Engine::kMariaDb, L"lenta",
+                           {L"CREATE VIEW SUPORTE AS SELECT '1' AS COD_SUPORTE, SLEEP(30) AS DESCR_SUPORTE"}));
 }
 
 std::string SlowSqlite() {
-  static SqliteFile file;
-  static const bool made = [] {
-    file.Run(
-        L"CREATE VIEW SUPORTE AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
-        L"SELECT i AS COD_SUPORTE, i AS DESCR_SUPORTE FROM n WHERE i < 0");
-    return true;
-  }();
-  return made ? ToUtf8(file.ConnectionString()) : "";
+  return ToUtf8(DatabaseOf(Engine::kSqlite, L"lento",
+                           {L"CREATE VIEW SUPORTE AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
+                            L"SELECT i AS COD_SUPORTE, i AS DESCR_SUPORTE FROM n WHERE i < 0"}));
 }
 
 // How many statements of other connections the server runs.
@@ -411,7 +380,7 @@ TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
                    "mkdir \"$1/tmp\" && mount -t tmpfs -o size=1m tmpfs \"$1/tmp\" && export TMPDIR=\"$1/tmp\" && "
                    "exec \"$0\" executa CSuporteRpt --conexao \"$2\" --formato xlsx --saida \"$1/destino.xlsx\"",
                    KODRARPT,
-                   folder_.string(),
+                   folder_.Path().string(),
                    Many().Connection()};
   child.output = (folder_ / "saida.txt").string();
   EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);

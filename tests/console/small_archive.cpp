@@ -1,17 +1,10 @@
 #include "tests/console/small_archive.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
-#include "tests/db/mariadb.h"
-#include "tests/db/sqlite_file.h"
-
 namespace kodra::tests {
 namespace {
 
 // In SQL that both databases execute.
-constexpr const wchar_t* kStatements[] = {
+const std::vector<std::wstring> kStatements = {
     L"CREATE TABLE DEPTO (COD_DEPTO VARCHAR(10), DESCR_DEPTO VARCHAR(100), ENDERECO VARCHAR(150), CIDADE VARCHAR(60), "
     L"ESTADO VARCHAR(2), CEP VARCHAR(9), END_EMAIL VARCHAR(100))",
     L"INSERT INTO DEPTO VALUES ('1', 'Jurídico', 'Rua \"A\", 10', 'São Paulo', 'SP', '01000-000', NULL)",
@@ -41,30 +34,8 @@ constexpr const wchar_t* kStatements[] = {
     L"CREATE TABLE GRUPOS_OPERADORES (COD_GRPOP VARCHAR(10), DESCR_GRPOP VARCHAR(100))",
 };
 
-std::wstring OnSqliteFile() {
-  static SqliteFile file;
-  static const bool made = [] {
-    for (const wchar_t* statement : kStatements) file.Run(statement);
-    return true;
-  }();
-  return made ? file.ConnectionString() : L"";
-}
-
-std::wstring OnServer() {
-  static const std::wstring connection = [] {
-    MariaDb().CreateDatabase(L"pequeno");
-    const std::wstring text = MariaDb().ConnectionString(L"pequeno");
-    odbc::Connection database;
-    database.SetConnectionString(text);
-    database.Open(L"", L"", platform::ad::kUnspecified);
-    for (const wchar_t* statement : kStatements) database.Execute(statement, platform::ad::kCmdText);
-    return text;
-  }();
-  return connection;
-}
-
 }  // namespace
 
-std::wstring SmallArchiveOn(Engine engine) { return engine == Engine::kSqlite ? OnSqliteFile() : OnServer(); }
+std::wstring SmallArchiveOn(Engine engine) { return DatabaseOf(engine, L"pequeno", kStatements); }
 
 }  // namespace kodra::tests

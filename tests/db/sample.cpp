@@ -1,11 +1,13 @@
 #include "tests/db/sample.h"
 
 #include <fstream>
+#include <map>
 
 #include "odbc/engine/connection.h"
 #include "testbed/archive/writer.h"
 #include "tests/db/mariadb.h"
 #include "tests/db/temporary_folder.h"
+#include "values/utf8.h"
 
 namespace kodra::tests {
 namespace {
@@ -26,12 +28,6 @@ void Run(const std::wstring& connectionString, const std::vector<std::wstring>& 
   for (const std::wstring& statement : statements) connection.Execute(statement, platform::ad::kCmdText);
 }
 
-void CreateTables(const std::wstring& connectionString, testbed::Engine engine) {
-  std::vector<std::wstring> statements;
-  for (const testbed::TableShape& table : testbed::AllShapes()) statements.push_back(CreateTable(table, engine));
-  Run(connectionString, statements);
-}
-
 fs::path MakeSampleFile() {
   const fs::path path = ProgramFolder() / "acervo.db";
   testbed::WriteSqlite(path, rows::kSampleSize);
@@ -50,18 +46,6 @@ std::wstring SampleOnMariaDb() {
   return MariaDb().ConnectionString(L"acervo");
 }
 
-std::wstring EmptyOnSqlite() {
-  std::wstring text = SqliteString(ProgramFolder() / "vazio.db");
-  CreateTables(text, testbed::Engine::kSqlite);
-  return text;
-}
-
-std::wstring EmptyOnMariaDb() {
-  MariaDb().CreateDatabase(L"vazio");
-  CreateTables(MariaDb().ConnectionString(L"vazio"), testbed::Engine::kMySql);
-  return MariaDb().ConnectionString(L"vazio");
-}
-
 }  // namespace
 
 std::filesystem::path SampleFile() {
@@ -76,12 +60,22 @@ std::wstring SampleOn(Engine engine) {
 }
 
 std::wstring EmptyOn(Engine engine) {
-  if (engine == Engine::kSqlite) {
-    static const std::wstring sqlite = EmptyOnSqlite();
-    return sqlite;
-  }
-  static const std::wstring mariaDb = EmptyOnMariaDb();
-  return mariaDb;
+  const auto dialect = engine == Engine::kSqlite ? testbed::Engine::kSqlite : testbed::Engine::kMySql;
+  std::vector<std::wstring> statements;
+  for (const testbed::TableShape& table : testbed::AllShapes()) statements.push_back(CreateTable(table, dialect));
+  return DatabaseOf(engine, L"vazio", statements);
+}
+
+std::wstring DatabaseOf(Engine engine, const std::wstring& name, const std::vector<std::wstring>& statements) {
+  static std::map<std::pair<Engine, std::wstring>, std::wstring> made;
+  const std::pair key(engine, name);
+  if (made.contains(key)) return made[key];
+  if (engine == Engine::kMariaDb) MariaDb().CreateDatabase(name);
+  std::wstring text = engine == Engine::kMariaDb ? MariaDb().ConnectionString(name)
+                                                 : SqliteString(ProgramFolder() / values::ToUtf8(name + L".db"));
+  Run(text, statements);
+  made[key] = text;
+  return text;
 }
 
 }  // namespace kodra::tests

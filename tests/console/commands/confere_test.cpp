@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
 
 #include "tests/console/run.h"
 #include "tests/console/typed_input.h"
@@ -19,7 +18,7 @@ using values::ToUtf8;
 
 // In SQL that both databases execute. AB001 and AB002 are in the container C1, AB003 in C2, AB004 in none, and nothing
 // is in C3. One document in AB001 has a support that does not exist. Documents 2, 3 and 4 are lent out.
-constexpr const wchar_t* kStatements[] = {
+const std::vector<std::wstring> kStatements = {
     L"CREATE TABLE CONTAINER (NUM_CONTAINER VARCHAR(10), DESC_CONTAINER VARCHAR(50))",
     L"INSERT INTO CONTAINER VALUES ('C1', 'Um'), ('C2', 'Dois'), ('C3', NULL)",
     L"CREATE TABLE CAIXA (NUM_CAIXA VARCHAR(5), DESC_CAIXA VARCHAR(50), DOC_INICIAL VARCHAR(10), "
@@ -48,27 +47,6 @@ constexpr const wchar_t* kStatements[] = {
     L"(3, '0000000003', '2', NULL, 'P', NULL), (4, '0000000004', '2', '2024-03-01 09:00:00', 'I', NULL)",
 };
 
-std::wstring OnSqliteFile() {
-  static tests::SqliteFile file;
-  static const bool made = [] {
-    for (const wchar_t* statement : kStatements) file.Run(statement);
-    return true;
-  }();
-  return made ? file.ConnectionString() : L"";
-}
-
-std::wstring OnServer() {
-  static const std::wstring connection = [] {
-    tests::MariaDb().CreateDatabase(L"conferencia");
-    const std::wstring text = tests::MariaDb().ConnectionString(L"conferencia");
-    odbc::Connection database;
-    database.Open(text, L"", L"", platform::ad::kUnspecified);
-    for (const wchar_t* statement : kStatements) database.Execute(statement, platform::ad::kCmdText);
-    return text;
-  }();
-  return connection;
-}
-
 constexpr const char* kDocumentColumns = "CODIGO,SITUACAO,MODULO,LOCALIZACAO,OPERADOR,RETIRADA,DEVOLUCAO\r\n";
 constexpr const char* kModuleColumns = "CODIGO,SITUACAO,CONTEINER,LOCALIZACAO\r\n";
 
@@ -81,7 +59,7 @@ class Confere : public testing::TestWithParam<Engine> {
  protected:
   static bool HasLoans() { return GetParam() == Engine::kMariaDb; }
 
-  static std::string Connection() { return ToUtf8(HasLoans() ? OnServer() : OnSqliteFile()); }
+  static std::string Connection() { return ToUtf8(tests::DatabaseOf(GetParam(), L"conferencia", kStatements)); }
 
   // Compares the codes, which are typed, with a module or container.
   static RunResult RunOn(std::vector<std::string> arguments, const std::string& typed) {
@@ -197,9 +175,8 @@ TEST_P(Confere, WritesAFileInEveryFormat) {
                     (folder / "lidos.txt").string(), "--formato", format, "--saida", target.string()});
     EXPECT_EQ(result.code, ExitCode::kOk) << format;
     EXPECT_EQ(result.out, "") << format;
-    std::ostringstream text;
-    text << std::ifstream(target).rdbuf();
-    EXPECT_EQ(text.str().substr(0, start.size()), start);
+    const std::string text = tests::Read(target);
+    EXPECT_EQ(text.substr(0, start.size()), start);
   }
 }
 
@@ -261,9 +238,8 @@ TEST(ConfereFailure, KeepsTheFormerFileAndHidesThePassword) {
   EXPECT_EQ(result.code, ExitCode::kConnection);
   EXPECT_EQ(result.out, "");
   EXPECT_EQ(result.err.find("segredo"), std::string::npos) << result.err;
-  std::ostringstream text;
-  text << std::ifstream(target).rdbuf();
-  EXPECT_EQ(text.str(), "antes");
+  const std::string text = tests::Read(target);
+  EXPECT_EQ(text, "antes");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 

@@ -4,12 +4,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "tests/console/run.h"
 #include "tests/console/small_archive.h"
 #include "tests/db/mariadb.h"
 #include "tests/db/sample.h"
+#include "tests/db/temporary_folder.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -17,17 +17,11 @@ namespace {
 
 namespace fs = std::filesystem;
 using tests::Engine;
+using tests::Read;
 using values::ToUtf8;
 
 class Executa : public testing::TestWithParam<Engine> {
  protected:
-  Executa() {
-    std::string pattern = (fs::temp_directory_path() / "kodra-executa-XXXXXX").string();
-    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  ~Executa() override { fs::remove_all(folder_); }
-
   static std::string Connection() { return ToUtf8(tests::SmallArchiveOn(GetParam())); }
 
   // Runs a report on the small archive, with further arguments.
@@ -36,13 +30,7 @@ class Executa : public testing::TestWithParam<Engine> {
     return RunProgram(arguments);
   }
 
-  static std::string Read(const fs::path& path) {
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-  }
-
-  fs::path folder_;
+  const tests::TemporaryFolder folder_;
 };
 
 INSTANTIATE_TEST_SUITE_P(, Executa, testing::Values(Engine::kSqlite, Engine::kMariaDb), tests::EngineName);
@@ -140,7 +128,7 @@ TEST_P(Executa, RefusesAnUnknownColumnAndWritesNoFile) {
   EXPECT_EQ(RunReport("CDeptoRpt", {"--colunas", "CIDAD", "--saida", (folder_ / "a.xlsx").string()}),
             UsageFailure("não há a coluna \"CIDAD\" (quis dizer \"CIDADE\"?); as colunas são DESCR_DEPTO, ENDERECO, "
                          "CIDADE, ESTADO, CEP, END_EMAIL"));
-  EXPECT_TRUE(fs::is_empty(folder_));
+  EXPECT_TRUE(fs::is_empty(folder_.Path()));
 }
 
 TEST_P(Executa, WritesASpreadsheetToAFileOnly) {
@@ -148,7 +136,7 @@ TEST_P(Executa, WritesASpreadsheetToAFileOnly) {
   const fs::path target = folder_ / "departamentos.xlsx";
   EXPECT_EQ(RunReport("CDeptoRpt", {"--formato", "xlsx", "--saida", target.string()}), Success(""));
   EXPECT_EQ(Read(target).substr(0, 4), "PK\x03\x04");
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.Path()), {}), 1);
 }
 
 TEST_P(Executa, KeepsThePreviousFileWhenTheReportFails) {
@@ -167,7 +155,7 @@ TEST_P(Executa, KeepsThePreviousFileWhenTheReportFails) {
                 "O que fazer: confira a conexão; \"kodrarpt verifica\" mostra tudo o que falta.\n"
                 "Com --detalhes, sai também a mensagem do componente.\n");
   EXPECT_EQ(Read(target), "antes");
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.Path()), {}), 1);
 }
 
 TEST_P(Executa, ReportsAnUnwritableFileBeforeItConnects) {

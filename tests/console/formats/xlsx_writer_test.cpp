@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <limits>
 
 #include "tests/console/failing.h"
 #include "tests/console/formats/writing.h"
+#include "tests/db/temporary_folder.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -18,13 +18,6 @@ namespace fs = std::filesystem;
 
 class XlsxWriterTest : public testing::Test {
  protected:
-  XlsxWriterTest() {
-    std::string pattern = (fs::temp_directory_path() / "kodra-xlsx-XXXXXX").string();
-    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  ~XlsxWriterTest() override { fs::remove_all(folder_); }
-
   std::wstring Path() const { return values::FromUtf8((folder_ / "planilha.xlsx").string()); }
 
   // A part of the file at Path().
@@ -56,7 +49,7 @@ class XlsxWriterTest : public testing::Test {
     return first == std::string::npos ? data : data.substr(first, data.rfind("</sheetData>") - first);
   }
 
-  fs::path folder_;
+  const tests::TemporaryFolder folder_;
 };
 
 TEST_F(XlsxWriterTest, WritesTextsThatLookLikeFormulasAsTexts) {
@@ -334,7 +327,7 @@ std::string FailureAt(const std::wstring& path) {
 
 TEST_F(XlsxWriterTest, SaysOnlyInPortugueseWhyTheFileCannotBeWritten) {
   EXPECT_EQ(FailureAt(L"/não/existe/planilha.xlsx"), "não foi possível gravar a planilha: a pasta não existe.");
-  EXPECT_EQ(FailureAt(values::FromUtf8(folder_.string())), "não foi possível gravar a planilha: é uma pasta.");
+  EXPECT_EQ(FailureAt(values::FromUtf8(folder_.Path().string())), "não foi possível gravar a planilha: é uma pasta.");
   EXPECT_EQ(FailureAt(L"/dev/full"), "não foi possível gravar a planilha: o disco está cheio.");
 }
 

@@ -10,35 +10,23 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "tests/console/failing.h"
+#include "tests/db/temporary_folder.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
 namespace {
 
 namespace fs = std::filesystem;
+using tests::Read;
 
 class TargetFileTest : public testing::Test {
  protected:
-  TargetFileTest() {
-    std::string pattern = (fs::temp_directory_path() / "kodra-target-XXXXXX").string();
-    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  ~TargetFileTest() override { fs::remove_all(folder_); }
-
   fs::path At(const char* name) const { return folder_ / name; }
   static std::wstring Wide(const fs::path& path) { return values::FromUtf8(path.string()); }
   static void Write(const fs::path& path, const std::string& text) { std::ofstream(path) << text; }
-  static std::string Read(const fs::path& path) {
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-  }
   static struct stat StatusOf(const fs::path& path) {
     struct stat status {};
     EXPECT_EQ(stat(path.c_str(), &status), 0);
@@ -49,13 +37,7 @@ class TargetFileTest : public testing::Test {
     const struct stat status = StatusOf(path);
     return {status.st_uid, status.st_gid};
   }
-  // The names in the folder.
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder_)) names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+  std::vector<std::string> Names() const { return folder_.Names(); }
 
   // Writes to a pipe that nobody reads, as kodrarpt writes messages when its errors go to a program that has ended.
   // Returns the number of the error.
@@ -68,7 +50,7 @@ class TargetFileTest : public testing::Test {
     return error;
   }
 
-  fs::path folder_;
+  const tests::TemporaryFolder folder_;
 };
 
 TEST_F(TargetFileTest, AppearsOnlyWhenItIsComplete) {
@@ -167,7 +149,7 @@ TEST_F(TargetFileTest, GivesAnotherGroupOnlyThePermissionsOfEverybody) {
   if (geteuid() != 0) GTEST_SKIP() << "only root may become another user";
   Write(At("a.csv"), "antes");
   fs::permissions(At("a.csv"), static_cast<fs::perms>(0664));
-  fs::permissions(folder_, static_cast<fs::perms>(0777));
+  fs::permissions(folder_.Path(), static_cast<fs::perms>(0777));
   const pid_t child = fork();
   if (child == 0) {
     if (setgroups(0, nullptr) != 0 || setgid(54321) != 0 || setuid(54321) != 0) _exit(1);
@@ -204,7 +186,7 @@ TEST_F(TargetFileTest, SaysWhyItCannotBeMade) {
   const auto failure = [](const fs::path& path) { return FailureOf([&] { TargetFile file(Wide(path)); }); };
   const std::string missing = At("não/há.csv").string();
   EXPECT_EQ(failure(missing), "não foi possível gravar \"" + missing + "\": a pasta não existe.");
-  EXPECT_EQ(failure(folder_), "não foi possível gravar \"" + folder_.string() + "\": é uma pasta.");
+  EXPECT_EQ(failure(folder_.Path()), "não foi possível gravar \"" + folder_.Path().string() + "\": é uma pasta.");
   Write(At("a.csv"), "antes");
   const std::string below = (At("a.csv") / "b.csv").string();
   EXPECT_EQ(failure(below),

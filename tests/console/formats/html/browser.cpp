@@ -53,17 +53,6 @@ std::string FieldOf(const std::string& info, const std::string& name) {
 
 }  // namespace
 
-Browser::Browser() {
-  std::string name = (std::filesystem::temp_directory_path() / "kodra-preview-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  folder_ = name;
-}
-
-Browser::~Browser() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
-}
-
 std::filesystem::path Browser::Write(const std::string& name, const std::string& text) const {
   std::ofstream(folder_ / name, std::ios::binary) << text;
   return folder_ / name;
@@ -116,7 +105,8 @@ Browser::Print Browser::PrintToPdf(const std::string& page, bool scan) {
   if (scan) {
     Run("pdftoppm -r 200 -gray -png " + pdf.string() + " " + (folder_ / "sheet").string());
     print.barcodes = LinesOf(
-        Run("zbarimg --quiet --raw -Sdisable -Scode128.enable --nodbus " + folder_.string() + "/sheet*.png"), '\n');
+        Run("zbarimg --quiet --raw -Sdisable -Scode128.enable --nodbus " + folder_.Path().string() + "/sheet*.png"),
+        '\n');
   }
   return print;
 }

@@ -6,16 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/db/temporary_folder.h"
+
 namespace kodra::tests {
 
 class Browser {
  public:
-  // Works in a temporary folder of its own, which goes with it.
-  Browser();
-  ~Browser();
-  Browser(const Browser&) = delete;
-  Browser& operator=(const Browser&) = delete;
-
   // Shows the pages side by side and evaluates a JavaScript function, `(document) => value`, on each; returns the
   // values.
   nlohmann::json Evaluate(const std::vector<std::string>& pages, const std::string& function);
@@ -34,7 +30,7 @@ class Browser {
   std::string RunChromium(const std::string& arguments) const;
   std::filesystem::path Write(const std::string& name, const std::string& text) const;
 
-  std::filesystem::path folder_;
+  const TemporaryFolder folder_;
 };
 
 }  // namespace kodra::tests
