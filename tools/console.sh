@@ -1,19 +1,28 @@
 # Tests the console program as a Windows program.
 
-# Runs kodrarpt on both systems with the same arguments; both must write the same bytes and the same exit code.
-same() {
-  local native=$PWD/build/console/native windows=$PWD/build/console/windows
+# Runs kodrarpt on Linux and a program for Windows with the same arguments; both must write the same bytes and the same
+# exit code: compare TEST WINDOWS-COMMAND… -- ARGUMENT…
+compare() {
+  local test=$1 program=() native=$PWD/build/console/native windows=$PWD/build/console/windows
+  shift
+  while [ "$1" != -- ]; do program+=("$1"); shift; done
+  shift
   build/sanitize/kodrarpt "$@" >"$native" 2>&1 </dev/null || echo "código $?" >>"$native"
-  wine_environment run wine build/win32/console/kodrarpt.exe "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
+  "${program[@]}" "$@" >"$windows" 2>&1 </dev/null || echo "código $?" >>"$windows"
   sed -i '/XDG_RUNTIME_DIR/d' "$windows"  # a message of the Wine server itself when it starts
   if [ -s "$native" ] && cmp -s "$native" "$windows"; then
-    passed "console.$1 ${*:2}"
+    passed "console.$test $*"
   else
-    failed "console.$1 ${*:2}"
+    failed "console.$test $*"
     echo "kodrarpt $* escreve outra coisa no Windows:"
     diff "$native" "$windows" | head -n 10 || true
   fi
 }
+
+same() { compare 32 wine_environment run wine build/win32/console/kodrarpt.exe -- "$@"; }
+
+# Without a database, because the 64-bit Wine has neither ADO nor the siblings.
+same_in_64_bits() { compare 64 wine64 build/win64/console/kodrarpt.exe -- "$@"; }
 
 # Writes a report as a spreadsheet on both systems, to a name with accents; the sheets must have the same cells.
 same_sheet() {
@@ -125,6 +134,7 @@ labels() {
 group_console() {
   build_preset sanitize kodrarpt kodra-demo-data
   build_preset win32 kodrarpt KodraRpt kodra_ado kodra_siblings_com
+  build_preset win64 kodrarpt
   archive sanitize build/test/acervo.db 500
   mkdir -p build/console
   same --help
@@ -140,6 +150,10 @@ group_console() {
   same executa CLogRpt --help
   # The same rows through ADO and the siblings by ProgID as through ODBC and the siblings that are linked in.
   with_wine
+  ready_wine64
+  same_in_64_bits --help
+  same_in_64_bits descreve CDocumentoRpt.RelatorioAnalítico
+  same_in_64_bits sql CModeloRpt --banco todos --bonito --CodModelo "ofício nº 7 – «café» €"
   local report format connection="Driver={SQLite3};Database=$PWD/build/test/acervo.db"
   for report in CDeptoRpt.RelatorioDeptos CDocumentoRpt.RelatorioAnalitico CCaixaRpt.RelatoriosModulos \
     COperadorRpt.RelatorioOperadores; do

@@ -94,6 +94,7 @@ stage_files() {
   sed "s/@version@/$version/" packaging/LEIAME.txt >"$folder/parts/LEIAME.txt"
   put . build/win32/KodraRpt.dll "$folder/parts/LEIAME.txt"
   put console build/win32/console/kodrarpt.exe packaging/console/kodrarpt.bash packaging/console/kodrarpt.1
+  put x64/console build/win64/console/kodrarpt.exe
   put_licences . "KodraRpt.dll" component_licences
   put_licences console "kodrarpt.exe" console_licences
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
@@ -104,7 +105,7 @@ stage_files() {
   cat testbed/archive/cliente.vbs testbed/archive/tabela.vbs | sed 's/$/\r/' | iconv -f UTF-8 -t CP1252 >"$stage/exemplos/cliente.vbs"
 }
 
-# In the zip only: the manifests, and the component for 64-bit programs.
+# In the zip only: the manifests, and the component for 64-bit programs. The installer registers the 32-bit one.
 stage_unregistered() {
   local architecture folder
   for architecture in x86 amd64; do
@@ -173,11 +174,11 @@ make_msi() {
 # The checksum of each file in a folder.
 sums() { (cd "$1" && find . -type f | sort | sed 's,^\./,,' | xargs sha256sum); }
 
-# What wixl cannot express: the DLL's version, which an upgrade compares; the code page of the texts; what KODRA_PATH=1
-# does; and a summary that is in Portuguese, has the package's own date, and has a code that depends only on what is
-# installed.
+# What wixl cannot express: the versions of the programs, which an upgrade compares; the code page of the texts; what
+# KODRA_PATH=1 does; which Windows gets the 64-bit console program; and a summary that is in Portuguese, has the
+# package's own date, and has a code that depends only on what is installed.
 finish_msi() {
-  local msi=$1 parts=$2 day code
+  local msi=$1 parts=$2 day code file console secure
   day=$(date -u -d "@$SOURCE_DATE_EPOCH" '+%Y/%m/%d %H:%M:%S')
   code=$(name_guid "package $version $(cat packaging/*.idt packaging/kodrarpt.wxs "$parts/registry.wxi"; sums "$stage")")
   printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$parts/_ForceCodepage.idt"
@@ -185,10 +186,18 @@ finish_msi() {
   sed -E "s/^7\t[^\r]*/7\tIntel;1046/; s/^9\t[^\r]*/9\t{$code}/; s#^(12|13)\t[^\r]*#\1\t$day#" \
     "$parts/summary" >"$parts/_SummaryInformation.idt"
   cp packaging/Environment.idt packaging/Condition.idt "$parts"
+  console=$(name_guid "place /x64/console/kodrarpt.exe")
+  update() { msibuild "$msi" -q "UPDATE $1"; }
   (
     cd "$parts" || exit
     msibuild "$msi" -i _ForceCodepage.idt Environment.idt Condition.idt
-    msibuild "$msi" -q "UPDATE \`File\` SET \`Version\`='$assembly_version', \`Language\`='1046' WHERE \`File\`='KodraRpt.dll'"
+    for file in KodraRpt.dll kodrarpt.exe; do
+      update "\`File\` SET \`Version\`='$assembly_version', \`Language\`='1046' WHERE \`FileName\`='$file'"
+    done
+    update "\`Component\` SET \`Condition\`='VersionNT64' WHERE \`Component\`='c${console//-/}'"
+    # The properties that Windows passes on when the user becomes an administrator only for the installation.
+    secure='KODRA_PATH;CONSOLE_ON_PATH;WIX_DOWNGRADE_DETECTED;WIX_UPGRADE_DETECTED'
+    update "\`Property\` SET \`Value\`='$secure' WHERE \`Property\`='SecureCustomProperties'"
     msibuild "$msi" -i _SummaryInformation.idt
   )
 }
@@ -241,7 +250,7 @@ registry_rows() {
 
 build_package() {
   build_preset win32 KodraRpt kodrarpt kodra_registry_rows
-  build_preset win64 KodraRpt
+  build_preset win64 KodraRpt kodrarpt
   step "faz os pacotes"
   mkdir -p build/package
   registry_rows >build/package/rows.txt
@@ -252,6 +261,10 @@ package() {
   need package
   build_package
   (cd build/package && sha256sum -- *.msi *.zip && ls -l -- *.msi *.zip)
+  if grep '^## Ainda não publicado$' CHANGELOG.md >/dev/null; then
+    echo "Estes pacotes são para testes: têm mudanças ainda não publicadas e o número da última versão."
+    echo "Como publicar uma versão: CONTRIBUTING.md."
+  fi
 }
 
 # The tests of installation have a Wine prefix of their own: a Windows that never contained the component.
@@ -350,6 +363,7 @@ group_package() {
   check_licences build/win32/KodraRpt.map "build/package/unpacked/KodraRpt-$version/LICENCAS.txt"
   check_licences build/win64/KodraRpt.map "build/package/unpacked/KodraRpt-$version/LICENCAS.txt"
   check_licences build/win32/console/kodrarpt.map "build/package/unpacked/KodraRpt-$version/console/LICENCAS.txt"
+  check_licences build/win64/console/kodrarpt.map "build/package/unpacked/KodraRpt-$version/console/LICENCAS.txt"
   mkdir -p build/package/later
   logged later-msi ./kodra pack-later build/package/later
   later=("$packages"/later/*.msi)
@@ -361,8 +375,8 @@ group_package() {
   ready_wine64
   # An interrupted run of the other 64-bit tests leaves the component registered.
   wine64 regsvr32 /s /u "$(windows_path build/win64)\\KodraRpt.dll" >"$logs/unregister-64.log" 2>&1 || true
-  # The manifests for 64-bit programs. The script client itself needs the ADO of the 32-bit Wine environment.
-  KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version/x64 \
+  # What the packages have for 64-bit programs. The script client itself needs the ADO of the 32-bit Wine environment.
+  KODRA_UNPACKED=$packages/unpacked/KodraRpt-$version/x64 KODRA_MSI=$packages/KodraRpt-$version.msi \
     in_wine_form wine64 build/win64/tests/kodra_test_package.exe '--gtest_filter=-*.TheScriptClient*' || status=$?
   return "$status"
 }

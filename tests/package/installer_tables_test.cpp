@@ -81,8 +81,13 @@ TEST(InstallerTables, RefuseAWindowsOlderThanSeven) {
 
 // Where the package names no version, an upgrade on Windows keeps the installed file, which has one, and then removes
 // it together with the earlier product.
-TEST(InstallerTables, NameTheVersionOfTheDll) {
-  EXPECT_EQ(L"1.0.0.49", Database().Value(L"SELECT `Version` FROM `File` WHERE `File`='KodraRpt.dll'"));
+TEST(InstallerTables, NameTheVersionOfTheDllAndOfTheConsolePrograms) {
+  const Database database;
+  for (const std::wstring name : {L"KodraRpt.dll", L"kodrarpt.exe"}) {
+    const std::wstring rows = L" FROM `File` WHERE `FileName`='" + name + L"'";
+    EXPECT_EQ(L"1.0.0.49", database.Value(L"SELECT `Version`" + rows));
+    EXPECT_EQ(L"", database.Value(L"SELECT `File`" + rows + L" AND `Version` IS NULL"));
+  }
 }
 
 }  // namespace

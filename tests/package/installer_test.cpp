@@ -1,6 +1,8 @@
 // The MSI: what it installs and registers, that the installed component works, and that its removal leaves nothing.
 #include <objbase.h>
 
+#include <sstream>
+
 #include "tests/package/registry.h"
 #include "tests/package/script_client.h"
 #include "tests/wine/automation.h"
@@ -18,16 +20,19 @@ RegistryLines OfComponent(RegistryLines lines) {
   return lines;
 }
 
-// PATH of the machine, which new programs get. When Wine's installer removes a folder, it leaves the separator.
-std::wstring MachinePath() {
+// The folders in the PATH of the machine, which new programs get. When Wine's installer removes a folder, it leaves the
+// separator.
+std::vector<std::wstring> MachinePath() {
   const std::wstring key = L"SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
   wchar_t text[4096] = {};
   DWORD size = sizeof(text);
   constexpr DWORD kUnexpanded = RRF_RT_REG_EXPAND_SZ | RRF_RT_REG_SZ | RRF_NOEXPAND;
   EXPECT_EQ(ERROR_SUCCESS, RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"PATH", kUnexpanded, nullptr, text, &size));
-  std::wstring path = text;
-  if (path.ends_with(L';')) path.pop_back();
-  return path;
+  std::vector<std::wstring> folders;
+  std::wistringstream path(text);
+  for (std::wstring folder; std::getline(path, folder, L';');)
+    if (!folder.empty()) folders.push_back(folder);
+  return folders;
 }
 
 // Windows' installer creates these keys with the first package that it installs, and keeps them when they are empty.
@@ -60,17 +65,24 @@ class InstalledPackage : public testing::Test {
   }
   static void TearDownTestSuite() { Msiexec(L"/x", Installer()); }
 
+  static std::vector<std::wstring> PathWithConsole() {
+    std::vector<std::wstring> folders = pathBefore_;
+    folders.push_back(Installed() + L"\\console");
+    return folders;
+  }
+
   static RegistryLines registryBefore_;
   static RegistryLines classesBefore_;
   static std::vector<std::wstring> programsBefore_;
-  static std::wstring pathBefore_;
+  static std::vector<std::wstring> pathBefore_;
 };
 RegistryLines InstalledPackage::registryBefore_;
 RegistryLines InstalledPackage::classesBefore_;
 std::vector<std::wstring> InstalledPackage::programsBefore_;
-std::wstring InstalledPackage::pathBefore_;
+std::vector<std::wstring> InstalledPackage::pathBefore_;
 
-TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRegistration) {
+// This Windows has 32 bits.
+TEST_F(InstalledPackage, ContainsTheFilesOfTheZipExceptThoseForProgramsWithoutRegistrationOrOf64Bits) {
   std::vector<std::wstring> expected = Listing(Unpacked());
   std::erase_if(expected, [](const std::wstring& path) {
     return path.ends_with(L".manifest") || path.starts_with(L"x64\\") || path == L"SHA256SUMS";
@@ -144,8 +156,19 @@ TEST_F(InstalledPackage, LeavesThePathAlone) { EXPECT_EQ(pathBefore_, MachinePat
 TEST_F(InstalledPackage, PutsTheConsoleOnThePathIfAskedAndTakesItOffWhenRemoved) {
   ASSERT_EQ(0U, Msiexec(L"/x", Installer()));
   ASSERT_EQ(0U, Msiexec(L"/i", Installer(), L"KODRA_PATH=1"));
-  EXPECT_EQ(pathBefore_ + L";" + Installed() + L"\\console", MachinePath());
+  EXPECT_EQ(PathWithConsole(), MachinePath());
   ASSERT_EQ(0U, Msiexec(L"/x", Installer()));
+  EXPECT_EQ(pathBefore_, MachinePath());
+  ExpectSame(registryBefore_, DumpAll());
+  EXPECT_EQ(programsBefore_, Listing(ProgramFolder()));
+}
+
+TEST_F(InstalledPackage, KeepsTheConsoleOnThePathWhenItIsReplaced) {
+  ASSERT_EQ(0U, Msiexec(L"/x", Installer()));
+  ASSERT_EQ(0U, Msiexec(L"/i", Installer(), L"KODRA_PATH=1"));
+  ASSERT_EQ(0U, Msiexec(L"/i", LaterInstaller()));
+  EXPECT_EQ(PathWithConsole(), MachinePath());
+  ASSERT_EQ(0U, Msiexec(L"/x", LaterInstaller()));
   EXPECT_EQ(pathBefore_, MachinePath());
   ExpectSame(registryBefore_, DumpAll());
   EXPECT_EQ(programsBefore_, Listing(ProgramFolder()));

@@ -57,8 +57,6 @@ TEST(LowestWindows, OfTheComponentIsVistaWithServicePackOne) {
   ExpectLoadedByVista(dll);
 }
 
-#ifndef _WIN64  // The package contains no 64-bit console program.
-
 // The functions that the console program may import in addition to those of the component.
 bool IsConsoleImport(const std::string& dll, const std::string& function) {
   static const std::map<std::string, std::set<std::string>> known = {
@@ -127,6 +125,7 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "SetThreadPriority",
         "SetUnhandledExceptionFilter",
         "SuspendThread",
+        "TerminateProcess",
         "TlsAlloc",
         "TlsSetValue",
         "TryEnterCriticalSection",
@@ -159,6 +158,7 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "_lseeki64",
         "_onexit",
         "_open",
+        "_open_osfhandle",
         "_read",
         "_setjmp3",
         "_setmode",
@@ -255,15 +255,26 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
   return found != known.end() && found->second.contains(function);
 }
 
+// The further functions that the compiler and its runtime use on a 64-bit Windows.
+bool IsConsoleImportIn64Bits(const std::string& dll, const std::string& function) {
+  static const std::map<std::string, std::set<std::string>> known = {
+      {"kernel32.dll", {"__C_specific_handler"}},
+      {"msvcrt.dll",
+       {"_acmdln", "_commode", "_fmode", "_gmtime64", "_setjmp", "_stat64", "_vscprintf", "_wfindfirst64",
+        "_wfindnext64", "_wutime64"}},
+  };
+  const auto found = known.find(dll);
+  return sizeof(void*) == 8 && found != known.end() && found->second.contains(function);
+}
+
 TEST(LowestWindows, OfTheConsoleProgramIsVista) {
   const face::PeFile program(Unpacked() + L"\\console\\kodrarpt.exe");
   EXPECT_EQ(Windows::kVista, LowestWindowsOf(program, [](const std::string& dll, const std::string& function) {
-              return face::IsComponentImport(dll, function) || IsConsoleImport(dll, function);
+              return face::IsComponentImport(dll, function) || IsConsoleImport(dll, function) ||
+                     IsConsoleImportIn64Bits(dll, function);
             }));
   ExpectLoadedByVista(program);
 }
-
-#endif
 
 }  // namespace
 }  // namespace kodra::package

@@ -21,15 +21,6 @@ TEST(Release, BothDllsHaveItsVersion) {
   }
 }
 
-TEST(Release, TheConsoleProgramHasItsVersion) {
-  const std::wstring program = Unpacked() + L"\\console\\kodrarpt.exe";
-  VersionResource resource(program);
-  ExpectVersionOfRelease(resource, VFT_APP);
-  EXPECT_EQ(L"kodrarpt.exe", resource.Text(L"OriginalFilename"));
-  EXPECT_EQ(L"Relatórios do arquivo no prompt de comando", resource.Text(L"FileDescription"));
-  EXPECT_EQ("kodrarpt 1.0.49\n", face::OutputOf(face::Quoted(program) + L" --version"));
-}
-
 TEST(Release, TheReadMeFileNamesItsVersion) {
   EXPECT_TRUE(BytesOf(Unpacked() + L"\\LEIAME.txt").starts_with("KodraRpt 1.0.49 - "));
 }
