@@ -9,13 +9,14 @@ build_packages=(
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
   g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine              # 32-bit Windows: compiler, widl, IDL files
   libz-mingw-w64-dev                                                        # for these libraries in Windows programs
+  python3 unzip                                                             # the benchmarks of exports
   mmdebstrap arch-test debian-archive-keyring util-linux mount uidmap       # the Wine environment
 )
 package_packages=(wixl msitools zip lowdown g++-mingw-w64-x86-64-posix)
 test_packages=(
   "${package_packages[@]}"
   clang libclang-rt-14-dev                                                  # native tests with their sanitizers
-  clang-format shellcheck time unzip faketime
+  clang-format shellcheck time faketime
   chromium poppler-utils zbar-tools                                         # pages shown, printed, and their barcodes read
   wine64                                                                    # the component for 64-bit programs
   openjdk-17-jdk-headless libh2-java libhsqldb-java libderby-java           # the engines that imitate other databases

@@ -20,7 +20,8 @@ namespace kodra::odbc {
 // The connection string with the keys that make the driver stream its rows, unless it contains them already.
 std::wstring WithStreaming(const std::wstring& odbcConnectionString);
 
-// True when declared types and sizes say nothing reliable about a value. Text is then read as narrow text in UTF-8. `driverName` is the value of SQL_DRIVER_NAME.
+// True when declared types and sizes say nothing reliable about a value. Text is then read as narrow text in UTF-8.
+// `driverName` is the value of SQL_DRIVER_NAME.
 bool TypesVaryByRow(const std::wstring& driverName);
 
 // True when text must be exchanged as UTF-8, because the driver miscounts wide text. When the connection string names a
