@@ -2,8 +2,8 @@
 
 # Every line that the benchmarks print.
 bench_names=(small_report statement_share streamed_rows streamed_memory dataset_rows_log dataset_rows_operadores
-  dataset_rows script_peer dll_size load_and_create export_csv export_json export_xlsx export_html export_peer
-  export_memory)
+  dataset_rows script_peer routine_calls routine_memory routine_handles dll_size load_and_create
+  export_csv export_json export_xlsx export_html export_peer export_memory)
 
 # The preset of the native programs: the tests, which measure nothing, use those that they have built anyway.
 bench_preset=native
@@ -51,6 +51,8 @@ run_benches() {
     case $line in
       statement_share | load_and_create) ;;
       export_*) exports+=("$line") ;;
+      # Measured together.
+      routine_*) chosen+=(routine_calls) ;;
       *) chosen+=("$line") ;;
     esac
   done

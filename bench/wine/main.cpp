@@ -15,6 +15,7 @@
 #include "bench/wine/size.h"
 #include "bench/wine/streams.h"
 #include "kodrarpt.h"
+#include "tests/wine/process_resources.h"
 
 namespace kodra::bench {
 namespace {
@@ -29,6 +30,31 @@ std::wstring ConnectionTo(const fs::path& archive) {
     if (c == L'\\') c = L'/';
   return L"Driver={SQLite3};Database=" + path;
 }
+
+// Another process, until this object is destroyed.
+class Process {
+ public:
+  explicit Process(std::wstring command) {
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process_))
+      throw std::runtime_error("não foi possível iniciar um processo");
+  }
+  ~Process() {
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+  }
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+
+  void Wait() const { WaitForSingleObject(process_.hProcess, INFINITE); }
+  bool HasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
+  HANDLE Handle() const { return process_.hProcess; }
+  DWORD Id() const { return process_.dwProcessId; }
+
+ private:
+  PROCESS_INFORMATION process_ = {};
+};
 
 class Bench {
  public:
@@ -46,6 +72,7 @@ class Bench {
     run("dataset_rows_operadores", &Bench::Operators);
     run("dataset_rows", &Bench::Datasets);
     run("script_peer", &Bench::ScriptPeer);
+    run("routine_calls", &Bench::Routine);
     run("dll_size", &Bench::DllSize);
     run("load_and_create", &Bench::LoadAndCreate);
     run("streamed_rows", &Bench::StreamedRows);
@@ -120,15 +147,12 @@ class Bench {
     return peak;
   }
 
-  static void RunProgram(std::wstring command) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
-      throw std::runtime_error("não foi possível iniciar um processo");
-    WaitForSingleObject(process.hProcess, INFINITE);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+  static void RunProgram(const std::wstring& command) { Process(command).Wait(); }
+
+  // The command that runs a script of this folder.
+  std::wstring ScriptCommand(const char* name) const {
+    const fs::path script = folder_.parent_path().parent_path() / "bench" / "wine" / name;
+    return L"cscript.exe //nologo \"" + script.wstring() + L"\"";
   }
 
   // dataset_rows_log: the event log, from the call to the filled dataset, against a loop that makes the same calls to
@@ -164,9 +188,8 @@ class Bench {
   // script_peer: RelatorioLog called by a script, against the same dataset filled by that script.
   void ScriptPeer() {
     const fs::path output = folder_ / "script.txt";
-    const fs::path script = folder_.parent_path().parent_path() / "bench" / "wine" / "log_by_script.vbs";
     fs::remove(output);
-    RunProgram(L"cscript.exe //nologo \"" + script.wstring() + L"\" \"" + ConnectionTo(size_.registers) + L"\" " +
+    RunProgram(ScriptCommand("log_by_script.vbs") + L" \"" + ConnectionTo(size_.registers) + L"\" " +
                std::to_wstring(size_.scripts) + L" \"" + output.wstring() + L"\"");
     std::ifstream file(output);
     double rows = 0;
@@ -185,6 +208,64 @@ class Bench {
     if (component.empty()) throw std::runtime_error("script_peer: o script não terminou");
     results_.Ratio({.name = "script_peer", .unit = "ms", .limit = 0.5},
                    {Median(std::move(component)), Median(std::move(bare))});
+  }
+
+  // routine_calls: ten thousand calls of ten reports by a script on one object, against the same statements by ADO in
+  // the same script. routine_memory: by how much the working set of the script's process grows during a thousand
+  // calls, against a thousand bare calls. routine_handles: the handles of the process after all calls and before the
+  // last two thousand.
+  void Routine() {
+    const fs::path output = folder_ / "rotina.txt";
+    for (const char* file : {"rotina.txt", "rotina-1.sinal", "rotina-2.sinal", "rotina-3.sinal"})
+      fs::remove(folder_ / file);
+    const Process script(ScriptCommand("routine_by_script.vbs") + L" \"" + ConnectionTo("acervo-1000.db") + L"\" " +
+                         std::to_wstring(size_.routines) + L" \"" + folder_.wstring() + L"\"");
+    const Held before = HeldAtSignal(script, folder_ / "rotina-1.sinal");
+    const Held between = HeldAtSignal(script, folder_ / "rotina-2.sinal");
+    const Held after = HeldAtSignal(script, folder_ / "rotina-3.sinal");
+    script.Wait();
+    std::ifstream file(output);
+    double rows = 0;
+    double bareRows = 0;
+    file >> rows >> bareRows;
+    if (rows == 0 || rows != bareRows)
+      throw std::runtime_error("routine_calls: os dois lados não leram as mesmas linhas");
+    std::vector<double> component;
+    std::vector<double> bare;
+    for (double ours = 0, theirs = 0; file >> ours >> theirs;) {
+      component.push_back(ours);
+      bare.push_back(theirs);
+    }
+    if (component.size() != static_cast<std::size_t>(size_.routines))
+      throw std::runtime_error("routine_calls: o script não terminou");
+    // A hundred calls, so that a hundredth of a millisecond is a microsecond of a call.
+    results_.Ratio({.name = "routine_calls", .unit = "us", .scale = 10, .limit = 1.10},
+                   {Median(std::move(component)), Median(std::move(bare))});
+    results_.Ratio({.name = "routine_memory", .unit = "KiB", .scale = 1.0 / 1024, .limit = 1.1},
+                   {Growth(before, between), Growth(between, after)});
+    results_.Ratio({.name = "routine_handles", .unit = "", .limit = 1}, {after.handles, before.handles});
+  }
+
+  // What a process holds.
+  struct Held {
+    double bytes;  // its working set
+    double handles;
+  };
+
+  // At least one page: no growth is a good result, but a figure of zero would not count as one.
+  static double Growth(const Held& before, const Held& after) { return std::max(after.bytes - before.bytes, 4096.0); }
+
+  // What the process holds when it has made the file of that name. Deletes the file, so that the process goes on.
+  static Held HeldAtSignal(const Process& process, const fs::path& signal) {
+    while (!fs::exists(signal)) {
+      if (process.HasEnded()) throw std::runtime_error("routine_calls: o script terminou cedo demais");
+      Sleep(50);
+    }
+    const Held held = {static_cast<double>(face::WorkingSet(process.Handle())),
+                       static_cast<double>(face::OpenHandles(process.Id()))};
+    // The script may still have the file open.
+    while (!DeleteFileW(signal.c_str())) Sleep(10);
+    return held;
   }
 
   // dll_size: the component's file.

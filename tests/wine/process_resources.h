@@ -1,8 +1,9 @@
-// The resources of this process: its handles and the memory of its heaps.
+// The resources of a process: its handles, its working set and, of this process, the memory of its heaps.
 #pragma once
 
 // clang-format off
 #include <windows.h>
+#include <psapi.h>
 #include <winternl.h>
 // clang-format on
 
@@ -12,7 +13,7 @@
 namespace kodra::face {
 
 // The number of open handles, from the system's list of all handles: GetProcessHandleCount always returns 0 in Wine.
-inline std::size_t OpenHandles() {
+inline std::size_t OpenHandles(DWORD process = GetCurrentProcessId()) {
   struct Entry {
     ULONG process;
     BYTE type;
@@ -34,10 +35,16 @@ inline std::size_t OpenHandles() {
   while (query(kHandles, answer.data(), static_cast<ULONG>(answer.size()), nullptr) == kTooSmall)
     answer.resize(answer.size() * 2);
   const auto& list = *reinterpret_cast<const List*>(answer.data());
-  std::size_t own = 0;
+  std::size_t handles = 0;
   for (ULONG i = 0; i < list.count; ++i)
-    if (list.entries[i].process == GetCurrentProcessId()) ++own;
-  return own;
+    if (list.entries[i].process == process) ++handles;
+  return handles;
+}
+
+// The bytes of the process in the machine's memory; 0 if the system does not say.
+inline std::size_t WorkingSet(HANDLE process) {
+  PROCESS_MEMORY_COUNTERS memory = {};
+  return GetProcessMemoryInfo(process, &memory, sizeof memory) == 0 ? 0 : memory.WorkingSetSize;
 }
 
 // The number of bytes in use in all heaps. Small blocks are in groups, and a group counts as a whole as soon as one of
