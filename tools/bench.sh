@@ -85,11 +85,11 @@ run_benches() {
 
 # The lines export_…, without Wine: bench_exports SIZE LINE…
 bench_exports() {
-  local size=$1 documents=300000 rounds=5 folder=build/bench
+  local size=$1 documents=1000000 few=10000 rounds=3 folder=build/bench
   shift
-  if [ "$size" = small ]; then documents=1000 rounds=1; fi
+  if [ "$size" = small ]; then documents=1000 few=1000 rounds=1; fi
   "build/$bench_preset/kodra-bench-exports" --folder "$folder" --program "build/$bench_preset/kodrarpt" \
-    --peer bench/native/export_peer.py --archive "$folder/acervo-$documents.db" --small "$folder/acervo-1000.db" \
+    --peer bench/native/export_peer.py --archive "$folder/acervo-$documents.db" --small "$folder/acervo-$few.db" \
     --rounds "$rounds" "$@"
 }
 
@@ -126,7 +126,7 @@ bench() {
   build_benches
   step "gera os acervos dos testes de desempenho (uma vez)"
   local documents
-  for documents in 1000 10000 100000 300000 1000000; do bench_archive "acervo-$documents" --documents "$documents"; done
+  for documents in 1000 10000 100000 1000000; do bench_archive "acervo-$documents" --documents "$documents"; done
   bench_archive registros-20000 --documents 100 --registers 20000
   with_wine
   step "o que o componente acrescenta ao que é preciso fazer de qualquer modo"

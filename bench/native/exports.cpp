@@ -107,7 +107,7 @@ class Exports {
   void Peer(const std::string& archive) {
     const std::string ours = (folder_ / "exporta.csv").string();
     const std::string peer = (folder_ / "exporta-python.csv").string();
-    results_.Ratio({.name = "export_peer", .unit = "s", .limit = 0.8},
+    results_.Ratio({.name = "export_peer", .unit = "s", .limit = 1.0},
                    Interleave(
                        rounds_, [&] { return Console(archive, ours).seconds; },
                        [&] {
@@ -161,9 +161,9 @@ int main(int argc, char** argv) {
   try {
     Exports exports(folder, program, peer, rounds);
     for (const std::string& line : lines) {
-      if (line == "export_csv") exports.Format("csv", 1.25, archive);
-      if (line == "export_json") exports.Format("json", 1.25, archive);
-      if (line == "export_xlsx") exports.Format("xlsx", 1.10, archive);
+      if (line == "export_csv") exports.Format("csv", 1.5, archive);
+      if (line == "export_json") exports.Format("json", 1.5, archive);
+      if (line == "export_xlsx") exports.Format("xlsx", 1.15, archive);
       if (line == "export_html") exports.Format("html", 1.5, archive);
       if (line == "export_peer") exports.Peer(archive);
       if (line == "export_memory") exports.Memory(archive, small);
