@@ -2,17 +2,13 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <new>
 
-#include "console/command_line/connection_error.h"
-#include "console/command_line/error_message.h"
+#include "console/command_line/failure.h"
 #include "console/command_line/help.h"
-#include "console/command_line/output_error.h"
 #include "console/command_line/suggest.h"
 #include "console/command_line/terminal_text.h"
 #include "console/command_line/usage_error.h"
 #include "frame/version.h"
-#include "values/erro.h"
 #include "values/password.h"
 #include "values/utf8.h"
 
@@ -37,7 +33,7 @@ void CheckExtras(const CLI::App& command) {
   throw UsageError("\"" + command.get_name() + "\" não tem a opção \"" + name + "\"" + DidYouMean(name, known));
 }
 
-// A message may quote an argument, and an argument may be a connection string.
+// The message of a wrong command line may quote an argument, and an argument may be a connection string.
 std::string WithoutPasswords(const std::string& message, const std::vector<std::string>& arguments) {
   std::wstring shown = values::FromUtf8(message);
   for (const std::string& argument : arguments) shown = values::HidePassword(shown, values::FromUtf8(argument));
@@ -82,24 +78,11 @@ CLI::App& Program::Add(const CommandText& text, std::function<ExitCode()> action
 ExitCode Program::Run(const std::vector<std::string>& arguments) noexcept {
   try {
     return Parse(arguments);
-  } catch (const UsageError& error) {
-    PrintError(WithoutPasswords(error.what(), arguments));
-    return ExitCode::kUsage;
-  } catch (const OutputError& error) {
-    PrintError(error.what());
-    return ExitCode::kOutput;
-  } catch (const ConnectionError& error) {
-    PrintError(ErrorMessage(error, WantsDetails()));
-    return ExitCode::kConnection;
-  } catch (const Erro& error) {
-    PrintError(ErrorMessage(error, WantsDetails()));
-    return ExitCode::kReportError;
-  } catch (const std::bad_alloc&) {
-    PrintError("faltou memória; feche outros programas ou peça menos linhas");
-    return ExitCode::kReportError;
-  } catch (const std::exception& error) {
-    PrintError(std::string("erro interno: ") + error.what());
-    return ExitCode::kReportError;
+  } catch (...) {
+    const Failure failure = CurrentFailure(WantsDetails());
+    const bool quotes = failure.code == ExitCode::kUsage;
+    PrintError(quotes ? WithoutPasswords(failure.message, arguments) : failure.message);
+    return failure.code;
   }
 }
 

@@ -49,6 +49,9 @@ class Program {
   // The commands added so far.
   std::vector<const CLI::App*> Commands() const;
 
+  // Whether the command that runs was asked for the details of errors.
+  bool WantsDetails() const;
+
   // Runs the command that the arguments (without the program's name) ask for. An error becomes a message and an exit
   // code; nothing is thrown.
   ExitCode Run(const std::vector<std::string>& arguments) noexcept;
@@ -58,8 +61,6 @@ class Program {
   // The help that was asked for: of the program, of a command, or of a command's argument.
   void Help(const std::vector<std::string>& arguments, const CLI::Success& answer) const;
   void CheckCommandName(const std::vector<std::string>& arguments) const;
-  // Whether the command that runs was asked for the details of errors.
-  bool WantsDetails() const;
   void PrintError(const std::string& message) const;
 
   std::ostream& out_;
