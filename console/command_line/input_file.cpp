@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
 #include "console/command_line/usage_error.h"
 #include "values/utf8.h"
@@ -39,7 +40,7 @@ std::string Read(std::istream& input, const std::string& what, std::size_t most)
 
 std::string ReadInputFile(const std::wstring& path, std::size_t most) {
   const std::string utf8 = ToUtf8(path);
-  const fs::path name(std::u8string(utf8.begin(), utf8.end()));
+  const fs::path name = PathOf(utf8);
   const std::string what = "\"" + utf8 + "\"";
   std::error_code error;
   if (!fs::exists(name, error) && !error) throw CannotRead(what, "o arquivo não existe");

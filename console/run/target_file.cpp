@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "console/command_line/output_error.h"
+#include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
 #include "console/run/interruption.h"
 #include "values/utf8.h"
@@ -31,18 +32,10 @@ constexpr int kMostAttempts = 100;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
 
-std::wstring Shown(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return FromUtf8({reinterpret_cast<const char*>(text.data()), text.size()});
-}
+std::wstring Shown(const fs::path& path) { return FromUtf8(TextOf(path)); }
 
 OutputError CannotWrite(const fs::path& path, std::error_code error) {
   return OutputError(L"não foi possível gravar \"" + Shown(path) + L"\": " + SystemReason(error) + L".");
-}
-
-fs::path PathOf(const std::wstring& text) {
-  const std::string bytes = ToUtf8(text);
-  return {std::u8string(bytes.begin(), bytes.end())};
 }
 
 // The target of a symbolic link, so that the file is replaced and not the link.
@@ -90,12 +83,10 @@ void RequireReplaceable(const fs::path& target) {
 #endif
 }
 
-enum class Readers { kOwner, kDefault };
-
 #ifdef _WIN32
 // Makes a new file, with the permissions of its folder. Returns null and the error when it cannot be made: file_exists
 // when there is such a file. An interruption can delete it while it is open.
-std::FILE* Create(const fs::path& path, Readers, std::error_code& error) {
+std::FILE* Create(const fs::path& path, bool /*isPrivate*/, std::error_code& error) {
   constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
   error.assign(file == INVALID_HANDLE_VALUE ? static_cast<int>(GetLastError()) : 0, std::system_category());
@@ -103,11 +94,10 @@ std::FILE* Create(const fs::path& path, Readers, std::error_code& error) {
   return _fdopen(_open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY), "wb");
 }
 #else
-// Makes a new file, readable by its owner only or with the default permissions. Returns null and the error when it
-// cannot be made: file_exists when there is such a file.
-std::FILE* Create(const fs::path& path, Readers readers, std::error_code& error) {
-  const int file =
-      open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readers == Readers::kOwner ? 0600 : 0666);
+// Makes a new file, for its owner only if it is private and otherwise with the default permissions. Returns null and
+// the error when it cannot be made: file_exists when there is such a file.
+std::FILE* Create(const fs::path& path, bool isPrivate, std::error_code& error) {
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, isPrivate ? 0600 : 0666);
   error = file < 0 ? LastError() : std::error_code();
   return file < 0 ? nullptr : fdopen(file, "wb");
 }
@@ -136,7 +126,8 @@ std::FILE* OpenDirectly(const fs::path& path) {
 
 }  // namespace
 
-TargetFile::TargetFile(const std::wstring& target) : target_(Real(PathOf(target))), path_(target_) {
+TargetFile::TargetFile(const std::wstring& target, Permissions permissions)
+    : permissions_(permissions), target_(Real(PathOf(ToUtf8(target)))), path_(target_) {
   std::error_code error;
   if (fs::is_directory(target_, error)) throw CannotWrite(target_, std::make_error_code(std::errc::is_a_directory));
   if (IsWrittenDirectly(target_)) {
@@ -146,10 +137,10 @@ TargetFile::TargetFile(const std::wstring& target) : target_(Real(PathOf(target)
   }
   RequireReplaceable(target_);
   // Nobody may read more of the unfinished file than of the file that it replaces.
-  const Readers readers = fs::exists(target_, error) ? Readers::kOwner : Readers::kDefault;
+  const bool isPrivate = permissions_ == Permissions::kPrivate || fs::exists(target_, error);
   for (int attempt = 1; !file_; ++attempt) {
     path_ = Beside(target_, attempt);
-    file_.reset(Create(path_, readers, error));
+    file_.reset(Create(path_, isPrivate, error));
     const bool taken = error == std::errc::file_exists;
     if (taken && attempt == kMostAttempts) throw CannotWrite(path_, error);
     if (error && !taken) throw CannotWrite(target_, error);
@@ -175,7 +166,8 @@ void TargetFile::Commit() {
   if (std::fflush(file_.get()) != 0) throw CannotWrite(target_, LastError());
 #ifndef _WIN32
   struct stat former {};
-  if (path_ != target_ && stat(target_.c_str(), &former) == 0) TakeOver(fileno(file_.get()), former);
+  const bool takesOver = path_ != target_ && permissions_ == Permissions::kAsBefore;
+  if (takesOver && stat(target_.c_str(), &former) == 0) TakeOver(fileno(file_.get()), former);
   // The bytes must reach the disk before the new name does. A device need not support fsync.
   if (fsync(fileno(file_.get())) != 0 && path_ != target_) throw CannotWrite(target_, LastError());
 #endif

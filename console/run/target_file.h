@@ -25,9 +25,14 @@ namespace kodra::console {
 // then only the user may read it. On Windows it gets the permissions of its folder.
 class TargetFile final : public Output {
  public:
+  enum class Permissions {
+    kAsBefore,  // those of the file that it replaces, as above
+    kPrivate,   // only the user may read and write it
+  };
+
   // Raises OutputError when the temporary file cannot be made, or Commit could not replace the target: because it is a
   // mount point or, on Windows, read-only or open in another program.
-  explicit TargetFile(const std::wstring& target);
+  explicit TargetFile(const std::wstring& target, Permissions permissions = Permissions::kAsBefore);
   ~TargetFile() override;
   TargetFile(const TargetFile&) = delete;
   TargetFile& operator=(const TargetFile&) = delete;
@@ -45,6 +50,7 @@ class TargetFile final : public Output {
   };
 
   IgnoredWriteSignals ignoredSignals_;
+  Permissions permissions_;
   std::filesystem::path target_;
   std::filesystem::path path_;  // equals target_ when the target is written directly
   std::unique_ptr<std::FILE, Close> file_;
