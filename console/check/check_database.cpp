@@ -23,8 +23,6 @@ using schema::Extent;
 using schema::Limit;
 using values::ToUtf8;
 
-constexpr const wchar_t* kConnectionSibling = L"KodraConexao.StrCon";
-
 // In smaller tables every report finds its rows at once, with an index or without.
 constexpr std::int64_t kLargeTable = 10000;
 
@@ -34,10 +32,10 @@ class Check {
       : connectionString_(connectionString),
         machine_(NewMachine()),
         surroundings_(machine_->Around()),
-        connection_(Connect()) {}
+        connection_(Connect(surroundings_, connectionString_)) {}
 
   Findings Execute() {
-    Identify();
+    findings_.database = Identify(surroundings_, connectionString_);
     CheckTables();
     OpenInspector();
     if (inspector_ != nullptr) {
@@ -49,36 +47,12 @@ class Check {
   }
 
  private:
-  std::unique_ptr<platform::Connection> Connect() const {
-    try {
-      return data::AbreCn(connectionString_, ad::kUseServer, 0, surroundings_);
-    } catch (const Erro& error) {
-      throw ConnectionError(error);
-    }
-  }
-
   // An error's words without the password.
   std::string WordsOf(const Erro& error) const {
     return ToUtf8(values::HidePassword(error.Description(), connectionString_));
   }
 
-  void Identify() {
-    try {
-      const ObjectRef sibling = surroundings_.CreateObject(kConnectionSibling);
-      sibling->Let(L"StrCon", connectionString_);
-      findings_.databaseCode = values::ToInt32(sibling->Get(L"TipoBanco"));
-    } catch (const Erro& error) {
-      findings_.unknownBecause = ToUtf8(kConnectionSibling) + ": " + WordsOf(error);
-      return;
-    }
-    const std::int32_t code = Code();
-    const auto known = std::ranges::find(Databases(), code == sql::tbOracleAlt ? sql::tbOracle : code, &Database::code);
-    if (known == Databases().end()) return;
-    findings_.databaseName = known->name;
-    findings_.databaseTitle = known->title;
-  }
-
-  std::int32_t Code() const { return findings_.databaseCode.value_or(sql::tbOther4); }
+  std::int32_t Code() const { return findings_.database.code.value_or(sql::tbOther4); }
 
   void CheckTables() {
     std::vector<Needs> all;
@@ -144,7 +118,7 @@ class Check {
   // A statement that reads something missing is refused for that, so reports with problems are left out.
   void CheckStatements(const reports::ReportMethod& method) {
     ReportFinding& finding = FindingOf(NameOf(method));
-    if (!finding.problems.empty() || findings_.databaseName.empty()) return;
+    if (!finding.problems.empty() || findings_.database.name.empty()) return;
     const EveryStatement every = EveryStatementOf(method, Code());
     std::vector<Statement> statements = every.ofReport;
     if (!machine_->SiblingsAreInstalled())
@@ -247,7 +221,9 @@ bool ReportFinding::AlwaysFails() const {
   return std::ranges::any_of(limits, [](const Limit* limit) { return limit->extent == Extent::kAlwaysFails; });
 }
 
-bool Findings::IsWrong() const { return databaseName.empty() || std::ranges::any_of(reports, &ReportFinding::IsWrong); }
+bool Findings::IsWrong() const {
+  return database.name.empty() || std::ranges::any_of(reports, &ReportFinding::IsWrong);
+}
 
 Findings CheckDatabase(const std::wstring& connectionString) { return Check(connectionString).Execute(); }
 

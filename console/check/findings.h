@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "console/check/database_identity.h"
 #include "console/check/schema_probe.h"
 #include "console/schema/indexes.h"
 #include "console/schema/limits.h"
@@ -41,12 +42,7 @@ struct MissingIndex {
 };
 
 struct Findings {
-  // The code of the database; without one, why it is unknown.
-  std::optional<std::int32_t> databaseCode;
-  std::string unknownBecause;
-  // The database's name on the command line and as people write it; empty for a code without dialect.
-  std::string databaseName;
-  std::string databaseTitle;
+  DatabaseIdentity database;
   std::vector<ReportFinding> reports;
   // The database's message about each table or column that it refused.
   std::map<std::string, std::string> answers;

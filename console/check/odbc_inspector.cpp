@@ -7,6 +7,7 @@
 #include "odbc/engine/session.h"
 #include "odbc/engine/statement.h"
 #include "values/upper.h"
+#include "values/utf16.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -59,6 +60,14 @@ SQLCHAR* AsName(std::string& name) { return reinterpret_cast<SQLCHAR*>(name.data
 
 std::string Upper(const std::string& text) { return values::ToUtf8(values::UpperCase(values::FromUtf8(text))); }
 
+std::string Info(odbc::Session& session, SQLUSMALLINT kind) {
+  SQLWCHAR text[256] = {};
+  SQLSMALLINT bytes = 0;
+  if (!SQL_SUCCEEDED(SQLGetInfoW(session.Handle(), kind, text, sizeof text, &bytes))) return {};
+  const auto* const units = reinterpret_cast<const char16_t*>(text);
+  return values::ToUtf8(values::FromUtf16({units, std::char_traits<char16_t>::length(units)}));
+}
+
 // The columns of each index, by their place in it.
 using ColumnsByPlace = std::map<int, std::string>;
 
@@ -77,6 +86,15 @@ std::unique_ptr<OdbcInspector> OdbcInspector::Open(const std::wstring& connectio
   connection->Open(connectionString, L"", L"", ad::kUnspecified);
   return std::unique_ptr<OdbcInspector>(new OdbcInspector(std::move(connection)));
 }
+
+std::string OdbcInspector::Product() const {
+  odbc::Session& session = *connection_->SharedSession();
+  const std::string name = Info(session, SQL_DBMS_NAME);
+  const std::string version = Info(session, SQL_DBMS_VER);
+  return name + (name.empty() || version.empty() ? "" : " ") + version;
+}
+
+std::string OdbcInspector::DatabaseName() const { return Info(*connection_->SharedSession(), SQL_DATABASE_NAME); }
 
 void OdbcInspector::Prepare(const std::wstring& statement) {
   const odbc::Statement prepared(*connection_->SharedSession(), statement, {}, {});

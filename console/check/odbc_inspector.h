@@ -23,6 +23,11 @@ class OdbcInspector {
   // driver raises.
   static std::unique_ptr<OdbcInspector> Open(const std::wstring& connectionString);
 
+  // The name and version that the database has for itself, and the name of the database in it; empty where the driver
+  // does not say.
+  std::string Product() const;
+  std::string DatabaseName() const;
+
   // Has the database check a statement without running it. Raises what the database raises.
   void Prepare(const std::wstring& statement);
 

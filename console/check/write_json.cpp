@@ -48,8 +48,8 @@ void WriteJson(const Findings& findings, std::ostream& out) {
                        {"linhas", missing.rows},
                        {"relatorios", missing.reports},
                        {"instrucao", schema::CreateStatement(*missing.index)}});
-  const Json all = {{"banco", findings.databaseName},
-                    {"tipo", findings.databaseCode ? Json(*findings.databaseCode) : Json()},
+  const Json all = {{"banco", findings.database.name},
+                    {"tipo", findings.database.code ? Json(*findings.database.code) : Json()},
                     {"pronto", !findings.IsWrong()},
                     {"relatorios", reports},
                     {"respostas", findings.answers},

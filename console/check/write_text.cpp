@@ -26,13 +26,13 @@ void WriteNames(const std::vector<std::string>& names, std::ostream& out) {
 }
 
 void WriteDatabase(const Findings& findings, std::ostream& out) {
-  if (!findings.databaseCode) {
-    out << "Banco de dados: não identificado (" << ForTerminal(findings.unknownBecause) << ")\n\n";
+  if (!findings.database.code) {
+    out << "Banco de dados: não identificado (" << ForTerminal(findings.database.unknownBecause) << ")\n\n";
     return;
   }
-  const bool isKnown = !findings.databaseTitle.empty();
-  out << "Banco de dados: " << (isKnown ? findings.databaseTitle : "desconhecido") << " (tipo "
-      << *findings.databaseCode << ")\n";
+  const bool isKnown = !findings.database.title.empty();
+  out << "Banco de dados: " << (isKnown ? findings.database.title : "desconhecido") << " (tipo "
+      << *findings.database.code << ")\n";
   if (!isKnown) out << "Os relatórios que usam datas ou conversões dão erro neste banco.\n";
   out << "\n";
 }
@@ -110,7 +110,7 @@ void WriteAdvice(const Findings& findings, std::ostream& out) {
     WriteNames(missing.reports, out);
   }
   if (!findings.missingIndexes.empty())
-    out << "Para criá-los, veja: kodrarpt esquema --banco " << findings.databaseName << " --indices\n";
+    out << "Para criá-los, veja: kodrarpt esquema --banco " << findings.database.name << " --indices\n";
   if (!findings.unchecked.empty()) out << "\nNão foi possível conferir:\n";
   for (const std::string& what : findings.unchecked) out << "  - " << ForTerminal(what) << ".\n";
 }
