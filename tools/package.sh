@@ -70,6 +70,7 @@ console_licences() {
   licence CLI11 libcli11-dev
   licence fmt libfmt-dev
   licence nlohmann-json nlohmann-json3-dev
+  licence SimpleIni libsimpleini-dev
   licence "libxlsxwriter, minizip, tmpfileplus, md5" libxlsxwriter-dev MPL-2.0
   licence libharu libhpdf-dev
   licence zint libzint-dev

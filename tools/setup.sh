@@ -3,7 +3,7 @@
 build_packages=(
   g++ cmake ninja-build ccache make                                         # native build
   libgtest-dev libgmock-dev googletest libcli11-dev libsqlite3-dev          # libraries of tests and tools
-  libfmt-dev libxlsxwriter-dev nlohmann-json3-dev                           # libraries of the console program
+  libfmt-dev libxlsxwriter-dev nlohmann-json3-dev libsimpleini-dev          # libraries of the console program
   libhpdf-dev libzint-dev libstb-dev fonts-liberation2                      # its pages: PDF, barcodes, images, letters
   unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests

@@ -93,6 +93,7 @@ TEST(Release, HasTheLicencesOfTheCodeInTheConsoleProgramBesideIt) {
   ExpectLicence(list, "CLI11", "University of Cincinnati");
   ExpectLicence(list, "fmt", "Victor Zverovich");
   ExpectLicence(list, "nlohmann-json", "Niels Lohmann");
+  ExpectLicence(list, "SimpleIni", "Brodie Thiesfield");
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "John McNamara");
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Gilles Vollant");
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Mozilla Public License Version 2.0");
