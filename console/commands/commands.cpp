@@ -12,6 +12,7 @@ void AddCommands(Program& program) {
   AddConfere(program);
   AddVerifica(program);
   AddEsquema(program);
+  AddPerfil(program);
 }
 
 }  // namespace kodra::console

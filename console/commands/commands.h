@@ -17,5 +17,6 @@ void AddPapel(Program& program);
 void AddConfere(Program& program);
 void AddVerifica(Program& program);
 void AddEsquema(Program& program);
+void AddPerfil(Program& program);
 
 }  // namespace kodra::console

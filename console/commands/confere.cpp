@@ -85,7 +85,6 @@ class Inventory {
         documents_(!options.modules.empty()),
         listing_(*guide::Find(L"kodrarpt", documents_ ? L"confere --modulo" : L"confere --conteiner")),
         places_(Distinct(documents_ ? options.modules : options.containers)),
-        connection_(options.connection.Text()),
         format_(options.output.ChosenFormat()),
         formatOptions_(options.output.ForFormats()),
         mostRows_(options.output.MostRows()),
@@ -95,6 +94,8 @@ class Inventory {
     if (!options.modules.empty() && !options.containers.empty())
       throw UsageError("--modulo e --conteiner não podem ser usados juntos");
     formatOptions_.html.letterhead = options.letterhead.Get();
+    // After the checks, because it may ask for a password, and before a list that the user types.
+    connection_ = options.connection.Text();
     scanned_ = ReadList(options.list);
   }
 

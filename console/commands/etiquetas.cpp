@@ -138,7 +138,6 @@ class Run {
         kind_(KindNamed(options.kind)),
         format_(FormatNamed(options.format)),
         print_(options.labels.Options()),
-        connection_(options.connection.Text()),
         destination_{FromUtf8(options.target), options.timeLimit.Get()},
         range_(RangeOf(options, kind_.kind)) {
     print_.place = options.withPlace;
@@ -151,6 +150,8 @@ class Run {
     codes_ = GivenCodes(options);
     if (codes_.empty() && !range_)
       throw UsageError("faltam os códigos: informe-os, ou use --lista, --de e --ate, ou --CodDepto");
+    // Last, because it may ask for a password.
+    connection_ = options.connection.Text();
   }
 
   ExitCode Execute() {

@@ -74,7 +74,6 @@ class Run {
         paper_(papers::PaperNamed(options.paper)),
         isPdf_(IsPdf(options.format)),
         subject_(SubjectOf(paper_, options.parameters)),
-        connection_(options.connection.Text()),
         destination_{FromUtf8(options.target), options.timeLimit.Get()},
         letterhead_(options.letterhead.Get()) {
     // Checks the parameters before a file is made.
@@ -82,6 +81,8 @@ class Run {
     options.parameters.For(method);
     options.parameters.RefuseUnread(method);
     if (isPdf_ && options.target.empty()) throw UsageError("o formato pdf precisa de --saida");
+    // Last, because it may ask for a password.
+    connection_ = options.connection.Text();
   }
 
   ExitCode Execute() {

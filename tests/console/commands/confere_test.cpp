@@ -205,7 +205,7 @@ TEST(ConfereUsage, RefusesWrongOptionsBeforeItConnects) {
             UsageFailure("falta --modulo, para conferir documentos, ou --conteiner, para conferir módulos"));
   EXPECT_EQ(RunProgram({"confere", "--conexao", "DSN=D", "--modulo", "AB001", "--conteiner", "C1"}),
             UsageFailure("--modulo e --conteiner não podem ser usados juntos"));
-  EXPECT_EQ(RunProgram({"confere", "--modulo", "AB001"}), UsageFailure("falta --conexao"));
+  EXPECT_EQ(RunProgram({"confere", "--modulo", "AB001"}), UsageFailure("falta --conexao ou --perfil"));
   EXPECT_EQ(RunProgram({"confere", "--conexao", "DSN=D", "--modulo", "AB001", "--formato", "xlsx"}),
             UsageFailure("o formato xlsx precisa de --saida"));
 }

@@ -227,7 +227,7 @@ TEST(ExecutaUsage, ShowsTheParametersAndColumnsOfAReportInTheHelpOnIt) {
 }
 
 TEST(ExecutaUsage, NeedsAConnectionString) {
-  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt"}), UsageFailure("falta --conexao"));
+  EXPECT_EQ(RunProgram({"executa", "CDeptoRpt"}), UsageFailure("falta --conexao ou --perfil"));
 }
 
 // Failures of every kind, with a password that no message may show.
