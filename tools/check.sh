@@ -48,6 +48,10 @@ group_valgrind() {
   under_valgrind confere --modulo AA001 --conexao "$connection" --lista build/test/lidos.txt
   under_valgrind verifica --conexao "$connection"
   under_valgrind esquema --banco todos
+  rm -rf build/test/ajustes
+  XDG_CONFIG_HOME=$PWD/build/test/ajustes under_valgrind perfil novo acervo --conexao "$connection"
+  printf '[deptos]\nrelatorio = CDeptoRpt\narquivo = valgrind-{data}.csv\n' >build/test/rotina.ini
+  under_valgrind rotina build/test/rotina.ini --conexao "$connection"
 }
 
 # Runs a command as one test: check_command NAME COMMAND…

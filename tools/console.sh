@@ -42,6 +42,25 @@ same_sheet() {
   fi
 }
 
+# Runs a routine on both systems; the files must have the same bytes.
+same_routine() {
+  local system folder=build/console
+  for system in native windows; do
+    rm -rf "$folder/$system-routine"
+    mkdir -p "$folder/$system-routine"
+    printf '%s\n' '[rotina]' 'pasta = saídas' '[deptos]' 'relatorio = CDeptoRpt' 'arquivo = {saida}.csv' 'excel = sim' \
+      '[séries]' 'relatorio = CSerieRpt' 'arquivo = {saida}.json' >"$folder/$system-routine/rotina.ini"
+  done
+  build/sanitize/kodrarpt rotina "$folder/native-routine/rotina.ini" "$@" >/dev/null || true
+  wine_environment run wine build/win32/console/kodrarpt.exe rotina "$folder/windows-routine/rotina.ini" "$@" \
+    >/dev/null 2>>"$logs/wine.log" || true
+  if [ -s "$folder/native-routine/saídas/séries.json" ] && diff -r "$folder/native-routine" "$folder/windows-routine"; then
+    passed console.rotina
+  else
+    failed console.rotina
+  fi
+}
+
 # Writes pages on both systems; the files must have the same bytes. Pages contain the minute in which they are issued:
 # both are written in the same one.
 same_pages() {
@@ -164,6 +183,10 @@ group_console() {
   same executa CDeptoRpt --conexao "$connection" --formato cvs
   same executa CDeptoRpt --conexao "Driver={SQLite3};Database=nada.db" --detalhes
   same executa CDocumentoRpt.RelatorioSintetico --conexao "$connection" --CodDepto 999
+  same perfil novo acervo --conexao "DSN=Acervo;PWD=x"
+  printf '[x]\nrelatorio = CDeptoRp\narquivo = x.csv\n' >build/console/rotina.ini
+  same rotina build/console/rotina.ini --conexao "$connection"
+  same_routine --conexao "$connection"
   same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
   printf '0000000021\r\n0000000022\r\n0000000001\r\nX\r\n' >build/console/lidos.txt
   same confere --modulo AA002 --conexao "$connection" --lista build/console/lidos.txt --formato csv

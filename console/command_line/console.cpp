@@ -38,6 +38,13 @@ std::vector<std::string> Arguments(int, char**) {
   return arguments;
 }
 
+std::filesystem::path ProgramPath() {
+  constexpr std::size_t kLongest = 32768;  // of any path of Windows
+  std::wstring path(kLongest, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), kLongest));
+  return path;
+}
+
 bool StandardOutputIsTerminal() { return _isatty(_fileno(stdout)) != 0; }
 bool StandardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
@@ -45,6 +52,8 @@ bool StandardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+std::filesystem::path ProgramPath() { return std::filesystem::read_symlink("/proc/self/exe"); }
 
 Utf8Console::Utf8Console() = default;
 Utf8Console::~Utf8Console() = default;

@@ -1,6 +1,7 @@
 // The process's arguments and its console, in UTF-8 on every system.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ class Utf8Console {
 
 // The arguments of this process after the program's name. Takes the arguments of main.
 std::vector<std::string> Arguments(int count, char** values);
+
+// The file of this program.
+std::filesystem::path ProgramPath();
 
 bool StandardOutputIsTerminal();
 bool StandardErrorIsTerminal();

@@ -26,7 +26,7 @@ std::string Line(const std::string& left, const std::string& right, std::size_t 
 const char* const kProgramFooter =
     "Códigos de saída:\n"
     "  0  tudo certo\n"
-    "  1  o relatório ou o banco de dados deu erro\n"
+    "  1  o relatório ou o banco de dados deu erro; rotina: uma saída não foi gravada\n"
     "  2  a linha de comando tem um erro\n"
     "  3  não foi possível conectar ao banco de dados\n"
     "  4  verifica: um relatório não pode funcionar, porque falta algo, não há permissão ou um tipo está errado;\n"

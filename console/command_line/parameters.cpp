@@ -48,10 +48,17 @@ void CheckPasted(const std::string& name, const std::string& text, const reports
     throw UsageError("o valor de --" + name + " não é um número inteiro" + kAdvice);
 }
 
-constexpr std::pair<std::wstring_view, std::wstring_view> kPeriods[] = {{L"DataInicial", L"DataFinal"},
-                                                                        {L"DataArmazenamento1", L"DataArmazenamento2"}};
+constexpr PeriodNames kPeriods[] = {{L"DataInicial", L"DataFinal"}, {L"DataArmazenamento1", L"DataArmazenamento2"}};
 
 }  // namespace
+
+std::optional<PeriodNames> PeriodOf(const reports::ReportMethod& method) {
+  const std::vector<guide::Parameter>& parameters = guide::About(method).parameters;
+  for (const PeriodNames& period : kPeriods) {
+    if (std::ranges::find(parameters, ToUtf8(period.first), &guide::Parameter::name) != parameters.end()) return period;
+  }
+  return std::nullopt;
+}
 
 void ReportParameters::AddTo(CLI::App& command) {
   for (const frame::ParameterClass& parameterClass : frame::ParameterClasses()) {
@@ -92,16 +99,12 @@ void ReportParameters::RefuseUnread(const reports::ReportMethod& method) const {
 }
 
 std::string ReportParameters::PeriodWarning(frame::ParameterObject& object, const reports::ReportMethod& method) {
-  const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);
-  for (const auto& [first, last] : kPeriods) {
-    if (std::ranges::find(parameterClass.properties, first, &frame::Property::name) == parameterClass.properties.end())
-      continue;
-    const Value begin = object.Get(first);
-    const Value end = object.Get(last);
-    if (begin.Is<Date>() && end.Is<Date>() && end.As<Date>().days != 0 && end.As<Date>().days < begin.As<Date>().days)
-      return "--" + ToUtf8(last) + " é antes de --" + ToUtf8(first) + ", e nenhuma data cai nesse período";
-  }
-  return {};
+  const std::optional<PeriodNames> period = PeriodOf(method);
+  if (!period) return {};
+  const Value begin = object.Get(period->first);
+  const Value end = object.Get(period->last);
+  if (end.As<Date>().days == 0 || end.As<Date>().days >= begin.As<Date>().days) return {};
+  return "--" + ToUtf8(period->last) + " é antes de --" + ToUtf8(period->first) + ", e nenhuma data cai nesse período";
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> ReportParameters::Given() const {

@@ -5,6 +5,7 @@
 //   frame::ParameterObject obj = parameters.For(method);    // in the command
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,6 +20,13 @@ class Option;
 }  // namespace CLI
 
 namespace kodra::console {
+
+// The parameters that are the first and the last day of a report's period.
+struct PeriodNames {
+  std::wstring_view first, last;
+};
+// Nothing for a report that has no period.
+std::optional<PeriodNames> PeriodOf(const reports::ReportMethod& method);
 
 class ReportParameters {
  public:

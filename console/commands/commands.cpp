@@ -13,6 +13,7 @@ void AddCommands(Program& program) {
   AddVerifica(program);
   AddEsquema(program);
   AddPerfil(program);
+  AddRotina(program);
 }
 
 }  // namespace kodra::console

@@ -18,5 +18,6 @@ void AddConfere(Program& program);
 void AddVerifica(Program& program);
 void AddEsquema(Program& program);
 void AddPerfil(Program& program);
+void AddRotina(Program& program);
 
 }  // namespace kodra::console

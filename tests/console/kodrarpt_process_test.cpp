@@ -12,6 +12,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
+#include <sstream>
 #include <thread>
 
 #include "odbc/engine/recordset.h"
@@ -227,6 +229,31 @@ TEST_F(KodrarptProcess, EndsAtItsTimeLimit) {
     fs::remove(folder_ / "saida.txt");
   }
   EXPECT_EQ(RunningStatements(), 0);
+}
+
+TEST_F(KodrarptProcess, StopsAWholeRoutineWhenItIsInterrupted) {
+  const std::string report =
+      "relatorio = RelatorioEstatisticasPorPalavrasChave\nNumeroPC1 = 1\nNumeroPC2 = 1\nNumeroPC3 = 1\n"
+      "NumeroPC4 = 1\nNumeroPC5 = 1\nNumeroObs = 1\n";
+  std::ofstream(folder_ / "a.ini") << "[antes]\narquivo = antes.csv\nlimite = 1\n" + report +
+                                          "[sem fim]\narquivo = destino.csv\n" + report +
+                                          "[depois]\narquivo = depois.csv\n" + report;
+  testbed::ChildProcess child;
+  child.command = {KODRARPT, "rotina", (folder_ / "a.ini").string(), "--conexao", EndlessConnection()};
+  child.output = (folder_ / "saida.txt").string();
+  const pid_t process = testbed::Spawn(child);
+  EXPECT_TRUE(HasBegun(process));
+  kill(process, SIGINT);
+  EXPECT_EQ(ExitCodeOf(process), 130);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"a.ini", "antes.csv", "saida.txt"}));
+  EXPECT_EQ(std::regex_replace(Read(folder_ / "saida.txt"), std::regex(" [0-9]+,[0-9]  "), " N,N  "),
+            "saída        linhas  segundos  resultado\n"
+            "antes             1       N,N  " +
+                (folder_ / "antes.csv").string() +
+                "\n"
+                "sem fim                   N,N  interrompida\n"
+                "depois                         não executada\n"
+                "1 de 3 gravadas\n");
 }
 
 TEST_F(KodrarptProcess, UsesNoMoreMemoryForMoreRows) {
