@@ -3,28 +3,28 @@
 _kodrarpt() {
   local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command=${COMP_WORDS[1]}
   local reports='CCDRpt.RelatorioMidias CTipo_MidiaRpt.RelatorioTiposMidia CSuporteRpt.RelatorioSuportes CSerieRpt.RelatorioSeries CDepositoRpt.RelatorioDepositos CDicionarioRpt.RelatorioTermosControlados CDeptoRpt.RelatorioDeptos CGrupoRpt.RelatorioGrupos CModeloRpt.RelatorioModelos CTipo_CaixaRpt.RelatorioTiposModulo CGrupoOperadorRpt.RelatorioGruposOperadores CSubgrupoRpt.RelatorioSubgrupos COperadorRpt.RelatorioOperadores CDocumentoRpt.RelatorioSintetico CDocumentoRpt.RelatorioAnalitico CDocumentoRpt.RelatorioInventarios CSolicitacaoRpt.RelatorioRetiradaOriginal CSolicitacaoRpt.RelatorioDevolucaoOriginal CLogRpt.RelatorioLog CCaixaRpt.EtiquetaAbertura CCaixaRpt.EtiquetaFechamento CCaixaRpt.EtiquetaFechamentoSubordinada CCaixaRpt.EtiquetaDivisoria CCaixaRpt.ModulosExcluidos CCaixaRpt.ModulosVencidos CCaixaRpt.DocsNoModulo CCaixaRpt.DocsNoModuloSubRpt CCaixaRpt.DocsNaoIndexadosNosModulos CCaixaRpt.RelatoriosModulos CCaixaRpt.AutorizacaoDescarteModuloSubRpt CContainerRpt.RelatorioContainers CContainerRpt.EtiquetaAbertura CContainerRpt.EtiquetaAberturaSubRpt CEstatImgRpt.RelatorioEstatisticas CEstatIndexRpt.RelatorioEstatisticasPorDocumento CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave CEstatSuporteRpt.RelatorioEstatisticas CEstatSubgrupoRpt.RelatorioEstatisticas CEstatSerieRpt.RelatorioEstatisticas'
-  local words='' options='' arguments='' hasParameters='' files=''
+  local words='' options='' arguments='' fileArguments='' hasParameters='' files=''
   COMPREPLY=()
   if [ "$COMP_CWORD" = 1 ]; then
-    words='lista descreve executa etiquetas sql papel confere verifica esquema --help --version'
+    words='lista descreve executa etiquetas sql papel confere verifica esquema perfil rotina --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
     return
   fi
   case $command in
     lista)
-      options='--help --json'
+      options='--help'
       ;;
     descreve)
-      options='--help --json'
+      options='--help'
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --senha-de --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
       arguments=$reports
       hasParameters=1
       ;;
     etiquetas)
-      options='--help --de --ate --CodDepto --lista --conexao --senha-de --detalhes --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
+      options='--help --de --ate --CodDepto --lista --conexao --perfil --senha-de --pergunta-senha --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
@@ -33,23 +33,32 @@ _kodrarpt() {
       hasParameters=1
       ;;
     papel)
-      options='--help --conexao --senha-de --detalhes --formato --saida --orgao --logotipo --tempo-limite --literal'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --formato --saida --orgao --logotipo --tempo-limite --literal'
       arguments='retirada originais descarte modulo'
       hasParameters=1
       ;;
     confere)
-      options='--help --modulo --conteiner --lista --conexao --senha-de --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
+      options='--help --modulo --conteiner --lista --conexao --perfil --senha-de --pergunta-senha --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
       ;;
     verifica)
-      options='--help --conexao --senha-de --detalhes --json'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --json'
       ;;
     esquema)
       options='--help --banco --indices --permissoes'
       arguments=$reports
       ;;
+    perfil)
+      options='--help --conexao --senha-de --senha-comando --pergunta-senha --substitui'
+      arguments='novo lista testa remove'
+      ;;
+    rotina)
+      options='--help --conexao --perfil --senha-de --pergunta-senha --simula --agendar --as --dias'
+      fileArguments=1
+      ;;
   esac
   case "$command $previous" in
     'executa --conexao') ;;
+    'executa --perfil') words=$(_kodrarpt_profiles) ;;
     'executa --senha-de') ;;
     'executa --formato') words='tabela csv json xlsx html pdf' ;;
     'executa --saida') files=1 ;;
@@ -69,6 +78,7 @@ _kodrarpt() {
     'etiquetas --CodDepto') ;;
     'etiquetas --lista') files=1 ;;
     'etiquetas --conexao') ;;
+    'etiquetas --perfil') words=$(_kodrarpt_profiles) ;;
     'etiquetas --senha-de') ;;
     'etiquetas --tempo-limite') ;;
     'etiquetas --formato') words='pdf html' ;;
@@ -84,6 +94,7 @@ _kodrarpt() {
     'etiquetas --orgao') ;;
     'sql --banco') words='oracle sqlserver mysql db2 sqlite todos' ;;
     'papel --conexao') ;;
+    'papel --perfil') words=$(_kodrarpt_profiles) ;;
     'papel --senha-de') ;;
     'papel --formato') words='pdf html' ;;
     'papel --saida') files=1 ;;
@@ -94,6 +105,7 @@ _kodrarpt() {
     'confere --conteiner') ;;
     'confere --lista') files=1 ;;
     'confere --conexao') ;;
+    'confere --perfil') words=$(_kodrarpt_profiles) ;;
     'confere --senha-de') ;;
     'confere --formato') words='tabela csv json xlsx html pdf' ;;
     'confere --saida') files=1 ;;
@@ -104,14 +116,24 @@ _kodrarpt() {
     'confere --logotipo') files=1 ;;
     'confere --tempo-limite') ;;
     'verifica --conexao') ;;
+    'verifica --perfil') words=$(_kodrarpt_profiles) ;;
     'verifica --senha-de') ;;
     'esquema --banco') words='oracle sqlserver mysql db2 sqlite todos' ;;
     'esquema --permissoes') ;;
+    'perfil --conexao') ;;
+    'perfil --senha-de') ;;
+    'perfil --senha-comando') ;;
+    'rotina --conexao') ;;
+    'rotina --perfil') words=$(_kodrarpt_profiles) ;;
+    'rotina --senha-de') ;;
+    'rotina --as') ;;
+    'rotina --dias') ;;
+    'perfil testa' | 'perfil remove') words=$(_kodrarpt_profiles) ;;
     *' --'[A-Z]*) ;;
     *)
       case $word in
         -*) words=$options$(_kodrarpt_parameters "$hasParameters" "${COMP_WORDS[2]}") ;;
-        *) words=$arguments ;;
+        *) words=$arguments files=$fileArguments ;;
       esac
       ;;
   esac
@@ -120,6 +142,11 @@ _kodrarpt() {
   else
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
   fi
+}
+
+# Os perfis do usuário.
+_kodrarpt_profiles() {
+  sed -n 's/^[[:blank:]]*\[\([^]]*\)\].*/\1/p' "${XDG_CONFIG_HOME:-$HOME/.config}/kodrarpt/perfis.ini" 2>/dev/null
 }
 
 # Os parâmetros do relatório que o segundo argumento nomeia, se o comando aceita parâmetros.

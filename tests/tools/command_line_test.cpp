@@ -82,6 +82,24 @@ TEST_F(CommandLineTest, CompletesTheNameOfAFileAfterAnOptionThatTakesOne) {
   EXPECT_EQ(Offered("kodrarpt executa CDeptoRpt --saida " + file.substr(0, file.size() - 2)), file + "\n");
 }
 
+TEST_F(CommandLineTest, CompletesTheNameOfAFileForACommandThatReadsOne) {
+  const std::string file = (folder_ / "mensal.ini").string();
+  std::ofstream(file) << "x";
+  EXPECT_EQ(Offered("kodrarpt rotina " + file.substr(0, file.size() - 2)), file + "\n");
+  EXPECT_EQ(Offered("kodrarpt rotina --ag"), "--agendar\n");
+}
+
+TEST_F(CommandLineTest, CompletesTheUsersProfiles) {
+  std::filesystem::create_directory(folder_ / "kodrarpt");
+  std::ofstream(folder_ / "kodrarpt/perfis.ini") << "; [não]\n[acervo]\nconexao = DSN=A[x]\n [outro]\n";
+  setenv("XDG_CONFIG_HOME", folder_.Path().c_str(), 1);
+  EXPECT_EQ(Offered("kodrarpt executa CDeptoRpt --perfil a"), "acervo\n");
+  EXPECT_EQ(Offered("kodrarpt perfil testa ''"), "acervo outro\n");
+  EXPECT_EQ(Offered("kodrarpt perfil remove o"), "outro\n");
+  unsetenv("XDG_CONFIG_HOME");
+  EXPECT_EQ(Offered("kodrarpt perfil n"), "novo\n");
+}
+
 TEST_F(CommandLineTest, DescribesEachCommandOnTheManualPage) {
   const std::string page = ManPage(program_);
   EXPECT_TRUE(page.starts_with(".\\\" Feita por ./kodra reference.\n.TH KODRARPT 1 \"\" \"KodraRpt "));

@@ -16,8 +16,10 @@ namespace {
 using values::ToUtf8;
 
 constexpr const char* kReportArgument = "RELATÓRIO";
+constexpr const char* kFileArgument = "ARQUIVO";
 
 bool IsFile(const CLI::Option& option) { return option.get_option_text() == "ARQUIVO"; }
+bool IsProfile(const CLI::Option& option) { return option.get_option_text() == "PERFIL"; }
 bool IsParameter(const CLI::Option& option) { return option.get_group() == kParameterGroup; }
 bool TakesAValue(const CLI::Option& option) { return option.get_items_expected_max() > 0; }
 
@@ -71,6 +73,8 @@ std::string ValueCases(const CLI::App& command) {
     const std::vector<std::string> words = ValuesIn(option->get_description());
     if (IsFile(*option))
       cases += "    " + pattern + ") files=1 ;;\n";
+    else if (IsProfile(*option))
+      cases += "    " + pattern + ") words=$(_kodrarpt_profiles) ;;\n";
     else if (words.empty())
       cases += "    " + pattern + ") ;;\n";
     else
@@ -91,6 +95,8 @@ std::string CommandCase(const CLI::App& command) {
       options.push_back("--" + option->get_lnames().front());
     else if (option->get_name() == kReportArgument)
       arguments = "      arguments=$reports\n";
+    else if (option->get_name() == kFileArgument)
+      arguments = "      fileArguments=1\n";
     else if (const auto values = ValuesIn(option->get_description()); !values.empty())
       arguments = "      arguments='" + Joined(values, " ") + "'\n";
   }
@@ -167,7 +173,7 @@ std::string BashCompletion(const Program& program) {
          "  local reports='" +
          Joined(ReportNames(), " ") +
          "'\n"
-         "  local words='' options='' arguments='' hasParameters='' files=''\n"
+         "  local words='' options='' arguments='' fileArguments='' hasParameters='' files=''\n"
          "  COMPREPLY=()\n"
          "  if [ \"$COMP_CWORD\" = 1 ]; then\n"
          "    words='" +
@@ -181,11 +187,12 @@ std::string BashCompletion(const Program& program) {
          "  esac\n"
          "  case \"$command $previous\" in\n" +
          valueCases +
+         "    'perfil testa' | 'perfil remove') words=$(_kodrarpt_profiles) ;;\n"
          "    *' --'[A-Z]*) ;;\n"
          "    *)\n"
          "      case $word in\n"
          "        -*) words=$options$(_kodrarpt_parameters \"$hasParameters\" \"${COMP_WORDS[2]}\") ;;\n"
-         "        *) words=$arguments ;;\n"
+         "        *) words=$arguments files=$fileArguments ;;\n"
          "      esac\n"
          "      ;;\n"
          "  esac\n"
@@ -194,6 +201,12 @@ std::string BashCompletion(const Program& program) {
          "  else\n"
          "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$word\")\n"
          "  fi\n"
+         "}\n"
+         "\n"
+         "# Os perfis do usuário.\n"
+         "_kodrarpt_profiles() {\n"
+         "  sed -n 's/^[[:blank:]]*\\[\\([^]]*\\)\\].*/\\1/p' "
+         "\"${XDG_CONFIG_HOME:-$HOME/.config}/kodrarpt/perfis.ini\" 2>/dev/null\n"
          "}\n"
          "\n"
          "# Os parâmetros do relatório que o segundo argumento nomeia, se o comando aceita parâmetros.\n"
