@@ -70,8 +70,8 @@ std::string PasswordNeed(const Profile& profile, const std::string& instead) {
 }  // namespace
 
 std::string ScheduleText(const Schedule& schedule, const ScheduledRoutine& routine) {
-  std::string text =
-      CronText(schedule, routine) + "\n" + TaskText(schedule, routine) + "\nA conta que executa a tarefa precisa ter:\n";
+  std::string text = CronText(schedule, routine) + "\n" + TaskText(schedule, routine) +
+                     "\nA conta que executa a tarefa precisa ter:\n";
   for (const Profile& profile : routine.profiles) {
     text += fmt::format("- o perfil {}, que ela mesma cria com kodrarpt perfil novo\n", profile.name);
     text += fmt::format("- {}\n", PasswordNeed(profile, routine.passwordVariable));
