@@ -1,6 +1,7 @@
-// kodra-mariadb: runs a command with a database of its own on a private MariaDB server.
+// kodra-mariadb: runs a command with a database of its own on a private MariaDB server, or on a private cluster.
 //
 //   kodra-mariadb acervo.sql -- ./relatorios --verbose
+//   kodra-mariadb --cluster acervo.sql -- ./relatorios
 //
 // The command finds the ODBC connection string of the database in the environment variable KODRA_MYSQL. The program
 // stops the server and ends with the command's exit code. A signal that interrupts the program is passed on to the
@@ -11,15 +12,15 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
-#include <filesystem>
 #include <iostream>
 
+#include "testbed/cluster/mariadb_cluster.h"
+#include "testbed/cluster/private_network.h"
 #include "testbed/mariadb/child_process.h"
 #include "testbed/mariadb/mariadb_server.h"
+#include "testbed/mariadb/server_parts.h"
 
 namespace {
-
-using kodra::testbed::MariaDbServer;
 
 constexpr wchar_t kDatabase[] = L"arquivo";
 constexpr int kFailed = 125;  // a failure of this program, not of the command
@@ -41,9 +42,8 @@ void AnswerInterruptions() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) sigaction(signal, &action, nullptr);
 }
 
-int RunCommand(const std::vector<std::string>& command, const MariaDbServer& server) {
-  const std::string connection = std::filesystem::path(server.ConnectionString(kDatabase)).string();
-  setenv("KODRA_MYSQL", connection.c_str(), 1);
+int RunCommand(const std::vector<std::string>& command, const std::wstring& connectionString) {
+  setenv("KODRA_MYSQL", kodra::testbed::Utf8(connectionString).c_str(), 1);
   // No signal may come between the check and the moment when there is a command to pass it on to.
   sigset_t all;
   sigset_t before;
@@ -57,15 +57,33 @@ int RunCommand(const std::vector<std::string>& command, const MariaDbServer& ser
   return status;
 }
 
+int RunWithServer(const std::vector<std::string>& command, const std::string& script, const std::string& bufferPool) {
+  const kodra::testbed::MariaDbServer server(bufferPool);
+  server.CreateDatabase(kDatabase);
+  server.RunScript(kDatabase, script);
+  return RunCommand(command, server.ConnectionString(kDatabase));
+}
+
+int RunWithCluster(const std::vector<std::string>& command, const std::string& script) {
+  kodra::testbed::EnterPrivateNetwork();
+  const kodra::testbed::MariaDbCluster cluster;
+  cluster.Load(kodra::testbed::Utf8(kDatabase), script);
+  return RunCommand(command, cluster.ConnectionString(kDatabase));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   CLI::App app(
       "Executa um comando com um servidor MariaDB só dele: a variável de ambiente KODRA_MYSQL traz a string de "
       "conexão ODBC do banco.");
-  app.footer("Uso: kodra-mariadb SCRIPT.sql -- COMANDO [ARGUMENTO]...");
+  app.footer("Uso: kodra-mariadb [--cluster | --memoria N] SCRIPT.sql -- COMANDO [ARGUMENTO]...");
   std::string script;
   app.add_option("script", script, "Script SQL que cria e enche o banco")->required()->check(CLI::ExistingFile);
+  bool cluster = false;
+  app.add_flag("--cluster", cluster, "Três servidores iguais, com Galera e HAProxy, em uma rede só deles e do comando");
+  std::string bufferPool = "128M";
+  app.add_option("--memoria", bufferPool, "A memória de um servidor só para dados, como 2G")->capture_default_str();
   // Everything after the first "--" belongs to the command, whatever it looks like.
   char** const end = argv + argc;
   char** const separator = std::find(argv, end, std::string_view("--"));
@@ -78,10 +96,7 @@ int main(int argc, char** argv) {
 
   AnswerInterruptions();
   try {
-    const MariaDbServer server;
-    server.CreateDatabase(kDatabase);
-    server.RunScript(kDatabase, script);
-    return RunCommand(command, server);
+    return cluster ? RunWithCluster(command, script) : RunWithServer(command, script, bufferPool);
   } catch (const std::exception& error) {
     if (interruptedBy != 0) return 128 + interruptedBy;
     std::cerr << "kodra-mariadb: " << error.what() << "\n";

@@ -25,8 +25,9 @@ namespace kodra::testbed {
 
 class MariaDbServer {
  public:
-  // Takes about a second. REQUIRES: the thread lives as long as the server should.
-  MariaDbServer();
+  // Takes about a second. The buffer pool is the memory for data, such as "128M" or "2G". REQUIRES: the thread lives as
+  // long as the server should.
+  explicit MariaDbServer(std::string bufferPool = "128M");
   ~MariaDbServer();
   MariaDbServer(const MariaDbServer&) = delete;
   MariaDbServer& operator=(const MariaDbServer&) = delete;
@@ -61,6 +62,7 @@ class MariaDbServer {
   void RunClient(const std::string& user, const std::string& option, const std::string& input) const;
   void Stop() noexcept;
 
+  std::string bufferPool_;
   std::wstring driver_;
   std::string clientPassword_;
   std::string rootPassword_;
