@@ -14,6 +14,7 @@ export KODRA_CACHE
 . tools/build.sh
 . tools/wine.sh
 . tools/demo.sh
+. tools/cluster.sh
 . tools/test.sh
 . tools/bench.sh
 . tools/package.sh

@@ -54,7 +54,7 @@ coverage() {
   forget_runs coverage
   step "testes no Linux"
   logged coverage-native ctest --preset coverage -L '^native$'
-  coverage_of coverage gcov '(src|odbc|siblings|console|testbed|tools)'
+  coverage_of coverage gcov '(src|odbc|siblings|console|testbed/archive|testbed/mariadb|tools)'
   build_preset win32-coverage KodraRpt kodra_ado kodra_siblings_com kodra_test_wine
   forget_runs win32-coverage
   step "testes no Wine"

@@ -1,11 +1,12 @@
 # The demonstration, and the user's own scripts.
 
-# Runs the demonstration client on a connection string: prints its output and returns its exit code.
+# Runs the demonstration client on a connection string: prints its output, with the rows as a script prints them, and
+# returns its exit code: client CONNECTION [SCRIPT]
 client() {
   local output=build/demo/saida.txt folder status=0
   folder=$(windows_path build/demo)
   rm -f "$output" build/demo/modulos.log
-  script testbed/archive/cliente.vbs testbed/archive/tabela.vbs -- "$1" "$folder\\saida.txt" "$folder\\modulos.log" \
+  script testbed/archive/cliente.vbs "${2:-testbed/archive/tabela.vbs}" -- "$1" "$folder\\saida.txt" "$folder\\modulos.log" \
     >>"$logs/wine.log" || status=$?
   [ -s "$output" ] || die "o cliente não escreveu nada (veja $logs/wine.log)"
   iconv -f UTF-16 -t UTF-8 "$output" | tr -d '\r'
@@ -17,7 +18,7 @@ client() {
 demo_client() { client KODRA_MYSQL; }
 
 # The demonstration on an archive of some documents in a database, with the generator of a preset:
-# show sqlite|mysql DOCUMENTS PRESET
+# show sqlite|mysql|cluster DOCUMENTS PRESET
 show() {
   local engine=$1 documents=$2 preset=$3
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com
@@ -33,6 +34,11 @@ show() {
       made build/demo/acervo.sql "build/$preset/kodra-demo-data" mysql --documents "$documents"
       step "os relatórios sobre o acervo de exemplo, $documents documentos em um MariaDB próprio"
       "build/$preset/kodra-mariadb" build/demo/acervo.sql -- ./kodra client
+      ;;
+    cluster)
+      build_preset "$preset" kodrarpt
+      made build/demo/acervo.sql "build/$preset/kodra-demo-data" mysql --documents "$documents"
+      show_cluster "$documents" "$preset"
       ;;
   esac
 }
@@ -61,10 +67,10 @@ demo() {
     esac
   done
   case $engine in
-    sqlite | mysql) ;;
-    *) die "não há demonstração para o banco \"$engine\": sqlite ou mysql" ;;
+    sqlite | mysql) setup build ;;
+    cluster) setup cluster ;;
+    *) die "não há demonstração para o banco \"$engine\": sqlite, mysql ou cluster" ;;
   esac
-  setup build
   show "$engine" "$documents" native
 }
 

@@ -21,24 +21,29 @@ test_packages=(
   wine64                                                                    # the component for 64-bit programs
   openjdk-17-jdk-headless libh2-java libhsqldb-java libderby-java           # the engines that imitate other databases
 )
+cluster_packages=(
+  galera-4 rsync iproute2                                                   # equal nodes, and how one gets its files
+  liblua5.3-0 libopentracing-c-wrapper0                                     # libraries of haproxy
+)
 fuzz_packages=(clang libclang-rt-14-dev)
 lint_packages=(clang-tidy)
 check_packages=(
-  "${test_packages[@]}" "${fuzz_packages[@]}" "${lint_packages[@]}"
+  "${test_packages[@]}" "${cluster_packages[@]}" "${fuzz_packages[@]}" "${lint_packages[@]}"
   valgrind gcovr
 )
 
-# The packages of a command: packages_of build|package|test|fuzz|lint|check
+# The packages of a command: packages_of build|package|cluster|test|fuzz|lint|check
 packages_of() {
   printf '%s\n' "${build_packages[@]}"
   case $1 in
     build) ;;
     package) printf '%s\n' "${package_packages[@]}" ;;
     test) printf '%s\n' "${test_packages[@]}" ;;
+    cluster) printf '%s\n' "${cluster_packages[@]}" ;;
     fuzz) printf '%s\n' "${fuzz_packages[@]}" ;;
     lint) printf '%s\n' "${lint_packages[@]}" ;;
     check) printf '%s\n' "${check_packages[@]}" | sort -u ;;
-    *) die "setup não conhece \"$1\": build, package, test, fuzz, lint ou check" ;;
+    *) die "setup não conhece \"$1\": build, package, cluster, test, fuzz, lint ou check" ;;
   esac
 }
 
@@ -51,9 +56,10 @@ missing_packages() {
 }
 
 # What only some commands need besides packages: needs_sources COMMAND
-needs_sources() { [ "$1" != build ] && [ "$1" != fuzz ] && [ "$1" != lint ]; }
+needs_sources() { case $1 in build | cluster | fuzz | lint) return 1 ;; esac; }
+needs_cluster() { case $1 in cluster | check) ;; *) return 1 ;; esac; }
 
-# Installs what a command needs and is missing: setup [build|package|test|fuzz|lint|check]
+# Installs what a command needs and is missing: setup [build|package|cluster|test|fuzz|lint|check]
 setup() {
   local command=${1:-test} names missing
   names=$(missing_packages "$command") || exit
@@ -67,6 +73,7 @@ setup() {
   fi
   wine_environment make
   if needs_sources "$command"; then windows_sources; fi
+  if needs_cluster "$command"; then cluster_programs; fi
 }
 
 # Ends with a message when something that a command needs is missing: need COMMAND
@@ -84,6 +91,21 @@ need() {
     die "falta o código de bibliotecas em $KODRA_CACHE: ${missing_sources//$'\n'/ }
   para buscá-lo: ./kodra setup $1"
   fi
+}
+
+# The programs of a cluster that are taken out of their packages, because installing these would make services that start
+# with the machine: the balancer, and the scripts by which a node sends its files to another.
+cluster_programs() {
+  local folder=$KODRA_CACHE/cluster work package
+  [ ! -x "$folder/usr/sbin/haproxy" ] || [ ! -x "$folder/usr/bin/wsrep_sst_rsync" ] || return 0
+  step "busca os programas do cluster: haproxy e mariadb-server"
+  mkdir -p "$KODRA_CACHE"
+  work=$(mktemp -d "$KODRA_CACHE/cluster.XXXXXX")
+  chmod 755 "$work"
+  logged cluster-programs env -C "$work" apt-get download haproxy mariadb-server
+  for package in "$work"/*.deb; do dpkg-deb -x "$package" "$work"; done
+  rm -rf "$work"/*.deb "$folder"
+  mv -T "$work" "$folder"
 }
 
 # The libraries of the console program that Debian builds only for Debian, as source, for Windows: the name of each
