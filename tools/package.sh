@@ -99,7 +99,7 @@ stage_files() {
   put_licences . "KodraRpt.dll" component_licences
   put_licences console "kodrarpt.exe" console_licences
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
-  put docs packaging/estilo.css docs/{guia.pt-BR,recordsets.pt-BR,behaviours,dialects}.md
+  put docs packaging/estilo.css docs/{guia.pt-BR,recordsets.pt-BR,behaviours,cluster,dialects}.md
   put_tree docs/reference docs/reference
   put_tree exemplos examples
   make_html
