@@ -108,19 +108,51 @@ bench_indexes() {
   "$tools/kodra-mariadb" "$file.sql" -- "$tools/kodra-bench-indexes"
 }
 
+# The time of every report on archives of growing size with the advised indexes, on SQLite and on MariaDB. It writes the
+# figures and the drawing of docs/performance.md and prints its tables: bench_sizes SQLITE_DOCUMENTS MARIADB_DOCUMENTS
+# [LIMIT], where each list of sizes is one word.
+bench_sizes() {
+  build_preset "$bench_preset" kodra-bench-sizes kodra-bench-sizes-page kodra-demo-data kodra-mariadb
+  mkdir -p build/bench
+  local tools=$PWD/build/$bench_preset file=build/bench/tamanhos limit=${3:-30} documents
+  rm -f "$file.tsv"
+  # The benchmark adds indexes, so each archive is new; it is removed because the largest takes gigabytes.
+  for documents in $1; do
+    step "SQLite, $documents documentos"
+    "$tools/kodra-demo-data" sqlite --documents "$documents" "$file.db"
+    "$tools/kodra-bench-sizes" --banco SQLite --documents "$documents" --limit "$limit" \
+      "Driver={SQLite3};Database=$PWD/$file.db" >>"$file.tsv"
+    rm -f "$file.db"
+  done
+  for documents in $2; do
+    step "MariaDB, $documents documentos"
+    "$tools/kodra-demo-data" mysql --documents "$documents" "$file.sql"
+    # With less memory than the archive takes, the figures would be those of the disk.
+    "$tools/kodra-mariadb" --memoria 2G "$file.sql" -- \
+      "$tools/kodra-bench-sizes" --banco MariaDB --documents "$documents" --limit "$limit" >>"$file.tsv"
+    rm -f "$file.sql"
+  done
+  "$tools/kodra-bench-sizes-page" "$file.tsv" "$file.svg"
+}
+
 # Every benchmark, or those that begin with one of the names; `growth` is the drawing.
 bench() {
   local name line known
-  # Not one of the lines: it measures the databases and has no limits.
+  # Not among the lines: these two measure the databases and have no limits.
   if [ "$*" = indices ]; then
     need build
     bench_indexes 300000
     return
   fi
+  if [ "$*" = tamanhos ]; then
+    need build
+    bench_sizes "1000 10000 100000 1000000 10000000" "1000 10000 100000 1000000" 120
+    return
+  fi
   for name; do
     known=
     for line in "${bench_names[@]}" growth; do [[ $line != "$name"* ]] || known=1; done
-    [ "$known" ] || die "não há linha que comece com \"$name\": ${bench_names[*]} growth; indices, só sozinho"
+    [ "$known" ] || die "não há linha que comece com \"$name\": ${bench_names[*]} growth; indices e tamanhos, só sozinhos"
   done
   need build
   build_benches
@@ -165,6 +197,17 @@ group_bench() {
   else
     tail -n 20 "$times"
     failed bench.indices
+  fi
+  # Two sizes of 39 reports on two databases; one statement is none for SQLite.
+  local sizes=$logs/bench-tamanhos.log measured=build/bench/tamanhos.tsv
+  if bench_sizes "100 1000" "100 1000" >"$sizes" 2>&1 && [ "$(wc -l <"$measured")" = 156 ] &&
+    [ "$(awk -F '\t' '$5 !~ /^[0-9]/ { print $1, $3 }' "$measured" | sort -u)" = "SQLite CSolicitacaoRpt.RelatorioDevolucaoOriginal" ] &&
+    [ -s build/bench/tamanhos.svg ]
+  then
+    passed bench.tamanhos
+  else
+    tail -n 20 "$sizes"
+    failed bench.tamanhos
   fi
   # A limit that is not met says nothing at this size; an error does.
   if [ "$status" -gt 1 ] && [ ! "$broken" ]; then failed bench; fi
