@@ -36,6 +36,8 @@ constexpr std::array kColumns = {
     Column{"FRENTE", Kind::kNumber},  Column{"VERSO", Kind::kNumber},
 };
 
+constexpr lxw_col_t kColumnCount = kColumns.size();
+
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
@@ -237,7 +239,7 @@ int Digits(std::string_view text) {
 double Serial(std::string_view iso) {
   using namespace std::chrono;
   const sys_days day = year(Digits(iso.substr(0, 4))) / Digits(iso.substr(5, 2)) / Digits(iso.substr(8, 2));
-  const double whole = (day - sys_days(year(1899) / 12 / 30)).count();
+  const auto whole = static_cast<double>((day - sys_days(year(1899) / 12 / 30)).count());
   if (iso.size() == 10) return whole;
   const double minutes = Digits(iso.substr(11, 2)) * 60.0 + Digits(iso.substr(14, 2));
   return whole + (minutes * 60.0 + Digits(iso.substr(17, 2))) * 1000.0 / 86400000.0;
@@ -265,14 +267,14 @@ void WriteXlsx(Rows& rows, const std::string& target) {
   worksheet_set_footer(sheet, "&RPágina &P de &N");
   std::array<std::size_t, kColumns.size()> widths{};
   lxw_row_t row = 0;
-  for (lxw_col_t i = 0; i < kColumns.size(); ++i) {
+  for (lxw_col_t i = 0; i < kColumnCount; ++i) {
     worksheet_write_string(sheet, 0, i, kColumns[i].name, bold);
     widths[i] = std::max<std::size_t>(8, Characters(kColumns[i].name) + 3);
   }
   std::string text;
   while (rows.Next()) {
     ++row;
-    for (lxw_col_t i = 0; i < kColumns.size(); ++i) {
+    for (lxw_col_t i = 0; i < kColumnCount; ++i) {
       if (rows.IsNull(i)) continue;
       text = rows.Text(i);
       const Kind kind = kColumns[i].kind;
@@ -286,7 +288,7 @@ void WriteXlsx(Rows& rows, const std::string& target) {
       widths[i] = std::max(widths[i], width);
     }
   }
-  for (lxw_col_t i = 0; i < kColumns.size(); ++i) {
+  for (lxw_col_t i = 0; i < kColumnCount; ++i) {
     lxw_row_col_options shown{};
     worksheet_set_column_opt(sheet, i, i, static_cast<double>(widths[i] + 1), nullptr, &shown);
   }

@@ -48,13 +48,16 @@ Cost CostOf(const std::function<int()>& work) {
   rusage usage{};
   if (child < 0 || wait4(child, &status, 0, &usage) != child || status != 0)
     throw std::runtime_error("um processo não terminou bem");
-  const auto seconds = [](const timeval& time) { return static_cast<double>(time.tv_sec) + time.tv_usec * 1e-6; };
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+  };
   return {seconds(usage.ru_utime) + seconds(usage.ru_stime), static_cast<double>(usage.ru_maxrss)};
 }
 
 Cost CostOfProgram(std::vector<std::string> arguments) {
   return CostOf([&arguments]() -> int {
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     execvp(pointers.front(), pointers.data());

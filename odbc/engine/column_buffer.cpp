@@ -90,7 +90,7 @@ std::optional<Value> ParsedFloating(const Value& text, std::int32_t type) {
 // The value of a text in a column of the type; nothing when it has no value of that type.
 std::optional<Value> Parsed(const Value& text, std::int32_t type) {
   if (IsWholeType(type)) {
-    const std::optional<Value> number = values::ParseInvariantNumber(text.As<std::wstring>());
+    std::optional<Value> number = values::ParseInvariantNumber(text.As<std::wstring>());
     if (number && number->Is<std::int32_t>()) return WholeNumber(number->As<std::int32_t>(), type);
     return number;
   }
