@@ -12,19 +12,19 @@ _kodrarpt() {
   fi
   case $command in
     lista)
-      options='--help'
+      options='--help --json'
       ;;
     descreve)
-      options='--help'
+      options='--help --json'
       arguments=$reports
       ;;
     executa)
-      options='--help --conexao --perfil --senha-de --pergunta-senha --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --folha --primeira --copias --codigo --tempo-limite --progresso --literal'
       arguments=$reports
       hasParameters=1
       ;;
     etiquetas)
-      options='--help --de --ate --CodDepto --lista --conexao --perfil --senha-de --pergunta-senha --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
+      options='--help --de --ate --CodDepto --lista --conexao --perfil --senha-de --pergunta-senha --detalhes --tempo-limite --formato --saida --folha --primeira --copias --codigo --folha-propria --folhas-de --ajuste --contorno --logotipo --folhas --com-lugar --orgao'
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
@@ -33,15 +33,15 @@ _kodrarpt() {
       hasParameters=1
       ;;
     papel)
-      options='--help --conexao --perfil --senha-de --pergunta-senha --formato --saida --orgao --logotipo --tempo-limite --literal'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --formato --saida --orgao --logotipo --tempo-limite --literal'
       arguments='retirada originais descarte modulo'
       hasParameters=1
       ;;
     confere)
-      options='--help --modulo --conteiner --lista --conexao --perfil --senha-de --pergunta-senha --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
+      options='--help --modulo --conteiner --lista --conexao --perfil --senha-de --pergunta-senha --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
       ;;
     verifica)
-      options='--help --conexao --perfil --senha-de --pergunta-senha --json'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --json'
       ;;
     esquema)
       options='--help --banco --indices --permissoes'
@@ -52,7 +52,7 @@ _kodrarpt() {
       arguments='novo lista testa remove'
       ;;
     rotina)
-      options='--help --conexao --perfil --senha-de --pergunta-senha --simula --agendar --as --dias'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --simula --agendar --as --dias'
       fileArguments=1
       ;;
   esac
