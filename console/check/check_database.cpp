@@ -28,10 +28,10 @@ constexpr std::int64_t kLargeTable = 10000;
 
 class Check {
  public:
-  explicit Check(const std::wstring& connectionString)
+  Check(const std::wstring& connectionString, Machine& machine)
       : connectionString_(connectionString),
-        machine_(NewMachine()),
-        surroundings_(machine_->Around()),
+        machine_(machine),
+        surroundings_(machine_.Around()),
         connection_(Connect(surroundings_, connectionString_)) {}
 
   Findings Execute() {
@@ -60,7 +60,7 @@ class Check {
     for (const reports::ReportMethod& method : reports::ReportMethods()) {
       Needs& needs = all.emplace_back(NeedsOf(method));
       // What an installed sibling reads is not known.
-      if (!machine_->SiblingsAreInstalled())
+      if (!machine_.SiblingsAreInstalled())
         needs.tables.insert(needs.tables.end(), needs.siblingTables.begin(), needs.siblingTables.end());
       std::erase(needs.siblings, kConnectionSibling);
       needs.siblings.emplace_back(kConnectionSibling);  // every report needs it
@@ -121,7 +121,7 @@ class Check {
     if (!finding.problems.empty() || findings_.database.name.empty()) return;
     const EveryStatement every = EveryStatementOf(method, Code());
     std::vector<Statement> statements = every.ofReport;
-    if (!machine_->SiblingsAreInstalled())
+    if (!machine_.SiblingsAreInstalled())
       statements.insert(statements.end(), every.ofSiblings.begin(), every.ofSiblings.end());
     const std::vector<const Limit*> limits = schema::LimitsOf(finding.name, Code());
     for (const Limit* limit : limits)
@@ -207,7 +207,7 @@ class Check {
   }
 
   std::wstring connectionString_;
-  std::unique_ptr<Machine> machine_;
+  Machine& machine_;
   platform::Surroundings& surroundings_;
   std::unique_ptr<platform::Connection> connection_;
   std::unique_ptr<OdbcInspector> inspector_;
@@ -225,6 +225,8 @@ bool Findings::IsWrong() const {
   return database.name.empty() || std::ranges::any_of(reports, &ReportFinding::IsWrong);
 }
 
-Findings CheckDatabase(const std::wstring& connectionString) { return Check(connectionString).Execute(); }
+Findings CheckDatabase(const std::wstring& connectionString, Machine& machine) {
+  return Check(connectionString, machine).Execute();
+}
 
 }  // namespace kodra::console

@@ -9,6 +9,7 @@
 
 #include "console/check/database_identity.h"
 #include "console/check/schema_probe.h"
+#include "console/run/machine.h"
 #include "console/schema/indexes.h"
 #include "console/schema/limits.h"
 
@@ -55,7 +56,7 @@ struct Findings {
 };
 
 // Checks the database of a connection string. Changes nothing in it. Raises ConnectionError if it cannot be reached.
-Findings CheckDatabase(const std::wstring& connectionString);
+Findings CheckDatabase(const std::wstring& connectionString, Machine& machine);
 
 // The findings for people, and for programs: one JSON object in one line.
 void WriteText(const Findings& findings, std::ostream& out);

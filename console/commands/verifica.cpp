@@ -30,7 +30,7 @@ struct Options {
 ExitCode Verifica(std::ostream& out, const Options& options) {
   const std::wstring connection = options.connection.Text();
   if (connection.empty()) throw UsageError("a string de conexão está vazia");
-  const Findings findings = CheckDatabase(connection);
+  const Findings findings = CheckDatabase(connection, *NewMachine());
   options.asJson ? WriteJson(findings, out) : WriteText(findings, out);
   return findings.IsWrong() ? ExitCode::kMismatch : ExitCode::kOk;
 }

@@ -14,8 +14,8 @@
 #include <atomic>
 #include <chrono>
 #include <ostream>
-#include <thread>
 
+#include "console/run/cancelling.h"
 #include "console/run/interruption.h"
 #include "console/run/machine.h"
 
@@ -37,15 +37,12 @@ class Stopping {
   ExitCode Outcome() const;
 
  private:
-  void Watch(const std::stop_token& end);
-
   Interruption interruption_;
-  Machine& machine_;
   std::chrono::seconds limit_;
   std::ostream& errors_;
   std::atomic<bool> timeIsUp_ = false;
   mutable std::atomic<bool> isTold_ = false;
-  std::jthread watcher_;
+  Cancelling cancelling_;
 };
 
 }  // namespace kodra::console
