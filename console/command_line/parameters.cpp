@@ -32,22 +32,6 @@ std::vector<std::string> NamesOf(const frame::ParameterClass& parameterClass) {
   throw UsageError(message);
 }
 
-// Raises UsageError for a text that ends its quotes, begins a comment or another statement, or is not the figure that a
-// statement needs.
-void CheckPasted(const std::string& name, const std::string& text, const reports::ReportMethod& method) {
-  const std::vector<guide::Parameter>& parameters = guide::About(method).parameters;
-  const auto known = std::ranges::find(parameters, name, &guide::Parameter::name);
-  if (known == parameters.end() || !known->changesSql) return;
-  constexpr const char* kAdvice =
-      ", e o relatório passa o valor ao SQL como está; se é isso mesmo, acrescente --literal";
-  for (const char* const piece : {"'", "\"", ";", "--", "/*"}) {
-    if (text.find(piece) != std::string::npos) throw UsageError("o valor de --" + name + " contém " + piece + kAdvice);
-  }
-  const bool isFigure = name.starts_with("Numero");
-  if (isFigure && text.find_first_not_of("0123456789") != std::string::npos)
-    throw UsageError("o valor de --" + name + " não é um número inteiro" + kAdvice);
-}
-
 constexpr PeriodNames kPeriods[] = {{L"DataInicial", L"DataFinal"}, {L"DataArmazenamento1", L"DataArmazenamento2"}};
 
 }  // namespace
@@ -58,6 +42,19 @@ std::optional<PeriodNames> PeriodOf(const reports::ReportMethod& method) {
     if (std::ranges::find(parameters, ToUtf8(period.first), &guide::Parameter::name) != parameters.end()) return period;
   }
   return std::nullopt;
+}
+
+std::string WrongWithText(const frame::Property& property, std::string_view text, const reports::ReportMethod& method) {
+  if (property.rule == frame::PropertyRule::kDate || property.rule == frame::PropertyRule::kFlag) return {};
+  const std::string name = ToUtf8(property.name);
+  const std::vector<guide::Parameter>& parameters = guide::About(method).parameters;
+  const auto known = std::ranges::find(parameters, name, &guide::Parameter::name);
+  if (known == parameters.end() || !known->changesSql) return {};
+  for (const char* const piece : {"'", "\"", ";", "--", "/*"}) {
+    if (text.find(piece) != text.npos) return std::string("contém ") + piece;
+  }
+  const bool isFigure = name.starts_with("Numero");
+  return isFigure && text.find_first_not_of("0123456789") != text.npos ? "não é um número inteiro" : "";
 }
 
 void ReportParameters::AddTo(CLI::App& command) {
@@ -80,8 +77,10 @@ frame::ParameterObject ReportParameters::For(const reports::ReportMethod& method
     const auto property = std::ranges::find(parameterClass.properties, name, &frame::Property::name);
     if (property == parameterClass.properties.end()) RaiseUnknown(name, method, parameterClass);
     const std::string& text = option->results().front();
-    const bool isText = property->rule != frame::PropertyRule::kDate && property->rule != frame::PropertyRule::kFlag;
-    if (isText && !isLiteral_) CheckPasted(ToUtf8(name), text, method);
+    if (const std::string wrong = WrongWithText(*property, text, method); !isLiteral_ && !wrong.empty()) {
+      throw UsageError("o valor de --" + ToUtf8(name) + " " + wrong +
+                       ", e o relatório passa o valor ao SQL como está; se é isso mesmo, acrescente --literal");
+    }
     object.Let(name, ParameterValue(*property, text));
   }
   return object;

@@ -28,6 +28,11 @@ struct PeriodNames {
 // Nothing for a report that has no period.
 std::optional<PeriodNames> PeriodOf(const reports::ReportMethod& method);
 
+// Why the value of a property would be more than a value in the statements of the report: it ends its quotes, begins a
+// comment or another statement, or is not the figure that a statement needs: "contém ;". Empty for a value that would
+// not.
+std::string WrongWithText(const frame::Property& property, std::string_view text, const reports::ReportMethod& method);
+
 class ReportParameters {
  public:
   // Adds an option for each property of any parameter class. The help has one line for all of them, because each report

@@ -8,15 +8,52 @@
 
 namespace kodra::console::guide {
 
-const std::vector<Report>& Reports() {
-  static const std::vector<Report> reports = [] {
-    std::vector<Report> all;
-    for (const auto& family : {Catalogs(), Documents(), ModuleLabels(), ModuleListings(), Containers(), Statistics()})
-      all.insert(all.end(), family.begin(), family.end());
+namespace {
+
+struct FamilyEntries {
+  std::string_view title;
+  std::vector<Report> (*entries)();
+};
+
+constexpr FamilyEntries kFamilies[] = {
+    {"Cadastros", &Catalogs},
+    {"Documentos, solicitações e eventos", &Documents},
+    {"Etiquetas de módulos", &ModuleLabels},
+    {"Módulos", &ModuleListings},
+    {"Contêineres", &Containers},
+    {"Estatísticas", &Statistics},
+};
+
+struct Guide {
+  std::vector<Report> reports;
+  std::vector<Family> families;
+};
+
+const Guide& WholeGuide() {
+  static const Guide guide = [] {
+    Guide all;
+    std::vector<std::size_t> ends;
+    for (const FamilyEntries& family : kFamilies) {
+      const std::vector<Report> entries = family.entries();
+      all.reports.insert(all.reports.end(), entries.begin(), entries.end());
+      ends.push_back(all.reports.size());
+    }
+    std::size_t begin = 0;
+    for (const FamilyEntries& family : kFamilies) {
+      const std::size_t end = ends[all.families.size()];
+      all.families.push_back({family.title, std::span<const Report>(all.reports).subspan(begin, end - begin)});
+      begin = end;
+    }
     return all;
   }();
-  return reports;
+  return guide;
 }
+
+}  // namespace
+
+const std::vector<Report>& Reports() { return WholeGuide().reports; }
+
+const std::vector<Family>& Families() { return WholeGuide().families; }
 
 const Report* Find(std::wstring_view className, std::wstring_view method) {
   static const std::vector<Report> own = OwnListings();

@@ -4,6 +4,7 @@
 // Texts are Brazilian Portuguese in UTF-8, sentences without a full stop.
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -51,6 +52,12 @@ struct Column {
   std::string_view legend = {};
 };
 
+// A value of a parameter that has only a few.
+struct Choice {
+  std::string_view value;
+  std::string_view meaning;
+};
+
 // A property of the parameter object that the report reads.
 struct Parameter {
   std::string_view name;
@@ -64,6 +71,11 @@ struct Parameter {
   bool changesSql = true;
   // Further values, with which the report sends other statements than with the sample.
   std::vector<std::string_view> otherSamples = {};
+  // All its values that differ in their effect, for a form; the first is the default. Empty for a parameter that takes
+  // any text.
+  std::vector<Choice> choices = {};
+  // Its name on a form; empty if `effect` begins with words that say it.
+  std::string_view label = {};
 };
 
 // What looks wrong and is required.
@@ -129,6 +141,13 @@ struct Report {
 
 // The entries of all report methods, family by family.
 const std::vector<Report>& Reports();
+
+struct Family {
+  std::string_view title;
+  std::span<const Report> reports;
+};
+const std::vector<Family>& Families();
+
 // The entry of a report, or of a listing that the program makes itself; null if there is none of these names.
 const Report* Find(std::wstring_view className, std::wstring_view method);
 // The entry of a method; every method has one.

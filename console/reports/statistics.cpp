@@ -11,7 +11,14 @@ const Parameter kOwnerText = {"Owner", "Texto devolvido na coluna OWNER", "Arqui
 const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio inclui todos", "001", "departamento {}"};
 // TipoRpt in the statistics by support and by subgroup.
 const Parameter kCounted = {
-    "TipoRpt", "F traz as folhas; P, folhas e versos; outro valor, só os documentos", "F", {}, true, {"P", "N"}};
+    "TipoRpt",
+    "F traz as folhas; P, folhas e versos; outro valor, só os documentos",
+    "F",
+    {},
+    true,
+    {"P", "N"},
+    {{"", "só os documentos"}, {"F", "documentos e folhas"}, {"P", "documentos, folhas e versos"}},
+    "O que contar"};
 
 constexpr Column kPeriod = {"TIT1", kText, "Título: \"Período: … a …\"", {}, kSubtitle};
 constexpr Column kOperador = {"OPERADOR", kText, "Operador do filtro, ou Todos os Operadores", "Operador", kFact};
@@ -44,7 +51,9 @@ std::vector<Report> Statistics() {
                        "P",
                        {},
                        true,
-                       {"F", "N"}}},
+                       {"F", "N"},
+                       {{"", "documentos"}, {"F", "só folhas"}, {"P", "folhas e versos"}},
+                       "O que contar"}},
        .columns = {kPeriod,
                    kOperador,
                    kDepto,
@@ -151,12 +160,19 @@ std::vector<Report> Statistics() {
       {.className = "CEstatSerieRpt",
        .method = "RelatorioEstatisticas",
        .purpose = "Os totais armazenados em cada série de um subgrupo",
-       .parameters =
-           {kFirstDay,
-            {"DataFinal", "Último dia do período; a instrução vai até a meia-noite do dia seguinte, inclusive",
-             "29/02/2024", "até {}"},
-            {"TipoRpt", "N conta documentos; F, P e qualquer outro somam as folhas", "N", {}, true, {"F", "P"}},
-            {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001", "subgrupo {}"}},
+       .parameters = {kFirstDay,
+                      {"DataFinal",
+                       "Último dia do período; a instrução vai até a meia-noite do dia seguinte, inclusive",
+                       "29/02/2024", "até {}"},
+                      {"TipoRpt",
+                       "N conta documentos; F, P e qualquer outro somam as folhas",
+                       "N",
+                       {},
+                       true,
+                       {"F", "P"},
+                       {{"", "folhas"}, {"N", "documentos"}},
+                       "O que contar"},
+                      {"CodGrupo", "Código do subgrupo; vazio não traz nenhuma linha", "001", "subgrupo {}"}},
        .columns = {{"Titulo", kText, "Título com o nome que a instalação dá à série", {}, kTitle},
                    {"Subtitulo", kText, "O que se conta: folhas, páginas ou documentos", {}, kSubtitle},
                    {"Periodo", kText, "Período: … a …", {}, kSubtitle},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "console/formats/pages/chart.h"
 #include "values/format_date.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
@@ -54,6 +55,20 @@ std::wstring JoinedTexts(const RowReader& row, const std::vector<const guide::Co
 const guide::Column* ColumnIn(Place place, const guide::Report& report) {
   const auto columns = guide::ColumnsIn(place, report);
   return columns.empty() ? nullptr : columns.front();
+}
+
+// Where the month and the year begin in "31/12/2023".
+constexpr std::size_t kMonthPlace = 3, kYearPlace = 6;
+
+// Days, in order, added up by month or year.
+std::vector<Bar> AddedUp(const std::vector<Bar>& days, std::size_t place) {
+  std::vector<Bar> sums;
+  for (const Bar& day : days) {
+    const std::wstring name = day.name.substr(std::min(place, day.name.size()));
+    if (sums.empty() || sums.back().name != name) sums.push_back({name, 0});
+    sums.back().value += day.value;
+  }
+  return sums;
 }
 
 }  // namespace
@@ -142,6 +157,21 @@ Statistics StatisticsGatherer::Result() const {
     result.blocks.push_back(std::move(block));
   }
   return result;
+}
+
+StatisticsChart ChartOf(const Statistics& statistics) {
+  std::vector<Bar> bars;
+  for (const StatisticsBlock& block : statistics.blocks) {
+    for (const StatisticsLine& line : block.lines) bars.push_back({line.name, line.sums.back()});
+  }
+  std::wstring lines = statistics.groupCaption;
+  if (lines == L"Dia" && bars.size() > kMostBars) {
+    const std::vector<Bar> months = AddedUp(bars, kMonthPlace);
+    const bool areFew = months.size() <= kMostBars;
+    lines = areFew ? L"mês" : L"ano";
+    bars = areFew ? months : AddedUp(bars, kYearPlace);
+  }
+  return {statistics.measures.back() + L" por " + lines, bars};
 }
 
 }  // namespace kodra::console::pages

@@ -34,6 +34,14 @@ struct Statistics {
   std::vector<double> sums;
 };
 
+// A bar for the last measure of every line, which is the subject of the statistic. Many days are added up by month, or
+// by year.
+struct StatisticsChart {
+  std::wstring caption;
+  std::vector<Bar> bars;
+};
+StatisticsChart ChartOf(const Statistics& statistics);
+
 // Gathers a report's rows. Memory grows with the groups, not with the rows.
 class StatisticsGatherer {
  public:

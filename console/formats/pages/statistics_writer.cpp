@@ -1,8 +1,5 @@
 #include "console/formats/pages/statistics_writer.h"
 
-#include <algorithm>
-
-#include "console/formats/pages/chart.h"
 #include "console/formats/pages/number_text.h"
 #include "console/formats/pages/report_words.h"
 
@@ -26,36 +23,6 @@ void PrintTable(const Statistics& statistics, Printout& printout) {
   }
   printout.Row(RowOf(RowStyle::kTotal, L"Total geral", statistics.sums));
   printout.CloseTable();
-}
-
-// Where the month and the year begin in "31/12/2023".
-constexpr std::size_t kMonthPlace = 3, kYearPlace = 6;
-
-// Days, in order, added up by month or year.
-std::vector<Bar> AddedUp(const std::vector<Bar>& days, std::size_t place) {
-  std::vector<Bar> sums;
-  for (const Bar& day : days) {
-    const std::wstring name = day.name.substr(std::min(place, day.name.size()));
-    if (sums.empty() || sums.back().name != name) sums.push_back({name, 0});
-    sums.back().value += day.value;
-  }
-  return sums;
-}
-
-// A bar for the last measure of every line, which is the subject of the statistic.
-void PrintChart(const Statistics& statistics, Printout& printout) {
-  std::vector<Bar> bars;
-  for (const StatisticsBlock& block : statistics.blocks) {
-    for (const StatisticsLine& line : block.lines) bars.push_back({line.name, line.sums.back()});
-  }
-  std::wstring lines = statistics.groupCaption;
-  if (lines == L"Dia" && bars.size() > kMostBars) {
-    const std::vector<Bar> months = AddedUp(bars, kMonthPlace);
-    const bool areFew = months.size() <= kMostBars;
-    lines = areFew ? L"mês" : L"ano";
-    bars = areFew ? months : AddedUp(bars, kYearPlace);
-  }
-  printout.Chart(statistics.measures.back() + L" por " + lines, bars);
 }
 
 }  // namespace
@@ -85,7 +52,8 @@ void StatisticsWriter::End() {
   } else {
     for (const Fact& note : NotesOf(report, heading_)) printout_.Note(note);
     PrintTable(statistics, printout_);
-    PrintChart(statistics, printout_);
+    const StatisticsChart chart = ChartOf(statistics);
+    printout_.Chart(chart.caption, chart.bars);
   }
   printout_.End();
 }
