@@ -1,6 +1,6 @@
 # The libraries of the console program that Debian has only for Debian, for Windows, from the sources that
 # "./kodra setup package" puts into the cache: the same folder as in tools/all.sh, and root's as a last resort. Without
-# the sources there are no targets xlsxwriter, hpdf and zint.
+# the sources there are no targets xlsxwriter, hpdf, zint and httplib.
 set(cache $ENV{KODRA_CACHE})
 if(NOT cache)
   set(user_cache $ENV{XDG_CACHE_HOME})
@@ -12,7 +12,7 @@ if(NOT cache)
     set(cache /var/cache/kodra)
   endif()
 endif()
-foreach(file libxlsxwriter/src/workbook.c libharu/src/hpdf_doc.c zint/backend/library.c)
+foreach(file libxlsxwriter/src/workbook.c libharu/src/hpdf_doc.c zint/backend/library.c cpp-httplib/httplib.h)
   if(NOT EXISTS ${cache}/${file})
     set(missing_library ${cache}/${file})
     return()
@@ -47,3 +47,8 @@ file(GLOB library_sources ${cache}/zint/backend/*.c)
 list(FILTER library_sources EXCLUDE REGEX "/(dllversion|png)\\.c$")
 third_party(zint ${cache}/zint/backend ${library_sources})
 target_compile_definitions(zint PUBLIC NO_PNG PRIVATE ZINT_VERSION="2.11.1")
+
+# A header only.
+add_library(httplib INTERFACE)
+target_include_directories(httplib SYSTEM INTERFACE ${cache}/cpp-httplib)
+target_link_libraries(httplib INTERFACE ws2_32)

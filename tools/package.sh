@@ -74,6 +74,7 @@ console_licences() {
   licence "libxlsxwriter, minizip, tmpfileplus, md5" libxlsxwriter-dev MPL-2.0
   licence libharu libhpdf-dev
   licence zint libzint-dev
+  licence cpp-httplib libcpp-httplib-dev
   licence stb libstb-dev
   licence "Liberation Sans" fonts-liberation2
   licence zlib libz-mingw-w64-dev
@@ -324,7 +325,7 @@ check_licences() {
 # what is missing and how to get it.
 check_missing_source() {
   local cache=$PWD/build/package/cache tree=build/package/without-source missing output
-  missing="falta o código de bibliotecas em $cache: libharu libxlsxwriter zint"
+  missing="falta o código de bibliotecas em $cache: cpp-httplib libharu libxlsxwriter zint"
   rm -rf "$cache" "$tree"
   mkdir -p "$cache"
   ln -s "$KODRA_CACHE/wine32" "$cache/wine32"

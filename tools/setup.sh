@@ -4,6 +4,7 @@ build_packages=(
   g++ cmake ninja-build ccache make                                         # native build
   libgtest-dev libgmock-dev googletest libcli11-dev libsqlite3-dev          # libraries of tests and tools
   libfmt-dev libxlsxwriter-dev nlohmann-json3-dev libsimpleini-dev          # libraries of the console program
+  libcpp-httplib-dev pkgconf                                                # and its server of a page
   libhpdf-dev libzint-dev libstb-dev fonts-liberation2                      # its pages: PDF, barcodes, images, letters
   unixodbc-dev odbcinst libsqliteodbc odbc-mariadb                          # ODBC and the drivers of the tests
   mariadb-server-core mariadb-client-core                                   # a private server, started by the tests
@@ -18,6 +19,7 @@ test_packages=(
   clang libclang-rt-14-dev                                                  # native tests with their sanitizers
   clang-format shellcheck time faketime
   chromium poppler-utils zbar-tools                                         # pages shown, printed, and their barcodes read
+  chromium-driver python3-selenium                                          # the page of kodrarpt painel in a browser
   wine64                                                                    # the component for 64-bit programs
   openjdk-17-jdk-headless libh2-java libhsqldb-java libderby-java           # the engines that imitate other databases
 )
@@ -45,6 +47,8 @@ packages_of() {
     check) printf '%s\n' "${check_packages[@]}" | sort -u ;;
     *) die "setup não conhece \"$1\": build, package, cluster, test, fuzz, lint ou check" ;;
   esac
+  # It fetches axe-core. Whoever has another Node.js than Debian's has npm with it.
+  if needs_axe "$1" && ! command -v npm >/dev/null; then echo npm; fi
 }
 
 missing_packages() {
@@ -55,9 +59,33 @@ missing_packages() {
   done
 }
 
-# What only some commands need besides packages: needs_sources COMMAND
+# What only some commands need besides packages: needs_sources COMMAND, needs_axe COMMAND
 needs_sources() { case $1 in build | cluster | fuzz | lint) return 1 ;; esac; }
 needs_cluster() { case $1 in cluster | check) ;; *) return 1 ;; esac; }
+needs_axe() { case $1 in test | check) ;; *) return 1 ;; esac; }
+
+# The checks of accessibility that the page's tests use: a folder of the cache, and the sum of its package.
+axe_core=axe-core-4.10.3
+axe_core_sum=0f2b4d7dcdf7d1219df8d1959ad68e565f51d14c3f0d88bb71cd59abeb956292
+
+# Fills the cache with it.
+fetch_axe() {
+  local folder=$KODRA_CACHE/$axe_core work status=0
+  [ ! -f "$folder/axe.min.js" ] || return 0
+  step "busca o $axe_core, que confere se as páginas servem a todos"
+  mkdir -p "$KODRA_CACHE" "$logs"
+  work=$(mktemp -d "$KODRA_CACHE/sources.XXXXXX")
+  (
+    cd "$work"
+    npm pack --silent "${axe_core%-*}@${axe_core##*-}"
+    sha256sum --check - <<<"$axe_core_sum  $axe_core.tgz"
+    tar -xf "$axe_core.tgz"
+  ) >"$logs/axe-core.log" 2>&1 || status=$?
+  # Another checkout may have been faster.
+  if [ "$status" = 0 ]; then mv -T "$work/package" "$folder" 2>/dev/null || [ -d "$folder" ]; fi
+  rm -rf "$work"
+  [ "$status" = 0 ] || die "não foi possível buscar o $axe_core (saída inteira em $logs/axe-core.log)"
+}
 
 # Installs what a command needs and is missing: setup [build|package|cluster|test|fuzz|lint|check]
 setup() {
@@ -74,6 +102,7 @@ setup() {
   wine_environment make
   if needs_sources "$command"; then windows_sources; fi
   if needs_cluster "$command"; then cluster_programs; fi
+  if needs_axe "$command"; then fetch_axe; fi
 }
 
 # Ends with a message when something that a command needs is missing: need COMMAND
@@ -85,6 +114,10 @@ need() {
   para instalar tudo o que falta: ./kodra setup $1"
   wine_environment ready || die "falta o ambiente do Wine em $KODRA_CACHE
   para prepará-lo: ./kodra setup $1"
+  if needs_axe "$1" && [ ! -f "$KODRA_CACHE/$axe_core/axe.min.js" ]; then
+    die "falta $KODRA_CACHE/$axe_core
+  para buscá-lo: ./kodra setup $1"
+  fi
   local missing_sources
   missing_sources=$(missing_windows_sources)
   if needs_sources "$1" && [ "$missing_sources" ]; then
@@ -112,6 +145,7 @@ cluster_programs() {
 # source package and a file that it contains. The cache contains a folder for each.
 declare -A windows_libraries=(
   [libxlsxwriter]=src/workbook.c [libharu]=src/hpdf_doc.c [zint]=backend/library.c
+  [cpp-httplib]=httplib.h
 )
 
 missing_windows_sources() {

@@ -14,6 +14,7 @@ void AddCommands(Program& program) {
   AddEsquema(program);
   AddPerfil(program);
   AddRotina(program);
+  AddPainel(program);
 }
 
 }  // namespace kodra::console

@@ -19,5 +19,6 @@ void AddVerifica(Program& program);
 void AddEsquema(Program& program);
 void AddPerfil(Program& program);
 void AddRotina(Program& program);
+void AddPainel(Program& program);
 
 }  // namespace kodra::console

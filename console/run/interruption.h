@@ -26,8 +26,8 @@ class Interruption {
   static bool Requested() noexcept;
   // The exit code that shells expect after the request: 128 and the signal's number.
   static ExitCode Code() noexcept;
-  // Removes the unfinished file that RemoveAtOnce named, and ends the program. Called by any thread. On Windows it waits,
-  // for ten seconds at most, while the file is open without being shared for deletion.
+  // Removes the unfinished file that RemoveAtOnce named, and ends the program. Called by any thread. On Windows it
+  // waits, for ten seconds at most, while the file is open without being shared for deletion.
   [[noreturn]] static void EndNow(ExitCode code) noexcept;
   // Names the unfinished file that EndNow and a second request remove; empty for none. A path that is longer than the
   // system allows is ignored.

@@ -21,7 +21,7 @@ class Machine {
   virtual void Cancel() = 0;
 };
 
-// One object at a time, used by the thread that made it.
+// One object at a time for each thread, used by the thread that made it.
 std::unique_ptr<Machine> NewMachine();
 
 }  // namespace kodra::console

@@ -1,6 +1,8 @@
 // The surroundings over ODBC, with the siblings linked into the program.
 #include <dlfcn.h>
 
+#include <mutex>
+
 #include "console/run/machine.h"
 #include "odbc/engine/cancellation.h"
 #include "odbc/engine/surroundings.h"
@@ -24,7 +26,9 @@ void LeaveOutLocksOfSqlite() {
 class OdbcMachine final : public Machine {
  public:
   OdbcMachine() {
-    LeaveOutLocksOfSqlite();
+    // Several threads may make their machines at the same time.
+    static std::once_flag once;
+    std::call_once(once, LeaveOutLocksOfSqlite);
     siblings::RegisterSiblings(surroundings_);
   }
   platform::Surroundings& Around() override { return surroundings_; }

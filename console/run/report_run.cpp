@@ -8,6 +8,7 @@
 #include "console/command_line/usage_error.h"
 #include "console/reports/guide.h"
 #include "console/run/open_report.h"
+#include "console/run/report_task.h"
 #include "console/run/row_source.h"
 #include "console/run/stream_output.h"
 #include "console/run/unknown_codes.h"
@@ -76,7 +77,9 @@ bool ReportRun::Write(OutputRun& run, const std::wstring& connection) {
   if (const std::string warning = ReportParameters::PeriodWarning(parameters_, method_); !warning.empty())
     Warn(warning);
   platform::Surroundings& surroundings = run.machine.Around();
-  formatOptions_.html.labels.containerModules = [&] { return ModulesOfContainers(surroundings, connection); };
+  formatOptions_.html.labels.containerModules = [&] {
+    return ModulesOfContainers(parameters_, surroundings, connection);
+  };
   formatOptions_.terminalWidth = run.terminalWidth;
   const auto writer = NewWriter(format_, formatOptions_, run.output, run.path);
   StreamOutput errors(program_.Err());
@@ -99,20 +102,6 @@ bool ReportRun::Write(OutputRun& run, const std::wstring& connection) {
     for (const std::string& message : UnknownCodes(parameters_, method_, connection, surroundings)) Warn(message);
   if (!run.stopping.Requested()) progress.End();
   return true;
-}
-
-// The modules of each requested container, for its label.
-labels::ContainerModules ReportRun::ModulesOfContainers(platform::Surroundings& surroundings,
-                                                        const std::wstring& connection) {
-  const reports::ReportMethod& modules = *reports::FindReportMethod(L"CContainerRpt", L"EtiquetaAberturaSubRpt");
-  RowSource source(modules.call(surroundings, connection, &parameters_), modules);
-  labels::ContainerModules found;
-  std::vector<Value> values;
-  while (source.Next(values)) {
-    const RowReader row(source.Columns(), values);
-    found[row.Text("CONTAINER")].push_back(row.Text("NUM_CAIXA"));
-  }
-  return found;
 }
 
 void ReportRun::Warn(const std::string& warning) const {

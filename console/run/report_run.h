@@ -52,7 +52,6 @@ class ReportRun {
 
  private:
   bool Write(OutputRun& run, const std::wstring& connection);
-  labels::ContainerModules ModulesOfContainers(platform::Surroundings& surroundings, const std::wstring& connection);
   void Warn(const std::string& warning) const;
 
   Program& program_;

@@ -219,6 +219,7 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "puts",
         "putwc",
         "rand",
+        "rand_s",
         "remove",
         "rewind",
         "setvbuf",
@@ -254,7 +255,11 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "SQLGetDiagRecW",  "SQLGetInfoW",        "SQLNumResultCols",  "SQLPrepareW",        "SQLPrimaryKeys",
         "SQLRowCount",     "SQLSetConnectAttrW", "SQLSetEnvAttr",     "SQLSetStmtAttrW",    "SQLStatistics"}},
       {"ole32.dll", {"CoInitializeEx", "CoUninitialize"}},
-      {"shell32.dll", {"CommandLineToArgvW"}},
+      {"shell32.dll", {"CommandLineToArgvW", "ShellExecuteW"}},
+      {"ws2_32.dll", {"WSACleanup",  "WSAGetLastError", "WSASocketW", "WSAStartup",   "__WSAFDIsSet", "accept",
+                      "bind",        "closesocket",     "connect",    "freeaddrinfo", "getaddrinfo",  "getnameinfo",
+                      "getpeername", "getsockname",     "getsockopt", "ioctlsocket",  "listen",       "ntohs",
+                      "recv",        "select",          "send",       "setsockopt",   "shutdown",     "socket"}},
   };
   const auto found = known.find(dll);
   return found != known.end() && found->second.contains(function);

@@ -100,6 +100,7 @@ TEST(Release, HasTheLicencesOfTheCodeInTheConsoleProgramBesideIt) {
   ExpectLicence(list, "libxlsxwriter, minizip, tmpfileplus, md5", "Solar Designer");
   ExpectLicence(list, "libharu", "Takeshi Kanno");
   ExpectLicence(list, "zint", "Robin Stuart");
+  ExpectLicence(list, "cpp-httplib", "Yuji Hirose");
   ExpectLicence(list, "stb", "Sean Barrett");
   ExpectLicence(list, "Liberation Sans", "SIL Open Font License");
   ExpectLicence(list, "zlib", "Jean-loup Gailly and Mark Adler");

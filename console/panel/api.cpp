@@ -1,0 +1,196 @@
+#include "console/panel/api.h"
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "console/check/findings.h"
+#include "console/command_line/databases.h"
+#include "console/command_line/failure.h"
+#include "console/command_line/output_error.h"
+#include "console/command_line/report_name.h"
+#include "console/command_line/usage_error.h"
+#include "console/formats/formats.h"
+#include "console/formats/labels/label_arguments.h"
+#include "console/formats/pages/letterhead_options.h"
+#include "console/panel/catalogue.h"
+#include "console/panel/page_writer.h"
+#include "console/panel/temporary_file.h"
+#include "console/reports/guide.h"
+#include "console/run/report_task.h"
+#include "console/statements/capture.h"
+#include "console/statements/layout.h"
+#include "console/statements/notes.h"
+#include "values/password.h"
+#include "values/utf8.h"
+
+namespace kodra::console::panel {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kJson = "application/json";
+
+// A text of the request. Raises UsageError if it is missing.
+std::string TextOf(const Json& json, const char* name) {
+  const auto found = json.find(name);
+  if (found == json.end() || !found->is_string()) throw UsageError(std::string("falta ") + name + " no pedido");
+  return found->get<std::string>();
+}
+
+Json BodyOf(const Request& request) {
+  Json json = Json::parse(request.body, nullptr, false);
+  if (!json.is_object()) throw UsageError("o pedido não é um objeto JSON");
+  return json;
+}
+
+ReportTask TaskOf(const Json& json) {
+  std::vector<std::pair<std::string, std::string>> given;
+  const auto parameters = json.find("parameters");
+  if (parameters != json.end() && parameters->is_object())
+    for (const auto& [name, value] : parameters->items()) given.emplace_back(name, TextOf(*parameters, name.c_str()));
+  return {FindReport(TextOf(json, "report")), given};
+}
+
+struct DownloadFormat {
+  std::string_view name;
+  Format format;
+  std::string_view ending;
+  const char* type;
+};
+
+constexpr DownloadFormat kDownloadFormats[] = {
+    {"csv", Format::kCsv, "csv", "text/csv; charset=utf-8"},
+    {"excel", Format::kCsv, "csv", "text/csv; charset=utf-8"},
+    {"xlsx", Format::kXlsx, "xlsx", "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet"},
+    {"json", Format::kJson, "json", kJson},
+    {"pdf", Format::kPdf, "pdf", "application/pdf"},
+};
+
+const DownloadFormat& FormatOf(const std::string& name) {
+  const auto* const found = std::ranges::find(kDownloadFormats, name, &DownloadFormat::name);
+  if (found == std::end(kDownloadFormats)) throw UsageError("o formato \"" + name + "\" não existe");
+  return *found;
+}
+
+// The options that `executa` has without further arguments.
+FormatOptions OptionsOf(const DownloadFormat& format) {
+  FormatOptions options;
+  if (format.name == "excel") options.csv = kCsvForExcel;
+  options.html.letterhead = pages::LetterheadOptions().Get();
+  options.html.labels.print = labels::LabelArguments().Options();
+  options.html.labels.print.warn = [](const std::string&) {};
+  return options;
+}
+
+Answer Statements(const Request& request) {
+  const Json json = BodyOf(request);
+  ReportTask task = TaskOf(json);
+  const std::vector<Database> databases = DatabasesNamed(TextOf(json, "database"));
+  const Captured captured = Capture(task.Method(), databases.front().code, task.Parameters());
+  Json statements = Json::array();
+  for (const Statement& statement : captured.statements)
+    statements.push_back(LaidOut(values::ToUtf8(statement.text)) + ";");
+  return {.type = kJson, .body = Json{{"statements", statements}, {"notes", NotesOn(task.Method(), captured)}}.dump()};
+}
+
+}  // namespace
+
+Answer Api::Handle(const Request& request) {
+  const bool posts = request.method == "POST";
+  try {
+    if (!posts && request.path == "/api/catalogue") return {.type = kJson, .body = CatalogueJson()};
+    if (posts && request.path == "/api/run") return RunReport(request);
+    if (posts && request.path == "/api/download") return Download(request);
+    if (posts && request.path == "/api/cancel") return Cancel(request);
+    if (posts && request.path == "/api/sql") return Statements(request);
+    if (posts && request.path == "/api/check") return Check(request);
+  } catch (const TooManyRuns& error) {
+    return Refused(429, error.what());
+  } catch (const std::exception&) {
+    return Refused(422, CurrentWords());
+  }
+  return Refused(404, "Não há nada neste endereço.");
+}
+
+Answer Api::RunReport(const Request& request) {
+  const Json json = BodyOf(request);
+  const auto task = std::make_shared<ReportTask>(TaskOf(json));
+  const std::string name = TextOf(json, "run");
+  const auto stream = [this, task, name, isGone = request.isGone](Output& output) {
+    const auto say = [&](const char* what, const std::string& words) {
+      output.Write(Json{{what, words}}.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n");
+    };
+    std::string whyOver;
+    try {
+      runs_.Do(name, isGone, [&](Machine& machine, const Run& run) {
+        try {
+          PageWriter writer(output);
+          task->Write(machine.Around(), connection_, writer, [&] { return !run.IsOver(); });
+        } catch (const OutputError&) {
+          throw;
+        } catch (const std::exception&) {
+          // What the database answers to a statement that was stopped is no news.
+          if (!run.IsOver()) throw;
+        }
+        whyOver = WordsOf(run);
+      });
+    } catch (const OutputError&) {
+      throw;
+    } catch (const std::exception&) {
+      return say("error", CurrentWords());
+    }
+    if (!whyOver.empty()) say("stopped", whyOver);
+  };
+  return {.type = "application/x-ndjson", .stream = stream};
+}
+
+Answer Api::Download(const Request& request) {
+  const Json json = BodyOf(request);
+  ReportTask task = TaskOf(json);
+  const DownloadFormat& format = FormatOf(TextOf(json, "format"));
+  const auto file = std::make_shared<TemporaryFile>();
+  std::string whyOver;
+  runs_.Do(TextOf(json, "run"), request.isGone, [&](Machine& machine, const Run& run) {
+    try {
+      FormatOptions options = OptionsOf(format);
+      options.html.labels.containerModules = [&] {
+        return ModulesOfContainers(task.Parameters(), machine.Around(), connection_);
+      };
+      const auto writer = NewWriter(format.format, options, *file, file->PathText());
+      task.Write(machine.Around(), connection_, *writer, [&] { return !run.IsOver(); });
+    } catch (const std::exception&) {
+      if (!run.IsOver()) throw;
+    }
+    whyOver = WordsOf(run);
+  });
+  if (!whyOver.empty()) return Refused(409, whyOver);
+  const std::string name = NameOf(task.Method()) + "." + std::string(format.ending);
+  return {.type = format.type,
+          .headers = {{"Content-Disposition", "attachment; filename=\"" + name + "\""}},
+          .stream = [file](Output& output) { file->CopyTo(output); }};
+}
+
+Answer Api::Cancel(const Request& request) {
+  const bool isKnown = runs_.Cancel(TextOf(BodyOf(request), "run"));
+  return {.type = kJson, .body = Json{{"cancelled", isKnown}}.dump()};
+}
+
+Answer Api::Check(const Request& request) {
+  std::ostringstream json;
+  runs_.Do(TextOf(BodyOf(request), "run"), request.isGone,
+           [&](Machine& machine, const Run&) { WriteJson(CheckDatabase(connection_, machine), json); });
+  return {.type = kJson, .body = json.str()};
+}
+
+std::string Api::CurrentWords() const {
+  return values::ToUtf8(values::HidePassword(values::FromUtf8(CurrentFailure(true).message), connection_));
+}
+
+std::string Api::WordsOf(const Run& run) const {
+  if (!run.IsOver()) return {};
+  if (run.Why() == Run::End::kCancelled) return "Cancelado.";
+  return "Interrompido: passou do limite de " + std::to_string(runs_.Limit().count()) +
+         (runs_.Limit().count() == 1 ? " segundo." : " segundos.");
+}
+
+}  // namespace kodra::console::panel

@@ -1,0 +1,76 @@
+#include "console/panel/catalogue.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "console/command_line/databases.h"
+#include "console/command_line/report_name.h"
+#include "console/reports/guide.h"
+#include "console/reports/words.h"
+#include "frame/parameter_object.h"
+#include "frame/version.h"
+#include "values/utf8.h"
+
+namespace kodra::console::panel {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* TypeOf(frame::PropertyRule rule) {
+  if (rule == frame::PropertyRule::kDate) return "date";
+  return rule == frame::PropertyRule::kFlag ? "flag" : "text";
+}
+
+// The parameters that the report reads, in the order of the guide.
+Json ParametersOf(const guide::Report& report, const reports::ReportMethod& method) {
+  Json parameters = Json::array();
+  const auto properties = frame::ParameterClassNamed(method.parameterClass).properties;
+  for (const guide::Parameter& parameter : report.parameters) {
+    const auto property = std::ranges::find_if(
+        properties, [&](const frame::Property& candidate) { return values::ToUtf8(candidate.name) == parameter.name; });
+    Json choices = Json::array();
+    for (const guide::Choice& choice : parameter.choices)
+      choices.push_back({{"value", choice.value}, {"meaning", choice.meaning}});
+    parameters.push_back({{"name", parameter.name},
+                          {"type", TypeOf(property->rule)},
+                          {"rule", guide::RuleWords(property->rule)},
+                          {"label", parameter.label},
+                          {"effect", parameter.effect},
+                          {"sample", parameter.sample},
+                          {"initial", values::ToUtf8(property->initial)},
+                          {"choices", choices}});
+  }
+  return parameters;
+}
+
+Json ObjectOf(const guide::Report& report) {
+  const reports::ReportMethod& method =
+      *reports::FindReportMethod(values::FromUtf8(report.className), values::FromUtf8(report.method));
+  Json columns = Json::array();
+  for (const guide::Column& column : report.columns)
+    columns.push_back({{"name", column.name}, {"meaning", guide::MeaningWords(column)}});
+  Json oddities = Json::array();
+  for (const guide::Oddity& oddity : report.oddities) oddities.push_back(oddity.text);
+  return {{"name", NameOf(method)},
+          {"purpose", report.purpose},
+          {"parameters", ParametersOf(report, method)},
+          {"columns", columns},
+          {"oddities", oddities}};
+}
+
+}  // namespace
+
+std::string CatalogueJson() {
+  Json databases = Json::array();
+  for (const Database& database : Databases())
+    databases.push_back({{"name", database.name}, {"title", database.title}});
+  Json families = Json::array();
+  for (const guide::Family& family : guide::Families()) {
+    Json reports = Json::array();
+    for (const guide::Report& report : family.reports) reports.push_back(ObjectOf(report));
+    families.push_back({{"title", family.title}, {"reports", reports}});
+  }
+  return Json{{"version", KODRA_VERSION_TEXT}, {"databases", databases}, {"families", families}}.dump();
+}
+
+}  // namespace kodra::console::panel

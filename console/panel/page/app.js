@@ -1,0 +1,75 @@
+// The page as a whole: the list of reports, and what is shown beside it.
+import {CheckPage} from './check.js';
+import {element} from './dom.js';
+import {ReportPage} from './report.js';
+
+const main = document.querySelector('#main');
+const search = document.querySelector('#search');
+
+// Without accents and in lower case.
+const folded = text => text.normalize('NFD').replace(/\p{M}/gu, '').toLowerCase();
+
+function linkTo(report) {
+  return element('li', {}, element('a', {href: `#${report.name}`, title: report.name}, report.purpose));
+}
+
+function drawList(families) {
+  const words = folded(search.value).split(/\s+/).filter(word => word !== '');
+  const fits = (family, report) => {
+    const text = folded(`${family.title} ${report.name} ${report.purpose}`);
+    return words.every(word => text.includes(word));
+  };
+  let found = 0;
+  const parts = families.map(family => {
+    const reports = family.reports.filter(report => fits(family, report));
+    found += reports.length;
+    return reports.length === 0 ? null
+      : element('section', {}, element('h2', {}, family.title), element('ul', {}, ...reports.map(linkTo)));
+  });
+  document.querySelector('#families').replaceChildren(...parts.filter(part => part !== null));
+  document.querySelector('#found').textContent =
+    words.length === 0 ? '' : found === 0 ? 'Nenhum relatório.' : found === 1 ? '1 relatório.' : `${found} relatórios.`;
+  markCurrent();
+}
+
+function markCurrent() {
+  const current = location.hash || '#reports';
+  for (const link of document.querySelectorAll('nav a')) {
+    const isReports = link.getAttribute('href') === '#reports' && current !== '#check';
+    if (link.getAttribute('href') === current || isReports) link.setAttribute('aria-current', 'page');
+    else link.removeAttribute('aria-current');
+  }
+}
+
+function welcome(families) {
+  const count = families.reduce((sum, family) => sum + family.reports.length, 0);
+  return {leave() {}, element: element('div', {}, element('h1', {}, 'Relatórios do arquivo'),
+    element('p', {}, `Escolha um dos ${count} relatórios da lista, ou procure por uma palavra.`))};
+}
+
+function start(catalogue) {
+  const {families, databases} = catalogue;
+  const reports = families.flatMap(family => family.reports);
+  let page = null;
+  const go = () => {
+    const name = decodeURIComponent(location.hash.slice(1));
+    if (name === 'main') return;
+    const report = reports.find(candidate => candidate.name === name);
+    page?.leave();
+    const isFirst = page === null;
+    page = name === 'check' ? new CheckPage() : report ? new ReportPage(report, databases) : welcome(families);
+    main.replaceChildren(page.element);
+    document.title = `${main.querySelector('h1').textContent} – kodrarpt`;
+    markCurrent();
+    if (!isFirst) main.focus();
+    scrollTo(0, 0);
+  };
+  search.addEventListener('input', () => drawList(families));
+  addEventListener('hashchange', go);
+  drawList(families);
+  go();
+}
+
+const response = await fetch('/api/catalogue');
+if (response.ok) start(await response.json());
+else main.replaceChildren(element('p', {class: 'bad', role: 'alert'}, await response.text()));
