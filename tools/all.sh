@@ -25,6 +25,7 @@ export KODRA_CACHE
 . tools/engines.sh
 . tools/reference.sh
 . tools/console.sh
+. tools/panel.sh
 . tools/checked.sh
 . tools/coverage.sh
 . tools/check.sh

@@ -3,12 +3,12 @@
 
 # The preset whose tests contain each group.
 declare -A preset_of_group=(
-  [format]=sanitize [docs]=sanitize [scripts]=sanitize [native]=sanitize [engines]=sanitize
+  [format]=sanitize [docs]=sanitize [scripts]=sanitize [native]=sanitize [engines]=sanitize [panel]=sanitize
   [wine]=win32 [demo]=win32 [bench]=win32 [package]=win32 [examples]=win32 [console]=win32
   [win64]=win64
   [wine-checked]=win32-checked [threads]=tsan [valgrind]=native [cluster]=sanitize
 )
-test_groups=(format docs scripts native wine demo bench package win64 examples engines console)
+test_groups=(format docs scripts native wine demo bench package win64 examples engines console panel)
 # These take minutes and are part of ./kodra check only.
 check_groups=(wine-checked threads valgrind cluster)
 
