@@ -6,7 +6,7 @@ _kodrarpt() {
   local words='' options='' arguments='' fileArguments='' hasParameters='' files=''
   COMPREPLY=()
   if [ "$COMP_CWORD" = 1 ]; then
-    words='lista descreve executa etiquetas sql papel confere verifica esquema perfil rotina --help --version'
+    words='lista descreve executa etiquetas sql papel confere verifica esquema perfil rotina painel --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
     return
   fi
@@ -54,6 +54,9 @@ _kodrarpt() {
     rotina)
       options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --simula --agendar --as --dias'
       fileArguments=1
+      ;;
+    painel)
+      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --porta --sem-navegador --ocioso --tempo-limite'
       ;;
   esac
   case "$command $previous" in
@@ -128,6 +131,12 @@ _kodrarpt() {
     'rotina --senha-de') ;;
     'rotina --as') ;;
     'rotina --dias') ;;
+    'painel --conexao') ;;
+    'painel --perfil') words=$(_kodrarpt_profiles) ;;
+    'painel --senha-de') ;;
+    'painel --porta') ;;
+    'painel --ocioso') ;;
+    'painel --tempo-limite') ;;
     'perfil testa' | 'perfil remove') words=$(_kodrarpt_profiles) ;;
     *' --'[A-Z]*) ;;
     *)
