@@ -137,8 +137,12 @@ TEST(PerfilTest, SaysThatAFileIsNoDatabase) {
   const RunResult result = RunProgram({"perfil", "testa", "a"});
   EXPECT_EQ(result.code, ExitCode::kConnection);
   EXPECT_EQ(result.out, "");
-  EXPECT_NE(result.err.find("o arquivo não é um banco de dados SQLite ou está danificado"), std::string::npos)
-      << result.err;
+  EXPECT_EQ(
+      result.err,
+      "kodrarpt: não foi possível conectar ao banco de dados: o arquivo não é um banco SQLite, ou está danificado.\n"
+      "Resposta do banco ou do driver: file is not a database (26)\n"
+      "O que fazer: confira o caminho em Database, na string de conexão, ou restaure uma cópia de segurança.\n"
+      "Com --detalhes, sai também a mensagem do componente.\n");
 }
 
 TEST(PerfilOption, ConnectsEveryCommand) {

@@ -128,8 +128,12 @@ TEST_F(RotinaTest, GoesOnAfterAnError) {
                 "banco                        N,N  não foi possível conectar ao banco de dados\n"
                 "deptos              20       N,N  " +
                 (folder_ / "e.csv").string() + "\n1 de 5 gravadas\n");
-  for (const char* const message : {"kodrarpt: [devolvidos] erro ", "kodrarpt: [colunas] ", "kodrarpt: [pasta] ",
-                                    "kodrarpt: [banco] não foi possível conectar ao banco de dados: erro "})
+  for (const char* const message :
+       {"kodrarpt: [devolvidos] o relatório CSolicitacaoRpt.RelatorioDevolucaoOriginal não pôde ser gerado: o banco "
+        "não aceita a instrução do relatório.\n",
+        "kodrarpt: [colunas] não há a coluna \"NADA\"; ", "kodrarpt: [pasta] não foi possível criar a pasta ",
+        "kodrarpt: [banco] não foi possível conectar ao banco de dados: esta máquina não tem o driver ou a fonte de "
+        "dados da conexão.\n"})
     EXPECT_NE(again.err.find(message), std::string::npos) << message << again.err;
   EXPECT_EQ(Files().size(), 2U);
 }
