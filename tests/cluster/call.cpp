@@ -36,8 +36,7 @@ Answer Call(const engines::Case& wanted, const std::wstring& connectionString) {
   std::vector<std::wstring> texts;
   answer.error = RaisedBy([&] {
     frame::ReportRows rows = Open(wanted, connectionString, machine);
-    if (rows == nullptr) return;
-    console::RowSource source(std::move(rows));
+    console::RowSource source(std::move(rows), *wanted.method);
     for (const console::Column& column : source.Columns()) all += column.name + L'\x2';
     for (std::vector<Value> values; source.Next(values);) {
       std::wstring& text = texts.emplace_back();
