@@ -173,10 +173,10 @@ void WriteJson(Rows& rows, std::FILE* file) {
   Write(file, "\n]\n");
 }
 
-// "01/03/2024", and the time of day after it unless it is midnight.
-void AppendBrazilian(std::string_view iso, std::string& line) {
+// "01/03/2024", and the time of day after it for a moment.
+void AppendBrazilian(std::string_view iso, Kind kind, std::string& line) {
   line.append(iso.substr(8, 2)).append(1, '/').append(iso.substr(5, 2)).append(1, '/').append(iso.substr(0, 4));
-  if (iso.size() > 10 && iso.substr(11) != "00:00:00") line.append(1, ' ').append(iso.substr(11));
+  if (kind == Kind::kMoment) line.append(1, ' ').append(iso.substr(11));
 }
 
 void AppendEscaped(std::string_view text, std::string& line) {
@@ -220,7 +220,7 @@ void WriteHtml(Rows& rows, std::FILE* file, const std::string& page) {
       if (kind == Kind::kText || kind == Kind::kNumber)
         AppendEscaped(text, line);
       else if (!rows.IsNull(i))
-        AppendBrazilian(text, line);
+        AppendBrazilian(text, kind, line);
       line += "</td>";
     }
     line += "</tr></tbody>\n";
