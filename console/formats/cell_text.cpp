@@ -63,7 +63,16 @@ bool HasTime(const values::Calendar& date, ColumnKind kind) {
 std::wstring BrazilianDate(Date date, ColumnKind kind) {
   const std::optional<values::Calendar> calendar = CalendarOf(date);
   if (!calendar) return values::FromUtf8(IsoDateOutsideCalendar(date));
-  return values::FormatDate(*calendar, HasTime(*calendar, kind) ? L"dd/mm/yyyy hh:nn:ss" : L"dd/mm/yyyy");
+  constexpr std::size_t kDayLength = 10;
+  char text[] = "00/00/0000 00:00:00";
+  PutTwoDigits(calendar->day, text);
+  PutTwoDigits(calendar->month, text + 3);
+  PutTwoDigits(calendar->year / 100, text + 6);
+  PutTwoDigits(calendar->year % 100, text + 8);
+  PutTwoDigits(calendar->hour, text + 11);
+  PutTwoDigits(calendar->minute, text + 14);
+  PutTwoDigits(calendar->second, text + 17);
+  return {text, text + (HasTime(*calendar, kind) ? sizeof text - 1 : kDayLength)};
 }
 
 void AppendIsoDate(Date date, ColumnKind kind, std::string& out) {
