@@ -46,7 +46,7 @@ TEST(TableWriter, WritesTheTimeInEveryRowOfAColumnOfMomentsAndOnlyWhereThereIsOn
 
 TEST(TableWriter, WritesADateBeforeTheYear100InIsoForm) {
   EXPECT_EQ(Table({{L"A", ColumnKind::kDay}}, {{Date{-657435}}, {Date{-657434}}}),
-            "A\n──────────\n0099-12-31\n01/01/100\n(2 linhas)\n");
+            "A\n──────────\n0099-12-31\n01/01/0100\n(2 linhas)\n");
 }
 
 TEST(TableWriter, CountsNoWidthForACombiningAccent) {
