@@ -28,7 +28,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-// ADO gives a statement up after 30 seconds, and so does a driver that observes its limit.
+// The seconds after which ADO ends a statement. Drivers that implement the time limit of ODBC end it themselves.
 constexpr double kAdosLimit = 30;
 
 struct Run {

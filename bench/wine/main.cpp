@@ -56,6 +56,21 @@ class Process {
   PROCESS_INFORMATION process_ = {};
 };
 
+// What a script has measured of the component and of the bare calls, in turn.
+struct Times {
+  std::vector<double> component;
+  std::vector<double> bare;
+};
+
+Times ReadTimes(std::istream& file) {
+  Times times;
+  for (double component = 0, bare = 0; file >> component >> bare;) {
+    times.component.push_back(component);
+    times.bare.push_back(bare);
+  }
+  return times;
+}
+
 class Bench {
  public:
   Bench(fs::path folder, const Size& size)
@@ -199,15 +214,10 @@ class Bench {
     file >> rows >> length >> scriptRows >> scriptLength;
     if (rows == 0 || rows != scriptRows || length != scriptLength)
       throw std::runtime_error("script_peer: o componente e o script não preencheram as mesmas linhas");
-    std::vector<double> component;
-    std::vector<double> bare;
-    for (double ours = 0, theirs = 0; file >> ours >> theirs;) {
-      component.push_back(ours);
-      bare.push_back(theirs);
-    }
-    if (component.empty()) throw std::runtime_error("script_peer: o script não terminou");
+    Times times = ReadTimes(file);
+    if (times.component.empty()) throw std::runtime_error("script_peer: o script não terminou");
     results_.Ratio({.name = "script_peer", .unit = "ms", .limit = 0.5},
-                   {Median(std::move(component)), Median(std::move(bare))});
+                   {Median(std::move(times.component)), Median(std::move(times.bare))});
   }
 
   // routine_calls: ten thousand calls of ten reports by a script on one object, against the same statements by ADO in
@@ -230,19 +240,14 @@ class Bench {
     file >> rows >> bareRows;
     if (rows == 0 || rows != bareRows)
       throw std::runtime_error("routine_calls: os dois lados não leram as mesmas linhas");
-    std::vector<double> component;
-    std::vector<double> bare;
-    for (double ours = 0, theirs = 0; file >> ours >> theirs;) {
-      component.push_back(ours);
-      bare.push_back(theirs);
-    }
-    if (component.size() != static_cast<std::size_t>(size_.routines))
+    Times times = ReadTimes(file);
+    if (times.component.size() != static_cast<std::size_t>(size_.routines))
       throw std::runtime_error("routine_calls: o script não terminou");
     // A hundred calls, so that a hundredth of a millisecond is a microsecond of a call.
     results_.Ratio({.name = "routine_calls", .unit = "us", .scale = 10, .limit = 1.10},
-                   {Median(std::move(component)), Median(std::move(bare))});
+                   {Median(std::move(times.component)), Median(std::move(times.bare))});
     results_.Ratio({.name = "routine_memory", .unit = "KiB", .scale = 1.0 / 1024, .limit = 1.1},
-                   {Growth(before, between), Growth(between, after)});
+                   {BytesMore(before, between), BytesMore(between, after)});
     results_.Ratio({.name = "routine_handles", .unit = "", .limit = 1}, {after.handles, before.handles});
   }
 
@@ -253,7 +258,9 @@ class Bench {
   };
 
   // At least one page: no growth is a good result, but a figure of zero would not count as one.
-  static double Growth(const Held& before, const Held& after) { return std::max(after.bytes - before.bytes, 4096.0); }
+  static double BytesMore(const Held& before, const Held& after) {
+    return std::max(after.bytes - before.bytes, 4096.0);
+  }
 
   // What the process holds when it has made the file of that name. Deletes the file, so that the process goes on.
   static Held HeldAtSignal(const Process& process, const fs::path& signal) {

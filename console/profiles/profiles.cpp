@@ -30,7 +30,7 @@ constexpr std::size_t kLongestName = 60;
 constexpr const char* kPasswordAdvice =
     "tire-a da string de conexão e use senha-de, senha-comando ou pergunta-senha (veja kodrarpt perfil --help)";
 
-// A name may be part of a file's name and stands in brackets in the file.
+// A name is written in brackets in the file of profiles, and the name of another file may contain it.
 void CheckName(const std::string& name) {
   const bool isPlain = std::ranges::all_of(name, [](char letter) {
     const auto byte = static_cast<unsigned char>(letter);

@@ -73,8 +73,8 @@ constexpr auto kCauses = std::to_array<Error>({
      "Anote o que fez e avise quem mantém o componente"},
 });
 
-// What `…` stands for in the pattern when the text is such a text; nothing when it is another. REQUIRES: the pattern
-// has one … at most.
+// The part of the text that `…` in the pattern matches; nothing if the text does not match the pattern. REQUIRES: the
+// pattern has one … at most.
 std::optional<std::string> VaryingPart(std::string_view pattern, std::string_view text) {
   const std::size_t at = pattern.find(kVaries);
   if (at == pattern.npos) return pattern == text ? std::optional<std::string>("") : std::nullopt;
