@@ -11,16 +11,20 @@
 namespace kodra::console {
 namespace {
 
-// SQLite locks a connection in every call, in case several threads use it, which takes a fifth of the time of a long
-// report. Here each connection belongs to one thread. Without this library, or after its first use, nothing changes.
+// SQLite locks a connection in every call, in case several threads use it, and locks its count of memory whenever it
+// takes or frees some; together they take a third of the time of a long report. Here each connection belongs to one
+// thread, and nobody asks for the count. Without this library, or after its first use, nothing changes.
 void LeaveOutLocksOfSqlite() {
   void* const library = dlopen("libsqlite3.so.0", RTLD_NOW);
   if (library == nullptr) return;
   using Configure = int (*)(int, ...);
   constexpr int kOneThreadPerConnection = 2;  // SQLITE_CONFIG_MULTITHREAD
-  if (const auto configure = reinterpret_cast<Configure>(dlsym(library, "sqlite3_config")))
+  constexpr int kMemoryIsCounted = 9;         // SQLITE_CONFIG_MEMSTATUS
+  if (const auto configure = reinterpret_cast<Configure>(dlsym(library, "sqlite3_config"))) {
     configure(kOneThreadPerConnection);
-  // The library stays loaded: unloading it would undo the setting.
+    configure(kMemoryIsCounted, 0);
+  }
+  // The library stays loaded: unloading it would undo the settings.
 }
 
 class OdbcMachine final : public Machine {
