@@ -51,11 +51,13 @@ constexpr auto kCauses = std::to_array<Error>({
      "o parâmetro do sistema \"…\" não existe, o que não acontece com os relatórios deste componente",
      "Confira o nome no programa que o pediu"},
     {429, "Não foi possível criar objeto da classe \"…\".",
-     "o componente da classe \"…\" não está registrado, ou não é de 32 bits como o programa",
-     "Registre-o com o regsvr32 de 32 bits"},
+     "o componente da classe \"…\" não está registrado para programas de 32 bits (ou de 64, se o programa é de 64)",
+     "Registre-o com o regsvr32 de 32 bits (ou com o de 64)"},
     {429, "O componente ActiveX não pode criar o objeto",
-     "um componente de que o relatório precisa não está registrado, ou não é de 32 bits como o programa",
-     "Registre KodraConexao, KodraBsnV3, KodraRegEvt, VantLib, VantLog e o ADO com o regsvr32 de 32 bits"},
+     "um componente de que o relatório precisa não está registrado para programas de 32 bits (ou de 64, se o "
+     "programa é de 64)",
+     "Registre KodraConexao, KodraBsnV3, KodraRegEvt, VantLib, VantLog e o ADO com o regsvr32 de 32 bits (ou com "
+     "o de 64)"},
     {438, "O objeto de parâmetros não tem a propriedade \"…\".", "o objeto de parâmetros não tem a propriedade \"…\"",
      "Passe o objeto de parâmetros da classe do relatório, ou acrescente a propriedade ao seu próprio objeto"},
     {91, "A variável do objeto ou a variável do bloco 'With' não foi definida",
