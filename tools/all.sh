@@ -28,4 +28,5 @@ export KODRA_CACHE
 . tools/panel.sh
 . tools/checked.sh
 . tools/coverage.sh
+. tools/checkouts.sh
 . tools/check.sh

@@ -1,6 +1,8 @@
 # The format of the sources, and their check with clang-tidy.
 
 format() {
+  command -v clang-format >/dev/null || die "falta o clang-format
+  para instalá-lo: ./kodra setup test"
   git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format -i
 }
 

@@ -7,10 +7,11 @@ declare -A preset_of_group=(
   [wine]=win32 [demo]=win32 [bench]=win32 [package]=win32 [examples]=win32 [console]=win32
   [win64]=win64
   [wine-checked]=win32-checked [threads]=tsan [valgrind]=native [cluster]=sanitize
+  [checkouts]=sanitize
 )
 test_groups=(format docs scripts native wine demo bench package win64 examples engines console panel)
 # These take minutes and are part of ./kodra check only.
-check_groups=(wine-checked threads valgrind cluster)
+check_groups=(wine-checked threads valgrind cluster checkouts)
 
 # One test's outcome: passed NAME, failed NAME.
 passed() { printf '[       OK ] %s (0 ms)\n' "$1"; }
@@ -93,10 +94,10 @@ group_docs() {
   check_named_tests
 }
 
-# The scripts that people and programs start, with those that they read; and the subjects of the commits since the day
-# when they got their limit.
+# The scripts that people and programs start, with those that they read; the subjects of the commits since the day when
+# they got their limit; and what the scripts do when something goes wrong.
 group_scripts() {
-  if shellcheck -x -a kodra .ci/run tools/group testbed/wine/environment; then
+  if shellcheck -x -a kodra .ci/run tools/group testbed/wine/environment packaging/console/kodrarpt.bash; then
     passed scripts.shellcheck
   else
     failed scripts.shellcheck
@@ -109,6 +110,11 @@ group_scripts() {
     failed scripts.subjects
     printf 'assunto de commit com mais de 72 caracteres: %s\n' "$long"
   fi
+  check_made
+  check_full_disk
+  check_fetched_sources
+  check_temporary_names
+  check_without_network
 }
 
 # Every source in src/ is part of the DLL: the linker's map names the objects that it took.

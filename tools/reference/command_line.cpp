@@ -178,7 +178,7 @@ std::string BashCompletion(const Program& program) {
          "  if [ \"$COMP_CWORD\" = 1 ]; then\n"
          "    words='" +
          Joined(names, " ") +
-         " --help --version'\n"
+         " ajuda --help --version'\n"
          "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$word\")\n"
          "    return\n"
          "  fi\n"
