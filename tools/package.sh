@@ -99,6 +99,7 @@ stage_files() {
   put x64/console build/win64/console/kodrarpt.exe
   put_licences . "KodraRpt.dll" component_licences
   put_licences console "kodrarpt.exe" console_licences
+  cp "$stage/console/LICENCAS.txt" "$stage/x64/console"
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put docs packaging/estilo.css docs/{guia.pt-BR,recordsets.pt-BR,behaviours,cluster,dialects}.md
   put_tree docs/reference docs/reference
@@ -119,7 +120,7 @@ stage_unregistered() {
     sed "s/@version@/$assembly_version/; s/@architecture@/$architecture/" packaging/programa.exe.manifest \
       >"$folder/programa.exe.manifest"
   done
-  cp build/win64/KodraRpt.dll "$stage/x64"
+  cp build/win64/KodraRpt.dll "$stage/LICENCAS.txt" "$stage/x64"
 }
 
 # Sets modes and times that depend neither on who made the package nor on when.
@@ -363,9 +364,9 @@ group_package() {
   rm -rf build/package/unpacked build/package/later
   unzip -q "build/package/KodraRpt-$version.zip" -d build/package/unpacked
   check_licences build/win32/KodraRpt.map "build/package/unpacked/KodraRpt-$version/LICENCAS.txt"
-  check_licences build/win64/KodraRpt.map "build/package/unpacked/KodraRpt-$version/LICENCAS.txt"
+  check_licences build/win64/KodraRpt.map "build/package/unpacked/KodraRpt-$version/x64/LICENCAS.txt"
   check_licences build/win32/console/kodrarpt.map "build/package/unpacked/KodraRpt-$version/console/LICENCAS.txt"
-  check_licences build/win64/console/kodrarpt.map "build/package/unpacked/KodraRpt-$version/console/LICENCAS.txt"
+  check_licences build/win64/console/kodrarpt.map "build/package/unpacked/KodraRpt-$version/x64/console/LICENCAS.txt"
   mkdir -p build/package/later
   logged later-msi ./kodra pack-later build/package/later
   later=("$packages"/later/*.msi)

@@ -1,6 +1,7 @@
 // What the packages say about themselves: the version of each file, and the licences of the code in them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <regex>
 
@@ -25,11 +26,28 @@ TEST(Release, TheReadMeFileNamesItsVersion) {
   EXPECT_TRUE(BytesOf(Unpacked() + L"\\LEIAME.txt").starts_with("KodraRpt 1.0.49 - "));
 }
 
-TEST(Release, TheReadMeFileSaysWhatToDoFirst) {
-  const std::string text = BytesOf(Unpacked() + L"\\LEIAME.txt");
-  const auto first = text.find("\r\nO que fazer primeiro\r\n");
+// The file's text, in code page 1252.
+std::string ReadMe() { return BytesOf(Unpacked() + L"\\LEIAME.txt"); }
+
+TEST(Release, TheReadMeFileSaysInTenLinesWhatToDoFirst) {
+  const std::string text = ReadMe();
+  const std::string heading = "\r\nO que fazer primeiro\r\n--------------------\r\n\r\n";
+  const auto first = text.find(heading);
   ASSERT_NE(std::string::npos, first);
-  EXPECT_LT(first, text.find("\r\nH\xe1 tr\xeas maneiras"));  // in code page 1252
+  const auto steps =
+      text.substr(first + heading.size(), text.find("\r\n\r\n", first + heading.size()) - first - heading.size());
+  EXPECT_EQ(9, std::ranges::count(steps, '\n')) << steps;
+  for (const char* path : {"SHA256SUMS", "docs\\guia.pt-BR.html", "console\\kodrarpt.exe",
+                           "exemplos\\vbscript\\acervo.vbs", "docs\\reference\\README.html"}) {
+    EXPECT_NE(std::string::npos, steps.find(path)) << path;
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(Unpacked()) / path)) << path;
+  }
+}
+
+TEST(Release, TheReadMeFileWarnsOfFoldersThatUsersCanWriteTo) {
+  EXPECT_NE(std::string::npos,
+            ReadMe().find(
+                "\r\nATEN\xc7\xc3O: n\xe3o registre a DLL em uma pasta em que usu\xe1rios comuns possam gravar,\r\n"));
 }
 
 // A page of the documentation.
@@ -84,11 +102,13 @@ void ExpectLicencesOfTheCompiler(const std::string& list) {
 }
 
 TEST(Release, HasTheLicencesOfTheCodeInTheDllBesideIt) {
-  ExpectLicencesOfTheCompiler(BytesOf(Unpacked() + L"\\LICENCAS.txt"));
+  for (const wchar_t* list : {L"\\LICENCAS.txt", L"\\x64\\LICENCAS.txt"})
+    ExpectLicencesOfTheCompiler(BytesOf(Unpacked() + list));
 }
 
 TEST(Release, HasTheLicencesOfTheCodeInTheConsoleProgramBesideIt) {
   const std::string list = BytesOf(Unpacked() + L"\\console\\LICENCAS.txt");
+  EXPECT_EQ(list, BytesOf(Unpacked() + L"\\x64\\console\\LICENCAS.txt"));
   ExpectLicencesOfTheCompiler(list);
   ExpectLicence(list, "CLI11", "University of Cincinnati");
   ExpectLicence(list, "fmt", "Victor Zverovich");
