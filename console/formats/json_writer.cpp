@@ -10,15 +10,17 @@
 namespace kodra::console {
 namespace {
 
-// Appends the text as a string of JSON.
-void AppendQuoted(std::string_view text, std::string& out) {
+// Ends a string of JSON whose text begins at `start`, after its quotation mark.
+void EndString(std::size_t start, std::string& out) {
+  const std::string_view text = std::string_view(out).substr(start);
   // The library's own way is slow for the texts, nearly all, that need no escape.
   const bool isPlain =
       std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\'; });
   if (isPlain) {
-    out.append(1, '"').append(text).append(1, '"');
+    out += '"';
   } else {
-    out += nlohmann::json(text).dump();
+    const std::string escaped = nlohmann::json(text).dump();
+    out.replace(start - 1, out.npos, escaped);
   }
 }
 
@@ -40,8 +42,8 @@ std::vector<std::string> DistinctNames(std::span<const Column> columns) {
 void JsonWriter::Begin(const Heading& /*heading*/, std::span<const Column> columns) {
   for (const Column& column : columns) kinds_.push_back(column.kind);
   for (const std::string& name : DistinctNames(columns)) {
-    std::string& key = keys_.emplace_back();
-    AppendQuoted(name, key);
+    std::string& key = keys_.emplace_back('"' + name);
+    EndString(1, key);
     key += ':';
   }
   if (shape_ == JsonShape::kArray) output_.Write("[");
@@ -68,9 +70,10 @@ void JsonWriter::AppendCell(const Value& value, ColumnKind kind) {
   } else if (number || value.Is<bool>()) {
     AppendIsoText(value, kind, line_);
   } else {
-    text_.clear();
-    AppendIsoText(value, kind, text_);
-    AppendQuoted(text_, line_);
+    line_ += '"';
+    const std::size_t start = line_.size();
+    AppendIsoText(value, kind, line_);
+    EndString(start, line_);
   }
 }
 

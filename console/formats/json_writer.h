@@ -29,7 +29,6 @@ class JsonWriter final : public RowWriter {
   std::vector<ColumnKind> kinds_;
   std::vector<std::string> keys_;  // in quotes and with the colon
   std::string line_;
-  std::string text_;  // of a cell, without quotes
   bool first_ = true;
 };
 
