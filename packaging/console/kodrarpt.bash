@@ -6,7 +6,7 @@ _kodrarpt() {
   local words='' options='' arguments='' fileArguments='' hasParameters='' files=''
   COMPREPLY=()
   if [ "$COMP_CWORD" = 1 ]; then
-    words='lista descreve executa etiquetas sql papel confere verifica esquema perfil rotina painel --help --version'
+    words='lista descreve executa etiquetas sql papel confere verifica esquema perfil rotina painel ajuda --help --version'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
     return
   fi
