@@ -49,12 +49,15 @@ std::string WrongWithText(const frame::Property& property, std::string_view text
   const std::string name = ToUtf8(property.name);
   const std::vector<guide::Parameter>& parameters = guide::About(method).parameters;
   const auto known = std::ranges::find(parameters, name, &guide::Parameter::name);
-  if (known == parameters.end() || !known->changesSql) return {};
-  for (const char* const piece : {"'", "\"", ";", "--", "/*"}) {
+  if (known == parameters.end() || !known->ChangesSql()) return {};
+  for (const char* const piece : {"'", "\"", "\\", ";", "--", "/*"}) {
     if (text.find(piece) != text.npos) return std::string("contém ") + piece;
   }
-  const bool isFigure = name.starts_with("Numero");
-  return isFigure && text.find_first_not_of("0123456789") != text.npos ? "não é um número inteiro" : "";
+  if (known->inSql == guide::InSql::kNumber && text.find_first_not_of("0123456789") != text.npos)
+    return "não é um número inteiro";
+  if (known->inSql == guide::InSql::kNumbers && text.find_first_not_of("0123456789, ") != text.npos)
+    return "não é um número inteiro, nem vários separados por vírgula";
+  return {};
 }
 
 void ReportParameters::AddTo(CLI::App& command) {

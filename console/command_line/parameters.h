@@ -29,8 +29,8 @@ struct PeriodNames {
 std::optional<PeriodNames> PeriodOf(const reports::ReportMethod& method);
 
 // Why the value of a property would be more than a value in the statements of the report: it ends its quotes, begins a
-// comment or another statement, or is not the figure that a statement needs: "contém ;". Empty for a value that would
-// not.
+// comment or another statement, or is not the number that a statement has without quotes: "contém ;". Empty for a value
+// that would not.
 std::string WrongWithText(const frame::Property& property, std::string_view text, const reports::ReportMethod& method);
 
 class ReportParameters {

@@ -17,7 +17,7 @@ std::vector<Report> Catalogs() {
                        "V, ou qualquer texto que comece com v, lista só as mídias vencidas; outro valor lista todas",
                        "V",
                        {},
-                       true,
+                       InSql::kText,
                        {"T"},
                        {{"", "todas as mídias"}, {"V", "só as mídias vencidas"}},
                        "Mídias"}},

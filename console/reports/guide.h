@@ -58,6 +58,14 @@ struct Choice {
   std::string_view meaning;
 };
 
+// What the value of a parameter is in the text of the statements.
+enum class InSql {
+  kText,     // a text between quotes, or the reason for other words
+  kNumber,   // a whole number, without quotes
+  kNumbers,  // whole numbers separated by commas, without quotes
+  kNothing,  // the text is the same for all values
+};
+
 // A property of the parameter object that the report reads.
 struct Parameter {
   std::string_view name;
@@ -67,8 +75,7 @@ struct Parameter {
   // The filter as the page says it, in lower case, "{}" being the value: "departamento {}". A flag is mentioned only if
   // it is set. Empty for what the page shows anyway.
   std::string_view words = {};
-  // Whether it changes the text of the statements.
-  bool changesSql = true;
+  InSql inSql = InSql::kText;
   // Further values, with which the report sends other statements than with the sample.
   std::vector<std::string_view> otherSamples = {};
   // All its values that differ in their effect, for a form; the first is the default. Empty for a parameter that takes
@@ -76,6 +83,8 @@ struct Parameter {
   std::vector<Choice> choices = {};
   // Its name on a form; empty if `effect` begins with words that say it.
   std::string_view label = {};
+
+  bool ChangesSql() const { return inSql != InSql::kNothing; }
 };
 
 // What looks wrong and is required.

@@ -23,7 +23,7 @@ std::vector<Report> ModuleLabels() {
                        "S gera etiquetas de módulos subordinados; outro valor, de módulos principais",
                        "S",
                        {},
-                       true,
+                       InSql::kText,
                        {"N"},
                        {{"", "módulos principais"}, {"S", "módulos subordinados"}},
                        "Módulos"},

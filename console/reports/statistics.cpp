@@ -15,10 +15,15 @@ const Parameter kCounted = {
     "F traz as folhas; P, folhas e versos; outro valor, só os documentos",
     "F",
     {},
-    true,
+    InSql::kText,
     {"P", "N"},
     {{"", "só os documentos"}, {"F", "documentos e folhas"}, {"P", "documentos, folhas e versos"}},
     "O que contar"};
+
+// A total that the client has counted, and that the statement contains as it is.
+Parameter CountedByTheClient(std::string_view name, std::string_view effect, std::string_view sample) {
+  return {name, effect, sample, {}, InSql::kNumber};
+}
 
 constexpr Column kPeriod = {"TIT1", kText, "Título: \"Período: … a …\"", {}, kSubtitle};
 constexpr Column kOperador = {"OPERADOR", kText, "Operador do filtro, ou Todos os Operadores", "Operador", kFact};
@@ -50,7 +55,7 @@ std::vector<Report> Statistics() {
                        "P traz folhas e versos; F, só folhas; outro valor, o código do documento",
                        "P",
                        {},
-                       true,
+                       InSql::kText,
                        {"F", "N"},
                        {{"", "documentos"}, {"F", "só folhas"}, {"P", "folhas e versos"}},
                        "O que contar"}},
@@ -99,12 +104,18 @@ std::vector<Report> Statistics() {
             {"DescrOperador", "Texto devolvido na coluna OPERADOR", "Todos os Operadores", "operador {}"},
             {"DataInicial", "Primeiro dia do período, só para o título", "01/02/2024", "desde {}"},
             {"DataFinal", "Último dia do período, só para o título", "29/02/2024", "até {}"},
-            {"NumeroPC1", "Documentos com a palavra-chave 1, contados pelo cliente; entra no SQL sem aspas", "12"},
-            {"NumeroPC2", "Documentos com a palavra-chave 2, contados pelo cliente; entra no SQL sem aspas", "22"},
-            {"NumeroPC3", "Documentos com a palavra-chave 3, contados pelo cliente; entra no SQL sem aspas", "32"},
-            {"NumeroPC4", "Documentos com a palavra-chave 4, contados pelo cliente; entra no SQL sem aspas", "42"},
-            {"NumeroPC5", "Documentos com a palavra-chave 5, contados pelo cliente; entra no SQL sem aspas", "52"},
-            {"NumeroObs", "Documentos com observação, contados pelo cliente; entra no SQL sem aspas", "7"}},
+            CountedByTheClient("NumeroPC1",
+                               "Documentos com a palavra-chave 1, contados pelo cliente; entra no SQL sem aspas", "12"),
+            CountedByTheClient("NumeroPC2",
+                               "Documentos com a palavra-chave 2, contados pelo cliente; entra no SQL sem aspas", "22"),
+            CountedByTheClient("NumeroPC3",
+                               "Documentos com a palavra-chave 3, contados pelo cliente; entra no SQL sem aspas", "32"),
+            CountedByTheClient("NumeroPC4",
+                               "Documentos com a palavra-chave 4, contados pelo cliente; entra no SQL sem aspas", "42"),
+            CountedByTheClient("NumeroPC5",
+                               "Documentos com a palavra-chave 5, contados pelo cliente; entra no SQL sem aspas", "52"),
+            CountedByTheClient("NumeroObs", "Documentos com observação, contados pelo cliente; entra no SQL sem aspas",
+                               "7")},
        .columns = {kPeriod,
                    {"OPERADOR", kText, "O valor do parâmetro DescrOperador", "Operador", kFact},
                    {"DEPTO", kText, "O valor do parâmetro DescrDepto", "Departamento", kFact},
@@ -168,7 +179,7 @@ std::vector<Report> Statistics() {
                        "N conta documentos; F, P e qualquer outro somam as folhas",
                        "N",
                        {},
-                       true,
+                       InSql::kText,
                        {"F", "P"},
                        {{"", "folhas"}, {"N", "documentos"}},
                        "O que contar"},

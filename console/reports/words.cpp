@@ -43,7 +43,7 @@ std::string EffectWords(const reports::ReportMethod& method, const frame::Proper
   const auto parameters = About(method).parameters;
   const auto found = std::ranges::find(parameters, name, &Parameter::name);
   if (found == parameters.end()) return {};
-  return std::string(found->effect) + (found->changesSql ? "" : " (não muda o SQL)");
+  return std::string(found->effect) + (found->ChangesSql() ? "" : " (não muda o SQL)");
 }
 
 std::string SampleArguments(const Report& report) {

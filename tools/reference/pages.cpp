@@ -116,8 +116,8 @@ std::string MethodSection(const ReportMethod& method) {
           RowsWords(method) + "\n\n";
   Table parameters({"Parâmetro", "O que faz", "Muda o SQL"});
   for (const guide::Parameter& parameter : report.parameters)
-    parameters.Add(
-        {"`" + std::string(parameter.name) + "`", std::string(parameter.effect), parameter.changesSql ? "sim" : "não"});
+    parameters.Add({"`" + std::string(parameter.name) + "`", std::string(parameter.effect),
+                    parameter.ChangesSql() ? "sim" : "não"});
   text += report.parameters.empty() ? "Não lê nenhum parâmetro.\n\n" : parameters.Text() + "\n";
   Table columns({"Coluna", "Tipo", "O que é"});
   for (const guide::Column& column : report.columns)

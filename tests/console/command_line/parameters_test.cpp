@@ -9,7 +9,10 @@
 
 #include "console/command_line/program.h"
 #include "console/command_line/report_name.h"
+#include "console/statements/capture.h"
+#include "sql/tipo_banco.h"
 #include "values/dates.h"
+#include "values/utf8.h"
 
 namespace kodra::console {
 namespace {
@@ -53,7 +56,7 @@ TEST(ReportParametersTest, FillTheObjectByThePropertysRule) {
 }
 
 TEST(ReportParametersTest, RefuseATextThatIsMoreThanAValueInAStatement) {
-  for (const std::string piece : {"'", "\"", ";", "--", "/*"}) {
+  for (const std::string piece : {"'", "\"", "\\", ";", "--", "/*"}) {
     EXPECT_EQ(Command("RelatorioSintetico", L"CodDepto").UsageMessage({"--CodDepto", "7" + piece + "1"}),
               "kodrarpt: o valor de --CodDepto contém " + piece +
                   ", e o relatório passa o valor ao SQL como está; se é isso mesmo, acrescente --literal\n");
@@ -62,6 +65,45 @@ TEST(ReportParametersTest, RefuseATextThatIsMoreThanAValueInAStatement) {
       Command("RelatorioEstatisticasPorPalavrasChave", L"NumeroPC1").UsageMessage({"--NumeroPC1", "1 or 1=1"}),
       "kodrarpt: o valor de --NumeroPC1 não é um número inteiro, e o relatório passa o valor ao SQL como está; se é "
       "isso mesmo, acrescente --literal\n");
+  EXPECT_EQ(
+      Command("RelatorioRetiradaOriginal", L"CodSolicit").UsageMessage({"--CodSolicit", "1) OR (1=1"}),
+      "kodrarpt: o valor de --CodSolicit não é um número inteiro, nem vários separados por vírgula, e o relatório "
+      "passa o valor ao SQL como está; se é isso mesmo, acrescente --literal\n");
+}
+
+TEST(ReportParametersTest, AcceptTheNumbersThatAStatementHasWithoutQuotes) {
+  EXPECT_EQ(Command("RelatorioRetiradaOriginal", L"CodSolicit").ValueAfter({"--CodSolicit", "3, 4"}), Value(L"3, 4"));
+  EXPECT_EQ(Command("RelatorioEstatisticasPorPalavrasChave", L"NumeroPC1").ValueAfter({"--NumeroPC1", "0"}),
+            Value(L"0"));
+}
+
+// Whether the marker is in the statement outside of the texts between quotes.
+bool HasUnquoted(std::wstring_view marker, const std::wstring& statement) {
+  bool isInText = false;
+  for (std::size_t i = 0; i < statement.size(); ++i) {
+    if (statement[i] == L'\'') isInText = !isInText;
+    if (!isInText && statement.compare(i, marker.size(), marker) == 0) return true;
+  }
+  return false;
+}
+
+TEST(ReportParametersTest, RefuseALetterWhereTheStatementHasNoQuotes) {
+  constexpr std::wstring_view kMarker = L"QZ7QZ";
+  std::set<std::string> unquoted;
+  for (const reports::ReportMethod& method : reports::ReportMethods())
+    for (const frame::Property& property : frame::ParameterClassNamed(method.parameterClass).properties) {
+      if (property.rule == frame::PropertyRule::kDate || property.rule == frame::PropertyRule::kFlag) continue;
+      frame::ParameterObject object(frame::ParameterClassNamed(method.parameterClass));
+      object.Let(property.name, std::wstring(kMarker));
+      for (const Statement& statement : Capture(method, sql::tbSQLite, object).statements) {
+        if (!HasUnquoted(kMarker, statement.text)) continue;
+        unquoted.insert(values::ToUtf8(property.name));
+        EXPECT_NE(WrongWithText(property, "QZ7QZ", method), "")
+            << NameOf(method) << " " << values::ToUtf8(property.name);
+      }
+    }
+  EXPECT_EQ(unquoted, (std::set<std::string>{"CodSolicit", "NumeroObs", "NumeroPC1", "NumeroPC2", "NumeroPC3",
+                                             "NumeroPC4", "NumeroPC5"}));
 }
 
 TEST(ReportParametersTest, AcceptSuchATextWhenItIsLiteral) {

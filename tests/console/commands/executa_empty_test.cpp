@@ -105,8 +105,9 @@ TEST_P(ExecutaEmpty, WarnsOfEachUnknownCode) {
 
 // Databases differ in what a backslash means in a text.
 TEST_P(ExecutaEmpty, SaysNothingOfACodeThatItCannotAskFor) {
-  EXPECT_EQ(RunReport("CContainerRpt.EtiquetaAberturaSubRpt", {"--Container1", "C\\9", "--formato", "csv"}),
-            Success("CONTAINER,NUM_CAIXA\r\n"));
+  EXPECT_EQ(
+      RunReport("CContainerRpt.EtiquetaAberturaSubRpt", {"--Container1", "C\\9", "--literal", "--formato", "csv"}),
+      Success("CONTAINER,NUM_CAIXA\r\n"));
 }
 
 TEST_P(ExecutaEmpty, SaysNothingOfKnownCodes) {

@@ -154,6 +154,8 @@ TEST_P(PanelOn, SaysWhatIsWrongWithAParameter) {
             "DataArmazenamento1: \"31/02/2024\" não é uma data (escreva 01/02/2024 ou 2024-02-01)\n");
   EXPECT_EQ(words(R"({"CodDepto":"1' OR '1'='1"})"),
             "CodDepto: o valor contém '; os relatórios passam os valores ao SQL como estão\n");
+  EXPECT_EQ(words(R"({"CodDepto":"7\\"})"),
+            "CodDepto: o valor contém \\; os relatórios passam os valores ao SQL como estão\n");
   EXPECT_EQ(words(R"({"Outro":"1"})"), "CDocumentoRpt.RelatorioSintetico não tem o parâmetro \"Outro\"\n");
   EXPECT_EQ(words(R"({"CodDepto":7})"), "falta CodDepto no pedido\n");
 }

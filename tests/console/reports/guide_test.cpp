@@ -83,7 +83,7 @@ TEST(GuideTest, SaysForEachParameterWhetherItChangesTheSql) {
   for (const ReportMethod& method : reports::ReportMethods()) {
     const std::wstring whole = SentBy(method, SamplesWithout("", method));
     for (const Parameter& parameter : guide::About(method).parameters)
-      EXPECT_EQ(SentBy(method, SamplesWithout(parameter.name, method)) != whole, parameter.changesSql)
+      EXPECT_EQ(SentBy(method, SamplesWithout(parameter.name, method)) != whole, parameter.ChangesSql())
           << NameOf(method) << " " << parameter.name;
   }
 }
