@@ -1,5 +1,7 @@
 #include "console/command_line/console.h"
 
+#include <iostream>
+
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -45,12 +47,12 @@ std::filesystem::path ProgramPath() {
   return path;
 }
 
-bool StandardOutputIsTerminal() { return _isatty(_fileno(stdout)) != 0; }
+bool IsTerminal(const std::ostream& output) { return &output == &std::cout && _isatty(_fileno(stdout)) != 0; }
 bool StandardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 #else
 
-bool StandardOutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
+bool IsTerminal(const std::ostream& output) { return &output == &std::cout && isatty(STDOUT_FILENO) != 0; }
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
 std::filesystem::path ProgramPath() { return std::filesystem::read_symlink("/proc/self/exe"); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,9 @@ std::vector<std::string> Arguments(int count, char** values);
 // The file of this program.
 std::filesystem::path ProgramPath();
 
-bool StandardOutputIsTerminal();
+// Whether the stream is std::cout, and that is a terminal. A program inside of another process, as in a test, has a
+// stream of its own.
+bool IsTerminal(const std::ostream& output);
 bool StandardErrorIsTerminal();
 
 }  // namespace kodra::console

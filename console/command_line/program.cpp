@@ -81,7 +81,7 @@ ExitCode Program::Run(const std::vector<std::string>& arguments) noexcept {
   } catch (...) {
     const Failure failure = CurrentFailure(WantsDetails());
     const bool quotes = failure.code == ExitCode::kUsage;
-    PrintError(quotes ? WithoutPasswords(failure.message, arguments) : failure.message);
+    Say(quotes ? WithoutPasswords(failure.message, arguments) : failure.message);
     return failure.code;
   }
 }
@@ -134,6 +134,6 @@ bool Program::WantsDetails() const {
   });
 }
 
-void Program::PrintError(const std::string& message) const { err_ << "kodrarpt: " << ForTerminal(message) << "\n"; }
+void Program::Say(const std::string& message) const { err_ << "kodrarpt: " << ForTerminal(message) << "\n"; }
 
 }  // namespace kodra::console

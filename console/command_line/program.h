@@ -49,6 +49,9 @@ class Program {
   // The commands added so far.
   std::vector<const CLI::App*> Commands() const;
 
+  // Writes a message to Err(), after "kodrarpt: ", without the control characters that it may have from a database.
+  void Say(const std::string& message) const;
+
   // Whether the command that runs was asked for the details of errors.
   bool WantsDetails() const;
 
@@ -61,7 +64,6 @@ class Program {
   // The help that was asked for: of the program, of a command, or of a command's argument.
   void Help(const std::vector<std::string>& arguments, const CLI::Success& answer) const;
   void CheckCommandName(const std::vector<std::string>& arguments) const;
-  void PrintError(const std::string& message) const;
 
   std::ostream& out_;
   std::ostream& err_;

@@ -1,5 +1,7 @@
 #include "console/command_line/terminal_text.h"
 
+#include <fmt/format.h>
+
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -15,6 +17,17 @@ std::string ForTerminal(std::string_view utf8) {
     if (startsLineEnd) continue;
     const bool harmless = text[i] == L'\n' || text[i] == L'\t' || !IsControl(text[i]);
     shown += harmless ? text[i] : L'\xFFFD';
+  }
+  return values::ToUtf8(shown);
+}
+
+std::string JsonForTerminal(std::string_view utf8) {
+  std::wstring shown;
+  for (const wchar_t c : values::FromUtf8(utf8)) {
+    if (c == L'\n' || !IsControl(c))
+      shown += c;
+    else
+      shown += values::FromUtf8(fmt::format("\\u{:04x}", static_cast<unsigned>(c)));
   }
   return values::ToUtf8(shown);
 }

@@ -14,4 +14,8 @@ bool IsControl(wchar_t character);
 // UTF-8 out.
 std::string ForTerminal(std::string_view utf8);
 
+// JSON with each control character but line ends escaped: "\u009b". It has them in its strings only, so it stays the
+// same JSON.
+std::string JsonForTerminal(std::string_view utf8);
+
 }  // namespace kodra::console

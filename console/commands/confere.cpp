@@ -6,7 +6,6 @@
 
 #include "console/command_line/connection_error.h"
 #include "console/command_line/input_file.h"
-#include "console/command_line/terminal_text.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
 #include "console/formats/pages/letterhead_options.h"
@@ -88,7 +87,7 @@ class Inventory {
         format_(options.output.ChosenFormat()),
         formatOptions_(options.output.ForFormats()),
         mostRows_(options.output.MostRows()),
-        destination_{options.output.Target(), options.timeLimit.Get()} {
+        destination_{options.output.Target(), options.timeLimit.Get(), format_ == Format::kJson} {
     if (options.modules.empty() && options.containers.empty())
       throw UsageError("falta --modulo, para conferir documentos, ou --conteiner, para conferir módulos");
     if (!options.modules.empty() && !options.containers.empty())
@@ -142,9 +141,8 @@ class Inventory {
       const std::string description = ToUtf8(values::HidePassword(error.Description(), connection_));
       const auto explanation =
           guide::Explain(description, guide::Find(L"CSolicitacaoRpt", L"RelatorioDevolucaoOriginal"));
-      program_.Err() << "kodrarpt: aviso: não foi possível saber quais documentos estão emprestados, e eles saem como "
-                        "ausentes: "
-                     << ForTerminal(explanation ? explanation->whatHappened : guide::CauseIn(description)) << "\n";
+      program_.Say("aviso: não foi possível saber quais documentos estão emprestados, e eles saem como ausentes: " +
+                   (explanation ? explanation->whatHappened : guide::CauseIn(description)));
       return {};
     }
   }

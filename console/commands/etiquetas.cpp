@@ -144,7 +144,7 @@ class Run {
     print_.warn = [this](const std::string& warning) { Warn(warning); };
     if (options.withPlace && kind_.kind == LabelKind::kContainers)
       throw UsageError("--com-lugar não vale para contêineres");
-    if (options.target.empty() && format_ == labels::PageFormat::kPdf && StandardOutputIsTerminal())
+    if (options.target.empty() && format_ == labels::PageFormat::kPdf && IsTerminal(program.Out()))
       throw UsageError("o PDF precisa de --saida, porque a saída é um terminal");
     labels::DesignOf(print_.stock.label, {print_.code, print_.place, print_.logo.get()});
     codes_ = GivenCodes(options);
@@ -215,12 +215,12 @@ class Run {
 
   ExitCode Conclude() const {
     if (!missingInRange_.empty()) Warn(fmt::format("no intervalo, sem etiqueta: {}", fmt::join(missingInRange_, ", ")));
-    if (!missing_.empty()) program_.Err() << fmt::format("kodrarpt: sem etiqueta: {}\n", fmt::join(missing_, ", "));
-    if (!hasLabels_) program_.Err() << "kodrarpt: nenhuma etiqueta para imprimir\n";
+    if (!missing_.empty()) program_.Say(fmt::format("sem etiqueta: {}", fmt::join(missing_, ", ")));
+    if (!hasLabels_) program_.Say("nenhuma etiqueta para imprimir");
     return missing_.empty() && hasLabels_ ? ExitCode::kOk : ExitCode::kReportError;
   }
 
-  void Warn(const std::string& warning) const { program_.Err() << "kodrarpt: aviso: " << warning << "\n"; }
+  void Warn(const std::string& warning) const { program_.Say("aviso: " + warning); }
 
   Program& program_;
   const Options& options_;

@@ -1,8 +1,11 @@
 // kodrarpt verifica: whether a database has what the reports need.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <sstream>
 
 #include "console/check/findings.h"
+#include "console/command_line/console.h"
+#include "console/command_line/terminal_text.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
 #include "console/run/connection_options.h"
@@ -31,7 +34,13 @@ ExitCode Verifica(std::ostream& out, const Options& options) {
   const std::wstring connection = options.connection.Text();
   if (connection.empty()) throw UsageError("a string de conexão está vazia");
   const Findings findings = CheckDatabase(connection, *NewMachine());
-  options.asJson ? WriteJson(findings, out) : WriteText(findings, out);
+  if (options.asJson) {
+    std::ostringstream json;
+    WriteJson(findings, json);
+    out << (IsTerminal(out) ? JsonForTerminal(json.str()) : json.str());
+  } else {
+    WriteText(findings, out);
+  }
   return findings.IsWrong() ? ExitCode::kMismatch : ExitCode::kOk;
 }
 

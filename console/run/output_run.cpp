@@ -1,11 +1,12 @@
 #include "console/run/output_run.h"
 
-#include <iostream>
 #include <optional>
 
+#include "console/command_line/console.h"
 #include "console/run/standard_streams.h"
 #include "console/run/stream_output.h"
 #include "console/run/target_file.h"
+#include "console/run/terminal_output.h"
 
 namespace kodra::console {
 
@@ -14,12 +15,15 @@ ExitCode RunToOutput(Program& program, const Destination& destination, const std
   std::optional<TargetFile> file;
   if (!destination.target.empty()) file.emplace(destination.target);
   StreamOutput standard(program.Out());
+  TerminalOutput terminal(standard, destination.isJson);
+  const bool isTerminal = !file && IsTerminal(program.Out());
+  Output* output = &standard;
+  if (file) output = &*file;
+  if (isTerminal) output = &terminal;
   const std::unique_ptr<Machine> machine = NewMachine();
   const Stopping stopping(*machine, destination.limit, program.Err());
-  // A program within another process, as in a test, has its own stream.
-  const bool isProcess = &program.Out() == &std::cout;
-  OutputRun run = {*machine, file ? static_cast<Output&>(*file) : standard, file ? file->PathText() : std::wstring(),
-                   file || !isProcess ? std::nullopt : TerminalWidth(), stopping};
+  OutputRun run = {*machine, *output, file ? file->PathText() : std::wstring(),
+                   isTerminal ? TerminalWidth() : std::nullopt, stopping};
   bool keeps = false;
   try {
     keeps = work(run);

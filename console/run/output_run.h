@@ -23,12 +23,13 @@ namespace kodra::console {
 struct Destination {
   std::wstring target;            // the file; empty for the standard output
   std::chrono::seconds limit{0};  // of the whole run; zero is none
+  bool isJson = false;            // how a terminal gets control characters: escaped, or else replaced
 };
 
 // What the work of a run gets.
 struct OutputRun {
   Machine& machine;
-  Output& output;
+  Output& output;     // without control characters if it is a terminal
   std::wstring path;  // of the unfinished file, for a library that opens it by its path; empty for the standard output
   std::optional<std::size_t> terminalWidth;  // if the output is a terminal
   const Stopping& stopping;

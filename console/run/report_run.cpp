@@ -58,7 +58,7 @@ ReportRun::ReportRun(Program& program, const ReportOptions& options)
       formatOptions_(FormatOptionsOf(options)),
       mostRows_(options.output.MostRows()),
       progressStyle_(ProgressStyle(options.progress)),
-      destination_{options.output.Target(), options.timeLimit.Get()} {
+      destination_{options.output.Target(), options.timeLimit.Get(), format_ == Format::kJson} {
   options.parameters.RefuseUnread(method_);
   const guide::Report& about = guide::About(method_);
   if (!about.page.IsOfLabels()) options.labels.RefuseFor(NameOf(method_));
@@ -104,8 +104,6 @@ bool ReportRun::Write(OutputRun& run, const std::wstring& connection) {
   return true;
 }
 
-void ReportRun::Warn(const std::string& warning) const {
-  program_.Err() << "kodrarpt: " << origin_ << "aviso: " << warning << "\n";
-}
+void ReportRun::Warn(const std::string& warning) const { program_.Say(origin_ + "aviso: " + warning); }
 
 }  // namespace kodra::console

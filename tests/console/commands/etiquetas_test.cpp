@@ -170,6 +170,10 @@ TEST(Etiquetas, NamesTheCodesWithoutALabelAfterThePrintedOnes) {
   EXPECT_EQ(RunOnRoll({"fechamento", "AA00101", "AA001"}).err, "kodrarpt: sem etiqueta: AA00101\n");
 }
 
+TEST(Etiquetas, ShowsNoControlCharactersOfACode) {
+  EXPECT_EQ(RunOnRoll({"abertura", "AA001", "XX\x1b[2J"}).err, "kodrarpt: sem etiqueta: XX\uFFFD[2J\n");
+}
+
 TEST(Etiquetas, WarnsOfModulesInARangeThatHaveNoLabel) {
   const RunResult result = RunOnRoll({"divisoria", "--de", "AA001", "--ate", "AA003"});
   EXPECT_EQ(result.code, ExitCode::kOk);

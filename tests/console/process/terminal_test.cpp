@@ -4,7 +4,6 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 
 #include "tests/console/process/kodrarpt_process.h"
@@ -25,11 +24,15 @@ std::string OnTerminal(unsigned short width, const std::vector<std::string>& com
   testbed::ChildProcess child;
   child.command = command;
   child.output = ptsname(terminal);
-  EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), code);
-  std::array<char, 4096> shown{};
-  const ssize_t length = read(terminal, shown.data(), shown.size());
+  const pid_t process = testbed::Spawn(child);
+  std::string shown;
+  std::array<char, 4096> part{};
+  // Reading fails when the process has ended and everything is read.
+  for (ssize_t length; (length = read(terminal, part.data(), part.size())) > 0;)
+    shown.append(part.data(), static_cast<std::size_t>(length));
+  EXPECT_EQ(testbed::WaitFor(process), code);
   close(terminal);
-  return {shown.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
+  return shown;
 }
 
 TEST_F(KodrarptProcess, FitsATableToTheTerminal) {
@@ -53,6 +56,43 @@ TEST_F(KodrarptProcess, FitsATableToTheTerminal) {
             "───────────  ────────  ──────  ──────  ─────────  ─────────\n"
             "Fin\uFFFD[2J      Rua A     Rio     RJ      01000-000  a@b.br\n"
             "(1 linha)\n");
+}
+
+TEST_F(KodrarptProcess, ShowsNoControlCharactersInAnyFormat) {
+  SqliteFile file;
+  file.Run(L"CREATE TABLE SUPORTE (COD_SUPORTE VARCHAR(10), DESCR_SUPORTE VARCHAR(50))");
+  // U+009B is what a terminal may read as the two characters ESC [.
+  file.Run(L"INSERT INTO SUPORTE VALUES ('1', 'Fil' || char(27) || '[2J' || char(155) || 'me é ' || char(13))");
+  const auto command = [&](const std::string& format) {
+    return std::vector<std::string>{KODRARPT,    "executa", "CSuporteRpt", "--conexao", ToUtf8(file.ConnectionString()),
+                                    "--formato", format};
+  };
+  const auto sent = [&](const std::string& format) {
+    std::filesystem::remove(folder_ / "saida.txt");
+    EXPECT_EQ(CodeOf(command(format)), 0);
+    return Said();
+  };
+  EXPECT_EQ(OnTerminal(80, command("csv")), "DESCR_SUPORTE\r\n\"Fil\uFFFD[2J\uFFFDme é \uFFFD\"\r\n");
+  EXPECT_EQ(sent("csv"), "DESCR_SUPORTE\r\n\"Fil\x1b[2J\u009Bme é \r\"\r\n");
+  EXPECT_EQ(OnTerminal(80, command("json")), "[\r\n{\"DESCR_SUPORTE\":\"Fil\\u001b[2J\\u009bme é \\r\"}\r\n]\r\n");
+  EXPECT_EQ(sent("json"), "[\n{\"DESCR_SUPORTE\":\"Fil\\u001b[2J\u009Bme é \\r\"}\n]\n");
+  const std::string html = OnTerminal(80, command("html"));
+  EXPECT_NE(html.find("[2J\uFFFDme é"), html.npos);
+  EXPECT_EQ(html.find('\x1b'), html.npos);
+  EXPECT_NE(sent("html").find("[2J\u009Bme é"), html.npos);
+}
+
+TEST_F(KodrarptProcess, ShowsNoControlCharactersOfACheckInJson) {
+  SqliteFile file;
+  // The error of SQLite names the table that the view does not find.
+  file.Run(L"CREATE VIEW DEPTO AS SELECT * FROM \"X\x9B\"");
+  const std::vector<std::string> command = {KODRARPT, "verifica", "--json", "--conexao",
+                                            ToUtf8(file.ConnectionString())};
+  const std::string shown = OnTerminal(80, command, 4);
+  EXPECT_NE(shown.find("main.X\\u009b (1)"), shown.npos) << shown;
+  EXPECT_EQ(shown.find("\u009B"), shown.npos);
+  EXPECT_EQ(CodeOf(command), 4);
+  EXPECT_NE(Said().find("main.X\u009B (1)"), shown.npos) << Said();
 }
 
 TEST_F(KodrarptProcess, ShowsTheFirstRowsWhileTheDatabaseWorksOnTheNext) {
