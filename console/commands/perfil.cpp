@@ -41,6 +41,7 @@ struct Options {
   std::string action, name, connection;
   PasswordSource password;
   bool replaces = false;
+  bool details = false;  // which Program reads
 };
 
 // Which options an action takes.
@@ -53,7 +54,7 @@ struct Action {
 const std::array kActions = {
     Action{"novo", true, {"--conexao", "--senha-de", "--senha-comando", "--pergunta-senha", "--substitui"}},
     Action{"lista", false, {}},
-    Action{"testa", true, {"--senha-de", "--pergunta-senha"}},
+    Action{"testa", true, {"--senha-de", "--pergunta-senha", kDetailsOption}},
     Action{"remove", true, {}},
 };
 
@@ -157,6 +158,7 @@ void AddPerfil(Program& program) {
       ->option_text("COMANDO");
   command.add_flag("--pergunta-senha", options->password.asks, "novo, testa: pergunta a senha no terminal");
   command.add_flag("--substitui", options->replaces, "novo: troca um perfil que já existe");
+  command.add_flag(kDetailsOption, options->details, "testa: em um erro, mostra também a mensagem do componente");
 }
 
 }  // namespace kodra::console

@@ -28,6 +28,7 @@ struct Options {
   std::string report;
   std::string database;
   bool isLaidOut = false;
+  bool details = false;  // which Program reads
   ReportParameters parameters;
 };
 
@@ -59,6 +60,8 @@ ExitCode Sql(const Program& program, const Options& options) {
   const reports::ReportMethod& method = FindReport(options.report);
   frame::ParameterObject parameters = options.parameters.For(method);
   options.parameters.RefuseUnread(method);
+  if (const std::string warning = ReportParameters::PeriodWarning(parameters, method); !warning.empty())
+    program.Say("aviso: " + warning);
   std::vector<DatabaseStatements> all;
   all.reserve(databases.size());
   for (const Database& database : databases) all.push_back({database, Capture(method, database.code, parameters)});
@@ -89,6 +92,7 @@ void AddSql(Program& program) {
       ->option_text("BANCO (obrigatório)")
       ->required();
   command.add_flag("--bonito", options->isLaidOut, "Uma cláusula por linha, para facilitar a leitura");
+  command.add_flag(kDetailsOption, options->details, "Em um erro, mostra também a mensagem completa do componente");
   options->parameters.AddTo(command);
 }
 

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <CLI/CLI.hpp>
 
+#include <set>
+
 #include "console/command_line/usage_error.h"
 #include "tests/console/run.h"
 #include "values/erro.h"
@@ -165,6 +167,18 @@ TEST(ProgramTest, WritesItsHelpInPortugueseWithColumnsOfCharacters) {
             "  --saída ARQUIVO             O arquivo\n"
             "\n"
             "Exemplo: ação\n");
+}
+
+// The messages about reports and databases offer it.
+TEST(ProgramTest, HasTheOptionForDetailsInEveryCommandThatRunsReports) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Program program(out, err);
+  AddCommands(program);
+  std::set<std::string> without;
+  for (const CLI::App* command : program.Commands())
+    if (command->get_option_no_throw(kDetailsOption) == nullptr) without.insert(command->get_name());
+  EXPECT_EQ(without, (std::set<std::string>{"descreve", "esquema", "lista"}));
 }
 
 TEST(ProgramTest, HasAnExampleInTheHelpOfEveryCommand) {

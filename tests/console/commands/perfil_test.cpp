@@ -88,6 +88,7 @@ TEST(PerfilTest, RefusesWhatAnActionDoesNotTake) {
   EXPECT_EQ(RunProgram({"perfil", "lista", "a"}), UsageFailure("argumento a mais: \"a\""));
   EXPECT_EQ(RunProgram({"perfil", "remove", "a", "--conexao", "DSN=A"}),
             UsageFailure("--conexao não vale com perfil remove"));
+  EXPECT_EQ(RunProgram({"perfil", "remove", "a", "--detalhes"}), UsageFailure("--detalhes não vale com perfil remove"));
   EXPECT_EQ(RunProgram({"perfil", "testa", "a", "--senha-comando", "x"}),
             UsageFailure("--senha-comando não vale com perfil testa"));
   EXPECT_EQ(RunProgram({"perfil", "testa", "a", "--senha-de", "X", "--pergunta-senha"}),
@@ -143,6 +144,8 @@ TEST(PerfilTest, SaysThatAFileIsNoDatabase) {
       "Resposta do banco ou do driver: file is not a database (26)\n"
       "O que fazer: confira o caminho em Database, na string de conexão, ou restaure uma cópia de segurança.\n"
       "Com --detalhes, sai também a mensagem do componente.\n");
+  EXPECT_NE(RunProgram({"perfil", "testa", "a", "--detalhes"}).err.find("\nA mensagem do componente: erro "),
+            std::string::npos);
 }
 
 TEST(PerfilOption, ConnectsEveryCommand) {

@@ -164,6 +164,13 @@ TEST(SqlTest, RefusesAParameterThatTheReportDoesNotRead) {
             UsageFailure("CSerieRpt.RelatorioSeries não lê o parâmetro \"Owner\", nem nenhum outro"));
 }
 
+TEST(SqlTest, WarnsOfAPeriodThatEndsBeforeItBegins) {
+  const RunResult result = RunProgram(
+      {"sql", "CEstatImgRpt", "--banco", "mysql", "--DataInicial", "31/12/2024", "--DataFinal", "01/01/2024"});
+  EXPECT_EQ(result.code, ExitCode::kOk);
+  EXPECT_EQ(result.err, "kodrarpt: aviso: --DataFinal é antes de --DataInicial, e nenhuma data cai nesse período\n");
+}
+
 TEST(SqlTest, RefusesAnUnknownOption) {
   EXPECT_EQ(RunProgram({"sql", "CDeptoRpt", "--banko", "db2"}),
             UsageFailure("\"sql\" não tem a opção \"--banko\" (quis dizer \"--banco\"?)"));
