@@ -98,9 +98,9 @@ bool ReportRun::Write(OutputRun& run, const std::wstring& connection) {
   }
   writer->End();
   rows_ = progress.Rows();
-  if (rows_ == 0 && !run.stopping.Requested())
-    for (const std::string& message : UnknownCodes(parameters_, method_, connection, surroundings)) Warn(message);
-  if (!run.stopping.Requested()) progress.End();
+  if (run.stopping.Requested()) return true;
+  progress.End();
+  for (const std::string& message : UnknownCodes(parameters_, rows_, method_, connection, surroundings)) Warn(message);
   return true;
 }
 

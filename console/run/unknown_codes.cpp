@@ -7,6 +7,7 @@
 #include "console/reports/guide.h"
 #include "data/abre_firehose_rs.h"
 #include "values/erro.h"
+#include "values/numbers.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -21,14 +22,20 @@ struct CodeParameter {
   std::wstring_view column;
   // As the message begins.
   std::string_view nobody;
+  // Whether any row of the report shows that the code is right. A model is found in any letter case, and an event may
+  // be about a document that no longer exists.
+  bool isProvedByRows = false;
+  // Whether the column has numbers, of which the parameter may list several.
+  bool isNumber = false;
 };
 
 constexpr auto kCodes = std::to_array<CodeParameter>({
     {L"CodDepto", L"DEPTO", L"COD_DEPTO", "nenhum departamento"},
     {L"CodOperador", L"OPERADOR", L"COD_OPERADOR", "nenhum operador"},
     {L"CodGrupo", L"GRUPO", L"COD_GRUPO", "nenhum subgrupo"},
-    {L"CodModelo", L"MODELO", L"COD_MODELO", "nenhum modelo"},
-    {L"CodDocto", L"DOCUMENTO", L"COD_DOCTO", "nenhum documento"},
+    {L"CodModelo", L"MODELO", L"COD_MODELO", "nenhum modelo", true},
+    {L"CodDocto", L"DOCUMENTO", L"COD_DOCTO", "nenhum documento", true},
+    {L"CodSolicit", L"SOLICITACAO", L"COD_SOLICIT", "nenhuma solicitação", false, true},
     {L"Modulo1", L"CAIXA", L"NUM_CAIXA", "nenhum módulo principal"},
     {L"Modulo2", L"CAIXA", L"NUM_CAIXA", "nenhum módulo principal"},
     {L"Modulo3", L"CAIXA", L"NUM_CAIXA", "nenhum módulo principal"},
@@ -37,38 +44,61 @@ constexpr auto kCodes = std::to_array<CodeParameter>({
     {L"Container3", L"CONTAINER", L"NUM_CONTAINER", "nenhum contêiner"},
 });
 
-// The code as its table has it: a subordinate module begins with the code of its main module.
-std::wstring Key(const CodeParameter& code, const std::wstring& value) {
-  constexpr std::size_t kMainModuleLetters = 5;
-  return code.table == L"CAIXA" ? value.substr(0, kMainModuleLetters) : value;
+// Whether the report takes the code for no filter: those of modules know departments by numbers above zero only.
+bool IsNoFilter(const CodeParameter& code, const std::wstring& value, const reports::ReportMethod& method) {
+  return code.name == L"CodDepto" && method.className == L"CCaixaRpt" && values::LeadingNumber(value) <= 0;
 }
 
-bool IsKnown(const CodeParameter& code, const std::wstring& value, const std::wstring& connection,
-             platform::Surroundings& surroundings) {
+// The numbers in a list; none in a text that is no list of numbers.
+std::vector<std::wstring> NumbersIn(const std::wstring& list) {
+  constexpr const wchar_t* kDigits = L"0123456789";
+  if (list.find_first_not_of(L"0123456789, ") != list.npos) return {};
+  std::vector<std::wstring> numbers;
+  for (std::size_t begin = list.find_first_of(kDigits); begin != list.npos;) {
+    const std::size_t end = std::min(list.find_first_not_of(kDigits, begin), list.size());
+    numbers.push_back(list.substr(begin, end - begin));
+    begin = list.find_first_of(kDigits, end);
+  }
+  return numbers;
+}
+
+// The code as its table has it: a subordinate module begins with the code of its main module.
+std::vector<std::wstring> Keys(const CodeParameter& code, const std::wstring& value) {
+  constexpr std::size_t kMainModuleLetters = 5;
+  if (code.isNumber) return NumbersIn(value);
+  // A quote or a backslash would end the text of the statement or change it.
+  if (value.empty() || value.find_first_of(L"'\\") != value.npos) return {};
+  return {code.table == L"CAIXA" ? value.substr(0, kMainModuleLetters) : value};
+}
+
+bool IsKnown(const CodeParameter& code, const std::wstring& key, const std::wstring& connection,
+             std::unique_ptr<platform::Connection>& open, platform::Surroundings& surroundings) {
   const std::wstring statement = L"SELECT " + std::wstring(code.column) + L" FROM " + std::wstring(code.table) +
-                                 L" WHERE " + std::wstring(code.column) + L" = '" + Key(code, value) + L"'";
-  std::unique_ptr<platform::Connection> own;
+                                 L" WHERE " + std::wstring(code.column) + L" = " +
+                                 (code.isNumber ? key : L"'" + key + L"'");
   const auto rows =
-      data::AbreFirehoseRs(std::wstring_view(statement), connection, platform::ad::kCmdText, own, surroundings);
+      data::AbreFirehoseRs(std::wstring_view(statement), connection, platform::ad::kCmdText, open, surroundings);
   return !rows->Eof();
 }
 
 }  // namespace
 
-std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, const reports::ReportMethod& method,
-                                      const std::wstring& connection, platform::Surroundings& surroundings) {
+std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, std::uint64_t rows,
+                                      const reports::ReportMethod& method, const std::wstring& connection,
+                                      platform::Surroundings& surroundings) {
   std::vector<std::string> messages;
+  std::unique_ptr<platform::Connection> open;
   for (const guide::Parameter& parameter : guide::About(method).parameters) {
     const std::wstring name = values::FromUtf8(parameter.name);
     const auto code = std::ranges::find(kCodes, name, &CodeParameter::name);
-    if (code == kCodes.end()) continue;
+    if (code == kCodes.end() || (code->isProvedByRows && rows > 0)) continue;
     const std::wstring value = parameters.Get(name).As<std::wstring>();
-    // A quote or a backslash would end the text of the statement or change it.
-    if (value.empty() || value.find_first_of(L"'\\") != value.npos) continue;
     try {
-      if (!IsKnown(*code, value, connection, surroundings))
-        messages.push_back(
-            fmt::format("{} tem o código \"{}\", de --{}", code->nobody, ToUtf8(Key(*code, value)), parameter.name));
+      if (IsNoFilter(*code, value, method)) continue;
+      for (const std::wstring& key : Keys(*code, value)) {
+        if (IsKnown(*code, key, connection, open, surroundings)) continue;
+        messages.push_back(fmt::format("{} tem o código \"{}\", de --{}", code->nobody, ToUtf8(key), parameter.name));
+      }
     } catch (const Erro&) {
       return messages;
     }

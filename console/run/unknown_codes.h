@@ -1,6 +1,7 @@
-// Codes that were asked for and that the archive does not have: why a report has no rows.
+// Codes that were asked for and that the archive does not have: why rows are missing.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,9 +12,10 @@
 namespace kodra::console {
 
 // A message for each code among the parameters that no row of its table has, in the order of the parameter class. Asks
-// the database once for each code, so it is called only for a report without rows. What the database refuses to answer
-// is no message: raises nothing.
-std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, const reports::ReportMethod& method,
-                                      const std::wstring& connection, platform::Surroundings& surroundings);
+// the database once for each code, on one connection, after the report, which returned that many rows. What the
+// database refuses to answer is no message: raises nothing.
+std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, std::uint64_t rows,
+                                      const reports::ReportMethod& method, const std::wstring& connection,
+                                      platform::Surroundings& surroundings);
 
 }  // namespace kodra::console

@@ -103,6 +103,13 @@ TEST_P(ExecutaEmpty, WarnsOfEachUnknownCode) {
                     "kodrarpt: aviso: nenhum contêiner tem o código \"C8\", de --Container2\n"));
 }
 
+TEST_P(ExecutaEmpty, WarnsOfAnUnknownCodeBesideAKnownOne) {
+  EXPECT_EQ(RunReport("CContainerRpt.EtiquetaAberturaSubRpt",
+                      {"--Container1", "C1", "--Container2", "C9", "--formato", "csv"}),
+            Success("CONTAINER,NUM_CAIXA\r\nC1,AB001\r\n",
+                    "kodrarpt: aviso: nenhum contêiner tem o código \"C9\", de --Container2\n"));
+}
+
 // Databases differ in what a backslash means in a text.
 TEST_P(ExecutaEmpty, SaysNothingOfACodeThatItCannotAskFor) {
   EXPECT_EQ(
