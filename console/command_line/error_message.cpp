@@ -41,7 +41,9 @@ std::string ErrorMessage(const Erro& error, bool withDetails) {
   const std::string failed =
       isConnection ? "não foi possível conectar ao banco de dados" : report + " não pôde ser gerado";
   const std::string cause = guide::CauseIn(description);
-  std::string message = failed + ": " + WithoutFullStop(explanation ? explanation->whatHappened : cause) + ".";
+  std::string message = failed + (explanation ? ": " + WithoutFullStop(explanation->whatHappened) : "") + ".";
+  // Unknown words may come from the database, a driver or a sibling component, in any language.
+  if (!explanation) message += "\nMensagem recebida: " + cause;
   if (explanation && explanation->isAnswer) message += "\nResposta do banco ou do driver: " + cause;
   const std::string remedy = isConnection ? "Confira a string de conexão, e se o banco está no ar"
                                           : "Procure a mensagem no guia, ou mostre-a a quem cuida do banco de dados";

@@ -12,8 +12,9 @@ namespace kodra::console {
 //   Resposta do banco ou do driver: no such table: DEPTO (1)
 //   O que fazer: confira a conexão; "kodrarpt verifica" mostra tudo o que falta.
 //   Com --detalhes, sai também a mensagem do componente.
-// With details, the last line is the component's whole message instead, with its number and source. A ConnectionError
-// is told as such.
+// Where the guide does not know the error, the first line ends before the colon, and the second one is "Mensagem
+// recebida: …". With details, the last line is the component's whole message instead, with its number and source. A
+// ConnectionError is told as such.
 std::string ErrorMessage(const Erro& error, bool withDetails);
 
 }  // namespace kodra::console

@@ -23,7 +23,9 @@ Failure CurrentFailure(bool withDetails) {
   } catch (const std::bad_alloc&) {
     return {ExitCode::kReportError, "faltou memória; feche outros programas ou peça menos linhas"};
   } catch (const std::exception& error) {
-    return {ExitCode::kReportError, std::string("erro interno: ") + error.what()};
+    return {ExitCode::kReportError,
+            std::string("erro interno: anote o comando usado e avise quem mantém o programa.\nTexto original: ") +
+                error.what()};
   }
 }
 

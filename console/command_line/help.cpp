@@ -72,14 +72,11 @@ std::string InPortuguese(const CLI::ParseError& error) {
   if (kind == "RequiredError") return subject == "A" ? "falta o comando" : "falta " + subject;
   if (kind == "ArgumentMismatch") {
     const bool tooMany = std::string(error.what()).find("At Most") != std::string::npos;
-    return tooMany ? subject + " aparece mais de uma vez" : "falta o valor de " + subject;
+    return tooMany ? subject + " aparece mais de uma vez: deixe só uma" : "falta o valor de " + subject;
   }
-  if (kind == "ConversionError") return "o valor de " + subject + " não é um número inteiro";
-  if (kind == "ValidationError") return "o valor de " + subject + " não serve";
-  if (kind == "ExtrasError") return "argumento desconhecido";
-  if (kind == "ExcludesError") return subject + " não pode ser usado com outra das opções informadas";
-  if (kind == "RequiresError") return subject + " precisa de outra opção";
-  return "a linha de comando tem um erro";
+  if (kind == "ConversionError") return "o valor de " + subject + " não é um número inteiro, ou é grande demais";
+  // No option of this program has another condition.
+  return "a linha de comando tem um erro; \"kodrarpt COMANDO --help\" mostra como ela deve ser";
 }
 
 }  // namespace kodra::console

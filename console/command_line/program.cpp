@@ -25,7 +25,7 @@ void CheckExtras(const CLI::App& command) {
   const std::vector<std::string> extras = command.remaining();
   if (extras.empty()) return;
   const auto option = std::ranges::find_if(extras, IsOption);
-  if (option == extras.end()) throw UsageError("argumento a mais: \"" + extras.front() + "\"");
+  if (option == extras.end()) throw ExtraArgument(extras.front());
   const std::string name = option->substr(0, option->find('='));
   std::vector<std::string> known;
   for (const CLI::Option* candidate : command.get_options())
@@ -104,6 +104,7 @@ ExitCode Program::Parse(std::vector<std::string> arguments) {
     return ExitCode::kOk;
   } catch (const CLI::ParseError& error) {
     for (const CLI::App* command : app_->get_subcommands()) CheckExtras(*command);
+    CheckExtras(*app_);
     throw UsageError(InPortuguese(error));
   }
   return result_;

@@ -12,4 +12,9 @@ class UsageError : public std::runtime_error {
   explicit UsageError(const std::string& message) : std::runtime_error(message) {}
 };
 
+// About an argument that a command does not take.
+inline UsageError ExtraArgument(const std::string& argument) {
+  return UsageError("argumento a mais: \"" + argument + "\"; tire-o, ou ponha entre aspas um valor que tem espaços");
+}
+
 }  // namespace kodra::console

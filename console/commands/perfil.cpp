@@ -64,11 +64,10 @@ const Action& CheckedAction(const Options& options, const CLI::App& command) {
   const std::string folded = Folded(options.action);
   const auto action = std::ranges::find(kActions, folded, &Action::name);
   if (action == kActions.end())
-    throw UsageError(fmt::format("\"{}\" não é novo, lista, testa nem remove{}", options.action,
+    throw UsageError(fmt::format("a ação \"{}\" não existe{}; escolha entre novo, lista, testa, remove", options.action,
                                  DidYouMean(folded, {"novo", "lista", "testa", "remove"})));
   if (action->takesName && options.name.empty()) throw UsageError("falta o nome do perfil");
-  if (!action->takesName && !options.name.empty())
-    throw UsageError(fmt::format("argumento a mais: \"{}\"", options.name));
+  if (!action->takesName && !options.name.empty()) throw ExtraArgument(options.name);
   for (const CLI::Option* option : command.get_options()) {
     const bool isGiven = option->nonpositional() && option->count() > 0;
     if (isGiven && std::ranges::find(action->options, option->get_name()) == action->options.end())

@@ -92,7 +92,8 @@ class RoutineReader {
     Entries entries;
     for (const IniEntry& entry : section.entries) {
       if (entry.value.empty()) Add(section, entry.key + " não tem valor");
-      if (!entries.try_emplace(Folded(entry.key), entry).second) Add(section, entry.key + " aparece mais de uma vez");
+      if (!entries.try_emplace(Folded(entry.key), entry).second)
+        Add(section, entry.key + " aparece mais de uma vez: deixe só uma");
     }
     return entries;
   }

@@ -180,7 +180,7 @@ TEST(ReportParametersTest, RefuseAMisspeltNameAndSuggestTheRightOne) {
 TEST(ReportParametersTest, RefuseAMissingValueAndASecondOne) {
   EXPECT_EQ(Command("CModeloRpt", L"Owner").UsageMessage({"--CodModelo"}), "kodrarpt: falta o valor de --CodModelo\n");
   EXPECT_EQ(Command("CModeloRpt", L"Owner").UsageMessage({"--CodModelo", "a", "--CodModelo", "b"}),
-            "kodrarpt: --CodModelo aparece mais de uma vez\n");
+            "kodrarpt: --CodModelo aparece mais de uma vez: deixe só uma\n");
 }
 
 }  // namespace

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 #include <CLI/CLI.hpp>
 
+#include <regex>
 #include <set>
 
+#include "console/command_line/help.h"
 #include "console/command_line/usage_error.h"
 #include "tests/console/run.h"
 #include "values/erro.h"
@@ -40,8 +42,8 @@ TEST(ProgramTest, SaysWhatAReportsErrorMeansAndWhatToDo) {
                          L"Erro ao gerar dados para o relatório: Objeto não definido.");
             }),
             (RunResult{ExitCode::kReportError, "",
-                       "kodrarpt: o relatório CDeptoRpt.RelatorioDeptos não pôde ser gerado: o objeto de parâmetros é "
-                       "Nothing.\n"
+                       "kodrarpt: o relatório CDeptoRpt.RelatorioDeptos não pôde ser gerado: falta o objeto de "
+                       "parâmetros (é Nothing).\n"
                        "O que fazer: crie um objeto da classe …RptObj e passe-o ao método, mesmo que o relatório não "
                        "leia nada dele.\n"
                        "Com --detalhes, sai também a mensagem do componente.\n"}));
@@ -78,7 +80,9 @@ TEST(ProgramTest, SaysThatThereIsTooLittleMemory) {
 
 TEST(ProgramTest, ReportsAnUnexpectedException) {
   EXPECT_EQ(RunAction([]() -> ExitCode { throw std::runtime_error("oops"); }),
-            (RunResult{ExitCode::kReportError, "", "kodrarpt: erro interno: oops\n"}));
+            (RunResult{ExitCode::kReportError, "",
+                       "kodrarpt: erro interno: anote o comando usado e avise quem mantém o programa.\n"
+                       "Texto original: oops\n"}));
 }
 
 TEST(ProgramTest, ShowsNoControlCharactersOfAMessage) {
@@ -88,8 +92,9 @@ TEST(ProgramTest, ShowsNoControlCharactersOfAMessage) {
                          L"2J não há\r\nnem\tcoluna\x07\x7f\rfim\u2028");
             }),
             (RunResult{ExitCode::kReportError, "",
-                       "kodrarpt: o relatório não pôde ser gerado: tabela \uFFFD[31m\uFFFD"
-                       "2J não há\nnem\tcoluna\uFFFD\uFFFD\uFFFDfim\uFFFD.\n"
+                       "kodrarpt: o relatório não pôde ser gerado.\n"
+                       "Mensagem recebida: tabela \uFFFD[31m\uFFFD"
+                       "2J não há\nnem\tcoluna\uFFFD\uFFFD\uFFFDfim\uFFFD\n"
                        "O que fazer: procure a mensagem no guia, ou mostre-a a quem cuida do banco de dados.\n"
                        "Com --detalhes, sai também a mensagem do componente.\n"}));
 }
@@ -102,28 +107,64 @@ TEST(ProgramTest, SuggestsTheCommandForAMisspeltOne) {
 TEST(ProgramTest, RefusesOptionsAndArgumentsThatACommandDoesNotHave) {
   EXPECT_EQ(RunProgram({"lista", "--hlep"}),
             UsageFailure("\"lista\" não tem a opção \"--hlep\" (quis dizer \"--help\"?)"));
-  EXPECT_EQ(RunProgram({"lista", "tudo"}), UsageFailure("argumento a mais: \"tudo\""));
+  EXPECT_EQ(RunProgram({"lista", "tudo"}),
+            UsageFailure("argumento a mais: \"tudo\"; tire-o, ou ponha entre aspas um valor que tem espaços"));
 }
 
-TEST(ProgramTest, RefusesAWrongNumberAndOptionsThatDoNotGoTogether) {
-  const auto refusal = [](std::vector<std::string> arguments) {
-    std::ostringstream out;
-    std::ostringstream err;
-    Program program(out, err);
-    CLI::App& command = program.Add({"prova", "Faz a prova", "Exemplo: prova"}, [] { return ExitCode::kOk; });
-    int number = 0;
-    command.add_option("--numero", number);
-    CLI::Option* const wide = command.add_flag("--largo");
-    command.add_flag("--estreito")->excludes(wide);
-    command.add_flag("--dobrado")->needs(wide);
-    arguments.insert(arguments.begin(), "prova");
-    const ExitCode code = program.Run(arguments);
-    return RunResult{code, out.str(), err.str()};
-  };
-  EXPECT_EQ(refusal({"--numero", "sete"}), UsageFailure("o valor de --numero não é um número inteiro"));
-  EXPECT_EQ(refusal({"--estreito", "--largo"}),
-            UsageFailure("--largo não pode ser usado com outra das opções informadas"));
-  EXPECT_EQ(refusal({"--dobrado"}), UsageFailure("--dobrado precisa de outra opção"));
+TEST(ProgramTest, RefusesAnOptionBeforeTheCommand) {
+  EXPECT_EQ(RunProgram({"--conexao", "DSN=A", "lista"}), UsageFailure("\"kodrarpt\" não tem a opção \"--conexao\""));
+}
+
+// Words of the library that reads the command line.
+void ExpectPortuguese(const std::string& text, const std::string& origin) {
+  static const std::regex english(
+      R"(\b(REQUIRED|TEXT|INT|UINT|FLOAT|BOOLEAN|Needs|Excludes|OPTIONS|SUBCOMMAND|Env|Could|required|Usage|Options|)"
+      R"(Positionals|argument|expected|following)\b)");
+  std::smatch word;
+  EXPECT_FALSE(std::regex_search(text, word, english)) << word.str() << " in " << origin << text;
+}
+
+TEST(ProgramTest, WritesNoEnglishInTheHelpOfAnyCommand) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Program program(out, err);
+  AddCommands(program);
+  ExpectPortuguese(RunProgram({"--help"}).out, "--help: ");
+  for (const CLI::App* command : program.Commands()) {
+    const RunResult help = RunProgram({command->get_name(), "--help"});
+    EXPECT_EQ(help.code, ExitCode::kOk);
+    EXPECT_NE(help.out.find("Uso: kodrarpt " + command->get_name()), std::string::npos) << help.out;
+    ExpectPortuguese(help.out, command->get_name() + ": ");
+  }
+}
+
+// Each option of each command without its value, twice, and with a number that is too large.
+TEST(ProgramTest, SaysInPortugueseWhatIsWrongWithAnyOption) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Program program(out, err);
+  AddCommands(program);
+  int numbers = 0;
+  for (const CLI::App* command : program.Commands()) {
+    const std::string start = command->get_name();
+    for (const CLI::Option* option : command->get_options()) {
+      const std::string name = option->get_name();
+      const bool takesValue = option->get_items_expected_min() > 0;
+      if (!option->nonpositional() || !takesValue || option->get_group() == kParameterGroup) continue;
+      EXPECT_EQ(RunProgram({start, name}), UsageFailure("falta o valor de " + name)) << start;
+      if (option->get_items_expected_max() == 1) {
+        EXPECT_EQ(RunProgram({start, name, "1", name, "1"}),
+                  UsageFailure(name + " aparece mais de uma vez: deixe só uma"))
+            << start;
+      }
+      if (name == "--conexao") continue;  // the command would run
+      const RunResult wrong = RunProgram({start, name, "99999999999999999999999"});
+      EXPECT_NE(wrong.code, ExitCode::kOk) << start << " " << name;
+      if (wrong == UsageFailure("o valor de " + name + " não é um número inteiro, ou é grande demais")) ++numbers;
+      ExpectPortuguese(wrong.err, start + " " + name + ": ");
+    }
+  }
+  EXPECT_GE(numbers, 10);
 }
 
 TEST(ProgramTest, ShowsItsHelpAndFailsWithoutACommand) {

@@ -162,7 +162,8 @@ TEST_P(Executa, ReportsAnUnwritableFileBeforeItConnects) {
   const std::string target = (folder_ / "não" / "há.csv").string();
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=NaoExiste", "--saida", target}),
             (RunResult{ExitCode::kOutput, "",
-                       "kodrarpt: não foi possível gravar \"" + target + "\": a pasta não existe.\n"}));
+                       "kodrarpt: não foi possível gravar \"" + target +
+                           "\": a pasta não existe; crie-a, ou confira o caminho.\n"}));
 }
 
 TEST(ExecutaUsage, RefusesWrongValuesAndSuggestsTheNearestName) {
@@ -248,8 +249,9 @@ class ExecutaPassword : public testing::Test {
 };
 
 TEST_F(ExecutaPassword, IsHiddenWhereArgumentsAreQuoted) {
-  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
-            UsageFailure("argumento a mais: \"Driver={X};PWD=***\""));
+  EXPECT_EQ(
+      RunFailing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
+      UsageFailure("argumento a mais: \"Driver={X};PWD=***\"; tire-o, ou ponha entre aspas um valor que tem espaços"));
   for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
            {"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"},
            {"Driver={X};PWD=segredo;UID=a"},
@@ -298,7 +300,7 @@ TEST_F(ExecutaPassword, ComesFromTheEnvironment) {
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", ToUtf8(full), "--senha-de", "SENHA_DO_ACERVO"}),
             UsageFailure("a string de conexão já tem uma senha: remova-a ou não use --senha-de"));
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", without, "--senha-de", "NAO_HA"}),
-            UsageFailure("a variável de ambiente \"NAO_HA\", de --senha-de, não existe"));
+            UsageFailure("a variável de ambiente \"NAO_HA\", que deve conter a senha, não existe: defina-a antes"));
 }
 
 }  // namespace

@@ -81,11 +81,13 @@ TEST(PerfilTest, RefusesAPasswordInAConnectionString) {
 
 TEST(PerfilTest, RefusesWhatAnActionDoesNotTake) {
   const UserSettings user;
-  EXPECT_EQ(RunProgram({"perfil", "nova"}),
-            UsageFailure("\"nova\" não é novo, lista, testa nem remove (quis dizer \"novo\"?)"));
+  EXPECT_EQ(
+      RunProgram({"perfil", "nova"}),
+      UsageFailure("a ação \"nova\" não existe (quis dizer \"novo\"?); escolha entre novo, lista, testa, remove"));
   EXPECT_EQ(RunProgram({"perfil", "novo"}), UsageFailure("falta o nome do perfil"));
   EXPECT_EQ(RunProgram({"perfil", "novo", "a"}), UsageFailure("falta --conexao"));
-  EXPECT_EQ(RunProgram({"perfil", "lista", "a"}), UsageFailure("argumento a mais: \"a\""));
+  EXPECT_EQ(RunProgram({"perfil", "lista", "a"}),
+            UsageFailure("argumento a mais: \"a\"; tire-o, ou ponha entre aspas um valor que tem espaços"));
   EXPECT_EQ(RunProgram({"perfil", "remove", "a", "--conexao", "DSN=A"}),
             UsageFailure("--conexao não vale com perfil remove"));
   EXPECT_EQ(RunProgram({"perfil", "remove", "a", "--detalhes"}), UsageFailure("--detalhes não vale com perfil remove"));

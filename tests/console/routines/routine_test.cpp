@@ -155,13 +155,14 @@ TEST_F(RoutineTest, RefusesWhatAnOutputCannotHave) {
   };
   constexpr const char* kDocuments = "relatorio = RelatorioSintetico\narquivo = a.csv\n";
   for (const Case& wrong : std::vector<Case>{
-           {"relatorio = CDeptoRpt\narquivo = a.csv\nARQUIVO = b.csv\n", "[x] arquivo aparece mais de uma vez"},
+           {"relatorio = CDeptoRpt\narquivo = a.csv\nARQUIVO = b.csv\n",
+            "[x] arquivo aparece mais de uma vez: deixe só uma"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\nsaida = b.csv\n", "[x] saida não existe aqui"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\nprogresso = nunca\n", "[x] progresso não existe aqui"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\nhelp = sim\n", "[x] help não existe aqui"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\nconexao = DSN=A\n", "[x] conexao não existe aqui"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\nlimite = muitas\n",
-            "[x] o valor de --limite não é um número inteiro"},
+            "[x] o valor de --limite não é um número inteiro, ou é grande demais"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\ntitulos = sim\n", "[x] --titulos só vale com o formato xlsx"},
            {"relatorio = CDeptoRpt\narquivo = a.csv\nperiodo = ontem\n",
             "[x] CDeptoRpt.RelatorioDeptos não tem período"},
