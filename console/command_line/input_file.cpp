@@ -27,12 +27,17 @@ std::string LastReason() {
   return ToUtf8(SystemReason({errno, std::generic_category()}));
 }
 
+std::string SizeText(std::size_t bytes) {
+  constexpr std::size_t kMegabyte = 1000000;
+  return bytes < kMegabyte ? fmt::format("{} bytes", bytes) : fmt::format("{} MB", bytes / kMegabyte);
+}
+
 std::string Read(std::istream& input, const std::string& what, std::size_t most) {
   std::string bytes(most + 1, '\0');
   input.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (input.bad()) throw CannotRead(what, LastReason());
   bytes.resize(static_cast<std::size_t>(input.gcount()));
-  if (bytes.size() > most) throw CannotRead(what, fmt::format("tem mais de {} bytes", most));
+  if (bytes.size() > most) throw CannotRead(what, "passa do máximo, que é de " + SizeText(most));
   return bytes;
 }
 
@@ -44,7 +49,7 @@ std::string ReadInputFile(const std::wstring& path, std::size_t most) {
   const std::string what = "\"" + utf8 + "\"";
   std::error_code error;
   if (!fs::exists(name, error) && !error) throw CannotRead(what, "o arquivo não existe");
-  if (fs::is_directory(name, error)) throw CannotRead(what, "é uma pasta");
+  if (fs::is_directory(name, error)) throw CannotRead(what, "é uma pasta; informe um arquivo");
   errno = 0;
   std::ifstream file(name, std::ios::binary);
   if (!file) throw CannotRead(what, LastReason());

@@ -111,7 +111,8 @@ std::vector<std::wstring> GivenCodes(const Options& options) {
   if (!options.list.empty()) std::ranges::move(CodesInList(options.list), std::back_inserter(codes));
   for (const std::wstring& code : codes) {
     // The reports put codes into their statements between apostrophes.
-    if (code.find(L'\'') != code.npos) throw UsageError("o código \"" + ToUtf8(code) + "\" tem um apóstrofo");
+    if (code.find(L'\'') != code.npos)
+      throw UsageError("o código \"" + ToUtf8(code) + "\" tem um apóstrofo, que os relatórios não aceitam: tire-o");
   }
   return codes;
 }
@@ -215,8 +216,9 @@ class Run {
 
   ExitCode Conclude() const {
     if (!missingInRange_.empty()) Warn(fmt::format("no intervalo, sem etiqueta: {}", fmt::join(missingInRange_, ", ")));
-    if (!missing_.empty()) program_.Say(fmt::format("sem etiqueta: {}", fmt::join(missing_, ", ")));
-    if (!hasLabels_) program_.Say("nenhuma etiqueta para imprimir");
+    if (!missing_.empty()) program_.Say(fmt::format("sem etiqueta: {}; confira os códigos", fmt::join(missing_, ", ")));
+    if (!hasLabels_)
+      program_.Say(std::string("nenhuma etiqueta para imprimir") + (range_ ? ": confira o intervalo" : ""));
     return missing_.empty() && hasLabels_ ? ExitCode::kOk : ExitCode::kReportError;
   }
 

@@ -16,7 +16,7 @@ constexpr const char* kFooter =
     "Com --json sai uma lista em uma linha, com um objeto por relatório: nome e finalidade.\n"
     "\n"
     "Exemplo:\n"
-    "  kodrarpt lista | grep -i etiqueta     os relatórios de etiquetas";
+    "  kodrarpt lista | grep -i etiqueta     os relatórios de etiquetas (no Windows, findstr /i)";
 
 ExitCode Lista(std::ostream& out, bool asJson) {
   if (asJson) {

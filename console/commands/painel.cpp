@@ -4,9 +4,11 @@
 
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
+#include "console/formats/cell_text.h"
 #include "console/panel/serve.h"
 #include "console/run/connection_options.h"
 #include "console/run/time_limit.h"
+#include "values/utf8.h"
 
 namespace kodra::console {
 namespace {
@@ -33,9 +35,9 @@ ExitCode Painel(const Program& program, const Options& options) {
   if (options.port < 0 || options.port > kHighestPort)
     throw UsageError("--porta vai de 1 a " + std::to_string(kHighestPort));
   if (options.idleMinutes < 1 || options.idleMinutes > kDay)
-    throw UsageError("--ocioso vai de 1 a " + std::to_string(kDay) + " minutos");
+    throw UsageError("--ocioso vai de 1 a " + values::ToUtf8(CountText(kDay)) + " minutos, um dia");
   const std::wstring connection = options.connection.Text();
-  if (connection.empty()) throw UsageError("a string de conexão está vazia");
+  if (connection.empty()) throw UsageError("a string de conexão está vazia: informe-a em --conexao");
   return panel::Serve(program,
                       {.panel = {.connection = connection, .port = options.port, .limit = options.timeLimit.Get()},
                        .opensBrowser = !options.hasNoBrowser,

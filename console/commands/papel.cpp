@@ -61,7 +61,8 @@ std::wstring SubjectOf(const Paper& paper, const ReportParameters& parameters) {
 bool IsPdf(const std::string& format) {
   const std::string folded = Folded(format);
   if (folded != "pdf" && folded != "html")
-    throw UsageError("um papel sai em pdf ou html" + DidYouMean(folded, {"pdf", "html"}));
+    throw UsageError(fmt::format("um papel não sai no formato \"{}\"{}; escolha entre pdf, html", format,
+                                 DidYouMean(folded, {"pdf", "html"})));
   return folded == "pdf";
 }
 

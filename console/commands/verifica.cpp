@@ -32,7 +32,7 @@ struct Options {
 
 ExitCode Verifica(std::ostream& out, const Options& options) {
   const std::wstring connection = options.connection.Text();
-  if (connection.empty()) throw UsageError("a string de conexão está vazia");
+  if (connection.empty()) throw UsageError("a string de conexão está vazia: informe-a em --conexao");
   const Findings findings = CheckDatabase(connection, *NewMachine());
   if (options.asJson) {
     std::ostringstream json;

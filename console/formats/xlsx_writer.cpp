@@ -163,7 +163,8 @@ class XlsxWriter final : public RowWriter {
   // The library ignores an error of its temporary files and would leave rows out.
   void RequireRowsKept() const {
     if (std::ferror(sheet_->optimize_tmpfile) == 0) return;
-    throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
+    throw OutputError(
+        L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio; libere espaço ou use outro.");
   }
 
   // At the end the library copies the rows to a second temporary file, with a head and a foot, and writes small parts
@@ -174,7 +175,8 @@ class XlsxWriter final : public RowWriter {
     constexpr std::uintmax_t kOtherParts = 64 << 10;
     const long size = std::ftell(sheet_->optimize_tmpfile);
     if (error || size < 0 || disk.available >= static_cast<std::uintmax_t>(size) + kOtherParts) return;
-    throw OutputError(L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio.");
+    throw OutputError(
+        L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio; libere espaço ou use outro.");
   }
 
   lxw_format* NewFormat(const char* pattern) {

@@ -50,7 +50,7 @@ std::optional<Answer> Access::Refusal(const Request& request) {
   if (!changes) return std::nullopt;
   // Every browser names the origin of such a request.
   if (request.origin.empty()) return Refused(403, "O painel não responde a outras páginas.");
-  if (request.contentType != "application/json") return Refused(415, "O pedido não está em JSON.");
+  if (request.contentType != "application/json") return Refused(415, "O pedido não está em JSON; recarregue a página.");
   return std::nullopt;
 }
 

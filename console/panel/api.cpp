@@ -33,13 +33,14 @@ constexpr const char* kJson = "application/json";
 // A text of the request. Raises UsageError if it is missing.
 std::string TextOf(const Json& json, const char* name) {
   const auto found = json.find(name);
-  if (found == json.end() || !found->is_string()) throw UsageError(std::string("falta ") + name + " no pedido");
+  if (found == json.end() || !found->is_string())
+    throw UsageError(std::string("o pedido não diz \"") + name + "\"; recarregue a página");
   return found->get<std::string>();
 }
 
 Json BodyOf(const Request& request) {
   Json json = Json::parse(request.body, nullptr, false);
-  if (!json.is_object()) throw UsageError("o pedido não é um objeto JSON");
+  if (!json.is_object()) throw UsageError("o pedido não é um objeto JSON; recarregue a página");
   return json;
 }
 

@@ -28,7 +28,7 @@ std::shared_ptr<Run> Runs::Enter(const std::string& name) {
   const std::lock_guard lock(mutex_);
   if (runs_.size() >= kMostRuns) throw TooManyRuns();
   const auto [place, isNew] = runs_.emplace(name, std::make_shared<Run>());
-  if (!isNew) throw UsageError("já há uma execução com este nome");
+  if (!isNew) throw UsageError("já há uma execução com este nome; recarregue a página");
   if (isClosed_) place->second->end_ = Run::End::kCancelled;
   return place->second;
 }

@@ -211,7 +211,7 @@ void Fill(httplib::Response& to, const Answer& answer) {
 const char* WordsOf(int status) {
   if (status == 408) return "O pedido demorou demais para chegar.\n";
   if (status == 413) return "O pedido é grande demais.\n";
-  if (status == 414) return "O endereço é comprido demais.\n";
+  if (status == 414) return "O endereço é longo demais.\n";
   if (status == 500) return "Erro interno.\n";
   return "O pedido não é válido.\n";
 }
@@ -293,7 +293,7 @@ class Server::Implementation final : public httplib::Server {
   }
 
   std::optional<Answer> RefusalOf(const httplib::Request& request) const {
-    if (request.path.size() > 200) return Refused(414, "O endereço é comprido demais.");
+    if (request.path.size() > 200) return Refused(414, "O endereço é longo demais.");
     if (request.method == "POST") {
       // The library would read a body without a length until the connection ends.
       if (request.has_header("Transfer-Encoding") || !request.has_header("Content-Length"))

@@ -20,7 +20,8 @@ constexpr std::size_t kMainModuleLength = 5;
 // The module's place and dates, as the report on one module has them.
 PageHead HeadOf(const std::wstring& title, const Source& source) {
   const ReportTable header = source.read(L"CCaixaRpt", L"DocsNoModulo");
-  if (header.rows.empty()) throw UsageError("o módulo \"" + values::ToUtf8(source.subject) + "\" não foi encontrado");
+  if (header.rows.empty())
+    throw UsageError("nenhum módulo tem o código \"" + values::ToUtf8(source.subject) + "\"; confira --Modulo1");
   PageHead head = {.title = title};
   for (const guide::Column& column : guide::Find(L"CCaixaRpt", L"DocsNoModulo")->columns) {
     if (column.name == "NUM_CAIXA") continue;  // in the title

@@ -25,7 +25,7 @@ namespace {
 
 constexpr const char* kNoTerminal =
     "a senha deve ser perguntada, e não há terminal: use --senha-de, ou um perfil com senha-de ou senha-comando";
-constexpr const char* kNoPassword = "nenhuma senha foi digitada";
+constexpr const char* kNoPassword = "nenhuma senha foi digitada: execute o comando de novo e digite-a";
 
 }  // namespace
 

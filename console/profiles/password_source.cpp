@@ -29,16 +29,23 @@ int End(std::FILE* output) { return pclose(output); }
 std::wstring PasswordOfCommand(const std::string& command) {
   std::fflush(nullptr);
   std::FILE* const output = Start(command);
-  if (output == nullptr) throw UsageError("não foi possível executar o comando de senha-comando");
+  if (output == nullptr)
+    throw UsageError("não foi possível executar o comando de senha-comando: feche outros programas e tente de novo");
   // All of it is read, so that the command does not fail for want of a reader.
   std::string text;
   for (int byte = std::fgetc(output); byte != EOF; byte = std::fgetc(output))
     if (text.size() <= kLongest) text += static_cast<char>(byte);
-  if (End(output) != 0) throw UsageError("o comando de senha-comando terminou com erro, e não há senha");
+  if (End(output) != 0)
+    throw UsageError(
+        "o comando de senha-comando terminou com erro, e não há senha: execute-o no terminal para ver por quê");
   const std::string line = text.substr(0, text.find_first_of("\r\n"));
-  if (line.empty()) throw UsageError("o comando de senha-comando não escreveu nenhuma senha");
+  if (line.empty())
+    throw UsageError(
+        "o comando de senha-comando não escreveu nenhuma senha, que deve ser a primeira linha da sua saída");
   if (line.size() > kLongest)
-    throw UsageError("o comando de senha-comando escreveu uma linha longa demais para ser senha");
+    throw UsageError(
+        "a primeira linha que o comando de senha-comando escreveu passa de 1.024 bytes, e é longa demais para ser a "
+        "senha");
   return FromUtf8(line);
 }
 
@@ -49,7 +56,8 @@ std::wstring PasswordFrom(const PasswordSource& source, const std::string& whose
   if (!source.command.empty()) return PasswordOfCommand(source.command);
   const std::optional<std::string> value = EnvironmentVariable(source.variable);
   if (!value)
-    throw UsageError(fmt::format("a variável de ambiente \"{}\", de --senha-de, não existe", source.variable));
+    throw UsageError(fmt::format("a variável de ambiente \"{}\", que deve conter a senha, não existe: defina-a antes",
+                                 source.variable));
   return FromUtf8(*value);
 }
 

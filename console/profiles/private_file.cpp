@@ -33,7 +33,9 @@ void RequireOwn(const fs::path& path, const wchar_t* permissions) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return;
   if (status.st_uid != geteuid() && status.st_uid != 0)
-    throw OutputError(Shown(path) + L" pertence a outro usuário, e por isso não é usado.");
+    throw OutputError(
+        Shown(path) +
+        L" pertence a outro usuário, e por isso não é usado: peça a quem administra a máquina que o passe para você.");
   if ((status.st_mode & (S_IWGRP | S_IWOTH)) != 0)
     throw OutputError(L"outros usuários podem alterar " + Shown(path) +
                       L", e por isso não é usado: confira o que há nele e rode chmod " + permissions + L" " +

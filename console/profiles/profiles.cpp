@@ -36,8 +36,10 @@ void CheckName(const std::string& name) {
     const auto byte = static_cast<unsigned char>(letter);
     return byte >= 0x80 || std::isalnum(byte) != 0 || letter == '-' || letter == '_' || letter == '.';
   });
-  if (!isPlain || name.empty() || name.front() == '.' || name.size() > kLongestName)
-    throw UsageError("o nome de um perfil tem só letras, algarismos, -, _ e ., e não começa com ponto");
+  if (!isPlain || name.empty() || name.front() == '.' || FromUtf8(name).size() > kLongestName)
+    throw UsageError(
+        "o nome de um perfil tem até 60 caracteres, só letras, algarismos, hífen, sublinhado e ponto, e não começa com "
+        "ponto");
 }
 
 bool HasControls(const std::string& text) { return std::ranges::any_of(FromUtf8(text), IsControl); }
@@ -79,7 +81,10 @@ Profile ProfileOf(const IniSection& section) {
 
 fs::path ProfilesPath() {
   const auto folder = EnvironmentVariable("APPDATA");
-  if (!folder || folder->empty()) throw UsageError("a variável de ambiente APPDATA, a pasta dos perfis, não existe");
+  if (!folder || folder->empty())
+    throw UsageError(
+        "a variável de ambiente APPDATA, que diz onde ficam os perfis, não existe: saia do Windows e entre de novo, e "
+        "ele a define");
   return PathOf(*folder) / "kodrarpt" / "perfis.ini";
 }
 
@@ -89,7 +94,9 @@ fs::path ProfilesPath() {
   const auto settings = EnvironmentVariable("XDG_CONFIG_HOME");
   if (settings && settings->starts_with('/')) return PathOf(*settings) / "kodrarpt" / "perfis.ini";
   const auto home = EnvironmentVariable("HOME");
-  if (!home || home->empty()) throw UsageError("a variável de ambiente HOME, que diz onde ficam os perfis, não existe");
+  if (!home || home->empty())
+    throw UsageError(
+        "a variável de ambiente HOME, que diz onde ficam os perfis, não existe: defina-a com a sua pasta pessoal");
   return PathOf(*home) / ".config" / "kodrarpt" / "perfis.ini";
 }
 

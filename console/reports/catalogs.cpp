@@ -4,7 +4,7 @@
 namespace kodra::console::guide {
 namespace {
 
-constexpr std::string_view kYesNo = "S ou 1 sim, N ou 0 não";
+constexpr std::string_view kYesNo = "S ou 1 quer dizer sim; N ou 0, não";
 
 }  // namespace
 

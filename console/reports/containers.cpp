@@ -35,7 +35,7 @@ std::vector<Report> Containers() {
              "A container with one dated module is of kind \"T\","},
             {"O nome da organização é o da última linha de parâmetros que o banco devolver",
              "A container's label may name any company."},
-            {"Um container pedido duas vezes sai em duas etiquetas", "A container named twice has two labels."},
+            {"Um contêiner pedido duas vezes sai em duas etiquetas", "A container named twice has two labels."},
             kPastedFilters},
        .rows = RowsKind::kInMemory,
        .page = {kContainerLabels}},

@@ -17,7 +17,7 @@ constexpr Oddity kConnection = {"Com a propriedade Conexao, vêm só os módulos
                                 "A client's connection returns other rows than a connection string."};
 constexpr Oddity kRepeated = {"As condições dos filtros se repetem em uma metade da instrução e faltam na outra",
                               "Filters repeat."};
-constexpr Oddity kDepartmentText = {"O departamento 0 não filtra, e 007 entra no SQL como 007",
+constexpr Oddity kDepartmentText = {"Com 0 em CodDepto, nada é filtrado; 007 vai ao SQL com os zeros",
                                     "A department of 0 is no department, and 007 stays 007"};
 
 }  // namespace

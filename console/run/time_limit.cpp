@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include "console/command_line/usage_error.h"
+#include "console/formats/cell_text.h"
+#include "values/utf8.h"
 
 namespace kodra::console {
 namespace {
@@ -25,7 +27,7 @@ void TimeLimit::AddTo(CLI::App& command) {
 
 std::chrono::seconds TimeLimit::Get() const {
   if (isGiven_ && (seconds_ < 1 || seconds_ > kDay))
-    throw UsageError("--tempo-limite vai de 1 a " + std::to_string(kDay) + " segundos");
+    throw UsageError("--tempo-limite vai de 1 a " + values::ToUtf8(CountText(kDay)) + " segundos, um dia");
   return std::chrono::seconds(seconds_);
 }
 

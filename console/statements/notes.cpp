@@ -16,7 +16,8 @@ struct ComponentNote {
 
 constexpr auto kComponentNotes = std::to_array<ComponentNote>({
     {L"KodraParamSist.Obtedor",
-     "entre < e > está o nome do parâmetro do sistema: o relatório põe ali o valor da instalação, em maiúsculas no "
+     "o nome entre os sinais < e > é o de um parâmetro do sistema: o relatório põe ali o valor da instalação, em "
+     "maiúsculas no "
      "título"},
     {L"KodraBsnV3.ModulosBsn",
      "a expressão com NUM_SEQ vem do componente KodraBsnV3.ModulosBsn; o da instalação pode devolver outra"},
@@ -27,7 +28,7 @@ constexpr auto kComponentNotes = std::to_array<ComponentNote>({
 });
 
 std::string MarkerNote(const std::wstring& value) {
-  return "o parâmetro ? recebe o texto '" + values::ToUtf8(value) + "'";
+  return "no lugar de ? vai o texto '" + values::ToUtf8(value) + "'";
 }
 
 }  // namespace

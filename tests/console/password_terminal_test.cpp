@@ -138,7 +138,8 @@ TEST(PasswordQuestion, TakesTheEndOfTheInputForNoPassword) {
   terminal.WaitFor(kQuestion);
   terminal.Type("\x04");
   EXPECT_EQ(testbed::WaitFor(process), 2);
-  EXPECT_EQ(terminal.Shown(), std::string(kQuestion) + "\r\nkodrarpt: nenhuma senha foi digitada\r\n");
+  EXPECT_EQ(terminal.Shown(), std::string(kQuestion) +
+                                  "\r\nkodrarpt: nenhuma senha foi digitada: execute o comando de novo e digite-a\r\n");
 }
 
 TEST(PasswordQuestion, IsRefusedWithoutATerminal) {

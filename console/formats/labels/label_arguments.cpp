@@ -46,8 +46,10 @@ Point ShiftOf(const std::string& text) {
   if (text.empty()) return {};
   const std::optional<Point> shift = ParseShift(text);
   if (!shift) {
-    throw UsageError(fmt::format(
-        "--ajuste tem a forma X,Y em milímetros, como 1,-2 ou 0.5,1 ou 0,5;1, e não pode ser \"{}\"", text));
+    throw UsageError(
+        fmt::format("--ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas "
+                    "decimais, 0,5;1, e não pode ser \"{}\"",
+                    text));
   }
   if (std::max(std::abs(shift->x), std::abs(shift->y)) > kFarthestShift)
     throw UsageError(fmt::format("--ajuste vai até {} mm em cada direção", MillimetresText(kFarthestShift)));

@@ -27,8 +27,9 @@ TEST(InputFile, IsRefusedWithItsNameAndTheReason) {
             "não foi possível ler \"" + path.string() + "\": o arquivo não existe");
   std::ofstream(path) << "1234567";
   EXPECT_EQ(RefusalOf([&] { ReadInputFile(values::FromUtf8(path.string()), 6); }),
-            "não foi possível ler \"" + path.string() + "\": tem mais de 6 bytes");
-  EXPECT_EQ(RefusalOf([&] { ReadInputFile(L"/tmp", 6); }), "não foi possível ler \"/tmp\": é uma pasta");
+            "não foi possível ler \"" + path.string() + "\": passa do máximo, que é de 6 bytes");
+  EXPECT_EQ(RefusalOf([&] { ReadInputFile(L"/tmp", 6); }),
+            "não foi possível ler \"/tmp\": é uma pasta; informe um arquivo");
 }
 
 TEST(StandardInput, IsReadWholeOrRefused) {
@@ -37,7 +38,8 @@ TEST(StandardInput, IsReadWholeOrRefused) {
     EXPECT_EQ(ReadStandardInput(6), "123456");
   }
   const TypedInput typed("1234567");
-  EXPECT_EQ(RefusalOf([] { ReadStandardInput(6); }), "não foi possível ler a entrada padrão: tem mais de 6 bytes");
+  EXPECT_EQ(RefusalOf([] { ReadStandardInput(6); }),
+            "não foi possível ler a entrada padrão: passa do máximo, que é de 6 bytes");
 }
 
 }  // namespace

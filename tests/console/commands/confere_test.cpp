@@ -221,7 +221,8 @@ TEST(ConfereUsage, RefusesAListThatItCannotReadBeforeItConnects) {
                          "\" não é uma lista de códigos: a linha 2 não é texto; grave a lista como texto, "
                          "em UTF-8, com um código por linha"));
   std::filesystem::resize_file(list, 8'000'001);
-  EXPECT_EQ(RunProgram(arguments), UsageFailure("não foi possível ler \"" + list + "\": tem mais de 8000000 bytes"));
+  EXPECT_EQ(RunProgram(arguments),
+            UsageFailure("não foi possível ler \"" + list + "\": passa do máximo, que é de 8 MB"));
   const TypedInput typed("\r\n \r\n");
   EXPECT_EQ(RunProgram({"confere", "--conexao", "DSN=D", "--modulo", "AB001", "--lista", "-"}),
             UsageFailure("a entrada padrão não tem nenhum código"));

@@ -165,13 +165,14 @@ TEST(Etiquetas, AddsThePlaceOfAModuleAlsoToItsSubordinates) {
 TEST(Etiquetas, NamesTheCodesWithoutALabelAfterThePrintedOnes) {
   const RunResult result = RunOnRoll({"subordinadas", "AA002", "AA001", "XX999"});
   EXPECT_EQ(result.code, ExitCode::kReportError);
-  EXPECT_EQ(result.err, "kodrarpt: sem etiqueta: AA002, XX999\n");
+  EXPECT_EQ(result.err, "kodrarpt: sem etiqueta: AA002, XX999; confira os códigos\n");
   EXPECT_EQ(NumbersOf(result), (Texts{"AA00101", "AA00102"}));
-  EXPECT_EQ(RunOnRoll({"fechamento", "AA00101", "AA001"}).err, "kodrarpt: sem etiqueta: AA00101\n");
+  EXPECT_EQ(RunOnRoll({"fechamento", "AA00101", "AA001"}).err, "kodrarpt: sem etiqueta: AA00101; confira os códigos\n");
 }
 
 TEST(Etiquetas, ShowsNoControlCharactersOfACode) {
-  EXPECT_EQ(RunOnRoll({"abertura", "AA001", "XX\x1b[2J"}).err, "kodrarpt: sem etiqueta: XX\uFFFD[2J\n");
+  EXPECT_EQ(RunOnRoll({"abertura", "AA001", "XX\x1b[2J"}).err,
+            "kodrarpt: sem etiqueta: XX\uFFFD[2J; confira os códigos\n");
 }
 
 TEST(Etiquetas, WarnsOfModulesInARangeThatHaveNoLabel) {
@@ -186,9 +187,9 @@ TEST(Etiquetas, WritesNoFileWithoutALabel) {
   const std::string file = (folder.Path() / "e.pdf").string();
   EXPECT_EQ(RunLabels(Archive(), {"conteiner", "CT2", "--saida", file}),
             (RunResult{ExitCode::kReportError, "",
-                       "kodrarpt: sem etiqueta: CT2\nkodrarpt: nenhuma etiqueta para imprimir\n"}));
+                       "kodrarpt: sem etiqueta: CT2; confira os códigos\nkodrarpt: nenhuma etiqueta para imprimir\n"}));
   EXPECT_EQ(RunLabels(Archive(), {"abertura", "--de", "ZZ001", "--saida", file}),
-            (RunResult{ExitCode::kReportError, "", "kodrarpt: nenhuma etiqueta para imprimir\n"}));
+            (RunResult{ExitCode::kReportError, "", "kodrarpt: nenhuma etiqueta para imprimir: confira o intervalo\n"}));
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
@@ -319,11 +320,12 @@ TEST(Etiquetas, RefusesAWrongCommandLineAndLeavesNoFile) {
            {{"abertura", "AA001", "--folha", "20x20mm"},
             "uma etiqueta de 20 x 20 mm é pequena demais: precisa de ao menos 23 mm de largura"},
            {{"abertura", "AA001", "--ajuste", "1"},
-            "--ajuste tem a forma X,Y em milímetros, como 1,-2 ou 0.5,1 ou 0,5;1, e não pode ser \"1\""},
+            "--ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas decimais, 0,5;1, "
+            "e não pode ser \"1\""},
            {{"abertura", "AA001", "--ajuste", "0,21"}, "--ajuste vai até 20 mm em cada direção"},
            {{"abertura", "--lista", "/não/há"}, "não foi possível ler \"/não/há\": o arquivo não existe"},
            {{"abertura", "--lista", empty}, "a lista \"" + empty + "\" não tem nenhum código"},
-           {{"abertura", "A'1"}, "o código \"A'1\" tem um apóstrofo"},
+           {{"abertura", "A'1"}, "o código \"A'1\" tem um apóstrofo, que os relatórios não aceitam: tire-o"},
            {{"abertura", "--de", "AA001", "--ate", "AA00102"},
             "--de e --ate devem ser dois módulos principais ou dois subordinados"},
            {{"abertura", "--CodDepto", "0"}, "--CodDepto deve ser um código maior que zero, e não pode ser \"0\""},

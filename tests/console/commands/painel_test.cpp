@@ -25,7 +25,7 @@ TEST(Painel, RefusesAPortThatAnotherProgramUses) {
 
 TEST(Painel, RefusesATimeWithoutUseOfLessThanAMinuteOrMoreThanADay) {
   for (const char* const minutes : {"0", "1441"})
-    EXPECT_EQ(Painel({"--ocioso", minutes}), UsageFailure("--ocioso vai de 1 a 1440 minutos"));
+    EXPECT_EQ(Painel({"--ocioso", minutes}), UsageFailure("--ocioso vai de 1 a 1.440 minutos, um dia"));
 }
 
 }  // namespace

@@ -56,7 +56,8 @@ TEST_P(Papel, WritesHtmlToTheStandardOutput) {
 }
 
 TEST_P(Papel, LeavesNoFileOfAModuleThatDoesNotExist) {
-  EXPECT_EQ(Print("modulo", {"--Modulo1", "ZZ999"}), UsageFailure("o módulo \"ZZ999\" não foi encontrado"));
+  EXPECT_EQ(Print("modulo", {"--Modulo1", "ZZ999"}),
+            UsageFailure("nenhum módulo tem o código \"ZZ999\"; confira --Modulo1"));
   EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
 }
 
@@ -84,13 +85,13 @@ TEST(PapelUsage, NamesWhatIsMissingOrUnknown) {
   EXPECT_EQ(papel({"retirada", "--saida", "x.pdf"}), UsageFailure("o papel retirada precisa de --CodSolicit"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001"}), UsageFailure("o formato pdf precisa de --saida"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--formato", "pfd", "--saida", "x"}),
-            UsageFailure("um papel sai em pdf ou html (quis dizer \"pdf\"?)"));
+            UsageFailure("um papel não sai no formato \"pfd\" (quis dizer \"pdf\"?); escolha entre pdf, html"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--CodSolicit", "1", "--saida", "x"}).code, ExitCode::kUsage);
   EXPECT_EQ(papel({"retirada", "--CodSolicit", "1", "--ListarJaDevolvidos", "sim", "--saida", "x"}),
             UsageFailure("CSolicitacaoRpt.RelatorioRetiradaOriginal não lê o parâmetro \"ListarJaDevolvidos\"; só lê "
                          "CodSolicit"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--logotipo", "/", "--saida", "x"}),
-            UsageFailure("não foi possível ler \"/\": é uma pasta"));
+            UsageFailure("não foi possível ler \"/\": é uma pasta; informe um arquivo"));
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ TEST_F(RotinaTest, GoesOnAfterAnError) {
             "CEP, END_EMAIL\n"
             "pasta                        N,N  não foi possível criar a pasta \"" +
                 (folder_ / "arquivo").string() +
-                "\": o caminho passa por um arquivo que não é pasta.\n"
+                "\": o caminho passa por um arquivo como se fosse uma pasta; confira-o.\n"
                 "banco                        N,N  não foi possível conectar ao banco de dados\n"
                 "deptos              20       N,N  " +
                 (folder_ / "e.csv").string() + "\n1 de 5 gravadas\n");

@@ -62,21 +62,23 @@ TEST(SqlTest, NotesTheValueOfAParameterMarker) {
                     "m.COD_GRUPO = g.COD_GRUPO LEFT JOIN CLASSE c ON c.COD_CLASSE = g.COD_CLASSE INNER JOIN ASSUNTO a "
                     "ON m.COD_ASSUNTO = a.COD_ASSUNTO WHERE UPPER(m.COD_MODELO) = ? ORDER BY c.DESCR_CLASSE, "
                     "g.DESCR_GRUPO, a.DESCR_ASSUNTO;\n",
-                    "kodrarpt: nota: o parâmetro ? recebe o texto 'OFÍCIO'\n"));
+                    "kodrarpt: nota: no lugar de ? vai o texto 'OFÍCIO'\n"));
 }
 
 TEST(SqlTest, PrintsTheNameOfASystemParameterInsteadOfItsValue) {
-  EXPECT_EQ(RunProgram({"sql", "CEstatSerieRpt", "--banco", "mysql", "--DataInicial", "01/03/2024", "--DataFinal",
-                        "31/03/2024", "--TipoRpt", "n", "--CodGrupo", "12"}),
-            Success("SELECT 'ESTATÍSTICAS POR <NOME_SERIE>' AS Titulo, '(por número de documentos)' AS Subtitulo, "
-                    "'Período: 01/03/2024 a 31/03/2024' AS Periodo, CONCAT('<NOME_SUBGRUPO>: ',g.DESCR_GRUPO) AS "
-                    "Subgrupo, a.DESCR_ASSUNTO AS Serie, COUNT(CAST(d.FRENTE AS UNSIGNED)) AS Total FROM ASSUNTO a "
-                    "INNER JOIN GRUPO g ON a.COD_GRUPO = g.COD_GRUPO INNER JOIN DOCUMENTO d ON a.COD_ASSUNTO = "
-                    "d.COD_ASSUNTO WHERE (d.DT_ARMAZ BETWEEN STR_TO_DATE('01/03/2024','%d/%m/%Y') AND "
-                    "STR_TO_DATE('01/04/2024','%d/%m/%Y')) AND d.COD_ASSUNTO IN (SELECT COD_ASSUNTO FROM ASSUNTO WHERE "
-                    "COD_GRUPO='12') GROUP BY g.DESCR_GRUPO, a.DESCR_ASSUNTO ORDER BY a.DESCR_ASSUNTO;\n",
-                    "kodrarpt: nota: entre < e > está o nome do parâmetro do sistema: o relatório põe ali o valor da "
-                    "instalação, em maiúsculas no título\n"));
+  EXPECT_EQ(
+      RunProgram({"sql", "CEstatSerieRpt", "--banco", "mysql", "--DataInicial", "01/03/2024", "--DataFinal",
+                  "31/03/2024", "--TipoRpt", "n", "--CodGrupo", "12"}),
+      Success(
+          "SELECT 'ESTATÍSTICAS POR <NOME_SERIE>' AS Titulo, '(por número de documentos)' AS Subtitulo, "
+          "'Período: 01/03/2024 a 31/03/2024' AS Periodo, CONCAT('<NOME_SUBGRUPO>: ',g.DESCR_GRUPO) AS "
+          "Subgrupo, a.DESCR_ASSUNTO AS Serie, COUNT(CAST(d.FRENTE AS UNSIGNED)) AS Total FROM ASSUNTO a "
+          "INNER JOIN GRUPO g ON a.COD_GRUPO = g.COD_GRUPO INNER JOIN DOCUMENTO d ON a.COD_ASSUNTO = "
+          "d.COD_ASSUNTO WHERE (d.DT_ARMAZ BETWEEN STR_TO_DATE('01/03/2024','%d/%m/%Y') AND "
+          "STR_TO_DATE('01/04/2024','%d/%m/%Y')) AND d.COD_ASSUNTO IN (SELECT COD_ASSUNTO FROM ASSUNTO WHERE "
+          "COD_GRUPO='12') GROUP BY g.DESCR_GRUPO, a.DESCR_ASSUNTO ORDER BY a.DESCR_ASSUNTO;\n",
+          "kodrarpt: nota: o nome entre os sinais < e > é o de um parâmetro do sistema: o relatório põe ali o valor da "
+          "instalação, em maiúsculas no título\n"));
 }
 
 TEST(SqlTest, PrintsAStatementThatDependsOnTheDataOfTheFirst) {

@@ -272,7 +272,7 @@ TEST(VerificaConnection, FailsWithACodeOfItsOwnIfItCannotConnect) {
 }
 
 TEST(VerificaConnection, RefusesAnEmptyConnectionString) {
-  EXPECT_EQ(Verifica(L""), UsageFailure("a string de conexão está vazia"));
+  EXPECT_EQ(Verifica(L""), UsageFailure("a string de conexão está vazia: informe-a em --conexao"));
 }
 
 }  // namespace

@@ -326,9 +326,12 @@ std::string FailureAt(const std::wstring& path) {
 }
 
 TEST_F(XlsxWriterTest, SaysOnlyInPortugueseWhyTheFileCannotBeWritten) {
-  EXPECT_EQ(FailureAt(L"/não/existe/planilha.xlsx"), "não foi possível gravar a planilha: a pasta não existe.");
-  EXPECT_EQ(FailureAt(values::FromUtf8(folder_.Path().string())), "não foi possível gravar a planilha: é uma pasta.");
-  EXPECT_EQ(FailureAt(L"/dev/full"), "não foi possível gravar a planilha: o disco está cheio.");
+  EXPECT_EQ(FailureAt(L"/não/existe/planilha.xlsx"),
+            "não foi possível gravar a planilha: a pasta não existe; crie-a, ou confira o caminho.");
+  EXPECT_EQ(FailureAt(values::FromUtf8(folder_.Path().string())),
+            "não foi possível gravar a planilha: é uma pasta; informe um arquivo.");
+  EXPECT_EQ(FailureAt(L"/dev/full"),
+            "não foi possível gravar a planilha: o disco está cheio; libere espaço ou use outro.");
 }
 
 }  // namespace

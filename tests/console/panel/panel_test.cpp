@@ -157,7 +157,7 @@ TEST_P(PanelOn, SaysWhatIsWrongWithAParameter) {
   EXPECT_EQ(words(R"({"CodDepto":"7\\"})"),
             "CodDepto: o valor contém \\; os relatórios passam os valores ao SQL como estão\n");
   EXPECT_EQ(words(R"({"Outro":"1"})"), "CDocumentoRpt.RelatorioSintetico não tem o parâmetro \"Outro\"\n");
-  EXPECT_EQ(words(R"({"CodDepto":7})"), "falta CodDepto no pedido\n");
+  EXPECT_EQ(words(R"({"CodDepto":7})"), "o pedido não diz \"CodDepto\"; recarregue a página\n");
 }
 
 class PanelTest : public testing::Test {
@@ -221,10 +221,11 @@ TEST_F(PanelTest, ChangesNothingByGet) {
 }
 
 TEST_F(PanelTest, RefusesRequestsThatMakeNoSense) {
-  EXPECT_EQ(visitor_.Post("/api/run", "").body, "o pedido não é um objeto JSON\n");
-  EXPECT_EQ(visitor_.Post("/api/run", "[1]").body, "o pedido não é um objeto JSON\n");
-  EXPECT_EQ(visitor_.Post("/api/run", std::string(10000, '[')).body, "o pedido não é um objeto JSON\n");
-  EXPECT_EQ(visitor_.Post("/api/run", "{}").body, "falta report no pedido\n");
+  EXPECT_EQ(visitor_.Post("/api/run", "").body, "o pedido não é um objeto JSON; recarregue a página\n");
+  EXPECT_EQ(visitor_.Post("/api/run", "[1]").body, "o pedido não é um objeto JSON; recarregue a página\n");
+  EXPECT_EQ(visitor_.Post("/api/run", std::string(10000, '[')).body,
+            "o pedido não é um objeto JSON; recarregue a página\n");
+  EXPECT_EQ(visitor_.Post("/api/run", "{}").body, "o pedido não diz \"report\"; recarregue a página\n");
   EXPECT_EQ(visitor_.Post("/api/download", R"({"report":"CDeptoRpt","run":"1","format":"exe"})").body,
             "o formato \"exe\" não existe\n");
   EXPECT_EQ(visitor_.Post("/api/nada", "{}").status, 404);

@@ -170,7 +170,7 @@ TEST_F(PanelServer, RefusesAnAddressThatIsTooLong) {
   for (const std::size_t letters : {201U, 3000U, 20000U}) {
     const Reply reply = Exchange(port_, Get("/" + std::string(letters, 'x')));
     EXPECT_EQ(reply.status, 414) << letters;
-    EXPECT_EQ(reply.body, "O endereço é comprido demais.\n");
+    EXPECT_EQ(reply.body, "O endereço é longo demais.\n");
   }
 }
 

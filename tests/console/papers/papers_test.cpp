@@ -174,7 +174,7 @@ TEST(DiscardAuthorisation, IsForMainModulesThatExist) {
   EXPECT_EQ(Refusal([] {
               Printed("descarte", L"ZZ999", {{L"DocsNoModulo", {}}});
             }),
-            "o módulo \"ZZ999\" não foi encontrado");
+            "nenhum módulo tem o código \"ZZ999\"; confira --Modulo1");
 }
 
 TEST(ModuleSheet, ListsWhatIsInTheModule) {

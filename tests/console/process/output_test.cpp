@@ -33,7 +33,9 @@ TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
                     "exec \"$0\" executa CSuporteRpt --conexao \"$2\" --formato xlsx --saida \"$1/destino.xlsx\"",
                     KODRARPT, folder_.Path().string(), ManySupports().Connection()}),
             5);
-  EXPECT_EQ(Said(), "kodrarpt: não foi possível gravar o arquivo temporário da planilha: o disco está cheio.\n");
+  EXPECT_EQ(Said(),
+            "kodrarpt: não foi possível gravar o arquivo temporário da planilha: o disco está cheio; libere espaço ou "
+            "use outro.\n");
   EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
 }
 
@@ -51,7 +53,7 @@ TEST_F(KodrarptProcess, SaysThatTheStandardOutputIsFull) {
   child.command = {"sh", "-c", "exec \"$0\" lista 2>\"$1\" >/dev/full", KODRARPT, (folder_ / "saida.txt").string()};
   child.output = (folder_ / "resto.txt").string();
   EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
-  EXPECT_EQ(Said(), "kodrarpt: não foi possível gravar a saída: o disco está cheio.\n");
+  EXPECT_EQ(Said(), "kodrarpt: não foi possível gravar a saída: o disco está cheio; libere espaço ou use outro.\n");
 }
 
 // A program that starts this one may make it ignore the signal of a closed pipe.
@@ -72,7 +74,8 @@ TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
   EXPECT_EQ(CodeOf({"sh", "-c", "exec \"$0\" executa CSuporteRpt --conexao \"$1\" --formato csv >&-", KODRARPT,
                     ManySupports().Connection()}),
             5);
-  EXPECT_EQ(Said(), "kodrarpt: não foi possível gravar a saída: a saída está fechada.\n");
+  EXPECT_EQ(Said(),
+            "kodrarpt: não foi possível gravar a saída: a saída está fechada; redirecione-a para um arquivo.\n");
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsFull) {

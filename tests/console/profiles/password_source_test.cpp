@@ -15,7 +15,7 @@ TEST(PasswordSourceTest, IsAVariable) {
   setenv("ACERVO_SENHA", "ção", 1);
   EXPECT_EQ(PasswordFrom({.variable = "ACERVO_SENHA"}, ""), L"ção");
   EXPECT_EQ(RefusalOf([] { PasswordFrom({.variable = "NAO_HA"}, ""); }),
-            "a variável de ambiente \"NAO_HA\", de --senha-de, não existe");
+            "a variável de ambiente \"NAO_HA\", que deve conter a senha, não existe: defina-a antes");
 }
 
 TEST(PasswordSourceTest, IsTheFirstLineOfACommandsOutput) {
@@ -28,12 +28,14 @@ TEST(PasswordSourceTest, IsTheFirstLineOfACommandsOutput) {
 
 TEST(PasswordSourceTest, OfACommandThatFailsIsNoneAndNoMessageShowsIt) {
   EXPECT_EQ(RefusalOf([] { OfCommand("echo segredo; exit 3"); }),
-            "o comando de senha-comando terminou com erro, e não há senha");
-  EXPECT_EQ(RefusalOf([] { OfCommand("true"); }), "o comando de senha-comando não escreveu nenhuma senha");
+            "o comando de senha-comando terminou com erro, e não há senha: execute-o no terminal para ver por quê");
+  EXPECT_EQ(RefusalOf([] { OfCommand("true"); }),
+            "o comando de senha-comando não escreveu nenhuma senha, que deve ser a primeira linha da sua saída");
   EXPECT_EQ(RefusalOf([] { OfCommand("echo; echo segredo"); }),
-            "o comando de senha-comando não escreveu nenhuma senha");
+            "o comando de senha-comando não escreveu nenhuma senha, que deve ser a primeira linha da sua saída");
   EXPECT_EQ(RefusalOf([] { OfCommand("head -c 2000 /dev/zero | tr '\\0' x"); }),
-            "o comando de senha-comando escreveu uma linha longa demais para ser senha");
+            "a primeira linha que o comando de senha-comando escreveu passa de 1.024 bytes, e é longa demais para ser "
+            "a senha");
 }
 
 }  // namespace

@@ -49,7 +49,8 @@ TEST(ProfilesTest, AreInTheHomeFolderWithoutAFolderOfSettings) {
     EXPECT_EQ(ProfilesPath(), "/casa/ana/.config/kodrarpt/perfis.ini");
   }
   unsetenv("HOME");
-  EXPECT_EQ(RefusalOf(ProfilesPath), "a variável de ambiente HOME, que diz onde ficam os perfis, não existe");
+  EXPECT_EQ(RefusalOf(ProfilesPath),
+            "a variável de ambiente HOME, que diz onde ficam os perfis, não existe: defina-a com a sua pasta pessoal");
   setenv("HOME", home.c_str(), 1);
 }
 
@@ -107,7 +108,8 @@ TEST(ProfilesTest, RefuseNamesThatAreNotPartOfAFileName) {
     EXPECT_EQ(RefusalOf([&] {
                 Profiles().Add({name, "DSN=A", {}}, false);
               }),
-              "o nome de um perfil tem só letras, algarismos, -, _ e ., e não começa com ponto")
+              "o nome de um perfil tem até 60 caracteres, só letras, algarismos, hífen, sublinhado e ponto, e não "
+              "começa com ponto")
         << name;
   EXPECT_EQ(RefusalOf([&] {
               Profiles().Add({"a", "DSN=A\nB=C", {}}, false);
@@ -155,8 +157,9 @@ TEST(ProfilesTest, AreNotReadFromAFileOfAnotherUser) {
   const UserSettings user;
   Profiles().Add(Acervo(), false);
   ASSERT_EQ(chown(user.File().c_str(), 65534, 65534), 0);
-  EXPECT_EQ(FailureOf([] { Profiles(); }),
-            "\"" + user.File().string() + "\" pertence a outro usuário, e por isso não é usado.");
+  EXPECT_EQ(FailureOf([] { Profiles(); }), "\"" + user.File().string() +
+                                               "\" pertence a outro usuário, e por isso não é usado: peça a quem "
+                                               "administra a máquina que o passe para você.");
 }
 
 TEST(ProfilesTest, AreNotWrittenThroughALinkIntoAFolderThatOthersMayChange) {
@@ -181,9 +184,9 @@ TEST(ProfilesTest, RefuseAFileWithLinesBeforeTheFirstProfile) {
 TEST(ProfilesTest, SayThatTheirFolderCannotBeMade) {
   const UserSettings user;
   std::ofstream(user.Folder() / "kodrarpt") << "não é pasta";
-  EXPECT_EQ(FailureOf([&] { WritePrivateFile(user.File(), "x"); }), "não foi possível criar a pasta \"" +
-                                                                        (user.Folder() / "kodrarpt").string() +
-                                                                        "\": já existe um arquivo com esse nome.");
+  EXPECT_EQ(FailureOf([&] { WritePrivateFile(user.File(), "x"); }),
+            "não foi possível criar a pasta \"" + (user.Folder() / "kodrarpt").string() +
+                "\": já existe um arquivo com esse nome; escolha outro.");
 }
 
 }  // namespace

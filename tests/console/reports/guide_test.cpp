@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <sstream>
 
 #include "console/command_line/databases.h"
 #include "console/command_line/parameter_value.h"
 #include "console/command_line/report_name.h"
+#include "console/reports/errors.h"
 #include "console/statements/capture.h"
 #include "values/utf8.h"
 
@@ -150,6 +152,43 @@ std::set<Place> PlacesOn(PageKind kind) {
     default:
       return {Place::kColumn};
   }
+}
+
+// Every sentence of the guide that people read.
+std::vector<std::string> Texts() {
+  std::vector<std::string> texts;
+  const auto add = [&](std::string_view text) { texts.emplace_back(text); };
+  for (const guide::Report& report : guide::Reports()) {
+    add(report.purpose);
+    add(report.sqlNote);
+    for (const Parameter& parameter : report.parameters) add(parameter.effect);
+    for (const guide::Column& column : report.columns) {
+      add(column.meaning);
+      add(column.legend);
+    }
+    for (const guide::Oddity& oddity : report.oddities) add(oddity.text);
+    for (const guide::Note& note : report.page.notes) add(note.text);
+    for (const guide::Failure& failure : report.failures) {
+      add(failure.whatHappened);
+      add(failure.remedy);
+    }
+  }
+  for (const auto errors : {guide::Errors(), guide::Causes()})
+    for (const guide::Error& error : errors) {
+      add(error.whatHappened);
+      add(error.remedy);
+    }
+  for (const guide::Answer& answer : guide::Answers()) {
+    add(answer.whatHappened);
+    add(answer.remedy);
+  }
+  return texts;
+}
+
+// Somebody who says the text aloud stumbles over these.
+TEST(GuideTest, HasNoWordsThatReadBadlyAloud) {
+  static const std::regex stumbles(R"(\bcontainers?\b|\b0 não|\bum sim ou não\b|\bnão há o\b|, e 007 )");
+  for (const std::string& text : Texts()) EXPECT_FALSE(std::regex_search(text, stumbles)) << text;
 }
 
 TEST(GuideTest, PutsColumnsOnlyInPlacesThatTheirPageHas) {

@@ -96,7 +96,7 @@ TEST_F(TargetFileTest, NamesTheUnfinishedFileThatIsInItsWay) {
     Write(At((name + "-" + std::to_string(attempt) + ".parcial").c_str()), "");
   const std::string last = At((name + "-100.parcial").c_str()).string();
   EXPECT_EQ(FailureOf([&] { TargetFile file(Wide(At("a.csv"))); }),
-            "não foi possível gravar \"" + last + "\": já existe um arquivo com esse nome.");
+            "não foi possível gravar \"" + last + "\": já existe um arquivo com esse nome; escolha outro.");
   EXPECT_EQ(Names().size(), 100U);
 }
 
@@ -185,18 +185,21 @@ TEST_F(TargetFileTest, WritesToADeviceDirectly) {
 TEST_F(TargetFileTest, SaysWhyItCannotBeMade) {
   const auto failure = [](const fs::path& path) { return FailureOf([&] { TargetFile file(Wide(path)); }); };
   const std::string missing = At("não/há.csv").string();
-  EXPECT_EQ(failure(missing), "não foi possível gravar \"" + missing + "\": a pasta não existe.");
-  EXPECT_EQ(failure(folder_.Path()), "não foi possível gravar \"" + folder_.Path().string() + "\": é uma pasta.");
+  EXPECT_EQ(failure(missing),
+            "não foi possível gravar \"" + missing + "\": a pasta não existe; crie-a, ou confira o caminho.");
+  EXPECT_EQ(failure(folder_.Path()),
+            "não foi possível gravar \"" + folder_.Path().string() + "\": é uma pasta; informe um arquivo.");
   Write(At("a.csv"), "antes");
   const std::string below = (At("a.csv") / "b.csv").string();
-  EXPECT_EQ(failure(below),
-            "não foi possível gravar \"" + below + "\": o caminho passa por um arquivo que não é pasta.");
+  EXPECT_EQ(failure(below), "não foi possível gravar \"" + below +
+                                "\": o caminho passa por um arquivo como se fosse uma pasta; confira-o.");
 }
 
 TEST_F(TargetFileTest, SaysThatTheDiskIsFull) {
   TargetFile file(L"/dev/full");
   file.Write("x");
-  EXPECT_EQ(FailureOf([&] { file.Commit(); }), "não foi possível gravar \"/dev/full\": o disco está cheio.");
+  EXPECT_EQ(FailureOf([&] { file.Commit(); }),
+            "não foi possível gravar \"/dev/full\": o disco está cheio; libere espaço ou use outro.");
 }
 
 TEST_F(TargetFileTest, IsCompletedWhenTheProgramsMessagesHaveNoReader) {
@@ -223,8 +226,10 @@ TEST_F(TargetFileTest, IsRemovedWhenItGrowsBeyondTheLargestFileOfTheUser) {
       file.Write(std::string(1000, 'x'));
       file.Commit();
     });
-    std::_Exit(failure == "não foi possível gravar \"" + target + "\": o arquivo é grande demais para o disco." ? 0
-                                                                                                                : 1);
+    std::_Exit(failure == "não foi possível gravar \"" + target +
+                              "\": o arquivo é grande demais para o disco; escolha outro."
+                   ? 0
+                   : 1);
   };
   EXPECT_EXIT(writeAFile(), testing::ExitedWithCode(0), "");
   EXPECT_EQ(Names(), std::vector<std::string>{});

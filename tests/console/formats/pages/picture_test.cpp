@@ -42,7 +42,8 @@ TEST_F(PictureTest, MustBeWhole) {
 
 TEST_F(PictureTest, HasAGreatestSize) {
   EXPECT_EQ(Refusal(PngHeader(4001, 10)), "a imagem \"X\" não serve: tem 4001 x 10 pontos, e o máximo é 4000 x 4000");
-  EXPECT_EQ(Refusal(std::string(kMostPictureBytes + 1, 'x')), "não foi possível ler \"X\": tem mais de 4194304 bytes");
+  EXPECT_EQ(Refusal(std::string(kMostPictureBytes + 1, 'x')),
+            "não foi possível ler \"X\": passa do máximo, que é de 4 MB");
 }
 
 }  // namespace
