@@ -33,7 +33,9 @@ void WriteDatabase(const Findings& findings, std::ostream& out) {
   const bool isKnown = !findings.database.title.empty();
   out << "Banco de dados: " << (isKnown ? findings.database.title : "desconhecido") << " (tipo "
       << *findings.database.code << ")\n";
-  if (!isKnown) out << "Os relatórios que usam datas ou conversões dão erro neste banco.\n";
+  if (!isKnown)
+    out << "Os relatórios que usam datas ou conversões dão erro neste banco. Confira o provedor na string de "
+           "conexão e a versão de KodraConexao.\n";
   out << "\n";
 }
 
@@ -86,6 +88,32 @@ void WriteAnswers(const Findings& findings, std::ostream& out) {
     for (const std::string& words : report.refusals) write(report.name, words);
 }
 
+bool HasDefect(const Findings& findings, Defect defect) {
+  return std::ranges::any_of(findings.reports, [&](const ReportFinding& report) {
+    return std::ranges::find(report.problems, defect, &Problem::defect) != report.problems.end();
+  });
+}
+
+// What helps against what is wrong.
+void WriteRemedies(const Findings& findings, std::ostream& out) {
+  const std::string option = " --banco " + (findings.database.name.empty() ? "BANCO" : findings.database.name);
+  const char* heading = "\nO que fazer:\n";
+  const auto write = [&](const std::string& remedy) {
+    out << heading << "  - " << remedy << "\n";
+    heading = "";
+  };
+  if (HasDefect(findings, Defect::kMissing) || HasDefect(findings, Defect::kWrongType))
+    write("Se algo falta ou tem outro tipo, compare o banco com o que o relatório lê: kodrarpt esquema RELATÓRIO" +
+          option);
+  if (HasDefect(findings, Defect::kForbidden))
+    write("Se não há permissão, peça-a a quem administra o banco: kodrarpt esquema" + option + " --permissoes USUÁRIO");
+  const bool isRefused =
+      std::ranges::any_of(findings.reports, [](const ReportFinding& report) { return !report.refusals.empty(); });
+  if (isRefused)
+    write("Se o banco recusa uma instrução, mostre-a, com a resposta, a quem cuida dele: kodrarpt sql RELATÓRIO" +
+          option);
+}
+
 void WriteLimits(const Findings& findings, std::ostream& out) {
   const char* heading = "\nParece errado, mas neste banco é assim mesmo:\n";
   for (const schema::Limit& limit : schema::Limits()) {
@@ -121,6 +149,7 @@ void WriteText(const Findings& findings, std::ostream& out) {
   WriteDatabase(findings, out);
   WriteReports(findings, out);
   WriteAnswers(findings, out);
+  WriteRemedies(findings, out);
   WriteLimits(findings, out);
   WriteAdvice(findings, out);
 }

@@ -150,6 +150,11 @@ TEST(VerificaMissing, NamesTablesAndColumnsOfEachReport) {
                             "  tabela ASSUNTO: [SQLite]no such table: ASSUNTO (1)\n"),
             std::string::npos)
       << result.out;
+  EXPECT_NE(result.out.find("\n\nO que fazer:\n"
+                            "  - Se algo falta ou tem outro tipo, compare o banco com o que o relatório lê: kodrarpt "
+                            "esquema RELATÓRIO --banco sqlite\n\n"),
+            std::string::npos)
+      << result.out;
 }
 
 TEST(VerificaMissing, ShowsNoControlCharactersOfTheDatabase) {
@@ -175,6 +180,12 @@ TEST(VerificaMissing, NamesAReportWhoseStatementIsRefused) {
             std::string::npos)
       << result.out;
   EXPECT_NE(result.out.find("Illegal mix of collations"), std::string::npos) << result.out;
+  EXPECT_NE(
+      result.out.find("\nO que fazer:\n"
+                      "  - Se o banco recusa uma instrução, mostre-a, com a resposta, a quem cuida dele: kodrarpt "
+                      "sql RELATÓRIO --banco mysql\n"),
+      std::string::npos)
+      << result.out;
 }
 
 // A user of the server who may read only some tables of the archive.
@@ -212,6 +223,11 @@ TEST(VerificaPermissions, AreToldApartFromMissingTables) {
   EXPECT_EQ(findings.at("CSuporteRpt.RelatorioSuportes"), "sem permissão: tabela SUPORTE");
   EXPECT_EQ(findings.at("COperadorRpt.RelatorioOperadores"), "pronto");
   EXPECT_NE(result.out.find("SELECT command denied to user 'leitora'@'localhost' for table `acervo`.`SUPORTE`"),
+            std::string::npos)
+      << result.out;
+  EXPECT_NE(result.out.find("\n\nO que fazer:\n"
+                            "  - Se não há permissão, peça-a a quem administra o banco: kodrarpt esquema --banco mysql "
+                            "--permissoes USUÁRIO\n\n"),
             std::string::npos)
       << result.out;
   EXPECT_EQ(result.out.find("NuncaMostrada1"), std::string::npos);
