@@ -73,6 +73,7 @@ void ReportParameters::AddTo(CLI::App& command) {
 }
 
 frame::ParameterObject ReportParameters::For(const reports::ReportMethod& method) const {
+  if (isLiteral_ && Given().empty()) throw UsageError("--literal só vale com um parâmetro do relatório");
   const frame::ParameterClass& parameterClass = frame::ParameterClassNamed(method.parameterClass);
   frame::ParameterObject object(parameterClass);
   for (const auto& [name, option] : options_) {

@@ -40,8 +40,9 @@ class ReportParameters {
   void AddTo(CLI::App& command);
 
   // The parameter object of a method, with the options that were given. Raises UsageError for a property that its class
-  // does not have, for a value that is not a date or a flag as ParameterValue requires, and, without --literal, for a
-  // text that would be more than a value in the statements: reports paste their filters as they are.
+  // does not have, for a value that is not a date or a flag as ParameterValue requires, for --literal
+  // without any parameter and, without --literal, for a text that would be more than a value in the statements: reports
+  // paste their filters as they are.
   frame::ParameterObject For(const reports::ReportMethod& method) const;
   // Raises UsageError for a parameter that was given and that the report does not read: it would change nothing.
   void RefuseUnread(const reports::ReportMethod& method) const;

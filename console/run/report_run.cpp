@@ -60,6 +60,9 @@ ReportRun::ReportRun(Program& program, const ReportOptions& options)
       progressStyle_(ProgressStyle(options.progress)),
       destination_{options.output.Target(), options.timeLimit.Get(), format_ == Format::kJson} {
   options.parameters.RefuseUnread(method_);
+  if (options.progress == "sempre" && format_ == Format::kTable && destination_.target.empty() &&
+      IsTerminal(program.Out()))
+    throw UsageError("--progresso sempre não vale com uma tabela em um terminal, que já mostra as linhas");
   const guide::Report& about = guide::About(method_);
   if (!about.page.IsOfLabels()) options.labels.RefuseFor(NameOf(method_));
   heading_ = {std::wstring(method_.className), std::wstring(method_.method), values::FromUtf8(about.purpose),

@@ -110,6 +110,11 @@ TEST(ReportParametersTest, AcceptSuchATextWhenItIsLiteral) {
   EXPECT_EQ(Command("RelatorioSintetico", L"CodDepto").ValueAfter({"--literal", "--CodDepto", "7'1"}), Value(L"7'1"));
 }
 
+TEST(ReportParametersTest, RefuseToTakeNothingLiterally) {
+  EXPECT_EQ(Command("RelatorioSintetico", L"CodDepto").UsageMessage({"--literal"}),
+            "kodrarpt: --literal só vale com um parâmetro do relatório\n");
+}
+
 TEST(ReportParametersTest, AcceptAnyTextThatNoStatementContains) {
   EXPECT_EQ(Command("CLogRpt", L"Acao").ValueAfter({"--Acao", "d'água"}), Value(L"d'água"));
 }

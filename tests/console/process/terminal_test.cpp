@@ -95,6 +95,16 @@ TEST_F(KodrarptProcess, ShowsNoControlCharactersOfACheckInJson) {
   EXPECT_NE(Said().find("main.X\u009B (1)"), shown.npos) << Said();
 }
 
+TEST_F(KodrarptProcess, WritesNoPdfToATerminal) {
+  EXPECT_EQ(OnTerminal(80, {KODRARPT, "etiquetas", "abertura", "AA001", "--conexao", "DSN=NaoExiste"}, 2),
+            "kodrarpt: o PDF precisa de --saida, porque a saída é um terminal\r\n");
+}
+
+TEST_F(KodrarptProcess, RefusesToShowProgressBetweenTheRowsOfATable) {
+  EXPECT_EQ(OnTerminal(80, {KODRARPT, "executa", "CSuporteRpt", "--conexao", "DSN=D", "--progresso", "sempre"}, 2),
+            "kodrarpt: --progresso sempre não vale com uma tabela em um terminal, que já mostra as linhas\r\n");
+}
+
 TEST_F(KodrarptProcess, ShowsTheFirstRowsWhileTheDatabaseWorksOnTheNext) {
   SqliteFile file;
   // After three rows the database looks for a fourth for ever.
