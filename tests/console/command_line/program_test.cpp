@@ -7,6 +7,7 @@
 #include <regex>
 #include <set>
 
+#include "console/command_line/connection_error.h"
 #include "console/command_line/help.h"
 #include "console/command_line/usage_error.h"
 #include "tests/console/run.h"
@@ -66,6 +67,20 @@ TEST(ProgramTest, ShowsNumberSourceAndDescriptionOfAReportsErrorIfAskedForDetail
       "O que fazer: confira as datas e os números informados.\n"
       "A mensagem do componente: erro -2147213397 em KodraRpt.CLogRpt::RelatorioLog:\n"
       "Erro ao gerar dados para o relatório: Estouro\n");
+}
+
+TEST(ProgramTest, SaysWhatToDoAboutAConnectionThatFailsForAnUnknownReason) {
+  EXPECT_EQ(RunAction([]() -> ExitCode { throw ConnectionError(Erro(1, L"S", L"[X]Server is tired")); }),
+            (RunResult{ExitCode::kConnection, "",
+                       "kodrarpt: não foi possível conectar ao banco de dados.\n"
+                       "Mensagem recebida: Server is tired\n"
+                       "O que fazer: confira a string de conexão, e se o banco está no ar.\n"
+                       "Com --detalhes, sai também a mensagem do componente.\n"}));
+}
+
+TEST(ProgramTest, PointsToTheHelpForAnUnknownErrorOfTheCommandLine) {
+  EXPECT_EQ(RunAction([]() -> ExitCode { throw UsageError(InPortuguese(CLI::ValidationError("--x", "bad"))); }),
+            UsageFailure("a linha de comando tem um erro; \"kodrarpt COMANDO --help\" mostra como ela deve ser"));
 }
 
 TEST(ProgramTest, ShowsTheMessageOfAUsageError) {

@@ -227,6 +227,12 @@ TEST(ExecutaUsage, ShowsTheParametersAndColumnsOfAReportInTheHelpOnIt) {
   EXPECT_TRUE(RunProgram({"executa", "--help"}).out.starts_with("Executa um relatório e grava as suas linhas\n"));
 }
 
+TEST(ExecutaUsage, LimitsTheTimeToADay) {
+  for (const char* const seconds : {"0", "-1", "86401"})
+    EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=D", "--tempo-limite", seconds}),
+              UsageFailure("--tempo-limite vai de 1 a 86.400 segundos, um dia"));
+}
+
 TEST(ExecutaUsage, NeedsAConnectionString) {
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt"}), UsageFailure("falta --conexao ou --perfil"));
 }

@@ -287,6 +287,23 @@ TEST(VerificaConnection, FailsWithACodeOfItsOwnIfItCannotConnect) {
                        "Com --detalhes, sai também a mensagem do componente.\n"}));
 }
 
+// A data source name tells nobody which database is behind it.
+TEST(VerificaConnection, SaysThatItKnowsNoDialectForADatabase) {
+  tests::SqliteFile file;
+  const tests::TemporaryFolder folder;
+  std::ofstream(folder / "odbc.ini") << "[acervo_sem_nome]\nDriver=SQLite3\nDatabase=" << values::ToUtf8(file.Path());
+  setenv("ODBCINI", (folder / "odbc.ini").c_str(), 1);
+  const RunResult result = Verifica(L"DSN=acervo_sem_nome");
+  unsetenv("ODBCINI");
+  EXPECT_EQ(result.code, ExitCode::kMismatch) << result.err;
+  EXPECT_TRUE(result.out.starts_with(
+      "Banco de dados: desconhecido (tipo 4)\n"
+      "Os relatórios que usam datas ou conversões dão erro neste banco. Confira o provedor na string de conexão e a "
+      "versão de KodraConexao.\n\n"))
+      << result.out.substr(0, 300);
+  EXPECT_NE(result.out.find("kodrarpt esquema RELATÓRIO --banco BANCO\n"), std::string::npos);
+}
+
 TEST(VerificaConnection, RefusesAnEmptyConnectionString) {
   EXPECT_EQ(Verifica(L""), UsageFailure("a string de conexão está vazia: informe-a em --conexao"));
 }

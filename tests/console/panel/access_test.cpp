@@ -133,6 +133,7 @@ TEST_F(PanelAccess, RefusesAPostThatAFormOfAnotherPageCouldSend) {
     Request request = Post("/api/run");
     request.contentType = type;
     EXPECT_EQ(StatusOf(request), 415) << type;
+    EXPECT_EQ(access_.Refusal(request)->body, "O pedido não está em JSON; recarregue a página.\n");
   }
 }
 
@@ -141,6 +142,7 @@ TEST_F(PanelAccess, RefusesOtherMethods) {
     Request request = Get("/");
     request.method = method;
     EXPECT_EQ(StatusOf(request), 405) << method;
+    EXPECT_EQ(access_.Refusal(request)->body, "O painel só conhece GET e POST.\n");
   }
 }
 

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 #include "tests/console/process/kodrarpt_process.h"
 
@@ -39,6 +41,19 @@ TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
   EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
 }
 
+TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileCannotBeMade) {
+  if (!MayMount()) GTEST_SKIP() << "this machine does not permit private mounts";
+  EXPECT_EQ(CodeOf({"unshare", "--map-root-user", "--mount", "sh", "-c",
+                    "mkdir \"$1/tmp\" && mount -t tmpfs -o ro tmpfs \"$1/tmp\" && export TMPDIR=\"$1/tmp\" && "
+                    "exec \"$0\" executa CSuporteRpt --conexao \"$2\" --formato xlsx --saida \"$1/destino.xlsx\"",
+                    KODRARPT, folder_.Path().string(), ManySupports().Connection()}),
+            5);
+  EXPECT_EQ(Said(),
+            "kodrarpt: não foi possível criar o arquivo temporário da planilha: o disco é só de leitura; escolha "
+            "outro.\n");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
+}
+
 TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {
   const pid_t process = StartEndlessCsv({"sh", "-c", "exec \"$@\" 2>&-", "sh"});
   EXPECT_TRUE(HasBegun(process));
@@ -68,6 +83,21 @@ TEST_F(KodrarptProcess, SaysThatTheReaderOfItsOutputHasEnded) {
   EXPECT_EQ(Said(), "DESCR_SUPORTE\r\n");
   EXPECT_EQ(Read(folder_ / "erros.txt"), "kodrarpt: não foi possível gravar a saída: quem lia a saída já terminou.\n");
   EXPECT_EQ(Read(folder_ / "código.txt"), "5\n");
+}
+
+// The panel works without a browser, too: the address is for any of this computer.
+TEST_F(KodrarptProcess, SaysThatItFindsNoBrowserForThePanel) {
+  testbed::ChildProcess child;
+  child.command = {"env", "PATH=/nao/existe", KODRARPT, "painel", "--conexao", ManySupports().Connection()};
+  child.output = (folder_ / "saida.txt").string();
+  const pid_t process = testbed::Spawn(child);
+  const std::string message = "kodrarpt: não foi possível abrir o navegador; abra nele o endereço acima\n";
+  for (int i = 0; i < 1000 && !Said().ends_with(message); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  EXPECT_TRUE(Said().starts_with("http://127.0.0.1:"));
+  EXPECT_TRUE(Said().ends_with(message)) << Said();
+  kill(process, SIGINT);
+  EXPECT_EQ(ExitCodeOf(process), 0);
 }
 
 TEST_F(KodrarptProcess, FailsWhenItsOutputIsClosed) {
