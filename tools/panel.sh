@@ -31,7 +31,7 @@ group_panel() {
   # The browser's tests take the connection string of the private server from the environment.
   # shellcheck disable=SC2016
   build/sanitize/kodra-mariadb build/test/acervo.sql -- bash -c '
-    exec /usr/bin/python3 tests/panel/page_test.py "$PWD/build/sanitize/kodrarpt" "$1" "$2" \
+    exec /usr/bin/python3 tests/panel/run.py "$PWD/build/sanitize/kodrarpt" "$1" "$2" \
       "sqlite=Driver={SQLite3};Database=$PWD/build/test/acervo.db" "mariadb=$KODRA_MYSQL" \
       "hostile=Driver={SQLite3};Database=$2/hostile.db" "many=Driver={SQLite3};Database=$2/many.db"' \
     bash "$KODRA_CACHE/$axe_core/axe.min.js" "$folder"
