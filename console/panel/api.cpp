@@ -17,6 +17,7 @@
 #include "console/panel/temporary_file.h"
 #include "console/reports/guide.h"
 #include "console/run/report_task.h"
+#include "console/run/unknown_codes.h"
 #include "console/statements/capture.h"
 #include "console/statements/layout.h"
 #include "console/statements/notes.h"
@@ -125,7 +126,13 @@ Answer Api::RunReport(const Request& request) {
     try {
       runs_.Do(name, isGone, [&](Machine& machine, const Run& run) {
         try {
-          PageWriter writer(output);
+          PageWriter writer(output, [&] {
+            std::vector<std::string> codes;
+            for (const UnknownCode& code :
+                 UnknownCodes(task->Parameters(), 0, task->Method(), connection_, machine.Around()))
+              codes.push_back(code.words);
+            return codes;
+          });
           task->Write(machine.Around(), connection_, writer, [&] { return !run.IsOver(); });
         } catch (const OutputError&) {
           throw;

@@ -3,15 +3,18 @@
 //   {"columns":[{"name":"COD_DEPTO","caption":"Código","isNumber":false}, …]}
 //   ["001","Jurídico",null]                 a row, as people read its values
 //   {"count":20500}                         now and then, the rows so far, once no more rows are sent
-//   {"end":{"rows":31000,"filter":"…","notes":[…],"statistics":{…}}}
+//   {"end":{"rows":31000,"filter":"…","notes":[…],"unknownCodes":[…],"statistics":{…}}}
 //
-// A statistic has its lines, sums and chart at the end. The page gets so many rows as it can hold; the others are only
-// counted.
+// Unknown codes may be why there are no rows. A statistic has its lines, sums and chart at the end. The page gets so
+// many rows as it can hold; the others are only counted.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "console/formats/output.h"
 #include "console/formats/pages/statistics.h"
@@ -23,8 +26,12 @@ inline constexpr std::uint64_t kMostShownRows = 20'000;
 
 class PageWriter final : public RowWriter {
  public:
-  // REQUIRES: `output` outlives the writer.
-  explicit PageWriter(Output& output, std::uint64_t mostRows = kMostShownRows) : output_(output), mostRows_(mostRows) {}
+  // Finds the codes that were asked for and that the archive does not have, in words.
+  using FindUnknownCodes = std::function<std::vector<std::string>()>;
+
+  // `findUnknownCodes` is called at the end of a report without rows. REQUIRES: `output` outlives the writer.
+  explicit PageWriter(Output& output, FindUnknownCodes findUnknownCodes, std::uint64_t mostRows = kMostShownRows)
+      : output_(output), findUnknownCodes_(std::move(findUnknownCodes)), mostRows_(mostRows) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override;
@@ -34,6 +41,7 @@ class PageWriter final : public RowWriter {
   void Flush();
 
   Output& output_;
+  const FindUnknownCodes findUnknownCodes_;
   const std::uint64_t mostRows_;
   std::uint64_t rows_ = 0;
   Heading heading_;

@@ -103,7 +103,8 @@ bool ReportRun::Write(OutputRun& run, const std::wstring& connection) {
   rows_ = progress.Rows();
   if (run.stopping.Requested()) return true;
   progress.End();
-  for (const std::string& message : UnknownCodes(parameters_, rows_, method_, connection, surroundings)) Warn(message);
+  for (const UnknownCode& code : UnknownCodes(parameters_, rows_, method_, connection, surroundings))
+    Warn(code.words + ", de --" + std::string(code.parameter));
   return true;
 }
 

@@ -83,10 +83,10 @@ bool IsKnown(const CodeParameter& code, const std::wstring& key, const std::wstr
 
 }  // namespace
 
-std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, std::uint64_t rows,
+std::vector<UnknownCode> UnknownCodes(frame::ParameterObject& parameters, std::uint64_t rows,
                                       const reports::ReportMethod& method, const std::wstring& connection,
                                       platform::Surroundings& surroundings) {
-  std::vector<std::string> messages;
+  std::vector<UnknownCode> unknown;
   std::unique_ptr<platform::Connection> open;
   for (const guide::Parameter& parameter : guide::About(method).parameters) {
     const std::wstring name = values::FromUtf8(parameter.name);
@@ -97,13 +97,13 @@ std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, std::u
       if (IsNoFilter(*code, value, method)) continue;
       for (const std::wstring& key : Keys(*code, value)) {
         if (IsKnown(*code, key, connection, open, surroundings)) continue;
-        messages.push_back(fmt::format("{} tem o código \"{}\", de --{}", code->nobody, ToUtf8(key), parameter.name));
+        unknown.push_back({parameter.name, fmt::format("{} tem o código \"{}\"", code->nobody, ToUtf8(key))});
       }
     } catch (const Erro&) {
-      return messages;
+      return unknown;
     }
   }
-  return messages;
+  return unknown;
 }
 
 }  // namespace kodra::console

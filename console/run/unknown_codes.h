@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "console/reports/report_methods.h"
@@ -11,10 +12,15 @@
 
 namespace kodra::console {
 
-// A message for each code among the parameters that no row of its table has, in the order of the parameter class. Asks
-// the database once for each code, on one connection, after the report, which returned that many rows. What the
-// database refuses to answer is no message: raises nothing.
-std::vector<std::string> UnknownCodes(frame::ParameterObject& parameters, std::uint64_t rows,
+struct UnknownCode {
+  std::string_view parameter;  // "CodDepto"
+  std::string words;           // "nenhum departamento tem o código \"XYZ\""
+};
+
+// The codes among the parameters that no row of their tables has, in the order of the parameter class. Asks the
+// database once for each code, on one connection, after the report, which returned that many rows. A code that the
+// database refuses to look up is left out: raises nothing.
+std::vector<UnknownCode> UnknownCodes(frame::ParameterObject& parameters, std::uint64_t rows,
                                       const reports::ReportMethod& method, const std::wstring& connection,
                                       platform::Surroundings& surroundings);
 

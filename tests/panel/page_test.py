@@ -13,7 +13,7 @@ class Page(PageTest):
     def test_FindsReportsByWordsWithoutAccents(self):
         self.one('#search').send_keys('midias')
         self.until(lambda: self.one('#found').text == '1 relatório.')
-        self.assertEqual([link.text for link in self.all('#families a')], ['As mídias, todas ou só as vencidas'])
+        self.assertEqual([link.text for link in self.all('#families a')], ['Mídias, todas ou só as vencidas'])
         self.one('#search').send_keys('xyz')
         self.until(lambda: self.one('#found').text == 'Nenhum relatório.')
 
@@ -36,6 +36,12 @@ class Page(PageTest):
         webdriver.ActionChains(self.browser).send_keys(Keys.ESCAPE).perform()
         self.until(lambda: not self.one('dialog').is_displayed())
         self.assertEqual(self.script('return document.activeElement.dataset.row'), '0')
+
+    def test_FitsTheWindowUntilThereAreRows(self):
+        for address in ('', 'check'):
+            self.script('location.hash = arguments[0]', address)
+            heights = self.script('const page = document.documentElement; return [page.scrollHeight, page.clientHeight]')
+            self.assertEqual(heights[0], heights[1])
 
     def test_SaysThatTheProgramHasEnded(self):
         self.go('CDeptoRpt.RelatorioDeptos')

@@ -114,5 +114,12 @@ class PageTest(unittest.TestCase):
         found = self.browser.execute_async_script('axe.run().then(arguments[0])')
         return [(item['id'], [node['html'][:120] for node in item['nodes']]) for item in found['violations']]
 
+    def allow_clipboard(self):
+        self.browser.execute_cdp_cmd('Browser.grantPermissions',
+                                     {'permissions': ['clipboardReadWrite', 'clipboardSanitizedWrite']})
+
+    def clipboard(self):
+        return self.browser.execute_async_script('navigator.clipboard.readText().then(arguments[0])')
+
     def picture(self, name):
         self.browser.save_screenshot(os.path.join(FOLDER, name + '.png'))

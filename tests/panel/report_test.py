@@ -5,6 +5,8 @@ import pathlib
 import re
 import time
 
+from selenium.webdriver.common.keys import Keys
+
 from panel_page import DATABASES, FOLDER, PageTest, console
 
 
@@ -87,7 +89,27 @@ class Report(PageTest):
         self.go('CDocumentoRpt.RelatorioSintetico')
         self.one('#field-CodDepto').send_keys('XYZ')
         self.assertEqual(self.execute(), 'Nenhum registro.')
-        self.assertIn('Filtros: Departamento XYZ', self.one('main').text)
+        self.assertIn('Filtros: Departamento XYZ\nNenhum departamento tem o código "XYZ".', self.one('main').text)
+
+    def test_BringsItsRowsIntoSightButNotTheFocus(self):
+        self.go('CDocumentoRpt.RelatorioSintetico')
+        self.one('#field-CodDepto').send_keys('001', Keys.ENTER)
+        self.end_of_run()
+        place = 'const box = document.querySelector(arguments[0]).getBoundingClientRect(); return [box.top, box.bottom]'
+        top, bottom = self.script(place, '.rows')
+        self.assertGreater(top, self.script(place, 'header')[1])
+        self.assertLess(top, self.script('return innerHeight') / 3)
+        self.assertLess(self.script(place, '.scroll')[1], self.script('return innerHeight'))
+        self.assertEqual(self.script('return document.activeElement.id'), 'field-CodDepto')
+
+    def test_StaysWhereTheUserScrollsDuringTheRun(self):
+        self.browser.execute_cdp_cmd('Emulation.setDeviceMetricsOverride',
+                                     {'width': 1280, 'height': 400, 'deviceScaleFactor': 1, 'mobile': False})
+        self.addCleanup(self.browser.execute_cdp_cmd, 'Emulation.clearDeviceMetricsOverride', {})
+        self.go('CDocumentoRpt.RelatorioSintetico')
+        self.script('document.querySelector("main form").requestSubmit(); scrollTo(0, 10)')
+        self.assertIn('registros.', self.end_of_run())
+        self.assertEqual(self.script('return scrollY'), 10)
 
     def test_DownloadsTheBytesThatTheConsoleWrites(self):
         self.go('CDeptoRpt.RelatorioDeptos')
@@ -115,6 +137,10 @@ class Report(PageTest):
         self.until(lambda: self.all('pre'))
         expected = console('sql', 'CSuporteRpt', '--banco', 'oracle', '--bonito').stdout.decode().rstrip('\n')
         self.assertEqual(self.one('pre').get_attribute('textContent'), expected)
+        self.allow_clipboard()
+        self.press('Copiar a instrução')
+        self.until(lambda: 'Copiada.' in self.one('main').text)
+        self.assertEqual(self.clipboard(), expected)
 
 
 class StatisticOnMariaDb(PageTest):
@@ -155,7 +181,8 @@ class Many(PageTest):
         self.go('CSuporteRpt.RelatorioSuportes')
         before = self.memory()
         status = self.execute()
-        self.assertEqual(status, '1.000.000 registros. Aparecem os primeiros 20.000; baixe o arquivo para ter todos.')
+        self.assertEqual(status, '1.000.000 registros. Aparecem os primeiros 20.000.')
+        self.assertIn('Baixar o arquivo com todos os registros', [button.text for button in self.all('main button')])
         self.assertLess(self.memory() - before, 60)
         self.assertLess(len(self.all('.rows tr')), 120)
         self.script('const s = document.querySelector(".rows").parentElement; s.scrollTop = s.scrollHeight')

@@ -1,6 +1,6 @@
 // The page as a whole: the list of reports, and what is shown beside it.
 import {CheckPage} from './check.js';
-import {element} from './dom.js';
+import {element, titleOf} from './dom.js';
 import {ReportPage} from './report.js';
 
 const main = document.querySelector('#main');
@@ -10,7 +10,7 @@ const search = document.querySelector('#search');
 const folded = text => text.normalize('NFD').replace(/\p{M}/gu, '').toLowerCase();
 
 function linkTo(report) {
-  return element('li', {}, element('a', {href: `#${report.name}`, title: report.name}, report.purpose));
+  return element('li', {}, element('a', {href: `#${report.name}`, title: report.name}, titleOf(report)));
 }
 
 function drawList(families) {

@@ -1,5 +1,5 @@
 // What `kodrarpt verifica` says, as a page.
-import {element, counted} from './dom.js';
+import {copyButton, counted, element} from './dom.js';
 import {cancel, newRun, post} from './server.js';
 
 const listOf = texts => element('ul', {}, ...texts.map(text => element('li', {}, text)));
@@ -36,10 +36,7 @@ function indexesOf(findings) {
   return section('Índices que faltam', ...findings.indices.map(index => element('div', {},
     element('p', {}, `${index.indice}: a tabela tem ${counted(index.linhas)} linhas; ajuda ${index.relatorios.join(', ')}.`),
     element('pre', {tabindex: '0', role: 'region', 'aria-label': 'Instrução do índice'}, index.instrucao),
-    element('button', {type: 'button', click: event => {
-      navigator.clipboard.writeText(index.instrucao);
-      event.target.textContent = 'Copiada';
-    }}, 'Copiar a instrução'))));
+    copyButton(index.instrucao, 'Copiar a instrução'))));
 }
 
 function listSection(title, texts) {

@@ -12,6 +12,26 @@ export function element(name, attributes = {}, ...children) {
   return made;
 }
 
+// A button that copies a text to the clipboard.
+export function copyButton(text, words) {
+  const button = element('button', {type: 'button', click: async () => {
+    try {
+      await navigator.clipboard.writeText(text);
+      said.textContent = 'Copiada.';
+    } catch {
+      said.textContent = 'O navegador não permite copiar; selecione o texto.';
+    }
+  }}, words);
+  const said = element('span', {'aria-live': 'polite'});
+  return element('div', {class: 'actions'}, button, said);
+}
+
+// "os suportes" becomes "Os suportes".
+export const capitalized = text => text.charAt(0).toUpperCase() + text.slice(1);
+
+// What a report is for, as a title: "Os suportes dos documentos" becomes "Suportes dos documentos".
+export const titleOf = report => capitalized(report.purpose.replace(/^(A|As|O|Os) /, ''));
+
 // "1.234".
 export const counted = number => number.toLocaleString('pt-BR');
 

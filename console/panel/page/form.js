@@ -1,12 +1,11 @@
 // The form of a report, made from its entry.
-import {element} from './dom.js';
+import {capitalized, element} from './dom.js';
 
 // "Primeiro dia do período; só vale se …" is a label and a hint.
 function labelAndHint(effect) {
   const end = effect.indexOf('; ');
   if (end < 0) return [effect, ''];
-  const hint = effect.slice(end + 2);
-  return [effect.slice(0, end), hint.charAt(0).toUpperCase() + hint.slice(1) + '.'];
+  return [effect.slice(0, end), `${capitalized(effect.slice(end + 2))}.`];
 }
 
 const keyOf = report => `values ${report.name}`;

@@ -1,5 +1,5 @@
 // The page of one report: its form, its rows, its files and its statements.
-import {element, counted, countOfRows} from './dom.js';
+import {capitalized, copyButton, counted, countOfRows, element, titleOf} from './dom.js';
 import {formOf} from './form.js';
 import {cancel, eachLine, newRun, post} from './server.js';
 import {statisticsOf} from './statistics.js';
@@ -25,7 +25,7 @@ export class ReportPage {
     this.format = element('select', {id: 'format'}, ...FORMATS.map(([value, words]) => element('option', {value}, words)));
     this.downloadButton = element('button', {type: 'button', click: () => this.download()}, 'Baixar');
     this.element = element('div', {},
-      element('h1', {}, report.purpose),
+      element('h1', {}, titleOf(report)),
       element('p', {class: 'soft'}, report.name),
       element('form', {submit: event => {
         event.preventDefault();
@@ -56,7 +56,9 @@ export class ReportPage {
           report: this.report.name, parameters: this.form.values(), database: choice.value});
         const {statements, notes} = await response.json();
         shown.replaceChildren(...notes.map(note => element('p', {class: 'soft'}, `Nota: ${note}.`)),
-          ...statements.map(text => element('pre', {tabindex: '0', role: 'region', 'aria-label': 'Instrução SQL'}, text)));
+          ...statements.flatMap(text => [
+            element('pre', {tabindex: '0', role: 'region', 'aria-label': 'Instrução SQL'}, text),
+            copyButton(text, 'Copiar a instrução')]));
       } catch (error) {
         shown.replaceChildren(element('p', {class: 'bad', role: 'alert'}, error.message));
       }
@@ -69,6 +71,7 @@ export class ReportPage {
 
   // Does something that can be cancelled, one thing at a time.
   async busy(work) {
+    if (this.run !== null) return;
     this.run = newRun();
     this.abort = new AbortController();
     this.runButton.disabled = this.downloadButton.disabled = true;
@@ -113,8 +116,9 @@ export class ReportPage {
     if (this.explanation) this.explanation.open = true;
   }
 
-  execute() {
-    return this.busy(async (run, signal) => {
+  async execute() {
+    this.scrolled = scrollY;
+    await this.busy(async (run, signal) => {
       this.results.replaceChildren();
       this.say('Esperando o banco…');
       const response = await post('/api/run', {report: this.report.name, parameters: this.form.values(), run}, signal);
@@ -138,29 +142,43 @@ export class ReportPage {
           else this.explain(line.error);
         }
         if (!isOver && table?.rows.length > 0 && performance.now() - drawn > 200) {
-          if (drawn === 0) this.results.replaceChildren(table.element);
+          const isFirst = drawn === 0;
+          if (isFirst) this.results.replaceChildren(table.element);
           drawn = performance.now();
           table.refresh();
           this.say(`${countOfRows(table.rows.length)} até agora…`);
+          if (isFirst) this.showResults();
           await new Promise(requestAnimationFrame);
         }
       });
       if (!isOver) this.fail('A resposta terminou antes do fim: o kodrarpt foi encerrado.');
     });
+    this.showResults();
   }
 
   finish(end, table) {
-    const notes = end.notes.map(note => element('p', {}, `${note.caption}: ${note.text}`));
+    const shown = table.rows.length;
+    const notes = end.rows > 0 ? end.notes.map(note => `${note.caption}: ${note.text}`)
+      : end.unknownCodes.map(words => `${capitalized(words)}.`);
     const parts = [];
     if (end.filter !== '') parts.push(element('p', {}, `Filtros: ${end.filter}`));
-    if (notes.length > 0 && end.rows > 0) parts.push(element('div', {class: 'notes'}, ...notes));
+    if (shown < end.rows) parts.push(element('div', {class: 'actions'},
+      element('button', {type: 'button', click: () => this.download()}, 'Baixar o arquivo com todos os registros')));
+    if (notes.length > 0) parts.push(element('div', {class: 'notes'}, ...notes.map(text => element('p', {}, text))));
     if (end.statistics) parts.push(statisticsOf(end.statistics));
-    if (end.rows > 0) parts.push(table.element);
-    this.results.replaceChildren(...parts);
+    // A table that is shown keeps its place and the focus.
+    if (end.rows > 0 && !table.element.isConnected) this.results.append(table.element);
+    this.results.prepend(...parts);
     table.refresh();
-    const shown = table.rows.length;
-    const only = shown < end.rows ? ` Aparecem os primeiros ${counted(shown)}; baixe o arquivo para ter todos.` : '';
+    const only = shown < end.rows ? ` Aparecem os primeiros ${counted(shown)}.` : '';
     this.say(`${countOfRows(end.rows)}.${only}`);
+  }
+
+  // Brings the results into sight, unless the user has scrolled since the report began. The focus stays where it is.
+  showResults() {
+    if (scrollY !== this.scrolled) return;
+    this.status.scrollIntoView();
+    this.scrolled = scrollY;
   }
 
   download() {

@@ -9,9 +9,11 @@ namespace {
 
 const Heading kDeptos = {L"CDeptoRpt", L"RelatorioDeptos", L"Departamentos", {}};
 
+std::vector<std::string> NoneUnknown() { return {}; }
+
 TEST(PanelRows, AreJsonLinesAsPeopleReadValues) {
   TextOutput output;
-  PageWriter writer(output);
+  PageWriter writer(output, NoneUnknown);
   const Column columns[] = {{L"descr_depto", ColumnKind::kText}, {L"OUTRA", ColumnKind::kNumber}};
   writer.Begin(kDeptos, columns);
   writer.Row(std::vector<Value>{std::wstring(L"Jurídico \"A\""), 1234.5});
@@ -25,17 +27,19 @@ TEST(PanelRows, AreJsonLinesAsPeopleReadValues) {
             "{\"end\":{\"rows\":2,\"filter\":\"\",\"notes\":[]}}\n");
 }
 
-TEST(PanelRows, SayWithWhichFiltersNothingWasFound) {
+TEST(PanelRows, SayWithWhichFiltersAndUnknownCodesNothingWasFound) {
   TextOutput output;
-  PageWriter writer(output);
+  PageWriter writer(output, [] { return std::vector<std::string>{"não há 001"}; });
   writer.Begin({L"CDocumentoRpt", L"RelatorioSintetico", L"Documentos", {{L"CodDepto", L"001"}}}, {});
   writer.End();
-  EXPECT_EQ(output.Text(), "{\"columns\":[]}\n{\"end\":{\"rows\":0,\"filter\":\"Departamento 001\",\"notes\":[]}}\n");
+  EXPECT_EQ(output.Text(),
+            "{\"columns\":[]}\n"
+            "{\"end\":{\"rows\":0,\"filter\":\"Departamento 001\",\"notes\":[],\"unknownCodes\":[\"não há 001\"]}}\n");
 }
 
 TEST(PanelRows, AreOnlyCountedBeyondWhatThePageHolds) {
   TextOutput output;
-  PageWriter writer(output, 2);
+  PageWriter writer(output, NoneUnknown, 2);
   const Column columns[] = {{L"CODIGO"}};
   writer.Begin(kDeptos, columns);
   for (int row = 1; row <= 5; ++row) writer.Row(std::vector<Value>{std::to_wstring(row)});
@@ -55,7 +59,7 @@ class Pieces final : public Output {
 
 TEST(PanelRows, AreSentInPiecesTheFirstRowAtOnce) {
   Pieces output;
-  PageWriter writer(output);
+  PageWriter writer(output, NoneUnknown);
   const Column columns[] = {{L"CODIGO"}};
   writer.Begin(kDeptos, columns);
   writer.Row(std::vector<Value>{std::wstring(L"a")});
@@ -68,7 +72,7 @@ TEST(PanelRows, AreSentInPiecesTheFirstRowAtOnce) {
 
 TEST(PanelRows, OfAStatisticEndWithItsTotalsAndChart) {
   TextOutput output;
-  PageWriter writer(output);
+  PageWriter writer(output, NoneUnknown);
   const Column columns[] = {{L"Titulo"}, {L"Subtitulo"}, {L"Periodo"}, {L"Subgrupo"}, {L"Serie"}, {L"Total"}};
   writer.Begin({L"CEstatSerieRpt", L"RelatorioEstatisticas", L"Estatística", {}}, columns);
   const auto row = [&](const wchar_t* group, const wchar_t* series, int total) {
@@ -92,7 +96,7 @@ TEST(PanelRows, OfAStatisticEndWithItsTotalsAndChart) {
 
 TEST(PanelRows, OfAStatisticWithoutRowsHaveNoTotals) {
   TextOutput output;
-  PageWriter writer(output);
+  PageWriter writer(output, NoneUnknown);
   writer.Begin({L"CEstatSerieRpt", L"RelatorioEstatisticas", L"Estatística", {}}, {});
   writer.End();
   EXPECT_EQ(output.Text().find("statistics"), std::string::npos);

@@ -95,6 +95,15 @@ TEST_P(PanelOn, ShowsTheRowsOfAReport) {
   EXPECT_EQ(lines[3]["end"]["rows"], 2);
 }
 
+TEST_P(PanelOn, SaysWhichCodesTheArchiveDoesNotHave) {
+  const Reply reply = visitor_.Post(
+      "/api/run", R"({"report":"CDocumentoRpt.RelatorioSintetico","parameters":{"CodDepto":"XYZ"},"run":"1"})");
+  const std::vector<json> lines = LinesOf(reply);
+  ASSERT_EQ(lines.size(), 2U) << reply.body;
+  EXPECT_EQ(lines[1]["end"]["rows"], 0);
+  EXPECT_EQ(lines[1]["end"]["unknownCodes"], json{"nenhum departamento tem o código \"XYZ\""});
+}
+
 // The file that `executa` writes.
 std::string ConsoleFile(const std::vector<std::string>& options, const std::wstring& connection,
                         const std::string& ending) {
