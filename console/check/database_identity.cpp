@@ -1,5 +1,6 @@
 #include "console/check/database_identity.h"
 
+#include <fmt/format.h>
 #include <algorithm>
 #include <cmath>
 
@@ -7,7 +8,6 @@
 #include "console/check/schema_probe.h"
 #include "console/command_line/connection_error.h"
 #include "console/command_line/databases.h"
-#include "console/run/machine.h"
 #include "console/run/progress.h"
 #include "data/abre_cn.h"
 #include "sql/tipo_banco.h"
@@ -21,6 +21,13 @@ namespace {
 using values::ToUtf8;
 
 constexpr double kMillisecondsPerSecond = 1000;
+
+std::string DialectOf(const DatabaseIdentity& identity) {
+  if (!identity.code) return "não identificado (" + identity.unknownBecause + ")";
+  if (!identity.title.empty()) return identity.title;
+  return fmt::format("nenhum: os relatórios que usam datas ou conversões dão erro neste banco (tipo {})",
+                     *identity.code);
+}
 
 }  // namespace
 
@@ -52,9 +59,8 @@ std::unique_ptr<platform::Connection> Connect(platform::Surroundings& surroundin
   }
 }
 
-DatabaseAnswer AskDatabase(const std::wstring& connectionString) {
-  const std::unique_ptr<Machine> machine = NewMachine();
-  platform::Surroundings& surroundings = machine->Around();
+DatabaseAnswer AskDatabase(const std::wstring& connectionString, Machine& machine) {
+  platform::Surroundings& surroundings = machine.Around();
   DatabaseAnswer answer;
   const double start = SteadySeconds();
   const std::unique_ptr<platform::Connection> connection = Connect(surroundings, connectionString);
@@ -74,6 +80,13 @@ DatabaseAnswer AskDatabase(const std::wstring& connectionString) {
     // The reports need no second connection.
   }
   return answer;
+}
+
+std::string LinesOf(const DatabaseAnswer& answer) {
+  std::string lines = fmt::format("O banco respondeu em {} ms\n", answer.milliseconds);
+  if (!answer.product.empty()) lines += fmt::format("  produto  {}\n", answer.product);
+  if (!answer.database.empty()) lines += fmt::format("  banco    {}\n", answer.database);
+  return lines + fmt::format("  dialeto  {}\n", DialectOf(answer.identity));
 }
 
 }  // namespace kodra::console

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "console/run/machine.h"
 #include "platform/surroundings.h"
 
 namespace kodra::console {
@@ -40,6 +41,9 @@ struct DatabaseAnswer {
 };
 
 // Connects and reads nothing but whether the database is one. Raises ConnectionError.
-DatabaseAnswer AskDatabase(const std::wstring& connectionString);
+DatabaseAnswer AskDatabase(const std::wstring& connectionString, Machine& machine);
+
+// The answer in lines for people.
+std::string LinesOf(const DatabaseAnswer& answer);
 
 }  // namespace kodra::console

@@ -111,22 +111,11 @@ ExitCode List(Program& program) {
   return ExitCode::kOk;
 }
 
-std::string DialectOf(const DatabaseIdentity& identity) {
-  if (!identity.code) return "não identificado (" + identity.unknownBecause + ")";
-  if (!identity.title.empty()) return identity.title;
-  return fmt::format("nenhum: os relatórios que usam datas ou conversões dão erro neste banco (tipo {})",
-                     *identity.code);
-}
-
 ExitCode Test(Program& program, const Options& options) {
   if (options.password.asks && !options.password.variable.empty())
     throw UsageError("--senha-de e --pergunta-senha não podem ser usados juntos");
-  const DatabaseAnswer answer = AskDatabase(ConnectionOfProfile(options.name, options.password));
-  std::string lines = fmt::format("O banco respondeu em {} ms\n", answer.milliseconds);
-  if (!answer.product.empty()) lines += fmt::format("  produto  {}\n", answer.product);
-  if (!answer.database.empty()) lines += fmt::format("  banco    {}\n", answer.database);
-  lines += fmt::format("  dialeto  {}\n", DialectOf(answer.identity));
-  program.Out() << ForTerminal(lines);
+  const DatabaseAnswer answer = AskDatabase(ConnectionOfProfile(options.name, options.password), *NewMachine());
+  program.Out() << ForTerminal(LinesOf(answer));
   return answer.identity.name.empty() ? ExitCode::kMismatch : ExitCode::kOk;
 }
 

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "console/check/database_identity.h"
 #include "console/check/findings.h"
 #include "console/command_line/databases.h"
 #include "console/command_line/failure.h"
@@ -38,6 +39,9 @@ std::string TextOf(const Json& json, const char* name) {
     throw UsageError(std::string("o pedido não diz \"") + name + "\"; recarregue a página");
   return found->get<std::string>();
 }
+
+// A text of the request that may be missing; empty if it is.
+std::string TextOrNone(const Json& json, const char* name) { return json.contains(name) ? TextOf(json, name) : ""; }
 
 Json BodyOf(const Request& request) {
   Json json = Json::parse(request.body, nullptr, false);
@@ -84,6 +88,14 @@ FormatOptions OptionsOf(const DownloadFormat& format) {
   return options;
 }
 
+// Texts of the system or of a database, which may not be UTF-8.
+std::string Words(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
+// The words for the exception that is being handled, without the password of the connection.
+std::string CurrentWords(const std::wstring& connection) {
+  return values::ToUtf8(values::HidePassword(values::FromUtf8(CurrentFailure(true).message), connection));
+}
+
 Answer Statements(const Request& request) {
   const Json json = BodyOf(request);
   ReportTask task = TaskOf(json);
@@ -99,28 +111,40 @@ Answer Statements(const Request& request) {
 
 Answer Api::Handle(const Request& request) {
   const bool posts = request.method == "POST";
+  std::wstring connection;
   try {
     if (!posts && request.path == "/api/catalogue") return {.type = kJson, .body = CatalogueJson()};
-    if (posts && request.path == "/api/run") return RunReport(request);
-    if (posts && request.path == "/api/download") return Download(request);
+    if (!posts && request.path == "/api/connections") return ListConnections();
     if (posts && request.path == "/api/cancel") return Cancel(request);
     if (posts && request.path == "/api/sql") return Statements(request);
-    if (posts && request.path == "/api/check") return Check(request);
+    if (posts) connection = connections_.Text(TextOrNone(BodyOf(request), "connection"));
+    if (posts && request.path == "/api/run") return RunReport(request, connection);
+    if (posts && request.path == "/api/download") return Download(request, connection);
+    if (posts && request.path == "/api/check") return Check(request, connection);
+    if (posts && request.path == "/api/test") return Test(request, connection);
   } catch (const TooManyRuns& error) {
     return Refused(429, error.what());
   } catch (const std::exception&) {
-    return Refused(422, CurrentWords());
+    return Refused(422, CurrentWords(connection));
   }
   return Refused(404, "Não há nada neste endereço.");
 }
 
-Answer Api::RunReport(const Request& request) {
+Answer Api::ListConnections() const {
+  const Connections::List list = connections_.All();
+  Json choices = Json::array();
+  for (const Connections::Choice& choice : list.choices)
+    choices.push_back({{"name", choice.name}, {"profile", choice.profile}, {"problem", choice.problem}});
+  return {.type = kJson, .body = Words(Json{{"connections", choices}, {"problem", list.problem}})};
+}
+
+Answer Api::RunReport(const Request& request, const std::wstring& connection) {
   const Json json = BodyOf(request);
   const auto task = std::make_shared<ReportTask>(TaskOf(json));
   const std::string name = TextOf(json, "run");
-  const auto stream = [this, task, name, isGone = request.isGone](Output& output) {
+  const auto stream = [this, task, name, connection, isGone = request.isGone](Output& output) {
     const auto say = [&](const char* what, const std::string& words) {
-      output.Write(Json{{what, words}}.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n");
+      output.Write(Words(Json{{what, words}}) + "\n");
     };
     std::string whyOver;
     try {
@@ -129,11 +153,11 @@ Answer Api::RunReport(const Request& request) {
           PageWriter writer(output, [&] {
             std::vector<std::string> codes;
             for (const UnknownCode& code :
-                 UnknownCodes(task->Parameters(), 0, task->Method(), connection_, machine.Around()))
+                 UnknownCodes(task->Parameters(), 0, task->Method(), connection, machine.Around()))
               codes.push_back(code.words);
             return codes;
           });
-          task->Write(machine.Around(), connection_, writer, [&] { return !run.IsOver(); });
+          task->Write(machine.Around(), connection, writer, [&] { return !run.IsOver(); });
         } catch (const OutputError&) {
           throw;
         } catch (const std::exception&) {
@@ -145,14 +169,14 @@ Answer Api::RunReport(const Request& request) {
     } catch (const OutputError&) {
       throw;
     } catch (const std::exception&) {
-      return say("error", CurrentWords());
+      return say("error", CurrentWords(connection));
     }
     if (!whyOver.empty()) say("stopped", whyOver);
   };
   return {.type = "application/x-ndjson", .stream = stream};
 }
 
-Answer Api::Download(const Request& request) {
+Answer Api::Download(const Request& request, const std::wstring& connection) {
   const Json json = BodyOf(request);
   ReportTask task = TaskOf(json);
   const DownloadFormat& format = FormatOf(TextOf(json, "format"));
@@ -162,10 +186,10 @@ Answer Api::Download(const Request& request) {
     try {
       FormatOptions options = OptionsOf(format);
       options.html.labels.containerModules = [&] {
-        return ModulesOfContainers(task.Parameters(), machine.Around(), connection_);
+        return ModulesOfContainers(task.Parameters(), machine.Around(), connection);
       };
       const auto writer = NewWriter(format.format, options, *file, file->PathText());
-      task.Write(machine.Around(), connection_, *writer, [&] { return !run.IsOver(); });
+      task.Write(machine.Around(), connection, *writer, [&] { return !run.IsOver(); });
     } catch (const std::exception&) {
       if (!run.IsOver()) throw;
     }
@@ -183,15 +207,18 @@ Answer Api::Cancel(const Request& request) {
   return {.type = kJson, .body = Json{{"cancelled", isKnown}}.dump()};
 }
 
-Answer Api::Check(const Request& request) {
+Answer Api::Check(const Request& request, const std::wstring& connection) {
   std::ostringstream json;
   runs_.Do(TextOf(BodyOf(request), "run"), request.isGone,
-           [&](Machine& machine, const Run&) { WriteJson(CheckDatabase(connection_, machine), json); });
+           [&](Machine& machine, const Run&) { WriteJson(CheckDatabase(connection, machine), json); });
   return {.type = kJson, .body = json.str()};
 }
 
-std::string Api::CurrentWords() const {
-  return values::ToUtf8(values::HidePassword(values::FromUtf8(CurrentFailure(true).message), connection_));
+Answer Api::Test(const Request& request, const std::wstring& connection) {
+  std::string lines;
+  runs_.Do(TextOf(BodyOf(request), "run"), request.isGone,
+           [&](Machine& machine, const Run&) { lines = LinesOf(AskDatabase(connection, machine)); });
+  return {.type = kJson, .body = Words(Json{{"answer", lines}})};
 }
 
 std::string Api::WordsOf(const Run& run) const {

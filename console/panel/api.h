@@ -1,18 +1,22 @@
 // What the page asks the program for: the catalogue, runs, downloads, statements, the check of the database.
 //
 //   GET  /api/catalogue
-//   POST /api/run       {"report", "parameters", "run"}            JSON lines, see page_writer.h
-//   POST /api/download  {"report", "parameters", "run", "format"}  a file
+//   GET  /api/connections
+//   POST /api/run       {"connection", "report", "parameters", "run"}            JSON lines, see page_writer.h
+//   POST /api/download  {"connection", "report", "parameters", "run", "format"}  a file
+//   POST /api/check     {"connection", "run"}
+//   POST /api/test      {"connection", "run"}                                    which database answers
 //   POST /api/cancel    {"run"}
 //   POST /api/sql       {"report", "parameters", "database"}
-//   POST /api/check     {"run"}
 //
-// "run" is a name that the page chooses, by which it can cancel. An answer that is not 200 has words for the user. A
-// run that fails after its first row ends with {"error":"…"}.
+// "connection" is a name of /api/connections; without it, the connection of the command line is used. "run" is a name
+// that the page chooses, by which it can cancel. An answer that is not 200 has words for the user. A run that fails
+// after its first row ends with {"error":"…"}.
 #pragma once
 
 #include <chrono>
 
+#include "console/panel/connections.h"
 #include "console/panel/http.h"
 #include "console/panel/runs.h"
 
@@ -20,8 +24,8 @@ namespace kodra::console::panel {
 
 class Api {
  public:
-  // The connection string, and the time limit of each run; zero is none.
-  Api(std::wstring connection, std::chrono::seconds limit) : connection_(std::move(connection)), runs_(limit) {}
+  // The time limit is that of each run; zero is none.
+  Api(Connections connections, std::chrono::seconds limit) : connections_(std::move(connections)), runs_(limit) {}
 
   // Answers a request to one of these addresses; 404 for others. Called by several threads at once. Raises nothing but
   // bad_alloc.
@@ -30,17 +34,17 @@ class Api {
   void CancelAll() { runs_.CancelAll(); }
 
  private:
-  Answer RunReport(const Request& request);
-  Answer Download(const Request& request);
+  Answer ListConnections() const;
+  Answer RunReport(const Request& request, const std::wstring& connection);
+  Answer Download(const Request& request, const std::wstring& connection);
+  Answer Check(const Request& request, const std::wstring& connection);
+  Answer Test(const Request& request, const std::wstring& connection);
   Answer Cancel(const Request& request);
-  Answer Check(const Request& request);
 
-  // The words for the exception that is being handled.
-  std::string CurrentWords() const;
   // Why a run ended early; empty if it did not.
   std::string WordsOf(const Run& run) const;
 
-  const std::wstring connection_;
+  const Connections connections_;
   Runs runs_;
 };
 

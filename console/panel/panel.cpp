@@ -14,7 +14,7 @@ Answer AnswerTo(const Request& request, Api& api) {
 }  // namespace
 
 Panel::Panel(const PanelOptions& options)
-    : api_(options.connection, options.limit),
+    : api_(Connections(options.connection, options.profile), options.limit),
       server_({.refusal = [this](const Request& request) { return access_.Refusal(request); },
                .answer = [this](const Request& request) { return AnswerTo(request, api_); },
                .headers = SecurityHeaders()},

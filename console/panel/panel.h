@@ -1,4 +1,5 @@
-// The panel: one page, in the browser of the person at this computer, that runs the reports of one database.
+// The panel: one page, in the browser of the person at this computer, that runs the reports of the databases that the
+// user may choose there.
 //
 //   Panel panel({.connection = L"DSN=Acervo"});
 //   std::cout << panel.Address();
@@ -14,7 +15,9 @@
 namespace kodra::console::panel {
 
 struct PanelOptions {
-  std::wstring connection;
+  // See Connections.
+  std::wstring connection = {};
+  std::string profile = {};
   int port = 0;                   // zero for a free one
   std::chrono::seconds limit{0};  // of each run; zero is none
 };

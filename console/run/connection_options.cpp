@@ -5,7 +5,6 @@
 #include "console/command_line/environment.h"
 #include "console/command_line/program.h"
 #include "console/command_line/usage_error.h"
-#include "console/profiles/profiles.h"
 #include "values/password.h"
 #include "values/utf8.h"
 
@@ -69,10 +68,13 @@ std::wstring ConnectionOptions::Text() const {
   return text;
 }
 
-std::wstring ConnectionOfProfile(const std::string& name, const PasswordSource& instead) {
-  const Profile profile = Profiles().Find(name);
+std::wstring ConnectionOf(const Profile& profile, const PasswordSource& instead) {
   return Complete(FromUtf8(profile.connection), instead.IsNone() ? profile.password : instead,
                   "do perfil " + profile.name);
+}
+
+std::wstring ConnectionOfProfile(const std::string& name, const PasswordSource& instead) {
+  return ConnectionOf(Profiles().Find(name), instead);
 }
 
 std::wstring WithPassword(std::wstring connectionString, std::wstring_view password) {

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "console/profiles/password_source.h"
+#include "console/profiles/profiles.h"
 
 namespace CLI {
 class App;
@@ -49,7 +49,8 @@ class ConnectionOptions {
 };
 
 // Returns the connection string of a profile with its password, which comes from another source than the profile's if
-// there is one. May ask the user. Raises what Profiles::Find and PasswordFrom raise.
+// there is one. May ask the user. Raises what PasswordFrom raises, and for a name what Profiles::Find raises.
+std::wstring ConnectionOf(const Profile& profile, const PasswordSource& instead);
 std::wstring ConnectionOfProfile(const std::string& name, const PasswordSource& instead);
 
 // Returns the connection string with the password appended, in quotes if it needs them.

@@ -38,7 +38,7 @@ class Page(PageTest):
         self.assertEqual(self.script('return document.activeElement.dataset.row'), '0')
 
     def test_FitsTheWindowUntilThereAreRows(self):
-        for address in ('', 'check'):
+        for address in ('', 'check', 'connections'):
             self.script('location.hash = arguments[0]', address)
             heights = self.script('const page = document.documentElement; return [page.scrollHeight, page.clientHeight]')
             self.assertEqual(heights[0], heights[1])

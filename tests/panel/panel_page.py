@@ -18,12 +18,26 @@ DATABASES = dict(argument.split('=', 1) for argument in sys.argv[4:])
 PATIENCE = 60
 
 
+# The settings of a user, in which a test may write profiles.
+SETTINGS = os.path.join(FOLDER, 'settings')
+
+
+def write_profiles(profiles):
+    """Replaces the user's profiles by these: name, lines."""
+    folder = pathlib.Path(SETTINGS, 'kodrarpt')
+    folder.mkdir(0o700, parents=True, exist_ok=True)
+    file = folder / 'perfis.ini'
+    file.write_text(''.join(f'[{name}]\n{lines}\n' for name, lines in profiles.items()), encoding='utf-8')
+    file.chmod(0o600)
+
+
 class Panel:
-    """The program, serving one database."""
+    """The program, serving one database, or without one the user's profiles."""
 
     def __init__(self, connection, *options):
-        self.process = subprocess.Popen(
-            [PROGRAM, 'painel', '--sem-navegador', '--conexao', connection, *options], stdout=subprocess.PIPE, text=True)
+        named = ['--conexao', connection] if connection else []
+        self.process = subprocess.Popen([PROGRAM, 'painel', '--sem-navegador', *named, *options],
+                                        stdout=subprocess.PIPE, text=True, env={**os.environ, 'XDG_CONFIG_HOME': SETTINGS})
         self.address = self.process.stdout.readline().strip()
 
     def end(self):
@@ -34,7 +48,8 @@ class Panel:
 
 
 def console(*arguments):
-    return subprocess.run([PROGRAM, *arguments], capture_output=True, check=False)
+    return subprocess.run([PROGRAM, *arguments], capture_output=True, check=False,
+                          env={**os.environ, 'XDG_CONFIG_HOME': SETTINGS})
 
 
 def new_browser():

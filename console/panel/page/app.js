@@ -1,7 +1,10 @@
 // The page as a whole: the list of reports, and what is shown beside it.
 import {CheckPage} from './check.js';
+import {ConnectionPage} from './connection_page.js';
+import {choose, chosen, labelOf, setConnections} from './connections.js';
 import {element, titleOf} from './dom.js';
 import {ReportPage} from './report.js';
+import {get} from './server.js';
 
 const main = document.querySelector('#main');
 const search = document.querySelector('#search');
@@ -32,10 +35,13 @@ function drawList(families) {
   markCurrent();
 }
 
+// Whether there is a page at this address that is not about reports.
+const isPage = address => [...document.querySelectorAll('header a')].some(link => link.getAttribute('href') === address);
+
 function markCurrent() {
   const current = location.hash || '#reports';
-  for (const link of document.querySelectorAll('nav a')) {
-    const isReports = link.getAttribute('href') === '#reports' && current !== '#check';
+  for (const link of document.querySelectorAll('header a, nav a')) {
+    const isReports = link.getAttribute('href') === '#reports' && !isPage(current);
     if (link.getAttribute('href') === current || isReports) link.setAttribute('aria-current', 'page');
     else link.removeAttribute('aria-current');
   }
@@ -47,7 +53,7 @@ function welcome(families) {
     element('p', {}, `Escolha um dos ${count} relatórios da lista, ou procure por uma palavra.`))};
 }
 
-function start(catalogue) {
+function start(catalogue, problem) {
   const {families, databases} = catalogue;
   const reports = families.flatMap(family => family.reports);
   let page = null;
@@ -57,12 +63,20 @@ function start(catalogue) {
     const report = reports.find(candidate => candidate.name === name);
     page?.leave();
     const isFirst = page === null;
-    page = name === 'check' ? new CheckPage() : report ? new ReportPage(report, databases) : welcome(families);
+    if (name === 'connections' || chosen() === null) page = new ConnectionPage(use, problem);
+    else page = name === 'check' ? new CheckPage() : report ? new ReportPage(report, databases) : welcome(families);
     main.replaceChildren(page.element);
-    document.title = `${main.querySelector('h1').textContent} – kodrarpt`;
+    const archive = chosen() === null ? 'nenhum' : labelOf(chosen());
+    document.querySelector('#archive').textContent = archive;
+    document.title = `${main.querySelector('h1').textContent} – acervo: ${archive} – kodrarpt`;
     markCurrent();
     if (!isFirst) main.focus();
     scrollTo(0, 0);
+  };
+  const use = connection => {
+    choose(connection);
+    if (location.hash === '#connections') location.hash = '#reports';
+    else go();
   };
   search.addEventListener('input', () => drawList(families));
   addEventListener('hashchange', go);
@@ -70,6 +84,10 @@ function start(catalogue) {
   go();
 }
 
-const response = await fetch('/api/catalogue');
-if (response.ok) start(await response.json());
-else main.replaceChildren(element('p', {class: 'bad', role: 'alert'}, await response.text()));
+try {
+  const {connections, problem} = await get('/api/connections');
+  setConnections(connections);
+  start(await get('/api/catalogue'), problem);
+} catch (error) {
+  main.replaceChildren(element('p', {class: 'bad', role: 'alert'}, error.message));
+}

@@ -1,16 +1,24 @@
 // What the page asks the program for.
+import {chosen} from './connections.js';
 
 let runs = 0;
+
+// What the program answers at an address. Raises an Error whose message is the program's own words.
+export async function get(path) {
+  const response = await fetch(path);
+  if (!response.ok) throw new Error((await response.text()).trim());
+  return response.json();
+}
 
 // A name for a run, by which it can be cancelled; another page of the same panel has other names.
 export const newRun = () => `${Date.now()}-${++runs}`;
 
-// Sends a request. Raises an Error whose message is the program's own words.
+// Sends a request about the chosen archive. Raises an Error whose message is the program's own words.
 export async function post(path, body, signal) {
   let response;
   try {
     response = await fetch(path, {
-      method: 'POST', headers: {'Content-Type': 'application/json'}, body: JSON.stringify(body), signal});
+      method: 'POST', headers: {'Content-Type': 'application/json'}, body: JSON.stringify({connection: chosen()?.name, ...body}), signal});
   } catch (error) {
     if (error.name === 'AbortError') throw error;
     throw new Error('O kodrarpt não responde mais: ele terminou, ou foi encerrado. Execute-o de novo.');
