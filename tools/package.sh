@@ -103,6 +103,7 @@ stage_files() {
   cp build/win32/src/com/generated/kodrarpt.tlb "$stage/KodraRpt.tlb"
   put docs packaging/estilo.css docs/{guia.pt-BR,recordsets.pt-BR,behaviours,cluster,dialects}.md
   put_tree docs/reference docs/reference
+  put_tree docs/panel docs/panel
   put_tree exemplos examples
   make_html
   cat testbed/archive/cliente.vbs testbed/archive/tabela.vbs | sed 's/$/\r/' | iconv -f UTF-8 -t CP1252 >"$stage/exemplos/cliente.vbs"

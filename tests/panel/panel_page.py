@@ -56,7 +56,8 @@ def new_browser():
     options = webdriver.ChromeOptions()
     # Without a sandbox, as root has none; without the requests that a browser makes of its own accord.
     for argument in ('--headless=new', '--no-sandbox', '--disable-gpu', '--disable-dev-shm-usage', '--lang=pt-BR',
-                     '--disable-background-networking', '--disable-component-update', '--window-size=1280,900'):
+                     '--disable-background-networking', '--disable-component-update', '--disable-lcd-text',
+                     '--window-size=1280,900'):
         options.add_argument(argument)
     options.add_experimental_option('prefs', {'download.default_directory': FOLDER})
     options.set_capability('goog:loggingPrefs', {'browser': 'ALL'})
