@@ -1,17 +1,17 @@
 # Everything that is run before a release: the tests, the groups that take too long for each change, and the commands
 # that examine the sources and the speed.
 
-# The native tests that start threads, under the thread sanitizer: all suites of the files that do.
+# The native tests that start threads, or a panel that does, under the thread sanitizer: all suites of their files.
 group_threads() {
   local file folder suites status=0
   while read -r file; do
     folder=${file#tests/}
     folder=${folder%%/*}
-    suites=$(sed -nE 's/^TEST(_F)?\((\w+),.*/\2.*/p' "$file" | sort -u | paste -sd:)
+    suites=$(sed -nE 's/^TEST(_F)?\((\w+),.*/\2.*/p; s/^TEST_P\((\w+),.*/*\/\1.*/p' "$file" | sort -u | paste -sd:)
     build_preset tsan "kodra_test_$folder"
     (cd tests && TSAN_OPTIONS=suppressions=checked/tsan.supp "../build/tsan/tests/kodra_test_$folder" \
       --gtest_filter="$suites") || status=1
-  done < <(git grep -lE 'std::(thread|jthread|async)\b' -- 'tests/*.cpp' ':!tests/wine')
+  done < <(git grep -lE 'std::(thread|jthread|async)\b|console/panel/(panel|server)\.h' -- 'tests/*.cpp' ':!tests/wine')
   return "$status"
 }
 

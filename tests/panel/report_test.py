@@ -173,17 +173,11 @@ class Many(PageTest):
     """A report of a million rows."""
     connection = DATABASES['many']
 
-    def memory(self):
-        with open(f'/proc/{self.panel.process.pid}/status', encoding='utf-8') as status:
-            return int(re.search(r'VmRSS:\s+(\d+)', status.read())[1]) // 1024
-
-    def test_GrowsNeitherTheProgramNorThePage(self):
+    def test_DoesNotGrowThePage(self):
         self.go('CSuporteRpt.RelatorioSuportes')
-        before = self.memory()
         status = self.execute()
         self.assertEqual(status, '1.000.000 registros. Aparecem os primeiros 20.000.')
         self.assertIn('Baixar o arquivo com todos os registros', [button.text for button in self.all('main button')])
-        self.assertLess(self.memory() - before, 60)
         self.assertLess(len(self.all('.rows tr')), 120)
         self.script('const s = document.querySelector(".rows").parentElement; s.scrollTop = s.scrollHeight')
         self.until(lambda: self.all('[data-row="19999"]'))
