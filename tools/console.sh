@@ -124,6 +124,19 @@ carta-3x10 6.3 14.2
 END
 }
 
+# The panel serves the same page and the same answers on both systems, and ends with Ctrl-C: same_panel CONNECTION
+same_panel() {
+  local differences
+  if differences=$(python3 tests/panel/same_panel.py "$1" build/sanitize/kodrarpt -- \
+    testbed/wine/environment run wine build/win32/console/kodrarpt.exe 2>>"$logs/wine.log")
+  then
+    passed console.painel
+  else
+    failed console.painel
+    echo "o painel responde outra coisa no Windows: $differences"
+  fi
+}
+
 # The labels of the archive: their codes, their words and their fonts; and the same bytes on Windows.
 labels() {
   local connection=$1 kind
@@ -206,5 +219,6 @@ group_console() {
   pages_have "Módulo AA001" "Documentos" "Depósito:"
   labels "$connection"
   same verifica --json --conexao "$connection"
+  same_panel "$connection"
   same esquema --banco todos --indices
 }
