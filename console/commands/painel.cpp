@@ -45,7 +45,7 @@ void Connect(const ConnectionOptions& options, panel::PanelOptions& panel) {
     throw UsageError("--senha-de e --pergunta-senha precisam de --conexao ou --perfil");
   if (!isNamed && !Profiles().All().empty()) return;
   panel.connection = options.Text();
-  if (panel.connection.empty()) throw UsageError("a string de conexão está vazia");
+  if (panel.connection.empty()) throw UsageError("a string de conexão está vazia: informe-a em --conexao");
   if (!profile.empty()) panel.profile = Profiles().Find(profile).name;
 }
 

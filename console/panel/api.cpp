@@ -150,10 +150,10 @@ Answer Api::RunReport(const Request& request, const std::wstring& connection) {
     try {
       runs_.Do(name, isGone, [&](Machine& machine, const Run& run) {
         try {
-          PageWriter writer(output, [&] {
+          PageWriter writer(output, [&](std::uint64_t rows) {
             std::vector<std::string> codes;
             for (const UnknownCode& code :
-                 UnknownCodes(task->Parameters(), 0, task->Method(), connection, machine.Around()))
+                 UnknownCodes(task->Parameters(), rows, task->Method(), connection, machine.Around()))
               codes.push_back(code.words);
             return codes;
           });

@@ -5,8 +5,8 @@
 //   {"count":20500}                         now and then, the rows so far, once no more rows are sent
 //   {"end":{"rows":31000,"filter":"…","notes":[…],"unknownCodes":[…],"statistics":{…}}}
 //
-// Unknown codes may be why there are no rows. A statistic has its lines, sums and chart at the end. The page gets so
-// many rows as it can hold; the others are only counted.
+// Unknown codes, if there are any, are why rows are missing. A statistic has its lines, sums and chart at the end. The
+// page gets so many rows as it can hold; the others are only counted.
 #pragma once
 
 #include <chrono>
@@ -26,10 +26,10 @@ inline constexpr std::uint64_t kMostShownRows = 20'000;
 
 class PageWriter final : public RowWriter {
  public:
-  // Finds the codes that were asked for and that the archive does not have, in words.
-  using FindUnknownCodes = std::function<std::vector<std::string>()>;
+  // Finds the codes that were asked for and that the archive does not have, in words, for a report with so many rows.
+  using FindUnknownCodes = std::function<std::vector<std::string>(std::uint64_t)>;
 
-  // `findUnknownCodes` is called at the end of a report without rows. REQUIRES: `output` outlives the writer.
+  // `findUnknownCodes` is called at the end. REQUIRES: `output` outlives the writer.
   explicit PageWriter(Output& output, FindUnknownCodes findUnknownCodes, std::uint64_t mostRows = kMostShownRows)
       : output_(output), findUnknownCodes_(std::move(findUnknownCodes)), mostRows_(mostRows) {}
 

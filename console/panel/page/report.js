@@ -158,8 +158,8 @@ export class ReportPage {
 
   finish(end, table) {
     const shown = table.rows.length;
-    const notes = end.rows > 0 ? end.notes.map(note => `${note.caption}: ${note.text}`)
-      : end.unknownCodes.map(words => `${capitalized(words)}.`);
+    const notes = (end.unknownCodes ?? []).map(words => `${capitalized(words)}.`);
+    if (end.rows > 0) notes.push(...end.notes.map(note => `${note.caption}: ${note.text}`));
     const parts = [];
     if (end.filter !== '') parts.push(element('p', {}, `Filtros: ${end.filter}`));
     if (shown < end.rows) parts.push(element('div', {class: 'actions'},

@@ -9,7 +9,7 @@ namespace {
 
 const Heading kDeptos = {L"CDeptoRpt", L"RelatorioDeptos", L"Departamentos", {}};
 
-std::vector<std::string> NoneUnknown() { return {}; }
+std::vector<std::string> NoneUnknown(std::uint64_t) { return {}; }
 
 TEST(PanelRows, AreJsonLinesAsPeopleReadValues) {
   TextOutput output;
@@ -29,12 +29,24 @@ TEST(PanelRows, AreJsonLinesAsPeopleReadValues) {
 
 TEST(PanelRows, SayWithWhichFiltersAndUnknownCodesNothingWasFound) {
   TextOutput output;
-  PageWriter writer(output, [] { return std::vector<std::string>{"não há 001"}; });
+  PageWriter writer(output, [](std::uint64_t) { return std::vector<std::string>{"não há 001"}; });
   writer.Begin({L"CDocumentoRpt", L"RelatorioSintetico", L"Documentos", {{L"CodDepto", L"001"}}}, {});
   writer.End();
   EXPECT_EQ(output.Text(),
             "{\"columns\":[]}\n"
             "{\"end\":{\"rows\":0,\"filter\":\"Departamento 001\",\"notes\":[],\"unknownCodes\":[\"não há 001\"]}}\n");
+}
+
+TEST(PanelRows, SayWhichCodesAreUnknownBesideThoseThatWereFound) {
+  TextOutput output;
+  PageWriter writer(output,
+                    [](std::uint64_t rows) { return std::vector<std::string>{std::to_string(rows) + " de 2"}; });
+  writer.Begin(kDeptos, {});
+  writer.Row({});
+  writer.End();
+  EXPECT_EQ(output.Text(),
+            "{\"columns\":[]}\n[]\n"
+            "{\"end\":{\"rows\":1,\"filter\":\"\",\"notes\":[],\"unknownCodes\":[\"1 de 2\"]}}\n");
 }
 
 TEST(PanelRows, AreOnlyCountedBeyondWhatThePageHolds) {
