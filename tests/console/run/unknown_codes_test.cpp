@@ -27,7 +27,10 @@ class UnknownCodesOn : public testing::TestWithParam<Engine> {
     const reports::ReportMethod& method = FindReport(report);
     frame::ParameterObject parameters(frame::ParameterClassNamed(method.parameterClass));
     parameters.Let(parameter, std::wstring(code));
-    return UnknownCodes(parameters, rows, method, Archive(GetParam()), NewMachine()->Around());
+    Texts warnings;
+    for (const UnknownCode& code : UnknownCodes(parameters, rows, method, Archive(GetParam()), NewMachine()->Around()))
+      warnings.push_back(code.words + ", de --" + std::string(code.parameter));
+    return warnings;
   }
 };
 
