@@ -100,7 +100,7 @@ TEST(PasswordQuestion, IsNotAnsweredOnTheScreen) {
   EXPECT_FALSE(terminal.Echoes());
   terminal.Type(password + "\n");
   EXPECT_EQ(testbed::WaitFor(process), 0);
-  EXPECT_EQ(terminal.Shown(), std::string(kQuestion) + "\r\nDESCR_SUPORTE\r\r\nPapel\r\r\n");
+  EXPECT_EQ(terminal.Shown(), std::string(kQuestion) + "\r\nDESCR_SUPORTE\r\nPapel\r\n");
   EXPECT_TRUE(terminal.Echoes());
 }
 

@@ -152,7 +152,7 @@ TEST(VerificaMissing, NamesTablesAndColumnsOfEachReport) {
       << result.out;
   EXPECT_NE(result.out.find("\n\nO que fazer:\n"
                             "  - Se algo falta ou tem outro tipo, compare o banco com o que o relatório lê: kodrarpt "
-                            "esquema RELATÓRIO --banco sqlite\n\n"),
+                            "esquema RELATÓRIO --banco sqlite\n"),
             std::string::npos)
       << result.out;
 }

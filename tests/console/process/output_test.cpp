@@ -41,19 +41,6 @@ TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
   EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
 }
 
-TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileCannotBeMade) {
-  if (!MayMount()) GTEST_SKIP() << "this machine does not permit private mounts";
-  EXPECT_EQ(CodeOf({"unshare", "--map-root-user", "--mount", "sh", "-c",
-                    "mkdir \"$1/tmp\" && mount -t tmpfs -o ro tmpfs \"$1/tmp\" && export TMPDIR=\"$1/tmp\" && "
-                    "exec \"$0\" executa CSuporteRpt --conexao \"$2\" --formato xlsx --saida \"$1/destino.xlsx\"",
-                    KODRARPT, folder_.Path().string(), ManySupports().Connection()}),
-            5);
-  EXPECT_EQ(Said(),
-            "kodrarpt: não foi possível criar o arquivo temporário da planilha: o disco é só de leitura; escolha "
-            "outro.\n");
-  EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
-}
-
 TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {
   const pid_t process = StartEndlessCsv({"sh", "-c", "exec \"$@\" 2>&-", "sh"});
   EXPECT_TRUE(HasBegun(process));
