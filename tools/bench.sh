@@ -108,6 +108,24 @@ bench_indexes() {
   "$tools/kodra-mariadb" "$file.sql" -- "$tools/kodra-bench-indexes"
 }
 
+# Whether each advised index makes one of its reports a fifth faster on one of the databases; prints those that do not:
+# every_index_helps FILE, with the tables of bench_indexes.
+every_index_helps() {
+  awk -F ' *[|] *' '
+    function seconds(text) { sub(/^> /, "", text); return text + 0 }
+    $4 ~ /^(> )?[0-9.]+ s$/ && $5 ~ /^(> )?[0-9.]+ s$/ {
+      advised[$2]
+      if (seconds($5) <= 0.8 * seconds($4)) helps[$2]
+    }
+    END {
+      for (name in advised) {
+        some = 1
+        if (!(name in helps)) { print "o índice não ajuda relatório nenhum: " name; fails = 1 }
+      }
+      exit fails || !some
+    }' "$1"
+}
+
 # The time of every report on archives of growing size with the advised indexes, on SQLite and on MariaDB. It writes the
 # figures and the drawing of docs/performance.md and prints its tables: bench_sizes SQLITE_DOCUMENTS MARIADB_DOCUMENTS
 # [LIMIT], where each list of sizes is one word.
@@ -141,7 +159,9 @@ bench() {
   # Not among the lines: these two measure the databases and have no limits.
   if [ "$*" = indices ]; then
     need build
-    bench_indexes 300000
+    mkdir -p build/bench
+    bench_indexes 300000 | tee build/bench/indices.md
+    every_index_helps build/bench/indices.md || die "console/schema/indexes.cpp só pode ter índices que ajudam"
     return
   fi
   if [ "$*" = tamanhos ]; then
@@ -197,6 +217,17 @@ group_bench() {
   else
     tail -n 20 "$times"
     failed bench.indices
+  fi
+  local table=build/bench/indices-exemplo.md
+  printf '| %s |\n' 'índice | relatório | sem | com' '--- | --- | --- | ---' \
+    'A (X) | CA.A | 0.100 s | 0.090 s' 'A (X) | CA.B | > 30 s | 0.300 s' 'B (Y) | CA.A | 0.010 s | 0.009 s' \
+    'B (Y) | CA.B | > 30 s | > 30 s' 'C (Z) | CA.A | 0.010 s | 0.008 s' >"$table"
+  if [ "$(every_index_helps "$table")" = "o índice não ajuda relatório nenhum: B (Y)" ] &&
+    sed -i '/B (Y)/d' "$table" && every_index_helps "$table" && ! every_index_helps /dev/null
+  then
+    passed bench.every-index-helps
+  else
+    failed bench.every-index-helps
   fi
   # Two sizes of 39 reports on two databases; one statement is none for SQLite.
   local sizes=$logs/bench-tamanhos.log measured=build/bench/tamanhos.tsv

@@ -36,10 +36,12 @@ std::wstring CreateTable(const TableShape& table, Engine engine) {
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const Column& column = table.columns[i];
     const bool inKey = i < table.keyColumns;
-    sql += L"  " + std::wstring(column.name) + L" " + TypeName(column, engine) + (inKey ? L" NOT NULL,\n" : L",\n");
+    sql += (i > 0 ? L",\n  " : L"  ") + std::wstring(column.name) + L" " + TypeName(column, engine);
+    if (inKey) sql += L" NOT NULL";
     if (inKey) key += (key.empty() ? L"" : L", ") + std::wstring(column.name);
   }
-  sql += L"  PRIMARY KEY (" + key + L")\n)";
+  if (!key.empty()) sql += L",\n  PRIMARY KEY (" + key + L")";
+  sql += L"\n)";
   // Comparison by code point, as in SQLite, so that both engines return the same rows in the same order.
   if (engine == Engine::kMySql) sql += L" DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_bin";
   return sql;

@@ -26,7 +26,7 @@ struct Column {
 
 struct TableShape {
   std::wstring_view name;
-  std::size_t keyColumns = 0;  // the number of leading columns that are the primary key
+  std::size_t keyColumns = 0;  // the number of leading columns that are the primary key; zero for no key
   std::vector<Column> columns;
   std::vector<std::wstring_view> indexed;  // columns with an index of their own
 };

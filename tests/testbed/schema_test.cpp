@@ -77,6 +77,16 @@ TEST(Schema, MakesATableForSqlite) {
             ")");
 }
 
+TEST(Schema, MakesATableWithoutAKey) {
+  TableShape shape = TableOf<Suporte>().shape;
+  shape.keyColumns = 0;
+  EXPECT_EQ(values::ToUtf8(CreateTable(shape, Engine::kSqlite)),
+            "CREATE TABLE SUPORTE (\n"
+            "  COD_SUPORTE VARCHAR(10),\n"
+            "  DESCR_SUPORTE VARCHAR(50)\n"
+            ")");
+}
+
 TEST(Schema, MakesATableForMySql) {
   EXPECT_EQ(values::ToUtf8(CreateTable(TableOf<Evento>().shape, Engine::kMySql)),
             "CREATE TABLE EVENTO (\n"

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "tests/console/check/archive.h"
+#include "tests/db/sqlite_file.h"
 #include "values/erro.h"
 #include "values/utf8.h"
 
@@ -45,6 +46,13 @@ TEST_P(OdbcInspectorTest, ListsTheColumnsOfKeysAndIndexesInTheirOrder) {
   EXPECT_TRUE(std::ranges::find(ofModules, Columns{"CONTAINER"}) == ofModules.end());
   const std::vector<Columns> ofSubordinates = inspector->Indexes("CAIXA_SUBORDINADA");
   EXPECT_TRUE(std::ranges::find(ofSubordinates, Columns({"NUM_CAIXA", "NUM_SEQ"})) != ofSubordinates.end());
+}
+
+TEST(OdbcInspectorKeys, AreListedBesideTheIndexesThatTheDriverHasForThem) {
+  tests::SqliteFile file;
+  file.Run(L"CREATE TABLE CAIXA (NUM_CAIXA INTEGER PRIMARY KEY, CONTAINER VARCHAR(10))");
+  EXPECT_EQ(OdbcInspector::Open(file.ConnectionString())->Indexes("CAIXA"),
+            (std::vector<Columns>{{"NUM_CAIXA"}, {"NUM_CAIXA"}}));
 }
 
 TEST_P(OdbcInspectorTest, ReturnsTheLengthsOfTextColumns) {
