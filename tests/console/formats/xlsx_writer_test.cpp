@@ -8,6 +8,7 @@
 
 #include "tests/console/failing.h"
 #include "tests/console/formats/writing.h"
+#include "tests/console/xlsx.h"
 #include "tests/db/temporary_folder.h"
 #include "values/utf8.h"
 
@@ -21,15 +22,7 @@ class XlsxWriterTest : public testing::Test {
   std::wstring Path() const { return values::FromUtf8((folder_ / "planilha.xlsx").string()); }
 
   // A part of the file at Path().
-  std::string Part(const std::string& name) const {
-    const std::string command = "unzip -p '" + (folder_ / "planilha.xlsx").string() + "' '" + name + "'";
-    std::string text;
-    std::FILE* const pipe = popen(command.c_str(), "r");
-    for (char buffer[4096]; const std::size_t read = std::fread(buffer, 1, sizeof buffer, pipe);)
-      text.append(buffer, read);
-    EXPECT_EQ(pclose(pipe), 0);
-    return text;
-  }
+  std::string Part(const std::string& name) const { return PartOf(folder_ / "planilha.xlsx", name); }
 
   // The part of a text from one mark to the next, both included.
   static std::string Between(const std::string& text, const std::string& first, const std::string& last) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <thread>
@@ -56,6 +57,17 @@ TEST_F(KodrarptProcess, SaysThatTheStandardOutputIsFull) {
   child.output = (folder_ / "resto.txt").string();
   EXPECT_EQ(testbed::WaitFor(testbed::Spawn(child)), 5);
   EXPECT_EQ(Said(), "kodrarpt: não foi possível gravar a saída: o disco está cheio; libere espaço ou use outro.\n");
+}
+
+TEST_F(KodrarptProcess, WritesItsWholeFileWhenItsErrorStreamIsFull) {
+  EXPECT_EQ(CodeOf({"sh", "-c",
+                    "exec \"$0\" executa CSuporteRpt --conexao \"$1\" --saida \"$2\" --progresso sempre 2>/dev/full",
+                    KODRARPT, ManySupports().Connection(), (folder_ / "destino.csv").string()}),
+            0);
+  EXPECT_EQ(Said(), "");
+  const std::string text = Read(folder_ / "destino.csv");
+  EXPECT_EQ(std::ranges::count(text, '\n'), 100001);
+  EXPECT_TRUE(text.ends_with("Microfilme de dezesseis milímetros 00100000\r\n"));
 }
 
 // A program that starts this one may make it ignore the signal of a closed pipe.
