@@ -4,13 +4,18 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 
+#include "console/command_line/report_name.h"
 #include "console/reports/errors.h"
+#include "console/reports/guide.h"
 #include "console/reports/report_methods.h"
+#include "console/schema/limits.h"
 #include "frame/parameter_object.h"
+#include "sql/tipo_banco.h"
 #include "tools/reference/pages.h"
 #include "values/erro.h"
 #include "values/utf8.h"
@@ -161,31 +166,67 @@ TEST(PagesTest, ShowAPropertyOnceForEachThingThatItDoes) {
       "| `DataInicial` | Primeiro dia do período, só para o título | `RelatorioEstatisticasPorPalavrasChave` |\n");
 }
 
-TEST(PagesTest, ShowAnExampleOnADatabaseWhereTheReportWorks) {
-  const auto pages = Pages(Classes());
-  const std::string sqlite = "relatorio.StringConexao = \"Provider=MSDASQL;Driver={SQLite3};";
-  const std::string mysql = "relatorio.StringConexao = \"Provider=MSDASQL;Driver={MySQL ODBC 8.0 Unicode Driver};";
-  EXPECT_NE(pages.at("CDeptoRpt.md").find(sqlite), std::string::npos);
-  EXPECT_EQ(pages.at("CDeptoRpt.md").find(mysql), std::string::npos);
-  EXPECT_NE(pages.at("CDocumentoRpt.md").find(mysql), std::string::npos);
-  EXPECT_EQ(pages.at("CDocumentoRpt.md").find(sqlite), std::string::npos);
+// What a page says of a method, from its heading to the next.
+std::string SectionOf(const reports::ReportMethod& method) {
+  static const auto pages = Pages(Classes());
+  const std::string& page = pages.at(ToUtf8(method.className) + ".md");
+  const std::size_t begin = page.find("\n## " + ToUtf8(method.method) + "\n");
+  return begin == page.npos ? "" : page.substr(begin, page.find("\n## ", begin + 1) - begin);
 }
 
-TEST(PagesTest, SayHowTheRowsAreRead) {
-  const auto pages = Pages(Classes());
-  EXPECT_NE(pages.at("CDeptoRpt.md")
-                .find("As linhas [vêm do servidor](../recordsets.pt-BR.md#do-servidor) e são lidas "
-                      "uma vez só.\n"),
-            std::string::npos);
-  EXPECT_NE(
-      pages.at("CModeloRpt.md").find("[ficam no cliente](../recordsets.pt-BR.md#no-cliente) e podem ser contadas"),
-      std::string::npos);
-  EXPECT_NE(pages.at("CLogRpt.md").find("[são montadas na memória](../recordsets.pt-BR.md#na-memória)"),
-            std::string::npos);
-  EXPECT_NE(
-      pages.at("CCaixaRpt.md")
-          .find("uma vez só. Com a propriedade `Conexao`, [ficam no cliente](../recordsets.pt-BR.md#no-cliente)."),
-      std::string::npos);
+std::size_t Occurrences(const std::string& text, std::string_view part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+TEST(PagesTest, ShowAnExampleOnADatabaseWhereTheReportWorks) {
+  std::set<std::string> notOnSqlite;
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    const std::string section = SectionOf(method);
+    const bool worksOnSqlite = schema::LimitsOf(NameOf(method), sql::tbSQLite).empty();
+    EXPECT_EQ(Occurrences(section, "relatorio.StringConexao = \"Provider=MSDASQL;Driver={SQLite3};"), worksOnSqlite)
+        << NameOf(method);
+    EXPECT_EQ(
+        Occurrences(section, "relatorio.StringConexao = \"Provider=MSDASQL;Driver={MySQL ODBC 8.0 Unicode Driver};"),
+        !worksOnSqlite)
+        << NameOf(method);
+    if (!worksOnSqlite) notOnSqlite.insert(ToUtf8(method.className));
+  }
+  EXPECT_EQ(notOnSqlite,
+            (std::set<std::string>{"CCDRpt", "CDocumentoRpt", "CEstatImgRpt", "CEstatIndexRpt", "CEstatSerieRpt",
+                                   "CEstatSubgrupoRpt", "CEstatSuporteRpt", "CSolicitacaoRpt"}));
+}
+
+// The beginning of the sentence of each kind.
+std::string_view RowsSentence(guide::RowsKind kind) {
+  switch (kind) {
+    case guide::RowsKind::kStreamed:
+      return "As linhas [vêm do servidor](../recordsets.pt-BR.md#do-servidor) e são lidas uma vez só.";
+    case guide::RowsKind::kAtClient:
+      return "As linhas [ficam no cliente](../recordsets.pt-BR.md#no-cliente) e podem ser contadas e relidas.";
+    case guide::RowsKind::kInMemory:
+      return "As linhas [são montadas na memória](../recordsets.pt-BR.md#na-memória) e podem ser contadas e relidas.";
+  }
+  return {};
+}
+
+TEST(PagesTest, SayHowTheRowsOfEachReportAreRead) {
+  std::map<guide::RowsKind, int> reports;
+  for (const reports::ReportMethod& method : reports::ReportMethods()) {
+    const std::string section = SectionOf(method);
+    const guide::RowsKind kind = guide::About(method).rows;
+    ++reports[kind];
+    EXPECT_EQ(Occurrences(section, "As linhas ["), 1U) << NameOf(method);
+    EXPECT_EQ(Occurrences(section, RowsSentence(kind)), 1U) << NameOf(method);
+    // Only these reports run on a connection of the client.
+    const bool usesConexao = method.className == L"CCaixaRpt" && kind == guide::RowsKind::kStreamed;
+    EXPECT_EQ(
+        Occurrences(section, " Com a propriedade `Conexao`, [ficam no cliente](../recordsets.pt-BR.md#no-cliente)."),
+        usesConexao)
+        << NameOf(method);
+  }
+  EXPECT_EQ(reports.size(), 3U);
 }
 
 // The texts of the errors, as the sources write them.
