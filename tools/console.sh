@@ -61,6 +61,64 @@ same_routine() {
   fi
 }
 
+# Stores profiles on both systems, connects by them and runs a routine of five reports twice; the words, the file of the
+# profiles and the files of the routine must be the same but for paths, times and versions: same_profile CONNECTION
+same_profile() {
+  local connection=$1 folder=$PWD/build/console/perfil program system line text
+  program=$(windows_path build/win32/console/kodrarpt.exe)
+  rm -rf "$folder"
+  for system in native windows; do
+    mkdir -p "$folder/$system"
+    printf '%s\n' '[rotina]' 'perfil = acervo' 'pasta = saidas' '[deptos]' 'relatorio = CDeptoRpt' 'arquivo = a.csv' \
+      '[series]' 'relatorio = CSerieRpt' 'arquivo = b.json' '[suportes]' 'relatorio = CSuporteRpt' 'arquivo = c.txt' \
+      '[operadores]' 'relatorio = COperadorRpt' 'arquivo = d.csv' 'excel = sim' \
+      '[documentos]' 'relatorio = RelatorioSintetico' 'arquivo = e.json' 'limite = 100' >"$folder/$system/rotina.ini"
+  done
+  cat >"$folder/comandos" <<END
+perfil novo acervo --conexao "$connection"
+perfil novo comando --conexao "$connection" --senha-comando "echo segredo"
+perfil novo variavel --conexao "$connection" --senha-de KODRA_FALTA
+perfil lista
+perfil testa acervo
+executa CDeptoRpt --perfil acervo --formato csv
+executa CDeptoRpt --perfil comando --formato csv
+executa CDeptoRpt --perfil variavel --formato csv
+executa CDeptoRpt --perfil acervo --pergunta-senha --formato csv
+rotina "PASTA/rotina.ini"
+rotina "PASTA/rotina.ini"
+perfil remove acervo
+perfil lista
+rotina "PASTA/rotina.ini"
+END
+  while IFS= read -r line; do
+    printf '"%s" %s </dev/null\n' "$PWD/build/sanitize/kodrarpt" "${line//PASTA/$folder/native}"
+  done <"$folder/comandos" >"$folder/comandos.sh"
+  # Wine gives APPDATA a value of its own.
+  {
+    printf '@set APPDATA=%s\r\n' "$(windows_path "$folder/windows")"
+    while IFS= read -r line; do
+      printf '@"%s" %s <nul\r\n' "$program" "${line//PASTA/$(windows_path "$folder/windows")}"
+    done <"$folder/comandos"
+  } >"$folder/comandos.cmd"
+  XDG_CONFIG_HOME=$folder/native sh "$folder/comandos.sh" >"$folder/native.txt" 2>&1 || true
+  wine_environment run wine cmd /c "$(windows_path "$folder/comandos.cmd")" >"$folder/windows.txt" 2>&1 </dev/null || true
+  for system in native windows; do
+    text=$(<"$folder/$system.txt")
+    text=${text//"$folder/native"/PASTA}
+    text=${text//"$(windows_path "$folder/windows")"/PASTA}
+    sed -E '/XDG_RUNTIME_DIR/d; s/em [0-9]+ ms/em N ms/; s/ +[0-9]+,[0-9]  / N,N  /; s/(produto  SQLite) .*/\1/; s/\\/\//g' \
+      <<<"$text" >"$folder/$system.txt"
+  done
+  if [ "$(grep -c '5 de 5 gravadas' "$folder/native.txt")" = 2 ] && diff "$folder/native.txt" "$folder/windows.txt" &&
+    diff "$folder/native/kodrarpt/perfis.ini" "$folder/windows/kodrarpt/perfis.ini" &&
+    diff -r "$folder/native/saidas" "$folder/windows/saidas"
+  then
+    passed console.perfil
+  else
+    failed console.perfil
+  fi
+}
+
 # Writes pages on both systems; the files must have the same bytes. Pages contain the minute in which they are issued:
 # both are written in the same one.
 same_pages() {
@@ -200,6 +258,7 @@ group_console() {
   printf '[x]\nrelatorio = CDeptoRp\narquivo = x.csv\n' >build/console/rotina.ini
   same rotina build/console/rotina.ini --conexao "$connection"
   same_routine --conexao "$connection"
+  same_profile "$connection"
   same_sheet CDocumentoRpt.RelatorioAnalitico --conexao "$connection"
   printf '0000000021\r\n0000000022\r\n0000000001\r\nX\r\n' >build/console/lidos.txt
   same confere --modulo AA002 --conexao "$connection" --lista build/console/lidos.txt --formato csv

@@ -5,9 +5,7 @@
 
 #ifdef _WIN32
 #include <conio.h>
-#include <io.h>
-
-#include <cstdio>
+#include <windows.h>
 #else
 #include <fcntl.h>
 #include <poll.h>
@@ -33,7 +31,9 @@ constexpr const char* kNoPassword = "nenhuma senha foi digitada: execute o coman
 
 std::wstring AskPassword(const std::string& question) {
   constexpr wint_t kInterrupt = 3;
-  if (_isatty(_fileno(stdin)) == 0) throw UsageError(kNoTerminal);
+  // The runtime takes every device for a terminal, also that of a scheduled task, which is none.
+  DWORD mode = 0;
+  if (GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) == 0) throw UsageError(kNoTerminal);
   _cputws(values::FromUtf8(question).c_str());
   std::wstring typed;
   wint_t letter = _getwch();

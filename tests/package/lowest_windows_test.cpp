@@ -75,6 +75,7 @@ bool IsConsoleImport(const std::string& dll, const std::string& function) {
         "FindVolumeClose",
         "FormatMessageA",
         "GetCommandLineW",
+        "GetConsoleMode",
         "GetConsoleOutputCP",
         "GetConsoleScreenBufferInfo",
         "GetCurrentProcess",
