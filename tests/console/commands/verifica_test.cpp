@@ -157,6 +157,13 @@ TEST(VerificaMissing, NamesTablesAndColumnsOfEachReport) {
       << result.out;
 }
 
+// The catalogue of MariaDB has it under both names.
+TEST(VerificaMissing, NamesATableInAnotherLetterCase) {
+  const RunResult result = Verifica(NewArchiveOn(Engine::kMariaDb, {L"RENAME TABLE SUPORTE TO suporte"}));
+  EXPECT_EQ(result.code, ExitCode::kMismatch);
+  EXPECT_EQ(Findings(result.out).at("CSuporteRpt.RelatorioSuportes"), "falta: tabela SUPORTE");
+}
+
 TEST(VerificaMissing, ShowsNoControlCharactersOfTheDatabase) {
   tests::SqliteFile file;
   file.Run(L"CREATE VIEW DEPTO AS SELECT * FROM \"X\x1b[2J\"");
