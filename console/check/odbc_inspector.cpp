@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/connection_string.h"
+#include "odbc/engine/cancellation.h"
 #include "odbc/engine/odbc_api.h"
 #include "odbc/engine/session.h"
 #include "odbc/engine/statement.h"
@@ -28,6 +29,8 @@ class CatalogRows {
   CatalogRows& operator=(const CatalogRows&) = delete;
 
   SQLHSTMT Handle() const { return handle_; }
+  // For the declaration of what runs; null if the driver cannot stop it.
+  void* Cancellable() const { return session_.CanBeCancelled() ? handle_ : nullptr; }
   void Check(SQLRETURN result) const {
     if (!SQL_SUCCEEDED(result)) session_.Fail(SQL_HANDLE_STMT, handle_, Stage::kExecute);
   }
@@ -108,6 +111,7 @@ std::vector<std::vector<std::string>> OdbcInspector::Indexes(const std::string& 
   std::string name = table;
   std::map<std::string, ColumnsByPlace> indexes;
   const CatalogRows statistics(session);
+  const odbc::Running runsStatistics(statistics.Cancellable());
   statistics.Check(
       SQLStatistics(statistics.Handle(), nullptr, 0, nullptr, 0, AsName(name), SQL_NTS, SQL_INDEX_ALL, SQL_QUICK));
   while (statistics.Next()) {
@@ -120,6 +124,7 @@ std::vector<std::vector<std::string>> OdbcInspector::Indexes(const std::string& 
   }
   ColumnsByPlace key;
   const CatalogRows keys(session);
+  const odbc::Running runsKeys(keys.Cancellable());
   keys.Check(SQLPrimaryKeys(keys.Handle(), nullptr, 0, nullptr, 0, AsName(name), SQL_NTS));
   while (keys.Next()) {
     const std::string column = keys.Text(4);

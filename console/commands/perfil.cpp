@@ -12,6 +12,7 @@
 #include "console/commands/commands.h"
 #include "console/profiles/profiles.h"
 #include "console/run/connection_options.h"
+#include "console/run/stopping.h"
 #include "values/password.h"
 #include "values/utf8.h"
 
@@ -114,7 +115,11 @@ ExitCode List(Program& program) {
 ExitCode Test(Program& program, const Options& options) {
   if (options.password.asks && !options.password.variable.empty())
     throw UsageError("--senha-de e --pergunta-senha não podem ser usados juntos");
-  const DatabaseAnswer answer = AskDatabase(ConnectionOfProfile(options.name, options.password), *NewMachine());
+  const std::wstring connection = ConnectionOfProfile(options.name, options.password);
+  const std::unique_ptr<Machine> machine = NewMachine();
+  const Stopping stopping(*machine, {}, program.Err());
+  DatabaseAnswer answer;
+  if (!stopping.Completes([&] { answer = AskDatabase(connection, *machine); })) return stopping.Outcome();
   program.Out() << ForTerminal(LinesOf(answer));
   return answer.identity.name.empty() ? ExitCode::kMismatch : ExitCode::kOk;
 }

@@ -9,6 +9,8 @@
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
 #include "console/run/connection_options.h"
+#include "console/run/stopping.h"
+#include "console/run/time_limit.h"
 
 namespace kodra::console {
 namespace {
@@ -27,19 +29,24 @@ constexpr const char* kFooter =
 
 struct Options {
   ConnectionOptions connection;
+  TimeLimit timeLimit;
   bool asJson = false;
 };
 
-ExitCode Verifica(std::ostream& out, const Options& options) {
+ExitCode Verifica(Program& program, const Options& options) {
+  const StopRules rules = {.limit = options.timeLimit.Get(), .message = "a verificação foi interrompida"};
   const std::wstring connection = options.connection.Text();
   if (connection.empty()) throw UsageError("a string de conexão está vazia: informe-a em --conexao");
-  const Findings findings = CheckDatabase(connection, *NewMachine());
+  const std::unique_ptr<Machine> machine = NewMachine();
+  const Stopping stopping(*machine, rules, program.Err());
+  Findings findings;
+  if (!stopping.Completes([&] { findings = CheckDatabase(connection, *machine); })) return stopping.Outcome();
   if (options.asJson) {
     std::ostringstream json;
     WriteJson(findings, json);
-    out << (IsTerminal(out) ? JsonForTerminal(json.str()) : json.str());
+    program.Out() << (IsTerminal(program.Out()) ? JsonForTerminal(json.str()) : json.str());
   } else {
-    WriteText(findings, out);
+    WriteText(findings, program.Out());
   }
   return findings.IsWrong() ? ExitCode::kMismatch : ExitCode::kOk;
 }
@@ -50,8 +57,9 @@ void AddVerifica(Program& program) {
   const auto options = std::make_shared<Options>();
   CLI::App& command =
       program.Add({"verifica", "Confere se um banco de dados tem tudo de que os relatórios precisam", kFooter},
-                  [&program, options] { return Verifica(program.Out(), *options); });
+                  [&program, options] { return Verifica(program, *options); });
   options->connection.AddTo(command);
+  options->timeLimit.AddTo(command, "a verificação");
   command.add_flag("--json", options->asJson, "Um objeto JSON, para outros programas");
 }
 

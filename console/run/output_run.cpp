@@ -21,16 +21,11 @@ ExitCode RunToOutput(Program& program, const Destination& destination, const std
   if (file) output = &*file;
   if (isTerminal) output = &terminal;
   const std::unique_ptr<Machine> machine = NewMachine();
-  const Stopping stopping(*machine, destination.limit, program.Err());
+  const Stopping stopping(*machine, {.limit = destination.limit}, program.Err());
   OutputRun run = {*machine, *output, file ? file->PathText() : std::wstring(),
                    isTerminal ? TerminalWidth() : std::nullopt, stopping};
   bool keeps = false;
-  try {
-    keeps = work(run);
-  } catch (...) {
-    if (!stopping.Requested()) throw;
-  }
-  if (stopping.Requested()) return stopping.Outcome();
+  if (!stopping.Completes([&] { keeps = work(run); })) return stopping.Outcome();
   if (file && keeps) file->Commit();
   standard.Flush();
   return ExitCode::kOk;

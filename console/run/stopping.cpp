@@ -4,24 +4,33 @@ namespace kodra::console {
 
 using std::chrono::steady_clock;
 
-Stopping::Stopping(Machine& machine, std::chrono::seconds limit, std::ostream& errors)
-    : limit_(limit),
+Stopping::Stopping(Machine& machine, StopRules rules, std::ostream& errors)
+    : rules_(std::move(rules)),
       errors_(errors),
       cancelling_(
           machine,
           [this, begin = steady_clock::now()] {
-            if (limit_.count() > 0 && steady_clock::now() - begin >= limit_) timeIsUp_ = true;
+            if (rules_.limit.count() > 0 && steady_clock::now() - begin >= rules_.limit) timeIsUp_ = true;
             return Requested();
           },
           [this](std::chrono::milliseconds since) {
             if (since >= kPatience) Interruption::EndNow(Outcome());
           }) {}
 
+bool Stopping::Completes(const std::function<void()>& work) const {
+  try {
+    work();
+  } catch (...) {
+    if (!Requested()) throw;
+  }
+  return !Requested();
+}
+
 ExitCode Stopping::Outcome() const {
   if (Interruption::Requested()) return Interruption::Code();
   if (isTold_.exchange(true)) return ExitCode::kReportError;
-  errors_ << "kodrarpt: o relatório foi interrompido: passou do limite de " << limit_.count()
-          << (limit_.count() == 1 ? " segundo\n" : " segundos\n") << std::flush;
+  errors_ << "kodrarpt: " << rules_.message << ": passou do limite de " << rules_.limit.count()
+          << (rules_.limit.count() == 1 ? " segundo\n" : " segundos\n") << std::flush;
   return ExitCode::kReportError;
 }
 

@@ -1,6 +1,6 @@
 // Ends a run when the user asks to stop, or when its time is up.
 //
-//   Stopping stopping(*machine, limit, errors);
+//   Stopping stopping(*machine, {.limit = limit}, errors);
 //   while (rows are left) {
 //     if (stopping.Requested()) return stopping.Outcome();
 //     …
@@ -13,7 +13,9 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <ostream>
+#include <string>
 
 #include "console/run/cancelling.h"
 #include "console/run/interruption.h"
@@ -23,22 +25,32 @@ namespace kodra::console {
 
 inline constexpr std::chrono::milliseconds kPatience{600};
 
+// How long a run may take, and what is said when it takes longer.
+struct StopRules {
+  std::chrono::seconds limit{0};  // zero is none
+  // Begins the message about the time.
+  std::string message = "o relatório foi interrompido";
+};
+
 class Stopping {
  public:
-  // A limit of zero is none. `errors` gets the message about the time. REQUIRES: both outlive the object, which the
-  // thread that made the machine uses.
-  Stopping(Machine& machine, std::chrono::seconds limit, std::ostream& errors);
+  // `errors` gets the message about the time. REQUIRES: the machine and `errors` outlive the object, which the thread
+  // that made the machine uses.
+  Stopping(Machine& machine, StopRules rules, std::ostream& errors);
   ~Stopping() = default;
   Stopping(const Stopping&) = delete;
   Stopping& operator=(const Stopping&) = delete;
 
   bool Requested() const { return Interruption::Requested() || timeIsUp_; }
+  // Does the work, and returns whether it was done without a request to stop. What it raises after such a request is
+  // no error, because the work was stopped.
+  bool Completes(const std::function<void()>& work) const;
   // The exit code of a run that was asked to stop. Prints the message about the time, once.
   ExitCode Outcome() const;
 
  private:
   Interruption interruption_;
-  std::chrono::seconds limit_;
+  StopRules rules_;
   std::ostream& errors_;
   std::atomic<bool> timeIsUp_ = false;
   mutable std::atomic<bool> isTold_ = false;

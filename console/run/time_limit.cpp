@@ -13,7 +13,7 @@ constexpr int kDay = 24 * 60 * 60;
 
 }  // namespace
 
-void TimeLimit::AddTo(CLI::App& command) {
+void TimeLimit::AddTo(CLI::App& command, const std::string& what) {
   command
       .add_option_function<int>(
           "--tempo-limite",
@@ -21,7 +21,7 @@ void TimeLimit::AddTo(CLI::App& command) {
             seconds_ = seconds;
             isGiven_ = true;
           },
-          "Interrompe o relatório depois de tantos segundos, também no banco (sem esta opção, nunca)")
+          "Interrompe " + what + " depois de tantos segundos, também no banco (sem esta opção, nunca)")
       ->option_text("SEGUNDOS");
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 
 namespace CLI {
 class App;
@@ -11,7 +12,8 @@ namespace kodra::console {
 
 class TimeLimit {
  public:
-  void AddTo(CLI::App& command);
+  // The help says that the option ends `what`.
+  void AddTo(CLI::App& command, const std::string& what = "o relatório");
   // Zero without the option. Raises UsageError for a number of seconds that is not from 1 to 86,400, a day.
   std::chrono::seconds Get() const;
 

@@ -41,7 +41,7 @@ _kodrarpt() {
       options='--help --modulo --conteiner --lista --conexao --perfil --senha-de --pergunta-senha --detalhes --formato --saida --separador --bom --excel --json-linhas --titulos --colunas --limite --orgao --logotipo --tempo-limite'
       ;;
     verifica)
-      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --json'
+      options='--help --conexao --perfil --senha-de --pergunta-senha --detalhes --tempo-limite --json'
       ;;
     esquema)
       options='--help --banco --indices --permissoes'
@@ -121,6 +121,7 @@ _kodrarpt() {
     'verifica --conexao') ;;
     'verifica --perfil') words=$(_kodrarpt_profiles) ;;
     'verifica --senha-de') ;;
+    'verifica --tempo-limite') ;;
     'esquema --banco') words='oracle sqlserver mysql db2 sqlite todos' ;;
     'esquema --permissoes') ;;
     'perfil --conexao') ;;

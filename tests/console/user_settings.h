@@ -38,6 +38,13 @@ class UserSettings {
     std::ofstream(File()) << text;
     std::filesystem::permissions(File(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   }
+  // The connection string without its password, which an environment variable then contains; one that Unset knows.
+  std::string WithoutPassword(const std::string& connection, const char* variable) const {
+    const std::size_t at = connection.find("Pwd=");
+    const std::size_t end = connection.find(';', at);
+    setenv(variable, connection.substr(at + 4, end - at - 4).c_str(), 1);
+    return connection.substr(0, at) + connection.substr(end + 1);
+  }
 
  private:
   static void Unset() {

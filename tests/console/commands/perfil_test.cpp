@@ -17,15 +17,6 @@ using values::ToUtf8;
 
 std::string Sqlite() { return ToUtf8(tests::SmallArchiveOn(Engine::kSqlite)); }
 
-// The connection string of the server without its password, which is stored in ACERVO_SENHA.
-std::string ServerWithoutPassword() {
-  const std::wstring full = tests::SmallArchiveOn(Engine::kMariaDb);
-  const std::size_t at = full.find(L"Pwd=");
-  const std::size_t end = full.find(L';', at);
-  setenv("ACERVO_SENHA", ToUtf8(full.substr(at + 4, end - at - 4)).c_str(), 1);
-  return ToUtf8(full.substr(0, at) + full.substr(end + 1));
-}
-
 RunResult WithoutTime(RunResult result) {
   result.out = std::regex_replace(result.out, std::regex("em [0-9]+ ms"), "em N ms");
   return result;
@@ -112,7 +103,7 @@ TEST(PerfilTest, SaysWhichDatabaseAnswers) {
 
 TEST(PerfilTest, TestsWithThePasswordOfEachSource) {
   const UserSettings user;
-  const std::string server = ServerWithoutPassword();
+  const std::string server = user.WithoutPassword(ToUtf8(tests::SmallArchiveOn(Engine::kMariaDb)), "ACERVO_SENHA");
   ASSERT_EQ(RunProgram({"perfil", "novo", "a", "--conexao", server, "--senha-de", "ACERVO_SENHA"}).code, ExitCode::kOk);
   ASSERT_EQ(RunProgram({"perfil", "novo", "b", "--conexao", server, "--senha-comando", "printenv ACERVO_SENHA"}).code,
             ExitCode::kOk);

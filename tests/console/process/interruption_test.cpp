@@ -9,6 +9,7 @@
 
 #include "odbc/engine/recordset.h"
 #include "tests/console/process/kodrarpt_process.h"
+#include "tests/console/user_settings.h"
 #include "tests/db/mariadb.h"
 #include "tests/db/sample.h"
 #include "values/utf8.h"
@@ -42,10 +43,11 @@ TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
   EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
 }
 
-// A database that takes half a minute to answer with its first support.
+// A database that takes half a minute to answer with its first support, and to say whether its parameters can be read.
 std::string SlowMariaDb() {
   return ToUtf8(DatabaseOf(Engine::kMariaDb, L"lenta",
-                           {L"CREATE VIEW SUPORTE AS SELECT '1' AS COD_SUPORTE, SLEEP(30) AS DESCR_SUPORTE"}));
+                           {L"CREATE VIEW SUPORTE AS SELECT '1' AS COD_SUPORTE, SLEEP(30) AS DESCR_SUPORTE",
+                            L"CREATE VIEW PARAMETRO AS SELECT '1' AS CODIGO, SLEEP(30) AS EMPRESA"}));
 }
 
 // How many statements of other connections the server runs.
@@ -61,14 +63,19 @@ std::int64_t RunningStatements() {
       .As<std::int64_t>();
 }
 
+// Waits until the server runs the statement of a process.
+void WaitForAStatement() {
+  const auto deadline = steady_clock::now() + std::chrono::seconds(30);
+  while (RunningStatements() == 0 && steady_clock::now() < deadline)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_EQ(RunningStatements(), 1);
+}
+
 TEST_F(KodrarptProcess, TakesItsStatementOffTheServerWhenItIsInterrupted) {
   const std::string connection = SlowMariaDb();
   for (const int signal : {SIGINT, SIGTERM}) {
     const pid_t process = Start({}, {"CSuporteRpt.RelatorioSuportes", "--conexao", connection}, "csv");
-    const auto deadline = steady_clock::now() + std::chrono::seconds(30);
-    while (RunningStatements() == 0 && steady_clock::now() < deadline)
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_EQ(RunningStatements(), 1);
+    WaitForAStatement();
     const auto asked = steady_clock::now();
     kill(process, signal);
     EXPECT_EQ(ExitCodeOf(process), 128 + signal);
@@ -77,6 +84,42 @@ TEST_F(KodrarptProcess, TakesItsStatementOffTheServerWhenItIsInterrupted) {
     EXPECT_EQ(Names(), std::vector<std::string>{"saida.txt"});
     EXPECT_EQ(Said(), "");
   }
+}
+
+TEST_F(KodrarptProcess, TakesTheStatementOfACheckOffTheServerWhenItIsInterrupted) {
+  const std::string connection = SlowMariaDb();
+  for (const int signal : {SIGINT, SIGTERM}) {
+    const pid_t process = StartCommand({KODRARPT, "verifica", "--conexao", connection});
+    WaitForAStatement();
+    const auto asked = steady_clock::now();
+    kill(process, signal);
+    EXPECT_EQ(ExitCodeOf(process), 128 + signal);
+    EXPECT_LT(steady_clock::now() - asked, std::chrono::seconds(1));
+    EXPECT_EQ(RunningStatements(), 0);
+    EXPECT_EQ(Said(), "");
+  }
+}
+
+TEST_F(KodrarptProcess, EndsACheckAtItsTimeLimit) {
+  const pid_t process =
+      StartCommand({KODRARPT, "verifica", "--json", "--conexao", SlowMariaDb(), "--tempo-limite", "1"});
+  EXPECT_EQ(ExitCodeOf(process), 1);
+  EXPECT_EQ(Said(), "kodrarpt: a verificação foi interrompida: passou do limite de 1 segundo\n");
+  EXPECT_EQ(RunningStatements(), 0);
+}
+
+TEST_F(KodrarptProcess, TakesTheStatementOfAProfilesTestOffTheServerWhenItIsInterrupted) {
+  const console::UserSettings user;
+  user.Write("[lenta]\nconexao = " + user.WithoutPassword(SlowMariaDb(), "ACERVO_SENHA") +
+             "\nsenha-de = ACERVO_SENHA\n");
+  const pid_t process = StartCommand({KODRARPT, "perfil", "testa", "lenta"});
+  WaitForAStatement();
+  const auto asked = steady_clock::now();
+  kill(process, SIGINT);
+  EXPECT_EQ(ExitCodeOf(process), 130);
+  EXPECT_LT(steady_clock::now() - asked, std::chrono::seconds(1));
+  EXPECT_EQ(RunningStatements(), 0);
+  EXPECT_EQ(Said(), "");
 }
 
 // The driver of SQLite cannot stop a statement, so the program ends with it.
@@ -112,10 +155,8 @@ TEST_F(KodrarptProcess, StopsAWholeRoutineWhenItIsInterrupted) {
   std::ofstream(folder_ / "a.ini") << "[antes]\narquivo = antes.csv\nlimite = 1\n" + report +
                                           "[sem fim]\narquivo = destino.csv\n" + report +
                                           "[depois]\narquivo = depois.csv\n" + report;
-  testbed::ChildProcess child;
-  child.command = {KODRARPT, "rotina", (folder_ / "a.ini").string(), "--conexao", EndlessConnection()};
-  child.output = (folder_ / "saida.txt").string();
-  const pid_t process = testbed::Spawn(child);
+  const pid_t process =
+      StartCommand({KODRARPT, "rotina", (folder_ / "a.ini").string(), "--conexao", EndlessConnection()});
   EXPECT_TRUE(HasBegun(process));
   kill(process, SIGINT);
   EXPECT_EQ(ExitCodeOf(process), 130);

@@ -50,14 +50,11 @@ KodrarptProcess::~KodrarptProcess() { signal(SIGINT, previousHandler_); }
 
 pid_t KodrarptProcess::Start(const std::vector<std::string>& wrapper, const std::vector<std::string>& report,
                              const std::string& format) const {
-  testbed::ChildProcess child;
-  child.command = wrapper;
-  child.command.insert(child.command.end(), {KODRARPT, "executa"});
-  child.command.insert(child.command.end(), report.begin(), report.end());
-  child.command.insert(child.command.end(),
-                       {"--formato", format, "--saida", (folder_ / ("destino." + format)).string()});
-  child.output = (folder_ / "saida.txt").string();
-  return testbed::Spawn(child);
+  std::vector<std::string> command = wrapper;
+  command.insert(command.end(), {KODRARPT, "executa"});
+  command.insert(command.end(), report.begin(), report.end());
+  command.insert(command.end(), {"--formato", format, "--saida", (folder_ / ("destino." + format)).string()});
+  return StartCommand(command);
 }
 
 pid_t KodrarptProcess::StartEndlessCsv(const std::vector<std::string>& under) const {
@@ -68,11 +65,15 @@ pid_t KodrarptProcess::StartEndlessCsv(const std::vector<std::string>& under) co
       "csv");
 }
 
-int KodrarptProcess::CodeOf(const std::vector<std::string>& command) const {
+pid_t KodrarptProcess::StartCommand(const std::vector<std::string>& command) const {
   testbed::ChildProcess child;
   child.command = command;
   child.output = (folder_ / "saida.txt").string();
-  return testbed::WaitFor(testbed::Spawn(child));
+  return testbed::Spawn(child);
+}
+
+int KodrarptProcess::CodeOf(const std::vector<std::string>& command) const {
+  return testbed::WaitFor(StartCommand(command));
 }
 
 std::string KodrarptProcess::Said() const { return Read(folder_ / "saida.txt"); }

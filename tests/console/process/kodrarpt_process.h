@@ -45,6 +45,8 @@ class KodrarptProcess : public testing::Test {
               const std::string& format) const;
   pid_t StartEndlessCsv(const std::vector<std::string>& under = {}) const;
 
+  // Starts a command, with its output in "saida.txt".
+  pid_t StartCommand(const std::vector<std::string>& command) const;
   // Runs a command to its end, with its output in "saida.txt". Returns its exit code.
   int CodeOf(const std::vector<std::string>& command) const;
   // What a process has written to "saida.txt".
