@@ -87,7 +87,7 @@ class Inventory {
         format_(options.output.ChosenFormat()),
         formatOptions_(options.output.ForFormats()),
         mostRows_(options.output.MostRows()),
-        destination_{options.output.Target(), options.timeLimit.Get(), format_ == Format::kJson} {
+        destination_{options.output.Target(), {.limit = options.timeLimit.Get()}, format_ == Format::kJson} {
     if (options.modules.empty() && options.containers.empty())
       throw UsageError("falta --modulo, para conferir documentos, ou --conteiner, para conferir módulos");
     if (!options.modules.empty() && !options.containers.empty())

@@ -139,7 +139,7 @@ class Run {
         kind_(KindNamed(options.kind)),
         format_(FormatNamed(options.format)),
         print_(options.labels.Options()),
-        destination_{FromUtf8(options.target), options.timeLimit.Get()},
+        destination_{FromUtf8(options.target), {.limit = options.timeLimit.Get()}},
         range_(RangeOf(options, kind_.kind)) {
     print_.place = options.withPlace;
     print_.warn = [this](const std::string& warning) { Warn(warning); };

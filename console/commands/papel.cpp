@@ -75,7 +75,7 @@ class Run {
         paper_(papers::PaperNamed(options.paper)),
         isPdf_(IsPdf(options.format)),
         subject_(SubjectOf(paper_, options.parameters)),
-        destination_{FromUtf8(options.target), options.timeLimit.Get()},
+        destination_{FromUtf8(options.target), {.limit = options.timeLimit.Get()}},
         letterhead_(options.letterhead.Get()) {
     // Checks the parameters before a file is made.
     const reports::ReportMethod& method = *reports::FindReportMethod(paper_.className, paper_.method);

@@ -26,6 +26,11 @@ std::string ShortWords(const Failure& failure) {
   return failure.message;
 }
 
+// Why an output was stopped, from the exit code of its run.
+std::string StoppedWords(ExitCode code) {
+  return code == ExitCode::kReportError ? "passou do tempo limite" : "interrompida";
+}
+
 void MakeFolderOf(const fs::path& file) {
   std::error_code error;
   fs::create_directories(file.parent_path(), error);
@@ -69,13 +74,17 @@ ExitCode RoutineRun::Write(const RoutineOutput& output, Outcome& outcome) {
   try {
     MakeFolderOf(output.file);
     ReportRun run(program_, output.options);
-    code = run.Execute(connections_.at(output.profile));
+    code = run.Execute(connections_.at(output.profile), [&](ExitCode ending) {
+      outcome.words = StoppedWords(ending);
+      outcome.seconds = SecondsText(SteadySeconds() - start);
+      ShowSummary();
+    });
     if (code == ExitCode::kOk) {
       outcome.isWritten = true;
       outcome.rows = ToUtf8(CountText(run.Rows()));
       outcome.words = TextOf(output.file);
     } else {
-      outcome.words = code == ExitCode::kReportError ? "passou do tempo limite" : "interrompida";
+      outcome.words = StoppedWords(code);
     }
   } catch (...) {
     const Failure failure = CurrentFailure(program_.WantsDetails());
@@ -104,7 +113,8 @@ void RoutineRun::ShowSummary() {
     text += line(output->name, outcome.rows, outcome.seconds, outcome.words);
     if (outcome.isWritten) ++written;
   }
-  program_.Out() << ForTerminal(text) << fmt::format("{} de {} gravadas\n", written, routine_.outputs.size());
+  program_.Out() << ForTerminal(text) << fmt::format("{} de {} gravadas\n", written, routine_.outputs.size())
+                 << std::flush;
 }
 
 }  // namespace kodra::console::routines

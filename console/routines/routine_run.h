@@ -19,8 +19,8 @@ class RoutineRun {
       : program_(program), routine_(routine), connections_(std::move(connections)) {}
 
   // Writes every output, whatever becomes of the others, unless the user asks to stop. Shows the failures when they
-  // happen, and a summary at the end. Returns kOk if all were written, the code of the request to stop, or otherwise
-  // kReportError. Raises nothing of an output.
+  // happen, and a summary at the end, also before an output that nothing else can stop ends the program. Returns kOk if
+  // all were written, the code of the request to stop, or otherwise kReportError. Raises nothing of an output.
   ExitCode Execute();
 
  private:

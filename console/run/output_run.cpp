@@ -21,7 +21,7 @@ ExitCode RunToOutput(Program& program, const Destination& destination, const std
   if (file) output = &*file;
   if (isTerminal) output = &terminal;
   const std::unique_ptr<Machine> machine = NewMachine();
-  const Stopping stopping(*machine, {.limit = destination.limit}, program.Err());
+  const Stopping stopping(*machine, destination.stop, program.Err());
   OutputRun run = {*machine, *output, file ? file->PathText() : std::wstring(),
                    isTerminal ? TerminalWidth() : std::nullopt, stopping};
   bool keeps = false;

@@ -8,7 +8,6 @@
 //   });
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -21,9 +20,9 @@
 namespace kodra::console {
 
 struct Destination {
-  std::wstring target;            // the file; empty for the standard output
-  std::chrono::seconds limit{0};  // of the whole run; zero is none
-  bool isJson = false;            // how a terminal gets control characters: escaped, or else replaced
+  std::wstring target;  // the file; empty for the standard output
+  StopRules stop;       // of the whole run
+  bool isJson = false;  // how a terminal gets control characters: escaped, or else replaced
 };
 
 // What the work of a run gets.

@@ -58,7 +58,8 @@ ReportRun::ReportRun(Program& program, const ReportOptions& options)
       formatOptions_(FormatOptionsOf(options)),
       mostRows_(options.output.MostRows()),
       progressStyle_(ProgressStyle(options.progress)),
-      destination_{options.output.Target(), options.timeLimit.Get(), format_ == Format::kJson} {
+      destination_{options.output.Target(), {.limit = options.timeLimit.Get()}, format_ == Format::kJson} {
+  destination_.stop.message = origin_ + destination_.stop.message;
   options.parameters.RefuseUnread(method_);
   if (options.progress == "sempre" && format_ == Format::kTable && destination_.target.empty() &&
       IsTerminal(program.Out()))
@@ -72,7 +73,8 @@ ReportRun::ReportRun(Program& program, const ReportOptions& options)
   formatOptions_.html.labels.print.warn = [this](const std::string& warning) { Warn(warning); };
 }
 
-ExitCode ReportRun::Execute(const std::wstring& connection) {
+ExitCode ReportRun::Execute(const std::wstring& connection, std::function<void(ExitCode)> beforeEnd) {
+  destination_.stop.beforeEnd = std::move(beforeEnd);
   return RunToOutput(program_, destination_, [&](OutputRun& run) { return Write(run, connection); });
 }
 

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "console/command_line/parameters.h"
@@ -32,7 +33,7 @@ struct ReportOptions {
   pages::LetterheadOptions letterhead;
   TimeLimit timeLimit;
   std::string progress = "auto";
-  // Begins the warnings, if there are several runs: "[documentos] ".
+  // Begins the messages, if there are several runs: "[documentos] ".
   std::string origin;
 };
 
@@ -44,8 +45,9 @@ class ReportRun {
   ReportRun(const ReportRun&) = delete;
   ReportRun& operator=(const ReportRun&) = delete;
 
-  // Runs the report and writes its rows. Raises what RunToOutput and the report raise.
-  ExitCode Execute(const std::wstring& connection);
+  // Runs the report and writes its rows. `beforeEnd` is that of StopRules. Raises what RunToOutput and the report
+  // raise.
+  ExitCode Execute(const std::wstring& connection, std::function<void(ExitCode)> beforeEnd = {});
 
   // The rows that Execute has written.
   std::uint64_t Rows() const { return rows_; }

@@ -14,7 +14,7 @@ Stopping::Stopping(Machine& machine, StopRules rules, std::ostream& errors)
             return Requested();
           },
           [this](std::chrono::milliseconds since) {
-            if (since >= kPatience) Interruption::EndNow(Outcome());
+            if (since >= kPatience) EndProgram();
           }) {}
 
 bool Stopping::Completes(const std::function<void()>& work) const {
@@ -32,6 +32,12 @@ ExitCode Stopping::Outcome() const {
   errors_ << "kodrarpt: " << rules_.message << ": passou do limite de " << rules_.limit.count()
           << (rules_.limit.count() == 1 ? " segundo\n" : " segundos\n") << std::flush;
   return ExitCode::kReportError;
+}
+
+void Stopping::EndProgram() const {
+  const ExitCode code = Outcome();
+  if (rules_.beforeEnd) rules_.beforeEnd(code);
+  Interruption::EndNow(code);
 }
 
 }  // namespace kodra::console

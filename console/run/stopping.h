@@ -25,11 +25,13 @@ namespace kodra::console {
 
 inline constexpr std::chrono::milliseconds kPatience{600};
 
-// How long a run may take, and what is said when it takes longer.
+// How long a run may take, and what happens when it takes longer.
 struct StopRules {
   std::chrono::seconds limit{0};  // zero is none
   // Begins the message about the time.
   std::string message = "o relatório foi interrompido";
+  // Called by another thread before it ends the whole program with this exit code, while the run waits.
+  std::function<void(ExitCode)> beforeEnd = {};
 };
 
 class Stopping {
@@ -49,6 +51,8 @@ class Stopping {
   ExitCode Outcome() const;
 
  private:
+  [[noreturn]] void EndProgram() const;
+
   Interruption interruption_;
   StopRules rules_;
   std::ostream& errors_;

@@ -44,10 +44,12 @@ TEST_F(KodrarptProcess, LeavesNoFileWhenItIsInterruptedTwice) {
 }
 
 // A database that takes half a minute to answer with its first support, and to say whether its parameters can be read.
+// It has one class.
 std::string SlowMariaDb() {
   return ToUtf8(DatabaseOf(Engine::kMariaDb, L"lenta",
                            {L"CREATE VIEW SUPORTE AS SELECT '1' AS COD_SUPORTE, SLEEP(30) AS DESCR_SUPORTE",
-                            L"CREATE VIEW PARAMETRO AS SELECT '1' AS CODIGO, SLEEP(30) AS EMPRESA"}));
+                            L"CREATE VIEW PARAMETRO AS SELECT '1' AS CODIGO, SLEEP(30) AS EMPRESA",
+                            L"CREATE VIEW CLASSE AS SELECT 'Atas' AS DESCR_CLASSE, '' AS OBS_CLASSE"}));
 }
 
 // How many statements of other connections the server runs.
@@ -148,7 +150,75 @@ TEST_F(KodrarptProcess, EndsAtItsTimeLimit) {
   EXPECT_EQ(RunningStatements(), 0);
 }
 
-TEST_F(KodrarptProcess, StopsAWholeRoutineWhenItIsInterrupted) {
+class KodrarptRoutine : public KodrarptProcess {
+ protected:
+  // Starts a routine whose second output the database does not answer.
+  pid_t StartSlowRoutine(const std::string& connection, const std::string& limit) const {
+    std::ofstream(folder_ / "a.ini") << "[antes]\nrelatorio = CGrupoRpt\narquivo = antes.csv\n"
+                                        "[lenta]\nrelatorio = CSuporteRpt\narquivo = destino.csv\n" +
+                                            limit + "[depois]\nrelatorio = CGrupoRpt\narquivo = depois.csv\n";
+    return StartCommand({KODRARPT, "rotina", (folder_ / "a.ini").string(), "--conexao", connection});
+  }
+  // What a process has written to "saida.txt", with N for a time.
+  std::string SaidWithoutTimes() const { return std::regex_replace(Said(), std::regex(" [0-9]+,[0-9]  "), " N,N  "); }
+  std::string FileNamed(const char* name) const { return (folder_ / name).string(); }
+};
+
+TEST_F(KodrarptRoutine, GoesOnAfterATimeLimit) {
+  EXPECT_EQ(ExitCodeOf(StartSlowRoutine(SlowMariaDb(), "tempo-limite = 1\n")), 1);
+  EXPECT_EQ(RunningStatements(), 0);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"a.ini", "antes.csv", "depois.csv", "saida.txt"}));
+  EXPECT_EQ(Read(folder_ / "depois.csv"), "DESCR_CLASSE,OBS_CLASSE\r\nAtas,\"\"\r\n");
+  EXPECT_EQ(SaidWithoutTimes(),
+            "kodrarpt: [lenta] o relatório foi interrompido: passou do limite de 1 segundo\n"
+            "saída       linhas  segundos  resultado\n"
+            "antes            1       N,N  " +
+                FileNamed("antes.csv") +
+                "\n"
+                "lenta                    N,N  passou do tempo limite\n"
+                "depois           1       N,N  " +
+                FileNamed("depois.csv") +
+                "\n"
+                "2 de 3 gravadas\n");
+}
+
+// The driver of SQLite cannot stop a statement, so the program ends with it.
+TEST_F(KodrarptRoutine, ShowsItsSummaryBeforeATimeLimitEndsTheProgram) {
+  EXPECT_EQ(ExitCodeOf(StartSlowRoutine(SlowSqlite(), "tempo-limite = 1\n")), 1);
+  EXPECT_EQ(Names(), (std::vector<std::string>{"a.ini", "antes.csv", "saida.txt"}));
+  EXPECT_EQ(SaidWithoutTimes(),
+            "kodrarpt: [lenta] o relatório foi interrompido: passou do limite de 1 segundo\n"
+            "saída       linhas  segundos  resultado\n"
+            "antes            1       N,N  " +
+                FileNamed("antes.csv") +
+                "\n"
+                "lenta                    N,N  passou do tempo limite\n"
+                "depois                        não executada\n"
+                "1 de 3 gravadas\n");
+}
+
+TEST_F(KodrarptRoutine, ShowsItsSummaryBeforeAnInterruptionEndsTheProgram) {
+  const pid_t process = StartSlowRoutine(SlowSqlite(), "");
+  const auto deadline = steady_clock::now() + std::chrono::seconds(30);
+  while (!fs::exists(folder_ / (".destino.csv." + std::to_string(process) + ".parcial")) &&
+         steady_clock::now() < deadline)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  const auto asked = steady_clock::now();
+  kill(process, SIGTERM);
+  EXPECT_EQ(ExitCodeOf(process), 143);
+  EXPECT_LT(steady_clock::now() - asked, std::chrono::seconds(1));
+  EXPECT_EQ(Names(), (std::vector<std::string>{"a.ini", "antes.csv", "saida.txt"}));
+  EXPECT_EQ(SaidWithoutTimes(),
+            "saída       linhas  segundos  resultado\n"
+            "antes            1       N,N  " +
+                FileNamed("antes.csv") +
+                "\n"
+                "lenta                    N,N  interrompida\n"
+                "depois                        não executada\n"
+                "1 de 3 gravadas\n");
+}
+
+TEST_F(KodrarptRoutine, StopsAsAWholeWhenItIsInterrupted) {
   const std::string report =
       "relatorio = RelatorioEstatisticasPorPalavrasChave\nNumeroPC1 = 1\nNumeroPC2 = 1\nNumeroPC3 = 1\n"
       "NumeroPC4 = 1\nNumeroPC5 = 1\nNumeroObs = 1\n";
@@ -161,10 +231,10 @@ TEST_F(KodrarptProcess, StopsAWholeRoutineWhenItIsInterrupted) {
   kill(process, SIGINT);
   EXPECT_EQ(ExitCodeOf(process), 130);
   EXPECT_EQ(Names(), (std::vector<std::string>{"a.ini", "antes.csv", "saida.txt"}));
-  EXPECT_EQ(std::regex_replace(Said(), std::regex(" [0-9]+,[0-9]  "), " N,N  "),
+  EXPECT_EQ(SaidWithoutTimes(),
             "saída        linhas  segundos  resultado\n"
             "antes             1       N,N  " +
-                (folder_ / "antes.csv").string() +
+                FileNamed("antes.csv") +
                 "\n"
                 "sem fim                   N,N  interrompida\n"
                 "depois                         não executada\n"

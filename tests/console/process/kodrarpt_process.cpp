@@ -38,7 +38,8 @@ std::string EndlessConnection() {
 std::string SlowSqlite() {
   return ToUtf8(DatabaseOf(Engine::kSqlite, L"lento",
                            {L"CREATE VIEW SUPORTE AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
-                            L"SELECT i AS COD_SUPORTE, i AS DESCR_SUPORTE FROM n WHERE i < 0"}));
+                            L"SELECT i AS COD_SUPORTE, i AS DESCR_SUPORTE FROM n WHERE i < 0",
+                            L"CREATE VIEW CLASSE AS SELECT 'Atas' AS DESCR_CLASSE, '' AS OBS_CLASSE"}));
 }
 
 KodrarptProcess::KodrarptProcess() {

@@ -31,7 +31,7 @@ const Supports& ManySupports();
 // interrupted.
 std::string EndlessConnection();
 
-// A database that looks for its first support for ever.
+// A database that looks for its first support for ever, and has one class.
 std::string SlowSqlite();
 
 class KodrarptProcess : public testing::Test {
