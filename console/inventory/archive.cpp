@@ -5,7 +5,6 @@
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
-#include "console/run/interruption.h"
 #include "console/run/open_report.h"
 #include "console/run/row_source.h"
 #include "frame/parameter_object.h"
@@ -118,7 +117,7 @@ void Archive::ForEachRow(std::wstring_view className, std::wstring_view method, 
   for (const auto& [name, value] : parameters) object.Let(name, value);
   RowSource source(OpenReport(report, connection_, object, surroundings_), report);
   std::vector<Value> values;
-  while (!Interruption::Requested() && source.Next(values)) visit(RowReader(source.Columns(), values));
+  while (goesOn_() && source.Next(values)) visit(RowReader(source.Columns(), values));
 }
 
 void Archive::ForEachModule(const std::wstring& first, const std::wstring& second, const std::wstring& third,

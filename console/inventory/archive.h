@@ -17,13 +17,13 @@
 
 namespace kodra::console::inventory {
 
-// All members raise what a report raises. Reading ends early when the user asks to stop (interruption.h); the result is
-// then incomplete.
+// All members raise what a report raises. Reading ends early when `goesOn` returns false; the result is then
+// incomplete.
 class Archive {
  public:
   // REQUIRES: the surroundings outlive the object.
-  Archive(platform::Surroundings& surroundings, std::wstring connection)
-      : surroundings_(surroundings), connection_(std::move(connection)) {}
+  Archive(platform::Surroundings& surroundings, std::wstring connection, std::function<bool()> goesOn)
+      : surroundings_(surroundings), connection_(std::move(connection)), goesOn_(std::move(goesOn)) {}
 
   // The documents of these modules, module by module, in the order of their codes. Raises UsageError for a module that
   // is not listed, and for a subordinate one, because the archive does not record which documents are in it.
@@ -56,6 +56,7 @@ class Archive {
 
   platform::Surroundings& surroundings_;
   std::wstring connection_;
+  std::function<bool()> goesOn_;
   std::optional<std::map<std::wstring, std::wstring>> locations_;
 };
 

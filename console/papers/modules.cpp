@@ -21,7 +21,7 @@ constexpr std::size_t kMainModuleLength = 5;
 PageHead HeadOf(const std::wstring& title, const Source& source) {
   const ReportTable header = source.read(L"CCaixaRpt", L"DocsNoModulo");
   if (header.rows.empty())
-    throw UsageError("nenhum módulo tem o código \"" + values::ToUtf8(source.subject) + "\"; confira --Modulo1");
+    throw UsageError("nenhum módulo tem o código \"" + values::ToUtf8(source.subject) + "\"; confira Modulo1");
   PageHead head = {.title = title};
   for (const guide::Column& column : guide::Find(L"CCaixaRpt", L"DocsNoModulo")->columns) {
     if (column.name == "NUM_CAIXA") continue;  // in the title
@@ -64,7 +64,7 @@ std::wstring NumberText(const Value& value) { return pages::NumberForPeople(Numb
 
 void PrintDiscardAuthorisation(const Source& source, Printout& printout) {
   if (source.subject.size() != kMainModuleLength)
-    throw UsageError("a autorização de descarte é de um módulo principal: --Modulo1 tem 5 caracteres");
+    throw UsageError("a autorização de descarte é de um módulo principal: Modulo1 tem 5 caracteres");
   const PageHead head = HeadOf(L"Autorização de descarte do módulo " + source.subject, source);
   const ReportTable documents = source.read(L"CCaixaRpt", L"AutorizacaoDescarteModuloSubRpt");
   const std::vector<std::wstring> codes = CodesIn(documents);

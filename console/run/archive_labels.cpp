@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 
-#include "console/run/interruption.h"
 #include "console/run/open_report.h"
 #include "console/run/row_source.h"
 #include "values/upper.h"
@@ -45,13 +44,13 @@ void ArchiveLabels::ForEachRow(std::wstring_view className, std::wstring_view me
   for (const auto& [name, value] : parameters) object.Let(name, value);
   RowSource source(OpenReport(report, connection_, object, surroundings_), report);
   std::vector<Value> values;
-  while (!Interruption::Requested() && source.Next(values)) take(RowReader(source.Columns(), values));
+  while (goesOn_() && source.Next(values)) take(RowReader(source.Columns(), values));
 }
 
 template <class Take>
 void ArchiveLabels::ForEachRowOf(std::wstring_view className, std::wstring_view method, const std::wstring& parameter,
                                  const std::vector<std::wstring>& codes, const std::wstring& type, Take take) {
-  for (std::size_t first = 0; first < codes.size() && !Interruption::Requested(); first += kCodesACall) {
+  for (std::size_t first = 0; first < codes.size() && goesOn_(); first += kCodesACall) {
     std::vector<std::pair<std::wstring, std::wstring>> parameters;
     if (!type.empty()) parameters.emplace_back(L"Tipo", type);
     const std::size_t count = std::min(kCodesACall, codes.size() - first);
@@ -85,7 +84,7 @@ std::vector<std::vector<Label>> ArchiveLabels::LabelsOf(LabelKind kind, const st
   std::vector<std::vector<Label>> found;
   if (kind == LabelKind::kSubordinates || kind == LabelKind::kDividers) {
     for (const std::wstring& code : codes) {
-      if (Interruption::Requested()) break;
+      if (!goesOn_()) break;
       found.push_back(kind == LabelKind::kDividers ? DividersOf(code) : SubordinatesOf(code));
     }
     return found;

@@ -1,6 +1,7 @@
 // The labels of an archive, from the reports of labels: they take up to three codes a call, these functions any number.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,16 +22,17 @@ struct CodeRange {
 
 class ArchiveLabels {
  public:
-  // REQUIRES: the surroundings outlive the object. Its functions raise what the reports raise, and ConnectionError.
-  ArchiveLabels(platform::Surroundings& surroundings, std::wstring connection)
-      : surroundings_(surroundings), connection_(std::move(connection)) {}
+  // Reading ends early when `goesOn` returns false; what is found is then incomplete. REQUIRES: the surroundings
+  // outlive the object. Its functions raise what the reports raise, and ConnectionError.
+  ArchiveLabels(platform::Surroundings& surroundings, std::wstring connection, std::function<bool()> goesOn)
+      : surroundings_(surroundings), connection_(std::move(connection)), goesOn_(std::move(goesOn)) {}
 
   // The codes in the range, sorted: of containers, or of modules that are as long as the bounds, five letters without
   // any. REQUIRES: both bounds are equally long if they are modules and not empty.
   std::vector<std::wstring> CodesIn(LabelKind kind, const CodeRange& range);
 
   // The labels of each code, in the order of the codes; dividers and subordinates may have several, and a code that
-  // the archive does not have has none. Stops early when the user asks to stop.
+  // the archive does not have has none.
   std::vector<std::vector<labels::Label>> LabelsOf(LabelKind kind, const std::vector<std::wstring>& codes);
 
   // The organisation's name, from the closing label of one of the first modules; empty if there is none.
@@ -56,6 +58,7 @@ class ArchiveLabels {
 
   platform::Surroundings& surroundings_;
   std::wstring connection_;
+  std::function<bool()> goesOn_;
 };
 
 }  // namespace kodra::console

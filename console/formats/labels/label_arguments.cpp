@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <map>
 #include <optional>
 
 #include "console/command_line/input_file.h"
@@ -47,27 +46,63 @@ Point ShiftOf(const std::string& text) {
   const std::optional<Point> shift = ParseShift(text);
   if (!shift) {
     throw UsageError(
-        fmt::format("--ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas "
+        fmt::format("o ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas "
                     "decimais, 0,5;1, e não pode ser \"{}\"",
                     text));
   }
   if (std::max(std::abs(shift->x), std::abs(shift->y)) > kFarthestShift)
-    throw UsageError(fmt::format("--ajuste vai até {} mm em cada direção", MillimetresText(kFarthestShift)));
+    throw UsageError(fmt::format("o ajuste vai até {} mm em cada direção", MillimetresText(kFarthestShift)));
   return *shift;
 }
 
+constexpr NamedCode kCodes[] = {
+    {"code128", CodeKind::kCode128, "Código de barras (Code 128)"},
+    {"qr", CodeKind::kQr, "QR"},
+    {"nenhum", CodeKind::kNone, "Nenhum"},
+};
+
 CodeKind CodeNamed(const std::string& name) {
-  static const std::map<std::string, CodeKind> codes = {
-      {"code128", CodeKind::kCode128}, {"qr", CodeKind::kQr}, {"nenhum", CodeKind::kNone}};
-  const auto found = codes.find(Folded(name));
-  if (found != codes.end()) return found->second;
-  throw UsageError(fmt::format("o código \"{}\" não existe{}; escolha entre code128, qr, nenhum", name,
-                               DidYouMean(Folded(name), {"code128", "qr", "nenhum"})));
+  const std::string folded = Folded(name);
+  std::vector<std::string> known;
+  for (const NamedCode& code : kCodes) {
+    if (code.name == folded) return code.kind;
+    known.emplace_back(code.name);
+  }
+  throw UsageError(fmt::format("o código \"{}\" não existe{}; escolha entre {}", name, DidYouMean(folded, known),
+                               fmt::join(known, ", ")));
 }
 
 bool LooksLikeRoll(const std::string& name) { return name.ends_with("mm"); }
 
+Stock StockOf(const LabelChoices& choices, const std::vector<Stock>& stocks) {
+  if (!choices.ownStock.empty()) return ParseStock("própria", choices.ownStock);
+  if (LooksLikeRoll(choices.stock)) return ParseStock(choices.stock, choices.stock);
+  const std::string folded = Folded(choices.stock);
+  const auto found = std::ranges::find(stocks, folded, &Stock::name);
+  if (found != stocks.end()) return *found;
+  throw UsageError(fmt::format("a folha \"{}\" não existe{}; escolha entre {}", choices.stock,
+                               DidYouMean(folded, NamesOf(stocks)), fmt::join(NamesOf(stocks), ", ")));
+}
+
 }  // namespace
+
+std::span<const NamedCode> Codes() { return kCodes; }
+
+PrintOptions PrintOptionsOf(const LabelChoices& choices, const std::vector<Stock>& stocks) {
+  const PrintOptions options = {.stock = StockOf(choices, stocks),
+                                .firstLabel = choices.firstLabel,
+                                .copies = choices.copies,
+                                .shift = ShiftOf(choices.shift),
+                                .outline = choices.outline,
+                                .code = CodeNamed(choices.code)};
+  if (choices.firstLabel < 1 || choices.firstLabel > options.stock.Labels()) {
+    throw UsageError(fmt::format("a primeira etiqueta vai de 1 a {} na folha {}, e não pode ser {}",
+                                 options.stock.Labels(), options.stock.name, choices.firstLabel));
+  }
+  if (choices.copies < 1 || choices.copies > kMostCopies)
+    throw UsageError(fmt::format("as cópias vão de 1 a {}, e não podem ser {}", kMostCopies, choices.copies));
+  return options;
+}
 
 void LabelArguments::AddTo(CLI::App& command, const std::string& prefix) {
   command_ = &command;
@@ -76,27 +111,30 @@ void LabelArguments::AddTo(CLI::App& command, const std::string& prefix) {
     return prefix + text;
   };
   command
-      .add_option("--folha", stock_,
-                  described(fmt::format(
-                      "A folha, como a4-2x7, ou a etiqueta de um rolo, como 100x50mm (sem esta opção, {})", stock_)))
+      .add_option(
+          "--folha", choices_.stock,
+          described(fmt::format("A folha, como a4-2x7, ou a etiqueta de um rolo, como 100x50mm (sem esta opção, {})",
+                                choices_.stock)))
       ->option_text("FOLHA");
   command
-      .add_option("--primeira", firstLabel_,
+      .add_option("--primeira", choices_.firstLabel,
                   described("A primeira etiqueta livre da folha, linha a linha (sem esta opção, 1)"))
       ->option_text("NÚMERO");
-  command.add_option("--copias", copies_, described("Quantas cópias de cada etiqueta (sem esta opção, 1)"))
+  command.add_option("--copias", choices_.copies, described("Quantas cópias de cada etiqueta (sem esta opção, 1)"))
       ->option_text("NÚMERO");
-  command.add_option("--codigo", code_, described("O código: code128, qr ou nenhum (sem esta opção, code128)"))
+  command.add_option("--codigo", choices_.code, described("O código: code128, qr ou nenhum (sem esta opção, code128)"))
       ->option_text("CÓDIGO");
 }
 
 void LabelArguments::AddAllTo(CLI::App& command) {
   AddTo(command, "");
-  command.add_option("--folha-propria", ownStock_, "As medidas de outra folha, em milímetros")->option_text("MEDIDAS");
+  command.add_option("--folha-propria", choices_.ownStock, "As medidas de outra folha, em milímetros")
+      ->option_text("MEDIDAS");
   command.add_option("--folhas-de", stockFile_, "Um arquivo com outras folhas, uma por linha: NOME = MEDIDAS")
       ->option_text("ARQUIVO");
-  command.add_option("--ajuste", shift_, "Desloca tudo na página, em milímetros, como 1,-2")->option_text("X,Y");
-  command.add_flag("--contorno", outline_, "Desenha as bordas das etiquetas, para um teste em papel comum");
+  command.add_option("--ajuste", choices_.shift, "Desloca tudo na página, em milímetros, como 1,-2")
+      ->option_text("X,Y");
+  command.add_flag("--contorno", choices_.outline, "Desenha as bordas das etiquetas, para um teste em papel comum");
   command.add_option("--logotipo", logo_, "Uma imagem PNG para o canto de cada etiqueta")->option_text("ARQUIVO");
 }
 
@@ -112,38 +150,17 @@ bool LabelArguments::IsGiven(const std::string& name) const {
   return option != nullptr && option->count() > 0;
 }
 
-Stock LabelArguments::ChosenStock() const {
+PrintOptions LabelArguments::Options() const {
   for (const char* const other : {"--folha", "--folhas-de"}) {
-    if (!ownStock_.empty() && IsGiven(other))
+    if (!choices_.ownStock.empty() && IsGiven(other))
       throw UsageError(fmt::format("--folha-propria já diz qual é a folha, e não pode ser usada com {}", other));
   }
-  if (!ownStock_.empty()) return ParseStock("própria", ownStock_);
-  if (LooksLikeRoll(stock_)) return ParseStock(stock_, stock_);
   std::vector<Stock> stocks = BuiltInStocks();
   if (!stockFile_.empty()) {
     const std::vector<Stock> more = ParseStocks(stockFile_, ReadInputFile(FromUtf8(stockFile_), kLargestStockFile));
     stocks.insert(stocks.end(), more.begin(), more.end());
   }
-  const std::string folded = Folded(stock_);
-  const auto found = std::ranges::find(stocks, folded, &Stock::name);
-  if (found != stocks.end()) return *found;
-  throw UsageError(fmt::format("a folha \"{}\" não existe{}; escolha entre {}", stock_,
-                               DidYouMean(folded, NamesOf(stocks)), fmt::join(NamesOf(stocks), ", ")));
-}
-
-PrintOptions LabelArguments::Options() const {
-  PrintOptions options = {.stock = ChosenStock(),
-                          .firstLabel = firstLabel_,
-                          .copies = copies_,
-                          .shift = ShiftOf(shift_),
-                          .outline = outline_,
-                          .code = CodeNamed(code_)};
-  if (firstLabel_ < 1 || firstLabel_ > options.stock.Labels()) {
-    throw UsageError(fmt::format("--primeira vai de 1 a {} na folha {}, e não pode ser {}", options.stock.Labels(),
-                                 options.stock.name, firstLabel_));
-  }
-  if (copies_ < 1 || copies_ > kMostCopies)
-    throw UsageError(fmt::format("--copias vai de 1 a {}, e não pode ser {}", kMostCopies, copies_));
+  PrintOptions options = PrintOptionsOf(choices_, stocks);
   if (!logo_.empty()) options.logo = std::make_shared<const Picture>(ReadPicture(FromUtf8(logo_)));
   return options;
 }

@@ -1,8 +1,10 @@
-// The options of a command that say how to print labels.
+// How to print labels, as people say it: in the options of a command, or elsewhere.
 #pragma once
 
-#include <memory>
+#include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "console/formats/labels/label_printer.h"
 
@@ -11,6 +13,29 @@ class App;
 }
 
 namespace kodra::console::labels {
+
+struct NamedCode {
+  std::string_view name;  // "code128"
+  CodeKind kind;
+  std::string_view title;  // for people
+};
+// All kinds of codes; the first is the usual one.
+std::span<const NamedCode> Codes();
+
+struct LabelChoices {
+  // The name of stock, or the measures of a roll.
+  std::string stock = BuiltInStocks().front().name;
+  // The measures of other stock; if not empty, they count instead of the name.
+  std::string ownStock = {};
+  int firstLabel = 1;
+  int copies = 1;
+  std::string shift = {};  // "1,-2"; empty for none
+  bool outline = false;
+  std::string code = std::string(Codes().front().name);
+};
+
+// `stocks` is the stock that has a name. Raises UsageError for a choice that does not exist.
+PrintOptions PrintOptionsOf(const LabelChoices& choices, const std::vector<Stock>& stocks = BuiltInStocks());
 
 class LabelArguments {
  public:
@@ -27,17 +52,11 @@ class LabelArguments {
   PrintOptions Options() const;
 
  private:
-  Stock ChosenStock() const;
   bool IsGiven(const std::string& name) const;
 
   const CLI::App* command_ = nullptr;
-  std::string stock_ = BuiltInStocks().front().name;
-  std::string ownStock_, stockFile_;
-  int firstLabel_ = 1;
-  int copies_ = 1;
-  std::string shift_;
-  bool outline_ = false;
-  std::string code_ = "code128";
+  LabelChoices choices_;
+  std::string stockFile_;
   std::string logo_;
 };
 

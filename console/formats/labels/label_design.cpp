@@ -88,10 +88,11 @@ LabelDesign DesignOf(Size label, const LabelParts& parts) {
   const Length lackingHeight = smallest.Lacking({1, 1});
   if (lackingWidth > 0 || lackingHeight > 0) {
     const bool narrow = lackingWidth > 0;
-    throw UsageError(fmt::format(
-        "uma etiqueta de {} mm é pequena demais: precisa de ao menos {} mm de {}{}", MillimetresText(label),
-        MillimetresText(narrow ? label.width + lackingWidth : label.height + lackingHeight),
-        narrow ? "largura" : "altura", narrow || parts.code != CodeKind::kCode128 ? "" : ", ou de --codigo nenhum"));
+    throw UsageError(
+        fmt::format("uma etiqueta de {} mm é pequena demais: precisa de ao menos {} mm de {}{}", MillimetresText(label),
+                    MillimetresText(narrow ? label.width + lackingWidth : label.height + lackingHeight),
+                    narrow ? "largura" : "altura",
+                    narrow || parts.code != CodeKind::kCode128 ? "" : ", ou de ficar sem código de barras"));
   }
   // Large letters are for labels on which long texts have room for several lines; small ones, for small labels.
   struct Attempt {

@@ -147,7 +147,7 @@ class Drawing {
     return UsageError(
         fmt::format("o código de barras de \"{}\" não cabe na etiqueta: precisa de {} mm de largura, e ela tem {} mm{}",
                     values::ToUtf8(number), MillimetresText(modules * kLeastBar + 2 * PaddingOf(design_.label)),
-                    MillimetresText(design_.label.width), QrFits(number) ? "; com --codigo qr, cabe" : ""));
+                    MillimetresText(design_.label.width), QrFits(number) ? "; com o código qr, cabe" : ""));
   }
 
   bool QrFits(const std::wstring& number) const {

@@ -22,27 +22,27 @@ namespace {
 
 constexpr int kWhite = 255;
 
-UsageError Unsuitable(const std::wstring& path, const std::string& reason) {
-  return UsageError(fmt::format("a imagem \"{}\" não serve: {}", values::ToUtf8(path), reason));
+UsageError Unsuitable(const std::string& name, const std::string& reason) {
+  return UsageError(fmt::format("a imagem \"{}\" não serve: {}", name, reason));
 }
 
 }  // namespace
 
-Picture ReadPicture(const std::wstring& path) {
-  Picture picture = {0, 0, {}, ReadInputFile(path, kMostPictureBytes)};
+Picture PictureOf(std::string png, const std::string& name) {
+  Picture picture = {0, 0, {}, std::move(png)};
   const auto* const bytes = reinterpret_cast<const stbi_uc*>(picture.png.data());
   const int size = static_cast<int>(picture.png.size());
   int channels = 0;
   if (stbi_info_from_memory(bytes, size, &picture.width, &picture.height, &channels) == 0)
-    throw Unsuitable(path, "não é um arquivo PNG");
+    throw Unsuitable(name, "não é um arquivo PNG");
   if (picture.width > kMostDots || picture.height > kMostDots) {
-    throw Unsuitable(path, fmt::format("tem {} x {} pontos, e o máximo é {} x {}", picture.width, picture.height,
+    throw Unsuitable(name, fmt::format("tem {} x {} pontos, e o máximo é {} x {}", picture.width, picture.height,
                                        kMostDots, kMostDots));
   }
   constexpr int kRgba = 4;
   const std::unique_ptr<stbi_uc, decltype(&stbi_image_free)> dots(
       stbi_load_from_memory(bytes, size, &picture.width, &picture.height, &channels, kRgba), stbi_image_free);
-  if (!dots) throw Unsuitable(path, "o arquivo PNG está danificado");
+  if (!dots) throw Unsuitable(name, "o arquivo PNG está danificado");
   const auto count = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
   picture.rgb.reserve(count * 3);
   for (std::size_t dot = 0; dot < count; ++dot) {
@@ -54,6 +54,10 @@ Picture ReadPicture(const std::wstring& path) {
     }
   }
   return picture;
+}
+
+Picture ReadPicture(const std::wstring& path) {
+  return PictureOf(ReadInputFile(path, kMostPictureBytes), values::ToUtf8(path));
 }
 
 }  // namespace kodra::console::pages

@@ -16,8 +16,10 @@ struct Picture {
 inline constexpr int kMostDots = 4000;
 inline constexpr int kMostPictureBytes = 4 << 20;
 
-// Reads a file. Raises UsageError, with the file's name and the reason, if it cannot be read, is too large or is not a
+// The picture of a file's bytes. Raises UsageError, with the file's name and the reason, if it is too large or is not a
 // PNG picture.
+Picture PictureOf(std::string png, const std::string& name);
+// Reads a file. Raises UsageError if it cannot be read, and as PictureOf.
 Picture ReadPicture(const std::wstring& path);
 
 }  // namespace kodra::console::pages

@@ -54,7 +54,7 @@ Symbol Code128(std::wstring_view text) {
   if (text.empty() || text.size() > kLongestCode || !isPlain) {
     throw UsageError(fmt::format(
         "um código de barras Code 128 não comporta \"{}\": são de 1 a {} letras sem acento, algarismos e sinais; "
-        "use --codigo qr ou --codigo nenhum",
+        "escolha o código qr, ou nenhum",
         ToUtf8(text), kLongestCode));
   }
   return Encoded(text, BARCODE_CODE128, 10, "um código de barras Code 128");

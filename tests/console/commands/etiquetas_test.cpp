@@ -299,7 +299,7 @@ TEST(Etiquetas, RefusesAWrongCommandLineAndLeavesNoFile) {
            {{"abertra", "AA001"},
             "o tipo de etiqueta \"abertra\" não existe (quis dizer \"abertura\"?); escolha entre abertura, fechamento, "
             "subordinadas, divisoria, conteiner"},
-           {{"abertura"}, "faltam os códigos: informe-os, ou use --lista, --de e --ate, ou --CodDepto"},
+           {{"abertura"}, "faltam os códigos: informe-os, ou um intervalo, ou um departamento"},
            {{"abertura", "AA001", "--formato", "docx"}, "o formato \"docx\" não existe; escolha entre pdf, html"},
            {{"abertura", "AA001", "--folha", "a5-2x4"},
             "a folha \"a5-2x4\" não existe (quis dizer \"a4-2x4\"?); escolha entre a4-2x4, a4-2x7, a4-3x7, a4-3x8, "
@@ -320,17 +320,17 @@ TEST(Etiquetas, RefusesAWrongCommandLineAndLeavesNoFile) {
            {{"abertura", "AA001", "--folha", "20x20mm"},
             "uma etiqueta de 20 x 20 mm é pequena demais: precisa de ao menos 23 mm de largura"},
            {{"abertura", "AA001", "--ajuste", "1"},
-            "--ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas decimais, 0,5;1, "
+            "o ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas decimais, 0,5;1, "
             "e não pode ser \"1\""},
-           {{"abertura", "AA001", "--ajuste", "0,21"}, "--ajuste vai até 20 mm em cada direção"},
+           {{"abertura", "AA001", "--ajuste", "0,21"}, "o ajuste vai até 20 mm em cada direção"},
            {{"abertura", "--lista", "/não/há"}, "não foi possível ler \"/não/há\": o arquivo não existe"},
            {{"abertura", "--lista", empty}, "a lista \"" + empty + "\" não tem nenhum código"},
            {{"abertura", "A'1"}, "o código \"A'1\" tem um apóstrofo, que os relatórios não aceitam: tire-o"},
            {{"abertura", "--de", "AA001", "--ate", "AA00102"},
-            "--de e --ate devem ser dois módulos principais ou dois subordinados"},
-           {{"abertura", "--CodDepto", "0"}, "--CodDepto deve ser um código maior que zero, e não pode ser \"0\""},
-           {{"conteiner", "--CodDepto", "7"}, "--CodDepto não vale para contêineres"},
-           {{"conteiner", "CT1", "--com-lugar"}, "--com-lugar não vale para contêineres"},
+            "o intervalo deve ir de um módulo principal a outro, ou de um subordinado a outro"},
+           {{"abertura", "--CodDepto", "0"}, "o departamento deve ser um código maior que zero, e não pode ser \"0\""},
+           {{"conteiner", "--CodDepto", "7"}, "o departamento não vale para contêineres"},
+           {{"conteiner", "CT1", "--com-lugar"}, "o lugar não vale para contêineres"},
            {{"abertura", "AA001", "--logotipo", empty}, "a imagem \"" + empty + "\" não serve: não é um arquivo PNG"},
        }) {
     std::vector<std::string> arguments = wrong.arguments;
@@ -352,7 +352,7 @@ TEST(Etiquetas, RefusesACodeThatHasNoBarcodeAndLeavesNoFile) {
   const std::string target = (folder.Path() / "e.pdf").string();
   EXPECT_EQ(RunLabels(connection, {"abertura", "ÁB001", "--folha", "100x50mm", "--saida", target}),
             UsageFailure("um código de barras Code 128 não comporta \"ÁB001\": são de 1 a 48 letras sem acento, "
-                         "algarismos e sinais; use --codigo qr ou --codigo nenhum"));
+                         "algarismos e sinais; escolha o código qr, ou nenhum"));
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
   for (const char* const code : {"qr", "nenhum"})
     EXPECT_EQ(RunLabels(connection, {"abertura", "ÁB001", "--folha", "100x50mm", "--codigo", code, "--saida", target}),

@@ -75,10 +75,11 @@ TEST(ExecutaHtmlUsage, RefusesASheetALabelAndACopyThatDoNotExist) {
             "pimaco-a4364"},
            {{"--codigo", "code12"},
             "o código \"code12\" não existe (quis dizer \"code128\"?); escolha entre code128, qr, nenhum"},
-           {{"--folha", "a4-2x4", "--primeira", "9"}, "--primeira vai de 1 a 8 na folha a4-2x4, e não pode ser 9"},
-           {{"--primeira", "0"}, "--primeira vai de 1 a 8 na folha a4-2x4, e não pode ser 0"},
-           {{"--copias", "0"}, "--copias vai de 1 a 1000, e não pode ser 0"},
-           {{"--copias", "1001"}, "--copias vai de 1 a 1000, e não pode ser 1001"},
+           {{"--folha", "a4-2x4", "--primeira", "9"},
+            "a primeira etiqueta vai de 1 a 8 na folha a4-2x4, e não pode ser 9"},
+           {{"--primeira", "0"}, "a primeira etiqueta vai de 1 a 8 na folha a4-2x4, e não pode ser 0"},
+           {{"--copias", "0"}, "as cópias vão de 1 a 1000, e não podem ser 0"},
+           {{"--copias", "1001"}, "as cópias vão de 1 a 1000, e não podem ser 1001"},
        }) {
     std::vector<std::string> arguments = {"executa", "CCaixaRpt.EtiquetaAbertura", "--formato", "html", "--conexao",
                                           "DSN=x"};

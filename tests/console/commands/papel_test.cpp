@@ -57,7 +57,7 @@ TEST_P(Papel, WritesHtmlToTheStandardOutput) {
 
 TEST_P(Papel, LeavesNoFileOfAModuleThatDoesNotExist) {
   EXPECT_EQ(Print("modulo", {"--Modulo1", "ZZ999"}),
-            UsageFailure("nenhum módulo tem o código \"ZZ999\"; confira --Modulo1"));
+            UsageFailure("nenhum módulo tem o código \"ZZ999\"; confira Modulo1"));
   EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
 }
 
@@ -82,7 +82,7 @@ TEST(PapelUsage, NamesWhatIsMissingOrUnknown) {
   };
   EXPECT_EQ(papel({"recibo"}),
             UsageFailure("o papel \"recibo\" não existe; escolha entre retirada, originais, descarte, modulo"));
-  EXPECT_EQ(papel({"retirada", "--saida", "x.pdf"}), UsageFailure("o papel retirada precisa de --CodSolicit"));
+  EXPECT_EQ(papel({"retirada", "--saida", "x.pdf"}), UsageFailure("o papel retirada precisa do parâmetro CodSolicit"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001"}), UsageFailure("o formato pdf precisa de --saida"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--formato", "pfd", "--saida", "x"}),
             UsageFailure("um papel não sai no formato \"pfd\" (quis dizer \"pdf\"?); escolha entre pdf, html"));

@@ -170,11 +170,11 @@ TEST(DiscardAuthorisation, HasNoSignaturesForAModuleWithoutDocuments) {
 
 TEST(DiscardAuthorisation, IsForMainModulesThatExist) {
   EXPECT_EQ(Refusal([] { Printed("descarte", L"AB00101", {}); }),
-            "a autorização de descarte é de um módulo principal: --Modulo1 tem 5 caracteres");
+            "a autorização de descarte é de um módulo principal: Modulo1 tem 5 caracteres");
   EXPECT_EQ(Refusal([] {
               Printed("descarte", L"ZZ999", {{L"DocsNoModulo", {}}});
             }),
-            "nenhum módulo tem o código \"ZZ999\"; confira --Modulo1");
+            "nenhum módulo tem o código \"ZZ999\"; confira Modulo1");
 }
 
 TEST(ModuleSheet, ListsWhatIsInTheModule) {

@@ -178,12 +178,12 @@ TEST(LabelDrawing, RefusesACodeThatTheLabelIsTooNarrowFor) {
   EXPECT_EQ(
       RefusalOf({50'000, 40'000}, {}, L"ABCDEFGHIJKLMNOPQRST"),
       "o código de barras de \"ABCDEFGHIJKLMNOPQRST\" não cabe na etiqueta: precisa de 56,25 mm de largura, e ela "
-      "tem 50 mm; com --codigo qr, cabe");
+      "tem 50 mm; com o código qr, cabe");
   EXPECT_EQ(RefusalOf({56'250, 40'000}, {}, L"ABCDEFGHIJKLMNOPQRST"), "");
   EXPECT_EQ(RefusalOf({56'249, 40'000}, {}, L"ABCDEFGHIJKLMNOPQRST").substr(0, 19), "o código de barras");
   EXPECT_EQ(RefusalOf({50'000, 40'000}, {}, L"AÇÃO"),
             "um código de barras Code 128 não comporta \"AÇÃO\": são de 1 a 48 letras sem acento, algarismos e sinais; "
-            "use --codigo qr ou --codigo nenhum");
+            "escolha o código qr, ou nenhum");
   // 60 letters with accents need 33 squares on each side, with the quiet zone 41 of 0.33 mm.
   EXPECT_EQ(
       RefusalOf({50'000, 40'000}, {.code = CodeKind::kQr}, std::wstring(60, L'Ç')), "o código QR de \"" + [] {
@@ -203,7 +203,7 @@ TEST(LabelDesign, RefusesLabelsThatAreTooSmall) {
   EXPECT_EQ(refusal({62'000, 10'000}, {.code = CodeKind::kNone}),
             "uma etiqueta de 62 x 10 mm é pequena demais: precisa de ao menos 15,066 mm de altura");
   const std::string bars = refusal({62'000, 20'000}, {});
-  EXPECT_TRUE(bars.ends_with(" mm de altura, ou de --codigo nenhum")) << bars;
+  EXPECT_TRUE(bars.ends_with(" mm de altura, ou de ficar sem código de barras")) << bars;
   EXPECT_EQ(refusal({62'000, 20'000}, {.code = CodeKind::kNone}), "");
 }
 

@@ -105,5 +105,18 @@ TEST(Base64, PadsItsLastGroup) {
   EXPECT_EQ(Base64("\xFF\xEF"), "/+8=");
 }
 
+TEST(Base64, IsReadAgain) {
+  EXPECT_EQ(FromBase64(""), "");
+  EXPECT_EQ(FromBase64("Zg=="), "f");
+  EXPECT_EQ(FromBase64("Zm8="), "fo");
+  EXPECT_EQ(FromBase64("Zm9vYmFy"), "foobar");
+  EXPECT_EQ(FromBase64("/+8="), "\xFF\xEF");
+}
+
+TEST(Base64, IsNoOtherText) {
+  for (const char* const text : {"Zg", "Zg=", "Z===", "Zm 9", "Zm9v\n", "=Zm9"})
+    EXPECT_EQ(FromBase64(text), std::nullopt) << text;
+}
+
 }  // namespace
 }  // namespace kodra::console::pages

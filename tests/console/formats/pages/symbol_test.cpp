@@ -43,7 +43,7 @@ TEST(Symbol, Code128RefusesWhatScannersReadDifferently) {
   } catch (const UsageError& error) {
     EXPECT_STREQ(error.what(),
                  "um código de barras Code 128 não comporta \"AÇ1\": são de 1 a 48 letras sem acento, algarismos e "
-                 "sinais; use --codigo qr ou --codigo nenhum");
+                 "sinais; escolha o código qr, ou nenhum");
   }
 }
 
