@@ -70,15 +70,16 @@ bool Access::HasCookie(const Request& request) const {
 }
 
 std::vector<std::pair<std::string, std::string>> SecurityHeaders() {
-  return {{"Content-Security-Policy",
-           "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; "
-           "base-uri 'none'; form-action 'none'; frame-ancestors 'none'"},
-          {"X-Content-Type-Options", "nosniff"},
-          {"X-Frame-Options", "DENY"},
-          {"Referrer-Policy", "no-referrer"},
-          {"Cross-Origin-Resource-Policy", "same-origin"},
-          {"Cross-Origin-Opener-Policy", "same-origin"},
-          {"Cache-Control", "no-store"}};
+  return {
+      {"Content-Security-Policy",
+       "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; frame-src blob:; "
+       "base-uri 'none'; form-action 'none'; frame-ancestors 'none'"},
+      {"X-Content-Type-Options", "nosniff"},
+      {"X-Frame-Options", "DENY"},
+      {"Referrer-Policy", "no-referrer"},
+      {"Cross-Origin-Resource-Policy", "same-origin"},
+      {"Cross-Origin-Opener-Policy", "same-origin"},
+      {"Cache-Control", "no-store"}};
 }
 
 }  // namespace kodra::console::panel

@@ -8,6 +8,8 @@
 //   POST /api/test      {"connection", "run"}                                    which database answers
 //   POST /api/cancel    {"run"}
 //   POST /api/sql       {"report", "parameters", "database"}
+//   POST /api/labels, /api/paper                                                 see print_api.h
+//   POST /api/inventory                                                          see inventory_api.h
 //
 // "connection" is a name of /api/connections; without it, the connection of the command line is used. "run" is a name
 // that the page chooses, by which it can cancel. An answer that is not 200 has words for the user. A run that fails
@@ -40,9 +42,6 @@ class Api {
   Answer Check(const Request& request, const std::wstring& connection);
   Answer Test(const Request& request, const std::wstring& connection);
   Answer Cancel(const Request& request);
-
-  // Why a run ended early; empty if it did not.
-  std::string WordsOf(const Run& run) const;
 
   const Connections connections_;
   Runs runs_;

@@ -5,8 +5,11 @@
 
 #include "console/command_line/databases.h"
 #include "console/command_line/report_name.h"
+#include "console/formats/labels/label_arguments.h"
+#include "console/papers/papers.h"
 #include "console/reports/guide.h"
 #include "console/reports/words.h"
+#include "console/run/label_print.h"
 #include "frame/parameter_object.h"
 #include "frame/version.h"
 #include "values/utf8.h"
@@ -43,9 +46,12 @@ Json ParametersOf(const guide::Report& report, const reports::ReportMethod& meth
   return parameters;
 }
 
+const reports::ReportMethod& MethodOf(const guide::Report& report) {
+  return *reports::FindReportMethod(values::FromUtf8(report.className), values::FromUtf8(report.method));
+}
+
 Json ObjectOf(const guide::Report& report) {
-  const reports::ReportMethod& method =
-      *reports::FindReportMethod(values::FromUtf8(report.className), values::FromUtf8(report.method));
+  const reports::ReportMethod& method = MethodOf(report);
   Json columns = Json::array();
   for (const guide::Column& column : report.columns)
     columns.push_back({{"name", column.name}, {"meaning", guide::MeaningWords(column)}});
@@ -56,6 +62,45 @@ Json ObjectOf(const guide::Report& report) {
           {"parameters", ParametersOf(report, method)},
           {"columns", columns},
           {"oddities", oddities}};
+}
+
+// In millimetres.
+Json SizeOf(const pages::Size& size) {
+  constexpr double kMillimetre = 1000;
+  return Json::array({size.width / kMillimetre, size.height / kMillimetre});
+}
+
+// The choices that the user has for labels.
+Json Labels() {
+  Json kinds = Json::array(), stocks = Json::array(), codes = Json::array();
+  for (const NamedLabelKind& kind : LabelKinds())
+    kinds.push_back({{"name", kind.name},
+                     {"title", values::ToUtf8(kind.title)},
+                     {"isOfModules", kind.kind != LabelKind::kContainers}});
+  for (const labels::Stock& stock : labels::BuiltInStocks())
+    stocks.push_back({{"name", stock.name},
+                      {"description", Described(stock)},
+                      {"page", SizeOf(stock.page)},
+                      {"columns", stock.columns},
+                      {"rows", stock.rows},
+                      {"label", SizeOf(stock.label)},
+                      {"margin", SizeOf(stock.margin)},
+                      {"gap", SizeOf(stock.gap)}});
+  for (const labels::NamedCode& code : labels::Codes()) codes.push_back({{"name", code.name}, {"title", code.title}});
+  return {{"kinds", kinds}, {"stocks", stocks}, {"codes", codes}, {"mostCopies", labels::kMostCopies}};
+}
+
+// The papers with the parameters of their reports.
+Json Papers() {
+  Json papers = Json::array();
+  for (const papers::Paper& paper : papers::Papers()) {
+    const guide::Report& report = *guide::Find(paper.className, paper.method);
+    papers.push_back({{"name", paper.name},
+                      {"purpose", paper.purpose},
+                      {"subject", values::ToUtf8(paper.subject)},
+                      {"parameters", ParametersOf(report, MethodOf(report))}});
+  }
+  return papers;
 }
 
 }  // namespace
@@ -70,7 +115,12 @@ std::string CatalogueJson() {
     for (const guide::Report& report : family.reports) reports.push_back(ObjectOf(report));
     families.push_back({{"title", family.title}, {"reports", reports}});
   }
-  return Json{{"version", KODRA_VERSION_TEXT}, {"databases", databases}, {"families", families}}.dump();
+  return Json{{"version", KODRA_VERSION_TEXT},
+              {"databases", databases},
+              {"families", families},
+              {"labels", Labels()},
+              {"papers", Papers()}}
+      .dump();
 }
 
 }  // namespace kodra::console::panel

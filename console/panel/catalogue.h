@@ -1,4 +1,4 @@
-// What the page knows of the reports: the guide's entries as JSON.
+// What the page knows of the reports, the labels and the papers, as JSON.
 #pragma once
 
 #include <string>
@@ -6,7 +6,9 @@
 namespace kodra::console::panel {
 
 // One object: `version`, `databases` (name, title), `formats`, and `families` (title, reports), family by family. A
-// report has its name, purpose, parameters (name, type, what it does, its few values), columns and oddities.
+// report has its name, purpose, parameters (name, type, what it does, its few values), columns and oddities. `labels`
+// has the kinds, stocks (measures in millimetres) and codes to choose from, and `papers` each paper with its
+// parameters.
 std::string CatalogueJson();
 
 }  // namespace kodra::console::panel

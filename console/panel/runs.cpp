@@ -24,6 +24,23 @@ void Runs::Do(const std::string& name, const std::function<bool()>& isGone,
   work(*machine, *run);
 }
 
+std::string Runs::DoUnlessStopped(const std::string& name, const std::function<bool()>& isGone,
+                                  const std::function<void(Machine&, const Run&)>& work) {
+  Run::End why = Run::End::kNone;
+  Do(name, isGone, [&](Machine& machine, const Run& run) {
+    try {
+      work(machine, run);
+    } catch (const std::exception&) {
+      if (!run.IsOver()) throw;
+    }
+    why = run.Why();
+  });
+  if (why == Run::End::kNone) return {};
+  if (why == Run::End::kCancelled) return "Cancelado.";
+  return "Interrompido: passou do limite de " + std::to_string(limit_.count()) +
+         (limit_.count() == 1 ? " segundo." : " segundos.");
+}
+
 std::shared_ptr<Run> Runs::Enter(const std::string& name) {
   const std::lock_guard lock(mutex_);
   if (runs_.size() >= kMostRuns) throw TooManyRuns();

@@ -50,12 +50,15 @@ class Runs {
   void Do(const std::string& name, const std::function<bool()>& isGone,
           const std::function<void(Machine&, const Run&)>& work);
 
+  // The same, but what the work raises after it was stopped is no error: what a database answers to a statement that
+  // was stopped is no news. Returns why it was stopped, in words for the user; empty if it was not.
+  std::string DoUnlessStopped(const std::string& name, const std::function<bool()>& isGone,
+                              const std::function<void(Machine&, const Run&)>& work);
+
   // Returns whether there is a run of that name.
   bool Cancel(const std::string& name);
   // Cancels all runs, and those that begin later.
   void CancelAll();
-
-  std::chrono::seconds Limit() const { return limit_; }
 
  private:
   std::shared_ptr<Run> Enter(const std::string& name);

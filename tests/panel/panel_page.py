@@ -139,3 +139,22 @@ class PageTest(unittest.TestCase):
 
     def picture(self, name):
         self.browser.save_screenshot(os.path.join(FOLDER, name + '.png'))
+
+    def check_appearance(self, name, act):
+        """Does something on the page in light, in dark and at 400 %, and looks for violations and for a page that is too wide."""
+        self.assertEqual(self.violations(), [])
+        for scheme in ('light', 'dark'):
+            self.browser.execute_cdp_cmd(
+                'Emulation.setEmulatedMedia', {'features': [{'name': 'prefers-color-scheme', 'value': scheme}]})
+            act()
+            self.assertEqual(self.violations(), [])
+            self.picture(f'{scheme}-{name}')
+        # A window of 1280 pixels at 200 % is one of 640 at 100 %, and at 400 % one of 320.
+        for width in (640, 320):
+            self.browser.execute_cdp_cmd('Emulation.setDeviceMetricsOverride',
+                                         {'width': width, 'height': 700, 'deviceScaleFactor': 2, 'mobile': False})
+            act()
+            self.picture(f'width-{width}-{name}')
+            widths = self.script('const page = document.documentElement; return [page.scrollWidth, page.clientWidth]')
+            self.assertLessEqual(widths[0], widths[1])
+        self.browser.execute_cdp_cmd('Emulation.clearDeviceMetricsOverride', {})

@@ -3,6 +3,9 @@ import {CheckPage} from './check.js';
 import {ConnectionPage} from './connection_page.js';
 import {choose, chosen, labelOf, setConnections} from './connections.js';
 import {element, titleOf} from './dom.js';
+import {InventoryPage} from './inventory.js';
+import {LabelsPage} from './labels.js';
+import {PapersPage} from './papers.js';
 import {ReportPage} from './report.js';
 import {get} from './server.js';
 
@@ -40,6 +43,8 @@ const isPage = address => [...document.querySelectorAll('header a')].some(link =
 
 function markCurrent() {
   const current = location.hash || '#reports';
+  // Beside another page, the list of reports would only take room.
+  document.querySelector('.columns').classList.toggle('alone', current !== '#reports' && isPage(current));
   for (const link of document.querySelectorAll('header a, nav a')) {
     const isReports = link.getAttribute('href') === '#reports' && !isPage(current);
     if (link.getAttribute('href') === current || isReports) link.setAttribute('aria-current', 'page');
@@ -56,6 +61,12 @@ function welcome(families) {
 function start(catalogue, problem) {
   const {families, databases} = catalogue;
   const reports = families.flatMap(family => family.reports);
+  const pages = {
+    labels: () => new LabelsPage(catalogue.labels),
+    papers: () => new PapersPage(catalogue.papers),
+    inventory: () => new InventoryPage(),
+    check: () => new CheckPage(),
+  };
   let page = null;
   const go = () => {
     const name = decodeURIComponent(location.hash.slice(1));
@@ -64,7 +75,8 @@ function start(catalogue, problem) {
     page?.leave();
     const isFirst = page === null;
     if (name === 'connections' || chosen() === null) page = new ConnectionPage(use, problem);
-    else page = name === 'check' ? new CheckPage() : report ? new ReportPage(report, databases) : welcome(families);
+    else if (Object.hasOwn(pages, name)) page = pages[name]();
+    else page = report ? new ReportPage(report, databases) : welcome(families);
     main.replaceChildren(page.element);
     const archive = chosen() === null ? 'nenhum' : labelOf(chosen());
     document.querySelector('#archive').textContent = archive;

@@ -191,9 +191,10 @@ TEST_F(PanelTest, ServesItsPageAndEachOfItsFiles) {
 TEST_F(PanelTest, LetsNoPageRunOtherScriptsOrFrameIt) {
   for (const char* const path : {"/", "/app.js", "/api/catalogue", "/nada"}) {
     const Reply reply = visitor_.Get(path);
-    EXPECT_EQ(reply.headers.at("content-security-policy"),
-              "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; "
-              "base-uri 'none'; form-action 'none'; frame-ancestors 'none'");
+    EXPECT_EQ(
+        reply.headers.at("content-security-policy"),
+        "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; frame-src blob:; "
+        "base-uri 'none'; form-action 'none'; frame-ancestors 'none'");
     EXPECT_EQ(reply.headers.at("x-content-type-options"), "nosniff");
     EXPECT_EQ(reply.headers.at("referrer-policy"), "no-referrer");
     EXPECT_EQ(reply.headers.at("cache-control"), "no-store");
@@ -225,7 +226,8 @@ TEST_F(PanelTest, ServesNoFileOfTheComputer) {
 }
 
 TEST_F(PanelTest, ChangesNothingByGet) {
-  for (const char* const path : {"/api/run", "/api/download", "/api/cancel", "/api/sql", "/api/check"})
+  for (const char* const path : {"/api/run", "/api/download", "/api/cancel", "/api/sql", "/api/check", "/api/labels",
+                                 "/api/paper", "/api/inventory"})
     EXPECT_EQ(visitor_.Get(path).status, 404) << path;
 }
 
