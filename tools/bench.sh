@@ -3,7 +3,7 @@
 # Every line that the benchmarks print.
 bench_names=(small_report statement_share streamed_rows streamed_memory dataset_rows_log dataset_rows_operadores
   dataset_rows script_peer routine_calls routine_memory routine_handles dll_size load_and_create
-  export_csv export_json export_xlsx export_html export_peer export_memory)
+  export_csv export_json export_xlsx export_html export_peer export_memory panel_page panel_first_page)
 
 # The preset of the native programs: the tests, which measure nothing, use those that they have built anyway.
 bench_preset=native
@@ -16,7 +16,8 @@ bench_archive() {
 }
 
 build_benches() {
-  build_preset "$bench_preset" kodra-bench-statements kodra-bench-archives kodra-bench-plot kodra-bench-exports kodrarpt
+  build_preset "$bench_preset" kodra-bench-statements kodra-bench-archives kodra-bench-plot kodra-bench-exports kodra-bench-panel \
+    kodrarpt
   build_preset win32 KodraRpt kodra_ado kodra_siblings_com kodra-bench kodra_bench_empty
   mkdir -p build/bench
 }
@@ -49,7 +50,7 @@ run_benches() {
   for line in "${bench_names[@]}" growth; do
     bench_wanted "$line" "$@" || continue
     case $line in
-      statement_share | load_and_create) ;;
+      statement_share | load_and_create | panel_*) ;;
       export_*) exports+=("$line") ;;
       # Measured together.
       routine_*) chosen+=(routine_calls) ;;
@@ -78,6 +79,11 @@ run_benches() {
   if [ ${#exports[@]} != 0 ]; then
     one=0
     bench_exports "$size" "${exports[@]}" || one=$?
+    [ "$one" -le "$status" ] || status=$one
+  fi
+  if bench_wanted panel_page "$@" || bench_wanted panel_first_page "$@"; then
+    one=0
+    "build/$bench_preset/kodra-bench-panel" --folder build/bench --rounds "$rounds" || one=$?
     [ "$one" -le "$status" ] || status=$one
   fi
   return "$status"

@@ -103,9 +103,7 @@ Json Papers() {
   return papers;
 }
 
-}  // namespace
-
-std::string CatalogueJson() {
+std::string MakeCatalogue() {
   Json databases = Json::array();
   for (const Database& database : Databases())
     databases.push_back({{"name", database.name}, {"title", database.title}});
@@ -121,6 +119,14 @@ std::string CatalogueJson() {
               {"labels", Labels()},
               {"papers", Papers()}}
       .dump();
+}
+
+}  // namespace
+
+const std::string& CatalogueJson() {
+  // Making it takes longer than the rest of the first page.
+  static const std::string catalogue = MakeCatalogue();
+  return catalogue;
 }
 
 }  // namespace kodra::console::panel

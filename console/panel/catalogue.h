@@ -9,6 +9,6 @@ namespace kodra::console::panel {
 // report has its name, purpose, parameters (name, type, what it does, its few values), columns and oddities. `labels`
 // has the kinds, stocks (measures in millimetres) and codes to choose from, and `papers` each paper with its
 // parameters.
-std::string CatalogueJson();
+const std::string& CatalogueJson();
 
 }  // namespace kodra::console::panel

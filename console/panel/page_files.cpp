@@ -1,7 +1,6 @@
 #include "console/panel/page_files.h"
 
 #include <algorithm>
-#include <iterator>
 
 // The bytes of each file, and the list of all files, as the build generates them (console/CMakeLists.txt).
 #define KODRA_PAGE_FILE(PATH, TYPE, NAME) \
@@ -12,14 +11,19 @@
 
 namespace kodra::console::panel {
 
-const PageFile* FindPageFile(std::string_view path) {
+std::span<const PageFile> PageFiles() {
   static const PageFile files[] = {
 #define KODRA_PAGE_FILE(PATH, TYPE, NAME) {PATH, TYPE, {NAME, NAME##Size}},
 #include "page_files.def"
 #undef KODRA_PAGE_FILE
   };
-  const auto* const found = std::ranges::find(files, path, &PageFile::path);
-  return found == std::end(files) ? nullptr : found;
+  return files;
+}
+
+const PageFile* FindPageFile(std::string_view path) {
+  const auto files = PageFiles();
+  const auto found = std::ranges::find(files, path, &PageFile::path);
+  return found == files.end() ? nullptr : &*found;
 }
 
 }  // namespace kodra::console::panel

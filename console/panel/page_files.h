@@ -1,6 +1,8 @@
 // The files of the page, which are part of the program: console/panel/page.
 #pragma once
 
+#include <span>
+#include <span>
 #include <string_view>
 
 namespace kodra::console::panel {
@@ -11,6 +13,8 @@ struct PageFile {
   std::string_view bytes;
 };
 
+// All of them.
+std::span<const PageFile> PageFiles();
 // Null if there is no such file.
 const PageFile* FindPageFile(std::string_view path);
 
