@@ -28,7 +28,7 @@ _kodrarpt() {
       arguments='abertura fechamento subordinadas divisoria conteiner'
       ;;
     sql)
-      options='--help --banco --bonito --literal'
+      options='--help --banco --bonito --detalhes --literal'
       arguments=$reports
       hasParameters=1
       ;;
@@ -48,7 +48,7 @@ _kodrarpt() {
       arguments=$reports
       ;;
     perfil)
-      options='--help --conexao --senha-de --senha-comando --pergunta-senha --substitui'
+      options='--help --conexao --senha-de --senha-comando --pergunta-senha --substitui --detalhes'
       arguments='novo lista testa remove'
       ;;
     rotina)
