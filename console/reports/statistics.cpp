@@ -8,7 +8,8 @@ const Parameter kFirstDay = {"DataInicial", "Primeiro dia do período; aparece t
                              "desde {}"};
 const Parameter kLastDay = {"DataFinal", "Último dia do período; aparece também no título", "29/02/2024", "até {}"};
 const Parameter kOwnerText = {"Owner", "Texto devolvido na coluna OWNER", "Arquivo Geral", "responsável {}"};
-const Parameter kCodDepto = {"CodDepto", "Código do departamento; vazio inclui todos", "001", "departamento {}"};
+const Parameter kCodDepto = {
+    "CodDepto", "Código do departamento; vazio inclui todos", "001", "departamento {}", InSql::kText, {""}};
 // TipoRpt in the statistics by support and by subgroup.
 const Parameter kCounted = {
     "TipoRpt",
@@ -49,7 +50,12 @@ std::vector<Report> Statistics() {
        .parameters = {kOwnerText,
                       kFirstDay,
                       kLastDay,
-                      {"CodOperador", "Código do operador que armazenou; vazio inclui todos", "001", "operador {}"},
+                      {"CodOperador",
+                       "Código do operador que armazenou; vazio inclui todos",
+                       "001",
+                       "operador {}",
+                       InSql::kText,
+                       {""}},
                       kCodDepto,
                       {"TipoRpt",
                        "P traz folhas e versos; F, só folhas; outro valor, o código do documento",
@@ -81,7 +87,12 @@ std::vector<Report> Statistics() {
        .method = "RelatorioEstatisticasPorDocumento",
        .purpose = "Os documentos indexados em um período",
        .parameters = {kOwnerText,
-                      {"CodOperador", "Código do operador que indexou; vazio inclui todos", "001", "operador {}"},
+                      {"CodOperador",
+                       "Código do operador que indexou; vazio inclui todos",
+                       "001",
+                       "operador {}",
+                       InSql::kText,
+                       {""}},
                       kCodDepto,
                       kFirstDay,
                       kLastDay},

@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <regex>
 #include <set>
 
+#include "console/statements/every_statement.h"
+#include "sql/tipo_banco.h"
 #include "tests/engines/comparison.h"
 #include "tests/engines/expectations.h"
 #include "tests/engines/page.h"
@@ -129,6 +133,54 @@ TEST(Expectations, EachCoversAStatement) {
       });
       EXPECT_TRUE(covers) << expectation.cause;
     }
+  }
+}
+
+// The conditions, columns, tables and other parts of a statement. A literal, a list of them and a date without quotes
+// are each one empty text.
+std::set<std::wstring> PartsOf(const std::wstring& statement) {
+  static const std::wregex literal(LR"('[^']*'|\b\d+(/\d+/\d+( \d+:\d+:\d+)?)?\b)");
+  static const std::wregex list(LR"(''(\s*,\s*'')+\))");
+  static const std::wregex boundary(
+      LR"(\s*(,|\b(SELECT|FROM|INNER JOIN|LEFT JOIN|ON|WHERE|AND|GROUP BY|ORDER BY|UNION)\b|$)\s*)");
+  const std::wstring text = std::regex_replace(std::regex_replace(statement, literal, L"''"), list, L"'')");
+  return {std::wsregex_token_iterator(text.begin(), text.end(), boundary, -1), std::wsregex_token_iterator()};
+}
+
+TEST(Vocabulary, SplitsAStatementIntoItsParts) {
+  EXPECT_EQ(
+      PartsOf(L"SELECT A, 'x' AS B FROM T1 INNER JOIN U ON A=2 WHERE C = 'a' AND D1 > 7 AND E IN (1, 2,3) AND F > "
+              L"1/2/2013 08:30:00 ORDER BY A "),
+      (std::set<std::wstring>{L"", L"A", L"'' AS B", L"T1", L"U", L"A=''", L"C = ''", L"D1 > ''", L"E IN ('')",
+                              L"F > ''"}));
+}
+
+// `kodrarpt verifica` prepares what EveryStatementOf returns. It must reach every branch of every report; the cases
+// here are another list of them.
+TEST_P(EveryEngine, IsAskedNothingThatVerificaDoesNotPrepare) {
+  const Database database = GetParam()->database;
+  using Parts = std::map<std::string, std::set<std::wstring>>;  // by report
+  const auto preparedFor = [](std::int32_t code) {
+    Parts prepared;
+    for (const reports::ReportMethod& method : reports::ReportMethods())
+      for (const console::Statement& statement : console::EveryStatementOf(method, code).ofReport)
+        prepared[NameOf(method)].merge(PartsOf(statement.text));
+    return prepared;
+  };
+  const Parts prepared = preparedFor(CodeOf(database));
+  const Parts preparedForOtherCode = preparedFor(sql::tbOracleAlt);
+  for (const Statement& statement : StatementsFor(database)) {
+    const auto isOf = [&](const char* kind) { return statement.label.find(kind) != statement.label.npos; };
+    // The program never runs a report on a client's connection.
+    if (isOf("client's connection")) continue;
+    // What a database refuses whatever is in it: counts that are missing, a quote in a parameter, and on SQLite a
+    // period with times.
+    const bool hasTimes = isOf("period with hours") || isOf("period left unset");
+    if (isOf("missing counts") || isOf("quote in") || (database == Database::kSqlite && hasTimes)) continue;
+    const Parts& expected = statement.otherCode ? preparedForOtherCode : prepared;
+    for (const std::wstring& part : PartsOf(statement.text))
+      EXPECT_TRUE(expected.at(statement.method).contains(part))
+          << statement.method << ", " << statement.label << ": " << ToUtf8(part);
   }
 }
 
