@@ -66,7 +66,8 @@ TEST(Painel, RefusesAnUnknownProfileAndAnEmptyConnection) {
   user.Write("[acervo]\nconexao = DSN=Acervo\n");
   EXPECT_EQ(RunProgram({"painel", "--sem-navegador", "--perfil", "acerv"}),
             UsageFailure("o perfil \"acerv\" não existe (quis dizer \"acervo\"?); kodrarpt perfil lista mostra todos"));
-  EXPECT_EQ(RunProgram({"painel", "--sem-navegador", "--conexao", ""}), UsageFailure("a string de conexão está vazia"));
+  EXPECT_EQ(RunProgram({"painel", "--sem-navegador", "--conexao", ""}),
+            UsageFailure("a string de conexão está vazia: informe-a em --conexao"));
 }
 
 }  // namespace

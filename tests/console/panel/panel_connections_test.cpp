@@ -127,7 +127,7 @@ TEST_F(PanelConnections, AreRefusedWhenTheyCannotBeUsed) {
                         {"DSN=Acervo", "o perfil \"DSN=Acervo\" não existe"},
                         {"cofre", std::string("o perfil \"cofre\" ") + kAsks},
                         {"mau", std::string("o perfil \"mau\" ") + kBad},
-                        {7, "falta connection no pedido"}};
+                        {7, "o pedido não diz \"connection\"; recarregue a página"}};
   for (const Case& each : cases)
     for (const char* const path : {"/api/run", "/api/download", "/api/check", "/api/test"}) {
       const Reply reply = Ask(panel, path, each.connection);
@@ -209,7 +209,8 @@ TEST_F(PanelConnections, TakeThePasswordFromWhereTheProfileSays) {
   EXPECT_EQ(Ask(panel, "/api/run", "acervo").body,
             "a variável de ambiente \"ACERVO_SENHA\", de --senha-de, não existe\n");
   user_.Write("[acervo]\nconexao = " + acervo_.Connection() + "\nsenha-comando = false\n");
-  EXPECT_EQ(Ask(panel, "/api/run", "acervo").body, "o comando de senha-comando terminou com erro, e não há senha\n");
+  EXPECT_EQ(Ask(panel, "/api/run", "acervo").body,
+            "o comando de senha-comando terminou com erro, e não há senha: execute-o no terminal para ver por quê\n");
   user_.Write("[acervo]\nconexao = " + acervo_.Connection() + "\nsenha-comando = echo x\n");
   EXPECT_EQ(RowsOf(panel, "acervo"), "[\"do perfil\"]\n");
 }
