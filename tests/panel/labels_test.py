@@ -146,5 +146,6 @@ class Labels(PageTest):
     def test_IsAccessibleInLightAndDarkAndNarrow(self):
         self.fill('list', 'AA001\nZZ999')
         self.choose('stock', 'outra')
-        self.one('#field-labelWidth').send_keys('90')
+        self.fill('labelWidth', '90')
+        self.fill('labelHeight', '50')
         self.check_appearance('labels', self.print)
