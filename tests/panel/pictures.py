@@ -6,6 +6,7 @@ The database is the sample archive. KODRA_FILTER names some of the pictures.
 import os
 import pathlib
 import sys
+import time
 
 # The tests' folder gets no files.
 sys.dont_write_bytecode = True
@@ -33,6 +34,26 @@ def press(words, end):
     return prepare
 
 
+def make_pdf(values):
+    """Fills a page that prints, and waits until the browser has drawn the file."""
+    def prepare(page):
+        for selector, value in values.items():
+            page.script('const field = document.querySelector(arguments[0]); field.value = arguments[1];'
+                        'field.dispatchEvent(new Event("change", {bubbles: true}))', selector, value)
+        press('Preparar o PDF', 'O PDF está pronto.')(page)
+        page.script('scrollTo(0, 0)')
+        time.sleep(3)
+    return prepare
+
+
+def scan(page):
+    page.script('document.querySelector("#field-places").value = "AA001"')
+    press('Começar a leitura', 'Lidos: 0.')(page)
+    for code in ('0000000001', 'AA00101'):
+        page.script('document.querySelector("#field-code").value = arguments[0];'
+                    'document.querySelector("#field-code").form.requestSubmit()', code)
+
+
 COUNTS = {'NumeroPC1': '1200', 'NumeroPC2': '340', 'NumeroPC3': '87', 'NumeroPC4': '333', 'NumeroPC5': '12', 'NumeroObs': '45'}
 
 # Each picture: its file, the address, what is done there, and whether it is dark.
@@ -42,6 +63,9 @@ PICTURES = (
     ('form', 'CCaixaRpt.RelatoriosModulos', None, False),
     ('rows', 'CDocumentoRpt.RelatorioSintetico', fill({'CodDepto': '001'}), False),
     ('statistic', 'CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave', fill(COUNTS), False),
+    ('labels', 'labels', make_pdf({'#field-list': 'AA001\nAA002\nAA003', '#field-stock': 'a4-2x7'}), False),
+    ('papers', 'papers', make_pdf({'#field-paper': 'modulo', '#field-Modulo1': 'AA001'}), False),
+    ('inventory', 'inventory', scan, False),
     ('check', 'check', press('Verificar', 'Verificado.'), False),
     ('dark', 'CDocumentoRpt.RelatorioSintetico', fill({'CodDepto': '001'}), True),
 )
