@@ -207,7 +207,7 @@ TEST_F(PanelConnections, TakeThePasswordFromWhereTheProfileSays) {
   const Panel panel(PanelOptions{});
   user_.Write("[acervo]\nconexao = " + acervo_.Connection() + "\nsenha-de = ACERVO_SENHA\n");
   EXPECT_EQ(Ask(panel, "/api/run", "acervo").body,
-            "a variável de ambiente \"ACERVO_SENHA\", de --senha-de, não existe\n");
+            "a variável de ambiente \"ACERVO_SENHA\", que deve conter a senha, não existe: defina-a antes\n");
   user_.Write("[acervo]\nconexao = " + acervo_.Connection() + "\nsenha-comando = false\n");
   EXPECT_EQ(Ask(panel, "/api/run", "acervo").body,
             "o comando de senha-comando terminou com erro, e não há senha: execute-o no terminal para ver por quê\n");
