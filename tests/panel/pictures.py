@@ -34,8 +34,8 @@ def press(words, end):
     return prepare
 
 
-def make_pdf(values):
-    """Fills a page that prints, and waits until the browser has drawn the file."""
+def make_pdf(values, sight=None):
+    """Fills a page that prints, waits until the browser has drawn the file, and brings a field into sight."""
     def prepare(page):
         for selector, value in values.items():
             page.script('const field = document.querySelector(arguments[0]); field.value = arguments[1];'
@@ -43,6 +43,8 @@ def make_pdf(values):
         press('Preparar o PDF', 'O PDF está pronto.')(page)
         page.script('scrollTo(0, 0)')
         time.sleep(3)
+        if sight:
+            page.script('document.querySelector(arguments[0]).scrollIntoView()', sight)
     return prepare
 
 
@@ -56,6 +58,10 @@ def scan(page):
 
 COUNTS = {'NumeroPC1': '1200', 'NumeroPC2': '340', 'NumeroPC3': '87', 'NumeroPC4': '333', 'NumeroPC5': '12', 'NumeroObs': '45'}
 
+# The width of the pictures; those of pages that show a PDF beside their form are wider.
+WIDTH = 1030
+WIDE = {'labels': 1320, 'papers': 1320}
+
 # Each picture: its file, the address, what is done there, and whether it is dark.
 PICTURES = (
     ('list', 'reports', None, False),
@@ -63,7 +69,7 @@ PICTURES = (
     ('form', 'CCaixaRpt.RelatoriosModulos', None, False),
     ('rows', 'CDocumentoRpt.RelatorioSintetico', fill({'CodDepto': '001'}), False),
     ('statistic', 'CEstatIndexRpt.RelatorioEstatisticasPorPalavrasChave', fill(COUNTS), False),
-    ('labels', 'labels', make_pdf({'#field-list': 'AA001\nAA002\nAA003', '#field-stock': 'a4-2x7'}), False),
+    ('labels', 'labels', make_pdf({'#field-list': 'AA001\nAA002\nAA003', '#field-stock': 'a4-2x7'}, '#field-stock'), False),
     ('papers', 'papers', make_pdf({'#field-paper': 'modulo', '#field-Modulo1': 'AA001'}), False),
     ('inventory', 'inventory', scan, False),
     ('check', 'check', press('Verificar', 'Verificado.'), False),
@@ -72,6 +78,8 @@ PICTURES = (
 
 
 def take(page, name, address, prepare, is_dark):
+    page.browser.execute_cdp_cmd('Emulation.setDeviceMetricsOverride', {
+        'width': WIDE.get(name, WIDTH), 'height': 600, 'deviceScaleFactor': 1, 'mobile': False})
     page.browser.execute_cdp_cmd('Emulation.setEmulatedMedia', {
         'features': [{'name': 'prefers-color-scheme', 'value': 'dark' if is_dark else 'light'}]})
     # Each picture has a page of its own, with empty forms.
@@ -93,8 +101,6 @@ def main():
     page.panel = Panel(None, '--perfil', 'acervo')
     names = os.environ.get('KODRA_FILTER', '').split()
     try:
-        page.browser.execute_cdp_cmd('Emulation.setDeviceMetricsOverride',
-                                     {'width': 1030, 'height': 600, 'deviceScaleFactor': 1, 'mobile': False})
         page.browser.get(page.panel.address)
         return all([take(page, *picture) for picture in PICTURES if not names or picture[0] in names])
     finally:
