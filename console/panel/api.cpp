@@ -133,15 +133,19 @@ Answer Api::Cancel(const Request& request) {
 
 Answer Api::Check(const Request& request, const std::wstring& connection) {
   std::ostringstream json;
-  runs_.Do(TextOf(BodyOf(request), "run"), request.isGone,
-           [&](Machine& machine, const Run&) { WriteJson(CheckDatabase(connection, machine), json); });
+  const std::string why =
+      runs_.DoUnlessStopped(TextOf(BodyOf(request), "run"), request.isGone,
+                            [&](Machine& machine, const Run&) { WriteJson(CheckDatabase(connection, machine), json); });
+  if (!why.empty()) return Refused(409, why);
   return {.type = kJson, .body = json.str()};
 }
 
 Answer Api::Test(const Request& request, const std::wstring& connection) {
   std::string lines;
-  runs_.Do(TextOf(BodyOf(request), "run"), request.isGone,
-           [&](Machine& machine, const Run&) { lines = LinesOf(AskDatabase(connection, machine)); });
+  const std::string why =
+      runs_.DoUnlessStopped(TextOf(BodyOf(request), "run"), request.isGone,
+                            [&](Machine& machine, const Run&) { lines = LinesOf(AskDatabase(connection, machine)); });
+  if (!why.empty()) return Refused(409, why);
   return {.type = kJson, .body = AnswerText(Json{{"answer", lines}})};
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <span>
-#include <span>
 #include <string_view>
 
 namespace kodra::console::panel {

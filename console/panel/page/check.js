@@ -1,6 +1,7 @@
 // What `kodrarpt verifica` says, as a page.
 import {copyButton, counted, element} from './dom.js';
-import {cancel, newRun, post} from './server.js';
+import {post} from './server.js';
+import {Task} from './task.js';
 
 const listOf = texts => element('ul', {}, ...texts.map(text => element('li', {}, text)));
 
@@ -61,36 +62,27 @@ function shown(findings) {
 
 export class CheckPage {
   constructor() {
-    this.status = element('p', {role: 'status'});
     this.results = element('div');
     this.button = element('button', {class: 'main', type: 'button', click: () => this.check()}, 'Verificar');
+    this.task = new Task(this.button);
     this.element = element('div', {},
       element('h1', {}, 'Verificar o banco'),
       element('p', {}, 'Confere se o banco tem as tabelas, as colunas e os índices de que os relatórios precisam. Nada é gravado.'),
-      element('div', {class: 'actions'}, this.button),
-      this.status, this.results);
+      element('div', {class: 'actions'}, this.button, this.task.cancelButton),
+      this.task.status, this.results);
   }
 
-  async check() {
-    this.run = newRun();
-    this.button.disabled = true;
-    this.status.className = '';
-    this.status.textContent = 'Verificando…';
-    this.results.replaceChildren();
-    try {
-      const findings = await (await post('/api/check', {run: this.run})).json();
-      this.results.replaceChildren(...shown(findings));
-      this.status.textContent = 'Verificado.';
-    } catch (error) {
-      this.status.className = 'bad';
-      this.status.textContent = error.message;
-    } finally {
-      this.run = null;
-      this.button.disabled = false;
-    }
+  check() {
+    return this.task.do(async (run, signal) => {
+      this.task.say('Verificando…');
+      this.results.replaceChildren();
+      const response = await post('/api/check', {run}, signal);
+      this.results.replaceChildren(...shown(await response.json()));
+      this.task.say('Verificado.');
+    });
   }
 
   leave() {
-    if (this.run) cancel(this.run).catch(() => {});
+    this.task.leave();
   }
 }

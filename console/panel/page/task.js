@@ -11,8 +11,10 @@ export class Task {
     this.run = null;
   }
 
-  // Awaits work(run, signal): the name of the run, and the signal for its requests. Shows the words of an Error.
+  // Awaits work(run, signal): the name of the run, and the signal for its requests. Shows the words of an Error. Does
+  // nothing while something else is done.
   async do(work) {
+    if (this.run !== null) return;
     this.run = newRun();
     this.abort = new AbortController();
     this.setBusy(true);

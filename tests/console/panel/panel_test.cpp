@@ -403,21 +403,31 @@ TEST(PanelOnMariaDb, TakesTheStatementOfACancelledRunOffTheServer) {
                    platform::ad::kCmdText);
   const auto statements = [&] {
     const odbc::Execution processes = observer.Query(
-        L"SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE DB = 'painel' AND INFO LIKE '%FROM SUPORTE%' AND "
-        L"ID "
-        L"<> CONNECTION_ID()",
+        L"SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE DB = 'painel' AND INFO LIKE '%FROM SUPORTE%' "
+        L"AND ID <> CONNECTION_ID()",
         platform::ad::kCmdText);
     return processes.recordset->FieldValue(0);
   };
-  Panel panel({.connection = tests::MariaDb().ConnectionString(L"painel")});
+  const Panel panel({.connection = tests::MariaDb().ConnectionString(L"painel")});
   const Visitor visitor(panel.Address());
-  Reply reply;
-  std::thread run([&] { reply = visitor.Post("/api/run", R"({"report":"CSuporteRpt.RelatorioSuportes","run":"a"})"); });
-  EXPECT_TRUE(Soon([&] { return statements() == Value(std::int64_t{1}); }));
-  EXPECT_EQ(visitor.Post("/api/cancel", R"({"run":"a"})").status, 200);
-  EXPECT_TRUE(Soon([&] { return statements() == Value(std::int64_t{0}); }));
-  run.join();
-  EXPECT_EQ(reply.body, "{\"stopped\":\"Cancelado.\"}\n");
+  struct Case {
+    const char* path;
+    const char* body;
+    int status;
+    const char* answer;
+  };
+  for (const Case& each : {Case{"/api/run", R"({"report":"CSuporteRpt.RelatorioSuportes","run":"a"})", 200,
+                                "{\"stopped\":\"Cancelado.\"}\n"},
+                           Case{"/api/check", R"({"run":"a"})", 409, "Cancelado.\n"}}) {
+    Reply reply;
+    std::thread run([&] { reply = visitor.Post(each.path, each.body); });
+    EXPECT_TRUE(Soon([&] { return statements() == Value(std::int64_t{1}); })) << each.path;
+    EXPECT_EQ(visitor.Post("/api/cancel", R"({"run":"a"})").status, 200);
+    EXPECT_TRUE(Soon([&] { return statements() == Value(std::int64_t{0}); })) << each.path;
+    run.join();
+    EXPECT_EQ(reply.status, each.status);
+    EXPECT_EQ(reply.body, each.answer);
+  }
 }
 
 }  // namespace
