@@ -107,7 +107,7 @@ std::string ReportParameters::PeriodWarning(frame::ParameterObject& object, cons
   const Value begin = object.Get(period->first);
   const Value end = object.Get(period->last);
   if (end.As<Date>().days == 0 || end.As<Date>().days >= begin.As<Date>().days) return {};
-  return "--" + ToUtf8(period->last) + " é antes de --" + ToUtf8(period->first) + ", e nenhuma data cai nesse período";
+  return ToUtf8(period->last) + " é antes de " + ToUtf8(period->first) + ", e nenhuma data cai nesse período";
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> ReportParameters::Given() const {

@@ -7,6 +7,7 @@
 #include "console/command_line/databases.h"
 #include "console/command_line/failure.h"
 #include "console/command_line/output_error.h"
+#include "console/command_line/parameters.h"
 #include "console/command_line/report_name.h"
 #include "console/command_line/usage_error.h"
 #include "console/panel/catalogue.h"
@@ -91,11 +92,14 @@ Answer Api::RunReport(const Request& request, const std::wstring& connection) {
     try {
       whyOver = runs_.DoUnlessStopped(name, isGone, [&](Machine& machine, const Run& run) {
         PageWriter writer(output, [&](std::uint64_t rows) {
-          std::vector<std::string> codes;
+          std::vector<std::string> warnings;
+          if (const std::string period = ReportParameters::PeriodWarning(task->Parameters(), task->Method());
+              !period.empty())
+            warnings.push_back(period);
           for (const UnknownCode& code :
                UnknownCodes(task->Parameters(), rows, task->Method(), connection, machine.Around()))
-            codes.push_back(code.words);
-          return codes;
+            warnings.push_back(code.words);
+          return warnings;
         });
         task->Write(machine.Around(), connection, writer, [&] { return !run.IsOver(); });
       });

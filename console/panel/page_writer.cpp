@@ -99,7 +99,7 @@ void PageWriter::End() {
   for (const pages::Fact& note : pages::NotesOf(report, heading_))
     notes.push_back({{"caption", ToUtf8(note.caption)}, {"text", ToUtf8(note.text)}});
   Json end = {{"rows", rows_}, {"filter", ToUtf8(pages::FilterText(report, heading_))}, {"notes", notes}};
-  if (const std::vector<std::string> codes = findUnknownCodes_(rows_); !codes.empty()) end["unknownCodes"] = codes;
+  if (const std::vector<std::string> warnings = findWarnings_(rows_); !warnings.empty()) end["warnings"] = warnings;
   if (gatherer_ && rows_ > 0) end["statistics"] = ObjectOf(gatherer_->Result());
   lines_ += LineOf({{"end", end}});
   Flush();

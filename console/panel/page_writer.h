@@ -3,9 +3,9 @@
 //   {"columns":[{"name":"COD_DEPTO","caption":"Código","isNumber":false}, …]}
 //   ["001","Jurídico",null]                 a row, as people read its values
 //   {"count":20500}                         now and then, the rows so far, once no more rows are sent
-//   {"end":{"rows":31000,"filter":"…","notes":[…],"unknownCodes":[…],"statistics":{…}}}
+//   {"end":{"rows":31000,"filter":"…","notes":[…],"warnings":[…],"statistics":{…}}}
 //
-// Unknown codes, if there are any, are why rows are missing. A statistic has its lines, sums and chart at the end. The
+// Warnings, if there are any, say why rows may be missing. A statistic has its lines, sums and chart at the end. The
 // page gets so many rows as it can hold; the others are only counted.
 #pragma once
 
@@ -26,12 +26,12 @@ inline constexpr std::uint64_t kMostShownRows = 20'000;
 
 class PageWriter final : public RowWriter {
  public:
-  // Finds the codes that were asked for and that the archive does not have, in words, for a report with so many rows.
-  using FindUnknownCodes = std::function<std::vector<std::string>(std::uint64_t)>;
+  // Finds what is wrong with the parameters of a report that has so many rows, in words.
+  using FindWarnings = std::function<std::vector<std::string>(std::uint64_t)>;
 
-  // `findUnknownCodes` is called at the end. REQUIRES: `output` outlives the writer.
-  explicit PageWriter(Output& output, FindUnknownCodes findUnknownCodes, std::uint64_t mostRows = kMostShownRows)
-      : output_(output), findUnknownCodes_(std::move(findUnknownCodes)), mostRows_(mostRows) {}
+  // `findWarnings` is called at the end. REQUIRES: `output` outlives the writer.
+  explicit PageWriter(Output& output, FindWarnings findWarnings, std::uint64_t mostRows = kMostShownRows)
+      : output_(output), findWarnings_(std::move(findWarnings)), mostRows_(mostRows) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;
   void Row(std::span<const Value> values) override;
@@ -41,7 +41,7 @@ class PageWriter final : public RowWriter {
   void Flush();
 
   Output& output_;
-  const FindUnknownCodes findUnknownCodes_;
+  const FindWarnings findWarnings_;
   const std::uint64_t mostRows_;
   std::uint64_t rows_ = 0;
   Heading heading_;

@@ -123,7 +123,7 @@ export class ReportPage {
 
   finish(end, table) {
     const shown = table.rows.length;
-    const notes = (end.unknownCodes ?? []).map(words => `${capitalized(words)}.`);
+    const notes = (end.warnings ?? []).map(words => `${capitalized(words)}.`);
     if (end.rows > 0) notes.push(...end.notes.map(note => `${note.caption}: ${note.text}`));
     const parts = [];
     if (end.filter !== '') parts.push(element('p', {}, `Filtros: ${end.filter}`));

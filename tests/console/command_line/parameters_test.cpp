@@ -127,7 +127,7 @@ TEST(ReportParametersTest, WarnOfAPeriodThatEndsBeforeItBegins) {
   EXPECT_EQ(ReportParameters::PeriodWarning(object, method), "");  // without the last day there is no period
   object.Let(L"DataArmazenamento2", values::FromCalendar({2024, 1, 1}));
   EXPECT_EQ(ReportParameters::PeriodWarning(object, method),
-            "--DataArmazenamento2 é antes de --DataArmazenamento1, e nenhuma data cai nesse período");
+            "DataArmazenamento2 é antes de DataArmazenamento1, e nenhuma data cai nesse período");
   object.Let(L"DataArmazenamento2", values::FromCalendar({2024, 12, 31}));
   EXPECT_EQ(ReportParameters::PeriodWarning(object, method), "");
 }

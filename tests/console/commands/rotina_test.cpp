@@ -143,7 +143,7 @@ TEST_F(RotinaTest, NamesTheOutputOfAWarning) {
       "[etiquetas]\nrelatorio = CEstatSerieRpt\narquivo = a.csv\nDataInicial = hoje\nDataFinal = ontem\n"
       "perfil = acervo\n");
   EXPECT_TRUE(result.err.starts_with(
-      "kodrarpt: [etiquetas] aviso: --DataFinal é antes de --DataInicial, e nenhuma data cai nesse período\n"))
+      "kodrarpt: [etiquetas] aviso: DataFinal é antes de DataInicial, e nenhuma data cai nesse período\n"))
       << result.err;
 }
 

@@ -170,7 +170,7 @@ TEST(SqlTest, WarnsOfAPeriodThatEndsBeforeItBegins) {
   const RunResult result = RunProgram(
       {"sql", "CEstatImgRpt", "--banco", "mysql", "--DataInicial", "31/12/2024", "--DataFinal", "01/01/2024"});
   EXPECT_EQ(result.code, ExitCode::kOk);
-  EXPECT_EQ(result.err, "kodrarpt: aviso: --DataFinal é antes de --DataInicial, e nenhuma data cai nesse período\n");
+  EXPECT_EQ(result.err, "kodrarpt: aviso: DataFinal é antes de DataInicial, e nenhuma data cai nesse período\n");
 }
 
 TEST(SqlTest, RefusesAnUnknownOption) {

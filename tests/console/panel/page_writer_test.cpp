@@ -9,11 +9,11 @@ namespace {
 
 const Heading kDeptos = {L"CDeptoRpt", L"RelatorioDeptos", L"Departamentos", {}};
 
-std::vector<std::string> NoneUnknown(std::uint64_t) { return {}; }
+std::vector<std::string> NoWarnings(std::uint64_t) { return {}; }
 
 TEST(PanelRows, AreJsonLinesAsPeopleReadValues) {
   TextOutput output;
-  PageWriter writer(output, NoneUnknown);
+  PageWriter writer(output, NoWarnings);
   const Column columns[] = {{L"descr_depto", ColumnKind::kText}, {L"OUTRA", ColumnKind::kNumber}};
   writer.Begin(kDeptos, columns);
   writer.Row(std::vector<Value>{std::wstring(L"Jurídico \"A\""), 1234.5});
@@ -27,17 +27,17 @@ TEST(PanelRows, AreJsonLinesAsPeopleReadValues) {
             "{\"end\":{\"rows\":2,\"filter\":\"\",\"notes\":[]}}\n");
 }
 
-TEST(PanelRows, SayWithWhichFiltersAndUnknownCodesNothingWasFound) {
+TEST(PanelRows, SayWithWhichFiltersAndWarningsNothingWasFound) {
   TextOutput output;
   PageWriter writer(output, [](std::uint64_t) { return std::vector<std::string>{"não há 001"}; });
   writer.Begin({L"CDocumentoRpt", L"RelatorioSintetico", L"Documentos", {{L"CodDepto", L"001"}}}, {});
   writer.End();
   EXPECT_EQ(output.Text(),
             "{\"columns\":[]}\n"
-            "{\"end\":{\"rows\":0,\"filter\":\"Departamento 001\",\"notes\":[],\"unknownCodes\":[\"não há 001\"]}}\n");
+            "{\"end\":{\"rows\":0,\"filter\":\"Departamento 001\",\"notes\":[],\"warnings\":[\"não há 001\"]}}\n");
 }
 
-TEST(PanelRows, SayWhichCodesAreUnknownBesideThoseThatWereFound) {
+TEST(PanelRows, SayWhyRowsMayBeMissingBesideThoseThatWereFound) {
   TextOutput output;
   PageWriter writer(output,
                     [](std::uint64_t rows) { return std::vector<std::string>{std::to_string(rows) + " de 2"}; });
@@ -46,12 +46,12 @@ TEST(PanelRows, SayWhichCodesAreUnknownBesideThoseThatWereFound) {
   writer.End();
   EXPECT_EQ(output.Text(),
             "{\"columns\":[]}\n[]\n"
-            "{\"end\":{\"rows\":1,\"filter\":\"\",\"notes\":[],\"unknownCodes\":[\"1 de 2\"]}}\n");
+            "{\"end\":{\"rows\":1,\"filter\":\"\",\"notes\":[],\"warnings\":[\"1 de 2\"]}}\n");
 }
 
 TEST(PanelRows, AreOnlyCountedBeyondWhatThePageHolds) {
   TextOutput output;
-  PageWriter writer(output, NoneUnknown, 2);
+  PageWriter writer(output, NoWarnings, 2);
   const Column columns[] = {{L"CODIGO"}};
   writer.Begin(kDeptos, columns);
   for (int row = 1; row <= 5; ++row) writer.Row(std::vector<Value>{std::to_wstring(row)});
@@ -71,7 +71,7 @@ class Pieces final : public Output {
 
 TEST(PanelRows, AreSentInPiecesTheFirstRowAtOnce) {
   Pieces output;
-  PageWriter writer(output, NoneUnknown);
+  PageWriter writer(output, NoWarnings);
   const Column columns[] = {{L"CODIGO"}};
   writer.Begin(kDeptos, columns);
   writer.Row(std::vector<Value>{std::wstring(L"a")});
@@ -84,7 +84,7 @@ TEST(PanelRows, AreSentInPiecesTheFirstRowAtOnce) {
 
 TEST(PanelRows, OfAStatisticEndWithItsTotalsAndChart) {
   TextOutput output;
-  PageWriter writer(output, NoneUnknown);
+  PageWriter writer(output, NoWarnings);
   const Column columns[] = {{L"Titulo"}, {L"Subtitulo"}, {L"Periodo"}, {L"Subgrupo"}, {L"Serie"}, {L"Total"}};
   writer.Begin({L"CEstatSerieRpt", L"RelatorioEstatisticas", L"Estatística", {}}, columns);
   const auto row = [&](const wchar_t* group, const wchar_t* series, int total) {
@@ -108,7 +108,7 @@ TEST(PanelRows, OfAStatisticEndWithItsTotalsAndChart) {
 
 TEST(PanelRows, OfAStatisticWithoutRowsHaveNoTotals) {
   TextOutput output;
-  PageWriter writer(output, NoneUnknown);
+  PageWriter writer(output, NoWarnings);
   writer.Begin({L"CEstatSerieRpt", L"RelatorioEstatisticas", L"Estatística", {}}, {});
   writer.End();
   EXPECT_EQ(output.Text().find("statistics"), std::string::npos);

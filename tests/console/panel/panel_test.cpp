@@ -95,13 +95,16 @@ TEST_P(PanelOn, ShowsTheRowsOfAReport) {
   EXPECT_EQ(lines[3]["end"]["rows"], 2);
 }
 
-TEST_P(PanelOn, SaysWhichCodesTheArchiveDoesNotHave) {
-  const Reply reply = visitor_.Post(
-      "/api/run", R"({"report":"CDocumentoRpt.RelatorioSintetico","parameters":{"CodDepto":"XYZ"},"run":"1"})");
+TEST_P(PanelOn, SaysWhyNothingCanBeFound) {
+  const Reply reply = visitor_.Post("/api/run", R"({"report":"CDocumentoRpt.RelatorioSintetico","parameters":)"
+                                                R"({"CodDepto":"XYZ","DataArmazenamento1":"2024-02-01",)"
+                                                R"("DataArmazenamento2":"2024-01-01"},"run":"1"})");
   const std::vector<json> lines = LinesOf(reply);
   ASSERT_EQ(lines.size(), 2U) << reply.body;
   EXPECT_EQ(lines[1]["end"]["rows"], 0);
-  EXPECT_EQ(lines[1]["end"]["unknownCodes"], json{"nenhum departamento tem o código \"XYZ\""});
+  EXPECT_EQ(lines[1]["end"]["warnings"],
+            (json{"DataArmazenamento2 é antes de DataArmazenamento1, e nenhuma data cai nesse período",
+                  "nenhum departamento tem o código \"XYZ\""}));
 }
 
 // The file that `executa` writes.
