@@ -11,7 +11,7 @@ group_threads() {
     build_preset tsan "kodra_test_$folder"
     (cd tests && TSAN_OPTIONS=suppressions=checked/tsan.supp "../build/tsan/tests/kodra_test_$folder" \
       --gtest_filter="$suites") || status=1
-  done < <(git grep -lE 'std::(thread|jthread|async)\b|console/panel/(panel|server)\.h' -- 'tests/*.cpp' ':!tests/wine')
+  done < <(git grep -lE 'std::(thread|jthread|async)\b|console/panel/(panel|server)\.h' -- 'tests/*.cpp' ':!tests/wine' ':!tests/cluster')
   return "$status"
 }
 

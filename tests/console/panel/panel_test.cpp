@@ -53,16 +53,22 @@ TEST_P(PanelOn, ShowsTheRowsOfAReport) {
   EXPECT_EQ(lines[3]["end"]["rows"], 2);
 }
 
-TEST_P(PanelOn, SaysWhyNothingCanBeFound) {
-  const Reply reply = visitor_.Post("/api/run", R"({"report":"CDocumentoRpt.RelatorioSintetico","parameters":)"
-                                                R"({"CodDepto":"XYZ","DataArmazenamento1":"2024-02-01",)"
-                                                R"("DataArmazenamento2":"2024-01-01"},"run":"1"})");
+TEST_P(PanelOn, SaysWhichCodesTheArchiveDoesNotHave) {
+  const Reply reply = visitor_.Post(
+      "/api/run", R"({"report":"CDocumentoRpt.RelatorioSintetico","parameters":{"CodDepto":"XYZ"},"run":"1"})");
   const std::vector<json> lines = LinesOf(reply);
   ASSERT_EQ(lines.size(), 2U) << reply.body;
   EXPECT_EQ(lines[1]["end"]["rows"], 0);
-  EXPECT_EQ(lines[1]["end"]["warnings"],
-            (json{"DataArmazenamento2 é antes de DataArmazenamento1, e nenhuma data cai nesse período",
-                  "nenhum departamento tem o código \"XYZ\""}));
+  EXPECT_EQ(lines[1]["end"]["warnings"], json{"nenhum departamento tem o código \"XYZ\""});
+}
+
+TEST_P(PanelOn, WarnsOfAPeriodThatEndsBeforeItBegins) {
+  const Reply reply = visitor_.Post("/api/run", R"({"report":"CEstatSuporteRpt.RelatorioEstatisticas","parameters":)"
+                                                R"({"DataInicial":"2024-02-01","DataFinal":"2024-01-01"},"run":"1"})");
+  const std::vector<json> lines = LinesOf(reply);
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines.back()["end"]["warnings"], json{"DataFinal é antes de DataInicial, e nenhuma data cai nesse período"})
+      << reply.body;
 }
 
 // The file that `executa` writes.
