@@ -50,7 +50,7 @@ group_valgrind() {
         --saida "build/test/valgrind.$format"
     done
     # A report that fails, and a file that cannot be written.
-    under_valgrind 1 executa CSolicitacaoRpt.RelatorioDevolucaoOriginal --conexao "$connection" --formato csv --CodSolicit 1
+    under_valgrind 1 executa CSolicitacaoRpt.RelatorioDevolucaoOriginal --conexao "$connection" --formato csv
     under_valgrind 5 executa CDeptoRpt --conexao "$connection" --formato csv --saida /dev/full/x
     under_valgrind 0 etiquetas abertura AA001 --com-lugar --conexao "$connection" --saida build/test/valgrind.pdf
     under_valgrind 0 papel modulo --Modulo1 AA001 --conexao "$connection" --saida build/test/valgrind.pdf
