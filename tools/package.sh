@@ -182,7 +182,7 @@ sums() { (cd "$1" && find . -type f | sort | sed 's,^\./,,' | xargs sha256sum); 
 # KODRA_PATH=1 does; which Windows gets the 64-bit console program; and a summary that is in Portuguese, has the
 # package's own date, and has a code that depends only on what is installed.
 finish_msi() {
-  local msi=$1 parts=$2 day code file console secure
+  local msi=$1 parts=$2 day code file component secure
   day=$(date -u -d "@$SOURCE_DATE_EPOCH" '+%Y/%m/%d %H:%M:%S')
   code=$(name_guid "package $version $(cat packaging/*.idt packaging/kodrarpt.wxs "$parts/registry.wxi"; sums "$stage")")
   printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$parts/_ForceCodepage.idt"
@@ -190,7 +190,6 @@ finish_msi() {
   sed -E "s/^7\t[^\r]*/7\tIntel;1046/; s/^9\t[^\r]*/9\t{$code}/; s#^(12|13)\t[^\r]*#\1\t$day#" \
     "$parts/summary" >"$parts/_SummaryInformation.idt"
   cp packaging/Environment.idt packaging/Condition.idt "$parts"
-  console=$(name_guid "place /x64/console/kodrarpt.exe")
   update() { msibuild "$msi" -q "UPDATE $1"; }
   (
     cd "$parts" || exit
@@ -198,7 +197,10 @@ finish_msi() {
     for file in KodraRpt.dll kodrarpt.exe; do
       update "\`File\` SET \`Version\`='$assembly_version', \`Language\`='1046' WHERE \`FileName\`='$file'"
     done
-    update "\`Component\` SET \`Condition\`='VersionNT64' WHERE \`Component\`='c${console//-/}'"
+    for file in "$stage"/x64/console/*; do
+      component=$(name_guid "place ${file#"$stage"}")
+      update "\`Component\` SET \`Condition\`='VersionNT64' WHERE \`Component\`='c${component//-/}'"
+    done
     # The properties that Windows passes on when the user becomes an administrator only for the installation.
     secure='KODRA_PATH;CONSOLE_ON_PATH;WIX_DOWNGRADE_DETECTED;WIX_UPGRADE_DETECTED'
     update "\`Property\` SET \`Value\`='$secure' WHERE \`Property\`='SecureCustomProperties'"

@@ -16,6 +16,8 @@ TEST(Installer, HasTheConsoleProgramsOfBothKindsOn64BitWindowsAndLeavesNothing) 
   const std::wstring program = InstalledOn64Bits() + L"\\x64\\console\\kodrarpt.exe";
   EXPECT_TRUE(BytesOf(program) == BytesOf(Unpacked() + L"\\console\\kodrarpt.exe"));
   EXPECT_EQ("kodrarpt 1.0.49\n", face::OutputOf(face::Quoted(program) + L" --version"));
+  EXPECT_EQ(BytesOf(Unpacked() + L"\\console\\LICENCAS.txt"),
+            BytesOf(InstalledOn64Bits() + L"\\x64\\console\\LICENCAS.txt"));
   EXPECT_TRUE(BytesOf(InstalledOn64Bits() + L"\\console\\kodrarpt.exe") ==
               BytesOf(Unpacked() + L"\\..\\console\\kodrarpt.exe"));
   EXPECT_EQ(0U, Msiexec(L"/x", Installer()));
