@@ -102,12 +102,12 @@ in_checkout() {
   fi
 }
 
-# A folder whose name has blanks and an accent, without a network; and a user without rights or environment for Wine.
+# A folder whose name has a blank, without a network; and a user without rights or environment for Wine.
 group_checkouts() {
   local work folder refusal
   work=$(mktemp -d)
   chmod 755 "$work"
-  folder="$work/uma cópia"
+  folder="$work/duas palavras"
   git clone -q . "$folder"
   # shellcheck disable=SC2016
   in_checkout with_blanks unshare --map-root-user --net env KODRA_CACHE="$KODRA_CACHE" sh -c '

@@ -110,7 +110,7 @@ END
       <<<"$text" >"$folder/$system.txt"
   done
   if [ "$(grep -c '5 de 5 gravadas' "$folder/native.txt")" = 2 ] && diff "$folder/native.txt" "$folder/windows.txt" &&
-    diff "$folder/native/kodrarpt/perfis.ini" "$folder/windows/kodrarpt/perfis.ini" &&
+    diff --strip-trailing-cr "$folder/native/kodrarpt/perfis.ini" "$folder/windows/kodrarpt/perfis.ini" &&
     diff -r "$folder/native/saidas" "$folder/windows/saidas"
   then
     passed console.perfil
