@@ -164,8 +164,8 @@ int main(int argc, char** argv) {
   try {
     Exports exports(folder, program, peer, rounds);
     for (const std::string& line : lines) {
-      if (line == "export_csv") exports.Format("csv", 1.5, archive);
-      if (line == "export_json") exports.Format("json", 1.5, archive);
+      if (line == "export_csv") exports.Format("csv", 1.3, archive);
+      if (line == "export_json") exports.Format("json", 1.3, archive);
       if (line == "export_xlsx") exports.Format("xlsx", 1.15, archive);
       if (line == "export_html") exports.Format("html", 1.5, archive);
       if (line == "export_peer") exports.Peer(archive);

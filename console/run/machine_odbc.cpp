@@ -12,7 +12,7 @@ namespace kodra::console {
 namespace {
 
 // SQLite locks a connection in every call, in case several threads use it, and locks its count of memory whenever it
-// takes or frees some; together they take a third of the time of a long report. Here each connection belongs to one
+// takes or frees some; together they take a quarter of the time of a long report. Here each connection belongs to one
 // thread, and nobody asks for the count. Without this library, or after its first use, nothing changes.
 void LeaveOutLocksOfSqlite() {
   void* const library = dlopen("libsqlite3.so.0", RTLD_NOW);
