@@ -71,6 +71,7 @@ class Cluster : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     EnterPrivateNetwork();
+    cases = engines::Cases();
     const tests::TemporaryFolder folder;
     WriteScript(folder / "small.sql", kSmall);
     WriteScript(folder / "large.sql", kLarge);
@@ -150,7 +151,7 @@ class Cluster : public testing::Test {
   }
 
   inline static MariaDbCluster* cluster = nullptr;
-  inline static const std::vector<Case> cases = engines::Cases();
+  inline static std::vector<Case> cases;
   inline static std::vector<Answer> expected;
 };
 
