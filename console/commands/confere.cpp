@@ -47,6 +47,7 @@ struct Options {
 
 std::vector<std::wstring> Wide(const std::vector<std::string>& codes) {
   std::vector<std::wstring> wide;
+  wide.reserve(codes.size());
   for (const std::string& code : codes) wide.push_back(FromUtf8(code));
   return wide;
 }

@@ -25,7 +25,6 @@ namespace kodra::console {
 namespace {
 
 using values::FromUtf8;
-using values::ToUtf8;
 
 // 1 March 1900. A spreadsheet takes 1900 for a leap year, so that its day numbers are those of automation dates only
 // from here on.

@@ -3,9 +3,12 @@
 #include <algorithm>
 
 // The bytes of each file, and the list of all files, as the build generates them (console/CMakeLists.txt).
+// A name that is declared cannot be in parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define KODRA_PAGE_FILE(PATH, TYPE, NAME) \
   extern "C" const char NAME[];           \
   extern "C" const unsigned NAME##Size;
+// NOLINTEND(bugprone-macro-parentheses)
 #include "page_files.def"
 #undef KODRA_PAGE_FILE
 

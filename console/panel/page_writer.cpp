@@ -17,7 +17,7 @@ using std::chrono::steady_clock;
 using values::ToUtf8;
 
 // A piece that is worth sending, and the time after which a smaller one is sent.
-constexpr std::size_t kPiece = 32 * 1024;
+constexpr std::size_t kPiece = std::size_t{32} * 1024;
 constexpr std::chrono::milliseconds kPause{200};
 
 // The caption of the guide, or else the name. Databases differ in the letter case of names.

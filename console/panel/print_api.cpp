@@ -38,6 +38,7 @@ LabelOrder LabelOrderOf(const Json& json) {
 papers::PaperPrint PaperPrintOf(const Json& json) {
   const std::vector<std::pair<std::string, std::string>> given = GivenIn(json);
   std::vector<std::pair<std::wstring, std::wstring>> wide;
+  wide.reserve(given.size());
   for (const auto& [name, value] : given) wide.emplace_back(FromUtf8(name), FromUtf8(value));
   return {papers::PaperNamed(TextOf(json, "paper")), wide,
           [given](const reports::ReportMethod& method) { return ReportTask(method, given).Parameters(); }};

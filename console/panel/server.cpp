@@ -24,7 +24,7 @@ constexpr const char* kLoopback = "127.0.0.1";
 // How often a thread that waits looks whether the server stops.
 constexpr milliseconds kSlice{50};
 // The head of a request; browsers send about one kilobyte.
-constexpr std::size_t kLargestHead = 32 * 1024;
+constexpr std::size_t kLargestHead = std::size_t{32} * 1024;
 
 // How many connections the system keeps until a thread accepts them.
 constexpr int kWaitingClients = 256;
@@ -127,7 +127,7 @@ class Connection final : public httplib::Stream {
   bool mustClose = false;
 
  private:
-  static constexpr std::size_t kPiece = 16 * 1024;
+  static constexpr std::size_t kPiece = std::size_t{16} * 1024;
 
   bool Fill() {
     buffer_.resize(std::min<std::size_t>(4096, allowance_));

@@ -18,11 +18,11 @@
 namespace kodra::console::panel {
 
 struct Limits {
-  std::size_t body = 256 * 1024;            // bytes of a request's body
-  std::chrono::milliseconds request{5000};  // for a request to arrive completely
-  std::chrono::milliseconds idle{5000};     // between two requests of a connection
-  std::chrono::milliseconds write{60000};   // during which a client takes nothing
-  int connections = 64;                     // served at once; others wait for their turn
+  std::size_t body = std::size_t{256} * 1024;  // bytes of a request's body
+  std::chrono::milliseconds request{5000};     // for a request to arrive completely
+  std::chrono::milliseconds idle{5000};        // between two requests of a connection
+  std::chrono::milliseconds write{60000};      // during which a client takes nothing
+  int connections = 64;                        // served at once; others wait for their turn
 };
 
 // What answers the requests. Both functions are called by several threads at once.

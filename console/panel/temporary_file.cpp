@@ -61,7 +61,7 @@ void TemporaryFile::CopyTo(Output& to) {
   const bool isWritten = std::fclose(file_) == 0;
   file_ = isWritten ? Open(path_, false) : nullptr;
   if (file_ == nullptr) Fail();
-  std::array<char, 64 * 1024> piece{};
+  std::array<char, 65536> piece{};
   while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file_)) to.Write({piece.data(), count});
   if (std::ferror(file_) != 0) Fail();
 }

@@ -100,7 +100,7 @@ std::string DayText(std::int32_t day) {
 }
 
 std::string PeriodText(const Period& period) {
-  const std::string first = DayText(period.first);
+  std::string first = DayText(period.first);
   if (period.first == period.last) return first;
   constexpr std::size_t kYear = 4;
   constexpr std::size_t kMonth = 7;

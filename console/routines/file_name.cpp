@@ -32,6 +32,7 @@ std::string Filled(std::string_view pattern, const std::map<std::string, std::st
     const auto text = texts.find(Folded(word));
     if (text == texts.end()) {
       std::vector<std::string> known;
+      known.reserve(texts.size());
       for (const auto& [name, value] : texts) known.push_back(name);
       throw UsageError(
           fmt::format("{{{}}} não existe aqui{}; há {{{}}}", word, DidYouMean(word, known), fmt::join(known, "}, {")));

@@ -45,7 +45,7 @@ std::string ConnectionOptions::ChosenProfile() const {
 }
 
 std::string ConnectionOptions::ProfileName() const {
-  if (const std::string chosen = ChosenProfile(); !chosen.empty() || HasConnection()) return chosen;
+  if (std::string chosen = ChosenProfile(); !chosen.empty() || HasConnection()) return chosen;
   return EnvironmentVariable(kProfileVariable).value_or("");
 }
 
@@ -59,7 +59,7 @@ std::wstring ConnectionOptions::Text() const {
   const std::string profile = ProfileName();
   if (!HasConnection() && profile.empty()) throw UsageError("falta --conexao ou --perfil");
   if (!HasConnection()) return ConnectionOfProfile(profile, Password());
-  const std::wstring text = FromUtf8(text_);
+  std::wstring text = FromUtf8(text_);
   const PasswordSource password = Password();
   if (!values::HasPassword(text)) return Complete(text, password, "do banco de dados");
   if (!password.IsNone())

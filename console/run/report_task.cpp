@@ -1,5 +1,6 @@
 #include "console/run/report_task.h"
 
+#include <fmt/format.h>
 #include <algorithm>
 
 #include "console/command_line/parameter_value.h"
@@ -27,7 +28,7 @@ ReportTask::ReportTask(const reports::ReportMethod& method,
     const auto property = std::ranges::find(properties, wide, &frame::Property::name);
     if (property == properties.end()) throw UsageError(NameOf(method) + " não tem o parâmetro \"" + name + "\"");
     if (const std::string wrong = WrongWithText(*property, text, method); !wrong.empty())
-      throw UsageError(name + ": o valor " + wrong + "; os relatórios passam os valores ao SQL como estão");
+      throw UsageError(fmt::format("{}: o valor {}; os relatórios passam os valores ao SQL como estão", name, wrong));
     parameters_.Let(wide, ParameterValue(*property, text));
     heading_.parameters.emplace_back(wide, BrazilianText(parameters_.Get(wide), ColumnKind::kText));
   }

@@ -89,12 +89,12 @@ Stock StockOf(const LabelChoices& choices, const std::vector<Stock>& stocks) {
 std::span<const NamedCode> Codes() { return kCodes; }
 
 PrintOptions PrintOptionsOf(const LabelChoices& choices, const std::vector<Stock>& stocks) {
-  const PrintOptions options = {.stock = StockOf(choices, stocks),
-                                .firstLabel = choices.firstLabel,
-                                .copies = choices.copies,
-                                .shift = ShiftOf(choices.shift),
-                                .outline = choices.outline,
-                                .code = CodeNamed(choices.code)};
+  PrintOptions options = {.stock = StockOf(choices, stocks),
+                          .firstLabel = choices.firstLabel,
+                          .copies = choices.copies,
+                          .shift = ShiftOf(choices.shift),
+                          .outline = choices.outline,
+                          .code = CodeNamed(choices.code)};
   if (choices.firstLabel < 1 || choices.firstLabel > options.stock.Labels()) {
     throw UsageError(fmt::format("a primeira etiqueta vai de 1 a {} na folha {}, e não pode ser {}",
                                  options.stock.Labels(), options.stock.name, choices.firstLabel));

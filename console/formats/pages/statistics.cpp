@@ -108,7 +108,7 @@ std::vector<double> StatisticsGatherer::MeasuresOf(const RowReader& row) const {
 
 StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, const guide::Column* column) {
   if (column == nullptr) return {};
-  const Value value = row.Get(column->name);
+  const Value& value = row.Get(column->name);
   if (value.Is<Date>()) {
     // A day before 30 December 1899 is negative, and its time of day makes the number smaller still.
     const Date day{std::trunc(value.As<Date>().days)};
