@@ -31,8 +31,8 @@ check_full_disk() {
   rm -rf "$work"
 }
 
-# The sources of libraries, with stand-ins for the programs that fetch and unpack them. The first unpacking is killed in
-# its middle; after that, two checkouts fill the same cache at once.
+# The sources of libraries are fetched and unpacked by stand-ins for apt-get and tar. The first unpacking is killed before
+# it ends; then two checkouts fill the same cache at once.
 check_fetched_sources() {
   local work right=1 package one two
   work=$(mktemp -d)

@@ -93,7 +93,7 @@ END
   while IFS= read -r line; do
     printf '"%s" %s </dev/null\n' "$PWD/build/sanitize/kodrarpt" "${line//PASTA/$folder/native}"
   done <"$folder/comandos" >"$folder/comandos.sh"
-  # Wine gives APPDATA a value of its own.
+  # Wine sets APPDATA itself, so the commands set it again.
   {
     printf '@set APPDATA=%s\r\n' "$(windows_path "$folder/windows")"
     while IFS= read -r line; do
