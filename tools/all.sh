@@ -18,6 +18,9 @@ export KODRA_CACHE
 . tools/test.sh
 . tools/bench.sh
 . tools/package.sh
+. tools/licences.sh
+. tools/installer.sh
+. tools/package_test.sh
 . tools/win64.sh
 . tools/examples.sh
 . tools/style.sh
