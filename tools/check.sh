@@ -10,7 +10,7 @@ group_threads() {
     suites=$(sed -nE 's/^TEST(_F)?\((\w+),.*/\2.*/p; s/^TEST_P\((\w+),.*/*\/\1.*/p' "$file" | sort -u | paste -sd:)
     build_preset tsan "kodra_test_$folder"
     (cd tests && TSAN_OPTIONS=suppressions=checked/tsan.supp "../build/tsan/tests/kodra_test_$folder" \
-      --gtest_filter="$suites") || status=1
+      --gtest_filter="$suites" </dev/null) || status=1
   done < <(git grep -lE 'std::(thread|jthread|async)\b|console/panel/(panel|server)\.h' -- 'tests/*.cpp' ':!tests/wine' ':!tests/cluster')
   return "$status"
 }

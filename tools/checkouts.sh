@@ -15,6 +15,30 @@ check_made() {
   rm -rf "$work"
 }
 
+# A command that fails ends its group, and a group that ends with an error has failed although it names no test, and also
+# when CTest could not run it.
+check_failing_groups() {
+  local work right=1
+  work=$(mktemp -d)
+  (
+    group_of_failures() { passed first; false; passed second; }
+    export -f group_of_failures
+    tools/group of_failures
+  ) >"$work/said" 2>&1 && right=
+  [ "$(cat "$work/said")" = "$(passed first)" ] || right=
+  (
+    start_counting
+    passed first >"$work/group.log"
+    : >"$work/empty.log"
+    count group "$work/group.log" 1
+    count empty "$work/empty.log" 1
+    report_count
+  ) >"$work/said" 2>&1 && right=
+  grep -qx '1 passed, 2 failed' "$work/said" || right=
+  if [ "$right" ]; then passed scripts.failing_groups; else failed scripts.failing_groups; cat "$work/said"; fi
+  rm -rf "$work"
+}
+
 # A full disk is named, and no part of a file stays.
 check_full_disk() {
   local work right=1

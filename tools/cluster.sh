@@ -22,7 +22,8 @@ cluster_rows() {
   while IFS= read -r call; do
     number=$((number + 1))
     IFS=$'\t' read -ra arguments <<<"$call"
-    "build/$preset/kodrarpt" executa "${arguments[@]}" --conexao "${KODRA_MYSQL%Pwd=*}" --saida "$folder/$number.csv" || die "kodrarpt executa ${arguments[*]}"
+    "build/$preset/kodrarpt" executa "${arguments[@]}" --conexao "${KODRA_MYSQL%Pwd=*}" \
+      --saida "$folder/$number.csv" </dev/null || die "kodrarpt executa ${arguments[*]}"
   done < <(awk -f testbed/archive/chamadas.awk testbed/archive/cliente.vbs)
   client KODRA_MYSQL testbed/archive/linhas.vbs >"$folder/componente.txt"
 }

@@ -1,7 +1,7 @@
 # What is made from the sources and committed: the reference pages, the guide's table of errors, the help texts of the
 # IDL, and the completion and manual page of kodrarpt.
 
-made=(docs/reference docs/guia.pt-BR.md idl/kodrarpt.idl packaging/console)
+generated=(docs/reference docs/guia.pt-BR.md idl/kodrarpt.idl packaging/console)
 
 make_reference() {
   build_preset sanitize kodra-reference
@@ -19,7 +19,7 @@ check_reference() {
   local path status=0
   rm -rf build/reference
   make_reference build/reference
-  for path in "${made[@]}"; do diff -ru "$path" "build/reference/$path" || status=1; done
+  for path in "${generated[@]}"; do diff -ru "$path" "build/reference/$path" || status=1; done
   if [ "$status" = 0 ]; then
     passed docs.reference
   else

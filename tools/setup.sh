@@ -59,7 +59,7 @@ missing_packages() {
   done
 }
 
-# What only some commands need besides packages: needs_sources COMMAND, needs_axe COMMAND
+# What only some commands need besides packages: needs_sources COMMAND and so on
 needs_sources() { case $1 in build | cluster | fuzz | lint) return 1 ;; esac; }
 needs_cluster() { case $1 in cluster | check) ;; *) return 1 ;; esac; }
 needs_axe() { case $1 in test | check) ;; *) return 1 ;; esac; }

@@ -111,6 +111,7 @@ group_scripts() {
     printf 'assunto de commit com mais de 72 caracteres: %s\n' "$long"
   fi
   check_made
+  check_failing_groups
   check_full_disk
   check_fetched_sources
   check_temporary_names
@@ -163,8 +164,8 @@ count() {
   printf '  %-12s %5d ok %5d falhas\n' "$name" "$ok" "$bad"
   if [ "$bad" != 0 ]; then
     failures+=("$name ($log)")
-    grep -vE '^(\[( RUN      |       OK |----------|==========|  PASSED  )|Running main|Note: Google Test filter|$)' "$log" |
-      tail -n 80
+    { grep -vE '^(\[( RUN      |       OK |----------|==========|  PASSED  )|Running main|Note: Google Test filter|$)' "$log" ||
+      echo '  terminou com erro, sem dizer por quê'; } | tail -n 80
     echo "  (saída inteira em $log)"
   fi
 }
@@ -185,17 +186,18 @@ check_secrecy() {
 # Runs one group by CTest: run_group NAME
 run_group() {
   local group=$1 preset=${preset_of_group[$1]} status=0
+  local output=build/$preset/Testing/Temporary/LastTest.log
   case $group in
     native) build_preset "$preset" ;;
     # The others build what they need.
     *) logged "cmake-$preset" cmake --preset "$preset" ;;
   esac
   step "testes: $group"
-  rm -f "build/$preset/Testing/Temporary/LastTest.log"
+  rm -f "$output"
   ctest --preset "$preset" -L "^$group\$" >"$logs/ctest-$group.log" 2>&1 </dev/null || status=$?
-  if ! cp "build/$preset/Testing/Temporary/LastTest.log" "$logs/test-$group.log"; then
-    cp "$logs/ctest-$group.log" "$logs/test-$group.log"
-  fi
+  # When CTest has run no test, it says why.
+  [ -s "$output" ] || output=$logs/ctest-$group.log
+  cp "$output" "$logs/test-$group.log"
   count "$group" "$logs/test-$group.log" "$status"
 }
 
