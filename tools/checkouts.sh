@@ -126,9 +126,22 @@ in_checkout() {
   fi
 }
 
+# A command that lacks something ends with this message: check_refusal NAME MESSAGE COMMAND…
+check_refusal() {
+  local name=$1 expected=$2 refusal
+  shift 2
+  refusal=$("$@" 2>&1) || true
+  if [ "$refusal" = "$expected" ]; then
+    passed "checkouts.names_what_is_missing.$name"
+  else
+    failed "checkouts.names_what_is_missing.$name"
+    echo "$refusal"
+  fi
+}
+
 # A folder whose name has a blank, without a network; and a user without rights or environment for Wine.
 group_checkouts() {
-  local work folder refusal
+  local work folder file
   work=$(mktemp -d)
   chmod 755 "$work"
   folder="$work/duas palavras"
@@ -141,14 +154,13 @@ group_checkouts() {
   in_checkout with_plain_cmake unprivileged "$folder" sh -c '
     cmake --preset sanitize && cmake --build --preset sanitize --target kodra_test_values &&
       ctest --preset sanitize -R "^values[.]"'
-  refusal=$(unprivileged "$folder" ./kodra build 2>&1) || true
-  if [ "$refusal" = "kodra: falta o ambiente do Wine em $folder/.cache/kodra
-  para prepará-lo: ./kodra setup build" ]
-  then
-    passed checkouts.names_what_is_missing
-  else
-    failed checkouts.names_what_is_missing
-    echo "$refusal"
-  fi
+  check_refusal build "kodra: falta o ambiente do Wine em $folder/.cache/kodra
+  para prepará-lo: ./kodra setup build" unprivileged "$folder" ./kodra build
+  mkdir "$work/cache"
+  for file in wine32 "${!windows_libraries[@]}"; do
+    ln -s "$KODRA_CACHE/$file" "$work/cache"
+  done
+  check_refusal check "kodra: faltam os programas do cluster em $work/cache
+  para buscá-los: ./kodra setup check" env KODRA_CACHE="$work/cache" ./kodra check
   rm -rf "$work"
 }

@@ -49,7 +49,7 @@ group_cluster() {
   local last
   build_preset sanitize kodra_test_cluster
   (cd tests && with_cluster_programs ../build/sanitize/tests/kodra_test_cluster) || failed cluster
-  last=$(show cluster 500 sanitize | tee "$logs/demo-cluster.log" | tail -n 1) || true
+  last=$(last_line_of_demo cluster)
   if [[ $last =~ as\ mesmas\ linhas\ .*:\ 42\ chamadas,\ [0-9]+\ linhas ]]; then
     passed demo.cluster
   else

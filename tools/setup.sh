@@ -119,13 +119,19 @@ need() {
     die "falta o código de bibliotecas em $KODRA_CACHE: ${missing_sources//$'\n'/ }
   para buscá-lo: ./kodra setup $1"
   fi
+  if needs_cluster "$1" && ! has_cluster_programs; then
+    die "faltam os programas do cluster em $KODRA_CACHE
+  para buscá-los: ./kodra setup $1"
+  fi
 }
+
+has_cluster_programs() { [ -x "$KODRA_CACHE/cluster/usr/sbin/haproxy" ] && [ -x "$KODRA_CACHE/cluster/usr/bin/wsrep_sst_rsync" ]; }
 
 # The programs of a cluster that are taken out of their packages, because installing these would make services that start
 # with the machine: the balancer, and the scripts by which a node sends its files to another.
 cluster_programs() {
   local folder=$KODRA_CACHE/cluster work package
-  [ ! -x "$folder/usr/sbin/haproxy" ] || [ ! -x "$folder/usr/bin/wsrep_sst_rsync" ] || return 0
+  has_cluster_programs && return
   step "busca os programas do cluster: haproxy e mariadb-server"
   mkdir -p "$KODRA_CACHE"
   work=$(mktemp -d "$KODRA_CACHE/cluster.XXXXXX")
