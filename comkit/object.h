@@ -30,7 +30,12 @@ class Object : public Interface, public Others... {
   STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
   STDMETHODIMP_(ULONG) Release() noexcept override {
     const ULONG left = --references_;
-    if (left == 0) delete this;
+    if (left == 0) {
+      // An object that the destructor releases may call back, which takes a reference and releases it again. That
+      // release must not count down to zero a second time.
+      references_ = kReferencesWhileDeleted;
+      delete this;
+    }
     return left;
   }
 
@@ -49,6 +54,9 @@ class Object : public Interface, public Others... {
   }
 
  private:
+  // More than any code takes.
+  static constexpr ULONG kReferencesWhileDeleted = 0x40000000;
+
   ModuleLock lock_;
   std::atomic<ULONG> references_ = 1;
 };

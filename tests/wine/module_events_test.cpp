@@ -332,6 +332,27 @@ TEST_F(EventSinks, ThoseThatUnadviseWhenTheReportIsReleasedAreNotListedThen) {
   for (const HRESULT result : results) EXPECT_EQ(CONNECT_E_NOCONNECTION, result);
 }
 
+// The sink uses the container without a reference to it, so that it does not keep the report alive. A report that
+// counted its references down to none once more would be deleted twice.
+TEST_F(EventSinks, OneThatAsksForTheConnectionPointWhenTheReportIsReleasedDoesNotReleaseItAgain) {
+  IConnectionPointContainer* const container = container_.get();
+  auto sink = EventSink::New();
+  Advise(sink);
+  HRESULT found = E_UNEXPECTED;
+  ULONG left = 0;
+  sink->atEnd = [&] {
+    Ref<IConnectionPoint> point;
+    found = container->FindConnectionPoint(__uuidof(DCCaixaRptEvents), point.put());
+    left = point.Release();
+  };
+  sink.Release();
+  EXPECT_EQ(2U, container_.Release());
+  EXPECT_EQ(1U, point_.Release());
+  EXPECT_EQ(0U, report_.Release());
+  EXPECT_EQ(S_OK, found);
+  EXPECT_NE(0U, left);
+}
+
 TEST_F(ModuleEvents, EndWithTheWholeError) {
   const Outcome outcome = Call(report_.As<IDispatch>(), L"EtiquetaDivisoria", {Var::Nothing()});
   EXPECT_EQ((Failure{kReportError, L"KodraRpt.CCaixaRpt::InicializaPS",
