@@ -23,6 +23,8 @@ void SetErrorInfoText(REFIID interfaceId, const wchar_t* source, const wchar_t* 
 }  // namespace
 
 HRESULT CurrentHresult(REFIID interfaceId) noexcept {
+  // An error that another call left on the thread must not pass for this one where this one cannot be described.
+  SetErrorInfo(0, nullptr);
   try {
     throw;
   } catch (const Erro& error) {

@@ -2,6 +2,7 @@
 #include <oledberr.h>
 
 #include "tests/wine/ado_support.h"
+#include "tests/wine/import_table.h"
 
 namespace kodra::face {
 namespace {
@@ -167,6 +168,19 @@ TEST_F(AdoErrors, AMissingDriverNamesTheProvider) {
       TakeFailure(connection->Open(Bstr(L"Driver={Nenhum};"), nullptr, nullptr, adConnectUnspecified));
   EXPECT_EQ(E_FAIL, error.number);
   EXPECT_EQ(L"Microsoft OLE DB Provider for ODBC Drivers", error.source);
+}
+
+HRESULT WINAPI MakeNoErrorInfo(ICreateErrorInfo** info) {
+  *info = nullptr;
+  return E_OUTOFMEMORY;
+}
+
+TEST_F(AdoErrors, HaveNoTextOfAnEarlierErrorWhenTheirOwnCannotBeMade) {
+  const auto rows = NewRecordset();
+  LeaveErrorInfo(L"OutraFonte", L"De outra chamada.");
+  ImportTable ado(DllPath(L"kodra_ado.dll"));
+  ado.Redirect("CreateErrorInfo", &MakeNoErrorInfo);
+  EXPECT_EQ((Failure{ControlError(adErrObjectClosed), L"", L""}), TakeFailure(rows->Close()));
 }
 
 }  // namespace
