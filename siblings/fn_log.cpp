@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "siblings/file_text.h"
+#include "siblings/file_path.h"
 #include "values/format_date.h"
 #include "values/utf8.h"
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "siblings/file_text.h"
+#include "siblings/file_path.h"
 #include "values/upper.h"
 
 namespace kodra::siblings {

@@ -4,7 +4,6 @@
 #include <set>
 #include <utility>
 
-#include "siblings/file_text.h"
 #include "siblings/ini_file.h"
 #include "tests/fuzz/target.h"
 #include "values/upper.h"

@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "siblings/file_text.h"
 #include "siblings/ini_file.h"
 #include "values/utf8.h"
 

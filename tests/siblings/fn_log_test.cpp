@@ -122,6 +122,15 @@ TEST_F(FnLogTest, SwitchesToAnotherFileAtOnce) {
   EXPECT_EQ(WithoutTimes(BytesOf(other)), "<agora> dois\r\n");
 }
 
+TEST_F(FnLogTest, WritesToAFileWhoseNameHasHalfASurrogatePair) {
+  const testbed::TemporaryFile replaced("metade \xef\xbf\xbd.log");
+  std::wstring name = DecodeText(replaced.Path());
+  name.at(name.find(L'\uFFFD')) = static_cast<wchar_t>(0xD800);
+  log.Let(L"LogFile", name);
+  DebugLog(L"um");
+  EXPECT_EQ(WithoutTimes(BytesOf(replaced)), "<agora> um\r\n");
+}
+
 TEST_F(FnLogTest, RaisesForAFileThatItCannotWrite) {
   log.Let(L"LogFile", L"/não/há/pasta.log");
   EXPECT_EQ(RaisedBy([&] { DebugLog(L"perdida"); }),

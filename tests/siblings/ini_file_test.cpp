@@ -56,6 +56,11 @@ TEST(IniFile, ReadsBytesThatAreNotUtf8AsWindows1252) {
   EXPECT_EQ(DecodeText("\xed\xa0\x80"), L"í\u00a0€");
 }
 
+TEST(IniFile, ReadsTheTextThatWasWrittenInUtf8) {
+  const std::wstring text = L"São João d’Aliança, ½ página \U0001F4DA";
+  EXPECT_EQ(DecodeText(values::ToUtf8(text)), text);
+}
+
 TEST(IniFile, ReadsAFileAtAPathWithAccents) {
   const testbed::TemporaryFile path("configuração.ini");
   std::ofstream(path.Path(), std::ios::binary) << "[Nomes]\r\nSerie=Dossi\xea\r\n";
@@ -64,7 +69,10 @@ TEST(IniFile, ReadsAFileAtAPathWithAccents) {
   EXPECT_EQ(FindIn(*file, L"Nomes", L"Serie"), "'Dossiê'");
 }
 
-TEST(IniFile, IsNothingForAMissingFile) { EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value()); }
+TEST(IniFile, IsNothingForAMissingFile) {
+  EXPECT_FALSE(IniFile::Read(L"/no/such/file.ini").has_value());
+  EXPECT_FALSE(IniFile::Read(L"/no/such/" + std::wstring(1, static_cast<wchar_t>(0xD800))).has_value());
+}
 
 }  // namespace
 }  // namespace kodra::siblings

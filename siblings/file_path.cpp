@@ -1,4 +1,6 @@
-#include "siblings/file_text.h"
+#include "siblings/file_path.h"
+
+#include "values/utf8.h"
 
 namespace kodra::siblings {
 
@@ -6,7 +8,7 @@ std::filesystem::path ToPath(const std::wstring& path) {
 #ifdef _WIN32
   return path;
 #else
-  return std::u32string(path.begin(), path.end());
+  return values::ToUtf8(path);
 #endif
 }
 
