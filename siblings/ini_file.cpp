@@ -1,11 +1,11 @@
 #include "siblings/ini_file.h"
 
-#include <cstdint>
 #include <fstream>
 #include <iterator>
 
 #include "siblings/file_path.h"
 #include "values/upper.h"
+#include "values/utf8.h"
 
 namespace kodra::siblings {
 namespace {
@@ -22,49 +22,6 @@ std::wstring FromWindows1252(std::string_view bytes) {
   for (const char c : bytes) {
     const auto byte = static_cast<unsigned char>(c);
     text += byte >= 0x80 && byte <= 0x9f ? kWindows1252[byte - 0x80] : static_cast<wchar_t>(byte);
-  }
-  return text;
-}
-
-void Append(std::uint32_t point, std::wstring& text) {
-  if (sizeof(wchar_t) == 2 && point >= 0x10000) {
-    text += static_cast<wchar_t>(0xd800 + ((point - 0x10000) >> 10));
-    text += static_cast<wchar_t>(0xdc00 + ((point - 0x10000) & 0x3ff));
-  } else {
-    text += static_cast<wchar_t>(point);
-  }
-}
-
-// The number of bytes of a character, by its first byte; 0 for a byte that begins none.
-std::size_t Length(unsigned char first) {
-  if (first < 0x80) return 1;
-  if (first >= 0xc2 && first <= 0xdf) return 2;
-  if (first >= 0xe0 && first <= 0xef) return 3;
-  if (first >= 0xf0 && first <= 0xf4) return 4;
-  return 0;
-}
-
-bool IsCharacter(std::uint32_t point, std::size_t length) {
-  constexpr std::uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-  const bool surrogate = point >= 0xd800 && point <= 0xdfff;
-  return point >= kSmallest[length] && point <= 0x10ffff && !surrogate;
-}
-
-std::optional<std::wstring> FromUtf8(std::string_view bytes) {
-  std::wstring text;
-  while (!bytes.empty()) {
-    const auto first = static_cast<unsigned char>(bytes.front());
-    const std::size_t length = Length(first);
-    if (length == 0 || length > bytes.size()) return {};
-    std::uint32_t point = length == 1 ? first : first & (0xffU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-      const auto next = static_cast<unsigned char>(bytes[i]);
-      if ((next & 0xc0) != 0x80) return {};
-      point = (point << 6) | (next & 0x3fU);
-    }
-    if (!IsCharacter(point, length)) return {};
-    Append(point, text);
-    bytes.remove_prefix(length);
   }
   return text;
 }
@@ -87,8 +44,9 @@ std::wstring_view WithoutQuotes(std::wstring_view text) {
 std::wstring DecodeText(std::string_view bytes) {
   constexpr std::string_view kMark = "\xef\xbb\xbf";
   if (bytes.starts_with(kMark)) bytes.remove_prefix(kMark.size());
-  if (auto text = FromUtf8(bytes)) return *std::move(text);
-  return FromWindows1252(bytes);
+  std::wstring text = values::FromUtf8(bytes);
+  // Bytes that are not UTF-8 are read as other characters, which are not written back as the same bytes.
+  return values::ToUtf8(text) == bytes ? text : FromWindows1252(bytes);
 }
 
 IniFile::IniFile(std::wstring_view text) {

@@ -46,14 +46,27 @@ TEST(IniFile, ReadsUtf8WithAndWithoutAMark) {
   EXPECT_EQ(DecodeText("S\xc3\xa9rie"), L"Série");
   EXPECT_EQ(DecodeText("\xef\xbb\xbfS\xc3\xa9rie"), L"Série");
   EXPECT_EQ(DecodeText("\xe2\x82\xac"), L"€");
+  EXPECT_EQ(DecodeText("\xf0\x9f\x93\x9a \xf4\x8f\xbf\xbf"), L"\U0001F4DA \U0010FFFF");
+  EXPECT_EQ(DecodeText("\xef\xbf\xbd"), L"\uFFFD");
+  EXPECT_EQ(DecodeText(std::string("a\0\xc3\xa9", 4)), std::wstring(L"a\0é", 3));
 }
 
 TEST(IniFile, ReadsBytesThatAreNotUtf8AsWindows1252) {
   EXPECT_EQ(DecodeText("S\xe9rie"), L"Série");
   EXPECT_EQ(DecodeText("Pre\xe7o em \x80 \x96 n\xe3o"), L"Preço em € – não");
   EXPECT_EQ(DecodeText("fim \xc3"), L"fim Ã");
+  EXPECT_EQ(DecodeText("\xe2\x82"), L"â‚");
+  EXPECT_EQ(DecodeText("\xef\xbf\xbd\xe9"), L"ï¿½é");
+  EXPECT_EQ(DecodeText("\xbf"), L"¿");
+  EXPECT_EQ(DecodeText("\xff\xfe"), L"ÿþ");
+  // Longer forms of characters that have shorter ones.
   EXPECT_EQ(DecodeText("\xc0\xaf"), L"À¯");
+  EXPECT_EQ(DecodeText("\xe0\x9f\xbf"), L"àŸ¿");
+  EXPECT_EQ(DecodeText("\xf0\x8f\xbf\xbf"), L"ð\u008f¿¿");
+  // Surrogates, and what is beyond the last character.
   EXPECT_EQ(DecodeText("\xed\xa0\x80"), L"í\u00a0€");
+  EXPECT_EQ(DecodeText("\xed\xa0\xbd\xed\xb3\x9a"), L"í\u00a0½í³š");
+  EXPECT_EQ(DecodeText("\xf4\x90\x80\x80"), L"ô\u0090€€");
 }
 
 TEST(IniFile, ReadsTheTextThatWasWrittenInUtf8) {
