@@ -1,11 +1,9 @@
 #include "siblings/str_con.h"
 
-#include <initializer_list>
+#include "sql/tipo_banco.h"
 
 namespace kodra::siblings {
 namespace {
-
-constexpr std::int32_t kOther = 4;
 
 struct Sign {
   std::wstring_view word;
@@ -13,9 +11,11 @@ struct Sign {
 };
 
 constexpr Sign kSigns[] = {
-    {L"ORACLE", 1},  {L"MSDAORA", 1},    {L"IBMDADB2", 6},   {L"ISERIES", 6}, {L"IBM I", 6},
-    {L"IBM DB2", 6}, {L"SQLITE", 7},     {L"MYSQL", 3},      {L"MARIADB", 3}, {L"SQLOLEDB", 2},
-    {L"SQLNCLI", 2}, {L"MSOLEDBSQL", 2}, {L"SQL SERVER", 2},
+    {L"ORACLE", sql::tbOracle},        {L"MSDAORA", sql::tbOracle},    {L"IBMDADB2", sql::tbDB2},
+    {L"ISERIES", sql::tbDB2},          {L"IBM I", sql::tbDB2},         {L"IBM DB2", sql::tbDB2},
+    {L"SQLITE", sql::tbSQLite},        {L"MYSQL", sql::tbMySQL},       {L"MARIADB", sql::tbMySQL},
+    {L"SQLOLEDB", sql::tbSQLServer},   {L"SQLNCLI", sql::tbSQLServer}, {L"MSOLEDBSQL", sql::tbSQLServer},
+    {L"SQL SERVER", sql::tbSQLServer},
 };
 
 }  // namespace
@@ -25,7 +25,7 @@ std::int32_t DatabaseCode(std::wstring_view connectionString) {
   for (const auto& [word, code] : kSigns) {
     if (upper.find(word) != std::wstring::npos) return code;
   }
-  return kOther;
+  return sql::tbOther4;
 }
 
 std::span<const Member<StrCon>> StrCon::Members() {
