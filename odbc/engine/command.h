@@ -71,7 +71,7 @@ class Command : public platform::Command {
   std::wstring text_;
   std::wstring name_;
   std::int32_t type_;
-  std::int32_t timeout_ = 30;
+  std::int32_t timeout_ = ad::kDefaultTimeout;
   bool prepared_ = false;
   std::vector<Parameter> parameters_;
 };

@@ -79,13 +79,13 @@ std::mutex& Connecting() {
 
 SQLUINTEGER OdbcIsolation(std::int32_t level) {
   switch (level) {
-    case 256:
+    case ad::kXactReadUncommitted:
       return SQL_TXN_READ_UNCOMMITTED;
     case ad::kXactReadCommitted:
       return SQL_TXN_READ_COMMITTED;
-    case 65536:
+    case ad::kXactRepeatableRead:
       return SQL_TXN_REPEATABLE_READ;
-    case 1048576:
+    case ad::kXactSerializable:
       return SQL_TXN_SERIALIZABLE;
     default:
       return 0;

@@ -25,7 +25,7 @@ struct ConnectionProperties {
   std::int32_t cursorLocation = ad::kUseServer;
   std::int32_t isolationLevel = ad::kXactReadCommitted;
   std::int32_t connectionTimeout = 15;
-  std::int32_t commandTimeout = 30;
+  std::int32_t commandTimeout = ad::kDefaultTimeout;
   std::int32_t mode = 0;
 };
 

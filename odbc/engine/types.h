@@ -9,16 +9,17 @@
 
 namespace kodra::platform::ad {
 // More of ADO's constants, by ADO's names: those that only this folder and the code that wraps it need.
-inline constexpr std::int32_t kOpenKeyset = 1;
-inline constexpr std::int32_t kLockPessimistic = 2;
-inline constexpr std::int32_t kLockOptimistic = 3;
 inline constexpr std::int32_t kLockBatchOptimistic = 4;
 inline constexpr std::int32_t kCmdTable = 2;
 inline constexpr std::int32_t kCmdStoredProc = 4;
 inline constexpr std::int32_t kCmdUnknown = 8;
 inline constexpr std::int32_t kCmdTableDirect = 512;
 inline constexpr std::int32_t kExecuteNoRecords = 128;
+inline constexpr std::int32_t kXactReadUncommitted = 256;
+inline constexpr std::int32_t kXactRepeatableRead = 65536;
+inline constexpr std::int32_t kXactSerializable = 1048576;
 
+// Seconds that a command may take, when nobody sets them.
 inline constexpr std::int32_t kDefaultTimeout = 30;
 
 inline constexpr std::int32_t kEditNone = 0;
@@ -92,8 +93,8 @@ struct FieldInfo {
 struct Parameter {
   std::wstring name;
   std::int32_t type = ad::kEmpty;
-  std::int32_t direction = 1;  // ParameterDirectionEnum; only input (1) is bound
-  std::int32_t size = 0;       // characters
+  std::int32_t direction = ad::kParamInput;  // ParameterDirectionEnum; only input is bound
+  std::int32_t size = 0;                     // characters
   Value value;
 };
 

@@ -253,7 +253,7 @@ TEST_F(OdbcMariaDb, ReadCommittedIsTheSessionsIsolationLevel) {
   OpenFirehose(L"select @@tx_isolation");
   EXPECT_EQ(rs.FieldValue(0), Value(L"READ-COMMITTED"));
   rs.Close();
-  cn.SetIsolationLevel(1048576);
+  cn.SetIsolationLevel(ad::kXactSerializable);
   OpenFirehose(L"select @@tx_isolation");
   EXPECT_EQ(rs.FieldValue(0), Value(L"SERIALIZABLE"));
 }
