@@ -2,6 +2,7 @@
 
 #include "odbc/adodb/properties_object.h"
 #include "odbc/engine/recordset.h"
+#include "values/upper.h"
 
 namespace kodra::adodb {
 
@@ -19,8 +20,7 @@ const com_ptr<ParameterObject>& CommandObject::ParameterAt(std::int32_t index) c
 std::int32_t CommandObject::ParameterIndex(const Argument& index) const {
   const std::wstring name = index.IsText() ? index.Text() : std::wstring();
   for (std::int32_t i = 0; i < ParameterCount(); ++i) {
-    if (index.IsText() ? lstrcmpiW(ParameterAt(i)->Definition().name.c_str(), name.c_str()) == 0
-                       : index.AsInteger() == i)
+    if (index.IsText() ? values::EqualIgnoringCase(ParameterAt(i)->Definition().name, name) : index.AsInteger() == i)
       return i;
   }
   Raise(ControlError::kItemNotFound, odbc::kParametersSource);

@@ -1,12 +1,9 @@
 #include "odbc/engine/command.h"
 
-#include <algorithm>
-
 #include "odbc/engine/coercion.h"
 #include "odbc/engine/command_text.h"
 #include "odbc/engine/recordset.h"
 #include "odbc/engine/session.h"
-#include "values/upper.h"
 
 namespace kodra::odbc {
 
@@ -102,14 +99,6 @@ void Command::SetParameterValue(std::int32_t index, const Value& value) {
 void Command::RemoveParameter(std::int32_t index) {
   ParameterAt(index);
   parameters_.erase(parameters_.begin() + index);
-}
-
-std::int32_t Command::ParameterIndex(const std::wstring& name) const {
-  const auto found = std::find_if(parameters_.begin(), parameters_.end(), [&](const Parameter& parameter) {
-    return values::EqualIgnoringCase(parameter.name, name);
-  });
-  if (found == parameters_.end()) Raise(ControlError::kItemNotFound, kParametersSource);
-  return static_cast<std::int32_t>(found - parameters_.begin());
 }
 
 Execution Command::Execute(std::int32_t options) {

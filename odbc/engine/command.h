@@ -56,8 +56,6 @@ class Command : public platform::Command {
   void SetParameter(std::int32_t index, const Parameter& parameter);
   void SetParameterValue(std::int32_t index, const Value& value);
   void RemoveParameter(std::int32_t index);
-  // The position of a parameter by name, without regard to letter case; an unknown name raises 3265.
-  std::int32_t ParameterIndex(const std::wstring& name) const;
 
   // Runs the command as Connection::Query does. `options` is ad::kUnspecified to use CommandType.
   Execution Execute(std::int32_t options);
