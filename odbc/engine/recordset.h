@@ -33,6 +33,7 @@ namespace kodra::odbc {
 
 namespace ad = platform::ad;
 
+class Command;
 class Rows;
 class MemoryRows;
 
@@ -140,7 +141,9 @@ class Recordset : public platform::Recordset {
   std::size_t Column(std::int32_t index) const;
   // The session that an Open or a property names; null for "Nothing" or an argument left out.
   static std::shared_ptr<Session> SessionOf(const platform::ActiveConnection& connection);
-  Query QueryOf(const platform::RecordsetSource& source, std::int32_t options) const;
+  static Query QueryOf(const Command& command, std::int32_t options);
+  // With the timeout of the session.
+  Query QueryOf(const std::wstring& text, std::int32_t options) const;
   void OpenCursor(std::int32_t cursorType, std::int32_t lockType);
   // Runs query_ on session_; returns the rows affected.
   std::int64_t OpenRows();

@@ -40,19 +40,18 @@ std::shared_ptr<Session> Recordset::SessionOf(const platform::ActiveConnection& 
   return session;
 }
 
-Recordset::Query Recordset::QueryOf(const platform::RecordsetSource& source, std::int32_t options) const {
+Recordset::Query Recordset::QueryOf(const Command& command, std::int32_t options) {
   Query query;
-  if (const auto* given = std::get_if<platform::Command*>(&source)) {
-    auto* const command = dynamic_cast<Command*>(*given);
-    if (command == nullptr) Raise(ControlError::kInvalidArgument, kRecordsetSource);
-    query.parameters = command->Parameters();
-    query.statement = StatementText(command->CommandText(), options, command->CommandType(), query.parameters.size());
-    query.timeout = command->CommandTimeout();
-    query.isCommand = true;
-    return query;
-  }
-  const auto* text = std::get_if<std::wstring_view>(&source);
-  query.statement = StatementText(text != nullptr ? std::wstring(*text) : source_, options, ad::kCmdUnknown, 0);
+  query.parameters = command.Parameters();
+  query.statement = StatementText(command.CommandText(), options, command.CommandType(), query.parameters.size());
+  query.timeout = command.CommandTimeout();
+  query.isCommand = true;
+  return query;
+}
+
+Recordset::Query Recordset::QueryOf(const std::wstring& text, std::int32_t options) const {
+  Query query;
+  query.statement = StatementText(text, options, ad::kCmdUnknown, 0);
   query.timeout = session_->Properties().commandTimeout;
   return query;
 }
@@ -66,8 +65,9 @@ void Recordset::Open(const platform::RecordsetSource& source, const platform::Ac
   OpenCursor(cursorType, lockType);
 
   std::shared_ptr<Session> session = connectionGiven ? SessionOf(connection) : session_;
+  const Command* command = nullptr;
   if (isCommand) {
-    auto* const command = dynamic_cast<Command*>(std::get<platform::Command*>(source));
+    command = dynamic_cast<Command*>(std::get<platform::Command*>(source));
     if (command == nullptr) Raise(ControlError::kInvalidArgument, kRecordsetSource);
     session = command->SharedSession();
   }
@@ -79,9 +79,15 @@ void Recordset::Open(const platform::RecordsetSource& source, const platform::Ac
   RequireUsable(session);
   session_ = std::move(session);
   if (!cursorLocationSet_) cursorLocation_ = session_->Properties().cursorLocation;
-  query_ = QueryOf(source, options);
-  if (const auto* text = std::get_if<std::wstring_view>(&source)) source_ = *text;
-  if (isCommand) source_ = query_.statement;
+  if (command != nullptr) {
+    query_ = QueryOf(*command, options);
+    source_ = query_.statement;
+  } else {
+    const auto* const text = std::get_if<std::wstring_view>(&source);
+    std::wstring statement = text != nullptr ? std::wstring(*text) : source_;
+    query_ = QueryOf(statement, options);
+    source_ = std::move(statement);
+  }
   OpenRows();
 }
 
