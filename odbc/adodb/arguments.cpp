@@ -1,7 +1,5 @@
 #include "odbc/adodb/arguments.h"
 
-#include <new>
-
 namespace kodra::adodb {
 namespace {
 

@@ -21,17 +21,16 @@ constexpr ServerValue kModel{L"ThreadingModel", L"KodraReplacedModel"};
 // An open registry key, closed with it.
 class Key {
  public:
-  explicit Key(HKEY key = nullptr) noexcept : key_(key) {}
+  Key() = default;
   Key(const Key&) = delete;
   Key& operator=(const Key&) = delete;
   ~Key() {
     if (key_ != nullptr) RegCloseKey(key_);
   }
-  HKEY get() const noexcept { return key_; }
   HKEY* put() noexcept { return &key_; }
 
  private:
-  HKEY key_;
+  HKEY key_ = nullptr;
 };
 
 std::wstring PathOf(const std::wstring& key) { return L"Software\\Classes\\" + key; }

@@ -70,18 +70,18 @@ Column DescribeColumn(SQLHSTMT statement, SQLUSMALLINT number) {
   Column column;
   char16_t name[256] = {};
   SQLSMALLINT nameLength = 0;
+  SQLSMALLINT sqlType = SQL_VARCHAR;
   SQLSMALLINT digits = 0;
   SQLSMALLINT nullable = SQL_NULLABLE_UNKNOWN;
   SQLDescribeColW(statement, number, reinterpret_cast<SQLWCHAR*>(name), static_cast<SQLSMALLINT>(std::size(name)),
-                  &nameLength, &column.sqlType, &column.size, &digits, &nullable);
+                  &nameLength, &sqlType, &column.size, &digits, &nullable);
   SQLLEN isUnsigned = SQL_FALSE;
   SQLColAttributeW(statement, number, SQL_DESC_UNSIGNED, nullptr, 0, nullptr, &isUnsigned);
-  column.isUnsigned = isUnsigned == SQL_TRUE;
 
   FieldInfo& info = column.info;
   // The name ends with its zero: not every driver counts its characters correctly.
   info.name = values::FromUtf16(name);
-  info.type = AdoType(column.sqlType, column.isUnsigned);
+  info.type = AdoType(sqlType, isUnsigned == SQL_TRUE);
   const std::int64_t fixedSize = FixedSize(info.type);
   info.definedSize = fixedSize > 0 ? fixedSize : static_cast<std::int64_t>(column.size);
   info.attributes = ad::kFldUnknownUpdatable;

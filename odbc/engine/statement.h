@@ -19,9 +19,7 @@ class BoundParameter;
 // A column as the driver describes it.
 struct Column {
   FieldInfo info;
-  SQLSMALLINT sqlType = SQL_VARCHAR;
   SQLULEN size = 0;  // characters, bytes or digits, as the driver counts for the type; 0 when it does not know
-  bool isUnsigned = false;
 };
 
 struct StatementLimits {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <string>
-
 #include <string_view>
+
 #include "values/automation.h"
 
 namespace kodra::frame {
