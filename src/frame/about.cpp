@@ -1,7 +1,6 @@
 #include "frame/about.h"
 
 #include "frame/version.h"
-#include "values/numbers.h"
 
 namespace kodra::frame {
 
@@ -16,9 +15,6 @@ std::wstring About::Executavel() const {
   return path;
 }
 
-std::wstring About::Versao() const {
-  return values::NumberToText(KODRA_VERSION_MAJOR) + L"." + values::NumberToText(KODRA_VERSION_MINOR) + L"." +
-         values::NumberToText(KODRA_VERSION_REVISION);
-}
+std::wstring About::Versao() const { return L"" KODRA_VERSION_TEXT; }
 
 }  // namespace kodra::frame
