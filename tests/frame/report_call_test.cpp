@@ -347,7 +347,7 @@ TEST_F(ReportCallTest, FramesAProvidersErrorWithItsLayerAndNativeCode) {
 }
 
 TEST_F(ReportCallTest, WorksAgainAfterAFailure) {
-  EXPECT_NE(RaisedBy([&] { RunProbe(report_, nullptr); }).number, 0);
+  EXPECT_EQ(RaisedBy([&] { RunProbe(report_, nullptr); }), Framed(kName, "Objeto não definido."));
   EXPECT_NE(RunProbe(report_, parameters_.get()), nullptr);
 }
 
