@@ -42,7 +42,8 @@ bool IsReady(socket_t socket, For purpose, milliseconds time) {
   return select(0, reads ? &set : nullptr, reads ? nullptr : &set, nullptr, &wait) != 0;
 #else
   pollfd poll = {socket, static_cast<short>(purpose == For::kReading ? POLLIN : POLLOUT), 0};
-  return ::poll(&poll, 1, static_cast<int>(time.count())) != 0;
+  // A signal ends the wait early with -1.
+  return ::poll(&poll, 1, static_cast<int>(time.count())) > 0;
 #endif
 }
 
@@ -107,9 +108,10 @@ class Connection final : public httplib::Stream {
 
   ssize_t write(const char* bytes, size_t size) override {
     const auto deadline = steady_clock::now() + limits_.write;
-    while (!IsReady(socket_, For::kWriting, kSlice))
+    while (!IsReady(socket_, For::kWriting, kSlice)) {
       if (stops_ || steady_clock::now() >= deadline) return -1;
-        // A piece that the system takes at once, so that the thread never waits longer than a slice.
+    }
+    // A piece that the system takes at once, so that the thread never waits longer than a slice.
 #ifdef _WIN32
     const auto sent = send(socket_, bytes, static_cast<int>(std::min<size_t>(size, kPiece)), 0);
 #else

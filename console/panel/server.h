@@ -1,6 +1,6 @@
 // An HTTP server for the programs of this computer: it listens on the loopback address only.
 //
-//   Server server({.accept = …, .answer = …, .headers = …}, {});
+//   Server server({.refusal = …, .answer = …, .headers = …}, {});
 //   const int port = server.Bind(0);
 //   server.Start();
 //   …

@@ -300,7 +300,15 @@ TEST_F(PanelServer, IsNotIdleWhileItAnswers) {
     EXPECT_EQ(server_->SinceLastRequest(), milliseconds(0));
   }
   EXPECT_TRUE(Soon([&] { return server_->SinceLastRequest() > milliseconds(0); }));
-  Exchange(port_, Get("/refused"));
+}
+
+TEST_F(PanelServer, CountsNoRefusedRequestAsUse) {
+  EXPECT_EQ(Exchange(port_, Get("/used")).status, 200);
+  std::this_thread::sleep_for(milliseconds(20));
+  const milliseconds before = server_->SinceLastRequest();
+  EXPECT_EQ(Exchange(port_, Get("/refused")).status, 403);
+  EXPECT_GE(server_->SinceLastRequest(), before);
+  EXPECT_GE(before, milliseconds(20));
 }
 
 TEST_F(PanelServer, StopsSoonAlthoughConnectionsAreOpen) {
