@@ -9,6 +9,7 @@
 
 #include "console/formats/cell_text.h"
 #include "console/formats/row_writer.h"
+#include "values/upper.h"
 
 namespace kodra::console {
 
@@ -38,7 +39,9 @@ class RowReader {
 
  private:
   std::size_t IndexOf(std::string_view column) const {
-    const auto same = [](wchar_t a, char b) { return (a | 0x20) == (b | 0x20); };
+    const auto same = [](wchar_t a, char b) {
+      return values::UpperCaseAscii(a) == values::UpperCaseAscii(static_cast<wchar_t>(b));
+    };
     const auto found =
         std::ranges::find_if(columns_, [&](const Column& c) { return std::ranges::equal(c.name, column, same); });
     return static_cast<std::size_t>(found - columns_.begin());

@@ -1,6 +1,5 @@
 #include "console/panel/page_writer.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "console/formats/cell_text.h"
@@ -20,13 +19,10 @@ using values::ToUtf8;
 constexpr std::size_t kPiece = std::size_t{32} * 1024;
 constexpr std::chrono::milliseconds kPause{200};
 
-// The caption of the guide, or else the name. Databases differ in the letter case of names.
+// The caption of the guide, or else the name.
 std::string CaptionOf(const Column& column, const guide::Report& report) {
-  const std::string name = ToUtf8(column.name);
-  const auto same = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
-  const auto found = std::ranges::find_if(
-      report.columns, [&](const guide::Column& known) { return std::ranges::equal(known.name, name, same); });
-  return found == report.columns.end() || found->caption.empty() ? name : std::string(found->caption);
+  const guide::Column* const known = guide::FindColumn(report, column.name);
+  return known == nullptr || known->caption.empty() ? ToUtf8(column.name) : std::string(known->caption);
 }
 
 Json SumsOf(const std::vector<double>& sums) {
