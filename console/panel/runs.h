@@ -24,7 +24,9 @@ inline constexpr std::size_t kMostRuns = 4;
 // Raised for one run too many.
 class TooManyRuns : public UsageError {
  public:
-  TooManyRuns() : UsageError("Já há quatro relatórios em execução. Espere um terminar, ou cancele um.") {}
+  TooManyRuns()
+      : UsageError("Já há " + std::to_string(kMostRuns) +
+                   " relatórios em execução. Espere um terminar, ou cancele um.") {}
 };
 
 class Run {

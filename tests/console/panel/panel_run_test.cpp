@@ -108,7 +108,7 @@ TEST(PanelRun, RunsFourReportsAtOnceAndRefusesAFifth) {
     std::string begin;
     while (begin.find("columns") == begin.npos) begin += socket.Receive();
   }
-  const std::string words = "Já há quatro relatórios em execução. Espere um terminar, ou cancele um.";
+  const std::string words = "Já há 4 relatórios em execução. Espere um terminar, ou cancele um.";
   const Reply fifth = visitor.Post("/api/download", EndlessRun("x", "csv"));
   EXPECT_EQ(fifth.status, 429);
   EXPECT_EQ(fifth.body, words + "\n");
