@@ -6,7 +6,7 @@
 //   {"end":{"rows":31000,"filter":"…","notes":[…],"warnings":[…],"statistics":{…}}}
 //
 // Warnings, if there are any, say why rows may be missing. A statistic has its lines, sums and chart at the end. The
-// page gets so many rows as it can hold; the others are only counted.
+// page gets as many rows as it can hold; the others are only counted.
 #pragma once
 
 #include <chrono>
@@ -26,7 +26,7 @@ inline constexpr std::uint64_t kMostShownRows = 20'000;
 
 class PageWriter final : public RowWriter {
  public:
-  // Finds what is wrong with the parameters of a report that has so many rows, in words.
+  // Finds what is wrong with the parameters of a report that has that many rows, in words.
   using FindWarnings = std::function<std::vector<std::string>(std::uint64_t)>;
 
   // `findWarnings` is called at the end. REQUIRES: `output` outlives the writer.
