@@ -2,17 +2,25 @@
 
 #include <fmt/format.h>
 
+#include "console/formats/pages/page_style.h"
 #include "values/utf8.h"
 
 namespace kodra::console::html {
 namespace {
 
+using pages::operator""_pt;
 using values::ToUtf8;
 
-constexpr std::string_view kCommonStyle =
-    "*{box-sizing:border-box}"
-    "html{-webkit-print-color-adjust:exact;print-color-adjust:exact}"
-    "body{margin:0;color:#1b1f24;background:#fff;font:9pt/1.3 Arial,'Liberation Sans',Helvetica,sans-serif}";
+// The style sheet has both in the words of CSS.
+static_assert(pages::style::kTextSize == 9_pt && pages::style::LineHeight(10) == 13);
+
+std::string CommonStyle() {
+  return fmt::format(
+      "*{{box-sizing:border-box}}"
+      "html{{-webkit-print-color-adjust:exact;print-color-adjust:exact}}"
+      "body{{margin:0;color:{};background:#fff;font:9pt/1.3 Arial,'Liberation Sans',Helvetica,sans-serif}}",
+      ColourText(pages::style::kInk));
+}
 
 }  // namespace
 
@@ -60,12 +68,14 @@ std::string StyleText(std::wstring_view text) {
   return out + '"';
 }
 
+std::string ColourText(pages::Colour colour) { return fmt::format("#{:06x}", colour); }
+
 std::string PageOpening(std::wstring_view title, std::string_view style) {
   return fmt::format(
       "<!DOCTYPE html>\n<html lang=\"pt-BR\">\n<head>\n<meta charset=\"utf-8\">\n"
       "<meta name=\"viewport\" "
       "content=\"width=device-width\">\n<title>{}</title>\n<style>{}{}</style>\n</head>\n<body>\n",
-      Escaped(title), kCommonStyle, style);
+      Escaped(title), CommonStyle(), style);
 }
 
 std::string PageClosing() { return "</body>\n</html>\n"; }

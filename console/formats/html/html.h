@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "console/formats/pages/canvas.h"
+
 namespace kodra::console::html {
 
 // A text escaped for use between tags or in a quoted attribute, in UTF-8.
@@ -13,6 +15,9 @@ void AppendEscaped(std::wstring_view text, std::string& html);
 
 // A text as a quoted string of a style sheet, in UTF-8.
 std::string StyleText(std::wstring_view text);
+
+// A colour in a style sheet or an attribute: "#1b1f24".
+std::string ColourText(pages::Colour colour);
 
 // The page up to its body: self-contained, in Portuguese, with a title and its style.
 std::string PageOpening(std::wstring_view title, std::string_view style);

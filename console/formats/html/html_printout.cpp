@@ -20,8 +20,6 @@ using pages::RowStyle;
 using pages::TableColumn;
 using pages::TableRow;
 
-std::string ColourText(pages::Colour colour) { return fmt::format("#{:06x}", colour); }
-
 // The page as paper: its margins, and the foot with the title, the time of issue and the page's number.
 std::string PaperStyle(bool landscape, std::wstring_view title, std::wstring_view issued) {
   const std::string foot = fmt::format("font:{}mm Arial,'Liberation Sans',Helvetica,sans-serif;color:{}",
@@ -31,10 +29,11 @@ std::string PaperStyle(bool landscape, std::wstring_view title, std::wstring_vie
       "@page{{size:A4 {0};margin:{1}mm {2}mm {3}mm;"
       "@bottom-left{{content:{4};{5}}}"
       "@bottom-right{{content:\"Página \" counter(page) \" de \" counter(pages);{5}}}}}"
-      "@media screen{{body{{background:#d8dce0}}"
+      "@media screen{{body{{background:{7}}}"
       "main{{max-width:{6}mm;margin:6mm auto;padding:{1}mm {2}mm;background:#fff;box-shadow:0 1px 4px #0005}}}}",
       landscape ? "landscape" : "portrait", Millimetres(kTopMargin), Millimetres(kSideMargin),
-      Millimetres(kBottomMargin), StyleText(left), foot, Millimetres(landscape ? pages::kA4.height : pages::kA4.width));
+      Millimetres(kBottomMargin), StyleText(left), foot, Millimetres(landscape ? pages::kA4.height : pages::kA4.width),
+      ColourText(kDesk));
 }
 
 std::string BlockStyle() {

@@ -4,13 +4,13 @@
 
 #include "console/formats/html/html.h"
 #include "console/formats/pages/base64.h"
+#include "console/formats/pages/page_style.h"
 
 namespace kodra::console::pages {
 namespace {
 
+using html::ColourText;
 using html::Escaped;
-
-std::string ColourText(Colour colour) { return fmt::format("#{:06x}", colour); }
 
 }  // namespace
 
@@ -23,9 +23,9 @@ void HtmlCanvas::BeginPage(Size size) {
                             "svg{{display:block;width:{0}mm;height:{1}mm;background:#fff;break-after:page;"
                             "font-family:'Liberation Sans',Arial,Helvetica,sans-serif;white-space:pre}}"
                             "svg:last-child{{break-after:auto}}"
-                            "@media screen{{body{{background:#d8dce0}}"
+                            "@media screen{{body{{background:{2}}}"
                             "svg{{margin:4mm auto;box-shadow:0 1px 4px #0005}}}}",
-                            Millimetres(size.width), Millimetres(size.height))));
+                            Millimetres(size.width), Millimetres(size.height), ColourText(style::kDesk))));
   }
   pageIsOpen_ = true;
   SvgCanvas::BeginPage(size);

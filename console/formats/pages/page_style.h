@@ -7,6 +7,8 @@ namespace kodra::console::pages::style {
 
 inline constexpr Colour kInk = 0x1B1F24, kAccent = 0x1F4E5F, kMuted = 0x47525C, kRule = 0x8A97A3, kStripe = 0xF3F6F8,
                         kBar = 0x2A7F95;
+// Around the sheets of an HTML page on a screen.
+inline constexpr Colour kDesk = 0xD8DCE0;
 
 inline constexpr Length kTitleSize = 14_pt, kBlockSize = 10_pt, kTextSize = 9_pt, kSmallSize = 8_pt, kFootSize = 7.5_pt;
 
