@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "console/command_line/suggest.h"
 #include "console/formats/pages/chart.h"
 #include "values/format_date.h"
 #include "values/numbers.h"
@@ -14,23 +15,8 @@ namespace {
 
 using guide::Place;
 
-// The letters of Portuguese that differ from a plain letter only by an accent, and that letter.
-constexpr std::wstring_view kAccented = L"áàâãäéèêëíìîïóòôõöúùûüçñÁÀÂÃÄÉÈÊËÍÌÎÏÓÒÔÕÖÚÙÛÜÇÑ";
-constexpr std::wstring_view kPlain = L"aaaaaeeeeiiiiooooouuuucnaaaaaeeeeiiiiooooouuuucn";
-
 // What a report says of a period that was not given: from the zero date to the zero date.
 constexpr std::wstring_view kNoPeriod = L"Período: 30/12/1899 a 30/12/1899";
-
-// The key by which texts are sorted: without case and accents.
-std::wstring AlphabeticalOrder(std::wstring text) {
-  for (wchar_t& letter : text) {
-    if (const auto at = kAccented.find(letter); at != kAccented.npos)
-      letter = kPlain[at];
-    else if (letter >= L'A' && letter <= L'Z')
-      letter = static_cast<wchar_t>(letter + (L'a' - L'A'));
-  }
-  return text;
-}
 
 double NumberOf(const Value& value) {
   if (const std::optional<double> number = NumberIn(value)) return *number;
@@ -114,12 +100,12 @@ StatisticsGatherer::Key StatisticsGatherer::KeyOf(const RowReader& row, const gu
     const Date day{std::trunc(value.As<Date>().days)};
     if (!IsInCalendar(day)) {
       const std::wstring name = BrazilianText(day, ColumnKind::kDay);
-      return {name, name};
+      return {values::ToUtf8(name), name};
     }
-    return {values::FormatDate(day, L"yyyymmdd"), values::FormatDate(day, L"dd/mm/yyyy")};
+    return {values::ToUtf8(values::FormatDate(day, L"yyyymmdd")), values::FormatDate(day, L"dd/mm/yyyy")};
   }
   std::wstring name = row.Text(column->name);
-  return {AlphabeticalOrder(name), name};
+  return {Folded(values::ToUtf8(name)), name};
 }
 
 void StatisticsGatherer::Add(const RowReader& row) {
@@ -129,7 +115,7 @@ void StatisticsGatherer::Add(const RowReader& row) {
     return;
   }
   for (std::size_t i = 0; i < counts_.size(); ++i) {
-    const Key key = {std::to_wstring(i), values::FromUtf8(counts_[i]->caption)};
+    const Key key = {std::to_string(i), values::FromUtf8(counts_[i]->caption)};
     AddTo(groups_[{}][key], {NumberOf(row.Get(counts_[i]->name))});
   }
 }

@@ -52,9 +52,10 @@ class StatisticsGatherer {
   Statistics Result() const;
 
  private:
-  // A place in the order of lines: the days by date, texts by alphabet.
+  // A place in the order of lines: the days by date, texts by alphabet, without regard to letter case and accents.
   struct Key {
-    std::wstring order, name;
+    std::string order;
+    std::wstring name;
     bool operator<(const Key& other) const { return order != other.order ? order < other.order : name < other.name; }
   };
   static Key KeyOf(const RowReader& row, const guide::Column* column);
