@@ -12,6 +12,20 @@ constexpr Day kFirstDay = std::chrono::year(2010) / 1 / 4;
 constexpr std::int64_t kDaysOfStorage =
     4378;  // until the end of 2021, so that whatever was due soon after is overdue today
 
+struct AccentedLetters {
+  std::wstring_view accented;
+  wchar_t plain;
+};
+constexpr AccentedLetters kAccentedLetters[] = {
+    {L"ÁÂÃÀÄáâãàä", L'a'}, {L"Çç", L'c'}, {L"ÉÊéê", L'e'}, {L"Íí", L'i'}, {L"ÓÔÕóôõ", L'o'}, {L"ÚÜúü", L'u'},
+};
+
+wchar_t WithoutAccent(wchar_t letter) {
+  for (const auto& [accented, plain] : kAccentedLetters)
+    if (accented.find(letter) != accented.npos) return plain;
+  return letter;
+}
+
 }  // namespace
 
 Generator::Generator(Size size)
@@ -70,11 +84,9 @@ Text PersonName(std::int64_t row) {
 }
 
 Text AsLogin(std::wstring_view name) {
-  static constexpr std::wstring_view kAccented = L"ÁÂÃÀÄÇÉÊÍÓÔÕÚÜáâãàäçéêíóôõúü";
-  static constexpr std::wstring_view kPlain = L"aaaaaceeiooouuaaaaaceeiooouu";
   Text login;
   for (wchar_t c : name) {
-    if (const auto at = kAccented.find(c); at != std::wstring_view::npos) c = kPlain[at];
+    c = WithoutAccent(c);
     if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c + (L'a' - L'A'));
     if (c == L' ') c = L'.';
     if (c != L'\'') login += c;
