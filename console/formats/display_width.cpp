@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "values/surrogates.h"
+
 namespace kodra::console {
 namespace {
 
@@ -45,17 +47,15 @@ bool IsIn(const std::array<Range, kCount>& ranges, char32_t character) {
   return std::ranges::any_of(ranges, [=](Range r) { return character >= r.first && character <= r.last; });
 }
 
-bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 }  // namespace
 
 std::size_t DisplayWidth(std::wstring_view text) {
   std::size_t width = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto character = static_cast<char32_t>(text[i]);
-    if (IsHighSurrogate(character) && i + 1 < text.size() && IsLowSurrogate(static_cast<char32_t>(text[i + 1])))
-      character = 0x10000 + ((character - 0xD800) << 10U) + (static_cast<char32_t>(text[++i]) - 0xDC00);
+    if (values::IsHighSurrogate(character) && i + 1 < text.size() &&
+        values::IsLowSurrogate(static_cast<char32_t>(text[i + 1])))
+      character = values::CharacterOf(character, static_cast<char32_t>(text[++i]));
     if (character < 0x300) {
       ++width;
     } else if (!IsIn(kZeroWidth, character)) {

@@ -6,6 +6,7 @@
 #include "console/command_line/terminal_text.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
+#include "values/surrogates.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -118,7 +119,7 @@ std::wstring TableWriter::Fitted(const std::wstring& cell, std::size_t column) c
   std::wstring text = cell.substr(0, width - 1);
   while (DisplayWidth(text) > width - 1) text.pop_back();
   // Half of a character of two units.
-  if (!text.empty() && text.back() >= 0xD800 && text.back() <= 0xDBFF) text.pop_back();
+  if (!text.empty() && values::IsHighSurrogate(static_cast<char32_t>(text.back()))) text.pop_back();
   return text + L'…';
 }
 

@@ -1,14 +1,12 @@
 #include "values/utf16.h"
 
+#include "values/surrogates.h"
+
 namespace kodra::values {
 namespace {
 
-constexpr char32_t kFirstBeyondOneUnit = 0x10000;
 constexpr char32_t kLastCodePoint = 0x10FFFF;
 constexpr char32_t kReplacement = 0xFFFD;
-
-bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 void AppendAsUtf16(char32_t point, std::u16string& out) {
   if (point > kLastCodePoint) point = kReplacement;
@@ -16,9 +14,8 @@ void AppendAsUtf16(char32_t point, std::u16string& out) {
     out.push_back(static_cast<char16_t>(point));
     return;
   }
-  point -= kFirstBeyondOneUnit;
-  out.push_back(static_cast<char16_t>(0xD800 + (point >> 10)));
-  out.push_back(static_cast<char16_t>(0xDC00 + (point & 0x3FF)));
+  out.push_back(static_cast<char16_t>(HighSurrogateOf(point)));
+  out.push_back(static_cast<char16_t>(LowSurrogateOf(point)));
 }
 
 // For a wchar_t of 32 bits.
@@ -28,7 +25,7 @@ std::wstring Utf32FromUtf16(std::u16string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t point = text[i];
     if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-      point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (text[i + 1] - 0xDC00U);
+      point = CharacterOf(point, text[i + 1]);
       ++i;
     }
     out[filled++] = static_cast<wchar_t>(point);

@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "values/surrogates.h"
+
 namespace kodra::values {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-constexpr char32_t kFirstBeyondOneUnit = 0x10000;
-
-bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 bool IsScalar(char32_t point) { return point < 0xD800 || (point >= 0xE000 && point <= 0x10FFFF); }
 
 void Append(char32_t point, std::string& bytes) {
@@ -48,9 +46,8 @@ void Append(char32_t point, std::wstring& text) {
     text.push_back(static_cast<wchar_t>(point));
     return;
   }
-  point -= kFirstBeyondOneUnit;
-  text.push_back(static_cast<wchar_t>(0xD800 + (point >> 10)));
-  text.push_back(static_cast<wchar_t>(0xDC00 + (point & 0x3FF)));
+  text.push_back(static_cast<wchar_t>(HighSurrogateOf(point)));
+  text.push_back(static_cast<wchar_t>(LowSurrogateOf(point)));
 }
 
 struct Decoded {
@@ -96,7 +93,7 @@ void AppendUtf8(std::wstring_view text, std::string& bytes) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto point = static_cast<char32_t>(text[i]);
     if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(static_cast<char32_t>(text[i + 1])))
-      point = kFirstBeyondOneUnit + ((point - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
+      point = CharacterOf(point, static_cast<char32_t>(text[++i]));
     Append(IsScalar(point) ? point : kReplacement, bytes);
   }
 }
