@@ -29,7 +29,6 @@ using values::FromUtf8;
 // 1 March 1900. A spreadsheet takes 1900 for a leap year, so that its day numbers are those of automation dates only
 // from here on.
 constexpr double kFirstCountedDay = 61;
-constexpr double kBeyondLastDay = 2958466;  // 1 January 10000
 // The largest whole number that a spreadsheet shows with all its digits.
 constexpr std::uint64_t kMostDigits = 999'999'999'999'999;
 constexpr std::size_t kMostUnits = 32767;
@@ -227,7 +226,7 @@ class XlsxWriter final : public RowWriter {
   }
 
   lxw_error WriteDate(lxw_col_t at, Date date) {
-    const bool counted = date.days >= kFirstCountedDay && date.days < kBeyondLastDay;
+    const bool counted = date.days >= kFirstCountedDay && date.days < values::kLastDay + 1;
     if (!counted) return WriteText(at, BrazilianText(date, columns_[at].kind));
     const bool day = columns_[at].kind != ColumnKind::kMoment && date.days == std::floor(date.days);
     Widen(at, day ? std::size_t{10} : std::size_t{19});

@@ -7,6 +7,7 @@
 
 #include "odbc/engine/dates.h"
 #include "odbc/engine/types.h"
+#include "values/dates.h"
 #include "values/decimal.h"
 #include "values/numbers.h"
 #include "values/upper.h"
@@ -132,9 +133,7 @@ std::optional<Value> AsDate(const Value& value, std::int32_t type) {
   } else if (const std::optional<double> number = AsNumber(value)) {
     date = Date{*number};
   }
-  constexpr double kFirstDay = -657434;  // 1 January 100
-  constexpr double kBeyondLastDay = 2958466;
-  if (!date || !(date->days > kFirstDay - 1 && date->days < kBeyondLastDay)) return std::nullopt;
+  if (!date || !(date->days > values::kFirstDay - 1 && date->days < values::kLastDay + 1)) return std::nullopt;
   if (type == ad::kDBDate) date->days = std::trunc(date->days);
   if (type == ad::kDBTime) date->days = std::abs(date->days - std::trunc(date->days));
   return Value(*date);

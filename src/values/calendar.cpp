@@ -23,8 +23,8 @@ constexpr year_month_day DateOf(std::int32_t year, std::int32_t month, std::int3
 }
 
 constexpr sys_days kDayZero = DateOf(1899, 12, 30);
-constexpr std::int32_t kFirstDay = (sys_days{DateOf(kFirstYear, 1, 1)} - kDayZero).count();
-constexpr std::int32_t kLastDay = (sys_days{DateOf(kLastYear, 12, 31)} - kDayZero).count();
+static_assert((sys_days{DateOf(kFirstYear, 1, 1)} - kDayZero).count() == kFirstDay);
+static_assert((sys_days{DateOf(kLastYear, 12, 31)} - kDayZero).count() == kLastDay);
 
 std::tm LocalNow() {
   const std::time_t now = std::time(nullptr);

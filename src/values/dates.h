@@ -14,6 +14,10 @@
 
 namespace kodra::values {
 
+// The numbers of 1 January 100 and of 31 December 9999, the first and the last day of the calendar.
+inline constexpr std::int32_t kFirstDay = -657434;
+inline constexpr std::int32_t kLastDay = 2958465;
+
 // A date split into its parts, to the second.
 struct Calendar {
   std::int32_t year = 1899;
