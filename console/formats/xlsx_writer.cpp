@@ -110,6 +110,7 @@ class XlsxWriter final : public RowWriter {
       throw OutputError(L"o relatório tem mais linhas do que cabem em uma planilha (" + CountText(LXW_ROW_MAX - 1) +
                         L"): use --formato csv.");
     }
+    errno = 0;
     for (std::size_t i = 0; i < values.size(); ++i) {
       const auto at = static_cast<lxw_col_t>(i);
       if (!IsNothing(values[i])) Check(WriteCell(at, values[i]), at);
@@ -135,6 +136,7 @@ class XlsxWriter final : public RowWriter {
       worksheet_repeat_rows(sheet_, 0, 0);
       Check(worksheet_autofilter(sheet_, 0, 0, row_, static_cast<lxw_col_t>(shown - 1)), 0);
     }
+    errno = 0;
     std::fflush(sheet_->optimize_tmpfile);
     RequireRowsKept();
     RequireRoomForACopy();
@@ -158,11 +160,10 @@ class XlsxWriter final : public RowWriter {
     }
   };
 
-  // The library ignores an error of its temporary files and would leave rows out.
+  // The library ignores an error of its temporary files and would leave rows out. REQUIRES: errno was 0 before the rows
+  // were written.
   void RequireRowsKept() const {
-    if (std::ferror(sheet_->optimize_tmpfile) == 0) return;
-    throw OutputError(
-        L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio; libere espaço ou use outro.");
+    if (std::ferror(sheet_->optimize_tmpfile) != 0) FailToKeepRows(errno);
   }
 
   // At the end the library copies the rows to a second temporary file, with a head and a foot, and writes small parts
@@ -172,9 +173,11 @@ class XlsxWriter final : public RowWriter {
     const std::filesystem::space_info disk = std::filesystem::space(std::filesystem::temp_directory_path(error), error);
     constexpr std::uintmax_t kOtherParts = 64 << 10;
     const long size = std::ftell(sheet_->optimize_tmpfile);
-    if (error || size < 0 || disk.available >= static_cast<std::uintmax_t>(size) + kOtherParts) return;
-    throw OutputError(
-        L"não foi possível gravar o arquivo temporário da planilha: o disco está cheio; libere espaço ou use outro.");
+    if (!error && size >= 0 && disk.available < static_cast<std::uintmax_t>(size) + kOtherParts) FailToKeepRows(ENOSPC);
+  }
+
+  [[noreturn]] static void FailToKeepRows(int systemError) {
+    throw OutputError(L"não foi possível gravar o arquivo temporário da planilha" + Because(systemError));
   }
 
   lxw_format* NewFormat(const char* pattern) {
