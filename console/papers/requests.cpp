@@ -1,6 +1,5 @@
 // The papers about requests for originals: the slip for those that leave the archive, and the list of those that are
 // out.
-#include <array>
 #include <map>
 
 #include "console/formats/pages/report_words.h"
@@ -42,6 +41,17 @@ void PrintCopy(const Source& source, const ReportTable& slip, const std::wstring
 
 // What a request's mode of return means for the list of originals.
 enum class State { kOverdue, kOut, kReturned };
+
+// The heading above the requests in a state, in the order of the list.
+struct NamedState {
+  State state;
+  const wchar_t* name;
+};
+constexpr NamedState kStates[] = {
+    {State::kOverdue, L"Vencidos"},
+    {State::kOut, L"Fora do arquivo"},
+    {State::kReturned, L"Devolvidos"},
+};
 
 State StateOf(const RowReader& row, Date today) {
   const std::wstring mode = row.Text("DEVOLVIDO");
@@ -87,10 +97,10 @@ void PrintOriginals(const Source& source, Printout& printout) {
   printout.Begin(title, false);
   printout.Head({.title = title, .lines = {L"Situação em " + values::FormatDate(source.today, L"dd/mm/yyyy")}});
   printout.OpenTable({{L"Documento"}, {L"Retirado por"}, {L"Retirada"}, {L"Devolução"}});
-  static constexpr std::array<const wchar_t*, 3> kNames = {L"Vencidos", L"Fora do arquivo", L"Devolvidos"};
-  for (const auto& [state, those] : rows) {
-    const std::wstring name = kNames[static_cast<std::size_t>(state)];
-    printout.Row({.cells = {{name + L" (" + CountText(those.size()) + L")"}}, .style = RowStyle::kBlock});
+  for (const auto& [state, name] : kStates) {
+    const std::vector<TableRow>& those = rows[state];
+    if (those.empty()) continue;
+    printout.Row({.cells = {{std::wstring(name) + L" (" + CountText(those.size()) + L")"}}, .style = RowStyle::kBlock});
     for (const TableRow& row : those) printout.Row(row);
   }
   printout.Row({.cells = {{pages::RowCountText(list.rows.size())}}, .style = RowStyle::kTotal});

@@ -13,16 +13,18 @@ struct Retention {
   const wchar_t* kind;  // TIPO_GUARDA; null is a null
   MaybeNumber years;    // null: no due date
   bool closed;
+  bool discarded = false;
 };
+constexpr Retention kOpen = {L"D", {}, false};
 constexpr Retention kRetentions[] = {
-    {L"T", 2, true},      // overdue for years
-    {L"T", 75, true},     // not due for decades
-    {L"D", {}, true},     // due since it was closed
-    {L"D", {}, false},    // still open
-    {L"E", 1, true},      // discarded
-    {L"P", {}, true},     // kept forever
-    {L"T", {}, false},    // its term has not begun
-    {nullptr, {}, false}  // not decided yet
+    {L"T", 2, true},        // overdue for years
+    {L"T", 75, true},       // not due for decades
+    {L"D", {}, true},       // due since it was closed
+    kOpen,                  // still open
+    {L"E", 1, true, true},  // discarded
+    {L"P", {}, true},       // kept forever
+    {L"T", {}, false},      // its term has not begun
+    {nullptr, {}, false}    // not decided yet
 };
 
 constexpr std::int64_t kSubordinatesPerParent = 3;
@@ -31,8 +33,7 @@ std::int64_t ParentRow(std::int64_t subordinate) { return 1 + 3 * (subordinate /
 
 bool HasDueDate(std::int64_t module) {
   const Retention& retention = InTurn(kRetentions, module);
-  const bool discarded = &retention == &kRetentions[4];
-  const bool dated = !discarded || module / 8 % 2 == 0;  // every second discarded module has no date
+  const bool dated = !retention.discarded || module / 8 % 2 == 0;  // every second discarded module has no date
   return retention.years.has_value() && dated;
 }
 
@@ -123,7 +124,7 @@ CaixaSubordinada Generator::Row(std::int64_t row) const {
   const std::int64_t place = row % kSubordinatesPerParent;
   // Every fourth parent has only open subordinates; every second one lacks its first eight.
   const bool open = parentTurn % 4 == 3;
-  const Retention& retention = open ? kRetentions[3] : InTurn(kRetentions, row);
+  const Retention& retention = open ? kOpen : InTurn(kRetentions, row);
   const std::int64_t share = std::max<std::int64_t>(1, documentsPerModule_ / kSubordinatesPerParent);
   const std::int64_t first = (parent - 1) * documentsPerModule_ + place * share;
   const std::int64_t last = std::min(first + share, documents_) - 1;
