@@ -3,13 +3,10 @@
 
 #include "console/check/findings.h"
 #include "console/check/odbc_inspector.h"
-#include "console/command_line/connection_error.h"
-#include "console/command_line/databases.h"
 #include "console/command_line/report_name.h"
 #include "console/run/machine.h"
 #include "console/statements/every_statement.h"
 #include "console/statements/needs.h"
-#include "data/abre_cn.h"
 #include "sql/tipo_banco.h"
 #include "values/convert.h"
 #include "values/password.h"

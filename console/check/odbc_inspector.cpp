@@ -1,6 +1,6 @@
 #include "console/check/odbc_inspector.h"
 
-#include <algorithm>
+#include <map>
 
 #include "data/connection_string.h"
 #include "odbc/engine/cancellation.h"
