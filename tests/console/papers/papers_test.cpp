@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "console/command_line/usage_error.h"
+#include "tests/console/failing.h"
 #include "tests/console/formats/pages/recording_printout.h"
 
 namespace kodra::console::papers {
@@ -25,16 +25,6 @@ Lines Printed(std::string_view paper, const std::wstring& subject, const Tables&
   };
   PaperNamed(paper).print({read, subject, kToday}, printout);
   return printout.Lines();
-}
-
-template <class Call>
-std::string Refusal(Call call) {
-  try {
-    call();
-  } catch (const UsageError& error) {
-    return error.what();
-  }
-  return "nothing was raised";
 }
 
 ReportTable Slip(std::vector<std::vector<Value>> rows) {
@@ -169,9 +159,9 @@ TEST(DiscardAuthorisation, HasNoSignaturesForAModuleWithoutDocuments) {
 }
 
 TEST(DiscardAuthorisation, IsForMainModulesThatExist) {
-  EXPECT_EQ(Refusal([] { Printed("descarte", L"AB00101", {}); }),
+  EXPECT_EQ(RefusalOf([] { Printed("descarte", L"AB00101", {}); }),
             "a autorização de descarte é de um módulo principal: Modulo1 tem 5 caracteres");
-  EXPECT_EQ(Refusal([] {
+  EXPECT_EQ(RefusalOf([] {
               Printed("descarte", L"ZZ999", {{L"DocsNoModulo", {}}});
             }),
             "nenhum módulo tem o código \"ZZ999\"; confira Modulo1");
@@ -204,7 +194,7 @@ TEST(ModuleSheet, SaysThatASubordinateHasTheDocumentsOfItsMainModule) {
 
 TEST(Papers, AreFoundByName) {
   EXPECT_EQ(PaperNamed("MÓDULO").name, "modulo");
-  EXPECT_EQ(Refusal([] { PaperNamed("retirda"); }),
+  EXPECT_EQ(RefusalOf([] { PaperNamed("retirda"); }),
             "o papel \"retirda\" não existe (quis dizer \"retirada\"?); escolha entre retirada, originais, descarte, "
             "modulo");
 }

@@ -9,7 +9,6 @@
 #include <sstream>
 
 #include "console/command_line/report_name.h"
-#include "console/command_line/usage_error.h"
 #include "console/schema/grants.h"
 #include "console/schema/indexes.h"
 #include "console/schema/limits.h"
@@ -18,6 +17,7 @@
 #include "console/statements/needs.h"
 #include "sql/tipo_banco.h"
 #include "testbed/archive/schema.h"
+#include "tests/console/failing.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -148,15 +148,20 @@ TEST(SchemaGrants, CoverEveryTableAndNothingElse) {
 }
 
 TEST(SchemaGrants, RefuseNamesThatWouldLeaveTheirQuotes) {
+  const auto expectRefusal = [](const std::string& user, std::int32_t code) {
+    EXPECT_EQ(RefusalOf([&] { schema::Grants(user, code); }),
+              "o usuário \"" + user + "\" não é um nome que possa ir para uma instrução SQL")
+        << code;
+  };
   for (const std::int32_t code : {sql::tbOracle, sql::tbSQLServer, sql::tbMySQL, sql::tbDB2, sql::tbSQLite}) {
     for (const char* user : {"", "a\"b", "a'b", "a]b", "a`b", "a b", "a;b", "a\nb", "a--(b)"})
-      EXPECT_THROW(schema::Grants(user, code), UsageError) << user << " " << code;
-    EXPECT_THROW(schema::Grants(std::string(129, 'a'), code), UsageError);
+      expectRefusal(user, code);
+    expectRefusal(std::string(129, 'a'), code);
   }
   // In MySQL's quotes a backslash begins an escape.
-  EXPECT_THROW(schema::Grants("a\\", sql::tbMySQL), UsageError);
-  EXPECT_THROW(schema::Grants("ana@", sql::tbMySQL), UsageError);
-  EXPECT_THROW(schema::Grants("@%", sql::tbMySQL), UsageError);
+  expectRefusal("a\\", sql::tbMySQL);
+  expectRefusal("ana@", sql::tbMySQL);
+  expectRefusal("@%", sql::tbMySQL);
 }
 
 }  // namespace

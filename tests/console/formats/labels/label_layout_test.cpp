@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "console/command_line/usage_error.h"
 #include "console/formats/labels/label_drawing.h"
 #include "console/formats/labels/stock.h"
+#include "tests/console/failing.h"
 #include "tests/console/formats/labels/recording_canvas.h"
 
 namespace kodra::console::labels {
@@ -162,15 +162,12 @@ TEST(LabelDrawing, NamesTheTextsThatItCuts) {
   EXPECT_EQ(DrawLabel(canvas, {.kind = L"DIVISÓRIA", .number = L"1"}, design, {}, {}), std::vector<std::string>{});
 }
 
+// Why a label is not drawn; empty if it is.
 std::string RefusalOf(Size label, const LabelParts& parts, const std::wstring& number) {
   RecordingCanvas canvas;
   canvas.BeginPage(kA4);
-  try {
-    DrawLabel(canvas, {.kind = L"DIVISÓRIA", .number = number}, DesignOf(label, parts), parts, {});
-  } catch (const UsageError& error) {
-    return error.what();
-  }
-  return {};
+  return console::RefusalOf(
+      [&] { DrawLabel(canvas, {.kind = L"DIVISÓRIA", .number = number}, DesignOf(label, parts), parts, {}); });
 }
 
 // 20 letters of set B are 20 · 11 + 35 modules and 20 of quiet zone, each of 0.19 mm; a QR code takes them.
