@@ -49,7 +49,7 @@ function shown(findings) {
   return [
     element('p', {class: findings.pronto ? null : 'bad'}, findings.pronto
       ? `O banco tem tudo de que os relatórios precisam (${findings.banco}).`
-      : `Falta alguma coisa aos relatórios (${findings.banco || 'banco desconhecido'}).`),
+      : `O banco não tem tudo de que os relatórios precisam (${findings.banco || 'banco desconhecido'}).`),
     element('p', {}, `Prontos, sem ressalvas: ${ready} de ${findings.relatorios.length} relatórios.`),
     ...statesOf(findings),
     listSection('O que o banco respondeu', Object.entries(findings.respostas).map(([what, answer]) => `${what}: ${answer}`)),

@@ -54,7 +54,7 @@ export class LabelsPage {
       element('fieldset', {}, element('legend', {}, 'E os de um intervalo'),
         element('div', {class: 'fields small'}, labelled(textField('first'), 'De'), labelled(textField('last'), 'Até'),
           labelled(textField('department'), 'Só do departamento')),
-        element('p', {class: 'hint'}, 'Vêm os códigos que existem. Um departamento sozinho são todos os seus módulos.')));
+        element('p', {class: 'hint'}, 'Só entram os códigos que existem. Com só o departamento, vêm todos os seus módulos.')));
   }
 
   stock() {
@@ -83,8 +83,8 @@ export class LabelsPage {
           max: this.choices.mostCopies, value: 1}), 'Cópias de cada etiqueta'),
         switchField('withPlace', 'Com o lugar do módulo', 'Fileira, estante, prateleira e depósito.'),
         switchField('outline', 'Com as bordas das etiquetas', 'Para um teste em papel comum.'),
-        labelled(textField('shiftX', shift), 'Deslocar para a direita, em mm', 'Menos de zero é para a esquerda.'),
-        labelled(textField('shiftY', shift), 'Deslocar para baixo, em mm', 'Menos de zero é para cima.'),
+        labelled(textField('shiftX', shift), 'Deslocar para a direita, em mm', 'Um valor negativo desloca para a esquerda.'),
+        labelled(textField('shiftY', shift), 'Deslocar para baixo, em mm', 'Um valor negativo desloca para cima.'),
         ...this.issuer.fields));
   }
 
