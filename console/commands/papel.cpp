@@ -30,7 +30,7 @@ std::string Footer() {
          "\n"
          "Exemplo:\n"
          "  kodrarpt papel retirada --conexao \"DSN=Acervo\" --CodSolicit 17 --orgao \"Arquivo Público\" --saida "
-         "guia.pdf";
+         "comprovante.pdf";
 }
 
 struct Options {

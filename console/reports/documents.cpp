@@ -85,18 +85,19 @@ std::vector<Report> Documents() {
 
       {.className = "CSolicitacaoRpt",
        .method = "RelatorioRetiradaOriginal",
-       .purpose = "A guia de retirada dos originais solicitados",
+       .purpose = "O comprovante de retirada dos originais solicitados",
        .parameters = {{"CodSolicit", "Código da solicitação, ou vários separados por vírgula; entra no SQL sem aspas",
                        "1", "solicitação {}", InSql::kNumbers}},
        .columns = {{"OPERADOR", kText, "Nome completo de quem retira, ou o seu nome de acesso", "Operador", kFact},
                    {"DOCUMENTOS", kText, "Linha pronta: documento, módulo e localização", "Documentos"},
                    {"DEVOLUCAO", kText, "Frase pronta sobre a devolução", "Devolução", kFact},
                    {"OBS_SOLICIT", kText, "Observação da solicitação, ou -", "Observação", kFact}},
-       .oddities = {{"Várias solicitações saem em uma só guia, com o operador, a frase e a observação da primeira que "
-                     "o banco devolver",
-                     "Withdrawal: several requests share one sentence."},
-                    {"Sem documentos dá erro, em vez de uma guia vazia", "Withdrawal: no document is an error,"},
-                    {"O recordset vem posicionado na última linha", "Withdrawal: the slip is on its last row."}},
+       .oddities =
+           {{"Várias solicitações saem em um só comprovante, com o operador, a frase e a observação da primeira que "
+             "o banco devolver",
+             "Withdrawal: several requests share one sentence."},
+            {"Sem documentos dá erro, em vez de um comprovante vazio", "Withdrawal: no document is an error,"},
+            {"O recordset vem posicionado na última linha", "Withdrawal: the slip is on its last row."}},
        .failures = {{"A variável do objeto ou a variável do bloco 'With' não foi definida",
                      "a solicitação não tem documento em nenhum módulo", "Confira o código em CodSolicit"}},
        .rows = RowsKind::kInMemory,
