@@ -45,7 +45,7 @@ std::string KindWords(const Member& member) {
     case Member::Kind::kMethod:
       break;
   }
-  if (member.argument.empty()) return "método, dá " + TypeWord(member.type);
+  if (member.argument.empty()) return "método, devolve " + TypeWord(member.type);
   return "método de `" + member.argument + "`, devolve um Recordset";
 }
 
