@@ -42,6 +42,19 @@ TEST_F(KodrarptProcess, FailsWhenASpreadsheetsTemporaryFileFillsTheDisk) {
   EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt", "tmp"}));
 }
 
+TEST_F(KodrarptProcess, SaysWhyASpreadsheetsTemporaryFileIsNotWritten) {
+  // With the signal of the limit ignored, the program receives an error instead.
+  EXPECT_EQ(CodeOf({"sh", "-c",
+                    "trap '' XFSZ && ulimit -f 64 && exec \"$0\" executa CSuporteRpt --conexao \"$2\" --formato xlsx "
+                    "--saida \"$1/destino.xlsx\"",
+                    KODRARPT, folder_.Path().string(), ManySupports().Connection()}),
+            5);
+  EXPECT_EQ(Said(),
+            "kodrarpt: não foi possível gravar o arquivo temporário da planilha: o arquivo é grande demais para o "
+            "disco; escolha outro.\n");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt"}));
+}
+
 TEST_F(KodrarptProcess, KeepsMessagesOutOfItsFileWhenItsErrorStreamIsClosed) {
   const pid_t process = StartEndlessCsv({"sh", "-c", "exec \"$@\" 2>&-", "sh"});
   EXPECT_TRUE(HasBegun(process));
