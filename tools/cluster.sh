@@ -1,4 +1,4 @@
-# The reports on a private cluster of MariaDB servers: the demonstration, and the tests in which nodes go and come.
+# The reports on a private cluster of MariaDB servers: the demonstration, and the tests in which nodes come and go.
 
 # Runs a command as root, who may make a network: in a user namespace of its own when this user is another one.
 with_network_rights() {

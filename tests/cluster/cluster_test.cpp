@@ -1,4 +1,4 @@
-// The reports on a private cluster, while its nodes go and come. The figures of each test are in its output.
+// The reports on a private cluster, while its nodes come and go. The figures of each test are in its output.
 #include "testbed/cluster/mariadb_cluster.h"
 
 #include <gtest/gtest.h>
@@ -237,7 +237,7 @@ TEST_F(Cluster, EndsACallInTheReportsFrameWhenItsNodeIsKilledWhileItSendsRows) {
             Lost(L"KodraRpt.CDocumentoRpt::RelatorioAnalitico"));
 }
 
-TEST_F(Cluster, AnswersEightClientsWhileNodesGoAndCome) {
+TEST_F(Cluster, AnswersEightClientsWhileNodesComeAndGo) {
   constexpr int kCalls = 2000;
   constexpr int kClients = 8;
   // What a client does between two calls.
