@@ -7,7 +7,7 @@
 
 namespace kodra::console {
 
-// Gives the standard input other bytes for the lifetime of the object.
+// Replaces the standard input for the lifetime of the object.
 class TypedInput {
  public:
   explicit TypedInput(const std::string& bytes) : bytes_(bytes), former_(std::cin.rdbuf(bytes_.rdbuf())) {}
