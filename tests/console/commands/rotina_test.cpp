@@ -50,7 +50,7 @@ class RotinaTest : public testing::Test {
     std::ofstream(File()) << text;
     options.insert(options.begin(), {"rotina", File()});
     RunResult result = RunProgram(options);
-    result.out = std::regex_replace(result.out, std::regex(" [0-9]+,[0-9]  "), " N,N  ");
+    result.out = std::regex_replace(result.out, std::regex("[ 0-9][0-9],[0-9]  "), " N,N  ");
     return result;
   }
   // The bytes of each file of the routine, by its path in the folder.
@@ -115,7 +115,7 @@ TEST_F(RotinaTest, GoesOnAfterAnError) {
   ASSERT_EQ(RunProgram({"perfil", "novo", "outro", "--conexao", "Driver={NaoExiste}"}).code, ExitCode::kOk);
   const RunResult again = RunProgram({"rotina", File()});
   EXPECT_EQ(again.code, ExitCode::kReportError);
-  const std::string out = std::regex_replace(again.out, std::regex(" [0-9]+,[0-9]  "), " N,N  ");
+  const std::string out = std::regex_replace(again.out, std::regex("[ 0-9][0-9],[0-9]  "), " N,N  ");
   EXPECT_EQ(out,
             "saída           linhas  segundos  resultado\n"
             "devolvidos                   N,N  o relatório deu erro\n"
@@ -210,12 +210,49 @@ TEST_F(RotinaTest, RefusesOptionsThatDoNotGoTogether) {
 }
 
 TEST_F(RotinaTest, AcceptsTheRoutineOfTheExamples) {
-  const RunResult result = RunProgram({"rotina", KODRA_SOURCE_DIR "/examples/rotina/mensal.ini", "--simula"});
-  EXPECT_EQ(result.code, ExitCode::kOk);
-  EXPECT_EQ(result.err, "");
-  for (const char* const output : {"documentos do mês\n  relatório  CDocumentoRpt.RelatorioSintetico\n",
-                                   "séries do ano passado\n", "módulos\n", "vencidos\n", "departamentos\n"})
-    EXPECT_NE(result.out.find(output), std::string::npos) << output << result.out;
+  // The days change with the clock; RoutineRunTest has fixed ones.
+  const auto withoutNumbers = [](const std::string& text) {
+    return std::regex_replace(text, std::regex("\\b[0-9]+\\b"), "N");
+  };
+  const std::string folder = KODRA_SOURCE_DIR "/examples/rotina";
+  const std::string outputs = withoutNumbers(folder + "/saidas/2024/");
+  RunResult result = RunProgram({"rotina", folder + "/mensal.ini", "--simula"});
+  result.out = withoutNumbers(result.out);
+  EXPECT_EQ(result, Success("documentos do mês\n"
+                            "  relatório  CDocumentoRpt.RelatorioSintetico\n"
+                            "  arquivo    " +
+                            outputs +
+                            "documentos-N-N.csv\n"
+                            "  perfil     acervo\n"
+                            "  DataArmazenamento1  N-N-N\n"
+                            "  DataArmazenamento2  N-N-N\n"
+                            "subgrupos do ano passado\n"
+                            "  relatório  CEstatSubgrupoRpt.RelatorioEstatisticas\n"
+                            "  arquivo    " +
+                            outputs +
+                            "subgrupos-N.pdf\n"
+                            "  perfil     acervo\n"
+                            "  DataInicial  N-N-N\n"
+                            "  DataFinal  N-N-N\n"
+                            "  TipoRpt  F\n"
+                            "módulos\n"
+                            "  relatório  CCaixaRpt.RelatoriosModulos\n"
+                            "  arquivo    " +
+                            outputs +
+                            "modulos-N-N-N.xlsx\n"
+                            "  perfil     acervo\n"
+                            "vencidos\n"
+                            "  relatório  CCaixaRpt.ModulosVencidos\n"
+                            "  arquivo    " +
+                            outputs +
+                            "vencidos-N-N-N.html\n"
+                            "  perfil     acervo\n"
+                            "departamentos\n"
+                            "  relatório  CDeptoRpt.RelatorioDeptos\n"
+                            "  arquivo    " +
+                            outputs +
+                            "departamentos.json\n"
+                            "  perfil     acervo\n"));
 }
 
 TEST_F(RotinaTest, ConnectsByTheCommandLineToo) {
