@@ -6,9 +6,9 @@
 #include <fstream>
 #include <iostream>
 
+#include "console/command_line/output_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
-#include "console/command_line/usage_error.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 using values::ToUtf8;
 
 // `what` is the file's name in quotes, or "a entrada padrão".
-UsageError CannotRead(const std::string& what, const std::string& reason) {
-  return UsageError(fmt::format("não foi possível ler {}: {}", what, reason));
+OutputError CannotRead(const std::string& what, const std::string& reason) {
+  return OutputError(values::FromUtf8(fmt::format("não foi possível ler {}: {}", what, reason)));
 }
 
 std::string LastReason() {

@@ -33,7 +33,8 @@ void CheckExtras(const CLI::App& command) {
   throw UsageError("\"" + command.get_name() + "\" não tem a opção \"" + name + "\"" + DidYouMean(name, known));
 }
 
-// The message of a wrong command line may quote an argument, and an argument may be a connection string.
+// A message about the command line, or a file that it names, may quote an argument, and an argument may be a connection
+// string.
 std::string WithoutPasswords(const std::string& message, const std::vector<std::string>& arguments) {
   std::wstring shown = values::FromUtf8(message);
   for (const std::string& argument : arguments) shown = values::HidePassword(shown, values::FromUtf8(argument));
@@ -80,7 +81,7 @@ ExitCode Program::Run(const std::vector<std::string>& arguments) noexcept {
     return Parse(arguments);
   } catch (...) {
     const Failure failure = CurrentFailure(WantsDetails());
-    const bool quotes = failure.code == ExitCode::kUsage;
+    const bool quotes = failure.code == ExitCode::kUsage || failure.code == ExitCode::kOutput;
     Say(quotes ? WithoutPasswords(failure.message, arguments) : failure.message);
     return failure.code;
   }

@@ -9,6 +9,7 @@
 
 #include "console/command_line/help.h"
 #include "console/command_line/input_file.h"
+#include "console/command_line/output_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/report_name.h"
 #include "console/command_line/suggest.h"
@@ -107,7 +108,7 @@ class RoutineReader {
     }
   }
 
-  // Takes a step; a UsageError is a problem of the section.
+  // Takes a step; what is wrong with an option, or with the file that it names, is a problem of the section.
   template <class Step>
   void Attempt(const IniSection& section, Step step) {
     try {
@@ -115,6 +116,8 @@ class RoutineReader {
     } catch (const CLI::ParseError& error) {
       Add(section, InPortuguese(error));
     } catch (const UsageError& error) {
+      Add(section, error.what());
+    } catch (const OutputError& error) {
       Add(section, error.what());
     }
   }

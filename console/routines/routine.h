@@ -62,8 +62,8 @@ struct RoutineSurroundings {
   std::int32_t today = 0;
 };
 
-// Reads a routine; relative paths in it begin in the folder of its file. Raises UsageError if the file cannot be read
-// or is no INI file. REQUIRES: the program outlives the routine.
+// Reads a routine; relative paths in it begin in the folder of its file. Raises OutputError if the file cannot be
+// read, and UsageError if it is no INI file. REQUIRES: the program outlives the routine.
 Routine ReadRoutine(Program& program, const std::filesystem::path& file, const RoutineSurroundings& surroundings);
 
 }  // namespace kodra::console::routines

@@ -33,6 +33,11 @@ inline RunResult RunProgram(const std::vector<std::string>& arguments) {
 // The result of a run that succeeds.
 inline RunResult Success(const std::string& out, const std::string& err = "") { return {ExitCode::kOk, out, err}; }
 
+// The result of a run that cannot read or write a file.
+inline RunResult FileFailure(const std::string& message) {
+  return {ExitCode::kOutput, "", "kodrarpt: " + message + "\n"};
+}
+
 // The result of a run whose command line is wrong.
 inline RunResult UsageFailure(const std::string& message) {
   return {ExitCode::kUsage, "", "kodrarpt: " + message + "\n"};

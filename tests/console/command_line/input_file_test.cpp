@@ -4,7 +4,6 @@
 
 #include <fstream>
 
-#include "console/command_line/usage_error.h"
 #include "tests/console/failing.h"
 #include "tests/console/typed_input.h"
 #include "tests/db/temporary_folder.h"
@@ -23,12 +22,12 @@ TEST(InputFile, IsReadWhole) {
 TEST(InputFile, IsRefusedWithItsNameAndTheReason) {
   const tests::TemporaryFolder folder;
   const std::filesystem::path path = folder / "lista.txt";
-  EXPECT_EQ(RefusalOf([&] { ReadInputFile(values::FromUtf8(path.string()), 6); }),
+  EXPECT_EQ(FailureOf([&] { ReadInputFile(values::FromUtf8(path.string()), 6); }),
             "não foi possível ler \"" + path.string() + "\": o arquivo não existe");
   std::ofstream(path) << "1234567";
-  EXPECT_EQ(RefusalOf([&] { ReadInputFile(values::FromUtf8(path.string()), 6); }),
+  EXPECT_EQ(FailureOf([&] { ReadInputFile(values::FromUtf8(path.string()), 6); }),
             "não foi possível ler \"" + path.string() + "\": passa do máximo, que é de 6 bytes");
-  EXPECT_EQ(RefusalOf([&] { ReadInputFile(L"/tmp", 6); }),
+  EXPECT_EQ(FailureOf([&] { ReadInputFile(L"/tmp", 6); }),
             "não foi possível ler \"/tmp\": é uma pasta; informe um arquivo");
 }
 
@@ -38,7 +37,7 @@ TEST(StandardInput, IsReadWholeOrRefused) {
     EXPECT_EQ(ReadStandardInput(6), "123456");
   }
   const TypedInput typed("1234567");
-  EXPECT_EQ(RefusalOf([] { ReadStandardInput(6); }),
+  EXPECT_EQ(FailureOf([] { ReadStandardInput(6); }),
             "não foi possível ler a entrada padrão: passa do máximo, que é de 6 bytes");
 }
 

@@ -214,7 +214,7 @@ TEST(ConfereUsage, RefusesAListThatItCannotReadBeforeItConnects) {
   const tests::TemporaryFolder folder;
   const std::string list = (folder / "lidos.txt").string();
   const std::vector<std::string> arguments = {"confere", "--conexao", "DSN=D", "--modulo", "AB001", "--lista", list};
-  EXPECT_EQ(RunProgram(arguments), UsageFailure("não foi possível ler \"" + list + "\": o arquivo não existe"));
+  EXPECT_EQ(RunProgram(arguments), FileFailure("não foi possível ler \"" + list + "\": o arquivo não existe"));
   std::ofstream(list) << std::string("1\n\0\n", 4);
   EXPECT_EQ(RunProgram(arguments),
             UsageFailure("\"" + list +
@@ -222,7 +222,7 @@ TEST(ConfereUsage, RefusesAListThatItCannotReadBeforeItConnects) {
                          "em UTF-8, com um código por linha"));
   std::filesystem::resize_file(list, 8'000'001);
   EXPECT_EQ(RunProgram(arguments),
-            UsageFailure("não foi possível ler \"" + list + "\": passa do máximo, que é de 8 MB"));
+            FileFailure("não foi possível ler \"" + list + "\": passa do máximo, que é de 8 MB"));
   const TypedInput typed("\r\n \r\n");
   EXPECT_EQ(RunProgram({"confere", "--conexao", "DSN=D", "--modulo", "AB001", "--lista", "-"}),
             UsageFailure("a entrada padrão não tem nenhum código"));

@@ -136,14 +136,12 @@ TEST(EtiquetasSheets, RefusesAWrongCommandLineAndLeavesNoFile) {
             "--folha-propria já diz qual é a folha, e não pode ser usada com --folha"},
            {{"abertura", "AA001", "--folha-propria", "100x50mm", "--folhas-de", "folhas.ini"},
             "--folha-propria já diz qual é a folha, e não pode ser usada com --folhas-de"},
-           {{"abertura", "AA001", "--folhas-de", "/não/há"}, "não foi possível ler \"/não/há\": o arquivo não existe"},
            {{"abertura", "AA001", "--folha", "20x20mm"},
             "uma etiqueta de 20 x 20 mm é pequena demais: precisa de ao menos 23 mm de largura"},
            {{"abertura", "AA001", "--ajuste", "1"},
             "o ajuste diz quantos milímetros vão para a direita e para baixo, como 1,-2 ou, com casas decimais, 0,5;1, "
             "e não pode ser \"1\""},
            {{"abertura", "AA001", "--ajuste", "0,21"}, "o ajuste vai até 20 mm em cada direção"},
-           {{"abertura", "--lista", "/não/há"}, "não foi possível ler \"/não/há\": o arquivo não existe"},
            {{"abertura", "--lista", empty}, "a lista \"" + empty + "\" não tem nenhum código"},
            {{"abertura", "A'1"}, "o código \"A'1\" tem um apóstrofo, que os relatórios não aceitam: tire-o"},
            {{"abertura", "--de", "AA001", "--ate", "AA00102"},
@@ -156,6 +154,17 @@ TEST(EtiquetasSheets, RefusesAWrongCommandLineAndLeavesNoFile) {
     std::vector<std::string> arguments = wrong.arguments;
     arguments.insert(arguments.end(), {"--saida", target});
     EXPECT_EQ(RunLabels(LabelArchive(), arguments), UsageFailure(wrong.message));
+    EXPECT_FALSE(std::filesystem::exists(target));
+  }
+}
+
+TEST(EtiquetasSheets, NamesAFileThatItCannotReadAndLeavesNoFile) {
+  const tests::TemporaryFolder folder;
+  const std::string target = (folder.Path() / "e.pdf").string();
+  for (const char* const option : {"--lista", "--folhas-de", "--logotipo"}) {
+    EXPECT_EQ(RunLabels(LabelArchive(), {"abertura", "AA001", option, "/não/há", "--saida", target}),
+              FileFailure("não foi possível ler \"/não/há\": o arquivo não existe"))
+        << option;
     EXPECT_FALSE(std::filesystem::exists(target));
   }
 }

@@ -62,7 +62,7 @@ TEST_F(ExecutaPdf, LeavesNoFileBehindWhenItRefuses) {
   EXPECT_EQ(RunReport("CDeptoRpt", {"--logotipo", logo}),
             UsageFailure("a imagem \"" + logo + "\" não serve: não é um arquivo PNG"));
   EXPECT_EQ(RunReport("CDeptoRpt", {"--logotipo", logo + "x"}),
-            UsageFailure("não foi possível ler \"" + logo + "x\": o arquivo não existe"));
+            FileFailure("não foi possível ler \"" + logo + "x\": o arquivo não existe"));
   EXPECT_TRUE(WroteNothing());
 }
 

@@ -258,13 +258,20 @@ TEST_F(ExecutaPassword, IsHiddenWhereArgumentsAreQuoted) {
   EXPECT_EQ(
       RunFailing({"executa", "CDeptoRpt", "--conexao", "DSN=D", "Driver={X};PWD=segredo"}),
       UsageFailure("argumento a mais: \"Driver={X};PWD=***\"; tire-o, ou ponha entre aspas um valor que tem espaços"));
-  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-           {"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"},
-           {"Driver={X};PWD=segredo;UID=a"},
-           {"executa", "Driver={X};PWD=segredo;UID=a", "--conexao", "x"},
-           {"executa", "CDeptoRpt", "--conexao", "PWD=segredo;X=1", "--formato", "PWD=segredo;X"},
-       })
-    EXPECT_EQ(RunFailing(arguments).code, ExitCode::kUsage);
+  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexão", "Driver={X};PWD=segredo;UID=a"}),
+            UsageFailure("\"executa\" não tem a opção \"--conexão\" (quis dizer \"--conexao\"?)"));
+  EXPECT_EQ(RunFailing({"Driver={X};PWD=segredo;UID=a"}),
+            UsageFailure("o comando \"Driver={X};PWD=***;UID=a\" não existe"));
+  EXPECT_EQ(RunFailing({"executa", "Driver={X};PWD=segredo;UID=a", "--conexao", "x"}),
+            UsageFailure("o relatório \"Driver={X};PWD=***;UID=a\" não existe; \"kodrarpt lista\" mostra todos"));
+  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--conexao", "PWD=segredo;X=1", "--formato", "PWD=segredo;X"}),
+            UsageFailure("o formato \"PWD=***;X\" não existe; escolha entre tabela, csv, json, xlsx, html, pdf"));
+}
+
+TEST_F(ExecutaPassword, IsHiddenInTheNameOfAFileThatCannotBeRead) {
+  EXPECT_EQ(RunFailing({"executa", "CDeptoRpt", "--logotipo", "Driver={X};PWD=segredo", "--conexao", "DSN=D",
+                        "--formato", "html"}),
+            FileFailure("não foi possível ler \"Driver={X};PWD=***\": o arquivo não existe"));
 }
 
 TEST_F(ExecutaPassword, IsHiddenWhereTheDatabaseCannotBeReached) {

@@ -86,12 +86,14 @@ TEST(PapelUsage, NamesWhatIsMissingOrUnknown) {
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001"}), UsageFailure("o formato pdf precisa de --saida"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--formato", "pfd", "--saida", "x"}),
             UsageFailure("um papel não sai no formato \"pfd\" (quis dizer \"pdf\"?); escolha entre pdf, html"));
-  EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--CodSolicit", "1", "--saida", "x"}).code, ExitCode::kUsage);
+  EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--CodSolicit", "1", "--saida", "x"}),
+            UsageFailure("CCaixaRpt.DocsNoModulo não tem o parâmetro \"CodSolicit\"; os parâmetros são Owner, Modulo1, "
+                         "Modulo2, Modulo3, Ordenacao, SomenteExistentes, Tipo, CodDepto, CodSerie, ModoPregresso"));
   EXPECT_EQ(papel({"retirada", "--CodSolicit", "1", "--ListarJaDevolvidos", "sim", "--saida", "x"}),
             UsageFailure("CSolicitacaoRpt.RelatorioRetiradaOriginal não lê o parâmetro \"ListarJaDevolvidos\"; só lê "
                          "CodSolicit"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--logotipo", "/", "--saida", "x"}),
-            UsageFailure("não foi possível ler \"/\": é uma pasta; informe um arquivo"));
+            FileFailure("não foi possível ler \"/\": é uma pasta; informe um arquivo"));
 }
 
 }  // namespace

@@ -196,7 +196,7 @@ TEST_F(RoutineTest, FindsALogoBesideItsFile) {
 }
 
 TEST_F(RoutineTest, IsRefusedAsAWholeWithoutAFile) {
-  EXPECT_EQ(RefusalOf([this] { ReadRoutine(program_, folder_ / "b.ini", surroundings_); }),
+  EXPECT_EQ(FailureOf([this] { ReadRoutine(program_, folder_ / "b.ini", surroundings_); }),
             "não foi possível ler \"" + (folder_ / "b.ini").string() + "\": o arquivo não existe");
 }
 
