@@ -1,7 +1,9 @@
 #include "console/command_line/databases.h"
 
+#include <fmt/format.h>
 #include <array>
 #include <string>
+#include <vector>
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
@@ -20,21 +22,27 @@ constexpr auto kDatabases = std::to_array<Database>({
 
 constexpr std::string_view kAll = "todos";
 
+std::vector<std::string> Names() {
+  std::vector<std::string> names;
+  for (const Database& database : kDatabases) names.emplace_back(database.name);
+  return names;
+}
+
 }  // namespace
 
 std::span<const Database> Databases() { return kDatabases; }
 
+std::string DatabaseChoices() { return fmt::format("{} ou {}", fmt::join(Names(), ", "), kAll); }
+
 std::vector<Database> DatabasesNamed(std::string_view name) {
   const std::string folded = Folded(name);
   if (folded == kAll) return {kDatabases.begin(), kDatabases.end()};
-  std::vector<std::string> known;
-  for (const Database& database : kDatabases) {
+  for (const Database& database : kDatabases)
     if (database.name == folded) return {database};
-    known.emplace_back(database.name);
-  }
+  std::vector<std::string> known = Names();
   known.emplace_back(kAll);
-  throw UsageError("o banco \"" + std::string(name) + "\" não existe" + DidYouMean(name, known) +
-                   "; escolha oracle, sqlserver, mysql, db2, sqlite ou todos");
+  throw UsageError("o banco \"" + std::string(name) + "\" não existe" + DidYouMean(name, known) + "; escolha " +
+                   DatabaseChoices());
 }
 
 }  // namespace kodra::console

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct Database {
 
 // The five databases for which the reports have a dialect.
 std::span<const Database> Databases();
+
+// What DatabasesNamed takes, for messages: "oracle, sqlserver, … ou todos".
+std::string DatabaseChoices();
 
 // The database with that name, or all of them for "todos"; letter case does not matter. Raises UsageError for an
 // unknown name.

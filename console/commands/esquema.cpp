@@ -118,9 +118,7 @@ void AddEsquema(Program& program) {
       {"esquema", "Mostra as tabelas que os relatórios leem, e os índices e as permissões para elas", kFooter},
       [&program, options] { return Esquema(program.Out(), *options); });
   command.add_option("RELATÓRIO", options->report, "Classe.Metodo; sem ele, todos os relatórios")->option_text(" ");
-  command.add_option("--banco", options->database, "oracle, sqlserver, mysql, db2, sqlite ou todos")
-      ->option_text("BANCO (obrigatório)")
-      ->required();
+  command.add_option("--banco", options->database, DatabaseChoices())->option_text("BANCO (obrigatório)")->required();
   command.add_flag("--indices", options->indexes, "As instruções que criam os índices de tabelas grandes");
   command.add_option("--permissoes", options->user, "As instruções que permitem a um usuário ler as tabelas")
       ->option_text("USUÁRIO");

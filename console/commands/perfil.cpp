@@ -64,9 +64,12 @@ const std::array kActions = {
 const Action& CheckedAction(const Options& options, const CLI::App& command) {
   const std::string folded = Folded(options.action);
   const auto action = std::ranges::find(kActions, folded, &Action::name);
-  if (action == kActions.end())
-    throw UsageError(fmt::format("a ação \"{}\" não existe{}; escolha entre novo, lista, testa, remove", options.action,
-                                 DidYouMean(folded, {"novo", "lista", "testa", "remove"})));
+  if (action == kActions.end()) {
+    std::vector<std::string> known;
+    for (const Action& each : kActions) known.emplace_back(each.name);
+    throw UsageError(fmt::format("a ação \"{}\" não existe{}; escolha entre {}", options.action,
+                                 DidYouMean(folded, known), fmt::join(known, ", ")));
+  }
   if (action->takesName && options.name.empty()) throw UsageError("falta o nome do perfil");
   if (!action->takesName && !options.name.empty()) throw ExtraArgument(options.name);
   for (const CLI::Option* option : command.get_options()) {

@@ -88,9 +88,7 @@ void AddSql(Program& program) {
   command.add_option("RELATÓRIO", options->report, "Classe.Metodo, ou só a classe ou o método")
       ->option_text(" ")
       ->required();
-  command.add_option("--banco", options->database, "oracle, sqlserver, mysql, db2, sqlite ou todos")
-      ->option_text("BANCO (obrigatório)")
-      ->required();
+  command.add_option("--banco", options->database, DatabaseChoices())->option_text("BANCO (obrigatório)")->required();
   command.add_flag("--bonito", options->isLaidOut, "Uma cláusula por linha, para facilitar a leitura");
   command.add_flag(kDetailsOption, options->details, "Em um erro, mostra também a mensagem completa do componente");
   options->parameters.AddTo(command);
