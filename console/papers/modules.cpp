@@ -3,6 +3,7 @@
 #include "console/formats/pages/number_text.h"
 #include "console/papers/papers.h"
 #include "console/reports/guide.h"
+#include "reports/modules/module_code.h"
 #include "values/utf8.h"
 
 namespace kodra::console::papers {
@@ -15,7 +16,6 @@ using pages::TableRow;
 
 // Codes are printed side by side.
 constexpr std::size_t kCodesPerRow = 7;
-constexpr std::size_t kMainModuleLength = 5;
 
 // The module's place and dates, as the report on one module has them.
 PageHead HeadOf(const std::wstring& title, const Source& source) {
@@ -63,7 +63,7 @@ std::wstring NumberText(const Value& value) { return pages::NumberForPeople(Numb
 }  // namespace
 
 void PrintDiscardAuthorisation(const Source& source, Printout& printout) {
-  if (source.subject.size() != kMainModuleLength)
+  if (!reports::NamesMainModule(source.subject))
     throw UsageError("a autorização de descarte é de um módulo principal: Modulo1 tem 5 caracteres");
   const PageHead head = HeadOf(L"Autorização de descarte do módulo " + source.subject, source);
   const ReportTable documents = source.read(L"CCaixaRpt", L"AutorizacaoDescarteModuloSubRpt");
@@ -93,7 +93,7 @@ void PrintModuleSheet(const Source& source, Printout& printout) {
     printout.Paragraph(L"O módulo não tem documentos.");
   else
     PrintCodes(codes, Counted(CountText(codes.size()), L"documento", L"documentos"), printout);
-  if (source.subject.size() != kMainModuleLength)
+  if (!reports::NamesMainModule(source.subject))
     printout.Note({L"Nota", L"a relação é a dos documentos do módulo principal."});
   printout.End();
 }

@@ -5,6 +5,7 @@
 
 #include "console/run/open_report.h"
 #include "console/run/row_source.h"
+#include "reports/modules/module_code.h"
 #include "values/upper.h"
 
 namespace kodra::console {
@@ -14,11 +15,9 @@ using labels::Label;
 
 constexpr std::size_t kCodesACall = 3;
 
-std::wstring MainModule(std::wstring_view code) { return std::wstring(code.substr(0, labels::kMainModuleLetters)); }
+bool IsSubordinate(std::wstring_view code) { return code.size() > reports::kModuleCodeSize; }
 
-bool IsSubordinate(std::wstring_view code) { return code.size() > labels::kMainModuleLetters; }
-
-// Codes differ in letter case only between databases that do not distinguish it.
+// A database that ignores letter case may return a code in another case than the one asked for.
 struct BeforeIgnoringCase {
   bool operator()(const std::wstring& one, const std::wstring& other) const {
     return values::UpperCase(one) < values::UpperCase(other);
@@ -63,7 +62,7 @@ void ArchiveLabels::ForEachRowOf(std::wstring_view className, std::wstring_view 
 std::vector<std::wstring> ArchiveLabels::CodesIn(LabelKind kind, const CodeRange& range) {
   const bool containers = kind == LabelKind::kContainers;
   const std::wstring& bound = range.first.empty() ? range.last : range.first;
-  const std::size_t letters = bound.empty() ? labels::kMainModuleLetters : bound.size();
+  const std::size_t letters = bound.empty() ? reports::kModuleCodeSize : bound.size();
   const std::wstring first = values::UpperCase(range.first), last = values::UpperCase(range.last);
   std::vector<std::wstring> codes;
   const auto take = [&](const std::wstring& code) {
@@ -117,7 +116,8 @@ std::vector<std::vector<Label>> ArchiveLabels::LabelsOf(LabelKind kind, const st
 
 std::wstring ArchiveLabels::Organisation(const std::vector<std::wstring>& modules) {
   std::vector<std::wstring> first;
-  for (std::size_t i = 0; i < std::min(kCodesACall, modules.size()); ++i) first.push_back(MainModule(modules[i]));
+  for (std::size_t i = 0; i < std::min(kCodesACall, modules.size()); ++i)
+    first.push_back(reports::MainModule(modules[i]));
   std::wstring organisation;
   ForEachRowOf(L"CCaixaRpt", L"EtiquetaFechamento", L"Modulo", first, {},
                [&](const RowReader& row) { organisation = row.Text("Nome_Empresa"); });
@@ -126,7 +126,7 @@ std::wstring ArchiveLabels::Organisation(const std::vector<std::wstring>& module
 
 std::wstring ArchiveLabels::PlaceOf(std::wstring_view module) {
   std::wstring place;
-  ForEachRow(L"CCaixaRpt", L"DocsNoModulo", {{L"Modulo1", MainModule(module)}},
+  ForEachRow(L"CCaixaRpt", L"DocsNoModulo", {{L"Modulo1", reports::MainModule(module)}},
              [&](const RowReader& row) { place = labels::PlaceText(row); });
   return place;
 }
@@ -163,7 +163,7 @@ std::vector<Label> ArchiveLabels::SubordinatesOf(const std::wstring& module) {
 std::vector<Label> ArchiveLabels::DividersOf(const std::wstring& module) {
   std::vector<Label> found;
   ForEachRow(L"CCaixaRpt", L"EtiquetaDivisoria", {{L"Modulo1", module}},
-             [&](const RowReader& row) { found.push_back(labels::DividerLabel(row, MainModule(module))); });
+             [&](const RowReader& row) { found.push_back(labels::DividerLabel(row, reports::MainModule(module))); });
   return found;
 }
 

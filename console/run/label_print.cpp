@@ -8,6 +8,7 @@
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/formats/labels/label_arguments.h"
+#include "reports/modules/module_code.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
 
@@ -125,7 +126,7 @@ std::vector<std::string> LabelPrint::TakeLabelsOf(const std::vector<std::wstring
     for (Label& label : found[i]) {
       if (isUnnamed) label.organisation = organisation;
       if (!order_.withPlace) continue;
-      const std::wstring module = codes[i].substr(0, labels::kMainModuleLetters);
+      const std::wstring module = reports::MainModule(codes[i]);
       const auto [place, isNew] = places.try_emplace(module);
       if (isNew) place->second = archive.PlaceOf(module);
       label.place = place->second;

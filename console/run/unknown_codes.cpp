@@ -6,6 +6,7 @@
 
 #include "console/reports/guide.h"
 #include "data/abre_firehose_rs.h"
+#include "reports/modules/module_code.h"
 #include "values/erro.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
@@ -33,9 +34,21 @@ constexpr auto kCodes = std::to_array<CodeParameter>({
     {L"CodDepto", L"DEPTO", L"COD_DEPTO", "nenhum departamento"},
     {L"CodOperador", L"OPERADOR", L"COD_OPERADOR", "nenhum operador"},
     {L"CodGrupo", L"GRUPO", L"COD_GRUPO", "nenhum subgrupo"},
-    {L"CodModelo", L"MODELO", L"COD_MODELO", "nenhum modelo", true},
-    {L"CodDocto", L"DOCUMENTO", L"COD_DOCTO", "nenhum documento", true},
-    {L"CodSolicit", L"SOLICITACAO", L"COD_SOLICIT", "nenhuma solicitação", false, true},
+    {.name = L"CodModelo",
+     .table = L"MODELO",
+     .column = L"COD_MODELO",
+     .nobody = "nenhum modelo",
+     .isProvedByRows = true},
+    {.name = L"CodDocto",
+     .table = L"DOCUMENTO",
+     .column = L"COD_DOCTO",
+     .nobody = "nenhum documento",
+     .isProvedByRows = true},
+    {.name = L"CodSolicit",
+     .table = L"SOLICITACAO",
+     .column = L"COD_SOLICIT",
+     .nobody = "nenhuma solicitação",
+     .isNumber = true},
     {L"Modulo1", L"CAIXA", L"NUM_CAIXA", "nenhum módulo principal"},
     {L"Modulo2", L"CAIXA", L"NUM_CAIXA", "nenhum módulo principal"},
     {L"Modulo3", L"CAIXA", L"NUM_CAIXA", "nenhum módulo principal"},
@@ -64,20 +77,19 @@ std::vector<std::wstring> NumbersIn(const std::wstring& list) {
 
 // The code as its table has it: a subordinate module begins with the code of its main module.
 std::vector<std::wstring> Keys(const CodeParameter& code, const std::wstring& value) {
-  constexpr std::size_t kMainModuleLetters = 5;
   if (code.isNumber) return NumbersIn(value);
   // A quote or a backslash would end the text of the statement or change it.
   if (value.empty() || value.find_first_of(L"'\\") != value.npos) return {};
-  return {code.table == L"CAIXA" ? value.substr(0, kMainModuleLetters) : value};
+  return {code.table == L"CAIXA" ? reports::MainModule(value) : value};
 }
 
 bool IsKnown(const CodeParameter& code, const std::wstring& key, const std::wstring& connection,
-             std::unique_ptr<platform::Connection>& open, platform::Surroundings& surroundings) {
+             std::unique_ptr<platform::Connection>& shared, platform::Surroundings& surroundings) {
   const std::wstring statement = L"SELECT " + std::wstring(code.column) + L" FROM " + std::wstring(code.table) +
                                  L" WHERE " + std::wstring(code.column) + L" = " +
                                  (code.isNumber ? key : L"'" + key + L"'");
   const auto rows =
-      data::AbreFirehoseRs(std::wstring_view(statement), connection, platform::ad::kCmdText, open, surroundings);
+      data::AbreFirehoseRs(std::wstring_view(statement), connection, platform::ad::kCmdText, shared, surroundings);
   return !rows->Eof();
 }
 
@@ -87,7 +99,7 @@ std::vector<UnknownCode> UnknownCodes(frame::ParameterObject& parameters, std::u
                                       const reports::ReportMethod& method, const std::wstring& connection,
                                       platform::Surroundings& surroundings) {
   std::vector<UnknownCode> unknown;
-  std::unique_ptr<platform::Connection> open;
+  std::unique_ptr<platform::Connection> shared;  // by all statements
   for (const guide::Parameter& parameter : guide::About(method).parameters) {
     const std::wstring name = values::FromUtf8(parameter.name);
     const auto code = std::ranges::find(kCodes, name, &CodeParameter::name);
@@ -96,7 +108,7 @@ std::vector<UnknownCode> UnknownCodes(frame::ParameterObject& parameters, std::u
     try {
       if (IsNoFilter(*code, value, method)) continue;
       for (const std::wstring& key : Keys(*code, value)) {
-        if (IsKnown(*code, key, connection, open, surroundings)) continue;
+        if (IsKnown(*code, key, connection, shared, surroundings)) continue;
         unknown.push_back({parameter.name, fmt::format("{} tem o código \"{}\"", code->nobody, ToUtf8(key))});
       }
     } catch (const Erro&) {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "console/reports/guide.h"
+#include "reports/modules/module_code.h"
 
 namespace kodra::console::labels {
 namespace {
@@ -100,7 +101,7 @@ LabelMaker LabelMakerOf(const Heading& heading, const std::function<ContainerMod
     case guide::PageKind::kClosingLabels:
       return ClosingLabel;
     case guide::PageKind::kDividerLabels:
-      return [module = ParameterNamed(heading, L"Modulo1").substr(0, kMainModuleLetters)](const RowReader& row) {
+      return [module = reports::MainModule(ParameterNamed(heading, L"Modulo1"))](const RowReader& row) {
         return DividerLabel(row, module);
       };
     case guide::PageKind::kContainerLabels:

@@ -28,9 +28,6 @@ Label ClosingLabel(const RowReader& row);
 Label DividerLabel(const RowReader& row, const std::wstring& module);
 Label ContainerLabel(const RowReader& row, const ContainerModules& modules);
 
-// How many letters of a module's code name the main module.
-inline constexpr std::size_t kMainModuleLetters = 5;
-
 // "fileira 1, estante 2, prateleira 3, depósito Central", from the one-module report; what is empty is left out.
 std::wstring PlaceText(const RowReader& row);
 
