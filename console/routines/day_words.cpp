@@ -28,7 +28,7 @@ constexpr auto kUnits = std::to_array<Unit>({
 constexpr int kDaysInWeek = 7;
 constexpr int kMonthsInYear = 12;
 
-// The first day of a month, counted from the month before January of the year zero.
+// The first day of a month; month 0 is January of the year zero.
 std::int32_t FirstOfMonth(int month) {
   return values::DayNumber({month / kMonthsInYear, month % kMonthsInYear + 1, 1});
 }

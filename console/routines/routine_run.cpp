@@ -74,6 +74,7 @@ ExitCode RoutineRun::Write(const RoutineOutput& output, Outcome& outcome) {
   try {
     MakeFolderOf(output.file);
     ReportRun run(program_, output.options);
+    // Another thread calls this, while Execute waits: nothing else writes the outcomes then.
     code = run.Execute(connections_.at(output.profile), [&](ExitCode ending) {
       outcome.words = StoppedWords(ending);
       outcome.seconds = SecondsText(SteadySeconds() - start);

@@ -26,7 +26,6 @@ class ReportTask {
 
   const reports::ReportMethod& Method() const { return method_; }
   frame::ParameterObject& Parameters() { return parameters_; }
-  const Heading& Title() const { return heading_; }
 
   // Runs the report and passes its rows to the writer while `goesOn` is true. Returns whether all rows were written.
   // Raises what the report and the writer raise, and ConnectionError.
