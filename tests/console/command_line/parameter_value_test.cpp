@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "console/command_line/usage_error.h"
+#include "tests/console/failing.h"
 #include "values/dates.h"
 
 namespace kodra::console {
@@ -18,12 +18,7 @@ Value DateTime(int year, int month, int day, int hour = 0, int minute = 0, int s
 }
 
 std::string UsageMessage(PropertyRule rule, std::string_view text) {
-  try {
-    Parsed(rule, text);
-    return "none";
-  } catch (const UsageError& error) {
-    return error.what();
-  }
+  return RefusalOf([&] { Parsed(rule, text); });
 }
 
 TEST(ParameterValueTest, ReadsBrazilianAndIsoDates) {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "console/command_line/usage_error.h"
+#include "tests/console/failing.h"
 
 namespace kodra::console {
 namespace {
@@ -11,11 +11,7 @@ namespace {
 std::string Found(std::string_view name) { return NameOf(FindReport(name)); }
 
 std::string UsageMessage(std::string_view name) {
-  try {
-    return "found " + Found(name);
-  } catch (const UsageError& error) {
-    return error.what();
-  }
+  return RefusalOf([&] { FindReport(name); });
 }
 
 TEST(FindReportTest, FindsEveryReportByItsFullName) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "console/command_line/usage_error.h"
+#include "tests/console/failing.h"
 
 namespace kodra::console::inventory {
 namespace {
@@ -11,13 +11,8 @@ using Codes = std::vector<std::wstring>;
 
 Codes Of(std::string_view bytes) { return ScannedCodes(bytes, "\"lidos.txt\""); }
 
-std::string RefusalOf(std::string_view bytes) {
-  try {
-    Of(bytes);
-  } catch (const UsageError& error) {
-    return error.what();
-  }
-  return "(none)";
+std::string RefusalFor(std::string_view bytes) {
+  return RefusalOf([&] { Of(bytes); });
 }
 
 TEST(ScannedCodes, EndWithAnyLineEndOrNone) {
@@ -34,27 +29,27 @@ TEST(ScannedCodes, AreListedOnceInTheOrderOfTheReading) { EXPECT_EQ(Of("B\nA\nb\
 TEST(ScannedCodes, MayHaveAnyLetters) { EXPECT_EQ(Of("AÇÃO-1\n"), Codes{L"AÇÃO-1"}); }
 
 TEST(ScannedCodes, MustBeThere) {
-  EXPECT_EQ(RefusalOf(""), "\"lidos.txt\" não tem nenhum código");
-  EXPECT_EQ(RefusalOf("\xEF\xBB\xBF \r\n\t\n"), "\"lidos.txt\" não tem nenhum código");
+  EXPECT_EQ(RefusalFor(""), "\"lidos.txt\" não tem nenhum código");
+  EXPECT_EQ(RefusalFor("\xEF\xBB\xBF \r\n\t\n"), "\"lidos.txt\" não tem nenhum código");
 }
 
 TEST(ScannedCodes, AreTextAndNotOtherBytes) {
   const std::string reason = " não é texto; grave a lista como texto, em UTF-8, com um código por linha";
   const std::string start = "\"lidos.txt\" não é uma lista de códigos: a linha ";
-  EXPECT_EQ(RefusalOf({"1\r\n2\0\r\n", 7}), start + "2" + reason);
+  EXPECT_EQ(RefusalFor({"1\r\n2\0\r\n", 7}), start + "2" + reason);
   // A list in UTF-16.
-  EXPECT_EQ(RefusalOf({"\xFF\xFE"
-                       "1\0\r\0",
-                       6}),
+  EXPECT_EQ(RefusalFor({"\xFF\xFE"
+                        "1\0\r\0",
+                        6}),
             start + "1" + reason);
-  EXPECT_EQ(RefusalOf("1\n\n\x1B[2J\n"), start + "3" + reason);
+  EXPECT_EQ(RefusalFor("1\n\n\x1B[2J\n"), start + "3" + reason);
 }
 
 TEST(ScannedCodes, HaveAtMostAHundredCharacters) {
   std::string longest;
   for (int i = 0; i < 100; ++i) longest += "ã";
   EXPECT_EQ(Of("  " + longest + "\n"), Codes{std::wstring(100, L'ã')});
-  EXPECT_EQ(RefusalOf("1\n" + longest + "ã\n"),
+  EXPECT_EQ(RefusalFor("1\n" + longest + "ã\n"),
             "\"lidos.txt\" não é uma lista de códigos: a linha 2 tem mais de 100 caracteres");
 }
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "console/command_line/usage_error.h"
+#include "tests/console/failing.h"
 
 namespace kodra::console {
 namespace {
@@ -23,14 +23,11 @@ class Given {
 
   // The message of the refusal; empty if nothing is refused.
   std::string Refusal() const {
-    try {
+    return RefusalOf([&] {
       options_.ChosenFormat();
       options_.ForFormats();
       options_.MostRows();
-    } catch (const UsageError& error) {
-      return error.what();
-    }
-    return "";
+    });
   }
 
  private:
