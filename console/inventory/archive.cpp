@@ -5,9 +5,6 @@
 
 #include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
-#include "console/run/open_report.h"
-#include "console/run/row_source.h"
-#include "frame/parameter_object.h"
 #include "reports/documents/slip_text.h"
 #include "reports/modules/module_code.h"
 #include "values/utf8.h"
@@ -51,7 +48,7 @@ std::vector<Item> Archive::DocumentsOf(std::span<const std::wstring> modules) {
   }
   std::vector<Item> items;
   for (const std::wstring& module : modules) {
-    ForEachRow(L"CCaixaRpt", L"DocsNoModuloSubRpt", {{L"Modulo1", module}}, [&](const RowReader& row) {
+    reader_.ForEachRow(L"CCaixaRpt", L"DocsNoModuloSubRpt", {{L"Modulo1", module}}, [&](const RowReader& row) {
       items.push_back({row.Text("COD_DOCTO"), module, LocationOf(module)});
     });
   }
@@ -70,7 +67,7 @@ std::vector<Item> Archive::ModulesOf(std::span<const std::wstring> containers) {
 std::vector<Item> Archive::FindDocuments(const std::set<std::wstring>& codes) {
   std::vector<Item> items;
   if (codes.empty()) return items;
-  ForEachRow(L"CDocumentoRpt", L"RelatorioSintetico", {}, [&](const RowReader& row) {
+  reader_.ForEachRow(L"CDocumentoRpt", L"RelatorioSintetico", {}, [&](const RowReader& row) {
     const std::wstring code = row.Text("COD_DOCTO");
     if (!codes.contains(code)) return;
     const std::wstring module = row.Text("NUM_CAIXA");
@@ -103,37 +100,28 @@ std::wstring Archive::MainModuleOf(const std::wstring& code) {
 
 Loans Archive::ReadLoans() {
   Loans loans;
-  ForEachRow(L"CSolicitacaoRpt", L"RelatorioDevolucaoOriginal", {}, [&](const RowReader& row) {
+  reader_.ForEachRow(L"CSolicitacaoRpt", L"RelatorioDevolucaoOriginal", {}, [&](const RowReader& row) {
     loans.try_emplace(row.Text("COD_DOCTO"),
                       Loan{row.Text("DESCR_OPERADOR"), row.Text("DT_RETIRADA"), ReturnWords(row)});
   });
   return loans;
 }
 
-void Archive::ForEachRow(std::wstring_view className, std::wstring_view method, const Parameters& parameters,
-                         const std::function<void(const RowReader&)>& visit) {
-  const reports::ReportMethod& report = *reports::FindReportMethod(className, method);
-  frame::ParameterObject object(frame::ParameterClassNamed(report.parameterClass));
-  for (const auto& [name, value] : parameters) object.Let(name, value);
-  RowSource source(OpenReport(report, connection_, object, surroundings_), report);
-  std::vector<Value> values;
-  while (goesOn_() && source.Next(values)) visit(RowReader(source.Columns(), values));
-}
-
 void Archive::ForEachModule(const std::wstring& first, const std::wstring& second, const std::wstring& third,
                             const std::function<void(const Item&)>& visit) {
   // An empty code would add the modules whose container is the empty text, so each of the three is always given.
-  ForEachRow(L"CContainerRpt", L"EtiquetaAberturaSubRpt",
-             {{L"Container1", first}, {L"Container2", second}, {L"Container3", third}}, [&](const RowReader& row) {
-               const std::wstring module = row.Text("NUM_CAIXA");
-               visit({module, row.Text("CONTAINER"), LocationOf(module)});
-             });
+  reader_.ForEachRow(L"CContainerRpt", L"EtiquetaAberturaSubRpt",
+                     {{L"Container1", first}, {L"Container2", second}, {L"Container3", third}},
+                     [&](const RowReader& row) {
+                       const std::wstring module = row.Text("NUM_CAIXA");
+                       visit({module, row.Text("CONTAINER"), LocationOf(module)});
+                     });
 }
 
 const std::map<std::wstring, std::wstring>& Archive::Locations() {
   if (locations_) return *locations_;
   locations_.emplace();
-  ForEachRow(L"CCaixaRpt", L"RelatoriosModulos", {}, [&](const RowReader& row) {
+  reader_.ForEachRow(L"CCaixaRpt", L"RelatoriosModulos", {}, [&](const RowReader& row) {
     locations_->emplace(row.Text("NUM_CAIXA"),
                         reports::PlaceText(row.Text("FILEIRA"), row.Text("ESTANTE"), row.Text("PRATELEIRA")));
   });
@@ -147,8 +135,8 @@ std::wstring Archive::LocationOf(const std::wstring& module) {
 
 std::vector<std::wstring> Archive::ContainerCodes() {
   std::vector<std::wstring> codes;
-  ForEachRow(L"CContainerRpt", L"RelatorioContainers", {},
-             [&](const RowReader& row) { codes.push_back(row.Text("NUM_CONTAINER")); });
+  reader_.ForEachRow(L"CContainerRpt", L"RelatorioContainers", {},
+                     [&](const RowReader& row) { codes.push_back(row.Text("NUM_CONTAINER")); });
   return codes;
 }
 

@@ -11,9 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "console/formats/row_reader.h"
 #include "console/inventory/comparison.h"
-#include "platform/surroundings.h"
+#include "console/run/report_reader.h"
 
 namespace kodra::console::inventory {
 
@@ -23,7 +22,7 @@ class Archive {
  public:
   // REQUIRES: the surroundings outlive the object.
   Archive(platform::Surroundings& surroundings, std::wstring connection, std::function<bool()> goesOn)
-      : surroundings_(surroundings), connection_(std::move(connection)), goesOn_(std::move(goesOn)) {}
+      : reader_(surroundings, std::move(connection), std::move(goesOn)) {}
 
   // The documents of these modules, module by module, in the order of their codes. Raises UsageError for a module that
   // is not listed, and for a subordinate one, because the archive does not record which documents are in it.
@@ -43,9 +42,6 @@ class Archive {
   Loans ReadLoans();
 
  private:
-  using Parameters = std::vector<std::pair<std::wstring_view, std::wstring>>;
-  void ForEachRow(std::wstring_view className, std::wstring_view method, const Parameters& parameters,
-                  const std::function<void(const RowReader&)>& visit);
   // The modules of three containers at most, which may be the same, as the report asks for them.
   void ForEachModule(const std::wstring& first, const std::wstring& second, const std::wstring& third,
                      const std::function<void(const Item&)>& visit);
@@ -54,9 +50,7 @@ class Archive {
   std::wstring LocationOf(const std::wstring& module);
   std::vector<std::wstring> ContainerCodes();
 
-  platform::Surroundings& surroundings_;
-  std::wstring connection_;
-  std::function<bool()> goesOn_;
+  ReportReader reader_;
   std::optional<std::map<std::wstring, std::wstring>> locations_;
 };
 

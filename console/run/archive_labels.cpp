@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <map>
 
-#include "console/run/open_report.h"
-#include "console/run/row_source.h"
 #include "reports/modules/module_code.h"
+#include "values/erro.h"
 #include "values/upper.h"
 
 namespace kodra::console {
@@ -35,27 +34,16 @@ std::vector<std::wstring> Distinct(std::vector<std::wstring> codes) {
 
 }  // namespace
 
-template <class Take>
-void ArchiveLabels::ForEachRow(std::wstring_view className, std::wstring_view method,
-                               const std::vector<std::pair<std::wstring, std::wstring>>& parameters, Take take) {
-  const reports::ReportMethod& report = *reports::FindReportMethod(className, method);
-  frame::ParameterObject object(frame::ParameterClassNamed(report.parameterClass));
-  for (const auto& [name, value] : parameters) object.Let(name, value);
-  RowSource source(OpenReport(report, connection_, object, surroundings_), report);
-  std::vector<Value> values;
-  while (goesOn_() && source.Next(values)) take(RowReader(source.Columns(), values));
-}
-
-template <class Take>
 void ArchiveLabels::ForEachRowOf(std::wstring_view className, std::wstring_view method, const std::wstring& parameter,
-                                 const std::vector<std::wstring>& codes, const std::wstring& type, Take take) {
-  for (std::size_t first = 0; first < codes.size() && goesOn_(); first += kCodesACall) {
-    std::vector<std::pair<std::wstring, std::wstring>> parameters;
+                                 const std::vector<std::wstring>& codes, const std::wstring& type,
+                                 const std::function<void(const RowReader&)>& visit) {
+  for (std::size_t first = 0; first < codes.size() && reader_.GoesOn(); first += kCodesACall) {
+    ReportReader::Parameters parameters;
     if (!type.empty()) parameters.emplace_back(L"Tipo", type);
     const std::size_t count = std::min(kCodesACall, codes.size() - first);
     for (std::size_t i = 0; i < count; ++i)
       parameters.emplace_back(parameter + std::to_wstring(i + 1), codes[first + i]);
-    ForEachRow(className, method, parameters, take);
+    reader_.ForEachRow(className, method, parameters, visit);
   }
 }
 
@@ -71,11 +59,11 @@ std::vector<std::wstring> ArchiveLabels::CodesIn(LabelKind kind, const CodeRange
     if (isInside && !code.empty() && (containers || code.size() == letters)) codes.push_back(code);
   };
   if (containers)
-    ForEachRow(L"CContainerRpt", L"RelatorioContainers", {},
-               [&](const RowReader& row) { take(row.Text("NUM_CONTAINER")); });
+    reader_.ForEachRow(L"CContainerRpt", L"RelatorioContainers", {},
+                       [&](const RowReader& row) { take(row.Text("NUM_CONTAINER")); });
   else
-    ForEachRow(L"CCaixaRpt", L"RelatoriosModulos", {{L"CodDepto", range.department}},
-               [&](const RowReader& row) { take(row.Text("NUM_CAIXA")); });
+    reader_.ForEachRow(L"CCaixaRpt", L"RelatoriosModulos", {{L"CodDepto", range.department}},
+                       [&](const RowReader& row) { take(row.Text("NUM_CAIXA")); });
   return Distinct(std::move(codes));
 }
 
@@ -83,7 +71,7 @@ std::vector<std::vector<Label>> ArchiveLabels::LabelsOf(LabelKind kind, const st
   std::vector<std::vector<Label>> found;
   if (kind == LabelKind::kSubordinates || kind == LabelKind::kDividers) {
     for (const std::wstring& code : codes) {
-      if (!goesOn_()) break;
+      if (!reader_.GoesOn()) break;
       found.push_back(kind == LabelKind::kDividers ? DividersOf(code) : SubordinatesOf(code));
     }
     return found;
@@ -126,8 +114,8 @@ std::wstring ArchiveLabels::Organisation(const std::vector<std::wstring>& module
 
 std::wstring ArchiveLabels::PlaceOf(std::wstring_view module) {
   std::wstring place;
-  ForEachRow(L"CCaixaRpt", L"DocsNoModulo", {{L"Modulo1", reports::MainModule(module)}},
-             [&](const RowReader& row) { place = labels::PlaceText(row); });
+  reader_.ForEachRow(L"CCaixaRpt", L"DocsNoModulo", {{L"Modulo1", reports::MainModule(module)}},
+                     [&](const RowReader& row) { place = labels::PlaceText(row); });
   return place;
 }
 
@@ -140,15 +128,16 @@ labels::ContainerModules ArchiveLabels::ModulesOf(const std::vector<std::wstring
 
 bool ArchiveLabels::Exists(const std::wstring& module) {
   bool exists = false;
-  ForEachRow(L"CCaixaRpt", L"EtiquetaAbertura", {{L"Modulo1", module}}, [&](const RowReader&) { exists = true; });
+  reader_.ForEachRow(L"CCaixaRpt", L"EtiquetaAbertura", {{L"Modulo1", module}},
+                     [&](const RowReader&) { exists = true; });
   return exists;
 }
 
 std::vector<Label> ArchiveLabels::SubordinatesOf(const std::wstring& module) {
   std::vector<Label> found;
   try {
-    ForEachRow(L"CCaixaRpt", L"EtiquetaFechamentoSubordinada", {{L"Modulo1", module}},
-               [&](const RowReader& row) { found.push_back(labels::ClosingLabel(row)); });
+    reader_.ForEachRow(L"CCaixaRpt", L"EtiquetaFechamentoSubordinada", {{L"Modulo1", module}},
+                       [&](const RowReader& row) { found.push_back(labels::ClosingLabel(row)); });
   } catch (const Erro& error) {
     // The report fails for a module without closed subordinates, and in another way for an unknown module. Here both
     // are modules without labels.
@@ -162,8 +151,9 @@ std::vector<Label> ArchiveLabels::SubordinatesOf(const std::wstring& module) {
 
 std::vector<Label> ArchiveLabels::DividersOf(const std::wstring& module) {
   std::vector<Label> found;
-  ForEachRow(L"CCaixaRpt", L"EtiquetaDivisoria", {{L"Modulo1", module}},
-             [&](const RowReader& row) { found.push_back(labels::DividerLabel(row, reports::MainModule(module))); });
+  reader_.ForEachRow(L"CCaixaRpt", L"EtiquetaDivisoria", {{L"Modulo1", module}}, [&](const RowReader& row) {
+    found.push_back(labels::DividerLabel(row, reports::MainModule(module)));
+  });
   return found;
 }
 

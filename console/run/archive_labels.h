@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "console/formats/labels/label_content.h"
-#include "platform/surroundings.h"
+#include "console/run/report_reader.h"
 
 namespace kodra::console {
 
@@ -25,7 +25,7 @@ class ArchiveLabels {
   // Reading ends early when `goesOn` returns false; what is found is then incomplete. REQUIRES: the surroundings
   // outlive the object. Its functions raise what the reports raise, and ConnectionError.
   ArchiveLabels(platform::Surroundings& surroundings, std::wstring connection, std::function<bool()> goesOn)
-      : surroundings_(surroundings), connection_(std::move(connection)), goesOn_(std::move(goesOn)) {}
+      : reader_(surroundings, std::move(connection), std::move(goesOn)) {}
 
   // The codes in the range, sorted: of containers, or of modules that are as long as the bounds, five letters without
   // any. REQUIRES: both bounds are equally long if they are modules and not empty.
@@ -42,13 +42,10 @@ class ArchiveLabels {
   std::wstring PlaceOf(std::wstring_view module);
 
  private:
-  template <class Take>
-  void ForEachRow(std::wstring_view className, std::wstring_view method,
-                  const std::vector<std::pair<std::wstring, std::wstring>>& parameters, Take take);
   // Calls a report with up to three of the codes at a time.
-  template <class Take>
   void ForEachRowOf(std::wstring_view className, std::wstring_view method, const std::wstring& parameter,
-                    const std::vector<std::wstring>& codes, const std::wstring& type, Take take);
+                    const std::vector<std::wstring>& codes, const std::wstring& type,
+                    const std::function<void(const RowReader&)>& visit);
 
   labels::ContainerModules ModulesOf(const std::vector<std::wstring>& containers);
   // Whether there is such a main module.
@@ -56,9 +53,7 @@ class ArchiveLabels {
   std::vector<labels::Label> SubordinatesOf(const std::wstring& module);
   std::vector<labels::Label> DividersOf(const std::wstring& module);
 
-  platform::Surroundings& surroundings_;
-  std::wstring connection_;
-  std::function<bool()> goesOn_;
+  ReportReader reader_;
 };
 
 }  // namespace kodra::console
