@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <sstream>
 
+#include "console/command_line/text_lines.h"
 #include "console/command_line/usage_error.h"
 #include "values/utf8.h"
 
@@ -28,8 +29,7 @@ bool IsUnderstood(const std::string& line) {
 void CheckLines(const std::string& text, const std::string& name) {
   const bool isUtf8 = values::ToUtf8(values::FromUtf8(text)) == text && text.find('\0') == text.npos;
   if (!isUtf8) throw UsageError(fmt::format("\"{}\" não é um texto em UTF-8: grave-o de novo nessa codificação", name));
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  std::istringstream lines(text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text);
+  std::istringstream lines{std::string(WithoutByteOrderMark(text))};
   int number = 0;
   for (std::string line; std::getline(lines, line);) {
     ++number;

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "console/command_line/suggest.h"
+#include "console/command_line/text_lines.h"
 #include "console/command_line/usage_error.h"
 #include "console/formats/labels/label_arguments.h"
 #include "reports/modules/module_code.h"
@@ -137,16 +138,9 @@ std::vector<std::string> LabelPrint::TakeLabelsOf(const std::vector<std::wstring
 }
 
 std::vector<std::wstring> CodesInList(std::string_view list) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  constexpr const char* kBlanks = " \t\r";
-  if (list.starts_with(kByteOrderMark)) list.remove_prefix(kByteOrderMark.size());
   std::vector<std::wstring> codes;
-  while (!list.empty()) {
-    const std::string_view line = list.substr(0, list.find('\n'));
-    list.remove_prefix(std::min(line.size() + 1, list.size()));
-    const std::size_t begin = line.find_first_not_of(kBlanks);
-    if (begin != line.npos) codes.push_back(FromUtf8(line.substr(begin, line.find_last_not_of(kBlanks) - begin + 1)));
-  }
+  for (const std::string_view line : TrimmedLines(list))
+    if (!line.empty()) codes.push_back(FromUtf8(line));
   return codes;
 }
 

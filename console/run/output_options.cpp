@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "console/command_line/suggest.h"
+#include "console/command_line/text_lines.h"
 #include "console/command_line/usage_error.h"
 #include "values/utf8.h"
 
@@ -131,7 +132,7 @@ std::vector<std::string> OutputOptions::ColumnNames() const {
   if (!IsGiven("--colunas")) return names;
   for (std::size_t start = 0; start <= columns_.size();) {
     const std::size_t end = std::min(columns_.find(',', start), columns_.size());
-    names.push_back(CLI::detail::trim_copy(columns_.substr(start, end - start)));
+    names.emplace_back(Trimmed(std::string_view(columns_).substr(start, end - start)));
     start = end + 1;
   }
   return names;

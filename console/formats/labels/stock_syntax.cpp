@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "console/command_line/suggest.h"
+#include "console/command_line/text_lines.h"
 #include "console/command_line/usage_error.h"
 #include "console/formats/labels/millimetres.h"
 #include "console/formats/labels/stock.h"
@@ -24,13 +25,6 @@ const std::vector<std::string> kMeasures = {"pagina", "colunas", "linhas", "etiq
 
 UsageError Wrong(const std::string& name, const std::string& reason) {
   return UsageError(fmt::format("a folha \"{}\" não serve: {}", name, reason));
-}
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr const char* kBlanks = " \t\r";
-  const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == text.npos) return {};
-  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
 // "99,1x38,1".
@@ -135,12 +129,9 @@ Stock ParseStock(const std::string& name, std::string_view text) {
 
 std::vector<Stock> ParseStocks(const std::string& fileName, std::string_view text) {
   std::vector<Stock> stocks;
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  for (int number = 1; !text.empty(); ++number) {
-    std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    line = Trimmed(line);
+  int number = 0;
+  for (const std::string_view line : TrimmedLines(text)) {
+    ++number;
     if (line.empty() || line.front() == '#' || line.front() == ';') continue;
     const auto wrong = [&](const std::string& reason) {
       return UsageError(fmt::format("\"{}\", linha {}: {}", fileName, number, reason));

@@ -60,7 +60,7 @@ TEST(Etiquetas, ReadsCodesFromAList) {
   const tests::TemporaryFolder folder;
   const std::string list = (folder.Path() / "códigos.txt").string();
   std::ofstream(list, std::ios::binary) << "\xEF\xBB\xBF"
-                                           "AA002\r\n\n  AA001  \nAA009";
+                                           "AA002\r\n\n  AA001  \rAA009";
   EXPECT_EQ(NumbersOf(RunOnRoll({"abertura", "AA005", "--lista", list, "--de", "AA200"})),
             (Texts{"AA005", "AA002", "AA001", "AA009", "AA200"}));
   const TypedInput input("AA007\nAA006\n");
