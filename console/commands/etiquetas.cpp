@@ -3,7 +3,6 @@
 
 #include "console/command_line/console.h"
 #include "console/command_line/input_file.h"
-#include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
 #include "console/formats/labels/label_arguments.h"
@@ -44,14 +43,6 @@ struct Options {
   TimeLimit timeLimit;
 };
 
-labels::PageFormat FormatNamed(const std::string& name) {
-  const std::string folded = Folded(name);
-  if (folded == "pdf") return labels::PageFormat::kPdf;
-  if (folded == "html") return labels::PageFormat::kHtml;
-  throw UsageError("o formato \"" + name + "\" não existe" + DidYouMean(folded, {"pdf", "html"}) +
-                   "; escolha entre pdf, html");
-}
-
 // The codes that were given one by one.
 std::vector<std::wstring> GivenCodes(const Options& options) {
   std::vector<std::wstring> codes;
@@ -71,13 +62,14 @@ LabelOrder OrderOf(const Options& options) {
           .withPlace = options.withPlace,
           .organisation = FromUtf8(options.organisation),
           .print = options.labels.Options(),
-          .format = FormatNamed(options.format)};
+          .format = pages::PageFormatNamed(options.format)};
 }
 
 ExitCode Etiquetas(Program& program, const Options& options) {
   const LabelPrint print(OrderOf(options));
   const Destination destination = {FromUtf8(options.target), {.limit = options.timeLimit.Get()}};
-  if (options.target.empty() && FormatNamed(options.format) == labels::PageFormat::kPdf && IsTerminal(program.Out()))
+  if (options.target.empty() && pages::PageFormatNamed(options.format) == pages::PageFormat::kPdf &&
+      IsTerminal(program.Out()))
     throw UsageError("o PDF precisa de --saida, porque a saída é um terminal");
   // Last, because it may ask for a password.
   const std::wstring connection = options.connection.Text();

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 
 #include "console/command_line/parameters.h"
-#include "console/command_line/suggest.h"
 #include "console/command_line/usage_error.h"
 #include "console/commands/commands.h"
 #include "console/formats/pages/letterhead_options.h"
@@ -43,23 +42,14 @@ struct Options {
   TimeLimit timeLimit;
 };
 
-papers::PaperFormat FormatNamed(const std::string& name) {
-  const std::string folded = Folded(name);
-  if (folded == "pdf") return papers::PaperFormat::kPdf;
-  if (folded == "html") return papers::PaperFormat::kHtml;
-  throw UsageError("um papel não sai no formato \"" + name + "\"" + DidYouMean(folded, {"pdf", "html"}) +
-                   "; escolha entre pdf, html");
-}
-
 ExitCode Papel(Program& program, const Options& options) {
   const Paper& paper = papers::PaperNamed(options.paper);
-  const papers::PaperFormat format = FormatNamed(options.format);
+  const pages::PageFormat format = pages::PageFormatNamed(options.format);
   const papers::PaperPrint print(paper, options.parameters.Given(),
                                  [&](const reports::ReportMethod& method) { return options.parameters.For(method); });
   options.parameters.RefuseUnread(*reports::FindReportMethod(paper.className, paper.method));
   const pages::Letterhead letterhead = options.letterhead.Get();
-  if (format == papers::PaperFormat::kPdf && options.target.empty())
-    throw UsageError("o formato pdf precisa de --saida");
+  if (format == pages::PageFormat::kPdf && options.target.empty()) throw UsageError("o formato pdf precisa de --saida");
   // Last, because it may ask for a password.
   const std::wstring connection = options.connection.Text();
   return RunToOutput(program, {FromUtf8(options.target), {.limit = options.timeLimit.Get()}}, [&](OutputRun& run) {

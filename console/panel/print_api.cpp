@@ -75,7 +75,7 @@ Answer PrintPaper(const Request& request, const std::wstring& connection, Runs& 
   TextOutput pdf;
   const std::string whyOver =
       runs.DoUnlessStopped(TextOf(json, "run"), request.isGone, [&](Machine& machine, const Run&) {
-        print.Write(machine.Around(), connection, letterhead, papers::PaperFormat::kPdf, pdf);
+        print.Write(machine.Around(), connection, letterhead, pages::PageFormat::kPdf, pdf);
       });
   return whyOver.empty() ? Printed(pdf.Text(), {}) : Refused(409, whyOver);
 }

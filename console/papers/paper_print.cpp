@@ -40,13 +40,13 @@ PaperPrint::PaperPrint(const Paper& paper, const std::vector<std::pair<std::wstr
 }
 
 void PaperPrint::Write(platform::Surroundings& surroundings, const std::wstring& connection,
-                       const pages::Letterhead& letterhead, PaperFormat format, Output& output) const {
+                       const pages::Letterhead& letterhead, pages::PageFormat format, Output& output) const {
   const auto read = [&](std::wstring_view className, std::wstring_view name) {
     const reports::ReportMethod& method = *reports::FindReportMethod(className, name);
     return Read(method, parametersOf_(method), surroundings, connection);
   };
   const Source source = {read, subject_, values::Today()};
-  if (format == PaperFormat::kPdf) {
+  if (format == pages::PageFormat::kPdf) {
     pages::PdfCanvas canvas(output, values::FromUtf8(paper_.purpose));
     pages::PagedPrintout printout(canvas, letterhead);
     paper_.print(source, printout);

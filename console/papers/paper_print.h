@@ -1,7 +1,7 @@
 // Prints a paper from an archive.
 //
 //   const PaperPrint print(PaperNamed("modulo"), {{L"Modulo1", L"AA001"}}, parametersOf);
-//   print.Write(surroundings, connection, letterhead, PaperFormat::kPdf, output);
+//   print.Write(surroundings, connection, letterhead, pages::PageFormat::kPdf, output);
 #pragma once
 
 #include <functional>
@@ -10,14 +10,13 @@
 #include <vector>
 
 #include "console/formats/output.h"
+#include "console/formats/pages/page_format.h"
 #include "console/papers/papers.h"
 #include "console/reports/report_methods.h"
 #include "frame/parameter_object.h"
 #include "platform/surroundings.h"
 
 namespace kodra::console::papers {
-
-enum class PaperFormat { kPdf, kHtml };
 
 class PaperPrint {
  public:
@@ -31,7 +30,7 @@ class PaperPrint {
 
   // Raises what the reports raise, ConnectionError, and UsageError when there is nothing to print.
   void Write(platform::Surroundings& surroundings, const std::wstring& connection, const pages::Letterhead& letterhead,
-             PaperFormat format, Output& output) const;
+             pages::PageFormat format, Output& output) const;
 
  private:
   const Paper& paper_;

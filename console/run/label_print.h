@@ -31,7 +31,7 @@ struct LabelOrder {
   bool withPlace = false;
   std::wstring organisation = {};  // empty for the one in the database
   labels::PrintOptions print = {};
-  labels::PageFormat format = labels::PageFormat::kPdf;
+  pages::PageFormat format = pages::PageFormat::kPdf;
 };
 
 struct LabelOutcome {

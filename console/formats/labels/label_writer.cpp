@@ -5,8 +5,8 @@
 
 namespace kodra::console::labels {
 
-std::unique_ptr<pages::Canvas> NewCanvas(PageFormat format, Output& output, std::wstring_view title) {
-  if (format == PageFormat::kPdf) return std::make_unique<pages::PdfCanvas>(output, title);
+std::unique_ptr<pages::Canvas> NewCanvas(pages::PageFormat format, Output& output, std::wstring_view title) {
+  if (format == pages::PageFormat::kPdf) return std::make_unique<pages::PdfCanvas>(output, title);
   return std::make_unique<pages::HtmlCanvas>(output, title);
 }
 

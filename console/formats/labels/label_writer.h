@@ -5,6 +5,7 @@
 
 #include "console/formats/labels/label_printer.h"
 #include "console/formats/output.h"
+#include "console/formats/pages/page_format.h"
 #include "console/formats/row_writer.h"
 
 namespace kodra::console::labels {
@@ -17,16 +18,14 @@ struct LabelOptions {
   std::function<ContainerModules()> containerModules = {};
 };
 
-enum class PageFormat { kHtml, kPdf };
-
 // A canvas of that format. REQUIRES: `output` outlives the canvas.
-std::unique_ptr<pages::Canvas> NewCanvas(PageFormat format, Output& output, std::wstring_view title);
+std::unique_ptr<pages::Canvas> NewCanvas(pages::PageFormat format, Output& output, std::wstring_view title);
 
 class LabelWriter final : public RowWriter {
  public:
   // REQUIRES: `output` outlives the writer; the options are as LabelPrinter requires them; the report of Begin has
   // labels.
-  LabelWriter(Output& output, PageFormat format, LabelOptions options)
+  LabelWriter(Output& output, pages::PageFormat format, LabelOptions options)
       : output_(output), format_(format), options_(std::move(options)) {}
 
   void Begin(const Heading& heading, std::span<const Column> columns) override;
@@ -35,7 +34,7 @@ class LabelWriter final : public RowWriter {
 
  private:
   Output& output_;
-  PageFormat format_;
+  pages::PageFormat format_;
   LabelOptions options_;
   std::vector<Column> columns_;
   LabelMaker maker_;

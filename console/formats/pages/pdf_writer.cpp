@@ -13,7 +13,7 @@ void PdfWriter::Begin(const Heading& heading, std::span<const Column> columns) {
   canvas_ = std::make_unique<PdfCanvas>(output_, values::FromUtf8(report.page.title));
   printout_ = std::make_unique<PagedPrintout>(*canvas_, letterhead_);
   layout_ = NewReportLayout(report, *printout_);
-  if (!layout_) layout_ = std::make_unique<labels::LabelWriter>(output_, labels::PageFormat::kPdf, labels_);
+  if (!layout_) layout_ = std::make_unique<labels::LabelWriter>(output_, PageFormat::kPdf, labels_);
   layout_->Begin(heading, columns);
 }
 

@@ -85,7 +85,7 @@ TEST(PapelUsage, NamesWhatIsMissingOrUnknown) {
   EXPECT_EQ(papel({"retirada", "--saida", "x.pdf"}), UsageFailure("o papel retirada precisa do parâmetro CodSolicit"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001"}), UsageFailure("o formato pdf precisa de --saida"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--formato", "pfd", "--saida", "x"}),
-            UsageFailure("um papel não sai no formato \"pfd\" (quis dizer \"pdf\"?); escolha entre pdf, html"));
+            UsageFailure("o formato \"pfd\" não existe (quis dizer \"pdf\"?); escolha entre pdf, html"));
   EXPECT_EQ(papel({"modulo", "--Modulo1", "AA001", "--CodSolicit", "1", "--saida", "x"}),
             UsageFailure("CCaixaRpt.DocsNoModulo não tem o parâmetro \"CodSolicit\"; os parâmetros são Owner, Modulo1, "
                          "Modulo2, Modulo3, Ordenacao, SomenteExistentes, Tipo, CodDepto, CodSerie, ModoPregresso"));
