@@ -24,6 +24,7 @@ constexpr std::string_view kAll = "todos";
 
 std::vector<std::string> Names() {
   std::vector<std::string> names;
+  names.reserve(kDatabases.size());
   for (const Database& database : kDatabases) names.emplace_back(database.name);
   return names;
 }
