@@ -66,6 +66,7 @@ const Action& CheckedAction(const Options& options, const CLI::App& command) {
   const auto action = std::ranges::find(kActions, folded, &Action::name);
   if (action == kActions.end()) {
     std::vector<std::string> known;
+    known.reserve(std::size(kActions));
     for (const Action& each : kActions) known.emplace_back(each.name);
     throw UsageError(fmt::format("a ação \"{}\" não existe{}; escolha entre {}", options.action,
                                  DidYouMean(folded, known), fmt::join(known, ", ")));
