@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "console/command_line/console.h"
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/program.h"
 #include "console/commands/commands.h"
 #include "console/run/standard_streams.h"
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
   std::cout.flush();
   if (!std::cout && code == kodra::console::ExitCode::kOk) {
     std::cerr << "kodrarpt: " << kodra::console::StandardOutputError().what() << "\n";
-    code = kodra::console::ExitCode::kOutput;
+    code = kodra::console::ExitCode::kFile;
   }
   return static_cast<int>(code);
 }

@@ -10,7 +10,7 @@ enum class ExitCode {
   kConnection = 3,     // the database cannot be reached or refuses the user
   kMismatch = 4,       // verifica: something keeps a report from working; confere: something is not in its place;
                        // perfil testa: the reports have no dialect for the database
-  kOutput = 5,         // a file cannot be read or written
+  kFile = 5,           // a file cannot be read or written
   kInterrupted = 130,  // Ctrl-C or another request to stop; shells use the same codes
   kTerminated = 143,   // SIGTERM
 };

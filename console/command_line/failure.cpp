@@ -4,7 +4,7 @@
 
 #include "console/command_line/connection_error.h"
 #include "console/command_line/error_message.h"
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/usage_error.h"
 
 namespace kodra::console {
@@ -14,8 +14,8 @@ Failure CurrentFailure(bool withDetails) {
     throw;
   } catch (const UsageError& error) {
     return {ExitCode::kUsage, error.what()};
-  } catch (const OutputError& error) {
-    return {ExitCode::kOutput, error.what()};
+  } catch (const FileError& error) {
+    return {ExitCode::kFile, error.what()};
   } catch (const ConnectionError& error) {
     return {ExitCode::kConnection, ErrorMessage(error, withDetails)};
   } catch (const Erro& error) {

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
 #include "values/utf8.h"
@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 using values::ToUtf8;
 
 // `what` is the file's name in quotes, or "a entrada padrão".
-OutputError CannotRead(const std::string& what, const std::string& reason) {
-  return OutputError(values::FromUtf8(fmt::format("não foi possível ler {}: {}", what, reason)));
+FileError CannotRead(const std::string& what, const std::string& reason) {
+  return FileError(values::FromUtf8(fmt::format("não foi possível ler {}: {}", what, reason)));
 }
 
 std::string LastReason() {

@@ -6,7 +6,7 @@
 
 namespace kodra::console {
 
-// Returns the file's bytes. Raises OutputError, with the file's name and the reason, if it cannot be read or is longer
+// Returns the file's bytes. Raises FileError, with the file's name and the reason, if it cannot be read or is longer
 // than `most` bytes.
 std::string ReadInputFile(const std::wstring& path, std::size_t most);
 // The same for the standard input.

@@ -81,7 +81,7 @@ ExitCode Program::Run(const std::vector<std::string>& arguments) noexcept {
     return Parse(arguments);
   } catch (...) {
     const Failure failure = CurrentFailure(WantsDetails());
-    const bool quotes = failure.code == ExitCode::kUsage || failure.code == ExitCode::kOutput;
+    const bool quotes = failure.code == ExitCode::kUsage || failure.code == ExitCode::kFile;
     Say(quotes ? WithoutPasswords(failure.message, arguments) : failure.message);
     return failure.code;
   }

@@ -9,7 +9,7 @@ namespace kodra::console {
 class Output {
  public:
   virtual ~Output() = default;
-  // Writes UTF-8. Raises OutputError when that fails.
+  // Writes UTF-8. Raises FileError when that fails.
   virtual void Write(std::string_view bytes) = 0;
 };
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/terminal_text.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
@@ -65,7 +65,7 @@ void TableWriter::WriteSoon() {
     if (!measuring_ || end.stop_requested()) return;
     try {
       WriteKept();
-    } catch (const OutputError&) {  // NOLINT(bugprone-empty-catch): the caller's next line raises it again
+    } catch (const FileError&) {  // NOLINT(bugprone-empty-catch): the caller's next line raises it again
     }
   });
 }

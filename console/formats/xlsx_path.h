@@ -5,7 +5,7 @@
 
 namespace kodra::console {
 
-// Returns the path in the encoding that fopen uses. Raises OutputError for a path that this encoding cannot express.
+// Returns the path in the encoding that fopen uses. Raises FileError for a path that this encoding cannot express.
 std::string XlsxPath(const std::wstring& path);
 
 }  // namespace kodra::console

@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/system_reason.h"
 #include "console/formats/cell_text.h"
 #include "console/formats/display_width.h"
@@ -80,8 +80,7 @@ class XlsxWriter final : public RowWriter {
     errno = 0;
     workbook_.reset(workbook_new_opt(narrowPath.c_str(), &workbookOptions));
     if (workbook_) sheet_ = workbook_add_worksheet(workbook_.get(), "Relatório");
-    if (sheet_ == nullptr)
-      throw OutputError(L"não foi possível criar o arquivo temporário da planilha" + Because(errno));
+    if (sheet_ == nullptr) throw FileError(L"não foi possível criar o arquivo temporário da planilha" + Because(errno));
     bold_ = workbook_add_format(workbook_.get());
     format_set_bold(bold_);
     day_ = NewFormat("dd/mm/yyyy");
@@ -107,8 +106,8 @@ class XlsxWriter final : public RowWriter {
 
   void Row(std::span<const Value> values) override {
     if (++row_ >= LXW_ROW_MAX) {
-      throw OutputError(L"o relatório tem mais linhas do que cabem em uma planilha (" + CountText(LXW_ROW_MAX - 1) +
-                        L"): use --formato csv.");
+      throw FileError(L"o relatório tem mais linhas do que cabem em uma planilha (" + CountText(LXW_ROW_MAX - 1) +
+                      L"): use --formato csv.");
     }
     errno = 0;
     for (std::size_t i = 0; i < values.size(); ++i) {
@@ -144,7 +143,7 @@ class XlsxWriter final : public RowWriter {
     errno = 0;
     // Closing frees the workbook whether it succeeds or not.
     if (workbook_close(workbook_.release()) != LXW_NO_ERROR)
-      throw OutputError(L"não foi possível gravar a planilha" + Because(errno));
+      throw FileError(L"não foi possível gravar a planilha" + Because(errno));
   }
 
  private:
@@ -177,7 +176,7 @@ class XlsxWriter final : public RowWriter {
   }
 
   [[noreturn]] static void FailToKeepRows(int systemError) {
-    throw OutputError(L"não foi possível gravar o arquivo temporário da planilha" + Because(systemError));
+    throw FileError(L"não foi possível gravar o arquivo temporário da planilha" + Because(systemError));
   }
 
   lxw_format* NewFormat(const char* pattern) {
@@ -258,11 +257,11 @@ class XlsxWriter final : public RowWriter {
     if (error == LXW_NO_ERROR) return;
     const std::wstring where = L"linha " + CountText(row_) + L", coluna " + columns_[at].name;
     if (error == LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED) {
-      throw OutputError(L"um texto é mais longo do que cabe em uma célula de planilha (" + where +
-                        L"): use --formato csv.");
+      throw FileError(L"um texto é mais longo do que cabe em uma célula de planilha (" + where +
+                      L"): use --formato csv.");
     }
-    throw OutputError(L"não foi possível escrever na planilha (" + where + L"): erro " + std::to_wstring(error) +
-                      L" da libxlsxwriter.");
+    throw FileError(L"não foi possível escrever na planilha (" + where + L"): erro " + std::to_wstring(error) +
+                    L" da libxlsxwriter.");
   }
 
   XlsxOptions options_;

@@ -25,7 +25,7 @@ struct XlsxOptions {
   bool captions = false;
 };
 
-// Returns a writer to the path; an existing file is replaced at End. The writer raises OutputError for more rows than a
+// Returns a writer to the path; an existing file is replaced at End. The writer raises FileError for more rows than a
 // sheet can have (1,048,575), for a text longer than a cell can hold (32,767 units of UTF-16), and when a file cannot
 // be written.
 std::unique_ptr<RowWriter> NewXlsxWriter(const std::wstring& path, XlsxOptions options);

@@ -6,7 +6,7 @@
 #include "console/check/findings.h"
 #include "console/command_line/databases.h"
 #include "console/command_line/failure.h"
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/parameters.h"
 #include "console/command_line/report_name.h"
 #include "console/command_line/usage_error.h"
@@ -103,7 +103,7 @@ Answer Api::RunReport(const Request& request, const std::wstring& connection) {
         });
         task->Write(machine.Around(), connection, writer, [&] { return !run.IsOver(); });
       });
-    } catch (const OutputError&) {
+    } catch (const FileError&) {
       throw;
     } catch (const std::exception&) {
       return say("error", CurrentWords(connection));

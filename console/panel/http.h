@@ -28,7 +28,7 @@ struct Answer {
   std::string type = "text/plain; charset=utf-8";
   std::string body = {};
   std::vector<std::pair<std::string, std::string>> headers = {};
-  // Writes a body piece by piece instead of `body`. Write waits for a slow client, and raises OutputError when the
+  // Writes a body piece by piece instead of `body`. Write waits for a slow client, and raises FileError when the
   // client is gone. What the function raises itself breaks the connection, so that the client sees that the body is
   // incomplete.
   std::function<void(Output&)> stream = {};

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <thread>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/usage_error.h"
 
 #ifndef _WIN32
@@ -169,8 +169,7 @@ class SinkOutput final : public Output {
  public:
   explicit SinkOutput(httplib::DataSink& sink) : sink_(sink) {}
   void Write(std::string_view bytes) override {
-    if (!bytes.empty() && !sink_.write(bytes.data(), bytes.size()))
-      throw OutputError(L"a página não está mais aberta.");
+    if (!bytes.empty() && !sink_.write(bytes.data(), bytes.size())) throw FileError(L"a página não está mais aberta.");
   }
 
  private:

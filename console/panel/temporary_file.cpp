@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/panel/access.h"
 #include "values/utf8.h"
 
@@ -16,7 +16,7 @@ namespace kodra::console::panel {
 namespace {
 
 [[noreturn]] void Fail() {
-  throw OutputError(L"não foi possível gravar na pasta de arquivos temporários: o disco pode estar cheio.");
+  throw FileError(L"não foi possível gravar na pasta de arquivos temporários: o disco pode estar cheio.");
 }
 
 std::FILE* Open(const std::filesystem::path& path, bool isNew) {

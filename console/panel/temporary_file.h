@@ -11,7 +11,7 @@ namespace kodra::console::panel {
 
 class TemporaryFile final : public Output {
  public:
-  // Raises OutputError if the file cannot be made.
+  // Raises FileError if the file cannot be made.
   TemporaryFile();
   ~TemporaryFile() override;
   TemporaryFile(const TemporaryFile&) = delete;
@@ -20,7 +20,7 @@ class TemporaryFile final : public Output {
   void Write(std::string_view bytes) override;
   // The file, for a library that opens it by its path.
   std::wstring PathText() const;
-  // Passes the whole file on. Raises OutputError when it cannot be read again, and what `to` raises.
+  // Passes the whole file on. Raises FileError when it cannot be read again, and what `to` raises.
   void CopyTo(Output& to);
 
  private:

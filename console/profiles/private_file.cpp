@@ -1,7 +1,7 @@
 #include "console/profiles/private_file.h"
 
+#include "console/command_line/file_error.h"
 #include "console/command_line/input_file.h"
-#include "console/command_line/output_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
 #include "console/run/target_file.h"
@@ -28,18 +28,18 @@ void MakeFolder(const fs::path& folder, std::error_code& error) { fs::create_dir
 
 #else
 
-// Raises OutputError if somebody else than the user and root may change what the path names.
+// Raises FileError if somebody else than the user and root may change what the path names.
 void RequireOwn(const fs::path& path, const wchar_t* permissions) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return;
   if (status.st_uid != geteuid() && status.st_uid != 0)
-    throw OutputError(
+    throw FileError(
         Shown(path) +
         L" pertence a outro usuário, e por isso não é usado: peça a quem administra a máquina que o passe para você.");
   if ((status.st_mode & (S_IWGRP | S_IWOTH)) != 0)
-    throw OutputError(L"outros usuários podem alterar " + Shown(path) +
-                      L", e por isso não é usado: confira o que há nele e rode chmod " + permissions + L" " +
-                      Shown(path) + L".");
+    throw FileError(L"outros usuários podem alterar " + Shown(path) +
+                    L", e por isso não é usado: confira o que há nele e rode chmod " + permissions + L" " +
+                    Shown(path) + L".");
 }
 
 void MakeFolder(const fs::path& folder, std::error_code& error) {
@@ -65,7 +65,7 @@ void MakeFolders(const fs::path& folder) {
   error.clear();
   MakeFolder(folder, error);
   if (error && !fs::is_directory(folder))
-    throw OutputError(L"não foi possível criar a pasta " + Shown(folder) + L": " + SystemReason(error) + L".");
+    throw FileError(L"não foi possível criar a pasta " + Shown(folder) + L": " + SystemReason(error) + L".");
 }
 
 }  // namespace

@@ -7,9 +7,9 @@
 #include <optional>
 #include <set>
 
+#include "console/command_line/file_error.h"
 #include "console/command_line/help.h"
 #include "console/command_line/input_file.h"
-#include "console/command_line/output_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/report_name.h"
 #include "console/command_line/suggest.h"
@@ -117,7 +117,7 @@ class RoutineReader {
       Add(section, InPortuguese(error));
     } catch (const UsageError& error) {
       Add(section, error.what());
-    } catch (const OutputError& error) {
+    } catch (const FileError& error) {
       Add(section, error.what());
     }
   }

@@ -62,7 +62,7 @@ struct RoutineSurroundings {
   std::int32_t today = 0;
 };
 
-// Reads a routine; relative paths in it begin in the folder of its file. Raises OutputError if the file cannot be
+// Reads a routine; relative paths in it begin in the folder of its file. Raises FileError if the file cannot be
 // read, and UsageError if it is no INI file. REQUIRES: the program outlives the routine.
 Routine ReadRoutine(Program& program, const std::filesystem::path& file, const RoutineSurroundings& surroundings);
 

@@ -5,7 +5,7 @@
 
 #include "console/command_line/columns.h"
 #include "console/command_line/console.h"
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
 #include "console/command_line/terminal_text.h"
@@ -35,8 +35,8 @@ void MakeFolderOf(const fs::path& file) {
   std::error_code error;
   fs::create_directories(file.parent_path(), error);
   if (error)
-    throw OutputError(L"não foi possível criar a pasta \"" + FromUtf8(TextOf(file.parent_path())) + L"\": " +
-                      SystemReason(error) + L".");
+    throw FileError(L"não foi possível criar a pasta \"" + FromUtf8(TextOf(file.parent_path())) + L"\": " +
+                    SystemReason(error) + L".");
 }
 
 // "12,3".

@@ -36,7 +36,7 @@ struct OutputRun {
 
 // Runs `work`, which returns whether there is something to keep; the file then gets its name. A run that was asked to
 // stop keeps nothing: the work may return early then, and what it raises is no error. Returns the exit code of the run.
-// Raises what the work raises, and OutputError before the work starts if the file cannot be written.
+// Raises what the work raises, and FileError before the work starts if the file cannot be written.
 ExitCode RunToOutput(Program& program, const Destination& destination, const std::function<bool(OutputRun&)>& work);
 
 }  // namespace kodra::console

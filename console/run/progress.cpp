@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/formats/cell_text.h"
 #include "values/numbers.h"
 #include "values/utf8.h"
@@ -61,7 +61,7 @@ void Progress::Write(const std::string& bytes) {
   if (style_ == Style::kNone) return;
   try {
     errors_.Write(bytes);
-  } catch (const OutputError&) {
+  } catch (const FileError&) {
     style_ = Style::kNone;
   }
 }

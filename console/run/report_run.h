@@ -39,7 +39,7 @@ struct ReportOptions {
 
 class ReportRun {
  public:
-  // Raises UsageError for options that are wrong, and OutputError for a file of theirs that cannot be read, before
+  // Raises UsageError for options that are wrong, and FileError for a file of theirs that cannot be read, before
   // anything is connected or written. REQUIRES: the program outlives the object.
   ReportRun(Program& program, const ReportOptions& options);
   ReportRun(const ReportRun&) = delete;

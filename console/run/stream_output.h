@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <ostream>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/formats/output.h"
 
 namespace kodra::console {
@@ -19,7 +19,7 @@ class StreamOutput final : public Output {
     stream_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     Check();
   }
-  // Passes everything to the system. Raises OutputError when it cannot be written.
+  // Passes everything to the system. Raises FileError when it cannot be written.
   void Flush() {
     errno = 0;
     stream_.flush();

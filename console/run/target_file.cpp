@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/path_text.h"
 #include "console/command_line/system_reason.h"
 #include "console/run/interruption.h"
@@ -34,8 +34,8 @@ std::error_code LastError() { return {errno, std::generic_category()}; }
 
 std::wstring Shown(const fs::path& path) { return FromUtf8(TextOf(path)); }
 
-OutputError CannotWrite(const fs::path& path, std::error_code error) {
-  return OutputError(L"não foi possível gravar \"" + Shown(path) + L"\": " + SystemReason(error) + L".");
+FileError CannotWrite(const fs::path& path, std::error_code error) {
+  return FileError(L"não foi possível gravar \"" + Shown(path) + L"\": " + SystemReason(error) + L".");
 }
 
 // The target of a symbolic link, so that the file is replaced and not the link.
@@ -64,7 +64,7 @@ fs::path Beside(const fs::path& target, int attempt) {
   return target.parent_path() / fs::path(".").concat(target.filename().native()).concat(ending).concat(".parcial");
 }
 
-// Raises OutputError for a target that Commit could not replace, before any work is done for it.
+// Raises FileError for a target that Commit could not replace, before any work is done for it.
 void RequireReplaceable(const fs::path& target) {
 #ifdef _WIN32
   std::error_code error;
@@ -77,8 +77,8 @@ void RequireReplaceable(const fs::path& target) {
   struct statx status {};
   const bool known = statx(AT_FDCWD, target.c_str(), 0, STATX_TYPE, &status) == 0;
   if (known && (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0) {
-    throw OutputError(L"não foi possível gravar \"" + Shown(target) +
-                      L"\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.");
+    throw FileError(L"não foi possível gravar \"" + Shown(target) +
+                    L"\": o arquivo é um ponto de montagem e não pode ser substituído; monte a pasta dele.");
   }
 #endif
 }

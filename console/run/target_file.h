@@ -30,7 +30,7 @@ class TargetFile final : public Output {
     kPrivate,   // only the user may read and write it
   };
 
-  // Raises OutputError when the temporary file cannot be made, or Commit could not replace the target: because it is a
+  // Raises FileError when the temporary file cannot be made, or Commit could not replace the target: because it is a
   // mount point or, on Windows, read-only or open in another program.
   explicit TargetFile(const std::wstring& target, Permissions permissions = Permissions::kAsBefore);
   ~TargetFile() override;
@@ -41,7 +41,7 @@ class TargetFile final : public Output {
   // The file to write, for a library that opens it by its path.
   const std::filesystem::path& Path() const { return path_; }
   std::wstring PathText() const;
-  // Raises OutputError when the file was not written completely or cannot be renamed.
+  // Raises FileError when the file was not written completely or cannot be renamed.
   void Commit();
 
  private:

@@ -4,7 +4,7 @@
 #include <condition_variable>
 #include <mutex>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "values/utf8.h"
 
 namespace kodra::console {
@@ -14,7 +14,7 @@ Waiting::Waiting(Output& errors, Progress::Style style) : errors_(errors), style
   thread_ = std::jthread([this](const std::stop_token& end) {
     try {
       Show(end);
-    } catch (const OutputError&) {  // NOLINT(bugprone-empty-catch): the report goes on without it
+    } catch (const FileError&) {  // NOLINT(bugprone-empty-catch): the report goes on without it
     }
   });
 }

@@ -3,17 +3,17 @@
 
 #include <string>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/command_line/usage_error.h"
 
 namespace kodra::console {
 
-// The message of the OutputError that a call raised; empty when it raised nothing.
+// The message of the FileError that a call raised; empty when it raised nothing.
 template <class Call>
 std::string FailureOf(Call&& call) {
   try {
     call();
-  } catch (const OutputError& error) {
+  } catch (const FileError& error) {
     return error.what();
   }
   return {};

@@ -35,7 +35,7 @@ inline RunResult Success(const std::string& out, const std::string& err = "") { 
 
 // The result of a run that cannot read or write a file.
 inline RunResult FileFailure(const std::string& message) {
-  return {ExitCode::kOutput, "", "kodrarpt: " + message + "\n"};
+  return {ExitCode::kFile, "", "kodrarpt: " + message + "\n"};
 }
 
 // The result of a run whose command line is wrong.

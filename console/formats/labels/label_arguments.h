@@ -48,7 +48,7 @@ class LabelArguments {
   // Raises UsageError, with the report's name, if an option was given: the report has no labels.
   void RefuseFor(const std::string& report) const;
 
-  // Raises UsageError for a value that an option does not take, and OutputError for a file that cannot be read.
+  // Raises UsageError for a value that an option does not take, and FileError for a file that cannot be read.
   PrintOptions Options() const;
 
  private:

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 #include "console/formats/pages/letters.h"
 
 namespace kodra::console::pages {
@@ -24,7 +24,7 @@ float Part(Colour colour, int shift) { return static_cast<float>((colour >> shif
 class PdfCanvas::Document {
  public:
   explicit Document(std::wstring_view title) : document_(HPDF_New(nullptr, nullptr)) {
-    if (!document_) throw OutputError(kNoMemory);
+    if (!document_) throw FileError(kNoMemory);
     HPDF_SetCompressionMode(document_.get(), HPDF_COMP_ALL);
     HPDF_SetCurrentEncoder(Get(), CodePages().front());
     std::string bytes;
@@ -64,9 +64,9 @@ class PdfCanvas::Document {
     return image;
   }
 
-  // Raises OutputError if a call has failed, which only a lack of memory causes.
+  // Raises FileError if a call has failed, which only a lack of memory causes.
   void Check() const {
-    if (HPDF_GetError(Get()) != HPDF_OK) throw OutputError(kNoMemory);
+    if (HPDF_GetError(Get()) != HPDF_OK) throw FileError(kNoMemory);
   }
 
  private:
@@ -83,7 +83,7 @@ class PdfCanvas::Document {
     const HPDF_Stream stream = HPDF_MemStream_New(memory, static_cast<HPDF_UINT>(file.size()));
     HPDF_Stream_Write(stream, file.data(), static_cast<HPDF_UINT>(file.size()));
     const HPDF_FontDef font = HPDF_TTFontDef_Load(memory, stream, HPDF_TRUE);
-    if (font == nullptr) throw OutputError(kNoMemory);
+    if (font == nullptr) throw FileError(kNoMemory);
     HPDF_Doc_RegisterFontDef(Get(), font);
     // Marks the name of a font of which only a part is embedded.
     std::array<char, 7> tag = {"KODRAA"};

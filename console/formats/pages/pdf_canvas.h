@@ -20,7 +20,7 @@ class PdfCanvas final : public Canvas {
   void Line(Point from, Point to, const LineStyle& style) override;
   void Fill(std::span<const Rectangle> areas, Colour colour) override;
   void Draw(const Picture& picture, Rectangle place) override;
-  // Raises OutputError when the memory does not suffice.
+  // Raises FileError when the memory does not suffice.
   void Finish() override;
 
  private:

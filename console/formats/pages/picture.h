@@ -19,7 +19,7 @@ inline constexpr int kMostPictureBytes = 4 << 20;
 // The picture of a file's bytes. Raises UsageError, with the file's name and the reason, if it is too large or is not a
 // PNG picture.
 Picture PictureOf(std::string png, const std::string& name);
-// Reads a file. Raises OutputError if it cannot be read, and as PictureOf.
+// Reads a file. Raises FileError if it cannot be read, and as PictureOf.
 Picture ReadPicture(const std::wstring& path);
 
 }  // namespace kodra::console::pages

@@ -161,7 +161,7 @@ TEST_P(Executa, KeepsThePreviousFileWhenTheReportFails) {
 TEST_P(Executa, ReportsAnUnwritableFileBeforeItConnects) {
   const std::string target = (folder_ / "não" / "há.csv").string();
   EXPECT_EQ(RunProgram({"executa", "CDeptoRpt", "--conexao", "DSN=NaoExiste", "--saida", target}),
-            (RunResult{ExitCode::kOutput, "",
+            (RunResult{ExitCode::kFile, "",
                        "kodrarpt: não foi possível gravar \"" + target +
                            "\": a pasta não existe; crie-a, ou confira o caminho.\n"}));
 }

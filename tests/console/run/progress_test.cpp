@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 
 namespace kodra::console {
 namespace {
@@ -83,7 +83,7 @@ class FullOutput final : public Output {
  public:
   void Write(std::string_view /*bytes*/) override {
     ++writes;
-    throw OutputError(L"cheio");
+    throw FileError(L"cheio");
   }
   int writes = 0;
 };

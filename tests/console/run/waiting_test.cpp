@@ -6,7 +6,7 @@
 #include <condition_variable>
 #include <mutex>
 
-#include "console/command_line/output_error.h"
+#include "console/command_line/file_error.h"
 
 namespace kodra::console {
 namespace {
@@ -59,7 +59,7 @@ TEST(Waiting, GoesOnWithoutAnOutput) {
     void Write(std::string_view) override {
       isTried = true;
       isTried.notify_one();
-      throw OutputError(L"cheio");
+      throw FileError(L"cheio");
     }
     std::atomic<bool> isTried = false;
   };

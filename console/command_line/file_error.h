@@ -1,4 +1,4 @@
-// Raised when a file cannot be read or written; the program ends with ExitCode::kOutput.
+// Raised when a file cannot be read or written; the program ends with ExitCode::kFile.
 #pragma once
 
 #include <stdexcept>
@@ -8,13 +8,13 @@
 
 namespace kodra::console {
 
-class OutputError : public std::runtime_error {
+class FileError : public std::runtime_error {
  public:
   // The message is shown to the user, in Brazilian Portuguese.
-  explicit OutputError(const std::wstring& message) : std::runtime_error(values::ToUtf8(message)) {}
+  explicit FileError(const std::wstring& message) : std::runtime_error(values::ToUtf8(message)) {}
 };
 
 // The error of a write to the standard output that failed last, with the reason that errno has, if any.
-OutputError StandardOutputError();
+FileError StandardOutputError();
 
 }  // namespace kodra::console
