@@ -48,7 +48,9 @@ below_figures() {
 
 # Runs the tests on Linux and in Wine, prints the coverage of each folder, and fails when one is below its figures.
 coverage() {
-  need check
+  need test
+  command -v gcovr >/dev/null || die "falta o gcovr
+  para instalá-lo: ./kodra setup check"
   mkdir -p build/coverage
   build_preset coverage
   forget_runs coverage
