@@ -49,9 +49,10 @@ TEST_F(KodrarptProcess, SaysWhyASpreadsheetsTemporaryFileIsNotWritten) {
                     "--saida \"$1/destino.xlsx\"",
                     KODRARPT, folder_.Path().string(), ManySupports().Connection()}),
             5);
-  EXPECT_EQ(Said(),
+  // A program that counts its coverage then says that it cannot write its counts either.
+  EXPECT_EQ(Said().substr(0, Said().find('\n')),
             "kodrarpt: não foi possível gravar o arquivo temporário da planilha: o arquivo é grande demais para o "
-            "disco; escolha outro.\n");
+            "disco; escolha outro.");
   EXPECT_EQ(Names(), (std::vector<std::string>{"saida.txt"}));
 }
 
