@@ -55,8 +55,8 @@ check_full_disk() {
   rm -rf "$work"
 }
 
-# The sources of libraries are fetched and unpacked by stand-ins for apt-get and tar. The first unpacking is killed before
-# it ends; then two checkouts fill the same cache at once.
+# The sources of libraries are fetched again after an unpacking that was killed, and by two checkouts that fill the same
+# cache at once. Functions take the places of apt-get and tar.
 check_fetched_sources() {
   local work right=1 package one two
   work=$(mktemp -d)

@@ -15,8 +15,8 @@ class LetterheadOptions {
  public:
   void AddTo(CLI::App& command);
 
-  // The letterhead, with the present time as the time of issue. Raises FileError for
-  // a logo that cannot be read, and UsageError for one that cannot be used.
+  // The letterhead, with the present time as the time of issue. Raises FileError for a logo that cannot be read, and
+  // UsageError for one that cannot be used.
   Letterhead Get() const;
 
  private:
